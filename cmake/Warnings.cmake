@@ -1,0 +1,14 @@
+# SPDX-License-Identifier: MIT
+# Warnings and sanitizers shared by every target.
+add_library(ov_flags INTERFACE)
+target_compile_options(ov_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual
+  -Woverloaded-virtual -Wundef -Werror)
+if(OV_SANITIZE)
+  target_compile_options(ov_flags INTERFACE
+    -fsanitize=${OV_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(ov_flags INTERFACE -fsanitize=${OV_SANITIZE})
+endif()
+if(MINGW)
+  target_link_options(ov_flags INTERFACE -static)
+endif()

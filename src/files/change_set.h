@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "files/random_access_file.h"
+
+namespace files {
+
+// New bytes for ranges of one open file. The ranges are delivered one at a time, so that a change
+// of any size needs bounded memory.
+class RangeSource {
+ public:
+  struct Range {
+    std::uint64_t offset = 0;
+    std::span<const std::byte> before;  // bytes of the file now; shorter at the end of the file
+    std::span<const std::byte> after;   // may reach behind the end of the file
+  };
+
+  virtual ~RangeSource() = default;
+  virtual RandomAccessFile& File() = 0;
+  virtual std::uint64_t SizeBefore() = 0;
+  virtual std::uint64_t SizeAfter() = 0;
+  // Calls `visit` with every range in rising order of offset, without overlap; the same ranges
+  // at every call.
+  virtual void ForEachRange(const std::function<void(const Range&)>& visit) = 0;
+};
+
+// A whole file that is written, replaced or removed.
+struct FileChange {
+  std::string path;
+  std::optional<std::string> before;  // expected contents now; nothing: must not exist
+  std::optional<std::string> after;   // nothing: the file is removed
+};
+
+// All that one commit changes.
+struct ChangeSet {
+  std::vector<RangeSource*> ranges;  // not owned; alive until the commit returned
+  std::vector<FileChange> files;
+  bool empty() const { return ranges.empty() && files.empty(); }
+};
+
+}  // namespace files

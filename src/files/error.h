@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace files {
+
+enum class ErrorKind {
+  kNotFound,  // file or folder does not exist
+  kExists,    // it exists already
+  kReadOnly,  // no permission, read-only file or folder
+  kLocked,    // another program holds a conflicting lock
+  kFull,      // no space left
+  kDamaged,   // contents contradict themselves (journal)
+  kConflict,  // somebody else changed the file meanwhile
+  kIo,        // any other failure of the operating system
+};
+
+// A failed file operation. The text is a whole sentence: path, what failed, cause, remedy.
+class Error : public std::runtime_error {
+ public:
+  Error(ErrorKind kind, std::string path, const std::string& text)
+      : std::runtime_error(text), kind_(kind), path_(std::move(path)) {}
+
+  ErrorKind kind() const { return kind_; }
+  const std::string& path() const { return path_; }
+
+ private:
+  ErrorKind kind_;
+  std::string path_;
+};
+
+}  // namespace files

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/random_access_file.h"
+
+namespace files {
+
+enum class OpenMode {
+  kRead,          // must exist
+  kReadWrite,     // must exist
+  kCreateNew,     // must not exist; opened for reading and writing
+  kCreateOrOpen,  // opened for reading and writing
+};
+
+struct DirectoryEntry {
+  std::string name;
+  bool is_directory = false;
+  bool is_link = false;
+};
+
+// Everything asked of an operating system about files. Paths are UTF-8 in the system's form.
+// Failures are files::Error. The real implementation is RealFileSystem(); tests use
+// MemoryFileSystem and the failing and forgetting wrappers around it.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) = 0;
+  virtual bool Exists(const std::string& path) = 0;
+  virtual bool IsDirectory(const std::string& path) = 0;
+  // Size, time and identity without opening; nothing when the file does not exist.
+  virtual std::optional<FileStamp> Stamp(const std::string& path) = 0;
+  // Entries of a folder in no particular order, without "." and "..".
+  virtual std::vector<DirectoryEntry> List(const std::string& folder) = 0;
+  virtual void Rename(const std::string& from, const std::string& to) = 0;  // replaces `to`
+  virtual void Remove(const std::string& path) = 0;
+  virtual void CreateDirectories(const std::string& folder) = 0;
+  virtual void SyncDirectory(const std::string& folder) = 0;
+  // The path with links resolved, absolute.
+  virtual std::string Canonical(const std::string& path) = 0;
+  virtual bool IsWritable(const std::string& path) = 0;
+  // Gives `to` the permissions, owner and extended attributes of `from` as far as allowed.
+  virtual void CopyAttributes(const std::string& from, const std::string& to) = 0;
+
+  // Path arithmetic in the system's form.
+  virtual std::string Join(std::string_view folder, std::string_view name) const = 0;
+  virtual std::string Folder(std::string_view path) const = 0;  // "" for a bare name
+  virtual std::string FileName(std::string_view path) const = 0;
+};
+
+// Reads a whole file. Raises when it is larger than `limit` bytes.
+std::string ReadFile(FileSystem& system, const std::string& path,
+                     std::uint64_t limit = std::uint64_t{1} << 31);
+
+// The operating system's files.
+FileSystem& RealFileSystem();
+
+}  // namespace files

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "files/change_set.h"
+#include "files/file_system.h"
+#include "platform/unit_of_work.h"
+
+namespace files {
+
+// Something that changes in a unit of work: a database, the modules of the VB projects.
+class Participant {
+ public:
+  virtual ~Participant() = default;
+  // Keeps the state that Restore returns to, and drops what is cached of files.
+  virtual void Save() = 0;
+  // Adds what has to be written. The objects named in the set stay as they are until Committed
+  // or Restore is called.
+  virtual void Collect(ChangeSet& changes) = 0;
+  virtual void Committed() noexcept = 0;
+  virtual void Restore() noexcept = 0;
+};
+
+// The unit of work over the change journal: collects the changes of all participants and commits
+// them as one.
+class JournalledUnitOfWork final : public platform::UnitOfWork {
+ public:
+  JournalledUnitOfWork(FileSystem& system, std::string database_path);
+
+  // Participants are not owned and must outlive the unit of work. Not while a unit is open.
+  void Enlist(Participant& participant);
+
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  bool IsOpen() const override;
+  std::vector<std::string> NotUndone() const override;
+
+ private:
+  FileSystem& system_;
+  std::string database_path_;
+  std::vector<Participant*> participants_;
+  int depth_ = 0;
+  bool rolled_back_ = false;
+  std::vector<std::string> not_undone_;
+};
+
+}  // namespace files
