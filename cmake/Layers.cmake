@@ -3,10 +3,12 @@
 # found only by targets that state the folder as a dependency: each target publishes an include
 # root of its own that holds nothing but a link to its folder.
 
-# ov_layer(NAME SOURCES... DEPENDS targets... PRIVATE_DEPENDS targets...)
-# A layer without sources is an interface library.
+# ov_layer(NAME [CORE] SOURCES... DEPENDS targets... PRIVATE_DEPENDS targets...)
+# A layer without sources is an interface library. A CORE layer finds cmake/forbidden before the
+# system's headers: what it holds are the toolkit, file-system and operating-system headers, each
+# an error. (Not on Windows, whose standard library includes some of them itself.)
 function(ov_layer name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS;PRIVATE_DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "CORE" "" "SOURCES;DEPENDS;PRIVATE_DEPENDS")
   set(root ${CMAKE_BINARY_DIR}/include/${name})
   file(MAKE_DIRECTORY ${root})
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${name} ${root}/${name} SYMBOLIC)
@@ -14,6 +16,9 @@ function(ov_layer name)
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC ${root})
     target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE ov_flags ${arg_PRIVATE_DEPENDS})
+    if(arg_CORE AND NOT WIN32)
+      target_include_directories(${name} BEFORE PRIVATE ${CMAKE_SOURCE_DIR}/cmake/forbidden)
+    endif()
   else()
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${root})
