@@ -114,6 +114,11 @@ class Recordset : public Object {
   virtual void MoveLast() = 0;
   virtual void MoveNext() = 0;
   virtual void MovePrevious() = 0;
+  // Place of the current row among the rows that pass the filter, from 1 on; 0 when there is no
+  // current row. Setting it makes that row current without a walk over those before it; raises
+  // kErrInvalidArgument below 1 or above RecordCount.
+  virtual std::int32_t AbsolutePosition() const = 0;
+  virtual void SetAbsolutePosition(std::int32_t position) = 0;
   virtual Bookmark GetBookmark() const = 0;
   virtual void SetBookmark(Bookmark bookmark) = 0;
   // A second cursor over the same rows; shares data, not position.

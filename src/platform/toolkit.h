@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -53,6 +54,8 @@ class Toolkit {
   virtual void PopupMenu(forms::Band& band) = 0;
   virtual void SetPointer(Pointer pointer) = 0;
   virtual void Beep() = 0;
+  // Runs the task from the message loop, behind the events that are queued now.
+  virtual void CallLater(std::function<void()> task) = 0;
   // Sends a keystroke such as "{F1}" to the active form.
   virtual void SendKeys(std::string_view keys) = 0;
 };
