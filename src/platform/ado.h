@@ -59,6 +59,14 @@ inline constexpr std::int32_t kErrUnspecified = -2147467259;     // 0x80004005
 inline constexpr std::int32_t kErrErrorsOccurred = -2147217887;  // 0x80040E21, duplicate key
 inline constexpr std::int32_t kErrSyntax = -2147217900;          // 0x80040E14
 inline constexpr std::int32_t kErrWriteConflict = -2147217864;   // 0x80040E38
+inline constexpr std::int32_t kErrNoSuchTable = -2147217865;     // 0x80040E37
+inline constexpr std::int32_t kErrNoSuchIndex = -2147217867;     // 0x80040E35
+inline constexpr std::int32_t kErrRowDeleted = -2147217885;      // 0x80040E23
+inline constexpr std::int32_t kErrParameter = -2147217904;       // 0x80040E10, no value or column
+inline constexpr std::int32_t kErrTypeMismatch = -2147217913;    // 0x80040E07
+inline constexpr std::int32_t kErrDataOverflow = -2147217833;    // 0x80040E57, does not fit
+inline constexpr std::int32_t kErrNullNotAllowed = -2147217873;  // 0x80040E2F
+inline constexpr std::int32_t kErrObjectExists = -2147217857;    // 0x80040E3F
 
 // One entry of Connection::Errors.
 struct ProviderError {
@@ -182,8 +190,27 @@ class Connection : public Object {
     bool primary = false;
   };
   virtual std::vector<IndexInfo> Indexes(std::string_view table) = 0;
+  // In the order of definition.
+  struct ColumnInfo {
+    std::string name;
+    DataType type = DataType::kInteger;
+    std::int32_t defined_size = 0;  // characters of a text; ignored for the other types
+    bool auto_increment = false;
+  };
+  virtual std::vector<ColumnInfo> Columns(std::string_view table) = 0;
   // Row count that the table's definition states.
   virtual std::int32_t TableRowCount(std::string_view table) = 0;
+
+  // Changes of the definition. Each is all or nothing.
+
+  // Creates the database file of the connection string and opens it. The file must not exist.
+  virtual void Create(std::string_view connection_string) = 0;
+  // Raises kErrObjectExists when the table exists.
+  virtual void CreateTable(std::string_view name, const std::vector<ColumnInfo>& columns,
+                           const std::vector<IndexInfo>& indexes) = 0;
+  // Adds an index over the rows that are there. Raises kErrErrorsOccurred when the index is unique
+  // and two rows have the same key, kErrObjectExists when the name is taken.
+  virtual void CreateIndex(std::string_view table, const IndexInfo& index) = 0;
 };
 
 }  // namespace platform
