@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "editor/node_key.h"
+
+#include "platform/variant.h"
+
+namespace editor {
+
+namespace {
+constexpr std::size_t kKindLength = 4;
+}  // namespace
+
+std::string_view KeyKind(std::string_view key) { return key.substr(0, kKindLength); }
+
+std::int32_t KeyNumber(std::string_view key) {
+  if (key.size() <= kKindLength) return -1;
+  return platform::Variant(platform::Val(key.substr(kKindLength))).ToLong();
+}
+
+bool IsOwnKey(std::string_view key) {
+  const std::string_view kind = KeyKind(key);
+  return kind == kRootKind || kind == kFormulaKind || kind == kAliasKind;
+}
+
+bool IsFormulaKey(std::string_view key) {
+  return KeyKind(key) == kFormulaKind && KeyNumber(key) != 0;
+}
+
+std::string FormulaKey(std::int32_t id) { return std::string(kFormulaKind) + std::to_string(id); }
+
+}  // namespace editor

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "editor/node_key.h"
+
+#include <gtest/gtest.h>
+
+namespace editor {
+namespace {
+
+TEST(NodeKey, SplitsIntoKindAndNumber) {
+  struct Case {
+    const char* key;
+    const char* kind;
+    std::int32_t number;
+    bool own;
+    bool formula;
+  };
+  const Case cases[] = {
+      {"FOR0", "FOR0", -1, true, false},
+      {"FORF0", "FORF", 0, true, false},
+      {"FORF12", "FORF", 12, true, true},
+      {"FORF", "FORF", -1, true, true},
+      {"FORA0", "FORA", 0, true, false},
+      {"", "", -1, false, false},
+      {"FOR", "FOR", -1, false, false},
+      {"VARX7", "VARX", 7, false, false},
+      {"forf7", "forf", 7, false, false},
+      {"FORFx", "FORF", 0, true, false},
+      {"FORF2.5", "FORF", 2, true, true},
+      {"FORF 1 7", "FORF", 17, true, true},
+      {"FORF99999999999", "FORF", 2147483647, true, true},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(KeyKind(c.key), c.kind) << c.key;
+    EXPECT_EQ(KeyNumber(c.key), c.number) << c.key;
+    EXPECT_EQ(IsOwnKey(c.key), c.own) << c.key;
+    EXPECT_EQ(IsFormulaKey(c.key), c.formula) << c.key;
+  }
+  EXPECT_EQ(KeyNumber(FormulaKey(7)), 7);
+}
+
+}  // namespace
+}  // namespace editor
