@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cassert>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "files/change_set.h"
+#include "files/random_access_file.h"
+#include "jet/page.h"
+
+namespace jet {
+
+// A page in memory. Owned by the Pager.
+struct PageFrame {
+  PageNumber page = kNoPage;
+  std::uint32_t pins = 0;
+  bool dirty = false;
+  bool referenced = false;     // used since the replacement hand last passed
+  std::uint32_t saved_at = 0;  // transaction level whose image of this page is kept
+  std::byte* data = nullptr;
+};
+
+// Keeps a page in memory for as long as it lives.
+class PageRef {
+ public:
+  PageRef() = default;
+  explicit PageRef(PageFrame* frame) : frame_(frame) { ++frame_->pins; }
+  PageRef(const PageRef& other) : frame_(other.frame_) {
+    if (frame_) ++frame_->pins;
+  }
+  PageRef(PageRef&& other) noexcept : frame_(std::exchange(other.frame_, nullptr)) {}
+  PageRef& operator=(PageRef other) noexcept {
+    std::swap(frame_, other.frame_);
+    return *this;
+  }
+  ~PageRef() {
+    if (frame_) --frame_->pins;
+  }
+
+  explicit operator bool() const { return frame_ != nullptr; }
+  PageNumber number() const { return frame_->page; }
+  const std::byte* data() const { return frame_->data; }
+  std::span<const std::byte, kPageSize> bytes() const {
+    return std::span<const std::byte, kPageSize>(frame_->data, kPageSize);
+  }
+
+ protected:
+  PageFrame* frame_ = nullptr;
+};
+
+// A page that may be changed. Ask the Pager for it again after a savepoint was set.
+class PageEdit : public PageRef {
+ public:
+  using PageRef::PageRef;
+  std::byte* data() const { return frame_->data; }
+  std::span<std::byte, kPageSize> bytes() const {
+    return std::span<std::byte, kPageSize>(frame_->data, kPageSize);
+  }
+};
+
+// The pages of one database file: a cache of bounded size, and the transaction over it.
+//
+// 1. Nothing is written to the file before the commit; a page that changed stays in memory until
+//    then, so a rollback only forgets. 2. The state before comes from the file itself, which
+//    nobody changes while the write lock is held. 3. Inside a transaction nested levels keep
+//    images of the pages they change first.
+class Pager final : public files::RangeSource {
+ public:
+  // `file` must outlive the pager. At most `cache_pages` unchanged pages are kept.
+  Pager(files::RandomAccessFile& file, std::size_t cache_pages);
+  ~Pager() override;
+
+  const std::string& path() const { return file_.path(); }
+  // Pages of the file, those included that the open transaction added.
+  PageNumber page_count() const { return page_count_; }
+
+  // The page as the open transaction sees it. Raises kDamaged for a page behind the end.
+  PageRef Read(PageNumber page) {
+    if (page < frame_of_page_.size()) {
+      if (PageFrame* frame = frame_of_page_[page]) {
+        frame->referenced = true;
+        return PageRef(frame);
+      }
+    }
+    return PageRef(Load(page));
+  }
+  // The page for changing it; asks for an open transaction.
+  PageEdit Modify(PageNumber page) {
+    assert(level_ > 0);
+    if (page < frame_of_page_.size()) {
+      PageFrame* frame = frame_of_page_[page];
+      if (frame && frame->dirty && frame->saved_at == level_) return PageEdit(frame);
+    }
+    return PageEdit(Touch(page));
+  }
+
+  // A page filled with zeros: the lowest free one, or a new one at the end of the file. Raises
+  // kTooLarge at 2 GiB.
+  PageEdit Allocate();
+  // Gives a page back to the map of free pages. Its contents stay.
+  void Free(PageNumber page);
+
+  // Transactions nest; level 1 is the outermost. Commit of level 1 only ends the transaction:
+  // before it, the changes have to be carried into the file from this RangeSource.
+  int level() const { return static_cast<int>(level_); }
+  void Begin();
+  void Commit();
+  void Rollback() noexcept;
+  bool HasChanges() const { return dirty_count_ != 0; }
+
+  // Forgets all unchanged pages, because the file changed. Not in a transaction.
+  void DropCache();
+
+  // files::RangeSource: what the outermost transaction changes.
+  files::RandomAccessFile& File() override { return file_; }
+  std::uint64_t SizeBefore() override;
+  std::uint64_t SizeAfter() override;
+  void ForEachRange(const std::function<void(const Range&)>& visit) override;
+
+ private:
+  struct Level;  // images and counters to return to
+
+  PageFrame* Load(PageNumber page);   // reads a page that is not in memory
+  PageFrame* Touch(PageNumber page);  // makes a page changeable at the current level
+  PageFrame* TakeFrame();
+  void Release(PageFrame* frame);
+
+  files::RandomAccessFile& file_;
+  std::size_t cache_pages_;
+  PageNumber page_count_ = 0;
+  PageNumber file_pages_ = 0;  // pages that are in the file
+  std::vector<PageFrame*> frame_of_page_;
+  std::vector<std::unique_ptr<PageFrame>> frames_;
+  std::vector<PageFrame*> free_frames_;
+  std::vector<std::unique_ptr<std::byte[]>> blocks_;
+  std::size_t hand_ = 0;
+  std::size_t dirty_count_ = 0;
+  std::uint32_t level_ = 0;
+  std::vector<Level> levels_;
+  PageNumber lowest_free_hint_ = 0;
+};
+
+}  // namespace jet
