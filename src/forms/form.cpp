@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "forms/form.h"
+
+#include <charconv>
+
+namespace forms {
+
+namespace {
+
+using platform::Variant;
+
+std::optional<std::int32_t> TextNumberOfTag(std::string_view tag) {
+  if (tag.size() < 2 || tag[0] != 'C') return std::nullopt;
+  std::int32_t number = 0;
+  auto end = tag.data() + tag.size();
+  auto result = std::from_chars(tag.data() + 1, end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return number;
+}
+
+void LocaliseCaption(Control& control, const TextLookup& text) {
+  auto* captioned = dynamic_cast<CaptionedControl*>(&control);
+  auto number = TextNumberOfTag(control.Tag());
+  if (captioned && number) captioned->SetCaption(text(*number));
+}
+
+void LocaliseContainer(Container& container, const TextLookup& text) {
+  LocaliseCaption(container, text);
+  for (Control* control : container.Controls()) {
+    if (auto* nested = dynamic_cast<Container*>(control)) {
+      LocaliseContainer(*nested, text);
+    } else {
+      LocaliseCaption(*control, text);
+    }
+  }
+}
+
+}  // namespace
+
+void Form::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  if (on_load) on_load();
+}
+
+bool Form::Close(CloseReason reason) {
+  bool cancel = false;
+  if (on_query_unload) on_query_unload(cancel, reason);
+  if (!cancel) Unload();
+  return !cancel;
+}
+
+void Form::Unload() {
+  Hide();
+  if (!loaded_) return;
+  loaded_ = false;
+  if (on_unload) on_unload();
+}
+
+void Form::Resize(double width, double height) {
+  client_width_ = width;
+  client_height_ = height;
+  if (on_resize) on_resize();
+}
+
+std::optional<Variant> Form::GetProperty(std::string_view name) const {
+  if (SameName(name, "WindowState")) return Variant(static_cast<std::int32_t>(window_state_));
+  return Container::GetProperty(name);
+}
+
+bool Form::SetProperty(std::string_view name, const Variant& value) {
+  if (!SameName(name, "WindowState")) return Container::SetProperty(name, value);
+  std::int32_t state = value.ToLong();
+  if (state < 0 || state > 2) return false;
+  SetWindowState(static_cast<WindowState>(state));
+  return true;
+}
+
+PropertyObject* Form::SubObject(std::string_view name, const std::optional<Variant>& argument) {
+  if (SameName(name, "Me") && !argument) return this;
+  return Container::SubObject(name, argument);
+}
+
+void LocaliseCaptions(Form& form, const TextLookup& text) { LocaliseContainer(form, text); }
+
+}  // namespace forms

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "forms/menu_control.h"
+
+namespace forms {
+
+Tool& Band::AddTool(std::string_view name, ToolKind kind) {
+  Tool* tool = menu_.FindTool(name);
+  if (!tool) {
+    menu_.tools_.push_back(std::make_unique<Tool>(menu_, name, kind));
+    tool = menu_.tools_.back().get();
+  }
+  tools_.push_back(tool);
+  menu_.Notify(Property::kTools);
+  return *tool;
+}
+
+Band& MenuControl::AddBand(std::string_view name) {
+  bands_.push_back(std::make_unique<Band>(*this, name));
+  return *bands_.back();
+}
+
+Band* MenuControl::FindBand(std::string_view name) const {
+  for (const auto& band : bands_) {
+    if (SameName(band->Name(), name)) return band.get();
+  }
+  return nullptr;
+}
+
+Tool* MenuControl::FindTool(std::string_view name) const {
+  for (const auto& tool : tools_) {
+    if (SameName(tool->Name(), name)) return tool.get();
+  }
+  return nullptr;
+}
+
+void MenuControl::LocaliseTools(const TextLookup& text) {
+  for (const auto& tool : tools_) {
+    if (!tool->Tag().empty()) {
+      tool->SetCaption(text(platform::Variant(tool->Tag()).ToLong()));
+    }
+  }
+}
+
+}  // namespace forms

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "forms/row_view.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace forms {
+
+namespace {
+
+using platform::Variant;
+
+void AppendFolded(std::string& out, std::string_view text) {
+  for (char c : text) out += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
+  source_ = std::move(source);
+  blocks_.clear();
+  filter_.clear();
+  folded_.clear();
+  passing_.clear();
+  current_id_.reset();
+  selection_.clear();
+  Notify(Property::kRows);
+}
+
+void RowView::Rebind() {
+  auto old_position = CurrentPosition();
+  auto old_id = current_id_;
+  blocks_.clear();
+  folded_.clear();
+  if (!filter_.empty()) ApplyFilter();
+  KeepExistingRows(old_position);
+  Notify(Property::kRows);
+  if (current_id_ != old_id && on_current_row) on_current_row();
+}
+
+void RowView::RefreshCells() {
+  blocks_.clear();
+  folded_.clear();
+  Notify(Property::kCells);
+}
+
+void RowView::KeepExistingRows(std::optional<std::size_t> old_position) {
+  std::erase_if(selection_, [this](std::int64_t id) { return !PositionOf(id); });
+  if (!current_id_ || PositionOf(*current_id_)) return;
+  current_id_.reset();
+  if (std::size_t count = RowCount(); count > 0) {
+    current_id_ = IdAt(std::min(old_position.value_or(0), count - 1));
+  }
+}
+
+std::size_t RowView::RowCount() const {
+  if (!source_) return 0;
+  return filter_.empty() ? source_->RowCount() : passing_.size();
+}
+
+const Row* RowView::SourceRow(std::size_t index) const {
+  std::size_t block = index / kBlockRows;
+  auto found = blocks_.find(block);
+  if (found == blocks_.end()) {
+    if (blocks_.size() >= kBlocksKept) blocks_.clear();
+    found = blocks_.emplace(block, source_->Rows(block * kBlockRows, kBlockRows)).first;
+  }
+  std::size_t offset = index % kBlockRows;
+  return offset < found->second.size() ? &found->second[offset] : nullptr;
+}
+
+const Row* RowView::RowAt(std::size_t position) const {
+  if (position >= RowCount()) return nullptr;
+  return SourceRow(filter_.empty() ? position : passing_[position]);
+}
+
+std::int64_t RowView::IdAt(std::size_t position) const {
+  const Row* row = RowAt(position);
+  return row ? row->id : 0;
+}
+
+std::optional<std::size_t> RowView::PositionOf(std::int64_t id) const {
+  if (!source_) return std::nullopt;
+  auto index = source_->IndexOf(id);
+  if (!index || filter_.empty()) return index;
+  auto found = std::lower_bound(passing_.begin(), passing_.end(), *index);
+  if (found == passing_.end() || *found != *index) return std::nullopt;
+  return static_cast<std::size_t>(found - passing_.begin());
+}
+
+Variant RowView::Cell(std::size_t position, std::size_t column) const {
+  const Row* row = RowAt(position);
+  return row && column < row->cells.size() ? row->cells[column] : Variant();
+}
+
+void RowView::ReadFoldedRows() {
+  constexpr std::size_t kBlock = 4096;
+  for (std::size_t first = 0;; first += kBlock) {
+    auto rows = source_->Rows(first, kBlock);
+    for (const Row& row : rows) {
+      std::string& text = folded_.emplace_back();
+      for (const Variant& cell : row.cells) {
+        if (!cell.IsText()) continue;
+        AppendFolded(text, *cell.Get<std::string>());
+        text += '\n';
+      }
+    }
+    if (rows.size() < kBlock) return;
+  }
+}
+
+void RowView::ApplyFilter() {
+  passing_.clear();
+  if (!source_) return;
+  if (folded_.empty()) ReadFoldedRows();
+  std::string wanted;
+  AppendFolded(wanted, filter_);
+  for (std::size_t i = 0; i < folded_.size(); ++i) {
+    if (folded_[i].find(wanted) != std::string::npos) passing_.push_back(i);
+  }
+}
+
+void RowView::SetFilter(std::string_view text) {
+  if (filter_ == text) return;
+  if (!LeaveRow()) return;
+  auto old_position = CurrentPosition();
+  auto old_id = current_id_;
+  filter_ = text;
+  if (filter_.empty()) {
+    passing_.clear();
+    folded_.clear();
+  } else {
+    ApplyFilter();
+  }
+  KeepExistingRows(old_position);
+  Notify(Property::kRows);
+  if (current_id_ != old_id && on_current_row) on_current_row();
+}
+
+std::optional<std::size_t> RowView::CurrentPosition() const {
+  return current_id_ ? PositionOf(*current_id_) : std::nullopt;
+}
+
+bool RowView::SetCurrentId(std::optional<std::int64_t> id) {
+  if (id == current_id_) return true;
+  if (id && !PositionOf(*id)) return false;
+  if (!LeaveRow()) return false;
+  Assign(current_id_, id, Property::kCurrentRow);
+  if (on_current_row) on_current_row();
+  return true;
+}
+
+std::vector<std::int64_t> RowView::SelectedIds() const {
+  std::vector<std::pair<std::size_t, std::int64_t>> placed;
+  for (std::int64_t id : selection_) {
+    if (auto position = PositionOf(id)) placed.emplace_back(*position, id);
+  }
+  std::sort(placed.begin(), placed.end());
+  std::vector<std::int64_t> ids;
+  for (const auto& entry : placed) ids.push_back(entry.second);
+  return ids;
+}
+
+void RowView::SetSelection(const std::vector<std::int64_t>& ids) {
+  std::set<std::int64_t> selection(ids.begin(), ids.end());
+  if (Assign(selection_, std::move(selection), Property::kSelection) && on_selection) {
+    on_selection();
+  }
+}
+
+}  // namespace forms
