@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// Which names Visual Basic takes as identifiers. Names are UTF-8; their letters are judged by
+// their codes in the Windows-1252 code page.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace codegen {
+
+inline constexpr std::size_t kMaxIdentifierLength = 255;
+// Longest "Project.Class" under which a class can hold formulas.
+inline constexpr std::size_t kMaxProgIdLength = 39;
+
+// Why Visual Basic would not take a name. The first that applies, in this order.
+enum class IdentifierProblem {
+  kNone,
+  kEmpty,
+  kLeadingDigit,
+  kForbiddenCharacter,  // blank, dot, sign, character outside the code page
+  kLeadingUnderscore,   // VBConformItemName lets it stand, Visual Basic does not
+  kNotALetter,          // a sign such as the euro's, which VBConformItemName lets stand
+  kReservedWord,
+  kTooLong,
+};
+
+struct IdentifierHint {
+  IdentifierProblem problem = IdentifierProblem::kNone;
+  std::string character;  // the offending character, where there is one
+  explicit operator bool() const { return problem != IdentifierProblem::kNone; }
+};
+
+// The cleaning step of VBConformItemName: what is no letter, digit or "_" becomes "_", and so
+// does a digit in the first place, with all its further occurrences. The number of characters
+// stays.
+std::string CleanIdentifier(std::string_view name);
+
+// Judges a name as it stands, whatever its cleaning would make of it.
+IdentifierHint CheckIdentifier(std::string_view name);
+
+// Compared without regard to case.
+bool IsReservedWord(std::string_view name);
+
+// Equality of names as Visual Basic and the database see them: without regard to case, also of
+// accented letters.
+bool SameName(std::string_view a, std::string_view b);
+
+// The name in lower case, a key for maps of names.
+std::string FoldName(std::string_view name);
+
+// Number of characters of a UTF-8 text.
+std::size_t CharacterCount(std::string_view text);
+
+}  // namespace codegen

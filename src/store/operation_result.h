@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "codegen/vb_formula_code.h"
+#include "platform/variant.h"
+
+namespace store {
+
+enum class Outcome {
+  kDone,         // also when nothing had to change
+  kRefused,      // the request cannot be carried out as things stand
+  kFileProblem,  // a file cannot be read or written, is locked or damaged
+  kCancelled,    // by the progress callback
+};
+
+// One row that an operation changed.
+struct RowChange {
+  enum class Kind : char { kAdded = '+', kDeleted = '-', kChanged = '~' };
+  Kind kind = Kind::kAdded;
+  std::string table;
+  // Names and values in the table's order: of the new row, of the deleted one, or of the row as
+  // it is after the change.
+  std::vector<std::pair<std::string, platform::Variant>> members;
+};
+
+// What an operation came to. Unless the outcome is kDone, rows and code are as they were before.
+struct OperationResult {
+  Outcome outcome = Outcome::kDone;
+  std::int32_t text_id = 0;  // of the text table, 0 when done
+  std::string message;       // that text in the current language, values filled in
+  std::string detail;        // cause and remedy; may be empty
+  std::vector<codegen::Warning> warnings;
+  std::vector<RowChange> rows;
+  std::vector<std::int32_t> ids;  // of the objects added or edited, in the order given
+
+  bool success() const { return outcome == Outcome::kDone; }
+  std::int32_t id() const { return ids.empty() ? 0 : ids.front(); }
+};
+
+struct OperationOptions {
+  bool with_rows_only = false;  // --no-code: no line of code is looked at or changed
+  bool dry_run = false;         // everything is put back at the end
+  // Called when all changes are made, before they are committed or put back: the place where the
+  // changed code can be compared.
+  std::function<void()> inspect = {};
+  // Called before each object of a list; false cancels the whole operation.
+  std::function<bool(std::size_t done, std::size_t total)> progress = {};
+};
+
+}  // namespace store

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// Everything that can be done to formulas, arguments and aliases, without a dialog.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "codegen/vb_formula_code.h"
+#include "platform/ado.h"
+#include "platform/unit_of_work.h"
+#include "platform/vbide.h"
+#include "store/formula_records.h"
+#include "store/operation_result.h"
+
+namespace texts {
+class TextTable;
+}
+
+namespace store {
+
+struct EditFormulaOptions : OperationOptions {
+  // A move takes the old procedure's text along; otherwise the new procedure is empty and a
+  // warning says where the old code stands.
+  bool with_code = false;
+};
+
+struct ClassList {
+  std::vector<ClassEntry> classes;
+  std::vector<codegen::Warning> warnings;  // text 311 when a ProgID is too long
+};
+
+// Each operation is one unit of work over database and code: either all of it is done or nothing.
+// No operation raises. Objects are named by the IDs that the caller captured; what the caller
+// shows meanwhile does not matter. The look-ups raise platform::Error when the database fails.
+class Operations {
+ public:
+  // All of it is referenced and must outlive the operations. `vbe` and `code` may be null when
+  // there is no development environment: operations then need with_rows_only.
+  struct Parts {
+    std::shared_ptr<platform::Connection> connection;  // open
+    std::shared_ptr<platform::VBE> vbe;
+    codegen::CVBFormulaCode* code = nullptr;  // initialised
+    platform::UnitOfWork* unit = nullptr;
+    const texts::TextTable* texts = nullptr;
+  };
+  explicit Operations(Parts parts);
+  ~Operations();
+  Operations(const Operations&) = delete;
+  Operations& operator=(const Operations&) = delete;
+
+  // --- Formulas ---
+  // "Formula1", "Formula2", ...: the first that no formula has. Raises platform::Error when all
+  // numbers to 32767 are taken.
+  std::string ProposeFormulaName();
+  // Classes of the open projects that can hold formulas.
+  ClassList Classes();
+
+  OperationResult AddFormula(const FormulaValues& values, const OperationOptions& options = {});
+  // A new name is carried out before a new class.
+  OperationResult EditFormula(std::int32_t id, const FormulaValues& values,
+                              const EditFormulaOptions& options = {});
+  // With their arguments; the procedures are commented out.
+  OperationResult DeleteFormulas(std::span<const std::int32_t> ids,
+                                 const OperationOptions& options = {});
+
+  // --- Arguments ---
+  OperationResult AddArguments(std::int32_t formula_id, std::span<const ArgumentValues> values,
+                               const OperationOptions& options = {});
+  OperationResult EditArgument(std::int32_t argument_id, const ArgumentValues& values,
+                               const OperationOptions& options = {});
+  OperationResult DeleteArguments(std::span<const std::int32_t> argument_ids,
+                                  const OperationOptions& options = {});
+
+  // --- Aliases ---
+  // An identifier for the item that no alias other than `actual_id` has.
+  std::string ProposeAlias(std::string_view item, std::int32_t actual_id = 0);
+  OperationResult AddAliases(std::span<const AliasValues> values,
+                             const OperationOptions& options = {});
+  OperationResult EditAlias(std::int32_t id, const AliasValues& values,
+                            const OperationOptions& options = {});
+  // Refused as a whole when one of them is in use; a caller that wants the others deleted all
+  // the same leaves out those that AliasInUse names.
+  OperationResult DeleteAliases(std::span<const std::int32_t> ids,
+                                const OperationOptions& options = {});
+  // The formulas that have the alias as argument.
+  std::vector<FormulaRecord> UsesOfAlias(std::int32_t alias_id);
+
+  // What is wrong with a name that is being typed; nothing when it can be stored. The message is
+  // what the operation would answer.
+  OperationResult CheckFormulaName(std::string_view name);
+  OperationResult CheckAlias(const AliasValues& values, std::int32_t actual_id = 0);
+
+  // --- Look-ups, in the order of ID ---
+  std::optional<FormulaRecord> FindFormula(std::int32_t id);
+  std::vector<FormulaRecord> FindFormulasByName(std::string_view name);
+  std::optional<AliasRecord> FindAlias(std::int32_t id);
+  std::optional<AliasRecord> FindAliasByName(std::string_view vb_alias);
+  std::optional<ArgumentRecord> FindArgument(std::int32_t id);
+  std::vector<ArgumentRecord> ArgumentsOf(std::int32_t formula_id);
+  void ForEachFormula(const std::function<void(const FormulaRecord&)>& visit);
+  void ForEachAlias(const std::function<void(const AliasRecord&)>& visit);
+  Statistics Count();
+
+ private:
+  class Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace store
