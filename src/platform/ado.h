@@ -28,6 +28,7 @@ enum class CommandType { kUnspecified = -1, kText = 1, kTable = 2, kTableDirect 
 enum class ObjectState { kClosed = 0, kOpen = 1 };
 enum class EditMode { kNone = 0, kInProgress = 1, kAdd = 2 };
 enum class SearchDirection { kBackward = -1, kForward = 1 };
+enum class SeekOption { kFirstEqual = 1, kAfterEqual = 4 };
 
 // ADO's type codes of a field.
 enum class DataType {
@@ -139,8 +140,10 @@ class Recordset : public Object {
   // rows (beginning, when backward) the recordset is at EOF (BOF).
   virtual void Find(std::string_view criterion,
                     SearchDirection direction = SearchDirection::kForward) = 0;
-  // First row whose index key equals the values; EOF when there is none.
-  virtual void Seek(const std::vector<Variant>& key) = 0;
+  // First row, in the order of the index, whose key equals the values or, with kAfterEqual, that
+  // does not stand before them; EOF when there is none.
+  virtual void Seek(const std::vector<Variant>& key,
+                    SeekOption option = SeekOption::kFirstEqual) = 0;
 
   virtual std::vector<std::string> FieldNames() const = 0;
   // Field by name, without regard to case, or by "Table.Name". Raises kErrItemNotFound.
