@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace files {
 
@@ -30,5 +32,13 @@ class Error : public std::runtime_error {
   ErrorKind kind_;
   std::string path_;
 };
+
+// What a user can do about a failure of this kind, one sentence.
+std::string_view Remedy(ErrorKind kind);
+
+// Throws Error with the text "<path> <failure>: <cause>. <remedy>", such as
+// "/p/a.cls cannot be written: no space left on device. Free some space ...".
+[[noreturn]] void Raise(ErrorKind kind, const std::string& path, std::string_view failure,
+                        std::string_view cause = {});
 
 }  // namespace files

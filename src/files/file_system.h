@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "files/error.h"
 #include "files/random_access_file.h"
 
 namespace files {
@@ -21,13 +22,14 @@ enum class OpenMode {
 
 struct DirectoryEntry {
   std::string name;
-  bool is_directory = false;
+  bool is_directory = false;  // the folder itself, or a link to one
   bool is_link = false;
 };
 
 // Everything asked of an operating system about files. Paths are UTF-8 in the system's form.
-// Failures are files::Error. The real implementation is RealFileSystem(); tests use
-// MemoryFileSystem and the failing and forgetting wrappers around it.
+// Failures are files::Error; Exists, IsDirectory, IsWritable and Stamp answer instead. The real
+// implementation is RealFileSystem(); tests use MemoryFileSystem and the failing and forgetting
+// wrappers around it.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -40,10 +42,11 @@ class FileSystem {
   // Entries of a folder in no particular order, without "." and "..".
   virtual std::vector<DirectoryEntry> List(const std::string& folder) = 0;
   virtual void Rename(const std::string& from, const std::string& to) = 0;  // replaces `to`
-  virtual void Remove(const std::string& path) = 0;
+  virtual void Remove(const std::string& path) = 0;  // a file or link, or an empty folder
   virtual void CreateDirectories(const std::string& folder) = 0;
+  // Returns when the names in the folder (created, renamed, removed files) are on the medium.
   virtual void SyncDirectory(const std::string& folder) = 0;
-  // The path with links resolved, absolute.
+  // The path with links resolved, absolute. The file must exist.
   virtual std::string Canonical(const std::string& path) = 0;
   virtual bool IsWritable(const std::string& path) = 0;
   // Gives `to` the permissions, owner and extended attributes of `from` as far as allowed.
@@ -59,7 +62,7 @@ class FileSystem {
 std::string ReadFile(FileSystem& system, const std::string& path,
                      std::uint64_t limit = std::uint64_t{1} << 31);
 
-// The operating system's files.
+// The operating system's files. Lives as long as the program; may be used by several threads.
 FileSystem& RealFileSystem();
 
 }  // namespace files

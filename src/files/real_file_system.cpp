@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "files/real_file_system.h"
+
+#include <filesystem>
+
+namespace files {
+namespace os {
+
+ErrorKind KindOf(const std::error_code& code) {
+  const auto is = [&code](std::errc condition) { return code == condition; };
+  if (is(std::errc::no_such_file_or_directory) || is(std::errc::not_a_directory)) {
+    return ErrorKind::kNotFound;
+  }
+  if (is(std::errc::file_exists)) return ErrorKind::kExists;
+  if (is(std::errc::permission_denied) || is(std::errc::operation_not_permitted) ||
+      is(std::errc::read_only_file_system)) {
+    return ErrorKind::kReadOnly;
+  }
+  if (is(std::errc::resource_unavailable_try_again) || is(std::errc::text_file_busy) ||
+      is(std::errc::device_or_resource_busy) || is(std::errc::no_lock_available)) {
+    return ErrorKind::kLocked;
+  }
+  if (is(std::errc::no_space_on_device) || is(std::errc::file_too_large)) return ErrorKind::kFull;
+  return ErrorKind::kIo;
+}
+
+void RaiseSystem(const std::error_code& code, const std::string& path, std::string_view failure) {
+  Raise(KindOf(code), path, failure, code.message());
+}
+
+}  // namespace os
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ToPath(std::string_view utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
+
+std::string FromPath(const fs::path& path) {
+  const std::u8string utf8 = path.u8string();
+  return std::string(utf8.begin(), utf8.end());
+}
+
+void Check(const std::error_code& code, const std::string& path, std::string_view failure) {
+  if (code) os::RaiseSystem(code, path, failure);
+}
+
+class OperatingSystemFiles final : public FileSystem {
+ public:
+  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) override {
+    return os::OpenFile(path, mode);
+  }
+
+  bool Exists(const std::string& path) override {
+    std::error_code code;
+    return fs::exists(ToPath(path), code);
+  }
+
+  bool IsDirectory(const std::string& path) override {
+    std::error_code code;
+    return fs::is_directory(ToPath(path), code);
+  }
+
+  std::optional<FileStamp> Stamp(const std::string& path) override { return os::StampOf(path); }
+
+  std::vector<DirectoryEntry> List(const std::string& folder) override {
+    std::error_code code;
+    std::vector<DirectoryEntry> entries;
+    fs::directory_iterator it(ToPath(folder.empty() ? "." : folder), code);
+    for (; !code && it != fs::directory_iterator(); it.increment(code)) {
+      std::error_code vanished;  // an entry may go while we look; it is listed all the same
+      entries.push_back(
+          {FromPath(it->path().filename()), it->is_directory(vanished), it->is_symlink(vanished)});
+    }
+    Check(code, folder, "cannot be listed");
+    return entries;
+  }
+
+  void Rename(const std::string& from, const std::string& to) override {
+    std::error_code code;
+    fs::rename(ToPath(from), ToPath(to), code);
+    Check(code, from, "cannot be renamed to " + to);
+  }
+
+  void Remove(const std::string& path) override {
+    std::error_code code;
+    const bool removed = fs::remove(ToPath(path), code);
+    if (!code && !removed) code = std::make_error_code(std::errc::no_such_file_or_directory);
+    Check(code, path, "cannot be removed");
+  }
+
+  void CreateDirectories(const std::string& folder) override {
+    std::error_code code;
+    fs::create_directories(ToPath(folder), code);
+    Check(code, folder, "cannot be created");
+  }
+
+  void SyncDirectory(const std::string& folder) override {
+    os::SyncFolder(folder.empty() ? "." : folder);
+  }
+
+  std::string Canonical(const std::string& path) override {
+    std::error_code code;
+    const fs::path canonical = fs::canonical(ToPath(path), code);
+    Check(code, path, "cannot be found");
+    return FromPath(canonical);
+  }
+
+  bool IsWritable(const std::string& path) override { return os::MayWrite(path); }
+
+  void CopyAttributes(const std::string& from, const std::string& to) override {
+    os::CopyFileAttributes(from, to);
+  }
+
+  std::string Join(std::string_view folder, std::string_view name) const override {
+    std::string path(folder);
+    if (!path.empty() && os::Separators().find(path.back()) == std::string_view::npos) {
+      path += os::Separators().front();
+    }
+    return path.append(name);
+  }
+
+  std::string Folder(std::string_view path) const override {
+    return FromPath(ToPath(path).parent_path());
+  }
+
+  std::string FileName(std::string_view path) const override {
+    return FromPath(ToPath(path).filename());
+  }
+};
+
+}  // namespace
+
+FileSystem& RealFileSystem() {
+  static OperatingSystemFiles instance;
+  return instance;
+}
+
+std::string ReadFile(FileSystem& system, const std::string& path, std::uint64_t limit) {
+  const std::unique_ptr<RandomAccessFile> file = system.Open(path, OpenMode::kRead);
+  const std::uint64_t size = file->Size();
+  if (size > limit) {
+    Raise(ErrorKind::kIo, path, "cannot be read",
+          "its " + std::to_string(size) + " bytes are more than the " + std::to_string(limit) +
+              " that are read at once");
+  }
+  std::string contents(size, '\0');
+  contents.resize(file->ReadAt(0, std::as_writable_bytes(std::span(contents))));
+  return contents;
+}
+
+}  // namespace files

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "files/real_file_system.h"
+
+namespace files::os {
+namespace {
+
+[[noreturn]] void RaiseErrno(const std::string& path, std::string_view failure) {
+  RaiseSystem(std::error_code(errno, std::generic_category()), path, failure);
+}
+
+// Repeats a call that a signal interrupted.
+template <typename Call>
+auto Retry(Call call) {
+  decltype(call()) result;
+  do {
+    result = call();
+  } while (result < 0 && errno == EINTR);
+  return result;
+}
+
+FileStamp ToStamp(const struct stat& info) {
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  return {static_cast<std::uint64_t>(info.st_size),
+          info.st_mtim.tv_sec * kNanoseconds + info.st_mtim.tv_nsec,
+          static_cast<std::uint64_t>(info.st_ino)};
+}
+
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor& operator=(Descriptor&&) = delete;
+  int get() const { return fd_; }
+
+ private:
+  int fd_;
+};
+
+// Locks belong to the open file description, so two open files of one process exclude each other
+// and closing one of them releases only its own.
+class PosixFile final : public RandomAccessFile {
+ public:
+  PosixFile(Descriptor fd, std::string path, bool read_only)
+      : fd_(std::move(fd)), path_(std::move(path)), read_only_(read_only) {}
+
+  const std::string& path() const override { return path_; }
+  bool read_only() const override { return read_only_; }
+
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
+    std::size_t done = 0;
+    while (done < out.size()) {
+      const ssize_t n = Retry([&] {
+        return ::pread(fd_.get(), out.data() + done, out.size() - done,
+                       static_cast<off_t>(offset + done));
+      });
+      if (n < 0) RaiseErrno(path_, "cannot be read");
+      if (n == 0) break;
+      done += static_cast<std::size_t>(n);
+    }
+    return done;
+  }
+
+  void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
+    while (!data.empty()) {
+      const ssize_t n = Retry([&] {
+        return ::pwrite(fd_.get(), data.data(), data.size(), static_cast<off_t>(offset));
+      });
+      if (n < 0) RaiseErrno(path_, "cannot be written");
+      offset += static_cast<std::uint64_t>(n);
+      data = data.subspan(static_cast<std::size_t>(n));
+    }
+  }
+
+  std::uint64_t Size() override { return Stamp().size; }
+
+  void Truncate(std::uint64_t size) override {
+    if (Retry([&] { return ::ftruncate(fd_.get(), static_cast<off_t>(size)); }) < 0) {
+      RaiseErrno(path_, "cannot be set to another size");
+    }
+  }
+
+  void Sync() override {
+    if (Retry([&] { return ::fdatasync(fd_.get()); }) < 0) {
+      RaiseErrno(path_, "cannot be written to the medium");
+    }
+  }
+
+  FileStamp Stamp() override {
+    struct stat info;
+    if (::fstat(fd_.get(), &info) < 0) RaiseErrno(path_, "cannot be examined");
+    return ToStamp(info);
+  }
+
+  bool TryLock(std::uint64_t offset, std::uint64_t length, LockMode mode) override {
+    struct flock lock = Range(offset, length, mode == LockMode::kShared ? F_RDLCK : F_WRLCK);
+    if (Retry([&] { return ::fcntl(fd_.get(), F_OFD_SETLK, &lock); }) == 0) return true;
+    if (errno == EAGAIN || errno == EACCES) return false;
+    RaiseErrno(path_, "cannot be locked");
+  }
+
+  void Unlock(std::uint64_t offset, std::uint64_t length) override {
+    struct flock lock = Range(offset, length, F_UNLCK);
+    if (Retry([&] { return ::fcntl(fd_.get(), F_OFD_SETLK, &lock); }) < 0) {
+      RaiseErrno(path_, "cannot be unlocked");
+    }
+  }
+
+  bool IsLockedByOthers(std::uint64_t offset, std::uint64_t length) override {
+    struct flock lock = Range(offset, length, F_WRLCK);
+    if (Retry([&] { return ::fcntl(fd_.get(), F_OFD_GETLK, &lock); }) < 0) {
+      RaiseErrno(path_, "cannot be asked for locks");
+    }
+    return lock.l_type != F_UNLCK;
+  }
+
+ private:
+  static struct flock Range(std::uint64_t offset, std::uint64_t length, int type) {
+    struct flock lock = {};
+    lock.l_type = static_cast<short>(type);
+    lock.l_whence = SEEK_SET;
+    lock.l_start = static_cast<off_t>(offset);
+    lock.l_len = static_cast<off_t>(length);
+    return lock;
+  }
+
+  Descriptor fd_;
+  std::string path_;
+  bool read_only_;
+};
+
+int Flags(OpenMode mode) {
+  // O_NONBLOCK: a pipe of that name must not stop the program before it is refused below.
+  constexpr int kCommon = O_CLOEXEC | O_NONBLOCK;
+  switch (mode) {
+    case OpenMode::kRead:
+      return kCommon | O_RDONLY;
+    case OpenMode::kReadWrite:
+      return kCommon | O_RDWR;
+    case OpenMode::kCreateNew:
+      return kCommon | O_RDWR | O_CREAT | O_EXCL;
+    case OpenMode::kCreateOrOpen:
+      break;
+  }
+  return kCommon | O_RDWR | O_CREAT;
+}
+
+void CopyExtendedAttributes(const std::string& from, const std::string& to) {
+  const ssize_t list_size = ::listxattr(from.c_str(), nullptr, 0);
+  if (list_size <= 0) return;
+  std::string names(static_cast<std::size_t>(list_size), '\0');
+  if (::listxattr(from.c_str(), names.data(), names.size()) != list_size) return;
+  for (std::size_t start = 0; start < names.size(); start = names.find('\0', start) + 1) {
+    const char* name = names.c_str() + start;
+    const ssize_t size = ::getxattr(from.c_str(), name, nullptr, 0);
+    if (size < 0) continue;
+    std::string value(static_cast<std::size_t>(size), '\0');
+    if (::getxattr(from.c_str(), name, value.data(), value.size()) != size) continue;
+    // Names of the system's own spaces may be refused; the others are allowed to the owner.
+    static_cast<void>(::setxattr(to.c_str(), name, value.data(), value.size(), 0));
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode) {
+  constexpr mode_t kEverybody = 0666;  // less the user's mask
+  Descriptor fd(Retry([&] { return ::open(path.c_str(), Flags(mode), kEverybody); }));
+  if (fd.get() < 0) {
+    if (errno == EISDIR) Raise(ErrorKind::kIo, path, "cannot be opened", "it is a folder");
+    RaiseErrno(path, "cannot be opened");
+  }
+  struct stat info;
+  if (::fstat(fd.get(), &info) < 0) RaiseErrno(path, "cannot be examined");
+  if (!S_ISREG(info.st_mode)) {
+    Raise(ErrorKind::kIo, path, "cannot be opened",
+          S_ISDIR(info.st_mode) ? "it is a folder" : "it is not a regular file");
+  }
+  return std::make_unique<PosixFile>(std::move(fd), path, mode == OpenMode::kRead);
+}
+
+std::optional<FileStamp> StampOf(const std::string& path) {
+  struct stat info;
+  if (::stat(path.c_str(), &info) < 0) return std::nullopt;
+  return ToStamp(info);
+}
+
+void SyncFolder(const std::string& folder) {
+  const Descriptor fd(
+      Retry([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+  if (fd.get() < 0) RaiseErrno(folder, "cannot be opened");
+  // EINVAL: the file system does not sync folders.
+  if (Retry([&] { return ::fsync(fd.get()); }) < 0 && errno != EINVAL) {
+    RaiseErrno(folder, "cannot be written to the medium");
+  }
+}
+
+bool MayWrite(const std::string& path) {
+  return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+void CopyFileAttributes(const std::string& from, const std::string& to) {
+  struct stat info;
+  if (::stat(from.c_str(), &info) < 0) RaiseErrno(from, "cannot be examined");
+  // The owner first: changing it clears permissions. Only an administrator may give files away,
+  // but the group can often be kept.
+  if (::chown(to.c_str(), info.st_uid, info.st_gid) < 0) {
+    static_cast<void>(::chown(to.c_str(), static_cast<uid_t>(-1), info.st_gid) < 0);
+  }
+  constexpr mode_t kPermissions = 07777;
+  if (::chmod(to.c_str(), info.st_mode & kPermissions) < 0) {
+    RaiseErrno(to, "cannot be given the permissions of " + from);
+  }
+  CopyExtendedAttributes(from, to);
+}
+
+std::string_view Separators() { return "/"; }
+
+}  // namespace files::os

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "files/file_system.h"
+
+namespace files {
+
+// The file that `path` names, absolute and with links resolved, so that a link is kept and what
+// it points to is changed. The file need not exist, its folder must.
+std::string ResolveTarget(FileSystem& system, const std::string& path);
+
+// Writes a whole file so that at any time, a power cut included, the path holds the old contents
+// or the new ones: a temporary file in the same folder, sync, rename, sync of the folder. An
+// existing file's permissions, owner and extended attributes stay; a link stays a link. On
+// failure the old file is untouched and the temporary one removed.
+void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents);
+
+// The two halves of ReplaceFile. Writes `contents` to the new file `temporary` beside `target`,
+// with the attributes of `target` if that exists, and syncs it. Removes it again on failure.
+void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
+                    std::string_view contents);
+
+// A name for a temporary file beside `target` that no other file has. Ends in ".tmp".
+std::string TemporaryName(FileSystem& system, const std::string& target);
+
+}  // namespace files

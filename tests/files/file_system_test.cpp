@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+// One contract, kept by the operating system's files and by their twin in memory.
+#include "files/file_system.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "files/memory_file_system.h"
+#include "files/replace_file.h"
+#include "temporary_folder.h"
+
+namespace files {
+namespace {
+
+std::span<const std::byte> Bytes(std::string_view text) { return std::as_bytes(std::span(text)); }
+
+std::string Read(RandomAccessFile& file, std::uint64_t offset, std::size_t count) {
+  std::string text(count, '?');
+  text.resize(file.ReadAt(offset, std::as_writable_bytes(std::span(text))));
+  return text;
+}
+
+ErrorKind KindThrown(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    EXPECT_NE(error.path(), "");
+    EXPECT_NE(std::string(error.what()).find(error.path()), std::string::npos) << error.what();
+    return error.kind();
+  }
+  ADD_FAILURE() << "nothing was raised";
+  return ErrorKind::kIo;
+}
+
+class FileSystemContract : public testing::TestWithParam<bool> {
+ protected:
+  FileSystem& system() { return GetParam() ? RealFileSystem() : memory_; }
+  std::string At(const std::string& name) { return folder_ / name; }
+
+  void SetUp() override {
+    if (!GetParam()) memory_.CreateDirectories(folder_.path());
+  }
+
+  void Write(const std::string& path, std::string_view text) {
+    const auto file = system().Open(path, OpenMode::kCreateOrOpen);
+    file->Truncate(0);
+    file->WriteAt(0, Bytes(text));
+  }
+
+  TemporaryFolder folder_;
+  MemoryFileSystem memory_;
+};
+
+INSTANTIATE_TEST_SUITE_P(All, FileSystemContract, testing::Bool(),
+                         [](const auto& p) { return p.param ? "Real" : "Memory"; });
+
+TEST_P(FileSystemContract, ReadsAndWritesAtOffsets) {
+  const auto file = system().Open(At("a"), OpenMode::kCreateNew);
+  file->WriteAt(4, Bytes("four"));
+  EXPECT_EQ(file->Size(), 8u);
+  EXPECT_EQ(Read(*file, 0, 100), std::string("\0\0\0\0four", 8));
+  EXPECT_EQ(Read(*file, 6, 2), "ur");
+  EXPECT_EQ(Read(*file, 8, 2), "");
+  EXPECT_EQ(Read(*file, 1000, 2), "");
+  file->Truncate(5);
+  file->Truncate(7);
+  EXPECT_EQ(Read(*file, 0, 100), std::string("\0\0\0\0f\0\0", 7));
+  file->Sync();
+  EXPECT_EQ(ReadFile(system(), At("a")).size(), 7u);
+  EXPECT_EQ(KindThrown([&] { ReadFile(system(), At("a"), 6); }), ErrorKind::kIo);
+}
+
+TEST_P(FileSystemContract, TellsFailuresApart) {
+  Write(At("a"), "a");
+  system().CreateDirectories(At("folder/inner"));
+  const auto open = [&](const char* name, OpenMode mode) {
+    return [this, name, mode] { system().Open(At(name), mode); };
+  };
+  EXPECT_EQ(KindThrown(open("none", OpenMode::kRead)), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown(open("none", OpenMode::kReadWrite)), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown(open("none/a", OpenMode::kCreateNew)), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown(open("a", OpenMode::kCreateNew)), ErrorKind::kExists);
+  EXPECT_EQ(KindThrown(open("folder", OpenMode::kRead)), ErrorKind::kIo);
+  EXPECT_EQ(KindThrown(open("folder", OpenMode::kReadWrite)), ErrorKind::kIo);
+  EXPECT_EQ(KindThrown([&] { system().Remove(At("none")); }), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown([&] { system().Remove(At("folder")); }), ErrorKind::kIo);
+  EXPECT_EQ(KindThrown([&] { system().Rename(At("none"), At("b")); }), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown([&] { system().List(At("none")); }), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown([&] { system().Canonical(At("none")); }), ErrorKind::kNotFound);
+  EXPECT_EQ(KindThrown([&] { system().SyncDirectory(At("none")); }), ErrorKind::kNotFound);
+  EXPECT_EQ(system().Stamp(At("none")), std::nullopt);
+  EXPECT_FALSE(system().IsWritable(At("none")));
+}
+
+TEST_P(FileSystemContract, ListsRenamesAndRemoves) {
+  Write(At("a"), "a");
+  Write(At("b"), "b");
+  system().CreateDirectories(At("c"));
+  system().Rename(At("a"), At("b"));
+  std::vector<DirectoryEntry> entries = system().List(folder_.path());
+  std::sort(entries.begin(), entries.end(),
+            [](const auto& one, const auto& other) { return one.name < other.name; });
+  ASSERT_EQ(entries.size(), 2u);
+  EXPECT_EQ(entries[0].name, "b");
+  EXPECT_FALSE(entries[0].is_directory);
+  EXPECT_EQ(entries[1].name, "c");
+  EXPECT_TRUE(entries[1].is_directory);
+  EXPECT_EQ(ReadFile(system(), At("b")), "a");
+  system().Remove(At("b"));
+  system().Remove(At("c"));
+  EXPECT_TRUE(system().List(folder_.path()).empty());
+}
+
+TEST_P(FileSystemContract, AnOpenFileOutlivesItsName) {
+  Write(At("a"), "old");
+  Write(At("new"), "new");
+  const auto file = system().Open(At("a"), OpenMode::kReadWrite);
+  EXPECT_EQ(system().Stamp(At("a"))->identity, file->Stamp().identity);
+  system().Rename(At("new"), At("a"));
+  EXPECT_EQ(Read(*file, 0, 10), "old");
+  EXPECT_NE(system().Stamp(At("a"))->identity, file->Stamp().identity);
+  file->WriteAt(0, Bytes("OLD"));
+  EXPECT_EQ(ReadFile(system(), At("a")), "new");
+}
+
+TEST_P(FileSystemContract, LocksExcludeOtherOpenFiles) {
+  Write(At("a"), "");
+  const auto one = system().Open(At("a"), OpenMode::kReadWrite);
+  auto two = system().Open(At("a"), OpenMode::kReadWrite);
+  constexpr std::uint64_t kFar = 0x10000001;
+  EXPECT_TRUE(one->TryLock(kFar, 10, LockMode::kExclusive));
+  EXPECT_FALSE(two->TryLock(kFar + 9, 5, LockMode::kShared));
+  EXPECT_TRUE(two->TryLock(kFar + 10, 5, LockMode::kExclusive));
+  EXPECT_TRUE(two->IsLockedByOthers(0, kFar + 1));
+  EXPECT_FALSE(two->IsLockedByOthers(0, kFar));
+  EXPECT_TRUE(one->TryLock(kFar, 10, LockMode::kShared)) << "replaces the lock";
+  EXPECT_TRUE(two->TryLock(kFar, 10, LockMode::kShared));
+  EXPECT_FALSE(one->TryLock(kFar, 10, LockMode::kExclusive));
+  one->Unlock(kFar, 4);
+  EXPECT_TRUE(two->TryLock(kFar, 4, LockMode::kExclusive));
+  EXPECT_FALSE(two->TryLock(kFar, 5, LockMode::kExclusive));
+  EXPECT_TRUE(one->IsLockedByOthers(kFar, 1));
+  two.reset();
+  EXPECT_FALSE(one->IsLockedByOthers(0, kFar + 100));
+  EXPECT_TRUE(one->TryLock(0, kFar + 100, LockMode::kExclusive));
+}
+
+TEST_P(FileSystemContract, SplitsAndJoinsPaths) {
+  FileSystem& s = system();
+  EXPECT_EQ(s.Join("/p", "a"), "/p/a");
+  EXPECT_EQ(s.Join("/", "a"), "/a");
+  EXPECT_EQ(s.Join("", "a"), "a");
+  EXPECT_EQ(s.Folder("/p/a.b"), "/p");
+  EXPECT_EQ(s.Folder("/a"), "/");
+  EXPECT_EQ(s.Folder("a"), "");
+  EXPECT_EQ(s.FileName("/p/Größe.ovs"), "Größe.ovs");
+  EXPECT_EQ(s.FileName("a"), "a");
+  Write(At("a"), "");
+  EXPECT_EQ(s.Canonical(At("./a")), s.Canonical(At("a")));
+}
+
+TEST_P(FileSystemContract, ReplacesWholeFiles) {
+  ReplaceFile(system(), At("a"), "one");
+  EXPECT_EQ(ReadFile(system(), At("a")), "one");
+  ReplaceFile(system(), At("a"), "");
+  EXPECT_EQ(ReadFile(system(), At("a")), "");
+  EXPECT_EQ(system().List(folder_.path()).size(), 1u) << "a temporary file was left";
+  EXPECT_EQ(KindThrown([&] { ReplaceFile(system(), At("none/a"), "x"); }), ErrorKind::kNotFound);
+}
+
+TEST(ReplaceFile, KeepsAttributesAndLinks) {
+  const TemporaryFolder folder;
+  FileSystem& system = RealFileSystem();
+  ReplaceFile(system, folder / "real", "one");
+  ASSERT_EQ(::chmod((folder / "real").c_str(), 0640), 0);
+  const bool has_attributes = ::setxattr((folder / "real").c_str(), "user.note", "kept", 4, 0) == 0;
+  std::filesystem::create_symlink("real", folder / "link");
+
+  ReplaceFile(system, folder / "link", "two");
+
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+  EXPECT_EQ(ReadFile(system, folder / "real"), "two");
+  struct stat info;
+  ASSERT_EQ(::stat((folder / "real").c_str(), &info), 0);
+  EXPECT_EQ(info.st_mode & 07777, 0640u);
+  if (has_attributes) {
+    char value[8] = {};
+    EXPECT_EQ(::getxattr((folder / "real").c_str(), "user.note", value, sizeof value), 4);
+    EXPECT_STREQ(value, "kept");
+  }
+}
+
+TEST(RealFileSystem, RefusesWhatIsNoRegularFile) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(KindThrown([&] { RealFileSystem().Open(folder / "pipe", OpenMode::kRead); }),
+            ErrorKind::kIo);
+}
+
+TEST(MemoryFileSystem, RefusesAsAProtectedOrFullMediumDoes) {
+  MemoryFileSystem system;
+  system.Put("/p/a", "12345");
+  system.SetReadOnly("/p/a", true);
+  EXPECT_EQ(KindThrown([&] { system.Open("/p/a", OpenMode::kReadWrite); }), ErrorKind::kReadOnly);
+  EXPECT_EQ(KindThrown([&] { ReplaceFile(system, "/p/a", "x"); }), ErrorKind::kReadOnly);
+  system.SetReadOnly("/p/a", false);
+  system.SetReadOnly("/p", true);
+  EXPECT_EQ(KindThrown([&] { system.Open("/p/b", OpenMode::kCreateNew); }), ErrorKind::kReadOnly);
+  EXPECT_EQ(KindThrown([&] { system.Remove("/p/a"); }), ErrorKind::kReadOnly);
+  system.SetReadOnly("/p", false);
+  system.SetCapacity(12);
+  EXPECT_EQ(KindThrown([&] { ReplaceFile(system, "/p/a", "12345678"); }), ErrorKind::kFull);
+  EXPECT_EQ(system.Snapshot(), (std::map<std::string, std::string>{{"/p/a", "12345"}}));
+  ReplaceFile(system, "/p/a", "1234567");
+  EXPECT_EQ(system.Get("/p/a"), "1234567");
+}
+
+}  // namespace
+}  // namespace files
