@@ -21,6 +21,7 @@ std::optional<Component> ParseComponent(std::string_view text) {
   std::string_view argument = text.substr(open + 1, text.size() - open - 2);
   if (argument.empty()) return std::nullopt;
   bool quoted = argument.size() >= 2 && argument.front() == '"' && argument.back() == '"';
+  if (!quoted && !(argument[0] >= '0' && argument[0] <= '9')) return std::nullopt;
   Variant value =
       quoted ? Variant(argument.substr(1, argument.size() - 2)) : Variant(platform::Val(argument));
   return Component{text.substr(0, open), value};
