@@ -2,11 +2,19 @@
 #include "forms/control.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "forms/form.h"
 #include "platform/text.h"
 
 namespace forms {
+
+namespace {
+
+// Lengths beyond a thousand inches come from damaged settings.
+bool FitsLength(const platform::Variant& value) { return std::abs(value.ToDouble()) <= 1440000; }
+
+}  // namespace
 
 using platform::EqualsIgnoringCase;
 using platform::Variant;
@@ -63,12 +71,16 @@ bool Control::SetProperty(std::string_view name, const Variant& value) {
   } else if (EqualsIgnoringCase(name, "Visible")) {
     SetVisible(value.ToBool());
   } else if (EqualsIgnoringCase(name, "Left")) {
+    if (!FitsLength(value)) return false;
     bounds.left = value.ToDouble();
   } else if (EqualsIgnoringCase(name, "Top")) {
+    if (!FitsLength(value)) return false;
     bounds.top = value.ToDouble();
   } else if (EqualsIgnoringCase(name, "Width")) {
+    if (!FitsLength(value)) return false;
     bounds.width = value.ToDouble();
   } else if (EqualsIgnoringCase(name, "Height")) {
+    if (!FitsLength(value)) return false;
     bounds.height = value.ToDouble();
   } else {
     return false;
