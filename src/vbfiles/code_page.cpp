@@ -36,9 +36,9 @@ CodePage::CodePage(int number) : number_(number) {
   for (unsigned byte = 0; byte < 256; ++byte) {
     characters_[byte] = static_cast<char16_t>(
         byte < 0x80 ? byte : (table != nullptr ? table->high[byte - 0x80] : kPassedThrough + byte));
-    lead_[byte] = IsDoubleByte(number) &&
-                  ((byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC) ||
-                   (number != 932 && byte >= 0x81 && byte <= 0xFE));
+    lead_[byte] =
+        IsDoubleByte(number) && ((byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC) ||
+                                 (number != 932 && byte >= 0x81 && byte <= 0xFE));
   }
   for (unsigned byte = 0; byte < 256; ++byte) {
     const auto lower = static_cast<char16_t>(platform::FoldCase(characters_[byte]));

@@ -40,8 +40,8 @@ class CodePage {
   explicit CodePage(int number);
 
   int number_;
-  std::array<char16_t, 256> characters_{};     // single-byte pages and ASCII
-  std::array<unsigned char, 256> folded_{};    // lower-case byte
+  std::array<char16_t, 256> characters_{};   // single-byte pages and ASCII
+  std::array<unsigned char, 256> folded_{};  // lower-case byte
   std::array<bool, 256> lead_{};
 };
 

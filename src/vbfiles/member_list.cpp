@@ -13,10 +13,10 @@ using platform::Member;
 using platform::MemberType;
 
 Member MemberOf(const SourceIndex& index, const Procedure& procedure) {
-  return Member{index.page().ToUtf8(index.Name(procedure.name)),
-                procedure.kind == platform::ProcKind::kProc ? MemberType::kMethod
-                                                            : MemberType::kProperty,
-                procedure.scope, procedure.body_line};
+  return Member{
+      index.page().ToUtf8(index.Name(procedure.name)),
+      procedure.kind == platform::ProcKind::kProc ? MemberType::kMethod : MemberType::kProperty,
+      procedure.scope, procedure.body_line};
 }
 
 Member MemberOf(const SourceIndex& index, const Declaration& declaration) {

@@ -18,9 +18,9 @@ struct ModuleHeader {
   bool creatable = false;
   bool global_name_space = false;
   bool multi_use = false;
-  bool recognised = false;    // a version line or an attribute line was found
-  std::size_t length = 0;     // bytes up to the first visible line
-  bool complete = false;      // the end of the header lies within the text
+  bool recognised = false;  // a version line or an attribute line was found
+  std::size_t length = 0;   // bytes up to the first visible line
+  bool complete = false;    // the end of the header lies within the text
 };
 
 // Reads the header from the beginning of a file. `whole`: the text is the whole file; otherwise

@@ -45,16 +45,18 @@ class ModuleText final : public SourceLines {
   void Replace(std::int32_t line, std::span<const std::string> texts);
 
   bool edited() const { return edited_; }
+  // Whether zero bytes stand before the trailer: no source text then.
+  bool HasZeroBytes() const { return original_.find('\0') != std::string::npos; }
   std::string OriginalBytes() const;
   std::string CurrentBytes() const;
 
  private:
   struct Record {
     std::uint32_t offset;
-    std::uint32_t length;      // of the line without its terminator
-    std::uint32_t hidden;      // length of the hidden lines
-    std::uint8_t terminator;   // length of the terminator, 1 or 2
-    bool added;                // in added_ instead of original_
+    std::uint32_t length;     // of the line without its terminator
+    std::uint32_t hidden;     // length of the hidden lines
+    std::uint8_t terminator;  // length of the terminator, 1 or 2
+    bool added;               // in added_ instead of original_
   };
 
   std::string_view Bytes(const Record& record) const;  // line, terminator and hidden lines

@@ -60,8 +60,7 @@ std::string PathResolver::RealName(const std::string& folder, const std::string&
   return found == listed.folded.end() ? name : found->second;
 }
 
-bool IsInside(const files::FileSystem& system, const std::string& path,
-              const std::string& folder) {
+bool IsInside(const files::FileSystem& system, const std::string& path, const std::string& folder) {
   for (std::string at = path; !at.empty();) {
     if (at == folder) return true;
     std::string parent = system.Folder(at);

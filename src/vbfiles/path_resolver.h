@@ -24,8 +24,8 @@ class PathResolver {
 
  private:
   struct Folder {
-    std::unordered_set<std::string> names;                 // exact
-    std::unordered_map<std::string, std::string> folded;   // lower case to exact
+    std::unordered_set<std::string> names;                // exact
+    std::unordered_map<std::string, std::string> folded;  // lower case to exact
   };
 
   const Folder& List(const std::string& folder);

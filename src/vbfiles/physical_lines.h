@@ -28,8 +28,7 @@ inline PhysicalLine ReadPhysicalLine(std::string_view text, std::size_t begin) {
   if (carriage_return == nullptr) {
     return {begin, begin + limit, begin + limit + (line_feed == nullptr ? 0 : 1)};
   }
-  const auto length =
-      static_cast<std::size_t>(static_cast<const char*>(carriage_return) - start);
+  const auto length = static_cast<std::size_t>(static_cast<const char*>(carriage_return) - start);
   const bool pair = line_feed != nullptr && length + 1 == limit;
   return {begin, begin + length, begin + length + (pair ? 2 : 1)};
 }

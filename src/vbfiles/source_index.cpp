@@ -73,9 +73,8 @@ void SourceIndex::Update(std::int32_t first, std::int32_t removed, std::int32_t 
   const std::int32_t edit_end = first + inserted;
   std::int32_t line = start;
   // Behind the edit the entries still tell the state before it.
-  while (line <= LineCount() &&
-         (line < edit_end || Info(line).mode != mode ||
-          Info(line).continuation != Continuation::kNone)) {
+  while (line <= LineCount() && (line < edit_end || Info(line).mode != mode ||
+                                 Info(line).continuation != Continuation::kNone)) {
     line = scanner.Scan(line, mode, infos_, found);
   }
 
@@ -159,9 +158,9 @@ std::int32_t SourceIndex::RegionEnd(const Procedure& procedure) const {
 
 const Procedure* SourceIndex::OwnerOf(std::int32_t line) const {
   if (line < 1 || line > LineCount()) return nullptr;
-  const auto at = std::partition_point(
-      procedures_.begin(), procedures_.end(),
-      [&](const Procedure& procedure) { return RegionEnd(procedure) < line; });
+  const auto at =
+      std::partition_point(procedures_.begin(), procedures_.end(),
+                           [&](const Procedure& procedure) { return RegionEnd(procedure) < line; });
   if (at == procedures_.end() || line < RegionStart(*at)) return nullptr;
   return &*at;
 }

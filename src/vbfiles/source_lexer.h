@@ -11,12 +11,12 @@
 namespace vbfiles {
 
 enum class TokenKind {
-  kWord,    // identifier or keyword, type character and brackets left off
+  kWord,  // identifier or keyword, type character and brackets left off
   kNumber,
   kString,
-  kColon,   // between statements
-  kOther,   // one character of punctuation, or a date
-  kEnd,     // of the logical line
+  kColon,  // between statements
+  kOther,  // one character of punctuation, or a date
+  kEnd,    // of the logical line
 };
 
 struct Token {

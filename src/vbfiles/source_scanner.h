@@ -46,8 +46,8 @@ inline constexpr std::int32_t kUnknownLine = 0;
 
 struct Procedure {
   NamePlace name;
-  std::int32_t body_line = 0;            // declaration line
-  std::int32_t end_line = kToModuleEnd;  // kToModuleEnd while no end statement was found
+  std::int32_t body_line = 0;                // declaration line
+  std::int32_t end_line = kToModuleEnd;      // kToModuleEnd while no end statement was found
   std::int32_t region_start = kUnknownLine;  // filled in by LineOwnership
   platform::ProcKind kind = platform::ProcKind::kProc;
   platform::MemberScope scope = platform::MemberScope::kPublic;

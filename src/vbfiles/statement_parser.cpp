@@ -72,7 +72,7 @@ void StatementParser::ModuleStatement() {
     return;
   }
   MemberScope scope = MemberScope::kPublic;
-  bool scoped = true;   // a scope word stands here
+  bool scoped = true;  // a scope word stands here
   bool variables = true;
   if (TakeKeyword("public") || TakeKeyword("global")) {
   } else if (TakeKeyword("private") || TakeKeyword("dim")) {
