@@ -3,13 +3,10 @@
 
 #include <charconv>
 
-#include "platform/text.h"
-
 namespace forms {
 
 namespace {
 
-using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 std::optional<std::int32_t> TextNumberOfTag(std::string_view tag) {
@@ -67,13 +64,12 @@ void Form::Resize(double width, double height) {
 }
 
 std::optional<Variant> Form::GetProperty(std::string_view name) const {
-  if (EqualsIgnoringCase(name, "WindowState"))
-    return Variant(static_cast<std::int32_t>(window_state_));
+  if (SameName(name, "WindowState")) return Variant(static_cast<std::int32_t>(window_state_));
   return Container::GetProperty(name);
 }
 
 bool Form::SetProperty(std::string_view name, const Variant& value) {
-  if (!EqualsIgnoringCase(name, "WindowState")) return Container::SetProperty(name, value);
+  if (!SameName(name, "WindowState")) return Container::SetProperty(name, value);
   std::int32_t state = value.ToLong();
   if (state < 0 || state > 2) return false;
   SetWindowState(static_cast<WindowState>(state));
@@ -81,7 +77,7 @@ bool Form::SetProperty(std::string_view name, const Variant& value) {
 }
 
 PropertyObject* Form::SubObject(std::string_view name, const std::optional<Variant>& argument) {
-  if (EqualsIgnoringCase(name, "Me") && !argument) return this;
+  if (SameName(name, "Me") && !argument) return this;
   return Container::SubObject(name, argument);
 }
 

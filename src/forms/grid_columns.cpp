@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/grid_columns.h"
 
-#include "platform/text.h"
-
 namespace forms {
 
-using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 namespace {
@@ -16,30 +13,30 @@ bool FitsWidth(double width) { return width >= 0 && width <= 144000; }
 }  // namespace
 
 std::optional<Variant> Column::GetProperty(std::string_view name) const {
-  if (EqualsIgnoringCase(name, "DataField")) return Variant(field_);
-  if (EqualsIgnoringCase(name, "Caption")) return Variant(caption_);
-  if (EqualsIgnoringCase(name, "Width")) return Variant(width_);
-  if (EqualsIgnoringCase(name, "Order")) return Variant(order_);
-  if (EqualsIgnoringCase(name, "AllowSizing")) return Variant(allow_sizing_);
-  if (EqualsIgnoringCase(name, "Visible")) return Variant(visible_);
-  if (EqualsIgnoringCase(name, "Locked")) return Variant(locked_);
-  if (EqualsIgnoringCase(name, "Button")) return Variant(Button());
+  if (SameName(name, "DataField")) return Variant(field_);
+  if (SameName(name, "Caption")) return Variant(caption_);
+  if (SameName(name, "Width")) return Variant(width_);
+  if (SameName(name, "Order")) return Variant(order_);
+  if (SameName(name, "AllowSizing")) return Variant(allow_sizing_);
+  if (SameName(name, "Visible")) return Variant(visible_);
+  if (SameName(name, "Locked")) return Variant(locked_);
+  if (SameName(name, "Button")) return Variant(Button());
   return std::nullopt;
 }
 
 bool Column::SetProperty(std::string_view name, const Variant& value) {
-  if (EqualsIgnoringCase(name, "Caption")) {
+  if (SameName(name, "Caption")) {
     SetCaption(value.ToText());
-  } else if (EqualsIgnoringCase(name, "Width")) {
+  } else if (SameName(name, "Width")) {
     if (!FitsWidth(value.ToDouble())) return false;
     SetWidth(value.ToDouble());
-  } else if (EqualsIgnoringCase(name, "Order")) {
+  } else if (SameName(name, "Order")) {
     SetOrder(value.ToLong());
-  } else if (EqualsIgnoringCase(name, "AllowSizing")) {
+  } else if (SameName(name, "AllowSizing")) {
     SetAllowSizing(value.ToBool());
-  } else if (EqualsIgnoringCase(name, "Visible")) {
+  } else if (SameName(name, "Visible")) {
     SetVisible(value.ToBool());
-  } else if (EqualsIgnoringCase(name, "Locked")) {
+  } else if (SameName(name, "Locked")) {
     SetLocked(value.ToBool());
   } else {
     return false;
@@ -60,21 +57,21 @@ Column& Split::AddColumn(std::string_view field, double width) {
 }
 
 std::optional<Variant> Split::GetProperty(std::string_view name) const {
-  if (EqualsIgnoringCase(name, "Width")) return Variant(width_);
+  if (SameName(name, "Width")) return Variant(width_);
   return std::nullopt;
 }
 
 bool Split::SetProperty(std::string_view name, const Variant& value) {
-  if (!EqualsIgnoringCase(name, "Width") || !FitsWidth(value.ToDouble())) return false;
+  if (!SameName(name, "Width") || !FitsWidth(value.ToDouble())) return false;
   SetWidth(value.ToDouble());
   return true;
 }
 
 PropertyObject* Split::SubObject(std::string_view name, const std::optional<Variant>& argument) {
-  if (!EqualsIgnoringCase(name, "Columns") || !argument) return nullptr;
+  if (!SameName(name, "Columns") || !argument) return nullptr;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     auto field = argument->Get<std::string>();
-    if (field ? EqualsIgnoringCase(columns_[i]->DataField(), *field)
+    if (field ? SameName(columns_[i]->DataField(), *field)
               : argument->ToDouble() == static_cast<double>(i)) {
       return columns_[i].get();
     }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "forms/menu_control.h"
 
-#include "platform/text.h"
-
 namespace forms {
 
 Tool& Band::AddTool(std::string_view name, ToolKind kind) {
@@ -23,14 +21,14 @@ Band& MenuControl::AddBand(std::string_view name) {
 
 Band* MenuControl::FindBand(std::string_view name) const {
   for (const auto& band : bands_) {
-    if (platform::EqualsIgnoringCase(band->Name(), name)) return band.get();
+    if (SameName(band->Name(), name)) return band.get();
   }
   return nullptr;
 }
 
 Tool* MenuControl::FindTool(std::string_view name) const {
   for (const auto& tool : tools_) {
-    if (platform::EqualsIgnoringCase(tool->Name(), name)) return tool.get();
+    if (SameName(tool->Name(), name)) return tool.get();
   }
   return nullptr;
 }

@@ -31,7 +31,6 @@ enum class Property {
   kSelection,
   kColumns,
   kEditState,
-  kEditValue,  // of the cell that is being edited
   kTools,
   kPanels,
 };

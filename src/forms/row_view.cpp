@@ -2,12 +2,19 @@
 #include "forms/row_view.h"
 
 #include <algorithm>
-
-#include "platform/text.h"
+#include <numeric>
 
 namespace forms {
 
+namespace {
+
 using platform::Variant;
+
+void AppendFolded(std::string& out, std::string_view text) {
+  for (char c : text) out += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
 
 void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
   source_ = std::move(source);
@@ -21,11 +28,12 @@ void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
 }
 
 void RowView::Rebind() {
+  auto old_position = CurrentPosition();
   auto old_id = current_id_;
   blocks_.clear();
   folded_.clear();
   if (!filter_.empty()) ApplyFilter();
-  KeepExistingRows();
+  KeepExistingRows(old_position);
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
 }
@@ -36,17 +44,12 @@ void RowView::RefreshCells() {
   Notify(Property::kCells);
 }
 
-void RowView::KeepExistingRows() {
+void RowView::KeepExistingRows(std::optional<std::size_t> old_position) {
   std::erase_if(selection_, [this](std::int64_t id) { return !PositionOf(id); });
-  if (!current_id_) return;
-  if (auto position = PositionOf(*current_id_)) {
-    known_position_ = *position;
-    return;
-  }
+  if (!current_id_ || PositionOf(*current_id_)) return;
   current_id_.reset();
   if (std::size_t count = RowCount(); count > 0) {
-    known_position_ = std::min(known_position_, count - 1);
-    current_id_ = IdAt(known_position_);
+    current_id_ = IdAt(std::min(old_position.value_or(0), count - 1));
   }
 }
 
@@ -98,7 +101,7 @@ void RowView::ReadFoldedRows() {
       std::string& text = folded_.emplace_back();
       for (const Variant& cell : row.cells) {
         if (!cell.IsText()) continue;
-        text += platform::FoldCase(*cell.Get<std::string>());
+        AppendFolded(text, *cell.Get<std::string>());
         text += '\n';
       }
     }
@@ -110,7 +113,8 @@ void RowView::ApplyFilter() {
   passing_.clear();
   if (!source_) return;
   if (folded_.empty()) ReadFoldedRows();
-  std::string wanted = platform::FoldCase(filter_);
+  std::string wanted;
+  AppendFolded(wanted, filter_);
   for (std::size_t i = 0; i < folded_.size(); ++i) {
     if (folded_[i].find(wanted) != std::string::npos) passing_.push_back(i);
   }
@@ -119,16 +123,16 @@ void RowView::ApplyFilter() {
 void RowView::SetFilter(std::string_view text) {
   if (filter_ == text) return;
   if (!LeaveRow()) return;
+  auto old_position = CurrentPosition();
   auto old_id = current_id_;
   filter_ = text;
-  known_position_ = 0;
   if (filter_.empty()) {
     passing_.clear();
     folded_.clear();
   } else {
     ApplyFilter();
   }
-  KeepExistingRows();
+  KeepExistingRows(old_position);
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
 }
@@ -139,10 +143,8 @@ std::optional<std::size_t> RowView::CurrentPosition() const {
 
 bool RowView::SetCurrentId(std::optional<std::int64_t> id) {
   if (id == current_id_) return true;
-  auto position = id ? PositionOf(*id) : std::nullopt;
-  if (id && !position) return false;
+  if (id && !PositionOf(*id)) return false;
   if (!LeaveRow()) return false;
-  known_position_ = position.value_or(0);
   Assign(current_id_, id, Property::kCurrentRow);
   if (on_current_row) on_current_row();
   return true;
