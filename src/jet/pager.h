@@ -116,9 +116,6 @@ class Pager final : public files::RangeSource {
 
   // Forgets all unchanged pages, because the file changed. Not in a transaction.
   void DropCache();
-  // Rises when pages may have gone back to earlier contents: by a rollback, or because the cache
-  // was dropped.
-  std::uint64_t generation() const { return generation_; }
 
   // files::RangeSource: what the outermost transaction changes.
   files::RandomAccessFile& File() override { return file_; }
@@ -136,7 +133,6 @@ class Pager final : public files::RangeSource {
 
   files::RandomAccessFile& file_;
   std::size_t cache_pages_;
-  std::uint64_t generation_ = 0;
   PageNumber page_count_ = 0;
   PageNumber file_pages_ = 0;  // pages that are in the file
   std::vector<PageFrame*> frame_of_page_;

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The rows of the text table, one file of rows per area. Numbers below 1000 are shared with the
+// studio and fixed; texts of our own have numbers from 1000 and always both languages.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace texts {
+
+// Marks a slot that was left out in the middle of a row; it is looked up as empty text.
+inline constexpr const char* kOmitted = nullptr;
+
+// One text. CR LF marks a line break, <Name> a placeholder, & a mnemonic in captions.
+struct Row {
+  std::int32_t number;
+  const char* german;
+  const char* english;
+  const char* third = nullptr;  // slot 2, where a row has one
+};
+
+// The rows of an area and the numbers that it may use.
+struct Area {
+  std::string_view name;
+  std::int32_t first;
+  std::int32_t last;
+  std::span<const Row> rows;
+};
+
+std::span<const Row> SharedRows();     // 10 to 999
+std::span<const Row> StoreRows();      // 1000 to 1099: operations
+std::span<const Row> CodegenRows();    // 1100 to 1199: code generator
+std::span<const Row> CliRows();        // 1200 to 1399: command line
+std::span<const Row> WorkbenchRows();  // 1400 to 1599: desktop program
+std::span<const Row> DialogRows();     // 1600 to 1699: dialogs and editor window
+std::span<const Row> HelpRows();       // 1700 to 1799: report and help
+std::span<const Row> EngineRows();     // 1800 to 1899: database and source files
+
+std::span<const Area> Areas();
+
+}  // namespace texts

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "texts/text_table.h"
+
+#include <array>
+
+#include "platform/studio.h"
+#include "texts/rows.h"
+
+namespace texts {
+
+namespace {
+
+std::string NotFound(std::int32_t number) {
+  return "Resource " + std::to_string(number) + " not found";
+}
+
+}  // namespace
+
+Language LanguageOfLcid(std::int32_t lcid) {
+  return lcid == 1033 ? Language::kEnglish : Language::kGerman;
+}
+
+Language ChooseLanguage(platform::SettingsService& settings) {
+  return LanguageOfLcid(settings.RegistryNumber(kLanguageKey, kLanguageValue, 0));
+}
+
+std::span<const Area> Areas() {
+  static const std::array<Area, 8> areas = {{
+      {"shared", 10, 999, SharedRows()},
+      {"store", 1000, 1099, StoreRows()},
+      {"codegen", 1100, 1199, CodegenRows()},
+      {"cli", 1200, 1399, CliRows()},
+      {"workbench", 1400, 1599, WorkbenchRows()},
+      {"dialogs", 1600, 1699, DialogRows()},
+      {"help", 1700, 1799, HelpRows()},
+      {"engine", 1800, 1899, EngineRows()},
+  }};
+  return areas;
+}
+
+TextTable::TextTable(Language language) : language_(language) {
+  auto add = [this](std::int32_t key, const char* text) {
+    slots_.emplace(key, text == kOmitted ? std::string_view() : std::string_view(text));
+  };
+  for (const Area& area : Areas()) {
+    for (const Row& row : area.rows) {
+      add(row.number, row.german);
+      add(row.number + kSlotDistance, row.english);
+      if (row.third) add(row.number + 2 * kSlotDistance, row.third);
+    }
+  }
+}
+
+std::string TextTable::Text(std::int32_t number) const {
+  // Numbers come from tags, so that any number must do.
+  std::int64_t key = std::int64_t{number} + (language_ == Language::kEnglish ? kSlotDistance : 0);
+  if (key != static_cast<std::int32_t>(key)) return NotFound(number);
+  auto found = slots_.find(static_cast<std::int32_t>(key));
+  return found == slots_.end() ? NotFound(number) : std::string(found->second);
+}
+
+std::string TextTable::Text(std::int32_t number,
+                            std::initializer_list<Replacement> replacements) const {
+  std::string pattern = Text(number);
+  std::string_view rest = pattern;
+  std::string out;
+  while (!rest.empty()) {
+    const Replacement* match = nullptr;
+    for (const Replacement& replacement : replacements) {
+      if (!replacement.first.empty() && rest.starts_with(replacement.first)) match = &replacement;
+    }
+    out += match ? match->second : rest.substr(0, 1);
+    rest.remove_prefix(match ? match->first.size() : 1);
+  }
+  return out;
+}
+
+}  // namespace texts
