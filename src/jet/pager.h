@@ -114,8 +114,6 @@ class Pager final : public files::RangeSource {
   void Begin();
   void Commit();
   void Rollback() noexcept;
-  // Rises when pages became other than by Modify: after a rollback and when the cache is dropped.
-  std::uint64_t generation() const { return generation_; }
   bool HasChanges() const { return !dirty_.empty(); }
 
   // Forgets all unchanged pages, because the file changed. Not in a transaction.
@@ -163,7 +161,6 @@ class Pager final : public files::RangeSource {
   std::uint32_t level_ = 0;
   std::vector<Level> levels_;
   PageNumber lowest_free_ = 0;  // no page below it is free
-  std::uint64_t generation_ = 0;
 };
 
 }  // namespace jet
