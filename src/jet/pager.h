@@ -161,6 +161,7 @@ class Pager final : public files::RangeSource {
   std::uint32_t level_ = 0;
   std::vector<Level> levels_;
   PageNumber lowest_free_ = 0;  // no page below it is free
+  std::uint64_t generation_ = 0;
 };
 
 }  // namespace jet
