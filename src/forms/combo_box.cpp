@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "forms/combo_box.h"
 
+#include "platform/text.h"
+
 namespace forms {
 
+using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 std::optional<std::size_t> ListSource::FindData(std::int32_t data) {
@@ -14,7 +17,8 @@ std::optional<std::size_t> ListSource::FindData(std::int32_t data) {
 
 std::optional<std::size_t> ListSource::FindPrefix(std::string_view prefix, std::size_t from) {
   for (std::size_t i = from; i < Count(); ++i) {
-    if (SameName(std::string_view(Item(i).text).substr(0, prefix.size()), prefix)) return i;
+    if (EqualsIgnoringCase(std::string_view(Item(i).text).substr(0, prefix.size()), prefix))
+      return i;
   }
   return std::nullopt;
 }
@@ -66,7 +70,7 @@ std::int32_t ComboBox::FindData(std::int32_t data) const {
 
 std::int32_t ComboBox::FindText(std::string_view text) const {
   for (std::int32_t i = 0; i < ListCount(); ++i) {
-    if (SameName(List(i), text)) return i;
+    if (EqualsIgnoringCase(List(i), text)) return i;
   }
   return -1;
 }
@@ -79,13 +83,13 @@ void ComboBox::SetListIndex(std::int32_t index) {
 std::string ComboBox::Text() const { return List(list_index_); }
 
 std::optional<Variant> ComboBox::GetProperty(std::string_view name) const {
-  if (SameName(name, "ListIndex")) return Variant(list_index_);
-  if (SameName(name, "Text")) return Variant(Text());
+  if (EqualsIgnoringCase(name, "ListIndex")) return Variant(list_index_);
+  if (EqualsIgnoringCase(name, "Text")) return Variant(Text());
   return Control::GetProperty(name);
 }
 
 bool ComboBox::SetProperty(std::string_view name, const Variant& value) {
-  if (!SameName(name, "ListIndex")) return Control::SetProperty(name, value);
+  if (!EqualsIgnoringCase(name, "ListIndex")) return Control::SetProperty(name, value);
   SetListIndex(value.ToLong());
   return true;
 }

@@ -26,8 +26,8 @@ class ListSource {
   virtual ListItem Item(std::size_t index) = 0;
   // First entry with the item data. The default looks at every entry.
   virtual std::optional<std::size_t> FindData(std::int32_t data);
-  // First entry at or after `from` whose text begins with the prefix, ASCII letters without
-  // regard to case. The default looks at every entry.
+  // First entry at or after `from` whose text begins with the prefix; letter case
+  // does not count. The default looks at every entry.
   virtual std::optional<std::size_t> FindPrefix(std::string_view prefix, std::size_t from = 0);
 };
 

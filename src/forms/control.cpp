@@ -2,11 +2,21 @@
 #include "forms/control.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "forms/form.h"
+#include "platform/text.h"
 
 namespace forms {
 
+namespace {
+
+// Lengths beyond a thousand inches come from damaged settings.
+bool FitsLength(const platform::Variant& value) { return std::abs(value.ToDouble()) <= 1440000; }
+
+}  // namespace
+
+using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 Control::Control(Container* container, std::string_view name, std::optional<std::int32_t> index)
@@ -41,32 +51,36 @@ void Control::BringToFront() {
 }
 
 std::optional<Variant> Control::GetProperty(std::string_view name) const {
-  if (SameName(name, "Name")) return Variant(name_);
-  if (SameName(name, "Tag")) return Variant(tag_);
-  if (SameName(name, "Enabled")) return Variant(enabled_);
-  if (SameName(name, "Visible")) return Variant(visible_);
-  if (SameName(name, "Left")) return Variant(bounds_.left);
-  if (SameName(name, "Top")) return Variant(bounds_.top);
-  if (SameName(name, "Width")) return Variant(bounds_.width);
-  if (SameName(name, "Height")) return Variant(bounds_.height);
+  if (EqualsIgnoringCase(name, "Name")) return Variant(name_);
+  if (EqualsIgnoringCase(name, "Tag")) return Variant(tag_);
+  if (EqualsIgnoringCase(name, "Enabled")) return Variant(enabled_);
+  if (EqualsIgnoringCase(name, "Visible")) return Variant(visible_);
+  if (EqualsIgnoringCase(name, "Left")) return Variant(bounds_.left);
+  if (EqualsIgnoringCase(name, "Top")) return Variant(bounds_.top);
+  if (EqualsIgnoringCase(name, "Width")) return Variant(bounds_.width);
+  if (EqualsIgnoringCase(name, "Height")) return Variant(bounds_.height);
   return std::nullopt;
 }
 
 bool Control::SetProperty(std::string_view name, const Variant& value) {
   Bounds bounds = bounds_;
-  if (SameName(name, "Tag")) {
+  if (EqualsIgnoringCase(name, "Tag")) {
     SetTag(value.ToText());
-  } else if (SameName(name, "Enabled")) {
+  } else if (EqualsIgnoringCase(name, "Enabled")) {
     SetEnabled(value.ToBool());
-  } else if (SameName(name, "Visible")) {
+  } else if (EqualsIgnoringCase(name, "Visible")) {
     SetVisible(value.ToBool());
-  } else if (SameName(name, "Left")) {
+  } else if (EqualsIgnoringCase(name, "Left")) {
+    if (!FitsLength(value)) return false;
     bounds.left = value.ToDouble();
-  } else if (SameName(name, "Top")) {
+  } else if (EqualsIgnoringCase(name, "Top")) {
+    if (!FitsLength(value)) return false;
     bounds.top = value.ToDouble();
-  } else if (SameName(name, "Width")) {
+  } else if (EqualsIgnoringCase(name, "Width")) {
+    if (!FitsLength(value)) return false;
     bounds.width = value.ToDouble();
-  } else if (SameName(name, "Height")) {
+  } else if (EqualsIgnoringCase(name, "Height")) {
+    if (!FitsLength(value)) return false;
     bounds.height = value.ToDouble();
   } else {
     return false;
@@ -76,41 +90,41 @@ bool Control::SetProperty(std::string_view name, const Variant& value) {
 }
 
 PropertyObject* Control::SubObject(std::string_view name, const std::optional<Variant>& argument) {
-  return SameName(name, "Font") && !argument ? &font_properties_ : nullptr;
+  return EqualsIgnoringCase(name, "Font") && !argument ? &font_properties_ : nullptr;
 }
 
 std::optional<Variant> Control::FontProperties::GetProperty(std::string_view name) const {
   const Font& font = control_.GetFont();
-  if (SameName(name, "Name")) return Variant(font.name);
-  if (SameName(name, "Size")) return Variant(font.size);
-  if (SameName(name, "Charset")) return Variant(font.charset);
-  if (SameName(name, "Italic")) return Variant(font.italic);
-  if (SameName(name, "Strikethrough")) return Variant(font.strikethrough);
-  if (SameName(name, "Underline")) return Variant(font.underline);
-  if (SameName(name, "Weight")) return Variant(font.weight);
-  if (SameName(name, "Bold")) return Variant(font.bold());
+  if (EqualsIgnoringCase(name, "Name")) return Variant(font.name);
+  if (EqualsIgnoringCase(name, "Size")) return Variant(font.size);
+  if (EqualsIgnoringCase(name, "Charset")) return Variant(font.charset);
+  if (EqualsIgnoringCase(name, "Italic")) return Variant(font.italic);
+  if (EqualsIgnoringCase(name, "Strikethrough")) return Variant(font.strikethrough);
+  if (EqualsIgnoringCase(name, "Underline")) return Variant(font.underline);
+  if (EqualsIgnoringCase(name, "Weight")) return Variant(font.weight);
+  if (EqualsIgnoringCase(name, "Bold")) return Variant(font.bold());
   return std::nullopt;
 }
 
 bool Control::FontProperties::SetProperty(std::string_view name, const Variant& value) {
   Font font = control_.GetFont();
-  if (SameName(name, "Name")) {
+  if (EqualsIgnoringCase(name, "Name")) {
     font.name = value.ToText();
-  } else if (SameName(name, "Size")) {
+  } else if (EqualsIgnoringCase(name, "Size")) {
     double size = value.ToDouble();
     if (!(size >= 1 && size <= 2160)) return false;
     font.size = size;
-  } else if (SameName(name, "Charset")) {
+  } else if (EqualsIgnoringCase(name, "Charset")) {
     font.charset = value.ToLong();
-  } else if (SameName(name, "Italic")) {
+  } else if (EqualsIgnoringCase(name, "Italic")) {
     font.italic = value.ToBool();
-  } else if (SameName(name, "Strikethrough")) {
+  } else if (EqualsIgnoringCase(name, "Strikethrough")) {
     font.strikethrough = value.ToBool();
-  } else if (SameName(name, "Underline")) {
+  } else if (EqualsIgnoringCase(name, "Underline")) {
     font.underline = value.ToBool();
-  } else if (SameName(name, "Weight")) {
+  } else if (EqualsIgnoringCase(name, "Weight")) {
     font.weight = value.ToLong();
-  } else if (SameName(name, "Bold")) {
+  } else if (EqualsIgnoringCase(name, "Bold")) {
     font.weight = value.ToBool() ? 700 : 400;
   } else {
     return false;
@@ -120,12 +134,12 @@ bool Control::FontProperties::SetProperty(std::string_view name, const Variant& 
 }
 
 std::optional<Variant> CaptionedControl::GetProperty(std::string_view name) const {
-  if (SameName(name, "Caption")) return Variant(caption_);
+  if (EqualsIgnoringCase(name, "Caption")) return Variant(caption_);
   return Control::GetProperty(name);
 }
 
 bool CaptionedControl::SetProperty(std::string_view name, const Variant& value) {
-  if (!SameName(name, "Caption")) return Control::SetProperty(name, value);
+  if (!EqualsIgnoringCase(name, "Caption")) return Control::SetProperty(name, value);
   SetCaption(value.ToText());
   return true;
 }
@@ -136,7 +150,7 @@ Container::~Container() {
 
 Control* Container::FindControl(std::string_view name, std::optional<std::int32_t> index) {
   for (Control* control : controls_) {
-    if (control->Index() == index && SameName(control->Name(), name)) return control;
+    if (control->Index() == index && EqualsIgnoringCase(control->Name(), name)) return control;
     if (auto* nested = dynamic_cast<Container*>(control)) {
       if (Control* found = nested->FindControl(name, index)) return found;
     }

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "forms/fields.h"
 
+#include "platform/text.h"
+
 namespace forms {
 
+using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 void TextBox::SetText(std::string_view text) {
@@ -10,12 +13,12 @@ void TextBox::SetText(std::string_view text) {
 }
 
 std::optional<Variant> TextBox::GetProperty(std::string_view name) const {
-  if (SameName(name, "Text")) return Variant(text_);
+  if (EqualsIgnoringCase(name, "Text")) return Variant(text_);
   return Control::GetProperty(name);
 }
 
 bool TextBox::SetProperty(std::string_view name, const Variant& value) {
-  if (!SameName(name, "Text")) return Control::SetProperty(name, value);
+  if (!EqualsIgnoringCase(name, "Text")) return Control::SetProperty(name, value);
   SetText(value.ToText());
   return true;
 }
@@ -25,12 +28,12 @@ void CheckBox::SetChecked(bool checked) {
 }
 
 std::optional<Variant> CheckBox::GetProperty(std::string_view name) const {
-  if (SameName(name, "Value")) return Variant(checked_ ? 1 : 0);
+  if (EqualsIgnoringCase(name, "Value")) return Variant(checked_ ? 1 : 0);
   return CaptionedControl::GetProperty(name);
 }
 
 bool CheckBox::SetProperty(std::string_view name, const Variant& value) {
-  if (!SameName(name, "Value")) return CaptionedControl::SetProperty(name, value);
+  if (!EqualsIgnoringCase(name, "Value")) return CaptionedControl::SetProperty(name, value);
   SetChecked(value.ToBool());
   return true;
 }

@@ -3,10 +3,13 @@
 
 #include <charconv>
 
+#include "platform/text.h"
+
 namespace forms {
 
 namespace {
 
+using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 std::optional<std::int32_t> TextNumberOfTag(std::string_view tag) {
@@ -64,12 +67,13 @@ void Form::Resize(double width, double height) {
 }
 
 std::optional<Variant> Form::GetProperty(std::string_view name) const {
-  if (SameName(name, "WindowState")) return Variant(static_cast<std::int32_t>(window_state_));
+  if (EqualsIgnoringCase(name, "WindowState"))
+    return Variant(static_cast<std::int32_t>(window_state_));
   return Container::GetProperty(name);
 }
 
 bool Form::SetProperty(std::string_view name, const Variant& value) {
-  if (!SameName(name, "WindowState")) return Container::SetProperty(name, value);
+  if (!EqualsIgnoringCase(name, "WindowState")) return Container::SetProperty(name, value);
   std::int32_t state = value.ToLong();
   if (state < 0 || state > 2) return false;
   SetWindowState(static_cast<WindowState>(state));
@@ -77,7 +81,7 @@ bool Form::SetProperty(std::string_view name, const Variant& value) {
 }
 
 PropertyObject* Form::SubObject(std::string_view name, const std::optional<Variant>& argument) {
-  if (SameName(name, "Me") && !argument) return this;
+  if (EqualsIgnoringCase(name, "Me") && !argument) return this;
   return Container::SubObject(name, argument);
 }
 

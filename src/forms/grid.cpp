@@ -6,9 +6,11 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "platform/text.h"
 
 namespace forms {
 
+using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 Split& Grid::AddSplit(double width) {
@@ -38,7 +40,7 @@ std::optional<std::size_t> Grid::FindColumn(std::string_view field) const {
   std::size_t number = 0;
   for (const auto& split : splits_) {
     for (const auto& column : split->Columns()) {
-      if (SameName(column->DataField(), field)) return number;
+      if (EqualsIgnoringCase(column->DataField(), field)) return number;
       ++number;
     }
   }
@@ -172,12 +174,12 @@ void Grid::CancelUpdate() {
 }
 
 PropertyObject* Grid::SubObject(std::string_view name, const std::optional<Variant>& argument) {
-  if (SameName(name, "Splits") && argument && !argument->IsText()) {
+  if (EqualsIgnoringCase(name, "Splits") && argument && !argument->IsText()) {
     double index = argument->ToDouble();
     bool fits = index >= 0 && index < static_cast<double>(splits_.size());
     return fits ? splits_[static_cast<std::size_t>(index)].get() : nullptr;
   }
-  if (SameName(name, "Columns") && argument) {
+  if (EqualsIgnoringCase(name, "Columns") && argument) {
     if (auto field = argument->Get<std::string>()) {
       auto column = FindColumn(*field);
       return column ? &ColumnAt(*column) : nullptr;

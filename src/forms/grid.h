@@ -63,7 +63,9 @@ class Grid : public RowView {
   // Edits a cell of the current row; false when there is no such row or the column is locked.
   // Another cell's edit is ended first.
   bool BeginEdit(std::size_t column);
-  void SetEditValue(const platform::Variant& value) { edit_value_ = value; }
+  void SetEditValue(const platform::Variant& value) {
+    Assign(edit_value_, value, Property::kEditValue);
+  }
   const platform::Variant& EditValue() const { return edit_value_; }
   // Takes the value over into the row; before and after it the column events. False when refused;
   // the cell has its old value then. True when nothing is being edited.

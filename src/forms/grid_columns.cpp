@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "forms/grid_columns.h"
 
+#include "platform/text.h"
+
 namespace forms {
 
+using platform::EqualsIgnoringCase;
 using platform::Variant;
 
 namespace {
@@ -13,30 +16,30 @@ bool FitsWidth(double width) { return width >= 0 && width <= 144000; }
 }  // namespace
 
 std::optional<Variant> Column::GetProperty(std::string_view name) const {
-  if (SameName(name, "DataField")) return Variant(field_);
-  if (SameName(name, "Caption")) return Variant(caption_);
-  if (SameName(name, "Width")) return Variant(width_);
-  if (SameName(name, "Order")) return Variant(order_);
-  if (SameName(name, "AllowSizing")) return Variant(allow_sizing_);
-  if (SameName(name, "Visible")) return Variant(visible_);
-  if (SameName(name, "Locked")) return Variant(locked_);
-  if (SameName(name, "Button")) return Variant(Button());
+  if (EqualsIgnoringCase(name, "DataField")) return Variant(field_);
+  if (EqualsIgnoringCase(name, "Caption")) return Variant(caption_);
+  if (EqualsIgnoringCase(name, "Width")) return Variant(width_);
+  if (EqualsIgnoringCase(name, "Order")) return Variant(order_);
+  if (EqualsIgnoringCase(name, "AllowSizing")) return Variant(allow_sizing_);
+  if (EqualsIgnoringCase(name, "Visible")) return Variant(visible_);
+  if (EqualsIgnoringCase(name, "Locked")) return Variant(locked_);
+  if (EqualsIgnoringCase(name, "Button")) return Variant(Button());
   return std::nullopt;
 }
 
 bool Column::SetProperty(std::string_view name, const Variant& value) {
-  if (SameName(name, "Caption")) {
+  if (EqualsIgnoringCase(name, "Caption")) {
     SetCaption(value.ToText());
-  } else if (SameName(name, "Width")) {
+  } else if (EqualsIgnoringCase(name, "Width")) {
     if (!FitsWidth(value.ToDouble())) return false;
     SetWidth(value.ToDouble());
-  } else if (SameName(name, "Order")) {
+  } else if (EqualsIgnoringCase(name, "Order")) {
     SetOrder(value.ToLong());
-  } else if (SameName(name, "AllowSizing")) {
+  } else if (EqualsIgnoringCase(name, "AllowSizing")) {
     SetAllowSizing(value.ToBool());
-  } else if (SameName(name, "Visible")) {
+  } else if (EqualsIgnoringCase(name, "Visible")) {
     SetVisible(value.ToBool());
-  } else if (SameName(name, "Locked")) {
+  } else if (EqualsIgnoringCase(name, "Locked")) {
     SetLocked(value.ToBool());
   } else {
     return false;
@@ -57,21 +60,21 @@ Column& Split::AddColumn(std::string_view field, double width) {
 }
 
 std::optional<Variant> Split::GetProperty(std::string_view name) const {
-  if (SameName(name, "Width")) return Variant(width_);
+  if (EqualsIgnoringCase(name, "Width")) return Variant(width_);
   return std::nullopt;
 }
 
 bool Split::SetProperty(std::string_view name, const Variant& value) {
-  if (!SameName(name, "Width") || !FitsWidth(value.ToDouble())) return false;
+  if (!EqualsIgnoringCase(name, "Width") || !FitsWidth(value.ToDouble())) return false;
   SetWidth(value.ToDouble());
   return true;
 }
 
 PropertyObject* Split::SubObject(std::string_view name, const std::optional<Variant>& argument) {
-  if (!SameName(name, "Columns") || !argument) return nullptr;
+  if (!EqualsIgnoringCase(name, "Columns") || !argument) return nullptr;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     auto field = argument->Get<std::string>();
-    if (field ? SameName(columns_[i]->DataField(), *field)
+    if (field ? EqualsIgnoringCase(columns_[i]->DataField(), *field)
               : argument->ToDouble() == static_cast<double>(i)) {
       return columns_[i].get();
     }

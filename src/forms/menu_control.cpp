@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/menu_control.h"
 
+#include "platform/text.h"
+
 namespace forms {
 
 Tool& Band::AddTool(std::string_view name, ToolKind kind) {
@@ -21,14 +23,14 @@ Band& MenuControl::AddBand(std::string_view name) {
 
 Band* MenuControl::FindBand(std::string_view name) const {
   for (const auto& band : bands_) {
-    if (SameName(band->Name(), name)) return band.get();
+    if (platform::EqualsIgnoringCase(band->Name(), name)) return band.get();
   }
   return nullptr;
 }
 
 Tool* MenuControl::FindTool(std::string_view name) const {
   for (const auto& tool : tools_) {
-    if (SameName(tool->Name(), name)) return tool.get();
+    if (platform::EqualsIgnoringCase(tool->Name(), name)) return tool.get();
   }
   return nullptr;
 }

@@ -31,6 +31,7 @@ enum class Property {
   kSelection,
   kColumns,
   kEditState,
+  kEditValue,  // of the cell that is being edited
   kTools,
   kPanels,
 };

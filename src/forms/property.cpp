@@ -1,28 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "forms/property.h"
 
-#include <algorithm>
-
 namespace forms {
 
 namespace {
 
 using platform::Variant;
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 struct Component {
   std::string_view name;
   std::optional<Variant> argument;
 };
 
-// `name` or `name(argument)`; nothing when the parentheses do not close at the end.
+// `name` or `name(argument)`; nothing when the parentheses do not close at the end or the argument
+// is neither quoted nor a number.
 std::optional<Component> ParseComponent(std::string_view text) {
   auto open = text.find('(');
   if (open == std::string_view::npos) return Component{text, std::nullopt};
   if (text.back() != ')') return std::nullopt;
   std::string_view argument = text.substr(open + 1, text.size() - open - 2);
+  if (argument.empty()) return std::nullopt;
   bool quoted = argument.size() >= 2 && argument.front() == '"' && argument.back() == '"';
+  if (!quoted && !(argument[0] >= '0' && argument[0] <= '9')) return std::nullopt;
   Variant value =
       quoted ? Variant(argument.substr(1, argument.size() - 2)) : Variant(platform::Val(argument));
   return Component{text.substr(0, open), value};
@@ -55,11 +54,6 @@ std::optional<Variant> GetByPath(PropertyObject& object, std::string_view path) 
 bool SetByPath(PropertyObject& object, std::string_view path, const Variant& value) {
   PropertyObject* owner = Resolve(object, path);
   return owner && owner->SetProperty(path, value);
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
 }  // namespace forms

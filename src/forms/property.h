@@ -33,7 +33,4 @@ std::optional<platform::Variant> GetByPath(PropertyObject& object, std::string_v
 // refuses the value. Nothing is changed then.
 bool SetByPath(PropertyObject& object, std::string_view path, const platform::Variant& value);
 
-// Equality of names: ASCII letters without regard to case.
-bool SameName(std::string_view a, std::string_view b);
-
 }  // namespace forms

@@ -2,19 +2,12 @@
 #include "forms/row_view.h"
 
 #include <algorithm>
-#include <numeric>
+
+#include "platform/text.h"
 
 namespace forms {
 
-namespace {
-
 using platform::Variant;
-
-void AppendFolded(std::string& out, std::string_view text) {
-  for (char c : text) out += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-}  // namespace
 
 void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
   source_ = std::move(source);
@@ -28,12 +21,11 @@ void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
 }
 
 void RowView::Rebind() {
-  auto old_position = CurrentPosition();
   auto old_id = current_id_;
   blocks_.clear();
   folded_.clear();
   if (!filter_.empty()) ApplyFilter();
-  KeepExistingRows(old_position);
+  KeepExistingRows();
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
 }
@@ -44,12 +36,17 @@ void RowView::RefreshCells() {
   Notify(Property::kCells);
 }
 
-void RowView::KeepExistingRows(std::optional<std::size_t> old_position) {
+void RowView::KeepExistingRows() {
   std::erase_if(selection_, [this](std::int64_t id) { return !PositionOf(id); });
-  if (!current_id_ || PositionOf(*current_id_)) return;
+  if (!current_id_) return;
+  if (auto position = PositionOf(*current_id_)) {
+    known_position_ = *position;
+    return;
+  }
   current_id_.reset();
   if (std::size_t count = RowCount(); count > 0) {
-    current_id_ = IdAt(std::min(old_position.value_or(0), count - 1));
+    known_position_ = std::min(known_position_, count - 1);
+    current_id_ = IdAt(known_position_);
   }
 }
 
@@ -101,7 +98,7 @@ void RowView::ReadFoldedRows() {
       std::string& text = folded_.emplace_back();
       for (const Variant& cell : row.cells) {
         if (!cell.IsText()) continue;
-        AppendFolded(text, *cell.Get<std::string>());
+        text += platform::FoldCase(*cell.Get<std::string>());
         text += '\n';
       }
     }
@@ -113,8 +110,7 @@ void RowView::ApplyFilter() {
   passing_.clear();
   if (!source_) return;
   if (folded_.empty()) ReadFoldedRows();
-  std::string wanted;
-  AppendFolded(wanted, filter_);
+  std::string wanted = platform::FoldCase(filter_);
   for (std::size_t i = 0; i < folded_.size(); ++i) {
     if (folded_[i].find(wanted) != std::string::npos) passing_.push_back(i);
   }
@@ -123,16 +119,16 @@ void RowView::ApplyFilter() {
 void RowView::SetFilter(std::string_view text) {
   if (filter_ == text) return;
   if (!LeaveRow()) return;
-  auto old_position = CurrentPosition();
   auto old_id = current_id_;
   filter_ = text;
+  known_position_ = 0;
   if (filter_.empty()) {
     passing_.clear();
     folded_.clear();
   } else {
     ApplyFilter();
   }
-  KeepExistingRows(old_position);
+  KeepExistingRows();
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
 }
@@ -143,8 +139,10 @@ std::optional<std::size_t> RowView::CurrentPosition() const {
 
 bool RowView::SetCurrentId(std::optional<std::int64_t> id) {
   if (id == current_id_) return true;
-  if (id && !PositionOf(*id)) return false;
+  auto position = id ? PositionOf(*id) : std::nullopt;
+  if (id && !position) return false;
   if (!LeaveRow()) return false;
+  known_position_ = position.value_or(0);
   Assign(current_id_, id, Property::kCurrentRow);
   if (on_current_row) on_current_row();
   return true;

@@ -40,7 +40,7 @@ class RowView : public Control {
   // Empty for a position or column that does not exist.
   platform::Variant Cell(std::size_t position, std::size_t column) const;
 
-  // Keeps the rows of which a cell contains the text, ASCII letters without regard to case; ""
+  // Keeps the rows of which a cell contains the text; letter case does not count; ""
   // keeps all.
   void SetFilter(std::string_view text);
   const std::string& Filter() const { return filter_; }
@@ -83,7 +83,7 @@ class RowView : public Control {
   const Row* SourceRow(std::size_t index) const;
   void ReadFoldedRows();
   void ApplyFilter();
-  void KeepExistingRows(std::optional<std::size_t> old_position);
+  void KeepExistingRows();
 
   std::shared_ptr<RowSource> source_;
   mutable std::unordered_map<std::size_t, std::vector<Row>> blocks_;
@@ -91,6 +91,7 @@ class RowView : public Control {
   std::vector<std::string> folded_;   // text of each row of the source while there is a filter
   std::vector<std::size_t> passing_;  // rows of the source that pass the filter
   std::optional<std::int64_t> current_id_;
+  std::size_t known_position_ = 0;  // of the current row when it was last looked up
   std::set<std::int64_t> selection_;
   bool multi_select_ = true;
   std::string empty_text_;

@@ -118,6 +118,9 @@ class Pager final : public files::RangeSource {
 
   // Forgets all unchanged pages, because the file changed. Not in a transaction.
   void DropCache();
+  // Rises when pages may have gone back to earlier contents: by a rollback, or because the cache
+  // was dropped.
+  std::uint64_t generation() const { return generation_; }
 
   // files::RangeSource: what the outermost transaction changes.
   files::RandomAccessFile& File() override { return file_; }

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/alias_table.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace dialogs {
+
+namespace {
+
+constexpr const char* kTable = "TvbfAlias";
+constexpr const char* kNameIndex = "VBAlias";
+
+// Text of a field; an empty text is stored as one character of code 0.
+std::string TextOf(const platform::Variant& value) {
+  std::string text = value.ToText();
+  return text == std::string(1, '\0') ? std::string() : text;
+}
+
+platform::Variant KeyOf(const std::string& name) {
+  return name.empty() ? std::string(1, '\0') : name;
+}
+
+std::string NameOfCurrent(platform::Recordset& recordset) {
+  return TextOf(recordset.Fields("VBAlias").Value());
+}
+
+std::string PrimaryKeyOf(platform::Connection& connection) {
+  for (const auto& index : connection.Indexes(kTable)) {
+    if (index.primary) return index.name;
+  }
+  return {};
+}
+
+bool BeginsWith(std::string_view name, std::string_view folded_prefix) {
+  return platform::FoldCase(name).starts_with(folded_prefix);
+}
+
+}  // namespace
+
+AliasTable::AliasTable(std::shared_ptr<platform::Connection> connection,
+                       std::shared_ptr<platform::Recordset> recordset,
+                       store::Operations& operations, AliasOrder order)
+    : connection_(std::move(connection)),
+      recordset_(std::move(recordset)),
+      operations_(operations),
+      order_(order) {}
+
+bool AliasTable::Open() {
+  if (recordset_->State() == platform::ObjectState::kOpen) return true;
+  if (connection_->State() != platform::ObjectState::kOpen) return false;
+  try {
+    recordset_->SetSource(kTable);
+    recordset_->SetCommandType(platform::CommandType::kTableDirect);
+    recordset_->SetCursorLocation(platform::CursorLocation::kServer);
+    recordset_->SetCursorType(platform::CursorType::kKeyset);
+    recordset_->SetLockType(platform::LockType::kReadOnly);
+    recordset_->SetIndex(order_ == AliasOrder::kName ? kNameIndex : PrimaryKeyOf(*connection_));
+    recordset_->Open();
+    return true;
+  } catch (const platform::Error&) {
+    return false;
+  }
+}
+
+void AliasTable::Requery() {
+  if (recordset_->State() != platform::ObjectState::kOpen) return;
+  try {
+    recordset_->Requery();
+  } catch (const platform::Error&) {
+    // The rows stay as they were read; the next operation reports what is wrong with the file.
+  }
+}
+
+std::size_t AliasTable::Count() {
+  return Open() ? static_cast<std::size_t>(std::max(0, recordset_->RecordCount())) : 0;
+}
+
+std::vector<store::AliasRecord> AliasTable::Records(std::size_t first, std::size_t count) {
+  std::vector<store::AliasRecord> records;
+  const std::size_t total = Count();
+  if (first >= total || count == 0) return records;
+  count = std::min(count, total - first);
+  try {
+    recordset_->SetAbsolutePosition(static_cast<std::int32_t>(first + 1));
+    const platform::VariantArray rows =
+        recordset_->GetRows(static_cast<std::int32_t>(count), {"ID", "ItemID", "VBAlias"});
+    records.reserve(rows.second);
+    for (std::size_t row = 0; row < rows.second; ++row) {
+      store::AliasRecord& record = records.emplace_back();
+      record.id = rows.At(0, row).ToLong();
+      record.item_id = TextOf(rows.At(1, row));
+      record.vb_alias = TextOf(rows.At(2, row));
+    }
+  } catch (const platform::Error&) {
+    records.clear();
+  }
+  return records;
+}
+
+bool AliasTable::Seek(const platform::Variant& key, platform::SeekOption option) {
+  if (!Open()) return false;
+  try {
+    recordset_->Seek({key}, option);
+    return !recordset_->EOF_();
+  } catch (const platform::Error&) {
+    return false;
+  }
+}
+
+std::size_t AliasTable::Position() const {
+  return static_cast<std::size_t>(std::max(1, recordset_->AbsolutePosition())) - 1;
+}
+
+std::optional<std::size_t> AliasTable::PositionOf(std::int32_t id) {
+  try {
+    if (order_ == AliasOrder::kId) {
+      if (!Seek(platform::Variant(id), platform::SeekOption::kFirstEqual)) return std::nullopt;
+      return Position();
+    }
+    const auto record = operations_.FindAlias(id);
+    if (!record || !Seek(KeyOf(record->vb_alias), platform::SeekOption::kFirstEqual)) {
+      return std::nullopt;
+    }
+    // A foreign database may hold a name twice.
+    while (recordset_->Fields("ID").Value().ToLong() != id) {
+      recordset_->MoveNext();
+      if (recordset_->EOF_() || !platform::EqualsIgnoringCase(NameOfCurrent(*recordset_), record->vb_alias)) {
+        return std::nullopt;
+      }
+    }
+    return Position();
+  } catch (const platform::Error&) {
+    return std::nullopt;
+  }
+}
+
+std::optional<std::size_t> AliasTable::FindPrefix(std::string_view prefix, std::size_t from) {
+  if (!Seek(platform::Variant(prefix), platform::SeekOption::kAfterEqual)) return std::nullopt;
+  const std::size_t first = std::max(Position(), from);
+  // The first key after the prefix may differ from it by an accent only.
+  constexpr std::size_t kAccentVariants = 16;
+  const std::string folded = platform::FoldCase(prefix);
+  const std::vector<store::AliasRecord> records = Records(first, kAccentVariants);
+  const auto found = std::find_if(
+      records.begin(), records.end(),
+      [&](const store::AliasRecord& record) { return BeginsWith(record.vb_alias, folded); });
+  if (found == records.end()) return std::nullopt;
+  return first + static_cast<std::size_t>(found - records.begin());
+}
+
+forms::ListItem AliasList::Item(std::size_t index) {
+  const std::vector<store::AliasRecord> records = table_->Records(index, 1);
+  if (records.empty()) return {};
+  return {records.front().vb_alias, records.front().id};
+}
+
+std::vector<forms::Row> AliasRows::Rows(std::size_t first, std::size_t count) {
+  std::vector<forms::Row> rows;
+  for (store::AliasRecord& record : table_->Records(first, count)) {
+    forms::Row& row = rows.emplace_back();
+    row.id = record.id;
+    row.cells = {std::move(record.item_id), std::move(record.vb_alias)};
+    if (columns_ == Columns::kAliasItem) std::swap(row.cells[0], row.cells[1]);
+  }
+  return rows;
+}
+
+std::optional<std::size_t> AliasRows::IndexOf(std::int64_t id) {
+  return table_->PositionOf(static_cast<std::int32_t>(id));
+}
+
+}  // namespace dialogs

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/dialog_form.h"
+
+namespace dialogs {
+
+DialogForm::DialogForm(std::string_view name, const Surroundings& surroundings,
+                       std::int32_t help_topic)
+    : Form(name), surroundings_(surroundings) {
+  SetHelpContextId(help_topic);
+  on_load = [this] {
+    forms::LocaliseCaptions(*this, [this](std::int32_t number) { return Text(number); });
+  };
+  on_query_unload = [this](bool& cancel, forms::CloseReason reason) {
+    if (reason != forms::CloseReason::kUser) return;
+    cancel = true;
+    Dismiss();
+  };
+  on_help = [this] {
+    if (surroundings_.help) {
+      surroundings_.help->ShowTopic(surroundings_.toolkit.Handle(*this), HelpContextId());
+    }
+  };
+}
+
+bool DialogForm::Run() {
+  cancelled_ = true;
+  surroundings_.toolkit.ShowModal(*this, surroundings_.owner);
+  surroundings_.toolkit.Unload(*this);
+  return !cancelled_;
+}
+
+void DialogForm::WireButtons(forms::Button& ok, forms::Button& cancel, forms::Button& help) {
+  ok.SetTag("C10");
+  ok.SetDefault(true);
+  ok.on_click = [this] { Accept(); };
+  cancel.SetTag("C11");
+  cancel.SetCancel(true);
+  cancel.on_click = [this] { Dismiss(); };
+  help.SetTag("C12");
+  help.on_click = [this] { surroundings_.toolkit.SendKeys("{F1}"); };
+}
+
+void DialogForm::Confirm() {
+  cancelled_ = false;
+  Hide();
+}
+
+void DialogForm::Dismiss() {
+  cancelled_ = true;
+  Hide();
+}
+
+}  // namespace dialogs

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "dialogs/surroundings.h"
+#include "forms/fields.h"
+#include "forms/form.h"
+
+namespace dialogs {
+
+// Help topics of the dialogs: those of the tree nodes whose objects they edit.
+inline constexpr std::int32_t kEditorHelpTopic = 90002;
+inline constexpr std::int32_t kFormulaHelpTopic = 90023;
+inline constexpr std::int32_t kAliasHelpTopic = 90029;
+
+// What the modal dialogs share: OK, Cancel and Help, captions in the current language, and the
+// answer. A dialog lives for one operation; it may be shown again with what the user entered.
+class DialogForm : public forms::Form {
+ public:
+  DialogForm(std::string_view name, const Surroundings& surroundings, std::int32_t help_topic);
+
+  // Shows the dialog until it is closed. Whether it was confirmed.
+  bool Run();
+  // Everything but OK is Cancel, the close box too.
+  bool Cancelled() const { return cancelled_; }
+
+ protected:
+  // Called by the constructor of each dialog, which declares its buttons last: the order of
+  // declaration is the tab order.
+  void WireButtons(forms::Button& ok, forms::Button& cancel, forms::Button& help);
+  // What OK does; the default confirms.
+  virtual void Accept() { Confirm(); }
+  void Confirm();
+
+  const Surroundings& surroundings() const { return surroundings_; }
+  std::string Text(std::int32_t number) const { return surroundings_.Text(number); }
+
+ private:
+  void Dismiss();
+
+  const Surroundings& surroundings_;
+  bool cancelled_ = true;
+};
+
+}  // namespace dialogs

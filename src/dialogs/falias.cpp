@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/falias.h"
+
+namespace dialogs {
+
+namespace {
+
+constexpr std::int32_t kFieldsEmpty = 450;
+constexpr std::int32_t kNotConforming = 451;
+constexpr std::int32_t kValidForm = 1604;
+constexpr std::int32_t kDataType = 1607;
+constexpr std::int32_t kChooseItemTip = 1608;
+
+bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string::npos; }
+
+}  // namespace
+
+FAlias::FAlias(const Surroundings& surroundings, std::int32_t alias_id)
+    : DialogForm("FAlias", surroundings, kAliasHelpTopic), alias_id_(alias_id) {
+  SetCaption("VBAlias");
+  lblItemName.SetTag("C401");
+  lblVBAlias.SetTag("C402");
+  cmdChooseItemname.SetCaption("...");
+  cmdChooseItemname.SetToolTip(Text(kChooseItemTip));
+  cmdChooseItemname.SetLayout({.same_row = true});
+  txtItemname.SetLayout({.min_chars = 40});
+  txtVBAlias.SetLayout({.min_chars = 40});
+  for (forms::Label* hint : {&lblItemHint, &lblVBAliasHint}) {
+    hint->SetHint(true);
+    hint->SetVisible(false);
+  }
+  SetResizable(true);
+  WireButtons(cmdOk, cmdCancel, cmdHelp);
+  txtItemname.on_change = [this] { OnItem(); };
+  txtVBAlias.on_change = [this] { OnAlias(); };
+  cmdChooseItemname.on_click = [this] { OnChooseItem(); };
+}
+
+void FAlias::Load(const store::AliasValues& values) {
+  txtItemname.SetText(values.item_id);
+  txtVBAlias.SetText(values.vb_alias);
+}
+
+void FAlias::OnItem() {
+  const std::string type = surroundings().items.GetDataType(txtItemname.Text());
+  lblItemHint.SetCaption(surroundings().texts.Text(kDataType, {{"<Type>", type}}));
+  lblItemHint.SetVisible(!IsBlank(txtItemname.Text()));
+}
+
+void FAlias::OnAlias() {
+  const std::string& text = txtVBAlias.Text();
+  std::string hint;
+  if (!IsBlank(text)) {
+    const std::string valid = surroundings().operations.ProposeAlias(text, alias_id_);
+    if (valid != text) {
+      hint = surroundings().texts.Text(kValidForm, {{"<Name>", valid}});
+    } else {
+      hint = surroundings().operations.CheckAlias(Values(), alias_id_).message;
+    }
+  }
+  lblVBAliasHint.SetVisible(!hint.empty());
+  lblVBAliasHint.SetCaption(hint);
+}
+
+void FAlias::OnChooseItem() {
+  if (!surroundings().studio) return;
+  const auto item = surroundings().studio->ChooseItem(txtItemname.Text());
+  if (!item || IsBlank(*item)) return;
+  txtItemname.SetText(*item);
+  txtVBAlias.SetText(surroundings().operations.ProposeAlias(*item, alias_id_));
+}
+
+void FAlias::Accept() {
+  if (IsBlank(txtItemname.Text()) || IsBlank(txtVBAlias.Text())) {
+    surroundings().messages.Warn(Text(kFieldsEmpty));
+    (IsBlank(txtItemname.Text()) ? txtItemname : txtVBAlias).SetFocus();
+    return;
+  }
+  const bool conforms =
+      surroundings().operations.ProposeAlias(txtVBAlias.Text(), alias_id_) == txtVBAlias.Text();
+  const store::OperationResult check = surroundings().operations.CheckAlias(Values(), alias_id_);
+  if (!conforms || !check.success()) {
+    std::string detail = check.message;
+    if (!check.detail.empty()) detail += "\n" + check.detail;
+    surroundings().messages.Warn(Text(kNotConforming), detail);
+    txtVBAlias.SetFocus();
+    return;
+  }
+  Confirm();
+}
+
+}  // namespace dialogs

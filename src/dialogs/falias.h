@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dialogs/dialog_form.h"
+#include "store/formula_records.h"
+
+namespace dialogs {
+
+// The alias dialog. Both fields must be filled and the alias must be a valid identifier that no
+// other alias has; the form that would be valid is shown while the alias is typed.
+class FAlias : public DialogForm {
+ public:
+  // `alias_id` is the alias that is edited, 0 for a new one.
+  FAlias(const Surroundings& surroundings, std::int32_t alias_id);
+
+  void Load(const store::AliasValues& values);
+  store::AliasValues Values() const { return {txtItemname.Text(), txtVBAlias.Text()}; }
+
+  forms::Frame fraVBAlias{this, "fraVBAlias"};
+  forms::Label lblItemName{&fraVBAlias, "lblItemName"};
+  forms::TextBox txtItemname{&fraVBAlias, "txtItemname"};
+  forms::Button cmdChooseItemname{&fraVBAlias, "cmdChooseItemname"};
+  forms::Label lblItemHint{&fraVBAlias, "lblItemHint"};
+  forms::Label lblVBAlias{&fraVBAlias, "lblVBAlias"};
+  forms::TextBox txtVBAlias{&fraVBAlias, "txtVBAlias"};
+  forms::Label lblVBAliasHint{&fraVBAlias, "lblVBAliasHint"};
+  forms::Button cmdOk{this, "cmdOk"};
+  forms::Button cmdCancel{this, "cmdCancel"};
+  forms::Button cmdHelp{this, "cmdHelp"};
+
+ protected:
+  void Accept() override;
+
+ private:
+  void OnItem();
+  void OnAlias();
+  void OnChooseItem();
+
+  std::int32_t alias_id_;
+};
+
+}  // namespace dialogs

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/formula_dialogs.h"
+
+#include <optional>
+
+#include "dialogs/outcome.h"
+
+namespace dialogs {
+
+namespace {
+
+constexpr std::int32_t kInitialisationFailed = 340;
+constexpr std::int32_t kStorageFailed = 341;
+
+void WarnInitialisation(const Surroundings& surroundings) {
+  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed));
+}
+
+}  // namespace
+
+bool PrepareFormulaDialog(FFunction& dialog, const Surroundings& surroundings) {
+  const BusyPointer busy(surroundings.toolkit);
+  dialog.cmbType.Clear();
+  for (std::int32_t type = 0; type < store::kCallTypes; ++type) {
+    dialog.cmbType.AddItem(surroundings.Text(store::kFirstCallTypeText + type), type);
+  }
+  dialog.cmbType.SetListIndex(0);
+  try {
+    dialog.SetClasses(surroundings.operations.Classes());
+    dialog.txtName.SetText(surroundings.operations.ProposeFormulaName());
+    return true;
+  } catch (const platform::Error&) {
+    return false;
+  }
+}
+
+bool LoadFormulaIntoDialog(FFunction& dialog, const Surroundings& surroundings,
+                           const store::FormulaRecord& record) {
+  if (!PrepareFormulaDialog(dialog, surroundings)) return false;
+  dialog.txtName.SetText(record.name);
+  dialog.ChooseClass(record.prog_id);
+  dialog.cmbType.SetListIndex(dialog.cmbType.FindData(record.type));
+  dialog.txtScanTime.SetText(std::to_string(record.scan_time));
+  dialog.txtComment.SetText(record.comment);
+  dialog.chkEnabled.SetChecked(record.enabled);
+  return true;
+}
+
+store::FormulaValues SaveFormulaFromDialog(const FFunction& dialog,
+                                           const store::FormulaValues& before) {
+  store::FormulaValues values;
+  values.name = dialog.txtName.Text();
+  values.prog_id = dialog.cmbProgID.Text();
+  const std::int32_t type = dialog.cmbType.ListIndex();
+  values.type = type < 0 ? before.type : dialog.cmbType.ItemData(type);
+  values.scan_time = platform::Variant(platform::Val(dialog.txtScanTime.Text())).ToLong();
+  values.enabled = dialog.chkEnabled.Checked();
+  values.comment = dialog.txtComment.Text();
+  return values;
+}
+
+AddedFormula AddFormula(const Surroundings& surroundings) {
+  FFunction dialog(surroundings);
+  if (!PrepareFormulaDialog(dialog, surroundings)) {
+    WarnInitialisation(surroundings);
+    return {};
+  }
+  while (dialog.Run()) {
+    const store::FormulaValues values = SaveFormulaFromDialog(dialog, {});
+    const store::OperationResult result =
+        Carry(surroundings, [&] { return surroundings.operations.AddFormula(values); });
+    if (result.success()) return {true, values.name, result.id()};
+    WarnFailure(surroundings, result);
+    if (!CanBeCorrected(result)) break;
+  }
+  return {};
+}
+
+bool EditFormula(const Surroundings& surroundings, std::int32_t formula_id) {
+  FFunction dialog(surroundings);
+  std::optional<store::FormulaRecord> record;
+  try {
+    record = surroundings.operations.FindFormula(formula_id);
+  } catch (const platform::Error& error) {
+    surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error.description());
+    return false;
+  }
+  if (!record) return false;
+  if (!LoadFormulaIntoDialog(dialog, surroundings, *record)) {
+    WarnInitialisation(surroundings);
+    return false;
+  }
+  while (dialog.Run()) {
+    const store::FormulaValues values = SaveFormulaFromDialog(dialog, *record);
+    const store::OperationResult result = Carry(
+        surroundings, [&] { return surroundings.operations.EditFormula(formula_id, values); });
+    if (result.success()) return true;
+    WarnFailure(surroundings, result, kStorageFailed);
+    if (!CanBeCorrected(result)) break;
+  }
+  return false;
+}
+
+}  // namespace dialogs

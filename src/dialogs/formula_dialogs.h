@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Formula definitions through the dialog.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "dialogs/ffunction.h"
+#include "dialogs/surroundings.h"
+#include "store/formula_records.h"
+
+namespace dialogs {
+
+// Fills call types and classes, chooses the first call type and proposes a name. False when the
+// database or the development environment fails.
+bool PrepareFormulaDialog(FFunction& dialog, const Surroundings& surroundings);
+
+// Prepares the dialog and shows the record in it.
+bool LoadFormulaIntoDialog(FFunction& dialog, const Surroundings& surroundings,
+                           const store::FormulaRecord& record);
+
+// What the dialog holds. A call type that the list does not have stays that of `before`.
+store::FormulaValues SaveFormulaFromDialog(const FFunction& dialog,
+                                           const store::FormulaValues& before);
+
+struct AddedFormula {
+  bool added = false;
+  std::string name;
+  std::int32_t id = 0;
+};
+
+// Creates a formula. A refused one is shown again with what was entered.
+AddedFormula AddFormula(const Surroundings& surroundings);
+
+// Edits the formula; whether it was changed. False too when there is none of that ID.
+bool EditFormula(const Surroundings& surroundings, std::int32_t formula_id);
+
+}  // namespace dialogs

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/fparameter.h"
+
+namespace dialogs {
+
+namespace {
+
+constexpr std::int32_t kNotBothFlags = 552;
+constexpr std::int32_t kChooseAlias = 1603;
+constexpr std::int32_t kNoAliases = 1609;
+constexpr std::int32_t kItemOfAlias = 1605;
+
+}  // namespace
+
+FParameter::FParameter(const Surroundings& surroundings)
+    : DialogForm("FParameter", surroundings, kFormulaHelpTopic) {
+  SetTag("C500");
+  lblVBAlias.SetTag("C501");
+  chkIn.SetTag("C502");
+  chkOut.SetTag("C503");
+  lblVBAliasHint.SetHint(true);
+  cmbVBAlias.SetLayout({.min_chars = 40});
+  cmdOk.SetDisabledReason(Text(kChooseAlias));
+  cmdOk.SetEnabled(false);
+  SetResizable(true);
+  WireButtons(cmdOk, cmdCancel, cmdHelp);
+  surroundings.aliases->Requery();
+  cmbVBAlias.SetSource(std::make_shared<AliasList>(surroundings.aliases));
+  cmbVBAlias.on_click = [this] { OnAlias(); };
+  chkIn.on_click = [this] { OnFlag(chkIn); };
+  chkOut.on_click = [this] { OnFlag(chkOut); };
+  OnAlias();
+}
+
+bool FParameter::Load(const store::ArgumentValues& values) {
+  cmbVBAlias.SetListIndex(cmbVBAlias.FindData(values.alias_id));
+  chkIn.SetChecked(values.in);
+  chkOut.SetChecked(values.out);
+  return cmbVBAlias.ListIndex() != -1;
+}
+
+store::ArgumentValues FParameter::Values() const {
+  return {cmbVBAlias.ItemData(cmbVBAlias.ListIndex()), chkIn.Checked(), chkOut.Checked()};
+}
+
+void FParameter::OnFlag(forms::CheckBox& clicked) {
+  if (!on_variable_change_ || !chkIn.Checked() || !chkOut.Checked()) return;
+  clicked.SetChecked(false);
+  surroundings().messages.Warn(Text(kNotBothFlags));
+}
+
+void FParameter::OnAlias() {
+  const std::int32_t index = cmbVBAlias.ListIndex();
+  cmdOk.SetEnabled(index != -1);
+  if (index != -1) {
+    const auto records = surroundings().aliases->Records(static_cast<std::size_t>(index), 1);
+    lblVBAliasHint.SetCaption(
+        records.empty()
+            ? std::string()
+            : surroundings().texts.Text(kItemOfAlias, {{"<Item>", records.front().item_id}}));
+  } else {
+    lblVBAliasHint.SetCaption(cmbVBAlias.ListCount() == 0 ? Text(kNoAliases) : std::string());
+  }
+  lblVBAliasHint.SetVisible(!lblVBAliasHint.Caption().empty());
+}
+
+}  // namespace dialogs

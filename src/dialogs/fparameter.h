@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dialogs/dialog_form.h"
+#include "forms/combo_box.h"
+#include "store/formula_records.h"
+
+namespace dialogs {
+
+// The argument dialog. An alias must be chosen; an argument of a formula that is called on a
+// variable change is input or return value, not both.
+class FParameter : public DialogForm {
+ public:
+  explicit FParameter(const Surroundings& surroundings);
+
+  // Shows the argument; false when its alias is not in the list.
+  bool Load(const store::ArgumentValues& values);
+  store::ArgumentValues Values() const;
+
+  // Set after loading: what is stored already is not judged.
+  void SetOnVariableChange(bool on_variable_change) { on_variable_change_ = on_variable_change; }
+
+  forms::Frame fraParameter{this, "fraParameter"};
+  forms::Label lblVBAlias{&fraParameter, "lblVBAlias"};
+  forms::ComboBox cmbVBAlias{&fraParameter, "cmbVBAlias"};
+  forms::Label lblVBAliasHint{&fraParameter, "lblVBAliasHint"};
+  forms::CheckBox chkIn{&fraParameter, "chkIn"};
+  forms::CheckBox chkOut{&fraParameter, "chkOut"};
+  forms::Button cmdOk{this, "cmdOk"};
+  forms::Button cmdCancel{this, "cmdCancel"};
+  forms::Button cmdHelp{this, "cmdHelp"};
+
+ private:
+  void OnFlag(forms::CheckBox& clicked);
+  void OnAlias();
+
+  bool on_variable_change_ = false;
+};
+
+}  // namespace dialogs

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/outcome.h"
+
+namespace dialogs {
+
+store::OperationResult Carry(const Surroundings& surroundings,
+                             const std::function<store::OperationResult()>& operation) {
+  store::OperationResult result;
+  {
+    const BusyPointer busy(surroundings.toolkit);
+    result = operation();
+  }
+  surroundings.ShowWarnings(result.warnings);
+  return result;
+}
+
+void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
+                 std::int32_t text) {
+  if (text == 0) {
+    surroundings.messages.Warn(result.message, result.detail);
+    return;
+  }
+  std::string detail = result.message;
+  if (!result.detail.empty()) detail += "\n" + result.detail;
+  surroundings.messages.Warn(surroundings.Text(text), detail);
+}
+
+bool CanBeCorrected(const store::OperationResult& result) {
+  return result.outcome == store::Outcome::kRefused;
+}
+
+}  // namespace dialogs

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// From an operation's result to what the user sees of it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "dialogs/surroundings.h"
+#include "store/operation_result.h"
+
+namespace dialogs {
+
+// Carries an operation out under the hourglass and shows its warnings.
+store::OperationResult Carry(const Surroundings& surroundings,
+                             const std::function<store::OperationResult()>& operation);
+
+// Says why an operation failed. With a text number that text is the message, and the operation's
+// own goes to the detail line.
+void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
+                 std::int32_t text = 0);
+
+// Whether other values may be accepted, so that the dialog is worth showing again.
+bool CanBeCorrected(const store::OperationResult& result);
+
+}  // namespace dialogs

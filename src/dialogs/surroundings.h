@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "codegen/vb_formula_code.h"
+#include "dialogs/alias_table.h"
+#include "dialogs/dummy_var_ocx.h"
+#include "dialogs/message_boxes.h"
+#include "forms/form.h"
+#include "platform/help.h"
+#include "platform/studio.h"
+#include "platform/toolkit.h"
+#include "store/operations.h"
+#include "texts/text_table.h"
+
+namespace dialogs {
+
+// What the dialogs work with: all of it belongs to whoever opens them and outlives them.
+struct Surroundings {
+  platform::Toolkit& toolkit;
+  const texts::TextTable& texts;
+  MessageBoxes& messages;
+  store::Operations& operations;
+  std::shared_ptr<AliasTable> aliases;  // in the order of their names
+  FDummyVarOCX& items;
+  platform::AddIn* studio = nullptr;
+  platform::Help* help = nullptr;
+  forms::Form* owner = nullptr;
+
+  std::string Text(std::int32_t number) const { return texts.Text(number); }
+  // Warnings of an operation go to the studio's status line.
+  void ShowWarnings(const std::vector<codegen::Warning>& warnings) const;
+};
+
+// Shows the hourglass while it lives, whatever way its scope is left.
+class BusyPointer {
+ public:
+  explicit BusyPointer(platform::Toolkit& toolkit) : toolkit_(toolkit) {
+    toolkit_.SetPointer(platform::Pointer::kHourglass);
+  }
+  ~BusyPointer() { toolkit_.SetPointer(platform::Pointer::kDefault); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  platform::Toolkit& toolkit_;
+};
+
+}  // namespace dialogs

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/vbide.h"
+#include "vbfiles/module_file.h"
+#include "vbfiles/project_file.h"
+#include "vbfiles/session.h"
+#include "vbfiles/source_module.h"
+
+namespace vbfiles {
+
+// A component of a project. Name, type and Instancing come from the header of its file, as it
+// stood when the project's components were last asked for; the code is read when it is needed.
+class Component final : public platform::VBComponent {
+ public:
+  // `name` is the project file's copy of the name, used where the file has none.
+  Component(std::shared_ptr<Session> session, const CodePage& page, platform::ComponentType type,
+            std::string name, std::string path, const std::string& root_folder);
+
+  std::string Name() const override;
+  platform::ComponentType Type() const override;
+  platform::Instancing GetInstancing() const override;
+  std::string FileName() const override { return file_.path(); }
+  platform::CodeModule* Module() override { return module_ ? &*module_ : nullptr; }
+  void Activate() override;
+
+  // Why the file cannot be used, in a sentence; "" when it can.
+  const std::string& Problem() const { return file_.problem(); }
+
+  void RefreshHeader() { file_.RefreshHeader(); }
+  SourceModule* Source() { return module_ ? &*module_ : nullptr; }
+
+ private:
+  std::shared_ptr<Session> session_;
+  platform::ComponentType type_;
+  std::string written_name_;
+  ModuleFile file_;
+  std::optional<SourceModule> module_;
+};
+
+}  // namespace vbfiles

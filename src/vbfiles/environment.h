@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/file_system.h"
+#include "files/unit_of_work.h"
+#include "platform/vbide.h"
+#include "vbfiles/project.h"
+#include "vbfiles/session.h"
+
+namespace vbfiles {
+
+// The development environment over Visual Basic 6 project files. Edits of modules are kept in
+// memory; enlisted in a unit of work they are committed with it. Objects that were handed out
+// stay valid while the caller holds them.
+class Environment final : public platform::VBE, public files::Participant {
+ public:
+  // The file system must outlive the environment and all objects it hands out. Raises
+  // platform::Error for an unknown code page.
+  explicit Environment(files::FileSystem& system, Options options = {});
+
+  // Opens a group (.vbg), a project (.vbp) or a single source file (.cls, .bas, .frm, ...).
+  // What is open already is not opened again. Raises platform::Error: the file cannot be read;
+  // a project of the same name is open from another file (kRefused, names both).
+  void Open(const std::string& path);
+
+  std::vector<std::shared_ptr<platform::VBProject>> VBProjects() override;
+  std::shared_ptr<platform::VBProject> FindProject(std::string_view name) override;
+  const std::vector<std::shared_ptr<Project>>& Projects() const { return projects_; }
+
+  // What is wrong with the open files, a sentence each.
+  std::vector<std::string> Problems();
+  // Characters of comments that became "?" since the last call.
+  std::vector<ReplacedCharacters> TakeReplacedCharacters();
+  // Agrees to changes in a folder outside the folder tree of its project.
+  void AllowWritesIn(const std::string& folder);
+
+  void Save() override;
+  void Collect(files::ChangeSet& changes) override;
+  void Committed() noexcept override;
+  void Restore() noexcept override;
+
+ private:
+  void OpenGroup(const std::string& path);
+  void OpenProject(const std::string& path, const std::string& root_folder);
+  void Refresh();
+  template <typename Action>
+  void ForEachModule(Action action);
+
+  std::shared_ptr<Session> session_;
+  const CodePage& page_;
+  std::vector<std::shared_ptr<Project>> projects_;
+  std::vector<std::string> problems_;  // of groups
+};
+
+// Every .vbp and .vbg in the folder and below it, links not followed, the folder's own files
+// first. Folders that cannot be listed are left out. Open each to get the projects; a project
+// that a group names counts once.
+std::vector<std::string> FindProjectFiles(files::FileSystem& system, const std::string& folder);
+
+}  // namespace vbfiles

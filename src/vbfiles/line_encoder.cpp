@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/line_encoder.h"
+
+#include <cstdio>
+
+#include "platform/error.h"
+#include "platform/text.h"
+#include "vbfiles/errors.h"
+#include "vbfiles/physical_lines.h"
+#include "vbfiles/source_lexer.h"
+
+namespace vbfiles {
+
+namespace {
+
+constexpr std::size_t kLongestLine = 1023;
+
+std::string CodePointName(char32_t character) {
+  char name[16];
+  std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(character));
+  return name;
+}
+
+std::string PlaceText(const LinePlace& place) {
+  return "line " + std::to_string(place.line) + " of " + place.file;
+}
+
+[[noreturn]] void RefuseCharacter(std::string_view text, char32_t character, const LinePlace& place,
+                                  const CodePage& page) {
+  const std::string shown = character < 0x20 ? "" : " " + std::string(text);
+  throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
+                        "The character" + shown + " (" + CodePointName(character) + ") for " +
+                            PlaceText(place) + " is not in code page " +
+                            std::to_string(page.number()) +
+                            ". Use another character, or open the project with the code page "
+                            "that it is written in.");
+}
+
+std::string EncodeLine(std::string_view text, const LinePlace& place, const CodePage& page,
+                       std::size_t comment_start, std::string& lacking) {
+  std::string bytes;
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t begin = position;
+    const char32_t character = platform::NextCodePoint(text, position);
+    if (page.Append(bytes, character)) continue;
+    const std::string_view shown = text.substr(begin, position - begin);
+    if (begin < comment_start) RefuseCharacter(shown, character, place, page);
+    bytes += '?';
+    lacking += shown;
+  }
+  if (bytes.size() > kLongestLine) {
+    throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
+                          "The text for " + PlaceText(place) + " has " +
+                              std::to_string(bytes.size()) +
+                              " characters; Visual Basic allows 1023 in a line. Shorten it.");
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::vector<std::string> EncodeLines(std::string_view text, const LinePlace& place,
+                                     const CodePage& page,
+                                     std::vector<ReplacedCharacters>& replaced) {
+  const CodePage& utf8 = CodePage::Get(CodePage::kUtf8);
+  std::vector<std::string> lines;
+  std::vector<ReplacedCharacters> found;
+  LinePlace at = place;
+  for (std::size_t begin = 0;;) {
+    const PhysicalLine physical = ReadPhysicalLine(text, begin);
+    const std::string_view line = TextOf(text, physical);
+    const std::size_t comment = CommentStart(line, utf8, at.continues_comment);
+    std::string lacking;
+    lines.push_back(EncodeLine(line, at, page, comment, lacking));
+    if (!lacking.empty()) found.push_back({at.file, at.line, lacking});
+    if (!physical.terminated()) break;
+    begin = physical.next;
+    ++at.line;
+    at.continues_comment = IsContinued(line) && comment < line.size();
+  }
+  replaced.insert(replaced.end(), found.begin(), found.end());
+  return lines;
+}
+
+}  // namespace vbfiles

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/module_file.h"
+
+#include <algorithm>
+#include <span>
+
+#include "files/error.h"
+#include "vbfiles/errors.h"
+#include "vbfiles/path_resolver.h"
+
+namespace vbfiles {
+
+namespace {
+
+// Headers of classes are below 1 KiB; forms describe their controls there.
+constexpr std::size_t kFirstRead = 2048;
+constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 28;
+constexpr std::size_t kCompareBlock = 65536;
+
+std::size_t ReadAt(files::RandomAccessFile& file, std::uint64_t offset, std::span<char> out) {
+  return file.ReadAt(offset, std::as_writable_bytes(out));
+}
+
+}  // namespace
+
+ModuleFile::ModuleFile(Session& session, const CodePage& page, std::string path,
+                       std::string root_folder)
+    : session_(session),
+      page_(page),
+      path_(std::move(path)),
+      root_folder_(std::move(root_folder)) {}
+
+void ModuleFile::RefreshHeader() {
+  if (header_stamp_ && Stamp() == header_stamp_) return;
+  try {
+    ReadHeader();
+    problem_.clear();
+  } catch (const files::Error& error) {
+    header_ = ModuleHeader{};
+    header_stamp_.reset();
+    problem_ = error.what();
+  }
+}
+
+void ModuleFile::ReadHeader() {
+  const auto file = session_.system.Open(path_, files::OpenMode::kRead);
+  const files::FileStamp stamp = file->Stamp();
+  std::string text;
+  do {
+    const std::size_t have = text.size();
+    text.resize(have == 0 ? kFirstRead : have * 4);
+    text.resize(have + ReadAt(*file, have, std::span(text).subspan(have)));
+    header_ = ParseModuleHeader(text, text.size() >= stamp.size || text.size() == have);
+  } while (!header_.complete);
+  header_stamp_ = stamp;
+}
+
+ModuleFile::Contents ModuleFile::Read() {
+  try {
+    Contents contents;
+    contents.stamp = session_.system.Stamp(path_).value_or(files::FileStamp{});
+    contents.bytes = files::ReadFile(session_.system, path_, kLargestFile);
+    return contents;
+  } catch (const files::Error& error) {
+    throw FromFileError(error);
+  }
+}
+
+bool ModuleFile::Holds(std::string_view bytes) {
+  try {
+    const auto file = session_.system.Open(path_, files::OpenMode::kRead);
+    if (file->Size() != bytes.size()) return false;
+    std::string block(std::min(kCompareBlock, bytes.size()), '\0');
+    for (std::size_t offset = 0; offset < bytes.size();) {
+      const std::size_t count = ReadAt(*file, offset, block);
+      if (count == 0 || bytes.substr(offset, count) != std::string_view(block).substr(0, count)) {
+        return false;
+      }
+      offset += count;
+    }
+    return true;
+  } catch (const files::Error& error) {
+    if (error.kind() == files::ErrorKind::kNotFound) return false;
+    throw FromFileError(error);
+  }
+}
+
+void ModuleFile::CheckWritable() {
+  using platform::ErrorKind;
+  using platform::kErrModuleNotEditable;
+  if (!Stamp()) {
+    throw platform::Error(ErrorKind::kNotFound, kErrModuleNotEditable,
+                          path_ + " does not exist. Restore it, or correct the project file.");
+  }
+  if (!IsInsideTree()) {
+    throw platform::Error(ErrorKind::kRefused, kErrModuleNotEditable,
+                          path_ + " lies outside " + root_folder_ +
+                              ", the folder of its project. Agree to changes in its folder, or "
+                              "move it into the project.");
+  }
+  if (!session_.system.IsWritable(path_)) {
+    throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable,
+                          path_ +
+                              " is read-only. Remove the write protection, or check the file "
+                              "out of version control.");
+  }
+}
+
+bool ModuleFile::IsInsideTree() {
+  if (inside_tree_) return true;
+  files::FileSystem& system = session_.system;
+  try {
+    const std::string target = system.Canonical(path_);
+    auto holds = [&](const std::string& folder) {
+      return system.Exists(folder) && IsInside(system, target, system.Canonical(folder));
+    };
+    const auto& agreed = session_.options.writable_folders;
+    inside_tree_ = holds(root_folder_) || std::any_of(agreed.begin(), agreed.end(), holds);
+  } catch (const files::Error& error) {
+    throw FromFileError(error);
+  }
+  return inside_tree_;
+}
+
+}  // namespace vbfiles

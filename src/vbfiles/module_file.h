@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "files/file_system.h"
+#include "vbfiles/code_page.h"
+#include "vbfiles/module_header.h"
+#include "vbfiles/session.h"
+
+namespace vbfiles {
+
+// The file of a component: where it is, what its header says, and whether it may be written.
+class ModuleFile {
+ public:
+  ModuleFile(Session& session, const CodePage& page, std::string path, std::string root_folder);
+
+  const std::string& path() const { return path_; }
+  const CodePage& page() const { return page_; }
+  const ModuleHeader& header() const { return header_; }
+  // Why the file cannot be used, in a sentence; "" when it can.
+  const std::string& problem() const { return problem_; }
+
+  // Reads the header unless the file is as it was. Never raises; sets problem().
+  void RefreshHeader();
+
+  struct Contents {
+    std::string bytes;
+    files::FileStamp stamp;
+  };
+  // Reads the whole file. Raises platform::Error.
+  Contents Read();
+  // Whether the file holds exactly these bytes. Raises platform::Error.
+  bool Holds(std::string_view bytes);
+  // Nothing when the file is not there.
+  std::optional<files::FileStamp> Stamp() { return session_.system.Stamp(path_); }
+
+  // Raises platform::Error (kErrModuleNotEditable) when the file is read-only or lies outside
+  // the folder tree of its project and the folders that the engineer agreed to.
+  void CheckWritable();
+
+ private:
+  void ReadHeader();
+  bool IsInsideTree();
+
+  Session& session_;
+  const CodePage& page_;
+  std::string path_;
+  std::string root_folder_;
+  ModuleHeader header_;
+  std::optional<files::FileStamp> header_stamp_;
+  std::string problem_;
+  bool inside_tree_ = false;  // found to be so
+};
+
+}  // namespace vbfiles

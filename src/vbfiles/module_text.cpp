@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/module_text.h"
+
+#include <cassert>
+
+#include "vbfiles/attribute_line.h"
+#include "vbfiles/physical_lines.h"
+
+namespace vbfiles {
+
+namespace {
+
+constexpr std::string_view kCrLf = "\r\n";
+
+bool MayBeAttribute(std::string_view line) {
+  return !line.empty() && (line.front() == 'A' || line.front() == 'a');
+}
+
+}  // namespace
+
+ModuleText::ModuleText(std::string bytes, std::size_t header_length)
+    : original_(std::move(bytes)), header_length_(header_length) {
+  std::size_t end = original_.size();
+  while (end > header_length_ && (original_[end - 1] == '\0' || original_[end - 1] == '\x1A')) {
+    --end;
+  }
+  trailer_ = original_.substr(end);
+  original_.resize(end);
+
+  std::string_view terminator = kCrLf;
+  for (std::size_t begin = header_length_; begin < original_.size();) {
+    PhysicalLine line = ReadPhysicalLine(original_, begin);
+    if (!line.terminated()) {
+      const std::string last_terminator(terminator);
+      filled_in_ = last_terminator.size();
+      original_ += last_terminator;
+      line.next += filled_in_;
+    }
+    terminator = std::string_view(original_).substr(line.end, line.next - line.end);
+    const std::string_view text = TextOf(original_, line);
+    if (!lines_.empty() && MayBeAttribute(text) && ParseAttributeLine(text)) {
+      lines_.back().hidden += static_cast<std::uint32_t>(line.next - line.begin);
+    } else {
+      lines_.push_back(Record{static_cast<std::uint32_t>(line.begin),
+                              static_cast<std::uint32_t>(line.end - line.begin), 0,
+                              static_cast<std::uint8_t>(line.next - line.end), false});
+    }
+    begin = line.next;
+  }
+  lines_.shrink_to_fit();
+  if (lines_.empty() && header_length_ > 0 && original_.back() != '\n' &&
+      original_.back() != '\r') {
+    filled_in_ = kCrLf.size();
+    original_ += kCrLf;
+    header_length_ = original_.size();
+  }
+}
+
+std::string_view ModuleText::Bytes(const Record& record) const {
+  return std::string_view(record.added ? added_ : original_)
+      .substr(record.offset, record.length + record.terminator + record.hidden);
+}
+
+std::string_view ModuleText::Terminator(const Record& record) const {
+  return Bytes(record).substr(record.length, record.terminator);
+}
+
+std::string_view ModuleText::HiddenLines(std::int32_t line) const {
+  const Record& record = lines_[static_cast<std::size_t>(line) - 1];
+  return Bytes(record).substr(record.length + record.terminator);
+}
+
+void ModuleText::SetHiddenLines(std::int32_t line, std::string_view hidden) {
+  if (HiddenLines(line) == hidden) return;
+  Record& record = lines_[static_cast<std::size_t>(line) - 1];
+  record = Add(Line(line), Terminator(record), hidden);
+}
+
+// The line end for a new line in front of `line`: that of the line above, else of the line below.
+std::string_view ModuleText::TerminatorNear(std::int32_t line) const {
+  if (lines_.empty()) return kCrLf;
+  return Terminator(lines_[line > 1 ? static_cast<std::size_t>(line) - 2 : 0]);
+}
+
+ModuleText::Record ModuleText::Add(std::string_view text, std::string_view terminator,
+                                   std::string_view hidden) {
+  std::string bytes;  // the views may point into added_
+  bytes.reserve(text.size() + terminator.size() + hidden.size());
+  bytes.append(text).append(terminator).append(hidden);
+  const Record record{static_cast<std::uint32_t>(added_.size()),
+                      static_cast<std::uint32_t>(text.size()),
+                      static_cast<std::uint32_t>(hidden.size()),
+                      static_cast<std::uint8_t>(terminator.size()), true};
+  added_ += bytes;
+  edited_ = true;
+  return record;
+}
+
+void ModuleText::Insert(std::int32_t line, std::span<const std::string> texts) {
+  assert(line >= 1 && line <= LineCount() + 1);
+  const std::string terminator(TerminatorNear(line));
+  std::vector<Record> records;
+  records.reserve(texts.size());
+  for (const std::string& text : texts) records.push_back(Add(text, terminator, ""));
+  lines_.insert(lines_.begin() + line - 1, records.begin(), records.end());
+}
+
+void ModuleText::Erase(std::int32_t line, std::int32_t count) {
+  assert(line >= 1 && count >= 0 && line + count - 1 <= LineCount());
+  lines_.erase(lines_.begin() + line - 1, lines_.begin() + line - 1 + count);
+  edited_ = edited_ || count > 0;
+}
+
+void ModuleText::Replace(std::int32_t line, std::span<const std::string> texts) {
+  assert(line >= 1 && line <= LineCount() && !texts.empty());
+  Record& record = lines_[static_cast<std::size_t>(line) - 1];
+  record = Add(texts.back(), Terminator(record), HiddenLines(line));
+  if (texts.size() > 1) Insert(line, texts.first(texts.size() - 1));
+}
+
+std::string ModuleText::OriginalBytes() const {
+  return original_.substr(0, original_.size() - filled_in_) + trailer_;
+}
+
+std::string ModuleText::CurrentBytes() const {
+  std::string bytes = original_.substr(0, header_length_);
+  bytes.reserve(original_.size() + added_.size() + trailer_.size());
+  for (const Record& record : lines_) bytes += Bytes(record);
+  if (filled_in_ > 0) {
+    if (bytes.ends_with(kCrLf)) {
+      bytes.resize(bytes.size() - kCrLf.size());
+    } else if (!bytes.empty()) {
+      bytes.pop_back();
+    }
+  }
+  return bytes + trailer_;
+}
+
+}  // namespace vbfiles

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/pane.h"
+
+#include <algorithm>
+
+#include "vbfiles/errors.h"
+
+namespace vbfiles {
+
+void Pane::SetTopLine(std::int32_t line) {
+  if (line < 1) throw SubscriptError("The first line of a code pane has the number 1.");
+  top_line_ = std::clamp(line, 1, std::max(1, component_.Module()->CountOfLines()));
+  Tell(PaneEvent::Kind::kScrolled);
+}
+
+void Pane::SetSelection(const platform::CodeSelection& selection) {
+  if (selection.start_line < 1 || selection.start_column < 1 || selection.end_line < 1 ||
+      selection.end_column < 0) {
+    throw SubscriptError("Lines and columns of a selection begin at 1.");
+  }
+  selection_ = selection;
+  Tell(PaneEvent::Kind::kSelected);
+}
+
+void Pane::Show() { Tell(PaneEvent::Kind::kShown); }
+
+void Pane::Tell(PaneEvent::Kind kind) {
+  if (session_.options.on_pane) session_.options.on_pane(PaneEvent{kind, component_});
+}
+
+}  // namespace vbfiles

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/project.h"
+
+#include <array>
+#include <map>
+#include <utility>
+
+#include "platform/text.h"
+#include "vbfiles/errors.h"
+#include "vbfiles/project_file.h"
+
+namespace vbfiles {
+
+using platform::ComponentType;
+
+namespace {
+
+constexpr std::uint64_t kLargestProjectFile = std::uint64_t{1} << 24;
+
+std::string StemOf(const std::string& file_name) {
+  return file_name.substr(0, file_name.rfind('.'));
+}
+
+}  // namespace
+
+std::optional<ComponentType> SourceTypeOf(const std::string& path) {
+  static constexpr std::array<std::pair<std::string_view, ComponentType>, 7> kTypes = {{
+      {".bas", ComponentType::kStdModule},
+      {".cls", ComponentType::kClassModule},
+      {".frm", ComponentType::kVBForm},
+      {".pag", ComponentType::kPropPage},
+      {".ctl", ComponentType::kUserControl},
+      {".dob", ComponentType::kDocObject},
+      {".dsr", ComponentType::kActiveXDesigner},
+  }};
+  const std::string folded = platform::FoldCase(path);
+  for (const auto& [extension, type] : kTypes) {
+    if (folded.ends_with(extension)) return type;
+  }
+  return std::nullopt;
+}
+
+Project::Project(std::shared_ptr<Session> session, const CodePage& page, std::string path,
+                 std::string root_folder)
+    : session_(std::move(session)),
+      page_(page),
+      path_(std::move(path)),
+      root_folder_(std::move(root_folder)) {
+  Read();
+}
+
+void Project::Read() {
+  files::FileSystem& system = session_->system;
+  ProjectFile project;
+  files::FileStamp stamp;
+  PathResolver resolver(system);
+  const std::string file_name = system.FileName(path_);
+  if (const auto type = SourceTypeOf(path_)) {
+    project.components.push_back({*type, "", file_name});
+  } else {
+    try {
+      stamp = system.Stamp(path_).value_or(stamp);
+      project = ParseProjectFile(files::ReadFile(system, path_, kLargestProjectFile));
+    } catch (const files::Error& error) {
+      throw FromFileError(error);
+    }
+  }
+  std::vector<std::shared_ptr<Component>> components;
+  for (const ComponentEntry& entry : project.components) {
+    components.push_back(MakeComponent(entry, resolver));
+  }
+  components_ = std::move(components);
+  name_ = project.name.empty() ? StemOf(file_name) : page_.ToUtf8(project.name);
+  type_ = project.type;
+  stamp_ = stamp;
+}
+
+std::shared_ptr<Component> Project::MakeComponent(const ComponentEntry& entry,
+                                                  PathResolver& resolver) {
+  const std::string path =
+      resolver.Resolve(session_->system.Folder(path_), page_.ToUtf8(entry.path));
+  for (const auto& component : components_) {
+    if (component->FileName() == path) return component;
+  }
+  return std::make_shared<Component>(session_, page_, entry.type, page_.ToUtf8(entry.name), path,
+                                     root_folder_);
+}
+
+void Project::Refresh() {
+  headers_read_ = false;
+  if (SourceTypeOf(path_)) return;
+  const auto stamp = session_->system.Stamp(path_);
+  if (stamp != stamp_) Read();
+}
+
+void Project::RefreshHeaders() {
+  if (headers_read_ && session_->in_unit) return;
+  for (const auto& component : components_) component->RefreshHeader();
+  headers_read_ = true;
+}
+
+bool Project::IsNamed(const Component& component, std::string_view name) const {
+  return platform::EqualsIgnoringCase(component.Name(), name);
+}
+
+std::vector<std::shared_ptr<platform::VBComponent>> Project::VBComponents() {
+  RefreshHeaders();
+  return {components_.begin(), components_.end()};
+}
+
+std::shared_ptr<platform::VBComponent> Project::FindComponent(std::string_view name) {
+  RefreshHeaders();
+  for (const auto& component : components_) {
+    if (IsNamed(*component, name)) return component;
+  }
+  return nullptr;
+}
+
+std::vector<std::string> Project::Problems() {
+  RefreshHeaders();
+  std::vector<std::string> problems;
+  std::map<std::string, std::string> paths;  // by name
+  for (const auto& component : components_) {
+    if (!component->Problem().empty()) problems.push_back(component->Problem());
+    const auto [first, is_new] =
+        paths.emplace(platform::FoldCase(component->Name()), component->FileName());
+    if (!is_new) {
+      problems.push_back(first->second + " and " + component->FileName() + " both are " +
+                         component->Name() + " in " + path_ +
+                         "; the first is used. Rename one of them.");
+    }
+  }
+  return problems;
+}
+
+}  // namespace vbfiles
