@@ -380,7 +380,7 @@ bool IsSelect(std::string_view source) {
   constexpr std::string_view kSelect = "SELECT";
   source.remove_prefix(std::min(source.find_first_not_of(" \t\r\n"), source.size()));
   if (!SameName(source.substr(0, kSelect.size()), kSelect)) return false;
-  return !Lexer(source).Next().IsKeyword(source) && Lexer(source).Next().IsKeyword(kSelect);
+  return Lexer(source).Next().IsKeyword(kSelect);
 }
 
 }  // namespace recordset
