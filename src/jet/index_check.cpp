@@ -27,10 +27,10 @@ std::string RowName(RowId row) {
 
 }  // namespace
 
-IndexChecker::IndexChecker(Pager& pager, IndexTree::Place place, bool unique, std::size_t columns,
-                           Found found)
+IndexChecker::IndexChecker(Pager& pager, IndexTree::Location location, bool unique,
+                           std::size_t columns, Found found)
     : pager_(pager),
-      tree_(pager, place),
+      tree_(pager, location),
       unique_(unique),
       columns_(columns),
       found_(std::move(found)),
@@ -39,7 +39,7 @@ IndexChecker::IndexChecker(Pager& pager, IndexTree::Place place, bool unique, st
 void IndexChecker::Report(PageNumber page, const std::string& text) { found_(page, text); }
 
 void IndexChecker::Walk(const Reached& reached) {
-  WalkPage(tree_.place().root, 0, reached);
+  WalkPage(tree_.location().root, 0, reached);
   if (announced_leaf_ != 0) Report(last_leaf_, "The last leaf of the index names a next one.");
   CheckUsageMap();
 }
@@ -162,7 +162,7 @@ bool IndexChecker::IsAllNull(ByteView key) const {
 
 void IndexChecker::CheckUsageMap() {
   try {
-    const UsageMap map(pager_, tree_.place().usage_map);
+    const UsageMap map(pager_, tree_.location().usage_map);
     PageNumber number = 0;
     for (auto page = map.Next(0); page; page = map.Next(*page + 1)) {
       for (; number < *page && number < reached_.size(); ++number) {
@@ -199,25 +199,40 @@ void IndexChecker::ExpectEntry(ByteView key, RowId row) {
   }
 }
 
-void IndexChecker::Finish(const KeyOf& key_of) {
-  if (entries_ == expected_) return;
-  int named = 0;
-  try {
-    EntryCursor cursor(tree_);
-    while (named < kNamedEntries && cursor.Next()) {
-      const auto key = key_of(cursor.row());
-      if (key && CompareBytes(*key, cursor.key()) == 0) continue;
-      ++named;
-      Report(tree_.place().root,
-             "The index holds an entry that is not that of " + RowName(cursor.row()) + ".");
+// Reports entries that are those of no row, and returns how many. Entries of rows in any_key_ are
+// taken as expected, once for each.
+int IndexChecker::FindUnexpected(const KeyOf& key_of) {
+  int unexpected = 0;
+  const bool others_match = entries_ == expected_ + any_key_.size();
+  EntryCursor cursor(tree_);
+  while (unexpected < kNamedEntries && cursor.Next()) {
+    if (any_key_.erase(cursor.row()) > 0) {
+      ++expected_;
+      continue;
     }
+    if (others_match) continue;
+    const auto key = key_of(cursor.row());
+    if (key && CompareBytes(*key, cursor.key()) == 0) continue;
+    ++unexpected;
+    Report(tree_.location().root,
+           "The index holds an entry that is not that of " + RowName(cursor.row()) + ".");
+  }
+  return unexpected;
+}
+
+void IndexChecker::Finish(const KeyOf& key_of) {
+  if (entries_ == expected_ && any_key_.empty()) return;
+  try {
+    const int unexpected = FindUnexpected(key_of);
+    for (const RowId row : any_key_) {
+      Report(tree_.location().root, "The index lacks the entry of " + RowName(row) + ".");
+    }
+    if (entries_ <= expected_ || unexpected > 0) return;
+    Report(tree_.location().root, "The index holds " + std::to_string(entries_) + " entries, but " +
+                                      std::to_string(expected_) + " of them are those of rows.");
   } catch (const Error& error) {
     if (!broken_) Report(error.place().page, error.cause());
     broken_ = true;
-  }
-  if (named == 0 && !broken_) {
-    Report(tree_.place().root, "The index holds " + std::to_string(entries_) + " entries, but " +
-                                   std::to_string(expected_) + " of them are those of rows.");
   }
 }
 

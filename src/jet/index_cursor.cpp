@@ -38,7 +38,7 @@ bool EntryCursor::Next() {
 bool EntryCursor::Previous() {
   if (state_ == State::kBegin) return false;
   if (state_ == State::kEnd) {
-    PageRef page = tree_->DescendLast(tree_->place().root);
+    PageRef page = tree_->DescendLast(tree_->location().root);
     const std::size_t end = IndexPage(page.data()).Used();
     return TakeBackward(std::move(page), end);
   }

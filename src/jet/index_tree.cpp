@@ -8,8 +8,8 @@
 
 namespace jet {
 
-IndexTree::IndexTree(Pager& pager, Place place, std::size_t capacity)
-    : pager_(pager), place_(place), capacity_(capacity) {
+IndexTree::IndexTree(Pager& pager, Location location, std::size_t capacity)
+    : pager_(pager), location_(location), capacity_(capacity) {
   assert(capacity <= kIndexCapacity);
 }
 
@@ -18,7 +18,7 @@ PageRef IndexTree::Read(PageNumber number) const {
   if (const char* fault = IndexPage::Fault(page.data())) {
     ThrowDamaged(pager_.path(), {number, -1}, std::string("In an index, ") + fault + ".");
   }
-  if (IndexPage(page.data()).Owner() != place_.table) {
+  if (IndexPage(page.data()).Owner() != location_.table) {
     ThrowDamaged(pager_.path(), {number, -1}, "An index refers to a page of another table.");
   }
   return page;
@@ -46,7 +46,7 @@ PageNumber ChildAt(IndexPage node, std::size_t position) {
 
 PageRef IndexTree::Descend(ByteView target, Bound bound, IndexPath& path) const {
   path.depth = 0;
-  PageNumber number = place_.root;
+  PageNumber number = location_.root;
   while (path.depth < IndexPath::kMaxDepth) {
     PageRef page = Read(number);
     const IndexPage view(page.data());
@@ -56,7 +56,7 @@ PageRef IndexTree::Descend(ByteView target, Bound bound, IndexPath& path) const 
     if (view.IsLeaf()) return page;
     number = ChildAt(view, position);
   }
-  ThrowDamaged(pager_.path(), {place_.root, -1}, "The pages of an index form a circle.");
+  ThrowDamaged(pager_.path(), {location_.root, -1}, "The pages of an index form a circle.");
 }
 
 PageRef IndexTree::DescendFirst() const {
@@ -71,7 +71,7 @@ PageRef IndexTree::DescendLast(PageNumber number) const {
     if (view.IsLeaf()) return page;
     number = ChildAt(view, ChildPosition(view, view.Used()));
   }
-  ThrowDamaged(pager_.path(), {place_.root, -1}, "The pages of an index form a circle.");
+  ThrowDamaged(pager_.path(), {location_.root, -1}, "The pages of an index form a circle.");
 }
 
 std::optional<RowId> IndexTree::Find(ByteView key) const {
@@ -138,7 +138,7 @@ bool IndexTree::Contains(ByteView key) {
 
 bool IndexTree::Insert(ByteView key, RowId row) {
   if (key.size() > kMaxIndexKey || 2 * (key.size() + kRowReferenceSize + kChildSize) > capacity_) {
-    throw Error(ErrorKind::kInvalid, pager_.path(), {place_.root, -1},
+    throw Error(ErrorKind::kInvalid, pager_.path(), {location_.root, -1},
                 "The values of the index's columns are too long for an index.",
                 "Shorten one of them.");
   }

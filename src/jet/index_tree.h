@@ -45,7 +45,7 @@ struct IndexPath {
 // leaves the tree to be rolled back.
 class IndexTree {
  public:
-  struct Place {
+  struct Location {
     PageNumber table = 0;  // definition page, which owns the index pages
     PageNumber root = 0;
     RowId usage_map;
@@ -53,7 +53,7 @@ class IndexTree {
 
   // `capacity` bounds the entry bytes of a page, for tests that want deep trees. The pager must
   // outlive the tree.
-  IndexTree(Pager& pager, Place place, std::size_t capacity = kIndexCapacity);
+  IndexTree(Pager& pager, Location location, std::size_t capacity = kIndexCapacity);
 
   // The row of the first entry whose key begins with the bytes: the parts of all columns or of
   // the leading ones.
@@ -69,7 +69,7 @@ class IndexTree {
 
   // Differs from all earlier values when positions in the tree may have moved.
   std::uint64_t Stamp() const { return version_ + pager_.generation(); }
-  const Place& place() const { return place_; }
+  const Location& location() const { return location_; }
   Pager& pager() const { return pager_; }
 
   // For those who walk the tree. An index page of this table; raises kDamaged for any other.
@@ -108,7 +108,7 @@ class IndexTree {
   PageEdit Modify(PageNumber page);
 
   Pager& pager_;
-  Place place_;
+  Location location_;
   std::size_t capacity_;
   std::uint64_t version_ = 0;
 

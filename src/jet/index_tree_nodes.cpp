@@ -49,7 +49,7 @@ void IndexTree::CorrectSeparators(ByteView last) {
     if (!step) return;
     ReplaceSeparator(path, *step, last);
   }
-  ThrowDamaged(pager_.path(), {place_.root, -1}, "The entries of an index are out of order.");
+  ThrowDamaged(pager_.path(), {location_.root, -1}, "The entries of an index are out of order.");
 }
 
 void IndexTree::ReplaceSeparator(IndexPath& path, std::size_t step, ByteView last) {
@@ -73,7 +73,7 @@ void IndexTree::Unlink(IndexPage page) {
 void IndexTree::RemovePage(const IndexPath& path, std::size_t step) {
   const PageNumber number = path.steps[step].page;
   Unlink(IndexPage(Read(number).data()));
-  UsageMap(pager_, place_.usage_map).Remove(number);
+  UsageMap(pager_, location_.usage_map).Remove(number);
   pager_.Free(number);
   RemoveChild(path, step - 1);
 }
@@ -87,7 +87,7 @@ void IndexTree::RemoveChild(const IndexPath& path, std::size_t step) {
   const bool was_tail = position == node.Used();
   if (was_tail ? count == 0 : count == 1 && node.Tail() == 0) {
     if (step > 0) return RemovePage(path, step);
-    InitIndexPage(page.data(), PageType::kIndexLeaf, place_.table, 0);
+    InitIndexPage(page.data(), PageType::kIndexLeaf, location_.table, 0);
     return;
   }
   if (!was_tail && node.Tail() != 0) {

@@ -115,15 +115,15 @@ bool IndexTree::EndsTree(const IndexPath& path, std::size_t step) const {
 // Moves the root's content to a new page, its only child for now.
 void IndexTree::PushDownRoot(IndexPath& path) {
   if (path.depth == IndexPath::kMaxDepth) {
-    ThrowDamaged(pager_.path(), {place_.root, -1}, "An index has too many levels.");
+    ThrowDamaged(pager_.path(), {location_.root, -1}, "An index has too many levels.");
   }
-  const PageEdit root = Modify(place_.root);
+  const PageEdit root = Modify(location_.root);
   const PageEdit child = pager_.Allocate();
-  UsageMap(pager_, place_.usage_map).Add(child.number());
+  UsageMap(pager_, location_.usage_map).Add(child.number());
   std::memcpy(child.data(), root.data(), kPageSize);
   SetPrevious(child.data(), 0);
   SetNext(child.data(), 0);
-  InitIndexPage(root.data(), PageType::kIndexNode, place_.table,
+  InitIndexPage(root.data(), PageType::kIndexNode, location_.table,
                 static_cast<std::uint8_t>(path.depth));
   SetTail(root.data(), child.number());
 
@@ -131,7 +131,7 @@ void IndexTree::PushDownRoot(IndexPath& path) {
                      path.steps.begin() + static_cast<std::ptrdiff_t>(path.depth),
                      path.steps.begin() + static_cast<std::ptrdiff_t>(path.depth) + 1);
   ++path.depth;
-  path.steps[0] = {place_.root, 0};
+  path.steps[0] = {location_.root, 0};
   path.steps[1].page = child.number();
 }
 
@@ -139,9 +139,9 @@ void IndexTree::PushDownRoot(IndexPath& path) {
 PageEdit IndexTree::NewRightNeighbour(const PageEdit& left) {
   const IndexPage view(left.data());
   const PageEdit right = pager_.Allocate();
-  UsageMap(pager_, place_.usage_map).Add(right.number());
+  UsageMap(pager_, location_.usage_map).Add(right.number());
   InitIndexPage(right.data(), view.IsLeaf() ? PageType::kIndexLeaf : PageType::kIndexNode,
-                place_.table, view.Level());
+                location_.table, view.Level());
   SetPrevious(right.data(), left.number());
   SetNext(right.data(), view.Next());
   if (view.Next() != 0) SetPrevious(Modify(view.Next()).data(), right.number());

@@ -38,7 +38,7 @@ TEST(IndexCheck, NamesFaultsOfTheTree) {
     file.tree().Descend(Key(number), Bound::kFirst, path);
     return file.pager().Modify(path.leaf().page);
   };
-  const auto root = [](TreeFile& file) { return file.pager().Modify(file.place().root); };
+  const auto root = [](TreeFile& file) { return file.pager().Modify(file.location().root); };
   const struct {
     const char* expected;
     std::function<void(TreeFile&)> damage;
@@ -52,9 +52,11 @@ TEST(IndexCheck, NamesFaultsOfTheTree) {
       {"reached twice",
        [&](TreeFile& f) { SetTail(root(f).data(), IndexPage(root(f).data()).Child(0)); }},
       {"usage map of the index lacks",
-       [&](TreeFile& f) { UsageMap(f.pager(), f.place().usage_map).Remove(leaf(f, 9).number()); }},
+       [&](TreeFile& f) {
+         UsageMap(f.pager(), f.location().usage_map).Remove(leaf(f, 9).number());
+       }},
       {"names a page that it lacks",
-       [&](TreeFile& f) { UsageMap(f.pager(), f.place().usage_map).Add(400); }},
+       [&](TreeFile& f) { UsageMap(f.pager(), f.location().usage_map).Add(400); }},
       {"goes on behind the entries",
        [&](TreeFile& f) {
          leaf(f, 9).data()[kIndexMaskOffset + kIndexMaskSize - 2] = std::byte{1};
@@ -108,7 +110,7 @@ TEST(IndexCheck, ComparesEntriesWithRows) {
     Fill(file);
     row.change(file.tree());
     std::string text;
-    IndexChecker checker(file.pager(), file.place(), false, 1,
+    IndexChecker checker(file.pager(), file.location(), false, 1,
                          [&](PageNumber, const std::string& fault) { text += fault + "\n"; });
     checker.Walk([](PageNumber) {});
     for (int i = 0; i < kRowCount; ++i) checker.ExpectEntry(Key(i), Row(i));

@@ -106,7 +106,7 @@ TEST_P(TreeModel, HoldsWhatASetHolds) {
   for (const Item& item : model) ASSERT_TRUE(file.tree().Erase(item.first, item.second));
   EXPECT_EQ(file.Faults(), "");
   EXPECT_EQ(file.Depth(), 1u);
-  EXPECT_EQ(file.Pages(), std::vector<PageNumber>{file.place().root});
+  EXPECT_EQ(file.Pages(), std::vector<PageNumber>{file.location().root});
   EXPECT_GE(deepest, capacity < 200 ? 4u : 2u);
 }
 
@@ -131,11 +131,11 @@ TEST(IndexTree, RootSplitsInPlace) {
   TreeFile file(90);
   for (int i = 0; i < 1000; ++i) {
     file.tree().Insert(LongKey(i * 7919 % 1000), {10, static_cast<std::uint8_t>(i % 256)});
-    ASSERT_EQ(IndexPage(file.tree().Read(file.place().root).data()).Previous(), 0u);
-    ASSERT_EQ(IndexPage(file.tree().Read(file.place().root).data()).Next(), 0u);
+    ASSERT_EQ(IndexPage(file.tree().Read(file.location().root).data()).Previous(), 0u);
+    ASSERT_EQ(IndexPage(file.tree().Read(file.location().root).data()).Next(), 0u);
   }
   EXPECT_GE(file.Depth(), 4u);
-  const PageRef root = file.tree().Read(file.place().root);
+  const PageRef root = file.tree().Read(file.location().root);
   EXPECT_EQ(IndexPage(root.data()).Level(), file.Depth() - 1);
   EXPECT_EQ(file.Faults(true), "");
 }

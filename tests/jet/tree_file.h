@@ -42,14 +42,14 @@ class TreeFile {
     pager_->Begin();
     const PageEdit root = pager_->Allocate();
     InitIndexPage(root.data(), PageType::kIndexLeaf, kTable, 0);
-    place_ = {kTable, root.number(), RowId{kTable, 0}};
-    UsageMap(*pager_, place_.usage_map).Add(root.number());
-    tree_ = std::make_unique<IndexTree>(*pager_, place_, capacity);
+    location_ = {kTable, root.number(), RowId{kTable, 0}};
+    UsageMap(*pager_, location_.usage_map).Add(root.number());
+    tree_ = std::make_unique<IndexTree>(*pager_, location_, capacity);
   }
 
   Pager& pager() { return *pager_; }
   IndexTree& tree() { return *tree_; }
-  const IndexTree::Place& place() const { return place_; }
+  const IndexTree::Location& location() const { return location_; }
 
   std::size_t Depth() const {
     IndexPath path;
@@ -59,7 +59,7 @@ class TreeFile {
 
   std::vector<PageNumber> Pages() {
     std::vector<PageNumber> pages;
-    IndexChecker checker(*pager_, place_, false, 1, [](PageNumber, const std::string&) {});
+    IndexChecker checker(*pager_, location_, false, 1, [](PageNumber, const std::string&) {});
     checker.Walk([&](PageNumber page) { pages.push_back(page); });
     return pages;
   }
@@ -67,7 +67,7 @@ class TreeFile {
   // What the check of the tree finds, a line each.
   std::string Faults(bool unique = false) {
     std::string text;
-    IndexChecker checker(*pager_, place_, unique, 1, [&](PageNumber page, const std::string& t) {
+    IndexChecker checker(*pager_, location_, unique, 1, [&](PageNumber page, const std::string& t) {
       text += std::to_string(page) + ": " + t + "\n";
     });
     checker.Walk([](PageNumber) {});
@@ -78,7 +78,7 @@ class TreeFile {
   files::MemoryFileSystem system_;
   std::unique_ptr<files::RandomAccessFile> file_;
   std::unique_ptr<Pager> pager_;
-  IndexTree::Place place_;
+  IndexTree::Location location_;
   std::unique_ptr<IndexTree> tree_;
 };
 
