@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/falias.h"
 
+#include "dialogs/alias_rules.h"
+
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kFieldsEmpty = 450;
-constexpr std::int32_t kNotConforming = 451;
 constexpr std::int32_t kValidForm = 1604;
 constexpr std::int32_t kDataType = 1607;
 constexpr std::int32_t kChooseItemTip = 1608;
@@ -71,22 +71,13 @@ void FAlias::OnChooseItem() {
 }
 
 void FAlias::Accept() {
-  if (IsBlank(txtItemname.Text()) || IsBlank(txtVBAlias.Text())) {
-    surroundings().messages.Warn(Text(kFieldsEmpty));
-    (IsBlank(txtItemname.Text()) ? txtItemname : txtVBAlias).SetFocus();
+  const auto refusal = RefuseAlias(surroundings(), Values(), alias_id_);
+  if (!refusal) {
+    Confirm();
     return;
   }
-  const bool conforms =
-      surroundings().operations.ProposeAlias(txtVBAlias.Text(), alias_id_) == txtVBAlias.Text();
-  const store::OperationResult check = surroundings().operations.CheckAlias(Values(), alias_id_);
-  if (!conforms || !check.success()) {
-    std::string detail = check.message;
-    if (!check.detail.empty()) detail += "\n" + check.detail;
-    surroundings().messages.Warn(Text(kNotConforming), detail);
-    txtVBAlias.SetFocus();
-    return;
-  }
-  Confirm();
+  surroundings().messages.Warn(refusal->prompt, refusal->detail);
+  (refusal->field == Refusal::Field::kItem ? txtItemname : txtVBAlias).SetFocus();
 }
 
 }  // namespace dialogs

@@ -25,6 +25,22 @@ bool IsFormulaKey(std::string_view key) {
   return KeyKind(key) == kFormulaKind && KeyNumber(key) != 0;
 }
 
+std::string_view KeyIcon(std::string_view key) {
+  const std::string_view kind = KeyKind(key);
+  if (kind == kFormulaKind) return "icoForFunction";
+  if (kind == kAliasKind) return "icoForAlias";
+  if (kind == kRootKind) return "icoForEditor";
+  return {};
+}
+
+std::int32_t HelpTopic(std::string_view key) {
+  const std::string_view kind = KeyKind(key);
+  if (kind == kRootKind) return 90002;
+  if (kind == kFormulaKind) return 90023;
+  if (kind == kAliasKind) return 90029;
+  return 0;
+}
+
 std::string FormulaKey(std::int32_t id) { return std::string(kFormulaKind) + std::to_string(id); }
 
 }  // namespace editor

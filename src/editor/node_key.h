@@ -28,6 +28,12 @@ bool IsOwnKey(std::string_view key);
 // Whether the key names a formula, not the folder of all formulas.
 bool IsFormulaKey(std::string_view key);
 
+// Name of the picture of a node's kind; empty for a foreign key.
+std::string_view KeyIcon(std::string_view key);
+
+// Help topic of a node's kind; 0 for a foreign key.
+std::int32_t HelpTopic(std::string_view key);
+
 // Key of the node of a formula.
 std::string FormulaKey(std::int32_t id);
 

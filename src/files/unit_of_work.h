@@ -5,15 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "files/change_journal.h"
 #include "files/change_set.h"
 #include "files/file_system.h"
 #include "platform/unit_of_work.h"
 
 namespace files {
 
-// Something that changes in a unit of work: a database, the modules of the VB projects. Failures
-// are files::Error, platform::Error or other standard exceptions.
+// Something that changes in a unit of work: a database, the modules of the VB projects.
 class Participant {
  public:
   virtual ~Participant() = default;
@@ -27,8 +25,7 @@ class Participant {
 };
 
 // The unit of work over the change journal: collects the changes of all participants and commits
-// them as one. What fails is put back and raised as platform::Error; the participants return to
-// the state that they saved when the outermost unit began.
+// them as one.
 class JournalledUnitOfWork final : public platform::UnitOfWork {
  public:
   JournalledUnitOfWork(FileSystem& system, std::string database_path);
@@ -43,12 +40,11 @@ class JournalledUnitOfWork final : public platform::UnitOfWork {
   std::vector<std::string> NotUndone() const override;
 
  private:
-  void Undo() noexcept;
-
-  ChangeJournal journal_;
+  FileSystem& system_;
+  std::string database_path_;
   std::vector<Participant*> participants_;
   int depth_ = 0;
-  bool rolled_back_ = false;  // at some depth of the open unit
+  bool rolled_back_ = false;
   std::vector<std::string> not_undone_;
 };
 

@@ -44,6 +44,8 @@ class AddIn : public Object {
   virtual std::vector<std::string> ChildKeys(std::string_view key, std::int32_t depth) = 0;
   virtual SelectedNode GetSelectedNode() = 0;
   virtual void SelectNode(std::string_view key) = 0;
+  // Gives the keyboard to the project tree.
+  virtual void ActivateTree() = 0;
   virtual std::string NodeInformation(std::string_view key, std::int32_t selector) = 0;
   virtual void UpdateNode(std::string_view key, std::int32_t first, std::int32_t second) = 0;
   virtual WindowHandle MainWindow() = 0;

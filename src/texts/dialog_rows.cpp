@@ -31,6 +31,59 @@ constexpr Row kRows[] = {
     {1611, "&Suchen:", "&Search:"},
     {1612, "Kein Alias und kein Item enthält \"<Text>\".",
      "No alias and no item contains \"<Text>\"."},
+    // Questions and messages of the editor window.
+    {1613,
+     "Formel <Name> (<Class>) mit <Count> Argumenten löschen? Ihr Code bleibt auskommentiert in "
+     "der "
+     "Klasse.",
+     "Delete formula <Name> (<Class>) with <Count> arguments? Its code stays in the class, "
+     "commented "
+     "out."},
+    {1614,
+     "Formel <Name> (<Class>) mit einem Argument löschen? Ihr Code bleibt auskommentiert in der "
+     "Klasse.",
+     "Delete formula <Name> (<Class>) with one argument? Its code stays in the class, commented "
+     "out."},
+    {1615, "Formel <Name> (<Class>) löschen? Ihr Code bleibt auskommentiert in der Klasse.",
+     "Delete formula <Name> (<Class>)? Its code stays in the class, commented out."},
+    {1616,
+     "Argumente von <Name>: <Names>. Deklarationen, die keine andere Formel der Klasse braucht, "
+     "werden entfernt.",
+     "Arguments of <Name>: <Names>. Declarations that no other formula of the class needs are "
+     "removed."},
+    {1617, "Aliase: <Names>. Benutzte Aliase bleiben erhalten.",
+     "Aliases: <Names>. Aliases that are in use are kept."},
+    {1618, "<Name> wird benutzt von: <Names>. Löschen Sie dort zuerst das Argument.",
+     "<Name> is used by: <Names>. Delete the argument there first."},
+    {1619,
+     "Es gibt keinen Alias <Name>. Wählen Sie einen aus der Liste oder legen Sie ihn zuerst an "
+     "(\"Aliasbezeichner\", F8).",
+     "There is no alias <Name>. Choose one from the list or create it first (\"Alias Identifier\", "
+     "F8)."},
+    {1620, "Noch keine Argumente. F8 fügt eines hinzu.", "No arguments yet. F8 adds one."},
+    {1621, "Wählen Sie im Baum eine Formel. F8 auf \"Formeldefinitionen\" legt eine neue an.",
+     "Select a formula in the tree. F8 on \"Formula Definition\" creates a new one."},
+    {1622, "Noch keine Aliase. F8 fügt einen hinzu.", "No aliases yet. F8 adds one."},
+    {1623, "Keine Zeile enthält \"<Text>\".", "No row contains \"<Text>\"."},
+    {1624, "&Suchen:", "&Find:"},
+    {1625, "<Name> ist schon ein Argument dieser Formel.",
+     "<Name> is an argument of this formula already."},
+    {1626, "Die Zeile wurde inzwischen gelöscht. Die Ansicht zeigt jetzt den neuen Stand.",
+     "The row has been deleted meanwhile. The view now shows how things stand."},
+    {1627,
+     "Die Einstellungen konnten nicht in <File> geschrieben werden. Prüfen Sie, ob die Datei "
+     "schreibgeschützt oder geöffnet ist.",
+     "The settings could not be written to <File>. Check whether the file is read-only or open."},
+    {1628,
+     "Das Report-Add-In fehlt oder ist nicht registriert. Installieren Sie es und versuchen "
+     "Sie es erneut.",
+     "The report add-in is missing or not registered. Install it and try again."},
+    {1629, "Zur Formel <Name> gibt es in <Class> keine Prozedur.",
+     "There is no procedure for formula <Name> in <Class>."},
+    // Why a command does not apply.
+    {1630, "Wählen Sie zuerst Argumente aus.", "Select arguments first."},
+    {1631, "Wählen Sie zuerst Aliase aus.", "Select aliases first."},
+    {1632, "Es gibt noch keinen Alias.", "There is no alias yet."},
 };
 
 }  // namespace

@@ -23,9 +23,12 @@ std::size_t ReadAt(files::RandomAccessFile& file, std::uint64_t offset, std::spa
 
 }  // namespace
 
-void ModuleFile::AddTree(const std::string& folder) {
-  if (std::ranges::find(trees_, folder) == trees_.end()) trees_.push_back(folder);
-}
+ModuleFile::ModuleFile(Session& session, const CodePage& page, std::string path,
+                       std::string root_folder)
+    : session_(session),
+      page_(page),
+      path_(std::move(path)),
+      root_folder_(std::move(root_folder)) {}
 
 void ModuleFile::RefreshHeader() {
   if (header_stamp_ && Stamp() == header_stamp_) return;
@@ -89,9 +92,9 @@ void ModuleFile::CheckWritable() {
     throw platform::Error(ErrorKind::kNotFound, kErrModuleNotEditable,
                           path_ + " does not exist. Restore it, or correct the project file.");
   }
-  if (!IsInsideTrees()) {
+  if (!IsInsideTree()) {
     throw platform::Error(ErrorKind::kRefused, kErrModuleNotEditable,
-                          path_ + " lies outside " + trees_.front() +
+                          path_ + " lies outside " + root_folder_ +
                               ", the folder of its project. Agree to changes in its folder, or "
                               "move it into the project.");
   }
@@ -103,8 +106,8 @@ void ModuleFile::CheckWritable() {
   }
 }
 
-bool ModuleFile::IsInsideTrees() {
-  if (inside_trees_) return true;
+bool ModuleFile::IsInsideTree() {
+  if (inside_tree_) return true;
   files::FileSystem& system = session_.system;
   try {
     const std::string target = system.Canonical(path_);
@@ -112,11 +115,11 @@ bool ModuleFile::IsInsideTrees() {
       return system.Exists(folder) && IsInside(system, target, system.Canonical(folder));
     };
     const auto& agreed = session_.options.writable_folders;
-    inside_trees_ = std::ranges::any_of(trees_, holds) || std::ranges::any_of(agreed, holds);
+    inside_tree_ = holds(root_folder_) || std::any_of(agreed.begin(), agreed.end(), holds);
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
-  return inside_trees_;
+  return inside_tree_;
 }
 
 }  // namespace vbfiles

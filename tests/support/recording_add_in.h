@@ -72,6 +72,7 @@ class RecordingAddIn : public platform::AddIn {
     const Node* node = Find(key);
     if (node) selected = {selected.project, node->key, node->text};
   }
+  void ActivateTree() override { Record("ActivateTree"); }
   std::string NodeInformation(std::string_view key, std::int32_t) override {
     const Node* node = Find(key);
     return node ? node->text : std::string();

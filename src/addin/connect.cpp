@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+// Life cycle of the add-in: start, ensure-open, release, reset.
+#include "addin/connect.h"
+
+#include <exception>
+#include <utility>
+
+#include "addin/tree_nodes.h"
+#include "dialogs/surroundings.h"
+#include "editor/node_key.h"
+#include "platform/text.h"
+
+namespace addin {
+
+namespace {
+
+constexpr std::string_view kDatabaseExtension = ".ovs";
+constexpr std::string_view kProjectsKey = "SOFTWARE\\Meridax GmbH\\Orvana\\4.0\\Projects\\";
+constexpr std::string_view kCompanyKey = "SOFTWARE\\Meridax GmbH";
+constexpr std::string_view kHelpFile = "\\helpfiles\\Formelsystem.chm";
+constexpr std::string_view kEditorName = "OVFormulaEditor";
+
+bool IsDatabasePath(std::string_view name) {
+  name = name.substr(0, name.find_last_not_of(' ') + 1);
+  return name.size() >= kDatabaseExtension.size() &&
+         platform::EqualsIgnoringCase(name.substr(name.size() - kDatabaseExtension.size()),
+                                      kDatabaseExtension);
+}
+
+std::string WithoutTrailingBlanks(std::string_view name) {
+  return std::string(name.substr(0, name.find_last_not_of(' ') + 1));
+}
+
+// The formulas for the tree; none when they cannot be read.
+std::vector<FormulaNode> ReadFormulaNodes(platform::Connection& connection) {
+  std::vector<FormulaNode> formulas;
+  try {
+    const std::shared_ptr<platform::Recordset> recordset = connection.CreateRecordset();
+    recordset->SetSource("TvbfFormulas");
+    recordset->SetCommandType(platform::CommandType::kTable);
+    recordset->SetCursorType(platform::CursorType::kStatic);
+    recordset->SetLockType(platform::LockType::kReadOnly);
+    recordset->Open();
+    if (!recordset->EOF_()) {
+      const platform::VariantArray rows = recordset->GetRows(-1, {"ID", "Name"});
+      for (std::size_t row = 0; row < rows.second; ++row) {
+        formulas.push_back({rows.At(0, row).ToLong(), rows.At(1, row).ToText()});
+      }
+    }
+    recordset->Close();
+  } catch (const platform::Error&) {
+    formulas.clear();
+  }
+  return formulas;
+}
+
+}  // namespace
+
+Connect::Connect(Surroundings surroundings)
+    : surroundings_(std::move(surroundings)),
+      texts_(texts::ChooseLanguage(surroundings_.services.settings)),
+      messages_(surroundings_.services.toolkit, texts_),
+      embedding_(surroundings_.services.window_system) {}
+
+Connect::~Connect() { Release(); }
+
+std::int32_t Connect::Event(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const std::exception& error) {
+    messages_.Warn(error.what());
+  }
+  return 0;
+}
+
+// --- Start ---
+
+std::int32_t Connect::Initialize(std::string_view ov4_project_name, std::string_view,
+                                 std::shared_ptr<platform::Object> ov4_add_in,
+                                 std::shared_ptr<platform::Object> ov4_any) {
+  return Event([&] {
+    database_path_ = ov4_project_name;
+    studio_project_name_ = ov4_project_name;
+    host_add_in_ = std::dynamic_pointer_cast<platform::AddIn>(ov4_add_in);
+    ide_ = std::dynamic_pointer_cast<platform::VBE>(ov4_any);
+    if (!host_add_in_ || !ResolveDatabasePath()) return;
+    host_window_ = host_add_in_->MainWindow();
+    BuildRoot(*host_add_in_, texts_);
+    const editor::Services& services = surroundings_.services;
+    services.help.SetHelpFile(services.settings.RegistryText(kCompanyKey, "Common", "") +
+                              std::string(kHelpFile));
+  });
+}
+
+bool Connect::ResolveDatabasePath() {
+  if (database_path_.empty()) return false;
+  if (IsDatabasePath(database_path_)) {
+    database_path_ = WithoutTrailingBlanks(database_path_);
+    return true;
+  }
+  const std::string folder = surroundings_.services.settings.RegistryText(
+      std::string(kProjectsKey) + database_path_, "Path", "");
+  database_path_ = folder + "\\" + database_path_ + std::string(kDatabaseExtension);
+  return true;
+}
+
+// --- Ensure-open ---
+
+void Connect::EnsureOpen() {
+  if (initialised_ || !host_add_in_) return;
+  const dialogs::BusyPointer busy(surroundings_.services.toolkit);
+  if (!ConnectToDataBase()) return;
+  try {
+    OpenEditor();
+    initialised_ = true;
+  } catch (...) {
+    // Half an editor is of no use: the next node event starts again.
+    const std::shared_ptr<platform::AddIn> host = host_add_in_;
+    RemoveBranches(*host);
+    Release();
+    host_add_in_ = host;
+    throw;
+  }
+}
+
+bool Connect::ConnectToDataBase() {
+  if (connection_ && connection_->State() != platform::ObjectState::kClosed) return true;
+  try {
+    connection_ = surroundings_.create_connection();
+    connection_->Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + database_path_ +
+                      ";Mode=Read|Write|Share Deny None;");
+    return true;
+  } catch (const platform::Error& error) {
+    connection_.reset();
+    platform::MessageBox box;
+    box.prompt = std::to_string(error.number()) + "   " + error.description();
+    box.title = "ConnectToDataBase";
+    box.icon = platform::MessageIcon::kError;
+    messages_.Show(std::move(box));
+    return false;
+  }
+}
+
+void Connect::OpenEditor() {
+  const editor::Services& services = surroundings_.services;
+  editor_ = std::make_shared<editor::frmtabgrid>(
+      *this, services, texts_, messages_,
+      editor::Project{connection_, database_path_, studio_project_name_});
+  services.toolkit.Load(*editor_);
+  const platform::WindowHandle window = services.toolkit.Handle(*editor_);
+  embed_result_ = embedding_.Embed(window, *host_add_in_);
+  editor_->ApplyPosition();
+  BuildBranches(*host_add_in_, texts_, ReadFormulaNodes(*connection_));
+  editor_->InitializeGrids();
+  if (ide_) editor_->SetVBInstance(ide_);
+  editor_->InitializeCodeGenerator();
+  if (embedding_.IsCompiledModule()) {
+    editor_->SetHooked(true);
+    embedding_.Hook(window, [editor = editor_.get()](bool active) {
+      active ? editor->Activated() : editor->Deactivated();
+    });
+  }
+  host_add_in_->HandOverEditor(host_add_in_->RegisterEditor(kEditorName));
+}
+
+// --- Stop ---
+
+std::int32_t Connect::Terminate() {
+  return Event([this] {
+    if (host_add_in_) RemoveRoot(*host_add_in_);
+    Release();
+  });
+}
+
+void Connect::Release() {
+  platform::Toolkit& toolkit = surroundings_.services.toolkit;
+  const std::shared_ptr<editor::frmtabgrid> window = std::move(editor_);
+  const platform::WindowHandle handle = window ? toolkit.Handle(*window) : 0;
+  if (window) {
+    window->VerifyAdds(window->CurrentKey());
+    embedding_.Release(handle, embed_result_);
+  }
+  CloseDataBase();
+  if (window) {
+    if (embedding_.IsCompiledModule()) embedding_.Unhook(handle);
+    window->Close(forms::CloseReason::kCode);
+    toolkit.Unload(*window);
+  }
+  initialised_ = false;
+  host_add_in_.reset();
+}
+
+void Connect::CloseDataBase() {
+  if (!connection_) return;
+  if (connection_->State() == platform::ObjectState::kOpen) {
+    for (const auto& recordset : connection_->OpenRecordsets()) {
+      try {
+        if (recordset->GetEditMode() != platform::EditMode::kNone) recordset->CancelUpdate();
+        recordset->Close();
+      } catch (const platform::Error&) {
+        // The connection closes it.
+      }
+    }
+    try {
+      connection_->Close();
+    } catch (const platform::Error& error) {
+      messages_.Warn(error.description());
+    }
+  }
+  connection_.reset();
+}
+
+void Connect::Reset() {
+  if (!initialised_) return;
+  const std::string key = editor_->CurrentKey();
+  const bool visible = editor_->Visible();
+  const std::shared_ptr<platform::AddIn> host = host_add_in_;
+  RemoveBranches(*host);
+  Release();
+  host_add_in_ = host;
+  EnsureOpen();
+  if (!initialised_) return;
+  if (visible) surroundings_.services.toolkit.ShowModeless(*editor_);
+  if (!editor::IsOwnKey(key)) return;
+  const std::string text = host->NodeInformation(key, platform::kNodeInformationText);
+  host->SelectNode(key);
+  SelectFormula(key, text);
+}
+
+void Connect::RebuildViews() {
+  surroundings_.services.toolkit.CallLater([self = std::weak_ptr<Connect*>(self_)] {
+    const std::shared_ptr<Connect*> connect = self.lock();
+    if (!connect) return;
+    (*connect)->Event([&] { (*connect)->Reset(); });
+  });
+}
+
+std::string Connect::EditorCaption() const { return editor_ ? editor_->Caption() : std::string(); }
+
+}  // namespace addin

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "forms/row_source.h"
+#include "store/operations.h"
+
+namespace editor {
+
+// Columns of the argument grid.
+inline constexpr std::size_t kAliasIdColumn = 0;
+inline constexpr std::size_t kInColumn = 1;
+inline constexpr std::size_t kOutColumn = 2;
+// Columns of the alias grid.
+inline constexpr std::size_t kItemIdColumn = 0;
+inline constexpr std::size_t kVBAliasColumn = 1;
+
+// The arguments of one formula, by the names of their aliases. An index finds them, so they are
+// read at once: their number is that of one procedure's arguments, not of the table's rows.
+class ArgumentRows : public forms::MemoryRows {
+ public:
+  // Reads the arguments of the formula; no formula (0) has none. Raises platform::Error when the
+  // database fails; there are no rows then.
+  void Read(store::Operations& operations, std::int32_t formula_id);
+};
+
+}  // namespace editor

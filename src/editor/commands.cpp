@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+#include "editor/commands.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "dialogs/argument_dialogs.h"
+#include "dialogs/formula_dialogs.h"
+#include "dialogs/outcome.h"
+#include "editor/fconfig_editor.h"
+#include "editor/frmtabgrid.h"
+#include "editor/name_list.h"
+#include "editor/node_key.h"
+
+namespace editor {
+
+namespace {
+
+enum Action : std::int16_t { kNew = 0, kEdit = 1, kDelete = 2, kShowCode = 3 };
+enum Extra : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, kReport = 7 };
+
+constexpr std::int32_t kAskAliases = 190;
+constexpr std::int32_t kAskArguments = 191;
+constexpr std::int32_t kAskFormula = 192;
+constexpr std::int32_t kFormulaWithArguments = 1613;
+constexpr std::int32_t kFormulaWithArgument = 1614;
+constexpr std::int32_t kFormulaAlone = 1615;
+constexpr std::int32_t kArgumentsDetail = 1616;
+constexpr std::int32_t kAliasesDetail = 1617;
+constexpr std::int32_t kInUseDetail = 1618;
+constexpr std::int32_t kReportRemedy = 1628;
+
+// German in every language, on purpose.
+constexpr const char* kAliasInUse =
+    "Der zu löschende Alias wird in einer Funktion benutzt. Er kann nicht gelöscht werden";
+
+struct CommandRow {
+  const char* tool;
+  void (Commands::*command)(std::int16_t);
+  std::int16_t action;
+};
+
+constexpr CommandRow kCommands[] = {
+    {"mnuFunctionNew", &Commands::mnuFunction, kNew},
+    {"mnuFunctionEdit", &Commands::mnuFunction, kEdit},
+    {"mnuFunctionDelete", &Commands::mnuFunction, kDelete},
+    {"mnuFunctionShowCode", &Commands::mnuFunction, kShowCode},
+    {"mnuParameterNew", &Commands::mnuParameter, kNew},
+    {"mnuParameterEdit", &Commands::mnuParameter, kEdit},
+    {"mnuParameterDelete", &Commands::mnuParameter, kDelete},
+    {"mnuAliasNew", &Commands::mnuAlias, kNew},
+    {"mnuAliasEdit", &Commands::mnuAlias, kEdit},
+    {"mnuAliasDelete", &Commands::mnuAlias, kDelete},
+    {"mnuOptionActualize", &Commands::mnuExtra, kRefresh},
+    {"mnuOptionStatistik", &Commands::mnuExtra, kStatistics},
+    {"mnuOptionOption", &Commands::mnuExtra, kOptions},
+    {"mnuOptionReport", &Commands::mnuExtra, kReport},
+};
+
+std::int32_t CurrentIdOf(const forms::Grid& grid) {
+  return static_cast<std::int32_t>(grid.CurrentId().value_or(0));
+}
+
+std::vector<std::int32_t> SelectedIdsOf(const forms::Grid& grid) {
+  std::vector<std::int32_t> ids;
+  for (const std::int64_t id : grid.SelectedIds()) ids.push_back(static_cast<std::int32_t>(id));
+  return ids;
+}
+
+// The node that takes the place of a deleted one: the next sibling, else the previous one, else
+// the folder.
+std::string Neighbour(platform::AddIn& studio, const std::string& key) {
+  const std::vector<std::string> keys = studio.ChildKeys(kFormulasKey, 1);
+  const auto found = std::find(keys.begin(), keys.end(), key);
+  if (found != keys.end()) {
+    if (found + 1 != keys.end()) return *(found + 1);
+    if (found != keys.begin()) return *(found - 1);
+  }
+  return std::string(kFormulasKey);
+}
+
+}  // namespace
+
+void Commands::Run(std::string_view tool_name) {
+  if (tool_name == "mnuShowEditor") {
+    window_.host().ActivateEditor();
+    return;
+  }
+  const auto row =
+      std::find_if(std::begin(kCommands), std::end(kCommands),
+                   [&](const CommandRow& command) { return tool_name == command.tool; });
+  if (row == std::end(kCommands)) return;
+  window_.VerifyAdds(window_.CurrentKey());
+  try {
+    (this->*row->command)(row->action);
+  } catch (const platform::Error& error) {
+    window_.messages().Warn(error.description());
+  }
+}
+
+void Commands::mnuFunction(std::int16_t action) {
+  if (action == kNew) {
+    NewFormula();
+    return;
+  }
+  const std::int32_t id = KeyNumber(window_.ContextKey());
+  if (!window_.operations().FindFormula(id)) return;
+  if (action == kEdit) EditFormula(id);
+  if (action == kDelete) DeleteFormula(id);
+  if (action == kShowCode) ShowCode(id);
+}
+
+void Commands::mnuParameter(std::int16_t action) {
+  if (action == kNew) NewArgument();
+  if (action == kEdit) EditArgument();
+  if (action == kDelete) DeleteArguments();
+}
+
+void Commands::mnuAlias(std::int16_t action) {
+  if (action == kNew) NewAlias();
+  if (action == kEdit) EditAlias();
+  if (action == kDelete) DeleteAliases();
+}
+
+void Commands::mnuExtra(std::int16_t action) {
+  if (action == kRefresh) window_.host().RebuildViews();
+  if (action == kStatistics) ShowStatistics();
+  if (action == kOptions && OpenOptions(window_)) window_.host().RebuildViews();
+  if (action == kReport) ShowReport();
+}
+
+bool Commands::Confirmed(std::int32_t question, const std::string& detail) {
+  return !window_.SettingIsOn("RequestOnDelete") ||
+         window_.messages().Ask(window_.Text(question), detail);
+}
+
+// --- Formulas ---
+
+void Commands::NewFormula() {
+  const dialogs::AddedFormula added = dialogs::AddFormula(window_.surroundings());
+  if (!added.added) return;
+  const std::string key = FormulaKey(added.id);
+  platform::AddIn& studio = window_.studio();
+  studio.AddNode(kFormulasKey, added.name, key, "", KeyIcon(key), {0, 0, 0, 0});
+  studio.SelectNode(key);
+  window_.ShowNode(key, added.name);
+}
+
+void Commands::EditFormula(std::int32_t id) {
+  if (!dialogs::EditFormula(window_.surroundings(), id)) return;
+  const auto record = window_.operations().FindFormula(id);
+  if (!record) return;
+  const std::string key = FormulaKey(id);
+  window_.studio().SetNodeText(key, record->name);
+  if (window_.CurrentKey() != key) return;
+  window_.MakeMyCaption(key, record->name);
+  window_.Reload();
+}
+
+void Commands::DeleteFormula(std::int32_t id) {
+  store::Operations& operations = window_.operations();
+  const store::FormulaRecord formula = operations.FindFormula(id).value();
+  const std::size_t arguments = operations.ArgumentsOf(id).size();
+  const std::int32_t detail = arguments == 0   ? kFormulaAlone
+                              : arguments == 1 ? kFormulaWithArgument
+                                               : kFormulaWithArguments;
+  if (!Confirmed(kAskFormula,
+                 window_.texts().Text(detail, {{"<Name>", formula.name},
+                                               {"<Class>", formula.prog_id},
+                                               {"<Count>", std::to_string(arguments)}}))) {
+    return;
+  }
+  const std::array ids = {id};
+  const store::OperationResult result =
+      dialogs::Carry(window_.surroundings(), [&] { return operations.DeleteFormulas(ids); });
+  if (!result.success()) {
+    dialogs::WarnFailure(window_.surroundings(), result);
+    return;
+  }
+  const std::string key = FormulaKey(id);
+  platform::AddIn& studio = window_.studio();
+  const std::string neighbour = Neighbour(studio, key);
+  studio.RemoveNode(key);
+  const auto next = operations.FindFormula(KeyNumber(neighbour));
+  if (window_.CurrentKey() == key) {
+    studio.SelectNode(neighbour);
+    window_.ShowNode(neighbour, next ? next->name : std::string());
+  }
+  if (next) window_.cVBF.ShowFunction(window_, next->prog_id, next->name);
+}
+
+void Commands::ShowCode(std::int32_t id) {
+  const store::FormulaRecord formula = window_.operations().FindFormula(id).value();
+  if (window_.cVBF.ShowFunction(window_, formula.prog_id, formula.name)) return;
+  constexpr std::int32_t kNoCode = 1629;
+  window_.messages().Warn(
+      window_.texts().Text(kNoCode, {{"<Name>", formula.name}, {"<Class>", formula.prog_id}}));
+}
+
+// --- Arguments ---
+
+void Commands::NewArgument() {
+  const std::int32_t id =
+      dialogs::AddArgument(window_.surroundings(), KeyNumber(window_.CurrentKey()));
+  if (id == 0) return;
+  window_.Reload();
+  window_.tdbP.SetCurrentId(id);
+}
+
+void Commands::EditArgument() {
+  if (dialogs::EditArgument(window_.surroundings(), CurrentIdOf(window_.tdbP))) window_.Reload();
+}
+
+void Commands::DeleteArguments() {
+  store::Operations& operations = window_.operations();
+  const std::vector<std::int32_t> ids = SelectedIdsOf(window_.tdbP);
+  if (ids.empty()) return;
+  std::vector<std::string> names;
+  for (const std::int32_t id : ids) {
+    if (const auto argument = operations.FindArgument(id)) names.push_back(argument->vb_alias);
+  }
+  const auto formula = operations.FindFormula(KeyNumber(window_.CurrentKey()));
+  const std::string detail = window_.texts().Text(
+      kArgumentsDetail, {{"<Names>", NameList(names)}, {"<Name>", formula ? formula->name : ""}});
+  if (!Confirmed(kAskArguments, detail)) return;
+  const store::OperationResult result =
+      dialogs::Carry(window_.surroundings(), [&] { return operations.DeleteArguments(ids); });
+  if (!result.success()) dialogs::WarnFailure(window_.surroundings(), result);
+  window_.Reload();
+}
+
+// --- Aliases ---
+
+void Commands::NewAlias() {
+  const std::int32_t id = dialogs::AddAlias(window_.surroundings());
+  if (id == 0) return;
+  window_.Reload();
+  window_.tdbA.SetCurrentId(id);
+}
+
+void Commands::EditAlias() {
+  if (dialogs::EditAlias(window_.surroundings(), CurrentIdOf(window_.tdbA))) window_.Reload();
+}
+
+void Commands::DeleteAliases() {
+  store::Operations& operations = window_.operations();
+  const std::vector<std::int32_t> selected = SelectedIdsOf(window_.tdbA);
+  if (selected.empty()) return;
+  std::vector<std::string> names;
+  for (const std::int32_t id : selected) {
+    if (names.size() > kNamesShown) break;
+    if (const auto alias = operations.FindAlias(id)) names.push_back(alias->vb_alias);
+  }
+  const std::string detail =
+      window_.texts().Text(kAliasesDetail, {{"<Names>", NameList(names, selected.size())}});
+  if (!Confirmed(kAskAliases, detail)) return;
+  std::vector<std::int32_t> unused;
+  for (const std::int32_t id : selected) {
+    const std::vector<store::FormulaRecord> uses = operations.UsesOfAlias(id);
+    if (uses.empty()) {
+      unused.push_back(id);
+      continue;
+    }
+    std::vector<std::string> users;
+    for (const store::FormulaRecord& use : uses) users.push_back(use.prog_id + "." + use.name);
+    const auto alias = operations.FindAlias(id);
+    window_.messages().Warn(
+        kAliasInUse, window_.texts().Text(kInUseDetail, {{"<Name>", alias ? alias->vb_alias : ""},
+                                                         {"<Names>", NameList(users)}}));
+  }
+  if (unused.empty()) return;
+  const store::OperationResult result =
+      dialogs::Carry(window_.surroundings(), [&] { return operations.DeleteAliases(unused); });
+  if (!result.success()) dialogs::WarnFailure(window_.surroundings(), result);
+  window_.Reload();
+}
+
+// --- Extras ---
+
+void Commands::ShowStatistics() {
+  const dialogs::BusyPointer busy(window_.services().toolkit);
+  const store::Statistics statistics = window_.operations().Count();
+  Counts counts{statistics.aliases, statistics.formulas, statistics.arguments};
+  window_.Counters().Update(CounterMode::kSet, counts,
+                            [this](std::int32_t number) { return window_.Text(number); });
+}
+
+void Commands::ShowReport() {
+  std::shared_ptr<platform::Object> created;
+  try {
+    created = window_.services().objects.Create("OVProjectReport.Connect");
+  } catch (const platform::Error& error) {
+    window_.messages().Warn(std::to_string(error.number()) + "\r\n" + error.description(),
+                            window_.Text(kReportRemedy));
+    return;
+  }
+  const auto report = std::dynamic_pointer_cast<platform::ReportAddIn>(created);
+  if (!report) return;
+  std::string database_path = window_.project().database_path;
+  report->Show("OVFormula", database_path,
+               static_cast<std::int32_t>(window_.services().toolkit.Handle(window_)));
+}
+
+}  // namespace editor

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "platform/help.h"
+#include "platform/studio.h"
+#include "platform/toolkit.h"
+#include "platform/unit_of_work.h"
+#include "platform/window_system.h"
+#include "texts/text_table.h"
+
+namespace editor {
+
+// The outside as the editor window uses it. What is null is not there: every item is a Variant
+// then, no component list is kept, no host window is shown on closing.
+struct Services {
+  platform::Toolkit& toolkit;
+  platform::WindowSystem& window_system;
+  platform::SettingsService& settings;
+  platform::Help& help;
+  platform::ObjectFactory& objects;
+  platform::UnitOfWork& unit;
+  platform::OVItems* items = nullptr;
+  platform::ComponentList* components = nullptr;
+  platform::HostWindow* host_window = nullptr;
+};
+
+// What the editor window asks of the add-in that owns it.
+class EditorHost {
+ public:
+  virtual ~EditorHost() = default;
+  // The studio's add-in object.
+  virtual std::shared_ptr<platform::AddIn> HostAddIn() const = 0;
+  // The studio's main window.
+  virtual platform::WindowHandle HostWindow() const = 0;
+  // Rebuilds the tree and the views. The window that asks is replaced after its handler returned.
+  virtual void RebuildViews() = 0;
+  // Brings the editor window forward, on the selected node.
+  virtual void ActivateEditor() = 0;
+};
+
+}  // namespace editor

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "editor/fconfig_editor.h"
+
+#include <string>
+
+#include "editor/frmtabgrid.h"
+
+namespace editor {
+
+namespace {
+
+// German in every language, on purpose.
+constexpr const char* kStorageFailed = "Zurückschreiben von Konfigurationsdialog fehlgegangen";
+constexpr std::int32_t kSettingsNotWritten = 1627;
+
+bool IsTrue(const platform::Variant& value) {
+  const bool* on = value.Get<bool>();
+  return on && *on;
+}
+
+// What the options change is kept at once, the rest of the layout when the window closes: a
+// switched-off "save on exit" could never be kept otherwise.
+bool WriteOptions(settings::CInit& inits) {
+  bool written = true;
+  const auto write = [&](const std::string& key) {
+    written &= inits.WriteToIni(key, inits.ReadAValueFromCInits(key));
+  };
+  for (const char* key : {"SaveOnExit", "RequestOnDelete", "sb.Visible"}) write(key);
+  for (const char* owner : {"Me", "tdbP", "tdbA"}) {
+    for (const char* member :
+         {"Name", "Size", "Underline", "Strikethrough", "Italic", "Charset", "Weight"}) {
+      write(std::string(owner) + ".Font." + member);
+    }
+  }
+  return written;
+}
+
+}  // namespace
+
+FConfigEditor::FConfigEditor(const dialogs::Surroundings& surroundings)
+    : DialogForm("FConfigEditor", surroundings, dialogs::kEditorHelpTopic) {
+  SetTag("C163");
+  lblEditorFont.SetTag("C701");
+  chkDelQuestion.SetTag("C702");
+  chkShowStatusBar.SetTag("C703");
+  chkSaveOnExit.SetTag("C704");
+  txtEditorFont.SetLocked(true);
+  txtEditorFont.SetLayout({.min_chars = 24});
+  cmdEditorFont.SetCaption("...");
+  cmdEditorFont.SetLayout({.same_row = true});
+  cmdEditorFont.on_click = [this] {
+    const auto font = this->surroundings().toolkit.ChooseFont(txtEditorFont.GetFont());
+    if (!font) return;
+    txtEditorFont.SetFont(*font);
+    txtEditorFont.SetText(font->name);
+  };
+  WireButtons(cmdOk, cmdCancel, cmdHelp);
+}
+
+void CopyFont(const forms::Control& source, forms::Control& target) {
+  target.SetFont(source.GetFont());
+}
+
+void LoadOptions(const frmtabgrid& window, FConfigEditor& dialog) {
+  CopyFont(window, dialog.txtEditorFont);
+  dialog.txtEditorFont.SetText(dialog.txtEditorFont.GetFont().name);
+  if (IsTrue(window.inits.ReadAValueFromCInits("SaveOnExit")))
+    dialog.chkSaveOnExit.SetChecked(true);
+  if (IsTrue(window.inits.ReadAValueFromCInits("RequestOnDelete"))) {
+    dialog.chkDelQuestion.SetChecked(true);
+  }
+  if (window.sb.Visible()) dialog.chkShowStatusBar.SetChecked(true);
+}
+
+bool StoreOptions(frmtabgrid& window, const FConfigEditor& dialog) {
+  CopyFont(dialog.txtEditorFont, window);
+  CopyFont(window, window.tdbP);
+  CopyFont(window, window.tdbA);
+  window.inits.GetInitFromControl(window, "tdbA");
+  window.inits.GetInitFromControl(window, "tdbP");
+  window.inits.WriteAValueToCInits("SaveOnExit", dialog.chkSaveOnExit.Checked());
+  window.inits.WriteAValueToCInits("RequestOnDelete", dialog.chkDelQuestion.Checked());
+  window.sb.SetVisible(dialog.chkShowStatusBar.Checked());
+  window.inits.GetInitFromControl(window, "sb");
+  window.inits.GetInitFromControl(window, "Me");
+  window.ApplyChangedSettings();
+  return WriteOptions(window.inits);
+}
+
+bool OpenOptions(frmtabgrid& window) {
+  FConfigEditor dialog(window.surroundings());
+  LoadOptions(window, dialog);
+  if (!dialog.Run()) return false;
+  if (StoreOptions(window, dialog)) return true;
+  window.messages().Warn(kStorageFailed, window.texts().Text(kSettingsNotWritten,
+                                                             {{"<File>", window.SettingsFile()}}));
+  return false;
+}
+
+}  // namespace editor

@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+// The editor window: set-up and the selected node. Its outside is in frmtabgrid_window.cpp.
+#include "editor/frmtabgrid.h"
+
+#include <utility>
+
+#include "dialogs/dialog_form.h"
+#include "editor/menu_switcher.h"
+#include "editor/node_key.h"
+#include "editor/tools.h"
+
+namespace editor {
+
+namespace {
+
+constexpr std::int32_t kProductCaption = 180;
+constexpr std::int32_t kFormulaCaption = 181;
+constexpr std::int32_t kAliasCaption = 182;
+constexpr std::int32_t kNoArguments = 1620;
+constexpr std::int32_t kNoFormulaSelected = 1621;
+constexpr std::int32_t kNoAliases = 1622;
+constexpr std::int32_t kNothingFound = 1623;
+
+constexpr double kIdentifierWidth = 3000;
+constexpr double kColumnWidth = 1995;
+
+}  // namespace
+
+frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::TextTable& texts,
+                       dialogs::MessageBoxes& messages, Project project)
+    : Form("frmtabgrid", forms::FormLayout::kFixed),
+      inits(services.settings),
+      cVBF(texts, services.items, services.components),
+      host_(host),
+      studio_(host.HostAddIn()),
+      services_(services),
+      texts_(texts),
+      messages_(messages),
+      project_(std::move(project)),
+      dummy_var_ocx_(services.items),
+      parameter_splitter_(pctParamTabSplit, tdbP),
+      alias_splitter_(pctAliasTabSplit, tdbA) {
+  BuildBands(abr);
+  abr.on_tool_click = [this](forms::Tool& tool) { abr_ToolClick(tool); };
+  abr.on_band_open = [this](forms::Band& band) {
+    // A menu of the tree has its own node as context, which must stay.
+    const bool opened_by_bar =
+        band.Name() == kFunctionBand || band.Name() == kParameterBand || band.Name() == kAliasBand;
+    if (opened_by_bar && !toolbar_flag_) MenuSwitcher(key_, toolbar_flag_);
+  };
+  tdbP.AddSplit(kIdentifierWidth).AddColumn("AliasID", kIdentifierWidth);
+  forms::Split& flags = tdbP.AddSplit(0);
+  flags.AddColumn("In", kColumnWidth).SetKind(forms::ColumnKind::kCheckBox);
+  flags.AddColumn("Out", kColumnWidth).SetKind(forms::ColumnKind::kCheckBox);
+  tdbP.ColumnAt(kAliasIdColumn).SetKind(forms::ColumnKind::kDropDown);
+  tdbA.AddSplit(kColumnWidth).AddColumn("ItemID", kColumnWidth);
+  tdbA.AddSplit(0).AddColumn("VBAlias", kColumnWidth);
+  lblFind.SetTag("C1624");
+  lblFind.SetVisible(false);
+  txtFind.SetVisible(false);
+  SetResizable(true);
+  SetHelpContextId(dialogs::kEditorHelpTopic);
+  on_load = [this] { OnLoad(); };
+  on_query_unload = [this](bool& cancel, forms::CloseReason reason) {
+    OnQueryUnload(cancel, reason);
+  };
+  on_resize = [this] { abr_Resize(ClientWidth(), ClientHeight()); };
+  on_activate = [this] {
+    if (!hooked_) Activated();
+  };
+  on_deactivate = [this] {
+    if (!hooked_) Deactivated();
+  };
+  on_help = [this] { services_.help.ShowTopic(services_.toolkit.Handle(*this), HelpTopic(key_)); };
+  txtFind.on_change = [this] {
+    CurrentGrid().SetFilter(txtFind.Text());
+    ShowEmptyText();
+  };
+  txtFind.on_key_down = [this](forms::KeyEvent& event) {
+    if (event.key_code == forms::kKeyEscape) {
+      event.handled = true;
+      CloseFind();
+      CurrentGrid().SetFocus();
+    } else if (event.key_code == forms::kKeyReturn || event.key_code == forms::kKeyDown) {
+      event.handled = true;
+      CurrentGrid().SetFocus();
+    }
+  };
+}
+
+frmtabgrid::~frmtabgrid() = default;
+
+forms::TextLookup frmtabgrid::Lookup() const {
+  return [this](std::int32_t number) { return Text(number); };
+}
+
+void frmtabgrid::OnLoad() {
+  Counts none;
+  counters_.Update(CounterMode::kReset, none, Lookup());
+  SetCaption(Text(kProductCaption));
+  abr.LocaliseTools(Lookup());
+  forms::LocaliseCaptions(*this, Lookup());
+  counters_.ShowLabels(Lookup());
+  inits.LoadDefaultInit(settings::kEditorSettings);
+  inits.LoadInits(SettingsFile());
+  inits.SetInitToControl(*this, "sb");
+  inits.SetInitToMotherObject(*this);
+  ShowEditorTools(abr, toolbar_flag_);
+  MenuSwitcher(kRootKey, toolbar_flag_);
+}
+
+void frmtabgrid::InitializeGrid(forms::Grid& grid, std::string_view orders_key) {
+  inits.SetInitToControl(*this, grid.Name());
+  // The left split is as wide as the column in it, which is what the settings keep.
+  grid.SplitAt(0).SetWidth(grid.ColumnAt(0).Width());
+  ApplyColumnOrder(grid, inits.ReadAValueFromCInits(orders_key).ToText());
+}
+
+void frmtabgrid::InitializeGrids() {
+  constexpr std::int32_t kArgumentHeaders = 110;
+  constexpr std::int32_t kAliasHeaders = 101;
+  for (std::int32_t column = 0; column < 3; ++column) {
+    tdbP.ColumnAt(static_cast<std::size_t>(column)).SetCaption(Text(kArgumentHeaders + column));
+  }
+  for (std::int32_t column = 0; column < 2; ++column) {
+    tdbA.ColumnAt(static_cast<std::size_t>(column)).SetCaption(Text(kAliasHeaders + column));
+  }
+  tdbA.ColumnAt(kItemIdColumn).SetButtonPicture("PICCHOOSE");
+  InitializeGrid(tdbP, "tdbPColOrders");
+  InitializeGrid(tdbA, "tdbAColOrders");
+  abr_Resize(ClientWidth(), ClientHeight());
+  ShowEmptyText();
+}
+
+void frmtabgrid::SetVBInstance(std::shared_ptr<platform::VBE> vb_instance) {
+  vb_instance_ = std::move(vb_instance);
+}
+
+void frmtabgrid::InitializeCodeGenerator() {
+  cVBF.Initialize(project_.connection, vb_instance_, project_.name);
+  cVBF.SetNeedFunctionName([this](std::string& name) {
+    name = studio_->NodeInformation(key_, platform::kNodeInformationText);
+  });
+  operations_ = std::make_unique<store::Operations>(
+      store::Operations::Parts{project_.connection, vb_instance_, &cVBF, &services_.unit, &texts_});
+  const auto open_table = [this](dialogs::AliasOrder order) {
+    return std::make_shared<dialogs::AliasTable>(
+        project_.connection, project_.connection->CreateRecordset(), *operations_, order);
+  };
+  aliases_by_id_ = open_table(dialogs::AliasOrder::kId);
+  aliases_by_name_ = open_table(dialogs::AliasOrder::kName);
+  surroundings_.emplace(dialogs::Surroundings{services_.toolkit, texts_, messages_, *operations_,
+                                              aliases_by_name_, dummy_var_ocx_, &*studio_,
+                                              &services_.help, this});
+  tdbP.ColumnAt(kAliasIdColumn).SetList(std::make_shared<dialogs::AliasList>(aliases_by_name_));
+  tdbP.SetRowSource(arguments_);
+  tdbA.SetRowSource(std::make_shared<dialogs::AliasRows>(aliases_by_id_,
+                                                         dialogs::AliasRows::Columns::kItemAlias));
+}
+
+forms::Grid& frmtabgrid::CurrentGrid() { return KeyKind(key_) == kAliasKind ? tdbA : tdbP; }
+
+void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
+  VerifyAdds(key_);
+  CloseFind();
+  const bool other_node = key_ != key;
+  key_ = key;
+  context_key_ = key;
+  SwitchGrids(key);
+  ReadArguments();
+  RebindGrid(CurrentGrid(), other_node);
+  MakeMyCaption(key, text);
+  MenuSwitcher(key, toolbar_flag_);
+}
+
+void frmtabgrid::Reload() {
+  if (!operations_) return;
+  AliasesChanged();
+  ReadArguments();
+  RebindGrid(CurrentGrid(), false);
+  MenuSwitcher(key_, toolbar_flag_);
+}
+
+void frmtabgrid::ReadArguments() {
+  const std::int32_t formula_id = KeyKind(key_) == kFormulaKind ? KeyNumber(key_) : 0;
+  try {
+    arguments_->Read(*operations_, formula_id);
+  } catch (const platform::Error& error) {
+    messages_.Warn(error.description());
+  }
+}
+
+void frmtabgrid::RebindGrid(forms::Grid& grid, bool other_rows) {
+  refreshing_grid_ = true;
+  if (other_rows && &grid == &tdbP) {
+    grid.SetRowSource(arguments_);
+  } else {
+    grid.Rebind();
+  }
+  if (!grid.CurrentId() && grid.RowCount() > 0) grid.SetCurrentId(grid.IdAt(0));
+  refreshing_grid_ = false;
+  ShowEmptyText();
+}
+
+void frmtabgrid::ShowEmptyText() {
+  if (!CurrentGrid().Filter().empty()) {
+    CurrentGrid().SetEmptyText(texts_.Text(kNothingFound, {{"<Text>", txtFind.Text()}}));
+    return;
+  }
+  tdbP.SetEmptyText(Text(IsFormulaKey(key_) ? kNoArguments : kNoFormulaSelected));
+  tdbA.SetEmptyText(Text(kNoAliases));
+}
+
+void frmtabgrid::AliasesChanged() {
+  aliases_by_id_->Requery();
+  aliases_by_name_->Requery();
+}
+
+void frmtabgrid::SetTreeContext(std::string_view key, bool toolbar_flag) {
+  context_key_ = key;
+  MenuSwitcher(key, toolbar_flag);
+}
+
+void frmtabgrid::SwitchGrids(std::string_view key) {
+  const std::string_view kind = KeyKind(key);
+  if (kind == kRootKind || kind == kFormulaKind) {
+    tdbP.BringToFront();
+    pctParamTabSplit.BringToFront();
+    tbrfunc.SetBand(abr.FindBand(kArgumentToolbar));
+  } else if (kind == kAliasKind) {
+    tdbA.BringToFront();
+    pctAliasTabSplit.BringToFront();
+    tbrfunc.SetBand(abr.FindBand(kAliasToolbar));
+  }
+}
+
+void frmtabgrid::MakeMyCaption(std::string_view key, std::string_view formula_name) {
+  const std::string_view kind = KeyKind(key);
+  if (kind == kAliasKind) {
+    SetCaption(Text(kProductCaption) + Text(kAliasCaption));
+  } else if (kind == kFormulaKind) {
+    std::string caption = Text(kProductCaption) + Text(kFormulaCaption);
+    if (KeyNumber(key) != 0) caption += formula_name;
+    SetCaption(caption);
+  }
+}
+
+void frmtabgrid::VerifyAdds(std::string_view key) {
+  const std::string_view kind = KeyKind(key);
+  forms::Grid* grid = kind == kFormulaKind ? &tdbP : kind == kAliasKind ? &tdbA : nullptr;
+  if (!grid || (!grid->DataChanged() && !grid->EditActive())) return;
+  grid_editing_.SetSilent(true);
+  const bool written = grid->Update();
+  grid_editing_.SetSilent(false);
+  if (written) return;
+  grid->CancelUpdate();
+  messages_.ShowHostError(*studio_, grid->ErrorText());
+}
+
+void frmtabgrid::MenuSwitcher(std::string_view key, bool toolbar_flag) {
+  const MenuContext context{key, toolbar_flag, tdbP.SelectedCount(), tdbA.SelectedCount(),
+                            tdbA.CurrentId().has_value()};
+  ApplyToolStates(abr, ToolStates(context), Lookup());
+  if (toolbar_flag == toolbar_flag_) return;
+  toolbar_flag_ = toolbar_flag;
+  ShowEditorTools(abr, toolbar_flag);
+}
+
+void frmtabgrid::abr_ToolClick(forms::Tool& tool) {
+  // A command may let the add-in end; the window stays until the command has returned.
+  const std::shared_ptr<frmtabgrid> self = weak_from_this().lock();
+  if (!tool.Enabled()) {
+    services_.toolkit.Beep();
+    return;
+  }
+  commands_.Run(tool.Name());
+}
+
+void frmtabgrid::Activated() {
+  if (!messages_.Guarded()) Reload();
+}
+
+void frmtabgrid::Deactivated() {
+  if (!messages_.Guarded()) VerifyAdds(key_);
+}
+
+void frmtabgrid::ShowFind() {
+  if (!txtFind.Visible()) {
+    lblFind.SetVisible(true);
+    txtFind.SetVisible(true);
+    abr_Resize(ClientWidth(), ClientHeight());
+  }
+  txtFind.SetFocus();
+}
+
+void frmtabgrid::CloseFind() {
+  if (!txtFind.Visible()) return;
+  txtFind.SetText({});
+  lblFind.SetVisible(false);
+  txtFind.SetVisible(false);
+  abr_Resize(ClientWidth(), ClientHeight());
+}
+
+}  // namespace editor

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "editor/grid_layout.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "forms/form.h"
+
+namespace editor {
+namespace {
+
+using testing::ElementsAre;
+
+// A grid with the splits of the argument grid, and its splitter.
+struct Window : forms::Form {
+  forms::Grid grid{this, "tdbP"};
+  forms::Splitter splitter{this, "pctParamTabSplit"};
+
+  explicit Window(std::size_t columns = 3) : Form("window") {
+    grid.AddSplit(3000).AddColumn("AliasID", 3000);
+    forms::Split& rest = grid.AddSplit(0);
+    for (std::size_t i = 1; i < columns; ++i) rest.AddColumn("Flag" + std::to_string(i), 2000);
+    grid.SetBounds({100, 500, 8000, 4000});
+  }
+};
+
+TEST(ColumnOrder, RanksInsideTheSplit) {
+  struct Case {
+    const char* text;
+    std::vector<std::size_t> order;
+  };
+  const Case cases[] = {
+      {"", {0, 1, 2}},           {",2,3,4", {0, 1, 2}},   {",0,1,2", {0, 1, 2}},
+      {",0,2,1", {0, 2, 1}},     {"9,0,2,1", {0, 2, 1}},  {",2,1,0", {0, 2, 1}},
+      {",0,2", {0, 1, 2}},       {",0,2,x", {0, 2, 1}},   {",,,", {0, 1, 2}},
+      {",0,1,1,7,7", {0, 1, 2}}, {",1,-1,-2", {0, 2, 1}}, {",99999999999,0,0", {0, 1, 2}},
+  };
+  for (const Case& c : cases) {
+    Window window;
+    window.grid.ColumnAt(1).SetOrder(7);  // left over from other settings
+    ApplyColumnOrder(window.grid, c.text);
+    EXPECT_EQ(window.grid.DisplayOrder(), c.order) << c.text;
+  }
+}
+
+// Each restart reads what the exit before wrote.
+std::string AfterRestarts(std::string text, std::size_t columns, int restarts) {
+  for (int i = 0; i < restarts; ++i) {
+    Window window(columns);
+    ApplyColumnOrder(window.grid, text);
+    text = ColumnOrder(window.grid);
+  }
+  return text;
+}
+
+TEST(ColumnOrder, SurvivesRestarts) {
+  EXPECT_EQ(AfterRestarts(",2,3,4", 3, 3), ",0,1,2");
+  EXPECT_EQ(AfterRestarts(",2,3", 2, 3), ",0,1");
+  EXPECT_EQ(AfterRestarts(",0,2,1", 3, 3), ",0,2,1");
+
+  Window exchanged;
+  ApplyColumnOrder(exchanged.grid, ",2,3,4");
+  exchanged.grid.MoveColumn(2, 0);
+  ASSERT_THAT(exchanged.grid.DisplayOrder(), ElementsAre(0, 2, 1));
+  EXPECT_EQ(AfterRestarts(ColumnOrder(exchanged.grid), 3, 3), ",0,2,1");
+}
+
+TEST(Splitter, DragSetsTheWidthWithinTheGrid) {
+  struct Case {
+    const char* what;
+    double moved;
+    double width;
+  };
+  const Case cases[] = {
+      {"to the right", 500, 3500},
+      {"left of the grid", -9000, 0},
+      {"past the right edge", 9000, 7940},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Window window;
+    SplitterDrag drag(window.splitter, window.grid);
+    drag.Place();
+    EXPECT_EQ(window.splitter.Left(), 3130);
+    window.splitter.on_mouse_move({forms::kLeftButton, 0, 40, 0});  // no drag yet
+    window.splitter.on_mouse_down({forms::kRightButton, 0, 0, 0});
+    window.splitter.on_mouse_move({forms::kLeftButton, 0, 40, 0});
+    window.splitter.on_mouse_up({forms::kLeftButton, 0, 0, 0});
+    EXPECT_EQ(window.splitter.Left(), 3130);
+
+    window.splitter.on_mouse_down({forms::kLeftButton, 0, 5, 0});
+    window.splitter.on_mouse_move({forms::kLeftButton, 0, c.moved / 2, 0});
+    window.splitter.on_mouse_move({0, 0, 77, 0});  // the button is up
+    window.splitter.on_mouse_move({forms::kLeftButton, 0, c.moved / 2, 0});
+    window.splitter.on_mouse_up({forms::kLeftButton, 0, 0, 0});
+    EXPECT_EQ(window.grid.SplitAt(0).Width(), c.width);
+    EXPECT_EQ(window.grid.ColumnAt(0).Width(), c.width);
+    EXPECT_EQ(window.splitter.Left(), 100 + c.width + 30);
+    window.splitter.on_mouse_move({forms::kLeftButton, 0, 40, 0});
+    EXPECT_EQ(window.splitter.Left(), 100 + c.width + 30) << "the drag has ended";
+  }
+}
+
+}  // namespace
+}  // namespace editor
