@@ -19,8 +19,8 @@ enum class IdentifierProblem {
   kEmpty,
   kLeadingDigit,
   kForbiddenCharacter,  // blank, dot, sign, character outside the code page
-  kLeadingUnderscore,   // VBConformItemName lets it stand, Visual Basic does not
-  kNotALetter,          // a sign such as the euro's, which VBConformItemName lets stand
+  kLeadingUnderscore,   // CleanIdentifier lets it stand, Visual Basic does not
+  kNotALetter,          // a sign such as the euro's, which CleanIdentifier lets stand
   kReservedWord,
   kTooLong,
 };
@@ -39,15 +39,12 @@ std::string CleanIdentifier(std::string_view name);
 // Judges a name as it stands, whatever its cleaning would make of it.
 IdentifierHint CheckIdentifier(std::string_view name);
 
+// Whether a declaration of this name can be written into a module without changing the meaning
+// of any other text: an identifier, save for the signs that CleanIdentifier lets stand.
+bool IsDeclarable(std::string_view name);
+
 // Compared without regard to case.
-bool IsReservedWord(std::string_view name);
-
-// Equality of names as Visual Basic and the database see them: without regard to case, also of
-// accented letters.
-bool SameName(std::string_view a, std::string_view b);
-
-// The name in lower case, a key for maps of names.
-std::string FoldName(std::string_view name);
+bool IsReservedWord(std::string_view word);
 
 // Number of characters of a UTF-8 text.
 std::size_t CharacterCount(std::string_view text);

@@ -50,7 +50,7 @@ enum class MemberUse {
   kNoClass,   // project or class is not open
   kFree,      // the class declares nothing of that name
   kSub,       // a Sub with a body
-  kVariable,  // a public variable, declared alone on its line
+  kVariable,  // a public variable
   kOther,     // anything else
 };
 
@@ -130,15 +130,20 @@ class CVBFormulaCode {
   // itself and put the window's answer back.
   NeedFunctionName SetNeedFunctionName(NeedFunctionName answer);
 
-  // Header rebuilds wait, once for each formula, until the outermost of these ends.
-  void BeginHeaders();
-  void EndHeaders();
+  // Between these, changes of declarations and headers wait until the outermost EndBatch and are
+  // then made once for each class and formula, from the rows as they are then. Changes of the
+  // host's component list wait until CommitComponents or DropComponents. Outside of a batch
+  // everything is done at once.
+  void BeginBatch();
+  void EndBatch();
+  // Forgets what waits and ends the batch, at any depth.
+  void CancelBatch();
+  void CommitComponents();
+  void DropComponents();
 
   // Looks at the code; nothing changes.
   bool HasEnvironment() const;
   bool HasProjects();
-  // Whether the class may hold formulas: a public creatable class of an open ActiveX DLL.
-  bool IsFormulaClass(std::string_view prog_id);
   MemberUse LookUp(std::string_view prog_id, std::string_view name);
   // The procedure from declaration to end, joined by CR LF; with its header region above it when
   // asked. Empty when there is none.

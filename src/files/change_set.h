@@ -21,19 +21,21 @@ class RangeSource {
   struct Range {
     std::uint64_t offset = 0;
     std::span<const std::byte> before;  // bytes of the file now; shorter at the end of the file
-    std::span<const std::byte> after;   // may reach behind the end of the file
+    std::span<const std::byte> after;   // ends at the latest at SizeAfter
   };
 
   virtual ~RangeSource() = default;
-  virtual RandomAccessFile& File() = 0;
+  virtual RandomAccessFile& File() = 0;  // open for writing
   virtual std::uint64_t SizeBefore() = 0;
+  // A file that grows behind the last range is filled with zeros; one that shrinks is cut.
   virtual std::uint64_t SizeAfter() = 0;
   // Calls `visit` with every range in rising order of offset, without overlap; the same ranges
-  // at every call.
+  // at every call. Called twice by a commit; the bytes are asked for before the file is written.
   virtual void ForEachRange(const std::function<void(const Range&)>& visit) = 0;
 };
 
-// A whole file that is written, replaced or removed.
+// A whole file that is written, replaced or removed. Links are resolved, not replaced; an
+// existing file keeps its permissions, owner and extended attributes.
 struct FileChange {
   std::string path;
   std::optional<std::string> before;  // expected contents now; nothing: must not exist

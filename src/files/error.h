@@ -33,6 +33,13 @@ class Error : public std::runtime_error {
   std::string path_;
 };
 
+// A change failed and could not be put back at once. The journal stands; the next start puts the
+// change back, or keeps it when all of it is on the medium.
+class NotUndoneError : public Error {
+ public:
+  using Error::Error;
+};
+
 // What a user can do about a failure of this kind, one sentence.
 std::string_view Remedy(ErrorKind kind);
 

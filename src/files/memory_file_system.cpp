@@ -204,6 +204,12 @@ void MemoryFileSystem::SetReadOnly(const std::string& path, bool read_only) {
   node->read_only = read_only;
 }
 
+void MemoryFileSystem::SetModified(const std::string& path, std::int64_t modified_ns) {
+  const std::shared_ptr<Node> node = Find(path);
+  if (!node) Raise(ErrorKind::kNotFound, path, "cannot be given a time");
+  node->modified = modified_ns;
+}
+
 void MemoryFileSystem::SetCapacity(std::uint64_t bytes) { medium_->capacity = bytes; }
 
 void MemoryFileSystem::RemoveTree(const std::string& folder) {

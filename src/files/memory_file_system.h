@@ -27,6 +27,8 @@ class MemoryFileSystem final : public FileSystem {
   std::map<std::string, std::string> Snapshot() const;
   // Makes a file refuse to be opened for writing, or a folder refuse changes of its names.
   void SetReadOnly(const std::string& path, bool read_only);
+  // Sets the time of a file's last change.
+  void SetModified(const std::string& path, std::int64_t modified_ns);
   // Bytes that all files together may have; more is "no space left".
   void SetCapacity(std::uint64_t bytes);
   // Removes a folder with all that is in it, as when a medium is pulled out.

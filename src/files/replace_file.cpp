@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "files/replace_file.h"
 
-#include <random>
 #include <span>
+
+#include "files/random_number.h"
 
 namespace files {
 namespace {
@@ -16,10 +17,11 @@ void RemoveQuietly(FileSystem& system, const std::string& path) noexcept {
 }
 
 std::string RandomName() {
-  static thread_local std::mt19937_64 random{std::random_device{}()};
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string name;
-  for (int i = 0; i < 12; ++i) name += kDigits[random() % kDigits.size()];
+  for (std::uint64_t number = RandomNumber(); name.size() < 12; number /= kDigits.size()) {
+    name += kDigits[number % kDigits.size()];
+  }
   return name;
 }
 

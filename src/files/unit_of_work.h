@@ -5,13 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "files/change_journal.h"
 #include "files/change_set.h"
 #include "files/file_system.h"
 #include "platform/unit_of_work.h"
 
 namespace files {
 
-// Something that changes in a unit of work: a database, the modules of the VB projects.
+// Something that changes in a unit of work: a database, the modules of the VB projects. Failures
+// are files::Error, platform::Error or other standard exceptions.
 class Participant {
  public:
   virtual ~Participant() = default;
@@ -25,7 +27,8 @@ class Participant {
 };
 
 // The unit of work over the change journal: collects the changes of all participants and commits
-// them as one.
+// them as one. What fails is put back and raised as platform::Error; the participants return to
+// the state that they saved when the outermost unit began.
 class JournalledUnitOfWork final : public platform::UnitOfWork {
  public:
   JournalledUnitOfWork(FileSystem& system, std::string database_path);
@@ -40,11 +43,12 @@ class JournalledUnitOfWork final : public platform::UnitOfWork {
   std::vector<std::string> NotUndone() const override;
 
  private:
-  FileSystem& system_;
-  std::string database_path_;
+  void Undo() noexcept;
+
+  ChangeJournal journal_;
   std::vector<Participant*> participants_;
   int depth_ = 0;
-  bool rolled_back_ = false;
+  bool rolled_back_ = false;  // at some depth of the open unit
   std::vector<std::string> not_undone_;
 };
 

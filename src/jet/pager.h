@@ -22,7 +22,9 @@ struct PageFrame {
   std::uint32_t pins = 0;
   bool dirty = false;
   bool referenced = false;     // used since the replacement hand last passed
-  std::uint32_t saved_at = 0;  // transaction level whose image of this page is kept
+  std::uint32_t saved_at = 0;  // innermost transaction level that can return to its own state
+  std::size_t position = 0;    // in the pager's list of clean or of dirty frames
+  std::unique_ptr<std::byte[]> storage;
   std::byte* data = nullptr;
 };
 
@@ -112,10 +114,13 @@ class Pager final : public files::RangeSource {
   void Begin();
   void Commit();
   void Rollback() noexcept;
-  bool HasChanges() const { return dirty_count_ != 0; }
+  bool HasChanges() const { return !dirty_.empty(); }
 
   // Forgets all unchanged pages, because the file changed. Not in a transaction.
   void DropCache();
+  // Rises when pages may have gone back to earlier contents: by a rollback, or because the cache
+  // was dropped.
+  std::uint64_t generation() const { return generation_; }
 
   // files::RangeSource: what the outermost transaction changes.
   files::RandomAccessFile& File() override { return file_; }
@@ -124,26 +129,42 @@ class Pager final : public files::RangeSource {
   void ForEachRange(const std::function<void(const Range&)>& visit) override;
 
  private:
-  struct Level;  // images and counters to return to
+  // What a nested level returns to.
+  struct Image {
+    PageNumber page = 0;
+    std::uint32_t saved_at = 0;
+    std::unique_ptr<std::byte[]> bytes;  // none: the page was unchanged
+  };
+  struct Level {
+    PageNumber page_count = 0;
+    PageNumber lowest_free = 0;
+    std::vector<Image> images;
+  };
 
   PageFrame* Load(PageNumber page);   // reads a page that is not in memory
   PageFrame* Touch(PageNumber page);  // makes a page changeable at the current level
-  PageFrame* TakeFrame();
-  void Release(PageFrame* frame);
+  PageFrame* AddFrame(PageNumber page);
+  void Evict();
+  void Drop(PageFrame* frame) noexcept;  // forgets the page
+  void MakeDirty(PageFrame* frame);
+  void MakeClean(PageFrame* frame);
+  PageEdit Append();  // the page behind the last one
+
+  friend class FreePageMap;
 
   files::RandomAccessFile& file_;
   std::size_t cache_pages_;
   PageNumber page_count_ = 0;
-  PageNumber file_pages_ = 0;  // pages that are in the file
-  std::vector<PageFrame*> frame_of_page_;
-  std::vector<std::unique_ptr<PageFrame>> frames_;
-  std::vector<PageFrame*> free_frames_;
-  std::vector<std::unique_ptr<std::byte[]>> blocks_;
-  std::size_t hand_ = 0;
-  std::size_t dirty_count_ = 0;
+  PageNumber file_pages_ = 0;              // pages that are in the file
+  std::vector<PageFrame*> frame_of_page_;  // by page number; null: not in memory
+  std::vector<std::unique_ptr<PageFrame>> clean_;
+  std::vector<std::unique_ptr<PageFrame>> dirty_;
+  std::vector<std::unique_ptr<PageFrame>> orphans_;  // dropped while somebody held them
+  std::size_t hand_ = 0;                             // of the replacement, in clean_
   std::uint32_t level_ = 0;
   std::vector<Level> levels_;
-  PageNumber lowest_free_hint_ = 0;
+  PageNumber lowest_free_ = 0;  // no page below it is free
+  std::uint64_t generation_ = 0;
 };
 
 }  // namespace jet

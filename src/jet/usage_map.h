@@ -23,6 +23,12 @@ class UsageMap {
   void Remove(PageNumber page);
 
  private:
+  void Set(PageNumber page, bool member);
+  bool SetInline(PageNumber page, bool member);
+  bool Lengthen(PageEdit& page, std::size_t bit);
+  void ConvertToReferences();
+  void SetReferenced(PageNumber page, bool member);
+
   Pager& pager_;
   RowId record_;
 };

@@ -68,6 +68,7 @@ inline constexpr std::int32_t kErrTypeMismatch = -2147217913;    // 0x80040E07
 inline constexpr std::int32_t kErrDataOverflow = -2147217833;    // 0x80040E57, does not fit
 inline constexpr std::int32_t kErrNullNotAllowed = -2147217873;  // 0x80040E2F
 inline constexpr std::int32_t kErrObjectExists = -2147217857;    // 0x80040E3F
+inline constexpr std::int32_t kErrPermissionDenied = -2147217911;  // 0x80040E09, read only
 
 // One entry of Connection::Errors.
 struct ProviderError {

@@ -1,9 +1,69 @@
 // SPDX-License-Identifier: MIT
 // Texts of the code generator: warnings and refusals.
+#include <array>
+
 #include "texts/rows.h"
 
 namespace texts {
 
-std::span<const Row> CodegenRows() { return {}; }
+std::span<const Row> CodegenRows() {
+  static constexpr auto kRows = std::to_array<Row>({
+      {1100,
+       "Die Klasse <Class> steht in keinem der geöffneten Projekte; ihr Code blieb, wie er war.",
+       "The class <Class> is in none of the open projects; its code was left as it was."},
+      {1101, "<Class> enthält keine Sub <Name>; ihr Code blieb, wie er war.",
+       "<Class> holds no Sub <Name>; its code was left as it was."},
+      {1102, "<Class> enthielt keine Sub <Old>; eine leere Sub <Name> wurde angelegt.",
+       "<Class> held no Sub <Old>; an empty Sub <Name> was added."},
+      {1103, "<File>:<Line> verwendet noch <Name>", "<File>:<Line> still uses <Name>"},
+      {1104,
+       "<File>:<Line> deklariert <Name> nicht allein als öffentliche Variable; die Zeile blieb "
+       "stehen.",
+       "<File>:<Line> does not declare <Name> alone as a public variable; the line was left."},
+      {1105,
+       "<Class> enthält <Name> schon als etwas anderes. Wählen Sie einen anderen Namen, oder "
+       "benennen "
+       "Sie es in der Klasse um.",
+       "<Class> already holds <Name> as something else. Choose another name, or rename it in the "
+       "class."},
+      {1106,
+       "<File>:<Line> ist länger als 1023 Zeichen; so lange Zeilen nimmt Visual Basic nicht an.",
+       "<File>:<Line> is longer than 1023 characters, which Visual Basic does not take."},
+      {1107,
+       "<File> hat <Count> Zeilen; Visual Basic nimmt etwa 65000 an. Legen Sie weitere Formeln in "
+       "einer anderen Klasse an.",
+       "<File> has <Count> lines; Visual Basic takes about 65000. Put further formulas into "
+       "another "
+       "class."},
+      {1108, "Der mitgegebene Code enthält keine Sub <Name>; er wurde angefügt, wie er ist.",
+       "The given code holds no Sub <Name>; it was added as it is."},
+      {1109,
+       "<Name> lässt sich in Visual Basic nicht deklarieren; <Class> blieb ohne die Deklaration.",
+       "<Name> cannot be declared in Visual Basic; <Class> was left without the declaration."},
+      {1110,
+       "<File>:<Line>: die Sub <Name> schneidet einen #If-Block; ihre Zeilen mit # blieben stehen.",
+       "<File>:<Line>: the Sub <Name> cuts an #If block; its lines with # were left as they are."},
+      {1111, "Die Komponentenliste wurde nicht geändert: <Cause>",
+       "The component list was not changed: <Cause>"},
+      {1121, "Der Name fehlt.", "The name is missing."},
+      {1122, "<Name> beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben.",
+       "<Name> begins with a digit; Visual Basic wants a letter."},
+      {1123,
+       "<Name> enthält das Zeichen \"<Character>\"; Visual Basic erlaubt nur Buchstaben, Ziffern "
+       "und "
+       "Unterstriche.",
+       "<Name> holds the character \"<Character>\"; Visual Basic allows only letters, digits and "
+       "underscores."},
+      {1124, "<Name> beginnt mit einem Unterstrich; Visual Basic verlangt einen Buchstaben.",
+       "<Name> begins with an underscore; Visual Basic wants a letter."},
+      {1125, "<Name> enthält das Zeichen \"<Character>\", das für Visual Basic kein Buchstabe ist.",
+       "<Name> holds the character \"<Character>\", which is no letter for Visual Basic."},
+      {1126, "<Name> ist ein reserviertes Wort von Visual Basic.",
+       "<Name> is a reserved word of Visual Basic."},
+      {1127, "<Name> ist länger als 255 Zeichen; so lange Namen nimmt Visual Basic nicht an.",
+       "<Name> is longer than 255 characters, which Visual Basic does not take."},
+  });
+  return kRows;
+}
 
 }  // namespace texts

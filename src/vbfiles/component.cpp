@@ -6,32 +6,32 @@ namespace vbfiles {
 using platform::ComponentType;
 
 Component::Component(std::shared_ptr<Session> session, const CodePage& page, ComponentType type,
-                     std::string name, std::string path, const std::string& root_folder)
+                     std::string name, const std::string& path)
     : session_(std::move(session)),
       type_(type),
       written_name_(std::move(name)),
-      file_(*session_, page, std::move(path), root_folder) {
+      document_(OpenDocument(*session_, page, path)) {
   if (type != ComponentType::kResFile && type != ComponentType::kRelatedDocument) {
-    module_.emplace(*session_, file_, *this);
+    module_.emplace(*session_, *document_, *this);
   }
 }
 
 std::string Component::Name() const {
-  const CodePage& page = file_.page();
-  if (!file_.header().name.empty()) return page.ToUtf8(file_.header().name);
+  const CodePage& page = File().page();
+  if (!File().header().name.empty()) return page.ToUtf8(File().header().name);
   if (!written_name_.empty()) return written_name_;
-  if (!file_.header().object_name.empty()) return page.ToUtf8(file_.header().object_name);
-  const std::string file_name = session_->system.FileName(file_.path());
+  if (!File().header().object_name.empty()) return page.ToUtf8(File().header().object_name);
+  const std::string file_name = session_->system.FileName(File().path());
   return module_ ? file_name.substr(0, file_name.rfind('.')) : file_name;
 }
 
 ComponentType Component::Type() const {
-  return type_ == ComponentType::kVBForm && file_.header().mdi_form ? ComponentType::kVBMDIForm
-                                                                    : type_;
+  return type_ == ComponentType::kVBForm && File().header().mdi_form ? ComponentType::kVBMDIForm
+                                                                     : type_;
 }
 
 platform::Instancing Component::GetInstancing() const {
-  return type_ == ComponentType::kClassModule ? InstancingOf(file_.header())
+  return type_ == ComponentType::kClassModule ? InstancingOf(File().header())
                                               : platform::Instancing::kNone;
 }
 

@@ -6,8 +6,7 @@
 #include <string>
 
 #include "platform/vbide.h"
-#include "vbfiles/module_file.h"
-#include "vbfiles/project_file.h"
+#include "vbfiles/module_document.h"
 #include "vbfiles/session.h"
 #include "vbfiles/source_module.h"
 
@@ -19,26 +18,28 @@ class Component final : public platform::VBComponent {
  public:
   // `name` is the project file's copy of the name, used where the file has none.
   Component(std::shared_ptr<Session> session, const CodePage& page, platform::ComponentType type,
-            std::string name, std::string path, const std::string& root_folder);
+            std::string name, const std::string& path);
 
   std::string Name() const override;
   platform::ComponentType Type() const override;
   platform::Instancing GetInstancing() const override;
-  std::string FileName() const override { return file_.path(); }
+  std::string FileName() const override { return File().path(); }
   platform::CodeModule* Module() override { return module_ ? &*module_ : nullptr; }
   void Activate() override;
 
   // Why the file cannot be used, in a sentence; "" when it can.
-  const std::string& Problem() const { return file_.problem(); }
+  const std::string& Problem() const { return File().problem(); }
 
-  void RefreshHeader() { file_.RefreshHeader(); }
-  SourceModule* Source() { return module_ ? &*module_ : nullptr; }
+  void AddTree(const std::string& folder) { document_->file().AddTree(folder); }
+  void RefreshHeader() { document_->file().RefreshHeader(); }
 
  private:
+  const ModuleFile& File() const { return document_->file(); }
+
   std::shared_ptr<Session> session_;
   platform::ComponentType type_;
   std::string written_name_;
-  ModuleFile file_;
+  std::shared_ptr<ModuleDocument> document_;
   std::optional<SourceModule> module_;
 };
 

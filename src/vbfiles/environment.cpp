@@ -29,27 +29,41 @@ std::string CanonicalPath(files::FileSystem& system, const std::string& path) {
 }  // namespace
 
 Environment::Environment(files::FileSystem& system, Options options)
-    : session_(std::make_shared<Session>(Session{system, std::move(options), false, {}})),
+    : session_(std::make_shared<Session>(Session{system, std::move(options), false, {}, {}})),
       page_(CodePage::Get(session_->options.code_page)) {}
 
-void Environment::Open(const std::string& path) {
-  const std::string canonical = CanonicalPath(session_->system, path);
-  if (HasExtension(canonical, ".vbg")) {
-    OpenGroup(canonical);
-  } else if (HasExtension(canonical, ".vbp") || SourceTypeOf(canonical)) {
-    OpenProject(canonical, session_->system.Folder(canonical));
-  } else {
-    throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                          path +
-                              " is no Visual Basic file. Name a .vbp, a .vbg or a source file "
-                              "such as a .cls.");
+void Environment::Open(const std::vector<std::string>& paths) {
+  std::vector<std::string> all = paths_;
+  for (const std::string& path : paths) {
+    const std::string canonical = CanonicalPath(session_->system, path);
+    if (std::ranges::find(all, canonical) == all.end()) all.push_back(canonical);
   }
+  contents_ = Read(all);
+  paths_ = std::move(all);
 }
 
-void Environment::OpenGroup(const std::string& path) {
+Environment::Contents Environment::Read(const std::vector<std::string>& paths) const {
+  Contents contents;
+  for (const std::string& path : paths) {
+    if (HasExtension(path, ".vbg")) {
+      ReadGroup(path, contents);
+    } else if (HasExtension(path, ".vbp") || SourceTypeOf(path)) {
+      ReadProject(path, session_->system.Folder(path), contents);
+    } else {
+      throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
+                            path +
+                                " is no Visual Basic file. Name a .vbp, a .vbg or a source "
+                                "file such as a .cls.");
+    }
+  }
+  return contents;
+}
+
+void Environment::ReadGroup(const std::string& path, Contents& contents) const {
   files::FileSystem& system = session_->system;
   std::string text;
   try {
+    contents.groups[path] = system.Stamp(path).value_or(files::FileStamp{});
     text = files::ReadFile(system, path, kLargestGroupFile);
   } catch (const files::Error& error) {
     throw FromFileError(error);
@@ -59,52 +73,68 @@ void Environment::OpenGroup(const std::string& path) {
   for (const std::string& written : ParseGroupFile(text)) {
     const std::string project = resolver.Resolve(folder, page_.ToUtf8(written));
     if (!system.Exists(project)) {
-      problems_.push_back(project + " does not exist, although " + path +
-                          " names it. Restore it, or correct the group.");
+      contents.problems.push_back(project + " does not exist, although " + path +
+                                  " names it. Restore it, or correct the group.");
     } else if (!HasExtension(project, ".vbp")) {
-      problems_.push_back(project + " is no project, although " + path +
-                          " names it. Correct the group.");
+      contents.problems.push_back(project + " is no project, although " + path +
+                                  " names it. Correct the group.");
     } else {
-      OpenProject(CanonicalPath(system, project), folder);
+      ReadProject(CanonicalPath(system, project), folder, contents);
     }
   }
 }
 
-void Environment::OpenProject(const std::string& path, const std::string& root_folder) {
-  for (const auto& project : projects_) {
-    if (project->FileName() == path) return;
+void Environment::ReadProject(const std::string& path, const std::string& tree,
+                              Contents& contents) const {
+  for (const auto& project : contents.projects) {
+    if (project->FileName() != path) continue;
+    project->AddTree(tree);
+    return;
   }
-  auto opened = std::make_shared<Project>(session_, page_, path, root_folder);
-  for (const auto& project : projects_) {
+  const std::shared_ptr<Project> opened = ProjectAt(path, tree);
+  for (const auto& project : contents.projects) {
     if (!platform::EqualsIgnoringCase(project->Name(), opened->Name())) continue;
     throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
                           project->FileName() + " and " + path + " both are the project " +
                               opened->Name() + ". Name the one that is meant.");
   }
-  projects_.push_back(std::move(opened));
+  contents.projects.push_back(opened);
+}
+
+// The project that is open, or a new one.
+std::shared_ptr<Project> Environment::ProjectAt(const std::string& path,
+                                                const std::string& tree) const {
+  for (const auto& project : contents_.projects) {
+    if (project->FileName() == path) return project;
+  }
+  return std::make_shared<Project>(session_, page_, path, tree);
 }
 
 void Environment::Refresh() {
   if (session_->in_unit) return;
-  for (const auto& project : projects_) project->Refresh();
+  const bool groups_changed = std::ranges::any_of(contents_.groups, [&](const auto& group) {
+    return session_->system.Stamp(group.first) != group.second;
+  });
+  if (groups_changed) contents_ = Read(paths_);
+  for (const auto& project : contents_.projects) project->Refresh();
 }
 
 std::vector<std::shared_ptr<platform::VBProject>> Environment::VBProjects() {
   Refresh();
-  return {projects_.begin(), projects_.end()};
+  return {contents_.projects.begin(), contents_.projects.end()};
 }
 
 std::shared_ptr<platform::VBProject> Environment::FindProject(std::string_view name) {
   Refresh();
-  for (const auto& project : projects_) {
+  for (const auto& project : contents_.projects) {
     if (platform::EqualsIgnoringCase(project->Name(), name)) return project;
   }
   return nullptr;
 }
 
 std::vector<std::string> Environment::Problems() {
-  std::vector<std::string> problems = problems_;
-  for (const auto& project : projects_) {
+  std::vector<std::string> problems = contents_.problems;
+  for (const auto& project : contents_.projects) {
     std::ranges::move(project->Problems(), std::back_inserter(problems));
   }
   return problems;
@@ -119,33 +149,31 @@ void Environment::AllowWritesIn(const std::string& folder) {
 }
 
 template <typename Action>
-void Environment::ForEachModule(Action action) {
-  for (const auto& project : projects_) {
-    for (const auto& component : project->Components()) {
-      if (SourceModule* module = component->Source()) action(*module);
-    }
+void Environment::ForEachDocument(Action action) const {
+  for (const auto& [path, document] : session_->documents) {
+    if (const auto open = document.lock()) action(*open);
   }
 }
 
 void Environment::Save() {
   session_->in_unit = false;
   Refresh();
-  ForEachModule([](SourceModule& module) { module.Save(); });
+  ForEachDocument([](ModuleDocument& document) { document.Save(); });
   session_->in_unit = true;
 }
 
 void Environment::Collect(files::ChangeSet& changes) {
-  ForEachModule([&](SourceModule& module) { module.Collect(changes); });
+  ForEachDocument([&](const ModuleDocument& document) { document.Collect(changes); });
 }
 
 void Environment::Committed() noexcept {
   session_->in_unit = false;
-  ForEachModule([](SourceModule& module) { module.Committed(); });
+  ForEachDocument([](ModuleDocument& document) { document.Committed(); });
 }
 
 void Environment::Restore() noexcept {
   session_->in_unit = false;
-  ForEachModule([](SourceModule& module) { module.Restore(); });
+  ForEachDocument([](ModuleDocument& document) { document.Restore(); });
 }
 
 std::vector<std::string> FindProjectFiles(files::FileSystem& system, const std::string& folder) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,11 +27,13 @@ class Environment final : public platform::VBE, public files::Participant {
   // Opens a group (.vbg), a project (.vbp) or a single source file (.cls, .bas, .frm, ...).
   // What is open already is not opened again. Raises platform::Error: the file cannot be read;
   // a project of the same name is open from another file (kRefused, names both).
-  void Open(const std::string& path);
+  void Open(const std::string& path) { Open(std::vector<std::string>{path}); }
+  // Opens all of them or, when one fails, none.
+  void Open(const std::vector<std::string>& paths);
 
   std::vector<std::shared_ptr<platform::VBProject>> VBProjects() override;
   std::shared_ptr<platform::VBProject> FindProject(std::string_view name) override;
-  const std::vector<std::shared_ptr<Project>>& Projects() const { return projects_; }
+  const std::vector<std::shared_ptr<Project>>& Projects() const { return contents_.projects; }
 
   // What is wrong with the open files, a sentence each.
   std::vector<std::string> Problems();
@@ -45,16 +48,24 @@ class Environment final : public platform::VBE, public files::Participant {
   void Restore() noexcept override;
 
  private:
-  void OpenGroup(const std::string& path);
-  void OpenProject(const std::string& path, const std::string& root_folder);
+  struct Contents {
+    std::vector<std::shared_ptr<Project>> projects;
+    std::vector<std::string> problems;               // of groups
+    std::map<std::string, files::FileStamp> groups;  // by path, as they were read
+  };
+
+  Contents Read(const std::vector<std::string>& paths) const;
+  void ReadGroup(const std::string& path, Contents& contents) const;
+  void ReadProject(const std::string& path, const std::string& tree, Contents& contents) const;
+  std::shared_ptr<Project> ProjectAt(const std::string& path, const std::string& tree) const;
   void Refresh();
   template <typename Action>
-  void ForEachModule(Action action);
+  void ForEachDocument(Action action) const;
 
   std::shared_ptr<Session> session_;
   const CodePage& page_;
-  std::vector<std::shared_ptr<Project>> projects_;
-  std::vector<std::string> problems_;  // of groups
+  std::vector<std::string> paths_;  // that were opened, canonical
+  Contents contents_;
 };
 
 // Every .vbp and .vbg in the folder and below it, links not followed, the folder's own files

@@ -23,12 +23,9 @@ std::size_t ReadAt(files::RandomAccessFile& file, std::uint64_t offset, std::spa
 
 }  // namespace
 
-ModuleFile::ModuleFile(Session& session, const CodePage& page, std::string path,
-                       std::string root_folder)
-    : session_(session),
-      page_(page),
-      path_(std::move(path)),
-      root_folder_(std::move(root_folder)) {}
+void ModuleFile::AddTree(const std::string& folder) {
+  if (std::ranges::find(trees_, folder) == trees_.end()) trees_.push_back(folder);
+}
 
 void ModuleFile::RefreshHeader() {
   if (header_stamp_ && Stamp() == header_stamp_) return;
@@ -92,9 +89,9 @@ void ModuleFile::CheckWritable() {
     throw platform::Error(ErrorKind::kNotFound, kErrModuleNotEditable,
                           path_ + " does not exist. Restore it, or correct the project file.");
   }
-  if (!IsInsideTree()) {
+  if (!IsInsideTrees()) {
     throw platform::Error(ErrorKind::kRefused, kErrModuleNotEditable,
-                          path_ + " lies outside " + root_folder_ +
+                          path_ + " lies outside " + trees_.front() +
                               ", the folder of its project. Agree to changes in its folder, or "
                               "move it into the project.");
   }
@@ -106,8 +103,8 @@ void ModuleFile::CheckWritable() {
   }
 }
 
-bool ModuleFile::IsInsideTree() {
-  if (inside_tree_) return true;
+bool ModuleFile::IsInsideTrees() {
+  if (inside_trees_) return true;
   files::FileSystem& system = session_.system;
   try {
     const std::string target = system.Canonical(path_);
@@ -115,11 +112,11 @@ bool ModuleFile::IsInsideTree() {
       return system.Exists(folder) && IsInside(system, target, system.Canonical(folder));
     };
     const auto& agreed = session_.options.writable_folders;
-    inside_tree_ = holds(root_folder_) || std::any_of(agreed.begin(), agreed.end(), holds);
+    inside_trees_ = std::ranges::any_of(trees_, holds) || std::ranges::any_of(agreed, holds);
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
-  return inside_tree_;
+  return inside_trees_;
 }
 
 }  // namespace vbfiles

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "files/file_system.h"
 #include "vbfiles/code_page.h"
@@ -14,7 +15,11 @@ namespace vbfiles {
 // The file of a component: where it is, what its header says, and whether it may be written.
 class ModuleFile {
  public:
-  ModuleFile(Session& session, const CodePage& page, std::string path, std::string root_folder);
+  ModuleFile(Session& session, const CodePage& page, std::string path)
+      : session_(session), page_(page), path_(std::move(path)) {}
+
+  // Takes the folder for the tree of a project that the file belongs to.
+  void AddTree(const std::string& folder);
 
   const std::string& path() const { return path_; }
   const CodePage& page() const { return page_; }
@@ -37,21 +42,21 @@ class ModuleFile {
   std::optional<files::FileStamp> Stamp() { return session_.system.Stamp(path_); }
 
   // Raises platform::Error (kErrModuleNotEditable) when the file is read-only or lies outside
-  // the folder tree of its project and the folders that the engineer agreed to.
+  // the folder trees of its projects and the folders that the engineer agreed to.
   void CheckWritable();
 
  private:
   void ReadHeader();
-  bool IsInsideTree();
+  bool IsInsideTrees();
 
   Session& session_;
   const CodePage& page_;
   std::string path_;
-  std::string root_folder_;
+  std::vector<std::string> trees_;
   ModuleHeader header_;
   std::optional<files::FileStamp> header_stamp_;
   std::string problem_;
-  bool inside_tree_ = false;  // found to be so
+  bool inside_trees_ = false;  // found to be so
 };
 
 }  // namespace vbfiles

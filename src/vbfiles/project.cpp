@@ -7,7 +7,6 @@
 
 #include "platform/text.h"
 #include "vbfiles/errors.h"
-#include "vbfiles/project_file.h"
 
 namespace vbfiles {
 
@@ -41,12 +40,14 @@ std::optional<ComponentType> SourceTypeOf(const std::string& path) {
 }
 
 Project::Project(std::shared_ptr<Session> session, const CodePage& page, std::string path,
-                 std::string root_folder)
-    : session_(std::move(session)),
-      page_(page),
-      path_(std::move(path)),
-      root_folder_(std::move(root_folder)) {
+                 std::string tree)
+    : session_(std::move(session)), page_(page), path_(std::move(path)), trees_{std::move(tree)} {
   Read();
+}
+
+void Project::AddTree(const std::string& folder) {
+  trees_.push_back(folder);
+  for (const auto& component : components_) component->AddTree(folder);
 }
 
 void Project::Read() {
@@ -82,8 +83,10 @@ std::shared_ptr<Component> Project::MakeComponent(const ComponentEntry& entry,
   for (const auto& component : components_) {
     if (component->FileName() == path) return component;
   }
-  return std::make_shared<Component>(session_, page_, entry.type, page_.ToUtf8(entry.name), path,
-                                     root_folder_);
+  auto component =
+      std::make_shared<Component>(session_, page_, entry.type, page_.ToUtf8(entry.name), path);
+  for (const std::string& tree : trees_) component->AddTree(tree);
+  return component;
 }
 
 void Project::Refresh() {

@@ -9,6 +9,7 @@
 #include "platform/vbide.h"
 #include "vbfiles/component.h"
 #include "vbfiles/path_resolver.h"
+#include "vbfiles/project_file.h"
 #include "vbfiles/session.h"
 
 namespace vbfiles {
@@ -17,10 +18,12 @@ namespace vbfiles {
 // project of its own.
 class Project final : public platform::VBProject {
  public:
-  // Reads the project file. `path` and `root_folder` are canonical; files outside `root_folder`
-  // are not written without agreement. Raises platform::Error.
+  // Reads the project file. `path` and `tree` are canonical; files outside the folder `tree` are
+  // not written without agreement. Raises platform::Error.
   Project(std::shared_ptr<Session> session, const CodePage& page, std::string path,
-          std::string root_folder);
+          std::string tree);
+  // Takes another folder for one that the project may write in: that of a group naming it.
+  void AddTree(const std::string& folder);
 
   std::string Name() const override { return name_; }
   platform::ProjectType Type() const override { return type_; }
@@ -47,7 +50,7 @@ class Project final : public platform::VBProject {
   std::shared_ptr<Session> session_;
   const CodePage& page_;
   std::string path_;
-  std::string root_folder_;
+  std::vector<std::string> trees_;
   files::FileStamp stamp_;
   std::string name_;
   platform::ProjectType type_ = platform::ProjectType::kStandardExe;

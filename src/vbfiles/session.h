@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,8 @@
 #include "vbfiles/code_page.h"
 
 namespace vbfiles {
+
+class ModuleDocument;
 
 // Characters of a comment that the code page lacks and that were written as "?".
 struct ReplacedCharacters {
@@ -44,6 +48,7 @@ struct Session {
   Options options;
   bool in_unit = false;  // a unit of work is open: files are looked at once
   std::vector<ReplacedCharacters> replaced;
+  std::map<std::string, std::weak_ptr<ModuleDocument>> documents;  // by path
 };
 
 }  // namespace vbfiles

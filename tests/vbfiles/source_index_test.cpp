@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <random>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "tests/vbfiles/text_lines.h"
@@ -91,6 +94,181 @@ TEST(SourceIndex, DenseModule) {
   EXPECT_EQ(module.Place("ITEM", ProcKind::kLet), "24 24 2");
   EXPECT_EQ(module.Place("Item"), "none");
   EXPECT_EQ(module.Place("Sleep"), "none");
+}
+
+TEST(SourceIndex, LinesBelongToTheProcedureBelowThem) {
+  struct Case {
+    const char* what;
+    const char* text;
+    const char* owners;
+    std::int32_t declaration_lines;
+  };
+  const Case cases[] = {
+      {"the comment block next to the declaration, and the blanks around it",
+       "Option Explicit\n' about the fields\nPrivate mA As Long, mB As Long\n"
+       "' more about the fields\n\n' adds one\nPublic Sub Foo()\n    mA = mA + 1\nEnd Sub\n"
+       "' ---- second half ----\n\n'note for Bar\n\nProperty Get Bar() As Long\n    Bar = mB\n"
+       "End Property\n\n' end of file\n",
+       "- - - - Foo Foo Foo Foo Foo - Bar Bar Bar Bar Bar Bar Bar -", 3},
+      {"header at the top of the module", "\n'*** header ***\nPublic Sub A()\nEnd Sub\n", "A A A A",
+       0},
+      {"declarations only", "Option Explicit\nPublic A\n' b\n\n", "- - - -", 4},
+      {"no line", "", "", 0},
+      {"a directive block of declarations",
+       "Option Explicit\n#If DEBUGMODE Then\nPrivate mLog As CLog\n#End If\nPublic Sub A()\nEnd "
+       "Sub\n",
+       "- - - - A A", 4},
+      {"a directive block around a procedure",
+       "Option Explicit\n#If DEBUGMODE Then\nPublic Sub Trace()\nEnd Sub\n#End If\nPublic Sub "
+       "A()\nEnd Sub\n",
+       "- - Trace Trace - A A", 1},
+      {"directives nest",
+       "#Const X = 1\n#If X\n#If Y\nDim a\n#End If\nDim b\n#End If\n\nSub A()\nEnd Sub\n",
+       "- - - - - - - A A A", 7},
+      {"twins with one body",
+       "#If A Then\nSub X(a)\n#Else\nSub X(b)\n#End If\nEnd Sub\n\nSub Y()\nEnd Sub\n",
+       "- X X X X X Y Y Y", 0},
+      {"a procedure without end", "Sub A()\n x = 1\n\nSub B()\n", "A A A A", 0},
+      {"a commented-out procedure",
+       "Sub A()\nEnd Sub\n\n'Sub B()\n'End Sub\n\n' of C\nSub C()\nEnd Sub\n\n\n",
+       "A A - - - C C C C C C", 0},
+      {"a comment that goes on", "Dim a\n' b _\nSub Not_()\n\nSub A()\nEnd Sub\n", "- A A A A A",
+       1},
+      {"a comment behind a declaration that goes on", "Dim a ' b _\n   more\n\nSub A()\nEnd Sub\n",
+       "- - A A A", 2},
+      {"ends behind a label, a number, a colon and a comment",
+       "Sub A()\nDone: End Sub\nSub B()\n10 End Sub\nSub C()\nx = 1: End Sub ' c\nSub D()\nEnd _\n "
+       "Sub\nSub E()\n",
+       "A A B B C C D D D E", 0},
+      {"what is no end",
+       "Sub A()\nEnd\nExit Sub\ns = \"End Sub\"\nEnd Sub: x = 1\n'End Sub\nRem x: End Sub\n"
+       "a:=End Sub\nEnd Subs\nEnd Sub\n\nSub B()\nEnd Sub\n",
+       "A A A A A A A A A A B B B", 0},
+      {"colons in dates and behind file numbers",
+       "Sub A()\nd = #12:30:00 PM#: End Sub\nSub B()\nClose #1: End Sub\nSub C()\nx# = 1: End "
+       "Sub\nSub D()\nOpen f For Input As #1: Close #2: End Sub\n",
+       "A A B B C C D D", 0},
+      {"odd type elements",
+       "Type T\n  End As Long\n  Sub As Long\n  Type As Long\nEnd Type\nEnum E: a: b: End Enum\n"
+       "Sub A()\nEnd Sub\n",
+       "- - - - - - A A", 6},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    const Scanned module(c.text);
+    EXPECT_EQ(module.Owners(), c.owners);
+    EXPECT_EQ(module.index.CountOfDeclarationLines(), c.declaration_lines);
+  }
+}
+
+TEST(SourceIndex, Declarations) {
+  struct Case {
+    const char* text;
+    Rows members;
+  };
+  const Case cases[] = {
+      {"Public a As Long, b(1 To 3, 2) As String: Private c$", {"a 3 2 1", "b 3 2 1", "c 3 1 1"}},
+      {"Dim x _\n, y", {"x 3 1 1", "y 3 1 1"}},
+      {"Global Const A = \"x, y\", B = (1, 2)", {"A 5 2 1", "B 5 2 1"}},
+      {"Public Const C = 1 ' , D\nEvent E(a, b)", {"C 5 2 1", "E 4 2 2"}},
+      {"Declare Function GetTick& Lib \"k\" ()", {"GetTick 1 2 1"}},
+      {"Private Static Function F$(): End Function", {"F 1 1 1"}},
+      {"Friend Sub [Odd name!]()\nEnd Sub", {"Odd name! 1 3 1"}},
+      {"SUB a()\nend sub\nFUNCTION A2()\nEND FUNCTION", {"a 1 2 1", "A2 1 2 3"}},
+      {"Public WithEvents p As New CPort, q() As Long", {"p 3 2 1", "q 3 2 1"}},
+      {"#If A Then\nPublic X\n#Else\nPublic x As Long\n#End If", {"X 3 2 2"}},
+      {"Property Get P()\nEnd Property\nProperty Let P(v)\nEnd Property\nDim p", {"P 2 2 1"}},
+      {"Implements IFoo\nDefInt A-Z\nOption Base 1\nRem Public R\n'Public S", {}},
+      {"Public \xC4nderung\nPrivate \xE4nderung", {"\xC3\x84nderung 3 2 1"}},
+      {"Public Sub\nPublic\nDim ,\nDeclare x\nProperty X()\nSub (", {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(Scanned(c.text).Members(), c.members);
+  }
+}
+
+TEST(SourceIndex, NamesOfDoubleBytePagesEndWhereTheyEnd) {
+  // The second bytes are @ and |, which end a name when they stand alone; 0x83 0x41 and 0x83 0x61
+  // differ in a byte that would be a letter's case.
+  const TextLines lines("Public \x83\x40\x83\x7C As Long\nPublic \x83\x41, \x83\x61");
+  const SourceIndex index(lines, CodePage::Get(932));
+  ASSERT_EQ(ListMembers(index).size(), 3u);
+  EXPECT_EQ(index.Name(index.declarations()[0].name), "\x83\x40\x83\x7C");
+}
+
+// Lines with every effect on what surrounds them.
+const char* const kSoup[] = {"",
+                             "  ",
+                             "' comment",
+                             "' comment _",
+                             "Rem note _",
+                             "Sub A()",
+                             "Public Function B(x, _",
+                             "  y) As Long",
+                             "Private Sub C(): End Sub",
+                             "Property Get D()",
+                             "Property Let D(v) ' _",
+                             "End Sub",
+                             "10 End Function ' x",
+                             "End Property",
+                             "x = 1: y = 2",
+                             "If a Then _",
+                             "Public V, W As Long",
+                             "Const K = 1 ' c _",
+                             "Type T",
+                             "End Type",
+                             "Enum E",
+                             "End Enum",
+                             "#If X Then",
+                             "#End If _",
+                             "#Else",
+                             "_",
+                             " _",
+                             "Dim Z _"};
+
+std::string Describe(const SourceIndex& index) {
+  std::string text;
+  for (const Procedure& p : index.procedures()) {
+    text += std::string(index.Name(p.name)) + " " + std::to_string(index.RegionStart(p)) + " " +
+            std::to_string(p.body_line) + " " + std::to_string(p.end_line) + " " +
+            std::to_string(index.RegionEnd(p)) + "\n";
+  }
+  for (const Declaration& d : index.declarations()) {
+    text += std::string(index.Name(d.name)) + " " + std::to_string(d.line) + "\n";
+  }
+  for (std::int32_t line = 1; line <= index.LineCount() + 1; ++line) {
+    const LineInfo& info = index.Info(line);
+    text += std::to_string(static_cast<int>(info.mode)) +
+            std::to_string(static_cast<int>(info.continuation));
+    if (line > index.LineCount()) break;
+    text += std::to_string(static_cast<int>(info.line_class)) +
+            std::to_string(static_cast<int>(info.directive)) + (info.declaration_ends ? "d " : " ");
+  }
+  return text + std::to_string(index.CountOfDeclarationLines());
+}
+
+TEST(SourceIndex, EditsLeaveTheSameIndexAsAFreshScan) {
+  const int rounds = std::getenv("OV_LONG") != nullptr ? 2000 : 40;
+  std::mt19937 random(20);
+  auto below = [&](std::size_t n) { return static_cast<std::int32_t>(random() % n); };
+  for (int round = 0; round < rounds; ++round) {
+    TextLines text;
+    SourceIndex index(text, Western());
+    for (int edit = 0; edit < 60; ++edit) {
+      const std::int32_t first = 1 + below(text.lines.size() + 1);
+      const std::int32_t removed = std::min(below(4), text.LineCount() - first + 1);
+      const std::int32_t inserted = below(edit < 5 ? 30 : 4);
+      const auto at = text.lines.begin() + first - 1;
+      text.lines.erase(at, at + removed);
+      for (std::int32_t i = 0; i < inserted; ++i) {
+        text.lines.insert(text.lines.begin() + first - 1, kSoup[random() % std::size(kSoup)]);
+      }
+      index.Update(first, removed, inserted);
+      ASSERT_EQ(Describe(index), Describe(SourceIndex(text, Western())))
+          << "round " << round << ", edit " << edit;
+    }
+  }
 }
 
 }  // namespace

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// The changes of one class's alias declarations, collected and then made at once.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "codegen/report.h"
+#include "platform/vbide.h"
+
+namespace codegen {
+
+class ClassEdits {
+ public:
+  void Remove(std::string_view alias) { removed_.emplace_back(alias); }
+  // `line` is the whole declaration.
+  void Declare(std::string_view alias, std::string line) {
+    declared_.push_back({std::string(alias), std::move(line)});
+  }
+
+  // First the removals, then the new declarations, behind the module's declarations, unless the
+  // class declares the name. A declaration that stands already is not touched. Uses of names that
+  // are gone afterwards become warnings.
+  void Apply(platform::VBComponent& component, platform::CodeModule& module, Report& report);
+
+ private:
+  struct Declaration {
+    std::string alias;
+    std::string line;
+  };
+  struct Place {
+    std::string file;  // name of the component's file without its folder
+    platform::CodeModule& module;
+    Report& report;
+  };
+
+  // Deletes the lines of the removed names and returns those names.
+  std::vector<std::string> RemoveLines(const Place& place);
+  void InsertDeclarations(const Place& place);
+
+  std::vector<std::string> removed_;
+  std::vector<Declaration> declared_;
+};
+
+// File name of a path, for messages.
+std::string FileNameOf(std::string_view path);
+
+// Warns when the module nears the limits of Visual Basic: the number of its lines, and the length
+// of a line that was written.
+void WarnOfLimits(std::string_view file, platform::CodeModule& module, Report& report);
+void WarnOfLongLine(std::string_view file, std::int32_t line, std::string_view text,
+                    Report& report);
+
+}  // namespace codegen

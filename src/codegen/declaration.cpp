@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/declaration.h"
+
+#include <algorithm>
+
+#include "codegen/source_line.h"
+#include "codegen/templates.h"
+#include "platform/text.h"
+
+namespace codegen {
+namespace {
+
+constexpr std::string_view kTypeCharacters = "%&!#@$";
+
+// Reads words and signs of a statement from left to right.
+class Reader {
+ public:
+  explicit Reader(std::string_view text) : text_(TrimBlanks(text)) {}
+
+  bool AtEnd() const { return text_.empty(); }
+  std::string_view Rest() const { return text_; }
+
+  // A name or keyword, brackets included; empty when something else follows.
+  std::string_view Word() {
+    std::size_t end = 0;
+    if (text_.starts_with('[')) {
+      end = text_.find(']');
+      end = end == std::string_view::npos ? text_.size() : end + 1;
+    } else {
+      while (end < text_.size() && IsNameByte(text_[end])) ++end;
+    }
+    return Take(end);
+  }
+
+  bool Take(char sign) {
+    if (!text_.starts_with(sign)) return false;
+    Take(std::size_t{1});
+    return true;
+  }
+
+  bool TakeWord(std::string_view word) {
+    const Reader before = *this;
+    if (platform::EqualsIgnoringCase(Word(), word)) return true;
+    *this = before;
+    return false;
+  }
+
+  void SkipTypeCharacter() {
+    if (!text_.empty() && kTypeCharacters.find(text_[0]) != std::string_view::npos) {
+      Take(std::size_t{1});
+    }
+  }
+
+  // What stands up to the closing parenthesis, which is taken too.
+  std::string_view Parenthesised() {
+    int depth = 1;
+    bool in_string = false;
+    std::size_t end = 0;
+    for (; end < text_.size(); ++end) {
+      const char c = text_[end];
+      if (c == '"') in_string = !in_string;
+      if (in_string) continue;
+      if (c == '(') ++depth;
+      if (c == ')' && --depth == 0) break;
+    }
+    const std::string_view inside = Take(end);
+    Take(')');
+    return inside;
+  }
+
+ private:
+  static bool IsNameByte(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80;
+  }
+  std::string_view Take(std::size_t count) {
+    const std::string_view taken = text_.substr(0, count);
+    text_ = TrimBlanks(text_.substr(count));
+    return taken;
+  }
+
+  std::string_view text_;
+};
+
+std::string_view WithoutBrackets(std::string_view name) {
+  if (name.size() >= 2 && name.front() == '[') return name.substr(1, name.size() - 2);
+  return name;
+}
+
+// One logical line, the continuation marks taken out.
+std::string JoinContinued(const std::vector<std::string>& lines) {
+  std::string joined;
+  for (const std::string& line : lines) {
+    joined += line;
+    if (!IsContinued(line)) break;
+    joined.pop_back();
+  }
+  return joined;
+}
+
+}  // namespace
+
+std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines) {
+  const std::string line = JoinContinued(lines);
+  const std::size_t comment = CommentStart(line);
+  Reader reader(std::string_view(line).substr(0, comment));
+  for (const std::string_view word : {"public", "private", "friend", "static"}) {
+    reader.TakeWord(word);
+  }
+  if (!reader.TakeWord("sub")) return std::nullopt;
+  SubDeclaration result;
+  result.name = WithoutBrackets(reader.Word());
+  if (result.name.empty()) return std::nullopt;
+  if (reader.Take('(')) result.parameters = TrimBlanks(reader.Parenthesised());
+  result.rest = reader.Rest();
+  result.comment = line.substr(comment);
+  return result;
+}
+
+std::string RenamedSub(const SubDeclaration& old, std::string_view new_name) {
+  std::string line = Templates::SubDeclaration(new_name) + old.rest;
+  if (!old.parameters.empty()) line += " '(" + old.parameters + ")";
+  if (!old.comment.empty()) line += " " + old.comment;
+  return line;
+}
+
+bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name) {
+  if (IsContinued(line)) return false;
+  Reader reader(line.substr(0, CommentStart(line)));
+  if (!reader.TakeWord("public") && !reader.TakeWord("global")) return false;
+  if (!platform::EqualsIgnoringCase(WithoutBrackets(reader.Word()), name)) return false;
+  reader.SkipTypeCharacter();
+  if (reader.TakeWord("as")) {
+    reader.TakeWord("new");
+    do {
+      if (reader.Word().empty()) return false;
+    } while (reader.Take('.'));
+  }
+  return reader.AtEnd();
+}
+
+}  // namespace codegen

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// What a declaration statement says, as far as an edit of it must know.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace codegen {
+
+// The declaration of a Sub, taken apart.
+struct SubDeclaration {
+  std::string name;
+  std::string parameters;  // between the parentheses, blanks trimmed
+  std::string rest;        // statements behind it on the line, from the colon on
+  std::string comment;     // behind all of it, from the apostrophe on
+};
+
+// Reads a declaration from its physical lines, the continuations included. Nothing when it does
+// not declare a Sub (a Function, a Property, anything else).
+std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines);
+
+// The line that declares the sub under a new name and keeps all else: statements behind the
+// declaration, and its parameters as a comment, since a formula has none.
+std::string RenamedSub(const SubDeclaration& old, std::string_view new_name);
+
+// Whether the line is a whole statement that declares one public variable of that name and
+// nothing else, so that the line can be deleted.
+bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name);
+
+}  // namespace codegen

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/data_type.h"
+#include "codegen/formula_code_impl.h"
+#include "codegen/identifier.h"
+
+namespace codegen {
+namespace {
+
+constexpr std::int32_t kUnknownItemType = 12;  // Variant
+
+}  // namespace
+
+void CVBFormulaCode::Impl::Declare(Waiting& waiting, std::string_view alias,
+                                   std::string_view item) {
+  if (!IsDeclarable(alias)) {
+    report_.Warn(kTextNotDeclarable, {{"<Name>", alias}, {"<Class>", waiting.prog_id}});
+    return;
+  }
+  std::int32_t type = kUnknownItemType;
+  if (items_) report_.Step([&] { type = items_->VariantTypeOf(item); });
+  waiting.declarations.Declare(alias, Templates::Declaration(alias, GetDataType(type), item));
+}
+
+void CVBFormulaCode::Impl::AddParameter(std::string_view prog_id, std::string_view alias,
+                                        std::string_view item) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  Declare(WaitingFor(prog_id), alias, item);
+  std::string name;
+  if (need_function_name_) report_.Step([&] { need_function_name_(name); });
+  if (!name.empty()) HeaderWaits(name, prog_id);
+}
+
+void CVBFormulaCode::Impl::RenameParameter(std::string_view prog_id, std::string_view old_name,
+                                           std::string_view new_name, const ParameterIds& ids) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  report_.Step([&] {
+    if (!rows_ || rows_->IsUsedInClass(prog_id, ids.old_alias_id, ids.formula_id)) return;
+    WaitingFor(prog_id).declarations.Remove(old_name);
+  });
+  report_.Step([&] {
+    std::optional<FormulaRows::Alias> alias;
+    if (rows_) alias = rows_->FindAlias(ids.alias_id);
+    Declare(WaitingFor(prog_id), new_name, alias ? alias->item_id : std::string());
+  });
+  HeaderWaits(ids.function_name, prog_id);
+}
+
+void CVBFormulaCode::Impl::DeleteParameter(std::string_view prog_id, std::string_view name,
+                                           const ParameterIds& ids) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  report_.Step([&] {
+    if (rows_ && rows_->IsUsedInClass(prog_id, ids.alias_id, ids.formula_id)) return;
+    WaitingFor(prog_id).declarations.Remove(name);
+  });
+  HeaderWaits(ids.function_name, prog_id);
+}
+
+std::vector<AliasUse> CVBFormulaCode::Impl::AliasInUse(std::int32_t alias_id) {
+  std::vector<AliasUse> uses;
+  if (!rows_) return uses;
+  report_.Step([&] {
+    for (FormulaRows::Use& use : rows_->UsesOf(alias_id)) {
+      uses.push_back({std::move(use.name), std::move(use.prog_id)});
+    }
+  });
+  return uses;
+}
+
+void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_alias,
+                                       std::string_view new_alias) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  std::optional<FormulaRows::Alias> record;
+  if (rows_) report_.Step([&] { record = rows_->FindAlias(id); });
+  std::unordered_set<const Waiting*> classes;
+  for (const AliasUse& use : AliasInUse(id)) {
+    Waiting& waiting = WaitingFor(use.prog_id);
+    if (classes.insert(&waiting).second) {
+      waiting.declarations.Remove(old_alias);
+      if (record) Declare(waiting, new_alias, record->item_id);
+    }
+    HeaderWaits(use.name, use.prog_id);
+  }
+}
+
+std::string CVBFormulaCode::Impl::VBConformItemName(std::string& item_name,
+                                                    std::int32_t actual_id) {
+  item_name = CleanIdentifier(item_name);
+  std::string candidate = item_name;
+  if (!rows_) return candidate;
+  report_.Step([&] {
+    for (int counter = 1;; ++counter) {
+      const std::optional<std::int32_t> id = rows_->FindAliasId(candidate);
+      if (!id || *id == actual_id) return;
+      candidate = item_name + std::to_string(counter);
+    }
+  });
+  return candidate;
+}
+
+}  // namespace codegen

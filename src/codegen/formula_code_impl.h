@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+// The inside of CVBFormulaCode. formula_code_impl.cpp looks at the code and keeps what waits,
+// formula_code_subs.cpp changes subs and headers, formula_code_aliases.cpp declarations.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "codegen/class_edits.h"
+#include "codegen/formula_rows.h"
+#include "codegen/report.h"
+#include "codegen/sub_lines.h"
+#include "codegen/templates.h"
+#include "codegen/text_numbers.h"
+#include "codegen/vb_formula_code.h"
+
+namespace codegen {
+
+class CVBFormulaCode::Impl {
+ public:
+  Impl(const texts::TextTable& texts, platform::OVItems* items, platform::ComponentList* components)
+      : items_(items), components_(components), templates_(texts), report_(texts) {}
+
+  void Initialize(std::shared_ptr<platform::Connection> connection,
+                  std::shared_ptr<platform::VBE> vbe, std::string_view project) {
+    CancelBatch();
+    DropComponents();
+    rows_.reset();
+    if (connection) rows_ = std::make_unique<FormulaRows>(std::move(connection));
+    vbe_ = std::move(vbe);
+    project_ = project;
+  }
+
+  bool ShowFunction(CodeWindowCaller& caller, std::string_view prog_id, std::string_view name);
+  void AddFunction(std::string_view prog_id, std::string_view name, std::string_view code);
+  void RenameFunction(std::string_view prog_id, std::string_view old_name,
+                      std::string_view new_name);
+  void DeleteFunction(std::string_view prog_id, std::string_view name);
+  void DeactivateFunction(std::string_view prog_id, std::string_view name);
+  void AddParameter(std::string_view prog_id, std::string_view alias, std::string_view item);
+  void RenameParameter(std::string_view prog_id, std::string_view old_name,
+                       std::string_view new_name, const ParameterIds& ids);
+  void DeleteParameter(std::string_view prog_id, std::string_view name, const ParameterIds& ids);
+  void RenameAlias(std::int32_t id, std::string_view old_alias, std::string_view new_alias);
+  void RebuildHeader(std::string_view name, std::string_view prog_id);
+  std::string GetHeader(std::string_view name, std::string_view prog_id);
+  void ReplaceHeader(std::string_view name, std::string_view prog_id, std::string_view header);
+  std::string VBConformItemName(std::string& item_name, std::int32_t actual_id);
+  std::vector<AliasUse> AliasInUse(std::int32_t alias_id);
+  MemberUse LookUp(std::string_view prog_id, std::string_view name);
+  std::string FunctionText(std::string_view prog_id, std::string_view name, bool with_header);
+
+  void BeginBatch() { ++batch_; }
+  void EndBatch() {
+    if (batch_ > 0 && --batch_ == 0) ApplyEdits();
+  }
+  void CancelBatch() {
+    batch_ = 0;
+    waiting_.clear();
+  }
+  void CommitComponents();
+  void DropComponents() { component_changes_.clear(); }
+
+  NeedFunctionName SetNeedFunctionName(NeedFunctionName answer) {
+    return std::exchange(need_function_name_, std::move(answer));
+  }
+  bool HasEnvironment() const { return vbe_ != nullptr; }
+  bool HasProjects() { return vbe_ && !vbe_->VBProjects().empty(); }
+  Report& report() { return report_; }
+
+ private:
+  // A class and its module; the module is null when there is none.
+  struct Place {
+    std::shared_ptr<platform::VBComponent> component;
+    platform::CodeModule* module = nullptr;
+    explicit operator bool() const { return module != nullptr; }
+    std::string File() const { return FileNameOf(component->FileName()); }
+  };
+  // What waits for the end of the batch, of one class.
+  struct Waiting {
+    std::string prog_id;
+    ClassEdits declarations;
+    std::vector<std::string> headers;  // function names
+    std::unordered_set<std::string> header_names;
+  };
+  struct ComponentChange {
+    bool add = false;
+    std::string prog_id;
+  };
+
+  // Ends the operation: what need not wait is done.
+  class OperationScope {
+   public:
+    explicit OperationScope(Impl& impl) : impl_(impl) { impl_.BeginBatch(); }
+    ~OperationScope() {
+      impl_.EndBatch();
+      if (impl_.batch_ == 0) impl_.CommitComponents();
+    }
+    OperationScope(const OperationScope&) = delete;
+    OperationScope& operator=(const OperationScope&) = delete;
+
+   private:
+    Impl& impl_;
+  };
+
+  Place Locate(std::string_view prog_id);
+  // Locate, with a warning when there is no such class.
+  Place LocateOrWarn(std::string_view prog_id);
+  void WarnNoSub(std::string_view prog_id, std::string_view name) {
+    report_.Warn(kTextNoSub, {{"<Class>", prog_id}, {"<Name>", name}});
+  }
+  // Appends code that is to hold the sub, and gives it its first header.
+  void AppendSub(const Place& place, std::string_view prog_id, std::string_view name,
+                 std::string_view code);
+  // False, with a refusal, when no sub of that name can be added.
+  bool CanAppend(const Place& place, std::string_view prog_id, std::string_view name);
+  void RewriteHeader(const Place& place, const HeaderRegion& region, std::string_view name,
+                     std::string_view prog_id);
+  void RewriteDeclaration(const Place& place, const SubLocation& sub, std::string_view new_name);
+  void CommentOut(const Place& place, const SubLocation& sub);
+
+  Waiting& WaitingFor(std::string_view prog_id);
+  void HeaderWaits(std::string_view name, std::string_view prog_id);
+  void HeaderIsDone(std::string_view name, std::string_view prog_id);
+  void Declare(Waiting& waiting, std::string_view alias, std::string_view item);
+  void ApplyEdits();
+
+  void RegisterClass(std::string_view prog_id);
+  // Takes the class from the component list when no formula of it is left.
+  void UnregisterClass(std::string_view prog_id);
+
+  platform::OVItems* items_;
+  platform::ComponentList* components_;
+  Templates templates_;
+  Report report_;
+  std::unique_ptr<FormulaRows> rows_;
+  std::shared_ptr<platform::VBE> vbe_;
+  std::string project_;  // of the host
+  NeedFunctionName need_function_name_;
+  int batch_ = 0;
+  std::map<std::string, Waiting> waiting_;  // by ProgID without case
+  std::vector<ComponentChange> component_changes_;
+};
+
+}  // namespace codegen

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "codegen/declaration.h"
+#include "codegen/formula_code_impl.h"
+#include "codegen/identifier.h"
+#include "codegen/source_line.h"
+#include "platform/text.h"
+
+namespace codegen {
+namespace {
+
+// Says what is wrong with a name.
+void RefuseName(const IdentifierHint& hint, std::string_view name, Report& report) {
+  const auto step = static_cast<std::int32_t>(hint.problem) -
+                    static_cast<std::int32_t>(IdentifierProblem::kEmpty);
+  report.Refuse(kTextFirstIdentifierProblem + step,
+                {{"<Name>", name}, {"<Character>", hint.character}});
+}
+
+// Which lines of a procedure are conditional compilation lines whose partner stands outside.
+// When there is one, all of them have to stay as they are.
+bool CutsConditionalBlock(const std::vector<std::string>& lines) {
+  int depth = 0;
+  for (const std::string& line : lines) {
+    if (!IsDirective(line)) continue;
+    const std::string word = platform::FoldCase(TrimBlanks(TrimBlanks(line).substr(1)));
+    if (word.starts_with("if")) ++depth;
+    if (word.starts_with("end") && --depth < 0) return true;
+    if (word.starts_with("else") && depth == 0) return true;
+  }
+  return depth != 0;
+}
+
+}  // namespace
+
+bool CVBFormulaCode::Impl::CanAppend(const Place& place, std::string_view prog_id,
+                                     std::string_view name) {
+  if (place.module->FindMember(name)) {
+    report_.Refuse(kTextNameTaken, {{"<Class>", prog_id}, {"<Name>", name}});
+    return false;
+  }
+  const IdentifierHint hint = CheckIdentifier(name);
+  if (hint) RefuseName(hint, name, report_);
+  return !hint;
+}
+
+void CVBFormulaCode::Impl::AppendSub(const Place& place, std::string_view prog_id,
+                                     std::string_view name, std::string_view code) {
+  const std::int32_t end = place.module->CountOfLines();
+  place.module->AddFromString(code);
+  WarnOfLimits(place.File(), *place.module, report_);
+  const std::optional<SubLocation> sub = FindSub(*place.module, name);
+  if (!sub) {
+    report_.Warn(kTextCodeWithoutSub, {{"<Name>", name}});
+    return;
+  }
+  // Comments above the new text were written by somebody else.
+  RewriteHeader(place, LimitedRegion(FindHeaderRegion(*place.module, *sub), end + 1), name,
+                prog_id);
+  HeaderIsDone(name, prog_id);
+}
+
+void CVBFormulaCode::Impl::AddFunction(std::string_view prog_id, std::string_view name,
+                                       std::string_view code) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  report_.Step([&] {
+    const Place place = LocateOrWarn(prog_id);
+    if (!place) return;
+    if (const auto sub = FindSub(*place.module, name)) {
+      RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name, prog_id);
+      HeaderIsDone(name, prog_id);
+    } else if (CanAppend(place, prog_id, name)) {
+      AppendSub(place, prog_id, name, code.empty() ? Templates::Sub(name) : std::string(code));
+    }
+  });
+  RegisterClass(prog_id);
+}
+
+void CVBFormulaCode::Impl::RewriteDeclaration(const Place& place, const SubLocation& sub,
+                                              std::string_view new_name) {
+  const std::vector<std::string> lines = DeclarationLines(*place.module, sub);
+  const std::optional<SubDeclaration> old = ParseSub(lines);
+  if (!old) return;
+  const std::string line = RenamedSub(*old, new_name);
+  if (old->name == new_name && lines.size() == 1 && SameLine(lines[0], line)) return;
+  // The first line last: what follows it is found by the old declaration.
+  for (std::size_t i = lines.size() - 1; i > 0; --i) {
+    place.module->ReplaceLine(sub.body_line + static_cast<std::int32_t>(i), "'" + lines[i]);
+  }
+  place.module->ReplaceLine(sub.body_line, line);
+  WarnOfLongLine(place.File(), sub.body_line, line, report_);
+}
+
+void CVBFormulaCode::Impl::RenameFunction(std::string_view prog_id, std::string_view old_name,
+                                          std::string_view new_name) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  report_.Step([&] {
+    const Place place = LocateOrWarn(prog_id);
+    if (!place) return;
+    const bool same = platform::EqualsIgnoringCase(old_name, new_name);
+    const std::optional<SubLocation> old_sub = FindSub(*place.module, old_name);
+    const bool stands = !same && !old_sub && FindSub(*place.module, new_name);
+    if (!stands && !(same && old_sub) && !CanAppend(place, prog_id, new_name)) return;
+    if (old_sub) {
+      RewriteDeclaration(place, *old_sub, new_name);
+    } else if (!stands) {
+      report_.Warn(kTextSubAdded,
+                   {{"<Class>", prog_id}, {"<Old>", old_name}, {"<Name>", new_name}});
+      AppendSub(place, prog_id, new_name, Templates::Sub(new_name));
+      return;
+    }
+    RebuildHeader(new_name, prog_id);
+  });
+}
+
+void CVBFormulaCode::Impl::DeleteFunction(std::string_view prog_id, std::string_view name) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  report_.Step([&] {
+    const Place place = LocateOrWarn(prog_id);
+    if (!place) return;
+    const std::optional<SubLocation> sub = FindSub(*place.module, name);
+    if (!sub) return WarnNoSub(prog_id, name);
+    HeaderIsDone(name, prog_id);
+    place.module->DeleteLines(
+        sub->body_line, static_cast<std::int32_t>(ProcedureLines(*place.module, *sub).size()));
+  });
+  UnregisterClass(prog_id);
+}
+
+void CVBFormulaCode::Impl::CommentOut(const Place& place, const SubLocation& sub) {
+  const std::vector<std::string> lines = ProcedureLines(*place.module, sub);
+  const bool keep_directives = CutsConditionalBlock(lines);
+  const std::string file = place.File();
+  if (keep_directives) {
+    report_.Warn(
+        kTextDirectivesLeft,
+        {{"<File>", file}, {"<Line>", std::to_string(sub.body_line)}, {"<Name>", sub.name}});
+  }
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (keep_directives && IsDirective(lines[i])) continue;
+    const std::int32_t line = sub.body_line + static_cast<std::int32_t>(i);
+    place.module->ReplaceLine(line, "'" + lines[i]);
+    WarnOfLongLine(file, line, "'" + lines[i], report_);
+  }
+}
+
+void CVBFormulaCode::Impl::DeactivateFunction(std::string_view prog_id, std::string_view name) {
+  if (!vbe_) return;
+  const OperationScope scope(*this);
+  report_.Step([&] {
+    const Place place = LocateOrWarn(prog_id);
+    if (!place) return;
+    const std::optional<SubLocation> sub = FindSub(*place.module, name);
+    HeaderIsDone(name, prog_id);
+    if (!sub) return WarnNoSub(prog_id, name);
+    CommentOut(place, *sub);
+  });
+  UnregisterClass(prog_id);
+}
+
+void CVBFormulaCode::Impl::RewriteHeader(const Place& place, const HeaderRegion& region,
+                                         std::string_view name, std::string_view prog_id) {
+  std::vector<std::string> aliases;
+  if (rows_) aliases = rows_->ArgumentsOf(name, prog_id);
+  RewriteLines(*place.module, region.first_line, region.lines,
+               WithHeader(region.lines, templates_.Header(name, aliases), templates_));
+}
+
+void CVBFormulaCode::Impl::RebuildHeader(std::string_view name, std::string_view prog_id) {
+  if (!vbe_) return;
+  report_.Step([&] {
+    const Place place = LocateOrWarn(prog_id);
+    if (!place) return;
+    const std::optional<SubLocation> sub = FindSub(*place.module, name);
+    if (!sub) return WarnNoSub(prog_id, name);
+    RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name, prog_id);
+    HeaderIsDone(name, prog_id);
+  });
+}
+
+std::string CVBFormulaCode::Impl::GetHeader(std::string_view name, std::string_view prog_id) {
+  std::string text;
+  report_.Step([&] {
+    const Place place = Locate(prog_id);
+    const auto sub = place ? FindSub(*place.module, name) : std::nullopt;
+    if (sub) text = JoinLines(FindHeaderRegion(*place.module, *sub).lines);
+  });
+  return text;
+}
+
+void CVBFormulaCode::Impl::ReplaceHeader(std::string_view name, std::string_view prog_id,
+                                         std::string_view header) {
+  if (!vbe_) return;
+  report_.Step([&] {
+    const Place place = LocateOrWarn(prog_id);
+    if (!place) return;
+    const std::optional<SubLocation> sub = FindSub(*place.module, name);
+    if (!sub) return WarnNoSub(prog_id, name);
+    const HeaderRegion region = FindHeaderRegion(*place.module, *sub);
+    RewriteLines(*place.module, region.first_line, region.lines, SplitLines(header));
+  });
+}
+
+}  // namespace codegen

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/formula_rows.h"
+
+#include <utility>
+
+namespace codegen {
+namespace {
+
+constexpr std::string_view kArguments =
+    "SELECT TvbfFormulas.Name, TvbfFormulas.ProgID, TvbfAlias.VBAlias "
+    "FROM (TvbfParams INNER JOIN TvbfAlias ON TvbfParams.AliasID = TvbfAlias.ID) "
+    "INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
+    "WHERE (Name = ?) AND (ProgID = ?)";
+constexpr std::string_view kUses =
+    "SELECT TvbfFormulas.ID, TvbfFormulas.Name, TvbfFormulas.ProgID "
+    "FROM TvbfParams INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
+    "WHERE TvbfParams.AliasID = ?";
+constexpr std::string_view kUsesInClass =
+    "SELECT TvbfFormulas.ID "
+    "FROM TvbfParams INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
+    "WHERE (TvbfParams.AliasID = ?) AND (TvbfFormulas.ProgID = ?)";
+
+}  // namespace
+
+Query::Query(platform::Connection& connection, std::string_view sql)
+    : recordset_(connection.CreateRecordset()) {
+  recordset_->SetSource(sql);
+  recordset_->SetCommandType(platform::CommandType::kText);
+  recordset_->SetCursorLocation(platform::CursorLocation::kServer);
+  recordset_->SetCursorType(platform::CursorType::kForwardOnly);
+  recordset_->SetLockType(platform::LockType::kReadOnly);
+}
+
+platform::VariantArray Query::Read(std::vector<platform::Variant> parameters,
+                                   const std::vector<std::string>& fields, std::int32_t count) {
+  // A recordset that somebody's failure left open is closed first.
+  if (recordset_->State() == platform::ObjectState::kOpen) recordset_->Close();
+  recordset_->SetParameters(std::move(parameters));
+  recordset_->Open();
+  platform::VariantArray rows;
+  rows.first = fields.size();
+  rows.second = 0;
+  rows.two_dimensional = true;
+  if (!recordset_->EOF_()) rows = recordset_->GetRows(count, fields);
+  recordset_->Close();
+  return rows;
+}
+
+FormulaRows::FormulaRows(std::shared_ptr<platform::Connection> connection)
+    : connection_(std::move(connection)),
+      arguments_(*connection_, kArguments),
+      uses_(*connection_, kUses),
+      uses_in_class_(*connection_, kUsesInClass),
+      formulas_(*connection_, "SELECT ID FROM TvbfFormulas WHERE ProgID = ?"),
+      alias_by_id_(*connection_, "SELECT ItemID, VBAlias FROM TvbfAlias WHERE ID = ?"),
+      alias_by_name_(*connection_, "SELECT ID FROM TvbfAlias WHERE VBAlias = ?") {}
+
+std::vector<std::string> FormulaRows::ArgumentsOf(std::string_view name, std::string_view prog_id) {
+  const platform::VariantArray rows = arguments_.Read({name, prog_id}, {"VBAlias"});
+  std::vector<std::string> aliases;
+  aliases.reserve(rows.second);
+  for (std::size_t i = 0; i < rows.second; ++i) aliases.push_back(rows.At(0, i).ToText());
+  return aliases;
+}
+
+std::vector<FormulaRows::Use> FormulaRows::UsesOf(std::int32_t alias_id) {
+  const platform::VariantArray rows = uses_.Read({alias_id}, {"ID", "Name", "ProgID"});
+  std::vector<Use> uses;
+  uses.reserve(rows.second);
+  for (std::size_t i = 0; i < rows.second; ++i) {
+    uses.push_back({rows.At(0, i).ToLong(), rows.At(1, i).ToText(), rows.At(2, i).ToText()});
+  }
+  return uses;
+}
+
+bool FormulaRows::IsUsedInClass(std::string_view prog_id, std::int32_t alias_id,
+                                std::int32_t but_of) {
+  const platform::VariantArray rows = uses_in_class_.Read({alias_id, prog_id}, {"ID"}, 2);
+  return rows.second > 1 || (rows.second == 1 && rows.At(0, 0).ToLong() != but_of);
+}
+
+bool FormulaRows::HasFormulas(std::string_view prog_id) {
+  return formulas_.Read({prog_id}, {"ID"}, 1).second > 0;
+}
+
+std::optional<FormulaRows::Alias> FormulaRows::FindAlias(std::int32_t id) {
+  const platform::VariantArray rows = alias_by_id_.Read({id}, {"ItemID", "VBAlias"}, 1);
+  if (rows.second == 0) return std::nullopt;
+  return Alias{rows.At(0, 0).ToText(), rows.At(1, 0).ToText()};
+}
+
+std::optional<std::int32_t> FormulaRows::FindAliasId(std::string_view vb_alias) {
+  const platform::VariantArray rows = alias_by_name_.Read({vb_alias}, {"ID"}, 1);
+  if (rows.second == 0) return std::nullopt;
+  return rows.At(0, 0).ToLong();
+}
+
+}  // namespace codegen

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// What the generator asks of the project database. Every question is answered by index look-ups
+// where the database has the index, by a walk where it has not.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado.h"
+
+namespace codegen {
+
+// A query with parameters that is made once and opened again and again.
+class Query {
+ public:
+  Query(platform::Connection& connection, std::string_view sql);
+
+  // The named fields of all rows, or of the first ones: (field, row).
+  platform::VariantArray Read(std::vector<platform::Variant> parameters,
+                              const std::vector<std::string>& fields, std::int32_t count = -1);
+
+ private:
+  std::shared_ptr<platform::Recordset> recordset_;
+};
+
+class FormulaRows {
+ public:
+  explicit FormulaRows(std::shared_ptr<platform::Connection> connection);
+
+  struct Use {
+    std::int32_t formula_id = 0;
+    std::string name;
+    std::string prog_id;
+  };
+  struct Alias {
+    std::string item_id;
+    std::string vb_alias;
+  };
+
+  // The aliases of the arguments of the formula of that name in that class.
+  std::vector<std::string> ArgumentsOf(std::string_view name, std::string_view prog_id);
+  // One entry for each argument that uses the alias.
+  std::vector<Use> UsesOf(std::int32_t alias_id);
+  // Whether an argument of the class's formulas uses the alias, one argument of the formula
+  // `but_of` left out.
+  bool IsUsedInClass(std::string_view prog_id, std::int32_t alias_id, std::int32_t but_of);
+  bool HasFormulas(std::string_view prog_id);
+  std::optional<Alias> FindAlias(std::int32_t id);
+  // ID of the alias of that name.
+  std::optional<std::int32_t> FindAliasId(std::string_view vb_alias);
+
+ private:
+  std::shared_ptr<platform::Connection> connection_;
+  Query arguments_;
+  Query uses_;
+  Query uses_in_class_;
+  Query formulas_;
+  Query alias_by_id_;
+  Query alias_by_name_;
+};
+
+}  // namespace codegen

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/name_uses.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+#include "codegen/source_line.h"
+#include "platform/text.h"
+
+namespace codegen {
+namespace {
+
+bool IsNameByte(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
+// Looks for the names in lines of code, one after the other.
+class Search {
+ public:
+  explicit Search(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+      if (name.size() >= has_length_.size()) has_length_.resize(name.size() + 1);
+      has_length_[name.size()] = true;
+      names_.emplace(platform::FoldCase(name), name);
+    }
+  }
+
+  void VisitLine(std::string_view line) {
+    ++line_;
+    const bool was_comment = in_comment_;
+    const std::size_t comment = was_comment ? 0 : CommentStart(line);
+    in_comment_ = comment < line.size() || was_comment ? IsContinued(line) : false;
+    if (!was_comment) VisitCode(line.substr(0, comment));
+  }
+
+  std::vector<NameUse> Take() { return std::move(uses_); }
+
+ private:
+  void VisitCode(std::string_view code) {
+    std::string_view previous;  // word in front
+    bool in_string = false;
+    for (std::size_t i = 0; i < code.size();) {
+      if (code[i] == '"') in_string = !in_string;
+      if (in_string || !IsNameByte(code[i])) {
+        ++i;
+        continue;
+      }
+      const std::size_t begin = i;
+      while (i < code.size() && IsNameByte(code[i])) ++i;
+      const std::string_view word = code.substr(begin, i - begin);
+      const bool is_member = begin > 0 && (code[begin - 1] == '.' || code[begin - 1] == '!');
+      if (!is_member || platform::EqualsIgnoringCase(previous, "me")) VisitWord(word);
+      previous = word;
+    }
+  }
+
+  void VisitWord(std::string_view word) {
+    // Letter case does not change the length of the names that Visual Basic takes.
+    if (word.size() >= has_length_.size() || !has_length_[word.size()]) return;
+    const auto found = names_.find(platform::FoldCase(word));
+    if (found == names_.end()) return;
+    const NameUse use = {line_, found->second};
+    const auto same_line = std::find_if(uses_.rbegin(), uses_.rend(),
+                                        [&](const NameUse& u) { return u.line != line_; });
+    if (std::find(uses_.rbegin(), same_line, use) == same_line) uses_.push_back(use);
+  }
+
+  std::unordered_map<std::string, std::string> names_;  // as given, by folded name
+  std::vector<bool> has_length_;                        // lengths that occur among the names
+  std::vector<NameUse> uses_;
+  std::int32_t line_ = 0;
+  bool in_comment_ = false;
+};
+
+}  // namespace
+
+std::vector<NameUse> FindNameUses(std::string_view module_text,
+                                  const std::vector<std::string>& names) {
+  Search search(names);
+  while (!module_text.empty()) {
+    const std::size_t end = module_text.find("\r\n");
+    search.VisitLine(module_text.substr(0, end));
+    if (end == std::string_view::npos) break;
+    module_text.remove_prefix(end + 2);
+  }
+  return search.Take();
+}
+
+}  // namespace codegen

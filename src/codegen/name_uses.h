@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace codegen {
+
+struct NameUse {
+  std::int32_t line = 0;
+  std::string name;  // as given
+  friend bool operator==(const NameUse&, const NameUse&) = default;
+};
+
+// The lines of a module's text that use one of the names as a variable: outside comments and
+// string literals, and not as a member of something else ("Pump.Level"; "Me.Level" counts). One
+// entry for a line and name.
+std::vector<NameUse> FindNameUses(std::string_view module_text,
+                                  const std::vector<std::string>& names);
+
+}  // namespace codegen

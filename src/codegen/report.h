@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "codegen/vb_formula_code.h"
+#include "platform/error.h"
+#include "texts/text_table.h"
+
+namespace codegen {
+
+// What the steps of operations leave behind: warnings, each once, and the first failure.
+class Report {
+ public:
+  explicit Report(const texts::TextTable& texts) : texts_(texts) {}
+
+  using Replacements = std::initializer_list<texts::TextTable::Replacement>;
+
+  void Warn(std::int32_t text, Replacements values);
+  void Refuse(std::int32_t text, Replacements values);
+
+  // Runs one step. A step that fails is skipped; the failure is kept.
+  template <class F>
+  void Step(F&& step) {
+    try {
+      step();
+    } catch (const platform::Error& error) {
+      Fail(error);
+    } catch (const std::exception& error) {
+      Fail(platform::Error(platform::ErrorKind::kInternal, 0, error.what()));
+    }
+  }
+
+  std::vector<Warning> TakeWarnings();
+  std::optional<platform::Error> TakeFailure();
+
+ private:
+  void Fail(const platform::Error& error);
+
+  const texts::TextTable& texts_;
+  std::vector<Warning> warnings_;
+  std::unordered_set<std::string> messages_;  // of the warnings
+  std::optional<platform::Error> failure_;
+};
+
+}  // namespace codegen

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/source_line.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/text.h"
+
+namespace codegen {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+bool StartsWithWord(std::string_view text, std::string_view word) {
+  return text.size() >= word.size() &&
+         platform::EqualsIgnoringCase(text.substr(0, word.size()), word) &&
+         (text.size() == word.size() || IsBlank(text[word.size()]));
+}
+
+// "End Sub" and its kin as the last words of the text.
+bool EndsWithProcedureEnd(std::string_view text) {
+  text = TrimBlanks(text);
+  for (const std::string_view kind : {"sub", "function", "property"}) {
+    if (text.size() <= kind.size() ||
+        !platform::EqualsIgnoringCase(text.substr(text.size() - kind.size()), kind)) {
+      continue;
+    }
+    const std::string_view before = text.substr(0, text.size() - kind.size());
+    const std::string_view word = TrimBlanks(before);
+    if (word.size() == before.size() || word.size() < 3 ||
+        !platform::EqualsIgnoringCase(word.substr(word.size() - 3), "end")) {
+      continue;
+    }
+    const std::string_view rest = word.substr(0, word.size() - 3);
+    if (rest.empty() || IsBlank(rest.back()) || rest.back() == ':' || rest.back() == '\'') {
+      return true;
+    }
+  }
+  return false;
+}
+
+std::string WithoutBlanks(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  std::copy_if(text.begin(), text.end(), std::back_inserter(result),
+               [](char c) { return !IsBlank(c); });
+  return result;
+}
+
+}  // namespace
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+bool IsBlankLine(std::string_view line) { return TrimBlanks(line).empty(); }
+
+bool IsCommentLine(std::string_view line) {
+  const std::string_view text = TrimBlanks(line);
+  return !text.empty() && (text[0] == '\'' || StartsWithWord(text, "rem"));
+}
+
+bool IsContinued(std::string_view line) {
+  return line.size() >= 2 && line.back() == '_' && IsBlank(line[line.size() - 2]);
+}
+
+bool IsDirective(std::string_view line) {
+  const std::string_view text = TrimBlanks(line);
+  return !text.empty() && text[0] == '#';
+}
+
+std::size_t CommentStart(std::string_view line) {
+  bool in_string = false;
+  bool statement_start = true;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const char c = line[i];
+    if (c == '"') in_string = !in_string;
+    if (in_string) {
+      statement_start = false;
+      continue;
+    }
+    if (c == '\'') return i;
+    if (statement_start && StartsWithWord(line.substr(i), "rem")) return i;
+    if (!IsBlank(c)) statement_start = c == ':';
+  }
+  return line.size();
+}
+
+bool IsProcedureEnd(std::string_view line) {
+  return EndsWithProcedureEnd(line.substr(0, CommentStart(line)));
+}
+
+bool IsCommentedProcedureEnd(std::string_view line) {
+  if (!IsCommentLine(line)) return false;
+  std::string_view text = TrimBlanks(line);
+  if (text[0] != '\'') text = TrimBlanks(text.substr(3));
+  while (!text.empty() && (text[0] == '\'' || IsBlank(text[0]))) text.remove_prefix(1);
+  return EndsWithProcedureEnd(text) || IsProcedureEnd(text);
+}
+
+bool SameLine(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+  const std::size_t comment_a = CommentStart(a);
+  const std::size_t comment_b = CommentStart(b);
+  return WithoutBlanks(a.substr(comment_a)) == WithoutBlanks(b.substr(comment_b)) &&
+         platform::EqualsIgnoringCase(WithoutBlanks(a.substr(0, comment_a)),
+                                      WithoutBlanks(b.substr(0, comment_b)));
+}
+
+std::vector<std::string> SplitLines(std::string_view text) {
+  std::vector<std::string> lines;
+  if (text.empty()) return lines;
+  while (true) {
+    const std::size_t end = text.find_first_of("\r\n");
+    lines.emplace_back(text.substr(0, end));
+    if (end == std::string_view::npos) return lines;
+    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
+  }
+}
+
+std::string JoinLines(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) {
+    if (&line != &lines.front()) text += "\r\n";
+    text += line;
+  }
+  return text;
+}
+
+std::string CommentText(std::string_view text) {
+  constexpr std::array<char, 3> kEnds = {'\r', '\n', '\0'};
+  std::string result(text.begin(),
+                     std::find_first_of(text.begin(), text.end(), kEnds.begin(), kEnds.end()));
+  const std::size_t last = result.find_last_not_of(kBlanks);
+  if (last != std::string::npos && IsContinued(result.substr(0, last + 1))) result += '\'';
+  return result;
+}
+
+}  // namespace codegen

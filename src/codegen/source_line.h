@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// What the generator asks of single physical lines of Visual Basic source.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace codegen {
+
+// Visual Basic takes no longer line.
+inline constexpr std::size_t kMaxLineLength = 1023;
+// Visual Basic takes about this many lines in a module.
+inline constexpr std::int32_t kMaxModuleLines = 65000;
+
+// The text without blanks and tabs at its ends.
+std::string_view TrimBlanks(std::string_view text);
+
+bool IsBlankLine(std::string_view line);
+// Holds nothing but a comment. A line that continues a comment is not recognised by itself.
+bool IsCommentLine(std::string_view line);
+// Ends with a blank and "_", so that the next line belongs to it, comments included.
+bool IsContinued(std::string_view line);
+// A conditional compilation line.
+bool IsDirective(std::string_view line);
+
+// Where the line's comment begins, outside string literals; the line's length when it has none.
+std::size_t CommentStart(std::string_view line);
+
+// Whether the line's code ends with "End Sub" or its kin.
+bool IsProcedureEnd(std::string_view line);
+// Whether a comment line is the commented-out end of a procedure ("'End Sub 'done").
+bool IsCommentedProcedureEnd(std::string_view line);
+
+// Whether the lines mean the same: blanks and tabs do not count, nor does the letter case of
+// code. The development environment rewrites both.
+bool SameLine(std::string_view a, std::string_view b);
+
+// Splits at CR LF, CR and LF. A text that ends with a line break has an empty last line; the
+// empty text has no lines.
+std::vector<std::string> SplitLines(std::string_view text);
+std::string JoinLines(const std::vector<std::string>& lines);
+
+// A text that stands in a comment and stays in it: cut at the first line break or NUL, and with
+// an apostrophe behind it where it would continue the comment onto the next line.
+std::string CommentText(std::string_view text);
+
+}  // namespace codegen

@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: MIT
+// Invariants of a commit. Recovery relies on them, and so does the undoing of a commit that fails.
+//
+//   1. Only the holder of the journal's lock writes the journal or a file of a change.
+//   2. No file is touched before the journal is whole and synced, its name too, with the state
+//      active. A journal that cannot be read to its end was never whole, so every file that it
+//      names is as before, and the database was not written since; if that is not so, the journal
+//      was damaged later and is not trusted.
+//   3. What the journal calls "before" was compared with the files under the lock.
+//   4. While the journal is active, every sector of a range is as before or as after (or zero,
+//      where the file grows), and every whole file is the old one or the new one. Whole files
+//      change by rename only, from temporary files that are synced and that the journal names.
+//   5. The journal is put to rest, synced, only when all files are synced in one of the two
+//      states. That mark decides: a journal at rest is never looked into again.
+//   6. No temporary file is left when the journal is at rest.
+//   7. The body of a journal is overwritten only while the mark that puts it to rest is on the
+//      medium, so that what is active is never mixed with what was.
+//
+// Syncs, in order: the journal (2), its folder when the journal is new (2), each temporary file
+// (4), each file with ranges, each folder in which a name changed (5), the journal (5).
+#include "files/change_journal.h"
+
+#include <cassert>
+#include <exception>
+#include <set>
+#include <utility>
+
+#include "files/journal_inspection.h"
+#include "files/journal_repair.h"
+#include "files/random_number.h"
+#include "files/recovery_plan.h"
+#include "files/replace_file.h"
+
+namespace files {
+namespace {
+
+// How far a commit is. It only moves on.
+enum class Stage { kPreparing, kJournalWritten, kActive, kStaged, kWritten, kMoved };
+
+struct WholeFile {
+  const FileChange* change;
+  journal::WholeFileRecord record;
+  std::optional<FileStamp> stamp;  // when its contents were compared
+};
+
+class CommitRun {
+ public:
+  CommitRun(FileSystem& system, JournalFile& journal, const std::string& database,
+            const ChangeSet& changes)
+      : system_(system), journal_(journal), database_(database), changes_(changes) {}
+
+  void Run() {
+    assert(journal_.locked());  // 1
+    CheckWholeFiles();
+    WriteJournal();
+    journal_.SyncName();
+    Advance(Stage::kJournalWritten, Stage::kActive);
+    StageFiles();
+    WriteRanges();
+    MoveFiles();
+  }
+
+  // Whether a file may have been changed.
+  bool touched() const { return stage_ >= Stage::kActive; }
+
+  // All files are in their state after: notes the end.
+  void PutToRest() {
+    assert(stage_ == Stage::kMoved);  // 5
+    journal_.PutToRest();
+  }
+
+ private:
+  void Advance(Stage from, Stage to) {
+    assert(stage_ == from);
+    static_cast<void>(from);
+    stage_ = to;
+  }
+
+  [[noreturn]] static void RaiseConflict(const std::string& path, std::string_view cause) {
+    Raise(ErrorKind::kConflict, path, "is not changed", cause);
+  }
+
+  void CheckWholeFiles() {
+    std::set<std::string> seen;
+    for (const FileChange& change : changes_.files) {
+      WholeFile file{&change, {}, {}};
+      file.record.path = ResolveTarget(system_, change.path);
+      if (!seen.insert(file.record.path).second) {
+        RaiseConflict(change.path, "it is changed twice at once");
+      }
+      file.stamp = system_.Stamp(file.record.path);
+      CheckBefore(change, file);
+      if (change.before == change.after) continue;
+      if (file.stamp && !system_.IsWritable(file.record.path)) {
+        Raise(ErrorKind::kReadOnly, change.path, "cannot be written", "it is write-protected");
+      }
+      file.record.before = ToVersion(change.before);
+      file.record.after = ToVersion(change.after);
+      file.record.temporary = TemporaryName(system_, file.record.path);
+      files_.push_back(std::move(file));
+    }
+  }
+
+  void CheckBefore(const FileChange& change, const WholeFile& file) {
+    if (change.before.has_value() != file.stamp.has_value()) {
+      RaiseConflict(change.path, file.stamp ? "another program created it meanwhile"
+                                            : "another program removed it meanwhile");
+    }
+    if (change.before && (file.stamp->size != change.before->size() ||
+                          ReadFile(system_, file.record.path) != *change.before)) {
+      RaiseConflict(change.path, "another program changed it meanwhile");
+    }
+  }
+
+  static journal::Version ToVersion(const std::optional<std::string>& contents) {
+    if (!contents) return {};
+    return journal::VersionOf(std::as_bytes(std::span(*contents)));
+  }
+
+  void WriteJournal() {
+    journal::Writer writer(journal_.file(), RandomNumber(),
+                           system_.Stamp(database_).value_or(FileStamp()));
+    writer.AddDatabase(database_);
+    for (RangeSource* source : changes_.ranges) AddRanges(*source, writer);
+    for (const WholeFile& file : files_) {
+      const std::string none;
+      const std::string& before = file.change->before ? *file.change->before : none;
+      writer.AddWholeFile(file.record, std::as_bytes(std::span(before)));
+    }
+    writer.Finish();
+    journal_.file().Sync();
+    Advance(Stage::kPreparing, Stage::kJournalWritten);
+  }
+
+  void AddRanges(RangeSource& source, journal::Writer& writer) {
+    RandomAccessFile& file = source.File();
+    const std::string path = system_.Canonical(file.path());
+    if (file.read_only()) {
+      Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is open for reading only");
+    }
+    const FileStamp stamp = file.Stamp();
+    const std::optional<FileStamp> named = system_.Stamp(path);
+    if (!named || named->identity != stamp.identity) {
+      RaiseConflict(path, "another program replaced it meanwhile");
+    }
+    if (stamp.size != source.SizeBefore()) {
+      RaiseConflict(path, "another program changed its size meanwhile");
+    }
+    writer.AddRangedFile({path, source.SizeBefore(), source.SizeAfter()});
+    std::vector<std::byte> now;
+    source.ForEachRange([&](const RangeSource::Range& range) {
+      assert(range.offset + range.after.size() <= source.SizeAfter());
+      now.resize(range.after.size());
+      now.resize(file.ReadAt(range.offset, now));
+      if (!std::equal(now.begin(), now.end(), range.before.begin(), range.before.end())) {  // 3
+        RaiseConflict(path, "another program changed it meanwhile");
+      }
+      writer.AddRange(range.offset, range.before, range.after);
+    });
+    AddCutTail(source, writer);
+  }
+
+  // What a file that shrinks loses.
+  static void AddCutTail(RangeSource& source, journal::Writer& writer) {
+    std::vector<std::byte> tail(journal::kMaxRange);
+    for (std::uint64_t offset = source.SizeAfter(); offset < source.SizeBefore();) {
+      const std::uint64_t wanted =
+          std::min<std::uint64_t>(tail.size(), source.SizeBefore() - offset);
+      const std::size_t count = source.File().ReadAt(offset, std::span(tail).first(wanted));
+      if (count == 0) RaiseConflict(source.File().path(), "another program cut it meanwhile");
+      writer.AddRange(offset, std::span(tail).first(count), {});
+      offset += count;
+    }
+  }
+
+  void StageFiles() {
+    for (const WholeFile& file : files_) {
+      if (file.change->after) {
+        WriteTemporary(system_, file.record.temporary, file.record.path, *file.change->after);
+      }
+    }
+    Advance(Stage::kActive, Stage::kStaged);
+  }
+
+  void WriteRanges() {
+    for (RangeSource* source : changes_.ranges) {
+      journal::GatheringWriter writer(source->File());
+      source->ForEachRange(
+          [&](const RangeSource::Range& range) { writer.Write(range.offset, range.after); });
+      writer.Flush();
+      const std::uint64_t size = source->File().Size();
+      if (size != source->SizeAfter()) source->File().Truncate(source->SizeAfter());
+      source->File().Sync();
+    }
+    Advance(Stage::kStaged, Stage::kWritten);
+  }
+
+  void MoveFiles() {
+    std::set<std::string> folders;
+    for (const WholeFile& file : files_) {
+      if (system_.Stamp(file.record.path) != file.stamp) {
+        RaiseConflict(file.record.path, "another program changed it meanwhile");
+      }
+      if (file.change->after) {
+        system_.Rename(file.record.temporary, file.record.path);
+      } else {
+        // Moved aside first: a failure later on brings it back with all its attributes.
+        system_.Rename(file.record.path, file.record.temporary);
+      }
+      folders.insert(system_.Folder(file.record.path));
+    }
+    for (const WholeFile& file : files_) {
+      if (!file.change->after) system_.Remove(file.record.temporary);  // 6
+    }
+    for (const std::string& folder : folders) system_.SyncDirectory(folder);
+    Advance(Stage::kWritten, Stage::kMoved);
+  }
+
+  FileSystem& system_;
+  JournalFile& journal_;
+  const std::string& database_;
+  const ChangeSet& changes_;
+  std::vector<WholeFile> files_;
+  Stage stage_ = Stage::kPreparing;
+};
+
+std::string TextOf(const std::exception_ptr& cause) {
+  try {
+    std::rethrow_exception(cause);
+  } catch (const std::exception& error) {
+    return error.what();
+  } catch (...) {
+    return "The change failed.";
+  }
+}
+
+// Undoes a run that failed, for the cause that is being handled, and raises that.
+[[noreturn]] void UndoAndRaise(FileSystem& system, JournalFile& journal,
+                               const std::string& database, const CommitRun& run) {
+  const std::exception_ptr cause = std::current_exception();
+  try {
+    if (run.touched()) {
+      const journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
+      CheckRecoverable(journal.path(), database, inspection);
+      journal::PutBack(system, journal, inspection);
+    } else {
+      journal.PutToRest();
+    }
+  } catch (const Error& error) {
+    if (run.touched()) {
+      throw NotUndoneError(error.kind(), error.path(),
+                           TextOf(cause) + " What was changed could not be put back: " +
+                               error.what() + " The next start brings all files to one state.");
+    }
+  }
+  std::rethrow_exception(cause);
+}
+
+}  // namespace
+
+ChangeJournal::ChangeJournal(FileSystem& system, std::string database_path)
+    : system_(system), database_path_(std::move(database_path)) {}
+
+void ChangeJournal::Commit(const ChangeSet& changes) {
+  if (changes.empty()) return;
+  const std::string database = ResolveTarget(system_, database_path_);
+  if (!journal_) {
+    journal_ = std::make_unique<JournalFile>(system_, JournalPath(system_, database_path_));
+  }
+  const JournalLock lock(*journal_, /*create=*/true);
+  RecoverLocked(system_, *journal_, database,
+                journal::Inspect(system_, journal_->file(), database));
+  CommitRun run(system_, *journal_, database, changes);
+  try {
+    run.Run();
+  } catch (...) {
+    UndoAndRaise(system_, *journal_, database, run);
+  }
+  try {
+    run.PutToRest();
+  } catch (const Error&) {
+    // Everything is on the medium; the next commit or start finds that and notes it.
+  }
+}
+
+}  // namespace files

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "files/failing_file_system.h"
+
+#include <optional>
+#include <utility>
+
+namespace files {
+
+struct FailingFileSystem::Counter {
+  // Whether the operation that is about to be done fails.
+  bool Fires(Operation operation) {
+    if (!fault) return false;
+    if (fired && fault->length == Fault::Length::kCrash) return true;
+    if (!fault->kinds.empty() && !fault->kinds.contains(operation)) return false;
+    ++count;
+    const bool fires =
+        fault->length == Fault::Length::kOnce ? count == fault->n : count >= fault->n;
+    fired = fired || fires;
+    return fires;
+  }
+
+  [[noreturn]] void Fail(const std::string& path) const {
+    Raise(fault->error, path, "fails", "a fault was set");
+  }
+
+  void Check(Operation operation, const std::string& path) {
+    if (Fires(operation)) Fail(path);
+  }
+
+  std::optional<Fault> fault;
+  int count = 0;
+  bool fired = false;
+  std::uint64_t bytes_written = 0;
+};
+
+class FailingFileSystem::OpenFile final : public RandomAccessFile {
+ public:
+  OpenFile(std::unique_ptr<RandomAccessFile> inner, std::shared_ptr<Counter> counter)
+      : inner_(std::move(inner)), counter_(std::move(counter)) {}
+
+  const std::string& path() const override { return inner_->path(); }
+  bool read_only() const override { return inner_->read_only(); }
+
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
+    counter_->Check(Operation::kRead, path());
+    return inner_->ReadAt(offset, out);
+  }
+
+  void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
+    const bool was_crashed =
+        counter_->fired && counter_->fault && counter_->fault->length == Fault::Length::kCrash;
+    if (counter_->Fires(Operation::kWrite)) {
+      if (counter_->fault->short_writes && !was_crashed) {
+        inner_->WriteAt(offset, data.first(data.size() / 2));
+      }
+      counter_->Fail(path());
+    }
+    inner_->WriteAt(offset, data);
+    counter_->bytes_written += data.size();
+  }
+
+  std::uint64_t Size() override { return inner_->Size(); }
+
+  void Truncate(std::uint64_t size) override {
+    counter_->Check(Operation::kTruncate, path());
+    inner_->Truncate(size);
+  }
+
+  void Sync() override {
+    counter_->Check(Operation::kSync, path());
+    inner_->Sync();
+  }
+
+  FileStamp Stamp() override { return inner_->Stamp(); }
+
+  bool TryLock(std::uint64_t offset, std::uint64_t length, LockMode mode) override {
+    counter_->Check(Operation::kLock, path());
+    return inner_->TryLock(offset, length, mode);
+  }
+
+  void Unlock(std::uint64_t offset, std::uint64_t length) override {
+    inner_->Unlock(offset, length);
+  }
+
+  bool IsLockedByOthers(std::uint64_t offset, std::uint64_t length) override {
+    counter_->Check(Operation::kLock, path());
+    return inner_->IsLockedByOthers(offset, length);
+  }
+
+ private:
+  std::unique_ptr<RandomAccessFile> inner_;
+  std::shared_ptr<Counter> counter_;
+};
+
+FailingFileSystem::FailingFileSystem(FileSystem& inner)
+    : inner_(inner), counter_(std::make_shared<Counter>()) {}
+
+FailingFileSystem::~FailingFileSystem() = default;
+
+void FailingFileSystem::Arm(const Fault& fault) { *counter_ = {fault, 0, false, 0}; }
+
+void FailingFileSystem::Disarm() { counter_->fault.reset(); }
+
+bool FailingFileSystem::fired() const { return counter_->fired; }
+
+int FailingFileSystem::count() const { return counter_->count; }
+
+std::uint64_t FailingFileSystem::bytes_written() const { return counter_->bytes_written; }
+
+std::unique_ptr<RandomAccessFile> FailingFileSystem::Open(const std::string& path, OpenMode mode) {
+  counter_->Check(Operation::kOpen, path);
+  return std::make_unique<OpenFile>(inner_.Open(path, mode), counter_);
+}
+
+bool FailingFileSystem::Exists(const std::string& path) { return inner_.Exists(path); }
+
+bool FailingFileSystem::IsDirectory(const std::string& path) { return inner_.IsDirectory(path); }
+
+std::optional<FileStamp> FailingFileSystem::Stamp(const std::string& path) {
+  return inner_.Stamp(path);
+}
+
+std::vector<DirectoryEntry> FailingFileSystem::List(const std::string& folder) {
+  counter_->Check(Operation::kList, folder);
+  return inner_.List(folder);
+}
+
+void FailingFileSystem::Rename(const std::string& from, const std::string& to) {
+  counter_->Check(Operation::kRename, from);
+  inner_.Rename(from, to);
+}
+
+void FailingFileSystem::Remove(const std::string& path) {
+  counter_->Check(Operation::kRemove, path);
+  inner_.Remove(path);
+}
+
+void FailingFileSystem::CreateDirectories(const std::string& folder) {
+  counter_->Check(Operation::kCreateDirectories, folder);
+  inner_.CreateDirectories(folder);
+}
+
+void FailingFileSystem::SyncDirectory(const std::string& folder) {
+  counter_->Check(Operation::kSyncDirectory, folder);
+  inner_.SyncDirectory(folder);
+}
+
+std::string FailingFileSystem::Canonical(const std::string& path) { return inner_.Canonical(path); }
+
+bool FailingFileSystem::IsWritable(const std::string& path) { return inner_.IsWritable(path); }
+
+void FailingFileSystem::CopyAttributes(const std::string& from, const std::string& to) {
+  counter_->Check(Operation::kCopyAttributes, to);
+  inner_.CopyAttributes(from, to);
+}
+
+std::string FailingFileSystem::Join(std::string_view folder, std::string_view name) const {
+  return inner_.Join(folder, name);
+}
+
+std::string FailingFileSystem::Folder(std::string_view path) const { return inner_.Folder(path); }
+
+std::string FailingFileSystem::FileName(std::string_view path) const {
+  return inner_.FileName(path);
+}
+
+}  // namespace files

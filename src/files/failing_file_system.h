@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "files/file_system.h"
+
+namespace files {
+
+// Operations that can be made to fail.
+enum class Operation {
+  kOpen,
+  kRead,
+  kWrite,
+  kTruncate,
+  kSync,
+  kLock,
+  kList,
+  kRename,
+  kRemove,
+  kCreateDirectories,
+  kSyncDirectory,
+  kCopyAttributes,
+};
+
+// Which operation fails, and how.
+struct Fault {
+  enum class Length {
+    kOnce,     // only the n-th; all later ones succeed
+    kLasting,  // the n-th and all later ones of the kinds
+    kCrash,    // the n-th and from then on everything, as if the program had been killed there
+  };
+
+  std::set<Operation> kinds;  // counted; empty: all kinds
+  int n = 1;                  // the n-th counted operation is the first to fail
+  Length length = Length::kOnce;
+  ErrorKind error = ErrorKind::kIo;
+  bool short_writes = false;  // a write that fails has written the first half
+};
+
+// Forwards to another file system until an armed fault fires. Files that it opened fail too.
+class FailingFileSystem final : public FileSystem {
+ public:
+  explicit FailingFileSystem(FileSystem& inner);
+  ~FailingFileSystem() override;
+
+  // Starts counting at zero.
+  void Arm(const Fault& fault);
+  void Disarm();
+  bool fired() const;
+  // Operations of the fault's kinds since Arm, and bytes written.
+  int count() const;
+  std::uint64_t bytes_written() const;
+
+  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) override;
+  bool Exists(const std::string& path) override;
+  bool IsDirectory(const std::string& path) override;
+  std::optional<FileStamp> Stamp(const std::string& path) override;
+  std::vector<DirectoryEntry> List(const std::string& folder) override;
+  void Rename(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& path) override;
+  void CreateDirectories(const std::string& folder) override;
+  void SyncDirectory(const std::string& folder) override;
+  std::string Canonical(const std::string& path) override;
+  bool IsWritable(const std::string& path) override;
+  void CopyAttributes(const std::string& from, const std::string& to) override;
+
+  std::string Join(std::string_view folder, std::string_view name) const override;
+  std::string Folder(std::string_view path) const override;
+  std::string FileName(std::string_view path) const override;
+
+ private:
+  struct Counter;
+  class OpenFile;
+
+  FileSystem& inner_;
+  std::shared_ptr<Counter> counter_;
+};
+
+}  // namespace files

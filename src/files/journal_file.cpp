@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "files/journal_file.h"
+
+#include <utility>
+
+#include "files/replace_file.h"
+
+namespace files {
+namespace {
+
+constexpr std::uint64_t kWorkByte = std::uint64_t{1} << 62;
+constexpr std::uint64_t kPresenceByte = kWorkByte + 1;
+constexpr std::uint64_t kKeptAtRest = std::uint64_t{1} << 20;  // room kept for the next commit
+
+}  // namespace
+
+std::string JournalPath(FileSystem& system, const std::string& database_path) {
+  return ResolveTarget(system, database_path) + ".journal";
+}
+
+JournalFile::JournalFile(FileSystem& system, std::string path)
+    : system_(system), path_(std::move(path)) {}
+
+JournalFile::~JournalFile() { RemoveIfUnused(); }
+
+bool JournalFile::IsInUse(RandomAccessFile& file) { return file.IsLockedByOthers(kWorkByte, 1); }
+
+bool JournalFile::Lock(bool create) {
+  // The name may be removed or replaced between opening and locking; whoever did it has finished.
+  constexpr int kAttempts = 10;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    if (!OpenAndLock(create)) return false;
+    const std::optional<FileStamp> named = system_.Stamp(path_);
+    if (named && named->identity == file_->Stamp().identity) return true;
+    Unlock();
+    file_.reset();
+  }
+  Raise(ErrorKind::kLocked, path_, "cannot be used", "other programs create and remove it");
+}
+
+bool JournalFile::OpenAndLock(bool create) {
+  if (!file_) {
+    if (!create && !system_.Exists(path_)) return false;
+    auto file = system_.Open(path_, create ? OpenMode::kCreateOrOpen : OpenMode::kReadWrite);
+    if (!file->TryLock(kPresenceByte, 1, LockMode::kShared)) {
+      Raise(ErrorKind::kLocked, path_, "cannot be used", "another program is removing it");
+    }
+    file_ = std::move(file);
+    name_synced_ = false;
+  }
+  if (!file_->TryLock(kWorkByte, 1, LockMode::kExclusive)) {
+    Raise(ErrorKind::kLocked, path_, "cannot be used",
+          "another program is changing the project or putting back an interrupted change");
+  }
+  locked_ = true;
+  return true;
+}
+
+void JournalFile::Unlock() noexcept {
+  locked_ = false;
+  try {
+    file_->Unlock(kWorkByte, 1);
+  } catch (const Error&) {
+    file_.reset();  // closing releases it
+  }
+}
+
+void JournalFile::SyncName() {
+  if (name_synced_) return;
+  system_.SyncDirectory(system_.Folder(path_));
+  name_synced_ = true;
+}
+
+void JournalFile::PutToRest() {
+  journal::WriteAtRest(*file_);
+  file_->Sync();
+  if (file_->Size() > kKeptAtRest) file_->Truncate(journal::kHeaderSize);
+}
+
+void JournalFile::RemoveIfUnused() noexcept {
+  try {
+    if (!file_ || !Lock(false)) return;
+    if (journal::IsAtRest(*file_) && file_->TryLock(kPresenceByte, 1, LockMode::kExclusive)) {
+      system_.Remove(path_);
+    }
+  } catch (const Error&) {
+    // A journal at rest that stays harms nobody; the next program removes it.
+  }
+  file_.reset();
+  locked_ = false;
+}
+
+}  // namespace files

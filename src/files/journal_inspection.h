@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "files/file_system.h"
+#include "files/journal_format.h"
+#include "files/recovery.h"
+
+namespace files::journal {
+
+// A file of the journal, compared with what is there now.
+struct InspectedFile {
+  std::string path;
+  bool is_before = true;  // as before the change, and as after it: both when it is not changed
+  bool is_after = true;
+  bool is_missing = false;
+
+  // A file with ranges.
+  bool ranged = false;
+  RangedFileRecord sizes;
+  std::uint64_t size_now = 0;
+  std::uint64_t edited_sectors = 0;  // neither as before nor as after
+  std::uint64_t first_edited = 0;    // byte offset
+
+  // A whole file.
+  WholeFileRecord whole;
+  Version now;
+  std::int64_t modified_ns = 0;
+  Version temporary_now;
+
+  FileState State() const;
+};
+
+struct Inspection {
+  JournalCondition condition = JournalCondition::kNone;
+  bool readable_to_end = false;
+  Header header;
+  std::string database;  // where the journal says that it belongs
+  std::vector<InspectedFile> files;
+};
+
+// Reads a journal and compares each file that it names with its states before and after. Changes
+// nothing; memory is bounded whatever the journal holds, but for the whole files themselves.
+Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::string& database_path);
+
+}  // namespace files::journal

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "files/journal_file.h"
+#include "files/journal_inspection.h"
+
+namespace files::journal {
+
+// Brings every file of a journal to its state before the change, makes that last, removes
+// temporary files and puts the journal to rest. Files that are in that state are left alone. A
+// version that somebody else made is kept aside first. The journal is locked and readable.
+void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspection);
+
+// Whether the file can be brought to its state after the change.
+bool CanFinish(const InspectedFile& file);
+
+// Brings every file to its state after the change, makes that last, removes temporary files and
+// puts the journal to rest. Every file satisfies CanFinish.
+void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspection);
+
+// Removes the temporary files of a change that is not carried on.
+void RemoveTemporaries(FileSystem& system, const Inspection& inspection);
+
+// Name under which KeepAside would keep the file's contents.
+std::string AsideName(FileSystem& system, const std::string& path);
+
+}  // namespace files::journal

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "jet/data_page.h"
+
+#include <cassert>
+#include <cstring>
+
+#include "jet/bytes.h"
+#include "jet/error.h"
+
+namespace jet {
+namespace {
+
+std::byte* SlotAt(std::byte* page, std::size_t slot) { return page + kDataSlotsOffset + 2 * slot; }
+const std::byte* SlotAt(const std::byte* page, std::size_t slot) {
+  return page + kDataSlotsOffset + 2 * slot;
+}
+
+std::size_t SlotOffset(const std::byte* page, std::size_t slot) {
+  return Load16(SlotAt(page, slot)) & kSlotOffsetMask;
+}
+
+std::size_t LowestRow(const std::byte* page) {
+  const std::size_t count = SlotCount(page);
+  return count == 0 ? kPageSize : SlotOffset(page, count - 1);
+}
+
+// A zero-filled page that was never written is no data page either, but says less.
+const char* FindHeadFault(const std::byte* page, std::uint32_t owner) {
+  if (Load8(page) != static_cast<std::uint8_t>(PageType::kData)) {
+    return "The page should hold data, but its type byte says otherwise.";
+  }
+  if (DataPageOwner(page) != owner) return "The data page belongs to another owner.";
+  if (kDataSlotsOffset + 2 * SlotCount(page) > kPageSize) {
+    return "The data page counts more rows than it can hold.";
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::uint32_t DataPageOwner(const std::byte* page) { return Load32(page + kDataOwnerOffset); }
+
+std::size_t SlotCount(const std::byte* page) { return Load16(page + kDataSlotCountOffset); }
+
+std::size_t FreeBytes(const std::byte* page) { return Load16(page + kDataFreeOffset); }
+
+Slot GetSlot(const std::byte* page, std::size_t slot) {
+  const std::uint16_t raw = Load16(SlotAt(page, slot));
+  const std::size_t end = slot == 0 ? kPageSize : SlotOffset(page, slot - 1);
+  return {static_cast<std::uint16_t>(raw & kSlotStateMask),
+          static_cast<std::uint16_t>(raw & kSlotOffsetMask), static_cast<std::uint16_t>(end)};
+}
+
+const char* FindDataPageFault(const std::byte* page, std::uint32_t owner) {
+  if (const char* fault = FindHeadFault(page, owner)) return fault;
+  const std::size_t count = SlotCount(page);
+  const std::size_t floor = kDataSlotsOffset + 2 * count;
+  std::size_t end = kPageSize;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t begin = SlotOffset(page, i);
+    if (begin > end || begin < floor) return "The rows of the data page overlap.";
+    end = begin;
+  }
+  return nullptr;
+}
+
+void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner) {
+  if (const char* fault = FindDataPageFault(page.data(), owner)) {
+    ThrowDamaged(pager.path(), {page.number(), -1}, fault);
+  }
+}
+
+std::span<const std::byte> RowBytes(const Pager& pager, const PageRef& page, std::size_t slot,
+                                    std::uint32_t owner) {
+  const Place place{page.number(), static_cast<int>(slot)};
+  if (const char* fault = FindHeadFault(page.data(), owner)) {
+    ThrowDamaged(pager.path(), place, fault);
+  }
+  if (slot >= SlotCount(page.data())) {
+    ThrowDamaged(pager.path(), place, "Something refers to this row, but the page lacks it.");
+  }
+  const Slot bounds = GetSlot(page.data(), slot);
+  const std::size_t floor = kDataSlotsOffset + 2 * SlotCount(page.data());
+  if (bounds.begin > bounds.end || bounds.begin < floor || bounds.end > kPageSize) {
+    ThrowDamaged(pager.path(), place, "The bounds of the row make no sense.");
+  }
+  return {page.data() + bounds.begin, std::size_t{bounds.end} - bounds.begin};
+}
+
+void InitDataPage(std::byte* page, std::uint32_t owner) {
+  std::memset(page, 0, kPageSize);
+  Store8(page, static_cast<std::uint8_t>(PageType::kData));
+  Store8(page + 1, 1);
+  Store16(page + kDataFreeOffset, kPageSize - kDataSlotsOffset);
+  Store32(page + kDataOwnerOffset, owner);
+}
+
+bool HasRoom(const std::byte* page, std::size_t size) {
+  return SlotCount(page) < kMaxSlots && FreeBytes(page) >= size + 2 &&
+         LowestRow(page) >= kDataSlotsOffset + 2 * SlotCount(page) + size + 2;
+}
+
+std::uint8_t AddRow(std::byte* page, std::span<const std::byte> row, std::uint16_t state) {
+  assert(HasRoom(page, row.size()));
+  const std::size_t slot = SlotCount(page);
+  const std::size_t begin = LowestRow(page) - row.size();
+  if (!row.empty()) std::memcpy(page + begin, row.data(), row.size());
+  Store16(SlotAt(page, slot), static_cast<std::uint16_t>(begin | state));
+  Store16(page + kDataSlotCountOffset, static_cast<std::uint16_t>(slot + 1));
+  Store16(page + kDataFreeOffset,
+          static_cast<std::uint16_t>(begin - (kDataSlotsOffset + 2 * (slot + 1))));
+  return static_cast<std::uint8_t>(slot);
+}
+
+void SetSlotState(std::byte* page, std::size_t slot, std::uint16_t state) {
+  Store16(SlotAt(page, slot), static_cast<std::uint16_t>(SlotOffset(page, slot) | state));
+}
+
+void ResizeRow(std::byte* page, std::size_t slot, std::size_t size) {
+  const Slot bounds = GetSlot(page, slot);
+  const std::size_t old_size = std::size_t{bounds.end} - bounds.begin;
+  const std::size_t low = LowestRow(page);
+  const auto shift = static_cast<std::ptrdiff_t>(old_size) - static_cast<std::ptrdiff_t>(size);
+  // Rows below move; of this row the first bytes stay together and its end stays fixed.
+  const std::size_t kept = old_size < size ? old_size : size;
+  std::memmove(page + static_cast<std::ptrdiff_t>(low) + shift, page + low,
+               bounds.begin + kept - low);
+  if (size > old_size) std::memset(page + bounds.end - (size - old_size), 0, size - old_size);
+  const std::size_t count = SlotCount(page);
+  for (std::size_t i = slot; i < count; ++i) {
+    const std::uint16_t raw = Load16(SlotAt(page, i));
+    const auto begin = static_cast<std::ptrdiff_t>(raw & kSlotOffsetMask) + shift;
+    Store16(SlotAt(page, i), static_cast<std::uint16_t>(begin | (raw & ~kSlotOffsetMask)));
+  }
+  Store16(page + kDataFreeOffset,
+          static_cast<std::uint16_t>(LowestRow(page) - (kDataSlotsOffset + 2 * count)));
+}
+
+void Squeeze(std::byte* page) {
+  const std::size_t count = SlotCount(page);
+  for (std::size_t i = 0; i < count; ++i) {
+    const Slot slot = GetSlot(page, i);
+    if (slot.state == kSlotDeleted && slot.begin != slot.end) ResizeRow(page, i, 0);
+  }
+}
+
+}  // namespace jet

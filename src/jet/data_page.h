@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// Data pages: table rows, long values and usage maps (docs/jet4.md, 4).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "jet/page.h"
+#include "jet/pager.h"
+
+namespace jet {
+
+// offset  size
+//      0     1  01
+//      1     1  01
+//      2     2  free bytes between the slots and the lowest row
+//      4     4  owner: definition page of the table; "LVAL"; 0 on usage-map pages; 1 on page 1
+//      8     4  0; on the first page of a chained long value a number that its header repeats
+//     12     2  number of slots
+//     14     2  each slot: offset of the row, and its state
+inline constexpr std::size_t kDataFreeOffset = 2;
+inline constexpr std::size_t kDataOwnerOffset = 4;
+inline constexpr std::size_t kDataSlotCountOffset = 12;
+inline constexpr std::size_t kDataSlotsOffset = 14;
+inline constexpr std::uint32_t kLongValueOwner = 0x4C41564C;  // "LVAL"
+inline constexpr std::size_t kMaxSlots = 255;
+inline constexpr std::size_t kMaxRowSize = 4060;
+
+inline constexpr std::uint16_t kSlotOffsetMask = 0x1FFF;
+inline constexpr std::uint16_t kSlotStateMask = 0xC000;
+inline constexpr std::uint16_t kSlotLive = 0x0000;
+inline constexpr std::uint16_t kSlotMoved = 0x4000;   // the row's first four bytes say where to
+inline constexpr std::uint16_t kSlotTarget = 0x8000;  // data of a moved row
+inline constexpr std::uint16_t kSlotDeleted = 0xC000;
+
+// A row as it lies on its page.
+struct Slot {
+  std::uint16_t state = kSlotDeleted;
+  std::uint16_t begin = 0;
+  std::uint16_t end = 0;
+};
+
+// Checks a page before its slots are believed: type, owner, number of slots, and rows that lie in
+// slot order without gaps. Raises kDamaged.
+void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner);
+// The same without raising: what is wrong, or null.
+const char* FindDataPageFault(const std::byte* page, std::uint32_t owner);
+
+std::uint32_t DataPageOwner(const std::byte* page);
+std::size_t SlotCount(const std::byte* page);
+// Of a checked page and a slot it has.
+Slot GetSlot(const std::byte* page, std::size_t slot);
+std::size_t FreeBytes(const std::byte* page);
+
+// The bytes of one row on a page that nobody checked yet. Raises kDamaged when the page has no
+// such row or its bounds make no sense.
+std::span<const std::byte> RowBytes(const Pager& pager, const PageRef& page, std::size_t slot,
+                                    std::uint32_t owner);
+
+void InitDataPage(std::byte* page, std::uint32_t owner);
+// Whether a row of `size` bytes can be added.
+bool HasRoom(const std::byte* page, std::size_t size);
+// Adds a row below the lowest one; asks for room. Returns its slot.
+std::uint8_t AddRow(std::byte* page, std::span<const std::byte> row, std::uint16_t state);
+void SetSlotState(std::byte* page, std::size_t slot, std::uint16_t state);
+// Changes the length of a row by moving those below it; asks for room. New bytes are appended as
+// zeros, or bytes are cut off at the end.
+void ResizeRow(std::byte* page, std::size_t slot, std::size_t size);
+// Removes the bytes of every deleted row. Slots keep their numbers.
+void Squeeze(std::byte* page);
+
+}  // namespace jet

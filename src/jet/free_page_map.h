@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "jet/page.h"
+#include "jet/pager.h"
+
+namespace jet {
+
+// The map of free pages, named by the header. Unlike the other maps a set bit means "not in use",
+// and pages behind the end of the file are marked as well, so that taking a page and growing the
+// file are one operation (docs/jet4.md, 3.2).
+class FreePageMap {
+ public:
+  explicit FreePageMap(Pager& pager);
+
+  bool IsFree(PageNumber page) const;
+  // The lowest free page that is not below `from`; it is no longer free. May lie behind the end
+  // of the file.
+  PageNumber Take(PageNumber from);
+  void Give(PageNumber page);
+
+ private:
+  PageNumber TakeInline(PageNumber from);
+  PageNumber TakeReferenced(PageNumber from);
+  bool Lengthen();
+  void ConvertToReferences();
+  PageNumber AddBitmap(std::size_t index);
+
+  Pager& pager_;
+  RowId record_;
+};
+
+}  // namespace jet

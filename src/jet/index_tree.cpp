@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "jet/index_tree.h"
+
+#include <cassert>
+
+#include "jet/error.h"
+#include "jet/index_page_edit.h"
+
+namespace jet {
+
+IndexTree::IndexTree(Pager& pager, Location location, std::size_t capacity)
+    : pager_(pager), location_(location), capacity_(capacity) {
+  assert(capacity <= kIndexCapacity);
+}
+
+PageRef IndexTree::Read(PageNumber number) const {
+  PageRef page = pager_.Read(number);
+  if (const char* fault = IndexPage::Fault(page.data())) {
+    ThrowDamaged(pager_.path(), {number, -1}, std::string("In an index, ") + fault + ".");
+  }
+  if (IndexPage(page.data()).Owner() != location_.table) {
+    ThrowDamaged(pager_.path(), {number, -1}, "An index refers to a page of another table.");
+  }
+  return page;
+}
+
+PageEdit IndexTree::Modify(PageNumber number) {
+  Read(number);
+  return pager_.Modify(number);
+}
+
+namespace {
+
+// The position of the child to go to: that of its entry, or Used() for the tail.
+std::size_t ChildPosition(IndexPage node, std::size_t position) {
+  const std::size_t used = node.Used();
+  if (position == used && node.Tail() == 0 && used > 0) return node.Before(used);
+  return position;
+}
+
+PageNumber ChildAt(IndexPage node, std::size_t position) {
+  return position == node.Used() ? node.Tail() : node.Child(position);
+}
+
+}  // namespace
+
+PageRef IndexTree::Descend(ByteView target, Bound bound, IndexPath& path) const {
+  path.depth = 0;
+  PageNumber number = location_.root;
+  while (path.depth < IndexPath::kMaxDepth) {
+    PageRef page = Read(number);
+    const IndexPage view(page.data());
+    std::size_t position = view.Find(target, bound);
+    if (!view.IsLeaf()) position = ChildPosition(view, position);
+    path.steps[path.depth++] = {number, position};
+    if (view.IsLeaf()) return page;
+    number = ChildAt(view, position);
+  }
+  ThrowDamaged(pager_.path(), {location_.root, -1}, "The pages of an index form a circle.");
+}
+
+PageRef IndexTree::DescendFirst() const {
+  IndexPath path;
+  return Descend({}, Bound::kFirst, path);
+}
+
+PageRef IndexTree::DescendLast(PageNumber number) const {
+  for (std::size_t depth = 0; depth < IndexPath::kMaxDepth; ++depth) {
+    PageRef page = Read(number);
+    const IndexPage view(page.data());
+    if (view.IsLeaf()) return page;
+    number = ChildAt(view, ChildPosition(view, view.Used()));
+  }
+  ThrowDamaged(pager_.path(), {location_.root, -1}, "The pages of an index form a circle.");
+}
+
+std::optional<RowId> IndexTree::Find(ByteView key) const {
+  IndexPath path;
+  PageRef page = Descend(key, Bound::kFirst, path);
+  std::size_t position = path.leaf().position;
+  IndexPage leaf(page.data());
+  for (PageNumber left = pager_.page_count(); position == leaf.Used() && left > 0; --left) {
+    if (leaf.Next() == 0) return std::nullopt;
+    page = Read(leaf.Next());
+    leaf = IndexPage(page.data());
+    position = 0;
+  }
+  if (position == leaf.Used() || !leaf.StartsWith(position, key)) return std::nullopt;
+  if (leaf.Size(position) < kRowReferenceSize) {
+    ThrowDamaged(pager_.path(), {page.number(), -1}, "An entry of an index names no row.");
+  }
+  return leaf.Row(position);
+}
+
+// Whether the leaf is where the entry at the position belongs, as far as the leaf alone tells.
+bool IndexTree::IsInside(IndexPage leaf, std::size_t position) const {
+  return position > 0 && (position < leaf.Used() || leaf.Next() == 0);
+}
+
+// Sets path_ to the leaf for the bytes. Rows that are added or looked up one after the other
+// often meet the same leaf: then the way down is saved.
+PageRef IndexTree::Locate(ByteView entry) {
+  if (path_holds_ && path_generation_ == pager_.generation()) {
+    PageRef page = Read(path_.leaf().page);
+    const IndexPage leaf(page.data());
+    const std::size_t position = leaf.Find(entry, Bound::kFirst);
+    if (leaf.IsLeaf() && IsInside(leaf, position)) {
+      path_.leaf().position = position;
+      return page;
+    }
+  }
+  path_holds_ = false;
+  PageRef page = Descend(entry, Bound::kFirst, path_);
+  path_holds_ = true;
+  path_generation_ = pager_.generation();
+  return page;
+}
+
+bool IndexTree::HasKeyBeside(IndexPage leaf, std::size_t position, ByteView key) const {
+  if (position < leaf.Used()) {
+    if (leaf.StartsWith(position, key)) return true;
+  } else if (leaf.Next() != 0) {
+    const PageRef page = Read(leaf.Next());
+    const IndexPage next(page.data());
+    if (next.Used() > 0 && next.StartsWith(0, key)) return true;
+  }
+  if (position > 0) return leaf.StartsWith(leaf.Before(position), key);
+  if (leaf.Previous() == 0) return false;
+  const PageRef page = Read(leaf.Previous());
+  const IndexPage previous(page.data());
+  return previous.Used() > 0 && previous.StartsWith(previous.Before(previous.Used()), key);
+}
+
+bool IndexTree::Contains(ByteView key) {
+  const PageRef page = Locate(key);
+  return HasKeyBeside(IndexPage(page.data()), path_.leaf().position, key);
+}
+
+bool IndexTree::Insert(ByteView key, RowId row) {
+  if (key.size() > kMaxIndexKey || 2 * (key.size() + kRowReferenceSize + kChildSize) > capacity_) {
+    throw Error(ErrorKind::kInvalid, pager_.path(), {location_.root, -1},
+                "The values of the index's columns are too long for an index.",
+                "Shorten one of them.");
+  }
+  entry_.assign(key.begin(), key.end());
+  AppendRow(row, entry_);
+  PageRef page = Locate(entry_);
+  if (path_.leaf().position == IndexPage(page.data()).Used() && WrongSeparator(path_, entry_)) {
+    CorrectSeparators(entry_);
+    page = Locate(entry_);
+  }
+  const IndexPage leaf(page.data());
+  const std::size_t position = path_.leaf().position;
+  if (position < leaf.Used() && leaf.StartsWith(position, entry_)) {
+    ThrowDamaged(pager_.path(), {page.number(), -1}, "An index holds an entry of a new row.");
+  }
+  const bool is_new = !HasKeyBeside(leaf, position, key);
+  ++version_;
+  const PageEdit edit = pager_.Modify(page.number());
+  if (!InsertEntry(edit.data(), position, entry_, capacity_)) {
+    path_holds_ = false;
+    SplitAndInsert(path_, path_.depth - 1, entry_);
+  }
+  return is_new;
+}
+
+bool IndexTree::Erase(ByteView key, RowId row) {
+  entry_.assign(key.begin(), key.end());
+  AppendRow(row, entry_);
+  const PageRef page = Locate(entry_);
+  const IndexPage leaf(page.data());
+  const std::size_t position = path_.leaf().position;
+  if (position == leaf.Used() || leaf.Size(position) != entry_.size() ||
+      !leaf.StartsWith(position, entry_)) {
+    return false;
+  }
+  const bool was_last = leaf.After(position) == leaf.Used();
+  ++version_;
+  const PageEdit edit = pager_.Modify(page.number());
+  EraseEntry(edit.data(), position, capacity_);
+  if (!was_last) return true;
+  const IndexPage rest(edit.data());
+  if (rest.Used() == 0) {
+    path_holds_ = false;
+    if (path_.depth > 1) RemovePage(path_, path_.depth - 1);
+    return true;
+  }
+  rest.Read(rest.Before(rest.Used()), entry_);
+  if (WrongSeparator(path_, entry_)) CorrectSeparators(entry_);
+  return true;
+}
+
+}  // namespace jet

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "jet/pager.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "jet/error.h"
+
+namespace jet {
+
+Pager::Pager(files::RandomAccessFile& file, std::size_t cache_pages)
+    : file_(file), cache_pages_(std::max<std::size_t>(cache_pages, 16)) {
+  DropCache();
+}
+
+Pager::~Pager() = default;
+
+void Pager::DropCache() {
+  assert(level_ == 0);
+  while (!clean_.empty()) Drop(clean_.back().get());
+  file_pages_ =
+      static_cast<PageNumber>(std::min<std::uint64_t>(file_.Size() / kPageSize, kMaxPageCount));
+  page_count_ = file_pages_;
+  frame_of_page_.assign(page_count_, nullptr);
+  lowest_free_ = 0;
+  ++generation_;
+}
+
+PageFrame* Pager::Load(PageNumber page) {
+  if (page >= page_count_) {
+    ThrowDamaged(path(), {page, -1}, "Something refers to this page, but the file ends before it.");
+  }
+  PageFrame* frame = AddFrame(page);
+  std::size_t size = 0;
+  try {
+    size = file_.ReadAt(std::uint64_t{page} * kPageSize, {frame->data, kPageSize});
+  } catch (...) {
+    Drop(frame);
+    throw;
+  }
+  if (size != kPageSize) {
+    Drop(frame);
+    ThrowDamaged(path(), {page, -1}, "The file ends within this page.");
+  }
+  return frame;
+}
+
+PageFrame* Pager::AddFrame(PageNumber page) {
+  if (clean_.size() >= cache_pages_) Evict();
+  auto frame = std::make_unique<PageFrame>();
+  frame->storage = std::make_unique_for_overwrite<std::byte[]>(kPageSize);
+  frame->data = frame->storage.get();
+  frame->page = page;
+  frame->position = clean_.size();
+  clean_.push_back(std::move(frame));
+  frame_of_page_[page] = clean_.back().get();
+  return clean_.back().get();
+}
+
+// Second chance: a page that was asked for again since the hand passed stays another round. A
+// page that only a scan visits is therefore the first to go.
+void Pager::Evict() {
+  for (std::size_t step = 0; step < 2 * clean_.size(); ++step) {
+    if (hand_ >= clean_.size()) hand_ = 0;
+    PageFrame* frame = clean_[hand_].get();
+    if (frame->pins == 0 && !frame->referenced) {
+      Drop(frame);
+      return;
+    }
+    frame->referenced = false;
+    ++hand_;
+  }
+}
+
+namespace {
+
+std::unique_ptr<PageFrame> TakeOut(std::vector<std::unique_ptr<PageFrame>>& list,
+                                   PageFrame* frame) {
+  const std::size_t position = frame->position;
+  std::unique_ptr<PageFrame> taken = std::move(list[position]);
+  if (position + 1 != list.size()) {
+    list[position] = std::move(list.back());
+    list[position]->position = position;
+  }
+  list.pop_back();
+  return taken;
+}
+
+}  // namespace
+
+void Pager::Drop(PageFrame* frame) noexcept {
+  std::unique_ptr<PageFrame> taken = TakeOut(frame->dirty ? dirty_ : clean_, frame);
+  if (taken->page < frame_of_page_.size()) frame_of_page_[taken->page] = nullptr;
+  std::erase_if(orphans_, [](const auto& orphan) { return orphan->pins == 0; });
+  if (taken->pins != 0) orphans_.push_back(std::move(taken));
+}
+
+void Pager::MakeDirty(PageFrame* frame) {
+  dirty_.reserve(dirty_.size() + 1);
+  std::unique_ptr<PageFrame> taken = TakeOut(clean_, frame);
+  frame->position = dirty_.size();
+  frame->dirty = true;
+  dirty_.push_back(std::move(taken));
+}
+
+void Pager::MakeClean(PageFrame* frame) {
+  clean_.reserve(clean_.size() + 1);
+  std::unique_ptr<PageFrame> taken = TakeOut(dirty_, frame);
+  frame->position = clean_.size();
+  frame->dirty = false;
+  frame->saved_at = 0;
+  clean_.push_back(std::move(taken));
+}
+
+PageFrame* Pager::Touch(PageNumber page) {
+  PageRef pin = Read(page);
+  PageFrame* frame = frame_of_page_[page];
+  if (frame->saved_at == level_) return frame;
+  if (level_ > 1) {
+    Image image{page, frame->saved_at, nullptr};
+    if (frame->dirty) {
+      image.bytes = std::make_unique_for_overwrite<std::byte[]>(kPageSize);
+      std::memcpy(image.bytes.get(), frame->data, kPageSize);
+    }
+    levels_.back().images.push_back(std::move(image));
+  }
+  if (!frame->dirty) MakeDirty(frame);
+  frame->saved_at = level_;
+  return frame;
+}
+
+PageEdit Pager::Append() {
+  assert(level_ > 0);
+  if (page_count_ >= kMaxPageCount) {
+    throw Error(ErrorKind::kTooLarge, path(), {},
+                "The database has reached 2 GiB, the limit of its format.",
+                "Delete what is no longer needed and let Access compact the file.");
+  }
+  const PageNumber page = page_count_;
+  if (frame_of_page_.size() <= page) frame_of_page_.resize(page + 1, nullptr);
+  PageFrame* frame = AddFrame(page);
+  ++page_count_;
+  std::memset(frame->data, 0, kPageSize);
+  if (level_ > 1) levels_.back().images.push_back({page, 0, nullptr});
+  MakeDirty(frame);
+  frame->saved_at = level_;
+  return PageEdit(frame);
+}
+
+void Pager::Begin() {
+  levels_.push_back({page_count_, lowest_free_, {}});
+  ++level_;
+}
+
+void Pager::Commit() {
+  assert(level_ > 0);
+  Level done = std::move(levels_.back());
+  levels_.pop_back();
+  --level_;
+  if (level_ == 0) {
+    while (!dirty_.empty()) MakeClean(dirty_.back().get());
+    file_pages_ = page_count_;
+    while (clean_.size() > cache_pages_) {
+      const std::size_t before = clean_.size();
+      Evict();
+      if (clean_.size() == before) break;
+    }
+    return;
+  }
+  for (Image& image : done.images) {
+    frame_of_page_[image.page]->saved_at = level_;
+    if (level_ > 1 && image.saved_at != level_) levels_.back().images.push_back(std::move(image));
+  }
+}
+
+void Pager::Rollback() noexcept {
+  assert(level_ > 0);
+  Level undone = std::move(levels_.back());
+  levels_.pop_back();
+  --level_;
+  if (level_ == 0) {
+    while (!dirty_.empty()) Drop(dirty_.back().get());
+  }
+  for (Image& image : undone.images) {
+    PageFrame* frame = frame_of_page_[image.page];
+    if (!frame) continue;
+    if (image.bytes) {
+      std::memcpy(frame->data, image.bytes.get(), kPageSize);
+      frame->saved_at = image.saved_at;
+    } else {
+      Drop(frame);
+    }
+  }
+  page_count_ = undone.page_count;
+  lowest_free_ = undone.lowest_free;
+  ++generation_;
+}
+
+std::uint64_t Pager::SizeBefore() { return file_.Size(); }
+
+std::uint64_t Pager::SizeAfter() { return std::uint64_t{page_count_} * kPageSize; }
+
+void Pager::ForEachRange(const std::function<void(const Range&)>& visit) {
+  std::vector<const PageFrame*> pages;
+  pages.reserve(dirty_.size());
+  for (const auto& frame : dirty_) pages.push_back(frame.get());
+  std::sort(pages.begin(), pages.end(),
+            [](const PageFrame* a, const PageFrame* b) { return a->page < b->page; });
+  std::vector<std::byte> before(kPageSize);
+  for (const PageFrame* frame : pages) {
+    const std::uint64_t offset = std::uint64_t{frame->page} * kPageSize;
+    if (frame->page >= file_pages_) {
+      visit({offset, {}, {frame->data, kPageSize}});
+      continue;
+    }
+    const std::size_t known = file_.ReadAt(offset, {before.data(), kPageSize});
+    std::size_t begin = 0, end = known;
+    while (begin < end && before[begin] == frame->data[begin]) ++begin;
+    while (end > begin && before[end - 1] == frame->data[end - 1]) --end;
+    if (begin < end) {
+      visit({offset + begin, {&before[begin], end - begin}, {frame->data + begin, end - begin}});
+    }
+  }
+}
+
+}  // namespace jet

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "jet/table_definition.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "jet/bytes.h"
+#include "jet/error.h"
+#include "jet/text_codec.h"
+
+namespace jet {
+namespace {
+
+constexpr std::size_t kLongestDefinition = 256 * 1024;
+constexpr std::size_t kMapListEntry = 10;
+
+// Reads the logical string from front to back; a read behind the end is damage.
+class Reader {
+ public:
+  Reader(const Pager& pager, PageNumber page, std::span<const std::byte> bytes)
+      : pager_(pager), page_(page), bytes_(bytes) {}
+
+  const std::byte* Take(std::size_t size) {
+    if (size > bytes_.size() - position_) Fail("The table definition ends too early.");
+    const std::byte* p = bytes_.data() + position_;
+    position_ += size;
+    return p;
+  }
+  std::string TakeName() {
+    const std::size_t size = Load16(Take(2));
+    return DecodeUtf16({Take(size), size});
+  }
+  [[noreturn]] void Fail(const std::string& cause) const {
+    ThrowDamaged(pager_.path(), {page_, -1}, cause);
+  }
+
+ private:
+  const Pager& pager_;
+  PageNumber page_;
+  std::span<const std::byte> bytes_;
+  std::size_t position_ = 0;
+};
+
+bool IsKnownType(std::uint8_t type) {
+  return (type >= 0x01 && type <= 0x0C) || (type >= 0x0F && type <= 0x11);
+}
+
+Column ReadColumn(const std::byte* p) {
+  Column column;
+  column.type = static_cast<ColumnType>(Load8(p));
+  column.id = Load16(p + 5);
+  column.variable_index = Load16(p + 7);
+  column.display_position = Load16(p + 9);
+  column.lcid = Load16(p + 11);
+  column.precision = Load8(p + 11);
+  column.scale = Load8(p + 12);
+  column.collation_version = Load8(p + 14);
+  const std::uint8_t flags = Load8(p + 15);
+  column.fixed = (flags & kColumnFixed) != 0;
+  column.auto_number = (flags & kColumnAutoNumber) != 0;
+  column.auto_guid = (flags & kColumnAutoGuid) != 0;
+  column.hyperlink = (flags & kColumnHyperlink) != 0;
+  column.system = (flags & kColumnSystem) != 0;
+  column.compressed = (Load8(p + 16) & kColumnCompressed) != 0;
+  column.fixed_offset = Load16(p + 21);
+  column.length = Load16(p + 23);
+  return column;
+}
+
+void ReadColumns(Reader& reader, std::size_t count, TableDefinition& definition) {
+  for (std::size_t i = 0; i < count; ++i) {
+    Column column = ReadColumn(reader.Take(kColumnRecordSize));
+    if (column.id >= definition.max_columns) {
+      reader.Fail("A column of the table has a number above the highest.");
+    }
+    if (!column.fixed && column.variable_index >= definition.variable_columns) {
+      reader.Fail("A column of the table has a variable index above the highest.");
+    }
+    if (!IsKnownType(static_cast<std::uint8_t>(column.type))) {
+      definition.unknown =
+          "a column of the unknown type " + std::to_string(static_cast<unsigned>(column.type));
+    }
+    definition.columns.push_back(std::move(column));
+  }
+  for (Column& column : definition.columns) column.name = reader.TakeName();
+  std::vector<bool> seen(definition.max_columns);
+  for (const Column& column : definition.columns) {
+    if (seen[column.id]) reader.Fail("Two columns of the table have the same number.");
+    seen[column.id] = true;
+  }
+}
+
+std::optional<std::size_t> PositionOf(const TableDefinition& definition, std::uint16_t id) {
+  for (std::size_t i = 0; i < definition.columns.size(); ++i) {
+    if (definition.columns[i].id == id) return i;
+  }
+  return std::nullopt;
+}
+
+void ReadPhysicalIndexes(Reader& reader, std::size_t count, TableDefinition& definition) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::byte* p = reader.Take(kPhysicalRecordSize);
+    PhysicalIndex index;
+    for (std::size_t k = 0; k < kMaxIndexColumns; ++k) {
+      const std::uint16_t id = Load16(p + 4 + 3 * k);
+      if (id == kNoColumn) continue;
+      const auto position = PositionOf(definition, id);
+      if (!position) reader.Fail("An index of the table names a column that does not exist.");
+      index.columns.push_back({*position, Load8(p + 6 + 3 * k) != 0});
+    }
+    if (index.columns.empty()) reader.Fail("An index of the table has no column.");
+    index.usage_map = RowId::FromReference(Load32(p + 34));
+    index.root = Load32(p + 38);
+    const std::uint8_t flags = Load8(p + 46);
+    index.unique = (flags & kIndexUnique) != 0;
+    index.ignore_nulls = (flags & kIndexIgnoreNulls) != 0;
+    index.required = (flags & kIndexRequired) != 0;
+    definition.physical.push_back(std::move(index));
+  }
+}
+
+void ReadIndexes(Reader& reader, std::size_t count, TableDefinition& definition) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::byte* p = reader.Take(kLogicalRecordSize);
+    Index index;
+    index.number = Load32(p + 4);
+    index.physical = Load32(p + 8);
+    index.relation_side = Load8(p + 12);
+    index.related_index = static_cast<std::int32_t>(Load32(p + 13));
+    index.related_table = Load32(p + 17);
+    const std::uint8_t kind = Load8(p + 23);
+    if (index.physical >= definition.physical.size()) {
+      reader.Fail("An index of the table refers to a tree that does not exist.");
+    }
+    if (kind > 2) reader.Fail("An index of the table is of no known kind.");
+    index.kind = static_cast<IndexKind>(kind);
+    if (index.kind == IndexKind::kRelation) {
+      index.cascade_updates = Load8(p + 21) == 1;
+      index.cascade_deletes = Load8(p + 22) == 1;
+    }
+    definition.indexes.push_back(std::move(index));
+  }
+  for (Index& index : definition.indexes) index.name = reader.TakeName();
+}
+
+void ReadLongValueMaps(Reader& reader, TableDefinition& definition) {
+  for (;;) {
+    const std::uint16_t id = Load16(reader.Take(2));
+    if (id == kNoColumn) return;
+    const std::byte* p = reader.Take(kMapListEntry - 2);
+    const auto position = PositionOf(definition, id);
+    if (!position) continue;
+    definition.long_values.push_back(
+        {*position, RowId::FromReference(Load32(p)), RowId::FromReference(Load32(p + 4))});
+  }
+}
+
+}  // namespace
+
+std::vector<std::byte> ReadDefinitionBytes(Pager& pager, PageNumber first,
+                                           std::vector<PageNumber>& pages) {
+  std::vector<std::byte> bytes;
+  for (PageNumber page = first; page != 0;) {
+    if (std::find(pages.begin(), pages.end(), page) != pages.end() ||
+        bytes.size() > kLongestDefinition) {
+      ThrowDamaged(pager.path(), {page, -1}, "The pages of a table definition form a circle.");
+    }
+    const PageRef ref = pager.Read(page);
+    if (Load8(ref.data()) != static_cast<std::uint8_t>(PageType::kTableDefinition)) {
+      ThrowDamaged(pager.path(), {page, -1},
+                   "The page should hold a table definition, but its type byte says otherwise.");
+    }
+    const std::size_t head = page == first ? 0 : kContinuationHead;
+    bytes.insert(bytes.end(), ref.data() + head, ref.data() + kPageSize);
+    pages.push_back(page);
+    page = Load32(ref.data() + kDefinitionNextOffset);
+  }
+  const std::size_t length =
+      bytes.empty() ? 0 : std::size_t{Load32(&bytes[kDefinitionLengthOffset])};
+  if (length < kDefinitionCountersOffset || length > bytes.size()) {
+    ThrowDamaged(pager.path(), {first, -1}, "The length of the table definition makes no sense.");
+  }
+  bytes.resize(length);
+  return bytes;
+}
+
+TableDefinition ReadTableDefinition(Pager& pager, PageNumber page) {
+  TableDefinition definition;
+  definition.page = page;
+  const std::vector<std::byte> bytes = ReadDefinitionBytes(pager, page, definition.pages);
+  Reader reader(pager, page, bytes);
+  const std::byte* head = reader.Take(kDefinitionCountersOffset);
+  definition.type = Load8(head + kDefinitionTypeOffset);
+  definition.max_columns = Load16(head + kDefinitionMaxColumnsOffset);
+  definition.variable_columns = Load16(head + kDefinitionVariableOffset);
+  definition.owned_map = RowId::FromReference(Load32(head + kDefinitionOwnedMapOffset));
+  definition.free_map = RowId::FromReference(Load32(head + kDefinitionFreeMapOffset));
+  const std::size_t columns = Load16(head + kDefinitionColumnsOffset);
+  const std::size_t physical = Load32(head + kDefinitionPhysicalOffset);
+  const std::size_t logical = Load32(head + kDefinitionLogicalOffset);
+  if (columns > kMaxColumns || columns > definition.max_columns ||
+      definition.max_columns > kMaxColumns || definition.variable_columns > kMaxColumns ||
+      physical > kMaxIndexes || logical > bytes.size() / kLogicalRecordSize) {
+    reader.Fail("The table definition counts more columns or indexes than a table can have.");
+  }
+  reader.Take(physical * kDefinitionCounterSize);
+  ReadColumns(reader, columns, definition);
+  ReadPhysicalIndexes(reader, physical, definition);
+  ReadIndexes(reader, logical, definition);
+  ReadLongValueMaps(reader, definition);
+  return definition;
+}
+
+}  // namespace jet

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "jet/usage_map.h"
+
+#include <algorithm>
+#include <bit>
+#include <cassert>
+#include <cstring>
+#include <vector>
+
+#include "jet/bytes.h"
+#include "jet/data_page.h"
+#include "jet/error.h"
+#include "jet/usage_map_record.h"
+
+namespace jet {
+namespace {
+
+constexpr std::uint32_t kMapOwner = 0;
+
+}  // namespace
+
+std::optional<std::size_t> FindBit(std::span<const std::byte> bits, std::size_t from) {
+  std::size_t index = from / 8;
+  if (index >= bits.size()) return std::nullopt;
+  unsigned byte = Load8(&bits[index]) & (0xFFu << (from % 8));
+  while ((byte & 0xFF) == 0) {
+    if (++index >= bits.size()) return std::nullopt;
+    while (index + 8 <= bits.size() && Load64(&bits[index]) == 0) index += 8;
+    if (index >= bits.size()) return std::nullopt;
+    byte = Load8(&bits[index]);
+  }
+  return index * 8 + static_cast<std::size_t>(std::countr_zero(byte & 0xFF));
+}
+
+PageRef ReadBitmapPage(Pager& pager, PageNumber page) {
+  PageRef bitmap = pager.Read(page);
+  if (Load8(bitmap.data()) != static_cast<std::uint8_t>(PageType::kUsageBitmap)) {
+    ThrowDamaged(pager.path(), {page, -1}, "A usage map names this page, which is no bitmap.");
+  }
+  return bitmap;
+}
+
+PageEdit NewBitmapPage(Pager& pager) {
+  PageEdit bitmap = pager.Allocate();
+  Store8(bitmap.data(), static_cast<std::uint8_t>(PageType::kUsageBitmap));
+  Store8(bitmap.data() + 1, 1);
+  return bitmap;
+}
+
+MapRecord::MapRecord(Pager& pager, RowId record, std::uint32_t owner)
+    : page_(pager.Read(record.page)), row_(RowBytes(pager, page_, record.slot, owner)) {
+  const bool sound = row_.size() >= kMapHead &&
+                     (Load8(row_.data()) == kInlineMap || Load8(row_.data()) == kReferenceMap);
+  if (!sound) {
+    ThrowDamaged(pager.path(), {record.page, record.slot}, "The usage map is of no known kind.");
+  }
+}
+
+bool UsageMap::Contains(PageNumber page) const { return record_ != RowId{} && Next(page) == page; }
+
+std::optional<PageNumber> UsageMap::Next(PageNumber from) const {
+  if (record_ == RowId{}) return std::nullopt;
+  const MapRecord record(pager_, record_, kMapOwner);
+  if (record.is_inline()) {
+    const PageNumber first = record.first_page();
+    const auto bit = FindBit(record.bits(), from > first ? from - first : 0);
+    if (!bit) return std::nullopt;
+    return first + static_cast<PageNumber>(*bit);
+  }
+  for (std::size_t i = from / kPagesPerBitmap; i < record.reference_count(); ++i) {
+    const PageNumber bitmap = record.reference(i);
+    if (bitmap == 0 || bitmap >= pager_.page_count()) continue;
+    const auto base = static_cast<PageNumber>(i * kPagesPerBitmap);
+    const PageRef page = ReadBitmapPage(pager_, bitmap);
+    const auto bit = FindBit(page.bytes().subspan(kBitmapHead), from > base ? from - base : 0);
+    if (bit) return base + static_cast<PageNumber>(*bit);
+  }
+  return std::nullopt;
+}
+
+void UsageMap::Add(PageNumber page) { Set(page, true); }
+
+void UsageMap::Remove(PageNumber page) { Set(page, false); }
+
+void UsageMap::Set(PageNumber page, bool member) {
+  if (record_ == RowId{}) return;
+  if (MapRecord(pager_, record_, kMapOwner).is_inline() && !SetInline(page, member)) {
+    ConvertToReferences();
+  }
+  if (!MapRecord(pager_, record_, kMapOwner).is_inline()) SetReferenced(page, member);
+}
+
+// False when the inline bitmap cannot be made to reach the page.
+bool UsageMap::SetInline(PageNumber page, bool member) {
+  const MapRecord record(pager_, record_, kMapOwner);
+  const PageNumber first = record.first_page();
+  const std::size_t reach = record.bits().size() * 8;
+  const bool within = page >= first && page - first < reach;
+  if (!within && !member) return true;
+  PageEdit edit = pager_.Modify(record_.page);
+  std::byte* row = edit.data() + record.offset();
+  if (!within) {
+    if (!FindBit(record.bits(), 0) && reach > 0) {
+      Store32(row + 1, page & ~7u);
+    } else if (page < first || !Lengthen(edit, page - first)) {
+      return false;
+    }
+    return SetInline(page, member);
+  }
+  const PageNumber bit = page - first;
+  std::byte& byte = row[kMapHead + bit / 8];
+  const std::byte mask{static_cast<std::uint8_t>(1u << (bit % 8))};
+  byte = member ? byte | mask : byte & ~mask;
+  return true;
+}
+
+// Makes the record long enough for a bit, in steps of four bytes, when its page has the room.
+bool UsageMap::Lengthen(PageEdit& page, std::size_t bit) {
+  const Slot slot = GetSlot(page.data(), record_.slot);
+  const std::size_t size = std::size_t{slot.end} - slot.begin;
+  const std::size_t needed = kMapHead + bit / 8 + 1;
+  const std::size_t longer = size + (needed - size + 3) / 4 * 4;
+  CheckDataPage(pager_, page, kMapOwner);
+  if (longer > kMaxInlineMap || FreeBytes(page.data()) < longer - size) return false;
+  ResizeRow(page.data(), record_.slot, longer);
+  return true;
+}
+
+void UsageMap::ConvertToReferences() {
+  std::vector<PageNumber> members;
+  for (auto page = Next(0); page; page = Next(*page + 1)) members.push_back(*page);
+  {
+    const MapRecord record(pager_, record_, kMapOwner);
+    PageEdit edit = pager_.Modify(record_.page);
+    std::byte* row = edit.data() + record.offset();
+    std::memset(row, 0, record.size());
+    Store8(row, kReferenceMap);
+  }
+  for (const PageNumber page : members) SetReferenced(page, true);
+}
+
+void UsageMap::SetReferenced(PageNumber page, bool member) {
+  const std::size_t index = page / kPagesPerBitmap;
+  PageNumber bitmap = 0;
+  {
+    const MapRecord record(pager_, record_, kMapOwner);
+    if (index < record.reference_count()) bitmap = record.reference(index);
+    if (bitmap >= pager_.page_count()) bitmap = 0;
+    if (bitmap == 0 && !member) return;
+    if (index >= record.reference_count()) {
+      ThrowDamaged(pager_.path(), {record_.page, record_.slot},
+                   "The usage map is too short for the pages of this file.");
+    }
+  }
+  if (bitmap == 0) {
+    bitmap = NewBitmapPage(pager_).number();
+    PageEdit edit = pager_.Modify(record_.page);
+    const MapRecord record(pager_, record_, kMapOwner);
+    Store32(edit.data() + record.offset() + 1 + 4 * index, bitmap);
+  }
+  ReadBitmapPage(pager_, bitmap);
+  PageEdit edit = pager_.Modify(bitmap);
+  const std::size_t bit = page % kPagesPerBitmap;
+  std::byte& byte = edit.data()[kBitmapHead + bit / 8];
+  const std::byte mask{static_cast<std::uint8_t>(1u << (bit % 8))};
+  byte = member ? byte | mask : byte & ~mask;
+}
+
+}  // namespace jet

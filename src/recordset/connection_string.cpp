@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "recordset/connection_string.h"
+
+#include <algorithm>
+
+#include "recordset/session.h"
+#include "recordset/sql_lexer.h"
+
+namespace recordset {
+namespace {
+
+constexpr std::string_view kProvider = "Microsoft.Jet.OLEDB.4.0";
+
+[[noreturn]] void Fail(const std::string& cause) {
+  Refuse(platform::kErrInvalidArgument, "The connection string " + cause);
+}
+
+std::string_view Trim(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
+
+// Takes a value off the front of the text, up to and including its semicolon.
+std::string TakeValue(std::string_view& text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  std::string value;
+  if (!text.empty() && (text.front() == '"' || text.front() == '\'')) {
+    const std::size_t end = text.find(text.front(), 1);
+    if (end == std::string_view::npos) Fail("has a value without its closing quote.");
+    value = text.substr(1, end - 1);
+    text.remove_prefix(end + 1);
+    const std::size_t next = text.find_first_not_of(' ');
+    if (next != std::string_view::npos && text[next] != ';') {
+      Fail("has something behind a value in quotes; put a semicolon between.");
+    }
+  } else {
+    value = Trim(text.substr(0, text.find(';')));
+  }
+  text.remove_prefix(std::min(text.find(';'), text.size()));
+  if (!text.empty()) text.remove_prefix(1);
+  return value;
+}
+
+bool IsReadOnly(std::string_view mode) {
+  bool read = false, write = false;
+  while (!mode.empty()) {
+    const std::size_t end = std::min(mode.find('|'), mode.size());
+    const std::string_view part = Trim(mode.substr(0, end));
+    mode.remove_prefix(std::min(end + 1, mode.size()));
+    read = read || SameName(part, "Read");
+    write = write || SameName(part, "Write") || SameName(part, "ReadWrite");
+  }
+  return read && !write;
+}
+
+}  // namespace
+
+ConnectionSettings ParseConnectionString(std::string_view text) {
+  ConnectionSettings settings;
+  while (!Trim(text).empty()) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos) Fail("has a part without \"=\".");
+    const std::string_view name = Trim(text.substr(0, equals));
+    text.remove_prefix(equals + 1);
+    const std::string value = TakeValue(text);
+    if (SameName(name, "Provider")) {
+      if (!SameName(value, kProvider)) {
+        Fail("names the provider \"" + value + "\"; only " + std::string(kProvider) +
+             " is available.");
+      }
+    } else if (SameName(name, "Data Source")) {
+      settings.data_source = value;
+    } else if (SameName(name, "Mode")) {
+      settings.read_only = IsReadOnly(value);
+    }
+  }
+  if (settings.data_source.empty()) Fail("names no file; give it as \"Data Source\".");
+  return settings;
+}
+
+}  // namespace recordset

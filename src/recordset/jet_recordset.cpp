@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+// Opening, moving and fields. Searching and editing have files of their own.
+#include "recordset/jet_recordset.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "recordset/jet_field.h"
+#include "recordset/sql_lexer.h"
+#include "recordset/value_conversion.h"
+
+namespace recordset {
+
+using platform::CommandType;
+using platform::EditMode;
+using platform::ObjectState;
+using platform::SearchDirection;
+using platform::Variant;
+
+JetRecordset::JetRecordset(std::shared_ptr<Session> session) : session_(std::move(session)) {}
+
+JetRecordset::~JetRecordset() = default;
+
+void JetRecordset::CheckClosed() const {
+  if (query_) {
+    Refuse(platform::kErrObjectOpen,
+           "The recordset is open; close it before changing its settings.");
+  }
+}
+
+void JetRecordset::CheckOpen() const {
+  if (!query_) Refuse(platform::kErrObjectClosed, "The recordset is closed; open it first.");
+}
+
+void JetRecordset::CheckNoEdit(const char* action) const {
+  CheckOpen();
+  if (edit_mode_ == EditMode::kNone) return;
+  Refuse(platform::kErrNotAllowedHere,
+         std::string("A changed row is pending; update or cancel it before ") + action + ".");
+}
+
+void JetRecordset::SetSource(std::string_view source) {
+  CheckClosed();
+  settings_.source = source;
+}
+
+void JetRecordset::SetCursorLocation(platform::CursorLocation location) {
+  CheckClosed();
+  settings_.location = location;
+}
+
+void JetRecordset::SetCursorType(platform::CursorType type) {
+  CheckClosed();
+  settings_.cursor = type;
+}
+
+void JetRecordset::SetLockType(platform::LockType type) {
+  CheckClosed();
+  settings_.lock = type;
+}
+
+void JetRecordset::SetCommandType(CommandType type) {
+  CheckClosed();
+  settings_.command = type;
+}
+
+void JetRecordset::SetIndex(std::string_view name) {
+  CheckClosed();
+  settings_.index = name;
+}
+
+void JetRecordset::SetParameters(std::vector<Variant> values) {
+  CheckClosed();
+  settings_.parameters = std::move(values);
+}
+
+std::unique_ptr<Query> JetRecordset::MakeQuery() const {
+  const bool is_text =
+      settings_.command == CommandType::kText ||
+      (settings_.command == CommandType::kUnspecified && IsSelect(settings_.source));
+  if (!is_text) return TableQuery();
+  return Query::Select(session_->OpenDatabase(), settings_.source, settings_.parameters);
+}
+
+std::unique_ptr<Query> JetRecordset::TableQuery() const {
+  jet::Database& database = session_->OpenDatabase();
+  if (!database.HasTable(settings_.source)) {
+    Refuse(platform::kErrNoSuchTable,
+           "The database " + database.path() + " has no table \"" + settings_.source + "\".");
+  }
+  jet::Table& table = database.OpenTable(settings_.source);
+  std::optional<std::size_t> index;
+  if (!settings_.index.empty()) {
+    index = table.FindIndex(settings_.index);
+    if (!index) {
+      Refuse(platform::kErrNoSuchIndex, "The table \"" + settings_.source + "\" of the database " +
+                                            database.path() + " has no index \"" + settings_.index +
+                                            "\".");
+    }
+  }
+  return Query::OfTable(database, table, index);
+}
+
+void JetRecordset::Open() {
+  CheckClosed();
+  session_->Guarded([&] { query_ = MakeQuery(); });
+  cursor_.emplace(*query_);
+  cursor_->Restart();
+  reader_.emplace(*query_);
+  bookmarked_ = std::make_shared<BookmarkedRows>();
+  session_->Register(shared_from_this());
+}
+
+void JetRecordset::Close() {
+  CheckNoEdit("closing");
+  Abandon();
+}
+
+void JetRecordset::Abandon() noexcept {
+  EndEdit();
+  seek_cursor_.reset();
+  fields_.clear();
+  reader_.reset();
+  cursor_.reset();
+  bookmarked_.reset();
+  query_.reset();
+}
+
+ObjectState JetRecordset::State() const {
+  return query_ ? ObjectState::kOpen : ObjectState::kClosed;
+}
+
+bool JetRecordset::BOF() const {
+  CheckOpen();
+  if (edit_mode_ == EditMode::kAdd) return false;
+  return session_->Guarded([&] { return cursor_->AtBegin(); });
+}
+
+bool JetRecordset::EOF_() const {
+  CheckOpen();
+  if (edit_mode_ == EditMode::kAdd) return false;
+  return session_->Guarded([&] { return cursor_->AtEnd(); });
+}
+
+std::int32_t JetRecordset::RecordCount() const {
+  CheckOpen();
+  return session_->Guarded([&] {
+    const std::size_t count =
+        query_->IsWholeTable() && !cursor_->FoundAll() ? OnlyTable().RowCount() : cursor_->Count();
+    return static_cast<std::int32_t>(
+        std::min<std::size_t>(count, std::numeric_limits<std::int32_t>::max()));
+  });
+}
+
+void JetRecordset::PassGoneRows(SearchDirection onward) {
+  while (cursor_->OnRow() && !reader_->Read(cursor_->Row())) {
+    cursor_->Remove();
+    if (onward == SearchDirection::kForward) {
+      cursor_->MoveNext();
+    } else {
+      cursor_->MovePrevious();
+    }
+  }
+}
+
+void JetRecordset::RequireRow() const {
+  CheckOpen();
+  if (edit_mode_ == EditMode::kAdd || cursor_->OnRow()) return;
+  Refuse(platform::kErrNoCurrentRecord,
+         cursor_->OnRemoved() ? "The current row was deleted; move to another row first."
+                              : "There is no current row; move to a row first.");
+}
+
+void JetRecordset::RequireValues() const {
+  RequireRow();
+  if (reader_->holds_row() || reader_->Read(cursor_->Row())) return;
+  throw platform::Error(platform::ErrorKind::kConflict, platform::kErrRowDeleted,
+                        "The row was deleted by somebody else meanwhile; read the rows again.");
+}
+
+void JetRecordset::MoveFirst() {
+  CheckOpen();
+  MoveBy(
+      [&] {
+        // Rows may have been deleted since: only who knew that there are none is to blame.
+        if (cursor_->IsEmpty()) RequireRow();
+        cursor_->MoveFirst();
+      },
+      SearchDirection::kForward);
+}
+
+void JetRecordset::MoveLast() {
+  MoveBy(
+      [&] {
+        if (cursor_->IsEmpty()) RequireRow();
+        cursor_->MoveLast();
+      },
+      SearchDirection::kBackward);
+}
+
+void JetRecordset::MoveNext() {
+  MoveBy(
+      [&] {
+        if (cursor_->AtEnd()) RequireRow();
+        cursor_->MoveNext();
+      },
+      SearchDirection::kForward);
+}
+
+void JetRecordset::MovePrevious() {
+  MoveBy(
+      [&] {
+        if (cursor_->AtBegin()) RequireRow();
+        cursor_->MovePrevious();
+      },
+      SearchDirection::kBackward);
+}
+
+std::int32_t JetRecordset::AbsolutePosition() const {
+  CheckOpen();
+  return session_->Guarded([&] {
+    if (edit_mode_ == EditMode::kAdd || !cursor_->OnRow()) return 0;
+    if (cursor_->OnFirst()) return 1;
+    return static_cast<std::int32_t>(cursor_->Place()) + 1;
+  });
+}
+
+void JetRecordset::SetAbsolutePosition(std::int32_t position) {
+  MoveBy(
+      [&] {
+        const std::size_t count = cursor_->Count();
+        if (position < 1 || static_cast<std::size_t>(position) > count) {
+          Refuse(platform::kErrInvalidArgument, "There is no row at position " +
+                                                    std::to_string(position) + "; there are " +
+                                                    std::to_string(count) + " rows.");
+        }
+        cursor_->MoveTo(static_cast<std::size_t>(position) - 1);
+      },
+      SearchDirection::kForward);
+}
+
+platform::Bookmark JetRecordset::GetBookmark() const {
+  session_->Guarded([&] { RequireRow(); });
+  if (edit_mode_ == EditMode::kAdd) {
+    Refuse(platform::kErrNoCurrentRecord, "A new row has no bookmark before it is updated.");
+  }
+  const std::span<const jet::RowId> row = cursor_->Row();
+  if (row.size() == 1) return {row.front().Reference()};
+  bookmarked_->rows.emplace_back(row.begin(), row.end());
+  return {bookmarked_->rows.size()};
+}
+
+void JetRecordset::SetBookmark(platform::Bookmark bookmark) {
+  CheckOpen();
+  std::vector<jet::RowId> row;
+  if (query_->tables().size() == 1) {
+    row = {jet::RowId::FromReference(static_cast<std::uint32_t>(bookmark.value))};
+  } else if (bookmark.value >= 1 && bookmark.value <= bookmarked_->rows.size()) {
+    row = bookmarked_->rows[bookmark.value - 1];
+  }
+  MoveBy(
+      [&] {
+        if (!row.empty() && cursor_->MoveToRow(row)) return;
+        Refuse(platform::kErrInvalidArgument,
+               "The bookmark names no row of this recordset, as it is filtered now.");
+      },
+      SearchDirection::kForward);
+}
+
+std::shared_ptr<platform::Recordset> JetRecordset::Clone() {
+  CheckOpen();
+  auto clone = std::make_shared<JetRecordset>(session_);
+  clone->settings_ = settings_;
+  clone->Open();
+  clone->bookmarked_ = bookmarked_;
+  return clone;
+}
+
+std::size_t JetRecordset::FieldIndex(std::string_view name) const {
+  CheckOpen();
+  if (const auto field = query_->FindOutput(name)) return *field;
+  throw platform::Error(platform::ErrorKind::kNotFound, platform::kErrItemNotFound,
+                        "The recordset has no field \"" + std::string(name) +
+                            "\", or several; write the table's name and a point before it.");
+}
+
+const jet::Column& JetRecordset::ColumnOf(std::size_t field) const {
+  const TableColumn source = query_->output()[field].source;
+  return query_->tables()[source.table]->columns()[source.column];
+}
+
+std::vector<std::string> JetRecordset::FieldNames() const {
+  CheckOpen();
+  std::vector<std::string> names;
+  for (const OutputColumn& output : query_->output()) names.push_back(output.name);
+  return names;
+}
+
+platform::Field& JetRecordset::Fields(std::string_view name) { return Fields(FieldIndex(name)); }
+
+platform::Field& JetRecordset::Fields(std::size_t index) {
+  CheckOpen();
+  if (index >= query_->output().size()) {
+    throw platform::Error(platform::ErrorKind::kNotFound, platform::kErrItemNotFound,
+                          "The recordset has no field number " + std::to_string(index) + ".");
+  }
+  fields_.resize(query_->output().size());
+  if (!fields_[index]) fields_[index] = std::make_unique<JetField>(*this, index);
+  return *fields_[index];
+}
+
+std::size_t JetRecordset::FieldCount() const {
+  CheckOpen();
+  return query_->output().size();
+}
+
+void JetRecordset::Requery() {
+  CheckNoEdit("reading the rows again");
+  cursor_->Restart();
+  reader_->Forget();
+}
+
+void JetRecordset::Resync() {
+  CheckNoEdit("reading the row again");
+  session_->Guarded([&] {
+    reader_->Forget();
+    RequireValues();
+  });
+}
+
+}  // namespace recordset

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// Adding, changing and deleting rows. A row that is changed is judged by what was read of it: when
+// somebody else changed it since, nothing is written.
+#include <algorithm>
+#include <utility>
+
+#include "recordset/jet_field.h"
+#include "recordset/jet_recordset.h"
+#include "recordset/value_conversion.h"
+
+namespace recordset {
+
+using platform::EditMode;
+using platform::ErrorKind;
+using platform::LockType;
+using platform::Variant;
+
+namespace {
+
+[[noreturn]] void ThrowDeleted() {
+  throw platform::Error(ErrorKind::kConflict, platform::kErrRowDeleted,
+                        "The row was deleted by somebody else meanwhile; read the rows again.");
+}
+
+}  // namespace
+
+Variant JetRecordset::FieldValue(std::size_t field) const {
+  if (!pending_.empty() && pending_[field]) return *pending_[field];
+  return OriginalValue(field);
+}
+
+Variant JetRecordset::OriginalValue(std::size_t field) const {
+  if (edit_mode_ == EditMode::kAdd) return Coerce(ColumnOf(field), platform::Null{});
+  return session_->Guarded([&] {
+    RequireValues();
+    return ToVariant((*reader_)[field]);
+  });
+}
+
+void JetRecordset::SetFieldValue(std::size_t field, const Variant& value) {
+  CheckUpdatable();
+  const jet::Column& column = ColumnOf(field);
+  if (column.auto_number) {
+    Refuse(platform::kErrFeatureNotAvailable,
+           "The field \"" + column.name + "\" is numbered by the database and cannot be set.");
+  }
+  session_->Guarded([&] {
+    if (edit_mode_ == EditMode::kNone) RequireValues();
+    Variant coerced = Coerce(column, value);
+    if (pending_.empty()) pending_.resize(query_->output().size());
+    pending_[field] = std::move(coerced);
+    if (edit_mode_ == EditMode::kNone) edit_mode_ = EditMode::kInProgress;
+  });
+}
+
+void JetRecordset::CheckUpdatable() const {
+  CheckOpen();
+  if (settings_.lock == LockType::kReadOnly || settings_.lock == LockType::kUnspecified) {
+    Refuse(platform::kErrFeatureNotAvailable,
+           "The recordset was opened read-only; open it with optimistic locking.");
+  }
+  if (query_->tables().size() > 1) {
+    Refuse(platform::kErrFeatureNotAvailable,
+           "Rows of joined tables cannot be changed; open the table itself.");
+  }
+  const std::string reason = OnlyTable().ReadOnlyReason();
+  if (!reason.empty()) Refuse(platform::kErrPermissionDenied, reason);
+}
+
+void JetRecordset::AddNew(const std::vector<std::string>& fields,
+                          const std::vector<Variant>& values) {
+  CheckUpdatable();
+  UpdatePending();
+  if (fields.size() != values.size()) {
+    Refuse(platform::kErrInvalidArgument, "A new row needs a value for each of its fields.");
+  }
+  AddNew();
+  try {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      SetFieldValue(FieldIndex(fields[i]), values[i]);
+    }
+    Update();
+  } catch (...) {
+    EndEdit();
+    throw;
+  }
+}
+
+void JetRecordset::AddNew() {
+  CheckUpdatable();
+  UpdatePending();
+  edit_mode_ = EditMode::kAdd;
+}
+
+void JetRecordset::UpdatePending() {
+  if (edit_mode_ != EditMode::kNone) Update();
+}
+
+void JetRecordset::Update() {
+  CheckOpen();
+  switch (edit_mode_) {
+    case EditMode::kNone:
+      return;
+    case EditMode::kAdd:
+      session_->Guarded([&] { WriteNewRow(); });
+      break;
+    case EditMode::kInProgress:
+      session_->Guarded([&] { WriteChanges(); });
+      break;
+  }
+  EndEdit();
+}
+
+std::vector<jet::ColumnValue> JetRecordset::PendingValues() const {
+  std::vector<jet::ColumnValue> values;
+  for (std::size_t field = 0; field < pending_.size(); ++field) {
+    if (!pending_[field]) continue;
+    values.push_back(
+        {query_->output()[field].source.column, ToValue(ColumnOf(field), *pending_[field])});
+  }
+  return values;
+}
+
+void JetRecordset::WriteNewRow() {
+  const jet::InsertResult added = OnlyTable().Insert(PendingValues());
+  cursor_->Add(added.id);
+  reader_->Forget();
+}
+
+void JetRecordset::WriteChanges() {
+  jet::Transaction transaction(query_->database());
+  RowReader now(*query_);
+  if (!now.Read(cursor_->Row())) ThrowDeleted();
+  if (!now.SameValues(*reader_)) {
+    throw platform::Error(ErrorKind::kConflict, platform::kErrWriteConflict,
+                          "The row was changed by somebody else since it was read; nothing was "
+                          "written. Read the row again and repeat the change.");
+  }
+  OnlyTable().Update(cursor_->Row().front(), PendingValues());
+  transaction.Commit();
+  reader_->Forget();
+}
+
+void JetRecordset::EndEdit() noexcept {
+  edit_mode_ = EditMode::kNone;
+  pending_.clear();
+}
+
+void JetRecordset::CancelUpdate() {
+  CheckOpen();
+  EndEdit();
+}
+
+void JetRecordset::Delete() {
+  CheckUpdatable();
+  CheckNoEdit("deleting");
+  session_->Guarded([&] {
+    RequireRow();
+    cursor_->Place();
+    if (!cursor_->OnRow()) ThrowDeleted();
+    jet::Transaction transaction(query_->database());
+    RowReader now(*query_);
+    if (!now.Read(cursor_->Row())) ThrowDeleted();
+    OnlyTable().Delete(cursor_->Row().front());
+    transaction.Commit();
+    reader_->Forget();
+    cursor_->Remove();
+  });
+}
+
+}  // namespace recordset

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/module_document.h"
+
+#include "vbfiles/errors.h"
+
+namespace vbfiles {
+
+using platform::ErrorKind;
+using platform::kErrModuleNotEditable;
+
+namespace {
+
+// Whether the lines look like Visual Basic at all. A header says so too; without one, text in
+// which nothing is recognised is taken for something else: encrypted, compressed, exported.
+bool IsSource(const SourceIndex& index) {
+  if (index.LineCount() == 0 || !index.procedures().empty()) return true;
+  for (std::int32_t line = 1; line <= index.LineCount(); ++line) {
+    const LineInfo& info = index.Info(line);
+    if (info.line_class != LineClass::kCode || info.declaration_ends) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void ModuleDocument::Load() {
+  ModuleFile::Contents contents = file_.Read();
+  const ModuleHeader header = ParseModuleHeader(contents.bytes, true);
+  ModuleText text(std::move(contents.bytes), header.length);
+  if (!text.HasZeroBytes()) {
+    loaded_ = std::make_unique<Loaded>(std::move(text), file_.page(), contents.stamp);
+    if (header.recognised || IsSource(loaded_->index)) return;
+    text = std::move(loaded_->text);
+  }
+  // All of it is header then: no visible line, no member.
+  std::string bytes = text.OriginalBytes();
+  const std::size_t length = bytes.size();
+  loaded_ =
+      std::make_unique<Loaded>(ModuleText(std::move(bytes), length), file_.page(), contents.stamp);
+  loaded_->is_source = false;
+}
+
+ModuleDocument::Loaded& ModuleDocument::ForReading() {
+  const bool current =
+      loaded_ && (session_.in_unit || loaded_->text.edited() || file_.Stamp() == loaded_->stamp);
+  if (!current) Load();
+  return *loaded_;
+}
+
+ModuleDocument::Edit ModuleDocument::BeginEdit() {
+  file_.CheckWritable();
+  if (!loaded_) Load();
+  if (!loaded_->is_source) {
+    throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable,
+                          file_.path() +
+                              " holds no Visual Basic source text and is left alone. Restore it "
+                              "from a backup.");
+  }
+  if (!IsUnchangedOnDisk()) {
+    if (!loaded_->text.edited()) loaded_.reset();
+    throw platform::Error(ErrorKind::kConflict, kErrModuleNotEditable,
+                          file_.path() +
+                              " was changed by another program after it was read. Nothing was "
+                              "changed in it; repeat the operation.");
+  }
+  return Edit{loaded_->text, loaded_->index};
+}
+
+bool ModuleDocument::IsUnchangedOnDisk() {
+  const std::optional<files::FileStamp> stamp = file_.Stamp();
+  if (stamp == loaded_->stamp && loaded_->verified) return true;
+  if (!stamp || !file_.Holds(loaded_->text.OriginalBytes())) return false;
+  loaded_->stamp = *stamp;
+  loaded_->verified = true;
+  return true;
+}
+
+void ModuleDocument::Save() {
+  saved_.reset();
+  if (!loaded_) return;
+  if (loaded_->text.edited()) {
+    saved_ = std::make_unique<Loaded>(loaded_->text, file_.page(), loaded_->stamp);
+  } else {
+    loaded_.reset();
+  }
+}
+
+void ModuleDocument::Collect(files::ChangeSet& changes) const {
+  if (!loaded_ || !loaded_->text.edited()) return;
+  std::string before = loaded_->text.OriginalBytes();
+  std::string after = loaded_->text.CurrentBytes();
+  if (before == after) return;
+  changes.files.push_back({file_.path(), std::move(before), std::move(after)});
+}
+
+void ModuleDocument::Committed() noexcept {
+  saved_.reset();
+  if (loaded_ && loaded_->text.edited()) loaded_.reset();
+}
+
+void ModuleDocument::Restore() noexcept {
+  if (saved_) {
+    loaded_ = std::move(saved_);
+  } else if (loaded_ && loaded_->text.edited()) {
+    loaded_.reset();
+  }
+}
+
+std::shared_ptr<ModuleDocument> OpenDocument(Session& session, const CodePage& page,
+                                             const std::string& path) {
+  std::weak_ptr<ModuleDocument>& known = session.documents[path];
+  std::shared_ptr<ModuleDocument> document = known.lock();
+  if (!document) known = document = std::make_shared<ModuleDocument>(session, page, path);
+  return document;
+}
+
+}  // namespace vbfiles

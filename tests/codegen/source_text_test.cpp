@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+// What the generator reads out of lines of source, and what it writes into them.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "codegen/declaration.h"
+#include "codegen/name_uses.h"
+#include "codegen/source_line.h"
+#include "codegen/sub_lines.h"
+#include "codegen/templates.h"
+#include "texts/text_table.h"
+
+namespace codegen {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(SourceLineTest, RecognisesLines) {
+  const struct {
+    const char* line;
+    bool comment, commented_end, end, continued;
+  } kCases[] = {
+      {"", false, false, false, false},
+      {"  ' note", true, false, false, false},
+      {"'End Sub", true, true, false, false},
+      {"'    End Sub 'done", true, true, false, false},
+      {"''end  function", true, true, false, false},
+      {"Rem End Property", true, true, false, false},
+      {"'Done: End Sub", true, true, false, false},
+      {"'Public Sub A(): End Sub", true, true, false, false},
+      {"'at the Weekend Sub", true, false, false, false},
+      {"'EndSub", true, false, false, false},
+      {"'End Sub is missing", true, false, false, false},
+      {"Remark = 1", false, false, false, false},
+      {"\tEnd Sub", false, false, true, false},
+      {"Done: End Sub 'x", false, false, true, false},
+      {"x = \"End Sub", false, false, false, false},
+      {"x = \"' End Sub\"", false, false, false, false},
+      {"x = 1 _", false, false, false, true},
+      {"x = a_", false, false, false, false},
+      {"' y _", true, false, false, true},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(IsCommentLine(c.line), c.comment) << c.line;
+    EXPECT_EQ(IsCommentedProcedureEnd(c.line), c.commented_end) << c.line;
+    EXPECT_EQ(IsProcedureEnd(c.line), c.end) << c.line;
+    EXPECT_EQ(IsContinued(c.line), c.continued) << c.line;
+  }
+}
+
+TEST(SourceLineTest, ComparesAsTheEnvironmentRewrites) {
+  EXPECT_TRUE(
+      SameLine("Public Level as Double 'Tank1.Level", "Public Level As  Double 'Tank1.Level"));
+  EXPECT_TRUE(SameLine("'\tLevel", "'    Level"));
+  EXPECT_FALSE(SameLine("'\tLevel", "'\tlevel"));
+  EXPECT_FALSE(SameLine("Public Level as Double 'A", "Public Level as Double 'a"));
+  EXPECT_FALSE(SameLine("x = \"a\"", "x = \"b\""));
+}
+
+TEST(SourceLineTest, SplitsAndJoins) {
+  for (const char* text : {"a", "a\r\nb", "\r\n", "a\r\n\r\n"}) {
+    EXPECT_EQ(JoinLines(SplitLines(text)), text);
+  }
+  EXPECT_EQ(SplitLines(""), Lines());
+  EXPECT_EQ(SplitLines("a\nb\rc\r\n"), Lines({"a", "b", "c", ""}));
+}
+
+TEST(SourceLineTest, CommentTextCannotLeaveItsComment) {
+  EXPECT_EQ(CommentText("Tank1.Level"), "Tank1.Level");
+  EXPECT_EQ(CommentText("a\r\nEnd Sub"), "a");
+  EXPECT_EQ(CommentText("a\nb"), "a");
+  EXPECT_EQ(CommentText(std::string("a\0b", 3)), "a");
+  EXPECT_EQ(CommentText("a _"), "a _'");
+  EXPECT_EQ(CommentText("a\t_  "), "a\t_  '");
+  EXPECT_EQ(CommentText("a_"), "a_");
+}
+
+TEST(DeclarationTest, ReadsSubsOnly) {
+  const struct {
+    Lines lines;
+    const char* renamed;  // empty: no sub
+  } kCases[] = {
+      {{"Public Sub A()"}, "Public Sub B()"},
+      {{"sub A"}, "Public Sub B()"},
+      {{"Private Static Sub [A]() ' why"}, "Public Sub B() ' why"},
+      {{"Public Sub A(): x = 1: End Sub"}, "Public Sub B(): x = 1: End Sub"},
+      {{"Public Sub A(ByVal x As Long): y = \"a:'b\": End Sub 'c"},
+       "Public Sub B(): y = \"a:'b\": End Sub '(ByVal x As Long) 'c"},
+      {{"Public Sub A(ByVal x As Long, _", "    y() As Long)"},
+       "Public Sub B() '(ByVal x As Long,     y() As Long)"},
+      {{"Public Function A()"}, ""},
+      {{"Property Get A()"}, ""},
+      {{"Public Subs As Long"}, ""},
+      {{"'Public Sub A()"}, ""},
+      {{""}, ""},
+  };
+  for (const auto& c : kCases) {
+    const auto sub = ParseSub(c.lines);
+    EXPECT_EQ(sub ? RenamedSub(*sub, "B") : "", c.renamed) << c.lines[0];
+    EXPECT_EQ(sub ? sub->name : "A", "A");
+  }
+}
+
+TEST(DeclarationTest, DeletesOnlyWhatDeclaresOneVariableAlone) {
+  const struct {
+    const char* line;
+    bool alone;
+  } kCases[] = {
+      {"Public Level as Double 'Tank1.Level", true},
+      {"  public LEVEL As Double", true},
+      {"Global Level", true},
+      {"Public Level&", true},
+      {"Public Level As New VBA.Collection", true},
+      {"Public Level As Double, Limit As Double", false},
+      {"Public Limit As Double, Level As Double", false},
+      {"Public Level As Double: Public Limit As Long", false},
+      {"Public Level As _", false},
+      {"Public Level As Double ' to be _", false},
+      {"Private Level As Double", false},
+      {"Dim Level As Double", false},
+      {"Public WithEvents Level As CPort", false},
+      {"Public Sub Level()", false},
+      {"Public Const Level = 1", false},
+      {"Public Level(1 To 3) As Double", false},
+      {"Public Levels As Double", false},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(DeclaresOnlyPublicVariable(c.line, "Level"), c.alone) << c.line;
+  }
+}
+
+TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {
+  const std::string text =
+      "Public Limit As Long 'Level\r\n"
+      "Sub A(): x = LEVEL + level: End Sub\r\n"
+      "  s = \"Level\" & \"a\"\"Level\"\r\n"
+      "  ' Level _\r\n"
+      "  Level = 1\r\n"
+      "  Pump.Level = 1: .Level = 2: Pump!Level = 3\r\n"
+      "  Me.Level = Levels + [Level]\r\n"
+      "Rem Level\r\n"
+      "  y = Limit";
+  EXPECT_EQ(FindNameUses(text, {"Level", "Limit"}),
+            (std::vector<NameUse>{{1, "Limit"}, {2, "Level"}, {7, "Level"}, {9, "Limit"}}));
+}
+
+class HeaderTest : public testing::Test {
+ protected:
+  Lines Rebuilt(const Lines& region) const {
+    return WithHeader(region, templates_.Header("A", {"Level"}), templates_);
+  }
+
+  const Templates templates_{texts::TextTable(texts::Language::kEnglish)};
+  const Lines header_ = templates_.Header("A", {"Level"});
+};
+
+TEST_F(HeaderTest, ReplacesOnlyWhatItWrote) {
+  const std::string rule = "'" + std::string(56, '*');
+  const auto with = [&](Lines lines) {
+    lines.insert(lines.end(), header_.begin(), header_.end());
+    return lines;
+  };
+  const Lines german = {"", rule, "'OrvanaStudio Formel \"Old\"", "'Argumente:", "'    Pump", rule};
+  EXPECT_EQ(Rebuilt({}), header_);
+  EXPECT_EQ(Rebuilt({"", "  ", ""}), header_);
+  EXPECT_EQ(Rebuilt(header_), header_);
+  EXPECT_EQ(Rebuilt(german), header_);
+  EXPECT_EQ(Rebuilt({"", "' note", "'second"}), with({"", "' note", "'second"}));
+  // A note between header and declaration, one inside the header, a box of the engineer's own.
+  EXPECT_EQ(Rebuilt(with({})), header_);
+  Lines noted = header_;
+  noted.push_back("' below");
+  EXPECT_EQ(Rebuilt(noted), with({"", "' below"}));
+  noted = header_;
+  noted.insert(noted.begin() + 4, "' pump must be off");
+  EXPECT_EQ(Rebuilt(noted), with({"", "' pump must be off"}));
+  EXPECT_EQ(Rebuilt({rule, "' my box", rule}), with({rule, "' my box", rule}));
+  // A note that would take the next line into its comment.
+  EXPECT_EQ(Rebuilt({"' goes on _"}), with({"' goes on _", ""}));
+}
+
+TEST_F(HeaderTest, RebuildingTwiceChangesNothing) {
+  const std::string rule = header_.back();
+  for (const Lines& region : {Lines{"'a", "", "'b", ""}, Lines{"", "' goes on _", "", "'x"},
+                              Lines{rule, "'x", "", rule}, Lines{"'a _", "'b _"}}) {
+    const Lines once = Rebuilt(region);
+    EXPECT_EQ(Rebuilt(once), once) << JoinLines(region);
+  }
+}
+
+}  // namespace
+}  // namespace codegen

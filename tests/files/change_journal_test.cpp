@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+#include "files/change_journal.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+#include "files/failing_file_system.h"
+#include "files/forgetting_file_system.h"
+#include "files/recovery.h"
+#include "project_change.h"
+
+namespace files {
+namespace {
+
+constexpr const char* kDatabase = ProjectChange::kDatabase;
+
+// Calls; returns the kind of the error raised, if any.
+std::optional<ErrorKind> KindRaised(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    return error.kind();
+  }
+  return std::nullopt;
+}
+
+TEST(ChangeJournal, CommitsEverythingAndLeavesNothingBehind) {
+  const ProjectChange change;
+  MemoryFileSystem system;
+  change.Put(system);
+  change.Commit(system);
+  EXPECT_TRUE(change.IsAfter(system)) << change.Difference(system);
+  EXPECT_EQ(Recover(system, kDatabase).condition, JournalCondition::kNone);
+}
+
+// Every n-th operation fails: once, from then on, or with everything behind it as if the program
+// had been killed. The next start finds all as before or all as after.
+TEST(ChangeJournal, IsBeforeOrAfterWhateverFails) {
+  const ProjectChange change;
+  for (const Fault::Length length :
+       {Fault::Length::kOnce, Fault::Length::kLasting, Fault::Length::kCrash}) {
+    for (const bool short_writes : {false, true}) {
+      int n = 1;
+      for (;; ++n) {
+        SCOPED_TRACE(testing::Message() << "operation " << n << ", length "
+                                        << static_cast<int>(length) << ", short " << short_writes);
+        MemoryFileSystem medium;
+        change.Put(medium);
+        FailingFileSystem system(medium);
+        system.Arm({{}, n, length, ErrorKind::kIo, short_writes});
+        enum { kDone, kUndone, kNotUndone } result = kDone;
+        try {
+          change.Commit(system);
+        } catch (const NotUndoneError&) {
+          result = kNotUndone;
+        } catch (const Error&) {
+          result = kUndone;
+        }
+        const bool fired = system.fired();
+        EXPECT_TRUE(result != kNotUndone || length != Fault::Length::kOnce);
+        EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), std::nullopt);
+        const bool before = change.IsBefore(medium);
+        const bool after = change.IsAfter(medium);
+        EXPECT_TRUE(before || after) << change.Difference(medium);
+        EXPECT_TRUE(result != kDone || after);
+        EXPECT_TRUE(result != kUndone || before || length == Fault::Length::kCrash);
+        if (!fired) {
+          EXPECT_TRUE(after);
+          break;
+        }
+        if (HasFailure()) return;
+      }
+      EXPECT_GT(n, 20);
+    }
+  }
+}
+
+// Each way to crash in the recovery of each way to crash.
+TEST(ChangeJournal, RecoversFromACrashInRecovery) {
+  const ProjectChange change;
+  int crashes = 0;
+  for (int n = 1;; ++n) {
+    MemoryFileSystem crashed;
+    change.Put(crashed);
+    FailingFileSystem first(crashed);
+    first.Arm({{}, n, Fault::Length::kCrash, ErrorKind::kIo, n % 2 == 0});
+    KindRaised([&] { change.Commit(first); });
+    if (!first.fired()) break;
+    for (int m = 1;; ++m) {
+      SCOPED_TRACE(testing::Message() << "commit stops at " << n << ", recovery at " << m);
+      MemoryFileSystem medium;
+      Copy(crashed, medium);
+      medium.CreateDirectories("/p/sub");
+      FailingFileSystem second(medium);
+      second.Arm({{}, m, Fault::Length::kCrash, ErrorKind::kIo, m % 2 == 0});
+      KindRaised([&] { Recover(second, kDatabase); });
+      Recover(medium, kDatabase);
+      ASSERT_TRUE(change.IsBefore(medium) || change.IsAfter(medium)) << change.Difference(medium);
+      if (!second.fired()) break;
+      ++crashes;
+    }
+  }
+  EXPECT_GT(crashes, 200);
+}
+
+// The power is cut at every operation, in the commit or in the recovery, and the medium keeps any
+// part of what was not synced.
+TEST(ChangeJournal, SurvivesPowerCuts) {
+  const ProjectChange change;
+  std::mt19937 random(20260801);
+  const auto check = [&change](MemoryFileSystem& medium, const std::string& place) {
+    medium.CreateDirectories("/p/sub");
+    SCOPED_TRACE(place);
+    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), std::nullopt)
+        << ExamineJournal(medium, kDatabase).message;
+    ASSERT_TRUE(change.IsBefore(medium) || change.IsAfter(medium)) << change.Difference(medium);
+  };
+  constexpr int kCuts = 12;
+  for (int n = 1;; ++n) {
+    ForgettingFileSystem disk;
+    change.Put(disk);
+    FailingFileSystem system(disk);
+    system.Arm({{}, n, Fault::Length::kCrash});
+    const bool failed = KindRaised([&] { change.Commit(system); }).has_value();
+    for (int cut = 0; cut < kCuts; ++cut) {
+      const auto medium = disk.AfterPowerCut(random);
+      check(*medium, "commit cut at " + std::to_string(n));
+      EXPECT_TRUE(failed || change.IsAfter(*medium)) << "a finished commit was lost";
+      if (HasFailure()) return;
+    }
+    if (!system.fired()) break;
+    for (int m = 1; failed; ++m) {
+      ForgettingFileSystem again;
+      for (const auto& [path, contents] : disk.now().Snapshot()) again.Put(path, contents);
+      again.CreateDirectories("/p/sub");
+      FailingFileSystem recovering(again);
+      recovering.Arm({{}, m, Fault::Length::kCrash});
+      KindRaised([&] { Recover(recovering, kDatabase); });
+      const auto medium = again.AfterPowerCut(random);
+      check(*medium,
+            "commit stopped at " + std::to_string(n) + ", recovery cut at " + std::to_string(m));
+      if (HasFailure()) return;
+      if (!recovering.fired()) break;
+    }
+  }
+}
+
+// A second commit overwrites the journal of the first: no mixture of the two is ever believed.
+TEST(ChangeJournal, SurvivesPowerCutsInLaterCommits) {
+  std::mt19937 random(7);
+  const std::string old_page(kPage, 'o');
+  for (int n = 1;; ++n) {
+    ForgettingFileSystem disk;
+    disk.Put(kDatabase, std::string(4 * kPage, '0'));
+    FailingFileSystem system(disk);
+    int committed = 0;
+    {
+      const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+      ChangeJournal journal(system, kDatabase);
+      const auto commit = [&](char fill, std::size_t pages) {
+        std::map<std::uint64_t, std::string> after;
+        for (std::size_t i = 0; i < pages; ++i) after[i * kPage] = std::string(kPage, fill);
+        TextRanges ranges(*file, after, 4 * kPage);
+        ChangeSet changes;
+        changes.ranges.push_back(&ranges);
+        journal.Commit(changes);
+        ++committed;
+      };
+      commit('1', 4);
+      system.Arm({{}, n, Fault::Length::kCrash});
+      KindRaised([&] {
+        commit('2', 2);
+        commit('3', 3);
+      });
+    }
+    const std::string one(4 * kPage, '1');
+    const std::string two = std::string(2 * kPage, '2') + std::string(2 * kPage, '1');
+    const std::string three = std::string(3 * kPage, '3') + std::string(kPage, '1');
+    const std::string states[] = {one, two, three};
+    for (int cut = 0; cut < 20; ++cut) {
+      const auto medium = disk.AfterPowerCut(random);
+      ASSERT_EQ(KindRaised([&] { Recover(*medium, kDatabase); }), std::nullopt) << n;
+      const std::string now = medium->Get(kDatabase);
+      const auto* found = std::find(std::begin(states), std::end(states), now);
+      ASSERT_NE(found, std::end(states)) << "operation " << n;
+      EXPECT_GE(found - std::begin(states), committed - 1) << "a finished commit was lost";
+    }
+    if (!system.fired()) break;
+  }
+}
+
+TEST(ChangeJournal, RefusesWhatSomebodyElseChanged) {
+  const ProjectChange change;
+  const std::map<std::string, std::function<void(MemoryFileSystem&)>> edits = {
+      {"file edited", [](auto& s) { s.Put("/p/CPump.cls", "Public Sub Mine()\r\nEnd Sub\r\n"); }},
+      {"file removed", [](auto& s) { s.Remove("/p/CPump.cls"); }},
+      {"file created", [](auto& s) { s.Put("/p/sub/CNew.cls", ""); }},
+      {"file to remove edited", [](auto& s) { s.Put("/p/sub/CGone.cls", std::string(2000, 'x')); }},
+      {"database edited",
+       [](auto& s) {
+         s.Open(kDatabase, OpenMode::kReadWrite)->WriteAt(2 * kPage + 9, Bytes(std::string("x")));
+       }},
+      {"database grew",
+       [](auto& s) {
+         s.Open(kDatabase, OpenMode::kReadWrite)->WriteAt(3 * kPage, Bytes(std::string("x")));
+       }},
+  };
+  for (const auto& [what, edit] : edits) {
+    SCOPED_TRACE(what);
+    MemoryFileSystem system;
+    change.Put(system);
+    const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+    const std::string before(3 * kPage, 'd');
+    TextRanges ranges(*file, {{2 * kPage, std::string(kPage, 'n')}}, 3 * kPage);
+    ChangeSet changes;
+    changes.ranges.push_back(&ranges);
+    changes.files.push_back({"/p/CPump.cls", change.before().at("/p/CPump.cls"), "x"});
+    changes.files.push_back({"/p/sub/CGone.cls", std::string(2000, 'r'), std::nullopt});
+    changes.files.push_back({"/p/sub/CNew.cls", std::nullopt, "created"});
+    edit(system);
+    const Snapshot edited = system.Snapshot();
+    {
+      ChangeJournal journal(system, kDatabase);
+      EXPECT_EQ(KindRaised([&] { journal.Commit(changes); }), ErrorKind::kConflict);
+    }
+    EXPECT_EQ(system.Snapshot(), edited);
+  }
+
+  MemoryFileSystem system;
+  change.Put(system);
+  const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+  system.Put("/p/restored", change.before().at(kDatabase));
+  system.Rename("/p/restored", kDatabase);
+  ChangeJournal journal(system, kDatabase);
+  EXPECT_EQ(KindRaised([&] { change.Commit(*file, journal); }), ErrorKind::kConflict)
+      << "another file has the database's name";
+}
+
+TEST(ChangeJournal, RefusesWhereItMayNotWrite) {
+  const ProjectChange change;
+  for (const char* path : {"/p", "/p/sub", "/p/CPump.cls", "/p/sub/CGone.cls"}) {
+    SCOPED_TRACE(path);
+    MemoryFileSystem system;
+    change.Put(system);
+    system.SetReadOnly(path, true);
+    EXPECT_EQ(KindRaised([&] { change.Commit(system); }), ErrorKind::kReadOnly);
+    EXPECT_TRUE(change.IsBefore(system)) << change.Difference(system);
+  }
+}
+
+TEST(ChangeJournal, RefusesAFullMedium) {
+  const ProjectChange change;
+  MemoryFileSystem empty;
+  change.Put(empty);
+  std::uint64_t used = 0;
+  for (const auto& [path, contents] : change.before()) used += contents.size();
+  int full = 0;
+  for (std::uint64_t room = 0;; room += 97) {
+    SCOPED_TRACE(room);
+    MemoryFileSystem system;
+    change.Put(system);
+    system.SetCapacity(used + room);
+    const std::optional<ErrorKind> raised = KindRaised([&] { change.Commit(system); });
+    if (!raised) {
+      EXPECT_TRUE(change.IsAfter(system)) << change.Difference(system);
+      break;
+    }
+    ASSERT_EQ(raised, ErrorKind::kFull);
+    ASSERT_TRUE(change.IsBefore(system)) << change.Difference(system);
+    ++full;
+  }
+  EXPECT_GT(full, 50);
+}
+
+TEST(ChangeJournal, NamesAFolderThatVanished) {
+  const ProjectChange change;
+  MemoryFileSystem system;
+  change.Put(system);
+  const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+  ChangeJournal journal(system, kDatabase);
+  system.RemoveTree("/p");
+  try {
+    change.Commit(*file, journal);
+    FAIL() << "committed into nowhere";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.kind(), ErrorKind::kNotFound);
+    EXPECT_NE(std::string(error.what()).find("/p"), std::string::npos);
+  }
+}
+
+TEST(ChangeJournal, ShrinksAFileAndPutsItBack) {
+  for (int n = 1;; ++n) {
+    MemoryFileSystem medium;
+    const std::string before = std::string(1000, 'a') + std::string(70'000, 'b');
+    const std::string after = "A" + std::string(1998, 'z');
+    medium.Put(kDatabase, before);
+    FailingFileSystem system(medium);
+    const std::optional<ErrorKind> raised = KindRaised([&] {
+      const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+      TextRanges ranges(*file, {{0, after}}, after.size());
+      ChangeSet changes;
+      changes.ranges.push_back(&ranges);
+      ChangeJournal journal(system, kDatabase);
+      system.Arm({{}, n, Fault::Length::kCrash});
+      journal.Commit(changes);
+    });
+    Recover(medium, kDatabase);
+    const Snapshot now = medium.Snapshot();
+    EXPECT_TRUE(now == (Snapshot{{kDatabase, before}}) || now == (Snapshot{{kDatabase, after}}))
+        << n;
+    if (!system.fired()) {
+      EXPECT_FALSE(raised);
+      EXPECT_EQ(medium.Get(kDatabase), after);
+      break;
+    }
+  }
+}
+
+// Syncs: at most four for one database, two more for each further file; bytes: at most twice the
+// pages changed and one page more. Each page of which every sector changes costs 96 bytes of
+// hashes and record besides, which shows from some 40 such pages on.
+TEST(ChangeJournal, IsFrugal) {
+  const ProjectChange change;
+  const auto count_for_ever = [](std::set<Operation> kinds) {
+    return Fault{std::move(kinds), 1'000'000'000};
+  };
+  MemoryFileSystem medium;
+  medium.Put(kDatabase, std::string(100 * kPage, 'd'));
+  for (const char* path : {"/a/1", "/b/2", "/c/3"}) medium.Put(path, "old");
+  FailingFileSystem system(medium);
+  const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+  ChangeJournal journal(system, kDatabase);
+  char fill = 'e';
+  const auto syncs = [&](std::size_t pages, const std::vector<std::string>& others) {
+    system.Arm(count_for_ever({Operation::kSync, Operation::kSyncDirectory}));
+    std::map<std::uint64_t, std::string> after;
+    for (std::size_t i = 0; i < pages; ++i) after[i * kPage] = std::string(kPage, fill);
+    ++fill;
+    TextRanges ranges(*file, after, 100 * kPage);
+    ChangeSet changes;
+    changes.ranges.push_back(&ranges);
+    for (const std::string& path : others) changes.files.push_back({path, medium.Get(path), "new"});
+    journal.Commit(changes);
+    return system.count();
+  };
+  EXPECT_EQ(syncs(1, {}), 4);
+  EXPECT_LE(system.bytes_written(), 3 * kPage);
+  EXPECT_EQ(syncs(1, {}), 3) << "the journal's name is known to be there";
+  EXPECT_LE(syncs(1, {"/a/1", "/b/2", "/c/3"}), 3 + 2 * 3);
+  EXPECT_EQ(syncs(35, {}), 3);
+  EXPECT_LE(system.bytes_written(), (2 * 35 + 1) * kPage);
+  EXPECT_EQ(syncs(100, {}), 3);
+  EXPECT_LE(system.bytes_written(), (2 * 100 + 1) * kPage + 100 * 96);
+}
+
+TEST(ChangeJournal, TwoOfOneDatabaseTakeTurns) {
+  MemoryFileSystem system;
+  system.Put(kDatabase, std::string(2 * kPage, '0'));
+  const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+  auto one = std::make_unique<ChangeJournal>(system, kDatabase);
+  auto two = std::make_unique<ChangeJournal>(system, "/p/../p/plant.ovs");
+  const auto commit = [&](ChangeJournal& journal, const std::string& text) {
+    TextRanges ranges(*file, {{kPage, text}}, 2 * kPage);
+    ChangeSet changes;
+    changes.ranges.push_back(&ranges);
+    journal.Commit(changes);
+  };
+  commit(*one, "1");
+  commit(*two, "2");
+  one.reset();
+  EXPECT_TRUE(system.Exists("/p/plant.ovs.journal")) << "removed under the other";
+  commit(*two, "3");
+  one = std::make_unique<ChangeJournal>(system, kDatabase);
+  commit(*one, "4");
+  system.Remove("/p/plant.ovs.journal");
+  commit(*two, "5");
+  EXPECT_TRUE(system.Exists("/p/plant.ovs.journal")) << "a journal without its name protects none";
+  commit(*one, "6");
+  one.reset();
+  two.reset();
+  EXPECT_EQ(system.Snapshot().size(), 1u);
+  EXPECT_EQ(system.Get(kDatabase)[kPage], '6');
+}
+
+}  // namespace
+}  // namespace files
