@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "codegen/identifier.h"
+#include "platform/text.h"
 
 namespace dialogs {
 
@@ -35,7 +35,7 @@ std::string PrimaryKeyOf(platform::Connection& connection) {
 }
 
 bool BeginsWith(std::string_view name, std::string_view folded_prefix) {
-  return codegen::FoldName(name).starts_with(folded_prefix);
+  return platform::FoldCase(name).starts_with(folded_prefix);
 }
 
 }  // namespace
@@ -127,7 +127,8 @@ std::optional<std::size_t> AliasTable::PositionOf(std::int32_t id) {
     // A foreign database may hold a name twice.
     while (recordset_->Fields("ID").Value().ToLong() != id) {
       recordset_->MoveNext();
-      if (recordset_->EOF_() || !codegen::SameName(NameOfCurrent(*recordset_), record->vb_alias)) {
+      if (recordset_->EOF_() ||
+          !platform::EqualsIgnoringCase(NameOfCurrent(*recordset_), record->vb_alias)) {
         return std::nullopt;
       }
     }
@@ -142,7 +143,7 @@ std::optional<std::size_t> AliasTable::FindPrefix(std::string_view prefix, std::
   const std::size_t first = std::max(Position(), from);
   // The first key after the prefix may differ from it by an accent only.
   constexpr std::size_t kAccentVariants = 16;
-  const std::string folded = codegen::FoldName(prefix);
+  const std::string folded = platform::FoldCase(prefix);
   const std::vector<store::AliasRecord> records = Records(first, kAccentVariants);
   const auto found = std::find_if(
       records.begin(), records.end(),
