@@ -42,6 +42,7 @@ void AttributeCarrier::Replaced(std::int32_t count) {
   if (hidden.empty()) return;
   const Declared declared =
       DeclaredOn(index_, index_.LogicalFirst(line_), index_.LogicalLast(last_new));
+  if (names_.empty() && declared.names.empty()) return;
   AttributeChange change;
   change.declared.assign(declared.names.begin(), declared.names.end());
   if (names_.size() == 1 && declared.names.size() == 1) {
