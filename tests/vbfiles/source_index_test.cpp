@@ -271,5 +271,133 @@ TEST(SourceIndex, EditsLeaveTheSameIndexAsAFreshScan) {
   }
 }
 
+// A module made of pieces of which it is known what belongs to whom.
+class TaggedModule {
+ public:
+  TaggedModule() : index_(text_, Western()) { Splice(0, {{"", "Option Explicit"}}, 0); }
+
+  void InsertProcedure(std::mt19937& random) {
+    const std::string name = "P" + std::to_string(next_++);
+    std::vector<Tagged> lines;
+    for (auto i = random() % 2 + 1; i > 0; --i) lines.push_back({name, ""});
+    for (auto i = random() % 3 + 1; i > 0; --i) lines.push_back({name, "  ' of " + name});
+    for (auto i = random() % 2; i > 0; --i) lines.push_back({name, " "});
+    lines.push_back({name, "public SUB " + name + "()"});
+    for (auto i = random() % 6; i > 0; --i) {
+      lines.push_back({name, kBody[random() % std::size(kBody)]});
+    }
+    lines.push_back({name, "End Sub ' " + name});
+    InsertPiece(random, lines);
+  }
+  void InsertNote(std::mt19937& random) { InsertPiece(random, {{"", ""}, {"", "' a note"}}); }
+
+  void Delete(std::mt19937& random) {
+    if (pieces_.size() < 2) return;
+    const std::size_t piece = 1 + random() % (pieces_.size() - 1);
+    Splice(piece, {}, 1);
+  }
+  // Puts an apostrophe before each line from the declaration to the end, one by one.
+  void SwitchOff(std::mt19937& random) {
+    const std::size_t piece = random() % pieces_.size();
+    std::int32_t line = FirstLine(piece);
+    bool declared = false;
+    for (Tagged& tagged : pieces_[piece]) {
+      declared = declared || tagged.text.starts_with("public SUB");
+      tagged.owner.clear();
+      if (declared) {
+        tagged.text = "'" + tagged.text;
+        text_.lines[static_cast<std::size_t>(line) - 1] = tagged.text;
+        index_.Update(line, 1, 1);
+      }
+      ++line;
+    }
+  }
+
+  void Check() const {
+    std::vector<Tagged> lines;
+    for (const auto& piece : pieces_) lines.insert(lines.end(), piece.begin(), piece.end());
+    // Blank lines below the last procedure count to it.
+    auto last = std::find_if(lines.rbegin(), lines.rend(),
+                             [](const Tagged& tagged) { return !tagged.owner.empty(); });
+    if (last != lines.rend()) {
+      for (auto below = last.base(); below != lines.end() && below->text.empty(); ++below) {
+        below->owner = last->owner;
+      }
+    }
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const Procedure* owner = index_.OwnerOf(static_cast<std::int32_t>(i) + 1);
+      ASSERT_EQ(owner == nullptr ? "" : index_.Name(owner->name), lines[i].owner)
+          << "line " << i + 1 << ": " << lines[i].text;
+    }
+  }
+
+ private:
+  struct Tagged {
+    std::string owner;
+    std::string text;
+  };
+  static constexpr const char* kBody[] = {
+      "x = \"End Sub\"", "' End Sub",      "If a Then End", "", "y:",
+      "10 Rem : End Sub", "Exit Sub: z = 1"};
+
+  std::int32_t FirstLine(std::size_t piece) const {
+    std::size_t line = 1;
+    for (std::size_t i = 0; i < piece; ++i) line += pieces_[i].size();
+    return static_cast<std::int32_t>(line);
+  }
+  void InsertPiece(std::mt19937& random, const std::vector<Tagged>& lines) {
+    Splice(1 + random() % pieces_.size(), lines, 0);
+  }
+  void Splice(std::size_t piece, const std::vector<Tagged>& lines, std::size_t removed_pieces) {
+    const std::int32_t first = FirstLine(piece);
+    const auto at = pieces_.begin() + static_cast<std::ptrdiff_t>(piece);
+    std::size_t removed = 0;
+    if (removed_pieces > 0) {
+      removed = at->size();
+      pieces_.erase(at);
+    } else {
+      pieces_.insert(at, lines);
+    }
+    const auto line = text_.lines.begin() + first - 1;
+    text_.lines.erase(line, line + static_cast<std::ptrdiff_t>(removed));
+    for (auto tagged = lines.rbegin(); tagged != lines.rend(); ++tagged) {
+      text_.lines.insert(text_.lines.begin() + first - 1, tagged->text);
+    }
+    index_.Update(first, static_cast<std::int32_t>(removed),
+                  static_cast<std::int32_t>(lines.size()));
+  }
+
+  TextLines text_;
+  SourceIndex index_;
+  std::vector<std::vector<Tagged>> pieces_;
+  int next_ = 1;
+};
+
+TEST(SourceIndex, LinesKeepTheirOwnersThroughEdits) {
+  const int rounds = std::getenv("OV_LONG") != nullptr ? 2000 : 30;
+  std::mt19937 random(3);
+  for (int round = 0; round < rounds; ++round) {
+    TaggedModule module;
+    for (int edit = 0; edit < 40; ++edit) {
+      SCOPED_TRACE("round " + std::to_string(round) + ", edit " + std::to_string(edit));
+      switch (random() % 5) {
+        case 0:
+          module.InsertNote(random);
+          break;
+        case 1:
+          module.Delete(random);
+          break;
+        case 2:
+          module.SwitchOff(random);
+          break;
+        default:
+          module.InsertProcedure(random);
+      }
+      module.Check();
+      if (HasFatalFailure()) return;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace vbfiles
