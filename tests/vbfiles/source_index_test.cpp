@@ -337,7 +337,7 @@ class TaggedModule {
     std::string text;
   };
   static constexpr const char* kBody[] = {
-      "x = \"End Sub\"", "' End Sub",      "If a Then End", "", "y:",
+      "x = \"End Sub\"",  "' End Sub",      "If a Then End", "", "y:",
       "10 Rem : End Sub", "Exit Sub: z = 1"};
 
   std::int32_t FirstLine(std::size_t piece) const {
