@@ -89,16 +89,15 @@ void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_ali
 std::string CVBFormulaCode::Impl::VBConformItemName(std::string& item_name,
                                                     std::int32_t actual_id) {
   item_name = CleanIdentifier(item_name);
-  std::string candidate = item_name;
-  if (!rows_) return candidate;
+  std::string unique = item_name;
+  if (!rows_) return unique;
   report_.Step([&] {
-    for (int counter = 1;; ++counter) {
+    unique = FirstFreeName(item_name, [&](const std::string& candidate) {
       const std::optional<std::int32_t> id = rows_->FindAliasId(candidate);
-      if (!id || *id == actual_id) return;
-      candidate = item_name + std::to_string(counter);
-    }
+      return id && *id != actual_id;
+    });
   });
-  return candidate;
+  return unique;
 }
 
 }  // namespace codegen

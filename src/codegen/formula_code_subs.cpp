@@ -10,16 +10,8 @@
 namespace codegen {
 namespace {
 
-// Says what is wrong with a name.
-void RefuseName(const IdentifierHint& hint, std::string_view name, Report& report) {
-  const auto step = static_cast<std::int32_t>(hint.problem) -
-                    static_cast<std::int32_t>(IdentifierProblem::kEmpty);
-  report.Refuse(kTextFirstIdentifierProblem + step,
-                {{"<Name>", name}, {"<Character>", hint.character}});
-}
-
-// Which lines of a procedure are conditional compilation lines whose partner stands outside.
-// When there is one, all of them have to stay as they are.
+// Whether a conditional compilation line of a procedure has its partner outside. All such lines
+// have to stay as they are then.
 bool CutsConditionalBlock(const std::vector<std::string>& lines) {
   int depth = 0;
   for (const std::string& line : lines) {
@@ -41,7 +33,9 @@ bool CVBFormulaCode::Impl::CanAppend(const Place& place, std::string_view prog_i
     return false;
   }
   const IdentifierHint hint = CheckIdentifier(name);
-  if (hint) RefuseName(hint, name, report_);
+  if (hint) {
+    report_.Refuse(HintText(hint.problem), {{"<Name>", name}, {"<Character>", hint.character}});
+  }
   return !hint;
 }
 

@@ -22,30 +22,6 @@ constexpr std::string_view kUsesInClass =
 
 }  // namespace
 
-Query::Query(platform::Connection& connection, std::string_view sql)
-    : recordset_(connection.CreateRecordset()) {
-  recordset_->SetSource(sql);
-  recordset_->SetCommandType(platform::CommandType::kText);
-  recordset_->SetCursorLocation(platform::CursorLocation::kServer);
-  recordset_->SetCursorType(platform::CursorType::kForwardOnly);
-  recordset_->SetLockType(platform::LockType::kReadOnly);
-}
-
-platform::VariantArray Query::Read(std::vector<platform::Variant> parameters,
-                                   const std::vector<std::string>& fields, std::int32_t count) {
-  // A recordset that somebody's failure left open is closed first.
-  if (recordset_->State() == platform::ObjectState::kOpen) recordset_->Close();
-  recordset_->SetParameters(std::move(parameters));
-  recordset_->Open();
-  platform::VariantArray rows;
-  rows.first = fields.size();
-  rows.second = 0;
-  rows.two_dimensional = true;
-  if (!recordset_->EOF_()) rows = recordset_->GetRows(count, fields);
-  recordset_->Close();
-  return rows;
-}
-
 FormulaRows::FormulaRows(std::shared_ptr<platform::Connection> connection)
     : connection_(std::move(connection)),
       arguments_(*connection_, kArguments),

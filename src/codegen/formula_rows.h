@@ -10,22 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "codegen/query.h"
 #include "platform/ado.h"
 
 namespace codegen {
-
-// A query with parameters that is made once and opened again and again.
-class Query {
- public:
-  Query(platform::Connection& connection, std::string_view sql);
-
-  // The named fields of all rows, or of the first ones: (field, row).
-  platform::VariantArray Read(std::vector<platform::Variant> parameters,
-                              const std::vector<std::string>& fields, std::int32_t count = -1);
-
- private:
-  std::shared_ptr<platform::Recordset> recordset_;
-};
 
 class FormulaRows {
  public:

@@ -123,6 +123,13 @@ bool IsReservedWord(std::string_view word) {
   return std::binary_search(kReservedWords.begin(), kReservedWords.end(), std::string_view(lower));
 }
 
+std::string FirstFreeName(const std::string& name,
+                          const std::function<bool(const std::string& candidate)>& is_taken) {
+  std::string candidate = name;
+  for (int counter = 1; is_taken(candidate); ++counter) candidate = name + std::to_string(counter);
+  return candidate;
+}
+
 std::size_t CharacterCount(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
     return (static_cast<std::uint8_t>(byte) & 0xC0) != 0x80;

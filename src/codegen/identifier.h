@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,10 @@ bool IsDeclarable(std::string_view name);
 
 // Compared without regard to case.
 bool IsReservedWord(std::string_view word);
+
+// The name, or the name followed by the first of 1, 2, 3, ... that makes it free.
+std::string FirstFreeName(const std::string& name,
+                          const std::function<bool(const std::string& candidate)>& is_taken);
 
 // Number of characters of a UTF-8 text.
 std::size_t CharacterCount(std::string_view text);

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "codegen/identifier.h"
+
 namespace codegen {
 
 // Steps left out, and things the engineer should know.
@@ -22,7 +24,10 @@ inline constexpr std::int32_t kTextComponentList = 1111;
 // Refusals.
 inline constexpr std::int32_t kTextNameTaken = 1105;
 
-// What is wrong with a name; by IdentifierProblem, from kEmpty on.
-inline constexpr std::int32_t kTextFirstIdentifierProblem = 1121;
+// Says what is wrong with the name <Name>, because of its <Character>.
+// REQUIRES: problem is not kNone.
+constexpr std::int32_t HintText(IdentifierProblem problem) {
+  return 1120 + static_cast<std::int32_t>(problem);
+}
 
 }  // namespace codegen

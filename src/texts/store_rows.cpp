@@ -1,9 +1,56 @@
 // SPDX-License-Identifier: MIT
 // Texts of the operations on formulas, arguments and aliases.
+#include <array>
+
 #include "texts/rows.h"
 
 namespace texts {
 
-std::span<const Row> StoreRows() { return {}; }
+std::span<const Row> StoreRows() {
+  static constexpr auto kRows = std::to_array<Row>({
+      {1000, "Es wurde nichts geändert.", "Nothing was changed."},
+      {1001, "Die Formel mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
+       "There is no formula with the ID <ID> (any more). Refresh the view."},
+      {1002, "Den Alias mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
+       "There is no alias with the ID <ID> (any more). Refresh the view."},
+      {1003, "Das Argument mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
+       "There is no argument with the ID <ID> (any more). Refresh the view."},
+      {1004,
+       "Es ist kein Visual-Basic-Projekt geöffnet. Öffnen Sie das Formelserver-Projekt, oder "
+       "ändern Sie nur die Datensätze.",
+       "No Visual Basic project is open. Open the formula server project, or change the rows "
+       "only."},
+      {1005,
+       "<Class> kann keine Formeln enthalten. Nötig ist eine Klasse mit Instancing MultiUse oder "
+       "GlobalMultiUse in einem geöffneten ActiveX-DLL-Projekt.",
+       "<Class> cannot hold formulas. It takes a class with Instancing MultiUse or GlobalMultiUse "
+       "in an open ActiveX DLL project."},
+      {1006, "<Class> hat schon eine Formel <Name>. Wählen Sie einen anderen Namen.",
+       "<Class> already has a formula <Name>. Choose another name."},
+      {1007, "<Name> kann keine Formel benennen.", "<Name> cannot name a formula."},
+      {1008, "Beides zugleich sind: <Names>. Ändern Sie zuerst diese Argumente.",
+       "Both at the same time: <Names>. Change these arguments first."},
+      {1009, "Der Formelaufruf muss eine Zahl von 0 bis 7 sein, nicht <Type>.",
+       "The call type must be a number from 0 to 7, not <Type>."},
+      {1010, "<Name> ist schon der Alias von <Item>; frei: <Free>",
+       "<Name> is already the alias of <Item>; free: <Free>"},
+      {1011, "<Name> ist schon ein Argument von <Formula>.",
+       "<Name> is already an argument of <Formula>."},
+      {1012, "<Name> wird benutzt von: <Formulas>", "<Name> is used by: <Formulas>"},
+      {1013,
+       "Der bisherige Code von <Name> steht auskommentiert in <Class>; er wurde nicht mitgenommen.",
+       "The code that <Name> had stands commented out in <Class>; it was not taken along."},
+      {1014, "Alle Namen von <Base>1 bis <Base>32767 sind vergeben. Geben Sie einen Namen ein.",
+       "All names from <Base>1 to <Base>32767 are taken. Enter a name."},
+      {1015, "Abgebrochen. Es wurde nichts geändert.", "Cancelled. Nothing was changed."},
+      {1016,
+       "<Class> enthält <Name> schon als etwas anderes. Wählen Sie einen anderen Alias, oder "
+       "benennen Sie es in der Klasse um.",
+       "<Class> already holds <Name> as something else. Choose another alias, or rename it in the "
+       "class."},
+      {1017, "Gültig wäre <Name>.", "<Name> would be valid."},
+  });
+  return kRows;
+}
 
 }  // namespace texts

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "codegen/identifier.h"
+#include "codegen/text_numbers.h"
+#include "platform/text.h"
+#include "store/operations_impl.h"
+#include "store/text_numbers.h"
+
+namespace store {
+namespace {
+
+// German in every language, on purpose.
+constexpr const char* kAliasInUse =
+    "Der zu löschende Alias wird in einer Funktion benutzt. Er kann nicht gelöscht werden";
+
+bool IsBlank(std::string_view text) {
+  return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
+std::string NamesOf(const std::vector<FormulaRecord>& formulas) {
+  constexpr std::size_t kShown = 10;
+  std::string names;
+  for (std::size_t i = 0; i < formulas.size(); ++i) {
+    if (i == kShown) return names + ", ... (" + std::to_string(formulas.size()) + ")";
+    names += (names.empty() ? "" : ", ") + formulas[i].prog_id + "." + formulas[i].name;
+  }
+  return names;
+}
+
+}  // namespace
+
+std::string Operations::Impl::ProposeAlias(std::string_view item, std::int32_t actual_id) {
+  return codegen::FirstFreeName(codegen::CleanIdentifier(item), [&](const std::string& name) {
+    const auto other = rows().FindAliasByName(name);
+    return other && other->id != actual_id;
+  });
+}
+
+void Operations::Impl::RequireAliasText(const AliasValues& values, std::int32_t actual_id) {
+  const std::string& name = values.vb_alias;
+  if (IsBlank(values.item_id) || IsBlank(name)) run_.Refuse(kTextAliasEmpty);
+  const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
+  const bool reserved = codegen::IsReservedWord(name);
+  const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;
+  const std::string clean = codegen::CleanIdentifier(name);
+  if (clean != name || reserved || too_long) {
+    const auto problem =
+        clean == name && too_long ? codegen::IdentifierProblem::kTooLong : hint.problem;
+    std::string detail = run_.texts().Text(codegen::HintText(problem),
+                                           {{"<Name>", name}, {"<Character>", hint.character}});
+    if (clean != name) {
+      detail +=
+          " " + run_.texts().Text(kTextAliasValid, {{"<Name>", ProposeAlias(name, actual_id)}});
+    }
+    run_.Refuse(kTextAliasMalformed, {}, detail);
+  }
+  const auto other = rows().FindAliasByName(name);
+  if (!other || other->id == actual_id) return;
+  run_.Refuse(
+      kTextAliasTaken,
+      {{"<Name>", name}, {"<Item>", other->item_id}, {"<Free>", ProposeAlias(name, actual_id)}});
+}
+
+void Operations::Impl::WarnOfAlias(std::string_view name) {
+  const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
+  if (hint) {
+    run_.Warn(codegen::HintText(hint.problem), {{"<Name>", name}, {"<Character>", hint.character}});
+  }
+}
+
+OperationResult Operations::Impl::AddAliases(std::span<const AliasValues> values,
+                                             const OperationOptions& options) {
+  return run_.Run(options, kTextNothingChanged, [&](OperationResult& result) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      run_.Progress(i, values.size());
+      RequireAliasText(values[i], 0);
+      WarnOfAlias(values[i].vb_alias);
+      result.ids.push_back(rows().Add(kAliasTable, {{"ItemID", FieldText(values[i].item_id)},
+                                                    {"VBAlias", FieldText(values[i].vb_alias)}}));
+    }
+  });
+}
+
+OperationResult Operations::Impl::EditAlias(std::int32_t id, const AliasValues& values,
+                                            const OperationOptions& options) {
+  return run_.Run(options, kTextNothingChanged, [&](OperationResult& result) {
+    const AliasRecord old = RequireAlias(id);
+    result.ids.push_back(id);
+    if (values == old) return;
+    ProjectRows::Values fields;
+    if (values.item_id != old.item_id) {
+      if (IsBlank(values.item_id)) run_.Refuse(kTextAliasEmpty);
+      fields.emplace_back("ItemID", FieldText(values.item_id));
+    }
+    const bool renamed = values.vb_alias != old.vb_alias;
+    if (renamed) {
+      RequireAliasText(values, id);
+      WarnOfAlias(values.vb_alias);
+      fields.emplace_back("VBAlias", FieldText(values.vb_alias));
+    }
+    const std::vector<FormulaRecord> uses = rows().UsesOfAlias(id);
+    if (!uses.empty()) run_.RequireProjects();
+    if (renamed && !platform::EqualsIgnoringCase(values.vb_alias, old.vb_alias)) {
+      std::unordered_set<std::string> classes;
+      for (const FormulaRecord& use : uses) {
+        if (classes.insert(use.prog_id).second) RequireDeclarable(use.prog_id, values.vb_alias);
+      }
+    }
+    rows().Change(kAliasTable, id, fields);
+    if (!uses.empty() && run_.code()) {
+      run_.code()->RenameAlias(id, old.vb_alias, values.vb_alias);
+    }
+  });
+}
+
+OperationResult Operations::Impl::DeleteAliases(std::span<const std::int32_t> ids,
+                                                const OperationOptions& options) {
+  return run_.Run(options, kTextNothingChanged, [&](OperationResult&) {
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+      run_.Progress(i, ids.size());
+      const AliasRecord alias = RequireAlias(ids[i]);
+      const std::vector<FormulaRecord> uses = rows().UsesOfAlias(ids[i]);
+      if (!uses.empty()) {
+        throw Refusal(Outcome::kRefused, kTextAliasUsedBy, kAliasInUse,
+                      run_.texts().Text(kTextAliasUsedBy, {{"<Name>", alias.vb_alias},
+                                                           {"<Formulas>", NamesOf(uses)}}));
+      }
+      rows().Remove(kAliasTable, ids[i]);
+    }
+  });
+}
+
+}  // namespace store

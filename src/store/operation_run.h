@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// One operation from begin to commit.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "store/operation_result.h"
+#include "store/operations.h"
+#include "store/project_rows.h"
+#include "texts/text_table.h"
+
+namespace store {
+
+// Raised by a step that the operation cannot carry out; everything is put back.
+class Refusal : public std::runtime_error {
+ public:
+  Refusal(Outcome outcome, std::int32_t text_id, const std::string& message, std::string detail)
+      : std::runtime_error(message),
+        outcome_(outcome),
+        text_id_(text_id),
+        detail_(std::move(detail)) {}
+
+  void FillIn(OperationResult& result) const;
+
+ private:
+  Outcome outcome_;
+  std::int32_t text_id_;
+  std::string detail_;
+};
+
+// What the steps of operations share: rows, code, texts. One for each Operations.
+class OperationRun {
+ public:
+  explicit OperationRun(Operations::Parts parts);
+
+  // Runs `steps` as one unit of work. A failure that is not refused by a step is answered with
+  // `failure_text`, its cause as the detail.
+  OperationResult Run(const OperationOptions& options, std::int32_t failure_text,
+                      const std::function<void(OperationResult&)>& steps);
+
+  // Of the operation that runs.
+  const OperationOptions& options() const { return *options_; }
+  // The generator, or null when only rows change.
+  codegen::CVBFormulaCode* code();
+  // Raises unless there is code to change; for operations that need it.
+  void RequireProjects();
+  // Answers NeedFunctionName from now on.
+  void SetFunctionName(std::string_view name) { function_name_ = name; }
+  void Progress(std::size_t done, std::size_t total);
+  // Raises what the generator could not do.
+  void CheckCode();
+  void Warn(std::int32_t text, std::initializer_list<texts::TextTable::Replacement> values);
+
+  using Replacements = std::initializer_list<texts::TextTable::Replacement>;
+  [[noreturn]] void Refuse(std::int32_t text, Replacements values = {}, std::string detail = {});
+
+  ProjectRows& rows() { return rows_; }
+  const texts::TextTable& texts() const { return *parts_.texts; }
+  const Operations::Parts& parts() const { return parts_; }
+
+ private:
+  void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);
+  void TakeWarnings();
+
+  Operations::Parts parts_;
+  ProjectRows rows_;
+  const OperationOptions* options_ = nullptr;
+  std::string function_name_;
+  std::vector<codegen::Warning> warnings_;
+};
+
+}  // namespace store

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: MIT
+#include "store/project_rows.h"
+
+#include <algorithm>
+
+namespace store {
+namespace {
+
+using platform::Variant;
+using platform::VariantArray;
+
+const std::vector<std::string> kFormulaFields = {"ID",       "Name",    "ProgID", "Type",
+                                                 "ScanTime", "Enabled", "Comment"};
+const std::vector<std::string> kAliasFields = {"ID", "ItemID", "VBAlias"};
+const std::vector<std::string> kArgumentFields = {"ID", "ParentID", "AliasID", "In", "Out"};
+
+std::string TextOf(const Variant& value) {
+  std::string text = value.ToText();
+  if (text == std::string_view("\0", 1)) text.clear();
+  return text;
+}
+
+FormulaRecord FormulaOf(const VariantArray& rows, std::size_t row) {
+  FormulaRecord record;
+  record.id = rows.At(0, row).ToLong();
+  record.name = TextOf(rows.At(1, row));
+  record.prog_id = TextOf(rows.At(2, row));
+  record.type = rows.At(3, row).ToLong();
+  record.scan_time = rows.At(4, row).ToLong();
+  record.enabled = rows.At(5, row).ToBool();
+  record.comment = TextOf(rows.At(6, row));
+  record.comment_is_null = rows.At(6, row).IsNull();
+  return record;
+}
+
+AliasRecord AliasOf(const VariantArray& rows, std::size_t row) {
+  AliasRecord record;
+  record.id = rows.At(0, row).ToLong();
+  record.item_id = TextOf(rows.At(1, row));
+  record.vb_alias = TextOf(rows.At(2, row));
+  return record;
+}
+
+// Ends the edit of a row if nobody does it before.
+class PendingEdit {
+ public:
+  explicit PendingEdit(platform::Recordset& row) : row_(row) {}
+  ~PendingEdit() {
+    if (done_) return;
+    try {
+      row_.CancelUpdate();
+    } catch (const platform::Error&) {
+      // The failure that led here is the one to report.
+    }
+  }
+  PendingEdit(const PendingEdit&) = delete;
+  PendingEdit& operator=(const PendingEdit&) = delete;
+  void Done() { done_ = true; }
+
+ private:
+  platform::Recordset& row_;
+  bool done_ = false;
+};
+
+}  // namespace
+
+Variant FieldText(std::string_view text) {
+  return text.empty() ? Variant(std::string(1, '\0')) : Variant(text);
+}
+
+ProjectRows::ProjectRows(std::shared_ptr<platform::Connection> connection)
+    : connection_(std::move(connection)),
+      formula_by_id_(*connection_, "SELECT * FROM TvbfFormulas WHERE ID = ?"),
+      formulas_by_name_(*connection_, "SELECT * FROM TvbfFormulas WHERE Name = ? ORDER BY ID"),
+      formula_in_class_(*connection_,
+                        "SELECT * FROM TvbfFormulas WHERE (ProgID = ?) AND (Name = ?)"),
+      all_formulas_(*connection_, "SELECT * FROM TvbfFormulas ORDER BY ID"),
+      formula_names_(*connection_, "SELECT Name FROM TvbfFormulas"),
+      uses_of_alias_(*connection_,
+                     "SELECT TvbfFormulas.* FROM TvbfParams INNER JOIN TvbfFormulas "
+                     "ON TvbfParams.ParentID = TvbfFormulas.ID WHERE TvbfParams.AliasID = ? "
+                     "ORDER BY TvbfFormulas.ID"),
+      alias_by_id_(*connection_, "SELECT * FROM TvbfAlias WHERE ID = ?"),
+      alias_by_name_(*connection_, "SELECT * FROM TvbfAlias WHERE VBAlias = ?"),
+      all_aliases_(*connection_, "SELECT * FROM TvbfAlias ORDER BY ID"),
+      argument_by_id_(*connection_, "SELECT * FROM TvbfParams WHERE ID = ?"),
+      argument_of_alias_(*connection_,
+                         "SELECT ID FROM TvbfParams WHERE (ParentID = ?) AND (AliasID = ?)"),
+      arguments_of_formula_(*connection_,
+                            "SELECT * FROM TvbfParams WHERE ParentID = ? ORDER BY ID") {}
+
+// --- Reading ---
+
+std::vector<FormulaRecord> ProjectRows::Formulas(codegen::Query& query,
+                                                 std::vector<Variant> parameters) {
+  std::vector<FormulaRecord> records;
+  query.ForEachRow(
+      std::move(parameters), kFormulaFields,
+      [&](const VariantArray& rows, std::size_t row) { records.push_back(FormulaOf(rows, row)); });
+  return records;
+}
+
+std::vector<AliasRecord> ProjectRows::Aliases(codegen::Query& query,
+                                              std::vector<Variant> parameters) {
+  std::vector<AliasRecord> records;
+  query.ForEachRow(
+      std::move(parameters), kAliasFields,
+      [&](const VariantArray& rows, std::size_t row) { records.push_back(AliasOf(rows, row)); });
+  return records;
+}
+
+std::vector<ArgumentRecord> ProjectRows::Arguments(codegen::Query& query, std::int32_t id) {
+  std::vector<ArgumentRecord> records;
+  query.ForEachRow({id}, kArgumentFields, [&](const VariantArray& rows, std::size_t row) {
+    ArgumentRecord record;
+    record.id = rows.At(0, row).ToLong();
+    record.parent_id = rows.At(1, row).ToLong();
+    record.alias_id = rows.At(2, row).ToLong();
+    record.in = rows.At(3, row).ToBool();
+    record.out = rows.At(4, row).ToBool();
+    records.push_back(std::move(record));
+  });
+  for (ArgumentRecord& record : records) {
+    if (const auto alias = FindAlias(record.alias_id)) {
+      record.vb_alias = alias->vb_alias;
+      record.item_id = alias->item_id;
+    }
+  }
+  return records;
+}
+
+namespace {
+template <class Record>
+std::optional<Record> FirstOf(std::vector<Record> records) {
+  if (records.empty()) return std::nullopt;
+  return std::move(records.front());
+}
+}  // namespace
+
+std::optional<FormulaRecord> ProjectRows::FindFormula(std::int32_t id) {
+  return FirstOf(Formulas(formula_by_id_, {id}));
+}
+std::vector<FormulaRecord> ProjectRows::FindFormulasByName(std::string_view name) {
+  return Formulas(formulas_by_name_, {name});
+}
+std::optional<FormulaRecord> ProjectRows::FindFormulaInClass(std::string_view prog_id,
+                                                             std::string_view name) {
+  return FirstOf(Formulas(formula_in_class_, {prog_id, name}));
+}
+std::vector<FormulaRecord> ProjectRows::UsesOfAlias(std::int32_t alias_id) {
+  return Formulas(uses_of_alias_, {alias_id});
+}
+std::optional<AliasRecord> ProjectRows::FindAlias(std::int32_t id) {
+  return FirstOf(Aliases(alias_by_id_, {id}));
+}
+std::optional<AliasRecord> ProjectRows::FindAliasByName(std::string_view vb_alias) {
+  return FirstOf(Aliases(alias_by_name_, {vb_alias}));
+}
+std::optional<ArgumentRecord> ProjectRows::FindArgument(std::int32_t id) {
+  return FirstOf(Arguments(argument_by_id_, id));
+}
+std::vector<ArgumentRecord> ProjectRows::ArgumentsOf(std::int32_t formula_id) {
+  return Arguments(arguments_of_formula_, formula_id);
+}
+bool ProjectRows::HasArgument(std::int32_t formula_id, std::int32_t alias_id) {
+  return argument_of_alias_.Read({formula_id, alias_id}, {"ID"}, 1).second > 0;
+}
+
+void ProjectRows::ForEachFormula(const std::function<void(const FormulaRecord&)>& visit) {
+  all_formulas_.ForEachRow({}, kFormulaFields, [&](const VariantArray& rows, std::size_t row) {
+    visit(FormulaOf(rows, row));
+  });
+}
+void ProjectRows::ForEachFormulaName(const std::function<void(const std::string&)>& visit) {
+  formula_names_.ForEachRow({}, {"Name"}, [&](const VariantArray& rows, std::size_t row) {
+    visit(rows.At(0, row).ToText());
+  });
+}
+void ProjectRows::ForEachAlias(const std::function<void(const AliasRecord&)>& visit) {
+  all_aliases_.ForEachRow({}, kAliasFields, [&](const VariantArray& rows, std::size_t row) {
+    visit(AliasOf(rows, row));
+  });
+}
+
+Statistics ProjectRows::Count() {
+  return {connection_->TableRowCount(kFormulasTable), connection_->TableRowCount(kArgumentsTable),
+          connection_->TableRowCount(kAliasTable)};
+}
+
+// --- Writing ---
+
+platform::Recordset& ProjectRows::TableToAddTo(std::string_view table) {
+  auto found = tables_.find(table);
+  if (found == tables_.end()) {
+    const std::shared_ptr<platform::Recordset> recordset = connection_->CreateRecordset();
+    recordset->SetSource(table);
+    recordset->SetCommandType(platform::CommandType::kTableDirect);
+    recordset->SetCursorLocation(platform::CursorLocation::kServer);
+    recordset->SetCursorType(platform::CursorType::kKeyset);
+    recordset->SetLockType(platform::LockType::kOptimistic);
+    found = tables_.emplace(table, recordset).first;
+  }
+  if (found->second->State() == platform::ObjectState::kClosed) found->second->Open();
+  return *found->second;
+}
+
+std::shared_ptr<platform::Recordset> ProjectRows::OpenRow(std::string_view table, std::int32_t id) {
+  std::shared_ptr<platform::Recordset> row = connection_->CreateRecordset();
+  row->SetSource("SELECT * FROM " + std::string(table) + " WHERE ID = ?");
+  row->SetCommandType(platform::CommandType::kText);
+  row->SetCursorLocation(platform::CursorLocation::kServer);
+  row->SetCursorType(platform::CursorType::kKeyset);
+  row->SetLockType(platform::LockType::kOptimistic);
+  row->SetParameters({id});
+  row->Open();
+  return row;
+}
+
+std::int32_t ProjectRows::Add(std::string_view table, const Values& values) {
+  std::vector<std::string> fields;
+  std::vector<Variant> contents;
+  for (const auto& [field, value] : values) {
+    fields.push_back(field);
+    contents.push_back(value);
+  }
+  platform::Recordset& rows = TableToAddTo(table);
+  PendingEdit edit(rows);
+  rows.AddNew(fields, contents);
+  edit.Done();
+  Record(RowChange::Kind::kAdded, table, rows);
+  return rows.Fields("ID").Value().ToLong();
+}
+
+void ProjectRows::Change(std::string_view table, std::int32_t id, const Values& values) {
+  const std::shared_ptr<platform::Recordset> row = OpenRow(table, id);
+  PendingEdit edit(*row);
+  for (const auto& [field, value] : values) row->Fields(field).SetValue(value);
+  row->Update();
+  edit.Done();
+  Record(RowChange::Kind::kChanged, table, *row);
+  row->Close();
+}
+
+void ProjectRows::Remove(std::string_view table, std::int32_t id) {
+  const std::shared_ptr<platform::Recordset> row = OpenRow(table, id);
+  Record(RowChange::Kind::kDeleted, table, *row);
+  row->Delete();
+  row->Close();
+}
+
+void ProjectRows::Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row) {
+  RowChange change;
+  change.kind = kind;
+  change.table = table;
+  for (const std::string& field : row.FieldNames()) {
+    change.members.emplace_back(field, row.Fields(field).Value());
+  }
+  const auto [known, is_new] = change_of_row_.try_emplace(
+      {change.table, row.Fields("ID").Value().ToLong()}, changes_.size());
+  if (is_new) {
+    changes_.push_back(std::move(change));
+  } else {
+    changes_[known->second].members = std::move(change.members);
+  }
+}
+
+std::vector<RowChange> ProjectRows::TakeChanges() {
+  change_of_row_.clear();
+  return std::exchange(changes_, {});
+}
+
+void ProjectRows::CloseTables() noexcept {
+  for (auto& [table, recordset] : tables_) {
+    try {
+      if (recordset->State() == platform::ObjectState::kOpen) recordset->Close();
+    } catch (const platform::Error&) {
+      // It is made anew when it is needed again.
+    }
+  }
+  tables_.clear();
+}
+
+}  // namespace store

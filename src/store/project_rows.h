@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// The rows of the three tables, read as records and written one by one.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "codegen/query.h"
+#include "platform/ado.h"
+#include "store/formula_records.h"
+#include "store/operation_result.h"
+
+namespace store {
+
+inline constexpr std::string_view kFormulasTable = "TvbfFormulas";
+inline constexpr std::string_view kAliasTable = "TvbfAlias";
+inline constexpr std::string_view kArgumentsTable = "TvbfParams";
+
+// A text as its field holds it: the empty text is one character of code 0.
+platform::Variant FieldText(std::string_view text);
+
+// Everything raises platform::Error when the database fails.
+class ProjectRows {
+ public:
+  explicit ProjectRows(std::shared_ptr<platform::Connection> connection);
+
+  std::optional<FormulaRecord> FindFormula(std::int32_t id);
+  std::vector<FormulaRecord> FindFormulasByName(std::string_view name);
+  std::optional<FormulaRecord> FindFormulaInClass(std::string_view prog_id, std::string_view name);
+  void ForEachFormula(const std::function<void(const FormulaRecord&)>& visit);
+  void ForEachFormulaName(const std::function<void(const std::string&)>& visit);
+  std::vector<FormulaRecord> UsesOfAlias(std::int32_t alias_id);
+
+  std::optional<AliasRecord> FindAlias(std::int32_t id);
+  std::optional<AliasRecord> FindAliasByName(std::string_view vb_alias);
+  void ForEachAlias(const std::function<void(const AliasRecord&)>& visit);
+
+  std::optional<ArgumentRecord> FindArgument(std::int32_t id);
+  bool HasArgument(std::int32_t formula_id, std::int32_t alias_id);
+  std::vector<ArgumentRecord> ArgumentsOf(std::int32_t formula_id);
+
+  Statistics Count();
+
+  using Values = std::vector<std::pair<std::string, platform::Variant>>;
+  // Returns the new row's ID.
+  std::int32_t Add(std::string_view table, const Values& values);
+  void Change(std::string_view table, std::int32_t id, const Values& values);
+  void Remove(std::string_view table, std::int32_t id);
+
+  // The rows written since the last call, each once.
+  std::vector<RowChange> TakeChanges();
+  // Closes what writing left open.
+  void CloseTables() noexcept;
+
+ private:
+  platform::Recordset& TableToAddTo(std::string_view table);
+  std::shared_ptr<platform::Recordset> OpenRow(std::string_view table, std::int32_t id);
+  void Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row);
+
+  std::vector<FormulaRecord> Formulas(codegen::Query& query,
+                                      std::vector<platform::Variant> parameters);
+  std::vector<AliasRecord> Aliases(codegen::Query& query,
+                                   std::vector<platform::Variant> parameters);
+  std::vector<ArgumentRecord> Arguments(codegen::Query& query, std::int32_t id);
+
+  std::shared_ptr<platform::Connection> connection_;
+  codegen::Query formula_by_id_;
+  codegen::Query formulas_by_name_;
+  codegen::Query formula_in_class_;
+  codegen::Query all_formulas_;
+  codegen::Query formula_names_;
+  codegen::Query uses_of_alias_;
+  codegen::Query alias_by_id_;
+  codegen::Query alias_by_name_;
+  codegen::Query all_aliases_;
+  codegen::Query argument_by_id_;
+  codegen::Query argument_of_alias_;
+  codegen::Query arguments_of_formula_;
+  // Stay open from one added row to the next.
+  std::map<std::string, std::shared_ptr<platform::Recordset>, std::less<>> tables_;
+  std::vector<RowChange> changes_;
+  std::map<std::pair<std::string, std::int32_t>, std::size_t> change_of_row_;
+};
+
+}  // namespace store
