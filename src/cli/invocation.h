@@ -1,28 +1,59 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "cli/command.h"
 #include "cli/console.h"
+#include "cli/row_writer.h"
+#include "cli/text_numbers.h"
 #include "texts/text_table.h"
 
 namespace cli {
 
+// A wrong call: the command line answers with the message, the way to the help, and code 2.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A request that cannot be carried out: the message on standard error, and the code.
+class CommandError : public std::runtime_error {
+ public:
+  CommandError(ExitCode code, const std::string& message)
+      : std::runtime_error(message), code_(code) {}
+  ExitCode code() const { return code_; }
+
+ private:
+  ExitCode code_;
+};
+
 // One call of a command: its arguments and options, and where its output goes.
 class Invocation {
  public:
-  Invocation(Console& console, const CommandSpec& command, texts::Language language)
-      : console_(console), command_(command), language_(language) {}
+  using Values = std::map<std::string, std::vector<std::string>, std::less<>>;
+
+  Invocation(Console& console, const CommandSpec& command, const texts::TextTable& table)
+      : console_(console), command_(command), texts_(table) {}
 
   Console& console() { return console_; }
   const CommandSpec& command() const { return command_; }
-  texts::Language language() const { return language_; }
-  std::string Text(int id) const;
+  const texts::TextTable& texts() const { return texts_; }
+  std::string Text(int number,
+                   std::initializer_list<texts::TextTable::Replacement> values = {}) const {
+    return texts_.Text(number, values);
+  }
+
+  // What the parser found, by argument or option name.
+  void SetValues(Values values) { values_ = std::move(values); }
 
   // Value of an argument, "" when it was left out.
   std::string Argument(std::string_view name) const;
@@ -32,20 +63,24 @@ class Invocation {
   // Last value of an option; nothing when it was not given.
   std::optional<std::string> Option(std::string_view option) const;
   std::vector<std::string> Options(std::string_view option) const;
+  // A whole number; raises UsageError for anything else.
+  std::optional<std::int32_t> NumberOption(std::string_view option) const;
+  // Raises UsageError when both are given.
+  void Exclude(std::string_view first, std::string_view second) const;
+  // true for the first, false for the second, nothing for neither; UsageError for both.
+  std::optional<bool> Switch(std::string_view on, std::string_view off) const;
 
-  // Filled by the parser.
-  std::map<std::string, std::vector<std::string>, std::less<>> values;
+  // How lists are written: --json, a terminal, or plain.
+  RowFormat ListFormat() const;
+  // One line each on standard error.
+  void Warn(std::string_view text);
+  bool Interrupted() const;
 
  private:
   Console& console_;
   const CommandSpec& command_;
-  texts::Language language_;
-};
-
-// A wrong call: the command line answers with the message, the way to the help, and code 2.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
+  const texts::TextTable& texts_;
+  Values values_;
 };
 
 }  // namespace cli

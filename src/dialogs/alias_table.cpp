@@ -127,8 +127,7 @@ std::optional<std::size_t> AliasTable::PositionOf(std::int32_t id) {
     // A foreign database may hold a name twice.
     while (recordset_->Fields("ID").Value().ToLong() != id) {
       recordset_->MoveNext();
-      if (recordset_->EOF_() ||
-          !platform::EqualsIgnoringCase(NameOfCurrent(*recordset_), record->vb_alias)) {
+      if (recordset_->EOF_() || !platform::EqualsIgnoringCase(NameOfCurrent(*recordset_), record->vb_alias)) {
         return std::nullopt;
       }
     }

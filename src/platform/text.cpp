@@ -32,6 +32,7 @@ std::size_t SequenceLength(std::string_view text, std::size_t position) {
   if (length < 3) return length;
   const auto second = static_cast<unsigned char>(text[position + 1]);
   if (lead == 0xE0 && second < 0xA0) return 0;
+  if (lead == 0xED && (second == 0xB2 || second == 0xB3)) return 0;  // U+DC80..U+DCFF
   if (lead == 0xF0 && second < 0x90) return 0;
   if (lead == 0xF4 && second > 0x8F) return 0;
   return length;

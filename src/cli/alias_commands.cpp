@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// ovformula alias ...
+#include <unordered_set>
+
+#include "cli/commands.h"
+#include "cli/project_session.h"
+#include "platform/text.h"
+
+namespace cli {
+
+namespace {
+
+using Use = ProjectSession::Use;
+
+int RunList(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kRows);
+  RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ID", "ItemID", "VBAlias"});
+  session.operations().ForEachAlias([&](const store::AliasRecord& alias) {
+    writer.Write({std::int64_t{alias.id}, alias.item_id, alias.vb_alias});
+  });
+  writer.Finish();
+  return kDone;
+}
+
+// The item and its alias, or for "-" one of both a line of standard input; the alias behind a tab.
+std::vector<store::AliasValues> GivenAliases(Invocation& invocation) {
+  if (invocation.Argument("ITEM") != "-")
+    return {{invocation.Argument("ITEM"), invocation.Argument("ALIAS")}};
+  std::vector<store::AliasValues> values;
+  for (const std::string& line : invocation.Arguments("ITEM")) {
+    const auto tab = line.find('\t');
+    values.push_back({line.substr(0, tab), tab == std::string::npos ? "" : line.substr(tab + 1)});
+  }
+  return values;
+}
+
+// Proposes the aliases that are missing, each free of those before it.
+void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
+  std::unordered_set<std::string> taken;
+  for (store::AliasValues& alias : values) {
+    if (alias.vb_alias.empty()) {
+      const std::string proposed = session.operations().ProposeAlias(alias.item_id);
+      alias.vb_alias = proposed;
+      for (int i = 1; taken.contains(platform::FoldCase(alias.vb_alias)); ++i) {
+        alias.vb_alias = proposed + std::to_string(i);
+      }
+    }
+    taken.insert(platform::FoldCase(alias.vb_alias));
+  }
+}
+
+int RunAdd(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  std::vector<store::AliasValues> values = GivenAliases(invocation);
+  Propose(session, values);
+  const auto result = session.operations().AddAliases(values, session.MakeOptions());
+  session.Report(result);
+  if (session.dry_run()) return kDone;
+  for (std::size_t i = 0; i < result.ids.size(); ++i) {
+    invocation.console().out << result.ids[i] << '\t' << PlainText(values[i].vb_alias) << '\n';
+  }
+  return kDone;
+}
+
+int RunEdit(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  const auto alias = session.Alias(invocation.Argument("ALIAS"));
+  store::AliasValues values = alias;
+  if (const auto item = invocation.Option("--item")) values.item_id = *item;
+  if (const auto name = invocation.Option("--alias")) values.vb_alias = *name;
+  session.Report(session.operations().EditAlias(alias.id, values, session.MakeOptions()));
+  return kDone;
+}
+
+int RunDelete(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  std::vector<std::int32_t> ids;
+  for (const std::string& name : invocation.Arguments("ALIAS"))
+    ids.push_back(session.Alias(name).id);
+  session.Report(session.operations().DeleteAliases(ids, session.MakeOptions()));
+  return kDone;
+}
+
+int RunUses(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kRows);
+  const auto alias = session.Alias(invocation.Argument("ALIAS"));
+  RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ID", "Name", "ProgID"});
+  for (const store::FormulaRecord& formula : session.operations().UsesOfAlias(alias.id)) {
+    writer.Write({std::int64_t{formula.id}, formula.name, formula.prog_id});
+  }
+  writer.Finish();
+  return kDone;
+}
+
+}  // namespace
+
+std::vector<CommandSpec> AliasCommands() {
+  const ArgumentSpec project{"PROJECT.ovs", kTextArgProject};
+  const ArgumentSpec alias{"ALIAS", kTextArgAlias};
+  return {
+      {"alias list",
+       kTextCommandAliasList,
+       {project},
+       {kJsonOption},
+       {"ovformula alias list Plant.ovs"},
+       RunList},
+      {"alias add",
+       kTextCommandAliasAdd,
+       {project, {"ITEM", kTextArgItem}, {"ALIAS", kTextArgNewAlias, false}},
+       ChangeOptions({}),
+       {"ovformula alias add Plant.ovs Tank1.Level Level",
+        "ovformula alias add Plant.ovs - < items.txt"},
+       RunAdd},
+      {"alias edit",
+       kTextCommandAliasEdit,
+       {project, alias},
+       ChangeOptions({{"--item", "ITEM", kTextOptItem}, {"--alias", "NEW", kTextOptAlias}}),
+       {"ovformula alias edit Plant.ovs Level --alias TankLevel"},
+       RunEdit},
+      {"alias delete",
+       kTextCommandAliasDelete,
+       {project, {"ALIAS", kTextArgAliases, true, true}},
+       ChangeOptions({}),
+       {"ovformula alias delete Plant.ovs Level"},
+       RunDelete},
+      {"alias uses",
+       kTextCommandAliasUses,
+       {project, alias},
+       {kJsonOption},
+       {"ovformula alias uses Plant.ovs Level"},
+       RunUses},
+  };
+}
+
+}  // namespace cli

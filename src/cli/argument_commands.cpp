@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// ovformula argument ...
+#include "cli/commands.h"
+#include "cli/project_session.h"
+
+namespace cli {
+
+namespace {
+
+using Use = ProjectSession::Use;
+
+int RunList(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kRows);
+  const auto formula = session.Formula(invocation.Argument("FORMULA"));
+  RowWriter writer(invocation.console().out, invocation.ListFormat(),
+                   {"ID", "ParentID", "AliasID", "VBAlias", "ItemID", "In", "Out"});
+  for (const store::ArgumentRecord& argument : session.operations().ArgumentsOf(formula.id)) {
+    writer.Write({std::int64_t{argument.id}, std::int64_t{argument.parent_id},
+                  std::int64_t{argument.alias_id}, argument.vb_alias, argument.item_id, argument.in,
+                  argument.out});
+  }
+  writer.Finish();
+  return kDone;
+}
+
+int RunAdd(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  const auto formula = session.Formula(invocation.Argument("FORMULA"));
+  const std::vector<std::string> names = invocation.Arguments("ALIAS");
+  std::vector<store::ArgumentValues> values;
+  for (const std::string& name : names) {
+    values.push_back({session.Alias(name).id, invocation.Has("--in"), invocation.Has("--out")});
+  }
+  const auto result = session.operations().AddArguments(formula.id, values, session.MakeOptions());
+  session.Report(result);
+  if (session.dry_run()) return kDone;
+  for (std::size_t i = 0; i < result.ids.size(); ++i) {
+    const auto alias = session.operations().FindAlias(values[i].alias_id);
+    invocation.console().out << result.ids[i] << '\t'
+                             << PlainText(alias ? alias->vb_alias : names[i]) << '\n';
+  }
+  return kDone;
+}
+
+int RunEdit(Invocation& invocation) {
+  const auto in = invocation.Switch("--in", "--no-in"),
+             out = invocation.Switch("--out", "--no-out");
+  ProjectSession session(invocation, Use::kChange);
+  const auto formula = session.Formula(invocation.Argument("FORMULA"));
+  const auto argument = session.Argument(formula, invocation.Argument("ALIAS"));
+  store::ArgumentValues values = argument;
+  if (const auto alias = invocation.Option("--alias")) values.alias_id = session.Alias(*alias).id;
+  values.in = in.value_or(values.in);
+  values.out = out.value_or(values.out);
+  session.Report(session.operations().EditArgument(argument.id, values, session.MakeOptions()));
+  return kDone;
+}
+
+int RunDelete(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  const auto formula = session.Formula(invocation.Argument("FORMULA"));
+  std::vector<std::int32_t> ids;
+  for (const std::string& name : invocation.Arguments("ALIAS"))
+    ids.push_back(session.Argument(formula, name).id);
+  session.Report(session.operations().DeleteArguments(ids, session.MakeOptions()));
+  return kDone;
+}
+
+}  // namespace
+
+std::vector<CommandSpec> ArgumentCommands() {
+  const ArgumentSpec project{"PROJECT.ovs", kTextArgProject};
+  const ArgumentSpec formula{"FORMULA", kTextArgFormula};
+  const ArgumentSpec alias{"ALIAS", kTextArgAlias};
+  const ArgumentSpec aliases{"ALIAS", kTextArgAliases, true, true};
+  const OptionSpec in{"--in", "", kTextOptIn}, out{"--out", "", kTextOptOut};
+  return {
+      {"argument list",
+       kTextCommandArgumentList,
+       {project, formula},
+       {kJsonOption},
+       {"ovformula argument list Plant.ovs FillTank"},
+       RunList},
+      {"argument add",
+       kTextCommandArgumentAdd,
+       {project, formula, aliases},
+       ChangeOptions({in, out}),
+       {"ovformula argument add Plant.ovs FillTank Level --in",
+        "ovformula argument add Plant.ovs FillTank - --in < aliases.txt"},
+       RunAdd},
+      {"argument edit",
+       kTextCommandArgumentEdit,
+       {project, formula, alias},
+       ChangeOptions({{"--alias", "NEW", kTextOptAlias},
+                      in,
+                      {"--no-in", "", kTextOptNoIn},
+                      out,
+                      {"--no-out", "", kTextOptNoOut}}),
+       {"ovformula argument edit Plant.ovs FillTank Level --alias Level2 --no-out"},
+       RunEdit},
+      {"argument delete",
+       kTextCommandArgumentDelete,
+       {project, formula, aliases},
+       ChangeOptions({}),
+       {"ovformula argument delete Plant.ovs FillTank Level"},
+       RunDelete},
+  };
+}
+
+}  // namespace cli

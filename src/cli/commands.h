@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// The commands by area; command_table.cpp puts them into one table.
+#pragma once
+
+#include "cli/command.h"
+#include "cli/text_numbers.h"
+
+namespace cli {
+
+// Options that many commands share.
+inline constexpr OptionSpec kJsonOption{"--json", "", kTextOptJson};
+
+std::vector<CommandSpec> ProjectCommands();  // open, new, class list, report, recover
+std::vector<CommandSpec> FormulaCommands();
+std::vector<CommandSpec> ArgumentCommands();
+std::vector<CommandSpec> AliasCommands();
+std::vector<CommandSpec> DatabaseCommands();
+std::vector<CommandSpec> VisualBasicCommands();
+std::vector<CommandSpec> HelpCommands();
+
+}  // namespace cli

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+// ovformula db: any Jet 4.0 file.
+#include <memory>
+
+#include "cli/commands.h"
+#include "cli/database_schema.h"
+#include "cli/export_format.h"
+#include "cli/invocation.h"
+#include "cli/progress.h"
+#include "cli/suggest.h"
+#include "jet/database.h"
+
+namespace cli {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 1 << 16;  // written to standard output at once
+
+std::unique_ptr<jet::Database> OpenReadOnly(Invocation& invocation) {
+  jet::OpenOptions options;
+  options.read_only = true;
+  return jet::Database::Open(invocation.console().files, invocation.Argument("FILE"), options);
+}
+
+int RunInfo(Invocation& invocation) {
+  auto database = OpenReadOnly(invocation);
+  const jet::HeaderInfo header = database->Header();
+  const std::vector<std::pair<std::string, Cell>> members = {
+      {"File", database->path()},
+      {"Format", "Jet 4.0"},
+      {"Pages", std::int64_t{header.page_count}},
+      {"Bytes", std::int64_t{header.page_count} * 4096},
+      {"Build", std::int64_t{header.build}},
+      {"CodePage", std::int64_t{header.code_page}},
+      {"LCID", std::int64_t{header.lcid}},
+      {"Tables", static_cast<std::int64_t>(database->Tables().size())},
+      {"ReadOnly", database->read_only_reason()},
+  };
+  std::ostream& out = invocation.console().out;
+  if (invocation.Has("--json")) {
+    std::vector<std::pair<std::string, std::string>> json;
+    for (const auto& [name, value] : members) json.emplace_back(name, JsonText(value));
+    out << JsonObject(json) << '\n';
+    return kDone;
+  }
+  for (const auto& [name, value] : members) out << name << '\t' << PlainText(value) << '\n';
+  return kDone;
+}
+
+int RunTables(Invocation& invocation) {
+  auto database = OpenReadOnly(invocation);
+  RowWriter writer(invocation.console().out,
+                   invocation.Has("--json") ? RowFormat::kJson : RowFormat::kPlain, {"Name"});
+  for (const jet::TableInfo& table : database->Tables()) writer.Write({table.name});
+  writer.Finish();
+  return kDone;
+}
+
+int RunSchema(Invocation& invocation) {
+  auto database = OpenReadOnly(invocation);
+  std::ostream& out = invocation.console().out;
+  out << (invocation.Has("--json") ? SchemaAsJson(*database) : SchemaAsText(*database));
+  return kDone;
+}
+
+jet::Table& FindTable(Invocation& invocation, jet::Database& database) {
+  const std::string name = invocation.Argument("TABLE");
+  if (database.HasTable(name)) return database.OpenTable(name);
+  std::vector<std::string> names;
+  for (const jet::TableInfo& table : database.Tables()) names.push_back(table.name);
+  const std::string near = Nearest(name, names);
+  throw CommandError(
+      kRefused, invocation.Text(near.empty() ? kTextUnknownTable : kTextUnknownTableNear,
+                                {{"<File>", database.path()}, {"<Name>", name}, {"<Near>", near}}));
+}
+
+using AppendRow = void (*)(std::string&, const jet::RowBuffer&, const std::vector<jet::Column>&);
+
+void AppendCsvRow(std::string& text, const jet::RowBuffer& row,
+                  const std::vector<jet::Column>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (i > 0) text += ',';
+    AppendCsv(text, row[i], columns[i]);
+  }
+  text += "\r\n";
+}
+
+void AppendJsonRow(std::string& text, const jet::RowBuffer& row,
+                   const std::vector<jet::Column>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    text += i > 0 ? ", " : "{";
+    text += JsonString(columns[i].name) + ": ";
+    AppendJson(text, row[i], columns[i]);
+  }
+  text += "}\n";
+}
+
+// Writes all rows that can be read; returns what was wrong with the others.
+std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, std::string text,
+                                   AppendRow append) {
+  std::ostream& out = invocation.console().out;
+  std::vector<std::string> gaps;
+  jet::Scan scan = table.OpenScan();
+  jet::RowBuffer row;
+  for (bool more = true; more;) {
+    try {
+      more = scan.Next(row);
+    } catch (const jet::Error& error) {
+      if (error.kind() != jet::ErrorKind::kDamaged || gaps.size() == 100) throw;
+      gaps.emplace_back(error.what());
+      continue;
+    }
+    if (more) append(text, row, table.columns());
+    if (text.size() >= kBufferSize || !more) {
+      out << text;
+      text.clear();
+      if (invocation.Interrupted()) throw Interrupted();
+    }
+  }
+  out.flush();
+  return gaps;
+}
+
+int RunExport(Invocation& invocation) {
+  const std::string format = invocation.Option("--format").value_or("csv");
+  if (format != "csv" && format != "jsonl") {
+    throw UsageError(invocation.Text(
+        kTextBadChoice,
+        {{"<Option>", "--format"}, {"<Word>", format}, {"<Choices>", "csv, jsonl"}}));
+  }
+  auto database = OpenReadOnly(invocation);
+  jet::Table& table = FindTable(invocation, *database);
+  std::string head;
+  if (format == "csv") {
+    for (const jet::Column& column : table.columns()) {
+      if (!head.empty()) head += ',';
+      AppendCsvText(head, column.name);
+    }
+    head += "\r\n";
+  }
+  const auto gaps =
+      WriteRows(invocation, table, head, format == "csv" ? AppendCsvRow : AppendJsonRow);
+  for (const std::string& gap : gaps) {
+    invocation.Warn(invocation.Text(kTextExportGap, {{"<Name>", table.name()}, {"<Text>", gap}}));
+  }
+  return gaps.empty() ? kDone : kFile;
+}
+
+std::string PlaceText(const jet::Finding& finding) {
+  std::string text;
+  if (!finding.table.empty()) text += finding.table + ": ";
+  if (finding.place.page != jet::kNoPage) text += "page " + std::to_string(finding.place.page);
+  if (finding.place.row >= 0) text += ", row " + std::to_string(finding.place.row);
+  return text + (text.empty() || text.ends_with(": ") ? "" : ": ") + finding.text;
+}
+
+int RunVerify(Invocation& invocation) {
+  auto database = OpenReadOnly(invocation);
+  Progress progress(invocation);
+  const jet::VerifyResult result = database->Verify([&](std::uint64_t done, std::uint64_t total) {
+    progress.Show(done, total);
+    if (invocation.Interrupted()) throw Interrupted();
+  });
+  progress.End();
+  std::ostream& out = invocation.console().out;
+  if (!result.ok()) {
+    for (const jet::Finding& finding : result.findings) out << PlaceText(finding) << '\n';
+    throw CommandError(kRefused,
+                       invocation.Text(kTextVerifyFindings,
+                                       {{"<Count>", std::to_string(result.findings.size())}}));
+  }
+  out << invocation.Text(kTextVerifyOk, {{"<Pages>", std::to_string(result.pages)},
+                                         {"<Tables>", std::to_string(result.tables)},
+                                         {"<Rows>", std::to_string(result.rows)},
+                                         {"<Indexes>", std::to_string(result.indexes)},
+                                         {"<Entries>", std::to_string(result.entries)}})
+      << '\n';
+  return kDone;
+}
+
+}  // namespace
+
+std::vector<CommandSpec> DatabaseCommands() {
+  const ArgumentSpec file{"FILE", kTextArgDatabase};
+  return {
+      {"db info",
+       kTextCommandDbInfo,
+       {file},
+       {kJsonOption},
+       {"ovformula db info Plant.ovs"},
+       RunInfo},
+      {"db tables",
+       kTextCommandDbTables,
+       {file},
+       {kJsonOption},
+       {"ovformula db tables Plant.ovs"},
+       RunTables},
+      {"db schema",
+       kTextCommandDbSchema,
+       {file},
+       {kJsonOption},
+       {"ovformula db schema Plant.ovs"},
+       RunSchema},
+      {"db export",
+       kTextCommandDbExport,
+       {file, {"TABLE", kTextArgTable}},
+       {{"--format", "FORMAT", kTextOptFormat}},
+       {"ovformula db export Plant.ovs TvbfAlias > aliases.csv",
+        "ovformula db export Plant.ovs TvbfAlias --format jsonl"},
+       RunExport},
+      {"db verify", kTextCommandDbVerify, {file}, {}, {"ovformula db verify Plant.ovs"}, RunVerify},
+  };
+}
+
+}  // namespace cli

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+// ovformula formula ...
+#include <algorithm>
+
+#include "cli/commands.h"
+#include "cli/project_session.h"
+#include "platform/text.h"
+
+namespace cli {
+
+namespace {
+
+using store::FormulaRecord;
+using store::FormulaValues;
+using Use = ProjectSession::Use;
+
+const std::vector<std::string> kColumns = {"ID",       "Name",    "ProgID", "Type",
+                                           "ScanTime", "Enabled", "Comment"};
+
+std::vector<Cell> FormulaCells(const FormulaRecord& formula) {
+  return {std::int64_t{formula.id},
+          formula.name,
+          formula.prog_id,
+          std::int64_t{formula.type},
+          std::int64_t{formula.scan_time},
+          formula.enabled,
+          formula.comment_is_null ? Cell() : Cell(formula.comment)};
+}
+
+// "on Variable Change", "on-variable-change" and "onvariablechange" are one name.
+std::string Squeezed(std::string_view name) {
+  std::string squeezed = platform::FoldCase(name);
+  std::erase_if(squeezed, [](char c) { return c == ' ' || c == '-' || c == '_'; });
+  return squeezed;
+}
+
+std::optional<std::int32_t> TypeOption(Invocation& invocation) {
+  const auto given = invocation.Option("--type");
+  if (!given) return std::nullopt;
+  if (given->size() == 1 && (*given)[0] >= '0' && (*given)[0] < '0' + store::kCallTypes)
+    return (*given)[0] - '0';
+  std::string choices;
+  for (const auto language : {texts::Language::kEnglish, texts::Language::kGerman}) {
+    const texts::TextTable table(language);
+    for (std::int32_t type = 0; type < store::kCallTypes; ++type) {
+      const std::string name = table.Text(store::kFirstCallTypeText + type);
+      if (Squeezed(name) == Squeezed(*given)) return type;
+      if (language == texts::Language::kEnglish) choices += (choices.empty() ? "" : ", ") + name;
+    }
+  }
+  throw UsageError(invocation.Text(kTextUnknownType, {{"<Word>", *given}, {"<Choices>", choices}}));
+}
+
+// The full ProgID of a class that is given as CLASS or PROJECT.CLASS; a class that is not in the
+// list is passed on as it is, the operation refuses it by name.
+std::string ClassOption(ProjectSession& session, const std::string& given) {
+  if (given.find('.') != std::string::npos) return given;
+  for (const store::ClassEntry& entry : session.operations().Classes().classes) {
+    const auto point = entry.prog_id.find('.');
+    if (platform::EqualsIgnoringCase(entry.prog_id.substr(point + 1), given)) return entry.prog_id;
+  }
+  return given;
+}
+
+std::string OnlyClass(Invocation& invocation, ProjectSession& session) {
+  const auto classes = session.operations().Classes().classes;
+  if (classes.size() == 1) return classes.front().prog_id;
+  if (classes.empty()) throw CommandError(kRefused, invocation.Text(kTextNoClasses));
+  std::string choices;
+  for (const auto& entry : classes) choices += (choices.empty() ? "" : ", ") + entry.prog_id;
+  throw CommandError(kRefused, invocation.Text(kTextClassNeeded, {{"<Choices>", choices}}));
+}
+
+void ReadValues(Invocation& invocation, ProjectSession& session, FormulaValues& values) {
+  if (const auto name = invocation.Option("--name")) values.name = *name;
+  if (const auto prog_id = invocation.Option("--class"))
+    values.prog_id = ClassOption(session, *prog_id);
+  if (const auto type = TypeOption(invocation)) values.type = *type;
+  if (const auto scan_time = invocation.NumberOption("--scan-time")) values.scan_time = *scan_time;
+  if (const auto enabled = invocation.Switch("--enabled", "--disabled")) values.enabled = *enabled;
+  if (const auto comment = invocation.Option("--comment")) values.comment = *comment;
+}
+
+int RunList(Invocation& invocation) {
+  const auto type = TypeOption(invocation);
+  const auto prog_id = invocation.Option("--class");
+  ProjectSession session(invocation, Use::kRows);
+  RowWriter writer(invocation.console().out, invocation.ListFormat(), kColumns);
+  session.operations().ForEachFormula([&](const FormulaRecord& formula) {
+    const std::string class_name = formula.prog_id.substr(formula.prog_id.find('.') + 1);
+    if (type && formula.type != *type) return;
+    if (prog_id && !platform::EqualsIgnoringCase(*prog_id, formula.prog_id) &&
+        !platform::EqualsIgnoringCase(*prog_id, class_name)) {
+      return;
+    }
+    writer.Write(FormulaCells(formula));
+  });
+  writer.Finish();
+  return kDone;
+}
+
+std::string ArgumentJson(const store::ArgumentRecord& argument) {
+  return JsonObject({{"ID", std::to_string(argument.id)},
+                     {"ParentID", std::to_string(argument.parent_id)},
+                     {"AliasID", std::to_string(argument.alias_id)},
+                     {"VBAlias", JsonString(argument.vb_alias)},
+                     {"ItemID", JsonString(argument.item_id)},
+                     {"In", argument.in ? "true" : "false"},
+                     {"Out", argument.out ? "true" : "false"}});
+}
+
+int RunShow(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kRows);
+  const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
+  const auto arguments = session.operations().ArgumentsOf(formula.id);
+  const auto cells = FormulaCells(formula);
+  std::ostream& out = invocation.console().out;
+  if (invocation.Has("--json")) {
+    std::vector<std::pair<std::string, std::string>> members;
+    for (std::size_t i = 0; i < cells.size(); ++i)
+      members.emplace_back(kColumns[i], JsonText(cells[i]));
+    std::string list;
+    for (const auto& argument : arguments)
+      list += (list.empty() ? "" : ", ") + ArgumentJson(argument);
+    members.emplace_back("arguments", "[" + list + "]");
+    out << JsonObject(members) << '\n';
+    return kDone;
+  }
+  for (std::size_t i = 0; i < cells.size(); ++i)
+    out << kColumns[i] << '\t' << PlainText(cells[i]) << '\n';
+  for (const auto& argument : arguments) {
+    out << "Argument\t" << PlainText(argument.vb_alias) << '\t' << PlainText(argument.item_id)
+        << (argument.in ? "\tIn" : "\t") << (argument.out ? "\tOut" : "\t") << '\n';
+  }
+  return kDone;
+}
+
+int RunAdd(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  FormulaValues values;
+  ReadValues(invocation, session, values);
+  if (values.prog_id.empty()) values.prog_id = OnlyClass(invocation, session);
+  if (values.name.empty()) values.name = session.operations().ProposeFormulaName();
+  const auto result = session.operations().AddFormula(values, session.MakeOptions());
+  session.Report(result);
+  if (!session.dry_run())
+    invocation.console().out << result.id() << '\t' << PlainText(values.name) << '\n';
+  return kDone;
+}
+
+int RunEdit(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
+  FormulaValues values = formula;
+  ReadValues(invocation, session, values);
+  auto options = session.MakeOptions<store::EditFormulaOptions>();
+  options.with_code = invocation.Has("--with-code");
+  session.Report(session.operations().EditFormula(formula.id, values, options));
+  return kDone;
+}
+
+int RunDelete(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kChange);
+  std::vector<std::int32_t> ids;
+  for (const std::string& name : invocation.Arguments("FORMULA"))
+    ids.push_back(session.Formula(name).id);
+  session.Report(session.operations().DeleteFormulas(ids, session.MakeOptions()));
+  return kDone;
+}
+
+int RunCode(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kCode);
+  const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
+  std::string text = session.project().code().FunctionText(formula.prog_id, formula.name, true);
+  if (text.empty()) {
+    throw CommandError(kRefused, invocation.Text(kTextNoCode, {{"<Class>", formula.prog_id},
+                                                               {"<Name>", formula.name}}));
+  }
+  std::erase(text, '\r');
+  invocation.console().out << text << '\n';
+  return kDone;
+}
+
+std::vector<OptionSpec> ValueOptions() {
+  return {{"--name", "NAME", kTextOptName},      {"--class", "CLASS", kTextOptClass},
+          {"--type", "TYPE", kTextOptType},      {"--scan-time", "MS", kTextOptScanTime},
+          {"--enabled", "", kTextOptEnabled},    {"--disabled", "", kTextOptDisabled},
+          {"--comment", "TEXT", kTextOptComment}};
+}
+
+std::vector<OptionSpec> EditOptions() {
+  std::vector<OptionSpec> options = ValueOptions();
+  options.push_back({"--with-code", "", kTextOptWithCode});
+  return ChangeOptions(options);
+}
+
+}  // namespace
+
+std::vector<CommandSpec> FormulaCommands() {
+  const ArgumentSpec project{"PROJECT.ovs", kTextArgProject};
+  const ArgumentSpec formula{"FORMULA", kTextArgFormula};
+  return {
+      {"formula list",
+       kTextCommandFormulaList,
+       {project},
+       {{"--class", "CLASS", kTextOptFilterClass},
+        {"--type", "TYPE", kTextOptFilterType},
+        kJsonOption},
+       {"ovformula formula list Plant.ovs",
+        "ovformula formula list Plant.ovs --type asynchronous --json"},
+       RunList},
+      {"formula show",
+       kTextCommandFormulaShow,
+       {project, formula},
+       {kJsonOption},
+       {"ovformula formula show Plant.ovs FillTank --json"},
+       RunShow},
+      {"formula add",
+       kTextCommandFormulaAdd,
+       {project},
+       ChangeOptions(ValueOptions()),
+       {"ovformula formula add Plant.ovs --name FillTank --class PumpServer.CPump",
+        "ovformula formula add Plant.ovs --type asynchronous --scan-time 500"},
+       RunAdd},
+      {"formula edit",
+       kTextCommandFormulaEdit,
+       {project, formula},
+       EditOptions(),
+       {"ovformula formula edit Plant.ovs FillTank --name EmptyTank",
+        "ovformula formula edit Plant.ovs FillTank --class CTank --with-code --dry-run"},
+       RunEdit},
+      {"formula delete",
+       kTextCommandFormulaDelete,
+       {project, {"FORMULA", kTextArgFormulas, true, true}},
+       ChangeOptions({}),
+       {"ovformula formula delete Plant.ovs FillTank",
+        "ovformula formula delete Plant.ovs - < names.txt"},
+       RunDelete},
+      {"formula code",
+       kTextCommandFormulaCode,
+       {project, formula},
+       CodeOptions({}),
+       {"ovformula formula code Plant.ovs FillTank"},
+       RunCode},
+  };
+}
+
+}  // namespace cli

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// ovformula open, new, class, report, recover.
+#include "cli/commands.h"
+#include "cli/desktop.h"
+#include "cli/project_session.h"
+#include "files/recovery.h"
+#include "files/replace_file.h"
+#include "workbench/new_project.h"
+#include "workbench/report.h"
+
+namespace cli {
+
+namespace {
+
+using Use = ProjectSession::Use;
+
+int RunOpen(Invocation& invocation) { return OpenDesktop(invocation); }
+
+int RunNew(Invocation& invocation) {
+  workbench::NewProjectOptions options;
+  options.into = invocation.Has("--into");
+  options.vb_files = invocation.Options("--vbp");
+  Console& console = invocation.console();
+  const std::string path = invocation.Argument("PROJECT.ovs");
+  if (!options.into && console.files.Exists(path)) {
+    throw CommandError(kRefused, invocation.Text(kTextFileExists, {{"<File>", path}}));
+  }
+  for (const std::string& file : workbench::MakeProject(console.files, path, options)) {
+    console.err << invocation.Text(kTextProjectMade, {{"<File>", file}}) << '\n';
+  }
+  return kDone;
+}
+
+int RunClassList(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kCode);
+  const store::ClassList list = session.operations().Classes();
+  RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ProgID", "File"});
+  for (const store::ClassEntry& entry : list.classes) writer.Write({entry.prog_id, entry.file});
+  writer.Finish();
+  for (const codegen::Warning& warning : list.warnings) invocation.Warn(warning.message);
+  return kDone;
+}
+
+int RunReport(Invocation& invocation) {
+  ProjectSession session(invocation, Use::kCode);
+  Console& console = invocation.console();
+  const std::string html = workbench::MakeReport(session.project(), invocation.texts());
+  if (const auto output = invocation.Option("--output")) {
+    files::ReplaceFile(console.files, *output, html);
+  } else {
+    console.out << html;
+  }
+  return kDone;
+}
+
+std::optional<files::RecoveryChoice> ChoiceOption(Invocation& invocation) {
+  invocation.Exclude("--before", "--after");
+  invocation.Exclude("--before", "--discard");
+  invocation.Exclude("--after", "--discard");
+  if (invocation.Has("--before")) return files::RecoveryChoice::kBefore;
+  if (invocation.Has("--after")) return files::RecoveryChoice::kAfter;
+  if (invocation.Has("--discard")) return files::RecoveryChoice::kDiscard;
+  return std::nullopt;
+}
+
+void PrintWay(Invocation& invocation, std::string_view option,
+              const files::RecoveryPlan::Way& way) {
+  std::ostream& out = invocation.console().out;
+  out << option << '\n';
+  if (!way.possible) out << "  " << way.reason << '\n';
+  for (const std::string& step : way.steps) out << "  " << step << '\n';
+}
+
+// Shows the plan; 1 when there is something to decide.
+int ShowPlan(Invocation& invocation, const files::RecoveryPlan& plan) {
+  std::ostream& out = invocation.console().out;
+  if (plan.condition == files::JournalCondition::kNone) {
+    out << invocation.Text(kTextNothingToRecover) << '\n';
+    return kDone;
+  }
+  out << plan.message << '\n';
+  for (const files::RecoveryFile& file : plan.files) {
+    out << invocation.Text(kTextRecoverFile, {{"<File>", file.path}, {"<State>", file.description}})
+        << '\n';
+  }
+  PrintWay(invocation, "--before", plan.before);
+  PrintWay(invocation, "--after", plan.after);
+  PrintWay(invocation, "--discard", plan.discard);
+  out << invocation.Text(kTextRecoverChoose) << '\n';
+  return kRefused;
+}
+
+int RunRecover(Invocation& invocation) {
+  const auto choice = ChoiceOption(invocation);
+  Console& console = invocation.console();
+  const std::string path = invocation.Argument("PROJECT.ovs");
+  if (!choice) return ShowPlan(invocation, files::ExamineJournal(console.files, path));
+  files::Resolve(console.files, path, *choice);
+  console.out << invocation.Text(kTextRecovered) << '\n';
+  return kDone;
+}
+
+}  // namespace
+
+std::vector<CommandSpec> ProjectCommands() {
+  const ArgumentSpec project{"PROJECT.ovs", kTextArgProject};
+  return {
+      {"open",
+       kTextCommandOpen,
+       {project},
+       {},
+       {"ovformula open Plant.ovs", "ovformula Plant.ovs"},
+       RunOpen},
+      {"new",
+       kTextCommandNew,
+       {project},
+       {{"--into", "", kTextOptInto}, {"--vbp", "FILE", kTextOptVbp, true}},
+       {"ovformula new Plant.ovs", "ovformula new Plant.ovs --vbp server/PumpServer.vbp",
+        "ovformula new Old.ovs --into"},
+       RunNew},
+      {"class list",
+       kTextCommandClassList,
+       {project},
+       CodeOptions({kJsonOption}),
+       {"ovformula class list Plant.ovs"},
+       RunClassList},
+      {"report",
+       kTextCommandReport,
+       {project},
+       CodeOptions({{"--output", "FILE", kTextOptOutput}}),
+       {"ovformula report Plant.ovs --output report.html"},
+       RunReport},
+      {"recover",
+       kTextCommandRecover,
+       {project},
+       {{"--before", "", kTextOptBefore},
+        {"--after", "", kTextOptAfter},
+        {"--discard", "", kTextOptDiscard}},
+       {"ovformula recover Plant.ovs", "ovformula recover Plant.ovs --before"},
+       RunRecover},
+  };
+}
+
+}  // namespace cli

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "cli/project_session.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "cli/commands.h"
+#include "cli/suggest.h"
+#include "cli/unified_diff.h"
+#include "files/change_set.h"
+#include "platform/text.h"
+#include "workbench/user_folders.h"
+
+namespace cli {
+
+namespace {
+
+constexpr OptionSpec kVbp{"--vbp", "FILE", kTextOptVbp, true};
+constexpr OptionSpec kCodePage{"--code-page", "NUMBER", kTextOptCodePage};
+
+workbench::ProjectOptions OptionsOf(Invocation& invocation, ProjectSession::Use use) {
+  workbench::ProjectOptions options;
+  options.with_code = use != ProjectSession::Use::kRows && !invocation.Has("--no-code");
+  options.read_only = use != ProjectSession::Use::kChange;
+  options.vb_files = invocation.Options("--vbp");
+  options.items_file = invocation.Option("--items").value_or("");
+  options.state_folder =
+      workbench::FindUserFolders(invocation.console().files, invocation.console().environment)
+          .state;
+  options.vb.code_page = invocation.NumberOption("--code-page").value_or(options.vb.code_page);
+  options.vb.writable_folders = invocation.Options("--allow-folder");
+  return options;
+}
+
+std::optional<std::int32_t> ParseId(std::string_view name) {
+  if (name.starts_with('#')) name.remove_prefix(1);
+  std::int32_t id = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), id);
+  return error == std::errc() && end == name.data() + name.size() ? std::optional(id)
+                                                                  : std::nullopt;
+}
+
+std::string FullName(const store::FormulaRecord& formula) {
+  return formula.prog_id.empty() ? formula.name : formula.prog_id + "." + formula.name;
+}
+
+// Whether "CLASS" or "PROJECT.CLASS" names the class of a ProgID.
+bool NamesClass(std::string_view given, std::string_view prog_id) {
+  if (platform::EqualsIgnoringCase(given, prog_id)) return true;
+  const auto point = prog_id.find('.');
+  return point != std::string_view::npos &&
+         platform::EqualsIgnoringCase(given, prog_id.substr(point + 1));
+}
+
+// A value as JSON-like plain text of the dry run.
+Cell ToCell(const platform::Variant& value) {
+  if (value.IsNull() || value.IsEmpty()) return std::monostate();
+  if (const auto* flag = value.Get<bool>()) return *flag;
+  if (const auto* number = value.Get<std::int32_t>()) return std::int64_t{*number};
+  return value.ToText();
+}
+
+}  // namespace
+
+std::vector<OptionSpec> CodeOptions(std::vector<OptionSpec> own) {
+  own.insert(own.end(), {kVbp, kCodePage});
+  return own;
+}
+
+std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
+  own.insert(own.end(), {kVbp,
+                         {"--items", "FILE", kTextOptItems},
+                         {"--allow-folder", "FOLDER", kTextOptAllowFolder, true},
+                         kCodePage,
+                         {"--no-code", "", kTextOptNoCode},
+                         {"--dry-run", "", kTextOptDryRun}});
+  return own;
+}
+
+ProjectSession::ProjectSession(Invocation& invocation, Use use)
+    : invocation_(invocation),
+      project_(std::make_unique<workbench::Project>(
+          invocation.console().files, invocation.Argument("PROJECT.ovs"),
+          OptionsOf(invocation, use), invocation.texts())),
+      progress_(invocation) {
+  if (!project_->vb()) return;
+  for (const std::string& problem : project_->vb()->Problems()) invocation.Warn(problem);
+}
+
+store::OperationOptions ProjectSession::BaseOptions() {
+  store::OperationOptions options;
+  options.with_rows_only = invocation_.Has("--no-code");
+  options.dry_run = dry_run();
+  if (dry_run()) options.inspect = [this] { KeepCode(); };
+  options.progress = [this](std::size_t done, std::size_t total) {
+    progress_.Show(done, total);
+    return !invocation_.Interrupted();
+  };
+  return options;
+}
+
+// The code as the operation would leave it, compared with the files.
+void ProjectSession::KeepCode() {
+  if (!project_->vb()) return;
+  files::ChangeSet changes;
+  project_->vb()->Collect(changes);
+  for (const files::FileChange& change : changes.files) {
+    diff_ += UnifiedDiff(change.path, change.before.value_or(""), change.after.value_or(""));
+  }
+}
+
+void ProjectSession::PrintRows(const store::OperationResult& result) {
+  std::ostream& out = invocation_.console().out;
+  for (const store::RowChange& row : result.rows) {
+    out << static_cast<char>(row.kind) << '\t' << row.table;
+    for (const auto& [name, value] : row.members) out << '\t' << PlainText(ToCell(value));
+    out << '\n';
+  }
+  out << diff_;
+}
+
+void ProjectSession::Report(const store::OperationResult& result) {
+  progress_.End();
+  for (const codegen::Warning& warning : result.warnings) invocation_.Warn(warning.message);
+  if (project_->vb()) {
+    for (const auto& replaced : project_->vb()->TakeReplacedCharacters()) {
+      invocation_.Warn(
+          invocation_.Text(kTextReplacedCharacters, {{"<File>", replaced.file},
+                                                     {"<Line>", std::to_string(replaced.line)},
+                                                     {"<Text>", replaced.characters}}));
+    }
+  }
+  if (result.success()) {
+    if (dry_run()) PrintRows(result);
+    return;
+  }
+  if (result.outcome == store::Outcome::kCancelled) throw Interrupted();
+  const std::string message =
+      result.detail.empty() ? result.message : result.message + "\n" + result.detail;
+  throw CommandError(result.outcome == store::Outcome::kFileProblem ? kFile : kRefused, message);
+}
+
+store::FormulaRecord ProjectSession::Formula(const std::string& name) {
+  // A name may itself hold no point, so the last part is the procedure.
+  const auto point = name.rfind('.');
+  const std::string procedure = point == std::string::npos ? name : name.substr(point + 1);
+  std::vector<store::FormulaRecord> found = operations().FindFormulasByName(procedure);
+  if (point != std::string::npos) {
+    std::erase_if(found, [&](const auto& formula) {
+      return !NamesClass(name.substr(0, point), formula.prog_id);
+    });
+  }
+  if (found.size() == 1) return found.front();
+  if (found.size() > 1) {
+    std::string candidates;
+    for (const auto& formula : found) {
+      candidates += (candidates.empty() ? "" : ", ") + FullName(formula) + " (#" +
+                    std::to_string(formula.id) + ")";
+    }
+    throw CommandError(
+        kRefused,
+        invocation_.Text(kTextAmbiguousFormula, {{"<Name>", name}, {"<Candidates>", candidates}}));
+  }
+  if (const auto id = ParseId(name)) {
+    if (auto formula = operations().FindFormula(*id)) return *formula;
+  }
+  std::vector<std::string> names;
+  operations().ForEachFormula(
+      [&](const store::FormulaRecord& formula) { names.push_back(formula.name); });
+  const std::string near = Nearest(procedure, names);
+  throw CommandError(kRefused,
+                     invocation_.Text(near.empty() ? kTextUnknownFormula : kTextUnknownFormulaNear,
+                                      {{"<Name>", name}, {"<Near>", near}}));
+}
+
+store::AliasRecord ProjectSession::Alias(const std::string& name) {
+  if (auto alias = operations().FindAliasByName(name)) return *alias;
+  std::vector<std::string> names;
+  operations().ForEachAlias(
+      [&](const store::AliasRecord& alias) { names.push_back(alias.vb_alias); });
+  const std::string near = Nearest(name, names);
+  throw CommandError(kRefused,
+                     invocation_.Text(near.empty() ? kTextUnknownAlias : kTextUnknownAliasNear,
+                                      {{"<Name>", name}, {"<Near>", near}}));
+}
+
+store::ArgumentRecord ProjectSession::Argument(const store::FormulaRecord& formula,
+                                               const std::string& alias) {
+  for (const store::ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
+    if (platform::EqualsIgnoringCase(argument.vb_alias, alias)) return argument;
+  }
+  throw CommandError(kRefused,
+                     invocation_.Text(kTextUnknownArgument,
+                                      {{"<Alias>", alias}, {"<Formula>", FullName(formula)}}));
+}
+
+}  // namespace cli

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// What the commands on projects share: opening, names, results.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/invocation.h"
+#include "cli/progress.h"
+#include "store/operations.h"
+#include "workbench/project.h"
+
+namespace cli {
+
+// Options of every command that changes something.
+std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own);
+// Options of commands that look at code without changing it.
+std::vector<OptionSpec> CodeOptions(std::vector<OptionSpec> own);
+
+// An open project and the call it serves.
+class ProjectSession {
+ public:
+  enum class Use { kRows, kCode, kChange };
+  ProjectSession(Invocation& invocation, Use use);
+
+  workbench::Project& project() { return *project_; }
+  store::Operations& operations() { return project_->operations(); }
+
+  // Options for an operation: --no-code, --dry-run, progress and Ctrl+C.
+  template <class Options = store::OperationOptions>
+  Options MakeOptions() {
+    Options options;
+    static_cast<store::OperationOptions&>(options) = BaseOptions();
+    return options;
+  }
+
+  // Prints warnings, the rows and code of a dry run, and raises CommandError unless it is done.
+  void Report(const store::OperationResult& result);
+  bool dry_run() const { return invocation_.Has("--dry-run"); }
+
+  // The formula that NAME, CLASS.NAME, PROJECT.CLASS.NAME, ID or #ID means. Raises CommandError
+  // with suggestions or candidates.
+  store::FormulaRecord Formula(const std::string& name);
+  store::AliasRecord Alias(const std::string& name);
+  // The argument of the formula that passes the alias.
+  store::ArgumentRecord Argument(const store::FormulaRecord& formula, const std::string& alias);
+
+ private:
+  store::OperationOptions BaseOptions();
+  void KeepCode();
+  void PrintRows(const store::OperationResult& result);
+
+  Invocation& invocation_;
+  std::unique_ptr<workbench::Project> project_;
+  Progress progress_;
+  std::string diff_;  // of the code, in a dry run
+};
+
+}  // namespace cli

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "workbench/new_visual_basic_project.h"
+
+#include <span>
+#include <string_view>
+
+#include "codegen/identifier.h"
+#include "files/error.h"
+#include "files/replace_file.h"
+#include "platform/text.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr std::string_view kClassName = "CFormulas";
+
+constexpr std::string_view kProjectText =
+    "Type=OleDll\r\n"
+    "Reference=*\\G{00020430-0000-0000-C000-000000000046}#2.0#0#"
+    "..\\..\\..\\Windows\\SysWOW64\\stdole2.tlb#OLE Automation\r\n"
+    "Class=CFormulas; CFormulas.cls\r\n"
+    "Startup=\"(None)\"\r\n"
+    "HelpFile=\"\"\r\n"
+    "Title=\"<Name>\"\r\n"
+    "ExeName32=\"<Name>.dll\"\r\n"
+    "Command32=\"\"\r\n"
+    "Name=\"<Name>\"\r\n"
+    "HelpContextID=\"0\"\r\n"
+    "CompatibleMode=\"1\"\r\n"
+    "MajorVer=1\r\n"
+    "MinorVer=0\r\n"
+    "RevisionVer=0\r\n"
+    "AutoIncrementVer=0\r\n"
+    "ServerSupportFiles=0\r\n"
+    "CompilationType=0\r\n"
+    "OptimizationType=0\r\n"
+    "FavorPentiumPro(tm)=0\r\n"
+    "CodeViewDebugInfo=0\r\n"
+    "NoAliasing=0\r\n"
+    "BoundsCheck=0\r\n"
+    "OverflowCheck=0\r\n"
+    "FlPointCheck=0\r\n"
+    "FDIVCheck=0\r\n"
+    "UnroundedFP=0\r\n"
+    "StartMode=1\r\n"
+    "Unattended=0\r\n"
+    "Retained=0\r\n"
+    "ThreadPerObject=0\r\n"
+    "MaxNumberOfThreads=1\r\n"
+    "ThreadingModel=1\r\n"
+    "\r\n"
+    "[MS Transaction Server]\r\n"
+    "AutoRefresh=1\r\n";
+
+constexpr std::string_view kClassText =
+    "VERSION 1.0 CLASS\r\n"
+    "BEGIN\r\n"
+    "  MultiUse = -1  'True\r\n"
+    "  Persistable = 0  'NotPersistable\r\n"
+    "  DataBindingBehavior = 0  'vbNone\r\n"
+    "  DataSourceBehavior  = 0  'vbNone\r\n"
+    "  MTSTransactionMode  = 0  'NotAnMTSObject\r\n"
+    "END\r\n"
+    "Attribute VB_Name = \"CFormulas\"\r\n"
+    "Attribute VB_GlobalNameSpace = False\r\n"
+    "Attribute VB_Creatable = True\r\n"
+    "Attribute VB_PredeclaredId = False\r\n"
+    "Attribute VB_Exposed = True\r\n"
+    "Option Explicit\r\n";
+
+std::string WithoutExtension(const std::string& file_name) {
+  const auto point = file_name.rfind('.');
+  return point == std::string::npos || point == 0 ? file_name : file_name.substr(0, point);
+}
+
+std::string Replaced(std::string_view pattern, std::string_view name) {
+  constexpr std::string_view kPlaceholder = "<Name>";
+  std::string text(pattern);
+  for (std::size_t at = 0; (at = text.find(kPlaceholder, at)) != std::string::npos;
+       at += name.size()) {
+    text.replace(at, kPlaceholder.size(), name);
+  }
+  return text;
+}
+
+std::string ToWindows1252(std::string_view text) {
+  std::string bytes;
+  for (std::size_t at = 0; at < text.size();) {
+    bytes +=
+        static_cast<char>(platform::ToWindows1252(platform::NextCodePoint(text, at)).value_or('_'));
+  }
+  return bytes;
+}
+
+void WriteNew(files::FileSystem& system, const std::string& path, std::string_view contents) {
+  auto file = system.Open(path, files::OpenMode::kCreateNew);
+  file->WriteAt(0, std::as_bytes(std::span(contents)));
+  file->Sync();
+}
+
+}  // namespace
+
+std::string FormulaProjectName(const files::FileSystem& system, const std::string& database_path) {
+  const std::string base = WithoutExtension(system.FileName(database_path));
+  const std::string cleaned = codegen::CleanIdentifier(base);
+  // No identifier of Visual Basic begins with an underscore.
+  return (cleaned.starts_with('_') ? "P" : "") + cleaned + "Formulas";
+}
+
+std::string FormulaProjectPath(const files::FileSystem& system, const std::string& database_path) {
+  const std::string base = WithoutExtension(system.FileName(database_path));
+  return system.Join(system.Folder(database_path), base + "Formulas.vbp");
+}
+
+std::vector<std::string> MakeVisualBasicProject(files::FileSystem& system,
+                                                const std::string& vbp_path,
+                                                const std::string& name) {
+  const std::string folder = system.Folder(vbp_path);
+  const std::string class_path = system.Join(folder, std::string(kClassName) + ".cls");
+  if (!folder.empty()) system.CreateDirectories(folder);
+  WriteNew(system, class_path, kClassText);
+  try {
+    WriteNew(system, vbp_path, ToWindows1252(Replaced(kProjectText, name)));
+    system.SyncDirectory(folder.empty() ? "." : folder);
+  } catch (const files::Error&) {
+    system.Remove(class_path);
+    throw;
+  }
+  return {vbp_path, class_path};
+}
+
+}  // namespace workbench

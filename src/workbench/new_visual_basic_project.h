@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "files/file_system.h"
+
+namespace workbench {
+
+// The name of the formula server project of a database: the database's name made a Visual Basic
+// identifier, with "Formulas" behind it.
+std::string FormulaProjectName(const files::FileSystem& system, const std::string& database_path);
+
+// Where that project is made when nobody says otherwise: beside the database.
+std::string FormulaProjectPath(const files::FileSystem& system, const std::string& database_path);
+
+// Writes an ActiveX DLL project of that name with one public class CFormulas, as the development
+// environment writes them. Returns the files made. Raises files::Error (kExists when one of them
+// is there); nothing is left behind then.
+std::vector<std::string> MakeVisualBasicProject(files::FileSystem& system,
+                                                const std::string& vbp_path,
+                                                const std::string& name);
+
+}  // namespace workbench

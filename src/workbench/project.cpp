@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "workbench/project.h"
+
+#include <cstdint>
+
+#include "workbench/connection_participant.h"
+
+namespace workbench {
+
+namespace {
+
+std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
+                      const ProjectOptions& options) {
+  if (!options.items_file.empty()) return options.items_file;
+  return system.Join(system.Folder(database_path), "items.csv");
+}
+
+std::string ConnectionString(const std::string& path, bool read_only) {
+  return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path +
+         ";Mode=" + (read_only ? "Read" : "Read|Write") + "|Share Deny None;";
+}
+
+std::shared_ptr<recordset::JetConnection> OpenConnection(files::FileSystem& system,
+                                                         const std::string& path, bool read_only) {
+  auto connection = std::make_shared<recordset::JetConnection>(system);
+  connection->Open(ConnectionString(path, read_only));
+  return connection;
+}
+
+std::unique_ptr<ComponentListFile> OpenComponents(files::FileSystem& system,
+                                                  const std::string& path,
+                                                  const ProjectOptions& options) {
+  if (options.state_folder.empty() || !options.with_code) return nullptr;
+  return std::make_unique<ComponentListFile>(system,
+                                             ComponentListPath(system, options.state_folder, path));
+}
+
+// FNV-1a: short, and the same on every machine.
+std::string HashText(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037u;
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+  std::string digits(16, '0');
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, hash >>= 4) {
+    *digit = "0123456789abcdef"[hash & 15];
+  }
+  return digits;
+}
+
+}  // namespace
+
+std::string StudioProjectName(const files::FileSystem& system, const std::string& database_path) {
+  const std::string name = system.FileName(database_path);
+  const auto point = name.rfind('.');
+  return point == std::string::npos || point == 0 ? name : name.substr(0, point);
+}
+
+std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,
+                              const std::string& database_path) {
+  const std::string name = StudioProjectName(system, database_path);
+  return system.Join(state_folder, "components-" + name + "-" +
+                                       HashText(system.Canonical(database_path)) + ".txt");
+}
+
+Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
+                 const texts::TextTable& texts)
+    : system_(system),
+      path_(path),
+      connection_(OpenConnection(system, path, options.read_only)),
+      database_(connection_),
+      items_(system, ItemsPath(system, path, options), !options.items_file.empty()),
+      components_(OpenComponents(system, path, options)),
+      unit_(system, path),
+      code_(texts, &items_, components_.get()) {
+  unit_.Enlist(database_);
+  if (components_) unit_.Enlist(*components_);
+  if (options.with_code) OpenVisualBasic(options);
+  code_.Initialize(connection_, vb_, StudioProjectName(system, path));
+  operations_ = std::make_unique<store::Operations>(
+      store::Operations::Parts{connection_, vb_, &code_, &unit_, &texts});
+}
+
+Project::~Project() = default;
+
+void Project::OpenVisualBasic(const ProjectOptions& options) {
+  vb_ = std::make_shared<vbfiles::Environment>(system_, options.vb);
+  const std::string folder = system_.Folder(path_);
+  const auto found = options.vb_files.empty()
+                         ? vbfiles::FindProjectFiles(system_, folder.empty() ? "." : folder)
+                         : options.vb_files;
+  for (const std::string& file : found) vb_->Open(file);
+  unit_.Enlist(*vb_);
+}
+
+}  // namespace workbench

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "workbench/report.h"
+
+#include <map>
+#include <unordered_map>
+#include <vector>
+
+#include "codegen/data_type.h"
+#include "workbench/html.h"
+#include "workbench/report_style.h"
+
+namespace workbench {
+
+namespace {
+
+enum ReportText : int {
+  kTitle = 1700,
+  kContents,
+  kFormulasOf,
+  kNoClass,
+  kCallType,
+  kScanTime,
+  kState,
+  kEnabled,
+  kDisabled,
+  kComment,
+  kArguments,
+  kNoArguments,
+  kAlias,
+  kItem,
+  kDirection,
+  kIn,
+  kOut,
+  kInOut,
+  kNeither,
+  kNoCode,
+  kAliases,
+  kType,
+  kUses,
+  kUnused,
+  kNoneUnused,
+  kFormulas,
+  kNoFormulas,
+  kLanguage,
+};
+
+struct Formula {
+  store::FormulaRecord record;
+  std::vector<store::ArgumentRecord> arguments;
+};
+
+class Report {
+ public:
+  Report(Project& project, const texts::TextTable& texts) : project_(project), texts_(texts) {}
+
+  std::string Make() {
+    Read();
+    const std::string title =
+        Text(kTitle) + " " +
+        EscapeHtml(project_.path().substr(project_.path().find_last_of("\\/") + 1));
+    html_ = "<!DOCTYPE html>\n<html lang=\"" + Text(kLanguage) +
+            "\">\n<head>\n<meta charset=\"utf-8\">\n<meta name=\"viewport\" "
+            "content=\"width=device-width\">\n<title>" +
+            title + "</title>\n<style>\n" + kReportStyle + "</style>\n</head>\n<body>\n<h1>" +
+            title + "</h1>\n";
+    AddCounts();
+    AddContents();
+    for (const auto& [prog_id, formulas] : classes_) AddClass(prog_id, formulas);
+    AddAliases();
+    AddUnused();
+    return html_ + "</body>\n</html>\n";
+  }
+
+ private:
+  std::string Text(int number) const { return EscapeHtml(texts_.Text(number)); }
+
+  void Read() {
+    store::Operations& operations = project_.operations();
+    operations.ForEachFormula([&](const store::FormulaRecord& record) {
+      formulas_.push_back({record, {}});
+    });
+    for (Formula& formula : formulas_) {
+      formula.arguments = operations.ArgumentsOf(formula.record.id);
+      for (const store::ArgumentRecord& argument : formula.arguments)
+        uses_[argument.alias_id].push_back(&formula);
+      classes_[formula.record.prog_id].push_back(&formula);
+    }
+    operations.ForEachAlias([&](const store::AliasRecord& alias) { aliases_.push_back(alias); });
+  }
+
+  void AddCounts() {
+    std::size_t arguments = 0;
+    for (const Formula& formula : formulas_) arguments += formula.arguments.size();
+    html_ += "<p class=\"counts\">" + Text(kFormulas) + ": " + std::to_string(formulas_.size()) +
+             " · " + Text(kArguments) + ": " + std::to_string(arguments) + " · " + Text(kAliases) +
+             ": " + std::to_string(aliases_.size()) + "</p>\n";
+  }
+
+  std::string ClassTitle(const std::string& prog_id) const {
+    return prog_id.empty() ? Text(kNoClass) : EscapeHtml(prog_id);
+  }
+
+  void AddContents() {
+    html_ += "<nav>\n<h2>" + Text(kContents) + "</h2>\n<ul>\n";
+    if (formulas_.empty()) html_ += "<li>" + Text(kNoFormulas) + "</li>\n";
+    std::size_t number = 0;
+    for (const auto& [prog_id, formulas] : classes_) {
+      html_ += "<li><a href=\"#c" + std::to_string(number++) + "\">" + ClassTitle(prog_id) +
+               "</a>\n<ul class=\"names\">\n";
+      for (const Formula* formula : formulas) html_ += "<li>" + Link(*formula) + "</li>\n";
+      html_ += "</ul></li>\n";
+    }
+    html_ += "<li><a href=\"#aliases\">" + Text(kAliases) + "</a></li>\n<li><a href=\"#unused\">" +
+             Text(kUnused) + "</a></li>\n</ul>\n</nav>\n";
+  }
+
+  static std::string Link(const Formula& formula) {
+    return "<a href=\"#f" + std::to_string(formula.record.id) + "\">" +
+           EscapeHtml(formula.record.name) + "</a>";
+  }
+
+  void AddClass(const std::string& prog_id, const std::vector<const Formula*>& formulas) {
+    html_ += "<section>\n<h2 id=\"c" + std::to_string(class_number_++) + "\">" + Text(kFormulasOf) +
+             " " + ClassTitle(prog_id) + "</h2>\n";
+    for (const Formula* formula : formulas) AddFormula(*formula);
+    html_ += "</section>\n";
+  }
+
+  void AddFormula(const Formula& formula) {
+    const store::FormulaRecord& record = formula.record;
+    html_ += "<article" + std::string(record.enabled ? "" : " class=\"off\"") + ">\n<h3 id=\"f" +
+             std::to_string(record.id) + "\">" + EscapeHtml(record.name) + "</h3>\n<dl>\n";
+    AddTerm(kCallType, Text(store::kFirstCallTypeText + record.type));
+    if (record.type == store::kAsynchronous)
+      AddTerm(kScanTime, std::to_string(record.scan_time) + " ms");
+    AddTerm(kState, Text(record.enabled ? kEnabled : kDisabled));
+    if (!record.comment.empty()) AddTerm(kComment, EscapeHtml(record.comment));
+    html_ += "</dl>\n";
+    AddArguments(formula);
+    AddCode(record);
+    html_ += "</article>\n";
+  }
+
+  void AddTerm(int name, const std::string& value) {
+    html_ += "<dt>" + Text(name) + "</dt><dd>" + value + "</dd>\n";
+  }
+
+  void AddHead(std::initializer_list<int> names) {
+    html_ += "<table>\n<thead><tr>";
+    for (const int name : names) html_ += "<th scope=\"col\">" + Text(name) + "</th>";
+    html_ += "</tr></thead>\n<tbody>\n";
+  }
+
+  void AddArguments(const Formula& formula) {
+    if (formula.arguments.empty()) {
+      html_ += "<p class=\"none\">" + Text(kNoArguments) + "</p>\n";
+      return;
+    }
+    AddHead({kAlias, kItem, kDirection});
+    for (const store::ArgumentRecord& argument : formula.arguments) {
+      const int direction = argument.in && argument.out ? kInOut
+                            : argument.in               ? kIn
+                            : argument.out              ? kOut
+                                                        : kNeither;
+      html_ += "<tr><td>" + EscapeHtml(argument.vb_alias) + "</td><td>" +
+               EscapeHtml(argument.item_id) + "</td><td>" + Text(direction) + "</td></tr>\n";
+    }
+    html_ += "</tbody>\n</table>\n";
+  }
+
+  void AddCode(const store::FormulaRecord& record) {
+    const std::string code = project_.code().FunctionText(record.prog_id, record.name, false);
+    html_ += code.empty() ? "<p class=\"none\">" + Text(kNoCode) + "</p>\n"
+                          : "<pre>" + HighlightVisualBasic(code) + "</pre>\n";
+  }
+
+  std::string UsesOf(std::int32_t alias_id) const {
+    const auto found = uses_.find(alias_id);
+    if (found == uses_.end()) return {};
+    std::string text;
+    for (const Formula* formula : found->second)
+      text += (text.empty() ? "" : ", ") + Link(*formula);
+    return text;
+  }
+
+  void AddAliases() {
+    html_ += "<section>\n<h2 id=\"aliases\">" + Text(kAliases) + "</h2>\n";
+    AddHead({kAlias, kItem, kType, kUses});
+    for (const store::AliasRecord& alias : aliases_) {
+      html_ += "<tr><td>" + EscapeHtml(alias.vb_alias) + "</td><td>" + EscapeHtml(alias.item_id) +
+               "</td><td>" +
+               std::string(codegen::GetDataType(project_.items().VariantTypeOf(alias.item_id))) +
+               "</td><td>" + UsesOf(alias.id) + "</td></tr>\n";
+    }
+    html_ += "</tbody>\n</table>\n</section>\n";
+  }
+
+  void AddUnused() {
+    html_ += "<section>\n<h2 id=\"unused\">" + Text(kUnused) + "</h2>\n";
+    std::string list;
+    for (const store::AliasRecord& alias : aliases_) {
+      if (uses_.contains(alias.id)) continue;
+      list += "<li>" + EscapeHtml(alias.vb_alias) + " <span>" + EscapeHtml(alias.item_id) +
+              "</span></li>\n";
+    }
+    html_ += list.empty() ? "<p class=\"none\">" + Text(kNoneUnused) + "</p>\n"
+                          : "<ul class=\"unused\">\n" + list + "</ul>\n";
+    html_ += "</section>\n";
+  }
+
+  Project& project_;
+  const texts::TextTable& texts_;
+  std::string html_;
+  std::vector<Formula> formulas_;  // in the order of ID
+  std::map<std::string, std::vector<const Formula*>> classes_;
+  std::unordered_map<std::int32_t, std::vector<const Formula*>> uses_;  // by alias
+  std::vector<store::AliasRecord> aliases_;
+  std::size_t class_number_ = 0;
+};
+
+}  // namespace
+
+std::string MakeReport(Project& project, const texts::TextTable& texts) {
+  return Report(project, texts).Make();
+}
+
+}  // namespace workbench
