@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,9 @@
 #include "jet/value.h"
 
 namespace jet {
+
+class Catalog;
+class Session;
 
 struct OpenOptions {
   bool read_only = false;
@@ -160,7 +164,7 @@ class Database final : public files::Participant {
     ReadGuard& operator=(const ReadGuard&) = delete;
 
    private:
-    Database& database_;
+    Session& session_;
   };
 
   // Walks everything. `progress` is called with pages done and pages in all.
@@ -173,10 +177,11 @@ class Database final : public files::Participant {
   void Restore() noexcept override;
 
  private:
-  friend class Table;
-  class Core;
-  explicit Database(std::unique_ptr<Core> core);
-  std::unique_ptr<Core> core_;
+  explicit Database(std::unique_ptr<Session> session);
+
+  std::unique_ptr<Session> session_;
+  std::unique_ptr<Catalog> catalog_;
+  std::map<PageNumber, std::unique_ptr<Table>> tables_;  // by definition page
 };
 
 // Rolls back unless Commit was called.

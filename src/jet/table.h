@@ -15,7 +15,6 @@
 
 namespace jet {
 
-class Database;
 class TableState;
 
 // A value for the column at a position of Table::columns().
@@ -84,7 +83,7 @@ class IndexCursor {
 // and leaves the transaction usable; any other failure leaves only the rollback.
 class Table {
  public:
-  Table(Database& database, std::unique_ptr<TableState> state);
+  explicit Table(std::unique_ptr<TableState> state);
   ~Table();
   Table(const Table&) = delete;
   Table& operator=(const Table&) = delete;
@@ -122,7 +121,6 @@ class Table {
   void Delete(RowId id);
 
  private:
-  Database& database_;
   std::unique_ptr<TableState> state_;
 };
 

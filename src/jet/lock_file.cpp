@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "jet/lock_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "jet/error.h"
+
+namespace jet {
+namespace {
+
+std::string RecordText(files::RandomAccessFile& file, int user) {
+  std::array<std::byte, kUserRecordSize> record{};
+  file.ReadAt(static_cast<std::uint64_t>(user - 1) * kUserRecordSize, record);
+  const auto field = [&](std::size_t at) {
+    const char* p = reinterpret_cast<const char*>(&record[at]);
+    return std::string(p, std::find(p, p + kUserNameSize, '\0'));
+  };
+  const std::string computer = field(0);
+  const std::string account = field(kUserNameSize);
+  return (computer.empty() ? "unknown computer" : computer) +
+         (account.empty() ? "" : " (" + account + ")");
+}
+
+// One question covers all users in the usual case that there is no other.
+std::string Find(files::RandomAccessFile& file, files::RandomAccessFile& database) {
+  if (!file.IsLockedByOthers(kUserLockBase + 1, kMostUsers)) return {};
+  for (int n = 1; n <= kMostUsers; ++n) {
+    const auto offset = static_cast<std::uint64_t>(n);
+    if (file.IsLockedByOthers(kUserLockBase + offset, 1) &&
+        !database.IsLockedByOthers(kOwnUserBase + offset, 1)) {
+      return RecordText(file, n);
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string LockFile::PathFor(const std::string& database_path) {
+  const std::size_t name = database_path.find_last_of("/\\") + 1;
+  const std::size_t point = database_path.find_last_of('.');
+  const bool has_extension = point != std::string::npos && point > name;
+  return database_path.substr(0, has_extension ? point : database_path.size()) + ".ldb";
+}
+
+LockFile::LockFile(files::FileSystem& system, const std::string& database_path,
+                   files::RandomAccessFile& database, const std::string& computer,
+                   const std::string& user)
+    : system_(system), database_(database), path_(PathFor(database_path)) {
+  // The last user who leaves removes the file, perhaps between our opening it and our locking a
+  // place; then we hold a file that nobody sees, and begin again.
+  for (int attempt = 0; attempt < kMostUsers; ++attempt) {
+    file_ = system_.Open(path_, files::OpenMode::kCreateOrOpen);
+    TakePlace(computer, user);
+    const auto seen = system_.Stamp(path_);
+    if (seen && seen->identity == file_->Stamp().identity) return;
+    const auto place = static_cast<std::uint64_t>(user_);
+    file_->Unlock(kUserLockBase + place, 1);
+    database_.Unlock(kOwnUserBase + place, 1);
+  }
+  throw Error(ErrorKind::kLocked, database_path, {}, "The lock file " + path_ + " does not stay.",
+              "Try again.");
+}
+
+// Our own byte first, so that whoever sees the user byte can tell that it is one of ours.
+void LockFile::TakePlace(const std::string& computer, const std::string& user) {
+  for (int n = 1; n <= kMostUsers; ++n) {
+    const auto offset = static_cast<std::uint64_t>(n);
+    if (!database_.TryLock(kOwnUserBase + offset, 1, files::LockMode::kExclusive)) continue;
+    if (!file_->TryLock(kUserLockBase + offset, 1, files::LockMode::kExclusive)) {
+      database_.Unlock(kOwnUserBase + offset, 1);
+      continue;
+    }
+    std::array<std::byte, kUserRecordSize> record{};
+    std::memcpy(record.data(), computer.data(), std::min(computer.size(), kUserNameSize - 1));
+    std::memcpy(&record[kUserNameSize], user.data(), std::min(user.size(), kUserNameSize - 1));
+    file_->WriteAt((offset - 1) * kUserRecordSize, record);
+    user_ = n;
+    return;
+  }
+  throw Error(ErrorKind::kLocked, database_.path(), {}, "The database has 255 users already.",
+              "Close it somewhere and try again.");
+}
+
+LockFile::~LockFile() {
+  try {
+    if (!file_->IsLockedByOthers(kUserLockBase + 1, kMostUsers)) system_.Remove(path_);
+    const auto place = static_cast<std::uint64_t>(user_);
+    database_.Unlock(kOwnUserBase + place, 1);
+  } catch (const std::exception&) {
+    // The file stays behind; without locks it is stale, and everybody knows that.
+  }
+}
+
+std::string LockFile::ForeignUser() { return Find(*file_, database_); }
+
+std::string FindForeignUser(files::FileSystem& system, const std::string& database_path,
+                            files::RandomAccessFile& database) {
+  const std::string path = LockFile::PathFor(database_path);
+  if (!system.Exists(path)) return {};
+  const auto file = system.Open(path, files::OpenMode::kRead);
+  return Find(*file, database);
+}
+
+}  // namespace jet

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "jet/row_buffer.h"
+
+#include <algorithm>
+
+namespace jet {
+namespace {
+constexpr std::size_t kSmallestBlock = 8192;
+// A block that one long value needed is given back.
+constexpr std::size_t kLargestKeptBlock = 1 << 20;
+}  // namespace
+
+void Arena::Clear() {
+  used_ = 0;
+  if (capacity_ > kLargestKeptBlock) {
+    blocks_.clear();
+    capacity_ = 0;
+    block_ = nullptr;
+  } else if (blocks_.size() > 1) {
+    blocks_.erase(blocks_.begin(), blocks_.end() - 1);
+  }
+}
+
+void Arena::Grow(std::size_t size) {
+  const std::size_t capacity = std::max({size, 2 * capacity_, kSmallestBlock});
+  blocks_.push_back(std::make_unique_for_overwrite<char[]>(capacity));
+  block_ = blocks_.back().get();
+  capacity_ = capacity;
+  used_ = 0;
+}
+
+}  // namespace jet

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "jet/row_reader.h"
+
+#include <cstring>
+
+#include "jet/bytes.h"
+#include "jet/error.h"
+#include "jet/long_value.h"
+#include "jet/text_codec.h"
+#include "jet/value_codec.h"
+
+namespace jet {
+
+std::optional<StoredRow> RowReader::Find(RowId id) const {
+  if (id.page >= pager_.page_count()) return std::nullopt;
+  const PageRef page = pager_.Read(id.page);
+  if (FindDataPageFault(page.data(), definition_.page) != nullptr) return std::nullopt;
+  if (id.slot >= SlotCount(page.data())) return std::nullopt;
+  if ((GetSlot(page.data(), id.slot).state & kSlotTarget) != 0) return std::nullopt;
+  return At(page, id.slot);
+}
+
+StoredRow RowReader::At(const PageRef& page, std::size_t slot) const {
+  const Slot bounds = GetSlot(page.data(), slot);
+  const std::span<const std::byte> bytes(page.data() + bounds.begin,
+                                         std::size_t{bounds.end} - bounds.begin);
+  const RowId place{page.number(), static_cast<std::uint8_t>(slot)};
+  if (bounds.state != kSlotMoved) return {page, place, bytes};
+  if (bytes.size() < 4) {
+    ThrowDamaged(pager_.path(), {place.page, place.slot},
+                 "The row moved, but does not say where to.");
+  }
+  const RowId target = RowId::FromReference(Load32(bytes.data()));
+  PageRef other = pager_.Read(target.page);
+  const std::span<const std::byte> moved = RowBytes(pager_, other, target.slot, definition_.page);
+  if (GetSlot(other.data(), target.slot).state != kSlotTarget) {
+    ThrowDamaged(pager_.path(), {place.page, place.slot},
+                 "The row moved to page " + std::to_string(target.page) + ", row " +
+                     std::to_string(target.slot) + ", where no moved row lies.");
+  }
+  return {std::move(other), target, moved};
+}
+
+void RowReader::Fail(const StoredRow& stored, const std::string& cause) const {
+  ThrowDamaged(pager_.path(), {stored.place.page, stored.place.slot}, cause);
+}
+
+void RowReader::Decode(RowId id, const StoredRow& stored, std::span<const std::size_t> columns,
+                       RowBuffer& row) {
+  row.Reset(id, columns.size());
+  RowView view;
+  if (const char* fault = view.Parse(stored.bytes)) Fail(stored, fault);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    row.Mutable(i) = DecodeColumn(stored, view, definition_.columns[columns[i]], row.arena());
+  }
+}
+
+Value RowReader::DecodeColumn(const StoredRow& stored, const RowView& view, const Column& column,
+                              Arena& arena) {
+  const bool has_value = view.HasValue(column);
+  if (column.type == ColumnType::kBoolean) return Value::Boolean(has_value);
+  if (!has_value) return {};
+  const auto bytes = view.Bytes(column);
+  if (!bytes) Fail(stored, "Column " + column.name + " lies outside its row.");
+  if (column.IsLongValue()) {
+    const std::span<const std::byte> whole =
+        ReadLongValue(pager_, {stored.place.page, stored.place.slot}, *bytes, scratch_);
+    if (column.type == ColumnType::kMemo) return Value::Text(DecodeText(whole, arena));
+    char* copy = arena.Reserve(whole.size());
+    if (!whole.empty()) std::memcpy(copy, whole.data(), whole.size());
+    arena.Keep(whole.size());
+    return Value::Binary({reinterpret_cast<const std::byte*>(copy), whole.size()});
+  }
+  Value value;
+  if (!DecodeValue(column, *bytes, arena, value)) {
+    Fail(stored, "Column " + column.name + " has a value of the wrong length.");
+  }
+  return value;
+}
+
+}  // namespace jet

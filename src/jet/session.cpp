@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include "jet/session.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "files/recovery.h"
+#include "jet/bytes.h"
+#include "jet/error.h"
+
+namespace jet {
+namespace {
+
+constexpr std::size_t kCountersSize = 2 * kUserCount;
+constexpr auto kFirstPause = std::chrono::microseconds(200);
+constexpr auto kLongestPause = std::chrono::milliseconds(20);
+
+}  // namespace
+
+Session::Session(files::FileSystem& system, const std::string& path, const OpenOptions& options)
+    : system_(system), path_(path), options_(options), counters_(kCountersSize) {
+  FinishInterrupted();
+  OpenFile();
+  std::vector<std::byte> first(kPageSize);
+  first.resize(file_->ReadAt(0, first));
+  header_ = CheckHeader(path_, first, file_->Size());
+  pager_ = std::make_unique<Pager>(*file_, options.cache_pages);
+  BeginRead();
+  EndRead();
+}
+
+Session::~Session() {
+  while (pager_ && pager_->level() > 0) Rollback();
+}
+
+// Writing needs the file, its folder (for the journal and the .ldb) and no foreign user.
+void Session::OpenFile() {
+  if (options_.read_only) {
+    read_only_reason_ = "The database was opened for reading only.";
+  } else {
+    try {
+      file_ = system_.Open(path_, files::OpenMode::kReadWrite);
+    } catch (const files::Error& error) {
+      if (error.kind() != files::ErrorKind::kReadOnly) throw;
+      read_only_reason_ = "The file is write-protected, or you may not change it.";
+    }
+  }
+  if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);
+  if (!read_only_reason_.empty()) return;
+  try {
+    if (const std::string user = FindForeignUser(system_, path_, *file_); !user.empty()) {
+      read_only_reason_ = "Another program has the database open on " + user + ".";
+      return;
+    }
+    lock_file_ =
+        std::make_unique<LockFile>(system_, path_, *file_, options_.computer, options_.user);
+  } catch (const files::Error& error) {
+    if (error.kind() != files::ErrorKind::kReadOnly) throw;
+    read_only_reason_ =
+        "No file can be made in the folder of the database: " + std::string(error.what());
+  }
+}
+
+// Waits for a commit that is under way in another process.
+void Session::FinishInterrupted() {
+  const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
+  while (system_.Exists(path_ + ".journal")) {
+    try {
+      files::Recover(system_, path_);
+      return;
+    } catch (const files::Error& error) {
+      if (error.kind() != files::ErrorKind::kLocked) throw;
+      if (std::chrono::steady_clock::now() >= until) throw;
+    }
+    std::this_thread::sleep_for(kLongestPause);
+  }
+}
+
+// Somebody may have died in the middle of a commit. Whoever lives and commits holds both bytes.
+void Session::FinishOfOthers() {
+  if (!read_only_reason_.empty() || !system_.Exists(path_ + ".journal")) return;
+  if (!write_locked_ && !file_->TryLock(kWriteByte, 1, files::LockMode::kExclusive)) return;
+  try {
+    if (Wait(kCommitByte, files::LockMode::kExclusive)) FinishInterrupted();
+    file_->TryLock(kCommitByte, 1, files::LockMode::kShared);
+  } catch (...) {
+    if (!write_locked_) file_->Unlock(kWriteByte, 1);
+    throw;
+  }
+  if (!write_locked_) file_->Unlock(kWriteByte, 1);
+}
+
+bool Session::Wait(std::uint64_t byte, files::LockMode mode) {
+  if (file_->TryLock(byte, 1, mode)) return true;
+  const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
+  auto pause = std::chrono::duration_cast<std::chrono::microseconds>(kFirstPause);
+  while (std::chrono::steady_clock::now() < until) {
+    std::this_thread::sleep_for(pause);
+    if (file_->TryLock(byte, 1, mode)) return true;
+    pause = std::min<std::chrono::microseconds>(2 * pause, kLongestPause);
+  }
+  return false;
+}
+
+void Session::BeginRead() {
+  if (readers_ == 0 && pager_->level() == 0) LockForReading();
+  ++readers_;
+}
+
+void Session::LockForReading() {
+  if (!Wait(kCommitByte, files::LockMode::kShared)) {
+    throw Error(ErrorKind::kLocked, path_, {}, "Another program does not finish writing.",
+                "Close the program that uses the database, and try again.");
+  }
+  try {
+    LookForChanges();
+  } catch (...) {
+    file_->Unlock(kCommitByte, 1);
+    throw;
+  }
+}
+
+void Session::EndRead() noexcept {
+  if (--readers_ > 0 || commit_locked_ || pager_->level() > 0) return;
+  try {
+    file_->Unlock(kCommitByte, 1);
+  } catch (const std::exception&) {
+    // It goes with the file at the latest.
+  }
+}
+
+void Session::LookForChanges() {
+  std::vector<std::byte> counters(kCountersSize);
+  counters.resize(file_->ReadAt(kHeaderCountersOffset, counters));
+  const files::FileStamp stamp = file_->Stamp();
+  if (stamp == stamp_ && counters == counters_) return;
+  if (stamp_ != files::FileStamp{}) FinishOfOthers();
+  if (file_->Size() % kPageSize != 0) {
+    ThrowDamaged(path_, {static_cast<PageNumber>(file_->Size() / kPageSize), -1},
+                 "The file is cut off within this page.");
+  }
+  pager_->DropCache();
+  counters_.resize(kCountersSize);
+  counters_.resize(file_->ReadAt(kHeaderCountersOffset, counters_));
+  stamp_ = file_->Stamp();
+  ++generation_;
+}
+
+void Session::Begin() {
+  if (!read_only_reason_.empty()) {
+    throw Error(ErrorKind::kReadOnly, path_, {}, read_only_reason_, "Nothing was changed.");
+  }
+  CheckUsable();
+  if (pager_->level() == 0) {
+    if (!Wait(kWriteByte, files::LockMode::kExclusive)) {
+      throw Error(ErrorKind::kLocked, path_, {},
+                  "Another program is changing the database and does not finish.",
+                  "Wait until it is done, or close it, and try again.");
+    }
+    write_locked_ = true;
+    try {
+      if (const std::string user = lock_file_->ForeignUser(); !user.empty()) {
+        throw Error(ErrorKind::kLocked, path_, {},
+                    "Another program has the database open on " + user + ".",
+                    "Close the database there and try again.");
+      }
+      if (readers_ == 0) {
+        LockForReading();
+        file_->Unlock(kCommitByte, 1);
+      }
+    } catch (...) {
+      write_locked_ = false;
+      file_->Unlock(kWriteByte, 1);
+      throw;
+    }
+  }
+  pager_->Begin();
+}
+
+void Session::Doom() {
+  if (doomed_level_ == 0) doomed_level_ = pager_->level();
+}
+
+void Session::CheckUsable() const {
+  if (doomed_level_ == 0) return;
+  throw Error(ErrorKind::kConflict, path_, {},
+              "The transaction failed before and can only be rolled back.", "Roll it back.");
+}
+
+void Session::RaiseCounter() {
+  PageEdit page = pager_->Modify(0);
+  std::byte* counter =
+      page.data() + kHeaderCountersOffset + 2 * static_cast<std::size_t>(lock_file_->user());
+  const auto next = static_cast<std::uint16_t>(Load16(counter) + 1);
+  Store16(counter, next == 0 ? 1 : next);
+}
+
+void Session::LockForCommit() {
+  if (!Wait(kCommitByte, files::LockMode::kExclusive)) {
+    throw Error(ErrorKind::kLocked, path_, {}, "Another program reads the database all the time.",
+                "Wait until it is done, or close it, and try again.");
+  }
+  commit_locked_ = true;
+}
+
+void Session::Collect(files::ChangeSet& changes) {
+  CheckUsable();
+  if (!pager_->HasChanges()) return;
+  RaiseCounter();
+  LockForCommit();
+  changes.ranges.push_back(pager_.get());
+}
+
+void Session::Committed() noexcept {
+  try {
+    pager_->Commit();
+    stamp_ = file_->Stamp();
+    counters_.resize(kCountersSize);
+    counters_.resize(file_->ReadAt(kHeaderCountersOffset, counters_));
+  } catch (const std::exception&) {
+    stamp_ = {0, 1, 0};  // the next look at the file finds a change
+  }
+  EndTransaction();
+}
+
+void Session::Commit() {
+  CheckUsable();
+  if (pager_->level() > 1) {
+    pager_->Commit();
+    return;
+  }
+  files::ChangeSet changes;
+  Collect(changes);
+  if (!changes.empty()) {
+    if (!journal_) journal_.emplace(system_, path_);
+    journal_->Commit(changes);
+  }
+  Committed();
+}
+
+void Session::Rollback() noexcept {
+  if (pager_->level() == 0) return;
+  pager_->Rollback();
+  if (doomed_level_ > pager_->level()) doomed_level_ = 0;
+  if (pager_->level() == 0) EndTransaction();
+}
+
+void Session::EndTransaction() noexcept {
+  doomed_level_ = 0;
+  commit_locked_ = false;
+  write_locked_ = false;
+  try {
+    if (readers_ > 0) {
+      file_->TryLock(kCommitByte, 1, files::LockMode::kShared);
+    } else {
+      file_->Unlock(kCommitByte, 1);
+    }
+    file_->Unlock(kWriteByte, 1);
+  } catch (const std::exception&) {
+    // The locks go with the file at the latest.
+  }
+}
+
+}  // namespace jet

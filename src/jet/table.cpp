@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "jet/table.h"
+
+#include "jet/bytes.h"
+#include "jet/error.h"
+#include "jet/table_state.h"
+#include "jet/text_codec.h"
+
+namespace jet {
+
+Table::Table(std::unique_ptr<TableState> state) : state_(std::move(state)) {}
+Table::~Table() = default;
+
+const std::string& Table::name() const { return state_->name(); }
+PageNumber Table::definition_page() const { return state_->definition().page; }
+const std::vector<Column>& Table::columns() const { return state_->definition().columns; }
+const std::vector<Index>& Table::indexes() const { return state_->definition().indexes; }
+const std::vector<PhysicalIndex>& Table::physical_indexes() const {
+  return state_->definition().physical;
+}
+
+std::optional<std::size_t> Table::FindColumn(std::string_view name) const {
+  for (std::size_t i = 0; i < columns().size(); ++i) {
+    if (SameName(columns()[i].name, name)) return i;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::size_t> Table::FindIndex(std::string_view name) const {
+  for (std::size_t i = 0; i < indexes().size(); ++i) {
+    if (SameName(indexes()[i].name, name)) return i;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::size_t> Table::PrimaryKey() const {
+  for (std::size_t i = 0; i < indexes().size(); ++i) {
+    if (indexes()[i].kind == IndexKind::kPrimaryKey) return i;
+  }
+  return std::nullopt;
+}
+
+std::string Table::ReadOnlyReason() const { return state_->ReadOnlyReason(); }
+
+std::uint32_t Table::RowCount() {
+  const ReadHold hold(state_->session());
+  return Load32(state_->pager().Read(definition_page()).data() + kDefinitionRowsOffset);
+}
+
+bool Table::Read(RowId id, std::span<const std::size_t> columns, RowBuffer& row) {
+  const ReadHold hold(state_->session());
+  state_->Refresh();
+  const auto stored = state_->reader().Find(id);
+  if (!stored) return false;
+  state_->reader().Decode(id, *stored, columns, row);
+  return true;
+}
+
+bool Table::Read(RowId id, RowBuffer& row) { return Read(id, state_->all_columns(), row); }
+
+}  // namespace jet

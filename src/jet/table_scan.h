@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "jet/row_buffer.h"
+#include "jet/table_state.h"
+
+namespace jet {
+
+// Reads the rows of a table in stored order. What Scan is made of.
+class TableScan {
+ public:
+  TableScan(TableState& table, std::span<const std::size_t> columns);
+  // False at the end. Raises kDamaged for a page or row that cannot be read; a further call goes
+  // on behind it.
+  bool Next(RowBuffer& row);
+
+ private:
+  bool NextPage();
+
+  ReadHold hold_;
+  TableState& table_;
+  std::vector<std::size_t> columns_;
+  PageRef page_;
+  PageNumber next_page_ = 0;
+  std::size_t slot_ = 0;
+};
+
+}  // namespace jet

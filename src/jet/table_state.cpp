@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "jet/table_state.h"
+
+#include <algorithm>
+
+#include "jet/error.h"
+
+namespace jet {
+namespace {
+
+constexpr std::uint16_t kGeneralLegacy = 0x0409;
+
+// The bytes of a definition, with all counters that every insert changes set to zero.
+std::vector<std::byte> WithoutCounters(Pager& pager, const TableDefinition& definition) {
+  std::vector<PageNumber> pages;
+  std::vector<std::byte> bytes = ReadDefinitionBytes(pager, definition.page, pages);
+  const auto clear = [&](std::size_t from, std::size_t to) {
+    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(from),
+              bytes.begin() + static_cast<std::ptrdiff_t>(std::min(to, bytes.size())),
+              std::byte{0});
+  };
+  clear(kDefinitionRowsOffset, kDefinitionTypeOffset);
+  clear(kDefinitionCountersOffset,
+        kDefinitionCountersOffset + definition.physical.size() * kDefinitionCounterSize);
+  return bytes;
+}
+
+bool IsIndexed(const TableDefinition& definition, std::size_t column) {
+  return std::any_of(definition.physical.begin(), definition.physical.end(),
+                     [&](const PhysicalIndex& index) {
+                       return std::any_of(index.columns.begin(), index.columns.end(),
+                                          [&](const IndexColumn& c) { return c.column == column; });
+                     });
+}
+
+}  // namespace
+
+TableState::TableState(Session& session, std::string name, PageNumber page)
+    : session_(session), name_(std::move(name)), page_(page) {
+  Reload();
+}
+
+void TableState::Reload() {
+  definition_ = ReadTableDefinition(pager(), page_);
+  raw_ = WithoutCounters(pager(), definition_);
+  reader_ = std::make_unique<RowReader>(pager(), definition_);
+  trees_.clear();
+  for (const PhysicalIndex& index : definition_.physical) {
+    trees_.push_back(
+        std::make_unique<IndexTree>(pager(), IndexTree::Place{page_, index.root, index.usage_map}));
+  }
+  all_columns_.resize(definition_.columns.size());
+  std::iota(all_columns_.begin(), all_columns_.end(), std::size_t{0});
+  generation_ = session_.generation();
+}
+
+void TableState::Refresh() {
+  if (generation_ == session_.generation()) return;
+  if (WithoutCounters(pager(), definition_) != raw_) {
+    Reload();
+  }
+  generation_ = session_.generation();
+}
+
+std::string TableState::ReadOnlyReason() const {
+  if (!session_.read_only_reason().empty()) return session_.read_only_reason();
+  if (!definition_.unknown.empty()) {
+    return "The table has " + definition_.unknown + ", which only Access can maintain.";
+  }
+  for (const Index& index : definition_.indexes) {
+    if (index.kind == IndexKind::kRelation) {
+      return "The table takes part in the enforced relation of index " + index.name +
+             ", which only Access checks.";
+    }
+  }
+  for (std::size_t i = 0; i < definition_.columns.size(); ++i) {
+    const Column& column = definition_.columns[i];
+    const bool text = column.type == ColumnType::kText || column.type == ColumnType::kMemo;
+    if (text && IsIndexed(definition_, i) &&
+        (column.lcid != kGeneralLegacy || column.collation_version != 0)) {
+      return "The indexed column " + column.name + " is sorted by the rules of language " +
+             std::to_string(column.lcid) + ", whose keys only Access can make.";
+    }
+  }
+  return {};
+}
+
+}  // namespace jet

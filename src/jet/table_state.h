@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <numeric>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "jet/index_tree.h"
+#include "jet/row_reader.h"
+#include "jet/session.h"
+#include "jet/table_definition.h"
+
+namespace jet {
+
+// What Table, Scan and IndexCursor share: a table's definition as read from the file, and the
+// tools over it. Read again when others changed the definition.
+class TableState {
+ public:
+  TableState(Session& session, std::string name, PageNumber page);
+
+  Session& session() { return session_; }
+  const std::string& path() const { return session_.path(); }
+  Pager& pager() { return session_.pager(); }
+  const std::string& name() const { return name_; }
+  const TableDefinition& definition() const { return definition_; }
+  RowReader& reader() { return *reader_; }
+  IndexTree& tree(std::size_t physical) { return *trees_[physical]; }
+  const std::vector<std::size_t>& all_columns() const { return all_columns_; }
+
+  // To be called under a ReadHold or in a transaction, before anything else is asked.
+  void Refresh();
+  // Reads the definition anew, because we changed it.
+  void Reload();
+  std::string ReadOnlyReason() const;
+
+ private:
+  Session& session_;
+  std::string name_;
+  PageNumber page_;
+  TableDefinition definition_;
+  std::vector<std::byte> raw_;  // the definition without its counters
+  std::unique_ptr<RowReader> reader_;
+  std::vector<std::unique_ptr<IndexTree>> trees_;
+  std::vector<std::size_t> all_columns_;
+  std::uint64_t generation_ = 0;
+};
+
+}  // namespace jet
