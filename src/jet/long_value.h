@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "jet/error.h"
 #include "jet/page.h"
 #include "jet/pager.h"
 #include "jet/schema.h"

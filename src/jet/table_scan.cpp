@@ -39,6 +39,7 @@ bool TableScan::NextPage() {
 }
 
 struct Scan::State {
+  State(TableState& table, std::span<const std::size_t> columns) : scan(table, columns) {}
   TableScan scan;
 };
 
@@ -49,7 +50,7 @@ Scan::~Scan() = default;
 bool Scan::Next(RowBuffer& row) { return state_->scan.Next(row); }
 
 Scan Table::OpenScan(std::span<const std::size_t> columns) {
-  return Scan(std::make_unique<Scan::State>(Scan::State{TableScan(*state_, columns)}));
+  return Scan(std::make_unique<Scan::State>(*state_, columns));
 }
 
 Scan Table::OpenScan() { return OpenScan(state_->all_columns()); }

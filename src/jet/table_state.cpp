@@ -46,8 +46,8 @@ void TableState::Reload() {
   reader_ = std::make_unique<RowReader>(pager(), definition_);
   trees_.clear();
   for (const PhysicalIndex& index : definition_.physical) {
-    trees_.push_back(
-        std::make_unique<IndexTree>(pager(), IndexTree::Place{page_, index.root, index.usage_map}));
+    trees_.push_back(std::make_unique<IndexTree>(
+        pager(), IndexTree::Location{page_, index.root, index.usage_map}));
   }
   all_columns_.resize(definition_.columns.size());
   std::iota(all_columns_.begin(), all_columns_.end(), std::size_t{0});

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// Reading the real Access files through the public interface.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include "jet/database.h"
+#include "tests/jet/samples.h"
+
+namespace jet {
+namespace {
+
+OpenOptions ReadOnly() {
+  OpenOptions options;
+  options.read_only = true;
+  return options;
+}
+
+std::unique_ptr<Database> OpenSample(std::string_view name) {
+  return Database::Open(files::RealFileSystem(), samples::Path(name), ReadOnly());
+}
+
+// Every row of every table can be read, their number is the definition's, and each row found by
+// the scan is found by its identity with the same values.
+TEST(ReadSamples, EveryRowOfEveryTable) {
+  OV_NEED_SAMPLES();
+  std::size_t rows = 0, tables = 0;
+  for (const std::string& name : samples::Names()) {
+    SCOPED_TRACE(name);
+    const auto database = OpenSample(name);
+    for (const TableInfo& info : database->Tables(true)) {
+      SCOPED_TRACE(info.name);
+      Table& table = database->OpenTable(info.name);
+      RowBuffer row, again;
+      std::uint32_t count = 0;
+      for (Scan scan = table.OpenScan(); scan.Next(row); ++count) {
+        ASSERT_TRUE(table.Read(row.id(), again));
+        for (std::size_t i = 0; i < row.size(); ++i) ASSERT_EQ(row[i], again[i]);
+      }
+      if (!info.system) {
+        EXPECT_EQ(count, table.RowCount());
+      }
+      rows += count;
+      ++tables;
+    }
+  }
+  EXPECT_GT(tables, 80u);
+  EXPECT_GT(rows, 1800u);
+}
+
+// The entries of every index name existing rows, in both directions.
+TEST(ReadSamples, EveryIndexForwardsAndBackwards) {
+  OV_NEED_SAMPLES();
+  for (const std::string& name : samples::Names()) {
+    SCOPED_TRACE(name);
+    const auto database = OpenSample(name);
+    for (const TableInfo& info : database->Tables(true)) {
+      SCOPED_TRACE(info.name);
+      Table& table = database->OpenTable(info.name);
+      for (std::size_t i = 0; i < table.indexes().size(); ++i) {
+        std::vector<RowId> forwards, backwards;
+        RowBuffer row;
+        IndexCursor cursor = table.OpenCursor(i);
+        while (cursor.Next()) {
+          forwards.push_back(cursor.row());
+          EXPECT_TRUE(table.Read(cursor.row(), row)) << table.indexes()[i].name;
+        }
+        cursor.Rewind(Direction::kBackward);
+        while (cursor.Previous()) backwards.push_back(cursor.row());
+        std::reverse(backwards.begin(), backwards.end());
+        EXPECT_EQ(forwards, backwards) << table.indexes()[i].name;
+      }
+    }
+  }
+}
+
+TEST(ReadSamples, ValuesOfEveryKind) {
+  OV_NEED_SAMPLES();
+  const auto database = OpenSample("plant.ovs");
+  Table& notes = database->OpenTable("shiftnotes");
+  RowBuffer row;
+  std::map<std::int64_t, std::size_t> lengths;
+  const auto memo = std::find_if(notes.columns().begin(), notes.columns().end(),
+                                 [](const Column& c) { return c.type == ColumnType::kMemo; });
+  ASSERT_NE(memo, notes.columns().end());
+  const auto at = static_cast<std::size_t>(memo - notes.columns().begin());
+  std::size_t longest = 0;
+  for (Scan scan = notes.OpenScan(); scan.Next(row);) {
+    if (!row[at].is_null()) longest = std::max(longest, row[at].text().size());
+  }
+  EXPECT_GT(longest, 4076u / 2);
+  Table& formulas = database->OpenTable("TvbfFormulas");
+  const std::size_t columns[] = {formulas.FindColumn("NAME").value()};
+  IndexCursor cursor = formulas.OpenCursor(formulas.PrimaryKey().value());
+  const Value key[] = {Value::Integer(1)};
+  ASSERT_TRUE(cursor.Seek(key));
+  ASSERT_TRUE(formulas.Read(cursor.row(), columns, row));
+  EXPECT_EQ(row[0].kind(), ValueKind::kText);
+  EXPECT_FALSE(database->HasTable("TvbfNothing"));
+}
+
+}  // namespace
+}  // namespace jet
