@@ -9,6 +9,9 @@
 #include "dialogs/surroundings.h"
 #include "editor/node_key.h"
 #include "platform/text.h"
+#include "store/ado_fro.h"
+#include "store/record_helpers.h"
+#include "store/schema.h"
 
 namespace addin {
 
@@ -32,26 +35,21 @@ std::string WithoutTrailingBlanks(std::string_view name) {
 }
 
 // The formulas for the tree; none when they cannot be read.
-std::vector<FormulaNode> ReadFormulaNodes(platform::Connection& connection) {
-  std::vector<FormulaNode> formulas;
+std::vector<FormulaNode> ReadFormulaNodes(platform::Recordset& formulas) {
+  std::vector<FormulaNode> nodes;
   try {
-    const std::shared_ptr<platform::Recordset> recordset = connection.CreateRecordset();
-    recordset->SetSource("TvbfFormulas");
-    recordset->SetCommandType(platform::CommandType::kTable);
-    recordset->SetCursorType(platform::CursorType::kStatic);
-    recordset->SetLockType(platform::LockType::kReadOnly);
-    recordset->Open();
-    if (!recordset->EOF_()) {
-      const platform::VariantArray rows = recordset->GetRows(-1, {"ID", "Name"});
+    store::OpenFilteredAtFirst(formulas, "");
+    if (!formulas.EOF_()) {
+      const platform::VariantArray rows = formulas.GetRows(-1, {"ID", "Name"});
       for (std::size_t row = 0; row < rows.second; ++row) {
-        formulas.push_back({rows.At(0, row).ToLong(), rows.At(1, row).ToText()});
+        nodes.push_back({rows.At(0, row).ToLong(), rows.At(1, row).ToText()});
       }
     }
-    recordset->Close();
   } catch (const platform::Error&) {
-    formulas.clear();
+    nodes.clear();
   }
-  return formulas;
+  store::CloseRecordset(formulas, false);
+  return nodes;
 }
 
 }  // namespace
@@ -124,33 +122,39 @@ void Connect::EnsureOpen() {
 }
 
 bool Connect::ConnectToDataBase() {
-  if (connection_ && connection_->State() != platform::ObjectState::kClosed) return true;
+  platform::Connection& connection = *store::ADOFRO::Instance().cnnFormulas();
+  if (connection.State() != platform::ObjectState::kClosed) return true;
   try {
-    connection_ = surroundings_.create_connection();
-    connection_->Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + database_path_ +
-                      ";Mode=Read|Write|Share Deny None;");
-    return true;
+    connection.Open(store::ProjectConnectionString(database_path_));
+    if (surroundings_.connection_opened) surroundings_.connection_opened(connection);
+    const std::vector<std::string> missing = store::MissingFromSchema(connection);
+    if (missing.empty()) return true;
+    return RefuseDataBase(store::DescribeMissing(missing, texts_));
   } catch (const platform::Error& error) {
-    connection_.reset();
-    platform::MessageBox box;
-    box.prompt = std::to_string(error.number()) + "   " + error.description();
-    box.title = "ConnectToDataBase";
-    box.icon = platform::MessageIcon::kError;
-    messages_.Show(std::move(box));
-    return false;
+    return RefuseDataBase(std::to_string(error.number()) + "   " + error.description());
   }
+}
+
+bool Connect::RefuseDataBase(const std::string& prompt) {
+  CloseDataBase();
+  platform::MessageBox box;
+  box.prompt = prompt;
+  box.title = "ConnectToDataBase";
+  box.icon = platform::MessageIcon::kError;
+  messages_.Show(std::move(box));
+  return false;
 }
 
 void Connect::OpenEditor() {
   const editor::Services& services = surroundings_.services;
   editor_ = std::make_shared<editor::frmtabgrid>(
       *this, services, texts_, messages_,
-      editor::Project{connection_, database_path_, studio_project_name_});
+      editor::Project{store::ADOFRO::Instance(), database_path_, studio_project_name_});
   services.toolkit.Load(*editor_);
   const platform::WindowHandle window = services.toolkit.Handle(*editor_);
   embed_result_ = embedding_.Embed(window, *host_add_in_);
   editor_->ApplyPosition();
-  BuildBranches(*host_add_in_, texts_, ReadFormulaNodes(*connection_));
+  BuildBranches(*host_add_in_, texts_, ReadFormulaNodes(*store::ADOFRO::Instance().rsFormulas()));
   editor_->InitializeGrids();
   if (ide_) editor_->SetVBInstance(ide_);
   editor_->InitializeCodeGenerator();
@@ -191,23 +195,12 @@ void Connect::Release() {
 }
 
 void Connect::CloseDataBase() {
-  if (!connection_) return;
-  if (connection_->State() == platform::ObjectState::kOpen) {
-    for (const auto& recordset : connection_->OpenRecordsets()) {
-      try {
-        if (recordset->GetEditMode() != platform::EditMode::kNone) recordset->CancelUpdate();
-        recordset->Close();
-      } catch (const platform::Error&) {
-        // The connection closes it.
-      }
-    }
-    try {
-      connection_->Close();
-    } catch (const platform::Error& error) {
-      messages_.Warn(error.description());
-    }
+  if (!store::ADOFRO::Exists()) return;
+  platform::Connection& connection = *store::ADOFRO::Instance().cnnFormulas();
+  if (connection.State() == platform::ObjectState::kOpen && surroundings_.connection_closing) {
+    surroundings_.connection_closing(connection);
   }
-  connection_.reset();
+  store::ADOFRO::Drop();
 }
 
 void Connect::Reset() {

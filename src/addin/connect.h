@@ -18,11 +18,14 @@
 
 namespace addin {
 
-// The outside of the add-in. All that is referenced outlives the add-in.
+// The outside of the add-in. All that is referenced outlives the add-in. The data environment has
+// its connection factory already.
 struct Surroundings {
   editor::Services services;
-  // A closed connection; the unit of work of the services covers it.
-  std::function<std::shared_ptr<platform::Connection>()> create_connection;
+  // Called after the connection was opened and before it is closed, so that the unit of work of
+  // the services covers it; may be empty.
+  std::function<void(platform::Connection&)> connection_opened = {};
+  std::function<void(platform::Connection&)> connection_closing = {};
 };
 
 // The add-in: the one class that the studio creates (OVFormulaEditor.Connect) and sends its events
@@ -95,6 +98,7 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   bool ResolveDatabasePath();
   void EnsureOpen();
   bool ConnectToDataBase();
+  bool RefuseDataBase(const std::string& prompt);
   void OpenEditor();
   void Release();
   void CloseDataBase();
@@ -113,7 +117,6 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   bool initialised_ = false;
   std::shared_ptr<platform::AddIn> host_add_in_;
   std::shared_ptr<platform::VBE> ide_;
-  std::shared_ptr<platform::Connection> connection_;
   std::string database_path_;
   std::string studio_project_name_;
   bool embed_result_ = false;

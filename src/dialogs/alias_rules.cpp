@@ -3,12 +3,12 @@
 
 #include <string_view>
 
+#include "dialogs/outcome.h"
+#include "store/text_numbers.h"
+
 namespace dialogs {
 
 namespace {
-
-constexpr std::int32_t kFieldsEmpty = 450;
-constexpr std::int32_t kNotConforming = 451;
 
 bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string::npos; }
 
@@ -16,17 +16,12 @@ bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std:
 
 std::optional<Refusal> RefuseAlias(const Surroundings& surroundings,
                                    const store::AliasValues& values, std::int32_t alias_id) {
-  if (IsBlank(values.item_id)) {
-    return Refusal{surroundings.Text(kFieldsEmpty), {}, Refusal::Field::kItem};
-  }
-  if (IsBlank(values.vb_alias)) return Refusal{surroundings.Text(kFieldsEmpty), {}};
-  const bool conforms =
-      surroundings.operations.ProposeAlias(values.vb_alias, alias_id) == values.vb_alias;
   const store::OperationResult check = surroundings.operations.CheckAlias(values, alias_id);
-  if (conforms && check.success()) return std::nullopt;
-  std::string detail = check.message;
-  if (!check.detail.empty()) detail += "\n" + check.detail;
-  return Refusal{surroundings.Text(kNotConforming), detail};
+  if (check.success()) return std::nullopt;
+  const Refusal::Field field =
+      IsBlank(values.item_id) ? Refusal::Field::kItem : Refusal::Field::kAlias;
+  if (check.text_id != store::kTextAliasTaken) return Refusal{check.message, check.detail, field};
+  return Refusal{surroundings.Text(store::kTextAliasMalformed), Explanation(check), field};
 }
 
 }  // namespace dialogs

@@ -7,7 +7,6 @@ namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kValidForm = 1604;
 constexpr std::int32_t kDataType = 1607;
 constexpr std::int32_t kChooseItemTip = 1608;
 
@@ -51,12 +50,9 @@ void FAlias::OnAlias() {
   const std::string& text = txtVBAlias.Text();
   std::string hint;
   if (!IsBlank(text)) {
-    const std::string valid = surroundings().operations.ProposeAlias(text, alias_id_);
-    if (valid != text) {
-      hint = surroundings().texts.Text(kValidForm, {{"<Name>", valid}});
-    } else {
-      hint = surroundings().operations.CheckAlias(Values(), alias_id_).message;
-    }
+    const store::AliasValues values{txtItemname.Text().empty() ? text : txtItemname.Text(), text};
+    const store::OperationResult check = surroundings().operations.CheckAlias(values, alias_id_);
+    hint = check.detail.empty() ? check.message : check.detail;
   }
   lblVBAliasHint.SetVisible(!hint.empty());
   lblVBAliasHint.SetCaption(hint);
@@ -67,7 +63,11 @@ void FAlias::OnChooseItem() {
   const auto item = surroundings().studio->ChooseItem(txtItemname.Text());
   if (!item || IsBlank(*item)) return;
   txtItemname.SetText(*item);
-  txtVBAlias.SetText(surroundings().operations.ProposeAlias(*item, alias_id_));
+  try {
+    txtVBAlias.SetText(surroundings().operations.ProposeAlias(*item, alias_id_));
+  } catch (const platform::Error& error) {
+    surroundings().messages.Warn(error.description());
+  }
 }
 
 void FAlias::Accept() {

@@ -44,7 +44,7 @@ FFunction::FFunction(const Surroundings& surroundings)
   txtName.on_change = [this] {
     const store::OperationResult check =
         this->surroundings().operations.CheckFormulaName(txtName.Text());
-    lblNameHint.SetCaption(check.message);
+    lblNameHint.SetCaption(check.detail.empty() ? check.message : check.detail);
     lblNameHint.SetVisible(!check.success() && !txtName.Text().empty());
   };
 }

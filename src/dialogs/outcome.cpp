@@ -16,13 +16,16 @@ store::OperationResult Carry(const Surroundings& surroundings,
 
 void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
                  std::int32_t text) {
-  if (text == 0) {
+  if (text == 0 || text == result.text_id) {
     surroundings.messages.Warn(result.message, result.detail);
-    return;
+  } else {
+    surroundings.messages.Warn(surroundings.Text(text), Explanation(result));
   }
-  std::string detail = result.message;
-  if (!result.detail.empty()) detail += "\n" + result.detail;
-  surroundings.messages.Warn(surroundings.Text(text), detail);
+}
+
+std::string Explanation(const store::OperationResult& result) {
+  if (result.message.empty() || result.detail.empty()) return result.message + result.detail;
+  return result.message + "\n" + result.detail;
 }
 
 bool CanBeCorrected(const store::OperationResult& result) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "dialogs/surroundings.h"
 #include "store/operation_result.h"
@@ -18,6 +19,9 @@ store::OperationResult Carry(const Surroundings& surroundings,
 // own goes to the detail line.
 void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
                  std::int32_t text = 0);
+
+// Message and detail in one text.
+std::string Explanation(const store::OperationResult& result);
 
 // Whether other values may be accepted, so that the dialog is worth showing again.
 bool CanBeCorrected(const store::OperationResult& result);

@@ -137,18 +137,17 @@ void frmtabgrid::SetVBInstance(std::shared_ptr<platform::VBE> vb_instance) {
 }
 
 void frmtabgrid::InitializeCodeGenerator() {
-  cVBF.Initialize(project_.connection, vb_instance_, project_.name);
+  const std::shared_ptr<platform::Connection>& connection = project_.data.cnnFormulas();
+  cVBF.Initialize(connection, vb_instance_, project_.name);
   cVBF.SetNeedFunctionName([this](std::string& name) {
     name = studio_->NodeInformation(key_, platform::kNodeInformationText);
   });
   operations_ = std::make_unique<store::Operations>(
-      store::Operations::Parts{project_.connection, vb_instance_, &cVBF, &services_.unit, &texts_});
-  const auto open_table = [this](dialogs::AliasOrder order) {
-    return std::make_shared<dialogs::AliasTable>(
-        project_.connection, project_.connection->CreateRecordset(), *operations_, order);
-  };
-  aliases_by_id_ = open_table(dialogs::AliasOrder::kId);
-  aliases_by_name_ = open_table(dialogs::AliasOrder::kName);
+      store::Operations::Parts{connection, vb_instance_, &cVBF, &services_.unit, &texts_});
+  aliases_by_id_ = std::make_shared<dialogs::AliasTable>(connection, project_.data.rstabvbAlias(),
+                                                         *operations_, dialogs::AliasOrder::kId);
+  aliases_by_name_ = std::make_shared<dialogs::AliasTable>(
+      connection, connection->CreateRecordset(), *operations_, dialogs::AliasOrder::kName);
   surroundings_.emplace(dialogs::Surroundings{services_.toolkit, texts_, messages_, *operations_,
                                               aliases_by_name_, dummy_var_ocx_, &*studio_,
                                               &services_.help, this});

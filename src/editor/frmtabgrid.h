@@ -23,16 +23,16 @@
 #include "forms/grid.h"
 #include "forms/menu_control.h"
 #include "forms/status_bar.h"
-#include "platform/ado.h"
 #include "platform/vbide.h"
 #include "settings/init.h"
+#include "store/ado_fro.h"
 #include "store/operations.h"
 
 namespace editor {
 
 // The project that the editor window works on.
 struct Project {
-  std::shared_ptr<platform::Connection> connection;  // open
+  store::ADOFRO& data;  // its connection is open
   std::string database_path;
   std::string name;  // of the studio's project
 };

@@ -4,11 +4,11 @@
 #include <memory>
 #include <utility>
 
-#include "dialogs/alias_rules.h"
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/outcome.h"
 #include "editor/frmtabgrid.h"
 #include "editor/tools.h"
+#include "store/text_numbers.h"
 
 namespace editor {
 
@@ -16,9 +16,7 @@ namespace {
 
 constexpr std::int32_t kDataErrorText = 407;
 constexpr std::int32_t kUnknownAlias = 1619;
-constexpr std::int32_t kArgumentTwice = 1625;
 constexpr std::int32_t kRowGone = 1626;
-constexpr std::int32_t kNotBothFlags = 552;
 
 // Number of the errors that the data layer below a grid reports.
 constexpr std::int32_t kDataError = 32;
@@ -161,6 +159,9 @@ void GridEditing::Fail(std::int32_t number, const std::string& prompt, const std
 
 void GridEditing::FailUnlessDone(const store::OperationResult& result) {
   if (result.success()) return;
+  if (result.text_id == store::kTextAliasTaken || result.text_id == store::kTextArgumentExists) {
+    Fail(platform::kErrErrorsOccurred, kDuplicateName, dialogs::Explanation(result));
+  }
   const bool file_problem = result.outcome == store::Outcome::kFileProblem;
   Fail(file_problem ? kDataError : platform::kErrUnspecified, result.message, result.detail);
 }
@@ -181,17 +182,6 @@ void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellCh
       Fail(platform::kErrUnspecified, window_.texts().Text(kUnknownAlias, {{"<Name>", name}}), {});
     }
     values.alias_id = alias->id;
-    for (const store::ArgumentRecord& other : operations.ArgumentsOf(argument->parent_id)) {
-      if (other.id == argument_id || other.alias_id != alias->id) continue;
-      Fail(platform::kErrErrorsOccurred, kDuplicateName,
-           window_.texts().Text(kArgumentTwice, {{"<Name>", alias->vb_alias}}));
-    }
-  }
-  if (values.in && values.out && !(argument->in && argument->out)) {
-    const auto formula = operations.FindFormula(argument->parent_id);
-    if (formula && formula->type == store::kOnVariableChange) {
-      Fail(platform::kErrUnspecified, window_.Text(kNotBothFlags), {});
-    }
   }
   FailUnlessDone(dialogs::Carry(window_.surroundings(),
                                 [&] { return operations.EditArgument(argument_id, values); }));
@@ -207,16 +197,6 @@ void GridEditing::WriteAlias(std::int64_t id, const std::vector<forms::CellChang
   for (const forms::CellChange& change : changes) {
     if (change.column == kItemIdColumn) values.item_id = change.new_value.ToText();
     if (change.column == kVBAliasColumn) values.vb_alias = change.new_value.ToText();
-  }
-  const auto other = operations.FindAliasByName(values.vb_alias);
-  if (other && other->id != alias_id) {
-    const store::OperationResult check = operations.CheckAlias(values, alias_id);
-    std::string detail = check.message;
-    AppendLine(detail, check.detail);
-    Fail(platform::kErrErrorsOccurred, kDuplicateName, detail);
-  }
-  if (const auto refusal = dialogs::RefuseAlias(window_.surroundings(), values, alias_id)) {
-    Fail(platform::kErrUnspecified, refusal->prompt, refusal->detail);
   }
   FailUnlessDone(dialogs::Carry(window_.surroundings(),
                                 [&] { return operations.EditAlias(alias_id, values); }));
