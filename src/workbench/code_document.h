@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/unit_of_work.h"
+#include "platform/vbide.h"
+
+namespace workbench {
+
+// A module's visible lines in an editor that a user types into.
+class CodeDocument {
+ public:
+  // Both must outlive the document.
+  CodeDocument(platform::UnitOfWork& unit, platform::CodeModule& module)
+      : unit_(unit), module_(module) {}
+
+  // Reads the module. Lines end with LF; the last line has no end.
+  const std::string& Load();
+  // What Load or Save saw last.
+  const std::string& text() const { return text_; }
+  // Whether the module holds something else now than it did then.
+  bool ChangedMeanwhile();
+
+  // Writes the lines that differ as one unit of work; the others keep their bytes and hidden
+  // lines. Raises platform::Error, changing nothing: kConflict when the module changed meanwhile.
+  void Save(std::string_view text);
+
+ private:
+  std::string Read();
+
+  platform::UnitOfWork& unit_;
+  platform::CodeModule& module_;
+  std::string text_;
+};
+
+}  // namespace workbench
