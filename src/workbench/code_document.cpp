@@ -68,7 +68,8 @@ void CodeDocument::Save(std::string_view text) {
   const Lines after = text.empty() ? Lines() : EditorLines(text);
   Apply(module_, DiffLines(before, after));
   scope.Commit();
-  text_ = text;
+  // A file without a last line end cannot hold an empty last line.
+  text_ = Read();
 }
 
 }  // namespace workbench

@@ -50,7 +50,6 @@ TEST(CodeDocument, SavingWritesOnlyTheLinesThatDiffer) {
             "Option Explicit\nPublic Sub A()\r\nAttribute A.VB_Description = \"x\"\r\n  B = "
             "1\r\nEnd Sub\r\n\n' tail");
   f.document->Save("Option Explicit\nPublic Sub A2()\n  B = 1\nEnd Sub\n");
-  EXPECT_EQ(f.document->text(), "Option Explicit\nPublic Sub A2()\n  B = 1\nEnd Sub\n");
   EXPECT_FALSE(f.document->ChangedMeanwhile());
   EXPECT_NE(f.Code().find("Attribute A2.VB_Description"), std::string::npos) << f.Code();
 }
