@@ -43,8 +43,10 @@ int RunClassList(Invocation& invocation) {
 
 int RunReport(Invocation& invocation) {
   ProjectSession session(invocation, Use::kCode);
+  workbench::Project& project = session.project();
   Console& console = invocation.console();
-  const std::string html = workbench::MakeReport(session.project(), invocation.texts());
+  const std::string html = workbench::MakeReport(
+      {project.path(), project.operations(), project.code(), project.items()}, invocation.texts());
   if (const auto output = invocation.Option("--output")) {
     files::ReplaceFile(console.files, *output, html);
   } else {

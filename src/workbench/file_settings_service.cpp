@@ -72,6 +72,8 @@ bool FileSettingsService::WriteIniSection(std::string_view file, std::string_vie
 
 std::string FileSettingsService::RegistryText(std::string_view key, std::string_view value,
                                               std::string_view fallback) {
+  const auto found = overrides_.find({std::string(key), std::string(value)});
+  if (found != overrides_.end()) return found->second;
   return ReadIni(registry_file_, key, value, fallback);
 }
 
@@ -81,6 +83,11 @@ std::int32_t FileSettingsService::RegistryNumber(std::string_view key, std::stri
   std::int32_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   return error == std::errc() && end == text.data() + text.size() ? number : fallback;
+}
+
+void FileSettingsService::Override(std::string_view key, std::string_view value,
+                                   std::string_view text) {
+  overrides_.insert_or_assign({std::string(key), std::string(value)}, std::string(text));
 }
 
 bool FileSettingsService::WriteRegistry(std::string_view key, std::string_view value,

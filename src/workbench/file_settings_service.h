@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "files/file_system.h"
 #include "platform/studio.h"
@@ -36,6 +38,9 @@ class FileSettingsService final : public platform::SettingsService {
   // Sets a registry value (the studio's installation does that where there is one).
   bool WriteRegistry(std::string_view key, std::string_view value, std::string_view text);
 
+  // Hides a registry value for as long as this service lives (an option of the call).
+  void Override(std::string_view key, std::string_view value, std::string_view text);
+
   const std::string& registry_file() const { return registry_file_; }
 
  private:
@@ -50,6 +55,7 @@ class FileSettingsService final : public platform::SettingsService {
   files::FileSystem& system_;
   std::string registry_file_;  // "" without a configuration folder
   std::unordered_map<std::string, Cached> cache_;
+  std::map<std::pair<std::string, std::string>, std::string> overrides_;
 };
 
 }  // namespace workbench

@@ -9,12 +9,6 @@ namespace workbench {
 
 namespace {
 
-std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
-                      const ProjectOptions& options) {
-  if (!options.items_file.empty()) return options.items_file;
-  return system.Join(system.Folder(database_path), "items.csv");
-}
-
 std::string ConnectionString(const std::string& path, bool read_only) {
   return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path +
          ";Mode=" + (read_only ? "Read" : "Read|Write") + "|Share Deny None;";
@@ -25,14 +19,6 @@ std::shared_ptr<recordset::JetConnection> OpenConnection(files::FileSystem& syst
   auto connection = std::make_shared<recordset::JetConnection>(system);
   connection->Open(ConnectionString(path, read_only));
   return connection;
-}
-
-std::unique_ptr<ComponentListFile> OpenComponents(files::FileSystem& system,
-                                                  const std::string& path,
-                                                  const ProjectOptions& options) {
-  if (options.state_folder.empty() || !options.with_code) return nullptr;
-  return std::make_unique<ComponentListFile>(system,
-                                             ComponentListPath(system, options.state_folder, path));
 }
 
 // FNV-1a: short, and the same on every machine.
@@ -54,6 +40,32 @@ std::string StudioProjectName(const files::FileSystem& system, const std::string
   return point == std::string::npos || point == 0 ? name : name.substr(0, point);
 }
 
+std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
+                      const ProjectOptions& options) {
+  if (!options.items_file.empty()) return options.items_file;
+  return system.Join(system.Folder(database_path), "items.csv");
+}
+
+std::unique_ptr<ComponentListFile> OpenComponents(files::FileSystem& system,
+                                                  const std::string& path,
+                                                  const ProjectOptions& options) {
+  if (options.state_folder.empty() || !options.with_code) return nullptr;
+  return std::make_unique<ComponentListFile>(system,
+                                             ComponentListPath(system, options.state_folder, path));
+}
+
+std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
+                                                      const std::string& database_path,
+                                                      const ProjectOptions& options) {
+  auto environment = std::make_shared<vbfiles::Environment>(system, options.vb);
+  const std::string folder = system.Folder(database_path);
+  const auto found = options.vb_files.empty()
+                         ? vbfiles::FindProjectFiles(system, folder.empty() ? "." : folder)
+                         : options.vb_files;
+  for (const std::string& file : found) environment->Open(file);
+  return environment;
+}
+
 std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,
                               const std::string& database_path) {
   const std::string name = StudioProjectName(system, database_path);
@@ -73,22 +85,15 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
       code_(texts, &items_, components_.get()) {
   unit_.Enlist(database_);
   if (components_) unit_.Enlist(*components_);
-  if (options.with_code) OpenVisualBasic(options);
+  if (options.with_code) {
+    vb_ = OpenVisualBasic(system, path, options);
+    unit_.Enlist(*vb_);
+  }
   code_.Initialize(connection_, vb_, StudioProjectName(system, path));
   operations_ = std::make_unique<store::Operations>(
       store::Operations::Parts{connection_, vb_, &code_, &unit_, &texts});
 }
 
 Project::~Project() = default;
-
-void Project::OpenVisualBasic(const ProjectOptions& options) {
-  vb_ = std::make_shared<vbfiles::Environment>(system_, options.vb);
-  const std::string folder = system_.Folder(path_);
-  const auto found = options.vb_files.empty()
-                         ? vbfiles::FindProjectFiles(system_, folder.empty() ? "." : folder)
-                         : options.vb_files;
-  for (const std::string& file : found) vb_->Open(file);
-  unit_.Enlist(*vb_);
-}
 
 }  // namespace workbench

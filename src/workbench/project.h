@@ -51,8 +51,6 @@ class Project {
   files::JournalledUnitOfWork& unit() { return unit_; }
 
  private:
-  void OpenVisualBasic(const ProjectOptions& options);
-
   files::FileSystem& system_;
   std::string path_;
   std::shared_ptr<recordset::JetConnection> connection_;
@@ -68,6 +66,17 @@ class Project {
 // The name that the workbench uses for the studio project: the database's file name without its
 // extension.
 std::string StudioProjectName(const files::FileSystem& system, const std::string& database_path);
+
+// The Visual Basic projects of a database. Raises platform::Error or files::Error.
+std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
+                                                      const std::string& database_path,
+                                                      const ProjectOptions& options);
+std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
+                      const ProjectOptions& options);
+// Null without a state folder or code.
+std::unique_ptr<ComponentListFile> OpenComponents(files::FileSystem& system,
+                                                  const std::string& database_path,
+                                                  const ProjectOptions& options);
 
 // Where the component list of a database is kept in the user's state folder.
 std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,

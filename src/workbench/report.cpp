@@ -51,13 +51,14 @@ struct Formula {
 
 class Report {
  public:
-  Report(Project& project, const texts::TextTable& texts) : project_(project), texts_(texts) {}
+  Report(const ReportSource& source, const texts::TextTable& texts)
+      : source_(source), texts_(texts) {}
 
   std::string Make() {
     Read();
     const std::string title =
         Text(kTitle) + " " +
-        EscapeHtml(project_.path().substr(project_.path().find_last_of("\\/") + 1));
+        EscapeHtml(source_.database_path.substr(source_.database_path.find_last_of("\\/") + 1));
     html_ = "<!DOCTYPE html>\n<html lang=\"" + Text(kLanguage) +
             "\">\n<head>\n<meta charset=\"utf-8\">\n<meta name=\"viewport\" "
             "content=\"width=device-width\">\n<title>" +
@@ -75,7 +76,7 @@ class Report {
   std::string Text(int number) const { return EscapeHtml(texts_.Text(number)); }
 
   void Read() {
-    store::Operations& operations = project_.operations();
+    store::Operations& operations = source_.operations;
     operations.ForEachFormula([&](const store::FormulaRecord& record) {
       formulas_.push_back({record, {}});
     });
@@ -169,7 +170,7 @@ class Report {
   }
 
   void AddCode(const store::FormulaRecord& record) {
-    const std::string code = project_.code().FunctionText(record.prog_id, record.name, false);
+    const std::string code = source_.code.FunctionText(record.prog_id, record.name, false);
     html_ += code.empty() ? "<p class=\"none\">" + Text(kNoCode) + "</p>\n"
                           : "<pre>" + HighlightVisualBasic(code) + "</pre>\n";
   }
@@ -189,7 +190,7 @@ class Report {
     for (const store::AliasRecord& alias : aliases_) {
       html_ += "<tr><td>" + EscapeHtml(alias.vb_alias) + "</td><td>" + EscapeHtml(alias.item_id) +
                "</td><td>" +
-               std::string(codegen::GetDataType(project_.items().VariantTypeOf(alias.item_id))) +
+               std::string(codegen::GetDataType(source_.items.VariantTypeOf(alias.item_id))) +
                "</td><td>" + UsesOf(alias.id) + "</td></tr>\n";
     }
     html_ += "</tbody>\n</table>\n</section>\n";
@@ -208,7 +209,7 @@ class Report {
     html_ += "</section>\n";
   }
 
-  Project& project_;
+  const ReportSource& source_;
   const texts::TextTable& texts_;
   std::string html_;
   std::vector<Formula> formulas_;  // in the order of ID
@@ -220,8 +221,8 @@ class Report {
 
 }  // namespace
 
-std::string MakeReport(Project& project, const texts::TextTable& texts) {
-  return Report(project, texts).Make();
+std::string MakeReport(const ReportSource& source, const texts::TextTable& texts) {
+  return Report(source, texts).Make();
 }
 
 }  // namespace workbench

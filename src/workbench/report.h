@@ -3,14 +3,24 @@
 
 #include <string>
 
+#include "codegen/vb_formula_code.h"
+#include "platform/studio.h"
+#include "store/operations.h"
 #include "texts/text_table.h"
-#include "workbench/project.h"
 
 namespace workbench {
+
+// What the report is made from.
+struct ReportSource {
+  std::string database_path;
+  store::Operations& operations;
+  codegen::CVBFormulaCode& code;
+  platform::OVItems& items;
+};
 
 // The report on a project: one self-contained HTML document with the formulas by class, their
 // arguments and code, the aliases with their uses, and counts. The same project gives the same
 // bytes. Raises what the project's look-ups raise.
-std::string MakeReport(Project& project, const texts::TextTable& texts);
+std::string MakeReport(const ReportSource& source, const texts::TextTable& texts);
 
 }  // namespace workbench

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "workbench/add_in_session.h"
+
+#include "platform/error.h"
+#include "store/ado_fro.h"
+#include "workbench/report.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr const char* kReportProgId = "OVProjectReport.Connect";
+constexpr std::int32_t kCannotCreateObject = 429;
+
+}  // namespace
+
+// Makes the report add-in, the one object that the editor creates by name.
+class AddInSession::Reports final : public platform::ObjectFactory {
+ public:
+  explicit Reports(AddInSession& session) : session_(session) {}
+
+  std::shared_ptr<platform::Object> Create(std::string_view prog_id) override {
+    if (prog_id != kReportProgId) {
+      throw platform::Error(platform::ErrorKind::kNotFound, kCannotCreateObject,
+                            "ActiveX component can't create object: " + std::string(prog_id));
+    }
+    return std::make_shared<Report>(session_);
+  }
+
+ private:
+  class Report final : public platform::ReportAddIn {
+   public:
+    explicit Report(AddInSession& session) : session_(session) {}
+    void Show(std::string_view, std::string&, std::int32_t) override {
+      editor::frmtabgrid* editor = session_.add_in_->EditorWindow();
+      if (!editor) return;
+      session_.outside_.show_report(
+          MakeReport({session_.database_path_, editor->operations(), editor->cVBF, session_.items_},
+                     session_.outside_.texts));
+    }
+
+   private:
+    AddInSession& session_;
+  };
+
+  AddInSession& session_;
+};
+
+AddInSession::AddInSession(const Outside& outside, const std::string& database_path,
+                           const ProjectOptions& options)
+    : outside_(outside),
+      database_path_(database_path),
+      connection_(std::make_shared<recordset::JetConnection>(outside.files)),
+      database_(connection_),
+      vb_(OpenVisualBasic(outside.files, database_path, options)),
+      items_(outside.files, ItemsPath(outside.files, database_path, options),
+             !options.items_file.empty()),
+      components_(OpenComponents(outside.files, database_path, options)),
+      unit_(outside.files, database_path),
+      reports_(std::make_unique<Reports>(*this)),
+      studio_(std::make_shared<Studio>(StudioProjectName(outside.files, database_path))) {
+  unit_.Enlist(database_);
+  unit_.Enlist(*vb_);
+  if (components_) unit_.Enlist(*components_);
+  add_in_ = std::make_unique<addin::Connect>(
+      addin::Surroundings{{outside.toolkit, outside.window_system, outside.settings, outside.help,
+                           *reports_, unit_, &items_, components_.get(), nullptr}});
+}
+
+AddInSession::~AddInSession() { Stop(); }
+
+void AddInSession::Start() {
+  started_ = true;
+  store::ADOFRO::SetConnectionFactory([this] { return connection_; });
+  add_in_->Initialize(database_path_, studio_->project(), studio_, vb_);
+}
+
+void AddInSession::Stop() {
+  if (!started_) return;
+  started_ = false;
+  add_in_->Terminate();
+}
+
+std::vector<std::string> AddInSession::Files() {
+  std::vector<std::string> files = {database_path_};
+  for (const auto& project : vb_->VBProjects()) {
+    for (const auto& component : project->VBComponents()) {
+      if (component->Type() == platform::ComponentType::kClassModule)
+        files.push_back(component->FileName());
+    }
+  }
+  return files;
+}
+
+}  // namespace workbench
