@@ -54,11 +54,11 @@ std::vector<FormulaNode> ReadFormulaNodes(platform::Recordset& formulas) {
 
 }  // namespace
 
-Connect::Connect(Surroundings surroundings)
-    : surroundings_(std::move(surroundings)),
-      texts_(texts::ChooseLanguage(surroundings_.services.settings)),
-      messages_(surroundings_.services.toolkit, texts_),
-      embedding_(surroundings_.services.window_system) {}
+Connect::Connect(const editor::Services& services)
+    : services_(services),
+      texts_(texts::ChooseLanguage(services_.settings)),
+      messages_(services_.toolkit, texts_),
+      embedding_(services_.window_system) {}
 
 Connect::~Connect() { Release(); }
 
@@ -84,9 +84,8 @@ std::int32_t Connect::Initialize(std::string_view ov4_project_name, std::string_
     if (!host_add_in_ || !ResolveDatabasePath()) return;
     host_window_ = host_add_in_->MainWindow();
     BuildRoot(*host_add_in_, texts_);
-    const editor::Services& services = surroundings_.services;
-    services.help.SetHelpFile(services.settings.RegistryText(kCompanyKey, "Common", "") +
-                              std::string(kHelpFile));
+    services_.help.SetHelpFile(services_.settings.RegistryText(kCompanyKey, "Common", "") +
+                               std::string(kHelpFile));
   });
 }
 
@@ -96,8 +95,8 @@ bool Connect::ResolveDatabasePath() {
     database_path_ = WithoutTrailingBlanks(database_path_);
     return true;
   }
-  const std::string folder = surroundings_.services.settings.RegistryText(
-      std::string(kProjectsKey) + database_path_, "Path", "");
+  const std::string folder =
+      services_.settings.RegistryText(std::string(kProjectsKey) + database_path_, "Path", "");
   database_path_ = folder + "\\" + database_path_ + std::string(kDatabaseExtension);
   return true;
 }
@@ -106,7 +105,7 @@ bool Connect::ResolveDatabasePath() {
 
 void Connect::EnsureOpen() {
   if (initialised_ || !host_add_in_) return;
-  const dialogs::BusyPointer busy(surroundings_.services.toolkit);
+  const dialogs::BusyPointer busy(services_.toolkit);
   if (!ConnectToDataBase()) return;
   try {
     OpenEditor();
@@ -126,7 +125,6 @@ bool Connect::ConnectToDataBase() {
   if (connection.State() != platform::ObjectState::kClosed) return true;
   try {
     connection.Open(store::ProjectConnectionString(database_path_));
-    if (surroundings_.connection_opened) surroundings_.connection_opened(connection);
     const std::vector<std::string> missing = store::MissingFromSchema(connection);
     if (missing.empty()) return true;
     return RefuseDataBase(store::DescribeMissing(missing, texts_));
@@ -136,7 +134,7 @@ bool Connect::ConnectToDataBase() {
 }
 
 bool Connect::RefuseDataBase(const std::string& prompt) {
-  CloseDataBase();
+  store::ADOFRO::Drop();
   platform::MessageBox box;
   box.prompt = prompt;
   box.title = "ConnectToDataBase";
@@ -146,15 +144,16 @@ bool Connect::RefuseDataBase(const std::string& prompt) {
 }
 
 void Connect::OpenEditor() {
-  const editor::Services& services = surroundings_.services;
-  editor_ = std::make_shared<editor::frmtabgrid>(
-      *this, services, texts_, messages_,
-      editor::Project{store::ADOFRO::Instance(), database_path_, studio_project_name_});
-  services.toolkit.Load(*editor_);
-  const platform::WindowHandle window = services.toolkit.Handle(*editor_);
+  store::ADOFRO& data = store::ADOFRO::Instance();
+  editor_ =
+      std::make_shared<editor::frmtabgrid>(*this, services_, texts_, messages_,
+                                           editor::Project{data.cnnFormulas(), data.rstabvbAlias(),
+                                                           database_path_, studio_project_name_});
+  services_.toolkit.Load(*editor_);
+  const platform::WindowHandle window = services_.toolkit.Handle(*editor_);
   embed_result_ = embedding_.Embed(window, *host_add_in_);
   editor_->ApplyPosition();
-  BuildBranches(*host_add_in_, texts_, ReadFormulaNodes(*store::ADOFRO::Instance().rsFormulas()));
+  BuildBranches(*host_add_in_, texts_, ReadFormulaNodes(*data.rsFormulas()));
   editor_->InitializeGrids();
   if (ide_) editor_->SetVBInstance(ide_);
   editor_->InitializeCodeGenerator();
@@ -177,14 +176,14 @@ std::int32_t Connect::Terminate() {
 }
 
 void Connect::Release() {
-  platform::Toolkit& toolkit = surroundings_.services.toolkit;
+  platform::Toolkit& toolkit = services_.toolkit;
   const std::shared_ptr<editor::frmtabgrid> window = std::move(editor_);
   const platform::WindowHandle handle = window ? toolkit.Handle(*window) : 0;
   if (window) {
     window->VerifyAdds(window->CurrentKey());
     embedding_.Release(handle, embed_result_);
   }
-  CloseDataBase();
+  store::ADOFRO::Drop();
   if (window) {
     if (embedding_.IsCompiledModule()) embedding_.Unhook(handle);
     window->Close(forms::CloseReason::kCode);
@@ -192,15 +191,6 @@ void Connect::Release() {
   }
   initialised_ = false;
   host_add_in_.reset();
-}
-
-void Connect::CloseDataBase() {
-  if (!store::ADOFRO::Exists()) return;
-  platform::Connection& connection = *store::ADOFRO::Instance().cnnFormulas();
-  if (connection.State() == platform::ObjectState::kOpen && surroundings_.connection_closing) {
-    surroundings_.connection_closing(connection);
-  }
-  store::ADOFRO::Drop();
 }
 
 void Connect::Reset() {
@@ -213,7 +203,7 @@ void Connect::Reset() {
   host_add_in_ = host;
   EnsureOpen();
   if (!initialised_) return;
-  if (visible) surroundings_.services.toolkit.ShowModeless(*editor_);
+  if (visible) services_.toolkit.ShowModeless(*editor_);
   if (!editor::IsOwnKey(key)) return;
   const std::string text = host->NodeInformation(key, platform::kNodeInformationText);
   host->SelectNode(key);
@@ -221,7 +211,7 @@ void Connect::Reset() {
 }
 
 void Connect::RebuildViews() {
-  surroundings_.services.toolkit.CallLater([self = std::weak_ptr<Connect*>(self_)] {
+  services_.toolkit.CallLater([self = std::weak_ptr<Connect*>(self_)] {
     const std::shared_ptr<Connect*> connect = self.lock();
     if (!connect) return;
     (*connect)->Event([&] { (*connect)->Reset(); });

@@ -11,22 +11,11 @@
 #include "dialogs/message_boxes.h"
 #include "editor/editor_host.h"
 #include "editor/frmtabgrid.h"
-#include "platform/ado.h"
 #include "platform/studio.h"
 #include "platform/vbide.h"
 #include "texts/text_table.h"
 
 namespace addin {
-
-// The outside of the add-in. All that is referenced outlives the add-in. The data environment has
-// its connection factory already.
-struct Surroundings {
-  editor::Services services;
-  // Called after the connection was opened and before it is closed, so that the unit of work of
-  // the services covers it; may be empty.
-  std::function<void(platform::Connection&)> connection_opened = {};
-  std::function<void(platform::Connection&)> connection_closing = {};
-};
 
 // The add-in: the one class that the studio creates (OVFormulaEditor.Connect) and sends its events
 // to. The first click on a node, or its expansion, opens the database and builds the editor window
@@ -34,7 +23,9 @@ struct Surroundings {
 // no exception leaves one.
 class Connect : public platform::COV4Extensibility, public editor::EditorHost {
  public:
-  explicit Connect(Surroundings surroundings);
+  // All that is referenced outlives the add-in. The data environment has its connection factory
+  // already.
+  explicit Connect(const editor::Services& services);
   ~Connect() override;
 
   std::int32_t Initialize(std::string_view ov4_project_name, std::string_view vb_project_name,
@@ -101,7 +92,6 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   bool RefuseDataBase(const std::string& prompt);
   void OpenEditor();
   void Release();
-  void CloseDataBase();
   // Runs a tree command's tool with the node as context, then returns to the shown node.
   void RunTreeTool(std::string_view key, const char* tool);
   void HandleKey(std::string_view key, std::int16_t& key_code, std::int16_t shift);
@@ -109,7 +99,7 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   // Runs an event's body; what it raises is shown, but not reported to the studio.
   std::int32_t Event(const std::function<void()>& body);
 
-  Surroundings surroundings_;
+  editor::Services services_;
   texts::TextTable texts_;
   dialogs::MessageBoxes messages_;
   Embedding embedding_;

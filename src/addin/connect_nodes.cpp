@@ -59,7 +59,7 @@ std::int32_t Connect::NodeKeyDown(std::string_view, std::string_view key, std::s
 
 void Connect::SelectFormula(std::string_view key, std::string_view text) {
   if (!editor_) return;
-  const dialogs::BusyPointer busy(surroundings_.services.toolkit);
+  const dialogs::BusyPointer busy(services_.toolkit);
   std::string name(text);
   if (IsStoredFormula(key)) {
     const auto formula = editor_->operations().FindFormula(editor::KeyNumber(key));
@@ -77,7 +77,7 @@ void Connect::ActivateEditor() {
   if (!editor::IsOwnKey(selected.key)) return;
   const std::string_view kind = editor::KeyKind(selected.key);
   if (kind != editor::kRootKind) SelectFormula(selected.key, selected.text);
-  surroundings_.services.toolkit.ShowModeless(*editor_);
+  services_.toolkit.ShowModeless(*editor_);
   if (editor_->GetWindowState() == forms::WindowState::kMinimized) {
     editor_->SetWindowState(forms::WindowState::kNormal);
   }
@@ -100,8 +100,8 @@ void Connect::HandleKey(std::string_view key, std::int16_t& key_code, std::int16
   }
   if (key_code == forms::kKeyF1) {
     const platform::WindowHandle owner =
-        editor_ ? surroundings_.services.toolkit.Handle(*editor_) : host_window_;
-    surroundings_.services.help.ShowTopic(owner, editor::HelpTopic(key));
+        editor_ ? services_.toolkit.Handle(*editor_) : host_window_;
+    services_.help.ShowTopic(owner, editor::HelpTopic(key));
     return;
   }
   for (const TreeCommand& command : kTreeCommands) {
@@ -118,7 +118,7 @@ void Connect::ShowTreeMenu(std::string_view key) {
   {
     const dialogs::MessageBoxes::Guard guard(messages_);
     const bool formulas = editor::KeyKind(key) == editor::kFormulaKind;
-    surroundings_.services.toolkit.PopupMenu(
+    services_.toolkit.PopupMenu(
         *window->abr.FindBand(formulas ? editor::kFunctionBand : editor::kShowEditorBand));
   }
   window->SetTreeContext(key, false);

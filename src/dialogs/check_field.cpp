@@ -23,7 +23,7 @@ void CCheckField::InitializeGridColumn(forms::Grid& grid, std::size_t column, st
   option_ = option;
   flags_ = flags;
   subscription_ = grid.Observe([this, &grid, column](forms::Property property) {
-    const bool typing = property == forms::Property::kEditState && grid.EditActive();
+    const bool typing = property == forms::Property::kEditValue && grid.EditActive();
     if (!typing || grid.CurrentColumn() != column || !grid.EditValue().IsText()) return;
     const std::string text = grid.EditValue().ToText();
     std::string filtered = Filter(text, true);

@@ -137,14 +137,14 @@ void frmtabgrid::SetVBInstance(std::shared_ptr<platform::VBE> vb_instance) {
 }
 
 void frmtabgrid::InitializeCodeGenerator() {
-  const std::shared_ptr<platform::Connection>& connection = project_.data.cnnFormulas();
+  const std::shared_ptr<platform::Connection>& connection = project_.connection;
   cVBF.Initialize(connection, vb_instance_, project_.name);
   cVBF.SetNeedFunctionName([this](std::string& name) {
     name = studio_->NodeInformation(key_, platform::kNodeInformationText);
   });
   operations_ = std::make_unique<store::Operations>(
       store::Operations::Parts{connection, vb_instance_, &cVBF, &services_.unit, &texts_});
-  aliases_by_id_ = std::make_shared<dialogs::AliasTable>(connection, project_.data.rstabvbAlias(),
+  aliases_by_id_ = std::make_shared<dialogs::AliasTable>(connection, project_.grid_aliases,
                                                          *operations_, dialogs::AliasOrder::kId);
   aliases_by_name_ = std::make_shared<dialogs::AliasTable>(
       connection, connection->CreateRecordset(), *operations_, dialogs::AliasOrder::kName);

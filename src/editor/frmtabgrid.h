@@ -23,16 +23,17 @@
 #include "forms/grid.h"
 #include "forms/menu_control.h"
 #include "forms/status_bar.h"
+#include "platform/ado.h"
 #include "platform/vbide.h"
 #include "settings/init.h"
-#include "store/ado_fro.h"
 #include "store/operations.h"
 
 namespace editor {
 
 // The project that the editor window works on.
 struct Project {
-  store::ADOFRO& data;  // its connection is open
+  std::shared_ptr<platform::Connection> connection;   // open
+  std::shared_ptr<platform::Recordset> grid_aliases;  // closed; of the alias grid
   std::string database_path;
   std::string name;  // of the studio's project
 };

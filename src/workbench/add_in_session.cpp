@@ -63,8 +63,8 @@ AddInSession::AddInSession(const Outside& outside, const std::string& database_p
   unit_.Enlist(*vb_);
   if (components_) unit_.Enlist(*components_);
   add_in_ = std::make_unique<addin::Connect>(
-      addin::Surroundings{{outside.toolkit, outside.window_system, outside.settings, outside.help,
-                           *reports_, unit_, &items_, components_.get(), nullptr}});
+      editor::Services{outside.toolkit, outside.window_system, outside.settings, outside.help,
+                       *reports_, unit_, &items_, components_.get(), nullptr});
 }
 
 AddInSession::~AddInSession() { Stop(); }
