@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "files/recovery.h"
+
+#include <gtest/gtest.h>
+
+#include "files/failing_file_system.h"
+#include "project_change.h"
+
+namespace files {
+namespace {
+
+constexpr const char* kDatabase = ProjectChange::kDatabase;
+constexpr const char* kJournal = "/p/plant.ovs.journal";
+
+std::optional<ErrorKind> KindRaised(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    return error.kind();
+  }
+  return std::nullopt;
+}
+
+// Leaves the project as a program that was killed at the n-th operation of the kinds does.
+void Interrupt(const ProjectChange& change, MemoryFileSystem& medium, std::set<Operation> kinds,
+               int n) {
+  change.Put(medium);
+  FailingFileSystem system(medium);
+  system.Arm({std::move(kinds), n, Fault::Length::kCrash});
+  EXPECT_NE(KindRaised([&] { change.Commit(system); }), std::nullopt);
+  EXPECT_TRUE(system.fired());
+}
+
+// The writes of a commit: the journal, two temporary files, the database.
+void InterruptBeforeDatabase(const ProjectChange& change, MemoryFileSystem& medium) {
+  Interrupt(change, medium, {Operation::kWrite}, 4);
+}
+void InterruptInDatabase(const ProjectChange& change, MemoryFileSystem& medium) {
+  Interrupt(change, medium, {Operation::kWrite}, 5);
+}
+void InterruptAfterDatabase(const ProjectChange& change, MemoryFileSystem& medium) {
+  Interrupt(change, medium, {Operation::kRename}, 2);
+}
+
+// Every place in the header and the first records, and some in each page.
+std::size_t Next(std::size_t place) { return place + (place < 1200 ? 1 : 29); }
+
+TEST(Recovery, TellsHowFarAChangeCame) {
+  const ProjectChange change;
+  struct Case {
+    void (*interrupt)(const ProjectChange&, MemoryFileSystem&);
+    JournalCondition condition;
+    FileState database;
+    bool can_finish;
+  };
+  const Case cases[] = {
+      {InterruptBeforeDatabase, JournalCondition::kUntouched, FileState::kBefore, false},
+      {InterruptInDatabase, JournalCondition::kInterrupted, FileState::kPartly, false},
+      {InterruptAfterDatabase, JournalCondition::kInterrupted, FileState::kAfter, true},
+  };
+  for (const Case& c : cases) {
+    MemoryFileSystem medium;
+    c.interrupt(change, medium);
+    const Snapshot interrupted = medium.Snapshot();
+    const RecoveryPlan plan = ExamineJournal(medium, kDatabase);
+    EXPECT_EQ(medium.Snapshot(), interrupted) << "a look changes nothing";
+    EXPECT_EQ(plan.condition, c.condition);
+    ASSERT_EQ(plan.files.size(), 4u);
+    EXPECT_EQ(plan.files[0].path, kDatabase);
+    EXPECT_EQ(plan.files[0].state, c.database) << plan.files[0].description;
+    EXPECT_TRUE(plan.before.possible);
+    EXPECT_EQ(plan.after.possible, c.can_finish) << plan.after.reason;
+    EXPECT_NE(plan.after.possible, !plan.after.reason.empty());
+    EXPECT_EQ(Recover(medium, kDatabase).condition, c.condition);
+    EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+  }
+}
+
+// A journal is cut at every length while the database is untouched: it was never finished.
+TEST(Recovery, IgnoresAJournalThatWasNotFinished) {
+  const ProjectChange change;
+  MemoryFileSystem crashed;
+  Interrupt(change, crashed, {Operation::kSync}, 1);
+  const std::uint64_t size = crashed.Stamp(kJournal)->size;
+  ASSERT_GT(size, 2 * kPage);
+  for (std::uint64_t length = 0; length <= size; length = Next(length)) {
+    MemoryFileSystem medium;
+    Copy(crashed, medium);
+    medium.Open(kJournal, OpenMode::kReadWrite)->Truncate(length);
+    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), std::nullopt) << length;
+    ASSERT_TRUE(change.IsBefore(medium)) << length << ": " << change.Difference(medium);
+  }
+}
+
+// The journal is damaged after files were touched: nothing is done, and nothing passes unnoticed.
+TEST(Recovery, NeverAppliesADamagedJournal) {
+  const ProjectChange change;
+  MemoryFileSystem crashed;
+  InterruptInDatabase(change, crashed);
+  const std::string journal = crashed.Get(kJournal);
+  const auto check = [&](const std::string& damaged, const std::string& what) {
+    MemoryFileSystem medium;
+    Copy(crashed, medium);
+    medium.Put(kJournal, damaged);
+    const Snapshot before = medium.Snapshot();
+    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kDamaged) << what;
+    ASSERT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kDamaged) << what;
+    ASSERT_EQ(medium.Snapshot(), before) << what;
+    const RecoveryPlan plan = ExamineJournal(medium, kDatabase);
+    EXPECT_FALSE(plan.before.possible || plan.after.possible);
+  };
+  for (std::size_t length = 512; length < journal.size(); length = Next(length)) {
+    check(journal.substr(0, length), "cut at " + std::to_string(length));
+    if (HasFailure()) return;
+  }
+  for (std::size_t at = 16; at < journal.size(); at = Next(at)) {
+    if (at == 64) at = 512;  // zeros without meaning
+    std::string flipped = journal;
+    flipped[at] = static_cast<char>(flipped[at] ^ (1 << (at % 8)));
+    check(flipped, "byte " + std::to_string(at));
+    if (HasFailure()) return;
+  }
+  check("Dear diary, this is somebody's own file.", "another file");
+}
+
+TEST(Recovery, AsksWhenAFileWasEditedSince) {
+  const ProjectChange change;
+  const std::string mine = "Public Sub Mine()\r\nEnd Sub\r\n";
+  MemoryFileSystem medium;
+  InterruptAfterDatabase(change, medium);
+  medium.Put("/p/CPump.cls", mine);
+  const Snapshot edited = medium.Snapshot();
+
+  try {
+    Recover(medium, kDatabase);
+    FAIL() << "went over an edited file";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.kind(), ErrorKind::kConflict);
+    const std::string text = error.what();
+    for (const char* part : {"/p/CPump.cls", "28 bytes", "27 bytes", "--before", "--discard"}) {
+      EXPECT_NE(text.find(part), std::string::npos) << part << " in: " << text;
+    }
+  }
+  EXPECT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kConflict);
+  EXPECT_EQ(medium.Snapshot(), edited);
+
+  const auto resolve = [&](RecoveryChoice choice) {
+    auto resolved = std::make_unique<MemoryFileSystem>();
+    Copy(medium, *resolved);
+    Resolve(*resolved, kDatabase, choice);
+    EXPECT_EQ(Recover(*resolved, kDatabase).condition, JournalCondition::kNone);
+    return resolved->Snapshot();
+  };
+  Snapshot before = change.before();
+  before["/p/CPump.cls.edited"] = mine;
+  EXPECT_EQ(resolve(RecoveryChoice::kBefore), before);
+  Snapshot discarded = edited;
+  discarded.extract(kJournal);
+  std::erase_if(discarded, [](const auto& file) { return file.first.ends_with(".tmp"); });
+  Snapshot stays = resolve(RecoveryChoice::kDiscard);
+  EXPECT_EQ(stays.erase(std::string(kJournal) + ".discarded"), 1u);
+  EXPECT_EQ(stays, discarded);
+}
+
+TEST(Recovery, FinishesAChangeWhenTold) {
+  const ProjectChange change;
+  MemoryFileSystem medium;
+  InterruptAfterDatabase(change, medium);
+  Resolve(medium, kDatabase, RecoveryChoice::kAfter);
+  EXPECT_TRUE(change.IsAfter(medium)) << change.Difference(medium);
+
+  MemoryFileSystem partly;
+  InterruptInDatabase(change, partly);
+  const Snapshot interrupted = partly.Snapshot();
+  EXPECT_EQ(KindRaised([&] { Resolve(partly, kDatabase, RecoveryChoice::kAfter); }),
+            ErrorKind::kConflict);
+  EXPECT_EQ(partly.Snapshot(), interrupted);
+}
+
+// A version that somebody else made is there afterwards under another name, whatever was chosen.
+TEST(Recovery, KeepsAnEditedDatabaseAside) {
+  const ProjectChange change;
+  for (const std::uint64_t place : {std::uint64_t{701}, 2 * kPage + 5, 3 * kPage + 1, 9 * kPage}) {
+    SCOPED_TRACE(place);
+    MemoryFileSystem medium;
+    InterruptAfterDatabase(change, medium);
+    medium.Open(kDatabase, OpenMode::kReadWrite)->WriteAt(place, Bytes(std::string("edit")));
+    const std::string edited = medium.Get(kDatabase);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kConflict);
+    Resolve(medium, kDatabase, RecoveryChoice::kBefore);
+    EXPECT_EQ(medium.Get(std::string(kDatabase) + ".edited"), edited);
+    medium.Remove(std::string(kDatabase) + ".edited");
+    EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+  }
+}
+
+TEST(Recovery, LeavesTheJournalOfAnotherPlaceAlone) {
+  const ProjectChange change;
+  MemoryFileSystem medium;
+  InterruptInDatabase(change, medium);
+  medium.Rename("/p", "/moved");
+  const Snapshot moved = medium.Snapshot();
+  const std::string database = "/moved/plant.ovs";
+  EXPECT_EQ(KindRaised([&] { Recover(medium, database); }), ErrorKind::kConflict);
+  EXPECT_EQ(KindRaised([&] { Resolve(medium, database, RecoveryChoice::kBefore); }),
+            ErrorKind::kConflict);
+  EXPECT_EQ(medium.Snapshot(), moved);
+  const RecoveryPlan plan = ExamineJournal(medium, database);
+  EXPECT_EQ(plan.condition, JournalCondition::kElsewhere);
+  EXPECT_NE(plan.message.find(kDatabase), std::string::npos) << plan.message;
+  medium.Rename("/moved", "/p");
+  Recover(medium, kDatabase);
+  EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+}
+
+TEST(Recovery, RefusesWhileAnotherOneRuns) {
+  const ProjectChange change;
+  MemoryFileSystem medium;
+  InterruptInDatabase(change, medium);
+  const Snapshot interrupted = medium.Snapshot();
+  {
+    JournalFile other(medium, JournalPath(medium, kDatabase));
+    const JournalLock lock(other, /*create=*/false);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kLocked);
+    EXPECT_EQ(KindRaised([&] { ExamineJournal(medium, kDatabase); }), ErrorKind::kLocked);
+    EXPECT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kLocked);
+    EXPECT_EQ(medium.Snapshot(), interrupted);
+  }
+  Recover(medium, kDatabase);
+  EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+}
+
+TEST(Recovery, SaysWhatStandsInTheWay) {
+  const ProjectChange change;
+  MemoryFileSystem medium;
+  InterruptInDatabase(change, medium);
+  const Snapshot interrupted = medium.Snapshot();
+  for (const char* path : {kJournal, kDatabase, "/p"}) {
+    SCOPED_TRACE(path);
+    medium.SetReadOnly(path, true);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kReadOnly);
+    medium.SetReadOnly(path, false);
+    EXPECT_EQ(ExamineJournal(medium, kDatabase).message.empty(), false);
+  }
+  Recover(medium, kDatabase);
+  EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+
+  MemoryFileSystem gone;
+  InterruptInDatabase(change, gone);
+  gone.RemoveTree("/p/sub");
+  EXPECT_EQ(KindRaised([&] { Recover(gone, kDatabase); }), ErrorKind::kNotFound);
+  gone.CreateDirectories("/p/sub");
+  Recover(gone, kDatabase);
+  EXPECT_TRUE(change.IsBefore(gone)) << change.Difference(gone);
+}
+
+// A program that had the database open all along recovers what another one left when it commits,
+// and sees that what it had read was not the truth.
+TEST(Recovery, ComesBeforeTheNextCommit) {
+  const ProjectChange change;
+  MemoryFileSystem medium;
+  InterruptInDatabase(change, medium);
+  EXPECT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kConflict);
+  EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+  change.Commit(medium);
+  EXPECT_TRUE(change.IsAfter(medium)) << change.Difference(medium);
+}
+
+}  // namespace
+}  // namespace files
