@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/journal_file.h"
 
+#include <thread>
 #include <utility>
 
 #include "files/replace_file.h"
@@ -30,18 +31,23 @@ bool JournalFile::Lock(bool create) {
   constexpr int kAttempts = 10;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     if (!OpenAndLock(create)) return false;
-    const std::optional<FileStamp> named = system_.Stamp(path_);
-    if (named && named->identity == file_->Stamp().identity) return true;
+    if (BearsName()) return true;
     Unlock();
     file_.reset();
   }
   Raise(ErrorKind::kLocked, path_, "cannot be used", "other programs create and remove it");
 }
 
+bool JournalFile::BearsName() {
+  const std::optional<FileStamp> named = system_.Stamp(path_);
+  return named && named->identity == file_->Stamp().identity;
+}
+
 bool JournalFile::OpenAndLock(bool create) {
   if (!file_) {
-    if (!create && !system_.Exists(path_)) return false;
-    auto file = system_.Open(path_, create ? OpenMode::kCreateOrOpen : OpenMode::kReadWrite);
+    auto file = create ? system_.Open(path_, OpenMode::kCreateOrOpen)
+                       : OpenIfExists(system_, path_, OpenMode::kReadWrite);
+    if (!file) return false;
     if (!file->TryLock(kPresenceByte, 1, LockMode::kShared)) {
       Raise(ErrorKind::kLocked, path_, "cannot be used", "another program is removing it");
     }
@@ -79,15 +85,34 @@ void JournalFile::PutToRest() {
 
 void JournalFile::RemoveIfUnused() noexcept {
   try {
-    if (!file_ || !Lock(false)) return;
-    if (journal::IsAtRest(*file_) && file_->TryLock(kPresenceByte, 1, LockMode::kExclusive)) {
+    if (!file_) return;
+    // Others that leave at the same time hold the lock for a moment only. One that holds it longer
+    // is at work, and removes the file when it leaves.
+    constexpr int kAttempts = 200;
+    bool alone = false;
+    for (int attempt = 0; !alone && attempt < kAttempts; ++attempt) {
+      alone = file_->TryLock(kWorkByte, 1, LockMode::kExclusive);
+      if (!alone) std::this_thread::yield();
+    }
+    if (alone && BearsName() && journal::IsAtRest(*file_) &&
+        file_->TryLock(kPresenceByte, 1, LockMode::kExclusive)) {
       system_.Remove(path_);
     }
   } catch (const Error&) {
     // A journal at rest that stays harms nobody; the next program removes it.
   }
   file_.reset();
-  locked_ = false;
+}
+
+std::unique_ptr<RandomAccessFile> OpenIfExists(FileSystem& system, const std::string& path,
+                                               OpenMode mode) {
+  if (!system.Exists(path)) return nullptr;
+  try {
+    return system.Open(path, mode);
+  } catch (const Error& error) {
+    if (error.kind() == ErrorKind::kNotFound) return nullptr;  // removed meanwhile
+    throw;
+  }
 }
 
 }  // namespace files

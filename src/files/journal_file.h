@@ -47,6 +47,7 @@ class JournalFile {
   void RemoveIfUnused() noexcept;
 
  private:
+  bool BearsName();
   bool OpenAndLock(bool create);
 
   FileSystem& system_;
@@ -71,6 +72,10 @@ class JournalLock {
   JournalFile& journal_;
   bool held_;
 };
+
+// Opens a file that may be removed by others at any time; null when there is none.
+std::unique_ptr<RandomAccessFile> OpenIfExists(FileSystem& system, const std::string& path,
+                                               OpenMode mode);
 
 // The journal's path: beside the file that the database's path leads to, links resolved.
 std::string JournalPath(FileSystem& system, const std::string& database_path);

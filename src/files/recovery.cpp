@@ -31,11 +31,14 @@ template <typename Act>
 RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, Act act) {
   const std::string database = ResolveTarget(system, database_path);
   const std::string path = JournalPath(system, database_path);
-  if (!system.Exists(path)) return MakePlan(system, path, database, {});
-  if (journal::IsAtRest(*system.Open(path, OpenMode::kRead))) {
+  auto file = OpenIfExists(system, path, OpenMode::kRead);
+  if (!file) return MakePlan(system, path, database, {});
+  if (journal::IsAtRest(*file)) {
+    file.reset();
     RemoveLeftOver(system, path);
     return MakePlan(system, path, database, {});
   }
+  file.reset();
   JournalFile journal(system, path);
   const JournalLock lock(journal, /*create=*/false);
   if (!lock.held()) return MakePlan(system, path, database, {});
@@ -50,8 +53,8 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, A
 RecoveryPlan ExamineJournal(FileSystem& system, const std::string& database_path) {
   const std::string database = ResolveTarget(system, database_path);
   const std::string path = JournalPath(system, database_path);
-  if (!system.Exists(path)) return MakePlan(system, path, database, {});
-  const auto file = system.Open(path, OpenMode::kRead);
+  const auto file = OpenIfExists(system, path, OpenMode::kRead);
+  if (!file) return MakePlan(system, path, database, {});
   if (JournalFile::IsInUse(*file)) {
     Raise(ErrorKind::kLocked, database, "cannot be examined",
           "another program is changing the project or putting back an interrupted change");
