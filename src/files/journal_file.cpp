@@ -27,13 +27,21 @@ JournalFile::~JournalFile() { RemoveIfUnused(); }
 bool JournalFile::IsInUse(RandomAccessFile& file) { return file.IsLockedByOthers(kWorkByte, 1); }
 
 bool JournalFile::Lock(bool create) {
-  // The name may be removed or replaced between opening and locking; whoever did it has finished.
-  constexpr int kAttempts = 10;
+  // The file may be removed or replaced between opening and locking; whoever did it has finished.
+  constexpr int kAttempts = 1000;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    if (!OpenAndLock(create)) return false;
-    if (BearsName()) return true;
-    Unlock();
-    file_.reset();
+    if (!file_ && !Open(create)) return false;
+    if (file_) {
+      if (!file_->TryLock(kWorkByte, 1, LockMode::kExclusive)) {
+        Raise(ErrorKind::kLocked, path_, "cannot be used",
+              "another program is changing the project or putting back an interrupted change");
+      }
+      locked_ = true;
+      if (BearsName()) return true;
+      Unlock();
+      file_.reset();
+    }
+    std::this_thread::yield();
   }
   Raise(ErrorKind::kLocked, path_, "cannot be used", "other programs create and remove it");
 }
@@ -43,22 +51,14 @@ bool JournalFile::BearsName() {
   return named && named->identity == file_->Stamp().identity;
 }
 
-bool JournalFile::OpenAndLock(bool create) {
-  if (!file_) {
-    auto file = create ? system_.Open(path_, OpenMode::kCreateOrOpen)
-                       : OpenIfExists(system_, path_, OpenMode::kReadWrite);
-    if (!file) return false;
-    if (!file->TryLock(kPresenceByte, 1, LockMode::kShared)) {
-      Raise(ErrorKind::kLocked, path_, "cannot be used", "another program is removing it");
-    }
+bool JournalFile::Open(bool create) {
+  auto file = create ? system_.Open(path_, OpenMode::kCreateOrOpen)
+                     : OpenIfExists(system_, path_, OpenMode::kReadWrite);
+  if (!file) return false;
+  if (file->TryLock(kPresenceByte, 1, LockMode::kShared)) {
     file_ = std::move(file);
     name_synced_ = false;
   }
-  if (!file_->TryLock(kWorkByte, 1, LockMode::kExclusive)) {
-    Raise(ErrorKind::kLocked, path_, "cannot be used",
-          "another program is changing the project or putting back an interrupted change");
-  }
-  locked_ = true;
   return true;
 }
 
@@ -80,22 +80,21 @@ void JournalFile::SyncName() {
 void JournalFile::PutToRest() {
   journal::WriteAtRest(*file_);
   file_->Sync();
-  if (file_->Size() > kKeptAtRest) file_->Truncate(journal::kHeaderSize);
+  try {
+    if (file_->Size() > kKeptAtRest) file_->Truncate(journal::kHeaderSize);
+  } catch (const Error&) {
+    // Only room is lost, until the next commit.
+  }
 }
 
 void JournalFile::RemoveIfUnused() noexcept {
   try {
     if (!file_) return;
-    // Others that leave at the same time hold the lock for a moment only. One that holds it longer
-    // is at work, and removes the file when it leaves.
-    constexpr int kAttempts = 200;
-    bool alone = false;
-    for (int attempt = 0; !alone && attempt < kAttempts; ++attempt) {
-      alone = file_->TryLock(kWorkByte, 1, LockMode::kExclusive);
-      if (!alone) std::this_thread::yield();
-    }
-    if (alone && BearsName() && journal::IsAtRest(*file_) &&
-        file_->TryLock(kPresenceByte, 1, LockMode::kExclusive)) {
+    // Of several that leave together, each gives up its share before it tries to be alone, so that
+    // the last one succeeds.
+    file_->Unlock(kPresenceByte, 1);
+    if (file_->TryLock(kPresenceByte, 1, LockMode::kExclusive) && BearsName() &&
+        journal::IsAtRest(*file_)) {
       system_.Remove(path_);
     }
   } catch (const Error&) {

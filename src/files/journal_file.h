@@ -40,7 +40,7 @@ class JournalFile {
   RandomAccessFile& file() { return *file_; }
   // Makes the file's name last, once.
   void SyncName();
-  // Writes the mark that nothing is under way, and syncs it.
+  // Writes the mark that nothing is under way, syncs it, and gives much room back.
   void PutToRest();
 
   // Removes the file unless another program uses it or it is not at rest. Not while locked.
@@ -48,7 +48,8 @@ class JournalFile {
 
  private:
   bool BearsName();
-  bool OpenAndLock(bool create);
+  // False when there is no file. Leaves file_ empty when somebody is removing it just now.
+  bool Open(bool create);
 
   FileSystem& system_;
   std::string path_;
