@@ -14,6 +14,26 @@
 #include "platform/text.h"
 
 namespace codegen {
+namespace {
+
+// Whether the line's comment is the item, as a declaration of ours has it. A character that the
+// code page lacks stands in the file as "?".
+bool NamesItem(std::string_view line, std::string_view item) {
+  const std::string text = CommentText(item);
+  const std::size_t comment = CommentStart(line);
+  if (comment == line.size()) return false;
+  const std::string_view written = TrimBlanks(line.substr(comment + 1));
+  const std::string_view wanted = TrimBlanks(text);
+  std::size_t w = 0;
+  std::size_t t = 0;
+  while (w < written.size() && t < wanted.size()) {
+    const char32_t is = platform::NextCodePoint(written, w);
+    if (is != platform::NextCodePoint(wanted, t) && is != U'?') return false;
+  }
+  return w == written.size() && t == wanted.size();
+}
+
+}  // namespace
 
 std::string FileNameOf(std::string_view path) {
   return std::string(path.substr(path.find_last_of("/\\") + 1));
@@ -50,43 +70,60 @@ void ClassEdits::Apply(platform::VBComponent& component, platform::CodeModule& m
   });
 }
 
-std::vector<std::string> ClassEdits::RemoveLines(const Place& place) {
-  std::vector<std::pair<std::int32_t, std::string>> lines;
-  for (const std::string& name : removed_) {
-    const std::optional<platform::Member> member = place.module.FindMember(name);
-    if (!member) continue;
-    const std::int32_t line = member->code_location;
-    const std::string text = place.module.Lines(line, 1);
-    const bool deletable = member->type == platform::MemberType::kVariable &&
-                           member->scope == platform::MemberScope::kPublic &&
-                           DeclaresOnlyPublicVariable(text, name) &&
-                           (line == 1 || !IsContinued(place.module.Lines(line - 1, 1)));
-    if (!deletable) {
-      place.report.Warn(
-          kTextDeclarationLeft,
-          {{"<File>", place.file}, {"<Line>", std::to_string(line)}, {"<Name>", name}});
-      continue;
-    }
-    const auto again = std::find_if(declared_.begin(), declared_.end(), [&](const auto& d) {
-      return d.alias == member->name && SameLine(d.line, text);
-    });
-    if (again == declared_.end()) lines.emplace_back(line, name);
+std::optional<ClassEdits::GoneLine> ClassEdits::FindLine(const Place& place,
+                                                         const Removal& removal) const {
+  const std::optional<platform::Member> member = place.module.FindMember(removal.alias);
+  if (!member) return std::nullopt;
+  const std::int32_t line = member->code_location;
+  std::string text = place.module.Lines(line, 1);
+  const bool alone = member->type == platform::MemberType::kVariable &&
+                     member->scope == platform::MemberScope::kPublic &&
+                     DeclaresOnlyPublicVariable(text, removal.alias) &&
+                     (line == 1 || !IsContinued(place.module.Lines(line - 1, 1)));
+  if (!alone) {
+    place.report.Warn(
+        kTextDeclarationLeft,
+        {{"<File>", place.file}, {"<Line>", std::to_string(line)}, {"<Name>", removal.alias}});
+    return std::nullopt;
   }
-  std::sort(lines.begin(), lines.end(), std::greater<>());
+  const bool stays = std::any_of(declared_.begin(), declared_.end(), [&](const Declaration& d) {
+    return d.alias == member->name && SameLine(d.line, text);
+  });
+  if (stays) return std::nullopt;
+  const bool ours = std::any_of(removal.items.begin(), removal.items.end(),
+                                [&](const std::string& item) { return NamesItem(text, item); });
+  return GoneLine{line, removal.alias, std::move(text), ours};
+}
+
+std::vector<std::string> ClassEdits::RemoveLines(const Place& place) {
+  std::vector<GoneLine> lines;
+  for (const Removal& removal : removed_) {
+    if (auto line = FindLine(place, removal)) lines.push_back(std::move(*line));
+  }
+  // From the bottom up, so that the numbers stay right; neighbouring lines go in one call.
+  std::sort(lines.begin(), lines.end(),
+            [](const GoneLine& a, const GoneLine& b) { return a.line > b.line; });
   lines.erase(std::unique(lines.begin(), lines.end(),
-                          [](const auto& a, const auto& b) { return a.first == b.first; }),
+                          [](const GoneLine& a, const GoneLine& b) { return a.line == b.line; }),
               lines.end());
   std::vector<std::string> names;
-  for (std::size_t i = 0; i < lines.size();) {
-    // Neighbouring lines go in one call.
-    const std::int32_t last = lines[i].first;
-    std::int32_t first = last;
-    names.push_back(lines[i].second);
-    for (++i; i < lines.size() && lines[i].first == first - 1; ++i) {
-      first = lines[i].first;
-      names.push_back(lines[i].second);
+  std::int32_t pending = 0;  // lines from the last one looked at downward that are to be deleted
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const GoneLine& gone = lines[i];
+    names.push_back(gone.alias);
+    if (!gone.ours) {
+      place.module.ReplaceLine(gone.line, "'" + gone.text);
+      place.report.Warn(
+          kTextDeclarationOff,
+          {{"<File>", place.file}, {"<Line>", std::to_string(gone.line)}, {"<Name>", gone.alias}});
+      continue;
     }
-    place.module.DeleteLines(first, last - first + 1);
+    ++pending;
+    const bool next_too =
+        i + 1 < lines.size() && lines[i + 1].ours && lines[i + 1].line == gone.line - 1;
+    if (next_too) continue;
+    place.module.DeleteLines(gone.line, pending);
+    pending = 0;
   }
   return names;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,7 +16,11 @@ namespace codegen {
 
 class ClassEdits {
  public:
-  void Remove(std::string_view alias) { removed_.emplace_back(alias); }
+  // The declaration is ours when it names one of these items; an engineer's own declaration of
+  // that name is commented out instead of deleted.
+  void Remove(std::string_view alias, std::vector<std::string> items) {
+    removed_.push_back({std::string(alias), std::move(items)});
+  }
   // `line` is the whole declaration.
   void Declare(std::string_view alias, std::string line) {
     declared_.push_back({std::string(alias), std::move(line)});
@@ -31,17 +36,31 @@ class ClassEdits {
     std::string alias;
     std::string line;
   };
+  struct Removal {
+    std::string alias;
+    std::vector<std::string> items;
+  };
   struct Place {
     std::string file;  // name of the component's file without its folder
     platform::CodeModule& module;
     Report& report;
   };
 
-  // Deletes the lines of the removed names and returns those names.
+  // A line that goes, and how.
+  struct GoneLine {
+    std::int32_t line = 0;
+    std::string alias;
+    std::string text;
+    bool ours = false;
+  };
+
+  // The line that declares the name, when it declares nothing else.
+  std::optional<GoneLine> FindLine(const Place& place, const Removal& removal) const;
+  // Takes away the lines of the removed names and returns those names.
   std::vector<std::string> RemoveLines(const Place& place);
   void InsertDeclarations(const Place& place);
 
-  std::vector<std::string> removed_;
+  std::vector<Removal> removed_;
   std::vector<Declaration> declared_;
 };
 

@@ -31,13 +31,20 @@ void CVBFormulaCode::Impl::AddParameter(std::string_view prog_id, std::string_vi
   if (!name.empty()) HeaderWaits(name, prog_id);
 }
 
+std::vector<std::string> CVBFormulaCode::Impl::ItemOf(std::int32_t alias_id) {
+  std::optional<FormulaRows::Alias> alias;
+  if (rows_) alias = rows_->FindAlias(alias_id);
+  if (!alias) return {};
+  return {std::move(alias->item_id)};
+}
+
 void CVBFormulaCode::Impl::RenameParameter(std::string_view prog_id, std::string_view old_name,
                                            std::string_view new_name, const ParameterIds& ids) {
   if (!vbe_) return;
   const OperationScope scope(*this);
   report_.Step([&] {
-    if (!rows_ || rows_->IsUsedInClass(prog_id, ids.old_alias_id, ids.formula_id)) return;
-    WaitingFor(prog_id).declarations.Remove(old_name);
+    if (rows_ && rows_->IsUsedInClass(prog_id, ids.old_alias_id, ids.formula_id)) return;
+    WaitingFor(prog_id).declarations.Remove(old_name, ItemOf(ids.old_alias_id));
   });
   report_.Step([&] {
     std::optional<FormulaRows::Alias> alias;
@@ -53,7 +60,7 @@ void CVBFormulaCode::Impl::DeleteParameter(std::string_view prog_id, std::string
   const OperationScope scope(*this);
   report_.Step([&] {
     if (rows_ && rows_->IsUsedInClass(prog_id, ids.alias_id, ids.formula_id)) return;
-    WaitingFor(prog_id).declarations.Remove(name);
+    WaitingFor(prog_id).declarations.Remove(name, ItemOf(ids.alias_id));
   });
   HeaderWaits(ids.function_name, prog_id);
 }
@@ -70,7 +77,7 @@ std::vector<AliasUse> CVBFormulaCode::Impl::AliasInUse(std::int32_t alias_id) {
 }
 
 void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_alias,
-                                       std::string_view new_alias) {
+                                       std::string_view new_alias, std::string_view old_item) {
   if (!vbe_) return;
   const OperationScope scope(*this);
   std::optional<FormulaRows::Alias> record;
@@ -79,7 +86,9 @@ void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_ali
   for (const AliasUse& use : AliasInUse(id)) {
     Waiting& waiting = WaitingFor(use.prog_id);
     if (classes.insert(&waiting).second) {
-      waiting.declarations.Remove(old_alias);
+      std::vector<std::string> items = {std::string(old_item)};
+      if (record) items.push_back(record->item_id);
+      waiting.declarations.Remove(old_alias, std::move(items));
       if (record) Declare(waiting, new_alias, record->item_id);
     }
     HeaderWaits(use.name, use.prog_id);

@@ -47,7 +47,8 @@ class CVBFormulaCode::Impl {
   void RenameParameter(std::string_view prog_id, std::string_view old_name,
                        std::string_view new_name, const ParameterIds& ids);
   void DeleteParameter(std::string_view prog_id, std::string_view name, const ParameterIds& ids);
-  void RenameAlias(std::int32_t id, std::string_view old_alias, std::string_view new_alias);
+  void RenameAlias(std::int32_t id, std::string_view old_alias, std::string_view new_alias,
+                   std::string_view old_item);
   void RebuildHeader(std::string_view name, std::string_view prog_id);
   std::string GetHeader(std::string_view name, std::string_view prog_id);
   void ReplaceHeader(std::string_view name, std::string_view prog_id, std::string_view header);
@@ -128,6 +129,8 @@ class CVBFormulaCode::Impl {
   Waiting& WaitingFor(std::string_view prog_id);
   void HeaderWaits(std::string_view name, std::string_view prog_id);
   void HeaderIsDone(std::string_view name, std::string_view prog_id);
+  // The item of the alias, alone in a list; an empty list when there is no such alias.
+  std::vector<std::string> ItemOf(std::int32_t alias_id);
   void Declare(Waiting& waiting, std::string_view alias, std::string_view item);
   void ApplyEdits();
 

@@ -41,14 +41,6 @@ bool EndsWithProcedureEnd(std::string_view text) {
   return false;
 }
 
-std::string WithoutBlanks(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  std::copy_if(text.begin(), text.end(), std::back_inserter(result),
-               [](char c) { return !IsBlank(c); });
-  return result;
-}
-
 }  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
@@ -100,6 +92,14 @@ bool IsCommentedProcedureEnd(std::string_view line) {
   if (text[0] != '\'') text = TrimBlanks(text.substr(3));
   while (!text.empty() && (text[0] == '\'' || IsBlank(text[0]))) text.remove_prefix(1);
   return EndsWithProcedureEnd(text) || IsProcedureEnd(text);
+}
+
+std::string WithoutBlanks(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  std::copy_if(text.begin(), text.end(), std::back_inserter(result),
+               [](char c) { return !IsBlank(c); });
+  return result;
 }
 
 bool SameLine(std::string_view a, std::string_view b) {

@@ -38,6 +38,9 @@ bool IsCommentedProcedureEnd(std::string_view line);
 // code. The development environment rewrites both.
 bool SameLine(std::string_view a, std::string_view b);
 
+// The text without any blanks and tabs.
+std::string WithoutBlanks(std::string_view text);
+
 // Splits at CR LF, CR and LF. A text that ends with a line break has an empty last line; the
 // empty text has no lines.
 std::vector<std::string> SplitLines(std::string_view text);

@@ -121,6 +121,12 @@ HeaderRegion LimitedRegion(HeaderRegion region, std::int32_t floor) {
           IsBlankLine(region.lines[static_cast<std::size_t>(first - 1 - region.first_line)]))) {
     --first;
   }
+  // An empty line that the comment above continues onto belongs to that comment.
+  if (first > region.first_line &&
+      first < region.first_line + static_cast<std::int32_t>(region.lines.size()) &&
+      IsContinued(region.lines[static_cast<std::size_t>(first - 1 - region.first_line)])) {
+    ++first;
+  }
   region.lines.erase(region.lines.begin(), region.lines.begin() + (first - region.first_line));
   region.first_line = first;
   return region;

@@ -32,7 +32,7 @@ Templates::Templates(const texts::TextTable& texts)
   for (const texts::Language language : {texts::Language::kGerman, texts::Language::kEnglish}) {
     const texts::TextTable table(language);
     const std::string title = table.Text(kTitleText);
-    title_starts_.push_back(title.substr(0, title.find(kNameMarker)));
+    title_starts_.push_back(WithoutBlanks(title.substr(0, title.find(kNameMarker))));
     captions_.push_back(table.Text(kCaptionText));
   }
 }
@@ -64,7 +64,7 @@ std::vector<std::string> Templates::Header(std::string_view function_name,
 bool Templates::IsRule(std::string_view line) const { return SameLine(line, rule_); }
 
 bool Templates::IsTitle(std::string_view line) const {
-  const std::string_view text = TrimBlanks(line);
+  const std::string text = WithoutBlanks(line);
   return std::any_of(title_starts_.begin(), title_starts_.end(),
                      [&](const std::string& start) { return text.starts_with(start); });
 }

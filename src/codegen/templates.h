@@ -37,7 +37,7 @@ class Templates {
  private:
   std::string header_;  // with the marker of the name; the argument lines follow
   std::string rule_;
-  std::vector<std::string> title_starts_;  // up to the name, in all languages
+  std::vector<std::string> title_starts_;  // without blanks, up to the name; all languages
   std::vector<std::string> captions_;
 };
 

@@ -69,8 +69,8 @@ void CVBFormulaCode::ReplaceFunctionCommentHeader(std::string_view function_name
   impl_->ReplaceHeader(function_name, prog_id, header_string);
 }
 void CVBFormulaCode::RenameAlias(std::int32_t actual_id, std::string_view old_alias,
-                                 std::string_view new_alias) {
-  impl_->RenameAlias(actual_id, old_alias, new_alias);
+                                 std::string_view new_alias, std::string_view old_item) {
+  impl_->RenameAlias(actual_id, old_alias, new_alias, old_item);
 }
 
 NeedFunctionName CVBFormulaCode::SetNeedFunctionName(NeedFunctionName answer) {

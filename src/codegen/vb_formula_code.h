@@ -124,7 +124,9 @@ class CVBFormulaCode {
   void ReplaceFunctionCommentHeader(std::string_view function_name, std::string_view prog_id,
                                     std::string_view header_string);
   // Declarations and headers follow the alias's new name and item, in every class that uses it.
-  void RenameAlias(std::int32_t actual_id, std::string_view old_alias, std::string_view new_alias);
+  // When the item changed too, the old one tells the old declarations from an engineer's own.
+  void RenameAlias(std::int32_t actual_id, std::string_view old_alias, std::string_view new_alias,
+                   std::string_view old_item = {});
 
   // The answer to NeedFunctionName; returns the one before, so that an operation can answer
   // itself and put the window's answer back.

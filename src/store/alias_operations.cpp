@@ -109,7 +109,7 @@ OperationResult Operations::Impl::EditAlias(std::int32_t id, const AliasValues& 
     }
     rows().Change(kAliasTable, id, fields);
     if (!uses.empty() && run_.code()) {
-      run_.code()->RenameAlias(id, old.vb_alias, values.vb_alias);
+      run_.code()->RenameAlias(id, old.vb_alias, values.vb_alias, old.item_id);
     }
   });
 }

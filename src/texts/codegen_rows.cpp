@@ -45,6 +45,10 @@ std::span<const Row> CodegenRows() {
        "<File>:<Line>: the Sub <Name> cuts an #If block; its lines with # were left as they are."},
       {1111, "Die Komponentenliste wurde nicht geändert: <Cause>",
        "The component list was not changed: <Cause>"},
+      {1112,
+       "<File>:<Line> deklarierte <Name>, stammt aber nicht von hier; die Zeile wurde "
+       "auskommentiert.",
+       "<File>:<Line> declared <Name> but was not written here; the line was commented out."},
       {1121, "Der Name fehlt.", "The name is missing."},
       {1122, "<Name> beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben.",
        "<Name> begins with a digit; Visual Basic wants a letter."},

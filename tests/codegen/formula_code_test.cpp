@@ -1,0 +1,348 @@
+// SPDX-License-Identifier: MIT
+// The generator's operations on source of every shape: text before, text after. No database here;
+// headers list no arguments.
+#include "codegen/vb_formula_code.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "files/memory_file_system.h"
+#include "tests/support/code_model_wrappers.h"
+#include "tests/support/project_doubles.h"
+#include "texts/text_table.h"
+#include "vbfiles/environment.h"
+
+namespace codegen {
+namespace {
+
+constexpr std::string_view kClass = "PumpServer.CPump";
+const std::string kRule = "'" + std::string(56, '*');
+
+// The header of a formula without arguments, lines apart by LF.
+std::string Header(const std::string& name) {
+  return "\n" + kRule + "\n'OrvanaStudio Formula '" + name + "'\n'Arguments:\n" + kRule + "\n";
+}
+
+class Fixture {
+ public:
+  Fixture(std::string code, bool documented)
+      : environment(std::make_shared<vbfiles::Environment>(system)),
+        generator(texts, &items, &components) {
+    system.Put("/p/PumpServer.vbp",
+               "Type=OleDll\r\nClass=CPump; CPump.cls\r\nName=\"PumpServer\"\r\n");
+    std::string bytes = "VERSION 1.0 CLASS\nBEGIN\nEND\nAttribute VB_Name = \"CPump\"\n" + code;
+    for (std::size_t at = 0; (at = bytes.find('\n', at)) != std::string::npos; at += 2) {
+      bytes.replace(at, 1, "\r\n");
+    }
+    system.Put("/p/CPump.cls", bytes);
+    environment->Open("/p/PumpServer.vbp");
+    std::shared_ptr<platform::VBE> vbe = environment;
+    if (documented) {
+      vbe = std::make_shared<support::WrappedEnvironment>(
+          environment, [](platform::CodeModule& inner) {
+            return std::make_unique<support::DocumentedModule>(inner);
+          });
+    }
+    generator.Initialize(nullptr, vbe, "Plant");
+  }
+
+  // The file as it would be written, behind the class's name.
+  std::string Text() {
+    files::ChangeSet changes;
+    environment->Collect(changes);
+    std::string text = changes.files.empty() ? system.Get("/p/CPump.cls") : *changes.files[0].after;
+    std::erase(text, '\r');
+    return text.substr(text.find("\"CPump\"\n") + 8);
+  }
+  bool Changed() {
+    files::ChangeSet changes;
+    environment->Collect(changes);
+    return !changes.files.empty();
+  }
+
+  files::MemoryFileSystem system;
+  texts::TextTable texts{texts::Language::kEnglish};
+  support::TableItems items;
+  support::RecordingComponentList components;
+  std::shared_ptr<vbfiles::Environment> environment;
+  CVBFormulaCode generator;
+};
+
+struct Case {
+  const char* what;
+  std::string before;
+  std::function<void(CVBFormulaCode&)> operation;
+  std::string after;
+  std::vector<std::int32_t> warnings = {};
+  bool refused = false;
+};
+
+std::vector<Case> Cases() {
+  const auto add = [](CVBFormulaCode& g) { g.AddFunction(kClass, "A", ""); };
+  const auto rename = [](CVBFormulaCode& g) { g.RenameFunction(kClass, "A", "B"); };
+  const auto off = [](CVBFormulaCode& g) { g.DeactivateFunction(kClass, "A"); };
+  const auto remove = [](CVBFormulaCode& g) { g.DeleteFunction(kClass, "A"); };
+  const auto rebuild = [](CVBFormulaCode& g) { g.RebuildFunctionCommentHeader("A", kClass); };
+  const auto declare = [](CVBFormulaCode& g) { g.AddParameter(kClass, "Level", "Tank1.Level"); };
+  const std::string sub = "Public Sub A()\n\nEnd Sub\n";
+  return {
+      // Adding.
+      {"an empty class", "", add, Header("A") + sub},
+      {"blank lines at the end go", "Option Explicit\n\n\n", add,
+       "Option Explicit\n" + Header("A") + sub},
+      {"comments at the end stay", "Sub B()\nEnd Sub\n\n' my notes\n", add,
+       "Sub B()\nEnd Sub\n\n' my notes\n" + Header("A") + sub},
+      {"a comment that continues", "' goes on _\n", add, "' goes on _\n\n" + Header("A") + sub},
+      {"an existing sub is adopted", "' note\nPrivate Sub a() 'mine\nx = 1\nEnd Sub\n", add,
+       "' note\n" + Header("A") + "Private Sub a() 'mine\nx = 1\nEnd Sub\n"},
+      {"a function of that name",
+       "Function A()\nEnd Function\n",
+       add,
+       "Function A()\nEnd Function\n",
+       {},
+       true},
+      {"a variable of that name", "Private A As Long\n", add, "Private A As Long\n", {}, true},
+      {"a declared external procedure",
+       "Private Declare Sub A Lib \"a\" ()\n",
+       add,
+       "Private Declare Sub A Lib \"a\" ()\n",
+       {},
+       true},
+      {"given code with a header of its own", "' tail\n",
+       [](CVBFormulaCode& g) {
+         g.AddFunction(kClass, "A", "' from elsewhere\r\nPublic Sub A()\r\n  x = 1\r\nEnd Sub");
+       },
+       "' tail\n' from elsewhere\n" + Header("A") + "Public Sub A()\n  x = 1\nEnd Sub\n"},
+      {"given code without the sub",
+       "",
+       [](CVBFormulaCode& g) { g.AddFunction(kClass, "A", "Sub C()\r\nEnd Sub"); },
+       "Sub C()\nEnd Sub\n",
+       {1108}},
+      {"a name that is none",
+       "",
+       [](CVBFormulaCode& g) { g.AddFunction(kClass, "A: x", ""); },
+       "",
+       {},
+       true},
+      {"a reserved word",
+       "",
+       [](CVBFormulaCode& g) { g.AddFunction(kClass, "Next", ""); },
+       "",
+       {},
+       true},
+      {"no such class",
+       "",
+       [](CVBFormulaCode& g) { g.AddFunction("PumpServer.CX", "A", ""); },
+       "",
+       {1100}},
+      {"no point in the class",
+       "",
+       [](CVBFormulaCode& g) { g.AddFunction("PumpServer", "A", ""); },
+       "",
+       {1100}},
+
+      // Renaming.
+      {"only the declaration line", "Sub C()\nA\nEnd Sub\n" + Header("A") + sub, rename,
+       "Sub C()\nA\nEnd Sub\n" + Header("B") + "Public Sub B()\n\nEnd Sub\n"},
+      {"one line keeps its statements", "Public Sub A(): x = 1: End Sub\n", rename,
+       Header("B") + "Public Sub B(): x = 1: End Sub\n"},
+      {"a continued declaration", "Public Sub A(ByVal x As Long, _\n  ByVal y)\nEnd Sub\n", rename,
+       Header("B") + "Public Sub B() '(ByVal x As Long,   ByVal y)\n'  ByVal y)\nEnd Sub\n"},
+      {"hidden lines follow", "Public Sub A()\nAttribute A.VB_Description = \"d\"\nEnd Sub\n",
+       rename, Header("B") + "Public Sub B()\nAttribute B.VB_Description = \"d\"\nEnd Sub\n"},
+      {"only the case", Header("A") + "Public Sub a()\nEnd Sub\n",
+       [](CVBFormulaCode& g) { g.RenameFunction(kClass, "a", "A"); },
+       Header("A") + "Public Sub A()\nEnd Sub\n"},
+      {"onto another member",
+       "Public B As Long\nPublic Sub A()\nEnd Sub\n",
+       rename,
+       "Public B As Long\nPublic Sub A()\nEnd Sub\n",
+       {},
+       true},
+      {"onto another sub",
+       "Public Sub B()\nEnd Sub\nPublic Sub A()\nEnd Sub\n",
+       rename,
+       "Public Sub B()\nEnd Sub\nPublic Sub A()\nEnd Sub\n",
+       {},
+       true},
+      {"deleted by hand",
+       "Option Explicit\n",
+       rename,
+       "Option Explicit\n" + Header("B") + "Public Sub B()\n\nEnd Sub\n",
+       {1102}},
+      {"renamed already", Header("B") + "Public Sub B()\nEnd Sub\n", rename,
+       Header("B") + "Public Sub B()\nEnd Sub\n"},
+      {"a function is no formula",
+       "Function A()\nEnd Function\n",
+       rename,
+       "Function A()\nEnd Function\n" + Header("B") + "Public Sub B()\n\nEnd Sub\n",
+       {1102}},
+
+      // Switching off.
+      {"the last line is the procedure's own",
+       "Public Sub A()\n' c\n\nDone: End Sub\nPublic Sub B()\nEnd Sub\n", off,
+       "'Public Sub A()\n'' c\n'\n'Done: End Sub\nPublic Sub B()\nEnd Sub\n"},
+      {"blank lines below the last procedure stay", "Public Sub A()\n\tEnd Sub 'x\n\n\n", off,
+       "'Public Sub A()\n'\tEnd Sub 'x\n\n\n"},
+      {"one line", "Public Sub A(): End Sub\nPublic Sub B()\nEnd Sub\n", off,
+       "'Public Sub A(): End Sub\nPublic Sub B()\nEnd Sub\n"},
+      {"hidden lines become comments", "Public Sub A()\nAttribute A.VB_UserMemId = 0\nEnd Sub\n",
+       off, "'Public Sub A()\n'Attribute A.VB_UserMemId = 0\n'End Sub\n"},
+      {"an #If block across the procedure",
+       "#If X Then\nPublic Sub A(y)\n#Else\nPublic Sub A()\n#End If\nEnd Sub\n",
+       off,
+       "#If X Then\n'Public Sub A(y)\n#Else\n'Public Sub A()\n#End If\n'End Sub\n",
+       {1110}},
+      {"an #If block inside", "Public Sub A()\n#If X Then\nz\n#End If\nEnd Sub\n", off,
+       "'Public Sub A()\n'#If X Then\n'z\n'#End If\n'End Sub\n"},
+      {"a property is no formula",
+       "Property Get A()\nEnd Property\n",
+       off,
+       "Property Get A()\nEnd Property\n",
+       {1101}},
+      {"a variable is no formula", "Public A As Long\n", off, "Public A As Long\n", {1101}},
+
+      // Deleting.
+      {"up to its end only", Header("A") + sub + Header("B") + "Public Sub B()\nEnd Sub\n", remove,
+       Header("A") + Header("B") + "Public Sub B()\nEnd Sub\n"},
+      {"not the code behind it", "' note\nPublic Sub A()\nEnd Sub\nPublic Sub B()\nEnd Sub\n",
+       remove, "' note\nPublic Sub B()\nEnd Sub\n"},
+
+      // Headers.
+      {"notes stay above", "Option Explicit\n\n' note\nPublic Sub A()\nEnd Sub\n", rebuild,
+       "Option Explicit\n\n' note\n" + Header("A") + "Public Sub A()\nEnd Sub\n"},
+      {"switched-off code is another's",
+       "Option Explicit\n'Public Sub Z()\n'End Sub 'done\n\nPublic Sub A()\nEnd Sub\n", rebuild,
+       "Option Explicit\n'Public Sub Z()\n'End Sub 'done\n" + Header("A") +
+           "Public Sub A()\nEnd Sub\n"},
+      {"the first line of a module", "Public Sub A()\nEnd Sub\n", rebuild,
+       Header("A") + "Public Sub A()\nEnd Sub\n"},
+      {"directives stay", "#If X Then\n#End If\n\nPublic Sub A()\nEnd Sub\n", rebuild,
+       "#If X Then\n#End If\n" + Header("A") + "Public Sub A()\nEnd Sub\n"},
+      {"the environment's spelling stands",
+       "\n" + kRule + "\n'OrvanaStudio  Formula 'A'\n'  Arguments:\n" + kRule +
+           "\nPublic Sub A()\nEnd Sub\n",
+       rebuild,
+       "\n" + kRule + "\n'OrvanaStudio  Formula 'A'\n'  Arguments:\n" + kRule +
+           "\nPublic Sub A()\nEnd Sub\n"},
+
+      // Declarations.
+      {"behind the declarations", "Option Explicit\n' c\nSub B()\nEnd Sub\n", declare,
+       "Option Explicit\nPublic Level as Double 'Tank1.Level\n' c\nSub B()\nEnd Sub\n"},
+      {"below a comment that continues", "Option Explicit\n' c _\n", declare,
+       "Option Explicit\n' c _\n\nPublic Level as Double 'Tank1.Level\n"},
+      {"declared already", "Dim LEVEL\n", declare, "Dim LEVEL\n"},
+      {"an item that would leave its comment", "",
+       [](CVBFormulaCode& g) { g.AddParameter(kClass, "X", "a\r\nSub Y()"); },
+       "Public X as Variant 'a\n"},
+      {"an item that would take the next line", "",
+       [](CVBFormulaCode& g) { g.AddParameter(kClass, "X", "a _"); },
+       "Public X as Variant 'a _'\n"},
+      {"an alias that is no name",
+       "",
+       [](CVBFormulaCode& g) { g.AddParameter(kClass, "X: Beep", "a"); },
+       "",
+       {1109}},
+      {"an engineer's declaration is commented out",
+       "Public Level As Long\n" + Header("A") + "Public Sub A()\nLevel = 1\nEnd Sub\n",
+       [](CVBFormulaCode& g) {
+         g.DeleteParameter(kClass, "level", {1, "A", 1, 0});
+       },
+       "'Public Level As Long\n" + Header("A") + "Public Sub A()\nLevel = 1\nEnd Sub\n",
+       {1112, 1103}},
+      {"another's declaration is left",
+       "Public Level As Long, B1 As Long\n",
+       [](CVBFormulaCode& g) {
+         g.DeleteParameter(kClass, "Level", {1, "A", 1, 0});
+       },
+       "Public Level As Long, B1 As Long\n",
+       {1104, 1101}},
+  };
+}
+
+TEST(FormulaCodeTest, ChangesExactlyWhatIsMeant) {
+  for (const bool documented : {false, true}) {
+    for (const Case& c : Cases()) {
+      SCOPED_TRACE(std::string(c.what) + (documented ? " (documented ownership)" : ""));
+      Fixture fixture(c.before, documented);
+      fixture.items.types = {{"Tank1.Level", 5}};
+      c.operation(fixture.generator);
+      const std::string text = fixture.Text();
+      EXPECT_EQ(text, c.after);
+      std::vector<std::int32_t> warnings;
+      for (const Warning& warning : fixture.generator.TakeWarnings()) {
+        warnings.push_back(warning.text_id);
+        EXPECT_EQ(warning.message.find("not found"), std::string::npos) << warning.message;
+      }
+      EXPECT_EQ(warnings, c.warnings);
+      const auto failure = fixture.generator.TakeFailure();
+      EXPECT_EQ(failure.has_value(), c.refused) << (failure ? failure->what() : "");
+      EXPECT_EQ(fixture.Changed(), c.before != text);
+      // Once more: what stands is not touched.
+      if (c.refused || !c.warnings.empty()) continue;
+      c.operation(fixture.generator);
+      EXPECT_EQ(fixture.Text(), text);
+    }
+  }
+}
+
+TEST(FormulaCodeTest, KeepsTheComponentList) {
+  Fixture fixture("", false);
+  fixture.generator.AddFunction(kClass, "A", "");
+  const std::vector<std::string> added = {"Open Plant", "Add FormulaComponents PumpServer.CPump",
+                                          "Commit"};
+  EXPECT_EQ(fixture.components.calls, added);
+  fixture.components.calls.clear();
+  fixture.generator.BeginBatch();
+  fixture.generator.DeactivateFunction(kClass, "A");
+  fixture.generator.EndBatch();
+  EXPECT_TRUE(fixture.components.calls.empty());
+  fixture.generator.CommitComponents();
+  EXPECT_EQ(fixture.components.calls,
+            (std::vector<std::string>{"Open Plant", "Remove FormulaComponents PumpServer.CPump",
+                                      "Commit"}));
+}
+
+TEST(FormulaCodeTest, ShowsTheDeclaration) {
+  class Caller : public CodeWindowCaller {
+   public:
+    void BringCodeWindowForward() override { ++calls; }
+    int calls = 0;
+  };
+  Caller caller;
+  Fixture fixture("Option Explicit\nPublic Sub F\xFCllen()\nEnd Sub\n", false);
+  EXPECT_FALSE(fixture.generator.ShowFunction(caller, kClass, "B"));
+  EXPECT_EQ(caller.calls, 0);
+  EXPECT_TRUE(fixture.generator.ShowFunction(caller, "pumpserver.cpump", "FÜLLEN"));
+  EXPECT_EQ(caller.calls, 1);
+  platform::CodePane& pane =
+      fixture.environment->FindProject("PumpServer")->FindComponent("CPump")->Module()->Pane();
+  EXPECT_EQ(pane.TopLine(), 2);
+  const platform::CodeSelection selection = pane.GetSelection();
+  EXPECT_EQ(selection.start_line, 2);
+  EXPECT_EQ(selection.start_column, 1);
+  EXPECT_EQ(selection.end_line, 2);
+  EXPECT_EQ(selection.end_column, 19);
+}
+
+TEST(FormulaCodeTest, DoesNothingWithoutAnEnvironment) {
+  texts::TextTable texts(texts::Language::kGerman);
+  CVBFormulaCode generator(texts, nullptr, nullptr);
+  generator.AddFunction(kClass, "A", "");
+  generator.RenameFunction(kClass, "A", "B");
+  generator.DeactivateFunction(kClass, "A");
+  generator.AddParameter(kClass, "X", "y");
+  EXPECT_EQ(generator.GetFunctionCommentHeader("A", kClass), "");
+  EXPECT_TRUE(generator.TakeWarnings().empty());
+  EXPECT_FALSE(generator.TakeFailure());
+  std::string name = "1.a";
+  EXPECT_EQ(generator.VBConformItemName(name, 0), "__a");
+  EXPECT_EQ(name, "__a");
+}
+
+}  // namespace
+}  // namespace codegen
