@@ -70,7 +70,7 @@ class IndexChecker {
   std::uint64_t entries_ = 0;
   std::uint64_t expected_ = 0;  // of these rows the entry was there
   std::set<RowId> any_key_;
-  bool broken_ = false;         // pages could not be read
+  bool broken_ = false;  // pages could not be read
 };
 
 }  // namespace jet

@@ -36,6 +36,14 @@ std::size_t LastBit(const std::byte* page, std::size_t bit) {
   return 64 * word + 63 - static_cast<std::size_t>(std::countl_zero(bits));
 }
 
+// The baseline instruction set counts no bits, and the compiler's own routine is a slow call.
+std::size_t CountBits(std::uint64_t bits) {
+  bits -= bits >> 1 & 0x5555555555555555;
+  bits = (bits & 0x3333333333333333) + (bits >> 2 & 0x3333333333333333);
+  bits = (bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0F;
+  return static_cast<std::size_t>(bits * 0x0101010101010101 >> 56);
+}
+
 bool HasBit(const std::byte* page, std::size_t bit) {
   return (Load8(page + kIndexMaskOffset + bit / 8) >> bit % 8 & 1) != 0;
 }
@@ -66,7 +74,8 @@ const char* IndexPage::Fault(const std::byte* page) {
   const std::size_t used = view.Used();
   if (used == 0) return nullptr;
   if (!HasBit(page, used)) return "the entry mask does not end with the entries";
-  if (view.Prefix() > NextBit(page, 0)) return "the prefix is longer than the first entry";
+  if (view.Prefix() > 0 && view.Prefix() > NextBit(page, 0))
+    return "the prefix is longer than the first entry";
   return nullptr;
 }
 
@@ -75,10 +84,9 @@ std::size_t IndexPage::Count() const {
   if (used == 0) return 0;
   std::size_t count = 0;
   for (std::size_t word = 0; word < used / 64; ++word) {
-    count += static_cast<std::size_t>(std::popcount(MaskWord(page_, word)));
+    count += CountBits(MaskWord(page_, word));
   }
-  const std::uint64_t last = MaskWord(page_, used / 64) & (~std::uint64_t{0} >> (63 - used % 64));
-  count += static_cast<std::size_t>(std::popcount(last));
+  count += CountBits(MaskWord(page_, used / 64) & (~std::uint64_t{0} >> (63 - used % 64)));
   return HasBit(page_, 0) ? count - 1 : count;
 }
 
@@ -113,6 +121,16 @@ std::size_t IndexPage::Find(ByteView target, Bound bound) const {
     }
   }
   return low;
+}
+
+bool IndexPage::BelongsAt(std::size_t position, ByteView target) const {
+  const std::size_t used = Used();
+  if (used == 0 || position > used || (position > 0 && !HasBit(page_, position))) return false;
+  const ByteView prefix = PrefixBytes();
+  if (target.size() < prefix.size() || Compare(prefix, target) != 0) return false;
+  const ByteView rest = target.subspan(prefix.size());
+  if (position < used && IsBefore(Suffix(position), rest, Bound::kFirst)) return false;
+  return position == 0 || IsBefore(Suffix(Before(position)), rest, Bound::kFirst);
 }
 
 void IndexPage::Read(std::size_t position, std::vector<std::byte>& entry) const {

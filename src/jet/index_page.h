@@ -63,6 +63,10 @@ class IndexPage {
   // with it (kPast).
   std::size_t Find(ByteView target, Bound bound) const;
 
+  // Whether Find(target, kFirst) is known to be `position`, which may be any number: a guess that
+  // spares the search.
+  bool BelongsAt(std::size_t position, ByteView target) const;
+
   // REQUIRES: position < Used(). The entry without the shared prefix; with it.
   ByteView Suffix(std::size_t position) const;
   ByteView PrefixBytes() const { return {data(), Prefix()}; }

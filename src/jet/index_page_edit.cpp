@@ -2,7 +2,6 @@
 #include "jet/index_page_edit.h"
 
 #include <algorithm>
-#include <array>
 #include <cassert>
 #include <cstring>
 
@@ -11,65 +10,67 @@
 namespace jet {
 namespace {
 
-// The entry mask as words, for shifting.
+// The entry mask in 64-bit words, shifted in place. The last word ends behind the mask, in the
+// entry data, whose bytes it leaves alone.
 class Mask {
  public:
-  explicit Mask(std::byte* page) : bytes_(page + kIndexMaskOffset) {
-    std::array<std::byte, 8 * kWords> copy = {};
-    std::memcpy(copy.data(), bytes_, kIndexMaskSize);
-    for (std::size_t i = 0; i < kWords; ++i) words_[i] = Load64(&copy[8 * i]);
-  }
+  explicit Mask(std::byte* page) : bytes_(page + kIndexMaskOffset) {}
 
-  void Write() const {
-    std::array<std::byte, 8 * kWords> copy;
-    for (std::size_t i = 0; i < kWords; ++i) Store64(&copy[8 * i], words_[i]);
-    std::memcpy(bytes_, copy.data(), kIndexMaskSize);
-  }
+  void Set(std::size_t bit) { bytes_[bit / 8] |= std::byte{1} << bit % 8; }
 
-  void Set(std::size_t bit) { words_[bit / 64] |= std::uint64_t{1} << bit % 64; }
-
-  // Moves the bits from `first` on up by `distance`; zeros come in.
-  void ShiftUp(std::size_t first, std::size_t distance) {
+  // Moves the bits from `first` up to `last` by `distance` upwards; zeros come in below.
+  // REQUIRES: last + distance is a bit of the mask.
+  void ShiftUp(std::size_t first, std::size_t last, std::size_t distance) {
+    if (first > last) return;
     const std::size_t base = first / 64;
     const std::uint64_t below = ~(~std::uint64_t{0} << first % 64);
-    const std::uint64_t kept = words_[base] & below;
-    words_[base] &= ~below;
+    const std::uint64_t lowest = Get(base);
     const std::size_t skip = distance / 64;
     const std::size_t bits = distance % 64;
-    for (std::size_t i = kWords; i-- > base;) {
+    const auto source = [&](std::size_t word) {
+      return word == base ? lowest & ~below : Get(word);
+    };
+    for (std::size_t i = (last + distance) / 64; i > base; --i) {
       std::uint64_t word = 0;
-      if (i >= base + skip) {
-        word = words_[i - skip] << bits;
-        if (bits != 0 && i > base + skip) word |= words_[i - skip - 1] >> (64 - bits);
-      }
-      words_[i] = word;
+      if (i >= base + skip) word = source(i - skip) << bits;
+      if (bits != 0 && i > base + skip) word |= source(i - skip - 1) >> (64 - bits);
+      Put(i, word);
     }
-    words_[base] |= kept;
+    Put(base, (lowest & below) | (skip == 0 ? (lowest & ~below) << bits : 0));
   }
 
-  // Drops the `distance` bits from `first` on and moves those above down.
-  void ShiftDown(std::size_t first, std::size_t distance) {
+  // Drops the `distance` bits from `first` on and moves those above, up to `last`, down.
+  void ShiftDown(std::size_t first, std::size_t last, std::size_t distance) {
     const std::size_t base = first / 64;
+    const std::size_t end = last / 64;
     const std::uint64_t below = ~(~std::uint64_t{0} << first % 64);
-    const std::uint64_t kept = words_[base] & below;
+    const std::uint64_t kept = Get(base) & below;
     const std::size_t skip = distance / 64;
     const std::size_t bits = distance % 64;
-    for (std::size_t i = base; i < kWords; ++i) {
-      std::uint64_t word = 0;
-      if (i + skip < kWords) {
-        word = words_[i + skip] >> bits;
-        if (bits != 0 && i + skip + 1 < kWords) word |= words_[i + skip + 1] << (64 - bits);
-      }
-      words_[i] = word;
+    const auto source = [&](std::size_t word) { return word > end ? 0 : Get(word); };
+    for (std::size_t i = base; i <= end; ++i) {
+      std::uint64_t word = source(i + skip) >> bits;
+      if (bits != 0) word |= source(i + skip + 1) << (64 - bits);
+      Put(i, i == base ? (word & ~below) | kept : word);
     }
-    words_[base] = (words_[base] & ~below) | kept;
   }
 
  private:
-  static constexpr std::size_t kWords = (8 * kIndexMaskSize + 63) / 64;
+  static constexpr std::size_t kLastWord = kIndexMaskSize / 8;
+  static constexpr std::size_t kBytesOfLast = kIndexMaskSize % 8;
+
+  std::uint64_t Get(std::size_t word) const {
+    const std::uint64_t value = Load64(bytes_ + 8 * word);
+    return word < kLastWord ? value : value & ((std::uint64_t{1} << 8 * kBytesOfLast) - 1);
+  }
+  void Put(std::size_t word, std::uint64_t value) {
+    if (word < kLastWord) return Store64(bytes_ + 8 * word, value);
+    for (std::size_t i = 0; i < kBytesOfLast; ++i) {
+      bytes_[8 * word + i] = static_cast<std::byte>(value >> 8 * i);
+    }
+  }
 
   std::byte* bytes_;
-  std::array<std::uint64_t, kWords> words_;
 };
 
 void SetUsed(std::byte* page, std::size_t used) {
@@ -89,9 +90,8 @@ void InsertSuffix(std::byte* page, std::size_t position, ByteView suffix) {
   std::memmove(data + begin + suffix.size(), data + begin, used - begin);
   std::copy(suffix.begin(), suffix.end(), data + begin);
   Mask mask(page);
-  mask.ShiftUp(position + 1, suffix.size());
+  mask.ShiftUp(position + 1, used, suffix.size());
   mask.Set(begin + suffix.size());
-  mask.Write();
   SetUsed(page, used + suffix.size());
 }
 
@@ -104,10 +104,8 @@ void EraseSuffix(std::byte* page, std::size_t position) {
   std::byte* data = page + kIndexDataOffset;
   std::memmove(data + begin, data + end, used - end);
   std::memset(data + used - size, 0, size);
-  Mask mask(page);
   // The erased entry's own bit is the last of the range that is dropped.
-  mask.ShiftDown(begin + 1, size);
-  mask.Write();
+  Mask(page).ShiftDown(begin + 1, used, size);
   SetUsed(page, used - size);
 }
 
@@ -135,6 +133,13 @@ std::size_t PrefixWithout(IndexPage page, std::size_t position) {
   std::size_t last = page.Before(page.Used());
   if (last == position) last = page.Before(last);
   return page.Prefix() + CommonPrefix(page.Suffix(first), page.Suffix(last));
+}
+
+// Whether the entries and one more of `size` bytes fit without prefix.
+bool FitsWhole(IndexPage page, std::size_t size, std::size_t capacity) {
+  // Most often two entries more without prefix are too much, and none has to be counted.
+  if (page.Used() + size + page.Prefix() > capacity) return false;
+  return page.Used() + (page.Count() - 1) * page.Prefix() + size <= capacity;
 }
 
 bool InsertAnew(std::byte* page, std::size_t position, ByteView entry, std::size_t capacity) {
@@ -188,8 +193,8 @@ bool InsertEntry(std::byte* page, std::size_t position, ByteView entry, std::siz
     InsertSuffix(page, position, entry);
     return true;
   }
-  const std::size_t whole = used + (view.Count() - 1) * prefix + entry.size();
-  const std::size_t wanted = whole <= capacity ? 0 : PrefixWith(view, position, entry);
+  const std::size_t wanted =
+      FitsWhole(view, entry.size(), capacity) ? 0 : PrefixWith(view, position, entry);
   if (wanted != prefix) return InsertAnew(page, position, entry, capacity);
   if (used + entry.size() - prefix > capacity) return false;
   InsertSuffix(page, position, entry.subspan(prefix));

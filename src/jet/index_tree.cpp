@@ -103,11 +103,9 @@ PageRef IndexTree::Locate(ByteView entry) {
   if (path_holds_ && path_generation_ == pager_.generation()) {
     PageRef page = Read(path_.leaf().page);
     const IndexPage leaf(page.data());
-    const std::size_t position = leaf.Find(entry, Bound::kFirst);
-    if (leaf.IsLeaf() && IsInside(leaf, position)) {
-      path_.leaf().position = position;
-      return page;
-    }
+    std::size_t& position = path_.leaf().position;
+    if (!leaf.BelongsAt(position, entry)) position = leaf.Find(entry, Bound::kFirst);
+    if (leaf.IsLeaf() && IsInside(leaf, position)) return page;
   }
   path_holds_ = false;
   PageRef page = Descend(entry, Bound::kFirst, path_);
@@ -160,7 +158,10 @@ bool IndexTree::Insert(ByteView key, RowId row) {
   if (!InsertEntry(edit.data(), position, entry_, capacity_)) {
     path_holds_ = false;
     SplitAndInsert(path_, path_.depth - 1, entry_);
+    return is_new;
   }
+  // Where the next one belongs when entries arrive in order.
+  path_.leaf().position = IndexPage(edit.data()).After(position);
   return is_new;
 }
 

@@ -119,13 +119,20 @@ void AppendDecimal(std::span<const std::byte> stored, SortOrder order, Bytes& ke
   key[start] = std::byte{negative ? std::uint8_t{0x00} : std::uint8_t{0xFF}};
 }
 
+bool IsAscii(std::string_view text) {
+  unsigned char all = 0;
+  for (const char c : text) all |= static_cast<unsigned char>(c);
+  return all < 0x80;
+}
+
 Fault AppendText(const Value& value, SortOrder order, Bytes& key) {
   if (value.kind() != ValueKind::kText) return WrongKind();
-  const TextUnits<kTextKeyUnits + 1> units(value.text());
-  if (const auto character = AppendTextKey(units.view(), order, key)) {
-    return KeyFault{KeyFault::Reason::kNoCharacter, *character};
-  }
-  return std::nullopt;
+  const std::string_view text = value.text();
+  const auto character = IsAscii(text)
+                             ? AppendTextKey(text, order, key)
+                             : AppendTextKey(TextUnits<kTextKeyUnits + 1>(text).view(), order, key);
+  if (!character) return std::nullopt;
+  return KeyFault{KeyFault::Reason::kNoCharacter, *character};
 }
 
 Fault AppendBytes(ColumnType type, const Value& value, SortOrder order, Bytes& key) {

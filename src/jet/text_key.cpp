@@ -56,43 +56,48 @@ char32_t CharacterAt(std::u16string_view text, std::size_t at) {
   return unit;
 }
 
-std::u16string_view KeyedUnits(std::u16string_view text) {
+// The characters of which the key is made. Unit is char for ASCII.
+template <class Unit>
+std::basic_string_view<Unit> KeyedUnits(std::basic_string_view<Unit> text) {
   text = text.substr(0, kTextKeyUnits);
-  const std::size_t last = text.find_last_not_of(u' ');
-  return last == std::u16string_view::npos ? std::u16string_view() : text.substr(0, last + 1);
+  while (!text.empty() && text.back() == Unit{' '}) text.remove_suffix(1);
+  return text;
 }
 
-}  // namespace
+char32_t CharacterAt(std::string_view text, std::size_t at) {
+  return static_cast<unsigned char>(text[at]);
+}
 
-std::optional<char32_t> AppendTextKey(std::u16string_view text, SortOrder order,
-                                      std::vector<std::byte>& key) {
+template <class Unit>
+std::optional<char32_t> Append(std::basic_string_view<Unit> text, SortOrder order,
+                               std::vector<std::byte>& key) {
   const std::size_t start = key.size();
-  const std::u16string_view units = KeyedUnits(text);
-  key.resize(start + 2 * units.size());
+  const std::basic_string_view<Unit> units = KeyedUnits(text);
+  key.resize(start + 2 * units.size() + 2);
   std::byte* out = key.data() + start;
   Run<kTextKeyUnits> accents;
   Run<4 * kTextKeyUnits> specials;
   std::size_t position = 0;
   for (std::size_t i = 0; i < units.size(); ++i) {
-    const TextWeight* weight = FindTextWeight(units[i]);
+    const TextWeight* weight = FindTextWeight(static_cast<char16_t>(units[i]));
     if (weight == nullptr) {
       key.resize(start);
       return CharacterAt(text, i);
     }
-    if (weight->main_size == 0) {
-      if (weight->special != 0) AddSpecial(weight->special, position, specials);
-      continue;
-    }
-    *out++ = static_cast<std::byte>(weight->main[0]);
-    if (weight->main_size == 2) *out++ = static_cast<std::byte>(weight->main[1]);
+    // Both bytes are written; the next character overwrites what is not main.
+    out[0] = static_cast<std::byte>(weight->main[0]);
+    out[1] = static_cast<std::byte>(weight->main[1]);
+    out += weight->main_size;
     if (weight->extra != 0) {
       accents.Fill(position, kNoAccent);
       accents.Add(static_cast<std::byte>(weight->extra));
+    } else if (weight->special != 0) {
+      AddSpecial(weight->special, position, specials);
     }
-    ++position;
+    position += weight->main_size != 0;
   }
+  *out++ = kPartEnd;
   key.resize(static_cast<std::size_t>(out - key.data()));
-  key.push_back(kPartEnd);
   accents.DropTrailing(kNoAccent);
   accents.AppendTo(key);
   if (specials.size() > 0) {
@@ -105,6 +110,18 @@ std::optional<char32_t> AppendTextKey(std::u16string_view text, SortOrder order,
     key.push_back(kKeyEnd);
   }
   return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<char32_t> AppendTextKey(std::u16string_view text, SortOrder order,
+                                      std::vector<std::byte>& key) {
+  return Append(text, order, key);
+}
+
+std::optional<char32_t> AppendTextKey(std::string_view ascii, SortOrder order,
+                                      std::vector<std::byte>& key) {
+  return Append(ascii, order, key);
 }
 
 }  // namespace jet

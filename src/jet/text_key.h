@@ -20,5 +20,8 @@ enum class SortOrder : unsigned char { kDescending = 0, kAscending = 1 };
 // is left as it was.
 [[nodiscard]] std::optional<char32_t> AppendTextKey(std::u16string_view text, SortOrder order,
                                                     std::vector<std::byte>& key);
+// The same for a text of ASCII characters.
+[[nodiscard]] std::optional<char32_t> AppendTextKey(std::string_view ascii, SortOrder order,
+                                                    std::vector<std::byte>& key);
 
 }  // namespace jet

@@ -20,8 +20,48 @@ constexpr Weight Accented(unsigned main, unsigned char extra) { return Main(main
 constexpr Weight Special(unsigned char code) { return Weight{0, {0, 0}, 0, code}; }
 constexpr Weight Ignored() { return Weight{0, {0, 0}, 0, 0}; }
 
+struct Row {
+  char16_t unit;
+  Weight weight;
+};
+
+// The characters of Windows-1252 beyond Latin-1, in order.
 // clang-format off
-constexpr std::array<Weight, 256> kLatin1 = {{
+constexpr std::array kOthers = {
+    Row{0x0152, Plain(0x6451)},
+    Row{0x0153, Plain(0x6451)},
+    Row{0x0160, Accented(0x6B, 0x14)},
+    Row{0x0161, Accented(0x6B, 0x14)},
+    Row{0x0178, Accented(0x76, 0x13)},
+    Row{0x017D, Accented(0x78, 0x14)},
+    Row{0x017E, Accented(0x78, 0x14)},
+    Row{0x0192, Accented(0x53, 0x7B)},
+    Row{0x02C6, Accented(0x2B02, 0x03)},
+    Row{0x02DC, Plain(0x2B1C)},
+    Row{0x2013, Special(0x89)},
+    Row{0x2014, Special(0x8B)},
+    Row{0x2018, Plain(0x2B37)},
+    Row{0x2019, Plain(0x2B38)},
+    Row{0x201A, Plain(0x2B39)},
+    Row{0x201C, Plain(0x2B3B)},
+    Row{0x201D, Plain(0x2B3C)},
+    Row{0x201E, Plain(0x2B3D)},
+    Row{0x2020, Plain(0x34B3)},
+    Row{0x2021, Plain(0x34B4)},
+    Row{0x2022, Plain(0x34B5)},
+    Row{0x2026, Plain(0x34B9)},
+    Row{0x2030, Plain(0x34BA)},
+    Row{0x2039, Plain(0x2B46)},
+    Row{0x203A, Plain(0x2B47)},
+    Row{0x20AC, Plain(0x35A1)},
+    Row{0x2122, Plain(0x6E04)},
+};
+// clang-format on
+
+}  // namespace
+
+// clang-format off
+constinit const std::array<TextWeight, 256> kLatin1Weights = {{
     Ignored(), Special(0x03), Special(0x04), Special(0x05),  // 00
     Special(0x06), Special(0x07), Special(0x08), Special(0x09),  // 04
     Special(0x0A), Plain(0x0803), Plain(0x0804), Plain(0x0805),  // 08
@@ -87,48 +127,9 @@ constexpr std::array<Weight, 256> kLatin1 = {{
     Accented(0x64, 0x21), Accented(0x6F, 0x0F), Accented(0x6F, 0x0E), Accented(0x6F, 0x12),  // F8
     Accented(0x6F, 0x13), Accented(0x76, 0x0E), Plain(0x6D57), Accented(0x76, 0x13),  // FC
 }};
-
-struct Row {
-  char16_t unit;
-  Weight weight;
-};
-
-// The characters of Windows-1252 beyond Latin-1, in order.
-constexpr std::array kOthers = {
-    Row{0x0152, Plain(0x6451)},
-    Row{0x0153, Plain(0x6451)},
-    Row{0x0160, Accented(0x6B, 0x14)},
-    Row{0x0161, Accented(0x6B, 0x14)},
-    Row{0x0178, Accented(0x76, 0x13)},
-    Row{0x017D, Accented(0x78, 0x14)},
-    Row{0x017E, Accented(0x78, 0x14)},
-    Row{0x0192, Accented(0x53, 0x7B)},
-    Row{0x02C6, Accented(0x2B02, 0x03)},
-    Row{0x02DC, Plain(0x2B1C)},
-    Row{0x2013, Special(0x89)},
-    Row{0x2014, Special(0x8B)},
-    Row{0x2018, Plain(0x2B37)},
-    Row{0x2019, Plain(0x2B38)},
-    Row{0x201A, Plain(0x2B39)},
-    Row{0x201C, Plain(0x2B3B)},
-    Row{0x201D, Plain(0x2B3C)},
-    Row{0x201E, Plain(0x2B3D)},
-    Row{0x2020, Plain(0x34B3)},
-    Row{0x2021, Plain(0x34B4)},
-    Row{0x2022, Plain(0x34B5)},
-    Row{0x2026, Plain(0x34B9)},
-    Row{0x2030, Plain(0x34BA)},
-    Row{0x2039, Plain(0x2B46)},
-    Row{0x203A, Plain(0x2B47)},
-    Row{0x20AC, Plain(0x35A1)},
-    Row{0x2122, Plain(0x6E04)},
-};
 // clang-format on
 
-}  // namespace
-
-const TextWeight* FindTextWeight(char16_t unit) {
-  if (unit < kLatin1.size()) return &kLatin1[unit];
+const TextWeight* FindOtherWeight(char16_t unit) {
   const auto row = std::lower_bound(kOthers.begin(), kOthers.end(), unit,
                                     [](const Row& r, char16_t u) { return r.unit < u; });
   return row != kOthers.end() && row->unit == unit ? &row->weight : nullptr;

@@ -15,7 +15,14 @@ struct TextWeight {
   std::uint8_t special = 0;  // hyphen, apostrophe, control characters; 0: none
 };
 
+extern const std::array<TextWeight, 256> kLatin1Weights;
+
+// The weight of a character above Latin-1; null when the collation's table does not list it.
+const TextWeight* FindOtherWeight(char16_t unit);
+
 // The weight of a UTF-16 unit; null when the collation's table does not list it.
-const TextWeight* FindTextWeight(char16_t unit);
+inline const TextWeight* FindTextWeight(char16_t unit) {
+  return unit < kLatin1Weights.size() ? &kLatin1Weights[unit] : FindOtherWeight(unit);
+}
 
 }  // namespace jet
