@@ -86,7 +86,7 @@ class MemoryFileSystem::OpenFile final : public RandomAccessFile {
 
   std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
     const std::string& contents = node_->contents;
-    if (offset >= contents.size()) return 0;
+    if (out.empty() || offset >= contents.size()) return 0;
     const std::size_t count = std::min<std::size_t>(out.size(), contents.size() - offset);
     std::memcpy(out.data(), contents.data() + offset, count);
     return count;

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// Changes two text files as one: both are changed or none is, whatever happens in between.
+//
+//   two-files FOLDER            adds one to the number in FOLDER/one.txt and FOLDER/two.txt
+//   two-files FOLDER --crash N  is killed, as by a power button, at its N-th operation on files
+//
+// Run it with --crash and different numbers, look at the files, and run it again: it says what
+// the interrupted run left, and the two numbers are equal.
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "files/change_journal.h"
+#include "files/failing_file_system.h"
+#include "files/recovery.h"
+
+namespace {
+
+int Run(files::FileSystem& system, const std::string& folder) {
+  // The journal stands beside the first of the files.
+  const std::string one = system.Join(folder, "one.txt");
+  const std::string two = system.Join(folder, "two.txt");
+  const files::RecoveryPlan found = files::Recover(system, one);
+  if (!found.message.empty()) std::cout << found.message << '\n';
+
+  files::ChangeSet changes;
+  for (const std::string& path : {one, two}) {
+    files::FileChange& change = changes.files.emplace_back();
+    change.path = path;
+    if (system.Exists(path)) change.before = files::ReadFile(system, path);
+    change.after = std::to_string(std::atoi(change.before.value_or("0").c_str()) + 1) + "\n";
+  }
+  files::ChangeJournal(system, one).Commit(changes);
+  std::cout << "Both files hold " << *changes.files[0].after;
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2 && argc != 4) {
+    std::cerr << "usage: two-files FOLDER [--crash N]\n";
+    return 2;
+  }
+  files::FailingFileSystem system(files::RealFileSystem());
+  if (argc == 4) system.Arm({{}, std::atoi(argv[3]), files::Fault::Length::kCrash});
+  try {
+    return Run(system, argv[1]);
+  } catch (const files::Error& error) {
+    if (system.fired()) {
+      std::cout << "Crashed.\n";
+      std::_Exit(137);
+    }
+    std::cerr << error.what() << '\n';
+    return 1;
+  }
+}
