@@ -62,7 +62,8 @@ const CodePage& CodePage::Get(int number) {
 }
 
 std::string CodePage::ToUtf8(std::string_view bytes) const {
-  if (number_ == kUtf8) return std::string(bytes);
+  const bool ascii = std::ranges::all_of(bytes, [](char c) { return c >= 0; });
+  if (ascii || number_ == kUtf8) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size());
   for (char byte : bytes) {

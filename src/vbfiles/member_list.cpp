@@ -2,8 +2,8 @@
 #include "vbfiles/member_list.h"
 
 #include <algorithm>
+#include <bit>
 #include <tuple>
-#include <unordered_map>
 
 namespace vbfiles {
 
@@ -28,31 +28,35 @@ bool IsBefore(const NamePlace& a, const NamePlace& b) {
   return std::tie(a.line, a.column) < std::tie(b.line, b.column);
 }
 
-// Names seen so far.
+// Names seen so far: a hash table with open addressing.
 class NameSet {
  public:
-  explicit NameSet(const SourceIndex& index) : index_(index) {}
+  NameSet(const SourceIndex& index, std::size_t capacity)
+      : index_(index), slots_(std::bit_ceil(2 * capacity + 1)) {}
 
   // False when the name was there already.
   bool Insert(const NamePlace& place) {
-    const auto [first, last] = places_.equal_range(place.hash);
-    for (auto i = first; i != last; ++i) {
-      if (index_.IsNamed(*i->second, index_.Name(place), place.hash)) return false;
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = place.hash & mask;
+    for (; slots_[slot] != nullptr; slot = (slot + 1) & mask) {
+      if (index_.IsNamed(*slots_[slot], index_.Name(place), place.hash)) return false;
     }
-    places_.emplace(place.hash, &place);
+    slots_[slot] = &place;
     return true;
   }
 
  private:
   const SourceIndex& index_;
-  std::unordered_multimap<std::uint32_t, const NamePlace*> places_;
+  std::vector<const NamePlace*> slots_;
 };
 
 }  // namespace
 
 std::vector<Member> ListMembers(const SourceIndex& index) {
   std::vector<Member> members;
-  NameSet names(index);
+  const std::size_t count = index.procedures().size() + index.declarations().size();
+  members.reserve(count);
+  NameSet names(index, count);
   auto procedure = index.procedures().begin();
   auto declaration = index.declarations().begin();
   while (procedure != index.procedures().end() || declaration != index.declarations().end()) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "vbfiles/module_text.h"
 
+#include <algorithm>
 #include <cassert>
 
 #include "vbfiles/attribute_line.h"
-#include "vbfiles/physical_lines.h"
 
 namespace vbfiles {
 
@@ -27,33 +27,65 @@ ModuleText::ModuleText(std::string bytes, std::size_t header_length)
   trailer_ = original_.substr(end);
   original_.resize(end);
 
-  std::string_view terminator = kCrLf;
-  for (std::size_t begin = header_length_; begin < original_.size();) {
-    PhysicalLine line = ReadPhysicalLine(original_, begin);
-    if (!line.terminated()) {
-      const std::string last_terminator(terminator);
-      filled_in_ = last_terminator.size();
-      original_ += last_terminator;
-      line.next += filled_in_;
-    }
-    terminator = std::string_view(original_).substr(line.end, line.next - line.end);
-    const std::string_view text = TextOf(original_, line);
-    if (!lines_.empty() && MayBeAttribute(text) && ParseAttributeLine(text)) {
-      lines_.back().hidden += static_cast<std::uint32_t>(line.next - line.begin);
-    } else {
-      lines_.push_back(Record{static_cast<std::uint32_t>(line.begin),
-                              static_cast<std::uint32_t>(line.end - line.begin), 0,
-                              static_cast<std::uint8_t>(line.next - line.end), false});
-    }
-    begin = line.next;
+  if (end > header_length_ && original_.back() != '\n' && original_.back() != '\r') {
+    filled_in_ = FillInLastTerminator();
   }
-  lines_.shrink_to_fit();
+  ReadLines();
   if (lines_.empty() && header_length_ > 0 && original_.back() != '\n' &&
       original_.back() != '\r') {
     filled_in_ = kCrLf.size();
     original_ += kCrLf;
     header_length_ = original_.size();
   }
+}
+
+// The missing line end of the last line: that of the line above, else CR LF. Returns its length.
+std::size_t ModuleText::FillInLastTerminator() {
+  const std::size_t above = original_.find_last_of("\r\n");
+  std::string terminator(kCrLf);
+  if (above != std::string::npos && above >= header_length_) {
+    const bool pair =
+        original_[above] == '\n' && above > header_length_ && original_[above - 1] == '\r';
+    terminator = pair ? std::string(kCrLf) : std::string(1, original_[above]);
+  }
+  original_ += terminator;
+  return terminator.size();
+}
+
+void ModuleText::ReadLines() {
+  const std::string_view body = std::string_view(original_).substr(header_length_);
+  const auto line_feeds = static_cast<std::size_t>(std::ranges::count(body, '\n'));
+  const auto carriage_returns = static_cast<std::size_t>(std::ranges::count(body, '\r'));
+  lines_.reserve(std::max(line_feeds, carriage_returns));
+  // A line feed ends a line, and a carriage return in front of it goes with it, unless carriage
+  // returns stand elsewhere too.
+  std::size_t pairs = 0;
+  for (std::size_t begin = header_length_; begin < original_.size();) {
+    const std::size_t line_feed = original_.find('\n', begin);
+    if (line_feed == std::string::npos) break;
+    const bool pair = line_feed > begin && original_[line_feed - 1] == '\r';
+    pairs += pair ? 1 : 0;
+    AddLine({begin, line_feed - (pair ? 1 : 0), line_feed + 1});
+    begin = line_feed + 1;
+  }
+  if (pairs == carriage_returns) return;
+  lines_.clear();
+  for (std::size_t begin = header_length_; begin < original_.size();) {
+    const PhysicalLine line = ReadPhysicalLine(original_, begin);
+    AddLine(line);
+    begin = line.next;
+  }
+}
+
+void ModuleText::AddLine(const PhysicalLine& line) {
+  const std::string_view text = TextOf(original_, line);
+  if (!lines_.empty() && MayBeAttribute(text) && ParseAttributeLine(text)) {
+    lines_.back().hidden += static_cast<std::uint32_t>(line.next - line.begin);
+    return;
+  }
+  lines_.push_back(Record{static_cast<std::uint32_t>(line.begin),
+                          static_cast<std::uint32_t>(line.end - line.begin), 0,
+                          static_cast<std::uint8_t>(line.next - line.end), false});
 }
 
 std::string_view ModuleText::Bytes(const Record& record) const {

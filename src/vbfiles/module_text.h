@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "vbfiles/physical_lines.h"
 #include "vbfiles/source_lines.h"
 
 namespace vbfiles {
@@ -59,6 +60,9 @@ class ModuleText final : public SourceLines {
     bool added;               // in added_ instead of original_
   };
 
+  std::size_t FillInLastTerminator();
+  void ReadLines();
+  void AddLine(const PhysicalLine& line);
   std::string_view Bytes(const Record& record) const;  // line, terminator and hidden lines
   std::string_view Terminator(const Record& record) const;
   std::string_view TerminatorNear(std::int32_t line) const;

@@ -9,10 +9,17 @@ namespace vbfiles {
 
 namespace {
 
-bool IsWordAt(std::string_view text, std::size_t position, std::string_view keyword) {
+bool StartsWith(std::string_view text, std::size_t position, std::string_view keyword) {
   return text.size() >= position + keyword.size() &&
-         IsKeyword(text.substr(position, keyword.size()), keyword) &&
-         (text.size() == position + keyword.size() || IsBlank(text[position + keyword.size()]));
+         IsKeyword(text.substr(position, keyword.size()), keyword);
+}
+
+// Whether the text at `first` begins like the end of a procedure.
+bool MayEndProcedure(std::string_view text, std::size_t first) {
+  if (!StartsWith(text, first, "end")) return false;
+  const std::size_t second = SkipBlanks(text, first + 3);
+  return StartsWith(text, second, "sub") || StartsWith(text, second, "function") ||
+         StartsWith(text, second, "property");
 }
 
 // Whether a line inside a procedure, whose first character stands at `first`, can hold anything
@@ -20,8 +27,8 @@ bool IsWordAt(std::string_view text, std::size_t position, std::string_view keyw
 bool IsPlainBody(std::string_view text, std::size_t first) {
   const char c = text[first];
   if (c == '#' || (c >= '0' && c <= '9')) return false;
-  if ((c == 'E' || c == 'e') && IsWordAt(text, first, "end")) return false;
-  if ((c == 'R' || c == 'r') && IsWordAt(text, first, "rem")) return false;
+  if ((c == 'E' || c == 'e') && MayEndProcedure(text, first)) return false;
+  if ((c == 'R' || c == 'r') && StartsWith(text, first, "rem")) return false;
   return std::memchr(text.data() + first, ':', text.size() - first) == nullptr;
 }
 
