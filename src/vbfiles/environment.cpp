@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 #include "vbfiles/errors.h"
+#include "vbfiles/path_resolver.h"
 #include "vbfiles/project_file.h"
 
 namespace vbfiles {

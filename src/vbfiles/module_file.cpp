@@ -12,8 +12,8 @@ namespace vbfiles {
 
 namespace {
 
-// Headers of classes are below 1 KiB; forms describe their controls there.
-constexpr std::size_t kFirstRead = 2048;
+// Headers of classes are hardly longer; forms describe their controls there.
+constexpr std::size_t kFirstRead = 1024;
 constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 28;
 constexpr std::size_t kCompareBlock = 65536;
 

@@ -39,13 +39,12 @@ std::string PathResolver::Resolve(const std::string& folder, std::string_view wr
   return path;
 }
 
-const PathResolver::Folder& PathResolver::List(const std::string& folder) {
+PathResolver::Folder& PathResolver::List(const std::string& folder) {
   const auto [at, is_new] = folders_.try_emplace(folder);
   if (!is_new) return at->second;
   try {
-    for (const files::DirectoryEntry& entry : system_.List(folder)) {
-      at->second.names.insert(entry.name);
-      at->second.folded.emplace(platform::FoldCase(entry.name), entry.name);
+    for (files::DirectoryEntry& entry : system_.List(folder)) {
+      at->second.names.insert(std::move(entry.name));
     }
   } catch (const files::Error&) {
     // A folder that cannot be listed: its files keep the names as written.
@@ -54,10 +53,15 @@ const PathResolver::Folder& PathResolver::List(const std::string& folder) {
 }
 
 std::string PathResolver::RealName(const std::string& folder, const std::string& name) {
-  const Folder& listed = List(folder);
+  Folder& listed = List(folder);
   if (listed.names.contains(name)) return name;
-  const auto found = listed.folded.find(platform::FoldCase(name));
-  return found == listed.folded.end() ? name : found->second;
+  if (listed.by_folded_name.empty()) {
+    for (const std::string& exact : listed.names) {
+      listed.by_folded_name.emplace(platform::FoldCase(exact), exact);
+    }
+  }
+  const auto found = listed.by_folded_name.find(platform::FoldCase(name));
+  return found == listed.by_folded_name.end() ? name : found->second;
 }
 
 bool IsInside(const files::FileSystem& system, const std::string& path, const std::string& folder) {

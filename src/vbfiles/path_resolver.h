@@ -2,10 +2,10 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "files/file_system.h"
 
@@ -24,11 +24,11 @@ class PathResolver {
 
  private:
   struct Folder {
-    std::unordered_set<std::string> names;                // exact
-    std::unordered_map<std::string, std::string> folded;  // lower case to exact
+    std::set<std::string> names;
+    std::unordered_map<std::string, std::string> by_folded_name;  // made when first needed
   };
 
-  const Folder& List(const std::string& folder);
+  Folder& List(const std::string& folder);
   std::string RealName(const std::string& folder, const std::string& name);
 
   files::FileSystem& system_;

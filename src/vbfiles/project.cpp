@@ -7,6 +7,7 @@
 
 #include "platform/text.h"
 #include "vbfiles/errors.h"
+#include "vbfiles/path_resolver.h"
 
 namespace vbfiles {
 
@@ -55,6 +56,7 @@ void Project::Read() {
   ProjectFile project;
   files::FileStamp stamp;
   PathResolver resolver(system);
+  const std::string folder = system.Folder(path_);
   const std::string file_name = system.FileName(path_);
   if (const auto type = SourceTypeOf(path_)) {
     project.components.push_back({*type, "", file_name});
@@ -68,7 +70,7 @@ void Project::Read() {
   }
   std::vector<std::shared_ptr<Component>> components;
   for (const ComponentEntry& entry : project.components) {
-    components.push_back(MakeComponent(entry, resolver));
+    components.push_back(MakeComponent(entry, resolver.Resolve(folder, page_.ToUtf8(entry.path))));
   }
   components_ = std::move(components);
   name_ = project.name.empty() ? StemOf(file_name) : page_.ToUtf8(project.name);
@@ -77,9 +79,7 @@ void Project::Read() {
 }
 
 std::shared_ptr<Component> Project::MakeComponent(const ComponentEntry& entry,
-                                                  PathResolver& resolver) {
-  const std::string path =
-      resolver.Resolve(session_->system.Folder(path_), page_.ToUtf8(entry.path));
+                                                  const std::string& path) const {
   for (const auto& component : components_) {
     if (component->FileName() == path) return component;
   }

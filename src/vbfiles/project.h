@@ -8,7 +8,6 @@
 
 #include "platform/vbide.h"
 #include "vbfiles/component.h"
-#include "vbfiles/path_resolver.h"
 #include "vbfiles/project_file.h"
 #include "vbfiles/session.h"
 
@@ -45,7 +44,8 @@ class Project final : public platform::VBProject {
   void Read();
   void RefreshHeaders();
   bool IsNamed(const Component& component, std::string_view name) const;
-  std::shared_ptr<Component> MakeComponent(const ComponentEntry& entry, PathResolver& resolver);
+  std::shared_ptr<Component> MakeComponent(const ComponentEntry& entry,
+                                           const std::string& path) const;
 
   std::shared_ptr<Session> session_;
   const CodePage& page_;

@@ -15,6 +15,16 @@ bool IsTypeCharacter(char c) {
 }
 bool IsHigh(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
+constexpr std::array<bool, 256> MakeWordCharacters() {
+  std::array<bool, 256> is_word{};
+  for (std::size_t c = 0; c < 256; ++c) {
+    is_word[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                 c == '_' || c >= 0x80;
+  }
+  return is_word;
+}
+constexpr std::array<bool, 256> kWordCharacters = MakeWordCharacters();
+
 // A word between the number signs of a date: AM, PM or the name of a month, also shortened.
 bool IsDateWord(std::string_view word) {
   static constexpr std::array<std::string_view, 12> kMonths = {
@@ -129,10 +139,8 @@ Token Lexer::TakeString() {
 
 std::size_t Lexer::WordLength() const {
   std::size_t end = position_;
-  while (end < text_.size()) {
-    const char c = text_[end];
-    if (!IsLetter(c) && !IsDigit(c) && c != '_' && !IsHigh(c)) break;
-    end += page_.IsLeadByte(c) ? 2 : 1;
+  while (end < text_.size() && kWordCharacters[static_cast<unsigned char>(text_[end])]) {
+    end += page_.IsLeadByte(text_[end]) ? 2 : 1;
   }
   return std::min(end, text_.size()) - position_;
 }
