@@ -144,12 +144,12 @@ void ModuleText::Insert(std::int32_t line, std::span<const std::string> texts) {
   std::vector<Record> records;
   records.reserve(texts.size());
   for (const std::string& text : texts) records.push_back(Add(text, terminator, ""));
-  lines_.insert(lines_.begin() + line - 1, records.begin(), records.end());
+  lines_.insert(lines_.begin() + (line - 1), records.begin(), records.end());
 }
 
 void ModuleText::Erase(std::int32_t line, std::int32_t count) {
   assert(line >= 1 && count >= 0 && line + count - 1 <= LineCount());
-  lines_.erase(lines_.begin() + line - 1, lines_.begin() + line - 1 + count);
+  lines_.erase(lines_.begin() + (line - 1), lines_.begin() + (line - 1 + count));
   edited_ = edited_ || count > 0;
 }
 

@@ -60,7 +60,7 @@ void SourceIndex::Update(std::int32_t first, std::int32_t removed, std::int32_t 
   const std::int32_t start = LogicalFirst(first);
   const ScanMode start_mode = Info(start).mode;
 
-  const auto at = infos_.begin() + first - 1;
+  const auto at = infos_.begin() + (first - 1);
   if (delta > 0) {
     infos_.insert(at, static_cast<std::size_t>(delta), LineInfo{});
   } else {
