@@ -10,11 +10,11 @@
 #include "cli/error_report.h"
 #include "cli/help.h"
 #include "cli/invocation.h"
-#include "cli/language.h"
 #include "cli/parser.h"
 #include "cli/suggest.h"
 #include "cli/version.h"
 #include "platform/text.h"
+#include "workbench/language.h"
 
 namespace cli {
 
@@ -122,19 +122,20 @@ int RunCommand(const CommandSpec& command, const Words& words, Console& console,
 
 int Run(const std::vector<std::string>& arguments, Console& console) {
   Words words = arguments;
+  if (!words.empty() && words.front() == "--version") {
+    console.out << "ovformula " << kVersion << '\n';
+    return kDone;
+  }
   const auto language = TakeLanguage(words);
-  const texts::TextTable texts(ChooseLanguage(language.value_or(""), console));
-  if (language && !ParseLanguage(*language)) {
+  const texts::TextTable texts(
+      workbench::ChooseLanguage(language.value_or(""), console.files, console.environment));
+  if (language && !workbench::ParseLanguage(*language)) {
     ReportError(console, texts, texts.Text(kTextUnknownLanguage, {{"<Word>", *language}}));
     return kUsage;
   }
   if (words.empty()) {
     console.err << Overview(texts);
     return kUsage;
-  }
-  if (words.front() == "--version") {
-    console.out << "ovformula " << kVersion << '\n';
-    return kDone;
   }
   if (words.front() == "--help" || words.front() == "-h") {
     console.out << Overview(texts);

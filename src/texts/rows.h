@@ -32,7 +32,8 @@ std::span<const Row> SharedRows();     // 10 to 999
 std::span<const Row> StoreRows();      // 1000 to 1099: operations
 std::span<const Row> CodegenRows();    // 1100 to 1199: code generator
 std::span<const Row> CliRows();        // 1200 to 1399: command line
-std::span<const Row> WorkbenchRows();  // 1400 to 1599: desktop program
+std::span<const Row> WorkbenchRows();  // 1400 to 1499: toolkit
+std::span<const Row> DesktopRows();    // 1500 to 1599: desktop program
 std::span<const Row> DialogRows();     // 1600 to 1699: dialogs and editor window
 std::span<const Row> HelpRows();       // 1700 to 1799: report and help
 std::span<const Row> EngineRows();     // 1800 to 1899: database and source files

@@ -25,12 +25,13 @@ Language ChooseLanguage(platform::SettingsService& settings) {
 }
 
 std::span<const Area> Areas() {
-  static const std::array<Area, 8> areas = {{
+  static const std::array<Area, 9> areas = {{
       {"shared", 10, 999, SharedRows()},
       {"store", 1000, 1099, StoreRows()},
       {"codegen", 1100, 1199, CodegenRows()},
       {"cli", 1200, 1399, CliRows()},
-      {"workbench", 1400, 1599, WorkbenchRows()},
+      {"workbench", 1400, 1499, WorkbenchRows()},
+      {"desktop", 1500, 1599, DesktopRows()},
       {"dialogs", 1600, 1699, DialogRows()},
       {"help", 1700, 1799, HelpRows()},
       {"engine", 1800, 1899, EngineRows()},

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "cli/language.h"
+#include "workbench/language.h"
 
 #include "workbench/file_settings_service.h"
-#include "workbench/user_folders.h"
 
-namespace cli {
+namespace workbench {
 
 namespace {
 
-constexpr const char* kGermanLcid = "1031";
-constexpr const char* kEnglishLcid = "1033";
-
 // By the variables that decide the language of messages, the strongest first.
-texts::Language LanguageOfLocale(Console& console) {
+texts::Language LanguageOfLocale(const Environment& environment) {
   for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const std::string locale = console.environment(variable);
+    const std::string locale = environment(variable);
     if (!locale.empty()) {
       return locale.starts_with("de") ? texts::Language::kGerman : texts::Language::kEnglish;
     }
@@ -30,17 +26,21 @@ std::optional<texts::Language> ParseLanguage(std::string_view text) {
   return std::nullopt;
 }
 
-texts::Language ChooseLanguage(std::string_view asked, Console& console) {
+std::string_view LcidOf(texts::Language language) {
+  return language == texts::Language::kGerman ? "1031" : "1033";
+}
+
+texts::Language ChooseLanguage(std::string_view asked, files::FileSystem& system,
+                               const Environment& environment) {
   if (const auto language = ParseLanguage(asked)) return *language;
-  const auto folders = workbench::FindUserFolders(console.files, console.environment);
-  workbench::FileSettingsService settings(console.files, folders.config);
+  const auto folders = FindUserFolders(system, environment);
+  FileSettingsService settings(system, folders.config);
   if (const auto lcid = settings.RegistryNumber(texts::kLanguageKey, texts::kLanguageValue, 0)) {
     return texts::LanguageOfLcid(lcid);
   }
-  const texts::Language language = LanguageOfLocale(console);
-  settings.WriteRegistry(texts::kLanguageKey, texts::kLanguageValue,
-                         language == texts::Language::kGerman ? kGermanLcid : kEnglishLcid);
+  const texts::Language language = LanguageOfLocale(environment);
+  settings.WriteRegistry(texts::kLanguageKey, texts::kLanguageValue, LcidOf(language));
   return language;
 }
 
-}  // namespace cli
+}  // namespace workbench

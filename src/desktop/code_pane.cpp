@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/code_pane.h"
+
+#include <wx/clipbrd.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/stc/stc.h>
+
+#include "files/error.h"
+#include "platform/error.h"
+#include "workbench/text_numbers.h"
+#include "wx/convert.h"
+#include "wx/native.h"
+
+namespace desktop {
+
+namespace {
+
+using workbench::TextNumber;
+
+constexpr int kLineNumbers = 0;
+constexpr int kTabWidth = 4;
+
+constexpr const char* kKeywords =
+    "addressof alias and any as base boolean byref byte byval call case cbool cbyte ccur cdate "
+    "cdbl cint clng close "
+    "const csng cstr currency cvar cverr date debug declare defbool defbyte defcur defdate defdbl "
+    "defint deflng defobj "
+    "defsng defstr defvar dim do double each else elseif empty end enum eqv erase error event exit "
+    "explicit false "
+    "for friend function get global gosub goto if imp implements in input integer is let lib like "
+    "line lock long loop "
+    "lset me mod new next not nothing null object on open option optional or output paramarray "
+    "preserve print private "
+    "property public put raiseevent random read redim rem resume return rset seek select set "
+    "single static step stop "
+    "string sub tab then to true type unlock until variant wend while with withevents write xor";
+
+// Colours for the light and the dark look; each at least 4.5 : 1 against its paper.
+struct Palette {
+  wxColour ink, paper, margin, comment, keyword, string, number, selection;
+};
+
+Palette ChoosePalette() {
+  if (wxSystemSettings::GetAppearance().IsDark()) {
+    return {wxColour(0xE3, 0xE8, 0xED), wxColour(0x1B, 0x20, 0x26), wxColour(0x26, 0x2C, 0x33),
+            wxColour(0x9A, 0xA4, 0xAE), wxColour(0x74, 0xB9, 0xEA), wxColour(0xE0, 0xA0, 0x8F),
+            wxColour(0xC8, 0xB0, 0x6A), wxColour(0x2F, 0x4A, 0x63)};
+  }
+  return {wxColour(0x1C, 0x27, 0x33), wxColour(0xFF, 0xFF, 0xFF), wxColour(0xF0, 0xF2, 0xF4),
+          wxColour(0x68, 0x70, 0x78), wxColour(0x0B, 0x4F, 0x9E), wxColour(0x8A, 0x33, 0x24),
+          wxColour(0x7A, 0x54, 0x00), wxColour(0xC9, 0xDF, 0xF2)};
+}
+
+}  // namespace
+
+CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
+    : wxPanel(parent),
+      texts_(texts),
+      title_(new wxStaticText(this, wxID_ANY, "")),
+      editor_(new wxStyledTextCtrl(this)) {
+  auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(title_, wxSizerFlags().Expand().Border(wxALL, FromDIP(6)));
+  sizer->Add(editor_, wxSizerFlags(1).Expand());
+  SetSizer(sizer);
+  title_->SetLabel(wx::ToLabel(texts.Text(TextNumber::kTextNoModule)));
+  wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(TextNumber::kTextCodeName)));
+  SetUpEditor();
+  editor_->Enable(false);
+}
+
+void CodePane::SetUpEditor() {
+  editor_->SetLexer(wxSTC_LEX_VB);
+  editor_->SetKeyWords(0, kKeywords);
+  editor_->SetTabWidth(kTabWidth);
+  editor_->SetIndent(kTabWidth);
+  editor_->SetUseTabs(false);
+  editor_->SetEOLMode(wxSTC_EOL_LF);
+  editor_->SetMarginType(kLineNumbers, wxSTC_MARGIN_NUMBER);
+  editor_->SetMarginWidth(1, 0);
+  editor_->SetWrapMode(wxSTC_WRAP_NONE);
+  editor_->SetScrollWidthTracking(true);
+  editor_->SetScrollWidth(1);
+  // Tab leaves no way out for the keyboard: it indents; Escape and F6 go back to the tree.
+  ApplyColours();
+  editor_->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+    event.Skip();
+    CallAfter([this] {
+      if (!asking_ && Modified()) Save();
+    });
+  });
+  editor_->Bind(wxEVT_STC_SAVEPOINTLEFT, [this](wxStyledTextEvent&) {
+    if (on_status) on_status(texts_.Text(TextNumber::kTextModified));
+  });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    event.Skip();
+    ApplyColours();
+  });
+}
+
+void CodePane::ApplyColours() {
+  const Palette palette = ChoosePalette();
+  wxFont font(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
+                  .Family(wxFONTFAMILY_TELETYPE));
+  editor_->StyleSetFont(wxSTC_STYLE_DEFAULT, font);
+  editor_->StyleSetForeground(wxSTC_STYLE_DEFAULT, palette.ink);
+  editor_->StyleSetBackground(wxSTC_STYLE_DEFAULT, palette.paper);
+  editor_->StyleClearAll();
+  const auto style = [&](int number, const wxColour& colour) {
+    editor_->StyleSetForeground(number, colour);
+  };
+  style(wxSTC_B_COMMENT, palette.comment);
+  style(wxSTC_B_KEYWORD, palette.keyword);
+  style(wxSTC_B_STRING, palette.string);
+  style(wxSTC_B_STRINGEOL, palette.string);
+  style(wxSTC_B_NUMBER, palette.number);
+  style(wxSTC_B_DATE, palette.number);
+  style(wxSTC_STYLE_LINENUMBER, palette.comment);
+  editor_->StyleSetItalic(wxSTC_B_COMMENT, true);
+  editor_->StyleSetBackground(wxSTC_STYLE_LINENUMBER, palette.margin);
+  editor_->SetSelBackground(true, palette.selection);
+  editor_->SetCaretForeground(palette.ink);
+}
+
+void CodePane::ShowModule(std::shared_ptr<platform::VBComponent> component,
+                          platform::UnitOfWork& unit) {
+  if (component_ && component_->FileName() == component->FileName()) return Refresh();
+  if (Modified() && !Save()) return;
+  platform::CodeModule* module = component->Module();
+  if (!module) return;
+  component_ = std::move(component);
+  document_ = std::make_unique<workbench::CodeDocument>(unit, *module);
+  editor_->Enable(true);
+  LoadAgain();
+}
+
+void CodePane::CloseModule() {
+  document_.reset();
+  component_.reset();
+  SetText("");
+  editor_->Enable(false);
+  title_->SetLabel(wx::ToLabel(texts_.Text(TextNumber::kTextNoModule)));
+}
+
+void CodePane::SetText(const std::string& text) {
+  editor_->SetText(wx::ToWx(text));
+  editor_->EmptyUndoBuffer();
+  editor_->SetSavePoint();
+  const wxString widest(
+      L'9', std::max<std::size_t>(4, std::to_string(editor_->GetLineCount()).size() + 1));
+  editor_->SetMarginWidth(kLineNumbers, editor_->TextWidth(wxSTC_STYLE_LINENUMBER, widest));
+}
+
+void CodePane::LoadAgain() {
+  try {
+    SetText(document_->Load());
+    title_->SetLabel(wx::ToLabel(component_->Name() + "  –  " + component_->FileName()));
+  } catch (const std::exception& error) {
+    SetText("");
+    editor_->Enable(false);
+    title_->SetLabel(wx::ToLabel(error.what()));
+  }
+  Layout();
+}
+
+void CodePane::ScrollTo(std::int32_t line) {
+  editor_->GotoLine(line - 1);
+  editor_->SetFirstVisibleLine(editor_->VisibleFromDocLine(line - 1));
+}
+
+void CodePane::SelectLines(const platform::CodeSelection& selection) {
+  const int start = editor_->PositionFromLine(selection.start_line - 1);
+  const int end = editor_->PositionFromLine(selection.end_line - 1);
+  const int first = editor_->PositionRelative(start, selection.start_column - 1);
+  editor_->SetSelection(first, editor_->GetLineEndPosition(editor_->LineFromPosition(end)));
+}
+
+bool CodePane::Modified() const { return document_ && editor_->GetModify(); }
+
+bool CodePane::Save() {
+  if (!Modified()) return true;
+  const std::string name = component_->Name();
+  try {
+    document_->Save(wx::FromWx(editor_->GetText()));
+    editor_->SetSavePoint();
+    if (on_status) on_status(texts_.Text(TextNumber::kTextSaved, {{"<Name>", name}}));
+    return true;
+  } catch (const platform::Error& error) {
+    if (error.kind() == platform::ErrorKind::kConflict && document_->ChangedMeanwhile()) {
+      ResolveConflict();
+    } else if (on_failure) {
+      on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), error.what());
+    }
+  } catch (const std::exception& error) {
+    if (on_failure)
+      on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), error.what());
+  }
+  return false;
+}
+
+void CodePane::ResolveConflict() {
+  asking_ = true;
+  const bool load = on_conflict && on_conflict(component_->Name());
+  if (load) {
+    if (wxTheClipboard->Open()) {
+      wxTheClipboard->SetData(new wxTextDataObject(editor_->GetText()));
+      wxTheClipboard->Close();
+    }
+    LoadAgain();
+  }
+  asking_ = false;
+}
+
+void CodePane::Refresh() {
+  if (!document_ || Modified() || asking_ || !document_->ChangedMeanwhile()) return;
+  const int line = editor_->GetFirstVisibleLine(), caret = editor_->GetCurrentLine();
+  LoadAgain();
+  editor_->GotoLine(caret);
+  editor_->SetFirstVisibleLine(line);
+}
+
+}  // namespace desktop

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/desktop_state.h"
+
+#include "platform/variant.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr std::string_view kSection = "Desktop";
+
+}  // namespace
+
+DesktopState::DesktopState(workbench::FileSettingsService& settings, files::FileSystem& files,
+                           const std::string& folder)
+    : settings_(settings),
+      files_(files),
+      folder_(folder),
+      file_(folder.empty() ? "" : files.Join(folder, "desktop.ini")) {
+  window.left = Number("Left", window.left);
+  window.top = Number("Top", window.top);
+  window.width = Number("Width", window.width);
+  window.height = Number("Height", window.height);
+  window.maximised = Number("Maximised", 0) != 0;
+  window.tree_width = Number("TreeWidth", window.tree_width);
+  window.code_height = Number("CodeHeight", window.code_height);
+  project = settings.ReadIni(file_, kSection, "Project", "");
+  node = settings.ReadIni(file_, kSection, "Node", "");
+  std::string paths;
+  for (std::size_t i = 0; i < workbench::RecentProjects::kMost; ++i) {
+    paths += settings.ReadIni(file_, kSection, "Recent" + std::to_string(i), "") + "\n";
+  }
+  recent = workbench::RecentProjects(paths);
+}
+
+int DesktopState::Number(std::string_view entry, int fallback) {
+  const std::string text = settings_.ReadIni(file_, kSection, entry, "");
+  return text.empty() ? fallback : platform::Variant(text).ToLong();
+}
+
+bool DesktopState::Save() {
+  if (file_.empty()) return false;
+  std::vector<platform::SettingsService::IniEntry> entries = {
+      {"Left", std::to_string(window.left)},
+      {"Top", std::to_string(window.top)},
+      {"Width", std::to_string(window.width)},
+      {"Height", std::to_string(window.height)},
+      {"Maximised", window.maximised ? "1" : "0"},
+      {"TreeWidth", std::to_string(window.tree_width)},
+      {"CodeHeight", std::to_string(window.code_height)},
+      {"Project", project},
+      {"Node", node},
+  };
+  const auto& paths = recent.Paths();
+  for (std::size_t i = 0; i < workbench::RecentProjects::kMost; ++i) {
+    entries.push_back({"Recent" + std::to_string(i), i < paths.size() ? paths[i] : ""});
+  }
+  return settings_.WriteIniSection(file_, kSection, entries);
+}
+
+}  // namespace desktop

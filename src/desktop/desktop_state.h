@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "workbench/file_settings_service.h"
+#include "workbench/recent_projects.h"
+
+namespace desktop {
+
+// What the desktop program remembers from one start to the next: a section of desktop.ini in the
+// user's state folder. Places are pixels of the screen.
+class DesktopState {
+ public:
+  // `folder` is "" when the user has no state folder: nothing is remembered then.
+  DesktopState(workbench::FileSettingsService& settings, files::FileSystem& files,
+               const std::string& folder);
+
+  struct Place {
+    int left = -1, top = -1;  // -1: where the window system puts it
+    int width = 1180, height = 760;
+    bool maximised = false;
+    int tree_width = 260;
+    int code_height = 300;
+  };
+
+  Place window;
+  workbench::RecentProjects recent;
+  std::string project;  // that was open, "" for none
+  std::string node;     // that was selected in it
+
+  const std::string& folder() const { return folder_; }
+  // False when it cannot be written.
+  bool Save();
+
+ private:
+  int Number(std::string_view entry, int fallback);
+
+  workbench::FileSettingsService& settings_;
+  files::FileSystem& files_;
+  std::string folder_;
+  std::string file_;
+};
+
+}  // namespace desktop

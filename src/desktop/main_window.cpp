@@ -1,0 +1,438 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/main_window.h"
+
+#include <wx/aboutdlg.h>
+#include <wx/display.h>
+#include <wx/filedlg.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/splitter.h>
+#include <wx/stattext.h>
+
+#include <algorithm>
+
+#include "desktop/about.h"
+#include "editor/node_key.h"
+#include "workbench/item_chooser.h"
+#include "workbench/new_project.h"
+#include "workbench/text_numbers.h"
+#include "wx/convert.h"
+#include "wx/menu_view.h"
+#include "wx/pictures.h"
+
+namespace desktop {
+
+namespace {
+
+using workbench::TextNumber;
+
+constexpr int kTimerMs = 700;            // how often files changed by others are looked for
+constexpr int kLeastPane = 120;          // pixels at 100 %
+constexpr std::size_t kEditorMenus = 1;  // the editor's menus stand behind the first
+constexpr const char* kRoot = "FOR0";
+constexpr const char* kFormulas = "FORF0";
+
+// The place on a screen that is there; the default place when no screen holds its title bar.
+wxRect VisiblePlace(const DesktopState::Place& place) {
+  const wxRect wanted(place.left, place.top, std::max(place.width, 640),
+                      std::max(place.height, 420));
+  const wxPoint title(wanted.x + wanted.width / 2, wanted.y + 10);
+  return wxDisplay::GetFromPoint(title) == wxNOT_FOUND ? wxRect(wxDefaultPosition, wanted.GetSize())
+                                                       : wanted;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const Parts& parts)
+    : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(TextNumber::kTextProduct))),
+      parts_(parts) {
+  const wxRect place = VisiblePlace(parts.state.window);
+  SetSize(place);
+  SetMinSize(FromDIP(wxSize(640, 420)));
+  SetIcons(ProgramIcons());
+  CreateStatusBar();
+  CreateMenus();
+  CreatePanes();
+  Bind();
+  if (parts.state.window.maximised) Maximize();
+  parts_.toolkit.SetMainWindow(this);
+  parts_.toolkit.SetEditorHost(editor_host_);
+  ShowStatus(Text(TextNumber::kTextWelcome));
+}
+
+MainWindow::~MainWindow() {
+  parts_.toolkit.SetEditorHost(nullptr);
+  parts_.toolkit.SetMainWindow(nullptr);
+}
+
+wxMenuItem* MainWindow::AddItem(wxMenu& menu, int text, const char* shortcut,
+                                std::function<void()> action, int id) {
+  wxString label = wx::ToWx(Text(text));
+  if (*shortcut) label += wxString("\t") + shortcut;
+  wxMenuItem* item = menu.Append(id, label);
+  actions_[item->GetId()] = std::move(action);
+  return item;
+}
+
+void MainWindow::CreateMenus() {
+  auto* project = new wxMenu;
+  AddItem(
+      *project, TextNumber::kTextMenuNew, "Ctrl+N", [this] { AskNew(); }, wxID_NEW);
+  AddItem(
+      *project, TextNumber::kTextMenuOpen, "Ctrl+Shift+O", [this] { AskOpen(); }, wxID_OPEN);
+  recent_menu_ = new wxMenu;
+  project->AppendSubMenu(recent_menu_, wx::ToWx(Text(TextNumber::kTextMenuRecent)));
+  project->AppendSeparator();
+  AddItem(
+      *project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { code_->Save(); }, wxID_SAVE);
+  backup_menu_ = new wxMenu;
+  project->AppendSubMenu(backup_menu_, wx::ToWx(Text(TextNumber::kTextMenuBackups)));
+  project->AppendSeparator();
+  AddItem(
+      *project, TextNumber::kTextMenuQuit, "Ctrl+Q", [this] { Close(); }, wxID_EXIT);
+
+  auto* help = new wxMenu;
+  AddItem(
+      *help, TextNumber::kTextMenuContents, "", [this] { parts_.help.ShowTopic(0, 0); }, wxID_HELP);
+  AddItem(
+      *help, TextNumber::kTextMenuAbout, "", [this] { ShowAbout(); }, wxID_ABOUT);
+
+  auto* bar = new wxMenuBar;
+  bar->Append(project, wx::ToWx(Text(TextNumber::kTextMenuProject)));
+  bar->Append(help, wx::ToWx(Text(TextNumber::kTextMenuHelp)));
+  SetMenuBar(bar);
+  FillRecent();
+  FillBackups();
+}
+
+void MainWindow::CreatePanes() {
+  constexpr long kStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
+  columns_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
+  tree_ = new ProjectTree(columns_, wx::ToWx(Text(TextNumber::kTextTreeName)));
+  rows_ = new wxSplitterWindow(columns_, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
+  auto* upper = new wxPanel(rows_);
+  editor_host_ = new wxPanel(upper);
+  welcome_ = new wxStaticText(upper, wxID_ANY, wx::ToLabel(Text(TextNumber::kTextWelcome)),
+                              wxDefaultPosition, wxDefaultSize, wxALIGN_CENTRE_HORIZONTAL);
+  auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(editor_host_, wxSizerFlags(1).Expand());
+  sizer->AddStretchSpacer();
+  sizer->Add(welcome_, wxSizerFlags().Expand().Border(wxALL, FromDIP(24)));
+  sizer->AddStretchSpacer();
+  upper->SetSizer(sizer);
+  editor_host_->Hide();
+  code_ = new CodePane(rows_, parts_.texts);
+  columns_->SetMinimumPaneSize(FromDIP(kLeastPane));
+  rows_->SetMinimumPaneSize(FromDIP(kLeastPane));
+  rows_->SetSashGravity(0.55);
+  rows_->SplitHorizontally(upper, code_, -FromDIP(parts_.state.window.code_height));
+  columns_->SplitVertically(tree_, rows_, FromDIP(parts_.state.window.tree_width));
+  code_->on_status = [this](const std::string& text) { ShowStatus(text); };
+  code_->on_failure = [this](const std::string& message, const std::string& detail) {
+    ShowFailure(message, detail);
+  };
+  code_->on_conflict = [this](const std::string& module) {
+    return parts_.toolkit.Show(
+               {parts_.texts.Text(TextNumber::kTextCodeConflict, {{"<Name>", module}}),
+                Text(TextNumber::kTextCodeConflictDetail), "", platform::MessageButtons::kYesNo,
+                platform::MessageResult::kNo, platform::MessageIcon::kWarning}) ==
+           platform::MessageResult::kYes;
+  };
+  ConnectTree();
+}
+
+void MainWindow::ConnectTree() {
+  tree_->on_select = [this](const workbench::StudioNode& node) { SelectNode(node); };
+  tree_->on_expand = [this](const workbench::StudioNode& node) {
+    session_->add_in().NodeExpand(session_->studio().project(), node.key, node.text);
+  };
+  tree_->on_activate = [this](const workbench::StudioNode& node) {
+    session_->add_in().NodeDblClick(session_->studio().project(), node.key, node.text);
+  };
+  tree_->on_key = [this](const workbench::StudioNode& node, forms::KeyEvent& event) {
+    std::int16_t code = event.key_code, shift = event.shift;
+    const std::string key = node.key, text = node.text;  // the node may go
+    session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
+    event.handled = code == 0;
+  };
+  tree_->on_context_menu = [this](const workbench::StudioNode& node) {
+    const std::string key = node.key, text = node.text;
+    session_->add_in().NodeMouseUp(session_->studio().project(), key, text, forms::kRightButton, 0,
+                                   0, 0);
+  };
+}
+
+void MainWindow::ConnectStudio() {
+  workbench::Studio::Window& window = session_->studio().window;
+  window.handle = [this] { return wx::HandleOf(this); };
+  window.select_node = [this](std::string_view key) { tree_->SelectKey(std::string(key)); };
+  window.activate_tree = [this] { tree_->SetFocus(); };
+  window.show_error = [this](std::string_view text) { ShowFailure(std::string(text), ""); };
+  window.choose_item = [this](std::string_view current) { return ChooseItem(current); };
+  window.show_code_window = [this] { code_->Refresh(); };
+  window.show_warnings = [this](const std::vector<std::string>& warnings) {
+    std::string text;
+    for (const std::string& warning : warnings) text += (text.empty() ? "" : "  ·  ") + warning;
+    if (!text.empty()) ShowStatus(text);
+  };
+  window.editor_handed_over = [this] {
+    editor::frmtabgrid* editor = session_->add_in().EditorWindow();
+    if (!editor) return;
+    if (wx::MenuBarView* menus = parts_.toolkit.MenusOf(*editor))
+      menus->AppendTo(*GetMenuBar(), *this, kEditorMenus);
+    parts_.toolkit.ShowModeless(*editor);
+    editor_host_->Show();
+    welcome_->Hide();
+    editor_host_->GetParent()->Layout();
+  };
+}
+
+void MainWindow::Bind() {
+  wxFrame::Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
+    const auto found = actions_.find(event.GetId());
+    if (found == actions_.end()) return event.Skip();
+    const auto action = found->second;  // the menu may be filled anew
+    action();
+  });
+  wxFrame::Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
+  wxFrame::Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
+  timer_.Start(kTimerMs);
+}
+
+void MainWindow::AskNew() {
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuNew)), "", "Plant.ovs",
+                      wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
+  if (dialog.ShowModal() != wxID_OK) return;
+  const std::string path = wx::FromWx(dialog.GetPath());
+  try {
+    workbench::MakeProject(parts_.files, path, {});
+    OpenProject(path);
+  } catch (const std::exception& error) {
+    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotCreate, {{"<File>", path}}), error.what());
+  }
+}
+
+void MainWindow::AskOpen() {
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuOpen)), "", "",
+                      wx::ToWx(Text(TextNumber::kTextFileFilter)),
+                      wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  if (dialog.ShowModal() == wxID_OK) OpenProject(wx::FromWx(dialog.GetPath()));
+}
+
+bool MainWindow::OpenProject(const std::string& path) {
+  if (!CloseProject()) return false;
+  try {
+    workbench::ProjectOptions options = parts_.options;
+    options.vb.on_pane = [this](const vbfiles::PaneEvent& event) { OnPane(event); };
+    const std::string full = parts_.files.Canonical(path);
+    session_ = std::make_unique<workbench::AddInSession>(
+        workbench::AddInSession::Outside{parts_.files, parts_.toolkit, parts_.window_system,
+                                         parts_.help, parts_.settings, parts_.texts,
+                                         [this](const std::string& html) { ShowReport(html); }},
+        full, options);
+  } catch (const std::exception& error) {
+    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
+    return false;
+  }
+  ConnectStudio();
+  MakeBackup();
+  tree_->ShowTree(&session_->studio().tree());
+  session_->Start();
+  tree_->SelectKey(kRoot);
+  tree_->ExpandKey(kRoot);
+  tree_->ExpandKey(kFormulas);
+  if (!session_->add_in().Initialised()) {
+    CloseProject();
+    return false;
+  }
+  const std::string file = parts_.files.FileName(session_->database_path());
+  SetTitle(wx::ToWx(file + " – " + Text(TextNumber::kTextProduct)));
+  const bool same = parts_.state.project == session_->database_path();
+  if (same && !parts_.state.node.empty()) tree_->SelectKey(parts_.state.node);
+  parts_.state.project = session_->database_path();
+  parts_.state.recent.Add(session_->database_path());
+  parts_.state.Save();
+  FillRecent();
+  FillBackups();
+  tree_->SetFocus();
+  return true;
+}
+
+bool MainWindow::CloseProject() {
+  if (!session_) return true;
+  if (code_->Modified() && !code_->Save()) return false;
+  parts_.state.node = tree_->SelectedKey();
+  code_->CloseModule();
+  session_->Stop();
+  tree_->ShowTree(nullptr);
+  session_.reset();
+  editor_host_->Hide();
+  welcome_->Show();
+  editor_host_->GetParent()->Layout();
+  SetTitle(wx::ToWx(Text(TextNumber::kTextProduct)));
+  return true;
+}
+
+void MainWindow::OnClose(wxCloseEvent& event) {
+  parts_.state.node = tree_->SelectedKey();
+  if (!CloseProject() && event.CanVeto()) return event.Veto();
+  DesktopState::Place& place = parts_.state.window;
+  place.maximised = IsMaximized();
+  if (!place.maximised && !IsIconized()) {
+    const wxRect now = GetRect();
+    place.left = now.x;
+    place.top = now.y;
+    place.width = now.width;
+    place.height = now.height;
+  }
+  place.tree_width = ToDIP(columns_->GetSashPosition());
+  place.code_height = ToDIP(code_->GetSize().GetHeight());
+  parts_.state.Save();
+  timer_.Stop();
+  Destroy();
+}
+
+void MainWindow::OnTimer() {
+  if (!session_ || session_->unit().IsOpen()) return;
+  code_->Refresh();
+  session_->items().Refresh();
+}
+
+void MainWindow::SelectNode(const workbench::StudioNode& node) {
+  const std::string key = node.key, text = node.text;
+  session_->studio().SetSelectedKey(key);
+  session_->add_in().NodeClick(session_->studio().project(), key, text);
+  ShowCodeOfNode(key);
+}
+
+// The procedure of a formula is shown beside its arguments, without taking the keyboard.
+void MainWindow::ShowCodeOfNode(const std::string& key) {
+  editor::frmtabgrid* editor = session_->add_in().EditorWindow();
+  const std::int32_t id = editor::NumberOfKey(key);
+  if (!editor || editor::KindOfKey(key) != editor::kFormulaKind || id <= 0) return;
+  const auto formula = editor->operations().FindFormula(id);
+  const auto point = formula ? formula->prog_id.find('.') : std::string::npos;
+  if (point == std::string::npos) return;
+  const auto project = session_->vb().FindProject(formula->prog_id.substr(0, point));
+  const auto component =
+      project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
+  if (!component || !component->Module()) return;
+  const auto member = component->Module()->FindMember(formula->name);
+  code_->ShowModule(component, session_->unit());
+  if (member) code_->ScrollTo(member->code_location);
+}
+
+void MainWindow::OnPane(const vbfiles::PaneEvent& event) {
+  using Kind = vbfiles::PaneEvent::Kind;
+  if (event.kind == Kind::kActivated) {
+    for (const auto& project : session_->vb().VBProjects()) {
+      const auto component = project->FindComponent(event.component.Name());
+      if (component && component->FileName() == event.component.FileName()) {
+        code_->ShowModule(component, session_->unit());
+      }
+    }
+    return;
+  }
+  platform::CodePane& pane = event.component.Module()->Pane();
+  code_->Refresh();
+  if (event.kind == Kind::kScrolled) code_->ScrollTo(pane.TopLine());
+  if (event.kind == Kind::kSelected) code_->SelectLines(pane.GetSelection());
+}
+
+void MainWindow::ShowStatus(const std::string& text) { SetStatusText(wx::ToWx(text)); }
+
+void MainWindow::ShowFailure(const std::string& message, const std::string& detail) {
+  parts_.toolkit.Show({message, detail, "", platform::MessageButtons::kOk,
+                       platform::MessageResult::kOk, platform::MessageIcon::kError});
+}
+
+std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
+  workbench::ItemFile& items = session_->items();
+  items.Refresh();
+  workbench::ItemChooser chooser(parts_.toolkit, parts_.texts, items.Catalogue(), items.path());
+  return chooser.Choose(current, nullptr);
+}
+
+void MainWindow::ShowReport(const std::string& html) {
+  const std::string folder = parts_.state.folder().empty()
+                                 ? parts_.files.Folder(session_->database_path())
+                                 : parts_.state.folder();
+  const std::string path = parts_.files.Join(folder, "report.html");
+  try {
+    parts_.files.CreateDirectories(folder);
+    files::ReplaceFile(parts_.files, path, html);
+    wxLaunchDefaultBrowser(wx::ToWx("file://" + path));
+    ShowStatus(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));
+  } catch (const std::exception& error) {
+    ShowFailure(Text(TextNumber::kTextReportTitle), error.what());
+  }
+}
+
+void MainWindow::ShowAbout() { ShowAboutBox(this, parts_.texts); }
+
+std::string MainWindow::BackupFolder(const std::string& path) {
+  return parts_.files.Join(parts_.files.Join(parts_.state.folder(), "backups"),
+                           parts_.files.FileName(workbench::ComponentListPath(
+                               parts_.files, parts_.state.folder(), path)));
+}
+
+void MainWindow::MakeBackup() {
+  if (parts_.state.folder().empty()) return;
+  try {
+    workbench::Backups backups(parts_.files, BackupFolder(session_->database_path()));
+    backups.MakeDaily(wx::FromWx(wxDateTime::Now().FormatISODate()), session_->Files());
+  } catch (const std::exception& error) {
+    ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed, {{"<Text>", error.what()}}));
+  }
+}
+
+void MainWindow::FillRecent() {
+  for (const int id : recent_ids_) actions_.erase(id), recent_menu_->Destroy(id);
+  recent_ids_.clear();
+  for (const std::string& path : parts_.state.recent.Paths()) {
+    wxMenuItem* item = recent_menu_->Append(wxID_ANY, wx::ToLabel(path));
+    recent_ids_.push_back(item->GetId());
+    actions_[item->GetId()] = [this, path] { OpenProject(path); };
+  }
+  if (!recent_ids_.empty()) return;
+  wxMenuItem* none = recent_menu_->Append(wxID_ANY, wx::ToLabel(Text(TextNumber::kTextNoRecent)));
+  none->Enable(false);
+  recent_ids_.push_back(none->GetId());
+}
+
+void MainWindow::FillBackups() {
+  for (const int id : backup_ids_) actions_.erase(id), backup_menu_->Destroy(id);
+  backup_ids_.clear();
+  if (session_ && !parts_.state.folder().empty()) {
+    for (const auto& backup :
+         workbench::Backups(parts_.files, BackupFolder(session_->database_path())).List()) {
+      wxMenuItem* item = backup_menu_->Append(wxID_ANY, wx::ToLabel(backup.date));
+      backup_ids_.push_back(item->GetId());
+      actions_[item->GetId()] = [this, backup] { RestoreBackup(backup); };
+    }
+  }
+  if (!backup_ids_.empty()) return;
+  wxMenuItem* none = backup_menu_->Append(wxID_ANY, wx::ToLabel(Text(TextNumber::kTextNoBackups)));
+  none->Enable(false);
+  backup_ids_.push_back(none->GetId());
+}
+
+void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
+  const auto answer = parts_.toolkit.Show(
+      {parts_.texts.Text(TextNumber::kTextRestoreQuestion, {{"<Date>", backup.date}}),
+       Text(TextNumber::kTextRestoreDetail), "", platform::MessageButtons::kYesNo,
+       platform::MessageResult::kNo, platform::MessageIcon::kQuestion});
+  if (answer != platform::MessageResult::kYes) return;
+  const std::string path = session_->database_path();
+  const std::string folder = BackupFolder(path);
+  if (!CloseProject()) return;
+  try {
+    workbench::Backups(parts_.files, folder).Restore(backup);
+    ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.date}}));
+  } catch (const std::exception& error) {
+    ShowFailure(Text(TextNumber::kTextMenuBackups), error.what());
+  }
+  OpenProject(path);
+}
+
+}  // namespace desktop

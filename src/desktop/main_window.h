@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/timer.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/code_pane.h"
+#include "desktop/desktop_state.h"
+#include "desktop/desktop_toolkit.h"
+#include "desktop/project_tree.h"
+#include "workbench/add_in_session.h"
+#include "workbench/backups.h"
+
+class wxSplitterWindow;
+class wxStaticText;
+
+namespace desktop {
+
+// The window that stands in for the studio: project tree, editor and code.
+class MainWindow : public wxFrame {
+ public:
+  struct Parts {
+    files::FileSystem& files;
+    DesktopToolkit& toolkit;
+    platform::WindowSystem& window_system;
+    platform::Help& help;
+    workbench::FileSettingsService& settings;
+    const texts::TextTable& texts;
+    DesktopState& state;
+    workbench::ProjectOptions options;
+  };
+
+  explicit MainWindow(const Parts& parts);
+  ~MainWindow() override;
+
+  // Opens a project in place of the one that is open; what cannot be opened is told. True when it
+  // is open afterwards.
+  bool OpenProject(const std::string& path);
+  // The editor's window takes this panel.
+  wxWindow* EditorHost() const { return editor_host_; }
+
+ private:
+  void CreateMenus();
+  void CreatePanes();
+  void ConnectTree();
+  void ConnectStudio();
+  void Bind();
+  wxMenuItem* AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action,
+                      int id = wxID_ANY);
+
+  void AskNew();
+  void AskOpen();
+  void FillRecent();
+  void FillBackups();
+  void RestoreBackup(const workbench::Backups::Backup& backup);
+  void ShowAbout();
+  bool CloseProject();
+  void OnClose(wxCloseEvent& event);
+  void OnTimer();
+
+  void SelectNode(const workbench::StudioNode& node);
+  void ShowCodeOfNode(const std::string& key);
+  void OnPane(const vbfiles::PaneEvent& event);
+  void ShowStatus(const std::string& text);
+  void ShowFailure(const std::string& message, const std::string& detail);
+  std::optional<std::string> ChooseItem(std::string_view current);
+  void ShowReport(const std::string& html);
+  void MakeBackup();
+  std::string BackupFolder(const std::string& path);
+  std::string Text(int number) const { return parts_.texts.Text(number); }
+
+  Parts parts_;
+  wxSplitterWindow* columns_ = nullptr;
+  wxSplitterWindow* rows_ = nullptr;
+  ProjectTree* tree_ = nullptr;
+  wxPanel* editor_host_ = nullptr;
+  wxStaticText* welcome_ = nullptr;
+  CodePane* code_ = nullptr;
+  wxMenu* recent_menu_ = nullptr;
+  wxMenu* backup_menu_ = nullptr;
+  std::map<int, std::function<void()>> actions_;  // by menu ID
+  std::vector<int> recent_ids_, backup_ids_;
+  wxTimer timer_{this};
+  std::unique_ptr<workbench::AddInSession> session_;
+};
+
+}  // namespace desktop

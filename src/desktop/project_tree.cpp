@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/project_tree.h"
+
+#include <algorithm>
+
+#include "wx/convert.h"
+#include "wx/native.h"
+#include "wx/pictures.h"
+
+namespace desktop {
+
+namespace {
+
+using workbench::StudioNode;
+
+wxDataViewItem ItemOf(const StudioNode* node) {
+  return wxDataViewItem(const_cast<StudioNode*>(node));
+}
+
+const StudioNode* ToNode(const wxDataViewItem& item) {
+  return static_cast<const StudioNode*>(item.GetID());
+}
+
+}  // namespace
+
+class ProjectTree::Model : public wxDataViewModel {
+ public:
+  void SetTree(workbench::StudioTree* tree) {
+    tree_ = tree;
+    Cleared();
+  }
+
+  void GetValue(wxVariant& value, const wxDataViewItem& item, unsigned) const override {
+    const StudioNode* node = ToNode(item);
+    wxIcon icon;
+    icon.CopyFromBitmap(wx::Picture(node->icon).GetBitmap(wxDefaultSize));
+    value << wxDataViewIconText(wx::ToWx(node->text), icon);
+  }
+  bool SetValue(const wxVariant&, const wxDataViewItem&, unsigned) override { return false; }
+  wxDataViewItem GetParent(const wxDataViewItem& item) const override {
+    return item.IsOk() ? ItemOf(ToNode(item)->parent) : wxDataViewItem();
+  }
+  bool IsContainer(const wxDataViewItem& item) const override {
+    return !item.IsOk() || !ToNode(item)->children.empty() || ToNode(item)->parent == nullptr;
+  }
+  unsigned GetChildren(const wxDataViewItem& item, wxDataViewItemArray& children) const override {
+    if (!tree_) return 0;
+    const auto& nodes = item.IsOk() ? ToNode(item)->children : tree_->Top();
+    for (const StudioNode* node : nodes) children.Add(ItemOf(node));
+    return static_cast<unsigned>(nodes.size());
+  }
+  // Nodes stay in the order in which they were added.
+  bool HasDefaultCompare() const override { return false; }
+
+ private:
+  workbench::StudioTree* tree_ = nullptr;
+};
+
+ProjectTree::ProjectTree(wxWindow* parent, const wxString& name)
+    : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                     wxDV_SINGLE | wxDV_NO_HEADER | wxBORDER_NONE),
+      model_(new Model) {
+  AssociateModel(model_.get());
+  auto* column = new wxDataViewColumn("", new wxDataViewIconTextRenderer, 0, wxCOL_WIDTH_AUTOSIZE);
+  AppendColumn(column);
+  SetExpanderColumn(column);
+  wx::SetAccessibleName(*this, name);
+  BindEvents();
+}
+
+ProjectTree::~ProjectTree() { ShowTree(nullptr); }
+
+void ProjectTree::BindEvents() {
+  Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent& event) {
+    const StudioNode* node = NodeOf(event.GetItem());
+    if (!node || node->key == reported_) return;
+    reported_ = node->key;
+    if (on_select) on_select(*node);
+  });
+  Bind(wxEVT_DATAVIEW_ITEM_EXPANDED, [this](wxDataViewEvent& event) {
+    const StudioNode* node = NodeOf(event.GetItem());
+    if (node && on_expand) on_expand(*node);
+  });
+  Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent& event) {
+    const StudioNode* node = NodeOf(event.GetItem());
+    if (node && on_activate) on_activate(*node);
+  });
+  Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, &ProjectTree::OnContextMenu, this);
+  Bind(wxEVT_CHAR_HOOK, &ProjectTree::OnKeyDown, this);
+}
+
+void ProjectTree::OnKeyDown(wxKeyEvent& event) {
+  const StudioNode* node = NodeOf(GetSelection());
+  forms::KeyEvent key = wx::ToKeyEvent(event);
+  if (node && on_key) on_key(*node, key);
+  if (!key.handled) event.Skip();
+}
+
+void ProjectTree::OnContextMenu(wxDataViewEvent& event) {
+  const StudioNode* node = NodeOf(event.GetItem());
+  if (!node) return;
+  if (GetSelection() != event.GetItem()) SelectKey(node->key);
+  if (on_context_menu) on_context_menu(*node);
+}
+
+const StudioNode* ProjectTree::NodeOf(const wxDataViewItem& item) const {
+  return tree_ && item.IsOk() ? ToNode(item) : nullptr;
+}
+
+void ProjectTree::ShowTree(workbench::StudioTree* tree) {
+  if (tree_) tree_->observers = {};
+  tree_ = tree;
+  reported_.clear();
+  model_->SetTree(tree);
+  if (!tree) return;
+  tree->observers.added = [this](const StudioNode& node) {
+    model_->ItemAdded(ItemOf(node.parent), ItemOf(&node));
+  };
+  tree->observers.removed = [this](const StudioNode& node) {
+    if (reported_ == node.key) reported_.clear();
+    model_->ItemDeleted(ItemOf(node.parent), ItemOf(&node));
+  };
+  tree->observers.changed = [this](const StudioNode& node) { model_->ItemChanged(ItemOf(&node)); };
+}
+
+void ProjectTree::SelectKey(const std::string& key) {
+  const StudioNode* node = tree_ ? tree_->Find(key) : nullptr;
+  if (!node) return;
+  EnsureVisible(ItemOf(node));
+  Select(ItemOf(node));
+  SetCurrentItem(ItemOf(node));
+  if (node->key == reported_) return;
+  reported_ = node->key;
+  if (on_select) on_select(*node);
+}
+
+std::string ProjectTree::SelectedKey() const {
+  const StudioNode* node = NodeOf(GetSelection());
+  return node ? node->key : std::string();
+}
+
+void ProjectTree::ExpandKey(const std::string& key) {
+  if (const StudioNode* node = tree_ ? tree_->Find(key) : nullptr) Expand(ItemOf(node));
+}
+
+}  // namespace desktop

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// Texts of the desktop program's window.
+#include "texts/rows.h"
+
+namespace texts {
+
+namespace {
+
+constexpr Row kRows[] = {
+    {1500, "Item auswählen", "Choose Item"},
+    {1501, "&Suchen:", "&Search:"},
+    {1502, "Item", "Item"},
+    {1503, "Typ", "Type"},
+    {1504, "Kommentar", "Comment"},
+    {1505, "Wählen Sie ein Item aus, oder geben Sie seinen Namen ein.",
+     "Choose an item, or type its name."},
+    {1506, "Der Itemkatalog <File> ist leer oder fehlt. Geben Sie den Namen des Items ein.",
+     "The item catalogue <File> is empty or missing. Type the item's name."},
+    {1507, "Kein Item enthält \"<Text>\".", "No item contains \"<Text>\"."},
+    {1508, "OrvanaStudio Formeleditor", "OrvanaStudio Formula Editor"},
+    {1509, "&Projekt", "&Project"},
+    {1510, "&Neu...", "&New..."},
+    {1511, "&Öffnen...", "&Open..."},
+    {1512, "&Zuletzt geöffnet", "&Recent"},
+    {1513, "Code &speichern", "&Save Code"},
+    {1514, "Sicherung &wiederherstellen", "Restore &Backup"},
+    {1515, "&Beenden", "&Quit"},
+    {1516, "&Hilfe", "&Help"},
+    {1517, "&Inhalt", "&Contents"},
+    {1518, "Ü&ber...", "&About..."},
+    {1519, "Projektbaum", "Project tree"},
+    {1520, "Code", "Code"},
+    {1521, "&Modul:", "&Module:"},
+    {1522, "Öffnen Sie ein Projekt mit Strg+O, oder legen Sie mit Strg+N eines an.",
+     "Open a project with Ctrl+O, or create one with Ctrl+N."},
+    {1523, "Wählen Sie eine Formel, um ihren Code zu sehen.", "Select a formula to see its code."},
+    {1524, "Projektdatenbanken (*.ovs)|*.ovs|Alle Dateien|*",
+     "Project databases (*.ovs)|*.ovs|All files|*"},
+    {1525, "Der Code wurde geändert; Strg+S speichert ihn.",
+     "The code was changed; Ctrl+S saves it."},
+    {1526, "Gespeichert: <Name>", "Saved: <Name>"},
+    {1527, "Das Modul <Name> wurde geändert. Speichern?",
+     "The module <Name> was changed. Save it?"},
+    {1528,
+     "Das Modul <Name> wurde von einem anderen Programm geändert, während Sie daran geschrieben "
+     "haben.",
+     "The module <Name> was changed by another program while you were writing in it."},
+    {1529,
+     "\"Ja\" lädt den Stand der Datei; Ihr Text liegt danach in der Zwischenablage. \"Nein\" lässt "
+     "Ihren Text stehen; er kann nicht gespeichert werden, bis Sie den Stand der Datei laden.",
+     "\"Yes\" loads what is in the file; your text is in the clipboard afterwards. \"No\" keeps "
+     "your text; it cannot be saved until you load what is in the file."},
+    {1530, "Das Projekt <File> lässt sich nicht öffnen.", "The project <File> cannot be opened."},
+    {1531, "Das Projekt <File> lässt sich nicht anlegen.", "The project <File> cannot be created."},
+    {1532, "Das Modul <Name> lässt sich nicht speichern.", "The module <Name> cannot be saved."},
+    {1533, "Alle Dateien des Projekts auf den Stand vom <Date> zurückbringen?",
+     "Put all files of the project back to <Date>?"},
+    {1534, "Was sich seitdem geändert hat, geht verloren. Das Projekt wird danach neu geöffnet.",
+     "What was changed since then is lost. The project is opened again afterwards."},
+    {1535, "Sicherung vom <Date> wiederhergestellt.", "Backup of <Date> restored."},
+    {1536, "Es konnte keine Sicherung angelegt werden: <Text>", "No backup could be made: <Text>"},
+    {1537, "(noch keine)", "(none yet)"},
+    {1538, "(noch keine)", "(none yet)"},
+    {1539, "<File> wurde von einem anderen Programm geändert; die Ansicht ist neu geladen.",
+     "<File> was changed by another program; the view is loaded anew."},
+    {1540, "Version <Version>", "Version <Version>"},
+    {1541, "Formeln, Argumente und Aliase von OrvanaStudio-Projekten.",
+     "Formulas, arguments and aliases of OrvanaStudio projects."},
+    {1542, "Formelbericht", "Formula report"},
+    {1543, "Bericht: <File>", "Report: <File>"},
+};
+
+}  // namespace
+
+std::span<const Row> DesktopRows() { return kRows; }
+
+}  // namespace texts
