@@ -36,6 +36,12 @@ void PutAt(std::span<std::byte> bytes, std::size_t at, Number number) {
   }
 }
 
+void Append(std::span<const std::byte> bytes, std::vector<std::byte>& to) {
+  const std::size_t at = to.size();
+  to.resize(at + bytes.size());
+  if (!bytes.empty()) std::memcpy(to.data() + at, bytes.data(), bytes.size());
+}
+
 // Takes numbers and bytes from a payload; `ok` is false once more was asked for than there is.
 class Cursor {
  public:
@@ -198,15 +204,17 @@ Version VersionOf(std::span<const std::byte> contents) {
 }
 
 void GatheringWriter::Write(std::uint64_t offset, std::span<const std::byte> bytes) {
-  if (offset >= offset_ && offset + bytes.size() <= offset_ + buffer_.size()) {
-    std::copy(bytes.begin(), bytes.end(), buffer_.begin() + static_cast<long>(offset - offset_));
+  const std::uint64_t end = offset_ + buffer_.size();
+  if (offset >= offset_ && offset + bytes.size() <= end) {
+    std::size_t at = offset - offset_;
+    for (const std::byte byte : bytes) buffer_[at++] = byte;
     return;
   }
-  if (offset != offset_ + buffer_.size() || buffer_.size() + bytes.size() > kGathered) {
+  if (offset != end || buffer_.size() + bytes.size() > kGathered) {
     Flush();
     offset_ = offset;
   }
-  buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
+  Append(bytes, buffer_);
 }
 
 void GatheringWriter::Flush() {
@@ -318,9 +326,7 @@ void Writer::Put(Number number) {
   PutAt(record_, at, number);
 }
 
-void Writer::Put(std::span<const std::byte> bytes) {
-  record_.insert(record_.end(), bytes.begin(), bytes.end());
-}
+void Writer::Put(std::span<const std::byte> bytes) { Append(bytes, record_); }
 
 void Writer::Put(const std::string& text) { Put(std::as_bytes(std::span(text))); }
 

@@ -226,7 +226,7 @@ TEST(Processes, CommitTenThousandPagesInBoundedMemory) {
               }
               const long grown = peak_kib() - before;
               std::fprintf(stderr, "40 MB committed with %ld KiB more memory\n", grown);
-              return grown < 4096 ? 0 : 1;
+              return grown < 8192 ? 0 : 1;
             })),
             0);
   const auto file = system.Open(database, OpenMode::kRead);
