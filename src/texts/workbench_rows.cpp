@@ -4,6 +4,17 @@
 
 namespace texts {
 
-std::span<const Row> WorkbenchRows() { return {}; }
+namespace {
+
+constexpr Row kRows[] = {
+    // 1490 to 1499: the toolkit.
+    {1490, "Filtern", "Filter"},
+    {1491, "&Ja", "&Yes"},
+    {1492, "&Nein", "&No"},
+};
+
+}  // namespace
+
+std::span<const Row> WorkbenchRows() { return kRows; }
 
 }  // namespace texts

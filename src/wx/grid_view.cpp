@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "wx/grid_view.h"
+
+#include <algorithm>
+
+#include "wx/convert.h"
+#include "wx/pictures.h"
+
+namespace wx {
+
+namespace {
+
+constexpr int kLeastWidth = 20;  // of a column, in pixels at 100 %
+
+using platform::Variant;
+
+}  // namespace
+
+GridView::GridView(forms::Grid& grid, wxWindow* parent, const ViewContext& context)
+    : RowsView(grid, parent, context), grid_(grid) {
+  Cells().on_value = [this](std::size_t row, std::size_t column, const Variant& value) {
+    if (grid_.ColumnAt(column).Kind() != forms::ColumnKind::kCheckBox) {
+      grid_.SetEditValue(value);  // the end of the editing takes it over
+      return;
+    }
+    Later([this, id = grid_.IdAt(row), column, value] {
+      if (grid_.SetCurrentId(id)) grid_.EditCell(column, value);
+      List().Refresh();
+    });
+  };
+  List().Bind(wxEVT_LEFT_UP, &GridView::OnLeftUp, this);
+  List().Bind(wxEVT_DATAVIEW_COLUMN_REORDERED, [this](wxDataViewEvent& event) {
+    wxDataViewColumn* moved = event.GetDataViewColumn();
+    if (moved) OnReordered(*moved);
+  });
+  Start();
+}
+
+std::size_t GridView::NumberOf(const wxDataViewColumn* column) const {
+  return column ? column->GetModelColumn() : 0;
+}
+
+void GridView::BuildColumns() {
+  Native().ForgetColumns();
+  List().ClearColumns();
+  for (std::size_t number : grid_.DisplayOrder()) List().AppendColumn(MakeColumn(number));
+  for (unsigned i = 0; i < List().GetColumnCount(); ++i) {
+    wxDataViewColumn& column = *List().GetColumn(i);
+    std::size_t number = NumberOf(&column);
+    const forms::Column& model = grid_.ColumnAt(number);
+    if (model.Button()) Native().AddCellButton(column, Picture(model.ButtonPicture()));
+    Native().WatchWidth(column, [this, number](int width) {
+      forms::Column& sized = grid_.ColumnAt(number);
+      int shown = std::max(ToPixels(List(), sized.Width()), List().FromDIP(kLeastWidth));
+      if (width != shown) sized.SetWidth(ToTwips(List(), width));
+    });
+  }
+}
+
+wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
+  const forms::Column& model = grid_.ColumnAt(number);
+  wxDataViewRenderer* renderer = nullptr;
+  wxAlignment alignment = wxALIGN_LEFT;
+  if (model.Kind() == forms::ColumnKind::kCheckBox) {
+    renderer = new wxDataViewToggleRenderer(
+        "bool", model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_ACTIVATABLE);
+    alignment = wxALIGN_CENTER;
+  } else {
+    renderer = new wxDataViewTextRenderer(
+        "string", model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_EDITABLE);
+    renderer->EnableEllipsize(wxELLIPSIZE_END);
+    Native().WatchEditing(
+        *renderer,
+        {.on_start = [this, number](std::size_t row) { OnStart(row, number); },
+         .on_text = [this](const std::string& text) { grid_.SetEditValue(Variant(text)); },
+         .on_arrow = nullptr,
+         .on_end = [this](bool escaped) { OnEnd(escaped); }});
+  }
+  int flags = wxDATAVIEW_COL_REORDERABLE | (model.AllowSizing() ? wxDATAVIEW_COL_RESIZABLE : 0) |
+              (model.Visible() ? 0 : wxDATAVIEW_COL_HIDDEN);
+  int width = std::max(ToPixels(List(), model.Width()), List().FromDIP(kLeastWidth));
+  auto* column = new wxDataViewColumn(ToWx(model.Caption()), renderer,
+                                      static_cast<unsigned>(number), width, alignment, flags);
+  column->SetMinWidth(List().FromDIP(kLeastWidth));
+  return column;
+}
+
+std::vector<std::size_t> GridView::ShownColumns() const {
+  std::vector<std::size_t> shown;
+  for (std::size_t number : grid_.DisplayOrder()) {
+    if (grid_.ColumnAt(number).Visible()) shown.push_back(number);
+  }
+  return shown;
+}
+
+// The user dropped a column somewhere; it takes that place among the columns of its split.
+void GridView::OnReordered(const wxDataViewColumn& moved) {
+  std::size_t number = NumberOf(&moved);
+  std::size_t split = grid_.SplitOfColumn(number);
+  int position = List().GetColumnPosition(&moved);
+  std::size_t place = 0;
+  for (unsigned i = 0; i < List().GetColumnCount(); ++i) {
+    wxDataViewColumn* other = List().GetColumn(i);
+    bool same_split = grid_.SplitOfColumn(NumberOf(other)) == split;
+    if (same_split && List().GetColumnPosition(other) < position) ++place;
+  }
+  grid_.MoveColumn(number, place);
+  Show(forms::Property::kColumns);  // puts back what the split does not allow
+}
+
+void GridView::OnLeftUp(wxMouseEvent& event) {
+  event.Skip();
+  wxDataViewItem item;
+  wxDataViewColumn* column = nullptr;
+  List().HitTest(event.GetPosition(), item, column);
+  if (!item.IsOk() || !column) return;
+  std::size_t number = NumberOf(column);
+  if (!grid_.ColumnAt(number).Button()) return;
+  if (!Native().IsOnCellButton(*column, event.GetPosition())) return;
+  Later([this, number] {
+    Native().CancelEditing();
+    grid_.SetCurrentColumn(number);
+    if (grid_.on_button_click) grid_.on_button_click(number);
+  });
+}
+
+void GridView::OnStart(std::size_t row, std::size_t column) {
+  if (!grid_.SetCurrentId(grid_.IdAt(row)) || !grid_.BeginEdit(column)) {
+    Later([this] { Native().CancelEditing(); });
+  }
+}
+
+void GridView::OnEnd(bool escaped) {
+  if (!grid_.EditActive() || ending_) return;
+  Later([this, escaped] {
+    ending_ = true;
+    if (escaped) {
+      grid_.CancelEdit();
+    } else {
+      grid_.EndEdit();
+    }
+    ending_ = false;
+  });
+}
+
+void GridView::Show(forms::Property property) {
+  RowsView::Show(property);
+  // The model ended the editing of a cell by itself.
+  if (property == forms::Property::kEditState && !grid_.EditActive() && Native().Editing()) {
+    Native().CancelEditing();
+  }
+}
+
+void GridView::StartEditing() {
+  wxDataViewItem item = List().GetCurrentItem();
+  wxDataViewColumn* column = List().GetCurrentColumn();
+  if (item.IsOk() && column) List().EditItem(item, column);
+}
+
+bool GridView::OnKey(const wxKeyEvent& event) {
+  grid_.SetCurrentColumn(NumberOf(List().GetCurrentColumn()));
+  if (event.GetModifiers() == wxMOD_NONE && event.GetKeyCode() == WXK_F2) {
+    StartEditing();
+    return true;
+  }
+  return false;
+}
+
+ListViewView::ListViewView(forms::ListView& list, wxWindow* parent, const ViewContext& context)
+    : RowsView(list, parent, context), list_model_(list) {
+  Start();
+}
+
+void ListViewView::BuildColumns() {
+  List().ClearColumns();
+  for (std::size_t i = 0; i < list_model_.Columns().size(); ++i) {
+    const forms::ListColumn& column = list_model_.Columns()[i];
+    wxDataViewColumn* native = List().AppendTextColumn(
+        ToWx(column.caption), static_cast<unsigned>(i), wxDATAVIEW_CELL_INERT,
+        ToPixels(List(), column.width), wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
+    native->GetRenderer()->EnableEllipsize(wxELLIPSIZE_END);
+  }
+}
+
+std::vector<std::size_t> ListViewView::ShownColumns() const {
+  std::vector<std::size_t> shown;
+  for (std::size_t i = 0; i < list_model_.Columns().size(); ++i) shown.push_back(i);
+  return shown;
+}
+
+}  // namespace wx

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// What wxWidgets does not offer and the native toolkit does.
+#pragma once
+
+#include <wx/stattext.h>
+#include <wx/window.h>
+
+namespace wx {
+
+// A label whose mnemonic moves to the control after it, and which is that control's name for
+// screen readers.
+wxStaticText* NewLabel(wxWindow* parent);
+
+// The height that the native widget asks for.
+int NativeHeight(const wxWindow& window);
+
+// Name and description of a control for screen readers.
+void SetAccessibleName(wxWindow& window, const wxString& name);
+void SetAccessibleDescription(wxWindow& window, const wxString& description);
+
+}  // namespace wx

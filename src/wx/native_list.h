@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// What the native list offers beyond wxDataViewCtrl: the entry of a cell that is edited, widths
+// that the user drags, pictures as cell buttons, and a text in place of rows.
+#pragma once
+
+#include <wx/bmpbndl.h>
+#include <wx/dataview.h>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace wx {
+
+// Follows the editing of a column's cells in place.
+struct CellEditing {
+  std::function<void(std::size_t row)> on_start;
+  std::function<void(const std::string& text)> on_text;
+  // Up or Down while editing; true when it was used.
+  std::function<bool(bool up)> on_arrow;
+  // The user left the cell; `escaped` by Esc.
+  std::function<void(bool escaped)> on_end;
+};
+
+class NativeList {
+ public:
+  explicit NativeList(wxDataViewCtrl& list);
+  ~NativeList();
+  NativeList(const NativeList&) = delete;
+  NativeList& operator=(const NativeList&) = delete;
+
+  // The callbacks must stay valid until the column is removed.
+  void WatchEditing(wxDataViewRenderer& renderer, CellEditing editing);
+  // The user dragged the border of the column; the width is in pixels.
+  void WatchWidth(wxDataViewColumn& column, std::function<void(int width)> on_width);
+  // Columns that were watched are gone.
+  void ForgetColumns();
+
+  // The text of the cell that is being edited.
+  void SetEntryText(const std::string& text);
+  // Ends the editing of a cell as Esc does.
+  void CancelEditing();
+  bool Editing() const;
+  // Screen rectangle of the cell that is being edited.
+  wxRect EntryRectangle() const;
+
+  // Puts the picture at the right end of each cell of the column.
+  void AddCellButton(wxDataViewColumn& column, const wxBitmapBundle& picture);
+  // Whether a point of the list lies on a cell button of the column.
+  bool IsOnCellButton(const wxDataViewColumn& column, wxPoint point) const;
+
+  // Text that is drawn where the rows would be; "" for none.
+  void SetEmptyText(const std::string& text);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace wx

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include <gtk/gtk.h>
+
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "wx/native_list.h"
+
+namespace wx {
+
+namespace {
+
+constexpr int kTextMargin = 24;
+
+// A signal handler that is disconnected when it ends before the widget does.
+class Handler {
+ public:
+  Handler(gpointer object, const char* signal, GCallback callback, gpointer data,
+          GConnectFlags flags = GConnectFlags{})
+      : object_(G_OBJECT(g_object_ref(object))),
+        id_(g_signal_connect_data(object, signal, callback, data, nullptr, flags)) {}
+  ~Handler() {
+    if (g_signal_handler_is_connected(object_, id_)) g_signal_handler_disconnect(object_, id_);
+    g_object_unref(object_);
+  }
+  Handler(const Handler&) = delete;
+  Handler& operator=(const Handler&) = delete;
+
+ private:
+  GObject* object_;
+  gulong id_;
+};
+
+}  // namespace
+
+struct NativeList::State {
+  struct Watched {
+    State* state;
+    CellEditing editing;
+  };
+  struct Width {
+    std::function<void(int)> on_width;
+  };
+  struct Button {
+    GtkTreeViewColumn* column;
+    GtkCellRenderer* renderer;
+  };
+
+  GtkTreeView* tree = nullptr;
+  std::string empty_text;
+  std::vector<std::unique_ptr<Watched>> watched;
+  std::vector<std::unique_ptr<Width>> widths;
+  std::vector<Button> buttons;
+  std::vector<std::unique_ptr<Handler>> column_handlers;
+  std::vector<std::unique_ptr<Handler>> entry_handlers;
+  std::unique_ptr<Handler> draw;
+  GtkCellRenderer* editing_renderer = nullptr;
+  GtkEntry* entry = nullptr;
+  bool escaped = false;
+
+  static void OnStarted(GtkCellRenderer* renderer, GtkCellEditable* editable, gchar* path,
+                        gpointer data) {
+    auto* column = static_cast<Watched*>(data);
+    State& state = *column->state;
+    if (!GTK_IS_ENTRY(editable)) return;
+    state.entry = GTK_ENTRY(editable);
+    state.editing_renderer = renderer;
+    state.escaped = false;
+    auto watch = [&](const char* signal, GCallback callback) {
+      state.entry_handlers.push_back(std::make_unique<Handler>(editable, signal, callback, column));
+    };
+    state.entry_handlers.clear();
+    watch("changed", G_CALLBACK(OnChanged));
+    watch("key-press-event", G_CALLBACK(OnKey));
+    watch("editing-done", G_CALLBACK(OnDone));
+    column->editing.on_start(static_cast<std::size_t>(std::atoi(path)));
+  }
+  static void OnChanged(GtkEditable* editable, gpointer data) {
+    static_cast<Watched*>(data)->editing.on_text(gtk_entry_get_text(GTK_ENTRY(editable)));
+  }
+  static gboolean OnKey(GtkWidget*, GdkEventKey* event, gpointer data) {
+    auto* column = static_cast<Watched*>(data);
+    if (event->keyval == GDK_KEY_Escape) column->state->escaped = true;
+    bool up = event->keyval == GDK_KEY_Up;
+    if (!up && event->keyval != GDK_KEY_Down) return FALSE;
+    return column->editing.on_arrow && column->editing.on_arrow(up) ? TRUE : FALSE;
+  }
+  static void OnDone(GtkCellEditable*, gpointer data) {
+    auto* column = static_cast<Watched*>(data);
+    State& state = *column->state;
+    state.entry = nullptr;
+    state.editing_renderer = nullptr;
+    column->editing.on_end(state.escaped);
+  }
+  static void OnWidth(GObject* column, GParamSpec*, gpointer data) {
+    int width = gtk_tree_view_column_get_fixed_width(GTK_TREE_VIEW_COLUMN(column));
+    if (width > 0) static_cast<Width*>(data)->on_width(width);
+  }
+  static gboolean OnDraw(GtkWidget* widget, cairo_t* cairo, gpointer data) {
+    auto* state = static_cast<State*>(data);
+    if (state->empty_text.empty()) return FALSE;
+    PangoLayout* layout = gtk_widget_create_pango_layout(widget, state->empty_text.c_str());
+    int width = gtk_widget_get_allocated_width(widget);
+    pango_layout_set_width(layout, (width - 2 * kTextMargin) * PANGO_SCALE);
+    pango_layout_set_alignment(layout, PANGO_ALIGN_CENTER);
+    int header = 0;
+    gtk_tree_view_convert_bin_window_to_widget_coords(state->tree, 0, 0, nullptr, &header);
+    GtkStyleContext* style = gtk_widget_get_style_context(widget);
+    gtk_style_context_save(style);
+    gtk_style_context_add_class(style, GTK_STYLE_CLASS_DIM_LABEL);
+    gtk_render_layout(style, cairo, kTextMargin, header + kTextMargin, layout);
+    gtk_style_context_restore(style);
+    g_object_unref(layout);
+    return FALSE;
+  }
+};
+
+NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>()) {
+  state_->tree = GTK_TREE_VIEW(list.GtkGetTreeView());
+  gtk_tree_view_set_enable_search(state_->tree, FALSE);  // typing belongs to the cells
+  state_->draw = std::make_unique<Handler>(state_->tree, "draw", G_CALLBACK(State::OnDraw),
+                                           state_.get(), G_CONNECT_AFTER);
+}
+
+NativeList::~NativeList() = default;
+
+void NativeList::WatchEditing(wxDataViewRenderer& renderer, CellEditing editing) {
+  state_->watched.push_back(
+      std::make_unique<State::Watched>(State::Watched{state_.get(), std::move(editing)}));
+  state_->column_handlers.push_back(
+      std::make_unique<Handler>(renderer.GetGtkHandle(), "editing-started",
+                                G_CALLBACK(State::OnStarted), state_->watched.back().get()));
+}
+
+void NativeList::WatchWidth(wxDataViewColumn& column, std::function<void(int)> on_width) {
+  state_->widths.push_back(std::make_unique<State::Width>(State::Width{std::move(on_width)}));
+  state_->column_handlers.push_back(
+      std::make_unique<Handler>(column.GetGtkHandle(), "notify::fixed-width",
+                                G_CALLBACK(State::OnWidth), state_->widths.back().get()));
+}
+
+void NativeList::ForgetColumns() {
+  state_->column_handlers.clear();
+  state_->entry_handlers.clear();
+  state_->watched.clear();
+  state_->widths.clear();
+  state_->buttons.clear();
+  state_->entry = nullptr;
+  state_->editing_renderer = nullptr;
+}
+
+void NativeList::SetEntryText(const std::string& text) {
+  if (!state_->entry) return;
+  gtk_entry_set_text(state_->entry, text.c_str());
+  gtk_editable_set_position(GTK_EDITABLE(state_->entry), -1);
+}
+
+void NativeList::CancelEditing() {
+  if (!state_->editing_renderer) return;
+  state_->escaped = true;
+  gtk_cell_renderer_stop_editing(state_->editing_renderer, TRUE);
+  if (state_->entry) gtk_cell_editable_editing_done(GTK_CELL_EDITABLE(state_->entry));
+}
+
+bool NativeList::Editing() const { return state_->entry != nullptr; }
+
+wxRect NativeList::EntryRectangle() const {
+  if (!state_->entry) return {};
+  GtkWidget* widget = GTK_WIDGET(state_->entry);
+  GtkAllocation place;
+  gtk_widget_get_allocation(widget, &place);
+  int x = 0, y = 0;
+  gdk_window_get_origin(gtk_widget_get_window(widget), &x, &y);
+  if (!gtk_widget_get_has_window(widget)) {
+    x += place.x;
+    y += place.y;
+  }
+  return {x, y, place.width, place.height};
+}
+
+void NativeList::AddCellButton(wxDataViewColumn& column, const wxBitmapBundle& picture) {
+  GtkTreeViewColumn* native = GTK_TREE_VIEW_COLUMN(column.GetGtkHandle());
+  GtkCellRenderer* renderer = gtk_cell_renderer_pixbuf_new();
+  wxBitmap bitmap = picture.GetBitmap(picture.GetDefaultSize());
+  g_object_set(renderer, "pixbuf", bitmap.GetPixbuf(), nullptr);
+  gtk_tree_view_column_pack_end(native, renderer, FALSE);
+  gtk_cell_layout_reorder(GTK_CELL_LAYOUT(native), renderer, 0);  // the end of the end
+  state_->buttons.push_back({native, renderer});
+}
+
+bool NativeList::IsOnCellButton(const wxDataViewColumn& column, wxPoint point) const {
+  int x = 0, y = 0;
+  gtk_tree_view_convert_widget_to_bin_window_coords(state_->tree, point.x, point.y, &x, &y);
+  GtkTreeViewColumn* at = nullptr;
+  int cell_x = 0;
+  if (!gtk_tree_view_get_path_at_pos(state_->tree, x, y, nullptr, &at, &cell_x, nullptr)) {
+    return false;
+  }
+  for (const State::Button& button : state_->buttons) {
+    if (button.column != at || GTK_TREE_VIEW_COLUMN(column.GetGtkHandle()) != at) continue;
+    int start = 0, width = 0;
+    gtk_tree_view_column_cell_get_position(at, button.renderer, &start, &width);
+    return cell_x >= start;
+  }
+  return false;
+}
+
+void NativeList::SetEmptyText(const std::string& text) {
+  if (state_->empty_text == text) return;
+  state_->empty_text = text;
+  gtk_widget_queue_draw(GTK_WIDGET(state_->tree));
+}
+
+}  // namespace wx

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/bmpbndl.h>
+
+#include <string_view>
+
+namespace wx {
+
+// The picture of that name, drawn for the light or dark look of the system; invalid for a name
+// that does not exist. The size is in pixels at 100 %.
+wxBitmapBundle Picture(std::string_view name, int size = 16);
+
+}  // namespace wx

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "wx/rows_view.h"
+
+#include <wx/clipbrd.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+
+#include "texts/text_table.h"
+#include "wx/convert.h"
+#include "wx/native.h"
+
+namespace wx {
+
+namespace {
+
+using forms::Property;
+
+constexpr std::int32_t kFilterText = 1490;
+
+// A value as one cell of tab-separated text.
+std::string CopiedCell(const platform::Variant& value) {
+  std::string text = value.Get<bool>() ? (value.ToBool() ? "1" : "0") : value.ToText();
+  for (char& c : text) {
+    if (c == '\t' || c == '\n' || c == '\r') c = ' ';
+  }
+  return text;
+}
+
+}  // namespace
+
+RowsView::RowsView(forms::RowView& rows, wxWindow* parent, const ViewContext& context)
+    : ControlView(rows),
+      rows_(rows),
+      context_(context),
+      panel_(new wxPanel(parent)),
+      filter_(new wxSearchCtrl(panel_, wxID_ANY)),
+      list_(new wxDataViewCtrl(
+          panel_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+          (rows.MultiSelect() ? wxDV_MULTIPLE : wxDV_SINGLE) | wxDV_VERT_RULES | wxDV_ROW_LINES)),
+      native_(*list_),
+      cells_(new RowsModel(rows)) {
+  filter_->ShowCancelButton(true);
+  filter_->SetDescriptiveText(ToWx(context.texts.Text(kFilterText)));
+  filter_->Hide();
+  auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(filter_, wxSizerFlags().Expand().Border(wxBOTTOM, panel_->FromDIP(4)));
+  sizer->Add(list_, wxSizerFlags(1).Expand());
+  panel_->SetSizer(sizer);
+  list_->AssociateModel(cells_.get());
+  Attach(panel_, context.relayout);
+}
+
+void RowsView::Start() {
+  list_->SetFont(ToWx(rows_.GetFont()));
+  BuildColumns();
+  Bind();
+  ShowRows();
+}
+
+void RowsView::Detach() {
+  ControlView::Detach();
+  native_.ForgetColumns();
+  native_.SetEmptyText({});
+  cells_->Detach();
+}
+
+void RowsView::Bind() {
+  list_->Bind(wxEVT_KEY_DOWN, &RowsView::OnKeyDown, this);
+  list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { TakeSelection(); });
+  list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
+    TakeSelection();
+    OnDoubleClick();
+  });
+  list_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
+    TakeSelection();
+    MouseUp(forms::kRightButton, event.GetPosition());
+  });
+  filter_->Bind(wxEVT_TEXT,
+                [this](wxCommandEvent&) { rows_.SetFilter(FromWx(filter_->GetValue())); });
+  filter_->Bind(wxEVT_SEARCHCTRL_CANCEL_BTN, [this](wxCommandEvent&) { CloseFilter(); });
+  filter_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetKeyCode() == WXK_ESCAPE) {
+      CloseFilter();
+    } else if (event.GetKeyCode() == WXK_DOWN || event.GetKeyCode() == WXK_RETURN) {
+      list_->SetFocus();
+    } else {
+      event.Skip();
+    }
+  });
+}
+
+void RowsView::OnKeyDown(wxKeyEvent& event) {
+  forms::KeyEvent key = ToKeyEvent(event);
+  if (rows_.on_key_down) rows_.on_key_down(key);
+  if (key.handled) return;
+  bool control = event.GetModifiers() == wxMOD_CONTROL;
+  if (control && event.GetKeyCode() == 'F') {
+    OpenFilter();
+  } else if (control && event.GetKeyCode() == 'C') {
+    CopyRows();
+  } else if (event.GetKeyCode() == WXK_ESCAPE && filter_->IsShown()) {
+    CloseFilter();
+  } else if (!OnKey(event)) {
+    event.Skip();
+  }
+}
+
+void RowsView::OnDoubleClick() {
+  if (rows_.on_double_click) rows_.on_double_click();
+}
+
+void RowsView::MouseUp(std::int16_t button, wxPoint position) {
+  if (!rows_.on_mouse_up) return;
+  rows_.on_mouse_up({button, 0, ToTwips(*list_, position.x), ToTwips(*list_, position.y)});
+}
+
+// Brings current row and selection of the native list to the model.
+void RowsView::TakeSelection() {
+  if (syncing_) return;
+  syncing_ = true;
+  auto id_of = [this](const wxDataViewItem& item) { return rows_.IdAt(cells_->GetRow(item)); };
+  wxDataViewItem current = list_->GetCurrentItem();
+  bool moved = rows_.RowCount() == 0 || !current.IsOk() || rows_.SetCurrentId(id_of(current));
+  if (moved) {
+    wxDataViewItemArray items;
+    list_->GetSelections(items);
+    std::vector<std::int64_t> ids;
+    for (const wxDataViewItem& item : items) ids.push_back(id_of(item));
+    rows_.SetSelection(ids);
+  }
+  syncing_ = false;
+  if (!moved) Later([this] { ShowCurrent(); });  // the row could not be left
+}
+
+void RowsView::ShowCurrent() {
+  auto position = rows_.CurrentPosition();
+  if (!position || syncing_) return;
+  syncing_ = true;
+  wxDataViewItem item = cells_->GetItem(static_cast<unsigned>(*position));
+  list_->SetCurrentItem(item);
+  list_->EnsureVisible(item);
+  if (rows_.SelectedCount() == 0 || !rows_.MultiSelect()) list_->Select(item);
+  syncing_ = false;
+}
+
+void RowsView::ShowSelection() {
+  if (syncing_) return;
+  syncing_ = true;
+  wxDataViewItemArray items;
+  for (std::int64_t id : rows_.SelectedIds()) {
+    if (auto position = rows_.PositionOf(id)) {
+      items.Add(cells_->GetItem(static_cast<unsigned>(*position)));
+    }
+  }
+  list_->SetSelections(items);
+  syncing_ = false;
+}
+
+void RowsView::ShowRows() {
+  bool was_syncing = syncing_;
+  syncing_ = true;
+  cells_->Reset(static_cast<unsigned>(rows_.RowCount()));
+  syncing_ = was_syncing;
+  ShowEmptyText();
+  ShowSelection();
+  ShowCurrent();
+}
+
+void RowsView::ShowEmptyText() {
+  bool empty = rows_.RowCount() == 0;
+  native_.SetEmptyText(empty ? FromWx(ToWx(rows_.EmptyText())) : std::string());
+  SetAccessibleDescription(*list_, empty ? ToWx(rows_.EmptyText()) : wxString());
+}
+
+void RowsView::Show(Property property) {
+  ControlView::Show(property);
+  switch (property) {
+    case Property::kRows:
+      if (filter_->IsShown() && rows_.Filter().empty() && !filter_->IsEmpty()) {
+        filter_->ChangeValue(wxEmptyString);
+      }
+      ShowRows();
+      break;
+    case Property::kCells:
+    case Property::kEditState:
+      list_->Refresh();
+      break;
+    case Property::kCurrentRow:
+      ShowCurrent();
+      break;
+    case Property::kSelection:
+      ShowSelection();
+      break;
+    case Property::kCaption:
+      ShowEmptyText();
+      break;
+    case Property::kFont:
+      list_->SetFont(ToWx(rows_.GetFont()));
+      break;
+    case Property::kColumns:
+      // Settings change many columns in a row: they are built once, afterwards.
+      if (columns_pending_) break;
+      columns_pending_ = true;
+      Later([this] {
+        columns_pending_ = false;
+        BuildColumns();
+        ShowSelection();
+        ShowCurrent();
+      });
+      break;
+    default:
+      break;
+  }
+}
+
+void RowsView::OpenFilter() {
+  filter_->Show();
+  panel_->Layout();
+  filter_->SetFocus();
+  filter_->SelectAll();
+}
+
+void RowsView::CloseFilter() {
+  filter_->ChangeValue(wxEmptyString);
+  filter_->Hide();
+  panel_->Layout();
+  rows_.SetFilter({});
+  list_->SetFocus();
+}
+
+void RowsView::CopyRows() {
+  std::string text;
+  auto columns = ShownColumns();
+  for (std::int64_t id : rows_.SelectedIds()) {
+    auto position = rows_.PositionOf(id);
+    if (!position) continue;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i > 0) text += '\t';
+      text += CopiedCell(rows_.Cell(*position, columns[i]));
+    }
+    text += '\n';
+  }
+  if (text.empty() || !wxTheClipboard->Open()) return;
+  wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
+  wxTheClipboard->Close();
+}
+
+}  // namespace wx

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/dataview.h>
+#include <wx/panel.h>
+#include <wx/srchctrl.h>
+
+#include <functional>
+#include <vector>
+
+#include "forms/row_view.h"
+#include "wx/control_view.h"
+#include "wx/native_list.h"
+#include "wx/rows_model.h"
+
+namespace wx {
+
+// What the views of grids and lists share: the native list over virtual rows, current row and
+// selection both ways, keys, the context menu, the filter (Ctrl+F) and copying rows (Ctrl+C).
+class RowsView : public ControlView {
+ public:
+  RowsView(forms::RowView& rows, wxWindow* parent, const ViewContext& context);
+
+  wxWindow& FocusWindow() const override { return *list_; }
+  void Detach() override;
+
+ protected:
+  // Called at the end of the constructor of a view.
+  void Start();
+  void Show(forms::Property property) override;
+  // Makes the native columns anew from the model.
+  virtual void BuildColumns() = 0;
+  // The numbers of the visible columns from left to right.
+  virtual std::vector<std::size_t> ShownColumns() const = 0;
+  // A key that neither the model nor this view used; true when it was used.
+  virtual bool OnKey(const wxKeyEvent&) { return false; }
+  virtual void OnDoubleClick();
+
+  wxDataViewCtrl& List() const { return *list_; }
+  NativeList& Native() { return native_; }
+  RowsModel& Cells() const { return *cells_; }
+  // Runs a task when no event of the list is being handled.
+  void Later(std::function<void()> task) { list_->CallAfter(std::move(task)); }
+  void ShowCurrent();
+
+ private:
+  void Bind();
+  void OnKeyDown(wxKeyEvent& event);
+  void TakeSelection();
+  void ShowSelection();
+  void ShowRows();
+  void ShowEmptyText();
+  void OpenFilter();
+  void CloseFilter();
+  void CopyRows();
+  void MouseUp(std::int16_t button, wxPoint position);
+
+  forms::RowView& rows_;
+  const ViewContext& context_;
+  wxPanel* panel_;
+  wxSearchCtrl* filter_;
+  wxDataViewCtrl* list_;
+  NativeList native_;
+  wxObjectDataPtr<RowsModel> cells_;
+  bool syncing_ = false;  // the native list is being brought up to the model
+  bool columns_pending_ = false;
+};
+
+}  // namespace wx

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "wx/toolbar_view.h"
+
+#include <wx/menu.h>
+#include <wx/toolbar.h>
+
+#include <map>
+
+#include "wx/convert.h"
+#include "wx/pictures.h"
+
+namespace wx {
+
+namespace {
+
+using forms::Property;
+using forms::Tool;
+using forms::ToolKind;
+
+// What a button says: caption and shortcut, or why it is disabled.
+wxString Explanation(const Tool& tool) {
+  wxString text = wxStripMenuCodes(ToWx(tool.Caption()));
+  if (!tool.ToolTip().empty()) text = ToWx(tool.ToolTip());
+  if (!tool.Shortcut().empty()) text += " (" + ToWx(tool.Shortcut()) + ")";
+  if (!tool.Enabled() && !tool.DisabledReason().empty()) {
+    text += "\n" + ToWx(tool.DisabledReason());
+  }
+  return text;
+}
+
+class ToolbarView : public ControlView {
+ public:
+  ToolbarView(forms::Toolbar& toolbar, wxWindow* parent) : ControlView(toolbar), toolbar_(toolbar) {
+    bar_ = new wxToolBar(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                         wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT);
+    Attach(bar_);
+    bar_->Bind(wxEVT_TOOL, [this](wxCommandEvent& event) {
+      auto found = tools_.find(event.GetId());
+      if (found != tools_.end()) toolbar_.GetBand()->Menu().Click(*found->second);
+    });
+    ShowBand();
+  }
+
+ private:
+  void Show(Property property) override {
+    ControlView::Show(property);
+    if (property == Property::kTools) ShowBand();
+  }
+
+  void ShowBand() {
+    forms::Band* band = toolbar_.GetBand();
+    menu_subscription_ = forms::Subscription();
+    if (band) {
+      menu_subscription_ = band->Menu().Observe([this](Property) { Later(); });
+    }
+    ShowTools();
+  }
+
+  // Many tools change together: they are shown once, afterwards.
+  void Later() {
+    if (pending_) return;
+    pending_ = true;
+    bar_->CallAfter([this] { ShowTools(); });
+  }
+
+  void ShowTools() {
+    pending_ = false;
+    bar_->ClearTools();
+    tools_.clear();
+    forms::Band* band = toolbar_.GetBand();
+    bool separator = false;
+    for (Tool* tool : band ? band->Tools() : std::vector<Tool*>()) {
+      if (!tool->Visible()) continue;
+      if (tool->Kind() == ToolKind::kSeparator) separator = !tools_.empty();
+      if (tool->Kind() != ToolKind::kCommand) continue;
+      if (separator) bar_->AddSeparator();
+      separator = false;
+      Add(*tool);
+    }
+    bar_->Realize();
+  }
+
+  void Add(Tool& tool) {
+    wxBitmapBundle picture = Picture(tool.Icon());
+    if (!picture.IsOk()) picture = Picture("edit");
+    auto* button =
+        bar_->AddTool(wxID_ANY, wxStripMenuCodes(ToWx(tool.Caption())), picture, Explanation(tool));
+    bar_->EnableTool(button->GetId(), tool.Enabled());
+    tools_[button->GetId()] = &tool;
+  }
+
+  forms::Toolbar& toolbar_;
+  wxToolBar* bar_;
+  std::map<int, Tool*> tools_;
+  forms::Subscription menu_subscription_;
+  bool pending_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeToolbarView(forms::Toolbar& toolbar, wxWindow* parent) {
+  return std::make_unique<ToolbarView>(toolbar, parent);
+}
+
+}  // namespace wx

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <wx/dialog.h>
+#include <wx/textctrl.h>
+
+#include "tests/wx/display.h"
+#include "tests/wx/sample_forms.h"
+
+namespace {
+
+using display::Press;
+using display::Type;
+
+class DialogTest : public ::testing::Test {
+ protected:
+  texts::TextTable texts{texts::Language::kEnglish};
+  wx::Toolkit toolkit{texts};
+
+  template <class Form>
+  void Run(Form& form, std::vector<std::function<void()>> steps) {
+    display::DuringModal(std::move(steps));
+    toolkit.ShowModal(form, nullptr);
+    toolkit.Unload(form);
+    display::Pump(50);
+  }
+};
+
+TEST_F(DialogTest, IsFilledByKeyboardAlone) {
+  samples::FieldsForm form(false);
+  Run(form, {
+                [] { Type("Pump1"); },          // the first empty field has the keyboard
+                [] { Press('C', wxMOD_ALT); },  // mnemonic of a label
+                [] { Press(WXK_DOWN); }, [] { Press('I', wxMOD_ALT); },
+                [] { Type("Tank099"); },        // completed in a list of 100,000
+                [] { Press('E', wxMOD_ALT); },  // check box
+                [] { Press(WXK_RETURN); },      // default button
+            });
+  EXPECT_EQ(form.txtName.Text(), "Pump1");
+  EXPECT_EQ(form.cmbClass.ListIndex(), 0);
+  EXPECT_EQ(form.cmbAlias.Text(), "Tank099000_Level");
+  EXPECT_FALSE(form.chkEnabled.Checked());
+  EXPECT_TRUE(form.confirmed);
+}
+
+TEST_F(DialogTest, EscapeAndCloseBoxCancel) {
+  samples::FieldsForm form(true);
+  Run(form, {[] { Type("x"); }, [] { Press(WXK_ESCAPE); }});
+  EXPECT_FALSE(form.confirmed);
+  EXPECT_EQ(form.txtName.Text(), "x");
+  Run(form, {[] { Press(WXK_F4, wxMOD_ALT); }});
+  EXPECT_FALSE(form.confirmed);
+}
+
+TEST_F(DialogTest, F1AndTheHelpButtonAskForHelp) {
+  samples::FieldsForm form(false);
+  form.cmdHelp.on_click = [this] { toolkit.SendKeys("{F1}"); };
+  Run(form, {[] { Press(WXK_F1); }, [] { Press('H', wxMOD_ALT); }, [] { Press(WXK_ESCAPE); }});
+  EXPECT_EQ(form.helps, 2);
+}
+
+TEST_F(DialogTest, ShowsWhatTheModelChanges) {
+  samples::FieldsForm form(false);
+  std::string shown;
+  int least_height = 0, height = 0;
+  Run(form, {
+                [&] {
+                  form.txtName.SetText("by program");
+                  auto* box = dynamic_cast<wxTextCtrl*>(display::FindWindow("txtName"));
+                  ASSERT_NE(box, nullptr);
+                  shown = box->GetValue().utf8_string();
+                  height = display::FindWindow("FieldsForm")->GetSize().y;
+                  form.lblHint.SetVisible(false);
+                  least_height = display::FindWindow("FieldsForm")->GetMinSize().y;
+                },
+                [&] { form.Hide(); },
+            });
+  EXPECT_EQ(shown, "by program");
+  EXPECT_LT(least_height, height);  // a hint that goes takes no room
+}
+
+TEST_F(DialogTest, FiltersAListOfManyRowsWhileTyping) {
+  samples::ListForm form;
+  std::size_t rows = 0;
+  Run(form, {
+                [] { Type("0777"); },
+                [&] {
+                  display::WaitFor([&] { return form.lvw.RowCount() < 100000; });
+                  rows = form.lvw.RowCount();
+                },
+                [] { Press(WXK_TAB); },
+                [] { Press(WXK_DOWN); },
+                [] { Press(WXK_RETURN); },
+            });
+  EXPECT_EQ(rows, 120u);
+  ASSERT_TRUE(form.lvw.CurrentId().has_value());
+}
+
+TEST_F(DialogTest, MessageBoxAnswersWithItsDefault) {
+  platform::MessageBox box{.prompt = "Delete?",
+                           .detail = "Formula1",
+                           .title = "",
+                           .buttons = platform::MessageButtons::kYesNo,
+                           .default_button = platform::MessageResult::kNo,
+                           .icon = platform::MessageIcon::kQuestion};
+  display::DuringModal({[] { Press(WXK_RETURN); }});
+  EXPECT_EQ(toolkit.Show(box), platform::MessageResult::kNo);
+  display::DuringModal({[] { Press('Y', wxMOD_ALT); }});
+  EXPECT_EQ(toolkit.Show(box), platform::MessageResult::kYes);
+  display::DuringModal({[] { Press(WXK_ESCAPE); }});
+  EXPECT_EQ(toolkit.Show(box), platform::MessageResult::kNo);
+}
+
+}  // namespace
