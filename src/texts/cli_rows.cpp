@@ -100,7 +100,7 @@ constexpr Row kRows[] = {
     {1269, "Aliase; \"-\" liest Namen von der Standardeingabe",
      "aliases; \"-\" reads names from standard input"},
     {1270, "Item; \"-\" liest Zeilen \"ITEM\" oder \"ITEM<Tab>ALIAS\" von der Standardeingabe",
-     "item; \"-\" reads lines \"ITEM\" or \"ITEM<tab>ALIAS\" from standard input"},
+     "item; \"-\" reads lines \"ITEM\" or \"ITEM<Tab>ALIAS\" from standard input"},
     {1271, "Alias; fehlt er, wird er aus dem Item gebildet",
      "alias; made from the item when left out"},
     {1272, "eine Jet-4.0-Datenbank (.ovs, .mdb)", "a Jet 4.0 database (.ovs, .mdb)"},
