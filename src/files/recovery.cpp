@@ -28,17 +28,8 @@ void Discard(FileSystem& system, JournalFile& journal, const journal::Inspection
 
 // Locks the journal, says what there is and calls `act` with it.
 template <typename Act>
-RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, Act act) {
-  const std::string database = ResolveTarget(system, database_path);
-  const std::string path = JournalPath(system, database_path);
-  auto file = OpenIfExists(system, path, OpenMode::kRead);
-  if (!file) return MakePlan(system, path, database, {});
-  if (journal::IsAtRest(*file)) {
-    file.reset();
-    RemoveLeftOver(system, path);
-    return MakePlan(system, path, database, {});
-  }
-  file.reset();
+RecoveryPlan WithLockedJournal(FileSystem& system, const std::string& path,
+                               const std::string& database, Act act) {
   JournalFile journal(system, path);
   const JournalLock lock(journal, /*create=*/false);
   if (!lock.held()) return MakePlan(system, path, database, {});
@@ -46,6 +37,31 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, A
   const RecoveryPlan plan = MakePlan(system, path, database, inspection);
   act(journal, inspection, plan);
   return plan;
+}
+
+// The same for the journal of a database, if there is one that is not at rest.
+template <typename Act>
+RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, Act act) {
+  const std::string database = ResolveTarget(system, database_path);
+  const std::string path = JournalPath(system, database_path);
+  auto file = OpenIfExists(system, path, OpenMode::kRead);
+  if (!file) return MakePlan(system, path, database, {});
+  const bool at_rest = journal::IsAtRest(*file);
+  file.reset();
+  if (at_rest) {
+    RemoveLeftOver(system, path);
+    return MakePlan(system, path, database, {});
+  }
+  try {
+    return WithLockedJournal(system, path, database, act);
+  } catch (const Error& error) {
+    const bool says_enough = error.kind() == ErrorKind::kLocked ||
+                             error.kind() == ErrorKind::kConflict ||
+                             error.kind() == ErrorKind::kDamaged;
+    if (says_enough) throw;
+    throw Error(error.kind(), error.path(),
+                "An interrupted change of " + database + " cannot be put back: " + error.what());
+  }
 }
 
 }  // namespace

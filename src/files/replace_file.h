@@ -15,7 +15,8 @@ std::string ResolveTarget(FileSystem& system, const std::string& path);
 // Writes a whole file so that at any time, a power cut included, the path holds the old contents
 // or the new ones: a temporary file in the same folder, sync, rename, sync of the folder. An
 // existing file's permissions, owner and extended attributes stay; a link stays a link. On
-// failure the old file is untouched and the temporary one removed.
+// failure the old file is untouched and the temporary one removed; only when the last step, the
+// sync of the folder, fails is the new file there already.
 void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents);
 
 // The two halves of ReplaceFile. Writes `contents` to the new file `temporary` beside `target`,

@@ -9,6 +9,7 @@
 #include "files/failing_file_system.h"
 #include "files/forgetting_file_system.h"
 #include "files/recovery.h"
+#include "files/replace_file.h"
 #include "project_change.h"
 
 namespace files {
@@ -195,6 +196,29 @@ TEST(ChangeJournal, SurvivesPowerCutsInLaterCommits) {
     check();
     if (HasFatalFailure()) return;
     if (!system.fired()) break;
+  }
+}
+
+TEST(ReplaceFile, SurvivesFailuresAndPowerCuts) {
+  std::mt19937 random(3);
+  const std::string old_text(3000, 'o');
+  const std::string new_text(5000, 'n');
+  for (int n = 1;; ++n) {
+    for (const Fault::Length length : {Fault::Length::kOnce, Fault::Length::kCrash}) {
+      ForgettingFileSystem disk;
+      disk.Put("/p/a", old_text);
+      FailingFileSystem system(disk);
+      system.Arm({{}, n, length, ErrorKind::kIo, true});
+      const bool failed = KindRaised([&] { ReplaceFile(system, "/p/a", new_text); }).has_value();
+      if (length == Fault::Length::kOnce) {
+        EXPECT_EQ(disk.now().Snapshot().size(), 1u) << "a stray file at operation " << n;
+      }
+      for (int cut = 0; cut < 20; ++cut) {
+        const std::string found = disk.AfterPowerCut(random)->Get("/p/a");
+        EXPECT_TRUE(found == new_text || (failed && found == old_text)) << "operation " << n;
+      }
+      if (length == Fault::Length::kCrash && !system.fired()) return;
+    }
   }
 }
 

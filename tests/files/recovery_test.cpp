@@ -240,7 +240,7 @@ TEST(Recovery, SaysWhatStandsInTheWay) {
     medium.SetReadOnly(path, true);
     EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kReadOnly);
     medium.SetReadOnly(path, false);
-    EXPECT_EQ(ExamineJournal(medium, kDatabase).message.empty(), false);
+    EXPECT_FALSE(ExamineJournal(medium, kDatabase).message.empty());
   }
   Recover(medium, kDatabase);
   EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
