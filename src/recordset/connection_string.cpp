@@ -21,17 +21,30 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
+// Takes a value in quotes, doubled quotes standing for one, off the front of the text.
+std::string TakeQuoted(std::string_view& text) {
+  const char quote = text.front();
+  std::string value;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    if (text[i] == quote) {
+      if (i + 1 == text.size() || text[i + 1] != quote) {
+        text.remove_prefix(i + 1);
+        return value;
+      }
+      ++i;
+    }
+    value += text[i];
+  }
+  Fail("has a value without its closing quote.");
+}
+
 // Takes a value off the front of the text, up to and including its semicolon.
 std::string TakeValue(std::string_view& text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   std::string value;
   if (!text.empty() && (text.front() == '"' || text.front() == '\'')) {
-    const std::size_t end = text.find(text.front(), 1);
-    if (end == std::string_view::npos) Fail("has a value without its closing quote.");
-    value = text.substr(1, end - 1);
-    text.remove_prefix(end + 1);
-    const std::size_t next = text.find_first_not_of(' ');
-    if (next != std::string_view::npos && text[next] != ';') {
+    value = TakeQuoted(text);
+    if (!Trim(text.substr(0, text.find(';'))).empty()) {
       Fail("has something behind a value in quotes; put a semicolon between.");
     }
   } else {

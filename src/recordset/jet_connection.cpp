@@ -127,7 +127,7 @@ jet::Table& JetConnection::Table(std::string_view name) {
 }
 
 std::vector<std::string> JetConnection::TableNames() {
-  return session_->Guarded([&] {
+  return session_->Reading([&] {
     std::vector<std::string> names;
     for (const jet::TableInfo& table : session_->OpenDatabase().Tables()) {
       names.push_back(table.name);
@@ -137,7 +137,7 @@ std::vector<std::string> JetConnection::TableNames() {
 }
 
 std::vector<platform::Connection::IndexInfo> JetConnection::Indexes(std::string_view table) {
-  return session_->Guarded([&] {
+  return session_->Reading([&] {
     const jet::Table& source = Table(table);
     std::vector<IndexInfo> indexes;
     for (const jet::Index& index : source.indexes()) {
@@ -155,7 +155,7 @@ std::vector<platform::Connection::IndexInfo> JetConnection::Indexes(std::string_
 }
 
 std::vector<platform::Connection::ColumnInfo> JetConnection::Columns(std::string_view table) {
-  return session_->Guarded([&] {
+  return session_->Reading([&] {
     std::vector<ColumnInfo> columns;
     for (const jet::Column& column : Table(table).columns()) {
       columns.push_back(
@@ -166,7 +166,7 @@ std::vector<platform::Connection::ColumnInfo> JetConnection::Columns(std::string
 }
 
 std::int32_t JetConnection::TableRowCount(std::string_view table) {
-  return session_->Guarded([&] {
+  return session_->Reading([&] {
     constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
     return static_cast<std::int32_t>(std::min(Table(table).RowCount(), kMost));
   });

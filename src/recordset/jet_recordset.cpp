@@ -104,12 +104,25 @@ std::unique_ptr<Query> JetRecordset::TableQuery() const {
 
 void JetRecordset::Open() {
   CheckClosed();
-  session_->Guarded([&] { query_ = MakeQuery(); });
-  cursor_.emplace(*query_);
-  cursor_->Restart();
+  session_->Reading([&] {
+    query_ = MakeQuery();
+    try {
+      cursor_.emplace(*query_);
+      Restart();
+    } catch (...) {
+      Abandon();
+      throw;
+    }
+  });
   reader_.emplace(*query_);
   bookmarked_ = std::make_shared<BookmarkedRows>();
   session_->Register(shared_from_this());
+}
+
+// Finds the rows at once, while the file is held for reading, unless that is the whole table.
+void JetRecordset::Restart() {
+  cursor_->Restart();
+  if (!query_->IsWholeTable()) cursor_->All();
 }
 
 void JetRecordset::Close() {
@@ -134,18 +147,18 @@ ObjectState JetRecordset::State() const {
 bool JetRecordset::BOF() const {
   CheckOpen();
   if (edit_mode_ == EditMode::kAdd) return false;
-  return session_->Guarded([&] { return cursor_->AtBegin(); });
+  return Ask([&] { return cursor_->AtBegin(); });
 }
 
 bool JetRecordset::EOF_() const {
   CheckOpen();
   if (edit_mode_ == EditMode::kAdd) return false;
-  return session_->Guarded([&] { return cursor_->AtEnd(); });
+  return Ask([&] { return cursor_->AtEnd(); });
 }
 
 std::int32_t JetRecordset::RecordCount() const {
   CheckOpen();
-  return session_->Guarded([&] {
+  return session_->Reading([&] {
     const std::size_t count =
         query_->IsWholeTable() && !cursor_->FoundAll() ? OnlyTable().RowCount() : cursor_->Count();
     return static_cast<std::int32_t>(
@@ -219,7 +232,7 @@ void JetRecordset::MovePrevious() {
 
 std::int32_t JetRecordset::AbsolutePosition() const {
   CheckOpen();
-  return session_->Guarded([&] {
+  return session_->Reading([&] {
     if (edit_mode_ == EditMode::kAdd || !cursor_->OnRow()) return 0;
     if (cursor_->OnFirst()) return 1;
     return static_cast<std::int32_t>(cursor_->Place()) + 1;
@@ -241,7 +254,7 @@ void JetRecordset::SetAbsolutePosition(std::int32_t position) {
 }
 
 platform::Bookmark JetRecordset::GetBookmark() const {
-  session_->Guarded([&] { RequireRow(); });
+  Ask([&] { RequireRow(); });
   if (edit_mode_ == EditMode::kAdd) {
     Refuse(platform::kErrNoCurrentRecord, "A new row has no bookmark before it is updated.");
   }
@@ -317,13 +330,15 @@ std::size_t JetRecordset::FieldCount() const {
 
 void JetRecordset::Requery() {
   CheckNoEdit("reading the rows again");
-  cursor_->Restart();
-  reader_->Forget();
+  session_->Reading([&] {
+    Restart();
+    reader_->Forget();
+  });
 }
 
 void JetRecordset::Resync() {
   CheckNoEdit("reading the row again");
-  session_->Guarded([&] {
+  session_->Reading([&] {
     reader_->Forget();
     RequireValues();
   });

@@ -101,6 +101,7 @@ class JetRecordset final : public platform::Recordset,
   std::unique_ptr<Query> MakeQuery() const;
   std::unique_ptr<Query> TableQuery() const;
   jet::Table& OnlyTable() const { return *query_->tables().front(); }
+  void Restart();
   std::size_t FieldIndex(std::string_view name) const;
   const jet::Column& ColumnOf(std::size_t field) const;
 
@@ -109,6 +110,9 @@ class JetRecordset final : public platform::Recordset,
   template <class Move>
   void MoveBy(Move move, platform::SearchDirection onward);
   void PassGoneRows(platform::SearchDirection onward);
+  // Calls what asks for the cursor's position, which may have to be looked up first.
+  template <class Question>
+  auto Ask(Question question) const;
   // Raises kErrNoCurrentRecord unless a row is current that is not being added.
   void RequireRow() const;
   // The same; the row is read unless it is. Raises kErrRowDeleted when it is gone.
@@ -151,11 +155,17 @@ template <class Move>
 void JetRecordset::MoveBy(Move move, platform::SearchDirection onward) {
   CheckOpen();
   UpdatePending();
-  session_->Guarded([&] {
+  session_->Reading([&] {
     reader_->Forget();
     move();
     PassGoneRows(onward);
   });
+}
+
+template <class Question>
+auto JetRecordset::Ask(Question question) const {
+  if (cursor_->IsSettled()) return question();
+  return session_->Reading(question);
 }
 
 }  // namespace recordset

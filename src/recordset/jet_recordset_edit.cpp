@@ -31,7 +31,8 @@ Variant JetRecordset::FieldValue(std::size_t field) const {
 
 Variant JetRecordset::OriginalValue(std::size_t field) const {
   if (edit_mode_ == EditMode::kAdd) return Coerce(ColumnOf(field), platform::Null{});
-  return session_->Guarded([&] {
+  if (reader_->holds_row()) return ToVariant((*reader_)[field]);
+  return session_->Reading([&] {
     RequireValues();
     return ToVariant((*reader_)[field]);
   });
@@ -44,13 +45,13 @@ void JetRecordset::SetFieldValue(std::size_t field, const Variant& value) {
     Refuse(platform::kErrFeatureNotAvailable,
            "The field \"" + column.name + "\" is numbered by the database and cannot be set.");
   }
-  session_->Guarded([&] {
-    if (edit_mode_ == EditMode::kNone) RequireValues();
-    Variant coerced = Coerce(column, value);
-    if (pending_.empty()) pending_.resize(query_->output().size());
-    pending_[field] = std::move(coerced);
-    if (edit_mode_ == EditMode::kNone) edit_mode_ = EditMode::kInProgress;
-  });
+  if (edit_mode_ == EditMode::kNone && !reader_->holds_row()) {
+    session_->Reading([&] { RequireValues(); });
+  }
+  Variant coerced = session_->Guarded([&] { return Coerce(column, value); });
+  if (pending_.empty()) pending_.resize(query_->output().size());
+  pending_[field] = std::move(coerced);
+  if (edit_mode_ == EditMode::kNone) edit_mode_ = EditMode::kInProgress;
 }
 
 void JetRecordset::CheckUpdatable() const {
@@ -154,10 +155,12 @@ void JetRecordset::CancelUpdate() {
 void JetRecordset::Delete() {
   CheckUpdatable();
   CheckNoEdit("deleting");
-  session_->Guarded([&] {
+  session_->Reading([&] {
     RequireRow();
     cursor_->Place();
     if (!cursor_->OnRow()) ThrowDeleted();
+  });
+  session_->Guarded([&] {
     jet::Transaction transaction(query_->database());
     RowReader now(*query_);
     if (!now.Read(cursor_->Row())) ThrowDeleted();

@@ -23,9 +23,11 @@ constexpr std::size_t kMaxRowsPicked = 64;
 
 void JetRecordset::SetFilter(std::string_view criterion) {
   CheckNoEdit("filtering");
-  session_->Guarded([&] { query_->SetFilter(criterion); });
-  cursor_->Restart();
-  reader_->Forget();
+  session_->Reading([&] {
+    query_->SetFilter(criterion);
+    reader_->Forget();
+    Restart();
+  });
 }
 
 std::string JetRecordset::Filter() const {
@@ -81,7 +83,6 @@ bool JetRecordset::FindByIndex(std::string_view criterion) {
 
 void JetRecordset::FindByReading(const Condition& condition, const NeededColumns& needed,
                                  SearchDirection direction) {
-  const jet::Database::ReadGuard guard(query_->database());
   const std::size_t tables = query_->tables().size();
   const auto rows = std::make_unique<jet::RowBuffer[]>(tables);
   // Moving on from a row that turns out to be gone must not end the search.
@@ -134,12 +135,12 @@ std::optional<std::vector<jet::Value>> JetRecordset::SeekKey(
 
 void JetRecordset::Seek(const std::vector<Variant>& key, SeekOption option) {
   CheckOpen();
-  if (!query_->row_index() || !query_->IsWholeTable()) {
+  if (settings_.index.empty() || !query_->row_index() || !query_->IsWholeTable()) {
     Refuse(platform::kErrFeatureNotAvailable,
            "Seek needs a table opened with an index and without a filter.");
   }
   UpdatePending();
-  session_->Guarded([&] {
+  session_->Reading([&] {
     const auto values = SeekKey(key);
     if (!values && option == SeekOption::kAfterEqual) {
       Refuse(platform::kErrDataOverflow, "No row of the table can hold the value that is sought.");
@@ -168,12 +169,11 @@ platform::VariantArray JetRecordset::GetRows(std::int32_t count,
   if (fields.empty()) {
     for (const OutputColumn& output : query_->output()) sources.push_back(output.source);
   }
-  return session_->Guarded([&] { return ReadRows(count, sources); });
+  return session_->Reading([&] { return ReadRows(count, sources); });
 }
 
 platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
                                               const std::vector<TableColumn>& sources) {
-  const jet::Database::ReadGuard guard(query_->database());
   RequireRow();
   NeededColumns needed(query_->tables().size());
   std::vector<std::size_t> slots;

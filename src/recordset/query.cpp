@@ -6,13 +6,18 @@
 
 #include "platform/ado.h"
 #include "recordset/sql_lexer.h"
+#include "recordset/value_comparison.h"
 
 namespace recordset {
 namespace {
 
 constexpr std::size_t kMaxTables = 32;  // bits of Condition::tables
 
-std::string Quoted(std::string_view name) { return "\"" + std::string(name) + "\""; }
+std::string Quoted(std::string_view name) {
+  std::string quoted = "\"";
+  quoted.append(name).append("\"");
+  return quoted;
+}
 
 }  // namespace
 
@@ -36,6 +41,7 @@ std::unique_ptr<Query> Query::Select(jet::Database& database, std::string text,
   for (const OrderItem& item : syntax.order) {
     query->AddOrder(query->Resolve(item.column), item.descending);
   }
+  query->TakeOrderFromIndex();
   return query;
 }
 
@@ -136,6 +142,21 @@ void Query::NameOutput() {
 
 void Query::AddOrder(TableColumn column, bool descending) {
   order_.push_back({column, needed_.Slot(column), descending});
+}
+
+void Query::TakeOrderFromIndex() {
+  if (order_.empty() || !IsWholeTable()) return;
+  const jet::Table& table = *tables_.front();
+  for (std::size_t i = 0; i < table.indexes().size(); ++i) {
+    const jet::PhysicalIndex& physical = table.physical_indexes()[table.indexes()[i].physical];
+    const bool same = std::equal(physical.columns.begin(), physical.columns.end(), order_.begin(),
+                                 order_.end(), [&](const auto& column, const OrderColumn& order) {
+                                   return column.column == order.source.column &&
+                                          column.ascending != order.descending &&
+                                          CanSearch(table.columns()[column.column]);
+                                 });
+    if (same && !physical.ignore_nulls) row_index_ = i;
+  }
 }
 
 std::optional<std::size_t> Query::FindOutput(std::string_view name) const {

@@ -49,7 +49,7 @@ class Query {
   const std::vector<OrderColumn>& order() const { return order_; }
   // What conditions and order read.
   const NeededColumns& needed() const { return needed_; }
-  // The index whose entries are the rows, for a table in the order of an index.
+  // The index whose entries are the rows in their order, for a whole table.
   std::optional<std::size_t> row_index() const { return row_index_; }
   bool IsWholeTable() const { return tables_.size() == 1 && conditions_.empty(); }
 
@@ -79,6 +79,8 @@ class Query {
   void AddOutput(const SelectItem& item);
   void AddColumnsOf(std::size_t table);
   void AddOrder(TableColumn column, bool descending);
+  // An index over just the columns of ORDER BY has the rows of a table in order.
+  void TakeOrderFromIndex();
   void NameOutput();
 
   jet::Database& database_;

@@ -45,13 +45,14 @@ class Planner {
   QueryPlan plan_;
 };
 
-// Whether equal texts have equal keys in an index over this column, and numbers anyway.
-bool CanSearch(const jet::Column& column) {
-  if (column.type == jet::ColumnType::kText) {
-    constexpr std::uint16_t kGeneral = 0x0409;
-    return column.lcid == kGeneral && column.collation_version == 0;
+// Whether the condition is the equality of a column of the table and one of another table.
+bool IsJoin(const Condition& condition, std::size_t table) {
+  if (condition.kind != Condition::Kind::kCompare || condition.comparison != Comparison::kEqual) {
+    return false;
   }
-  return IsSearchable(column.type);
+  const Operand &left = condition.left, &right = condition.right;
+  return left.is_column && right.is_column &&
+         (left.column.table == table) != (right.column.table == table);
 }
 
 bool HasKey(jet::ColumnType type, const jet::Value& value) {
@@ -163,6 +164,11 @@ void Planner::Take(std::size_t table, const Access& access) {
     if (std::find(tested_.begin(), tested_.end(), &condition) != tested_.end()) continue;
     step.tests.push_back(&condition);
     tested_.push_back(&condition);
+  }
+  if (!step.index) {
+    const auto found = std::ranges::find_if(
+        step.tests, [&](const Condition* test) { return IsJoin(*test, table); });
+    if (found != step.tests.end()) step.equality = *found;
   }
   plan_.steps.push_back(std::move(step));
 }

@@ -16,6 +16,9 @@ struct PlanStep {
   std::optional<std::size_t> index;
   // Values of the leading columns of the index: constants, or columns of tables before.
   std::vector<Operand> key;
+  // For a table that is scanned behind others: the equality with a table before by which its rows
+  // are looked up after one scan; one of the tests. Null for none.
+  const Condition* equality = nullptr;
   // What the rows found have to pass.
   std::vector<const Condition*> tests;
 };

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <compare>
 #include <numeric>
+#include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "recordset/value_comparison.h"
@@ -22,6 +24,7 @@ class Run {
         plan_(plan),
         rows_(std::make_unique<jet::RowBuffer[]>(query.tables().size())),
         cursors_(plan.steps.size()),
+        lookups_(plan.steps.size()),
         current_(query.tables().size()) {
     found_.width = query.tables().size();
   }
@@ -37,6 +40,8 @@ class Run {
   }
 
  private:
+  using Lookup = std::unordered_map<std::string, std::vector<RowId>>;
+
   std::span<const jet::RowBuffer> rows() const { return {rows_.get(), current_.size()}; }
 
   void Step(std::size_t depth) {
@@ -44,8 +49,10 @@ class Run {
       Keep();
     } else if (plan_.steps[depth].index) {
       Search(depth);
+    } else if (plan_.steps[depth].equality) {
+      LookUp(depth);
     } else {
-      Scan(depth);
+      Scan(depth, [&] { Pass(depth); });
     }
   }
 
@@ -63,14 +70,46 @@ class Run {
     }
   }
 
-  void Scan(std::size_t depth) {
+  template <class Visit>
+  void Scan(std::size_t depth, Visit visit) {
     const PlanStep& step = plan_.steps[depth];
     jet::RowBuffer& row = rows_[step.table];
     jet::Scan scan = query_.tables()[step.table]->OpenScan(query_.needed().Of(step.table));
     while (scan.Next(row)) {
       current_[step.table] = row.id();
-      Pass(depth);
+      visit();
     }
+  }
+
+  // Scans the table the first time and keeps its rows by the value that is looked up.
+  void LookUp(std::size_t depth) {
+    const PlanStep& step = plan_.steps[depth];
+    const bool left_is_own = step.equality->left.column.table == step.table;
+    const Operand& own = left_is_own ? step.equality->left : step.equality->right;
+    const Operand& other = left_is_own ? step.equality->right : step.equality->left;
+    std::optional<Lookup>& lookup = lookups_[depth];
+    if (!lookup) {
+      lookup.emplace();
+      Scan(depth, [&] {
+        const Value& value = rows_[step.table][own.slot];
+        if (!value.is_null()) (*lookup)[EqualityKey(value)].push_back(current_[step.table]);
+      });
+    }
+    const Value& value = rows_[other.column.table][other.slot];
+    if (value.is_null()) return;
+    const auto found = lookup->find(EqualityKey(value));
+    if (found == lookup->end()) return;
+    jet::Table& table = *query_.tables()[step.table];
+    for (const RowId id : found->second) {
+      current_[step.table] = id;
+      if (table.Read(id, query_.needed().Of(step.table), rows_[step.table])) Pass(depth);
+    }
+  }
+
+  static std::string EqualityKey(const Value& value) {
+    std::vector<std::byte> key;
+    AppendEqualityKey(value, key);
+    return {reinterpret_cast<const char*>(key.data()), key.size()};
   }
 
   void Pass(std::size_t depth) {
@@ -152,6 +191,7 @@ class Run {
   const QueryPlan& plan_;
   std::unique_ptr<jet::RowBuffer[]> rows_;  // current row of each table
   std::vector<std::optional<jet::IndexCursor>> cursors_;
+  std::vector<std::optional<Lookup>> lookups_;
   std::vector<RowId> current_;
   RowIds found_;
   std::vector<std::vector<std::byte>> keys_;  // of the rows found, with ORDER BY

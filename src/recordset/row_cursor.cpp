@@ -38,7 +38,6 @@ void RowCursor::Resolve() {
 
 void RowCursor::FindAll() {
   if (all_) return;
-  const jet::Database::ReadGuard guard(query_.database());
   rows_ = FindRows(query_, MakePlan(query_));
   all_ = true;
   stored_order_ = 0;

@@ -25,6 +25,8 @@ class RowCursor {
   // Finds the rows anew; the position is the first row.
   void Restart();
 
+  // Whether the first row, or that there is none, is known already.
+  bool IsSettled() const { return state_ != State::kUnread; }
   bool AtBegin();  // before the first row; also when there are no rows
   bool AtEnd();    // behind the last row; also when there are no rows
   bool IsEmpty() { return AtBegin() && AtEnd(); }

@@ -40,6 +40,15 @@ class Session {
     }
   }
 
+  // The same for what only reads: one look at the file serves all of it.
+  template <class Action>
+  decltype(auto) Reading(Action&& action) {
+    return Guarded([&]() -> decltype(auto) {
+      const jet::Database::ReadGuard guard(OpenDatabase());
+      return action();
+    });
+  }
+
  private:
   void Keep(const platform::Error& error);
   // Raises the engine's exception that is being handled as platform::Error.

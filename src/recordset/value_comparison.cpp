@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <string_view>
 
 #include "jet/key_encoder.h"
@@ -121,6 +122,12 @@ bool IsSearchable(ColumnType type) {
   return FamilyOf(type) != Family::kBytes && type != ColumnType::kMemo;
 }
 
+bool CanSearch(const jet::Column& column) {
+  constexpr std::uint16_t kGeneral = 0x0409;
+  if (column.type != ColumnType::kText) return IsSearchable(column.type);
+  return column.lcid == kGeneral && column.collation_version == 0;
+}
+
 Family FamilyOf(ColumnType type) {
   switch (type) {
     case ColumnType::kText:
@@ -182,6 +189,18 @@ void AppendOrderKey(ColumnType type, bool descending, const Value& value, Bytes&
   }
   if (!descending) return;
   for (std::size_t i = start; i < key.size(); ++i) key[i] = ~key[i];
+}
+
+void AppendEqualityKey(const Value& value, Bytes& key) {
+  if (FamilyOf(value) == Family::kText) {
+    AppendTextOrder(value.text(), key);
+  } else if (FamilyOf(value) == Family::kBytes) {
+    key.insert(key.end(), value.bytes().begin(), value.bytes().end());
+  } else {
+    const double number = Real(value) + 0.0;  // one zero
+    const auto bytes = std::as_bytes(std::span(&number, 1));
+    key.insert(key.end(), bytes.begin(), bytes.end());
+  }
 }
 
 std::optional<Value> AsColumnValue(ColumnType type, const Value& value) {

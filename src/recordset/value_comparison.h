@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "jet/schema.h"
 #include "jet/value.h"
 
 namespace recordset {
@@ -28,9 +29,14 @@ std::weak_ordering CompareValues(const jet::Value& a, const jet::Value& b);
 void AppendOrderKey(jet::ColumnType type, bool descending, const jet::Value& value,
                     std::vector<std::byte>& key);
 
+// Appends bytes that are the same for values that are equal, whatever their types. Not for Null.
+void AppendEqualityKey(const jet::Value& value, std::vector<std::byte>& key);
+
 // Whether equal values of a column of this type have equal index keys, so that an index finds all
 // that EqualValues finds.
 bool IsSearchable(jet::ColumnType type);
+// The same for a column, whose texts may be in another order than the database's.
+bool CanSearch(const jet::Column& column);
 
 // The value as a column of this searchable type holds it: nothing when no value of the column can
 // be equal to it. The value is of the column's family or Null.

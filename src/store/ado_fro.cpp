@@ -19,13 +19,14 @@ std::unique_ptr<ADOFRO>& Holder() {
   return instance;
 }
 
-// A value that would not be read back as it stands is put in quotes.
+// A value that would not be read back as it stands is put in quotes, its own quotes doubled.
 std::string ConnectionValue(std::string_view value) {
   const bool plain = value.find(';') == std::string_view::npos &&
                      value.find_first_of("\"' ") != 0 && !value.ends_with(' ');
   if (plain) return std::string(value);
-  const char quote = value.find('"') == std::string_view::npos ? '"' : '\'';
-  return quote + std::string(value) + quote;
+  std::string quoted = "\"";
+  for (const char c : value) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
 }
 
 }  // namespace
