@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "vbfiles/field_text.h"
 #include "vbfiles/physical_lines.h"
 #include "vbfiles/source_lines.h"
 
@@ -37,16 +38,11 @@ std::optional<AttributeLine> ParseAttributeLine(std::string_view line) {
       !IsBlank(line[kKeyword.size()])) {
     return std::nullopt;
   }
-  const std::size_t equals = line.find('=');
+  const std::size_t equals = line.find('=', kKeyword.size());
   if (equals == std::string_view::npos) return std::nullopt;
-  const std::size_t begin = SkipBlanks(line, kKeyword.size());
-  std::size_t end = equals;
-  while (end > begin && IsBlank(line[end - 1])) --end;
-  const std::string_view name = line.substr(begin, end > begin ? end - begin : 0);
+  const std::string_view name = Trimmed(line.substr(kKeyword.size(), equals - kKeyword.size()));
   if (name.empty() || name.find_first_of(" \t\"'(") != std::string_view::npos) return std::nullopt;
-  std::string_view value = line.substr(SkipBlanks(line, equals + 1));
-  while (!value.empty() && IsBlank(value.back())) value.remove_suffix(1);
-  return AttributeLine{name, value};
+  return AttributeLine{name, Trimmed(line.substr(equals + 1))};
 }
 
 std::string AdjustAttributeLines(std::string_view lines, const AttributeChange& change,

@@ -108,7 +108,10 @@ std::shared_ptr<Project> Environment::ProjectAt(const std::string& path,
   for (const auto& project : contents_.projects) {
     if (project->FileName() == path) return project;
   }
-  return std::make_shared<Project>(session_, page_, path, tree);
+  const auto& pages = session_->options.project_code_pages;
+  const auto page = pages.find(path);
+  return std::make_shared<Project>(
+      session_, page == pages.end() ? page_ : CodePage::Get(page->second), path, tree);
 }
 
 void Environment::Refresh() {

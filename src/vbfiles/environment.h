@@ -63,7 +63,7 @@ class Environment final : public platform::VBE, public files::Participant {
   void ForEachDocument(Action action) const;
 
   std::shared_ptr<Session> session_;
-  const CodePage& page_;
+  const CodePage& page_;            // unless a project has its own
   std::vector<std::string> paths_;  // that were opened, canonical
   Contents contents_;
 };

@@ -2,6 +2,7 @@
 #include "vbfiles/module_header.h"
 
 #include "vbfiles/attribute_line.h"
+#include "vbfiles/field_text.h"
 #include "vbfiles/physical_lines.h"
 #include "vbfiles/source_lines.h"
 
@@ -9,30 +10,21 @@ namespace vbfiles {
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-  text.remove_prefix(SkipBlanks(text));
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 std::string_view FirstWord(std::string_view text) {
   std::size_t end = 0;
   while (end < text.size() && !IsBlank(text[end])) ++end;
   return text.substr(0, end);
 }
 
-std::string_view Unquoted(std::string_view value) {
-  if (value.size() < 2 || value.front() != '"' || value.back() != '"') return value;
-  return value.substr(1, value.size() - 2);
-}
+// A longer line is no header's; it is not read to its end to find that out.
+constexpr std::size_t kLongestLine = 65536;
 
 class HeaderReader {
  public:
   HeaderReader(std::string_view text, bool whole) : text_(text), whole_(whole) {}
 
   ModuleHeader Read() {
-    constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-    if (text_.substr(0, kUtf8Mark.size()) == kUtf8Mark) position_ = kUtf8Mark.size();
+    if (text_.starts_with(kUtf8Mark)) position_ = kUtf8Mark.size();
     header_.length = position_;
     std::string_view line;
     if (Peek(line) && IsKeyword(FirstWord(line), "version")) {
@@ -61,6 +53,7 @@ class HeaderReader {
         line = TextOf(text_, current_);
         return true;
       }
+      if (text_.size() - position_ > kLongestLine) return false;
     }
     ran_out_ = true;
     return false;

@@ -68,9 +68,13 @@ void Project::Read() {
       throw FromFileError(error);
     }
   }
+  std::map<std::string, std::shared_ptr<Component>> known;  // by path
+  for (const auto& component : components_) known.emplace(component->FileName(), component);
   std::vector<std::shared_ptr<Component>> components;
   for (const ComponentEntry& entry : project.components) {
-    components.push_back(MakeComponent(entry, resolver.Resolve(folder, page_.ToUtf8(entry.path))));
+    const std::string path = resolver.Resolve(folder, page_.ToUtf8(entry.path));
+    const auto at = known.find(path);
+    components.push_back(at != known.end() ? at->second : MakeComponent(entry, path));
   }
   components_ = std::move(components);
   name_ = project.name.empty() ? StemOf(file_name) : page_.ToUtf8(project.name);
@@ -80,9 +84,6 @@ void Project::Read() {
 
 std::shared_ptr<Component> Project::MakeComponent(const ComponentEntry& entry,
                                                   const std::string& path) const {
-  for (const auto& component : components_) {
-    if (component->FileName() == path) return component;
-  }
   auto component =
       std::make_shared<Component>(session_, page_, entry.type, page_.ToUtf8(entry.name), path);
   for (const std::string& tree : trees_) component->AddTree(tree);

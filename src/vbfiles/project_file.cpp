@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 
+#include "vbfiles/field_text.h"
 #include "vbfiles/physical_lines.h"
 #include "vbfiles/source_lines.h"
 
@@ -32,22 +33,10 @@ constexpr std::array<ComponentKey, 9> kComponentKeys = {{
     {"resfile32", ComponentType::kResFile, false},
 }};
 
-std::string_view Trimmed(std::string_view text) {
-  text.remove_prefix(SkipBlanks(text));
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
-std::string_view Unquoted(std::string_view value) {
-  if (value.size() < 2 || value.front() != '"' || value.back() != '"') return value;
-  return value.substr(1, value.size() - 2);
-}
-
 // Calls `take` with key and value of each Key=Value line up to the first section.
 void ForEachSetting(std::string_view text,
                     const std::function<void(std::string_view, std::string_view)>& take) {
-  constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-  std::size_t begin = text.substr(0, 3) == kUtf8Mark ? kUtf8Mark.size() : 0;
+  std::size_t begin = text.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0;
   while (begin < text.size()) {
     const PhysicalLine physical = ReadPhysicalLine(text, begin);
     const std::string_view line = Trimmed(TextOf(text, physical));

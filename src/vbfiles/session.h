@@ -37,6 +37,7 @@ struct PaneEvent {
 
 struct Options {
   int code_page = CodePage::kWestern;
+  std::map<std::string, int> project_code_pages;  // by canonical path, where it is another one
   // Folders outside a group's own folder tree in which the engineer agreed to changes.
   std::vector<std::string> writable_folders;
   std::function<void(const PaneEvent&)> on_pane;  // may be empty

@@ -252,6 +252,9 @@ TEST(Environment, CodePageOfTheProjects) {
   files::MemoryFileSystem system;
   Options unknown;
   unknown.code_page = 437;
+  Options western = greek;
+  western.project_code_pages["/plant/PumpServer.vbp"] = 1252;
+  EXPECT_TRUE(ClassProject("Public \xD3\r\n", western).Module().FindMember("ó"));
   ErrorOf([&] { Environment environment(system, unknown); }, "437");
 }
 
