@@ -62,6 +62,8 @@ class CommitRun {
 
   // Whether a file may have been changed.
   bool touched() const { return stage_ >= Stage::kActive; }
+  // Whether the name of a whole file may have been changed.
+  bool moved(const std::string& path) const { return moved_.contains(path); }
 
   // All files are in their state after: notes the end.
   void PutToRest() {
@@ -201,6 +203,7 @@ class CommitRun {
       if (system_.Stamp(file.record.path) != file.stamp) {
         RaiseConflict(file.record.path, "another program changed it meanwhile");
       }
+      moved_.insert(file.record.path);
       if (file.change->after) {
         system_.Rename(file.record.temporary, file.record.path);
       } else {
@@ -221,6 +224,7 @@ class CommitRun {
   const std::string& database_;
   const ChangeSet& changes_;
   std::vector<WholeFile> files_;
+  std::set<std::string> moved_;
   Stage stage_ = Stage::kPreparing;
 };
 
@@ -234,15 +238,28 @@ std::string TextOf(const std::exception_ptr& cause) {
   }
 }
 
+// Puts back what a run did. Files that it had not come to yet stay as they are: they are as before,
+// or somebody else edited them just now.
+void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
+          const CommitRun& run) {
+  journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
+  for (journal::InspectedFile& file : inspection.files) {
+    if (file.ranged || run.moved(file.path)) continue;
+    file.is_before = true;
+    file.is_missing = false;
+  }
+  inspection.condition = journal::Judge(inspection, /*database_written=*/true);
+  CheckRecoverable(journal.path(), database, inspection);
+  journal::PutBack(system, journal, inspection);
+}
+
 // Undoes a run that failed, for the cause that is being handled, and raises that.
 [[noreturn]] void UndoAndRaise(FileSystem& system, JournalFile& journal,
                                const std::string& database, const CommitRun& run) {
   const std::exception_ptr cause = std::current_exception();
   try {
     if (run.touched()) {
-      const journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
-      CheckRecoverable(journal.path(), database, inspection);
-      journal::PutBack(system, journal, inspection);
+      Undo(system, journal, database, run);
     } else {
       journal.PutToRest();
     }

@@ -143,6 +143,8 @@ bool WasWritten(FileSystem& system, const std::string& database, const Header& h
          (stamp->size != header.database_size || stamp->modified_ns > header.database_modified_ns);
 }
 
+}  // namespace
+
 JournalCondition Judge(const Inspection& inspection, bool database_written) {
   const std::vector<InspectedFile>& files = inspection.files;
   const auto all = [&files](auto test) { return std::all_of(files.begin(), files.end(), test); };
@@ -160,8 +162,6 @@ JournalCondition Judge(const Inspection& inspection, bool database_written) {
   });
   return known ? JournalCondition::kInterrupted : JournalCondition::kConflict;
 }
-
-}  // namespace
 
 FileState InspectedFile::State() const {
   if (is_missing) return FileState::kMissing;

@@ -42,6 +42,10 @@ struct Inspection {
   std::vector<InspectedFile> files;
 };
 
+// What the states of the files say together. `database_written`: the database was written since
+// the journal was begun, as far as its time and size tell.
+JournalCondition Judge(const Inspection& inspection, bool database_written);
+
 // Reads a journal and compares each file that it names with its states before and after. Changes
 // nothing; memory is bounded whatever the journal holds, but for the whole files themselves.
 Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::string& database_path);

@@ -269,6 +269,58 @@ TEST(ChangeJournal, RefusesWhatSomebodyElseChanged) {
       << "another file has the database's name";
 }
 
+// Lets somebody else act while the database is being written.
+class DisturbedRanges final : public RangeSource {
+ public:
+  DisturbedRanges(RangeSource& inner, std::function<void()> act)
+      : inner_(inner), act_(std::move(act)) {}
+  RandomAccessFile& File() override { return inner_.File(); }
+  std::uint64_t SizeBefore() override { return inner_.SizeBefore(); }
+  std::uint64_t SizeAfter() override { return inner_.SizeAfter(); }
+  void ForEachRange(const std::function<void(const Range&)>& visit) override {
+    inner_.ForEachRange(visit);
+    if (++calls_ == 2) act_();
+  }
+
+ private:
+  RangeSource& inner_;
+  std::function<void()> act_;
+  int calls_ = 0;
+};
+
+TEST(ChangeJournal, PutsBackItsOwnWorkAndKeepsWhatIsEditedDuringACommit) {
+  const std::map<std::string, std::function<void(MemoryFileSystem&)>> edits = {
+      {"edited", [](auto& s) { s.Put("/p/b.cls", "edited by hand"); }},
+      {"removed", [](auto& s) { s.Remove("/p/b.cls"); }},
+  };
+  for (const auto& [what, edit] : edits) {
+    SCOPED_TRACE(what);
+    MemoryFileSystem system;
+    system.Put(kDatabase, std::string(kPage, 'd'));
+    for (const char* path : {"/p/a.cls", "/p/b.cls", "/p/c.cls"}) system.Put(path, "old");
+    const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
+    TextRanges ranges(*file, {{0, "new"}}, kPage);
+    DisturbedRanges disturbed(ranges, [&] { edit(system); });
+    ChangeSet changes;
+    changes.ranges.push_back(&disturbed);
+    for (const char* path : {"/p/a.cls", "/p/b.cls", "/p/c.cls"}) {
+      changes.files.push_back({path, "old", "new"});
+    }
+    MemoryFileSystem untouched;
+    Copy(system, untouched);
+    edit(untouched);
+    try {
+      ChangeJournal(system, kDatabase).Commit(changes);
+      FAIL() << "written over an edited file";
+    } catch (const NotUndoneError& error) {
+      FAIL() << error.what();
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::kConflict);
+    }
+    EXPECT_EQ(system.Snapshot(), untouched.Snapshot());
+  }
+}
+
 TEST(ChangeJournal, RefusesWhereItMayNotWrite) {
   const ProjectChange change;
   for (const char* path : {"/p", "/p/sub", "/p/CPump.cls", "/p/sub/CGone.cls"}) {
