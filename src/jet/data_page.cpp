@@ -42,7 +42,11 @@ std::uint32_t DataPageOwner(const std::byte* page) { return Load32(page + kDataO
 
 std::size_t SlotCount(const std::byte* page) { return Load16(page + kDataSlotCountOffset); }
 
-std::size_t FreeBytes(const std::byte* page) { return Load16(page + kDataFreeOffset); }
+std::size_t FreeBytes(const std::byte* page) {
+  return LowestRow(page) - (kDataSlotsOffset + 2 * SlotCount(page));
+}
+
+std::size_t StatedFreeBytes(const std::byte* page) { return Load16(page + kDataFreeOffset); }
 
 Slot GetSlot(const std::byte* page, std::size_t slot) {
   const std::uint16_t raw = Load16(SlotAt(page, slot));
@@ -96,8 +100,7 @@ void InitDataPage(std::byte* page, std::uint32_t owner) {
 }
 
 bool HasRoom(const std::byte* page, std::size_t size) {
-  return SlotCount(page) < kMaxSlots && FreeBytes(page) >= size + 2 &&
-         LowestRow(page) >= kDataSlotsOffset + 2 * SlotCount(page) + size + 2;
+  return SlotCount(page) < kMaxSlots && FreeBytes(page) >= size + 2;
 }
 
 std::uint8_t AddRow(std::byte* page, std::span<const std::byte> row, std::uint16_t state) {

@@ -52,7 +52,9 @@ std::uint32_t DataPageOwner(const std::byte* page);
 std::size_t SlotCount(const std::byte* page);
 // Of a checked page and a slot it has.
 Slot GetSlot(const std::byte* page, std::size_t slot);
+// The gap between the slots and the lowest row of a checked page, and what the page says of it.
 std::size_t FreeBytes(const std::byte* page);
+std::size_t StatedFreeBytes(const std::byte* page);
 
 // The bytes of one row on a page that nobody checked yet. Raises kDamaged when the page has no
 // such row or its bounds make no sense.
@@ -60,7 +62,7 @@ std::span<const std::byte> RowBytes(const Pager& pager, const PageRef& page, std
                                     std::uint32_t owner);
 
 void InitDataPage(std::byte* page, std::uint32_t owner);
-// Whether a row of `size` bytes can be added.
+// Whether a row of `size` bytes can be added to a checked page.
 bool HasRoom(const std::byte* page, std::size_t size);
 // Adds a row below the lowest one; asks for room. Returns its slot.
 std::uint8_t AddRow(std::byte* page, std::span<const std::byte> row, std::uint16_t state);

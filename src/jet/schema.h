@@ -30,6 +30,7 @@ struct Column {
   bool auto_guid = false;
   bool hyperlink = false;
   bool system = false;
+  bool account = false;     // holds an account of the security system
   bool compressed = false;  // text that fits is stored in one byte per character
 
   bool IsLongValue() const { return type == ColumnType::kMemo || type == ColumnType::kOle; }

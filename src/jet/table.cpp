@@ -58,4 +58,47 @@ bool Table::Read(RowId id, std::span<const std::size_t> columns, RowBuffer& row)
 
 bool Table::Read(RowId id, RowBuffer& row) { return Read(id, state_->all_columns(), row); }
 
+namespace {
+
+// A change in the open transaction, or in one of its own.
+template <class Change>
+void InTransaction(TableState& table, Change change) {
+  Session& session = table.session();
+  const bool own = !session.InTransaction();
+  if (!own) session.CheckUsable();
+  if (own) session.Begin();
+  try {
+    table.Refresh();
+    if (table.definition().type != kUserTable) {
+      throw Error(ErrorKind::kReadOnly, table.path(), {},
+                  "The table " + table.name() + " belongs to the database itself.",
+                  "Change the user tables instead.");
+    }
+    if (const std::string reason = table.ReadOnlyReason(); !reason.empty()) {
+      throw Error(ErrorKind::kReadOnly, table.path(), {}, reason, "Change the table in Access.");
+    }
+    change();
+    if (own) session.Commit();
+  } catch (...) {
+    if (own) session.Rollback();
+    throw;
+  }
+}
+
+}  // namespace
+
+InsertResult Table::Insert(std::span<const ColumnValue> values) {
+  InsertResult result;
+  InTransaction(*state_, [&] { result = state_->writer().Insert(values); });
+  return result;
+}
+
+void Table::Update(RowId id, std::span<const ColumnValue> values) {
+  InTransaction(*state_, [&] { state_->writer().Update(id, values); });
+}
+
+void Table::Delete(RowId id) {
+  InTransaction(*state_, [&] { state_->writer().Delete(id); });
+}
+
 }  // namespace jet

@@ -61,6 +61,7 @@ Column ReadColumn(const std::byte* p) {
   column.auto_guid = (flags & kColumnAutoGuid) != 0;
   column.hyperlink = (flags & kColumnHyperlink) != 0;
   column.system = (flags & kColumnSystem) != 0;
+  column.account = (flags & kColumnAccount) != 0;
   column.compressed = (Load8(p + 16) & kColumnCompressed) != 0;
   column.fixed_offset = Load16(p + 21);
   column.length = Load16(p + 23);

@@ -89,7 +89,7 @@ struct TableDefinition {
   std::vector<Index> indexes;
   RowId owned_map;
   RowId free_map;
-  std::vector<LongValueMaps> long_values;
+  std::vector<LongValueMaps> long_values;  // in the order of the columns
   // Features that are not understood; such a table is not written.
   std::string unknown;
 };

@@ -44,6 +44,7 @@ void TableState::Reload() {
   definition_ = ReadTableDefinition(pager(), page_);
   raw_ = WithoutCounters(pager(), definition_);
   reader_ = std::make_unique<RowReader>(pager(), definition_);
+  writer_.reset();
   trees_.clear();
   for (const PhysicalIndex& index : definition_.physical) {
     trees_.push_back(std::make_unique<IndexTree>(
@@ -52,6 +53,11 @@ void TableState::Reload() {
   all_columns_.resize(definition_.columns.size());
   std::iota(all_columns_.begin(), all_columns_.end(), std::size_t{0});
   generation_ = session_.generation();
+}
+
+TableWriter& TableState::writer() {
+  if (!writer_) writer_ = std::make_unique<TableWriter>(*this);
+  return *writer_;
 }
 
 void TableState::Refresh() {

@@ -12,6 +12,7 @@
 #include "jet/row_reader.h"
 #include "jet/session.h"
 #include "jet/table_definition.h"
+#include "jet/table_writer.h"
 
 namespace jet {
 
@@ -27,6 +28,8 @@ class TableState {
   const std::string& name() const { return name_; }
   const TableDefinition& definition() const { return definition_; }
   RowReader& reader() { return *reader_; }
+  // For changing rows, in a transaction.
+  TableWriter& writer();
   IndexTree& tree(std::size_t physical) { return *trees_[physical]; }
   const std::vector<std::size_t>& all_columns() const { return all_columns_; }
 
@@ -43,6 +46,7 @@ class TableState {
   TableDefinition definition_;
   std::vector<std::byte> raw_;  // the definition without its counters
   std::unique_ptr<RowReader> reader_;
+  std::unique_ptr<TableWriter> writer_;  // made when first asked for
   std::vector<std::unique_ptr<IndexTree>> trees_;
   std::vector<std::size_t> all_columns_;
   std::uint64_t generation_ = 0;

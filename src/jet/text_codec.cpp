@@ -209,12 +209,21 @@ bool AppendStoredText(std::string_view text, bool compress, std::vector<std::byt
   return true;
 }
 
-bool SameName(std::string_view a, std::string_view b) {
+namespace {
+
+int CompareNames(std::string_view a, std::string_view b) {
   std::size_t i = 0, j = 0;
   while (i < a.size() && j < b.size()) {
-    if (FoldCase(NextCodePoint(a, i)) != FoldCase(NextCodePoint(b, j))) return false;
+    const std::uint32_t x = FoldCase(NextCodePoint(a, i));
+    const std::uint32_t y = FoldCase(NextCodePoint(b, j));
+    if (x != y) return x < y ? -1 : 1;
   }
-  return i == a.size() && j == b.size();
+  return i < a.size() ? 1 : j < b.size() ? -1 : 0;
 }
+
+}  // namespace
+
+bool SameName(std::string_view a, std::string_view b) { return CompareNames(a, b) == 0; }
+bool ComesBefore(std::string_view a, std::string_view b) { return CompareNames(a, b) < 0; }
 
 }  // namespace jet

@@ -32,5 +32,7 @@ bool AppendStoredText(std::string_view text, bool compress, std::vector<std::byt
 // Equal without regard to the case of letters that have a Latin-1 or ASCII counterpart; how names
 // of tables, columns and indexes are compared.
 bool SameName(std::string_view a, std::string_view b);
+// The order of names under the same rule.
+bool ComesBefore(std::string_view a, std::string_view b);
 
 }  // namespace jet
