@@ -14,8 +14,8 @@ std::size_t NameSize(std::string_view page, std::size_t at) {
   return 2 + static_cast<std::uint8_t>(page[at]);
 }
 
-// Bytes of a definition page that nobody defines: the fixed offset of a variable column, and the
-// order of an index column that is not used.
+// Bytes of a definition page that nobody defines: the fixed offset of a variable column, the order
+// of an index column that is not used, and four bytes of an index.
 bool IsUndefined(std::string_view page, std::size_t offset) {
   const std::size_t columns = static_cast<std::uint8_t>(page[kDefinitionColumnsOffset]);
   const std::size_t indexes = static_cast<std::uint8_t>(page[kDefinitionPhysicalOffset]);
@@ -30,6 +30,7 @@ bool IsUndefined(std::string_view page, std::size_t offset) {
   for (std::size_t i = 0; i < columns; ++i) names += NameSize(page, names);
   if (offset < names || offset >= names + indexes * kPhysicalRecordSize) return false;
   const std::size_t within = (offset - names) % kPhysicalRecordSize;
+  if (within >= 42 && within < 46) return true;
   return within >= 4 && within < 34 && within % 3 == 0 && page[offset - 1] == '\xFF' &&
          page[offset - 2] == '\xFF';
 }
@@ -55,7 +56,7 @@ TEST(NewDatabase, EqualsTheProvidersOwn) {
     EXPECT_TRUE(excused) << "page " << page << ", offset " << i % kPageSize;
     ++undefined;
   }
-  EXPECT_LE(undefined, 26u + 12u);
+  EXPECT_LE(undefined, 38u);
 }
 
 }  // namespace
