@@ -50,10 +50,12 @@ class Catalog {
   TableState& table() { return table_; }
   // Position of a column of MSysObjects; raises kDamaged when the catalog lacks it.
   std::size_t Position(std::string_view column) const;
+  // The columns that an entry is made of, and the entry of a row read with them.
+  const std::vector<std::size_t>& columns() const { return columns_; }
+  CatalogEntry Entry(const RowBuffer& row) const;
 
  private:
   std::optional<RowId> FindByIndex(std::string_view name);
-  CatalogEntry Entry(const RowBuffer& row) const;
 
   TableState table_;
   std::vector<std::size_t> columns_;

@@ -3,9 +3,13 @@
 
 #include <algorithm>
 
+#include "files/change_journal.h"
 #include "jet/catalog.h"
+#include "jet/new_database.h"
 #include "jet/session.h"
+#include "jet/table_creator.h"
 #include "jet/table_state.h"
+#include "jet/verifier.h"
 
 namespace jet {
 
@@ -19,6 +23,18 @@ Database::~Database() = default;
 std::unique_ptr<Database> Database::Open(files::FileSystem& system, const std::string& path,
                                          const OpenOptions& options) {
   return std::unique_ptr<Database>(new Database(std::make_unique<Session>(system, path, options)));
+}
+
+std::unique_ptr<Database> Database::Create(files::FileSystem& system, const std::string& path,
+                                           const OpenOptions& options) {
+  if (system.Exists(path)) {
+    throw Error(ErrorKind::kExists, path, {}, "The file exists already.",
+                "Choose another name, or open it.");
+  }
+  files::ChangeSet changes;
+  changes.files.push_back({path, std::nullopt, NewDatabase(DateNow())});
+  files::ChangeJournal(system, path).Commit(changes);
+  return Open(system, path, options);
 }
 
 const std::string& Database::path() const { return session_->path(); }
@@ -60,10 +76,28 @@ Table& Database::OpenTable(std::string_view name) {
   }
   const auto page = static_cast<PageNumber>(entry->id);
   std::unique_ptr<Table>& table = tables_[page];
-  if (!table || table->name() != entry->name) {
+  if (table && table->name() != entry->name) retired_.push_back(std::move(table));
+  if (!table) {
     table = std::make_unique<Table>(std::make_unique<TableState>(*session_, entry->name, page));
   }
   return *table;
+}
+
+Table& Database::CreateTable(const TableSpec& spec) {
+  Transaction transaction(*this);
+  TableCreator(*session_, *catalog_).CreateTable(spec);
+  transaction.Commit();
+  return OpenTable(spec.name);
+}
+
+void Database::CreateIndex(std::string_view table, const IndexSpec& spec) {
+  Transaction transaction(*this);
+  Table& opened = OpenTable(table);
+  if (const std::string reason = opened.ReadOnlyReason(); !reason.empty()) {
+    throw Error(ErrorKind::kReadOnly, path(), {}, reason, "Change the table in Access.");
+  }
+  TableCreator(*session_, *catalog_).CreateIndex(*opened.state_, spec);
+  transaction.Commit();
 }
 
 void Database::Begin() { session_->Begin(); }
@@ -73,6 +107,11 @@ bool Database::InTransaction() const { return session_->InTransaction(); }
 std::uint64_t Database::Generation() {
   const ReadHold hold(*session_);
   return session_->generation();
+}
+
+VerifyResult Database::Verify(const std::function<void(std::uint64_t, std::uint64_t)>& progress) {
+  const ReadHold hold(*session_);
+  return Verifier(*session_, *catalog_, progress).Run();
 }
 
 void Database::Save() { session_->Begin(); }

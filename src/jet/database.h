@@ -182,6 +182,8 @@ class Database final : public files::Participant {
   std::unique_ptr<Session> session_;
   std::unique_ptr<Catalog> catalog_;
   std::map<PageNumber, std::unique_ptr<Table>> tables_;  // by definition page
+  // Of tables that are gone, because their creation was rolled back; somebody may hold them.
+  std::vector<std::unique_ptr<Table>> retired_;
 };
 
 // Rolls back unless Commit was called.

@@ -121,6 +121,7 @@ class Table {
   void Delete(RowId id);
 
  private:
+  friend class Database;
   std::unique_ptr<TableState> state_;
 };
 

@@ -8,6 +8,7 @@
 #include "jet/bytes.h"
 #include "jet/data_page.h"
 #include "jet/error.h"
+#include "jet/table_scan.h"
 #include "jet/table_state.h"
 #include "jet/text_codec.h"
 #include "jet/value_codec.h"
@@ -367,6 +368,24 @@ void TableWriter::Delete(RowId id) {
     store_.Remove(id, stored);
     CountRows(-1);
   });
+}
+
+void TableWriter::FillIndex(std::size_t index) {
+  const PhysicalIndex& physical = definition_.physical[index];
+  std::vector<std::size_t> columns;
+  for (const IndexColumn& part : physical.columns) columns.push_back(part.column);
+  std::uint32_t entries = 0;
+  TableScan scan(table_, columns);
+  IndexKey key;
+  while (scan.Next(old_row_)) {
+    key.Make(physical, definition_.columns, old_row_.values(), session_.path());
+    CheckKey(index, key);
+    if (!key.HasEntry(physical)) continue;
+    if (table_.tree(index).Insert(key.bytes, old_row_.id())) CountDistinct(index);
+    ++entries;
+  }
+  const PageEdit page = table_.pager().Modify(definition_.page);
+  Store32(page.data() + kDefinitionCountersOffset + kDefinitionCounterSize * index, entries);
 }
 
 // Long values of the row, or of those columns that get a new value.

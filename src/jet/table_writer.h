@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "jet/index_key.h"
@@ -32,6 +33,8 @@ class TableWriter {
   InsertResult Insert(std::span<const ColumnValue> values);
   void Update(RowId id, std::span<const ColumnValue> values);
   void Delete(RowId id);
+  // Makes the entries of an empty index from the rows there are.
+  void FillIndex(std::size_t index);
 
  private:
   struct PendingLongValue {
