@@ -188,6 +188,7 @@ void Connect::Release() {
     if (embedding_.IsCompiledModule()) embedding_.Unhook(handle);
     window->Close(forms::CloseReason::kCode);
     toolkit.Unload(*window);
+    toolkit.CallLater([window] {});  // outlives the event that let it go
   }
   initialised_ = false;
   host_add_in_.reset();

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the add-in does with the events of its nodes.
+#include <exception>
+
 #include "addin/connect.h"
 #include "dialogs/surroundings.h"
 #include "editor/node_key.h"
@@ -54,7 +56,12 @@ std::int32_t Connect::NodeMouseUp(std::string_view, std::string_view key, std::s
 
 std::int32_t Connect::NodeKeyDown(std::string_view, std::string_view key, std::string_view,
                                   std::int16_t& key_code, std::int16_t& shift) {
-  return Event([&] { HandleKey(key, key_code, shift); });
+  try {
+    HandleKey(key, key_code, shift);
+  } catch (const std::exception&) {
+    // A key that comes to nothing is not worth a message; the commands say themselves what failed.
+  }
+  return 0;
 }
 
 void Connect::SelectFormula(std::string_view key, std::string_view text) {

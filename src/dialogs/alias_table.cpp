@@ -49,9 +49,13 @@ AliasTable::AliasTable(std::shared_ptr<platform::Connection> connection,
       order_(order) {}
 
 bool AliasTable::Open() {
-  if (recordset_->State() == platform::ObjectState::kOpen) return true;
-  if (connection_->State() != platform::ObjectState::kOpen) return false;
   try {
+    if (recordset_->State() == platform::ObjectState::kOpen) {
+      if (stale_) recordset_->Requery();
+      stale_ = false;
+      return true;
+    }
+    if (connection_->State() != platform::ObjectState::kOpen) return false;
     recordset_->SetSource(kTable);
     recordset_->SetCommandType(platform::CommandType::kTableDirect);
     recordset_->SetCursorLocation(platform::CursorLocation::kServer);
@@ -59,18 +63,10 @@ bool AliasTable::Open() {
     recordset_->SetLockType(platform::LockType::kReadOnly);
     recordset_->SetIndex(order_ == AliasOrder::kName ? kNameIndex : PrimaryKeyOf(*connection_));
     recordset_->Open();
+    stale_ = false;
     return true;
   } catch (const platform::Error&) {
     return false;
-  }
-}
-
-void AliasTable::Requery() {
-  if (recordset_->State() != platform::ObjectState::kOpen) return;
-  try {
-    recordset_->Requery();
-  } catch (const platform::Error&) {
-    // The rows stay as they were read; the next operation reports what is wrong with the file.
   }
 }
 
@@ -127,7 +123,8 @@ std::optional<std::size_t> AliasTable::PositionOf(std::int32_t id) {
     // A foreign database may hold a name twice.
     while (recordset_->Fields("ID").Value().ToLong() != id) {
       recordset_->MoveNext();
-      if (recordset_->EOF_() || !platform::EqualsIgnoringCase(NameOfCurrent(*recordset_), record->vb_alias)) {
+      if (recordset_->EOF_() ||
+          !platform::EqualsIgnoringCase(NameOfCurrent(*recordset_), record->vb_alias)) {
         return std::nullopt;
       }
     }

@@ -27,8 +27,8 @@ class AliasTable {
              std::shared_ptr<platform::Recordset> recordset, store::Operations& operations,
              AliasOrder order);
 
-  // Sees the rows that were added, changed and deleted since it was opened.
-  void Requery();
+  // The next look sees the rows that were added, changed and deleted meanwhile.
+  void Requery() { stale_ = true; }
 
   std::size_t Count();
   // Up to `count` records from position `first` (from 0) on.
@@ -47,6 +47,7 @@ class AliasTable {
   std::shared_ptr<platform::Recordset> recordset_;
   store::Operations& operations_;
   AliasOrder order_;
+  bool stale_ = false;
 };
 
 // The entries of a drop-down: alias names with their IDs as item data.

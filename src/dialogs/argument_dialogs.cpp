@@ -31,7 +31,6 @@ std::int32_t AddArgument(const Surroundings& surroundings, std::int32_t formula_
         surroundings, [&] { return surroundings.operations.AddArguments(formula_id, values); });
     if (result.success()) return result.id();
     WarnFailure(surroundings, result);
-    if (!CanBeCorrected(result)) break;
   }
   return 0;
 } catch (const platform::Error& error) {
@@ -54,7 +53,6 @@ bool EditArgument(const Surroundings& surroundings, std::int32_t argument_id) tr
         surroundings, [&] { return surroundings.operations.EditArgument(argument_id, values); });
     if (result.success()) return true;
     WarnFailure(surroundings, result, kStorageFailed);
-    if (!CanBeCorrected(result)) break;
   }
   return false;
 } catch (const platform::Error& error) {
@@ -70,7 +68,6 @@ std::int32_t AddAlias(const Surroundings& surroundings) {
         Carry(surroundings, [&] { return surroundings.operations.AddAliases(values); });
     if (result.success()) return result.id();
     WarnFailure(surroundings, result);
-    if (!CanBeCorrected(result)) break;
   }
   return 0;
 }
@@ -87,7 +84,6 @@ bool EditAlias(const Surroundings& surroundings, std::int32_t alias_id) try {
         Carry(surroundings, [&] { return surroundings.operations.EditAlias(alias_id, values); });
     if (result.success()) return true;
     WarnFailure(surroundings, result);
-    if (!CanBeCorrected(result)) break;
   }
   return false;
 } catch (const platform::Error& error) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Arguments and aliases through their dialogs.
+// Arguments and aliases through their dialogs. What cannot be stored is shown again with what was
+// entered.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +10,7 @@
 
 namespace dialogs {
 
-// New argument of the formula; its ID, or 0 when none was created. A refused one is shown again
-// with what was entered.
+// New argument of the formula; its ID, or 0 when none was created.
 std::int32_t AddArgument(const Surroundings& surroundings, std::int32_t formula_id);
 
 // Whether the argument was changed. False too when there is none of that ID.

@@ -71,7 +71,6 @@ AddedFormula AddFormula(const Surroundings& surroundings) {
         Carry(surroundings, [&] { return surroundings.operations.AddFormula(values); });
     if (result.success()) return {true, values.name, result.id()};
     WarnFailure(surroundings, result);
-    if (!CanBeCorrected(result)) break;
   }
   return {};
 }
@@ -96,7 +95,6 @@ bool EditFormula(const Surroundings& surroundings, std::int32_t formula_id) {
         surroundings, [&] { return surroundings.operations.EditFormula(formula_id, values); });
     if (result.success()) return true;
     WarnFailure(surroundings, result, kStorageFailed);
-    if (!CanBeCorrected(result)) break;
   }
   return false;
 }

@@ -29,7 +29,7 @@ struct AddedFormula {
   std::int32_t id = 0;
 };
 
-// Creates a formula. A refused one is shown again with what was entered.
+// Creates a formula. One that cannot be stored is shown again with what was entered.
 AddedFormula AddFormula(const Surroundings& surroundings);
 
 // Edits the formula; whether it was changed. False too when there is none of that ID.

@@ -28,8 +28,4 @@ std::string Explanation(const store::OperationResult& result) {
   return result.message + "\n" + result.detail;
 }
 
-bool CanBeCorrected(const store::OperationResult& result) {
-  return result.outcome == store::Outcome::kRefused;
-}
-
 }  // namespace dialogs

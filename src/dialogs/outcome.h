@@ -23,7 +23,4 @@ void WarnFailure(const Surroundings& surroundings, const store::OperationResult&
 // Message and detail in one text.
 std::string Explanation(const store::OperationResult& result);
 
-// Whether other values may be accepted, so that the dialog is worth showing again.
-bool CanBeCorrected(const store::OperationResult& result);
-
 }  // namespace dialogs

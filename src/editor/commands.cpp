@@ -94,8 +94,8 @@ void Commands::Run(std::string_view tool_name) {
   window_.VerifyAdds(window_.CurrentKey());
   try {
     (this->*row->command)(row->action);
-  } catch (const platform::Error& error) {
-    window_.messages().Warn(error.description());
+  } catch (const std::exception& error) {
+    window_.messages().Warn(error.what());
   }
 }
 

@@ -21,6 +21,8 @@ constexpr std::int32_t kNoFormulaSelected = 1621;
 constexpr std::int32_t kNoAliases = 1622;
 constexpr std::int32_t kNothingFound = 1623;
 
+constexpr double kMinimumWidth = 4500;
+constexpr double kMinimumHeight = 3000;
 constexpr double kIdentifierWidth = 3000;
 constexpr double kColumnWidth = 1995;
 
@@ -40,7 +42,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
       dummy_var_ocx_(services.items),
       parameter_splitter_(pctParamTabSplit, tdbP),
       alias_splitter_(pctAliasTabSplit, tdbA) {
-  BuildBands(abr);
+  BuildBands(abr, Lookup());
   abr.on_tool_click = [this](forms::Tool& tool) { abr_ToolClick(tool); };
   abr.on_band_open = [this](forms::Band& band) {
     // A menu of the tree has its own node as context, which must stay.
@@ -59,6 +61,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   lblFind.SetVisible(false);
   txtFind.SetVisible(false);
   SetResizable(true);
+  SetMinimumSize(kMinimumWidth, kMinimumHeight);
   SetHelpContextId(dialogs::kEditorHelpTopic);
   on_load = [this] { OnLoad(); };
   on_query_unload = [this](bool& cancel, forms::CloseReason reason) {
@@ -166,6 +169,7 @@ void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
   key_ = key;
   context_key_ = key;
   SwitchGrids(key);
+  AliasesChanged();
   ReadArguments();
   RebindGrid(CurrentGrid(), other_node);
   MakeMyCaption(key, text);
@@ -265,14 +269,19 @@ void frmtabgrid::MenuSwitcher(std::string_view key, bool toolbar_flag) {
   ShowEditorTools(abr, toolbar_flag);
 }
 
+void frmtabgrid::SelectionChanged() {
+  if (!refreshing_grid_ && context_key_ == key_) MenuSwitcher(key_, toolbar_flag_);
+}
+
 void frmtabgrid::abr_ToolClick(forms::Tool& tool) {
-  // A command may let the add-in end; the window stays until the command has returned.
+  // The add-in may end while a command runs; the window stays until the command has returned.
   const std::shared_ptr<frmtabgrid> self = weak_from_this().lock();
   if (!tool.Enabled()) {
     services_.toolkit.Beep();
     return;
   }
   commands_.Run(tool.Name());
+  if (self.use_count() == 1) services_.toolkit.CallLater([self] {});
 }
 
 void frmtabgrid::Activated() {

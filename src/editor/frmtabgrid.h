@@ -86,6 +86,8 @@ class frmtabgrid : public forms::Form,
   // by the studio and dropped.
   void VerifyAdds(std::string_view key);
   void MenuSwitcher(std::string_view key, bool toolbar_flag);
+  // The toolbar follows the grids, unless a menu of the tree is about another node.
+  void SelectionChanged();
   void abr_ToolClick(forms::Tool& tool);
 
   // What losing and regaining the activation do; nothing while a message box is open.

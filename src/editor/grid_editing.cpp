@@ -51,6 +51,8 @@ void GridEditing::Wire(forms::Grid& grid, const GridCommands& commands) {
   grid.on_key_down = [this, &grid, commands](forms::KeyEvent& event) {
     OnKey(grid, commands, event);
   };
+  grid.on_selection = [this] { window_.SelectionChanged(); };
+  grid.on_current_row = [this] { window_.SelectionChanged(); };
   grid.on_mouse_up = [this, commands](const forms::MouseEvent& event) {
     OnMouseUp(commands, event);
   };

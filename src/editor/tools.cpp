@@ -16,6 +16,7 @@ struct ToolRow {
   const char* shortcut = "";
   const char* icon = "";
   const char* sub_band = "";
+  const char* tip = "";  // number of the explanation's text
 };
 
 struct BandRow {
@@ -26,29 +27,29 @@ struct BandRow {
 const BandRow kBands[] = {
     {kFunctionBand,
      {{"mnuFunctionDescriptor", "140", ToolKind::kLabel},
-      {"mnuFunctionNew", "141", ToolKind::kCommand, "F8", "PICNEW"},
-      {"mnuFunctionEdit", "142", ToolKind::kCommand, "F9", "PICEDIT"},
-      {"mnuFunctionDelete", "143", ToolKind::kCommand, "Ctrl+Del", "PICDELETE"},
-      {"mnuFunctionShowCode", "144", ToolKind::kCommand, "", "PICCODE"},
+      {"mnuFunctionNew", "141", ToolKind::kCommand, "F8", "new", "", "1640"},
+      {"mnuFunctionEdit", "142", ToolKind::kCommand, "F9", "edit", "", "1641"},
+      {"mnuFunctionDelete", "143", ToolKind::kCommand, "Ctrl+Del", "delete", "", "1642"},
+      {"mnuFunctionShowCode", "144", ToolKind::kCommand, "", "code", "", "1643"},
       {"mnuShowEditorSep", "", ToolKind::kSeparator},
       {"mnuShowEditor", "170", ToolKind::kCommand, "Alt+F6"}}},
     {kParameterBand,
      {{"mnuParameterDescriptor", "150", ToolKind::kLabel},
-      {"mnuParameterNew", "151", ToolKind::kCommand, "F8", "PICNEW"},
-      {"mnuParameterEdit", "152", ToolKind::kCommand, "F9", "PICEDIT"},
-      {"mnuParameterDelete", "153", ToolKind::kCommand, "Ctrl+Del", "PICDELETE"}}},
+      {"mnuParameterNew", "151", ToolKind::kCommand, "F8", "new", "", "1644"},
+      {"mnuParameterEdit", "152", ToolKind::kCommand, "F9", "edit", "", "1645"},
+      {"mnuParameterDelete", "153", ToolKind::kCommand, "Ctrl+Del", "delete", "", "1646"}}},
     {kAliasBand,
      {{"mnuAliasDescriptor", "131", ToolKind::kLabel},
-      {"mnuAliasNew", "132", ToolKind::kCommand, "F8", "PICNEW"},
-      {"mnuAliasEdit", "133", ToolKind::kCommand, "F9", "PICEDIT"},
-      {"mnuAliasDelete", "134", ToolKind::kCommand, "Ctrl+Del", "PICDELETE"}}},
+      {"mnuAliasNew", "132", ToolKind::kCommand, "F8", "new", "", "1647"},
+      {"mnuAliasEdit", "133", ToolKind::kCommand, "F9", "edit", "", "1648"},
+      {"mnuAliasDelete", "134", ToolKind::kCommand, "Ctrl+Del", "delete", "", "1649"}}},
     {kOptionBand,
-     {{"mnuOptionActualize", "162", ToolKind::kCommand, "", "PICREFRESH"},
+     {{"mnuOptionActualize", "162", ToolKind::kCommand, "", "refresh"},
       {"mnuOptionsSep0", "", ToolKind::kSeparator},
-      {"mnuOptionStatistik", "161"},
-      {"mnuOptionReport", "165"},
+      {"mnuOptionStatistik", "161", ToolKind::kCommand, "", "statistics"},
+      {"mnuOptionReport", "165", ToolKind::kCommand, "", "report"},
       {"mnuOptionSep1", "", ToolKind::kSeparator},
-      {"mnuOptionOption", "163"}}},
+      {"mnuOptionOption", "163", ToolKind::kCommand, "", "options"}}},
     {kMainBand,
      {{"mnuFunctions", "121", ToolKind::kSubmenu, "", "", kFunctionBand},
       {"mnuParameters", "150", ToolKind::kSubmenu, "", "", kParameterBand},
@@ -57,8 +58,6 @@ const BandRow kBands[] = {
     {kShowEditorBand, {{"mnuShowEditorHelper", "170", ToolKind::kLabel}, {"mnuShowEditor", ""}}},
     {kArgumentToolbar,
      {{"mnuFunctionNew", ""},
-      {"mnuFunctionEdit", ""},
-      {"mnuFunctionDelete", ""},
       {"mnuFunctionShowCode", ""},
       {"tbrSep0", "", ToolKind::kSeparator},
       {"mnuParameterNew", ""},
@@ -76,7 +75,7 @@ const BandRow kBands[] = {
 
 }  // namespace
 
-void BuildBands(forms::MenuControl& menu) {
+void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text) {
   for (const BandRow& band_row : kBands) {
     forms::Band& band = menu.AddBand(band_row.name);
     for (const ToolRow& row : band_row.tools) {
@@ -84,6 +83,7 @@ void BuildBands(forms::MenuControl& menu) {
       forms::Tool& tool = band.AddTool(row.name, row.kind);
       if (shown_again) continue;
       tool.SetTag(row.tag).SetShortcut(row.shortcut).SetIcon(row.icon).SetSubBand(row.sub_band);
+      if (*row.tip) tool.SetToolTip(text(platform::Variant(row.tip).ToLong()));
     }
   }
   menu.SetMenuBar(kMainBand);

@@ -18,6 +18,6 @@ inline constexpr const char* kArgumentToolbar = "tbrArguments";
 inline constexpr const char* kAliasToolbar = "tbrAliases";
 
 // Builds all bands. Captions are the tools' tags, which LocaliseTools turns into texts.
-void BuildBands(forms::MenuControl& menu);
+void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text);
 
 }  // namespace editor

@@ -81,6 +81,17 @@ constexpr Row kRows[] = {
     {1630, "Wählen Sie zuerst Argumente aus.", "Select arguments first."},
     {1631, "Wählen Sie zuerst Aliase aus.", "Select aliases first."},
     {1632, "Es gibt noch keinen Alias.", "There is no alias yet."},
+    // What a button does.
+    {1640, "Neue Formel", "New formula"},
+    {1641, "Formel bearbeiten", "Edit formula"},
+    {1642, "Formel löschen", "Delete formula"},
+    {1643, "Code der Formel anzeigen", "Show the formula's code"},
+    {1644, "Neues Argument", "New argument"},
+    {1645, "Argument bearbeiten", "Edit argument"},
+    {1646, "Argumente löschen", "Delete arguments"},
+    {1647, "Neuer Alias", "New alias"},
+    {1648, "Alias bearbeiten", "Edit alias"},
+    {1649, "Aliase löschen", "Delete aliases"},
 };
 
 }  // namespace

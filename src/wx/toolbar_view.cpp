@@ -70,7 +70,8 @@ class ToolbarView : public ControlView {
     forms::Band* band = toolbar_.GetBand();
     bool separator = false;
     for (Tool* tool : band ? band->Tools() : std::vector<Tool*>()) {
-      if (!tool->Visible()) continue;
+      // A button that will apply again stays where it is, greyed out, and says why.
+      if (!tool->Visible() && tool->DisabledReason().empty()) continue;
       if (tool->Kind() == ToolKind::kSeparator) separator = !tools_.empty();
       if (tool->Kind() != ToolKind::kCommand) continue;
       if (separator) bar_->AddSeparator();

@@ -11,12 +11,12 @@
 namespace editor {
 namespace {
 
+std::string TextNumber(std::int32_t number) { return std::to_string(number); }
+
 struct Menu : forms::Form {
   forms::MenuControl abr{this, "abr"};
-  Menu() : Form("window") { BuildBands(abr); }
+  Menu() : Form("window") { BuildBands(abr, TextNumber); }
 };
-
-std::string TextNumber(std::int32_t number) { return std::to_string(number); }
 
 // The tools that are both visible and enabled, those that always are left out.
 std::string ShownTools(const forms::MenuControl& menu) {
