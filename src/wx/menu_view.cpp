@@ -4,6 +4,7 @@
 #include <wx/window.h>
 
 #include "wx/convert.h"
+#include "wx/native.h"
 #include "wx/pictures.h"
 
 namespace wx {
@@ -12,14 +13,6 @@ namespace {
 
 using forms::Tool;
 using forms::ToolKind;
-
-// The shortcut is shown; the window that has the keyboard acts on it, so that it must not become
-// an accelerator of the whole window.
-wxString ItemLabel(const Tool& tool) {
-  wxString label = ToWx(tool.Caption());
-  if (!tool.Shortcut().empty()) label += "\t" + ToWx(tool.Shortcut());
-  return label;
-}
 
 }  // namespace
 
@@ -52,12 +45,13 @@ void BandMenu::Append(wxMenu& menu, Tool& tool) {
   }
   const std::string& help =
       tool.Enabled() || tool.DisabledReason().empty() ? tool.ToolTip() : tool.DisabledReason();
-  auto* item = new wxMenuItem(&menu, wxID_ANY, ItemLabel(tool), ToWx(help),
+  auto* item = new wxMenuItem(&menu, wxID_ANY, ToWx(tool.Caption()), ToWx(help),
                               tool.Checked() ? wxITEM_CHECK : wxITEM_NORMAL);
   if (!tool.Icon().empty()) item->SetBitmap(Picture(tool.Icon()));
   menu.Append(item);
   item->Enable(tool.Enabled() && tool.Kind() != ToolKind::kLabel);
   if (tool.Checked()) item->Check();
+  if (!tool.Shortcut().empty()) ShowShortcut(*item, ToWx(tool.Shortcut()));
   tools_[item->GetId()] = &tool;
 }
 

@@ -2,6 +2,7 @@
 // What wxWidgets does not offer and the native toolkit does.
 #pragma once
 
+#include <wx/menuitem.h>
 #include <wx/stattext.h>
 #include <wx/window.h>
 
@@ -13,6 +14,10 @@ wxStaticText* NewLabel(wxWindow* parent);
 
 // The height that the native widget asks for.
 int NativeHeight(const wxWindow& window);
+
+// Shows a shortcut beside a menu entry without making it an accelerator of the whole window: the
+// part of the window that has the keyboard acts on the key.
+void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
 
 // Name and description of a control for screen readers.
 void SetAccessibleName(wxWindow& window, const wxString& name);

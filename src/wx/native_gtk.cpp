@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <gtk/gtk.h>
 
+#include <wx/accel.h>
+
+#include <memory>
+
 #include "wx/native.h"
 
 namespace wx {
@@ -18,6 +22,19 @@ GtkWidget* FocusWidget(GtkWidget* widget) {
   }
   g_list_free(children);
   return found ? found : widget;
+}
+
+// The label of a menu entry that can show a shortcut, somewhere inside the entry.
+GtkAccelLabel* FindAccelLabel(GtkWidget* widget) {
+  if (GTK_IS_ACCEL_LABEL(widget)) return GTK_ACCEL_LABEL(widget);
+  if (!GTK_IS_CONTAINER(widget)) return nullptr;
+  GList* children = gtk_container_get_children(GTK_CONTAINER(widget));
+  GtkAccelLabel* found = nullptr;
+  for (GList* child = children; child && !found; child = child->next) {
+    found = FindAccelLabel(GTK_WIDGET(child->data));
+  }
+  g_list_free(children);
+  return found;
 }
 
 // wxWidgets links a label to the control after it whenever the tab order changes, but to its outer
@@ -38,6 +55,21 @@ int NativeHeight(const wxWindow& window) {
   int least = 0, natural = 0;
   gtk_widget_get_preferred_height(window.GetHandle(), &least, &natural);
   return natural;
+}
+
+void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
+  std::unique_ptr<wxAcceleratorEntry> entry(wxAcceleratorEntry::Create("\t" + shortcut));
+  GtkAccelLabel* label = FindAccelLabel(item.GetMenuItem());
+  if (!entry || !label) return;
+  int key = entry->GetKeyCode();
+  guint native = key >= WXK_F1 && key <= WXK_F12 ? GDK_KEY_F1 + static_cast<guint>(key - WXK_F1)
+                 : key == WXK_DELETE             ? GDK_KEY_Delete
+                                                 : gdk_unicode_to_keyval(static_cast<guint>(key));
+  int flags = entry->GetFlags();
+  int modifiers = (flags & wxACCEL_CTRL ? GDK_CONTROL_MASK : 0) |
+                  (flags & wxACCEL_SHIFT ? GDK_SHIFT_MASK : 0) |
+                  (flags & wxACCEL_ALT ? GDK_MOD1_MASK : 0);
+  gtk_accel_label_set_accel(label, native, static_cast<GdkModifierType>(modifiers));
 }
 
 void SetAccessibleName(wxWindow& window, const wxString& name) {

@@ -17,7 +17,7 @@ class DialogTest : public ::testing::Test {
   wx::Toolkit toolkit{texts};
 
   template <class Form>
-  void Run(Form& form, std::vector<std::function<void()>> steps) {
+  void Run(Form& form, std::vector<display::Step> steps) {
     display::DuringModal(std::move(steps));
     toolkit.ShowModal(form, nullptr);
     toolkit.Unload(form);
@@ -54,7 +54,8 @@ TEST_F(DialogTest, EscapeAndCloseBoxCancel) {
 TEST_F(DialogTest, F1AndTheHelpButtonAskForHelp) {
   samples::FieldsForm form(false);
   form.cmdHelp.on_click = [this] { toolkit.SendKeys("{F1}"); };
-  Run(form, {[] { Press(WXK_F1); }, [] { Press('H', wxMOD_ALT); }, [] { Press(WXK_ESCAPE); }});
+  Run(form, {[] { Press(WXK_F1); }, [] { Press('H', wxMOD_ALT); },
+             display::Step::Until([&] { return form.helps == 2; }), [] { Press(WXK_ESCAPE); }});
   EXPECT_EQ(form.helps, 2);
 }
 
@@ -80,18 +81,14 @@ TEST_F(DialogTest, ShowsWhatTheModelChanges) {
 
 TEST_F(DialogTest, FiltersAListOfManyRowsWhileTyping) {
   samples::ListForm form;
-  std::size_t rows = 0;
   Run(form, {
                 [] { Type("0777"); },
-                [&] {
-                  display::WaitFor([&] { return form.lvw.RowCount() < 100000; });
-                  rows = form.lvw.RowCount();
-                },
+                display::Step::Until([&] { return form.lvw.RowCount() == 120; }),
                 [] { Press(WXK_TAB); },
                 [] { Press(WXK_DOWN); },
                 [] { Press(WXK_RETURN); },
             });
-  EXPECT_EQ(rows, 120u);
+  EXPECT_EQ(form.lvw.RowCount(), 120u);
   ASSERT_TRUE(form.lvw.CurrentId().has_value());
 }
 

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/dialog.h>
-#include <wx/eventfilter.h>
 #include <wx/evtloop.h>
 #include <wx/log.h>
 #include <wx/timer.h>
@@ -18,8 +17,8 @@ namespace {
 
 constexpr int kPatience = 5000;
 constexpr int kStep = 20;
-constexpr int kMostEnds = 100;
-constexpr int kMostWaits = 50;  // native boxes do not tell that they have the keyboard
+constexpr int kPause = 200;     // for a key to arrive
+constexpr int kMostTries = 60;  // of waiting for the keyboard or a condition
 
 bool HasKeyboard() {
   for (wxWindow* window : wxTopLevelWindows) {
@@ -45,47 +44,39 @@ void CloseModalDialogs() {
   dialog->EndModal(wxID_CANCEL);
 }
 
-// Counts the keys that arrived, so that a test can wait for those it pressed.
-class KeyCounter : public wxEventFilter {
- public:
-  KeyCounter() { wxEvtHandler::AddFilter(this); }
-  ~KeyCounter() override { wxEvtHandler::RemoveFilter(this); }
-  int FilterEvent(wxEvent& event) override {
-    if (event.GetEventType() == wxEVT_KEY_UP) ++count;
-    return Event_Skip;
-  }
-  int count = 0;
-};
+int running_scripts = 0;  // while one runs, events are left to the modal window
 
-class StepTimer : public wxTimer {
+class Script : public wxTimer {
  public:
-  explicit StepTimer(std::vector<std::function<void()>> steps) : steps_(std::move(steps)) {
+  explicit Script(std::vector<Step> steps) : steps_(std::move(steps)) {
+    ++running_scripts;
     StartOnce(300);
   }
 
  private:
   void Notify() override {
-    if (next_ == 0 && !HasKeyboard() && ++waits_ < kMostWaits) {
+    if (next_ == 0 && !HasKeyboard() && ++tries_ < kMostTries) {
       StartOnce(kStep);  // the window manager still has to give it the keyboard
-      return;
-    }
-    if (next_ == steps_.size()) {
-      if (++ends_ < kMostEnds && ModalDialog()) {
-        StartOnce(kStep);
-        return;
-      }
+    } else if (next_ < steps_.size()) {
+      StartOnce(kPause);  // a step may open a modal window: the next one runs inside it
+      RunStep();
+    } else if (ModalDialog() && ++tries_ < kMostTries) {
+      StartOnce(kStep);
+    } else {
+      --running_scripts;
       CloseModalDialogs();
-      wxTheApp->CallAfter([this] { delete this; });
-      return;
     }
-    auto step = steps_[next_++];
-    StartOnce(200);  // a step may open a modal window: the next one runs inside it
-    step();
   }
-  std::vector<std::function<void()>> steps_;
+  void RunStep() {
+    std::size_t step = next_;
+    if (steps_[step].Run() || ++tries_ == kMostTries) {
+      next_ = step + 1;
+      tries_ = 0;
+    }
+  }
+  std::vector<Step> steps_;
   std::size_t next_ = 0;
-  int waits_ = 0;
-  int ends_ = 0;
+  int tries_ = 0;
 };
 
 wxWindow* FindIn(const wxWindowList& windows, const wxString& name) {
@@ -133,20 +124,13 @@ bool WaitFor(const std::function<bool()>& condition) {
 }
 
 void Press(int key, int modifiers) {
-  KeyCounter keys;
   wxUIActionSimulator().Char(key, modifiers);
-  // Native parts swallow keys without a word: then it is a matter of time.
-  for (int waited = 0; keys.count == 0 && waited < 10; ++waited) Pump(kStep);
-  Pump(kStep);
+  if (running_scripts == 0) Pump(kPause);
 }
 
 void Type(const std::string& text) {
-  for (char c : text) {
-    KeyCounter keys;
-    wxUIActionSimulator().Text(std::string(1, c).c_str());
-    for (int waited = 0; keys.count == 0 && waited < 10; ++waited) Pump(kStep);
-  }
-  Pump(kStep);
+  wxUIActionSimulator().Text(text.c_str());
+  if (running_scripts == 0) Pump(kPause);
 }
 
 void Click(wxWindow& window, wxPoint point, wxMouseButton button) {
@@ -182,7 +166,10 @@ void Drag(wxWindow& window, wxPoint from, wxPoint to) {
 
 wxWindow* FindWindow(const std::string& name) { return FindIn(wxTopLevelWindows, name); }
 
-void DuringModal(std::vector<std::function<void()>> steps) { new StepTimer(std::move(steps)); }
+void DuringModal(std::vector<Step> steps) {
+  static std::vector<std::unique_ptr<Script>> scripts;  // a timer must outlive its last notice
+  scripts.push_back(std::make_unique<Script>(std::move(steps)));
+}
 
 }  // namespace display
 

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "texts/text_table.h"
@@ -30,7 +31,27 @@ void Drag(wxWindow& window, wxPoint from, wxPoint to);
 // The window of that name among all windows; null when there is none.
 wxWindow* FindWindow(const std::string& name);
 
-// Runs the steps one after another while a modal window is open.
-void DuringModal(std::vector<std::function<void()>> steps);
+// One step of a script: something to do, or a condition to wait for.
+class Step {
+ public:
+  template <class Action>
+  requires std::is_void_v<std::invoke_result_t<Action>> Step(Action action)
+      : run_([action] {
+          action();
+          return true;
+        }) {}
+  // Is repeated until the condition holds or patience ends.
+  static Step Until(std::function<bool()> condition) { return Step(std::move(condition), 0); }
+
+  bool Run() const { return run_(); }
+
+ private:
+  Step(std::function<bool()> run, int) : run_(std::move(run)) {}
+  std::function<bool()> run_;
+};
+
+// Runs the steps one after another while modal windows are open, also those that a step opens.
+// Keys are pressed, but events are left to the modal window.
+void DuringModal(std::vector<Step> steps);
 
 }  // namespace display
