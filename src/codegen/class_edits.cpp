@@ -53,21 +53,27 @@ void WarnOfLongLine(std::string_view file, std::int32_t line, std::string_view t
   }
 }
 
-void ClassEdits::Apply(platform::VBComponent& component, platform::CodeModule& module,
-                       Report& report) {
+void WarnOfUses(const std::vector<std::string>& names, platform::VBComponent& component,
+                platform::CodeModule& module, Report& report) {
+  if (names.empty()) return;
+  const std::string file = FileNameOf(component.FileName());
+  for (const NameUse& use : FindNameUses(module.Lines(1, module.CountOfLines()), names)) {
+    report.Warn(kTextStillUses,
+                {{"<File>", file}, {"<Line>", std::to_string(use.line)}, {"<Name>", use.name}});
+  }
+}
+
+std::vector<std::string> ClassEdits::Apply(platform::VBComponent& component,
+                                           platform::CodeModule& module, Report& report) {
   const Place place = {FileNameOf(component.FileName()), module, report};
   std::vector<std::string> gone;
   report.Step([&] { gone = RemoveLines(place); });
   report.Step([&] { InsertDeclarations(place); });
   report.Step([&] {
-    std::erase_if(gone, [&](const std::string& name) { return module.FindMember(name); });
-    if (gone.empty()) return;
-    for (const NameUse& use : FindNameUses(module.Lines(1, module.CountOfLines()), gone)) {
-      report.Warn(
-          kTextStillUses,
-          {{"<File>", place.file}, {"<Line>", std::to_string(use.line)}, {"<Name>", use.name}});
-    }
+    std::erase_if(gone,
+                  [&](const std::string& name) { return module.FindMember(name).has_value(); });
   });
+  return gone;
 }
 
 std::optional<ClassEdits::GoneLine> ClassEdits::FindLine(const Place& place,

@@ -27,9 +27,10 @@ class ClassEdits {
   }
 
   // First the removals, then the new declarations, behind the module's declarations, unless the
-  // class declares the name. A declaration that stands already is not touched. Uses of names that
-  // are gone afterwards become warnings.
-  void Apply(platform::VBComponent& component, platform::CodeModule& module, Report& report);
+  // class declares the name. A declaration that stands already is not touched. Returns the names
+  // that are gone.
+  std::vector<std::string> Apply(platform::VBComponent& component, platform::CodeModule& module,
+                                 Report& report);
 
  private:
   struct Declaration {
@@ -63,6 +64,10 @@ class ClassEdits {
   std::vector<Removal> removed_;
   std::vector<Declaration> declared_;
 };
+
+// Warns of each place of the module that still uses one of the names.
+void WarnOfUses(const std::vector<std::string>& names, platform::VBComponent& component,
+                platform::CodeModule& module, Report& report);
 
 // File name of a path, for messages.
 std::string FileNameOf(std::string_view path);

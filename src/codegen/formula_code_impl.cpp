@@ -116,8 +116,11 @@ void CVBFormulaCode::Impl::ApplyEdits() {
     Place place;
     report_.Step([&] { place = LocateOrWarn(waiting.prog_id); });
     if (!place) continue;
-    waiting.declarations.Apply(*place.component, *place.module, report_);
+    const std::vector<std::string> gone =
+        waiting.declarations.Apply(*place.component, *place.module, report_);
     for (const std::string& name : waiting.headers) RebuildHeader(name, waiting.prog_id);
+    // Last, when the lines have their final numbers.
+    report_.Step([&] { WarnOfUses(gone, *place.component, *place.module, report_); });
   }
 }
 

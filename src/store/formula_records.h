@@ -31,7 +31,7 @@ struct FormulaValues {
   std::int32_t type = kBeforeInitialization;
   std::int32_t scan_time = 0;  // milliseconds
   bool enabled = true;
-  std::string comment;
+  std::string comment = {};
   friend bool operator==(const FormulaValues&, const FormulaValues&) = default;
 };
 

@@ -77,8 +77,11 @@ bool Operations::Impl::IsFormulaClass(std::string_view prog_id) {
   const auto project = run_.parts().vbe->FindProject(prog_id.substr(0, point));
   if (!project || project->Type() != platform::ProjectType::kActiveXDll) return false;
   const auto component = project->FindComponent(prog_id.substr(point + 1));
-  return component && component->Type() == platform::ComponentType::kClassModule &&
-         component->GetInstancing() >= platform::Instancing::kMultiUse;
+  if (!component || component->Type() != platform::ComponentType::kClassModule) return false;
+  if (component->GetInstancing() >= platform::Instancing::kMultiUse) return true;
+  // A class that cannot be read says so here; any other just does not fit.
+  if (component->Module()) component->Module()->CountOfLines();
+  return false;
 }
 
 OperationResult Operations::Impl::CheckFormulaName(std::string_view name) {

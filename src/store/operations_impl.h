@@ -59,6 +59,7 @@ class Operations::Impl {
   void RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias);
   void RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
                       std::string_view alias);
+  // Raises platform::Error when the class cannot be read.
   bool IsFormulaClass(std::string_view prog_id);
 
   // Warns of a name that is stored although Visual Basic may not take it.

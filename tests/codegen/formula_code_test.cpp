@@ -41,12 +41,7 @@ class Fixture {
     system.Put("/p/CPump.cls", bytes);
     environment->Open("/p/PumpServer.vbp");
     std::shared_ptr<platform::VBE> vbe = environment;
-    if (documented) {
-      vbe = std::make_shared<support::WrappedEnvironment>(
-          environment, [](platform::CodeModule& inner) {
-            return std::make_unique<support::DocumentedModule>(inner);
-          });
-    }
+    if (documented) vbe = support::WithDocumentedOwnership(environment);
     generator.Initialize(nullptr, vbe, "Plant");
   }
 
@@ -287,6 +282,22 @@ TEST(FormulaCodeTest, ChangesExactlyWhatIsMeant) {
       c.operation(fixture.generator);
       EXPECT_EQ(fixture.Text(), text);
     }
+  }
+}
+
+TEST(FormulaCodeTest, HeaderEndsBelowSwitchedOffCode) {
+  for (const bool documented : {false, true}) {
+    Fixture fixture("Option Explicit\n" + Header("Z") + "'Public Sub Z()\n'End Sub\n" +
+                        Header("A") + "Public Sub A()\nEnd Sub\n",
+                    documented);
+    std::string header = fixture.generator.GetFunctionCommentHeader("A", kClass);
+    std::erase(header, '\r');
+    EXPECT_EQ(header + "\n", Header("A"));
+    fixture.generator.ReplaceFunctionCommentHeader("A", kClass, "\r\n' mine\r\n");
+    EXPECT_EQ(fixture.Text(),
+              "Option Explicit\n" + Header("Z") +
+                  "'Public Sub Z()\n'End Sub\n\n' mine\n\nPublic Sub A()\nEnd Sub\n");
+    EXPECT_EQ(fixture.generator.GetFunctionCommentHeader("Z", kClass), "");
   }
 }
 

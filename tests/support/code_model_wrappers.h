@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -178,5 +178,12 @@ class WrappedEnvironment final : public platform::VBE {
   std::shared_ptr<platform::VBE> inner_;
   MakeModule make_;
 };
+
+// The environment with the documented ownership of lines.
+inline std::shared_ptr<platform::VBE> WithDocumentedOwnership(std::shared_ptr<platform::VBE> vbe) {
+  return std::make_shared<WrappedEnvironment>(std::move(vbe), [](platform::CodeModule& inner) {
+    return std::make_unique<DocumentedModule>(inner);
+  });
+}
 
 }  // namespace support

@@ -1,0 +1,480 @@
+// SPDX-License-Identifier: MIT
+#include "store/operations.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+#include <set>
+#include <string>
+
+#include "codegen/identifier.h"
+#include "platform/text.h"
+#include "tests/support/formula_project.h"
+
+namespace store {
+namespace {
+
+using Ids = std::vector<std::int32_t>;
+
+constexpr const char* kClass = "PumpServer.CPump";
+constexpr const char* kClassCode =
+    "Option Explicit\r\nPrivate mCount As Long\r\nPublic Sub Tick()\r\nEnd Sub\r\n";
+
+// Aliases Level (1) and Pump (2); formula FillTank (1) with both as arguments 1 and 2, the second
+// in and out; formula DrainTank (2) with Level as argument 3.
+class OperationsTest : public testing::Test {
+ protected:
+  OperationsTest() {
+    project_.open->items.types = {{"Tank1.Level", 5}, {"Tank1.Pump", 11}};
+    const AliasValues aliases[] = {{"Tank1.Level", "Level"}, {"Tank1.Pump", "Pump"}};
+    Do(operations().AddAliases(aliases));
+    Do(operations().AddFormula({"FillTank", kClass, 0, 0, true, ""}));
+    Do(operations().AddFormula({"DrainTank", kClass, 7, 250, false, "drains"}));
+    const ArgumentValues fill[] = {{1, true, false}, {2, true, true}};
+    const ArgumentValues drain[] = {{1, false, true}};
+    Do(operations().AddArguments(1, fill));
+    Do(operations().AddArguments(2, drain));
+  }
+
+  Operations& operations() { return project_.operations(); }
+  static OperationResult Do(OperationResult result) {
+    EXPECT_TRUE(result.success()) << support::ToText(result);
+    return result;
+  }
+  FormulaValues Formula(std::int32_t id) { return *operations().FindFormula(id); }
+  OperationResult Edit(std::int32_t id, const std::function<void(FormulaValues&)>& change,
+                       const EditFormulaOptions& options = {}) {
+    FormulaValues values = Formula(id);
+    change(values);
+    return operations().EditFormula(id, values, options);
+  }
+  std::string State() {
+    std::string state = project_.Code("CPump") + project_.Code("CTank");
+    for (const std::string& row : support::RowsOf(operations())) state += row + "\n";
+    return state;
+  }
+
+  support::FormulaProject project_{{{"CPump", kClassCode}, {"CTank", ""}}};
+};
+
+TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
+  const std::string long_name(256, 'a');
+  const auto add_alias = [&](const char* item, std::string name) {
+    const AliasValues values[] = {{item, std::move(name)}};
+    return operations().AddAliases(values);
+  };
+  const auto add_argument = [&](std::int32_t formula, ArgumentValues value) {
+    return operations().AddArguments(formula, {&value, 1});
+  };
+  const struct {
+    const char* what;
+    std::function<OperationResult()> operation;
+    std::int32_t text;
+    const char* detail;  // what the message or the detail line says
+  } kCases[] = {
+      {"formula: no identifier",
+       [&] {
+         return operations().AddFormula({"a b", kClass});
+       },
+       1007, "\" \""},
+      {"formula: reserved",
+       [&] {
+         return operations().AddFormula({"Next", kClass});
+       },
+       1007, "reserved"},
+      {"formula: leading underscore",
+       [&] {
+         return operations().AddFormula({"_a", kClass});
+       },
+       1007, "underscore"},
+      {"formula: over-long",
+       [&] {
+         return operations().AddFormula({long_name, kClass});
+       },
+       1007, "255"},
+      {"formula: name is there",
+       [&] {
+         return operations().AddFormula({"filltank", kClass});
+       },
+       1006, kClass},
+      {"formula: no such class",
+       [&] {
+         return operations().AddFormula({"A", "PumpServer.CX"});
+       },
+       1005, "PumpServer.CX"},
+      {"formula: no class",
+       [&] {
+         return operations().AddFormula({"A", ""});
+       },
+       1005, ""},
+      {"formula: variable of that name",
+       [&] {
+         return operations().AddFormula({"mCount", kClass});
+       },
+       1105, "mCount"},
+      {"formula: alias of that name",
+       [&] {
+         return operations().AddFormula({"Level", kClass});
+       },
+       1105, "Level"},
+      {"formula: call type",
+       [&] {
+         return operations().AddFormula({"A", kClass, 8});
+       },
+       1009, "8"},
+      {"rename: onto another sub", [&] { return Edit(1, [](auto& v) { v.name = "Tick"; }); }, 1105,
+       "Tick"},
+      {"rename: onto another formula",
+       [&] { return Edit(1, [](auto& v) { v.name = "DRAINTANK"; }); }, 1006, "DRAINTANK"},
+      {"move: no such class", [&] { return Edit(1, [](auto& v) { v.prog_id = "X.Y"; }); }, 1005,
+       "X.Y"},
+      {"type: argument in and out", [&] { return Edit(1, [](auto& v) { v.type = 6; }); }, 552,
+       "Pump"},
+      {"edit: no such formula",
+       [&] {
+         return operations().EditFormula(9, {"A", kClass});
+       },
+       1001, "9"},
+      {"delete: no such formula",
+       [&] {
+         return operations().DeleteFormulas(Ids{1, 9});
+       },
+       1001, "9"},
+      {"argument: twice",
+       [&] {
+         return add_argument(1, {1, true, false});
+       },
+       1011, "Level"},
+      {"argument: no such alias",
+       [&] {
+         return add_argument(1, {9, true, false});
+       },
+       1002, "9"},
+      {"argument: no such formula",
+       [&] {
+         return add_argument(9, {1, true, false});
+       },
+       1001, "9"},
+      {"argument: exchanged for one that is there",
+       [&] {
+         return operations().EditArgument(1, {2, true, false});
+       },
+       1011, "Pump"},
+      {"argument: no such argument",
+       [&] {
+         return operations().DeleteArguments(Ids{3, 9});
+       },
+       1003, "9"},
+      {"alias: no item", [&] { return add_alias("  ", "A"); }, 450, ""},
+      {"alias: no name", [&] { return add_alias("x", " "); }, 450, ""},
+      {"alias: malformed", [&] { return add_alias("x", "1.a"); }, 451, "__a"},
+      {"alias: reserved", [&] { return add_alias("x", "Double"); }, 451, "reserved"},
+      {"alias: over-long", [&] { return add_alias("x", long_name); }, 451, "255"},
+      {"alias: taken", [&] { return add_alias("x", "LEVEL"); }, 1010, "Tank1.Level; free: LEVEL1"},
+      {"alias: in use", [&] { return operations().DeleteAliases(Ids{1}); }, 1012, "FillTank"},
+      {"alias: no such alias",
+       [&] {
+         return operations().EditAlias(9, {"a", "b"});
+       },
+       1002, "9"},
+      {"alias: renamed to a sub",
+       [&] {
+         return operations().EditAlias(1, {"Tank1.Level", "Tick"});
+       },
+       1016, "Tick"},
+  };
+  const std::string before = State();
+  for (const auto& c : kCases) {
+    const OperationResult result = c.operation();
+    EXPECT_EQ(result.outcome, Outcome::kRefused) << c.what;
+    EXPECT_EQ(result.text_id, c.text) << c.what << ": " << support::ToText(result);
+    EXPECT_NE((result.message + result.detail).find(c.detail), std::string::npos)
+        << c.what << ": " << support::ToText(result);
+    EXPECT_TRUE(result.rows.empty() && result.ids.empty()) << c.what;
+    EXPECT_EQ(State(), before) << c.what;
+  }
+  EXPECT_EQ(operations().DeleteAliases(Ids{1}).message,
+            "Der zu löschende Alias wird in einer Funktion benutzt. Er kann nicht gelöscht werden");
+}
+
+TEST_F(OperationsTest, CallTypeSixForbidsInAndOut) {
+  Do(Edit(2, [](auto& v) { v.type = 6; }));
+  const ArgumentValues both[] = {{2, true, true}};
+  EXPECT_EQ(operations().AddArguments(2, both).text_id, 552);
+  EXPECT_EQ(operations().EditArgument(3, {1, true, true}).text_id, 552);
+  Do(operations().EditArgument(3, {1, true, false}));
+}
+
+TEST_F(OperationsTest, RepeatingChangesNothing) {
+  const std::string before = State();
+  const std::vector<std::function<OperationResult()>> operations_again = {
+      [&] { return operations().EditFormula(1, Formula(1)); },
+      [&] { return operations().EditFormula(2, Formula(2)); },
+      [&] {
+        return operations().EditArgument(2, {2, true, true});
+      },
+      [&] {
+        return operations().EditAlias(1, {"Tank1.Level", "Level"});
+      },
+      [&] { return operations().DeleteFormulas({}); },
+      [&] { return operations().AddArguments(1, {}); },
+  };
+  for (const auto& operation : operations_again) {
+    const OperationResult result = Do(operation());
+    EXPECT_TRUE(result.rows.empty() && result.warnings.empty()) << support::ToText(result);
+    EXPECT_EQ(State(), before);
+  }
+}
+
+TEST_F(OperationsTest, InversesReturnToTheState) {
+  const std::string before = State();
+  // Flags alone change no byte of code.
+  const std::string code = project_.Code("CPump");
+  Do(operations().EditArgument(1, {1, false, true}));
+  EXPECT_EQ(project_.Code("CPump"), code);
+  Do(operations().EditArgument(1, {1, true, false}));
+  EXPECT_EQ(State(), before);
+
+  Do(Edit(1, [](auto& v) { v.name = "Fill"; }));
+  Do(Edit(1, [](auto& v) { v.name = "FillTank"; }));
+  EXPECT_EQ(State(), before);
+
+  Do(operations().EditAlias(2, {"Tank2.Pump", "Motor"}));
+  EXPECT_NE(project_.Code("CPump").find("Public Motor as Variant 'Tank2.Pump\r\n"),
+            std::string::npos);
+  Do(operations().EditAlias(2, {"Tank1.Pump", "Pump"}));
+  EXPECT_EQ(State(), before);
+
+  const std::int32_t flow = project_.AddAlias("Tank1.Flow", "Flow");
+  const ArgumentValues values[] = {{flow, true, false}};
+  const std::int32_t argument = Do(operations().AddArguments(1, values)).id();
+  EXPECT_NE(State(), before);
+  Do(operations().DeleteArguments(Ids{argument}));
+  Do(operations().EditArgument(2, {flow, true, true}));
+  Do(operations().EditArgument(2, {2, true, true}));
+  Do(operations().DeleteAliases(Ids{flow}));
+  EXPECT_EQ(State(), before);
+}
+
+TEST_F(OperationsTest, SharedDeclarationStaysUntilItsLastUse) {
+  const std::string declaration = "Public Level as Double 'Tank1.Level\r\n";
+  Do(operations().DeleteArguments(Ids{1}));
+  EXPECT_NE(project_.Code("CPump").find(declaration), std::string::npos);
+  EXPECT_EQ(operations().DeleteAliases(Ids{1}).text_id, 1012);
+  Do(operations().DeleteFormulas(Ids{2}));
+  EXPECT_EQ(project_.Code("CPump").find(declaration), std::string::npos);
+  Do(operations().DeleteAliases(Ids{1}));
+  EXPECT_EQ(operations().Count().aliases, 1);
+  EXPECT_EQ(operations().Count().arguments, 1);
+  EXPECT_EQ(operations().Count().formulas, 1);
+}
+
+TEST_F(OperationsTest, WarnsOfUsesOfANameThatIsGone) {
+  std::string code = project_.Code("CPump");
+  code.insert(code.find("Sub FillTank()\r\n") + 16, "    Pump = Level > 1 'Pump\r\n");
+  project_.PutCode("CPump", code);
+  const OperationResult result = Do(operations().DeleteArguments(Ids{2}));
+  ASSERT_EQ(result.warnings.size(), 1u) << support::ToText(result);
+  EXPECT_EQ(result.warnings[0].message, "CPump.cls:13 still uses Pump");
+}
+
+TEST_F(OperationsTest, AbsentCodeIsAWarningAndNoProjectARefusal) {
+  project_.PutCode("CPump", "Option Explicit\r\n");
+  const OperationResult result = Do(Edit(1, [](auto& v) { v.comment = "c", v.name = "Fill"; }));
+  ASSERT_EQ(result.warnings.size(), 1u) << support::ToText(result);
+  EXPECT_EQ(result.warnings[0].text_id, 1102);
+  EXPECT_EQ(Do(operations().DeleteFormulas(Ids{2})).warnings.size(), 1u);
+
+  project_.open->Use(nullptr);
+  const std::string before = State();
+  EXPECT_EQ(Edit(1, [](auto& v) { v.name = "Other"; }).text_id, 1004);
+  EXPECT_EQ(operations().DeleteFormulas(Ids{1}).text_id, 1004);
+  EXPECT_EQ(operations().EditAlias(1, {"x", "Other"}).text_id, 1004);
+  EXPECT_EQ(State(), before);
+  Do(Edit(1, [](auto& v) { v.comment = "needs no code"; }));
+  EditFormulaOptions rows_only;
+  rows_only.with_rows_only = true;
+  Do(Edit(
+      1, [](auto& v) { v.name = "Other", v.prog_id = "Else.Where"; }, rows_only));
+  EXPECT_EQ(Formula(1).prog_id, "Else.Where");
+}
+
+TEST_F(OperationsTest, RowsOnlyLeavesTheCodeAlone) {
+  const std::string code = project_.Code("CPump");
+  OperationOptions options;
+  options.with_rows_only = true;
+  Do(operations().DeleteFormulas(Ids{1}, options));
+  Do(operations().EditAlias(1, {"a", "Renamed"}, options));
+  EXPECT_EQ(project_.Code("CPump"), code);
+  EXPECT_EQ(operations().FindAlias(1)->vb_alias, "Renamed");
+}
+
+TEST_F(OperationsTest, DryRunSaysWhatWouldChange) {
+  const std::string before = State();
+  OperationOptions options;
+  options.dry_run = true;
+  int inspected = 0;
+  options.inspect = [&] {
+    ++inspected;
+    files::ChangeSet changes;
+    project_.open->environment->Collect(changes);
+    EXPECT_EQ(changes.files.size(), 1u);
+  };
+  const OperationResult result = Do(operations().DeleteFormulas(Ids{1}, options));
+  EXPECT_EQ(inspected, 1);
+  ASSERT_EQ(result.rows.size(), 3u);
+  EXPECT_EQ(result.rows[0].kind, RowChange::Kind::kDeleted);
+  EXPECT_EQ(result.rows[0].table, "TvbfParams");
+  EXPECT_EQ(result.rows[2].table, "TvbfFormulas");
+  EXPECT_EQ(result.rows[2].members[1].first, "Name");
+  EXPECT_EQ(result.rows[2].members[1].second, platform::Variant("FillTank"));
+  EXPECT_EQ(State(), before);
+  EXPECT_EQ(project_.open->components.calls.size(), 6u);
+}
+
+TEST_F(OperationsTest, OneRowIsReportedOnce) {
+  const OperationResult result =
+      Do(Edit(2, [](auto& v) { v.name = "Drain", v.prog_id = "PumpServer.CTank"; }));
+  ASSERT_EQ(result.rows.size(), 1u);
+  EXPECT_EQ(result.rows[0].kind, RowChange::Kind::kChanged);
+  EXPECT_EQ(result.rows[0].members[1].second, platform::Variant("Drain"));
+  EXPECT_EQ(result.rows[0].members[2].second, platform::Variant("PumpServer.CTank"));
+}
+
+TEST_F(OperationsTest, CancelPutsEverythingBack) {
+  const std::string before = State();
+  OperationOptions options;
+  options.progress = [](std::size_t done, std::size_t total) { return done * 2 < total; };
+  const OperationResult result = operations().DeleteFormulas(Ids{1, 2}, options);
+  EXPECT_EQ(result.outcome, Outcome::kCancelled);
+  EXPECT_EQ(State(), before);
+}
+
+TEST_F(OperationsTest, ManyObjectsAreOneUnit) {
+  std::vector<AliasValues> aliases;
+  for (int i = 0; i < 50; ++i) {
+    aliases.push_back({"Item" + std::to_string(i), "Many" + std::to_string(i)});
+  }
+  const OperationResult added = Do(operations().AddAliases(aliases));
+  std::vector<ArgumentValues> arguments;
+  for (const std::int32_t id : added.ids) arguments.push_back({id, true, false});
+  const std::string before = project_.Code("CPump");
+  const OperationResult result = Do(operations().AddArguments(1, arguments));
+  EXPECT_NE(project_.Code("CPump").find("'\tMany49\r\n'***"), std::string::npos);
+  Do(operations().DeleteArguments(result.ids));
+  EXPECT_EQ(project_.Code("CPump"), before);
+
+  // One that cannot be done undoes all.
+  aliases = {{"a", "Fresh"}, {"b", "Fresh"}};
+  EXPECT_EQ(operations().AddAliases(aliases).text_id, 1010);
+  EXPECT_FALSE(operations().FindAliasByName("Fresh"));
+}
+
+TEST_F(OperationsTest, HostileRowsOfOthersStayInTheirComments) {
+  OperationOptions rows_only;
+  rows_only.with_rows_only = true;
+  const AliasValues values[] = {{"x' : End Sub\r\nEnd Sub _", "Safe"}};
+  const std::int32_t alias = Do(operations().AddAliases(values)).id();
+  // As another program may have written them.
+  auto recordset = project_.open->connection->CreateRecordset();
+  recordset->SetSource("TvbfAlias");
+  recordset->SetCommandType(platform::CommandType::kTableDirect);
+  recordset->SetLockType(platform::LockType::kOptimistic);
+  recordset->SetCursorType(platform::CursorType::kKeyset);
+  recordset->Open();
+  recordset->AddNew({"ItemID", "VBAlias"}, {"y", "Bad\r\nBeep: End"});
+  const std::int32_t bad = recordset->Fields("ID").Value().ToLong();
+  recordset->Close();
+  const ArgumentValues arguments[] = {{alias, true, false}, {bad, true, false}};
+  const OperationResult result = Do(operations().AddArguments(1, arguments));
+  ASSERT_EQ(result.warnings.size(), 1u);
+  EXPECT_EQ(result.warnings[0].text_id, 1109);
+  const std::string code = project_.Code("CPump");
+  EXPECT_NE(code.find("Public Safe as Variant 'x' : End Sub\r\n"), std::string::npos) << code;
+  EXPECT_NE(code.find("'\tBad\r\n"), std::string::npos);
+  EXPECT_EQ(code.find("Beep"), std::string::npos);
+  EXPECT_EQ(code.find("End Sub _"), std::string::npos);
+}
+
+TEST_F(OperationsTest, AStoredClassThatIsGoneCanBeLeft) {
+  EditFormulaOptions rows_only;
+  rows_only.with_rows_only = true;
+  Do(Edit(
+      1, [](auto& v) { v.prog_id = "Gone.CPump"; }, rows_only));
+  const OperationResult result = Do(Edit(1, [](auto& v) { v.prog_id = "PumpServer.CTank"; }));
+  ASSERT_FALSE(result.warnings.empty());
+  EXPECT_EQ(result.warnings[0].text_id, 1100);
+  EXPECT_NE(project_.Code("CTank").find("Public Sub FillTank()"), std::string::npos);
+}
+
+TEST_F(OperationsTest, ReadOnlyModuleFailsTheWholeOperation) {
+  const std::string before = State();
+  project_.system.SetReadOnly(support::ClassPath("CPump"), true);
+  const OperationResult result = operations().DeleteFormulas(Ids{1});
+  EXPECT_EQ(result.outcome, Outcome::kFileProblem);
+  EXPECT_NE(result.detail.find("CPump.cls"), std::string::npos) << support::ToText(result);
+  EXPECT_EQ(State(), before);
+}
+
+TEST_F(OperationsTest, ClassListNamesWhatCanHoldFormulas) {
+  const std::string long_name = "C" + std::string(40, 'x');
+  support::FormulaProject project({{"CPump", ""}, {long_name, ""}});
+  project.system.Put("/plant/Other.vbp",
+                     "Type=Exe\r\nClass=CPump; CPump.cls\r\nName=\"Other\"\r\n");
+  project.open->environment->Open("/plant/Other.vbp");
+  const ClassList list = project.operations().Classes();
+  ASSERT_EQ(list.classes.size(), 2u);
+  EXPECT_EQ(list.classes[0].prog_id, kClass);
+  EXPECT_EQ(list.classes[0].file, support::ClassPath("CPump"));
+  EXPECT_EQ(list.classes[1].prog_id, "PumpServer." + long_name);
+  ASSERT_EQ(list.warnings.size(), 1u);
+  EXPECT_NE(list.warnings[0].message.find(long_name), std::string::npos);
+  EXPECT_EQ(list.warnings[0].message.find("<ClassNames>"), std::string::npos);
+}
+
+TEST(NameProposalTest, TakesTheFirstFreeNumber) {
+  support::FormulaProject project;
+  Operations& operations = project.operations();
+  OperationOptions rows_only;
+  rows_only.with_rows_only = true;
+  EXPECT_EQ(operations.ProposeFormulaName(), "Formula1");
+  for (const char* name : {"FORMULA1", "Formula3", "Formula04", "Formula2x", "Formula99999"}) {
+    operations.AddFormula({name, "P.C"}, rows_only);
+  }
+  EXPECT_EQ(operations.ProposeFormulaName(), "Formula2");
+  operations.AddFormula({"formula2", "P.C"}, rows_only);
+  EXPECT_EQ(operations.ProposeFormulaName(), "Formula4");
+}
+
+TEST(NameProposalTest, AliasesAreUniqueAsInANaiveModel) {
+  support::FormulaProject project;
+  std::mt19937 random(7);
+  std::map<std::string, std::int32_t> model;  // folded name
+  const char* const kItems[] = {"a.b", "A/B", "1x", "Ä", "ä", "a_b1", "a_b2", "_x", "x"};
+  for (int i = 0; i < 200; ++i) {
+    const std::string item = kItems[random() % std::size(kItems)];
+    std::int32_t own = 0;
+    if (!model.empty() && random() % 3 == 0) {
+      own = std::next(model.begin(), static_cast<int>(random() % model.size()))->second;
+    }
+    const std::string clean = codegen::CleanIdentifier(item);
+    std::string expected = clean;
+    for (int n = 1;; ++n) {
+      const auto found = model.find(platform::FoldCase(expected));
+      if (found == model.end() || found->second == own) break;
+      expected = clean + std::to_string(n);
+    }
+    std::string cleaned = item;
+    ASSERT_EQ(project.open->code.VBConformItemName(cleaned, own), expected) << item;
+    ASSERT_EQ(cleaned, clean);
+    ASSERT_EQ(project.operations().ProposeAlias(item, own), expected);
+    if (random() % 2 == 0 && own == 0) {
+      model[platform::FoldCase(expected)] = project.AddAlias(item, expected);
+    }
+  }
+  EXPECT_GT(model.size(), 20u);
+}
+
+}  // namespace
+}  // namespace store
