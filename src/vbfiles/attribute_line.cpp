@@ -15,20 +15,27 @@ constexpr std::string_view kKeyword = "attribute";
 
 std::string_view MemberPart(std::string_view name) { return name.substr(0, name.find('.')); }
 
-std::string Adjusted(std::string_view line, const AttributeChange& change, const CodePage& page) {
-  const bool disabled = !line.empty() && line.front() == '\'';
-  if (disabled) line.remove_prefix(1);
+// Appends the line as the change leaves it.
+void AppendAdjusted(std::string& text, std::string_view line, const AttributeChange& change,
+                    const CodePage& page) {
+  const std::string_view whole = line;
+  if (line.starts_with('\'')) line.remove_prefix(1);
   const auto attribute = ParseAttributeLine(line);
-  if (!attribute) return (disabled ? "'" : "") + std::string(line);
+  if (!attribute) {
+    text += whole;
+    return;
+  }
   const std::string_view member = MemberPart(attribute->name);
   auto is_member = [&](std::string_view name) { return page.SameName(name, member); };
   if (!change.renamed_from.empty() && is_member(change.renamed_from)) {
     const auto at = static_cast<std::size_t>(member.data() - line.data());
-    return std::string(line.substr(0, at)) + std::string(change.renamed_to) +
-           std::string(line.substr(at + member.size()));
+    text.append(line.substr(0, at))
+        .append(change.renamed_to)
+        .append(line.substr(at + member.size()));
+    return;
   }
-  const bool declared = std::any_of(change.declared.begin(), change.declared.end(), is_member);
-  return (declared ? "" : "'") + std::string(line);
+  if (std::ranges::none_of(change.declared, is_member)) text += '\'';
+  text += line;
 }
 
 }  // namespace
@@ -50,7 +57,7 @@ std::string AdjustAttributeLines(std::string_view lines, const AttributeChange& 
   std::string adjusted;
   for (std::size_t begin = 0; begin < lines.size();) {
     const PhysicalLine line = ReadPhysicalLine(lines, begin);
-    adjusted += Adjusted(TextOf(lines, line), change, page);
+    AppendAdjusted(adjusted, TextOf(lines, line), change, page);
     adjusted += lines.substr(line.end, line.next - line.end);
     begin = line.next;
   }
