@@ -9,7 +9,7 @@
 #include <span>
 
 #include "jet/bytes.h"
-#include "jet/text_units.h"
+#include "jet/text_codec.h"
 
 namespace jet {
 namespace {
@@ -125,12 +125,17 @@ bool IsAscii(std::string_view text) {
   return all < 0x80;
 }
 
+std::optional<char32_t> AppendUtf8Key(std::string_view text, SortOrder order, Bytes& key) {
+  if (IsAscii(text)) return AppendTextKey(text, order, key);
+  // One more than count, so that a character that is refused is known whole.
+  std::array<char16_t, kTextKeyUnits + 1> units;
+  const std::size_t size = FirstUtf16Units(text, units);
+  return AppendTextKey(std::u16string_view(units.data(), size), order, key);
+}
+
 Fault AppendText(const Value& value, SortOrder order, Bytes& key) {
   if (value.kind() != ValueKind::kText) return WrongKind();
-  const std::string_view text = value.text();
-  const auto character = IsAscii(text)
-                             ? AppendTextKey(text, order, key)
-                             : AppendTextKey(TextUnits<kTextKeyUnits + 1>(text).view(), order, key);
+  const auto character = AppendUtf8Key(value.text(), order, key);
   if (!character) return std::nullopt;
   return KeyFault{KeyFault::Reason::kNoCharacter, *character};
 }

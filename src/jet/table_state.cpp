@@ -45,11 +45,7 @@ void TableState::Reload() {
   raw_ = WithoutCounters(pager(), definition_);
   reader_ = std::make_unique<RowReader>(pager(), definition_);
   writer_.reset();
-  trees_.clear();
-  for (const PhysicalIndex& index : definition_.physical) {
-    trees_.push_back(std::make_unique<IndexTree>(
-        pager(), IndexTree::Location{page_, index.root, index.usage_map}));
-  }
+  RenewTrees();
   all_columns_.resize(definition_.columns.size());
   std::iota(all_columns_.begin(), all_columns_.end(), std::size_t{0});
   generation_ = session_.generation();
@@ -58,6 +54,24 @@ void TableState::Reload() {
 TableWriter& TableState::writer() {
   if (!writer_) writer_ = std::make_unique<TableWriter>(*this);
   return *writer_;
+}
+
+// Open cursors refer to the trees: those that stay are kept, and the others are not destroyed.
+void TableState::RenewTrees() {
+  std::vector<std::unique_ptr<IndexTree>> old = std::move(trees_);
+  trees_.clear();
+  for (const PhysicalIndex& index : definition_.physical) {
+    const auto same = std::find_if(old.begin(), old.end(), [&](const auto& tree) {
+      return tree && tree->location().root == index.root;
+    });
+    trees_.push_back(same != old.end()
+                         ? std::move(*same)
+                         : std::make_unique<IndexTree>(
+                               pager(), IndexTree::Location{page_, index.root, index.usage_map}));
+  }
+  for (auto& tree : old) {
+    if (tree) retired_trees_.push_back(std::move(tree));
+  }
 }
 
 void TableState::Refresh() {

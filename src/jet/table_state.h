@@ -40,6 +40,8 @@ class TableState {
   std::string ReadOnlyReason() const;
 
  private:
+  void RenewTrees();
+
   Session& session_;
   std::string name_;
   PageNumber page_;
@@ -48,6 +50,7 @@ class TableState {
   std::unique_ptr<RowReader> reader_;
   std::unique_ptr<TableWriter> writer_;  // made when first asked for
   std::vector<std::unique_ptr<IndexTree>> trees_;
+  std::vector<std::unique_ptr<IndexTree>> retired_trees_;  // of indexes that are gone
   std::vector<std::size_t> all_columns_;
   std::uint64_t generation_ = 0;
 };

@@ -174,6 +174,14 @@ std::string DecodeUtf16(std::span<const std::byte> stored) {
   return text;
 }
 
+std::size_t FirstUtf16Units(std::string_view text, std::span<char16_t> out) {
+  std::size_t size = 0;
+  ForEachUnit(text.substr(0, kMostUtf8PerUnit * out.size()), [&](std::uint16_t unit) {
+    if (size < out.size()) out[size++] = unit;
+  });
+  return size;
+}
+
 std::size_t Utf16Length(std::string_view text) {
   std::size_t length = 0;
   ForEachUnit(text, [&](std::uint16_t) { ++length; });

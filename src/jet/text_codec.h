@@ -19,6 +19,8 @@ std::string DecodeText(std::span<const std::byte> stored);
 // Decodes plain UTF-16LE, as names are stored.
 std::string DecodeUtf16(std::span<const std::byte> stored);
 
+// The first UTF-16 units of a text, as many as `out` takes; returns how many.
+std::size_t FirstUtf16Units(std::string_view text, std::span<char16_t> out);
 // Number of UTF-16 units of a text.
 std::size_t Utf16Length(std::string_view text);
 // Appends the text as UTF-16LE; bytes that are no UTF-8 become U+FFFD.
