@@ -80,6 +80,7 @@ Table& Database::OpenTable(std::string_view name) {
   if (!table) {
     table = std::make_unique<Table>(std::make_unique<TableState>(*session_, entry->name, page));
   }
+  table->state_->Refresh();
   return *table;
 }
 

@@ -1,0 +1,342 @@
+// SPDX-License-Identifier: MIT
+// Adding, changing and deleting rows, transactions, and what others do meanwhile.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "files/unit_of_work.h"
+#include "tests/recordset/row_text.h"
+#include "tests/support/memory_database.h"
+
+namespace recordset {
+namespace {
+
+using platform::EditMode;
+using platform::Error;
+using platform::Null;
+using platform::Variant;
+
+template <class Action>
+std::int32_t ErrorOf(Action action) {
+  try {
+    action();
+  } catch (const Error& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+class EditTest : public testing::Test {
+ protected:
+  EditTest() {
+    db_.AddAlias("Item.A", "A");
+    db_.AddAlias("Item.B", "B");
+    db_.AddAlias("Item.C", "C");
+  }
+  std::string Aliases() { return RowsText(*db_.Open("TvbfAlias")); }
+
+  support::MemoryDatabase db_;
+};
+
+TEST_F(EditTest, AddsByListsAndKnowsTheNumber) {
+  auto rs = db_.Open("TvbfAlias");
+  rs->AddNew({"vbAlias", "ITEMID"}, {"D", "Item.D"});
+  EXPECT_EQ(rs->Fields("ID").Value(), Variant(4));
+  EXPECT_EQ(rs->Fields("VBAlias").Value(), Variant("D"));
+  EXPECT_EQ(rs->GetEditMode(), EditMode::kNone);
+  EXPECT_EQ(rs->RecordCount(), 4);
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("ID").Value(), Variant(1));
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C 4|Item.D|D");
+
+  EXPECT_EQ(ErrorOf([&] {
+              rs->AddNew({"VBAlias", "ItemID"}, {"E"});
+            }),
+            platform::kErrInvalidArgument);
+  EXPECT_EQ(ErrorOf([&] { rs->AddNew({"Nothing"}, {"E"}); }), platform::kErrItemNotFound);
+  EXPECT_EQ(ErrorOf([&] { rs->AddNew({"ID"}, {9}); }), platform::kErrFeatureNotAvailable);
+  EXPECT_EQ(ErrorOf([&] { rs->AddNew({"VBAlias"}, {std::string(256, 'x')}); }),
+            platform::kErrDataOverflow);
+  EXPECT_EQ(rs->GetEditMode(), EditMode::kNone);
+  EXPECT_EQ(rs->Fields("ID").Value(), Variant(1)) << "the current row stays";
+  EXPECT_EQ(db_.connection()->TableRowCount("TvbfAlias"), 4);
+}
+
+TEST_F(EditTest, AddsInTwoSteps) {
+  auto rs = db_.Open("TvbfAlias");
+  rs->MoveNext();
+  rs->AddNew();
+  EXPECT_EQ(rs->GetEditMode(), EditMode::kAdd);
+  EXPECT_TRUE(rs->Fields("VBAlias").Value().IsNull());
+  rs->Fields("VBAlias").SetValue("D");
+  rs->CancelUpdate();
+  EXPECT_EQ(rs->Fields("VBAlias").Value(), Variant("B")) << "back on the row before";
+  rs->AddNew();
+  rs->Fields("VBAlias").SetValue("D");
+  EXPECT_EQ(rs->Fields("VBAlias").Value(), Variant("D"));
+  rs->Update();
+  EXPECT_EQ(rs->Fields("ID").Value(), Variant(4));
+  EXPECT_TRUE(rs->Fields("ItemID").Value().IsNull());
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C 4|Null|D");
+
+  auto arguments = db_.Open("TvbfParams");
+  arguments->AddNew();
+  EXPECT_EQ(arguments->Fields("In").Value(), Variant(false)) << "Yes/No is never Null";
+  EXPECT_EQ(arguments->Fields("In").OriginalValue(), Variant(false));
+  EXPECT_FALSE(arguments->EOF_());
+  arguments->CancelUpdate();
+  EXPECT_TRUE(arguments->EOF_());
+}
+
+TEST_F(EditTest, ChangesWhatWasSetAndShowsItBefore) {
+  auto rs = db_.Open("TvbfAlias");
+  rs->MoveNext();
+  rs->Fields("VBAlias").SetValue("New");
+  EXPECT_EQ(rs->GetEditMode(), EditMode::kInProgress);
+  EXPECT_EQ(rs->Fields("VBAlias").Value(), Variant("New"));
+  EXPECT_EQ(rs->Fields("VBAlias").OriginalValue(), Variant("B"));
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C") << "not yet written";
+  rs->CancelUpdate();
+  EXPECT_EQ(rs->Fields("VBAlias").Value(), Variant("B"));
+  rs->Fields("VBAlias").SetValue("New");
+  rs->Update();
+  EXPECT_EQ(rs->Fields("VBAlias").OriginalValue(), Variant("New"));
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|New 3|Item.C|C");
+
+  // Moving writes, as ADO does.
+  rs->Fields("ItemID").SetValue(Null{});
+  rs->MoveLast();
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Null|New 3|Item.C|C");
+  rs->Update();  // nothing pending
+}
+
+TEST_F(EditTest, APendingEditForbidsWhatWouldLoseIt) {
+  auto rs = db_.Open("TvbfAlias");
+  rs->Fields("VBAlias").SetValue("New");
+  EXPECT_EQ(ErrorOf([&] { rs->Close(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { rs->Requery(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { rs->Resync(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { rs->SetFilter("ID = 2"); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { rs->Delete(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(rs->Fields("VBAlias").Value(), Variant("New"));
+  rs->CancelUpdate();
+  rs->Close();
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C");
+}
+
+TEST_F(EditTest, ADuplicateIsRefusedAndChangesNothing) {
+  auto rs = db_.Open("TvbfAlias");
+  EXPECT_EQ(ErrorOf([&] { rs->AddNew({"VBAlias"}, {"b"}); }), platform::kErrErrorsOccurred);
+  ASSERT_EQ(db_.connection()->Errors().size(), 1u);
+  EXPECT_EQ(db_.connection()->Errors()[0].number, platform::kErrErrorsOccurred);
+  EXPECT_EQ(db_.connection()->Errors()[0].native_error, 3022);
+  EXPECT_NE(db_.connection()->Errors()[0].description.find("VBAlias"), std::string::npos);
+
+  rs->MoveLast();
+  rs->Fields("ItemID").SetValue("Other");
+  rs->Fields("VBAlias").SetValue("B ");
+  EXPECT_EQ(ErrorOf([&] { rs->Update(); }), platform::kErrErrorsOccurred);
+  EXPECT_EQ(rs->GetEditMode(), EditMode::kInProgress) << "the edit can be put right";
+  EXPECT_EQ(ErrorOf([&] { rs->MoveFirst(); }), platform::kErrErrorsOccurred);
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C");
+  rs->Fields("VBAlias").SetValue("D");
+  rs->Update();
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Other|D");
+
+  auto by_alias = db_.OpenTable("TvbfAlias", "VBAlias");
+  by_alias->Seek({"B"});
+  EXPECT_EQ(by_alias->Fields("ID").Value(), Variant(2)) << "the index did not change either";
+  by_alias->Seek({"C"});
+  EXPECT_TRUE(by_alias->EOF_());
+  EXPECT_TRUE(db_.connection()->database().Verify().ok());
+}
+
+TEST_F(EditTest, OneAliasIsAnArgumentOfAFormulaOnce) {
+  const std::int32_t formula = db_.AddFormula("F", "P.C");
+  db_.AddArgument(formula, 1);
+  EXPECT_EQ(ErrorOf([&] { db_.AddArgument(formula, 1, false, true); }),
+            platform::kErrErrorsOccurred);
+  EXPECT_EQ(ErrorOf([&] { db_.AddArgument(formula, 2); }), 0);
+}
+
+TEST_F(EditTest, DeletesRowByRow) {
+  auto rs = db_.Open("TvbfAlias");
+  rs->SetFilter("ID > 1");
+  std::string counts;
+  rs->MoveFirst();
+  while (!rs->EOF_()) {
+    rs->Delete();
+    rs->Update();
+    counts += std::to_string(rs->RecordCount());
+    EXPECT_EQ(ErrorOf([&] { rs->Fields("ID").Value(); }), platform::kErrNoCurrentRecord);
+    rs->MoveNext();
+  }
+  EXPECT_EQ(counts, "10");
+  EXPECT_TRUE(rs->BOF() && rs->EOF_());
+  EXPECT_EQ(ErrorOf([&] { rs->Delete(); }), platform::kErrNoCurrentRecord);
+  rs->SetFilter("");
+  EXPECT_EQ(Aliases(), "1|Item.A|A");
+  rs->Delete();
+  EXPECT_EQ(ErrorOf([&] { rs->Delete(); }), platform::kErrNoCurrentRecord);
+  EXPECT_EQ(rs->RecordCount(), 0);
+  rs->MoveFirst();
+  EXPECT_TRUE(rs->BOF() && rs->EOF_());
+  db_.AddAlias("Item.D", "D");
+  EXPECT_EQ(Aliases(), "4|Item.D|D") << "numbers are not given twice";
+}
+
+TEST_F(EditTest, DeletesInTheMiddleAndGoesOnEitherWay) {
+  auto rs = db_.Open("TvbfAlias");
+  rs->MoveNext();
+  rs->Delete();
+  rs->MovePrevious();
+  EXPECT_EQ(rs->Fields("ID").Value(), Variant(1));
+  rs->MoveNext();
+  EXPECT_EQ(rs->Fields("ID").Value(), Variant(3));
+  EXPECT_EQ(rs->AbsolutePosition(), 2);
+}
+
+TEST_F(EditTest, AWriteConflictWritesNothing) {
+  auto mine = db_.Open("TvbfAlias"), theirs = db_.Open("TvbfAlias");
+  EXPECT_EQ(mine->Fields("VBAlias").Value(), Variant("A"));
+  theirs->Fields("ItemID").SetValue("Theirs");
+  theirs->Update();
+  EXPECT_EQ(mine->Fields("ItemID").Value(), Variant("Item.A")) << "as it was read";
+  mine->Fields("VBAlias").SetValue("Mine");
+  EXPECT_EQ(ErrorOf([&] { mine->Update(); }), platform::kErrWriteConflict);
+  EXPECT_EQ(Aliases(), "1|Theirs|A 2|Item.B|B 3|Item.C|C");
+  mine->CancelUpdate();
+  mine->Resync();
+  EXPECT_EQ(mine->Fields("ItemID").Value(), Variant("Theirs"));
+  mine->Fields("VBAlias").SetValue("Mine");
+  mine->Update();
+  EXPECT_EQ(Aliases(), "1|Theirs|Mine 2|Item.B|B 3|Item.C|C");
+
+  mine->Fields("VBAlias").SetValue("Gone");
+  theirs->Delete();
+  EXPECT_EQ(ErrorOf([&] { mine->Update(); }), platform::kErrRowDeleted);
+  mine->CancelUpdate();
+  mine->MoveNext();
+  EXPECT_EQ(mine->Fields("ID").Value(), Variant(2));
+}
+
+TEST_F(EditTest, OtherConnectionsSeeWhatWasWritten) {
+  auto other = db_.Connect();
+  auto theirs = support::MemoryDatabase::Open(*other, "TvbfAlias");
+  EXPECT_EQ(theirs->Fields("VBAlias").Value(), Variant("A"));
+  auto mine = db_.Open("TvbfAlias");
+  mine->Fields("VBAlias").SetValue("Mine");
+  mine->Update();
+  theirs->Fields("ItemID").SetValue("Theirs");
+  EXPECT_EQ(ErrorOf([&] { theirs->Update(); }), platform::kErrWriteConflict);
+  theirs->CancelUpdate();
+  theirs->Resync();
+  EXPECT_EQ(theirs->Fields("VBAlias").Value(), Variant("Mine"));
+  EXPECT_EQ(RowsText(*theirs), "1|Item.A|Mine 2|Item.B|B 3|Item.C|C");
+}
+
+TEST_F(EditTest, TransactionsNestAndRollBack) {
+  auto connection = db_.connection();
+  auto rs = db_.Open("TvbfAlias");
+  connection->BeginTrans();
+  rs->AddNew({"VBAlias"}, {"D"});
+  connection->BeginTrans();
+  rs->MoveFirst();
+  rs->Delete();
+  EXPECT_EQ(RowsText(*db_.Open("TvbfAlias"), {"VBAlias"}), "B C D");
+  connection->RollbackTrans();
+  EXPECT_EQ(RowsText(*db_.Open("TvbfAlias"), {"VBAlias"}), "A B C D");
+  connection->RollbackTrans();
+  rs->Requery();
+  EXPECT_EQ(RowsText(*rs, {"VBAlias"}), "A B C");
+  EXPECT_EQ(rs->RecordCount(), 3);
+  EXPECT_EQ(ErrorOf([&] { connection->CommitTrans(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { connection->RollbackTrans(); }), platform::kErrNotAllowedHere);
+
+  connection->BeginTrans();
+  rs->AddNew({"VBAlias"}, {"E"});
+  connection->CommitTrans();
+  auto other = db_.Connect();
+  EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other, "TvbfAlias"), {"VBAlias"}), "A B C E");
+}
+
+TEST_F(EditTest, TakesPartInAUnitOfWork) {
+  files::JournalledUnitOfWork unit(db_.system(), db_.path());
+  unit.Enlist(db_.connection()->database());
+  unit.Begin();
+  db_.AddAlias("Item.D", "D");
+  unit.Rollback();
+  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C");
+  unit.Begin();
+  const std::int32_t id = db_.AddAlias("Item.D", "D");
+  unit.Commit();
+  auto other = db_.Connect();
+  EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other, "SELECT ID FROM TvbfAlias")),
+            "1 2 3 " + std::to_string(id));
+}
+
+TEST_F(EditTest, ValuesTakeTheTypeOfTheirField) {
+  struct Case {
+    const char* field;
+    Variant value;
+    Variant stored;
+    std::int32_t error = 0;
+  };
+  const std::string zero(1, '\0');
+  const Case cases[] = {
+      {"Type", 7, 7},
+      {"Type", 2.5, 2},
+      {"Type", 3.5, 4},
+      {"Type", true, -1},
+      {"Type", "12", 12},
+      {"Type", " -3 ", -3},
+      {"Type", "12x", {}, platform::kErrTypeMismatch},
+      {"Type", "", {}, platform::kErrTypeMismatch},
+      {"Type", 3e9, {}, platform::kErrDataOverflow},
+      {"Type", Null{}, Null{}},
+      {"Enabled", 2, true},
+      {"Enabled", 0, false},
+      {"Enabled", Null{}, false},
+      {"Comment", zero, zero},
+      {"Comment", "", ""},
+      {"Comment", zero + "a" + zero, zero + "a" + zero},
+      {"Comment", 5, "5"},
+      {"Comment", "Füße – €", "Füße – €"},
+      {"Comment", Null{}, Null{}},
+      {"Comment", std::vector<std::uint8_t>{1}, {}, platform::kErrTypeMismatch},
+  };
+  db_.AddFormula("F", "P.C");
+  auto rs = db_.Open("TvbfFormulas");
+  for (const Case& c : cases) {
+    const std::int32_t error = ErrorOf([&] {
+      rs->Fields(c.field).SetValue(c.value);
+      rs->Update();
+    });
+    EXPECT_EQ(error, c.error) << c.field << " = " << c.value.ToText();
+    if (error != 0) {
+      rs->CancelUpdate();
+      continue;
+    }
+    auto again = db_.Open("TvbfFormulas");
+    EXPECT_EQ(again->Fields(c.field).Value(), c.stored) << c.field << " = " << c.value.ToText();
+  }
+}
+
+TEST_F(EditTest, RowsOfJoinsAndOfReadOnlyFilesCannotBeChanged) {
+  const std::int32_t formula = db_.AddFormula("F", "P.C");
+  db_.AddArgument(formula, 1);
+  auto join =
+      db_.Open("SELECT VBAlias FROM TvbfParams INNER JOIN TvbfAlias ON AliasID = TvbfAlias.ID");
+  EXPECT_EQ(ErrorOf([&] { join->Fields("VBAlias").SetValue("x"); }),
+            platform::kErrFeatureNotAvailable);
+
+  recordset::JetConnection reader(db_.system());
+  reader.Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + db_.path() + ";Mode=Read");
+  auto rs = support::MemoryDatabase::Open(reader, "TvbfAlias");
+  EXPECT_EQ(RowsText(*rs, {"ID"}), "1 2 3");
+  rs->MoveFirst();
+  EXPECT_EQ(ErrorOf([&] { rs->Delete(); }), platform::kErrPermissionDenied);
+}
+
+}  // namespace
+}  // namespace recordset

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/ado.h"
+
+namespace recordset {
+
+inline std::string ValueText(const platform::Variant& value) {
+  if (value.IsNull()) return "Null";
+  std::string text;
+  for (char c : value.ToText()) text += c == '\0' ? std::string("\\0") : std::string(1, c);
+  return text;
+}
+
+// All rows from the first on, walked by MoveNext: "a|b c|d" with the named fields (all: none
+// named).
+inline std::string RowsText(platform::Recordset& recordset, std::vector<std::string> fields = {}) {
+  if (fields.empty()) fields = recordset.FieldNames();
+  std::string text;
+  if (!(recordset.BOF() && recordset.EOF_())) recordset.MoveFirst();
+  for (; !recordset.EOF_(); recordset.MoveNext()) {
+    std::string row;
+    for (const std::string& field : fields) {
+      row += (row.empty() ? "" : "|") + ValueText(recordset.Fields(field).Value());
+    }
+    text += (text.empty() ? "" : " ") + row;
+  }
+  return text;
+}
+
+}  // namespace recordset
