@@ -118,6 +118,9 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
     }
   }
   out.flush();
+  if (std::string shortfall = scan.Shortfall(); gaps.empty() && !shortfall.empty()) {
+    gaps.push_back(std::move(shortfall));
+  }
   return gaps;
 }
 

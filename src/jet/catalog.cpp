@@ -29,10 +29,7 @@ Catalog::Catalog(Session& session) : table_(session, "MSysObjects", kObjectsDefi
 }
 
 std::size_t Catalog::Position(std::string_view column) const {
-  const std::vector<Column>& columns = table_.definition().columns;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (SameName(columns[i].name, column)) return i;
-  }
+  if (const auto position = table_.FindColumn(column)) return *position;
   ThrowDamaged(table_.path(), {kObjectsDefinition, -1},
                "The catalog has no column " + std::string(column) + ".");
 }

@@ -6,12 +6,22 @@
 #include "files/change_journal.h"
 #include "jet/catalog.h"
 #include "jet/new_database.h"
+#include "jet/properties.h"
 #include "jet/session.h"
 #include "jet/table_creator.h"
+#include "jet/table_scan.h"
 #include "jet/table_state.h"
 #include "jet/verifier.h"
 
 namespace jet {
+namespace {
+
+constexpr PageNumber kRelationshipsDefinition = 5;
+constexpr std::uint32_t kRelationNotEnforced = 0x0002;
+constexpr std::uint32_t kRelationCascadeUpdates = 0x0100;
+constexpr std::uint32_t kRelationCascadeDeletes = 0x1000;
+
+}  // namespace
 
 Database::Database(std::unique_ptr<Session> session) : session_(std::move(session)) {
   const ReadHold hold(*session_);
@@ -99,6 +109,64 @@ void Database::CreateIndex(std::string_view table, const IndexSpec& spec) {
   }
   TableCreator(*session_, *catalog_).CreateIndex(*opened.state_, spec);
   transaction.Commit();
+}
+
+std::vector<Relation> Database::Relations() {
+  const ReadHold hold(*session_);
+  TableState table(*session_, "MSysRelationships", kRelationshipsDefinition);
+  std::vector<std::size_t> columns;
+  for (const char* name : {"szRelationship", "szObject", "szColumn", "szReferencedObject",
+                           "szReferencedColumn", "grbit"}) {
+    const auto position = table.FindColumn(name);
+    if (!position) {
+      ThrowDamaged(path(), {kRelationshipsDefinition, -1},
+                   "The table of relations has no column " + std::string(name) + ".");
+    }
+    columns.push_back(*position);
+  }
+  std::vector<Relation> relations;
+  TableScan scan(table, columns);
+  RowBuffer row;
+  while (scan.Next(row)) {
+    const auto text = [&](std::size_t i) {
+      return row[i].is_null() ? std::string() : std::string(row[i].text());
+    };
+    const std::string name = text(0);
+    auto relation = std::find_if(relations.begin(), relations.end(),
+                                 [&](const Relation& r) { return r.name == name; });
+    if (relation == relations.end()) relation = relations.insert(relation, Relation());
+    relation->name = name;
+    relation->table = text(1);
+    relation->referenced_table = text(3);
+    relation->columns.push_back(text(2));
+    relation->referenced_columns.push_back(text(4));
+    const auto flags = static_cast<std::uint32_t>(row[5].integer());
+    relation->enforced = (flags & kRelationNotEnforced) == 0;
+    relation->cascade_updates = (flags & kRelationCascadeUpdates) != 0;
+    relation->cascade_deletes = (flags & kRelationCascadeDeletes) != 0;
+  }
+  return relations;
+}
+
+std::vector<Property> Database::Properties(std::string_view table) {
+  const ReadHold hold(*session_);
+  const auto entry = catalog_->FindTable(table);
+  const std::size_t columns[] = {catalog_->Position("LvProp")};
+  TableState& catalog = catalog_->table();
+  const auto stored = entry ? catalog.reader().Find(entry->row) : std::nullopt;
+  if (!stored) {
+    throw Error(ErrorKind::kNotFound, path(), {}, "There is no table " + std::string(table) + ".",
+                "Look at the names of the tables and try again.");
+  }
+  RowBuffer row;
+  catalog.reader().Decode(entry->row, *stored, columns, row);
+  if (row[0].is_null()) return {};
+  auto properties = DecodeProperties(row[0].bytes());
+  if (!properties) {
+    ThrowDamaged(path(), {entry->row.page, entry->row.slot},
+                 "The properties of table " + entry->name + " cannot be read.");
+  }
+  return std::move(*properties);
 }
 
 void Database::Begin() { session_->Begin(); }

@@ -20,10 +20,7 @@ const std::vector<PhysicalIndex>& Table::physical_indexes() const {
 }
 
 std::optional<std::size_t> Table::FindColumn(std::string_view name) const {
-  for (std::size_t i = 0; i < columns().size(); ++i) {
-    if (SameName(columns()[i].name, name)) return i;
-  }
-  return std::nullopt;
+  return state_->FindColumn(name);
 }
 
 std::optional<std::size_t> Table::FindIndex(std::string_view name) const {
@@ -74,7 +71,7 @@ void InTransaction(TableState& table, Change change) {
                   "The table " + table.name() + " belongs to the database itself.",
                   "Change the user tables instead.");
     }
-    if (const std::string reason = table.ReadOnlyReason(); !reason.empty()) {
+    if (const std::string& reason = table.ReadOnlyReason(); !reason.empty()) {
       throw Error(ErrorKind::kReadOnly, table.path(), {}, reason, "Change the table in Access.");
     }
     change();

@@ -38,6 +38,9 @@ class Scan {
   // Reads the next row into `row`; false at the end. Raises kDamaged for a row that cannot be
   // read; a further call goes on behind it.
   bool Next(RowBuffer& row);
+  // At the end, when nothing was changed meanwhile: a sentence when fewer rows were read than the
+  // definition counts, so that rows are missing; else empty.
+  std::string Shortfall();
 
  private:
   friend class Table;

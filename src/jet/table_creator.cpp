@@ -250,7 +250,7 @@ void TableCreator::AddAccessRows(PageNumber table, std::span<const std::byte> ow
   std::vector<Grant> grants = {{{owner.begin(), owner.end()}, kFullRights}};
   TableState access(session_, "MSysACEs", kAccessDefinition);
   const auto position = [&](std::string_view name) {
-    const auto found = PositionOf(access.definition(), name);
+    const auto found = access.FindColumn(name);
     if (!found) ThrowDamaged(session_.path(), {kAccessDefinition, -1}, "A column is missing.");
     return *found;
   };

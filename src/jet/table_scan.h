@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "jet/row_buffer.h"
@@ -16,8 +18,12 @@ class TableScan {
   // False at the end. Raises kDamaged for a page or row that cannot be read; a further call goes
   // on behind it.
   bool Next(RowBuffer& row);
+  // A sentence when fewer rows were read than a user table's definition counts, else empty. To be
+  // asked at the end, when nothing was changed meanwhile.
+  std::string Shortfall();
 
  private:
+  bool HasSlot() const;
   bool NextPage();
 
   ReadHold hold_;
@@ -26,6 +32,8 @@ class TableScan {
   PageRef page_;
   PageNumber next_page_ = 0;
   std::size_t slot_ = 0;
+  bool ended_ = false;
+  std::uint64_t found_ = 0;
 };
 
 }  // namespace jet

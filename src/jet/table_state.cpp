@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "jet/error.h"
+#include "jet/text_codec.h"
 
 namespace jet {
 namespace {
@@ -48,7 +49,15 @@ void TableState::Reload() {
   RenewTrees();
   all_columns_.resize(definition_.columns.size());
   std::iota(all_columns_.begin(), all_columns_.end(), std::size_t{0});
+  read_only_reason_ = FindReadOnlyReason();
   generation_ = session_.generation();
+}
+
+std::optional<std::size_t> TableState::FindColumn(std::string_view name) const {
+  for (std::size_t i = 0; i < definition_.columns.size(); ++i) {
+    if (SameName(definition_.columns[i].name, name)) return i;
+  }
+  return std::nullopt;
 }
 
 TableWriter& TableState::writer() {
@@ -82,7 +91,7 @@ void TableState::Refresh() {
   generation_ = session_.generation();
 }
 
-std::string TableState::ReadOnlyReason() const {
+std::string TableState::FindReadOnlyReason() const {
   if (!session_.read_only_reason().empty()) return session_.read_only_reason();
   if (!definition_.unknown.empty()) {
     return "The table has " + definition_.unknown + ", which only Access can maintain.";

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "jet/index_tree.h"
@@ -27,6 +28,8 @@ class TableState {
   Pager& pager() { return session_.pager(); }
   const std::string& name() const { return name_; }
   const TableDefinition& definition() const { return definition_; }
+  // Names match without regard to case.
+  std::optional<std::size_t> FindColumn(std::string_view name) const;
   RowReader& reader() { return *reader_; }
   // For changing rows, in a transaction.
   TableWriter& writer();
@@ -37,10 +40,11 @@ class TableState {
   void Refresh();
   // Reads the definition anew, because we changed it.
   void Reload();
-  std::string ReadOnlyReason() const;
+  const std::string& ReadOnlyReason() const { return read_only_reason_; }
 
  private:
   void RenewTrees();
+  std::string FindReadOnlyReason() const;
 
   Session& session_;
   std::string name_;
@@ -52,6 +56,7 @@ class TableState {
   std::vector<std::unique_ptr<IndexTree>> trees_;
   std::vector<std::unique_ptr<IndexTree>> retired_trees_;  // of indexes that are gone
   std::vector<std::size_t> all_columns_;
+  std::string read_only_reason_;
   std::uint64_t generation_ = 0;
 };
 

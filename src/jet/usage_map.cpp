@@ -69,8 +69,9 @@ std::optional<PageNumber> UsageMap::Next(PageNumber from) const {
   }
   for (std::size_t i = from / kPagesPerBitmap; i < record.reference_count(); ++i) {
     const PageNumber bitmap = record.reference(i);
-    if (bitmap == 0 || bitmap >= pager_.page_count()) continue;
     const auto base = static_cast<PageNumber>(i * kPagesPerBitmap);
+    // Rubbish may stand where a short file needs no bitmap.
+    if (bitmap == 0 || base >= pager_.page_count()) continue;
     const PageRef page = ReadBitmapPage(pager_, bitmap);
     const auto bit = FindBit(page.bytes().subspan(kBitmapHead), from > base ? from - base : 0);
     if (bit) return base + static_cast<PageNumber>(*bit);
