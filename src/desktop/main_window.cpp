@@ -13,6 +13,7 @@
 
 #include "desktop/about.h"
 #include "editor/node_key.h"
+#include "files/replace_file.h"
 #include "workbench/item_chooser.h"
 #include "workbench/new_project.h"
 #include "workbench/text_numbers.h"
@@ -308,8 +309,8 @@ void MainWindow::SelectNode(const workbench::StudioNode& node) {
 // The procedure of a formula is shown beside its arguments, without taking the keyboard.
 void MainWindow::ShowCodeOfNode(const std::string& key) {
   editor::frmtabgrid* editor = session_->add_in().EditorWindow();
-  const std::int32_t id = editor::NumberOfKey(key);
-  if (!editor || editor::KindOfKey(key) != editor::kFormulaKind || id <= 0) return;
+  const std::int32_t id = editor::KeyNumber(key);
+  if (!editor || !editor::IsFormulaKey(key) || id <= 0) return;
   const auto formula = editor->operations().FindFormula(id);
   const auto point = formula ? formula->prog_id.find('.') : std::string::npos;
   if (point == std::string::npos) return;
