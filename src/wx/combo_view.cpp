@@ -3,11 +3,11 @@
 
 #include <wx/choice.h>
 #include <wx/combo.h>
-#include <wx/dataview.h>
 
 #include <algorithm>
 
 #include "wx/convert.h"
+#include "wx/entries_model.h"
 
 namespace wx {
 
@@ -46,32 +46,31 @@ class ChoiceView : public ControlView {
   wxChoice* choice_;
 };
 
-// The entries of a drop-down list, asked for as they are drawn.
-class EntriesModel : public wxDataViewVirtualListModel {
+// The entries of a drop-down as a source, wherever they come from.
+class ComboEntries : public forms::ListSource {
  public:
-  explicit EntriesModel(forms::ComboBox& combo)
-      : wxDataViewVirtualListModel(static_cast<unsigned>(combo.ListCount())), combo_(&combo) {}
-  void Detach() { combo_ = nullptr; }
-  unsigned GetColumnCount() const override { return 1; }
-  wxString GetColumnType(unsigned) const override { return "string"; }
-  void GetValueByRow(wxVariant& value, unsigned row, unsigned) const override {
-    value = combo_ ? ToWx(combo_->List(static_cast<std::int32_t>(row))) : wxString();
+  explicit ComboEntries(const forms::ComboBox& combo) : combo_(combo) {}
+  std::size_t Count() override { return static_cast<std::size_t>(combo_.ListCount()); }
+  forms::ListItem Item(std::size_t index) override {
+    auto position = static_cast<std::int32_t>(index);
+    return {combo_.List(position), combo_.ItemData(position)};
   }
-  bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
+  std::optional<std::size_t> FindPrefix(std::string_view prefix, std::size_t from) override {
+    return combo_.Source() ? combo_.Source()->FindPrefix(prefix, from)
+                           : ListSource::FindPrefix(prefix, from);
+  }
 
  private:
-  forms::ComboBox* combo_;
+  const forms::ComboBox& combo_;
 };
 
 class EntriesPopup : public wxComboPopup {
  public:
-  explicit EntriesPopup(forms::ComboBox& combo) : combo_(combo), model_(new EntriesModel(combo)) {}
+  explicit EntriesPopup(forms::ComboBox& combo)
+      : combo_(combo), entries_(combo), model_(new EntriesModel(entries_)) {}
 
   bool Create(wxWindow* parent) override {
-    list_ = new wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                               wxDV_SINGLE | wxDV_NO_HEADER);
-    list_->AssociateModel(model_.get());
-    list_->AppendTextColumn(wxEmptyString, 0);
+    list_ = MakeEntriesList(parent, *model_);
     list_->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { Choose(); });
     list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { Choose(); });
     return true;
@@ -86,14 +85,8 @@ class EntriesPopup : public wxComboPopup {
   }
 
   // Moves the mark to an entry without choosing it.
-  void Select(std::int32_t index) {
-    list_->UnselectAll();
-    if (index < 0 || index >= combo_.ListCount()) return;
-    wxDataViewItem item = model_->GetItem(static_cast<unsigned>(index));
-    list_->Select(item);
-    list_->EnsureVisible(item);
-  }
-  void Reload() { model_->Reset(static_cast<unsigned>(combo_.ListCount())); }
+  void Select(std::int32_t index) { MarkEntry(*list_, *model_, index); }
+  void Reload() { model_->Reload(); }
   void Detach() { model_->Detach(); }
 
  private:
@@ -104,6 +97,7 @@ class EntriesPopup : public wxComboPopup {
   }
 
   forms::ComboBox& combo_;
+  ComboEntries entries_;
   wxObjectDataPtr<EntriesModel> model_;
   wxDataViewCtrl* list_ = nullptr;
 };
@@ -176,8 +170,7 @@ class SearchView : public ControlView {
   }
 
   std::int32_t Find(const std::string& prefix) const {
-    if (!combo_.Source()) return combo_.FindText(prefix);
-    auto found = combo_.Source()->FindPrefix(prefix);
+    auto found = ComboEntries(combo_).FindPrefix(prefix, 0);
     return found ? static_cast<std::int32_t>(*found) : -1;
   }
 

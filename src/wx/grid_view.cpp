@@ -17,7 +17,7 @@ using platform::Variant;
 }  // namespace
 
 GridView::GridView(forms::Grid& grid, wxWindow* parent, const ViewContext& context)
-    : RowsView(grid, parent, context), grid_(grid) {
+    : RowsView(grid, parent, context), grid_(grid), editor_(grid, List(), Native()) {
   Cells().on_value = [this](std::size_t row, std::size_t column, const Variant& value) {
     if (grid_.ColumnAt(column).Kind() != forms::ColumnKind::kCheckBox) {
       grid_.SetEditValue(value);  // the end of the editing takes it over
@@ -28,7 +28,12 @@ GridView::GridView(forms::Grid& grid, wxWindow* parent, const ViewContext& conte
       List().Refresh();
     });
   };
-  List().Bind(wxEVT_LEFT_UP, &GridView::OnLeftUp, this);
+  List().Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
+    wxChar typed = event.GetUnicodeKey();
+    bool text = typed > WXK_SPACE && !event.HasModifiers();
+    if (text) editor_.Start(FromWx(wxString(typed)));
+    event.Skip(!text);
+  });
   List().Bind(wxEVT_DATAVIEW_COLUMN_REORDERED, [this](wxDataViewEvent& event) {
     wxDataViewColumn* moved = event.GetDataViewColumn();
     if (moved) OnReordered(*moved);
@@ -42,6 +47,7 @@ std::size_t GridView::NumberOf(const wxDataViewColumn* column) const {
 
 void GridView::BuildColumns() {
   Native().ForgetColumns();
+  Native().WatchPresses([this](const CellPress& press) { return OnPress(press); });
   List().ClearColumns();
   for (std::size_t number : grid_.DisplayOrder()) List().AppendColumn(MakeColumn(number));
   for (unsigned i = 0; i < List().GetColumnCount(); ++i) {
@@ -69,12 +75,7 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
     renderer = new wxDataViewTextRenderer(
         "string", model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_EDITABLE);
     renderer->EnableEllipsize(wxELLIPSIZE_END);
-    Native().WatchEditing(
-        *renderer,
-        {.on_start = [this, number](std::size_t row) { OnStart(row, number); },
-         .on_text = [this](const std::string& text) { grid_.SetEditValue(Variant(text)); },
-         .on_arrow = nullptr,
-         .on_end = [this](bool escaped) { OnEnd(escaped); }});
+    editor_.Watch(*renderer, number);
   }
   int flags = wxDATAVIEW_COL_REORDERABLE | (model.AllowSizing() ? wxDATAVIEW_COL_RESIZABLE : 0) |
               (model.Visible() ? 0 : wxDATAVIEW_COL_HIDDEN);
@@ -108,62 +109,31 @@ void GridView::OnReordered(const wxDataViewColumn& moved) {
   Show(forms::Property::kColumns);  // puts back what the split does not allow
 }
 
-void GridView::OnLeftUp(wxMouseEvent& event) {
-  event.Skip();
-  wxDataViewItem item;
-  wxDataViewColumn* column = nullptr;
-  List().HitTest(event.GetPosition(), item, column);
-  if (!item.IsOk() || !column) return;
-  std::size_t number = NumberOf(column);
-  if (!grid_.ColumnAt(number).Button()) return;
-  if (!Native().IsOnCellButton(*column, event.GetPosition())) return;
-  Later([this, number] {
-    Native().CancelEditing();
-    grid_.SetCurrentColumn(number);
-    if (grid_.on_button_click) grid_.on_button_click(number);
-  });
-}
-
-void GridView::OnStart(std::size_t row, std::size_t column) {
-  if (!grid_.SetCurrentId(grid_.IdAt(row)) || !grid_.BeginEdit(column)) {
-    Later([this] { Native().CancelEditing(); });
+bool GridView::OnPress(const CellPress& press) {
+  if (press.double_click) {
+    editor_.OnPress(press);
+    bool check_box = grid_.ColumnAt(press.column).Kind() == forms::ColumnKind::kCheckBox;
+    if (!check_box) Later([this] { OnDoubleClick(); });
+    return true;
   }
-}
-
-void GridView::OnEnd(bool escaped) {
-  if (!grid_.EditActive() || ending_) return;
-  Later([this, escaped] {
-    ending_ = true;
-    if (escaped) {
-      grid_.CancelEdit();
-    } else {
-      grid_.EndEdit();
-    }
-    ending_ = false;
+  if (!press.on_button) return editor_.OnPress(press);
+  Later([this, id = grid_.IdAt(press.row), column = press.column] {
+    if (!grid_.SetCurrentId(id)) return;
+    ShowCurrent();
+    grid_.SetCurrentColumn(column);
+    if (grid_.on_button_click) grid_.on_button_click(column);
   });
+  return true;
 }
 
 void GridView::Show(forms::Property property) {
   RowsView::Show(property);
-  // The model ended the editing of a cell by itself.
-  if (property == forms::Property::kEditState && !grid_.EditActive() && Native().Editing()) {
-    Native().CancelEditing();
-  }
-}
-
-void GridView::StartEditing() {
-  wxDataViewItem item = List().GetCurrentItem();
-  wxDataViewColumn* column = List().GetCurrentColumn();
-  if (item.IsOk() && column) List().EditItem(item, column);
+  if (property == forms::Property::kEditState && !grid_.EditActive()) editor_.OnModelEnded();
 }
 
 bool GridView::OnKey(const wxKeyEvent& event) {
   grid_.SetCurrentColumn(NumberOf(List().GetCurrentColumn()));
-  if (event.GetModifiers() == wxMOD_NONE && event.GetKeyCode() == WXK_F2) {
-    StartEditing();
-    return true;
-  }
-  return false;
+  return editor_.OnKey(event);
 }
 
 ListViewView::ListViewView(forms::ListView& list, wxWindow* parent, const ViewContext& context)

@@ -3,6 +3,7 @@
 
 #include "forms/grid.h"
 #include "forms/list_view.h"
+#include "wx/cell_editor.h"
 #include "wx/rows_view.h"
 
 namespace wx {
@@ -19,15 +20,12 @@ class GridView : public RowsView {
   void Show(forms::Property property) override;
 
   wxDataViewColumn* MakeColumn(std::size_t number);
-  void OnLeftUp(wxMouseEvent& event);
+  bool OnPress(const CellPress& press);
   void OnReordered(const wxDataViewColumn& moved);
-  void OnStart(std::size_t row, std::size_t column);
-  void OnEnd(bool escaped);
-  void StartEditing();
   std::size_t NumberOf(const wxDataViewColumn* column) const;
 
   forms::Grid& grid_;
-  bool ending_ = false;
+  CellEditor editor_;
 };
 
 // A list with columns, without editing.

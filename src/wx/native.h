@@ -6,6 +6,8 @@
 #include <wx/stattext.h>
 #include <wx/window.h>
 
+#include <functional>
+
 namespace wx {
 
 // A label whose mnemonic moves to the control after it, and which is that control's name for
@@ -14,6 +16,9 @@ wxStaticText* NewLabel(wxWindow* parent);
 
 // The height that the native widget asks for.
 int NativeHeight(const wxWindow& window);
+
+// Runs the task from the message loop, after all events of the window system that are queued.
+void CallWhenIdle(std::function<void()> task);
 
 // Shows a shortcut beside a menu entry without making it an accelerator of the whole window: the
 // part of the window that has the keyboard acts on the key.

@@ -4,6 +4,7 @@
 #include <wx/accel.h>
 
 #include <memory>
+#include <utility>
 
 #include "wx/native.h"
 
@@ -55,6 +56,16 @@ int NativeHeight(const wxWindow& window) {
   int least = 0, natural = 0;
   gtk_widget_get_preferred_height(window.GetHandle(), &least, &natural);
   return natural;
+}
+
+void CallWhenIdle(std::function<void()> task) {
+  using Task = std::function<void()>;
+  auto run = [](gpointer data) -> gboolean {
+    (*static_cast<Task*>(data))();
+    return G_SOURCE_REMOVE;
+  };
+  auto destroy = [](gpointer data) { delete static_cast<Task*>(data); };
+  g_idle_add_full(G_PRIORITY_LOW, run, new Task(std::move(task)), destroy);
 }
 
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {

@@ -23,6 +23,15 @@ struct CellEditing {
   std::function<void(bool escaped)> on_end;
 };
 
+// A press of the left button on a cell.
+struct CellPress {
+  std::size_t row = 0;
+  std::size_t column = 0;  // of the model
+  bool on_button = false;  // on the picture at the end of the cell
+  bool double_click = false;
+  bool plain = true;  // no modifier is held
+};
+
 class NativeList {
  public:
   explicit NativeList(wxDataViewCtrl& list);
@@ -39,6 +48,10 @@ class NativeList {
 
   // The text of the cell that is being edited.
   void SetEntryText(const std::string& text);
+  // The same, with what follows the typed text selected.
+  void CompleteEntry(const std::string& text, const std::string& typed);
+  // Ends the editing of a cell as Enter does.
+  void CommitEditing();
   // Ends the editing of a cell as Esc does.
   void CancelEditing();
   bool Editing() const;
@@ -47,8 +60,11 @@ class NativeList {
 
   // Puts the picture at the right end of each cell of the column.
   void AddCellButton(wxDataViewColumn& column, const wxBitmapBundle& picture);
-  // Whether a point of the list lies on a cell button of the column.
-  bool IsOnCellButton(const wxDataViewColumn& column, wxPoint point) const;
+  // Sees presses before the list does; true keeps them from it.
+  void WatchPresses(std::function<bool(const CellPress& press)> on_press);
+
+  // Moves the keyboard to a cell, without editing it.
+  void SetCurrentCell(std::size_t row, std::size_t column);
 
   // Text that is drawn where the rows would be; "" for none.
   void SetEmptyText(const std::string& text);

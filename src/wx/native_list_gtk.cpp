@@ -47,7 +47,9 @@ struct NativeList::State {
     GtkCellRenderer* renderer;
   };
 
+  wxDataViewCtrl* list = nullptr;
   GtkTreeView* tree = nullptr;
+  std::function<bool(const CellPress&)> on_press;
   std::string empty_text;
   std::vector<std::unique_ptr<Watched>> watched;
   std::vector<std::unique_ptr<Width>> widths;
@@ -55,17 +57,15 @@ struct NativeList::State {
   std::vector<std::unique_ptr<Handler>> column_handlers;
   std::vector<std::unique_ptr<Handler>> entry_handlers;
   std::unique_ptr<Handler> draw;
-  GtkCellRenderer* editing_renderer = nullptr;
+  std::unique_ptr<Handler> press;
   GtkEntry* entry = nullptr;
   bool escaped = false;
 
-  static void OnStarted(GtkCellRenderer* renderer, GtkCellEditable* editable, gchar* path,
-                        gpointer data) {
+  static void OnStarted(GtkCellRenderer*, GtkCellEditable* editable, gchar* path, gpointer data) {
     auto* column = static_cast<Watched*>(data);
     State& state = *column->state;
     if (!GTK_IS_ENTRY(editable)) return;
     state.entry = GTK_ENTRY(editable);
-    state.editing_renderer = renderer;
     state.escaped = false;
     auto watch = [&](const char* signal, GCallback callback) {
       state.entry_handlers.push_back(std::make_unique<Handler>(editable, signal, callback, column));
@@ -90,8 +90,45 @@ struct NativeList::State {
     auto* column = static_cast<Watched*>(data);
     State& state = *column->state;
     state.entry = nullptr;
-    state.editing_renderer = nullptr;
     column->editing.on_end(state.escaped);
+  }
+  static gboolean OnPress(GtkWidget*, GdkEventButton* event, gpointer data) {
+    auto& state = *static_cast<State*>(data);
+    bool press = event->type == GDK_BUTTON_PRESS || event->type == GDK_2BUTTON_PRESS;
+    if (!press || event->button != GDK_BUTTON_PRIMARY || !state.on_press) return FALSE;
+    GtkTreePath* path = nullptr;
+    GtkTreeViewColumn* column = nullptr;
+    int cell_x = 0;
+    if (!gtk_tree_view_get_path_at_pos(state.tree, static_cast<int>(event->x),
+                                       static_cast<int>(event->y), &path, &column, &cell_x,
+                                       nullptr)) {
+      return FALSE;
+    }
+    CellPress cell;
+    cell.row = static_cast<std::size_t>(gtk_tree_path_get_indices(path)[0]);
+    gtk_tree_path_free(path);
+    cell.column = state.NumberOf(column);
+    cell.on_button = state.IsOnButton(column, cell_x);
+    cell.double_click = event->type == GDK_2BUTTON_PRESS;
+    cell.plain = (event->state & gtk_accelerator_get_default_mod_mask()) == 0;
+    return state.on_press(cell) ? TRUE : FALSE;
+  }
+  // Number in the model of a native column.
+  std::size_t NumberOf(GtkTreeViewColumn* native) const {
+    for (unsigned i = 0; i < list->GetColumnCount(); ++i) {
+      wxDataViewColumn* column = list->GetColumn(i);
+      if (GTK_TREE_VIEW_COLUMN(column->GetGtkHandle()) == native) return column->GetModelColumn();
+    }
+    return 0;
+  }
+  bool IsOnButton(GtkTreeViewColumn* column, int cell_x) const {
+    for (const Button& button : buttons) {
+      if (button.column != column) continue;
+      int start = 0;
+      gtk_tree_view_column_cell_get_position(column, button.renderer, &start, nullptr);
+      return cell_x >= start;
+    }
+    return false;
   }
   static void OnWidth(GObject* column, GParamSpec*, gpointer data) {
     int width = gtk_tree_view_column_get_fixed_width(GTK_TREE_VIEW_COLUMN(column));
@@ -117,8 +154,11 @@ struct NativeList::State {
 };
 
 NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>()) {
+  state_->list = &list;
   state_->tree = GTK_TREE_VIEW(list.GtkGetTreeView());
   gtk_tree_view_set_enable_search(state_->tree, FALSE);  // typing belongs to the cells
+  state_->press = std::make_unique<Handler>(state_->tree, "button-press-event",
+                                            G_CALLBACK(State::OnPress), state_.get());
   state_->draw = std::make_unique<Handler>(state_->tree, "draw", G_CALLBACK(State::OnDraw),
                                            state_.get(), G_CONNECT_AFTER);
 }
@@ -141,13 +181,13 @@ void NativeList::WatchWidth(wxDataViewColumn& column, std::function<void(int)> o
 }
 
 void NativeList::ForgetColumns() {
+  state_->on_press = nullptr;
   state_->column_handlers.clear();
   state_->entry_handlers.clear();
   state_->watched.clear();
   state_->widths.clear();
   state_->buttons.clear();
   state_->entry = nullptr;
-  state_->editing_renderer = nullptr;
 }
 
 void NativeList::SetEntryText(const std::string& text) {
@@ -156,11 +196,26 @@ void NativeList::SetEntryText(const std::string& text) {
   gtk_editable_set_position(GTK_EDITABLE(state_->entry), -1);
 }
 
+void NativeList::CompleteEntry(const std::string& text, const std::string& typed) {
+  SetEntryText(text);
+  if (!state_->entry) return;
+  auto start = static_cast<int>(g_utf8_strlen(typed.c_str(), -1));
+  gtk_editable_select_region(GTK_EDITABLE(state_->entry), start, -1);
+}
+
+void NativeList::CommitEditing() {
+  if (!state_->entry) return;
+  GtkCellEditable* entry = GTK_CELL_EDITABLE(g_object_ref(state_->entry));
+  gtk_cell_editable_editing_done(entry);
+  gtk_cell_editable_remove_widget(entry);
+  g_object_unref(entry);
+}
+
 void NativeList::CancelEditing() {
-  if (!state_->editing_renderer) return;
+  if (!state_->entry) return;
   state_->escaped = true;
-  gtk_cell_renderer_stop_editing(state_->editing_renderer, TRUE);
-  if (state_->entry) gtk_cell_editable_editing_done(GTK_CELL_EDITABLE(state_->entry));
+  g_object_set(state_->entry, "editing-canceled", TRUE, nullptr);
+  CommitEditing();
 }
 
 bool NativeList::Editing() const { return state_->entry != nullptr; }
@@ -189,21 +244,19 @@ void NativeList::AddCellButton(wxDataViewColumn& column, const wxBitmapBundle& p
   state_->buttons.push_back({native, renderer});
 }
 
-bool NativeList::IsOnCellButton(const wxDataViewColumn& column, wxPoint point) const {
-  int x = 0, y = 0;
-  gtk_tree_view_convert_widget_to_bin_window_coords(state_->tree, point.x, point.y, &x, &y);
-  GtkTreeViewColumn* at = nullptr;
-  int cell_x = 0;
-  if (!gtk_tree_view_get_path_at_pos(state_->tree, x, y, nullptr, &at, &cell_x, nullptr)) {
-    return false;
+void NativeList::WatchPresses(std::function<bool(const CellPress&)> on_press) {
+  state_->on_press = std::move(on_press);
+}
+
+void NativeList::SetCurrentCell(std::size_t row, std::size_t column) {
+  for (unsigned i = 0; i < state_->list->GetColumnCount(); ++i) {
+    wxDataViewColumn* native = state_->list->GetColumn(i);
+    if (native->GetModelColumn() != column) continue;
+    GtkTreePath* path = gtk_tree_path_new_from_indices(static_cast<int>(row), -1);
+    gtk_tree_view_set_cursor(state_->tree, path, GTK_TREE_VIEW_COLUMN(native->GetGtkHandle()),
+                             FALSE);
+    gtk_tree_path_free(path);
   }
-  for (const State::Button& button : state_->buttons) {
-    if (button.column != at || GTK_TREE_VIEW_COLUMN(column.GetGtkHandle()) != at) continue;
-    int start = 0, width = 0;
-    gtk_tree_view_column_cell_get_position(at, button.renderer, &start, &width);
-    return cell_x >= start;
-  }
-  return false;
 }
 
 void NativeList::SetEmptyText(const std::string& text) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "wx/toolkit.h"
 
-#include <wx/app.h>
 #include <wx/fontdlg.h>
 #include <wx/msgdlg.h>
 #include <wx/toplevel.h>
@@ -12,6 +11,7 @@
 #include "texts/text_table.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
+#include "wx/native.h"
 
 namespace wx {
 
@@ -184,7 +184,7 @@ void Toolkit::SetPointer(platform::Pointer pointer) {
 
 void Toolkit::Beep() { wxBell(); }
 
-void Toolkit::CallLater(std::function<void()> task) { wxTheApp->CallAfter(std::move(task)); }
+void Toolkit::CallLater(std::function<void()> task) { CallWhenIdle(std::move(task)); }
 
 void Toolkit::SendKeys(std::string_view keys) {
   if (keys != "{F1}") return;

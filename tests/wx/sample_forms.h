@@ -222,6 +222,7 @@ class GridsForm : public forms::Form {
         for (const auto& change : changes) row.cells[change.column] = change.new_value;
       }
       Log("write " + std::to_string(id));
+      for (const auto& change : changes) Log(change.field + "=" + change.new_value.ToText());
     };
     tdbP.on_after_column_update = [this](std::size_t) { tdbP.Update(); };
     tdbP.on_key_down = [this](forms::KeyEvent& key) {

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/dataview.h>
+#include <wx/timer.h>
+
+#include <memory>
+#include <string>
+
+#include "forms/grid.h"
+#include "wx/cell_list.h"
+#include "wx/native_list.h"
+
+namespace wx {
+
+// The editing of a grid's cells in place. It begins by F2, by typing, or by a click on the cell of
+// the current row that no second click follows; a double click belongs to the row. A drop-down
+// column shows its list below the cell and completes what is typed.
+class CellEditor {
+ public:
+  CellEditor(forms::Grid& grid, wxDataViewCtrl& list, NativeList& native);
+  ~CellEditor();
+  CellEditor(const CellEditor&) = delete;
+  CellEditor& operator=(const CellEditor&) = delete;
+
+  // Follows the editing of a column.
+  void Watch(wxDataViewRenderer& renderer, std::size_t column);
+  // Begins with the current cell; `typed` replaces its text.
+  void Start(const std::string& typed = {});
+  // A key of the list; true when it began the editing.
+  bool OnKey(const wxKeyEvent& event);
+  // A press of the left button on a cell; true when it was used.
+  bool OnPress(const CellPress& press);
+  // The model ended the editing by itself.
+  void OnModelEnded();
+
+ private:
+  void OnStart(std::size_t row, std::size_t column);
+  void OnText(const std::string& text);
+  bool OnArrow(bool up);
+  void OnEnd(bool escaped);
+  void OpenList(const forms::Column& column);
+  bool CanEdit(std::size_t column) const;
+
+  forms::Grid& grid_;
+  wxDataViewCtrl& list_;
+  NativeList& native_;
+  wxTimer click_timer_;
+  std::unique_ptr<CellList> cell_list_;
+  std::string last_text_;
+  bool completing_ = false;
+};
+
+}  // namespace wx
