@@ -12,8 +12,11 @@ namespace dialogs {
 
 // Help topics of the dialogs: those of the tree nodes whose objects they edit.
 inline constexpr std::int32_t kEditorHelpTopic = 90002;
-inline constexpr std::int32_t kFormulaHelpTopic = 90023;
-inline constexpr std::int32_t kAliasHelpTopic = 90029;
+inline constexpr std::int32_t kOptionsHelpTopic = 90004;
+inline constexpr std::int32_t kFormulaHelpTopic = 90024;
+inline constexpr std::int32_t kArgumentHelpTopic = 90025;
+inline constexpr std::int32_t kAliasHelpTopic = 90030;
+inline constexpr std::int32_t kChooseAliasHelpTopic = 90031;
 
 // What the modal dialogs share: OK, Cancel and Help, captions in the current language, and the
 // answer. A dialog lives for one operation; it may be shown again with what the user entered.

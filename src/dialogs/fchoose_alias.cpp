@@ -17,7 +17,7 @@ constexpr std::int32_t kNothingFound = 1612;
 }  // namespace
 
 FChooseAlias::FChooseAlias(const Surroundings& surroundings)
-    : DialogForm("FChooseAlias", surroundings, kAliasHelpTopic) {
+    : DialogForm("FChooseAlias", surroundings, kChooseAliasHelpTopic) {
   SetTag("C1610");
   lblSearch.SetTag("C1611");
   SetResizable(true);

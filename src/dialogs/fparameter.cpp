@@ -13,7 +13,7 @@ constexpr std::int32_t kItemOfAlias = 1605;
 }  // namespace
 
 FParameter::FParameter(const Surroundings& surroundings)
-    : DialogForm("FParameter", surroundings, kFormulaHelpTopic) {
+    : DialogForm("FParameter", surroundings, kArgumentHelpTopic) {
   SetTag("C500");
   lblVBAlias.SetTag("C501");
   chkIn.SetTag("C502");

@@ -38,7 +38,7 @@ bool WriteOptions(settings::CInit& inits) {
 }  // namespace
 
 FConfigEditor::FConfigEditor(const dialogs::Surroundings& surroundings)
-    : DialogForm("FConfigEditor", surroundings, dialogs::kEditorHelpTopic) {
+    : DialogForm("FConfigEditor", surroundings, dialogs::kOptionsHelpTopic) {
   SetTag("C163");
   lblEditorFont.SetTag("C701");
   chkDelQuestion.SetTag("C702");

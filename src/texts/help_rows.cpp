@@ -36,6 +36,18 @@ constexpr Row kRows[] = {
     {1725, "Formeln", "Formulas"},
     {1726, "Das Projekt hat noch keine Formeln.", "The project has no formulas yet."},
     {1727, "de", "en"},
+    // Window of the help.
+    {1740, "Hilfe – OrvanaStudio Formeleditor", "Help – OrvanaStudio Formula Editor"},
+    {1741, "Inhalt", "Contents"},
+    {1742, "Stichwörter", "Index"},
+    {1743, "In der Hilfe suchen", "Search the help"},
+    {1744, "Zurück", "Back"},
+    {1745, "Vorwärts", "Forward"},
+    {1746, "Suche nach \"<Text>\"", "Search for \"<Text>\""},
+    {1747, "Keine Seite enthält \"<Text>\". Versuchen Sie ein anderes oder ein kürzeres Wort.",
+     "No page contains \"<Text>\". Try another or a shorter word."},
+    {1748, "Stichwort", "Index word"},
+    {1749, "Hilfeseite", "Help page"},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <wx/menuitem.h>
 #include <wx/stattext.h>
+#include <wx/toplevel.h>
 #include <wx/window.h>
 
 #include <functional>
@@ -27,5 +28,8 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
 // Name and description of a control for screen readers.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 void SetAccessibleDescription(wxWindow& window, const wxString& description);
+
+// The window takes keys and clicks also while a dialog of the program waits for its answer.
+void KeepUsableDuringDialogs(wxTopLevelWindow& window);
 
 }  // namespace wx

@@ -93,4 +93,11 @@ void SetAccessibleDescription(wxWindow& window, const wxString& description) {
   if (object) atk_object_set_description(object, description.utf8_str());
 }
 
+// A dialog grabs the input of its own group of windows only.
+void KeepUsableDuringDialogs(wxTopLevelWindow& window) {
+  GtkWindowGroup* group = gtk_window_group_new();
+  gtk_window_group_add_window(group, GTK_WINDOW(window.GetHandle()));
+  g_object_unref(group);  // the window holds it
+}
+
 }  // namespace wx

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/help_page.h"
+
+#include <wx/filesys.h>
+#include <wx/fs_mem.h>
+#include <wx/image.h>
+#include <wx/settings.h>
+
+#include "handbook/embedded_file.h"
+#include "wx/convert.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr const char* kPictureFolder = "help/";
+
+wxString Colour(const wxColour& colour) { return colour.GetAsString(wxC2S_HTML_SYNTAX); }
+
+}  // namespace
+
+void ProvideHelpPictures() {
+  static bool done = false;
+  if (done) return;
+  done = true;
+  if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) wxImage::AddHandler(new wxPNGHandler);
+  wxFileSystem::AddHandler(new wxMemoryFSHandler);
+  for (const handbook::EmbeddedFile& file : handbook::EmbeddedFiles()) {
+    if (!file.name.ends_with(".png")) continue;
+    wxMemoryFSHandler::AddFileWithMimeType(kPictureFolder + wx::ToWx(file.name), file.bytes.data(),
+                                           file.bytes.size(), "image/png");
+  }
+}
+
+wxString HelpPage(std::string_view html) {
+  const bool dark = wxSystemSettings::GetAppearance().IsDark();
+  const wxString shade = dark ? "#2b3038" : "#eef1f5";
+  wxString page = wx::ToWx(html);
+  page.Replace("<body>",
+               wxString::Format("<body bgcolor=\"%s\" text=\"%s\" link=\"%s\">",
+                                Colour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)),
+                                Colour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT)),
+                                dark ? "#6cb2ff" : "#1b66c9"));
+  page.Replace("<table>", "<table border=\"0\" cellspacing=\"2\" cellpadding=\"5\">");
+  page.Replace("<th>", "<th align=\"left\" bgcolor=\"" + shade + "\">");
+  page.Replace("<td>", "<td valign=\"top\">");
+  page.Replace("<pre>",
+               "<table width=\"100%\" cellpadding=\"8\" bgcolor=\"" + shade + "\"><tr><td><pre>");
+  page.Replace("</pre>", "</pre></td></tr></table>");
+  page.Replace("src=\"../", wxString("src=\"memory:") + kPictureFolder);
+  return page;
+}
+
+std::string HelpDocument(std::string_view body) {
+  return "<html><body>" + std::string(body) + "</body></html>";
+}
+
+}  // namespace desktop
