@@ -152,7 +152,7 @@ void frmtabgrid::InitializeCodeGenerator() {
   aliases_by_name_ = std::make_shared<dialogs::AliasTable>(
       connection, connection->CreateRecordset(), *operations_, dialogs::AliasOrder::kName);
   surroundings_.emplace(dialogs::Surroundings{services_.toolkit, texts_, messages_, *operations_,
-                                              aliases_by_name_, dummy_var_ocx_, &*studio_,
+                                              aliases_by_name_, dummy_var_ocx_, studio_.get(),
                                               &services_.help, this});
   tdbP.ColumnAt(kAliasIdColumn).SetList(std::make_shared<dialogs::AliasList>(aliases_by_name_));
   tdbP.SetRowSource(arguments_);
@@ -257,7 +257,10 @@ void frmtabgrid::VerifyAdds(std::string_view key) {
   grid_editing_.SetSilent(false);
   if (written) return;
   grid->CancelUpdate();
-  messages_.ShowHostError(*studio_, grid->ErrorText());
+  std::string error = grid->ErrorText();
+  if (const std::string detail = grid_editing_.TakeDetail(); !detail.empty())
+    error += "\n" + detail;
+  messages_.ShowHostError(*studio_, error);
 }
 
 void frmtabgrid::MenuSwitcher(std::string_view key, bool toolbar_flag) {

@@ -2,7 +2,6 @@
 #include "editor/grid_editing.h"
 
 #include <memory>
-#include <utility>
 
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/outcome.h"
@@ -207,7 +206,7 @@ void GridEditing::WriteAlias(std::int64_t id, const std::vector<forms::CellChang
 
 void GridEditing::OnError(forms::Grid& grid, const forms::GridError& error) {
   if (silent_) return;
-  const std::string detail = std::exchange(detail_, {});
+  const std::string detail = TakeDetail();
   if (error.number == kDataError) {
     std::string cause = error.description;
     AppendLine(cause, detail);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/grid.h"
@@ -20,6 +21,8 @@ class GridEditing {
 
   // While true the reports of a failing row are left to whoever writes it.
   void SetSilent(bool silent) { silent_ = silent; }
+  // What the last failure has to add to its description.
+  std::string TakeDetail() { return std::exchange(detail_, {}); }
 
  private:
   // What the two grids do differently.

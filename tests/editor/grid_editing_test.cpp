@@ -131,7 +131,8 @@ TEST(GridEditing, PendingEditThatFailsOnLeavingIsShownByTheStudio) {
   grid.BeginEdit(kVBAliasColumn);
   grid.SetEditValue("Running");
   bench.Click("FORF1");
-  EXPECT_THAT(bench.studio->errors, ElementsAre(HasSubstr("Doppelter Name")));
+  EXPECT_THAT(bench.studio->errors,
+              ElementsAre(testing::AllOf(HasSubstr("Doppelter Name"), HasSubstr("Pump.Running"))));
   EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
   EXPECT_EQ(bench.Aliases().front(), "1|Tank1.Level|Level");
   EXPECT_EQ(bench.Window().CurrentKey(), "FORF1");
