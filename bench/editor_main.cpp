@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "bench/plant.h"
 #include "bench/report.h"
 #include "dialogs/fparameter.h"
 #include "tests/support/editor_bench.h"
@@ -23,10 +22,18 @@ constexpr int kRounds = 7;
 // A project with one formula and some aliases, open on its alias node.
 struct Opened : support::EditorBench {
   explicit Opened(std::size_t aliases) {
-    plant.connection->Open(store::ProjectConnectionString(support::kPlantDatabase));
-    WritePlant(Plant(1, aliases, 10), "PumpServer", plant.connection->database());
-    plant.connection->Close();
     Start();
+    Click("FORA0");
+    std::vector<store::AliasValues> values;
+    for (std::size_t i = 0; i < aliases; ++i) {
+      const std::string number = std::to_string(i);
+      values.push_back({"Area" + std::to_string(i % 97) + ".Item" + number, "Alias" + number});
+    }
+    const auto added = Window().operations().AddAliases(values);
+    HaveFormula("Formula1", "PumpServer.CPump");
+    for (int i = 0; i < 10; ++i)
+      HaveArgument(1, added.ids.at(static_cast<std::size_t>(i)), true, false);
+    Click("FORF1");
     Click("FORA0");
     See(Window().tdbA, 0);
   }
