@@ -215,7 +215,7 @@ void HelpFrame::Render() {
   const Place place = history_[current_];
   const handbook::Topic* topic = book_.FindFile(place.file);
   page_->SetPage(HelpPage(topic ? std::string(topic->html) : Results(place.query)));
-  if (!place.anchor.empty()) page_->ScrollToAnchor(wx::ToWx(place.anchor));
+  if (!place.anchor.empty()) page_->LoadPage("#" + wx::ToWx(place.anchor));
   back_->Enable(current_ > 0);
   forward_->Enable(current_ + 1 < history_.size());
   MarkContents(place.file);

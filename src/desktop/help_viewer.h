@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/weakref.h>
-
 #include <cstdint>
 #include <string_view>
+#include <type_traits>  // wx/weakref.h needs it and does not include it
+
+#include <wx/weakref.h>
 
 #include "desktop/help_frame.h"
 #include "handbook/book.h"
