@@ -34,6 +34,21 @@ std::string OptionWithoutValue(const std::vector<std::string>& words, const Comm
   return words.empty() ? std::string() : words.back();
 }
 
+// Gives the words to the arguments in their order; a repeatable argument, the last one, takes the
+// rest.
+void AssignArguments(const std::vector<std::string>& words, const Invocation& invocation,
+                     Invocation::Values& values) {
+  auto word = words.begin();
+  for (const ArgumentSpec& argument : invocation.command().arguments) {
+    std::vector<std::string>& taken = values[std::string(argument.name)];
+    while (word != words.end() && (taken.empty() || argument.repeatable)) taken.push_back(*word++);
+    if (argument.required && taken.empty()) {
+      throw UsageError(invocation.Text(kTextMissingArgument, {{"<Word>", argument.name}}));
+    }
+  }
+  if (word != words.end()) RaiseExtra(*word, invocation);
+}
+
 }  // namespace
 
 void ParseArguments(const std::vector<std::string>& words, Invocation& invocation) {
@@ -43,12 +58,8 @@ void ParseArguments(const std::vector<std::string>& words, Invocation& invocatio
   app.allow_extras();
   Invocation::Values values;
   std::vector<std::pair<std::string, CLI::Option*>> flags;
-  for (const ArgumentSpec& argument : command.arguments) {
-    const std::string name(argument.name);
-    // Positional names of the library are identifiers; ours are shown to people.
-    app.add_option("argument" + std::to_string(values.size()), values[name])
-        ->expected(1, argument.repeatable ? kManyValues : 1);
-  }
+  std::vector<std::string> positionals;
+  app.add_option("arguments", positionals)->expected(0, kManyValues);
   for (const OptionSpec& option : command.options) {
     const std::string name(option.name);
     if (option.value.empty()) {
@@ -56,6 +67,7 @@ void ParseArguments(const std::vector<std::string>& words, Invocation& invocatio
     } else {
       app.add_option(name, values[name])
           ->expected(1)
+          ->allow_extra_args(false)
           ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     }
   }
@@ -69,11 +81,7 @@ void ParseArguments(const std::vector<std::string>& words, Invocation& invocatio
   }
   const auto extras = app.remaining();
   if (!extras.empty()) RaiseExtra(extras.front(), invocation);
-  for (const ArgumentSpec& argument : command.arguments) {
-    if (argument.required && values.find(argument.name)->second.empty()) {
-      throw UsageError(invocation.Text(kTextMissingArgument, {{"<Word>", argument.name}}));
-    }
-  }
+  AssignArguments(positionals, invocation, values);
   for (const auto& [name, option] : flags) {
     if (option->count() > 0) values[name] = {""};
   }
