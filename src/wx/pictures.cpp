@@ -20,6 +20,8 @@ struct Drawing {
 };
 
 constexpr Drawing kDrawings[] = {
+    {"program",
+     R"(<rect x="1" y="1" width="14" height="14" rx="3" fill="#1b66c9"/><path d="M11.4 3.7c-1.9-.6-2.8.3-3.2 2L6.9 11.4c-.4 1.5-1.3 2-2.7 1.5M5.4 7.3h5.2" stroke="#ffffff" stroke-width="1.5" stroke-linecap="round" fill="none"/>)"},
     {"icoForEditor",
      R"(<rect x="1.5" y="1.5" width="13" height="13" rx="2" fill="none" stroke="FG"/><path d="M4 5.5h8M4 8.5h8M4 11.5h5" stroke="AC" fill="none"/>)"},
     {"icoForFunction",
