@@ -141,6 +141,10 @@ void ClassEdits::InsertDeclarations(const Place& place) {
     if (place.module.FindMember(declaration.alias)) continue;
     if (!names.insert(platform::FoldCase(declaration.alias)).second) continue;
     lines.push_back(declaration.line);
+    if (const IdentifierHint hint = CheckIdentifier(declaration.alias)) {
+      place.report.Warn(HintText(hint.problem),
+                        {{"<Name>", declaration.alias}, {"<Character>", hint.character}});
+    }
   }
   if (lines.empty()) return;
   const std::int32_t last = place.module.CountOfDeclarationLines();

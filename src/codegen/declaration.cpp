@@ -2,6 +2,7 @@
 #include "codegen/declaration.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "codegen/source_line.h"
 #include "codegen/templates.h"
@@ -98,17 +99,58 @@ std::string JoinContinued(const std::vector<std::string>& lines) {
   return joined;
 }
 
+// Collects the names of types and enumerations, statement by statement.
+class TypeNameCollector {
+ public:
+  void Visit(std::string_view statement) {
+    Reader reader(statement);
+    if (block_ != Block::kNone) return VisitElement(reader);
+    if (!reader.TakeWord("public")) reader.TakeWord("private");
+    if (reader.TakeWord("type")) {
+      block_ = Block::kType;
+    } else if (reader.TakeWord("enum")) {
+      block_ = Block::kEnum;
+    } else {
+      return;
+    }
+    Add(reader.Word());
+  }
+
+  std::unordered_set<std::string> Take() { return std::move(names_); }
+
+ private:
+  enum class Block { kNone, kType, kEnum };
+
+  void VisitElement(Reader& reader) {
+    const std::string_view word = reader.Word();
+    const bool ends = platform::EqualsIgnoringCase(word, "end") &&
+                      reader.TakeWord(block_ == Block::kType ? "type" : "enum");
+    if (ends) {
+      block_ = Block::kNone;
+    } else if (block_ == Block::kEnum) {
+      Add(word);
+    }
+  }
+
+  void Add(std::string_view name) {
+    name = WithoutBrackets(name);
+    if (!name.empty()) names_.insert(platform::FoldCase(name));
+  }
+
+  Block block_ = Block::kNone;
+  std::unordered_set<std::string> names_;
+};
+
 }  // namespace
 
 std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines) {
   const std::string line = JoinContinued(lines);
   const std::size_t comment = CommentStart(line);
   Reader reader(std::string_view(line).substr(0, comment));
-  for (const std::string_view word : {"public", "private", "friend", "static"}) {
-    reader.TakeWord(word);
-  }
-  if (!reader.TakeWord("sub")) return std::nullopt;
+  for (const std::string_view word : {"public", "private", "friend"}) reader.TakeWord(word);
   SubDeclaration result;
+  result.is_static = reader.TakeWord("static");
+  if (!reader.TakeWord("sub")) return std::nullopt;
   result.name = WithoutBrackets(reader.Word());
   if (result.name.empty()) return std::nullopt;
   if (reader.Take('(')) result.parameters = TrimBlanks(reader.Parenthesised());
@@ -119,6 +161,7 @@ std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines) {
 
 std::string RenamedSub(const SubDeclaration& old, std::string_view new_name) {
   std::string line = Templates::SubDeclaration(new_name) + old.rest;
+  if (old.is_static) line += " 'Static";
   if (!old.parameters.empty()) line += " '(" + old.parameters + ")";
   if (!old.comment.empty()) line += " " + old.comment;
   return line;
@@ -137,6 +180,27 @@ bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name) {
     } while (reader.Take('.'));
   }
   return reader.AtEnd();
+}
+
+std::unordered_set<std::string> TypeNames(const std::vector<std::string>& declarations) {
+  TypeNameCollector collector;
+  bool continued = false;
+  bool in_comment = false;
+  for (const std::string& line : declarations) {
+    const bool goes_on = continued;
+    const std::size_t comment = goes_on && in_comment ? 0 : CommentStart(line);
+    continued = IsContinued(line);
+    in_comment = continued && comment < line.size();
+    if (goes_on) continue;
+    // A colon inside a literal begins a statement that declares nothing.
+    std::string_view code = std::string_view(line).substr(0, comment);
+    while (!code.empty()) {
+      const std::size_t end = std::min(code.find(':'), code.size());
+      collector.Visit(code.substr(0, end));
+      code.remove_prefix(std::min(end + 1, code.size()));
+    }
+  }
+  return collector.Take();
 }
 
 }  // namespace codegen

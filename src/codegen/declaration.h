@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace codegen {
@@ -12,6 +13,7 @@ namespace codegen {
 // The declaration of a Sub, taken apart.
 struct SubDeclaration {
   std::string name;
+  bool is_static = false;
   std::string parameters;  // between the parentheses, blanks trimmed
   std::string rest;        // statements behind it on the line, from the colon on
   std::string comment;     // behind all of it, from the apostrophe on
@@ -22,11 +24,16 @@ struct SubDeclaration {
 std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines);
 
 // The line that declares the sub under a new name and keeps all else: statements behind the
-// declaration, and its parameters as a comment, since a formula has none.
+// declaration, and as comments what a formula cannot have, the word Static and parameters.
 std::string RenamedSub(const SubDeclaration& old, std::string_view new_name);
 
 // Whether the line is a whole statement that declares one public variable of that name and
 // nothing else, so that the line can be deleted.
 bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name);
+
+// The names, letter case folded, of the types and enumerations of a declarations section and of
+// the enumerations' elements. The code model does not count them as members, but Visual Basic
+// takes no variable or procedure of such a name beside them.
+std::unordered_set<std::string> TypeNames(const std::vector<std::string>& declarations);
 
 }  // namespace codegen

@@ -69,6 +69,7 @@ std::vector<AliasUse> CVBFormulaCode::Impl::AliasInUse(std::int32_t alias_id) {
   std::vector<AliasUse> uses;
   if (!rows_) return uses;
   report_.Step([&] {
+    if (!rows_->FindAlias(alias_id)) return;
     for (FormulaRows::Use& use : rows_->UsesOf(alias_id)) {
       uses.push_back({std::move(use.name), std::move(use.prog_id)});
     }
@@ -82,14 +83,13 @@ void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_ali
   const OperationScope scope(*this);
   std::optional<FormulaRows::Alias> record;
   if (rows_) report_.Step([&] { record = rows_->FindAlias(id); });
+  if (!record) return;
   std::unordered_set<const Waiting*> classes;
   for (const AliasUse& use : AliasInUse(id)) {
     Waiting& waiting = WaitingFor(use.prog_id);
     if (classes.insert(&waiting).second) {
-      std::vector<std::string> items = {std::string(old_item)};
-      if (record) items.push_back(record->item_id);
-      waiting.declarations.Remove(old_alias, std::move(items));
-      if (record) Declare(waiting, new_alias, record->item_id);
+      waiting.declarations.Remove(old_alias, {std::string(old_item), record->item_id});
+      Declare(waiting, new_alias, record->item_id);
     }
     HeaderWaits(use.name, use.prog_id);
   }

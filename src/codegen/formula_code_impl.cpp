@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "codegen/declaration.h"
 #include "codegen/identifier.h"
 #include "codegen/source_line.h"
 #include "platform/text.h"
@@ -32,6 +33,21 @@ CVBFormulaCode::Impl::Place CVBFormulaCode::Impl::LocateOrWarn(std::string_view 
   return place;
 }
 
+bool CVBFormulaCode::Impl::IsTypeName(const Place& place, std::string_view prog_id,
+                                      std::string_view name) {
+  const std::string key = platform::FoldCase(prog_id);
+  auto known = type_names_.find(key);
+  if (known == type_names_.end()) {
+    const std::int32_t count = place.module->CountOfDeclarationLines();
+    const std::string text = count > 0 ? place.module->Lines(1, count) : std::string();
+    known = type_names_.emplace(key, TypeNames(SplitLines(text))).first;
+  }
+  const bool found = known->second.contains(platform::FoldCase(name));
+  // Outside of a batch anybody may change them until the next question.
+  if (batch_ == 0) type_names_.clear();
+  return found;
+}
+
 MemberUse CVBFormulaCode::Impl::LookUp(std::string_view prog_id, std::string_view name) {
   MemberUse use = MemberUse::kNoClass;
   report_.Step([&] {
@@ -39,7 +55,7 @@ MemberUse CVBFormulaCode::Impl::LookUp(std::string_view prog_id, std::string_vie
     if (!place) return;
     const std::optional<platform::Member> member = place.module->FindMember(name);
     if (!member) {
-      use = MemberUse::kFree;
+      use = IsTypeName(place, prog_id, name) ? MemberUse::kOther : MemberUse::kFree;
     } else if (FindSub(*place.module, name)) {
       use = MemberUse::kSub;
     } else {

@@ -59,11 +59,14 @@ class CVBFormulaCode::Impl {
 
   void BeginBatch() { ++batch_; }
   void EndBatch() {
-    if (batch_ > 0 && --batch_ == 0) ApplyEdits();
+    if (batch_ == 0 || --batch_ > 0) return;
+    type_names_.clear();
+    ApplyEdits();
   }
   void CancelBatch() {
     batch_ = 0;
     waiting_.clear();
+    type_names_.clear();
   }
   void CommitComponents();
   void DropComponents() { component_changes_.clear(); }
@@ -119,12 +122,18 @@ class CVBFormulaCode::Impl {
   // Appends code that is to hold the sub, and gives it its first header.
   void AppendSub(const Place& place, std::string_view prog_id, std::string_view name,
                  std::string_view code);
+  // Whether the class has a type, enumeration or element of one of that name.
+  bool IsTypeName(const Place& place, std::string_view prog_id, std::string_view name);
   // False, with a refusal, when no sub of that name can be added.
   bool CanAppend(const Place& place, std::string_view prog_id, std::string_view name);
   void RewriteHeader(const Place& place, const HeaderRegion& region, std::string_view name,
                      std::string_view prog_id);
   void RewriteDeclaration(const Place& place, const SubLocation& sub, std::string_view new_name);
   void CommentOut(const Place& place, const SubLocation& sub);
+  void DeleteProcedure(const Place& place, const SubLocation& sub);
+  // Whether the procedure cuts an #If block, so that its directives have to stay; with a warning.
+  bool KeepsDirectives(const Place& place, const SubLocation& sub,
+                       const std::vector<std::string>& lines);
 
   Waiting& WaitingFor(std::string_view prog_id);
   void HeaderWaits(std::string_view name, std::string_view prog_id);
@@ -148,6 +157,8 @@ class CVBFormulaCode::Impl {
   NeedFunctionName need_function_name_;
   int batch_ = 0;
   std::map<std::string, Waiting> waiting_;  // by ProgID without case
+  // Of the classes asked about in this batch, by ProgID without case. No operation changes them.
+  std::map<std::string, std::unordered_set<std::string>> type_names_;
   std::vector<ComponentChange> component_changes_;
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <iterator>
 
 #include "codegen/declaration.h"
 #include "codegen/formula_code_impl.h"
@@ -28,7 +29,7 @@ bool CutsConditionalBlock(const std::vector<std::string>& lines) {
 
 bool CVBFormulaCode::Impl::CanAppend(const Place& place, std::string_view prog_id,
                                      std::string_view name) {
-  if (place.module->FindMember(name)) {
+  if (place.module->FindMember(name) || IsTypeName(place, prog_id, name)) {
     report_.Refuse(kTextNameTaken, {{"<Class>", prog_id}, {"<Name>", name}});
     return false;
   }
@@ -100,6 +101,10 @@ void CVBFormulaCode::Impl::RenameFunction(std::string_view prog_id, std::string_
     if (!stands && !(same && old_sub) && !CanAppend(place, prog_id, new_name)) return;
     if (old_sub) {
       RewriteDeclaration(place, *old_sub, new_name);
+      // The other branches of an #If block may declare it too.
+      while (auto twin = same ? std::nullopt : FindSub(*place.module, old_name)) {
+        RewriteDeclaration(place, *twin, new_name);
+      }
     } else if (!stands) {
       report_.Warn(kTextSubAdded,
                    {{"<Class>", prog_id}, {"<Old>", old_name}, {"<Name>", new_name}});
@@ -108,6 +113,22 @@ void CVBFormulaCode::Impl::RenameFunction(std::string_view prog_id, std::string_
     }
     RebuildHeader(new_name, prog_id);
   });
+}
+
+void CVBFormulaCode::Impl::DeleteProcedure(const Place& place, const SubLocation& sub) {
+  const std::vector<std::string> lines = ProcedureLines(*place.module, sub);
+  const bool keep_directives = KeepsDirectives(place, sub, lines);
+  const auto stays = [&](const std::string& s) { return keep_directives && IsDirective(s); };
+  // From the bottom up, so that the numbers stay right.
+  for (auto end = lines.end(); end != lines.begin();) {
+    const auto begin = std::find_if(std::make_reverse_iterator(end), lines.rend(), stays).base();
+    if (begin != end) {
+      place.module->DeleteLines(
+          sub.body_line + static_cast<std::int32_t>(std::distance(lines.begin(), begin)),
+          static_cast<std::int32_t>(std::distance(begin, end)));
+    }
+    end = begin == lines.begin() ? begin : begin - 1;
+  }
 }
 
 void CVBFormulaCode::Impl::DeleteFunction(std::string_view prog_id, std::string_view name) {
@@ -119,21 +140,24 @@ void CVBFormulaCode::Impl::DeleteFunction(std::string_view prog_id, std::string_
     const std::optional<SubLocation> sub = FindSub(*place.module, name);
     if (!sub) return WarnNoSub(prog_id, name);
     HeaderIsDone(name, prog_id);
-    place.module->DeleteLines(
-        sub->body_line, static_cast<std::int32_t>(ProcedureLines(*place.module, *sub).size()));
+    DeleteProcedure(place, *sub);
   });
   UnregisterClass(prog_id);
 }
 
+bool CVBFormulaCode::Impl::KeepsDirectives(const Place& place, const SubLocation& sub,
+                                           const std::vector<std::string>& lines) {
+  if (!CutsConditionalBlock(lines)) return false;
+  report_.Warn(
+      kTextDirectivesLeft,
+      {{"<File>", place.File()}, {"<Line>", std::to_string(sub.body_line)}, {"<Name>", sub.name}});
+  return true;
+}
+
 void CVBFormulaCode::Impl::CommentOut(const Place& place, const SubLocation& sub) {
   const std::vector<std::string> lines = ProcedureLines(*place.module, sub);
-  const bool keep_directives = CutsConditionalBlock(lines);
+  const bool keep_directives = KeepsDirectives(place, sub, lines);
   const std::string file = place.File();
-  if (keep_directives) {
-    report_.Warn(
-        kTextDirectivesLeft,
-        {{"<File>", file}, {"<Line>", std::to_string(sub.body_line)}, {"<Name>", sub.name}});
-  }
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (keep_directives && IsDirective(lines[i])) continue;
     const std::int32_t line = sub.body_line + static_cast<std::int32_t>(i);
@@ -148,10 +172,11 @@ void CVBFormulaCode::Impl::DeactivateFunction(std::string_view prog_id, std::str
   report_.Step([&] {
     const Place place = LocateOrWarn(prog_id);
     if (!place) return;
-    const std::optional<SubLocation> sub = FindSub(*place.module, name);
+    std::optional<SubLocation> sub = FindSub(*place.module, name);
     HeaderIsDone(name, prog_id);
     if (!sub) return WarnNoSub(prog_id, name);
-    CommentOut(place, *sub);
+    // The other branches of an #If block may declare it too.
+    for (; sub; sub = FindSub(*place.module, name)) CommentOut(place, *sub);
   });
   UnregisterClass(prog_id);
 }

@@ -105,6 +105,26 @@ IdentifierHint CheckIdentifier(std::string_view name) {
   return {};
 }
 
+std::string ValidIdentifier(std::string_view name) {
+  constexpr std::size_t kLength = kMaxIdentifierLength - 10;
+  std::string result;
+  std::size_t length = 0;
+  for (std::size_t at = 0; at < name.size() && length < kLength;) {
+    const char32_t character = platform::NextCodePoint(name, at);
+    const std::uint8_t code = AnsiCode(character);
+    const bool letter = IsAsciiLetter(code) || (IsAllowed(code) && IsUpperHalfLetter(code));
+    if (result.empty() && !letter) {
+      if (!IsDigit(code)) continue;
+      result = 'A';
+      ++length;
+    }
+    platform::AppendCodePoint(result, letter || IsDigit(code) ? character : U'_');
+    ++length;
+  }
+  if (result.empty() || IsReservedWord(result)) result += result.empty() ? "A" : "_";
+  return result;
+}
+
 bool IsDeclarable(std::string_view name) {
   switch (CheckIdentifier(name).problem) {
     case IdentifierProblem::kNone:

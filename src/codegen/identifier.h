@@ -40,6 +40,10 @@ std::string CleanIdentifier(std::string_view name);
 // Judges a name as it stands, whatever its cleaning would make of it.
 IdentifierHint CheckIdentifier(std::string_view name);
 
+// The nearest name that CheckIdentifier finds nothing wrong with, short enough for a number
+// behind it.
+std::string ValidIdentifier(std::string_view name);
+
 // Whether a declaration of this name can be written into a module without changing the meaning
 // of any other text: an identifier, save for the signs that CleanIdentifier lets stand.
 bool IsDeclarable(std::string_view name);

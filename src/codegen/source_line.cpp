@@ -41,6 +41,21 @@ bool EndsWithProcedureEnd(std::string_view text) {
   return false;
 }
 
+// Whether the same words stand in both, however far apart.
+bool SameComment(std::string_view a, std::string_view b) {
+  if (a.starts_with('\'') != b.starts_with('\'')) return false;
+  if (a.starts_with('\'')) a.remove_prefix(1), b.remove_prefix(1);
+  a = TrimBlanks(a);
+  b = TrimBlanks(b);
+  while (!a.empty() && !b.empty()) {
+    const std::size_t end = a.find_first_of(kBlanks);
+    if (end != b.find_first_of(kBlanks) || a.substr(0, end) != b.substr(0, end)) return false;
+    a = end == std::string_view::npos ? std::string_view() : TrimBlanks(a.substr(end));
+    b = end == std::string_view::npos ? std::string_view() : TrimBlanks(b.substr(end));
+  }
+  return a.empty() && b.empty();
+}
+
 }  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
@@ -68,6 +83,7 @@ bool IsDirective(std::string_view line) {
 std::size_t CommentStart(std::string_view line) {
   bool in_string = false;
   bool statement_start = true;
+  bool line_number = true;  // nothing but the digits of one so far
   for (std::size_t i = 0; i < line.size(); ++i) {
     const char c = line[i];
     if (c == '"') in_string = !in_string;
@@ -77,7 +93,9 @@ std::size_t CommentStart(std::string_view line) {
     }
     if (c == '\'') return i;
     if (statement_start && StartsWithWord(line.substr(i), "rem")) return i;
-    if (!IsBlank(c)) statement_start = c == ':';
+    if (IsBlank(c)) continue;
+    line_number = line_number && c >= '0' && c <= '9';
+    statement_start = line_number || c == ':';
   }
   return line.size();
 }
@@ -106,7 +124,7 @@ bool SameLine(std::string_view a, std::string_view b) {
   if (a == b) return true;
   const std::size_t comment_a = CommentStart(a);
   const std::size_t comment_b = CommentStart(b);
-  return WithoutBlanks(a.substr(comment_a)) == WithoutBlanks(b.substr(comment_b)) &&
+  return SameComment(a.substr(comment_a), b.substr(comment_b)) &&
          platform::EqualsIgnoringCase(WithoutBlanks(a.substr(0, comment_a)),
                                       WithoutBlanks(b.substr(0, comment_b)));
 }
@@ -135,6 +153,10 @@ std::string CommentText(std::string_view text) {
   constexpr std::array<char, 3> kEnds = {'\r', '\n', '\0'};
   std::string result(text.begin(),
                      std::find_first_of(text.begin(), text.end(), kEnds.begin(), kEnds.end()));
+  std::replace_if(
+      result.begin(), result.end(),
+      [](char c) { return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F'; },
+      '?');
   const std::size_t last = result.find_last_not_of(kBlanks);
   if (last != std::string::npos && IsContinued(result.substr(0, last + 1))) result += '\'';
   return result;

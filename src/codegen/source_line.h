@@ -34,8 +34,8 @@ bool IsProcedureEnd(std::string_view line);
 // Whether a comment line is the commented-out end of a procedure ("'End Sub 'done").
 bool IsCommentedProcedureEnd(std::string_view line);
 
-// Whether the lines mean the same: blanks and tabs do not count, nor does the letter case of
-// code. The development environment rewrites both.
+// Whether the lines mean the same: the width of blanks does not count, nor do blanks and letter
+// case in code. The development environment rewrites them, and tabs to blanks.
 bool SameLine(std::string_view a, std::string_view b);
 
 // The text without any blanks and tabs.
@@ -46,8 +46,9 @@ std::string WithoutBlanks(std::string_view text);
 std::vector<std::string> SplitLines(std::string_view text);
 std::string JoinLines(const std::vector<std::string>& lines);
 
-// A text that stands in a comment and stays in it: cut at the first line break or NUL, and with
-// an apostrophe behind it where it would continue the comment onto the next line.
+// A text that stands in a comment and stays in it: cut at the first line break or NUL, "?" for
+// other control characters, and with an apostrophe behind it where it would continue the comment
+// onto the next line.
 std::string CommentText(std::string_view text);
 
 }  // namespace codegen

@@ -52,6 +52,17 @@ std::vector<bool> GeneratedLines(const std::vector<std::string>& lines,
   return generated;
 }
 
+// Number of lines up to the first end of a procedure; 0 when there is none. A comment may continue
+// onto a line that looks like one.
+std::size_t LinesToProcedureEnd(const std::vector<std::string>& lines) {
+  bool in_comment = false;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (!in_comment && IsProcedureEnd(lines[i])) return i + 1;
+    in_comment = IsContinued(lines[i]) && (in_comment || CommentStart(lines[i]) < lines[i].size());
+  }
+  return 0;
+}
+
 }  // namespace
 
 std::optional<SubLocation> FindSub(platform::CodeModule& module, std::string_view name) {
@@ -86,9 +97,8 @@ std::vector<std::string> ProcedureLines(platform::CodeModule& module, const SubL
       sub.start_line + module.ProcCountLines(sub.name, platform::ProcKind::kProc);
   std::vector<std::string> lines =
       SplitLines(module.Lines(sub.body_line, std::max(behind - sub.body_line, 1)));
-  const auto end = std::find_if(lines.begin(), lines.end(), IsProcedureEnd);
-  if (end != lines.end()) {
-    lines.erase(end + 1, lines.end());
+  if (const std::size_t count = LinesToProcedureEnd(lines); count > 0) {
+    lines.resize(count);
   } else {
     while (lines.size() > 1 && IsBlankLine(lines.back())) lines.pop_back();
   }

@@ -47,13 +47,11 @@ void Operations::Impl::RequireAliasText(const AliasValues& values, std::int32_t 
   if (clean != name || reserved || too_long) {
     const auto problem =
         clean == name && too_long ? codegen::IdentifierProblem::kTooLong : hint.problem;
-    std::string detail = run_.texts().Text(codegen::HintText(problem),
-                                           {{"<Name>", name}, {"<Character>", hint.character}});
-    if (clean != name) {
-      detail +=
-          " " + run_.texts().Text(kTextAliasValid, {{"<Name>", ProposeAlias(name, actual_id)}});
-    }
-    run_.Refuse(kTextAliasMalformed, {}, detail);
+    const std::string valid = ProposeAlias(codegen::ValidIdentifier(name), actual_id);
+    run_.Refuse(kTextAliasMalformed, {},
+                run_.texts().Text(codegen::HintText(problem),
+                                  {{"<Name>", name}, {"<Character>", hint.character}}) +
+                    " " + run_.texts().Text(kTextAliasValid, {{"<Name>", valid}}));
   }
   const auto other = rows().FindAliasByName(name);
   if (!other || other->id == actual_id) return;

@@ -107,6 +107,12 @@ std::vector<Case> Cases() {
        "Private Declare Sub A Lib \"a\" ()\n",
        {},
        true},
+      {"an enumeration's element of that name",
+       "Enum EState\n  A = 1\nEnd Enum\n",
+       add,
+       "Enum EState\n  A = 1\nEnd Enum\n",
+       {},
+       true},
       {"given code with a header of its own", "' tail\n",
        [](CVBFormulaCode& g) {
          g.AddFunction(kClass, "A", "' from elsewhere\r\nPublic Sub A()\r\n  x = 1\r\nEnd Sub");
@@ -149,6 +155,10 @@ std::vector<Case> Cases() {
        Header("B") + "Public Sub B() '(ByVal x As Long,   ByVal y)\n'  ByVal y)\nEnd Sub\n"},
       {"hidden lines follow", "Public Sub A()\nAttribute A.VB_Description = \"d\"\nEnd Sub\n",
        rename, Header("B") + "Public Sub B()\nAttribute B.VB_Description = \"d\"\nEnd Sub\n"},
+      {"every branch of an #If block",
+       "#If X Then\nSub A()\nEnd Sub\n#Else\nSub A()\nEnd Sub\n#End If\n", rename,
+       "#If X Then\n" + Header("B") +
+           "Public Sub B()\nEnd Sub\n#Else\nPublic Sub B()\nEnd Sub\n#End If\n"},
       {"only the case", Header("A") + "Public Sub a()\nEnd Sub\n",
        [](CVBFormulaCode& g) { g.RenameFunction(kClass, "a", "A"); },
        Header("A") + "Public Sub A()\nEnd Sub\n"},
@@ -185,6 +195,14 @@ std::vector<Case> Cases() {
        "'Public Sub A()\n'\tEnd Sub 'x\n\n\n"},
       {"one line", "Public Sub A(): End Sub\nPublic Sub B()\nEnd Sub\n", off,
        "'Public Sub A(): End Sub\nPublic Sub B()\nEnd Sub\n"},
+      {"a comment that goes on is no end",
+       "Public Sub A()\n' until _\nEnd Sub\nx = 1\n10 Rem End Sub\nEnd Sub\nSub B()\nEnd Sub\n",
+       off,
+       "'Public Sub A()\n'' until _\n'End Sub\n'x = 1\n'10 Rem End Sub\n'End Sub\n"
+       "Sub B()\nEnd Sub\n"},
+      {"every branch of an #If block",
+       "#If X Then\nSub A()\nEnd Sub\n#Else\nSub A()\nEnd Sub\n#End If\n", off,
+       "#If X Then\n'Sub A()\n'End Sub\n#Else\n'Sub A()\n'End Sub\n#End If\n"},
       {"hidden lines become comments", "Public Sub A()\nAttribute A.VB_UserMemId = 0\nEnd Sub\n",
        off, "'Public Sub A()\n'Attribute A.VB_UserMemId = 0\n'End Sub\n"},
       {"an #If block across the procedure",
@@ -206,6 +224,12 @@ std::vector<Case> Cases() {
        Header("A") + Header("B") + "Public Sub B()\nEnd Sub\n"},
       {"not the code behind it", "' note\nPublic Sub A()\nEnd Sub\nPublic Sub B()\nEnd Sub\n",
        remove, "' note\nPublic Sub B()\nEnd Sub\n"},
+
+      {"not the ends of an #If block",
+       "#If X Then\nPublic Sub A(y)\n#Else\nPublic Sub A()\n#End If\nz\nEnd Sub\n",
+       remove,
+       "#If X Then\n#Else\n#End If\n",
+       {1110}},
 
       // Headers.
       {"notes stay above", "Option Explicit\n\n' note\nPublic Sub A()\nEnd Sub\n", rebuild,
@@ -231,6 +255,11 @@ std::vector<Case> Cases() {
       {"below a comment that continues", "Option Explicit\n' c _\n", declare,
        "Option Explicit\n' c _\n\nPublic Level as Double 'Tank1.Level\n"},
       {"declared already", "Dim LEVEL\n", declare, "Dim LEVEL\n"},
+      {"a name that Visual Basic may not take",
+       "",
+       [](CVBFormulaCode& g) { g.AddParameter(kClass, "_X", "a"); },
+       "Public _X as Variant 'a\n",
+       {1124}},
       {"an item that would leave its comment", "",
        [](CVBFormulaCode& g) { g.AddParameter(kClass, "X", "a\r\nSub Y()"); },
        "Public X as Variant 'a\n"},

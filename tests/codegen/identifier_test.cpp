@@ -71,6 +71,28 @@ TEST(IdentifierTest, SaysWhyVisualBasicWouldRefuse) {
   }
 }
 
+TEST(IdentifierTest, ProposesValidNames) {
+  const struct {
+    std::string name;
+    std::string valid;
+  } kCases[] = {
+      {"Tank.Level", "Tank_Level"},
+      {"1.a", "A1_a"},
+      {"_x", "x"},
+      {"a€b", "a_b"},
+      {"", "A"},
+      {"_1", "A1"},
+      {"Next", "Next_"},
+      {"温度", "A"},
+      {"Äq", "Äq"},
+      {std::string(300, 'Z'), std::string(245, 'Z')},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(ValidIdentifier(c.name), c.valid) << c.name;
+    EXPECT_FALSE(CheckIdentifier(c.valid)) << c.valid;
+  }
+}
+
 TEST(DataTypeTest, FollowsTheTable) {
   const struct {
     std::int32_t code;

@@ -36,6 +36,7 @@ TEST(SourceLineTest, RecognisesLines) {
       {"Remark = 1", false, false, false, false},
       {"\tEnd Sub", false, false, true, false},
       {"Done: End Sub 'x", false, false, true, false},
+      {"10 Rem End Sub", false, false, false, false},
       {"x = \"End Sub", false, false, false, false},
       {"x = \"' End Sub\"", false, false, false, false},
       {"x = 1 _", false, false, false, true},
@@ -54,6 +55,9 @@ TEST(SourceLineTest, ComparesAsTheEnvironmentRewrites) {
   EXPECT_TRUE(
       SameLine("Public Level as Double 'Tank1.Level", "Public Level As  Double 'Tank1.Level"));
   EXPECT_TRUE(SameLine("'\tLevel", "'    Level"));
+  EXPECT_TRUE(SameLine("x = 1 'a", "x=1 ' a "));
+  EXPECT_FALSE(SameLine("x = 1 'Tank 1", "x = 1 'Tank1"));
+  EXPECT_FALSE(SameLine("x = 1 'a", "x = 1 'a b"));
   EXPECT_FALSE(SameLine("'\tLevel", "'\tlevel"));
   EXPECT_FALSE(SameLine("Public Level as Double 'A", "Public Level as Double 'a"));
   EXPECT_FALSE(SameLine("x = \"a\"", "x = \"b\""));
@@ -75,6 +79,7 @@ TEST(SourceLineTest, CommentTextCannotLeaveItsComment) {
   EXPECT_EQ(CommentText("a _"), "a _'");
   EXPECT_EQ(CommentText("a\t_  "), "a\t_  '");
   EXPECT_EQ(CommentText("a_"), "a_");
+  EXPECT_EQ(CommentText("a\tb\x1a\x7f"), "a\tb??");
 }
 
 TEST(DeclarationTest, ReadsSubsOnly) {
@@ -84,7 +89,7 @@ TEST(DeclarationTest, ReadsSubsOnly) {
   } kCases[] = {
       {{"Public Sub A()"}, "Public Sub B()"},
       {{"sub A"}, "Public Sub B()"},
-      {{"Private Static Sub [A]() ' why"}, "Public Sub B() ' why"},
+      {{"Private Static Sub [A]() ' why"}, "Public Sub B() 'Static ' why"},
       {{"Public Sub A(): x = 1: End Sub"}, "Public Sub B(): x = 1: End Sub"},
       {{"Public Sub A(ByVal x As Long): y = \"a:'b\": End Sub 'c"},
        "Public Sub B(): y = \"a:'b\": End Sub '(ByVal x As Long) 'c"},
@@ -129,6 +134,23 @@ TEST(DeclarationTest, DeletesOnlyWhatDeclaresOneVariableAlone) {
   for (const auto& c : kCases) {
     EXPECT_EQ(DeclaresOnlyPublicVariable(c.line, "Level"), c.alone) << c.line;
   }
+}
+
+TEST(DeclarationTest, KnowsTheNamesOfTypes) {
+  const Lines lines = {"Public Enum EState 'Fake: Enum Comment",
+                       "  Running = 1 + _",
+                       "    Offset: Stopped: [End Now]",
+                       "End Enum",
+                       "Private Type TRec",
+                       "  Level As Long",
+                       "End Type",
+                       "' Enum Old _",
+                       "Enum Older",
+                       "Private Const kText = \"Enum Text\"",
+                       "Public Enumeration As Long"};
+  EXPECT_EQ(TypeNames(lines), (std::unordered_set<std::string>{"estate", "running", "trec"}));
+  EXPECT_EQ(TypeNames({"Enum E: A: [B c]: End Enum: Enum F"}),
+            (std::unordered_set<std::string>{"e", "a", "b c", "f"}));
 }
 
 TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {

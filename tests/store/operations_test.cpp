@@ -168,8 +168,9 @@ TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
        1003, "9"},
       {"alias: no item", [&] { return add_alias("  ", "A"); }, 450, ""},
       {"alias: no name", [&] { return add_alias("x", " "); }, 450, ""},
-      {"alias: malformed", [&] { return add_alias("x", "1.a"); }, 451, "__a"},
-      {"alias: reserved", [&] { return add_alias("x", "Double"); }, 451, "reserved"},
+      {"alias: malformed", [&] { return add_alias("x", "1.a"); }, 451, "A1_a would be valid"},
+      {"alias: reserved", [&] { return add_alias("x", "Double"); }, 451,
+       "reserved word of Visual Basic. Double_ would be valid"},
       {"alias: over-long", [&] { return add_alias("x", long_name); }, 451, "255"},
       {"alias: taken", [&] { return add_alias("x", "LEVEL"); }, 1010, "Tank1.Level; free: LEVEL1"},
       {"alias: in use", [&] { return operations().DeleteAliases(Ids{1}); }, 1012, "FillTank"},
@@ -277,6 +278,15 @@ TEST_F(OperationsTest, WarnsOfUsesOfANameThatIsGone) {
   const OperationResult result = Do(operations().DeleteArguments(Ids{2}));
   ASSERT_EQ(result.warnings.size(), 1u) << support::ToText(result);
   EXPECT_EQ(result.warnings[0].message, "CPump.cls:13 still uses Pump");
+}
+
+TEST_F(OperationsTest, RefusesNamesOfTypesAndElements) {
+  project_.PutCode("CTank", "Private Enum EMode\r\n  Manual\r\nEnd Enum\r\n");
+  const std::int32_t manual = project_.AddAlias("Tank1.Manual", "Manual");
+  const std::int32_t formula = Do(operations().AddFormula({"Mix", "PumpServer.CTank"})).id();
+  const ArgumentValues values[] = {{manual, true, false}};
+  EXPECT_EQ(operations().AddArguments(formula, values).text_id, 1016);
+  EXPECT_EQ(operations().AddFormula({"emode", "PumpServer.CTank"}).text_id, 1105);
 }
 
 TEST_F(OperationsTest, AbsentCodeIsAWarningAndNoProjectARefusal) {
