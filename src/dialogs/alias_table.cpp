@@ -11,7 +11,6 @@ namespace dialogs {
 namespace {
 
 constexpr const char* kTable = "TvbfAlias";
-constexpr const char* kNameIndex = "VBAlias";
 
 // Text of a field; an empty text is stored as one character of code 0.
 std::string TextOf(const platform::Variant& value) {
@@ -27,11 +26,23 @@ std::string NameOfCurrent(platform::Recordset& recordset) {
   return TextOf(recordset.Fields("VBAlias").Value());
 }
 
-std::string PrimaryKeyOf(platform::Connection& connection) {
+const char* OrderColumn(AliasOrder order) { return order == AliasOrder::kName ? "VBAlias" : "ID"; }
+
+// An index of just this column, whatever its name; "" when the database has none.
+std::string IndexOf(platform::Connection& connection, std::string_view column) {
   for (const auto& index : connection.Indexes(kTable)) {
-    if (index.primary) return index.name;
+    if (index.columns.size() == 1 && platform::EqualsIgnoringCase(index.columns[0], column)) {
+      return index.name;
+    }
   }
   return {};
+}
+
+std::string Literal(const platform::Variant& value) {
+  if (!value.IsText()) return value.ToText();
+  std::string literal = "'";
+  for (const char c : value.ToText()) literal.append(c == '\'' ? 2 : 1, c);
+  return literal + '\'';
 }
 
 bool BeginsWith(std::string_view name, std::string_view folded_prefix) {
@@ -56,12 +67,16 @@ bool AliasTable::Open() {
       return true;
     }
     if (connection_->State() != platform::ObjectState::kOpen) return false;
-    recordset_->SetSource(kTable);
-    recordset_->SetCommandType(platform::CommandType::kTableDirect);
+    const std::string column = OrderColumn(order_);
+    const std::string index = IndexOf(*connection_, column);
+    has_index_ = !index.empty();
+    recordset_->SetSource(has_index_ ? kTable : "SELECT * FROM TvbfAlias ORDER BY " + column);
+    recordset_->SetCommandType(has_index_ ? platform::CommandType::kTableDirect
+                                          : platform::CommandType::kText);
     recordset_->SetCursorLocation(platform::CursorLocation::kServer);
     recordset_->SetCursorType(platform::CursorType::kKeyset);
     recordset_->SetLockType(platform::LockType::kReadOnly);
-    recordset_->SetIndex(order_ == AliasOrder::kName ? kNameIndex : PrimaryKeyOf(*connection_));
+    recordset_->SetIndex(index);
     recordset_->Open();
     stale_ = false;
     return true;
@@ -99,7 +114,13 @@ std::vector<store::AliasRecord> AliasTable::Records(std::size_t first, std::size
 bool AliasTable::Seek(const platform::Variant& key, platform::SeekOption option) {
   if (!Open()) return false;
   try {
-    recordset_->Seek({key}, option);
+    if (has_index_) {
+      recordset_->Seek({key}, option);
+    } else {
+      const char* const sign = option == platform::SeekOption::kFirstEqual ? " = " : " >= ";
+      recordset_->MoveFirst();
+      recordset_->Find(OrderColumn(order_) + (sign + Literal(key)));
+    }
     return !recordset_->EOF_();
   } catch (const platform::Error&) {
     return false;

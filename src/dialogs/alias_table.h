@@ -18,7 +18,8 @@ namespace dialogs {
 
 enum class AliasOrder { kId, kName };
 
-// Table TvbfAlias in the order of one of its indexes. Opens itself when it is first asked and
+// Table TvbfAlias in the order of one of its indexes, sorted where a database made elsewhere has
+// none. Opens itself when it is first asked and
 // after it was closed behind its back; while it cannot be read there are no aliases.
 class AliasTable {
  public:
@@ -47,6 +48,7 @@ class AliasTable {
   std::shared_ptr<platform::Recordset> recordset_;
   store::Operations& operations_;
   AliasOrder order_;
+  bool has_index_ = false;  // of the order; while open
   bool stale_ = false;
 };
 

@@ -31,9 +31,9 @@ std::string ConnectionValue(std::string_view value) {
 
 }  // namespace
 
-std::string ProjectConnectionString(std::string_view path) {
+std::string ProjectConnectionString(std::string_view path, Access access) {
   return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + ConnectionValue(path) +
-         ";Mode=Read|Write|Share Deny None;";
+         ";Mode=" + (access == Access::kRead ? "Read" : "Read|Write") + "|Share Deny None;";
 }
 
 void ADOFRO::SetConnectionFactory(ConnectionFactory factory) { Factory() = std::move(factory); }

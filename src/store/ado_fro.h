@@ -10,8 +10,10 @@
 
 namespace store {
 
-// The connection string for a project database, as the data environment opens it.
-std::string ProjectConnectionString(std::string_view path);
+enum class Access { kRead, kReadWrite };
+
+// The connection string for a project database, by default as the data environment opens it.
+std::string ProjectConnectionString(std::string_view path, Access access = Access::kReadWrite);
 
 // The data environment: the connection to the project database and the recordsets of its commands.
 // There is one in the process. Recordset "rs" + command is made closed, with the command's

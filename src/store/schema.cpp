@@ -38,6 +38,25 @@ bool HasTable(const std::vector<std::string>& tables, const TableDefinition& tab
   return Contains(tables, table.name, [](const std::string& name) { return name; });
 }
 
+std::vector<std::string> MissingColumns(Connection& connection, const TableDefinition& table) {
+  const auto present = connection.Columns(table.name);
+  std::vector<std::string> missing;
+  for (const Connection::ColumnInfo& column : table.columns) {
+    if (!Contains(present, column.name, [](const auto& e) { return e.name; })) {
+      missing.push_back(column.name);
+    }
+  }
+  return missing;
+}
+
+void RequireColumns(Connection& connection, const TableDefinition& table) {
+  const std::vector<std::string> missing = MissingColumns(connection, table);
+  if (missing.empty()) return;
+  throw platform::Error(platform::ErrorKind::kRefused, platform::kErrItemNotFound,
+                        "The table " + table.name + " lacks the column " + missing.front() +
+                            "; add it in the database. Nothing was changed.");
+}
+
 void AddMissingIndexes(Connection& connection, const TableDefinition& table,
                        std::vector<std::string>& added) {
   const auto present = connection.Indexes(table.name);
@@ -103,10 +122,8 @@ std::vector<std::string> MissingFromSchema(Connection& connection) {
       missing.push_back(table.name);
       continue;
     }
-    const auto present = connection.Columns(table.name);
-    for (const Connection::ColumnInfo& column : table.columns) {
-      if (Contains(present, column.name, [](const auto& e) { return e.name; })) continue;
-      missing.push_back(table.name + "." + column.name);
+    for (const std::string& column : MissingColumns(connection, table)) {
+      missing.push_back(table.name + "." + column);
     }
   }
   return missing;
@@ -125,6 +142,7 @@ std::vector<std::string> CompleteSchema(Connection& connection) {
   const std::vector<std::string> tables = connection.TableNames();
   for (const TableDefinition& table : ProjectSchema()) {
     if (HasTable(tables, table)) {
+      RequireColumns(connection, table);
       AddMissingIndexes(connection, table, added);
     } else {
       connection.CreateTable(table.name, table.columns, table.indexes);

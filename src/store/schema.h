@@ -31,7 +31,7 @@ std::string DescribeMissing(const std::vector<std::string>& missing, const texts
 // Adds the tables that are missing, and to tables that are there the indexes whose names are
 // missing; nothing else is touched. Returns what was added, as "Table" and "Table.Index". All or
 // nothing: raises platform::Error, kErrErrorsOccurred when rows that are there have equal keys in
-// a unique index.
+// a unique index, kErrItemNotFound when a table that is there lacks a column.
 std::vector<std::string> CompleteSchema(platform::Connection& connection);
 
 }  // namespace store

@@ -5,17 +5,13 @@
 
 #include "files/error.h"
 #include "recordset/jet_connection.h"
+#include "store/ado_fro.h"
 #include "store/schema.h"
 #include "workbench/new_visual_basic_project.h"
 
 namespace workbench {
 
 namespace {
-
-std::string ConnectionString(const std::string& path) {
-  return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path +
-         ";Mode=Read|Write|Share Deny None;";
-}
 
 // Removes the files it was told of unless they are kept.
 class MadeFiles {
@@ -48,9 +44,9 @@ class MadeFiles {
 void MakeDatabase(files::FileSystem& system, const std::string& path, bool into) {
   recordset::JetConnection connection(system);
   if (into) {
-    connection.Open(ConnectionString(path));
+    connection.Open(store::ProjectConnectionString(path));
   } else {
-    connection.Create(ConnectionString(path));
+    connection.Create(store::ProjectConnectionString(path));
   }
   store::CompleteSchema(connection);
   connection.Close();

@@ -3,21 +3,24 @@
 
 #include <cstdint>
 
-#include "workbench/connection_participant.h"
+#include "store/ado_fro.h"
+#include "store/schema.h"
 
 namespace workbench {
 
 namespace {
 
-std::string ConnectionString(const std::string& path, bool read_only) {
-  return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path +
-         ";Mode=" + (read_only ? "Read" : "Read|Write") + "|Share Deny None;";
-}
-
 std::shared_ptr<recordset::JetConnection> OpenConnection(files::FileSystem& system,
-                                                         const std::string& path, bool read_only) {
+                                                         const std::string& path, bool read_only,
+                                                         const texts::TextTable& texts) {
   auto connection = std::make_shared<recordset::JetConnection>(system);
-  connection->Open(ConnectionString(path, read_only));
+  connection->Open(store::ProjectConnectionString(
+      path, read_only ? store::Access::kRead : store::Access::kReadWrite));
+  const std::vector<std::string> missing = store::MissingFromSchema(*connection);
+  if (!missing.empty()) {
+    throw platform::Error(platform::ErrorKind::kRefused, platform::kErrNoSuchTable,
+                          path + ": " + store::DescribeMissing(missing, texts));
+  }
   return connection;
 }
 
@@ -77,7 +80,7 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
                  const texts::TextTable& texts)
     : system_(system),
       path_(path),
-      connection_(OpenConnection(system, path, options.read_only)),
+      connection_(OpenConnection(system, path, options.read_only, texts)),
       database_(connection_),
       items_(system, ItemsPath(system, path, options), !options.items_file.empty()),
       components_(OpenComponents(system, path, options)),

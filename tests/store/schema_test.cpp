@@ -79,10 +79,9 @@ TEST(Schema, IsCompletedWhollyOrNotAtAll) {
                          {{"ID", DataType::kInteger, 0, true},
                           {"ParentID", DataType::kInteger, 0, false},
                           {"AliasID", DataType::kInteger, 0, false},
-                          {"In", DataType::kBoolean, 0, false}},
+                          {"In", DataType::kBoolean, 0, false},
+                          {"out", DataType::kBoolean, 0, false}},
                          {});
-  EXPECT_EQ(MissingFromSchema(connection),
-            (Strings{"TvbfFormulas", "TvbfAlias", "TvbfParams.Out"}));
   auto rows = support::MemoryDatabase::Open(connection, "TvbfParams");
   for (int i = 0; i < 2; ++i) rows->AddNew({"ParentID", "AliasID"}, {1, 1});
   try {
@@ -94,6 +93,24 @@ TEST(Schema, IsCompletedWhollyOrNotAtAll) {
   EXPECT_EQ(connection.TableNames(), Strings{"TvbfParams"});
   EXPECT_EQ(IndexText(connection, "TvbfParams"), "");
   EXPECT_TRUE(connection.database().Verify().ok());
+}
+
+TEST(Schema, NamesAMissingColumnAndAddsNothing) {
+  EmptyDatabase db;
+  db.connection.CreateTable(
+      "TvbfParams", {{"ID", DataType::kInteger, 0, true}, {"In", DataType::kBoolean, 0, false}},
+      {});
+  EXPECT_EQ(MissingFromSchema(db.connection),
+            (Strings{"TvbfFormulas", "TvbfAlias", "TvbfParams.ParentID", "TvbfParams.AliasID",
+                     "TvbfParams.Out"}));
+  try {
+    CompleteSchema(db.connection);
+    ADD_FAILURE() << "a column cannot be added";
+  } catch (const platform::Error& error) {
+    EXPECT_EQ(error.number(), platform::kErrItemNotFound);
+    EXPECT_NE(error.description().find("ParentID"), std::string::npos);
+  }
+  EXPECT_EQ(db.connection.TableNames(), Strings{"TvbfParams"});
 }
 
 TEST(Schema, SaysWhatIsMissing) {
