@@ -107,7 +107,8 @@ class Report {
     std::size_t number = 0;
     for (const auto& [prog_id, formulas] : classes_) {
       html_ += "<li><a href=\"#c" + std::to_string(number++) + "\">" + ClassTitle(prog_id) +
-               "</a>\n<ul class=\"names\">\n";
+               "</a> <span class=\"number\">" + std::to_string(formulas.size()) +
+               "</span>\n<ul class=\"names\">\n";
       for (const Formula* formula : formulas) html_ += "<li>" + Link(*formula) + "</li>\n";
       html_ += "</ul></li>\n";
     }
@@ -146,8 +147,8 @@ class Report {
     html_ += "<dt>" + Text(name) + "</dt><dd>" + value + "</dd>\n";
   }
 
-  void AddHead(std::initializer_list<int> names) {
-    html_ += "<table>\n<thead><tr>";
+  void AddHead(const char* table, std::initializer_list<int> names) {
+    html_ += "<table class=\"" + std::string(table) + "\">\n<thead><tr>";
     for (const int name : names) html_ += "<th scope=\"col\">" + Text(name) + "</th>";
     html_ += "</tr></thead>\n<tbody>\n";
   }
@@ -157,7 +158,7 @@ class Report {
       html_ += "<p class=\"none\">" + Text(kNoArguments) + "</p>\n";
       return;
     }
-    AddHead({kAlias, kItem, kDirection});
+    AddHead("arguments", {kAlias, kItem, kDirection});
     for (const store::ArgumentRecord& argument : formula.arguments) {
       const int direction = argument.in && argument.out ? kInOut
                             : argument.in               ? kIn
@@ -186,7 +187,7 @@ class Report {
 
   void AddAliases() {
     html_ += "<section>\n<h2 id=\"aliases\">" + Text(kAliases) + "</h2>\n";
-    AddHead({kAlias, kItem, kType, kUses});
+    AddHead("aliases", {kAlias, kItem, kType, kUses});
     for (const store::AliasRecord& alias : aliases_) {
       html_ += "<tr><td>" + EscapeHtml(alias.vb_alias) + "</td><td>" + EscapeHtml(alias.item_id) +
                "</td><td>" +

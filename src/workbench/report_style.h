@@ -16,7 +16,8 @@ h1 { font-size: 1.9rem; line-height: 1.2; margin: 0 0 .3rem; overflow-wrap: anyw
 h2 { font-size: 1.3rem; margin: 2.5rem 0 1rem; padding-bottom: .3rem; border-bottom: 2px solid var(--line);
   overflow-wrap: anywhere; }
 h3 { font-size: 1.08rem; margin: 0 0 .5rem; overflow-wrap: anywhere; }
-.counts, .none { color: var(--soft); margin: .2rem 0 .8rem; }
+.counts, .none, .number { color: var(--soft); margin: .2rem 0 .8rem; }
+.number { font-weight: 400; }
 a { color: var(--accent); text-decoration: none; }
 a:hover { text-decoration: underline; }
 nav > ul { list-style: none; padding: 0; margin: 0; }
@@ -28,6 +29,8 @@ dl { display: grid; grid-template-columns: max-content 1fr; gap: .1rem 1rem; mar
 dt { color: var(--soft); }
 dd { margin: 0; overflow-wrap: anywhere; }
 table { border-collapse: collapse; width: 100%; margin: 0 0 .8rem; }
+.arguments { table-layout: fixed; }
+.arguments th { width: 34%; }
 th, td { text-align: left; vertical-align: top; padding: .25rem .8rem .25rem 0;
   border-bottom: 1px solid var(--line); overflow-wrap: anywhere; }
 th { color: var(--soft); font-weight: 600; }
@@ -37,17 +40,22 @@ pre b { font-weight: 600; color: var(--accent); }
 pre i { color: var(--comment); }
 pre q { color: var(--string); quotes: none; }
 .unused { columns: 18rem; padding-left: 1.2rem; }
+.unused li { overflow-wrap: anywhere; }
 .unused span { color: var(--soft); }
-@page { size: A4; margin: 18mm 16mm; }
+@page { size: A4; margin: 18mm 16mm;
+  @bottom-right { content: counter(page) " / " counter(pages); font: 8pt sans-serif; color: #444; } }
 @media print {
   :root { --ink: #000; --soft: #444; --line: #999; --paper: #fff; --code: #f4f4f4; --accent: #000;
     --comment: #333; --string: #333; }
   body { font-size: 10pt; max-width: none; margin: 0; padding: 0; }
   pre { font-size: 8.5pt; }
   section { break-before: page; }
+  section:last-of-type { break-before: auto; }
+  section > h2:first-child { margin-top: 0; }
   h2, h3, dl, thead { break-after: avoid; }
   thead { display: table-header-group; }
-  tr, dl { break-inside: avoid; }
+  tr, dl, li { break-inside: avoid; }
+  pre { orphans: 4; widows: 4; }
   article { border: 0; border-bottom: 1px solid var(--line); border-radius: 0; padding: 0 0 1rem; }
 }
 )";
