@@ -53,6 +53,7 @@ void FAlias::OnAlias() {
     const store::AliasValues values{txtItemname.Text().empty() ? text : txtItemname.Text(), text};
     const store::OperationResult check = surroundings().operations.CheckAlias(values, alias_id_);
     hint = check.detail.empty() ? check.message : check.detail;
+    if (hint.empty() && !check.warnings.empty()) hint = check.warnings.front().message;
   }
   lblVBAliasHint.SetVisible(!hint.empty());
   lblVBAliasHint.SetCaption(hint);

@@ -218,7 +218,7 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
       {"", "Level2", empty, "", false},
       {"   ", "Level2", empty, "", false},
       {"Pump.Running", " ", empty, "", false},
-      {"Pump.Running", "1st", malformed, "_st", true},
+      {"Pump.Running", "1st", malformed, "A1st", true},
       {"Pump.Running", "Run ning", malformed, "Run_ning", true},
       {"Pump.Running", "LEVEL", malformed, "Tank1.Level", true},
       {"Pump.Running", "Level", malformed, "Level1", true},
@@ -239,6 +239,8 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
       EXPECT_EQ(bench.toolkit.boxes[0].buttons, platform::MessageButtons::kOk);
       bench.toolkit.boxes.clear();
     }
+    dialog.txtVBAlias.SetText("_Running");
+    EXPECT_TRUE(dialog.lblVBAliasHint.Visible()) << "can be stored, but Visual Basic refuses it";
     dialog.txtVBAlias.SetText("Running");
     EXPECT_FALSE(dialog.lblVBAliasHint.Visible());
     dialog.cmdOk.Click();
