@@ -2,7 +2,6 @@
 #include "bench/jet_workload.h"
 
 #include <array>
-#include <filesystem>
 #include <random>
 
 #include "files/file_system.h"
@@ -70,12 +69,5 @@ void InsertSqlite(SqliteStatement& insert, const Alias& alias) {
   insert.Step();
   insert.Reset();
 }
-
-Folder::Folder() {
-  std::string name = (std::filesystem::temp_directory_path() / "bench-XXXXXX").string();
-  path_ = ::mkdtemp(name.data());
-}
-
-Folder::~Folder() { std::filesystem::remove_all(path_); }
 
 }  // namespace bench

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/folder.h"
 #include "bench/sqlite.h"
 #include "jet/database.h"
 
@@ -38,19 +39,6 @@ void InsertSqlite(SqliteStatement& insert, const Alias& alias);
 
 inline constexpr const char* kTable = "Alias";
 inline constexpr const char* kNameIndex = "Name";
-
-// Files of a benchmark; removed at the end.
-class Folder {
- public:
-  Folder();
-  ~Folder();
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  std::string File(const std::string& name) const { return path_ + "/" + name; }
-
- private:
-  std::string path_;
-};
 
 // The benchmarks; each prints its lines.
 void CompareInserts();

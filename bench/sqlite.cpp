@@ -58,6 +58,11 @@ std::int64_t SqliteStatement::Integer(int column) {
   return sqlite3_column_int64(statement_, column);
 }
 
+std::string_view SqliteStatement::Text(int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
 void SqliteStatement::Reset() { Check(sqlite3_reset(statement_), SQLITE_OK); }
 
 }  // namespace bench

@@ -39,6 +39,8 @@ class SqliteStatement {
   // Whether there is a row.
   bool Step();
   std::int64_t Integer(int column);
+  // Valid until the next Step or Reset.
+  std::string_view Text(int column);
   void Reset();
 
  private:
