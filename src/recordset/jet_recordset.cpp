@@ -122,7 +122,9 @@ void JetRecordset::Open() {
 // Finds the rows at once, while the file is held for reading, unless that is the whole table.
 void JetRecordset::Restart() {
   cursor_->Restart();
-  if (!query_->IsWholeTable()) cursor_->All();
+  if (query_->IsWholeTable()) return;
+  cursor_->All();
+  cursor_->OnRow();  // settles the position, so that nobody has to look at the file for it
 }
 
 void JetRecordset::Close() {

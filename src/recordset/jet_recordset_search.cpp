@@ -152,6 +152,7 @@ void JetRecordset::Seek(const std::vector<Variant>& key, SeekOption option) {
                                                      : seek_cursor_->SeekAtLeast(*values));
     if (found) {
       cursor_->MoveToFound(seek_cursor_->row());
+      reader_->Read(cursor_->Row());
     } else {
       cursor_->MoveToEnd();
     }
@@ -186,7 +187,7 @@ platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
   const auto rows = std::make_unique<jet::RowBuffer[]>(query_->tables().size());
   auto append = [&] {
     for (std::size_t i = 0; i < sources.size(); ++i) {
-      result.values.push_back(ToVariant(rows[sources[i].table][slots[i]]));
+      AppendVariant(rows[sources[i].table][slots[i]], result.values);
     }
     ++result.second;
   };

@@ -37,6 +37,7 @@ class Planner {
   std::optional<Equality> FindEquality(TableColumn column) const;
   bool IsKnown(const Operand& operand, jet::ColumnType type) const;
   void Take(std::size_t table, const Access& access);
+  void MarkRowsToRead();
 
   const Query& query_;
   IndexUse index_use_;
@@ -75,7 +76,20 @@ QueryPlan Planner::Plan() {
     }
     Take(best, best_access);
   }
+  MarkRowsToRead();
   return std::move(plan_);
+}
+
+void Planner::MarkRowsToRead() {
+  std::uint32_t looked_at = 0;
+  for (const OrderColumn& column : query_.order()) looked_at |= 1u << column.source.table;
+  for (const PlanStep& step : plan_.steps) {
+    for (const Condition* test : step.tests) looked_at |= test->tables;
+    for (const Operand& operand : step.key) {
+      if (operand.is_column) looked_at |= 1u << operand.column.table;
+    }
+  }
+  for (PlanStep& step : plan_.steps) step.reads_row = (looked_at & 1u << step.table) != 0;
 }
 
 Access Planner::BestAccess(std::size_t table) const {

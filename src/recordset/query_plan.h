@@ -21,6 +21,9 @@ struct PlanStep {
   const Condition* equality = nullptr;
   // What the rows found have to pass.
   std::vector<const Condition*> tests;
+  // Whether anything looks at the columns of the rows, here, in a later step or for the order;
+  // otherwise it is enough to know which rows there are.
+  bool reads_row = false;
 };
 
 struct QueryPlan {

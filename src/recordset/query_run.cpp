@@ -66,7 +66,7 @@ class Run {
     const std::span<const std::size_t> needed = query_.needed().Of(step.table);
     for (bool more = cursor.Seek(key); more; more = cursor.NextEqual()) {
       current_[step.table] = cursor.row();
-      if (needed.empty() || table.Read(cursor.row(), needed, rows_[step.table])) Pass(depth);
+      if (!step.reads_row || table.Read(cursor.row(), needed, rows_[step.table])) Pass(depth);
     }
   }
 
@@ -74,7 +74,8 @@ class Run {
   void Scan(std::size_t depth, Visit visit) {
     const PlanStep& step = plan_.steps[depth];
     jet::RowBuffer& row = rows_[step.table];
-    jet::Scan scan = query_.tables()[step.table]->OpenScan(query_.needed().Of(step.table));
+    jet::Scan scan = query_.tables()[step.table]->OpenScan(
+        step.reads_row ? query_.needed().Of(step.table) : std::span<const std::size_t>());
     while (scan.Next(row)) {
       current_[step.table] = row.id();
       visit();

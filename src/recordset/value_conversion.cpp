@@ -179,29 +179,43 @@ std::int32_t DefinedSizeOf(const jet::Column& column) {
   return column.type == ColumnType::kText ? column.length / 2 : column.length;
 }
 
-Variant ToVariant(const Value& value) {
+namespace {
+
+// Calls `make` with what a Variant holds for the value.
+template <class Make>
+decltype(auto) MakeVariant(const Value& value, Make make) {
   switch (value.kind()) {
     case ValueKind::kNull:
-      return platform::Null{};
+      break;
     case ValueKind::kBoolean:
-      return value.boolean();
+      return make(value.boolean());
     case ValueKind::kInteger:
-      return static_cast<std::int32_t>(value.integer());
+      return make(static_cast<std::int32_t>(value.integer()));
     case ValueKind::kCurrency:
-      return static_cast<double>(value.integer()) / kCurrencyUnit;
+      return make(static_cast<double>(value.integer()) / kCurrencyUnit);
     case ValueKind::kReal:
-      return value.real();
+      return make(value.real());
     case ValueKind::kDate:
-      return platform::Date{value.real()};
+      return make(platform::Date{value.real()});
     case ValueKind::kText:
-      return value.text();
+      return make(value.text());
     case ValueKind::kGuid:
-      return GuidText(value.bytes());
+      return make(GuidText(value.bytes()));
     case ValueKind::kBinary:
     case ValueKind::kDecimal:
-      return BinaryVariant(value.bytes());
+      return make(BinaryVariant(value.bytes()));
   }
-  return {};
+  return make(platform::Null{});
+}
+
+}  // namespace
+
+Variant ToVariant(const Value& value) {
+  return MakeVariant(value, [](auto&& content) { return Variant(std::move(content)); });
+}
+
+void AppendVariant(const Value& value, std::vector<Variant>& values) {
+  MakeVariant(value, [&](auto&& content) { values.emplace_back(std::move(content)); });
 }
 
 Variant Coerce(const jet::Column& column, const Variant& value) {

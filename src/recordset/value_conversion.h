@@ -2,6 +2,8 @@
 // Between the engine's values and those of the platform.
 #pragma once
 
+#include <vector>
+
 #include "jet/schema.h"
 #include "jet/value.h"
 #include "platform/ado.h"
@@ -16,6 +18,8 @@ jet::ColumnType ColumnTypeOf(platform::DataType type);
 std::int32_t DefinedSizeOf(const jet::Column& column);
 
 platform::Variant ToVariant(const jet::Value& value);
+// Appends it; for many values.
+void AppendVariant(const jet::Value& value, std::vector<platform::Variant>& values);
 
 // The value as the column holds it: numbers rounded half to even, numbers in text read, Null false
 // in a Yes/No column. Raises kErrTypeMismatch or kErrDataOverflow; the description names the field.
