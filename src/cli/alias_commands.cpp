@@ -38,6 +38,7 @@ std::vector<store::AliasValues> GivenAliases(Invocation& invocation) {
 void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
   std::unordered_set<std::string> taken;
   for (store::AliasValues& alias : values) {
+    if (session.Interrupted()) throw Interrupted();
     if (alias.vb_alias.empty()) {
       const std::string proposed = session.operations().ProposeAlias(alias.item_id);
       alias.vb_alias = proposed;

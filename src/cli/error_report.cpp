@@ -35,7 +35,8 @@ int ReportException(Console& console, const texts::TextTable& texts, std::except
   try {
     std::rethrow_exception(std::move(error));
   } catch (const CommandError& refused) {
-    ReportError(console, texts, refused.what());
+    const bool interrupted = refused.code() == kInterrupted;
+    ReportError(console, texts, interrupted ? texts.Text(kTextInterrupted) : refused.what());
     return refused.code();
   } catch (const platform::Error& failed) {
     ReportError(console, texts, failed.what());

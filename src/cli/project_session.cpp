@@ -106,7 +106,10 @@ void ProjectSession::KeepCode() {
   files::ChangeSet changes;
   project_->vb()->Collect(changes);
   for (const files::FileChange& change : changes.files) {
-    diff_ += UnifiedDiff(change.path, change.before.value_or(""), change.after.value_or(""));
+    const auto text = [&](const std::optional<std::string>& bytes) {
+      return project_->vb()->ToUtf8(change.path, bytes.value_or(""));
+    };
+    diff_ += UnifiedDiff(change.path, text(change.before), text(change.after));
   }
 }
 

@@ -38,6 +38,7 @@ class ProjectSession {
 
   // Prints warnings, the rows and code of a dry run, and raises CommandError unless it is done.
   void Report(const store::OperationResult& result);
+  bool Interrupted() const { return invocation_.Interrupted(); }
   bool dry_run() const { return invocation_.Has("--dry-run"); }
 
   // The formula that NAME, CLASS.NAME, PROJECT.CLASS.NAME, ID or #ID means. Raises CommandError

@@ -70,23 +70,28 @@ std::string GroupHelp(const std::string& word, const texts::TextTable& texts) {
   return text;
 }
 
-int UnknownCommand(const Words& words, Console& console, const texts::TextTable& texts) {
-  const std::string group = GroupHelp(words.front(), texts);
-  if (!group.empty()) {
-    const bool wanted = words.size() > 1 && (words[1] == "--help" || words[1] == "-h");
-    (wanted ? console.out : console.err) << texts.Text(kTextUsage) << '\n' << group;
-    return wanted ? kDone : kUsage;
-  }
+// Names the command that was probably meant.
+void ReportUnknown(const std::string& word, Console& console, const texts::TextTable& texts) {
   std::vector<std::string> paths;
   for (const CommandSpec& command : Commands()) {
     paths.emplace_back(command.path);
     paths.emplace_back(command.path.substr(0, command.path.find(' ')));
   }
-  std::string near = words.size() > 1 ? Nearest(words[0] + " " + words[1], paths) : std::string();
-  if (near.empty()) near = Nearest(words[0], paths);
+  const std::string near = Nearest(word, paths);
   ReportError(console, texts,
               texts.Text(near.empty() ? kTextUnknownCommand : kTextUnknownCommandNear,
-                         {{"<Word>", words[0]}, {"<Near>", near}}));
+                         {{"<Word>", word}, {"<Near>", near}}));
+}
+
+int UnknownCommand(const Words& words, Console& console, const texts::TextTable& texts) {
+  const std::string group = GroupHelp(words.front(), texts);
+  if (!group.empty()) {
+    const bool wanted = words.size() > 1 && (words[1] == "--help" || words[1] == "-h");
+    if (!wanted && words.size() > 1) ReportUnknown(words[0] + " " + words[1], console, texts);
+    (wanted ? console.out : console.err) << texts.Text(kTextUsage) << '\n' << group;
+    return wanted ? kDone : kUsage;
+  }
+  ReportUnknown(words[0], console, texts);
   console.err << texts.Text(kTextTryHelp, {{"<Command>", "ovformula"}}) << '\n';
   return kUsage;
 }

@@ -166,6 +166,14 @@ void Environment::Save() {
   session_->in_unit = true;
 }
 
+std::string Environment::ToUtf8(std::string_view path, std::string_view bytes) {
+  const CodePage* page = &page_;
+  ForEachDocument([&](const ModuleDocument& document) {
+    if (document.file().path() == path) page = &document.file().page();
+  });
+  return page->ToUtf8(bytes);
+}
+
 void Environment::Collect(files::ChangeSet& changes) {
   ForEachDocument([&](const ModuleDocument& document) { document.Collect(changes); });
 }

@@ -42,6 +42,9 @@ class Environment final : public platform::VBE, public files::Participant {
   // Agrees to changes in a folder outside the folder tree of its project.
   void AllowWritesIn(const std::string& folder);
 
+  // Bytes of an open source file as text, by the code page of its project.
+  std::string ToUtf8(std::string_view path, std::string_view bytes);
+
   void Save() override;
   void Collect(files::ChangeSet& changes) override;
   void Committed() noexcept override;
