@@ -52,6 +52,8 @@ pre q { color: var(--string); quotes: none; }
   section { break-before: page; }
   section:last-of-type { break-before: auto; }
   section > h2:first-child { margin-top: 0; }
+  section:last-of-type > h2:first-child { margin-top: 2.5rem; }
+  .arguments { break-inside: avoid; }
   h2, h3, dl, thead { break-after: avoid; }
   thead { display: table-header-group; }
   tr, dl, li { break-inside: avoid; }
