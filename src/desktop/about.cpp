@@ -3,6 +3,10 @@
 
 #include <wx/aboutdlg.h>
 #include <wx/bmpbndl.h>
+#include <wx/platinfo.h>
+#include <wx/stc/stc.h>
+#include <wx/utils.h>
+#include <wx/versioninfo.h>
 
 #include "desktop/version.h"
 #include "workbench/text_numbers.h"
@@ -13,14 +17,31 @@ namespace desktop {
 
 namespace {
 
-constexpr const char* kLicences =
-    "OrvanaStudio formula editor: MIT licence\n"
-    "wxWidgets: wxWindows Library Licence 3.1\n"
-    "GTK 3, GLib: GNU LGPL 2.1 or later\n"
-    "Scintilla, Lexilla: Historical Permission Notice and Disclaimer\n"
-    "JSON for Modern C++: MIT licence\n"
-    "CLI11: BSD 3-clause licence\n"
-    "libstdc++: GNU GPL 3 with the runtime library exception";
+// Name and version of a library that the program runs with.
+wxString Named(const wxVersionInfo& library) {
+  return wxString::Format("%s %d.%d.%d", library.GetName(), library.GetMajor(), library.GetMinor(),
+                          library.GetMicro());
+}
+
+wxString NamedGtk() {
+  const wxPlatformInfo& platform = wxPlatformInfo::Get();
+  return wxString::Format("GTK %d.%d.%d", platform.GetToolkitMajorVersion(),
+                          platform.GetToolkitMinorVersion(), platform.GetToolkitMicroVersion());
+}
+
+// The parts of both programs with their versions, where they tell them, and their licences.
+wxString Licences() {
+  wxString text = wxString("OrvanaStudio formula editor ") + kVersion + ": MIT licence\n";
+  text += Named(wxGetLibraryVersionInfo()) + ": wxWindows Library Licence 3.1\n";
+  text += NamedGtk() + ", GLib, Pango, Cairo: GNU LGPL 2.1 or later\n";
+  text += Named(wxStyledTextCtrl::GetLibraryVersionInfo()) +
+          ", Lexilla: Historical Permission Notice and Disclaimer\n";
+  text += "NanoSVG: zlib licence\n";
+  text += "libstdc++: GNU GPL 3 with the runtime library exception\n";
+  text += "JSON for Modern C++ (command line): MIT licence\n";
+  text += "CLI11 (command line): BSD 3-clause licence";
+  return text;
+}
 
 }  // namespace
 
@@ -40,7 +61,7 @@ void ShowAboutBox(wxWindow* parent, const texts::TextTable& texts) {
   info.SetVersion(kVersion,
                   wx::ToWx(texts.Text(workbench::kTextAboutVersion, {{"<Version>", kVersion}})));
   info.SetDescription(wx::ToWx(texts.Text(workbench::kTextAboutDescription)));
-  info.SetLicence(kLicences);
+  info.SetLicence(Licences());
   wxIcon icon;
   icon.CopyFromBitmap(wx::Picture("program", 64).GetBitmap(wxSize(64, 64)));
   info.SetIcon(icon);
