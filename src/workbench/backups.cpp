@@ -2,9 +2,12 @@
 #include "workbench/backups.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "files/error.h"
 #include "files/replace_file.h"
+#include "files/unit_of_work.h"
 #include "workbench/line_diff.h"
 
 namespace workbench {
@@ -15,14 +18,34 @@ constexpr const char* kList = "files.txt";
 
 std::string CopyName(std::size_t index) { return std::to_string(index) + ".bak"; }
 
+// Replaces whole files, as part of a unit of work.
+class Replacement final : public files::Participant {
+ public:
+  explicit Replacement(std::vector<files::FileChange> changes) : changes_(std::move(changes)) {}
+  void Save() override {}
+  void Collect(files::ChangeSet& changes) override {
+    changes.files.insert(changes.files.end(), changes_.begin(), changes_.end());
+  }
+  void Committed() noexcept override {}
+  void Restore() noexcept override {}
+
+ private:
+  std::vector<files::FileChange> changes_;
+};
+
 }  // namespace
 
 Backups::Backups(files::FileSystem& system, std::string folder)
     : system_(system), folder_(std::move(folder)) {}
 
-void Backups::MakeDaily(const std::string& date, const std::vector<std::string>& files) {
-  const std::string folder = system_.Join(folder_, date);
-  if (system_.Exists(system_.Join(folder, kList))) return;
+bool Backups::MakeDaily(const std::string& date, const std::vector<std::string>& files) {
+  if (system_.Exists(system_.Join(system_.Join(folder_, date), kList))) return false;
+  Make(date, files);
+  return true;
+}
+
+void Backups::Make(const std::string& name, const std::vector<std::string>& files) {
+  const std::string folder = system_.Join(folder_, name);
   system_.CreateDirectories(folder);
   std::string list;
   std::size_t count = 0;
@@ -50,15 +73,26 @@ std::vector<Backups::Backup> Backups::List() {
     backups.push_back(std::move(backup));
   }
   std::sort(backups.begin(), backups.end(),
-            [](const Backup& a, const Backup& b) { return a.date > b.date; });
+            [](const Backup& a, const Backup& b) { return a.name > b.name; });
   return backups;
 }
 
-void Backups::Restore(const Backup& backup) {
+void Backups::Restore(const Backup& backup, const std::string& present) {
+  if (backup.files.empty()) return;
+  std::vector<files::FileChange> changes;
   for (std::size_t i = 0; i < backup.files.size(); ++i) {
-    const std::string copy = files::ReadFile(system_, system_.Join(backup.folder, CopyName(i)));
-    files::ReplaceFile(system_, backup.files[i], copy);
+    const std::string& path = backup.files[i];
+    std::optional<std::string> before;
+    if (system_.Exists(path)) before = files::ReadFile(system_, path);
+    std::string after = files::ReadFile(system_, system_.Join(backup.folder, CopyName(i)));
+    if (before != after) changes.push_back({path, std::move(before), std::move(after)});
   }
+  Make(present, backup.files);
+  Replacement replacement(std::move(changes));
+  files::JournalledUnitOfWork unit(system_, backup.files.front());
+  unit.Enlist(replacement);
+  platform::UnitOfWorkScope scope(unit);
+  scope.Commit();
 }
 
 void Backups::RemoveFolder(const std::string& folder) {

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "files/memory_file_system.h"
+#include "files/replace_file.h"
+#include "workbench/daily_backup.h"
 
 using workbench::Backups;
 
@@ -22,9 +25,87 @@ TEST(Backups, KeepsTheFirstStateOfEachDayAndPutsItBackByteForByte) {
 
   auto list = backups.List();
   ASSERT_EQ(list.size(), 1u);
-  backups.Restore(list[0]);
+  backups.Restore(list[0], "2026-11-21 10.00.00");
   EXPECT_EQ(system.Get("/p/Plant.ovs"), bytes);
   EXPECT_EQ(system.Get("/p/CPump.cls"), "one\r\n");
+
+  // Restoring can be taken back.
+  list = backups.List();
+  ASSERT_EQ(list.size(), 2u);
+  EXPECT_EQ(list[0].name, "2026-11-21 10.00.00");
+  backups.Restore(list[0], "2026-11-21 10.00.01");
+  EXPECT_EQ(system.Get("/p/Plant.ovs"), "changed");
+  EXPECT_EQ(system.Get("/p/CPump.cls"), "two");
+}
+
+TEST(Backups, RestoresAFileThatIsGoneAndTheOldestOfTen) {
+  files::MemoryFileSystem system;
+  system.Put("/p/a", "x");
+  system.Put("/p/b", "first");
+  Backups backups(system, "/state/a");
+  for (int day = 10; day < 20; ++day) {
+    backups.MakeDaily("2026-11-" + std::to_string(day), {"/p/a", "/p/b"});
+    system.Put("/p/b", "later");
+  }
+  system.Remove("/p/b");
+  backups.Restore(backups.List().back(), "2026-11-20 08.00.00");
+  EXPECT_EQ(system.Get("/p/b"), "first");
+  EXPECT_EQ(backups.List().size(), Backups::kKept);
+}
+
+TEST(Backups, RestoresNothingWhenACopyIsMissing) {
+  files::MemoryFileSystem system;
+  system.Put("/p/a", "x");
+  system.Put("/p/b", "y");
+  Backups backups(system, "/state/a");
+  backups.MakeDaily("2026-11-20", {"/p/a", "/p/b"});
+  system.Put("/p/a", "changed");
+  system.Remove("/state/a/2026-11-20/1.bak");
+  EXPECT_ANY_THROW(backups.Restore(backups.List()[0], "2026-11-21 10.00.00"));
+  EXPECT_EQ(system.Get("/p/a"), "changed");
+}
+
+class DailyBackupTest : public testing::Test {
+ protected:
+  DailyBackupTest() { system_.Put("/p/a", "first"); }
+
+  void Change(const std::string& text) {
+    files::ChangeSet changes;
+    changes.files.push_back({"/p/a", system_.Get("/p/a"), text});
+    backup_.Collect(changes);
+    system_.Put("/p/a", text);
+  }
+
+  files::MemoryFileSystem system_;
+  std::string day_ = "2026-11-20";
+  std::vector<std::string> told_;
+  workbench::DailyBackup backup_{system_,
+                                 "/state/a",
+                                 {[this] { return day_; },
+                                  [] { return std::vector<std::string>{"/p/a"}; },
+                                  [this] { told_.push_back("made"); },
+                                  [this](const std::string&) { told_.push_back("failed"); }}};
+};
+
+TEST_F(DailyBackupTest, IsMadeBeforeTheFirstChangeOfEachDay) {
+  files::ChangeSet nothing;
+  backup_.Collect(nothing);
+  EXPECT_TRUE(told_.empty()) << "reading is no change";
+  Change("second");
+  Change("third");
+  day_ = "2026-11-21";
+  Change("fourth");
+  EXPECT_EQ(told_, (std::vector<std::string>{"made", "made"}));
+  const auto list = Backups(system_, "/state/a").List();
+  ASSERT_EQ(list.size(), 2u);
+  EXPECT_EQ(files::ReadFile(system_, list[1].folder + "/0.bak"), "first");
+  EXPECT_EQ(files::ReadFile(system_, list[0].folder + "/0.bak"), "third");
+}
+
+TEST_F(DailyBackupTest, LetsTheChangeGoOnWhenItFails) {
+  system_.Put("/state/a", "a file where the folder should be");
+  Change("second");
+  EXPECT_EQ(told_, std::vector<std::string>{"failed"});
 }
 
 TEST(Backups, KeepsTheLastTen) {
@@ -34,6 +115,6 @@ TEST(Backups, KeepsTheLastTen) {
   for (int day = 10; day < 30; ++day) backups.MakeDaily("2026-11-" + std::to_string(day), {"/p/a"});
   const auto list = backups.List();
   ASSERT_EQ(list.size(), Backups::kKept);
-  EXPECT_EQ(list.front().date, "2026-11-29");
-  EXPECT_EQ(list.back().date, "2026-11-20");
+  EXPECT_EQ(list.front().name, "2026-11-29");
+  EXPECT_EQ(list.back().name, "2026-11-20");
 }
