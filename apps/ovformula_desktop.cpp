@@ -7,14 +7,16 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <optional>
 #include <string>
+#include <typeinfo>
 
+#include "desktop/crash_log.h"
 #include "desktop/help_viewer.h"
 #include "desktop/main_window.h"
 #include "desktop/version.h"
 #include "files/real_file_system.h"
 #include "workbench/language.h"
+#include "workbench/text_numbers.h"
 #include "workbench/user_folders.h"
 #include "wx/convert.h"
 #include "wx/window_system.h"
@@ -57,6 +59,24 @@ class Program : public wxApp {
     return true;
   }
 
+  // Operations put everything back themselves before an exception gets here.
+  bool OnExceptionInMainLoop() override {
+    std::string text;
+    try {
+      throw;
+    } catch (const std::exception& error) {
+      text = typeid(error).name();
+    } catch (...) {
+      text = "unknown exception";
+    }
+    const std::string log = desktop::WriteCrashLog(text);
+    toolkit_->Show({texts_->Text(workbench::kTextFault),
+                    texts_->Text(workbench::kTextFaultDetail, {{"<File>", log}}), "",
+                    platform::MessageButtons::kOk, platform::MessageResult::kOk,
+                    platform::MessageIcon::kError});
+    return true;
+  }
+
   int OnExit() override {
     window_system_.reset();
     return wxApp::OnExit();
@@ -66,6 +86,7 @@ class Program : public wxApp {
   void Start() {
     files::FileSystem& files = files::RealFileSystem();
     const workbench::UserFolders folders = workbench::FindUserFolders(files, Environment);
+    if (!folders.state.empty()) StartCrashLog(files, folders.state);
     settings_ = std::make_unique<workbench::FileSettingsService>(files, folders.config);
     const texts::Language language = workbench::ChooseLanguage(language_, files, Environment);
     settings_->Override(texts::kLanguageKey, texts::kLanguageValue, workbench::LcidOf(language));
@@ -79,8 +100,18 @@ class Program : public wxApp {
     auto* window = new desktop::MainWindow(
         {files, *toolkit_, *window_system_, *help_, *settings_, *texts_, *state_, options});
     window->Show();
+    window->TellLastCrash();
     const std::string path = project_.empty() ? state_->project : project_;
     if (!path.empty()) window->CallAfter([window, path] { window->OpenProject(path); });
+  }
+
+  // A state folder that cannot be written is told when something is to be kept in it.
+  static void StartCrashLog(files::FileSystem& files, const std::string& folder) {
+    try {
+      files.CreateDirectories(folder);
+      desktop::InstallCrashLog(folder, desktop::kVersion);
+    } catch (const std::exception&) {
+    }
   }
 
   std::string language_;

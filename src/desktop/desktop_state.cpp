@@ -26,6 +26,7 @@ DesktopState::DesktopState(workbench::FileSettingsService& settings, files::File
   window.code_height = Number("CodeHeight", window.code_height);
   project = settings.ReadIni(file_, kSection, "Project", "");
   node = settings.ReadIni(file_, kSection, "Node", "");
+  told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
   std::string paths;
   for (std::size_t i = 0; i < workbench::RecentProjects::kMost; ++i) {
     paths += settings.ReadIni(file_, kSection, "Recent" + std::to_string(i), "") + "\n";
@@ -50,6 +51,7 @@ bool DesktopState::Save() {
       {"CodeHeight", std::to_string(window.code_height)},
       {"Project", project},
       {"Node", node},
+      {"ToldCrashLog", told_crash_log},
   };
   const auto& paths = recent.Paths();
   for (std::size_t i = 0; i < workbench::RecentProjects::kMost; ++i) {

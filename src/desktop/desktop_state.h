@@ -28,6 +28,7 @@ class DesktopState {
   workbench::RecentProjects recent;
   std::string project;  // that was open, "" for none
   std::string node;     // that was selected in it
+  std::string told_crash_log;
 
   const std::string& folder() const { return folder_; }
   // False when it cannot be written.

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "desktop/about.h"
+#include "desktop/crash_log.h"
 #include "editor/node_key.h"
 #include "files/replace_file.h"
 #include "workbench/item_chooser.h"
@@ -192,6 +193,7 @@ void MainWindow::Bind() {
   wxFrame::Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
     const auto found = actions_.find(event.GetId());
     if (found == actions_.end()) return event.Skip();
+    RememberStep("menu " + std::to_string(event.GetId()));
     const auto action = found->second;  // the menu may be filled anew
     action();
   });
@@ -221,6 +223,7 @@ void MainWindow::AskOpen() {
 }
 
 bool MainWindow::OpenProject(const std::string& path) {
+  RememberStep("open project");
   if (!CloseProject()) return false;
   try {
     workbench::ProjectOptions options = parts_.options;
@@ -233,10 +236,11 @@ bool MainWindow::OpenProject(const std::string& path) {
         full, options);
   } catch (const std::exception& error) {
     ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
+    ForgetMissing(path);
     return false;
   }
   ConnectStudio();
-  MakeBackup();
+  EnlistBackup();
   tree_->ShowTree(&session_->studio().tree());
   session_->Start();
   tree_->SelectKey(kRoot);
@@ -259,8 +263,18 @@ bool MainWindow::OpenProject(const std::string& path) {
   return true;
 }
 
+// A project that is gone is neither offered nor opened at the next start.
+void MainWindow::ForgetMissing(const std::string& path) {
+  if (parts_.files.Exists(path)) return;
+  parts_.state.recent.Remove(path);
+  if (parts_.state.project == path) parts_.state.project.clear();
+  parts_.state.Save();
+  FillRecent();
+}
+
 bool MainWindow::CloseProject() {
   if (!session_) return true;
+  RememberStep("close project");
   if (code_->Modified() && !code_->Save()) return false;
   parts_.state.node = tree_->SelectedKey();
   code_->CloseModule();
@@ -301,6 +315,7 @@ void MainWindow::OnTimer() {
 
 void MainWindow::SelectNode(const workbench::StudioNode& node) {
   const std::string key = node.key, text = node.text;
+  RememberStep("node " + std::string(editor::KeyKind(key)));
   session_->studio().SetSelectedKey(key);
   session_->add_in().NodeClick(session_->studio().project(), key, text);
   ShowCodeOfNode(key);
@@ -340,6 +355,13 @@ void MainWindow::OnPane(const vbfiles::PaneEvent& event) {
   if (event.kind == Kind::kSelected) code_->SelectLines(pane.GetSelection());
 }
 
+void MainWindow::TellLastCrash() {
+  const std::string log = NewestCrashLog(parts_.files, parts_.state.folder());
+  if (log.empty() || log == parts_.state.told_crash_log) return;
+  parts_.state.told_crash_log = log;
+  ShowStatus(parts_.texts.Text(TextNumber::kTextCrashedBefore, {{"<File>", log}}));
+}
+
 void MainWindow::ShowStatus(const std::string& text) { SetStatusText(wx::ToWx(text)); }
 
 void MainWindow::ShowFailure(const std::string& message, const std::string& detail) {
@@ -377,14 +399,18 @@ std::string MainWindow::BackupFolder(const std::string& path) {
                                parts_.files, parts_.state.folder(), path)));
 }
 
-void MainWindow::MakeBackup() {
+// Before the first change of a day the project's files are copied.
+void MainWindow::EnlistBackup() {
   if (parts_.state.folder().empty()) return;
-  try {
-    workbench::Backups backups(parts_.files, BackupFolder(session_->database_path()));
-    backups.MakeDaily(wx::FromWx(wxDateTime::Now().FormatISODate()), session_->Files());
-  } catch (const std::exception& error) {
-    ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed, {{"<Text>", error.what()}}));
-  }
+  backup_ = std::make_unique<workbench::DailyBackup>(
+      parts_.files, BackupFolder(session_->database_path()),
+      workbench::DailyBackup::Outside{
+          [] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
+          [this] { return session_->Files(); }, [this] { CallAfter([this] { FillBackups(); }); },
+          [this](const std::string& reason) {
+            ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed, {{"<Text>", reason}}));
+          }});
+  session_->unit().Enlist(*backup_);
 }
 
 void MainWindow::FillRecent() {
@@ -407,7 +433,7 @@ void MainWindow::FillBackups() {
   if (session_ && !parts_.state.folder().empty()) {
     for (const auto& backup :
          workbench::Backups(parts_.files, BackupFolder(session_->database_path())).List()) {
-      wxMenuItem* item = backup_menu_->Append(wxID_ANY, wx::ToLabel(backup.date));
+      wxMenuItem* item = backup_menu_->Append(wxID_ANY, wx::ToLabel(backup.name));
       backup_ids_.push_back(item->GetId());
       actions_[item->GetId()] = [this, backup] { RestoreBackup(backup); };
     }
@@ -420,7 +446,7 @@ void MainWindow::FillBackups() {
 
 void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
   const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextRestoreQuestion, {{"<Date>", backup.date}}),
+      {parts_.texts.Text(TextNumber::kTextRestoreQuestion, {{"<Date>", backup.name}}),
        Text(TextNumber::kTextRestoreDetail), "", platform::MessageButtons::kYesNo,
        platform::MessageResult::kNo, platform::MessageIcon::kQuestion});
   if (answer != platform::MessageResult::kYes) return;
@@ -428,8 +454,9 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
   const std::string folder = BackupFolder(path);
   if (!CloseProject()) return;
   try {
-    workbench::Backups(parts_.files, folder).Restore(backup);
-    ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.date}}));
+    workbench::Backups(parts_.files, folder)
+        .Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
+    ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
   } catch (const std::exception& error) {
     ShowFailure(Text(TextNumber::kTextMenuBackups), error.what());
   }

@@ -16,6 +16,7 @@
 #include "desktop/project_tree.h"
 #include "workbench/add_in_session.h"
 #include "workbench/backups.h"
+#include "workbench/daily_backup.h"
 
 class wxSplitterWindow;
 class wxStaticText;
@@ -42,6 +43,8 @@ class MainWindow : public wxFrame {
   // Opens a project in place of the one that is open; what cannot be opened is told. True when it
   // is open afterwards.
   bool OpenProject(const std::string& path);
+  // Tells of the log that the last start left behind, once.
+  void TellLastCrash();
   // The editor's window takes this panel.
   wxWindow* EditorHost() const { return editor_host_; }
 
@@ -60,6 +63,7 @@ class MainWindow : public wxFrame {
   void FillBackups();
   void RestoreBackup(const workbench::Backups::Backup& backup);
   void ShowAbout();
+  void ForgetMissing(const std::string& path);
   bool CloseProject();
   void OnClose(wxCloseEvent& event);
   void OnTimer();
@@ -71,7 +75,7 @@ class MainWindow : public wxFrame {
   void ShowFailure(const std::string& message, const std::string& detail);
   std::optional<std::string> ChooseItem(std::string_view current);
   void ShowReport(const std::string& html);
-  void MakeBackup();
+  void EnlistBackup();
   std::string BackupFolder(const std::string& path);
   std::string Text(int number) const { return parts_.texts.Text(number); }
 
@@ -87,6 +91,7 @@ class MainWindow : public wxFrame {
   std::map<int, std::function<void()>> actions_;  // by menu ID
   std::vector<int> recent_ids_, backup_ids_;
   wxTimer timer_{this};
+  std::unique_ptr<workbench::DailyBackup> backup_;  // of the session's project; outlives it
   std::unique_ptr<workbench::AddInSession> session_;
 };
 

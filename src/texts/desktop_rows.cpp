@@ -55,8 +55,8 @@ constexpr Row kRows[] = {
     {1532, "Das Modul <Name> lässt sich nicht speichern.", "The module <Name> cannot be saved."},
     {1533, "Alle Dateien des Projekts auf den Stand vom <Date> zurückbringen?",
      "Put all files of the project back to <Date>?"},
-    {1534, "Was sich seitdem geändert hat, geht verloren. Das Projekt wird danach neu geöffnet.",
-     "What was changed since then is lost. The project is opened again afterwards."},
+    {1534, "Der jetzige Stand wird vorher gesichert. Das Projekt wird danach neu geöffnet.",
+     "What the files hold now is kept as a backup first. The project is opened again afterwards."},
     {1535, "Sicherung vom <Date> wiederhergestellt.", "Backup of <Date> restored."},
     {1536, "Es konnte keine Sicherung angelegt werden: <Text>", "No backup could be made: <Text>"},
     {1537, "(noch keine)", "(none yet)"},
@@ -68,6 +68,12 @@ constexpr Row kRows[] = {
      "Formulas, arguments and aliases of OrvanaStudio projects."},
     {1542, "Formelbericht", "Formula report"},
     {1543, "Bericht: <File>", "Report: <File>"},
+    {1544, "Das Programm ist auf einen Fehler gestoßen. Ihre Dateien sind, wie sie vorher waren.",
+     "The program met a fault. Your files are as they were before."},
+    {1545, "Das Protokoll <File> hält Version und Schritte fest, keine Inhalte des Projekts.",
+     "The log <File> holds version and steps, nothing of the project's contents."},
+    {1546, "Das Programm wurde beim letzten Mal unerwartet beendet; Protokoll: <File>",
+     "The program ended unexpectedly the last time; log: <File>"},
 };
 
 }  // namespace

@@ -49,6 +49,9 @@ enum TextNumber : int {
   kTextAboutDescription,
   kTextReportTitle,
   kTextReportSaved,
+  kTextFault,
+  kTextFaultDetail,
+  kTextCrashedBefore,
 };
 
 }  // namespace workbench

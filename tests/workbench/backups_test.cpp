@@ -79,12 +79,12 @@ class DailyBackupTest : public testing::Test {
   files::MemoryFileSystem system_;
   std::string day_ = "2026-11-20";
   std::vector<std::string> told_;
-  workbench::DailyBackup backup_{system_,
-                                 "/state/a",
-                                 {[this] { return day_; },
-                                  [] { return std::vector<std::string>{"/p/a"}; },
-                                  [this] { told_.push_back("made"); },
-                                  [this](const std::string&) { told_.push_back("failed"); }}};
+  workbench::DailyBackup backup_{
+      system_,
+      "/state/a",
+      {[this] { return day_; }, [] { return std::vector<std::string>{"/p/a"}; },
+       [this] { told_.push_back("made"); },
+       [this](const std::string&) { told_.push_back("failed"); }}};
 };
 
 TEST_F(DailyBackupTest, IsMadeBeforeTheFirstChangeOfEachDay) {
