@@ -23,7 +23,9 @@ class CrashLog : public testing::Test {
  protected:
   CrashLog() {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    folder_ = testing::TempDir() + "crash-log-test";
+    // The same in the process that dies.
+    folder_ = testing::TempDir() + "crash-log-" +
+              testing::UnitTest::GetInstance()->current_test_info()->name();
     std::filesystem::create_directories(folder_);
   }
   ~CrashLog() override { std::filesystem::remove_all(folder_); }
