@@ -26,7 +26,7 @@ enum class FileState { kBefore, kAfter, kPartly, kEdited, kMissing };
 struct RecoveryFile {
   std::string path;
   FileState state = FileState::kBefore;
-  std::string description;  // a sentence about the versions there are
+  std::string description;  // what is to be said of its versions: "is as before the change."
 };
 
 enum class RecoveryChoice {

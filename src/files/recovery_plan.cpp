@@ -146,7 +146,7 @@ RecoveryPlan MakePlan(FileSystem& system, const std::string& journal, const std:
   plan.journal = journal;
   plan.message = Message(journal, database, inspection);
   for (const InspectedFile& file : inspection.files) {
-    plan.files.push_back({file.path, file.State(), file.path + " " + Describe(file)});
+    plan.files.push_back({file.path, file.State(), Describe(file)});
   }
   if (plan.condition == JournalCondition::kNone) return plan;
   plan.discard.possible = true;

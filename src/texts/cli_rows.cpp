@@ -193,7 +193,7 @@ constexpr Row kRows[] = {
      "The table <Name> is damaged; rows are missing: <Text>"},
     {1337, "Es gibt nichts zu beheben.", "There is nothing to recover."},
     {1338, "Ein unterbrochener Vorgang hat hinterlassen:", "An interrupted operation left:"},
-    {1339, "<File>: <State>", "<File>: <State>"},
+    {1339, "<File> <State>", "<File> <State>"},
     {1340, "Mit --before, --after oder --discard wählen Sie den Ausweg.",
      "Choose the way out by --before, --after or --discard."},
     {1341, "Behoben.", "Recovered."},
