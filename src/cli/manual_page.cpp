@@ -32,8 +32,8 @@ void AppendCommand(std::string& page, const CommandSpec& command, const texts::T
     AppendItem(page, std::string(argument.name), texts.Text(argument.text));
   }
   for (const OptionSpec& option : command.options) {
-    AppendItem(page, std::string(option.name) + " " + std::string(option.value),
-               texts.Text(option.text));
+    const std::string value = option.value.empty() ? "" : " " + std::string(option.value);
+    AppendItem(page, std::string(option.name) + value, texts.Text(option.text));
   }
   for (const std::string_view example : command.examples) {
     page += ".PP\n.RS\n" + Escape(example) + "\n.RE\n";
@@ -46,8 +46,10 @@ std::string ManualPage(const texts::TextTable& texts, std::string_view version) 
   std::string page = ".TH OVFORMULA 1 \"\" \"ovformula " + std::string(version) + "\"\n";
   page += ".SH NAME\novformula \\- " + Escape(texts.Text(kTextAbout)) + "\n";
   page += ".SH SYNOPSIS\n.B ovformula\n.I PROJECT.ovs\n.br\n.B ovformula\n.I COMMAND ...\n";
-  page += ".SH " + Escape(texts.Text(kTextCommands)) + "\n";
+  page += ".SH COMMANDS\n";
   for (const CommandSpec& command : Commands()) AppendCommand(page, command, texts);
+  page += ".SH OPTIONS\n";
+  AppendItem(page, "--lang de|en", texts.Text(kTextOptLang));
   page += ".SH EXIT STATUS\n";
   AppendItem(page, "0", texts.Text(kTextExitDone));
   AppendItem(page, "1", texts.Text(kTextExitRefused));
