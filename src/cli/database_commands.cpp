@@ -22,6 +22,12 @@ std::unique_ptr<jet::Database> OpenReadOnly(Invocation& invocation) {
   return jet::Database::Open(invocation.console().files, invocation.Argument("FILE"), options);
 }
 
+std::string DateText(double days) {
+  std::string text;
+  AppendCsv(text, jet::Value::Date(days), jet::Column());
+  return text;
+}
+
 int RunInfo(Invocation& invocation) {
   auto database = OpenReadOnly(invocation);
   const jet::HeaderInfo header = database->Header();
@@ -30,11 +36,12 @@ int RunInfo(Invocation& invocation) {
       {"Format", "Jet 4.0"},
       {"Pages", std::int64_t{header.page_count}},
       {"Bytes", std::int64_t{header.page_count} * 4096},
+      {"Created", DateText(header.created)},
       {"Build", std::int64_t{header.build}},
       {"CodePage", std::int64_t{header.code_page}},
       {"LCID", std::int64_t{header.lcid}},
       {"Tables", static_cast<std::int64_t>(database->Tables().size())},
-      {"ReadOnly", database->read_only_reason()},
+      {"OpenBy", database->ForeignUser()},
   };
   std::ostream& out = invocation.console().out;
   if (invocation.Has("--json")) {

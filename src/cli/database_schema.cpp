@@ -2,6 +2,7 @@
 #include "cli/database_schema.h"
 
 #include <nlohmann/json.hpp>
+#include <set>
 
 namespace cli {
 
@@ -9,9 +10,14 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+// Bytes, of a text column characters.
+std::uint16_t Length(const jet::Column& column) {
+  return column.type == jet::ColumnType::kText ? column.length / 2 : column.length;
+}
+
 Json ColumnJson(const jet::Column& column) {
   Json json = {
-      {"Name", column.name}, {"Type", ColumnTypeName(column.type)}, {"Length", column.length}};
+      {"Name", column.name}, {"Type", ColumnTypeName(column.type)}, {"Length", Length(column)}};
   if (column.auto_number || column.auto_guid) json["AutoNumber"] = true;
   if (column.compressed) json["Compressed"] = true;
   if (column.type == jet::ColumnType::kDecimal) {
@@ -40,13 +46,17 @@ Json TableJson(jet::Database& database, const std::string& name) {
   jet::Table& table = database.OpenTable(name);
   Json json = {{"Name", table.name()}, {"Rows", table.RowCount()}};
   for (const jet::Column& column : table.columns()) json["Columns"].push_back(ColumnJson(column));
-  for (const jet::Index& index : table.indexes())
+  for (const jet::Index& index : table.indexes()) {
     json["Indexes"].push_back(IndexJson(index, table));
+  }
   for (const jet::Property& property : database.Properties(name)) {
     json["Properties"].push_back(
         {{"Column", property.column}, {"Name", property.name}, {"Value", property.text}});
   }
-  if (const std::string reason = table.ReadOnlyReason(); !reason.empty()) json["ReadOnly"] = reason;
+  // That it was opened for reading here is no news.
+  if (const std::string reason = table.ReadOnlyReason(); reason != database.read_only_reason()) {
+    json["ReadOnly"] = reason;
+  }
   return json;
 }
 
@@ -63,10 +73,15 @@ Json RelationJson(const jet::Relation& relation) {
 
 Json Schema(jet::Database& database) {
   Json json = {{"Tables", Json::array()}, {"Relations", Json::array()}};
-  for (const jet::TableInfo& table : database.Tables())
+  std::set<std::string> tables;
+  for (const jet::TableInfo& table : database.Tables()) {
     json["Tables"].push_back(TableJson(database, table.name));
-  for (const jet::Relation& relation : database.Relations())
-    json["Relations"].push_back(RelationJson(relation));
+    tables.insert(table.name);
+  }
+  for (const jet::Relation& relation : database.Relations()) {
+    // Access relates tables of its own, too.
+    if (tables.contains(relation.table)) json["Relations"].push_back(RelationJson(relation));
+  }
   return json;
 }
 
@@ -83,6 +98,46 @@ std::string Joined(const Json& list) {
   std::string text;
   for (const Json& entry : list) text += (text.empty() ? "" : ", ") + entry.get<std::string>();
   return text;
+}
+
+// What the type's name leaves open.
+std::string Size(const Json& column) {
+  const std::string type = column["Type"];
+  if (type == "text" || type == "binary") return "(" + column["Length"].dump() + ")";
+  if (type != "decimal") return {};
+  return "(" + column["Precision"].dump() + "," + column["Scale"].dump() + ")";
+}
+
+// The properties of a column, or of the table itself, that say what its values may be. The others
+// (there are dozens) are about how Access shows the column; they are in the JSON.
+std::string Rules(const Json& table, const std::string& column) {
+  static const std::set<std::string> kRules = {"AllowZeroLength", "Caption",  "DefaultValue",
+                                               "Description",     "Required", "ValidationRule",
+                                               "ValidationText",  "Format"};
+  std::string text;
+  for (const Json& property : table.value("Properties", Json::array())) {
+    const std::string name = property["Name"], value = property["Value"];
+    if (property["Column"] != column || !kRules.contains(name) || value == "false") continue;
+    text += ", " + name + (value == "true" ? "" : " " + property["Value"].dump());
+  }
+  return text;
+}
+
+void AppendTable(std::string& text, const Json& table) {
+  text += table["Name"].get<std::string>() + " (" + table["Rows"].dump() + " rows)" +
+          Rules(table, "") + "\n";
+  for (const Json& column : table.value("Columns", Json::array())) {
+    const std::string name = column["Name"];
+    text += "  " + name + "  " + column["Type"].get<std::string>() + Size(column) +
+            Words(column, {"AutoNumber", "Compressed"}) + Rules(table, name) + "\n";
+  }
+  for (const Json& index : table.value("Indexes", Json::array())) {
+    text += "  index " + index["Name"].get<std::string>() + " on " + Joined(index["Columns"]) +
+            Words(index, {"Primary", "Relation", "Unique", "Required", "IgnoreNulls"}) + "\n";
+  }
+  if (table.contains("ReadOnly")) {
+    text += "  read-only: " + table["ReadOnly"].get<std::string>() + "\n";
+  }
 }
 
 }  // namespace
@@ -130,20 +185,7 @@ std::string SchemaAsJson(jet::Database& database) {
 std::string SchemaAsText(jet::Database& database) {
   const Json schema = Schema(database);
   std::string text;
-  for (const Json& table : schema["Tables"]) {
-    text += table["Name"].get<std::string>() + " (" + table["Rows"].dump() + " rows)\n";
-    for (const Json& column : table.value("Columns", Json::array())) {
-      text += "  " + column["Name"].get<std::string>() + "  " + column["Type"].get<std::string>() +
-              "(" + column["Length"].dump() + ")" + Words(column, {"AutoNumber", "Compressed"}) +
-              "\n";
-    }
-    for (const Json& index : table.value("Indexes", Json::array())) {
-      text += "  index " + index["Name"].get<std::string>() + " on " + Joined(index["Columns"]) +
-              Words(index, {"Primary", "Relation", "Unique", "Required", "IgnoreNulls"}) + "\n";
-    }
-    if (table.contains("ReadOnly"))
-      text += "  read-only: " + table["ReadOnly"].get<std::string>() + "\n";
-  }
+  for (const Json& table : schema["Tables"]) AppendTable(text, table);
   for (const Json& relation : schema["Relations"]) {
     text += "relation " + relation["Name"].get<std::string>() + ": " +
             relation["Table"].get<std::string>() + "(" + Joined(relation["Columns"]) + ") -> " +

@@ -50,6 +50,8 @@ std::unique_ptr<Database> Database::Create(files::FileSystem& system, const std:
 const std::string& Database::path() const { return session_->path(); }
 const std::string& Database::read_only_reason() const { return session_->read_only_reason(); }
 
+std::string Database::ForeignUser() { return session_->ForeignUser(); }
+
 HeaderInfo Database::Header() {
   const ReadHold hold(*session_);
   const HeaderFields& fields = session_->header();

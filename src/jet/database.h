@@ -131,6 +131,8 @@ class Database final : public files::Participant {
   const std::string& path() const;
   // Why nothing can be changed; empty when changes are possible.
   const std::string& read_only_reason() const;
+  // "COMPUTER (Account)" of a program that is not ours and has the database open, or empty.
+  std::string ForeignUser();
   HeaderInfo Header();
 
   // The user's tables, by name. With `system`, also those of the engine and of Access.

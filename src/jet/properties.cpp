@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "jet/properties.h"
 
+#include <bit>
+#include <charconv>
 #include <cstring>
 
 #include "jet/bytes.h"
 #include "jet/text_codec.h"
-#include "jet/value_codec.h"
 
 namespace jet {
 namespace {
@@ -65,10 +66,14 @@ std::string Hex(View bytes) {
   return text;
 }
 
+std::string NumberText(double number) {
+  char buffer[32];
+  return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr};
+}
+
+// Access stores some numbers wider than their type says, so the length decides.
 std::string ValueText(std::uint8_t type, View data) {
-  Column column;
-  column.type = static_cast<ColumnType>(type);
-  switch (column.type) {
+  switch (static_cast<ColumnType>(type)) {
     case ColumnType::kBoolean:
       return !data.empty() && data[0] != std::byte{0} ? "true" : "false";
     case ColumnType::kText:
@@ -76,12 +81,17 @@ std::string ValueText(std::uint8_t type, View data) {
       return DecodeUtf16(data);
     case ColumnType::kByte:
     case ColumnType::kInteger:
-    case ColumnType::kLong: {
-      Arena arena;
-      Value value;
-      if (DecodeValue(column, data, arena, value)) return std::to_string(value.integer());
+    case ColumnType::kLong:
+      if (data.size() == 1) return std::to_string(Load8(data.data()));
+      if (data.size() == 2) return std::to_string(static_cast<std::int16_t>(Load16(data.data())));
+      if (data.size() == 4) return std::to_string(static_cast<std::int32_t>(Load32(data.data())));
       break;
-    }
+    case ColumnType::kSingle:
+      if (data.size() == 4) return NumberText(double{std::bit_cast<float>(Load32(data.data()))});
+      break;
+    case ColumnType::kDouble:
+      if (data.size() == 8) return NumberText(std::bit_cast<double>(Load64(data.data())));
+      break;
     default:
       break;
   }

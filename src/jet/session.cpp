@@ -49,7 +49,7 @@ void Session::OpenFile() {
   if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);
   if (!read_only_reason_.empty()) return;
   try {
-    if (const std::string user = FindForeignUser(system_, path_, *file_); !user.empty()) {
+    if (const std::string user = ForeignUser(); !user.empty()) {
       read_only_reason_ = "Another program has the database open on " + user + ".";
       return;
     }
@@ -60,6 +60,10 @@ void Session::OpenFile() {
     read_only_reason_ =
         "No file can be made in the folder of the database: " + std::string(error.what());
   }
+}
+
+std::string Session::ForeignUser() {
+  return lock_file_ ? lock_file_->ForeignUser() : FindForeignUser(system_, path_, *file_);
 }
 
 // Waits for a commit that is under way in another process.
@@ -160,7 +164,7 @@ void Session::Begin() {
     }
     write_locked_ = true;
     try {
-      if (const std::string user = lock_file_->ForeignUser(); !user.empty()) {
+      if (const std::string user = ForeignUser(); !user.empty()) {
         throw Error(ErrorKind::kLocked, path_, {},
                     "Another program has the database open on " + user + ".",
                     "Close the database there and try again.");

@@ -36,6 +36,7 @@ class Session {
   Pager& pager() { return *pager_; }
   const HeaderFields& header() const { return header_; }
   const std::string& read_only_reason() const { return read_only_reason_; }
+  std::string ForeignUser();
 
   // Reads may nest. Raises kLocked when another process does not finish its commit in time.
   void BeginRead();

@@ -102,7 +102,8 @@ class Table {
   std::optional<std::size_t> FindIndex(std::string_view name) const;
   std::optional<std::size_t> PrimaryKey() const;  // position in indexes()
 
-  // Why rows of this table cannot be changed; empty when they can.
+  // Why rows of this table cannot be changed; empty when they can. A reason that lies in the table
+  // comes before the database's own.
   std::string ReadOnlyReason() const;
 
   // As the definition counts them, without reading rows.

@@ -92,7 +92,6 @@ void TableState::Refresh() {
 }
 
 std::string TableState::FindReadOnlyReason() const {
-  if (!session_.read_only_reason().empty()) return session_.read_only_reason();
   if (!definition_.unknown.empty()) {
     return "The table has " + definition_.unknown + ", which only Access can maintain.";
   }
@@ -111,7 +110,7 @@ std::string TableState::FindReadOnlyReason() const {
              std::to_string(column.lcid) + ", whose keys only Access can make.";
     }
   }
-  return {};
+  return session_.read_only_reason();
 }
 
 }  // namespace jet
