@@ -20,6 +20,7 @@
 // (4), each file with ranges, each folder in which a name changed (5), the journal (5).
 #include "files/change_journal.h"
 
+#include <algorithm>
 #include <cassert>
 #include <exception>
 #include <set>
@@ -62,6 +63,8 @@ class CommitRun {
 
   // Whether a file may have been changed.
   bool touched() const { return stage_ >= Stage::kActive; }
+  // Whether a write to a range failed, which may have left any bytes there.
+  bool tore_ranges() const { return stage_ == Stage::kStaged; }
   // Whether the name of a whole file may have been changed.
   bool moved(const std::string& path) const { return moved_.contains(path); }
 
@@ -244,7 +247,13 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
           const CommitRun& run) {
   journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
   for (journal::InspectedFile& file : inspection.files) {
-    if (file.ranged || run.moved(file.path)) continue;
+    if (file.ranged) {
+      const auto [least, most] = std::minmax(file.sizes.size_before, file.sizes.size_after);
+      const bool has_our_size = file.size_now >= least && file.size_now <= most;
+      if (run.tore_ranges() && has_our_size) file.edited_sectors = 0;
+      continue;
+    }
+    if (run.moved(file.path)) continue;
     file.is_before = true;
     file.is_missing = false;
   }

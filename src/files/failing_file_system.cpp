@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "files/failing_file_system.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 namespace files {
+namespace {
+
+constexpr std::size_t kSectorSize = 512;
+
+}  // namespace
 
 struct FailingFileSystem::Counter {
   // Whether the operation that is about to be done fails.
@@ -17,6 +23,13 @@ struct FailingFileSystem::Counter {
         fault->length == Fault::Length::kOnce ? count == fault->n : count >= fault->n;
     fired = fired || fires;
     return fires;
+  }
+
+  // How much of a write that fails is done.
+  std::size_t ShortSize(std::uint64_t offset, std::size_t size) const {
+    const std::size_t half = size / 2;
+    if (fault->length == Fault::Length::kOnce) return half;
+    return half - std::min<std::size_t>(half, (offset + half) % kSectorSize);
   }
 
   [[noreturn]] void Fail(const std::string& path) const {
@@ -51,7 +64,7 @@ class FailingFileSystem::OpenFile final : public RandomAccessFile {
         counter_->fired && counter_->fault && counter_->fault->length == Fault::Length::kCrash;
     if (counter_->Fires(Operation::kWrite)) {
       if (counter_->fault->short_writes && !was_crashed) {
-        inner_->WriteAt(offset, data.first(data.size() / 2));
+        inner_->WriteAt(offset, data.first(counter_->ShortSize(offset, data.size())));
       }
       counter_->Fail(path());
     }

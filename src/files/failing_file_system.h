@@ -38,7 +38,9 @@ struct Fault {
   int n = 1;                  // the n-th counted operation is the first to fail
   Length length = Length::kOnce;
   ErrorKind error = ErrorKind::kIo;
-  bool short_writes = false;  // a write that fails has written the first half
+  // A write that fails has written about the first half: any bytes of it when the program goes
+  // on and can see to that, whole sectors when it cannot.
+  bool short_writes = false;
 };
 
 // Forwards to another file system until an armed fault fires. Files that it opened fail too.

@@ -62,7 +62,7 @@ Column ReadColumn(const std::byte* p) {
   column.hyperlink = (flags & kColumnHyperlink) != 0;
   column.system = (flags & kColumnSystem) != 0;
   column.account = (flags & kColumnAccount) != 0;
-  column.compressed = (Load8(p + 16) & kColumnCompressed) != 0;
+  column.compressed = (Load8(p + kColumnExtendedFlagsOffset) & kColumnCompressed) != 0;
   column.fixed_offset = Load16(p + 21);
   column.length = Load16(p + 23);
   return column;
@@ -70,7 +70,8 @@ Column ReadColumn(const std::byte* p) {
 
 void ReadColumns(Reader& reader, std::size_t count, TableDefinition& definition) {
   for (std::size_t i = 0; i < count; ++i) {
-    Column column = ReadColumn(reader.Take(kColumnRecordSize));
+    const std::byte* record = reader.Take(kColumnRecordSize);
+    Column column = ReadColumn(record);
     if (column.id >= definition.max_columns) {
       reader.Fail("A column of the table has a number above the highest.");
     }
@@ -80,6 +81,9 @@ void ReadColumns(Reader& reader, std::size_t count, TableDefinition& definition)
     if (!IsKnownType(static_cast<std::uint8_t>(column.type))) {
       definition.unknown =
           "a column of the unknown type " + std::to_string(static_cast<unsigned>(column.type));
+    }
+    if ((record[kColumnExtendedFlagsOffset] & ~std::byte{kColumnCompressed}) != std::byte{0}) {
+      definition.unknown = "a calculated column, or one of another kind of later versions";
     }
     definition.columns.push_back(std::move(column));
   }

@@ -52,6 +52,7 @@ inline constexpr std::size_t kMaxColumns = 255;
 inline constexpr std::size_t kMaxIndexes = 32;
 
 inline constexpr std::size_t kColumnRecordSize = 25;
+inline constexpr std::size_t kColumnExtendedFlagsOffset = 16;
 inline constexpr std::size_t kPhysicalRecordSize = 52;
 inline constexpr std::size_t kLogicalRecordSize = 28;
 inline constexpr std::size_t kMaxIndexColumns = 10;

@@ -126,16 +126,23 @@ bool DecodeValue(const Column& column, std::span<const std::byte> stored, Arena&
     case ColumnType::kText:
       value = Value::Text(DecodeText(stored, arena));
       return true;
-    case ColumnType::kBinary:
-    case ColumnType::kOpaque:
-      value = Value::Binary(Keep(stored, arena));
-      return true;
     case ColumnType::kBoolean:
     case ColumnType::kMemo:
     case ColumnType::kOle:
       return false;
-    default:
+    case ColumnType::kByte:
+    case ColumnType::kInteger:
+    case ColumnType::kLong:
+    case ColumnType::kCurrency:
+    case ColumnType::kSingle:
+    case ColumnType::kDouble:
+    case ColumnType::kDate:
+    case ColumnType::kGuid:
+    case ColumnType::kDecimal:
       break;
+    default:  // also types that this engine does not know
+      value = Value::Binary(Keep(stored, arena));
+      return true;
   }
   if (stored.size() != FixedSize(column)) return false;
   switch (column.type) {

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// Several users of one file: ours and others.
+#include <gtest/gtest.h>
+
+#include "files/memory_file_system.h"
+#include "jet/database.h"
+#include "tests/jet/plant_tables.h"
+
+namespace jet {
+namespace {
+
+constexpr const char* kPath = "/plant.ovs";
+constexpr const char* kLockPath = "/plant.ldb";
+constexpr std::uint64_t kFirstUser = 0x10000001;
+
+class Sharing : public ::testing::Test {
+ protected:
+  Sharing() {
+    options_.wait_ms = 0;
+    const auto database = Database::Create(system_, kPath);
+    database->CreateTable(ItemsSpec());
+    AddItem(database->OpenTable("Items"), "Pump", "");
+  }
+
+  std::unique_ptr<Database> Open(bool read_only = false) {
+    OpenOptions options = options_;
+    options.read_only = read_only;
+    return Database::Open(system_, kPath, options);
+  }
+
+  // Somebody else's program, which knows nothing of us.
+  std::unique_ptr<files::RandomAccessFile> ForeignUser(std::uint64_t user) {
+    auto file = system_.Open(kLockPath, files::OpenMode::kCreateOrOpen);
+    const std::string record =
+        std::string("PLANT7") + std::string(26, '\0') + "Admin" + std::string(27, '\0');
+    file->WriteAt((user - 1) * 64, std::as_bytes(std::span(record)));
+    EXPECT_TRUE(file->TryLock(kFirstUser + user - 1, 1, files::LockMode::kExclusive));
+    return file;
+  }
+
+  files::MemoryFileSystem system_;
+  OpenOptions options_;
+};
+
+TEST_F(Sharing, ReadersSeeWhatOthersCommit) {
+  const auto writer = Open();
+  const auto reader = Open();
+  const auto looker = Open(true);
+  EXPECT_EQ(Items(*reader).size(), 1u);
+  EXPECT_EQ(Items(*looker).size(), 1u);
+  const std::uint64_t generation = reader->Generation();
+  writer->Begin();
+  AddItem(writer->OpenTable("Items"), "Valve", "");
+  EXPECT_EQ(Items(*reader).size(), 1u);
+  EXPECT_EQ(reader->Generation(), generation);
+  writer->Commit();
+  EXPECT_NE(reader->Generation(), generation);
+  EXPECT_EQ(Items(*reader).size(), 2u);
+  EXPECT_EQ(Items(*looker).size(), 2u);
+}
+
+TEST_F(Sharing, OneWriterAtATimeAndNumbersGoOn) {
+  const auto first = Open();
+  const auto second = Open();
+  first->Begin();
+  EXPECT_THROW(second->Begin(), Error);
+  EXPECT_EQ(AddItem(first->OpenTable("Items"), "Valve", "").auto_number, 2);
+  first->Commit();
+  EXPECT_EQ(AddItem(second->OpenTable("Items"), "Tank", "").auto_number, 3);
+  EXPECT_EQ(Items(*first).size(), 3u);
+}
+
+TEST_F(Sharing, AScanIsNotDisturbed) {
+  const auto writer = Open();
+  const auto reader = Open();
+  RowBuffer row;
+  {
+    Scan scan = reader->OpenTable("Items").OpenScan();
+    ASSERT_TRUE(scan.Next(row));
+    EXPECT_THROW(AddItem(writer->OpenTable("Items"), "Valve", ""), Error);
+    EXPECT_FALSE(scan.Next(row));
+  }
+  AddItem(writer->OpenTable("Items"), "Valve", "");
+  EXPECT_EQ(Items(*reader).size(), 2u);
+}
+
+TEST_F(Sharing, OfForeignSoftware) {
+  {
+    const auto foreign = ForeignUser(1);
+    const auto database = Open();
+    EXPECT_NE(database->read_only_reason().find("PLANT7 (Admin)"), std::string::npos);
+    EXPECT_EQ(Items(*database).size(), 1u);
+    EXPECT_THROW(AddItem(database->OpenTable("Items"), "Valve", ""), Error);
+  }
+  EXPECT_EQ(Open()->read_only_reason(), "");  // a record without a lock is stale
+  const auto database = Open();
+  {
+    const auto foreign = ForeignUser(2);  // comes later
+    try {
+      AddItem(database->OpenTable("Items"), "Valve", "");
+      ADD_FAILURE() << "written beside a foreign user";
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::kLocked);
+      EXPECT_NE(std::string(error.what()).find("PLANT7"), std::string::npos);
+    }
+  }
+  AddItem(database->OpenTable("Items"), "Valve", "");
+}
+
+TEST_F(Sharing, TheLockFileLivesAsLongAsItsUsers) {
+  auto first = Open();
+  auto second = Open();
+  EXPECT_EQ(system_.Get(kLockPath).size(), 2u * 64);
+  first.reset();
+  EXPECT_TRUE(system_.Exists(kLockPath));
+  first = Open(true);
+  second.reset();
+  EXPECT_FALSE(system_.Exists(kLockPath));
+}
+
+TEST_F(Sharing, ReadOnlyFilesAndFoldersCanBeRead) {
+  system_.SetReadOnly(kPath, true);
+  auto database = Open();
+  EXPECT_NE(database->read_only_reason(), "");
+  EXPECT_EQ(Items(*database).size(), 1u);
+  EXPECT_NE(database->OpenTable("Items").ReadOnlyReason(), "");
+  database.reset();
+  system_.SetReadOnly(kPath, false);
+  system_.SetReadOnly("/", true);
+  database = Open();
+  EXPECT_NE(database->read_only_reason(), "");
+  EXPECT_EQ(Items(*database).size(), 1u);
+}
+
+}  // namespace
+}  // namespace jet
