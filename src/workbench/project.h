@@ -34,7 +34,8 @@ struct ProjectOptions {
 class Project {
  public:
   // Raises platform::Error or files::Error: a file that cannot be opened, a database that lacks
-  // one of the tables, two Visual Basic projects of one name. The text table must outlive the project.
+  // one of the tables, two Visual Basic projects of one name. The text table must outlive the
+  // project.
   Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
           const texts::TextTable& texts);
   ~Project();
