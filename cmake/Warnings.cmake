@@ -13,6 +13,10 @@ if(OV_SANITIZE)
   target_compile_options(ov_flags INTERFACE
     -fsanitize=${OV_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   target_link_options(ov_flags INTERFACE -fsanitize=${OV_SANITIZE})
+  # GCC does not see through the checks that it adds itself.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(ov_flags INTERFACE -Wno-maybe-uninitialized)
+  endif()
 endif()
 if(MINGW)
   target_link_options(ov_flags INTERFACE -static)
