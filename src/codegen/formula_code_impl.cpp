@@ -40,7 +40,8 @@ bool CVBFormulaCode::Impl::IsTypeName(const Place& place, std::string_view prog_
   if (known == type_names_.end()) {
     const std::int32_t count = place.module->CountOfDeclarationLines();
     const std::string text = count > 0 ? place.module->Lines(1, count) : std::string();
-    known = type_names_.emplace(key, TypeNames(SplitLines(text))).first;
+    known = type_names_.try_emplace(key).first;
+    if (MentionsTypes(text)) known->second = TypeNames(SplitLines(text));
   }
   const bool found = known->second.contains(platform::FoldCase(name));
   // Outside of a batch anybody may change them until the next question.

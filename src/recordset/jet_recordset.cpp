@@ -169,7 +169,8 @@ std::int32_t JetRecordset::RecordCount() const {
 }
 
 void JetRecordset::PassGoneRows(SearchDirection onward) {
-  while (cursor_->OnRow() && !reader_->Read(cursor_->Row())) {
+  while (cursor_->OnRow() && !(reader_->Read(cursor_->Row()) && reader_->Passes())) {
+    reader_->Forget();
     cursor_->Remove();
     if (onward == SearchDirection::kForward) {
       cursor_->MoveNext();

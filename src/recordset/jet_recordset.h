@@ -135,6 +135,7 @@ class JetRecordset final : public platform::Recordset,
   std::vector<jet::ColumnValue> PendingValues() const;
   void WriteNewRow();
   void WriteChanges();
+  void RequireUnchanged() const;
   void EndEdit() noexcept;
 
   std::shared_ptr<Session> session_;

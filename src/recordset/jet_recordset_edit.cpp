@@ -128,15 +128,19 @@ void JetRecordset::WriteNewRow() {
   reader_->Forget();
 }
 
-void JetRecordset::WriteChanges() {
-  jet::Transaction transaction(query_->database());
+// The row as it is now must be the one that was read. What was not read is not judged.
+void JetRecordset::RequireUnchanged() const {
   RowReader now(*query_);
   if (!now.Read(cursor_->Row())) ThrowDeleted();
-  if (!now.SameValues(*reader_)) {
-    throw platform::Error(ErrorKind::kConflict, platform::kErrWriteConflict,
-                          "The row was changed by somebody else since it was read; nothing was "
-                          "written. Read the row again and repeat the change.");
-  }
+  if (!reader_->holds_row() || now.SameValues(*reader_)) return;
+  throw platform::Error(ErrorKind::kConflict, platform::kErrWriteConflict,
+                        "The row was changed by somebody else since it was read; nothing was "
+                        "written. Read the row again and repeat the change.");
+}
+
+void JetRecordset::WriteChanges() {
+  jet::Transaction transaction(query_->database());
+  RequireUnchanged();
   OnlyTable().Update(cursor_->Row().front(), PendingValues());
   transaction.Commit();
   reader_->Forget();
@@ -156,14 +160,13 @@ void JetRecordset::Delete() {
   CheckUpdatable();
   CheckNoEdit("deleting");
   session_->Reading([&] {
-    RequireRow();
+    RequireValues();
     cursor_->Place();
     if (!cursor_->OnRow()) ThrowDeleted();
   });
   session_->Guarded([&] {
     jet::Transaction transaction(query_->database());
-    RowReader now(*query_);
-    if (!now.Read(cursor_->Row())) ThrowDeleted();
+    RequireUnchanged();
     OnlyTable().Delete(cursor_->Row().front());
     transaction.Commit();
     reader_->Forget();

@@ -25,7 +25,7 @@ void JetRecordset::SetFilter(std::string_view criterion) {
   CheckNoEdit("filtering");
   session_->Reading([&] {
     query_->SetFilter(criterion);
-    reader_->Forget();
+    reader_.emplace(*query_);
     Restart();
   });
 }
@@ -40,7 +40,7 @@ void JetRecordset::Find(std::string_view criterion, SearchDirection direction) {
   MoveBy(
       [&] {
         const ConditionSyntax syntax = ParseFind(criterion);
-        NeededColumns needed(query_->tables().size());
+        NeededColumns needed = query_->needed();
         const Condition condition = query_->BindFind(criterion, syntax, needed);
         const bool forward = direction == SearchDirection::kForward;
         if (forward && FindByIndex(criterion)) return;
@@ -93,7 +93,8 @@ void JetRecordset::FindByReading(const Condition& condition, const NeededColumns
       if (columns.empty()) continue;
       if (!query_->tables()[table]->Read(ids[table], columns, rows[table])) return false;
     }
-    return Evaluate(condition, {rows.get(), tables}) == Truth::kTrue;
+    const std::span<const jet::RowBuffer> row(rows.get(), tables);
+    return query_->Passes(row) && Evaluate(condition, row) == Truth::kTrue;
   };
   if (direction == SearchDirection::kForward) {
     if (!cursor_->OnRow()) cursor_->MoveNext();
@@ -176,7 +177,7 @@ platform::VariantArray JetRecordset::GetRows(std::int32_t count,
 platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
                                               const std::vector<TableColumn>& sources) {
   RequireRow();
-  NeededColumns needed(query_->tables().size());
+  NeededColumns needed = query_->needed();
   std::vector<std::size_t> slots;
   for (const TableColumn& source : sources) slots.push_back(needed.Slot(source));
 
@@ -207,7 +208,7 @@ platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
     for (std::size_t table = 0; table < all.width && alive; ++table) {
       alive = query_->tables()[table]->Read(all[place][table], needed.Of(table), rows[table]);
     }
-    if (!alive) continue;
+    if (!alive || !query_->Passes({rows.get(), all.width})) continue;
     append();
     if (count > 0) --count;
   }

@@ -204,6 +204,12 @@ void Query::SetFilter(std::string_view criterion) {
   filter_ = std::move(text);
 }
 
+bool Query::Passes(std::span<const jet::RowBuffer> rows) const {
+  return std::ranges::all_of(conditions_, [&](const Condition& condition) {
+    return Evaluate(condition, rows) == Truth::kTrue;
+  });
+}
+
 Condition Query::BindFind(std::string_view source, const ConditionSyntax& syntax,
                           NeededColumns& needed) const {
   ConditionBinder binder(

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,6 +50,9 @@ class Query {
   const std::vector<OrderColumn>& order() const { return order_; }
   // What conditions and order read.
   const NeededColumns& needed() const { return needed_; }
+  // Whether all conditions hold. The row buffers hold the current row of each table, the needed
+  // columns at their slots.
+  bool Passes(std::span<const jet::RowBuffer> rows) const;
   // The index whose entries are the rows in their order, for a whole table.
   std::optional<std::size_t> row_index() const { return row_index_; }
   bool IsWholeTable() const { return tables_.size() == 1 && conditions_.empty(); }

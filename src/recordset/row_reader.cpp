@@ -7,7 +7,7 @@ namespace recordset {
 
 RowReader::RowReader(const Query& query)
     : query_(query),
-      columns_(query.tables().size()),
+      columns_(query.needed()),
       rows_(std::make_unique<jet::RowBuffer[]>(query.tables().size())) {
   slots_.reserve(query.output().size());
   for (const OutputColumn& output : query.output()) slots_.push_back(columns_.Slot(output.source));

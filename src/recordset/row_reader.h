@@ -15,11 +15,14 @@ namespace recordset {
 // Reads the output of a query for one row after the other.
 class RowReader {
  public:
-  // The query must outlive the reader.
+  // The query must outlive the reader and keep its filter meanwhile.
   explicit RowReader(const Query& query);
 
   // Reads the row that these IDs name, one per table. False when it is gone; then nothing is held.
   bool Read(std::span<const jet::RowId> ids);
+  // Whether the row that is held still is one that the query finds. An ID may name another row than
+  // it did when the rows were found: that of a deleted row can be given away again.
+  bool Passes() const { return query_.Passes({rows_.get(), query_.tables().size()}); }
   bool holds_row() const { return holds_row_; }
   void Forget() { holds_row_ = false; }
 

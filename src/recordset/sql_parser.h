@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The query language: SELECT over inner joins.
 //
-//   select    = SELECT item {, item} FROM joined [WHERE or] [ORDER BY column [ASC|DESC] {, ...}]
-//   [;] item      = * | table.* | column joined    = source {[INNER] JOIN source ON or} source =
-//   table | ( joined ) or        = and {OR and}     and = not {AND not}      not = NOT not | ( or )
-//   | test test      = operand (= <> < > <= >=) operand | operand IS [NOT] NULL | column operand =
-//   column | 'text' | "text" | [+ -] number | TRUE | FALSE | NULL | ? column    = name | table.name
-//   name = word | [any letters]
+// - select    = SELECT item {, item} FROM joined [WHERE or] [ORDER BY order {, order}] [;]
+// - item      = * | table.* | column
+// - order     = column [ASC | DESC]
+// - joined    = source {[INNER] JOIN source ON or}
+// - source    = table | ( joined )
+// - or        = and {OR and}
+// - and       = not {AND not}
+// - not       = NOT not | ( or ) | test
+// - test      = operand (= <> < > <= >=) operand | operand IS [NOT] NULL | column
+// - operand   = column | 'text' | "text" | [+ -] number | TRUE | FALSE | NULL | ?
+// - column    = name | table.name
+// - name      = word | [any letters]
 #pragma once
 
 #include <cstddef>

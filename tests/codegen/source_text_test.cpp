@@ -151,6 +151,9 @@ TEST(DeclarationTest, KnowsTheNamesOfTypes) {
   EXPECT_EQ(TypeNames(lines), (std::unordered_set<std::string>{"estate", "running", "trec"}));
   EXPECT_EQ(TypeNames({"Enum E: A: [B c]: End Enum: Enum F"}),
             (std::unordered_set<std::string>{"e", "a", "b c", "f"}));
+  EXPECT_TRUE(MentionsTypes("Public a As Long\r\nprivate TYPE"));
+  EXPECT_TRUE(MentionsTypes("Enum"));
+  EXPECT_FALSE(MentionsTypes("Public Typ As Enu\r\nm As Lon"));
 }
 
 TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {

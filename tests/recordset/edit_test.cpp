@@ -220,6 +220,36 @@ TEST_F(EditTest, AWriteConflictWritesNothing) {
   EXPECT_EQ(mine->Fields("ID").Value(), Variant(2));
 }
 
+// When its page is given back and taken again, the ID of a deleted row names another row.
+TEST_F(EditTest, ARowInThePlaceOfADeletedOneIsNotTakenForIt) {
+  for (std::int32_t alias : {1, 2, 3}) db_.AddArgument(7, alias);
+  auto mine = db_.Open("SELECT * FROM TvbfParams  WHERE ParentID = ?", {7});
+  const platform::Bookmark first = mine->GetBookmark();
+  auto filtered = db_.Open("TvbfParams");
+  filtered->SetFilter("ParentID = 7");
+  auto standing = db_.Open("TvbfParams");
+  standing->Find("AliasID = 1");
+
+  auto other = db_.Connect();
+  auto theirs = support::MemoryDatabase::Open(*other, "TvbfParams");
+  for (int i = 0; i < 3; ++i) {
+    theirs->MoveFirst();
+    theirs->Delete();
+  }
+  for (std::int32_t alias : {1, 2, 3}) theirs->AddNew({"ParentID", "AliasID"}, {8, alias});
+  theirs->Requery();
+  ASSERT_EQ(theirs->GetBookmark(), first) << "else this test shows nothing";
+
+  EXPECT_EQ(ErrorOf([&] { standing->Delete(); }), platform::kErrWriteConflict);
+  mine->MoveNext();
+  EXPECT_TRUE(mine->EOF_());
+  filtered->Find("AliasID = 3");
+  EXPECT_TRUE(filtered->EOF_());
+  filtered->MoveFirst();
+  EXPECT_TRUE(filtered->BOF() && filtered->EOF_());
+  EXPECT_EQ(RowsText(*theirs, {"ParentID"}), "8 8 8") << "nothing of it was deleted";
+}
+
 TEST_F(EditTest, OtherConnectionsSeeWhatWasWritten) {
   auto other = db_.Connect();
   auto theirs = support::MemoryDatabase::Open(*other, "TvbfAlias");
@@ -320,6 +350,46 @@ TEST_F(EditTest, ValuesTakeTheTypeOfTheirField) {
     auto again = db_.Open("TvbfFormulas");
     EXPECT_EQ(again->Fields(c.field).Value(), c.stored) << c.field << " = " << c.value.ToText();
   }
+}
+
+TEST_F(EditTest, FieldsTellTheirTypesInAdosCodes) {
+  using platform::DataType;
+  struct Case {
+    DataType type;
+    int code;
+    Variant value;
+    Variant stored;
+  };
+  const Case cases[] = {
+      {DataType::kBoolean, 11, true, true},
+      {DataType::kUnsignedTinyInt, 17, 200, 200},
+      {DataType::kSmallInt, 2, -300, -300},
+      {DataType::kInteger, 3, 70000, 70000},
+      {DataType::kSingle, 4, 0.5, 0.5},
+      {DataType::kDouble, 5, 1e300, 1e300},
+      {DataType::kCurrency, 6, 12.3456, 12.3456},
+      {DataType::kDate, 7, platform::Date{36526.25}, platform::Date{36526.25}},
+      {DataType::kVarWChar, 202, "text", "text"},
+      {DataType::kLongVarWChar, 203, std::string(5000, 'm'), std::string(5000, 'm')},
+  };
+  std::vector<platform::Connection::ColumnInfo> columns;
+  std::vector<std::string> names;
+  std::vector<Variant> values;
+  for (const Case& c : cases) {
+    names.push_back("F" + std::to_string(c.code));
+    columns.push_back({names.back(), c.type, c.type == DataType::kVarWChar ? 10 : 0, false});
+    values.push_back(c.value);
+  }
+  db_.connection()->CreateTable("Types", columns, {});
+  auto rs = db_.Open("Types");
+  rs->AddNew(names, values);
+  auto again = db_.Open("Types");
+  for (const Case& c : cases) {
+    platform::Field& field = again->Fields("f" + std::to_string(c.code));
+    EXPECT_EQ(static_cast<int>(field.Type()), c.code);
+    EXPECT_EQ(field.Value(), c.stored) << c.code;
+  }
+  EXPECT_EQ(again->Fields("F202").DefinedSize(), 10);
 }
 
 TEST_F(EditTest, RowsOfJoinsAndOfReadOnlyFilesCannotBeChanged) {
