@@ -7,6 +7,7 @@
 #include <wx/stattext.h>
 #include <wx/stc/stc.h>
 
+#include "desktop/colours.h"
 #include "files/error.h"
 #include "platform/error.h"
 #include "workbench/text_numbers.h"
@@ -36,22 +37,6 @@ constexpr const char* kKeywords =
     "property public put raiseevent random read redim rem resume return rset seek select set "
     "single static step stop "
     "string sub tab then to true type unlock until variant wend while with withevents write xor";
-
-// Colours for the light and the dark look; each at least 4.5 : 1 against its paper.
-struct Palette {
-  wxColour ink, paper, margin, comment, keyword, string, number, selection;
-};
-
-Palette ChoosePalette() {
-  if (wxSystemSettings::GetAppearance().IsDark()) {
-    return {wxColour(0xE3, 0xE8, 0xED), wxColour(0x1B, 0x20, 0x26), wxColour(0x26, 0x2C, 0x33),
-            wxColour(0x9A, 0xA4, 0xAE), wxColour(0x74, 0xB9, 0xEA), wxColour(0xE0, 0xA0, 0x8F),
-            wxColour(0xC8, 0xB0, 0x6A), wxColour(0x2F, 0x4A, 0x63)};
-  }
-  return {wxColour(0x1C, 0x27, 0x33), wxColour(0xFF, 0xFF, 0xFF), wxColour(0xF0, 0xF2, 0xF4),
-          wxColour(0x68, 0x70, 0x78), wxColour(0x0B, 0x4F, 0x9E), wxColour(0x8A, 0x33, 0x24),
-          wxColour(0x7A, 0x54, 0x00), wxColour(0xC9, 0xDF, 0xF2)};
-}
 
 }  // namespace
 
@@ -100,27 +85,27 @@ void CodePane::SetUpEditor() {
 }
 
 void CodePane::ApplyColours() {
-  const Palette palette = ChoosePalette();
+  const CodePalette& palette = wxSystemSettings::GetAppearance().IsDark() ? kDarkCode : kLightCode;
   wxFont font(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
                   .Family(wxFONTFAMILY_TELETYPE));
   editor_->StyleSetFont(wxSTC_STYLE_DEFAULT, font);
-  editor_->StyleSetForeground(wxSTC_STYLE_DEFAULT, palette.ink);
-  editor_->StyleSetBackground(wxSTC_STYLE_DEFAULT, palette.paper);
+  editor_->StyleSetForeground(wxSTC_STYLE_DEFAULT, wxColour(palette.ink));
+  editor_->StyleSetBackground(wxSTC_STYLE_DEFAULT, wxColour(palette.paper));
   editor_->StyleClearAll();
   const auto style = [&](int number, const wxColour& colour) {
     editor_->StyleSetForeground(number, colour);
   };
-  style(wxSTC_B_COMMENT, palette.comment);
-  style(wxSTC_B_KEYWORD, palette.keyword);
-  style(wxSTC_B_STRING, palette.string);
-  style(wxSTC_B_STRINGEOL, palette.string);
-  style(wxSTC_B_NUMBER, palette.number);
-  style(wxSTC_B_DATE, palette.number);
-  style(wxSTC_STYLE_LINENUMBER, palette.comment);
+  style(wxSTC_B_COMMENT, wxColour(palette.comment));
+  style(wxSTC_B_KEYWORD, wxColour(palette.keyword));
+  style(wxSTC_B_STRING, wxColour(palette.string));
+  style(wxSTC_B_STRINGEOL, wxColour(palette.string));
+  style(wxSTC_B_NUMBER, wxColour(palette.number));
+  style(wxSTC_B_DATE, wxColour(palette.number));
+  style(wxSTC_STYLE_LINENUMBER, wxColour(palette.comment));
   editor_->StyleSetItalic(wxSTC_B_COMMENT, true);
-  editor_->StyleSetBackground(wxSTC_STYLE_LINENUMBER, palette.margin);
-  editor_->SetSelBackground(true, palette.selection);
-  editor_->SetCaretForeground(palette.ink);
+  editor_->StyleSetBackground(wxSTC_STYLE_LINENUMBER, wxColour(palette.margin));
+  editor_->SetSelBackground(true, wxColour(palette.selection));
+  editor_->SetCaretForeground(wxColour(palette.ink));
 }
 
 void CodePane::ShowModule(std::shared_ptr<platform::VBComponent> component,

@@ -6,6 +6,7 @@
 #include <wx/image.h>
 #include <wx/settings.h>
 
+#include "desktop/colours.h"
 #include "handbook/embedded_file.h"
 #include "wx/convert.h"
 
@@ -33,14 +34,14 @@ void ProvideHelpPictures() {
 }
 
 wxString HelpPage(std::string_view html) {
-  const bool dark = wxSystemSettings::GetAppearance().IsDark();
-  const wxString shade = dark ? "#2b3038" : "#eef1f5";
+  const HelpPalette& palette = wxSystemSettings::GetAppearance().IsDark() ? kDarkHelp : kLightHelp;
+  const wxString shade = palette.shade;
   wxString page = wx::ToWx(html);
-  page.Replace("<body>",
-               wxString::Format("<body bgcolor=\"%s\" text=\"%s\" link=\"%s\">",
-                                Colour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)),
-                                Colour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT)),
-                                dark ? "#6cb2ff" : "#1b66c9"));
+  page.Replace(
+      "<body>",
+      wxString::Format("<body bgcolor=\"%s\" text=\"%s\" link=\"%s\">",
+                       Colour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)),
+                       Colour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT)), palette.link));
   page.Replace("<table>", "<table border=\"0\" cellspacing=\"2\" cellpadding=\"5\">");
   page.Replace("<th>", "<th align=\"left\" bgcolor=\"" + shade + "\">");
   page.Replace("<td>", "<td valign=\"top\">");

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// The colours of our own, for the light and the dark look. Text is at least 4.5 : 1 against what
+// it stands on.
+#pragma once
+
+namespace desktop {
+
+struct CodePalette {
+  const char* ink;
+  const char* paper;
+  const char* margin;  // stands behind the line numbers, which have the colour of comments
+  const char* comment;
+  const char* keyword;
+  const char* string;
+  const char* number;
+  const char* selection;
+};
+
+inline constexpr CodePalette kLightCode = {"#1c2733", "#ffffff", "#f0f2f4", "#5a626b",
+                                           "#0b4f9e", "#8a3324", "#7a5400", "#c9dff2"};
+inline constexpr CodePalette kDarkCode = {"#e3e8ed", "#1b2026", "#262c33", "#a3adb7",
+                                          "#74b9ea", "#e0a08f", "#c8b06a", "#28405a"};
+
+// Of the help's pages; text and paper are the system's.
+struct HelpPalette {
+  const char* link;
+  const char* shade;  // behind headings of tables and code
+};
+
+inline constexpr HelpPalette kLightHelp = {"#1b66c9", "#eef1f5"};
+inline constexpr HelpPalette kDarkHelp = {"#6cb2ff", "#2b3038"};
+
+}  // namespace desktop

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// The underlined letters: within a window or menu each stands for one thing, in both languages.
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dialogs/falias.h"
+#include "dialogs/fchoose_alias.h"
+#include "dialogs/ffunction.h"
+#include "dialogs/fparameter.h"
+#include "editor/fconfig_editor.h"
+#include "platform/text.h"
+#include "tests/dialogs/dialog_bench.h"
+#include "tests/support/editor_bench.h"
+#include "workbench/item_catalogue.h"
+#include "workbench/item_chooser.h"
+#include "workbench/text_numbers.h"
+
+namespace {
+
+// The letter behind a single "&", in lower case; "" for none.
+std::string Mnemonic(std::string_view caption) {
+  for (std::size_t at = caption.find('&'); at != std::string_view::npos && at + 1 < caption.size();
+       at = caption.find('&', at + 2)) {
+    if (caption[at + 1] == '&') continue;
+    std::size_t end = at + 1;
+    platform::NextCodePoint(caption, end);
+    return platform::FoldCase(caption.substr(at + 1, end - at - 1));
+  }
+  return "";
+}
+
+// Everything that is reached by its letter at the same time.
+class Letters {
+ public:
+  void Add(const std::string& name, std::string_view caption) {
+    const std::string letter = Mnemonic(caption);
+    if (letter.empty()) return;
+    const auto [place, added] = names_.emplace(letter, name);
+    EXPECT_TRUE(added) << "\"" << letter << "\" is both " << place->second << " and " << name;
+  }
+
+  std::size_t Count() const { return names_.size(); }
+
+ private:
+  std::map<std::string, std::string> names_;
+};
+
+void AddControls(const forms::Container& container, Letters& letters) {
+  for (const forms::Control* control : container.Controls()) {
+    if (const auto* captioned = dynamic_cast<const forms::CaptionedControl*>(control))
+      letters.Add(control->Name(), captioned->Caption());
+    if (const auto* inner = dynamic_cast<const forms::Container*>(control))
+      AddControls(*inner, letters);
+  }
+}
+
+class Mnemonics : public testing::TestWithParam<texts::Language> {};
+
+INSTANTIATE_TEST_SUITE_P(Languages, Mnemonics,
+                         testing::Values(texts::Language::kGerman, texts::Language::kEnglish),
+                         [](const auto& test) {
+                           return test.param == texts::Language::kGerman ? "German" : "English";
+                         });
+
+TEST_P(Mnemonics, OfTheDialogsDoNotClash) {
+  dialogs::DialogBench bench(GetParam());
+  const workbench::ItemCatalogue items;
+  dialogs::FFunction formula(*bench.surroundings);
+  dialogs::FParameter argument(*bench.surroundings);
+  dialogs::FAlias alias(*bench.surroundings, 0);
+  dialogs::FChooseAlias choose_alias(*bench.surroundings);
+  editor::FConfigEditor options(*bench.surroundings);
+  workbench::ItemChooser choose_item(bench.toolkit, bench.texts, items, "items.csv");
+  for (forms::Form* form : std::initializer_list<forms::Form*>{
+           &formula, &argument, &alias, &choose_alias, &options, &choose_item}) {
+    SCOPED_TRACE(form->Name());
+    form->Load();
+    Letters letters;
+    AddControls(*form, letters);
+    EXPECT_TRUE(form != &options || letters.Count() >= 5) << "captions without letters";
+  }
+}
+
+TEST_P(Mnemonics, OfTheMenusDoNotClash) {
+  const bool german = GetParam() == texts::Language::kGerman;
+  support::EditorBench bench(german ? support::kGermanLcid : support::kEnglishLcid);
+  bench.Start();
+  for (const char* key : {"FOR0", "FORF0", "FORA0"}) {
+    SCOPED_TRACE(key);
+    bench.Click(key);
+    for (const auto& band : bench.Window().abr.Bands()) {
+      SCOPED_TRACE(band->Name());
+      Letters letters;
+      for (const forms::Tool* tool : band->Tools()) {
+        if (tool->Visible() && tool->Kind() != forms::ToolKind::kLabel)
+          letters.Add(tool->Name(), tool->Caption());
+      }
+      if (band->Name() != bench.Window().abr.MenuBar()) continue;
+      // The workbench's menus stand in the same bar.
+      const texts::TextTable texts(GetParam());
+      for (const int menu : {workbench::kTextMenuProject, workbench::kTextMenuHelp})
+        letters.Add(std::to_string(menu), texts.Text(menu));
+    }
+  }
+}
+
+TEST_P(Mnemonics, OfTheWorkbenchMenusAreThereAndDoNotClash) {
+  using namespace workbench;
+  const texts::TextTable texts(GetParam());
+  const std::vector<int> menus[] = {{kTextMenuNew, kTextMenuOpen, kTextMenuRecent,
+                                     kTextMenuSaveCode, kTextMenuBackups, kTextMenuQuit},
+                                    {kTextMenuContents, kTextMenuAbout}};
+  for (const auto& menu : menus) {
+    Letters letters;
+    for (const int item : menu) {
+      EXPECT_NE(Mnemonic(texts.Text(item)), "") << texts.Text(item);
+      letters.Add(std::to_string(item), texts.Text(item));
+    }
+  }
+}
+
+}  // namespace
