@@ -7,6 +7,8 @@
 #include <wx/stattext.h>
 #include <wx/stc/stc.h>
 
+#include <algorithm>
+
 #include "desktop/colours.h"
 #include "files/error.h"
 #include "platform/error.h"
@@ -52,6 +54,7 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
   title_->SetLabel(wx::ToLabel(texts.Text(TextNumber::kTextNoModule)));
   wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(TextNumber::kTextCodeName)));
   SetUpEditor();
+  wx::KeepScrollbarsBeside(*editor_);
   editor_->Enable(false);
 }
 
@@ -66,7 +69,6 @@ void CodePane::SetUpEditor() {
   editor_->SetMarginWidth(1, 0);
   editor_->SetWrapMode(wxSTC_WRAP_NONE);
   editor_->SetScrollWidthTracking(true);
-  editor_->SetScrollWidth(1);
   // Tab leaves no way out for the keyboard: it indents; Escape and F6 go back to the tree.
   ApplyColours();
   editor_->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
@@ -75,8 +77,12 @@ void CodePane::SetUpEditor() {
       if (!asking_ && Modified()) Save();
     });
   });
+  editor_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    FitScrollWidth();
+  });
   editor_->Bind(wxEVT_STC_SAVEPOINTLEFT, [this](wxStyledTextEvent&) {
-    if (on_status) on_status(texts_.Text(TextNumber::kTextModified));
+    if (on_status && !loading_) on_status(texts_.Text(TextNumber::kTextModified));
   });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     event.Skip();
@@ -129,12 +135,25 @@ void CodePane::CloseModule() {
 }
 
 void CodePane::SetText(const std::string& text) {
+  loading_ = true;
   editor_->SetText(wx::ToWx(text));
   editor_->EmptyUndoBuffer();
   editor_->SetSavePoint();
+  loading_ = false;
   const wxString widest(
       L'9', std::max<std::size_t>(4, std::to_string(editor_->GetLineCount()).size() + 1));
   editor_->SetMarginWidth(kLineNumbers, editor_->TextWidth(wxSTC_STYLE_LINENUMBER, widest));
+  FitScrollWidth();
+}
+
+// At least what the window shows: less would be drawn as scrolling past the end.
+void CodePane::FitScrollWidth() {
+  int width =
+      editor_->GetClientSize().GetWidth() - editor_->GetMarginLeft() - editor_->GetMarginRight();
+  for (int margin = 0; margin < editor_->GetMarginCount(); ++margin) {
+    width -= editor_->GetMarginWidth(margin);
+  }
+  editor_->SetScrollWidth(std::max(1, width));
 }
 
 void CodePane::LoadAgain() {

@@ -50,6 +50,7 @@ class CodePane : public wxPanel {
   void SetUpEditor();
   void ApplyColours();
   void SetText(const std::string& text);
+  void FitScrollWidth();
   void LoadAgain();
   void ResolveConflict();
 
@@ -58,6 +59,7 @@ class CodePane : public wxPanel {
   wxStyledTextCtrl* editor_;
   std::shared_ptr<platform::VBComponent> component_;
   std::unique_ptr<workbench::CodeDocument> document_;
+  bool loading_ = false;
   bool asking_ = false;  // a question about a conflict is open
 };
 

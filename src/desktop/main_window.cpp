@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/main_window.h"
 
-#include <wx/aboutdlg.h>
+#include <wx/button.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
@@ -20,7 +20,6 @@
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
-#include "wx/pictures.h"
 
 namespace desktop {
 
@@ -31,16 +30,34 @@ using workbench::TextNumber;
 constexpr int kTimerMs = 700;            // how often files changed by others are looked for
 constexpr int kLeastPane = 120;          // pixels at 100 %
 constexpr std::size_t kEditorMenus = 1;  // the editor's menus stand behind the first
+constexpr int kTitleBar = 30;            // pixels that the window manager adds at the top
+constexpr int kTitleMiddle = 10;
 constexpr const char* kRoot = "FOR0";
 constexpr const char* kFormulas = "FORF0";
 
-// The place on a screen that is there; the default place when no screen holds its title bar.
-wxRect VisiblePlace(const DesktopState::Place& place) {
-  const wxRect wanted(place.left, place.top, std::max(place.width, 640),
-                      std::max(place.height, 420));
-  const wxPoint title(wanted.x + wanted.width / 2, wanted.y + 10);
-  return wxDisplay::GetFromPoint(title) == wxNOT_FOUND ? wxRect(wxDefaultPosition, wanted.GetSize())
-                                                       : wanted;
+// Where the window was, on a screen that is there and large enough for it; else in the middle.
+void PlaceOnScreen(wxTopLevelWindow& window, const DesktopState::Place& place) {
+  const wxPoint title(place.left + place.width / 2, place.top + kTitleMiddle);
+  const int found = place.left < 0 ? wxNOT_FOUND : wxDisplay::GetFromPoint(title);
+  const bool gone = found == wxNOT_FOUND;
+  const wxRect screen = wxDisplay(gone ? 0u : static_cast<unsigned>(found)).GetClientArea();
+  wxSize size(place.width, place.height);
+  size.IncTo(window.GetMinSize());
+  size.DecTo(wxSize(screen.width, screen.height - kTitleBar));
+  const wxRect wanted(wxPoint(place.left, place.top), size);
+  const wxRect shown = gone ? wxRect(size).CentreIn(screen) : wanted;
+  window.SetSize(shown);
+  // Some window managers choose a place of their own for a new window. It can be moved once it
+  // is on the screen.
+  auto move = [&window, shown, done = false](wxActivateEvent& event) mutable {
+    event.Skip();
+    if (done || !event.GetActive()) return;
+    done = true;
+    window.CallAfter([&window, shown] {
+      if (!window.IsMaximized()) window.Move(shown.GetPosition());
+    });
+  };
+  window.Bind(wxEVT_ACTIVATE, move);
 }
 
 }  // namespace
@@ -48,9 +65,8 @@ wxRect VisiblePlace(const DesktopState::Place& place) {
 MainWindow::MainWindow(const Parts& parts)
     : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(TextNumber::kTextProduct))),
       parts_(parts) {
-  const wxRect place = VisiblePlace(parts.state.window);
-  SetSize(place);
   SetMinSize(FromDIP(wxSize(640, 420)));
+  PlaceOnScreen(*this, parts.state.window);
   SetIcons(ProgramIcons());
   CreateStatusBar();
   CreateMenus();
@@ -59,7 +75,6 @@ MainWindow::MainWindow(const Parts& parts)
   if (parts.state.window.maximised) Maximize();
   parts_.toolkit.SetMainWindow(this);
   parts_.toolkit.SetEditorHost(editor_host_);
-  ShowStatus(Text(TextNumber::kTextWelcome));
 }
 
 MainWindow::~MainWindow() {
@@ -114,13 +129,10 @@ void MainWindow::CreatePanes() {
   rows_ = new wxSplitterWindow(columns_, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
   auto* upper = new wxPanel(rows_);
   editor_host_ = new wxPanel(upper);
-  welcome_ = new wxStaticText(upper, wxID_ANY, wx::ToLabel(Text(TextNumber::kTextWelcome)),
-                              wxDefaultPosition, wxDefaultSize, wxALIGN_CENTRE_HORIZONTAL);
+  welcome_ = NewWelcome(upper);
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
-  sizer->AddStretchSpacer();
-  sizer->Add(welcome_, wxSizerFlags().Expand().Border(wxALL, FromDIP(24)));
-  sizer->AddStretchSpacer();
+  sizer->Add(welcome_, wxSizerFlags(1).Expand());
   upper->SetSizer(sizer);
   editor_host_->Hide();
   code_ = new CodePane(rows_, parts_.texts);
@@ -141,6 +153,26 @@ void MainWindow::CreatePanes() {
            platform::MessageResult::kYes;
   };
   ConnectTree();
+}
+
+// What the window shows while no project is open.
+wxWindow* MainWindow::NewWelcome(wxWindow* parent) {
+  auto* panel = new wxPanel(parent);
+  auto* text = new wxStaticText(panel, wxID_ANY, wx::ToLabel(Text(TextNumber::kTextWelcome)));
+  auto* open = new wxButton(panel, wxID_OPEN, wx::ToWx(Text(TextNumber::kTextMenuOpen)));
+  auto* create = new wxButton(panel, wxID_NEW, wx::ToWx(Text(TextNumber::kTextMenuNew)));
+  open->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AskOpen(); });
+  create->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AskNew(); });
+  auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+  buttons->Add(open, wxSizerFlags().Border(wxRIGHT, FromDIP(12)));
+  buttons->Add(create);
+  auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->AddStretchSpacer();
+  sizer->Add(text, wxSizerFlags().CentreHorizontal().Border(wxALL, FromDIP(12)));
+  sizer->Add(buttons, wxSizerFlags().CentreHorizontal());
+  sizer->AddStretchSpacer();
+  panel->SetSizer(sizer);
+  return panel;
 }
 
 void MainWindow::ConnectTree() {
@@ -183,6 +215,10 @@ void MainWindow::ConnectStudio() {
     if (wx::MenuBarView* menus = parts_.toolkit.MenusOf(*editor))
       menus->AppendTo(*GetMenuBar(), *this, kEditorMenus);
     parts_.toolkit.ShowModeless(*editor);
+    ShowTitle();
+    title_ = editor->Observe([this](forms::Property property) {
+      if (property == forms::Property::kCaption) ShowTitle();
+    });
     editor_host_->Show();
     welcome_->Hide();
     editor_host_->GetParent()->Layout();
@@ -250,8 +286,6 @@ bool MainWindow::OpenProject(const std::string& path) {
     CloseProject();
     return false;
   }
-  const std::string file = parts_.files.FileName(session_->database_path());
-  SetTitle(wx::ToWx(file + " – " + Text(TextNumber::kTextProduct)));
   const bool same = parts_.state.project == session_->database_path();
   if (same && !parts_.state.node.empty()) tree_->SelectKey(parts_.state.node);
   parts_.state.project = session_->database_path();
@@ -259,6 +293,7 @@ bool MainWindow::OpenProject(const std::string& path) {
   parts_.state.Save();
   FillRecent();
   FillBackups();
+  ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
   tree_->SetFocus();
   return true;
 }
@@ -280,11 +315,13 @@ bool MainWindow::CloseProject() {
   code_->CloseModule();
   session_->Stop();
   tree_->ShowTree(nullptr);
+  title_ = {};
   session_.reset();
   editor_host_->Hide();
   welcome_->Show();
   editor_host_->GetParent()->Layout();
-  SetTitle(wx::ToWx(Text(TextNumber::kTextProduct)));
+  ShowTitle();
+  ShowStatus("");
   return true;
 }
 
@@ -313,6 +350,14 @@ void MainWindow::OnTimer() {
   session_->items().Refresh();
 }
 
+// The project's file and what the editor's window shows of it.
+void MainWindow::ShowTitle() {
+  const editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  SetTitle(
+      wx::ToWx(editor ? parts_.files.FileName(session_->database_path()) + " – " + editor->Caption()
+                      : Text(TextNumber::kTextProduct)));
+}
+
 void MainWindow::SelectNode(const workbench::StudioNode& node) {
   const std::string key = node.key, text = node.text;
   RememberStep("node " + std::string(editor::KeyKind(key)));
@@ -335,7 +380,9 @@ void MainWindow::ShowCodeOfNode(const std::string& key) {
   if (!component || !component->Module()) return;
   const auto member = component->Module()->FindMember(formula->name);
   code_->ShowModule(component, session_->unit());
-  if (member) code_->ScrollTo(member->code_location);
+  if (member && member->type == platform::MemberType::kMethod) {
+    code_->ScrollTo(component->Module()->ProcStartLine(formula->name, platform::ProcKind::kProc));
+  }
 }
 
 void MainWindow::OnPane(const vbfiles::PaneEvent& event) {

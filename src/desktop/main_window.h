@@ -19,7 +19,6 @@
 #include "workbench/daily_backup.h"
 
 class wxSplitterWindow;
-class wxStaticText;
 
 namespace desktop {
 
@@ -51,6 +50,7 @@ class MainWindow : public wxFrame {
  private:
   void CreateMenus();
   void CreatePanes();
+  wxWindow* NewWelcome(wxWindow* parent);
   void ConnectTree();
   void ConnectStudio();
   void Bind();
@@ -68,6 +68,7 @@ class MainWindow : public wxFrame {
   void OnClose(wxCloseEvent& event);
   void OnTimer();
 
+  void ShowTitle();
   void SelectNode(const workbench::StudioNode& node);
   void ShowCodeOfNode(const std::string& key);
   void OnPane(const vbfiles::PaneEvent& event);
@@ -84,7 +85,7 @@ class MainWindow : public wxFrame {
   wxSplitterWindow* rows_ = nullptr;
   ProjectTree* tree_ = nullptr;
   wxPanel* editor_host_ = nullptr;
-  wxStaticText* welcome_ = nullptr;
+  wxWindow* welcome_ = nullptr;
   CodePane* code_ = nullptr;
   wxMenu* recent_menu_ = nullptr;
   wxMenu* backup_menu_ = nullptr;
@@ -92,6 +93,7 @@ class MainWindow : public wxFrame {
   std::vector<int> recent_ids_, backup_ids_;
   wxTimer timer_{this};
   std::unique_ptr<workbench::DailyBackup> backup_;  // of the session's project; outlives it
+  forms::Subscription title_;
   std::unique_ptr<workbench::AddInSession> session_;
 };
 

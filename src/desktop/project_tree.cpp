@@ -41,7 +41,7 @@ class ProjectTree::Model : public wxDataViewModel {
     return item.IsOk() ? ItemOf(ToNode(item)->parent) : wxDataViewItem();
   }
   bool IsContainer(const wxDataViewItem& item) const override {
-    return !item.IsOk() || !ToNode(item)->children.empty() || ToNode(item)->parent == nullptr;
+    return !item.IsOk() || ToNode(item)->branch;
   }
   unsigned GetChildren(const wxDataViewItem& item, wxDataViewItemArray& children) const override {
     if (!tree_) return 0;
@@ -61,7 +61,8 @@ ProjectTree::ProjectTree(wxWindow* parent, const wxString& name)
                      wxDV_SINGLE | wxDV_NO_HEADER | wxBORDER_NONE),
       model_(new Model) {
   AssociateModel(model_.get());
-  auto* column = new wxDataViewColumn("", new wxDataViewIconTextRenderer, 0, wxCOL_WIDTH_AUTOSIZE);
+  auto* column = new wxDataViewColumn("", new wxDataViewIconTextRenderer, 0, wxCOL_WIDTH_AUTOSIZE,
+                                      wxALIGN_LEFT);
   AppendColumn(column);
   SetExpanderColumn(column);
   wx::SetAccessibleName(*this, name);

@@ -31,8 +31,8 @@ constexpr Row kRows[] = {
     {1519, "Projektbaum", "Project tree"},
     {1520, "Code", "Code"},
     {1521, "&Modul:", "&Module:"},
-    {1522, "Öffnen Sie ein Projekt mit Strg+O, oder legen Sie mit Strg+N eines an.",
-     "Open a project with Ctrl+O, or create one with Ctrl+N."},
+    {1522, "Öffnen Sie ein Projekt mit Strg+Umschalt+O, oder legen Sie mit Strg+N eines an.",
+     "Open a project with Ctrl+Shift+O, or create one with Ctrl+N."},
     {1523, "Wählen Sie eine Formel, um ihren Code zu sehen.", "Select a formula to see its code."},
     {1524, "Projektdatenbanken (*.ovs)|*.ovs|Alle Dateien|*",
      "Project databases (*.ovs)|*.ovs|All files|*"},
@@ -74,6 +74,8 @@ constexpr Row kRows[] = {
      "The log <File> holds version and steps, nothing of the project's contents."},
     {1546, "Das Programm wurde beim letzten Mal unerwartet beendet; Protokoll: <File>",
      "The program ended unexpectedly the last time; log: <File>"},
+
+    {1560, "Geöffnet: <File>", "Opened: <File>"},
 };
 
 }  // namespace

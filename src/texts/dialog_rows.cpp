@@ -85,7 +85,7 @@ constexpr Row kRows[] = {
     {1640, "Neue Formel", "New formula"},
     {1641, "Formel bearbeiten", "Edit formula"},
     {1642, "Formel löschen", "Delete formula"},
-    {1643, "Code der Formel anzeigen", "Show the formula's code"},
+    {1643, "Code anzeigen", "Show code"},
     {1644, "Neues Argument", "New argument"},
     {1645, "Argument bearbeiten", "Edit argument"},
     {1646, "Argumente löschen", "Delete arguments"},

@@ -22,12 +22,13 @@ std::string Studio::PictureOf(std::string_view icon) const {
 
 std::int32_t Studio::AddNode(std::string_view parent, std::string_view text, std::string_view key,
                              std::string_view info, std::string_view icon,
-                             const platform::NodeFlags&) {
+                             const platform::NodeFlags& flags) {
   StudioNode node;
   node.key = key;
   node.text = text;
   node.icon = icon;
   node.info = info;
+  node.branch = flags.first != 0;
   return tree_.Add(parent, std::move(node)) ? kDone : kRefused;
 }
 

@@ -15,6 +15,7 @@ struct StudioNode {
   std::string text;
   std::string icon;
   std::string info;              // the fourth string of the studio's add operation
+  bool branch = false;           // may have nodes below it
   StudioNode* parent = nullptr;  // null for a top node
   std::vector<StudioNode*> children;
 };

@@ -52,6 +52,8 @@ enum TextNumber : int {
   kTextFault,
   kTextFaultDetail,
   kTextCrashedBefore,
+  
+  kTextOpened = 1560,
 };
 
 }  // namespace workbench

@@ -182,6 +182,10 @@ class StatusBarView : public ControlView {
     panel_->SetSizer(new wxBoxSizer(wxHORIZONTAL));
     Attach(panel_);
     ShowPanels();
+    panel_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+      event.Skip();
+      panel_->CallAfter([this] { ExplainShortened(); });
+    });
   }
 
  private:
@@ -194,9 +198,17 @@ class StatusBarView : public ControlView {
     for (std::size_t i = 0; i < labels_.size(); ++i) {
       wxString text = ToLabel(bar_.Panels()[i].text);
       if (labels_[i]->GetLabel() != text) labels_[i]->SetLabel(text);
-      labels_[i]->SetToolTip(ToWx(bar_.Panels()[i].text));
     }
     panel_->Layout();
+    ExplainShortened();
+  }
+  // A text that has no room is told whole by its tooltip.
+  void ExplainShortened() {
+    for (wxStaticText* label : labels_) {
+      const wxString text = label->GetLabelText();
+      const bool shortened = label->GetTextExtent(text).GetWidth() > label->GetSize().GetWidth();
+      label->SetToolTip(shortened ? text : wxString());
+    }
   }
   void AddLabel(std::size_t i) {
     labels_.push_back(new wxStaticText(panel_, wxID_ANY, wxEmptyString, wxDefaultPosition,

@@ -29,6 +29,9 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
 void SetAccessibleName(wxWindow& window, const wxString& name);
 void SetAccessibleDescription(wxWindow& window, const wxString& description);
 
+// The scrollbars of a native scrolled window stand beside its content, not over it.
+void KeepScrollbarsBeside(wxWindow& window);
+
 // The window takes keys and clicks also while a dialog of the program waits for its answer.
 void KeepUsableDuringDialogs(wxTopLevelWindow& window);
 

@@ -93,6 +93,13 @@ void SetAccessibleDescription(wxWindow& window, const wxString& description) {
   if (object) atk_object_set_description(object, description.utf8_str());
 }
 
+void KeepScrollbarsBeside(wxWindow& window) {
+  if (!GTK_IS_SCROLLED_WINDOW(window.GetHandle())) return;
+  GtkScrolledWindow* native = GTK_SCROLLED_WINDOW(window.GetHandle());
+  gtk_scrolled_window_set_overlay_scrolling(native, FALSE);
+  gtk_scrolled_window_set_kinetic_scrolling(native, FALSE);
+}
+
 // A dialog grabs the input of its own group of windows only.
 void KeepUsableDuringDialogs(wxTopLevelWindow& window) {
   GtkWindowGroup* group = gtk_window_group_new();

@@ -139,7 +139,10 @@ void RowsView::ShowCurrent() {
   wxDataViewItem item = cells_->GetItem(static_cast<unsigned>(*position));
   list_->SetCurrentItem(item);
   list_->EnsureVisible(item);
-  if (rows_.SelectedCount() == 0 || !rows_.MultiSelect()) list_->Select(item);
+  if (rows_.SelectedCount() == 0 || !rows_.MultiSelect()) {
+    list_->Select(item);  // the native list shows it so anyway
+    rows_.SetSelection({rows_.IdAt(*position)});
+  }
   syncing_ = false;
 }
 

@@ -17,10 +17,14 @@ using forms::Property;
 using forms::Tool;
 using forms::ToolKind;
 
+// What stands on a button. Beside others "New" alone would not tell what is new.
+wxString Label(const Tool& tool) {
+  return tool.ToolTip().empty() ? wxStripMenuCodes(ToWx(tool.Caption())) : ToWx(tool.ToolTip());
+}
+
 // What a button says: caption and shortcut, or why it is disabled.
 wxString Explanation(const Tool& tool) {
-  wxString text = wxStripMenuCodes(ToWx(tool.Caption()));
-  if (!tool.ToolTip().empty()) text = ToWx(tool.ToolTip());
+  wxString text = Label(tool);
   if (!tool.Shortcut().empty()) text += " (" + ToWx(tool.Shortcut()) + ")";
   if (!tool.Enabled() && !tool.DisabledReason().empty()) {
     text += "\n" + ToWx(tool.DisabledReason());
@@ -84,8 +88,7 @@ class ToolbarView : public ControlView {
   void Add(Tool& tool) {
     wxBitmapBundle picture = Picture(tool.Icon());
     if (!picture.IsOk()) picture = Picture("edit");
-    auto* button =
-        bar_->AddTool(wxID_ANY, wxStripMenuCodes(ToWx(tool.Caption())), picture, Explanation(tool));
+    auto* button = bar_->AddTool(wxID_ANY, Label(tool), picture, Explanation(tool));
     bar_->EnableTool(button->GetId(), tool.Enabled());
     tools_[button->GetId()] = &tool;
   }
