@@ -145,6 +145,7 @@ void Commands::NewFormula() {
   studio.AddNode(kFormulasKey, added.name, key, "", KeyIcon(key), {0, 0, 0, 0});
   studio.SelectNode(key);
   window_.ShowNode(key, added.name);
+  window_.tdbP.SetFocus();  // arguments come next
 }
 
 void Commands::EditFormula(std::int32_t id) {

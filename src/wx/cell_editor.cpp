@@ -41,10 +41,19 @@ bool CellEditor::CanEdit(std::size_t column) const {
 
 void CellEditor::Start(const std::string& typed) {
   wxDataViewItem item = list_.GetCurrentItem();
-  wxDataViewColumn* column = list_.GetCurrentColumn();
+  wxDataViewColumn* column = CurrentColumn();
   if (!item.IsOk() || !column || !CanEdit(column->GetModelColumn())) return;
   list_.EditItem(item, column);
   if (!typed.empty()) native_.SetEntryText(typed);
+}
+
+// The column with the keyboard; the first one that can be edited while the user chose none.
+wxDataViewColumn* CellEditor::CurrentColumn() const {
+  if (wxDataViewColumn* current = list_.GetCurrentColumn()) return current;
+  for (unsigned i = 0; i < list_.GetColumnCount(); ++i) {
+    if (CanEdit(list_.GetColumn(i)->GetModelColumn())) return list_.GetColumn(i);
+  }
+  return nullptr;
 }
 
 bool CellEditor::OnKey(const wxKeyEvent& event) {

@@ -41,6 +41,7 @@ class CellEditor {
   void OnEnd(bool escaped);
   void OpenList(const forms::Column& column);
   bool CanEdit(std::size_t column) const;
+  wxDataViewColumn* CurrentColumn() const;
 
   forms::Grid& grid_;
   wxDataViewCtrl& list_;

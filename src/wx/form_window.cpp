@@ -3,11 +3,13 @@
 
 #include <wx/app.h>
 #include <wx/button.h>
+#include <wx/choice.h>
 #include <wx/dialog.h>
 #include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
+#include <wx/textentry.h>
 
 #include <algorithm>
 
@@ -18,6 +20,7 @@
 #include "wx/field_views.h"
 #include "wx/flow_layout.h"
 #include "wx/menu_view.h"
+#include "wx/native.h"
 
 namespace wx {
 
@@ -139,8 +142,15 @@ void FormWindow::SetButtons() {
     auto* button = dynamic_cast<forms::Button*>(&view->Model());
     if (!button) continue;
     auto* widget = dynamic_cast<wxButton*>(&view->Window());
-    if (button->Default()) widget->SetDefault();
+    if (button->Default()) SetDefaultButton(*widget);
     if (button->Cancel()) dialog_->SetEscapeId(widget->GetId());
+  }
+}
+
+void FormWindow::SetDefaultButton(wxButton& button) {
+  button.SetDefault();
+  for (auto& view : views_) {
+    if (auto* choice = dynamic_cast<wxChoice*>(&view->Window())) PressByEnter(*choice, button);
   }
 }
 
@@ -286,27 +296,24 @@ void FormWindow::ApplyPlace() {
   placing_ = false;
 }
 
-wxWindow* FormWindow::FindFocusField(forms::Container& container, bool only_empty) {
+wxWindow* FormWindow::FindFocusField(forms::Container& container) {
   for (forms::Control* control : container.Controls()) {
     if (auto* nested = dynamic_cast<forms::Container*>(control)) {
-      if (wxWindow* found = FindFocusField(*nested, only_empty)) return found;
+      if (wxWindow* found = FindFocusField(*nested)) return found;
       continue;
     }
-    auto* text = dynamic_cast<forms::TextBox*>(control);
-    auto* combo = dynamic_cast<forms::ComboBox*>(control);
-    bool empty = (text && text->Text().empty()) || (combo && combo->ListIndex() < 0);
     ControlView* view = ViewOf(control);
     if (!view || !control->Enabled() || !control->Visible()) continue;
-    if (only_empty ? empty : view->FocusWindow().AcceptsFocus()) return &view->FocusWindow();
+    if (view->FocusWindow().AcceptsFocus()) return &view->FocusWindow();
   }
   return nullptr;
 }
 
-// The keyboard begins in the first field that still needs something.
 void FormWindow::FocusFirstField() {
-  wxWindow* field = FindFocusField(form_, true);
-  if (!field) field = FindFocusField(form_, false);
-  if (field) field->SetFocus();
+  wxWindow* field = FindFocusField(form_);
+  if (!field) return;
+  field->SetFocus();
+  if (auto* text = dynamic_cast<wxTextEntry*>(field)) text->SelectAll();  // typing replaces it
 }
 
 void FormWindow::RunModal() {

@@ -9,6 +9,7 @@
 #include "forms/form.h"
 #include "wx/control_view.h"
 
+class wxButton;
 class wxDialog;
 class wxMenuBar;
 class wxTopLevelWindow;
@@ -51,10 +52,11 @@ class FormWindow {
   void ResizeModel();
   void Relayout();
   void SetButtons();
+  void SetDefaultButton(wxButton& button);
   void FocusFirstField();
   void RememberPlace();
   void ApplyPlace();
-  wxWindow* FindFocusField(forms::Container& container, bool only_empty);
+  wxWindow* FindFocusField(forms::Container& container);
   ControlView* ViewOf(const forms::Control* control) const;
 
   forms::Form& form_;

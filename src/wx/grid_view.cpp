@@ -25,7 +25,7 @@ GridView::GridView(forms::Grid& grid, wxWindow* parent, const ViewContext& conte
     }
     Later([this, id = grid_.IdAt(row), column, value] {
       if (grid_.SetCurrentId(id)) grid_.EditCell(column, value);
-      List().Refresh();
+      Native().Redraw();
     });
   };
   List().Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {

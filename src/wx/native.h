@@ -2,6 +2,8 @@
 // What wxWidgets does not offer and the native toolkit does.
 #pragma once
 
+#include <wx/button.h>
+#include <wx/choice.h>
 #include <wx/menuitem.h>
 #include <wx/stattext.h>
 #include <wx/toplevel.h>
@@ -31,6 +33,10 @@ void SetAccessibleDescription(wxWindow& window, const wxString& description);
 
 // The scrollbars of a native scrolled window stand beside its content, not over it.
 void KeepScrollbarsBeside(wxWindow& window);
+
+// Enter in a closed drop-down presses the button instead of opening the list, as it does in every
+// other field.
+void PressByEnter(wxChoice& field, wxButton& button);
 
 // The window takes keys and clicks also while a dialog of the program waits for its answer.
 void KeepUsableDuringDialogs(wxTopLevelWindow& window);

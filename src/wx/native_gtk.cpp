@@ -48,6 +48,14 @@ class FieldLabel : public wxStaticText {
   }
 };
 
+gboolean OnKeyOfChoice(GtkWidget*, GdkEventKey* event, gpointer button) {
+  const bool enter = event->keyval == GDK_KEY_Return || event->keyval == GDK_KEY_KP_Enter;
+  const bool plain = (event->state & gtk_accelerator_get_default_mod_mask()) == 0;
+  if (!enter || !plain) return FALSE;
+  GtkWidget* widget = static_cast<wxButton*>(button)->GetHandle();
+  return gtk_widget_is_sensitive(widget) ? gtk_widget_activate(widget) : FALSE;
+}
+
 }  // namespace
 
 wxStaticText* NewLabel(wxWindow* parent) { return new FieldLabel(parent); }
@@ -98,6 +106,11 @@ void KeepScrollbarsBeside(wxWindow& window) {
   GtkScrolledWindow* native = GTK_SCROLLED_WINDOW(window.GetHandle());
   gtk_scrolled_window_set_overlay_scrolling(native, FALSE);
   gtk_scrolled_window_set_kinetic_scrolling(native, FALSE);
+}
+
+void PressByEnter(wxChoice& field, wxButton& button) {
+  g_signal_connect(FocusWidget(field.GetHandle()), "key-press-event", G_CALLBACK(OnKeyOfChoice),
+                   &button);
 }
 
 // A dialog grabs the input of its own group of windows only.

@@ -66,6 +66,8 @@ class NativeList {
   // Moves the keyboard to a cell, without editing it.
   void SetCurrentCell(std::size_t row, std::size_t column);
 
+  // Draws all cells again (the control's own Refresh leaves them as they were).
+  void Redraw();
   // Text that is drawn where the rows would be; "" for none.
   void SetEmptyText(const std::string& text);
 

@@ -259,10 +259,12 @@ void NativeList::SetCurrentCell(std::size_t row, std::size_t column) {
   }
 }
 
+void NativeList::Redraw() { gtk_widget_queue_draw(GTK_WIDGET(state_->tree)); }
+
 void NativeList::SetEmptyText(const std::string& text) {
   if (state_->empty_text == text) return;
   state_->empty_text = text;
-  gtk_widget_queue_draw(GTK_WIDGET(state_->tree));
+  Redraw();
 }
 
 }  // namespace wx

@@ -186,7 +186,7 @@ void RowsView::Show(Property property) {
       break;
     case Property::kCells:
     case Property::kEditState:
-      list_->Refresh();
+      native_.Redraw();
       break;
     case Property::kCurrentRow:
       ShowCurrent();

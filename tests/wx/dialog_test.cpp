@@ -28,7 +28,7 @@ class DialogTest : public ::testing::Test {
 TEST_F(DialogTest, IsFilledByKeyboardAlone) {
   samples::FieldsForm form(false);
   Run(form, {
-                [] { Type("Pump1"); },          // the first empty field has the keyboard
+                [] { Type("Pump1"); },          // the first field has the keyboard
                 [] { Press('C', wxMOD_ALT); },  // mnemonic of a label
                 [] { Press(WXK_DOWN); }, [] { Press('I', wxMOD_ALT); },
                 [] { Type("Tank099"); },        // completed in a list of 100,000
