@@ -13,6 +13,7 @@ constexpr double kColumnWidth = 3000;
 constexpr std::int32_t kChooseAliasReason = 1603;
 constexpr std::int32_t kNoAliases = 1609;
 constexpr std::int32_t kNothingFound = 1612;
+constexpr std::int32_t kAliases = 1634;
 
 }  // namespace
 
@@ -24,6 +25,7 @@ FChooseAlias::FChooseAlias(const Surroundings& surroundings)
   SetMinimumSize(6000, 5000);
   lvwAlias.SetColumns({{Text(kAliasColumn), kColumnWidth}, {Text(kItemColumn), kColumnWidth}});
   lvwAlias.SetMultiSelect(false);
+  lvwAlias.SetAccessibleName(Text(kAliases));
   lvwAlias.SetLayout({.stretch = true, .min_chars = 60, .min_lines = 15});
   lvwAlias.SetEmptyText(Text(kNoAliases));
   surroundings.aliases->Requery();

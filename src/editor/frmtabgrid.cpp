@@ -20,6 +20,8 @@ constexpr std::int32_t kNoArguments = 1620;
 constexpr std::int32_t kNoFormulaSelected = 1621;
 constexpr std::int32_t kNoAliases = 1622;
 constexpr std::int32_t kNothingFound = 1623;
+constexpr std::int32_t kArguments = 1633;
+constexpr std::int32_t kAliases = 1634;
 
 constexpr double kMinimumWidth = 4500;
 constexpr double kMinimumHeight = 3000;
@@ -58,6 +60,8 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   tdbA.AddSplit(kColumnWidth).AddColumn("ItemID", kColumnWidth);
   tdbA.AddSplit(0).AddColumn("VBAlias", kColumnWidth);
   lblFind.SetTag("C1624");
+  tdbP.SetAccessibleName(Text(kArguments));
+  tdbA.SetAccessibleName(Text(kAliases));
   lblFind.SetVisible(false);
   txtFind.SetVisible(false);
   SetResizable(true);

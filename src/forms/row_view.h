@@ -59,6 +59,10 @@ class RowView : public Control {
   bool IsSelected(std::int64_t id) const { return selection_.contains(id); }
   void SetSelection(const std::vector<std::int64_t>& ids);
 
+  // What a screen reader calls the rows; set before they are shown.
+  const std::string& AccessibleName() const { return accessible_name_; }
+  void SetAccessibleName(std::string_view name) { accessible_name_ = name; }
+
   // What to do when there are no rows ("No arguments yet. F8 adds one."), shown in their place.
   const std::string& EmptyText() const { return empty_text_; }
   void SetEmptyText(std::string_view text) {
@@ -94,6 +98,7 @@ class RowView : public Control {
   std::size_t known_position_ = 0;  // of the current row when it was last looked up
   std::set<std::int64_t> selection_;
   bool multi_select_ = true;
+  std::string accessible_name_;
   std::string empty_text_;
 };
 

@@ -81,6 +81,8 @@ constexpr Row kRows[] = {
     {1630, "Wählen Sie zuerst Argumente aus.", "Select arguments first."},
     {1631, "Wählen Sie zuerst Aliase aus.", "Select aliases first."},
     {1632, "Es gibt noch keinen Alias.", "There is no alias yet."},
+    {1633, "Argumente", "Arguments"},
+    {1634, "Aliase", "Aliases"},
     // What a button does.
     {1640, "Neue Formel", "New formula"},
     {1641, "Formel bearbeiten", "Edit formula"},

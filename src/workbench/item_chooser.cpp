@@ -63,6 +63,7 @@ ItemChooser::ItemChooser(platform::Toolkit& toolkit, const texts::TextTable& tex
                        {texts.Text(kTextItemType), kTypeWidth},
                        {texts.Text(kTextItemComment), kCommentWidth}});
   lvwItems.SetMultiSelect(false);
+  lvwItems.SetAccessibleName(texts.Text(kTextItem));
   lvwItems.SetLayout({.stretch = true, .min_chars = 80, .min_lines = 16});
   lvwItems.SetRowSource(rows_);
   lvwItems.on_double_click = [this] { Close(true); };

@@ -12,9 +12,11 @@ namespace wx {
 
 namespace {
 
-// The widget inside a control that takes the keyboard.
+// The widget inside a control that takes the keyboard. A pane that scrolls may take it too, but
+// means what it holds.
 GtkWidget* FocusWidget(GtkWidget* widget) {
-  if (!widget || gtk_widget_get_can_focus(widget) || !GTK_IS_CONTAINER(widget)) return widget;
+  if (!widget || !GTK_IS_CONTAINER(widget)) return widget;
+  if (gtk_widget_get_can_focus(widget) && !GTK_IS_SCROLLED_WINDOW(widget)) return widget;
   GList* children = gtk_container_get_children(GTK_CONTAINER(widget));
   GtkWidget* found = nullptr;
   for (GList* child = children; child && !found; child = child->next) {

@@ -52,6 +52,7 @@ RowsView::RowsView(forms::RowView& rows, wxWindow* parent, const ViewContext& co
 
 void RowsView::Start() {
   list_->SetFont(ToWx(rows_.GetFont()));
+  SetAccessibleName(*list_, ToWx(rows_.AccessibleName()));
   BuildColumns();
   Bind();
   ShowRows();
