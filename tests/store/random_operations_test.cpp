@@ -9,6 +9,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "platform/text.h"
@@ -51,9 +52,25 @@ bool StartsWith(const std::string& line, std::initializer_list<const char*> word
                      [&](const char* word) { return line.starts_with(word); });
 }
 
-// What is wrong with a module's text: procedures that are not closed or stand in each other, #If
-// blocks that do not match, hidden lines that hang on something else.
+// The name that a statement outside of procedures declares, without regard to case; empty for
+// none. A property may be declared several times.
+std::string DeclaredName(const std::string& code) {
+  std::istringstream words(code);
+  for (std::string word; words >> word;) {
+    if (word == "Public" || word == "Private" || word == "Dim" || word == "Static" ||
+        word == "Sub" || word == "Function" || word == "Const" || word == "WithEvents") {
+      continue;
+    }
+    if (word == "Option" || word == "Friend" || word == "Type") return {};
+    return platform::FoldCase(word.substr(0, word.find_first_of("(,:")));
+  }
+  return {};
+}
+
+// What is wrong with a module's text: procedures that are not closed or stand in each other,
+// members of one name, #If blocks that do not match, hidden lines that hang on something else.
 std::string Broken(const std::vector<std::string>& lines) {
+  std::set<std::string> members;
   bool in_procedure = false;
   int conditions = 0;
   bool comment = false;  // continued from the line above
@@ -82,6 +99,11 @@ std::string Broken(const std::vector<std::string>& lines) {
                       code.ends_with("End Property");
     if (code == "Sub As Long") continue;
     if (begins && in_procedure) return "nested " + where;
+    const bool declares = begins || code.starts_with("Public ") || code.starts_with("Private ");
+    if (declares && conditions == 0) {
+      const std::string name = DeclaredName(code);
+      if (!name.empty() && !members.insert(name).second) return "declared twice " + where;
+    }
     if (begins) in_procedure = true;
     if (ends && !in_procedure) return "end without begin " + where;
     if (ends) in_procedure = false;
