@@ -56,6 +56,12 @@ bool IsJoin(const Condition& condition, std::size_t table) {
          (left.column.table == table) != (right.column.table == table);
 }
 
+// How many rows a constant finds is guessed better than what the rows of other tables find.
+bool IsConstant(const std::vector<Equality>& key) {
+  return !key.empty() &&
+         std::ranges::none_of(key, [](const Equality& e) { return e.other->is_column; });
+}
+
 bool HasKey(jet::ColumnType type, const jet::Value& value) {
   std::vector<std::byte> key;
   return !jet::AppendKeyPart(type, jet::SortOrder::kAscending, value, key);
@@ -69,7 +75,10 @@ QueryPlan Planner::Plan() {
     for (std::size_t table = 0; table < count; ++table) {
       if (read_ & 1u << table) continue;
       Access access = BestAccess(table);
-      if (best == count || access.rows < best_access.rows) {
+      const bool fewer = access.rows < best_access.rows;
+      const bool surer =
+          access.rows == best_access.rows && IsConstant(access.key) && !IsConstant(best_access.key);
+      if (best == count || fewer || surer) {
         best = table;
         best_access = std::move(access);
       }
