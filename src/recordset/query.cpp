@@ -75,9 +75,14 @@ void Query::OpenTables() {
   needed_ = NeededColumns(tables_.size());
 }
 
+std::string_view Query::NameOf(std::size_t table) const {
+  const bool renamed = table < syntax_.tables.size() && !syntax_.tables[table].alias.empty();
+  return renamed ? syntax_.tables[table].alias : tables_[table]->name();
+}
+
 std::size_t Query::FindTable(const ColumnName& name) const {
   for (std::size_t i = 0; i < tables_.size(); ++i) {
-    if (SameName(tables_[i]->name(), name.table)) return i;
+    if (SameName(NameOf(i), name.table)) return i;
   }
   ThrowAt(platform::kErrParameter, text_, name.offset,
           "the table " + Quoted(name.table) + " is not named in FROM");
@@ -136,7 +141,7 @@ void Query::NameOutput() {
     const bool shared = std::any_of(output_.begin(), output_.end(), [&](const OutputColumn& other) {
       return other.source.table != output.source.table && SameName(column_name(other), name);
     });
-    output.name = shared ? tables_[output.source.table]->name() + "." + name : name;
+    output.name = shared ? std::string(NameOf(output.source.table)) + "." + name : name;
   }
 }
 
@@ -171,7 +176,7 @@ std::optional<std::size_t> Query::FindOutput(std::string_view name) const {
 std::optional<std::size_t> Query::FindOutput(std::string_view table, std::string_view name) const {
   for (std::size_t i = 0; i < output_.size(); ++i) {
     const jet::Table& source = *tables_[output_[i].source.table];
-    if (SameName(source.name(), table) &&
+    if (SameName(NameOf(output_[i].source.table), table) &&
         SameName(source.columns()[output_[i].source.column].name, name)) {
       return i;
     }

@@ -79,6 +79,8 @@ class Query {
   // A column of the output, as a criterion names it.
   TableColumn ResolveOutput(std::string_view criterion, const ColumnName& name) const;
   std::optional<std::size_t> FindOutput(std::string_view table, std::string_view name) const;
+  // By which the query speaks of the table.
+  std::string_view NameOf(std::size_t table) const;
   std::size_t FindTable(const ColumnName& name) const;
   void AddOutput(const SelectItem& item);
   void AddColumnsOf(std::size_t table);

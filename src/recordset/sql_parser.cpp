@@ -175,12 +175,14 @@ void Parser::Source(SelectSyntax& select) {
   }
   const std::size_t offset = token_.offset;
   const std::string_view name = Name();
+  const SourceTable source{name, offset, TakeKeyword("AS") ? Name() : std::string_view()};
   for (const SourceTable& table : select.tables) {
-    if (SameName(table.name, name)) {
-      ThrowSyntax(lexer_.source(), offset, "a table can be named only once in FROM");
+    if (SameName(table.Name(), source.Name())) {
+      ThrowSyntax(lexer_.source(), offset,
+                  "a name can stand only once in FROM; give the table another with AS");
     }
   }
-  select.tables.push_back({name, offset});
+  select.tables.push_back(source);
 }
 
 void Parser::Order(SelectSyntax& select) {

@@ -5,7 +5,7 @@
 // - item      = * | table.* | column
 // - order     = column [ASC | DESC]
 // - joined    = source {[INNER] JOIN source ON or}
-// - source    = table | ( joined )
+// - source    = table [AS name] | ( joined )
 // - or        = and {OR and}
 // - and       = not {AND not}
 // - not       = NOT not | ( or ) | test
@@ -65,6 +65,9 @@ struct SelectItem {
 struct SourceTable {
   std::string_view name;
   std::size_t offset = 0;
+  std::string_view alias = {};  // that AS gives; empty for none
+  // By which the query speaks of it.
+  std::string_view Name() const { return alias.empty() ? name : alias; }
 };
 
 struct OrderItem {

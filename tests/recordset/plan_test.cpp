@@ -71,6 +71,27 @@ TEST_F(PlanTest, GoesByTheIndexes) {
   for (const auto& [sql, plan] : cases) EXPECT_EQ(Plan(sql), plan) << sql;
 }
 
+TEST_F(PlanTest, ATableOfOneRowDoesNotMisleadIt) {
+  Fill(100, 1, 100);
+  EXPECT_EQ(Plan("SELECT VBAlias FROM (TvbfParams INNER JOIN TvbfAlias ON TvbfParams.AliasID = "
+                 "TvbfAlias.ID) INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
+                 "WHERE (Name = 'F1') AND (ProgID = 'P.C')"),
+            "Alias Formulas(ProgID:2) Params(Unique:2)");
+}
+
+TEST_F(PlanTest, JoinsATableWithItself) {
+  Fill(20, 50, 200);
+  const std::string sql =
+      "SELECT U.ParentID, VBAlias FROM (TvbfParams AS U INNER JOIN TvbfParams AS A ON "
+      "U.ParentID = A.ParentID) INNER JOIN TvbfAlias ON A.AliasID = TvbfAlias.ID WHERE "
+      "U.AliasID = 3";
+  EXPECT_EQ(Plan(sql), "Params(AliasID:1) Params(Unique:1) Alias(PrimaryKey:1)");
+  // Each of the 20 formulas has 10 aliases, the third of them among these.
+  auto rows = db_.Open(sql);
+  EXPECT_EQ(rows->RecordCount(), 200);
+  EXPECT_EQ(rows->Fields("VBAlias").Value(), platform::Variant("Alias0"));
+}
+
 TEST_F(PlanTest, JoinsWhereADatabaseMadeElsewhereHasNoIndex) {
   support::MemoryDatabase db;
   for (const char* name : {"A", "B"}) {
