@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "vbfiles/member_list.h"
 
-#include <algorithm>
 #include <bit>
 #include <tuple>
 
@@ -77,17 +76,13 @@ std::vector<Member> ListMembers(const SourceIndex& index) {
 std::optional<Member> FindMember(const SourceIndex& index, std::string_view name) {
   const std::string bytes = index.page().NameFromUtf8(name);
   if (bytes.empty()) return std::nullopt;
-  const std::uint32_t hash = index.page().NameHash(bytes);
-  auto is_named = [&](const auto& entry) { return index.IsNamed(entry.name, bytes, hash); };
-  const auto& procedures = index.procedures();
-  const auto& declarations = index.declarations();
-  const auto procedure = std::find_if(procedures.begin(), procedures.end(), is_named);
-  const auto declaration = std::find_if(declarations.begin(), declarations.end(), is_named);
-  if (declaration != declarations.end() &&
-      (procedure == procedures.end() || IsBefore(declaration->name, procedure->name))) {
+  const Procedure* procedure = index.FindProcedure(bytes, [](const Procedure&) { return true; });
+  const Declaration* declaration = index.FindDeclaration(bytes);
+  if (declaration != nullptr &&
+      (procedure == nullptr || IsBefore(declaration->name, procedure->name))) {
     return MemberOf(index, *declaration);
   }
-  if (procedure == procedures.end()) return std::nullopt;
+  if (procedure == nullptr) return std::nullopt;
   return MemberOf(index, *procedure);
 }
 
@@ -95,11 +90,7 @@ const Procedure* FindProcedure(const SourceIndex& index, std::string_view name,
                                platform::ProcKind kind) {
   const std::string bytes = index.page().NameFromUtf8(name);
   if (bytes.empty()) return nullptr;
-  const std::uint32_t hash = index.page().NameHash(bytes);
-  for (const Procedure& procedure : index.procedures()) {
-    if (procedure.kind == kind && index.IsNamed(procedure.name, bytes, hash)) return &procedure;
-  }
-  return nullptr;
+  return index.FindProcedure(bytes, [&](const Procedure& p) { return p.kind == kind; });
 }
 
 }  // namespace vbfiles

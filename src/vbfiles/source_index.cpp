@@ -33,8 +33,12 @@ std::ptrdiff_t IndexAt(const std::vector<Entry>& entries, std::int32_t line) {
 
 // Replaces the entries [first, last) and moves those behind them by `delta` lines.
 template <typename Entry>
-void Splice(std::vector<Entry>& entries, std::ptrdiff_t first, std::ptrdiff_t last,
-            const std::vector<Entry>& replacement, std::int32_t delta) {
+void Splice(std::vector<Entry>& entries, NameTable& names, std::ptrdiff_t first,
+            std::ptrdiff_t last, const std::vector<Entry>& replacement, std::int32_t delta) {
+  const bool same_names = std::equal(
+      entries.begin() + first, entries.begin() + last, replacement.begin(), replacement.end(),
+      [](const Entry& a, const Entry& b) { return a.name.hash == b.name.hash; });
+  if (!same_names) names.Forget(static_cast<std::size_t>(first), entries);
   if (delta != 0) {
     for (auto i = entries.begin() + last; i != entries.end(); ++i) Shift(*i, delta);
   }
@@ -102,8 +106,9 @@ void SourceIndex::Update(std::int32_t first, std::int32_t removed, std::int32_t 
   const std::ptrdiff_t declarations_behind =
       line > LineCount() ? std::ssize(declarations_) : IndexAt(declarations_, stop_before);
   const std::ptrdiff_t declarations_kept = IndexAt(declarations_, start);
-  Splice(declarations_, declarations_kept, declarations_behind, found.declarations, delta);
-  Splice(procedures_, kept, behind, found.procedures, delta);
+  Splice(declarations_, declaration_names_, declarations_kept, declarations_behind,
+         found.declarations, delta);
+  Splice(procedures_, procedure_names_, kept, behind, found.procedures, delta);
   const std::size_t next = static_cast<std::size_t>(kept) + found.procedures.size();
   if (next < procedures_.size()) procedures_[next].region_start = kUnknownLine;
   last_region_end_ = kUnknownLine;

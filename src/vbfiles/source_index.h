@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "vbfiles/code_page.h"
+#include "vbfiles/name_table.h"
 #include "vbfiles/source_lines.h"
 #include "vbfiles/source_scanner.h"
 
@@ -34,6 +35,14 @@ class SourceIndex {
   std::string_view Name(const NamePlace& place) const {
     return lines_.Line(place.line).substr(place.column, place.length);
   }
+  // The first of that name for which `is_wanted` holds; null for none. The name is in the page.
+  template <typename IsWanted>
+  const Procedure* FindProcedure(std::string_view name, const IsWanted& is_wanted) const {
+    return Find(procedure_names_, procedures_, name, is_wanted);
+  }
+  const Declaration* FindDeclaration(std::string_view name) const {
+    return Find(declaration_names_, declarations_, name, [](const auto&) { return true; });
+  }
   bool IsNamed(const NamePlace& place, std::string_view name, std::uint32_t hash) const {
     return place.hash == hash && page_.SameName(Name(place), name);
   }
@@ -52,11 +61,22 @@ class SourceIndex {
   const Procedure* OwnerOf(std::int32_t line) const;
 
  private:
+  template <typename Entry, typename IsWanted>
+  const Entry* Find(NameTable& names, const std::vector<Entry>& entries, std::string_view name,
+                    const IsWanted& is_wanted) const {
+    const std::uint32_t hash = page_.NameHash(name);
+    return names.Find(hash, entries, [&](const Entry& entry) {
+      return IsNamed(entry.name, name, hash) && is_wanted(entry);
+    });
+  }
+
   const SourceLines& lines_;
   const CodePage& page_;
   std::vector<LineInfo> infos_;  // one a line, and one for the state behind the last line
   mutable std::vector<Procedure> procedures_;  // region_start is found when it is asked for
   std::vector<Declaration> declarations_;
+  mutable NameTable procedure_names_;  // made when a name is looked for
+  mutable NameTable declaration_names_;
   mutable std::int32_t last_region_end_ = kUnknownLine;
 };
 

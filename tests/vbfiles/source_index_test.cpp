@@ -248,6 +248,25 @@ std::string Describe(const SourceIndex& index) {
   return text + std::to_string(index.CountOfDeclarationLines());
 }
 
+void ExpectEveryNameFound(const SourceIndex& index) {
+  for (const platform::Member& member : ListMembers(index)) {
+    const auto found = FindMember(index, member.name);
+    ASSERT_TRUE(found) << member.name;
+    EXPECT_EQ(found->code_location, member.code_location) << member.name;
+    EXPECT_EQ(found->type, member.type) << member.name;
+  }
+  for (const Procedure& procedure : index.procedures()) {
+    const std::string name(index.Name(procedure.name));
+    const auto first = std::find_if(index.procedures().begin(), index.procedures().end(),
+                                    [&](const Procedure& other) {
+                                      return other.kind == procedure.kind &&
+                                             index.IsNamed(other.name, name, procedure.name.hash);
+                                    });
+    EXPECT_EQ(FindProcedure(index, name, procedure.kind), &*first) << name;
+  }
+  EXPECT_FALSE(FindMember(index, "NobodyHasThisName"));
+}
+
 TEST(SourceIndex, EditsLeaveTheSameIndexAsAFreshScan) {
   const int rounds = std::getenv("OV_LONG") != nullptr ? 2000 : 40;
   std::mt19937 random(20);
@@ -267,6 +286,7 @@ TEST(SourceIndex, EditsLeaveTheSameIndexAsAFreshScan) {
       index.Update(first, removed, inserted);
       ASSERT_EQ(Describe(index), Describe(SourceIndex(text, Western())))
           << "round " << round << ", edit " << edit;
+      if (edit % 3 == 0) ExpectEveryNameFound(index);
     }
   }
 }
