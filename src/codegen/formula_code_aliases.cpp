@@ -81,17 +81,22 @@ void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_ali
                                        std::string_view new_alias, std::string_view old_item) {
   if (!vbe_) return;
   const OperationScope scope(*this);
+  if (!rows_) return;
   std::optional<FormulaRows::Alias> record;
-  if (rows_) report_.Step([&] { record = rows_->FindAlias(id); });
-  if (!record) return;
+  std::vector<FormulaRows::Use> uses;
+  report_.Step([&] {
+    record = rows_->FindAlias(id);
+    if (record) uses = rows_->UsesOf(id);
+  });
+  if (!uses.empty()) renamed_aliases_.push_back(id);
   std::unordered_set<const Waiting*> classes;
-  for (const AliasUse& use : AliasInUse(id)) {
+  for (const FormulaRows::Use& use : uses) {
     Waiting& waiting = WaitingFor(use.prog_id);
     if (classes.insert(&waiting).second) {
       waiting.declarations.Remove(old_alias, {std::string(old_item), record->item_id});
       Declare(waiting, new_alias, record->item_id);
     }
-    HeaderWaits(use.name, use.prog_id);
+    HeaderWaits(use.name, use.prog_id, use.formula_id);
   }
 }
 

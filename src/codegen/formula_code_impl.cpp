@@ -110,10 +110,11 @@ CVBFormulaCode::Impl::Waiting& CVBFormulaCode::Impl::WaitingFor(std::string_view
   return waiting;
 }
 
-void CVBFormulaCode::Impl::HeaderWaits(std::string_view name, std::string_view prog_id) {
+void CVBFormulaCode::Impl::HeaderWaits(std::string_view name, std::string_view prog_id,
+                                       std::int32_t formula_id) {
   Waiting& waiting = WaitingFor(prog_id);
   if (waiting.header_names.insert(platform::FoldCase(name)).second) {
-    waiting.headers.emplace_back(name);
+    waiting.headers.push_back({std::string(name), formula_id});
   }
 }
 
@@ -121,13 +122,18 @@ void CVBFormulaCode::Impl::HeaderIsDone(std::string_view name, std::string_view 
   const auto found = waiting_.find(platform::FoldCase(prog_id));
   if (found == waiting_.end()) return;
   if (found->second.header_names.erase(platform::FoldCase(name)) == 0) return;
-  std::erase_if(found->second.headers, [&](const std::string& header) {
-    return platform::EqualsIgnoringCase(header, name);
+  std::erase_if(found->second.headers, [&](const Header& header) {
+    return platform::EqualsIgnoringCase(header.function_name, name);
   });
 }
 
 void CVBFormulaCode::Impl::ApplyEdits() {
   std::map<std::string, Waiting> classes = std::exchange(waiting_, {});
+  // The formulas of a renamed alias are many; one query serves them all.
+  FormulaRows::ArgumentsById arguments;
+  for (const std::int32_t id : std::exchange(renamed_aliases_, {})) {
+    report_.Step([&] { rows_->ReadArgumentsBeside(id, arguments); });
+  }
   for (auto& entry : classes) {
     Waiting& waiting = entry.second;
     Place place;
@@ -135,7 +141,9 @@ void CVBFormulaCode::Impl::ApplyEdits() {
     if (!place) continue;
     const std::vector<std::string> gone =
         waiting.declarations.Apply(*place.component, *place.module, report_);
-    for (const std::string& name : waiting.headers) RebuildHeader(name, waiting.prog_id);
+    for (const Header& header : waiting.headers) {
+      report_.Step([&] { RewriteWaitingHeader(place, header, waiting.prog_id, arguments); });
+    }
     // Last, when the lines have their final numbers.
     report_.Step([&] { WarnOfUses(gone, *place.component, *place.module, report_); });
   }

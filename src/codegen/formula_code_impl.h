@@ -66,6 +66,7 @@ class CVBFormulaCode::Impl {
   void CancelBatch() {
     batch_ = 0;
     waiting_.clear();
+    renamed_aliases_.clear();
     type_names_.clear();
   }
   void CommitComponents();
@@ -86,11 +87,15 @@ class CVBFormulaCode::Impl {
     explicit operator bool() const { return module != nullptr; }
     std::string File() const { return FileNameOf(component->FileName()); }
   };
+  struct Header {
+    std::string function_name;
+    std::int32_t formula_id = 0;  // 0: not known
+  };
   // What waits for the end of the batch, of one class.
   struct Waiting {
     std::string prog_id;
     ClassEdits declarations;
-    std::vector<std::string> headers;  // function names
+    std::vector<Header> headers;
     std::unordered_set<std::string> header_names;
   };
   struct ComponentChange {
@@ -126,8 +131,12 @@ class CVBFormulaCode::Impl {
   bool IsTypeName(const Place& place, std::string_view prog_id, std::string_view name);
   // False, with a refusal, when no sub of that name can be added.
   bool CanAppend(const Place& place, std::string_view prog_id, std::string_view name);
+  // The aliases that the header of that formula lists.
+  std::vector<std::string> ArgumentsOf(std::string_view name, std::string_view prog_id);
   void RewriteHeader(const Place& place, const HeaderRegion& region, std::string_view name,
-                     std::string_view prog_id);
+                     const std::vector<std::string>& aliases);
+  void RewriteWaitingHeader(const Place& place, const Header& header, std::string_view prog_id,
+                            const FormulaRows::ArgumentsById& arguments);
   void RewriteDeclaration(const Place& place, const SubLocation& sub, std::string_view new_name);
   void CommentOut(const Place& place, const SubLocation& sub);
   void DeleteProcedure(const Place& place, const SubLocation& sub);
@@ -136,7 +145,7 @@ class CVBFormulaCode::Impl {
                        const std::vector<std::string>& lines);
 
   Waiting& WaitingFor(std::string_view prog_id);
-  void HeaderWaits(std::string_view name, std::string_view prog_id);
+  void HeaderWaits(std::string_view name, std::string_view prog_id, std::int32_t formula_id = 0);
   void HeaderIsDone(std::string_view name, std::string_view prog_id);
   // The item of the alias, alone in a list; an empty list when there is no such alias.
   std::vector<std::string> ItemOf(std::int32_t alias_id);
@@ -157,6 +166,7 @@ class CVBFormulaCode::Impl {
   NeedFunctionName need_function_name_;
   int batch_ = 0;
   std::map<std::string, Waiting> waiting_;  // by ProgID without case
+  std::vector<std::int32_t> renamed_aliases_;
   // Of the classes asked about in this batch, by ProgID without case. No operation changes them.
   std::map<std::string, std::unordered_set<std::string>> type_names_;
   std::vector<ComponentChange> component_changes_;

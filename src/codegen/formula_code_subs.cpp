@@ -52,7 +52,7 @@ void CVBFormulaCode::Impl::AppendSub(const Place& place, std::string_view prog_i
   }
   // Comments above the new text were written by somebody else.
   RewriteHeader(place, LimitedRegion(FindHeaderRegion(*place.module, *sub), end + 1), name,
-                prog_id);
+                ArgumentsOf(name, prog_id));
   HeaderIsDone(name, prog_id);
 }
 
@@ -64,7 +64,7 @@ void CVBFormulaCode::Impl::AddFunction(std::string_view prog_id, std::string_vie
     const Place place = LocateOrWarn(prog_id);
     if (!place) return;
     if (const auto sub = FindSub(*place.module, name)) {
-      RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name, prog_id);
+      RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name, ArgumentsOf(name, prog_id));
       HeaderIsDone(name, prog_id);
     } else if (CanAppend(place, prog_id, name)) {
       AppendSub(place, prog_id, name, code.empty() ? Templates::Sub(name) : std::string(code));
@@ -181,12 +181,27 @@ void CVBFormulaCode::Impl::DeactivateFunction(std::string_view prog_id, std::str
   UnregisterClass(prog_id);
 }
 
+std::vector<std::string> CVBFormulaCode::Impl::ArgumentsOf(std::string_view name,
+                                                           std::string_view prog_id) {
+  return rows_ ? rows_->ArgumentsOf(name, prog_id) : std::vector<std::string>();
+}
+
 void CVBFormulaCode::Impl::RewriteHeader(const Place& place, const HeaderRegion& region,
-                                         std::string_view name, std::string_view prog_id) {
-  std::vector<std::string> aliases;
-  if (rows_) aliases = rows_->ArgumentsOf(name, prog_id);
+                                         std::string_view name,
+                                         const std::vector<std::string>& aliases) {
   RewriteLines(*place.module, region.first_line, region.lines,
                WithHeader(region.lines, templates_.Header(name, aliases), templates_));
+}
+
+void CVBFormulaCode::Impl::RewriteWaitingHeader(const Place& place, const Header& header,
+                                                std::string_view prog_id,
+                                                const FormulaRows::ArgumentsById& arguments) {
+  const std::string& name = header.function_name;
+  const std::optional<SubLocation> sub = FindSub(*place.module, name);
+  if (!sub) return WarnNoSub(prog_id, name);
+  const auto known = arguments.find(header.formula_id);
+  RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name,
+                known != arguments.end() ? known->second : ArgumentsOf(name, prog_id));
 }
 
 void CVBFormulaCode::Impl::RebuildHeader(std::string_view name, std::string_view prog_id) {
@@ -194,9 +209,7 @@ void CVBFormulaCode::Impl::RebuildHeader(std::string_view name, std::string_view
   report_.Step([&] {
     const Place place = LocateOrWarn(prog_id);
     if (!place) return;
-    const std::optional<SubLocation> sub = FindSub(*place.module, name);
-    if (!sub) return WarnNoSub(prog_id, name);
-    RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name, prog_id);
+    RewriteWaitingHeader(place, {std::string(name), 0}, prog_id, {});
     HeaderIsDone(name, prog_id);
   });
 }

@@ -15,6 +15,12 @@ constexpr std::string_view kUses =
     "SELECT TvbfFormulas.ID, TvbfFormulas.Name, TvbfFormulas.ProgID "
     "FROM TvbfParams INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
     "WHERE TvbfParams.AliasID = ?";
+constexpr std::string_view kArgumentsBeside =
+    "SELECT Uses.ParentID, TvbfAlias.VBAlias "
+    "FROM (TvbfParams AS Uses INNER JOIN TvbfParams AS Arguments "
+    "ON Uses.ParentID = Arguments.ParentID) "
+    "INNER JOIN TvbfAlias ON Arguments.AliasID = TvbfAlias.ID "
+    "WHERE Uses.AliasID = ?";
 constexpr std::string_view kUsesInClass =
     "SELECT TvbfFormulas.ID "
     "FROM TvbfParams INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
@@ -25,6 +31,7 @@ constexpr std::string_view kUsesInClass =
 FormulaRows::FormulaRows(std::shared_ptr<platform::Connection> connection)
     : connection_(std::move(connection)),
       arguments_(*connection_, kArguments),
+      arguments_beside_(*connection_, kArgumentsBeside),
       uses_(*connection_, kUses),
       uses_in_class_(*connection_, kUsesInClass),
       formulas_(*connection_, "SELECT ID FROM TvbfFormulas WHERE ProgID = ?"),
@@ -37,6 +44,16 @@ std::vector<std::string> FormulaRows::ArgumentsOf(std::string_view name, std::st
   aliases.reserve(rows.second);
   for (std::size_t i = 0; i < rows.second; ++i) aliases.push_back(rows.At(0, i).ToText());
   return aliases;
+}
+
+void FormulaRows::ReadArgumentsBeside(std::int32_t alias_id, ArgumentsById& arguments) {
+  ArgumentsById found;
+  arguments_beside_.ForEachRow(
+      {alias_id}, {"ParentID", "VBAlias"},
+      [&](const platform::VariantArray& rows, std::size_t row) {
+        found[rows.At(0, row).ToLong()].push_back(rows.At(1, row).ToText());
+      });
+  arguments.merge(found);
 }
 
 std::vector<FormulaRows::Use> FormulaRows::UsesOf(std::int32_t alias_id) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "codegen/query.h"
@@ -31,6 +32,9 @@ class FormulaRows {
 
   // The aliases of the arguments of the formula of that name in that class.
   std::vector<std::string> ArgumentsOf(std::string_view name, std::string_view prog_id);
+  using ArgumentsById = std::unordered_map<std::int32_t, std::vector<std::string>>;
+  // Adds, by formula ID, the aliases of all arguments of the formulas that use the alias.
+  void ReadArgumentsBeside(std::int32_t alias_id, ArgumentsById& arguments);
   // One entry for each argument that uses the alias.
   std::vector<Use> UsesOf(std::int32_t alias_id);
   // Whether an argument of the class's formulas uses the alias, one argument of the formula
@@ -44,6 +48,7 @@ class FormulaRows {
  private:
   std::shared_ptr<platform::Connection> connection_;
   Query arguments_;
+  Query arguments_beside_;
   Query uses_;
   Query uses_in_class_;
   Query formulas_;

@@ -132,12 +132,15 @@ bool SameLine(std::string_view a, std::string_view b) {
 std::vector<std::string> SplitLines(std::string_view text) {
   std::vector<std::string> lines;
   if (text.empty()) return lines;
-  while (true) {
-    const std::size_t end = text.find_first_of("\r\n");
-    lines.emplace_back(text.substr(0, end));
-    if (end == std::string_view::npos) return lines;
-    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r' && text[i] != '\n') continue;
+    lines.emplace_back(text.substr(begin, i - begin));
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+    begin = i + 1;
   }
+  lines.emplace_back(text.substr(begin));
+  return lines;
 }
 
 std::string JoinLines(const std::vector<std::string>& lines) {

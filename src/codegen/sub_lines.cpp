@@ -32,8 +32,8 @@ std::size_t HeaderLinesAtEnd(const std::vector<std::string>& lines) {
   return lines.size() - first;
 }
 
-// Marks the lines that the generator wrote: those of a header, from rule to rule. A line inside
-// that is none of a header's is somebody's note.
+// Marks the lines that the generator wrote: those of the last header, from rule to rule. A line
+// inside that is none of a header's is somebody's note; a header further up lost its sub.
 std::vector<bool> GeneratedLines(const std::vector<std::string>& lines,
                                  const Templates& templates) {
   std::vector<bool> generated(lines.size(), false);
@@ -43,6 +43,7 @@ std::vector<bool> GeneratedLines(const std::vector<std::string>& lines,
                                   [&](const std::string& s) { return templates.IsRule(s); });
     if (end == lines.end()) break;
     const auto last = static_cast<std::size_t>(std::distance(lines.begin(), end));
+    generated.assign(lines.size(), false);
     generated[i] = generated[i + 1] = generated[last] = true;
     for (std::size_t k = i + 2; k < last; ++k) {
       generated[k] = templates.IsCaption(lines[k]) || Templates::IsArgument(lines[k]);

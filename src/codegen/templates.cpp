@@ -26,8 +26,8 @@ std::string Substitute(std::string_view text, std::string_view marker, std::stri
 }  // namespace
 
 Templates::Templates(const texts::TextTable& texts)
-    : header_("\r\n" + texts.Text(kRuleText) + "\r\n" + texts.Text(kTitleText) +
-              texts.Text(kCaptionText)),
+    : header_(SplitLines("\r\n" + texts.Text(kRuleText) + "\r\n" + texts.Text(kTitleText) +
+                         texts.Text(kCaptionText))),
       rule_(texts.Text(kRuleText)) {
   for (const texts::Language language : {texts::Language::kGerman, texts::Language::kEnglish}) {
     const texts::TextTable table(language);
@@ -54,8 +54,10 @@ std::string Templates::Declaration(std::string_view alias, std::string_view data
 
 std::vector<std::string> Templates::Header(std::string_view function_name,
                                            const std::vector<std::string>& aliases) const {
-  std::vector<std::string> lines =
-      SplitLines(Substitute(header_, kNameMarker, CommentText(function_name)));
+  const std::string name = CommentText(function_name);
+  std::vector<std::string> lines;
+  lines.reserve(header_.size() + aliases.size() + 1);
+  for (const std::string& line : header_) lines.push_back(Substitute(line, kNameMarker, name));
   for (const std::string& alias : aliases) lines.push_back("'\t" + CommentText(alias));
   lines.push_back(rule_);
   return lines;

@@ -35,7 +35,7 @@ class Templates {
   static bool IsArgument(std::string_view line);
 
  private:
-  std::string header_;  // with the marker of the name; the argument lines follow
+  std::vector<std::string> header_;  // with the marker of the name; the argument lines follow
   std::string rule_;
   std::vector<std::string> title_starts_;  // without blanks, up to the name; all languages
   std::vector<std::string> captions_;

@@ -202,6 +202,8 @@ TEST_F(HeaderTest, ReplacesOnlyWhatItWrote) {
   noted.insert(noted.begin() + 4, "' pump must be off");
   EXPECT_EQ(Rebuilt(noted), with({"", "' pump must be off"}));
   EXPECT_EQ(Rebuilt({rule, "' my box", rule}), with({rule, "' my box", rule}));
+  // A header that lost its sub stays.
+  EXPECT_EQ(Rebuilt(with(german)), with(german));
   // A note that would take the next line into its comment.
   EXPECT_EQ(Rebuilt({"' goes on _"}), with({"' goes on _", ""}));
 }
