@@ -118,13 +118,12 @@ wxWindow* HelpFrame::MakeContents(wxWindow* parent) {
   const auto& topics = book_.topics();
   for (std::size_t i = 0; i < topics.size(); ++i) {
     const wxString title = wx::ToWx(topics[i].title);
-    const bool has_below = i + 1 < topics.size() && topics[i + 1].level > 0;
     if (topics[i].level > 0) {
       items_.push_back(contents_->AppendItem(above, title));
       continue;
     }
-    above =
-        has_below ? contents_->AppendContainer(root, title) : contents_->AppendItem(root, title);
+    // All of them containers: the control sorts those before the others.
+    above = contents_->AppendContainer(root, title);
     items_.push_back(above);
   }
   for (const wxDataViewItem& item : items_) contents_->Expand(item);

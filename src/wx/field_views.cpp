@@ -4,7 +4,6 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -28,11 +27,8 @@ class LabelView : public ControlView {
  public:
   LabelView(forms::Label& label, wxWindow* parent, const ViewContext& context)
       : ControlView(label), label_(label), relayout_(context.relayout) {
-    text_ = NewLabel(parent);
+    text_ = label_.Hint() ? NewHint(parent) : NewLabel(parent);
     Attach(text_, context.relayout);
-    if (label_.Hint()) {
-      text_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
-    }
     ShowCaption();
   }
 

@@ -16,6 +16,8 @@ namespace wx {
 // A label whose mnemonic moves to the control after it, and which is that control's name for
 // screen readers.
 wxStaticText* NewLabel(wxWindow* parent);
+// A text that belongs to the control before it and names none.
+wxStaticText* NewHint(wxWindow* parent);
 
 // The height that the native widget asks for.
 int NativeHeight(const wxWindow& window);

@@ -50,6 +50,12 @@ class FieldLabel : public wxStaticText {
   }
 };
 
+class HintLabel : public wxStaticText {
+ public:
+  explicit HintLabel(wxWindow* parent) : wxStaticText(parent, wxID_ANY, wxEmptyString) {}
+  void GTKWidgetDoSetMnemonic(GtkWidget*) override {}
+};
+
 gboolean OnKeyOfChoice(GtkWidget*, GdkEventKey* event, gpointer button) {
   const bool enter = event->keyval == GDK_KEY_Return || event->keyval == GDK_KEY_KP_Enter;
   const bool plain = (event->state & gtk_accelerator_get_default_mod_mask()) == 0;
@@ -61,6 +67,8 @@ gboolean OnKeyOfChoice(GtkWidget*, GdkEventKey* event, gpointer button) {
 }  // namespace
 
 wxStaticText* NewLabel(wxWindow* parent) { return new FieldLabel(parent); }
+
+wxStaticText* NewHint(wxWindow* parent) { return new HintLabel(parent); }
 
 int NativeHeight(const wxWindow& window) {
   int least = 0, natural = 0;

@@ -1,0 +1,259 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""main_job.py PROGRAM DESKTOP_PROGRAM EXAMPLE LANGUAGE
+
+Does the main job in the desktop window as somebody does who hears the screen and has no mouse:
+every control is found on the accessibility bus by its role and name, and used by keys."""
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+import pyatspi
+
+WORDS = {
+    "en": dict(tree="Project tree", formulas="Formulas", folder="Formula Definition",
+               aliases="Alias Identifier", formula="Formula Definition", name="Name",
+               prog_id="Class Name", call="Call Formula", scan="Scan Time", comment="Comment",
+               enabled="Definition enabled", arguments="Arguments", argument="Argument",
+               alias_table="Aliases", alias="VBAlias", item="Item Name", into="Input Value",
+               out="Return Value", ok="OK", cancel="Cancel", help="Help", contents="Contents",
+               search="Search", page="Page", code="Code", project="Project", extras="Extras",
+               options="Options", font="Editor Font", ask="Ask before Deleting"),
+    "de": dict(tree="Projektbaum", formulas="Formeln", folder="Formeldefinitionen",
+               aliases="Aliasbezeichner", formula="Formeldefinition", name="Name",
+               prog_id="Klassenname", call="Formelaufruf", scan="Abtastzeit", comment="Kommentar",
+               enabled="Definition aktiv", arguments="Argumente", argument="Argument",
+               alias_table="Aliase", alias="VBAlias", item="Itemname", into="Übergabeparameter",
+               out="Rückgabewert", ok="OK", cancel="Abbrechen", help="Hilfe", contents="Inhalt",
+               search="Suchen", page="Seite", code="Code", project="Projekt", extras="Extras",
+               options="Optionen", font="Editorfont", ask="Abfrage vor Löschen"),
+}
+PATIENCE = 20  # seconds
+
+
+def fail(text):
+    print("FAILED:", text)
+    if "OV_PICTURE" in os.environ:
+        subprocess.run(["import", "-window", "root", os.environ["OV_PICTURE"]], check=False)
+    application = find_application()
+    if application:
+        dump(application)
+    sys.exit(1)
+
+
+def dump(node, depth=0):
+    print("  " * depth + node.getRoleName(), repr(name_of(node)))
+    for i in range(min(node.childCount, 30)):
+        if depth < 14 and node[i] is not None:
+            dump(node[i], depth + 1)
+
+
+def wait(what, condition):
+    end = time.time() + PATIENCE
+    while time.time() < end:
+        try:
+            result = condition()
+        except Exception:  # the widget went while it was looked at
+            result = None
+        if result:
+            return result
+        time.sleep(0.1)
+    fail("no " + what)
+
+
+def find_application():
+    for application in pyatspi.Registry.getDesktop(0):
+        if application is not None and application.name == "ovformula-desktop":
+            return application
+    return None
+
+
+def name_of(node):
+    """The name as a screen reader says it: the control's own, or that of its label."""
+    for relation in node.getRelationSet():
+        if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY:
+            return relation.getTarget(0).name
+    return node.name
+
+
+def showing(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def walk(node):
+    """Everything below a node that is shown; of a table its first cells."""
+    yield node
+    for i in range(min(node.childCount, 120)):
+        child = node[i]
+        if child is not None and showing(child):
+            yield from walk(child)
+
+
+def find(role, name, root=None):
+    root = root or find_application()
+    for window in ([root] if root.getRole() != pyatspi.ROLE_APPLICATION else root):
+        for node in walk(window):
+            if node.getRoleName() == role and name_of(node).strip(":") == name:
+                return node
+    return None
+
+
+def expect(role, name, root=None):
+    return wait(f"{role} \"{name}\"", lambda: find(role, name, root))
+
+
+def window(title):
+    return wait(f"window \"{title}\"", lambda: next(
+        (w for w in find_application() if w.name == title and showing(w)), None))
+
+
+def active(title_part):
+    """Waits until the window has the keyboard."""
+    return wait(f"active window \"{title_part}\"", lambda: next(
+        (w for w in find_application()
+         if title_part in w.name and w.getState().contains(pyatspi.STATE_ACTIVE)), None))
+
+
+def gone(title):
+    wait(f"end of window \"{title}\"", lambda: not any(
+        w.name == title and showing(w) for w in find_application()))
+
+
+def press(*keys):
+    for key in keys:
+        subprocess.run(["xdotool", "key", "--clearmodifiers", key], check=True)
+        time.sleep(0.15)
+
+
+def write(text):
+    subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "30", text], check=True)
+
+
+def focus(node):
+    node.queryComponent().grabFocus()
+    time.sleep(0.3)
+
+
+def select_node(w, name):
+    """Goes through the tree until the node is the selected one."""
+    focus(expect("tree table", w["tree"]))
+    press("Home")
+    for _ in range(20):
+        cell = find("table cell", name, find("tree table", w["tree"]))
+        if cell and cell.getState().contains(pyatspi.STATE_SELECTED):
+            return
+        press("Down")
+    fail(f"no way to the node \"{name}\"")
+
+
+def main():
+    program, desktop, example, language = sys.argv[1:5]
+    w = WORDS[language]
+    folder = tempfile.mkdtemp()
+    os.environ["HOME"] = folder
+    os.environ["XDG_STATE_HOME"] = folder + "/state"
+    os.environ["XDG_CONFIG_HOME"] = folder + "/config"
+    shutil.copytree(example, folder + "/plant")
+    database = folder + "/plant/Plant.ovs"
+
+    def ovformula(*arguments):
+        return subprocess.run([program, *arguments, "--lang", language], check=True,
+                              stdout=subprocess.PIPE, text=True).stdout
+
+    ovformula("new", database, "--vbp", folder + "/plant/PumpServer.vbp")
+    ovformula("alias", "add", database, "Tank1.Level", "Level")
+    ovformula("formula", "add", database, "--name", "Old", "--class", "PumpServer.CPump")
+    running = subprocess.Popen([desktop, "--lang", language, database])
+    try:
+        do_job(w)
+    finally:
+        running.terminate()
+        running.wait()
+    formulas = ovformula("formula", "list", database)
+    if "\tFill\tPumpServer." not in formulas:
+        fail("the formula is not in the database:\n" + formulas)
+    arguments = ovformula("argument", "list", database, "Fill").split("\t")
+    if arguments[3] != "Level" or arguments[5:] != ["true", "true\n"]:
+        fail("the argument is not in the database: " + repr(arguments))
+    shutil.rmtree(folder)
+    print("done")
+
+
+def do_job(w):
+    wait("application", find_application)
+    expect("tree table", w["tree"])
+    for name in (w["formulas"], w["aliases"], w["folder"], "Old"):
+        expect("table cell", name, find("tree table", w["tree"]))
+    for name in (w["project"], w["extras"], w["help"]):
+        expect("menu", name)
+
+    # A new formula.
+    select_node(w, w["folder"])
+    press("F8")
+    dialog = window(w["formula"])
+    name = expect("text", w["name"], dialog)
+    for role, label in (("combo box", w["prog_id"]), ("combo box", w["call"]), ("text", w["scan"]),
+                        ("text", w["comment"]), ("check box", w["enabled"]),
+                        ("push button", w["ok"]), ("push button", w["cancel"]),
+                        ("push button", w["help"])):
+        expect(role, label, dialog)
+
+    # Its help, by the key and by the button.
+    for way in ("F1", "button"):
+        if way == "F1":
+            press("F1")
+        else:
+            find("push button", w["help"], dialog).queryAction().doAction(0)
+        page = wait("page of the help", lambda: find("tree table", w["contents"]))
+        wait("page of the dialog in the contents", lambda: any(
+            w["formula"] in cell.name and cell.getState().contains(pyatspi.STATE_SELECTED)
+            for cell in walk(page) if cell.getRoleName() == "table cell"))
+        active(w["help"])
+        press("Escape")
+        wait("end of the help", lambda: not find("tree table", w["contents"]))
+        active(w["formula"])
+
+    wait("window with the keyboard", lambda: dialog.getState().contains(pyatspi.STATE_ACTIVE))
+    focus(name)
+    press("ctrl+a")
+    write("Fill")
+    press("Tab", "Down")  # the first class
+    wait("class", lambda: "PumpServer.CPump" in expect("combo box", w["prog_id"], dialog).name)
+    focus(name)
+    press("Return")
+    gone(w["formula"])
+    expect("table cell", "Fill", find("tree table", w["tree"]))
+    expect("panel", w["code"])
+
+    # An argument of it.
+    select_node(w, "Fill")
+    press("alt+F6")
+    expect("table", w["arguments"])
+    press("F8")
+    dialog = window(w["argument"])
+    focus(expect("text", w["alias"], dialog))
+    write("Level")
+    for box in (w["into"], w["out"]):
+        found = expect("check box", box, dialog)
+        if not found.getState().contains(pyatspi.STATE_CHECKED):
+            focus(found)
+            press("space")
+    expect("push button", w["ok"], dialog).queryAction().doAction(0)
+    gone(w["argument"])
+    expect("table cell", "Level", find("table", w["arguments"]))
+
+    # The aliases.
+    select_node(w, w["aliases"])
+    expect("table cell", "Tank1.Level", wait("aliases", lambda: find("table", w["alias_table"])))
+    press("alt+F6", "F8")
+    dialog = window(w["alias"])
+    expect("text", w["item"], dialog)
+    expect("text", w["alias"], dialog)
+    press("Escape")
+    gone(w["alias"])
+
+
+main()
