@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // ovformula db: any Jet 4.0 file.
 #include <memory>
+#include <span>
 
 #include "cli/commands.h"
 #include "cli/database_schema.h"
@@ -15,10 +16,12 @@ namespace cli {
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 16;  // written to standard output at once
+constexpr std::size_t kCachePages = 64;       // what is read once need not be kept
 
 std::unique_ptr<jet::Database> OpenReadOnly(Invocation& invocation) {
   jet::OpenOptions options;
   options.read_only = true;
+  options.cache_pages = kCachePages;
   return jet::Database::Open(invocation.console().files, invocation.Argument("FILE"), options);
 }
 
@@ -81,19 +84,10 @@ jet::Table& FindTable(Invocation& invocation, jet::Database& database) {
                                 {{"<File>", database.path()}, {"<Name>", name}, {"<Near>", near}}));
 }
 
-using AppendRow = void (*)(std::string&, const jet::RowBuffer&, const std::vector<jet::Column>&);
+using AppendRow = void (*)(std::string&, std::span<const jet::Value>, std::span<const jet::Column>);
 
-void AppendCsvRow(std::string& text, const jet::RowBuffer& row,
-                  const std::vector<jet::Column>& columns) {
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (i > 0) text += ',';
-    AppendCsv(text, row[i], columns[i]);
-  }
-  text += "\r\n";
-}
-
-void AppendJsonRow(std::string& text, const jet::RowBuffer& row,
-                   const std::vector<jet::Column>& columns) {
+void AppendJsonRow(std::string& text, std::span<const jet::Value> row,
+                   std::span<const jet::Column> columns) {
   for (std::size_t i = 0; i < columns.size(); ++i) {
     text += i > 0 ? ", " : "{";
     text += JsonString(columns[i].name) + ": ";
@@ -108,6 +102,7 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
   std::ostream& out = invocation.console().out;
   std::vector<std::string> gaps;
   jet::Scan scan = table.OpenScan();
+  const std::span<const jet::Column> columns = table.columns();
   jet::RowBuffer row;
   for (bool more = true; more;) {
     try {
@@ -117,7 +112,7 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
       gaps.emplace_back(error.what());
       continue;
     }
-    if (more) append(text, row, table.columns());
+    if (more) append(text, row.values(), columns);
     if (text.size() >= kBufferSize || !more) {
       out << text;
       text.clear();

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <string_view>
 
 #include "cli/row_writer.h"
@@ -137,30 +138,109 @@ void AppendPlain(std::string& line, const Value& value, const jet::Column& colum
   }
 }
 
+constexpr std::size_t kMostPlain = 64;  // characters of a number, date or GUID
+
+// Room that a field needs at most.
+std::size_t CsvRoom(const Value& value) {
+  switch (value.kind()) {
+    case ValueKind::kText:
+      return 2 * value.text().size() + 2;
+    case ValueKind::kBinary:
+      return 2 * value.bytes().size();
+    default:
+      return kMostPlain;
+  }
+}
+
+// Copies a text; says whether it may hold a character that asks for quotes. None of these is
+// above the comma, and few texts have one that low, so eight are looked at together.
+bool CopyLookingForQuotes(std::string_view text, char* out) {
+  constexpr std::size_t kWord = 8;
+  std::uint64_t found = 0;
+  const auto copy_word = [&](std::size_t i) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101, kHighBits = 0x8080808080808080;
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + i, kWord);
+    std::memcpy(out + i, &word, kWord);
+    found |= (word - kOnes * (',' + 1)) & ~word & kHighBits;
+  };
+  if (text.size() < kWord) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      out[i] = text[i];
+      found |= static_cast<unsigned char>(text[i]) <= ',';
+    }
+    return found != 0;
+  }
+  for (std::size_t i = 0; i + kWord <= text.size(); i += kWord) copy_word(i);
+  copy_word(text.size() - kWord);
+  return found != 0;
+}
+
+// Writes a field, returns its end.
+char* PutCsvText(char* out, std::string_view text) {
+  const bool may_need_quotes = CopyLookingForQuotes(text, out) || text.empty();
+  if (!may_need_quotes ||
+      (!text.empty() && text.find_first_of("\",\r\n") == std::string_view::npos)) {
+    return out + text.size();
+  }
+  *out++ = '"';
+  for (const char c : text) {
+    if (c == '"') *out++ = c;
+    *out++ = c;
+  }
+  *out++ = '"';
+  return out;
+}
+
+char* PutCsv(char* out, const Value& value, const jet::Column& column) {
+  switch (value.kind()) {
+    case ValueKind::kNull:
+      return out;
+    case ValueKind::kBoolean:
+      *out++ = value.boolean() ? '1' : '0';
+      return out;
+    case ValueKind::kInteger:  // of 32 bits at most
+      return std::to_chars(out, out + kMostPlain, static_cast<std::int32_t>(value.integer())).ptr;
+    case ValueKind::kText:
+      return PutCsvText(out, value.text());
+    default: {
+      std::string text;
+      AppendPlain(text, value, column);
+      return std::copy(text.begin(), text.end(), out);
+    }
+  }
+}
+
 }  // namespace
 
 void AppendCsvText(std::string& line, std::string_view text) {
-  if (!text.empty() && text.find_first_of("\",\r\n") == std::string_view::npos) {
-    line += text;
-    return;
-  }
-  line += '"';
-  for (const char c : text) line.append(c == '"' ? 2 : 1, c);
-  line += '"';
+  const std::size_t begin = line.size();
+  line.resize(begin + 2 * text.size() + 2);
+  const char* end = PutCsvText(&line[begin], text);
+  line.resize(static_cast<std::size_t>(end - line.data()));
 }
 
 void AppendCsv(std::string& line, const Value& value, const jet::Column& column) {
-  switch (value.kind()) {
-    case ValueKind::kNull:
-      return;
-    case ValueKind::kBoolean:
-      line += value.boolean() ? '1' : '0';
-      return;
-    case ValueKind::kText:
-      return AppendCsvText(line, value.text());
-    default:
-      return AppendPlain(line, value, column);
+  const std::size_t begin = line.size();
+  line.resize(begin + CsvRoom(value));
+  const char* end = PutCsv(&line[begin], value, column);
+  line.resize(static_cast<std::size_t>(end - line.data()));
+}
+
+void AppendCsvRow(std::string& text, std::span<const Value> row,
+                  std::span<const jet::Column> columns) {
+  std::size_t room = 2;
+  for (const Value& value : row) room += CsvRoom(value) + 1;
+  const std::size_t begin = text.size();
+  text.resize(begin + room);
+  char* out = &text[begin];
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    if (i > 0) *out++ = ',';
+    out = PutCsv(out, row[i], columns[i]);
   }
+  *out++ = '\r';
+  *out++ = '\n';
+  text.resize(static_cast<std::size_t>(out - text.data()));
 }
 
 void AppendJson(std::string& line, const Value& value, const jet::Column& column) {

@@ -38,22 +38,11 @@ const char* FindHeadFault(const std::byte* page, std::uint32_t owner) {
 
 }  // namespace
 
-std::uint32_t DataPageOwner(const std::byte* page) { return Load32(page + kDataOwnerOffset); }
-
-std::size_t SlotCount(const std::byte* page) { return Load16(page + kDataSlotCountOffset); }
-
 std::size_t FreeBytes(const std::byte* page) {
   return LowestRow(page) - (kDataSlotsOffset + 2 * SlotCount(page));
 }
 
 std::size_t StatedFreeBytes(const std::byte* page) { return Load16(page + kDataFreeOffset); }
-
-Slot GetSlot(const std::byte* page, std::size_t slot) {
-  const std::uint16_t raw = Load16(SlotAt(page, slot));
-  const std::size_t end = slot == 0 ? kPageSize : SlotOffset(page, slot - 1);
-  return {static_cast<std::uint16_t>(raw & kSlotStateMask),
-          static_cast<std::uint16_t>(raw & kSlotOffsetMask), static_cast<std::uint16_t>(end)};
-}
 
 const char* FindDataPageFault(const std::byte* page, std::uint32_t owner) {
   if (const char* fault = FindHeadFault(page, owner)) return fault;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 
+#include "jet/bytes.h"
 #include "jet/page.h"
 #include "jet/pager.h"
 
@@ -48,10 +49,18 @@ void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner)
 // The same without raising: what is wrong, or null.
 const char* FindDataPageFault(const std::byte* page, std::uint32_t owner);
 
-std::uint32_t DataPageOwner(const std::byte* page);
-std::size_t SlotCount(const std::byte* page);
+inline std::uint32_t DataPageOwner(const std::byte* page) {
+  return Load32(page + kDataOwnerOffset);
+}
+inline std::size_t SlotCount(const std::byte* page) { return Load16(page + kDataSlotCountOffset); }
 // Of a checked page and a slot it has.
-Slot GetSlot(const std::byte* page, std::size_t slot);
+inline Slot GetSlot(const std::byte* page, std::size_t slot) {
+  const std::byte* p = page + kDataSlotsOffset + 2 * slot;
+  const std::uint16_t raw = Load16(p);
+  const std::size_t end = slot == 0 ? kPageSize : Load16(p - 2) & kSlotOffsetMask;
+  return {static_cast<std::uint16_t>(raw & kSlotStateMask),
+          static_cast<std::uint16_t>(raw & kSlotOffsetMask), static_cast<std::uint16_t>(end)};
+}
 // The gap between the slots and the lowest row of a checked page, and what the page says of it.
 std::size_t FreeBytes(const std::byte* page);
 std::size_t StatedFreeBytes(const std::byte* page);

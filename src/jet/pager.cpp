@@ -7,6 +7,11 @@
 #include "jet/error.h"
 
 namespace jet {
+namespace {
+
+constexpr std::size_t kReadAhead = 16;  // pages
+
+}  // namespace
 
 Pager::Pager(files::RandomAccessFile& file, std::size_t cache_pages)
     : file_(file), cache_pages_(std::max<std::size_t>(cache_pages, 16)) {
@@ -23,6 +28,7 @@ void Pager::DropCache() {
   page_count_ = file_pages_;
   frame_of_page_.assign(page_count_, nullptr);
   lowest_free_ = 0;
+  ahead_count_ = 0;
   ++generation_;
 }
 
@@ -33,7 +39,7 @@ PageFrame* Pager::Load(PageNumber page) {
   PageFrame* frame = AddFrame(page);
   std::size_t size = 0;
   try {
-    size = file_.ReadAt(std::uint64_t{page} * kPageSize, {frame->data, kPageSize});
+    size = ReadFile(page, frame->data);
   } catch (...) {
     Drop(frame);
     throw;
@@ -43,6 +49,24 @@ PageFrame* Pager::Load(PageNumber page) {
     ThrowDamaged(path(), {page, -1}, "The file ends within this page.");
   }
   return frame;
+}
+
+// Who reads pages in rising order is going to read more of them.
+std::size_t Pager::ReadFile(PageNumber page, std::byte* out) {
+  const std::uint64_t offset = std::uint64_t{page} * kPageSize;
+  const bool goes_on = last_read_ != kNoPage && page > last_read_ && page - last_read_ <= 2;
+  last_read_ = page;
+  if (page - ahead_begin_ >= ahead_count_) {
+    if (!goes_on) return file_.ReadAt(offset, {out, kPageSize});
+    ahead_count_ = 0;
+    ahead_.resize(kReadAhead * kPageSize);
+    const std::size_t size = file_.ReadAt(offset, ahead_);
+    ahead_begin_ = page;
+    ahead_count_ = static_cast<PageNumber>(size / kPageSize);
+    if (ahead_count_ == 0) return size;
+  }
+  std::memcpy(out, &ahead_[std::size_t{page - ahead_begin_} * kPageSize], kPageSize);
+  return kPageSize;
 }
 
 PageFrame* Pager::AddFrame(PageNumber page) {
@@ -160,6 +184,7 @@ void Pager::Commit() {
   if (level_ == 0) {
     while (!dirty_.empty()) MakeClean(dirty_.back().get());
     file_pages_ = page_count_;
+    ahead_count_ = 0;
     while (clean_.size() > cache_pages_) {
       const std::size_t before = clean_.size();
       Evict();

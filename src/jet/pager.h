@@ -141,7 +141,8 @@ class Pager final : public files::RangeSource {
     std::vector<Image> images;
   };
 
-  PageFrame* Load(PageNumber page);   // reads a page that is not in memory
+  PageFrame* Load(PageNumber page);  // reads a page that is not in memory
+  std::size_t ReadFile(PageNumber page, std::byte* out);
   PageFrame* Touch(PageNumber page);  // makes a page changeable at the current level
   PageFrame* AddFrame(PageNumber page);
   void Evict();
@@ -161,6 +162,11 @@ class Pager final : public files::RangeSource {
   std::vector<std::unique_ptr<PageFrame>> dirty_;
   std::vector<std::unique_ptr<PageFrame>> orphans_;  // dropped while somebody held them
   std::size_t hand_ = 0;                             // of the replacement, in clean_
+  // Pages read in advance, because those before them were asked for one after the other.
+  std::vector<std::byte> ahead_;
+  PageNumber ahead_begin_ = 0;
+  PageNumber ahead_count_ = 0;
+  PageNumber last_read_ = kNoPage;
   std::uint32_t level_ = 0;
   std::vector<Level> levels_;
   PageNumber lowest_free_ = 0;  // no page below it is free

@@ -6,17 +6,14 @@
 namespace jet {
 namespace {
 constexpr std::size_t kSmallestBlock = 8192;
-// A block that one long value needed is given back.
-constexpr std::size_t kLargestKeptBlock = 1 << 20;
 }  // namespace
 
-void Arena::Clear() {
-  used_ = 0;
-  if (capacity_ > kLargestKeptBlock) {
+void Arena::Shrink() {
+  if (capacity_ > kLargestKept) {
     blocks_.clear();
     capacity_ = 0;
     block_ = nullptr;
-  } else if (blocks_.size() > 1) {
+  } else {
     blocks_.erase(blocks_.begin(), blocks_.end() - 1);
   }
 }

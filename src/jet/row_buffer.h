@@ -21,9 +21,16 @@ class Arena {
   }
   // Keeps the first `size` bytes of the room that Reserve returned last.
   void Keep(std::size_t size) { used_ += size; }
-  void Clear();
+  void Clear() {
+    used_ = 0;
+    if (blocks_.size() > 1 || capacity_ > kLargestKept) Shrink();
+  }
 
  private:
+  // A larger block, which some long value needed, is given back.
+  static constexpr std::size_t kLargestKept = 1 << 20;
+
+  void Shrink();
   void Grow(std::size_t size);
 
   std::vector<std::unique_ptr<char[]>> blocks_;  // the last one is in use
@@ -44,7 +51,7 @@ class RowBuffer {
   // For those who fill it.
   void Reset(RowId id, std::size_t columns) {
     id_ = id;
-    values_.assign(columns, Value());
+    values_.resize(columns);  // with what they held
     arena_.Clear();
   }
   Value& Mutable(std::size_t i) { return values_[i]; }

@@ -9,8 +9,6 @@
 namespace jet {
 namespace {
 
-constexpr std::size_t kRowHead = 2;
-
 void Append16(std::vector<std::byte>& row, std::size_t v) {
   row.push_back(static_cast<std::byte>(v & 0xFF));
   row.push_back(static_cast<std::byte>(v >> 8 & 0xFF));
@@ -18,67 +16,12 @@ void Append16(std::vector<std::byte>& row, std::size_t v) {
 
 }  // namespace
 
-std::size_t FixedSize(const Column& column) {
-  switch (column.type) {
-    case ColumnType::kBoolean:
-      return 0;
-    case ColumnType::kByte:
-      return 1;
-    case ColumnType::kInteger:
-      return 2;
-    case ColumnType::kLong:
-    case ColumnType::kSingle:
-      return 4;
-    case ColumnType::kCurrency:
-    case ColumnType::kDouble:
-    case ColumnType::kDate:
-      return 8;
-    case ColumnType::kGuid:
-      return 16;
-    case ColumnType::kDecimal:
-      return 17;
-    default:
-      return column.length;
-  }
-}
-
 std::size_t FixedAreaSize(const TableDefinition& definition) {
   std::size_t size = 0;
   for (const Column& column : definition.columns) {
     if (column.fixed) size = std::max(size, column.fixed_offset + FixedSize(column));
   }
   return size;
-}
-
-const char* RowView::Parse(std::span<const std::byte> row) {
-  row_ = row;
-  if (row.size() < kRowHead) return "The row is too short.";
-  columns_ = Load16(row.data());
-  const std::size_t mask_size = (std::size_t{columns_} + 7) / 8;
-  if (row.size() < kRowHead + mask_size) return "The row is too short for its columns.";
-  mask_at_ = row.size() - mask_size;
-  mask_ = row.data() + mask_at_;
-  return nullptr;
-}
-
-std::optional<std::span<const std::byte>> RowView::Bytes(const Column& column) const {
-  if (column.fixed) {
-    const std::size_t begin = kRowHead + column.fixed_offset;
-    const std::size_t size = FixedSize(column);
-    if (begin + size > mask_at_) return std::nullopt;
-    return row_.subspan(begin, size);
-  }
-  if (mask_at_ < kRowHead + 4) return std::nullopt;
-  const std::size_t count_at = mask_at_ - 2;
-  const std::size_t count = Load16(row_.data() + count_at);
-  if (column.variable_index >= count) return std::span<const std::byte>();
-  if (count_at < kRowHead + 2 * (count + 1)) return std::nullopt;
-  const std::size_t end_at = count_at - 2 * (count + 1);
-  const std::byte* offset = row_.data() + count_at - 2 * (std::size_t{column.variable_index} + 1);
-  const std::size_t begin = Load16(offset);
-  const std::size_t end = Load16(offset - 2);
-  if (begin < kRowHead || begin > end || end > end_at) return std::nullopt;
-  return row_.subspan(begin, end - begin);
 }
 
 std::span<const std::byte> RowView::FixedArea(std::size_t size) const {

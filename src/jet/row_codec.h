@@ -8,10 +8,38 @@
 #include <span>
 #include <vector>
 
+#include "jet/bytes.h"
 #include "jet/schema.h"
 #include "jet/table_definition.h"
 
 namespace jet {
+
+inline constexpr std::size_t kRowHead = 2;  // the number of columns
+
+// Bytes that a fixed-length column takes in the fixed area.
+inline std::size_t FixedSize(const Column& column) {
+  switch (column.type) {
+    case ColumnType::kBoolean:
+      return 0;
+    case ColumnType::kByte:
+      return 1;
+    case ColumnType::kInteger:
+      return 2;
+    case ColumnType::kLong:
+    case ColumnType::kSingle:
+      return 4;
+    case ColumnType::kCurrency:
+    case ColumnType::kDouble:
+    case ColumnType::kDate:
+      return 8;
+    case ColumnType::kGuid:
+      return 16;
+    case ColumnType::kDecimal:
+      return 17;
+    default:
+      return column.length;
+  }
+}
 
 // The parts of a stored row, with the bounds of all of them checked:
 //   u16 columns | fixed area | variable data | slack | u16 end | u16 offsets (last first)
@@ -40,12 +68,42 @@ class RowView {
   const std::byte* mask_ = nullptr;
   std::uint16_t columns_ = 0;
   std::size_t mask_at_ = 0;
+  std::size_t variable_count_ = 0;
+  std::size_t variable_end_ = 0;  // where the offsets of the variable columns begin; 0: not sound
 };
 
-// Bytes that a fixed-length column takes in the fixed area.
-std::size_t FixedSize(const Column& column);
 // End of the fixed area, counted from its start: behind the highest fixed column.
 std::size_t FixedAreaSize(const TableDefinition& definition);
+
+inline const char* RowView::Parse(std::span<const std::byte> row) {
+  row_ = row;
+  if (row.size() < kRowHead) return "The row is too short.";
+  columns_ = Load16(row.data());
+  const std::size_t mask_size = (std::size_t{columns_} + 7) / 8;
+  if (row.size() < kRowHead + mask_size) return "The row is too short for its columns.";
+  mask_at_ = row.size() - mask_size;
+  mask_ = row.data() + mask_at_;
+  variable_count_ = mask_at_ < kRowHead + 2 ? 0 : Load16(mask_ - 2);
+  const std::size_t trailer = 2 * (variable_count_ + 2);
+  variable_end_ = mask_at_ < kRowHead + trailer ? 0 : mask_at_ - trailer;
+  return nullptr;
+}
+
+inline std::optional<std::span<const std::byte>> RowView::Bytes(const Column& column) const {
+  if (column.fixed) {
+    const std::size_t begin = kRowHead + column.fixed_offset;
+    const std::size_t size = FixedSize(column);
+    if (begin + size > mask_at_) return std::nullopt;
+    return row_.subspan(begin, size);
+  }
+  if (variable_end_ == 0) return std::nullopt;
+  if (column.variable_index >= variable_count_) return std::span<const std::byte>();
+  const std::byte* offset = mask_ - 4 - 2 * std::size_t{column.variable_index};
+  const std::size_t begin = Load16(offset);
+  const std::size_t end = Load16(offset - 2);
+  if (begin < kRowHead || begin > end || end > variable_end_) return std::nullopt;
+  return row_.subspan(begin, end - begin);
+}
 
 // What a row shall hold in one column.
 struct Cell {

@@ -51,31 +51,42 @@ void RowReader::Decode(RowId id, const StoredRow& stored, std::span<const std::s
   RowView view;
   if (const char* fault = view.Parse(stored.bytes)) Fail(stored, fault);
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    row.Mutable(i) = DecodeColumn(stored, view, definition_.columns[columns[i]], row.arena());
+    DecodeColumn(stored, view, definition_.columns[columns[i]], row.arena(), row.Mutable(i));
   }
 }
 
-Value RowReader::DecodeColumn(const StoredRow& stored, const RowView& view, const Column& column,
-                              Arena& arena) {
+void RowReader::DecodeColumn(const StoredRow& stored, const RowView& view, const Column& column,
+                             Arena& arena, Value& value) {
   const bool has_value = view.HasValue(column);
-  if (column.type == ColumnType::kBoolean) return Value::Boolean(has_value);
-  if (!has_value) return {};
+  if (column.type == ColumnType::kBoolean) {
+    value = Value::Boolean(has_value);
+    return;
+  }
+  if (!has_value) {
+    value = Value();
+    return;
+  }
   const auto bytes = view.Bytes(column);
   if (!bytes) Fail(stored, "Column " + column.name + " lies outside its row.");
   if (column.IsLongValue()) {
-    const std::span<const std::byte> whole =
-        ReadLongValue(pager_, {stored.place.page, stored.place.slot}, *bytes, scratch_);
-    if (column.type == ColumnType::kMemo) return Value::Text(DecodeText(whole, arena));
-    char* copy = arena.Reserve(whole.size());
-    if (!whole.empty()) std::memcpy(copy, whole.data(), whole.size());
-    arena.Keep(whole.size());
-    return Value::Binary({reinterpret_cast<const std::byte*>(copy), whole.size()});
-  }
-  Value value;
-  if (!DecodeValue(column, *bytes, arena, value)) {
+    DecodeLongValue(stored, column, *bytes, arena, value);
+  } else if (!DecodeValue(column, *bytes, arena, value)) {
     Fail(stored, "Column " + column.name + " has a value of the wrong length.");
   }
-  return value;
+}
+
+void RowReader::DecodeLongValue(const StoredRow& stored, const Column& column,
+                                std::span<const std::byte> bytes, Arena& arena, Value& value) {
+  const std::span<const std::byte> whole =
+      ReadLongValue(pager_, {stored.place.page, stored.place.slot}, bytes, scratch_);
+  if (column.type == ColumnType::kMemo) {
+    value = Value::Text(DecodeText(whole, arena));
+    return;
+  }
+  char* copy = arena.Reserve(whole.size());
+  if (!whole.empty()) std::memcpy(copy, whole.data(), whole.size());
+  arena.Keep(whole.size());
+  value = Value::Binary({reinterpret_cast<const std::byte*>(copy), whole.size()});
 }
 
 }  // namespace jet

@@ -38,8 +38,10 @@ class RowReader {
               RowBuffer& row);
 
  private:
-  Value DecodeColumn(const StoredRow& stored, const RowView& view, const Column& column,
-                     Arena& arena);
+  void DecodeColumn(const StoredRow& stored, const RowView& view, const Column& column,
+                    Arena& arena, Value& value);
+  void DecodeLongValue(const StoredRow& stored, const Column& column,
+                       std::span<const std::byte> bytes, Arena& arena, Value& value);
   [[noreturn]] void Fail(const StoredRow& stored, const std::string& cause) const;
 
   Pager& pager_;

@@ -20,14 +20,16 @@ constexpr auto kLongestPause = std::chrono::milliseconds(20);
 
 Session::Session(files::FileSystem& system, const std::string& path, const OpenOptions& options)
     : system_(system), path_(path), options_(options), counters_(kCountersSize) {
-  FinishInterrupted();
+  if (!system_.Exists(path_)) FinishInterrupted();  // its creation, perhaps
   OpenFile();
+  LockCommitByte();
+  FinishInterrupted();
   std::vector<std::byte> first(kPageSize);
   first.resize(file_->ReadAt(0, first));
   header_ = CheckHeader(path_, first, file_->Size());
   pager_ = std::make_unique<Pager>(*file_, options.cache_pages);
-  BeginRead();
-  EndRead();
+  LookForChanges();
+  file_->Unlock(kCommitByte, 1);
 }
 
 Session::~Session() {
@@ -66,7 +68,19 @@ std::string Session::ForeignUser() {
   return lock_file_ ? lock_file_->ForeignUser() : FindForeignUser(system_, path_, *file_);
 }
 
-// Waits for a commit that is under way in another process.
+// Whether somebody died in the middle of a commit, or is putting such a file in order just now.
+// Whoever lives and commits holds the commit byte, so he is not taken for dead.
+bool Session::IsInterrupted() {
+  if (!system_.Exists(path_ + ".journal")) return false;
+  try {
+    return files::ExamineJournal(system_, path_).condition != files::JournalCondition::kNone;
+  } catch (const files::Error& error) {
+    if (error.kind() != files::ErrorKind::kLocked) throw;
+    return true;
+  }
+}
+
+// Several may come to do this at once; the others wait for the first.
 void Session::FinishInterrupted() {
   const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
   while (system_.Exists(path_ + ".journal")) {
@@ -79,20 +93,6 @@ void Session::FinishInterrupted() {
     }
     std::this_thread::sleep_for(kLongestPause);
   }
-}
-
-// Somebody may have died in the middle of a commit. Whoever lives and commits holds both bytes.
-void Session::FinishOfOthers() {
-  if (!read_only_reason_.empty() || !system_.Exists(path_ + ".journal")) return;
-  if (!write_locked_ && !file_->TryLock(kWriteByte, 1, files::LockMode::kExclusive)) return;
-  try {
-    if (Wait(kCommitByte, files::LockMode::kExclusive)) FinishInterrupted();
-    file_->TryLock(kCommitByte, 1, files::LockMode::kShared);
-  } catch (...) {
-    if (!write_locked_) file_->Unlock(kWriteByte, 1);
-    throw;
-  }
-  if (!write_locked_) file_->Unlock(kWriteByte, 1);
 }
 
 bool Session::Wait(std::uint64_t byte, files::LockMode mode) {
@@ -112,11 +112,14 @@ void Session::BeginRead() {
   ++readers_;
 }
 
+void Session::LockCommitByte() {
+  if (Wait(kCommitByte, files::LockMode::kShared)) return;
+  throw Error(ErrorKind::kLocked, path_, {}, "Another program does not finish writing.",
+              "Close the program that uses the database, and try again.");
+}
+
 void Session::LockForReading() {
-  if (!Wait(kCommitByte, files::LockMode::kShared)) {
-    throw Error(ErrorKind::kLocked, path_, {}, "Another program does not finish writing.",
-                "Close the program that uses the database, and try again.");
-  }
+  LockCommitByte();
   try {
     LookForChanges();
   } catch (...) {
@@ -139,7 +142,7 @@ void Session::LookForChanges() {
   counters.resize(file_->ReadAt(kHeaderCountersOffset, counters));
   const files::FileStamp stamp = file_->Stamp();
   if (stamp == stamp_ && counters == counters_) return;
-  if (stamp_ != files::FileStamp{}) FinishOfOthers();
+  if (stamp_ != files::FileStamp{} && IsInterrupted()) FinishInterrupted();
   if (file_->Size() % kPageSize != 0) {
     ThrowDamaged(path_, {static_cast<PageNumber>(file_->Size() / kPageSize), -1},
                  "The file is cut off within this page.");

@@ -61,12 +61,13 @@ class Session {
 
  private:
   void OpenFile();
+  void LockCommitByte();
   void LockForReading();
   void LockForCommit();
   bool Wait(std::uint64_t byte, files::LockMode mode);
   void LookForChanges();
+  bool IsInterrupted();
   void FinishInterrupted();
-  void FinishOfOthers();
   void RaiseCounter();
   void EndTransaction() noexcept;
 

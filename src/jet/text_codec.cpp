@@ -72,17 +72,11 @@ char* DecodePlain(const std::byte* p, std::size_t size, char* out) {
   return writer.Finish();
 }
 
-char* DecodeCompressed(const std::byte* p, std::size_t size, char* out) {
-  // Most values are ASCII from end to end.
-  std::size_t i = 0;
-  while (i < size && Load8(p + i) - 1u < 0x7F) {
-    *out++ = static_cast<char>(p[i]);
-    ++i;
-  }
-  if (i == size) return out;
+// One byte for each character until a 0, then two until the next.
+char* DecodeSwitching(const std::byte* p, std::size_t size, char* out) {
   Utf8Writer writer(out);
   bool wide = false;
-  while (i < size) {
+  for (std::size_t i = 0; i < size;) {
     if (p[i] == std::byte{0}) {
       wide = !wide;
       ++i;
@@ -97,6 +91,39 @@ char* DecodeCompressed(const std::byte* p, std::size_t size, char* out) {
     }
   }
   return writer.Finish();
+}
+
+// Copies characters up to the first that is not ASCII, or 0; returns how many. Most values are
+// ASCII from end to end, so eight are looked at together: one of them is 0 or has its highest bit
+// set when a bit of the test is, and it may be a false alarm.
+std::size_t CopyAscii(const std::byte* p, std::size_t size, char* out) {
+  constexpr std::size_t kWord = 8;
+  const auto copy_word = [&](std::size_t i) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101, kHighBits = 0x8080808080808080;
+    std::uint64_t word = 0;
+    std::memcpy(&word, p + i, kWord);
+    std::memcpy(out + i, &word, kWord);
+    return (((word - kOnes) | word) & kHighBits) == 0;
+  };
+  std::size_t i = 0;
+  while (i + kWord <= size && copy_word(i)) i += kWord;
+  const bool last_word_is_next = i + kWord > size && size >= kWord;
+  if (last_word_is_next && copy_word(size - kWord)) return size;
+  for (; i < size && Load8(p + i) - 1u < 0x7F; ++i) out[i] = static_cast<char>(p[i]);
+  return i;
+}
+
+char* DecodeCompressed(const std::byte* p, std::size_t size, char* out) {
+  std::size_t i = 0;
+  while (i < size) {
+    const std::size_t ascii = CopyAscii(p + i, size - i, out);
+    i += ascii;
+    out += ascii;
+    if (i == size) return out;
+    if (p[i] == std::byte{0}) break;
+    out = PutUtf8(out, Load8(p + i++));
+  }
+  return DecodeSwitching(p + i, size - i, out);
 }
 
 bool IsCompressed(std::span<const std::byte> stored) {

@@ -119,8 +119,8 @@ std::string EncodeText(const Column& column, std::string_view text, std::vector<
 
 }  // namespace
 
-bool DecodeValue(const Column& column, std::span<const std::byte> stored, Arena& arena,
-                 Value& value) {
+bool DecodeAnyValue(const Column& column, std::span<const std::byte> stored, Arena& arena,
+                    Value& value) {
   const std::byte* p = stored.data();
   switch (column.type) {
     case ColumnType::kText:

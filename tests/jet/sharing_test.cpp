@@ -2,7 +2,9 @@
 // Several users of one file: ours and others.
 #include <gtest/gtest.h>
 
+#include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
+#include "files/recovery.h"
 #include "jet/database.h"
 #include "tests/jet/plant_tables.h"
 
@@ -105,6 +107,41 @@ TEST_F(Sharing, OfForeignSoftware) {
     }
   }
   AddItem(database->OpenTable("Items"), "Valve", "");
+}
+
+// A program dies in the middle of writing. Those that have the database open read nothing of it.
+TEST_F(Sharing, AnInterruptedCommitIsPutBackByWhoeverLooks) {
+  const auto reader = Open();
+  const auto looker = Open(true);
+  int interrupted = 0;
+  for (int n = 1;; ++n) {
+    SCOPED_TRACE(n);
+    files::FailingFileSystem failing(system_);
+    auto database = Database::Open(failing, kPath, options_);
+    const auto before = Items(*reader);
+    files::Fault fault;
+    fault.kinds = {files::Operation::kWrite};
+    fault.n = n;
+    fault.length = files::Fault::Length::kCrash;
+    fault.short_writes = true;
+    failing.Arm(fault);
+    try {
+      AddItem(database->OpenTable("Items"), "Valve" + std::to_string(n), std::string(500, 'v'));
+    } catch (const files::Error&) {
+    }
+    const bool fired = failing.fired();
+    database.reset();
+    interrupted +=
+        files::ExamineJournal(system_, kPath).condition == files::JournalCondition::kInterrupted;
+    // Who only reads may come first, and may be the one who puts the file in order.
+    const auto found = Items(n % 2 == 0 ? *reader : *looker);
+    EXPECT_TRUE(found == before || found.size() == before.size() + 1);
+    EXPECT_EQ(Items(*reader), found);
+    EXPECT_EQ(Items(*looker), found);
+    EXPECT_EQ(Faults(*reader), "");
+    if (!fired || HasFailure()) break;
+  }
+  EXPECT_GT(interrupted, 0);
 }
 
 TEST_F(Sharing, TheLockFileLivesAsLongAsItsUsers) {
