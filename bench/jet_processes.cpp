@@ -9,7 +9,7 @@ namespace bench {
 namespace {
 
 constexpr std::size_t kRows = 100000;
-constexpr int kRounds = 7;
+constexpr int kRounds = 15;
 
 // Medians of whole processes, taken in turn.
 struct Pair {
@@ -33,18 +33,20 @@ Pair RunInTurn(const std::vector<std::string>& ours, const std::vector<std::stri
 
 }  // namespace
 
+void MakeForProcesses(const std::string& path) {
+  const auto database = MakeJet(path, Indexes::kPrimaryKeyAndName);
+  jet::Table& table = database->OpenTable(kTable);
+  jet::Transaction transaction(*database);
+  for (const Alias& alias : MakeAliases(kRows)) InsertJet(table, alias);
+  transaction.Commit();
+}
+
 void CompareProcesses(const std::string& program) {
   if (!IsInstalled("mdb-export")) return PrintNote("mdb-export is not installed");
   const std::string ovformula = program.substr(0, program.rfind('/') + 1) + "ovformula";
   const Folder folder;
   const std::string path = folder.File("bench.mdb");
-  {
-    const auto database = MakeJet(path, Indexes::kPrimaryKeyAndName);
-    jet::Table& table = database->OpenTable(kTable);
-    jet::Transaction transaction(*database);
-    for (const Alias& alias : MakeAliases(kRows)) InsertJet(table, alias);
-    transaction.Commit();
-  }
+  RunProcess({program, "--make", path});
   const Pair tables = RunInTurn({ovformula, "db", "tables", path}, {"mdb-tables", path});
   const Pair exported =
       RunInTurn({ovformula, "db", "export", path, kTable}, {"mdb-export", path, kTable});

@@ -46,6 +46,8 @@ void CompareSeeks();
 void CompareDurableInserts(const std::string& program);
 void ShowGrowth(std::size_t largest);
 void CompareProcesses(const std::string& program);
+// The database that CompareProcesses reads, made by a process of its own.
+void MakeForProcesses(const std::string& path);
 // Runs a few durable inserts of one engine, for counting what it asks of the system.
 int RunDurable(const std::string& engine, std::size_t count);
 
