@@ -67,6 +67,7 @@ void CodePane::SetUpEditor() {
   editor_->SetEOLMode(wxSTC_EOL_LF);
   editor_->SetMarginType(kLineNumbers, wxSTC_MARGIN_NUMBER);
   editor_->SetMarginWidth(1, 0);
+  editor_->SetMarginLeft(FromDIP(6));
   editor_->SetWrapMode(wxSTC_WRAP_NONE);
   editor_->SetScrollWidthTracking(true);
   // Tab leaves no way out for the keyboard: it indents; Escape and F6 go back to the tree.

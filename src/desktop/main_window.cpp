@@ -32,6 +32,8 @@ constexpr int kLeastPane = 120;          // pixels at 100 %
 constexpr std::size_t kEditorMenus = 1;  // the editor's menus stand behind the first
 constexpr int kTitleBar = 30;            // pixels that the window manager adds at the top
 constexpr int kTitleMiddle = 10;
+constexpr std::int32_t kFirstTopic = 90001;
+constexpr std::int32_t kCodeTopic = 90040;
 constexpr const char* kRoot = "FOR0";
 constexpr const char* kFormulas = "FORF0";
 
@@ -109,8 +111,8 @@ void MainWindow::CreateMenus() {
       *project, TextNumber::kTextMenuQuit, "Ctrl+Q", [this] { Close(); }, wxID_EXIT);
 
   auto* help = new wxMenu;
-  AddItem(
-      *help, TextNumber::kTextMenuContents, "", [this] { parts_.help.ShowTopic(0, 0); }, wxID_HELP);
+  AddItem(*help, TextNumber::kTextMenuContents, "",
+          [this] { parts_.help.ShowTopic(0, kFirstTopic); });
   AddItem(
       *help, TextNumber::kTextMenuAbout, "", [this] { ShowAbout(); }, wxID_ABOUT);
 
@@ -187,7 +189,7 @@ void MainWindow::ConnectTree() {
     std::int16_t code = event.key_code, shift = event.shift;
     const std::string key = node.key, text = node.text;  // the node may go
     session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
-    event.handled = code == 0;
+    event.handled = code == 0 || event.key_code == forms::kKeyF1;
   };
   tree_->on_context_menu = [this](const workbench::StudioNode& node) {
     const std::string key = node.key, text = node.text;
@@ -232,6 +234,13 @@ void MainWindow::Bind() {
     RememberStep("menu " + std::to_string(event.GetId()));
     const auto action = found->second;  // the menu may be filled anew
     action();
+  });
+  // Tree, editor and dialogs answer F1 themselves.
+  wxFrame::Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetKeyCode() != WXK_F1) return event.Skip();
+    const wxWindow* focus = FindFocus();
+    const bool in_code = focus && (focus == code_ || code_->IsDescendant(FindFocus()));
+    parts_.help.ShowTopic(0, in_code ? kCodeTopic : kFirstTopic);
   });
   wxFrame::Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
   wxFrame::Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });

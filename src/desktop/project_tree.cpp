@@ -92,6 +92,9 @@ void ProjectTree::BindEvents() {
 
 void ProjectTree::OnKeyDown(wxKeyEvent& event) {
   const StudioNode* node = NodeOf(GetSelection());
+  const bool menu = event.GetKeyCode() == WXK_WINDOWS_MENU || event.GetKeyCode() == WXK_MENU ||
+                    (event.GetKeyCode() == WXK_F10 && event.ShiftDown());
+  if (menu && node && on_context_menu) return on_context_menu(*node);
   forms::KeyEvent key = wx::ToKeyEvent(event);
   if (node && on_key) on_key(*node, key);
   if (!key.handled) event.Skip();

@@ -21,7 +21,9 @@ WORDS = {
                alias_table="Aliases", alias="VBAlias", item="Item Name", into="Input Value",
                out="Return Value", ok="OK", cancel="Cancel", help="Help", contents="Contents",
                search="Search", page="Page", code="Code", project="Project", extras="Extras",
-               options="Options", font="Editor Font", ask="Ask before Deleting"),
+               formula_page="Dialog Formula Definition", tree_page="The Project Tree",
+               formulas_page="Formulas", aliases_page="Aliases",
+               code_page="What Happens in the Code"),
     "de": dict(tree="Projektbaum", formulas="Formeln", folder="Formeldefinitionen",
                aliases="Aliasbezeichner", formula="Formeldefinition", name="Name",
                prog_id="Klassenname", call="Formelaufruf", scan="Abtastzeit", comment="Kommentar",
@@ -29,7 +31,9 @@ WORDS = {
                alias_table="Aliase", alias="VBAlias", item="Itemname", into="Übergabeparameter",
                out="Rückgabewert", ok="OK", cancel="Abbrechen", help="Hilfe", contents="Inhalt",
                search="Suchen", page="Seite", code="Code", project="Projekt", extras="Extras",
-               options="Optionen", font="Editorfont", ask="Abfrage vor Löschen"),
+               formula_page="Dialog Formeldefinition", tree_page="Der Projektbaum",
+               formulas_page="Formeln", aliases_page="Aliase",
+               code_page="Was im Code geschieht"),
 }
 PATIENCE = 20  # seconds
 
@@ -149,6 +153,17 @@ def select_node(w, name):
     fail(f"no way to the node \"{name}\"")
 
 
+def expect_help(w, title):
+    """The help shows the page; closes it."""
+    contents = wait("help", lambda: find("tree table", w["contents"]))
+    wait(f"page \"{title}\"", lambda: any(
+        cell.name == title and cell.getState().contains(pyatspi.STATE_SELECTED)
+        for cell in walk(contents) if cell.getRoleName() == "table cell"))
+    active(w["help"])
+    press("Escape")
+    wait("end of the help", lambda: not find("tree table", w["contents"]))
+
+
 def main():
     program, desktop, example, language = sys.argv[1:5]
     w = WORDS[language]
@@ -190,6 +205,18 @@ def do_job(w):
     for name in (w["project"], w["extras"], w["help"]):
         expect("menu", name)
 
+    # Help on nodes, tables and code.
+    for node, page in ((w["formulas"], "tree_page"), (w["folder"], "formulas_page"),
+                       (w["aliases"], "aliases_page"), ("Old", "formulas_page")):
+        select_node(w, node)
+        press("F1")
+        expect_help(w, w[page])
+        active("Plant.ovs")
+    focus(expect("panel", w["code"]))
+    press("F1")
+    expect_help(w, w["code_page"])
+    active("Plant.ovs")
+
     # A new formula.
     select_node(w, w["folder"])
     press("F8")
@@ -202,18 +229,10 @@ def do_job(w):
         expect(role, label, dialog)
 
     # Its help, by the key and by the button.
-    for way in ("F1", "button"):
-        if way == "F1":
-            press("F1")
-        else:
-            find("push button", w["help"], dialog).queryAction().doAction(0)
-        page = wait("page of the help", lambda: find("tree table", w["contents"]))
-        wait("page of the dialog in the contents", lambda: any(
-            w["formula"] in cell.name and cell.getState().contains(pyatspi.STATE_SELECTED)
-            for cell in walk(page) if cell.getRoleName() == "table cell"))
-        active(w["help"])
-        press("Escape")
-        wait("end of the help", lambda: not find("tree table", w["contents"]))
+    for way in (lambda: press("F1"),
+                lambda: find("push button", w["help"], dialog).queryAction().doAction(0)):
+        way()
+        expect_help(w, w["formula_page"])
         active(w["formula"])
 
     wait("window with the keyboard", lambda: dialog.getState().contains(pyatspi.STATE_ACTIVE))
