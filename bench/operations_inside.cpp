@@ -82,7 +82,8 @@ class OpenedProject {
         {"move a formula",
          [=, this] {
            return operations().EditFormula(formula_, {"Renamed" + number, second});
-         }},
+         },
+         true},
         {"delete an argument",
          [this] {
            return operations().DeleteArguments({&argument_, 1});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Filter, Find, Seek and GetRows.
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "recordset/jet_field.h"
@@ -203,12 +204,19 @@ platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
   }
   const RowIds& all = cursor_->All();
   std::size_t place = cursor_->Place();
+  std::optional<std::size_t> held;  // place of the row that the buffers hold
   for (; place < all.size() && count != 0; ++place) {
     bool alive = true;
     for (std::size_t table = 0; table < all.width && alive; ++table) {
-      alive = query_->tables()[table]->Read(all[place][table], needed.Of(table), rows[table]);
+      const jet::RowId id = all[place][table];
+      // One row of a table stands in many rows of a join, often one after the other.
+      if (held && all[*held][table] == id) continue;
+      alive = query_->tables()[table]->Read(id, needed.Of(table), rows[table]);
     }
-    if (!alive || !query_->Passes({rows.get(), all.width})) continue;
+    held.reset();
+    if (!alive) continue;
+    held = place;
+    if (!query_->Passes({rows.get(), all.width})) continue;
     append();
     if (count > 0) --count;
   }

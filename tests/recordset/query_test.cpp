@@ -128,6 +128,7 @@ TEST_F(QueryTest, AnswersAsWorkedOutByHand) {
   };
   for (const auto& [sql, expected] : cases) {
     EXPECT_EQ(Rows(sql), expected) << sql;
+    EXPECT_EQ(BlockText(*db_.Open(sql)), expected) << sql;
   }
 }
 

@@ -31,4 +31,17 @@ inline std::string RowsText(platform::Recordset& recordset, std::vector<std::str
   return text;
 }
 
+// The same of all fields, read as one block.
+inline std::string BlockText(platform::Recordset& recordset) {
+  if (recordset.EOF_()) return "";
+  const platform::VariantArray rows = recordset.GetRows(-1, {});
+  std::string text;
+  for (std::size_t row = 0; row < rows.second; ++row) {
+    for (std::size_t field = 0; field < rows.first; ++field) {
+      text += (field > 0 ? "|" : row > 0 ? " " : "") + ValueText(rows.At(field, row));
+    }
+  }
+  return text;
+}
+
 }  // namespace recordset
