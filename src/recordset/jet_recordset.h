@@ -22,7 +22,9 @@ class JetField;
 
 // A recordset over the Jet engine. Whatever kind of cursor is asked for, it is a keyset: its rows
 // are settled when it is opened, filtered or requeried, and their values are read when a row
-// becomes current. Rows of joins, and of a recordset opened read-only, cannot be changed.
+// becomes current; a row that is gone or no longer passes the filter then is passed over. A row
+// that somebody else changed since it was read is neither changed nor deleted. Rows of joins, and
+// of a recordset opened read-only, cannot be changed.
 class JetRecordset final : public platform::Recordset,
                            public std::enable_shared_from_this<JetRecordset> {
  public:

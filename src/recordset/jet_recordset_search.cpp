@@ -166,6 +166,7 @@ platform::VariantArray JetRecordset::GetRows(std::int32_t count,
   CheckOpen();
   UpdatePending();
   std::vector<TableColumn> sources;
+  sources.reserve(fields.size());
   for (const std::string& field : fields) {
     sources.push_back(query_->output()[FieldIndex(field)].source);
   }
@@ -180,6 +181,7 @@ platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
   RequireRow();
   NeededColumns needed = query_->needed();
   std::vector<std::size_t> slots;
+  slots.reserve(sources.size());
   for (const TableColumn& source : sources) slots.push_back(needed.Slot(source));
 
   platform::VariantArray result;

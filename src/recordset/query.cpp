@@ -198,6 +198,7 @@ void Query::SetFilter(std::string_view criterion) {
   std::vector<ConditionSyntax> syntax = ParseFilter(text);
   NeededColumns needed = needed_;
   std::vector<Condition> bound;
+  bound.reserve(syntax.size());
   ConditionBinder binder(
       text, tables_, {}, [&](const ColumnName& name) { return ResolveOutput(text, name); }, needed);
   for (const ConditionSyntax& condition : syntax) bound.push_back(binder.Bind(condition));
