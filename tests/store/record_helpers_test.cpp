@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "files/failing_file_system.h"
 #include "store/ado_fro.h"
 #include "tests/support/memory_database.h"
 
@@ -70,6 +71,31 @@ TEST_F(RecordHelpersTest, CloseRecordsetSavesOrCancelsAndAlwaysCloses) {
     EXPECT_EQ(rows->GetEditMode(), platform::EditMode::kNone);
     EXPECT_TRUE(CloseRecordset(*rows, c.save));
     EXPECT_TRUE(CloseRecordset(*rows, c.save)) << "closed already";
+  }
+}
+
+TEST_F(RecordHelpersTest, CloseRecordsetClosesWhateverFails) {
+  db_.connection()->Close();
+  bool fired = true;
+  for (int n = 1; fired; ++n) {
+    files::FailingFileSystem failing(db_.system());
+    recordset::JetConnection connection(failing);
+    connection.Open(ProjectConnectionString(db_.path()));
+    auto rows = support::MemoryDatabase::Open(connection, "TvbfAlias");
+    const std::string before = rows->Fields("ItemID").Value().ToText();
+    const std::string after = "Item " + std::to_string(n);
+    rows->Fields("ItemID").SetValue(after);
+    files::Fault fault;
+    fault.n = n;
+    failing.Arm(fault);
+    EXPECT_TRUE(CloseRecordset(*rows, true)) << "fault " << n;
+    fired = failing.fired();
+    failing.Disarm();
+    EXPECT_EQ(rows->State(), platform::ObjectState::kClosed);
+    rows->Open();
+    const std::string stored = rows->Fields("ItemID").Value().ToText();
+    EXPECT_TRUE(stored == before || stored == after) << "fault " << n << ": " << stored;
+    EXPECT_TRUE(fired || stored == after);
   }
 }
 
