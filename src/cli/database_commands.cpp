@@ -146,7 +146,9 @@ int RunExport(Invocation& invocation) {
   const auto gaps =
       WriteRows(invocation, table, head, format == "csv" ? AppendCsvRow : AppendJsonRow);
   for (const std::string& gap : gaps) {
-    invocation.Warn(invocation.Text(kTextExportGap, {{"<Name>", table.name()}, {"<Text>", gap}}));
+    invocation.Warn(invocation.Text(
+        kTextExportGap,
+        {{"<Name>", table.name()}, {"<Text>", invocation.texts().Translated(gap)}}));
   }
   return gaps.empty() ? kDone : kFile;
 }
@@ -169,7 +171,8 @@ int RunVerify(Invocation& invocation) {
   progress.End();
   std::ostream& out = invocation.console().out;
   if (!result.ok()) {
-    for (const jet::Finding& finding : result.findings) out << PlaceText(finding) << '\n';
+    for (const jet::Finding& finding : result.findings)
+      out << invocation.texts().Translated(PlaceText(finding)) << '\n';
     throw CommandError(kRefused,
                        invocation.Text(kTextVerifyFindings,
                                        {{"<Count>", std::to_string(result.findings.size())}}));

@@ -39,16 +39,17 @@ int ReportException(Console& console, const texts::TextTable& texts, std::except
     ReportError(console, texts, interrupted ? texts.Text(kTextInterrupted) : refused.what());
     return refused.code();
   } catch (const platform::Error& failed) {
-    ReportError(console, texts, failed.what());
+    ReportError(console, texts, texts.Translated(failed.what()));
     return failed.kind() == platform::ErrorKind::kIo ? kFile : kRefused;
   } catch (const jet::Error& failed) {
-    ReportError(console, texts, failed.what());
+    ReportError(console, texts, texts.Translated(failed.what()));
     return CodeOf(failed.kind());
   } catch (const files::Error& failed) {
-    ReportError(console, texts, failed.what());
+    ReportError(console, texts, texts.Translated(failed.what()));
     return kFile;
   } catch (const std::exception& failed) {
-    ReportError(console, texts, texts.Text(kTextInternal, {{"<Text>", failed.what()}}));
+    ReportError(console, texts,
+                texts.Text(kTextInternal, {{"<Text>", texts.Translated(failed.what())}}));
     return kFile;
   }
 }

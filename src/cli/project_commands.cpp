@@ -68,9 +68,12 @@ std::optional<files::RecoveryChoice> ChoiceOption(Invocation& invocation) {
 void PrintWay(Invocation& invocation, std::string_view option,
               const files::RecoveryPlan::Way& way) {
   std::ostream& out = invocation.console().out;
+  const auto print = [&](const std::string& sentence) {
+    out << "  " << invocation.texts().Translated(sentence) << '\n';
+  };
   out << option << '\n';
-  if (!way.possible) out << "  " << way.reason << '\n';
-  for (const std::string& step : way.steps) out << "  " << step << '\n';
+  if (!way.possible) print(way.reason);
+  for (const std::string& step : way.steps) print(step);
 }
 
 // Shows the plan; 1 when there is something to decide.
@@ -80,9 +83,11 @@ int ShowPlan(Invocation& invocation, const files::RecoveryPlan& plan) {
     out << invocation.Text(kTextNothingToRecover) << '\n';
     return kDone;
   }
-  out << plan.message << '\n';
+  out << invocation.texts().Translated(plan.message) << '\n';
   for (const files::RecoveryFile& file : plan.files) {
-    out << invocation.Text(kTextRecoverFile, {{"<File>", file.path}, {"<State>", file.description}})
+    out << invocation.Text(kTextRecoverFile,
+                           {{"<File>", file.path},
+                            {"<State>", invocation.texts().Translated(file.description)}})
         << '\n';
   }
   PrintWay(invocation, "--before", plan.before);

@@ -85,7 +85,9 @@ ProjectSession::ProjectSession(Invocation& invocation, Use use)
           OptionsOf(invocation, use), invocation.texts())),
       progress_(invocation) {
   if (!project_->vb()) return;
-  for (const std::string& problem : project_->vb()->Problems()) invocation.Warn(problem);
+  for (const std::string& problem : project_->vb()->Problems()) {
+    invocation.Warn(invocation.texts().Translated(problem));
+  }
 }
 
 store::OperationOptions ProjectSession::BaseOptions() {

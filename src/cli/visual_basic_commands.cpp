@@ -92,7 +92,9 @@ std::unique_ptr<vbfiles::Environment> OpenFile(Invocation& invocation) {
   options.code_page = invocation.NumberOption("--code-page").value_or(options.code_page);
   auto environment = std::make_unique<vbfiles::Environment>(invocation.console().files, options);
   environment->Open(invocation.Argument("FILE"));
-  for (const std::string& problem : environment->Problems()) invocation.Warn(problem);
+  for (const std::string& problem : environment->Problems()) {
+    invocation.Warn(invocation.texts().Translated(problem));
+  }
   return environment;
 }
 

@@ -20,6 +20,8 @@ class Report {
  public:
   explicit Report(const texts::TextTable& texts) : texts_(texts) {}
 
+  const texts::TextTable& texts() const { return texts_; }
+
   using Replacements = std::initializer_list<texts::TextTable::Replacement>;
 
   void Warn(std::int32_t text, Replacements values);

@@ -164,7 +164,7 @@ void CodePane::LoadAgain() {
   } catch (const std::exception& error) {
     SetText("");
     editor_->Enable(false);
-    title_->SetLabel(wx::ToLabel(error.what()));
+    title_->SetLabel(wx::ToLabel(texts_.Translated(error.what())));
   }
   Layout();
 }

@@ -421,7 +421,7 @@ void MainWindow::TellLastCrash() {
 void MainWindow::ShowStatus(const std::string& text) { SetStatusText(wx::ToWx(text)); }
 
 void MainWindow::ShowFailure(const std::string& message, const std::string& detail) {
-  parts_.toolkit.Show({message, detail, "", platform::MessageButtons::kOk,
+  parts_.toolkit.Show({message, parts_.texts.Translated(detail), "", platform::MessageButtons::kOk,
                        platform::MessageResult::kOk, platform::MessageIcon::kError});
 }
 
@@ -464,7 +464,8 @@ void MainWindow::EnlistBackup() {
           [] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
           [this] { return session_->Files(); }, [this] { CallAfter([this] { FillBackups(); }); },
           [this](const std::string& reason) {
-            ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed, {{"<Text>", reason}}));
+            ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed,
+                                         {{"<Text>", parts_.texts.Translated(reason)}}));
           }});
   session_->unit().Enlist(*backup_);
 }

@@ -30,8 +30,8 @@ platform::MessageResult MessageBoxes::Show(platform::MessageBox box) {
 
 void MessageBoxes::Warn(std::string_view prompt, std::string_view detail) {
   platform::MessageBox box;
-  box.prompt = prompt;
-  box.detail = detail;
+  box.prompt = texts_.Translated(prompt);
+  box.detail = texts_.Translated(detail);
   box.icon = platform::MessageIcon::kWarning;
   Show(std::move(box));
 }
@@ -48,7 +48,7 @@ bool MessageBoxes::Ask(std::string_view prompt, std::string_view detail) {
 
 void MessageBoxes::ShowHostError(platform::AddIn& studio, std::string_view text) {
   const Guard guard(*this);
-  studio.ShowError(text);
+  studio.ShowError(texts_.Translated(text));
 }
 
 }  // namespace dialogs

@@ -23,7 +23,7 @@ class MessageBoxes {
 
   // An empty title is replaced by the application's.
   platform::MessageResult Show(platform::MessageBox box);
-  // An OK button only.
+  // An OK button only. Here and in an error text descriptions of failures are translated.
   void Warn(std::string_view prompt, std::string_view detail = {});
   // Yes and No, No being the default. Whether Yes was chosen.
   bool Ask(std::string_view prompt, std::string_view detail);

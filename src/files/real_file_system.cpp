@@ -2,6 +2,7 @@
 #include "files/real_file_system.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace files {
 namespace os {
@@ -24,8 +25,39 @@ ErrorKind KindOf(const std::error_code& code) {
   return ErrorKind::kIo;
 }
 
+namespace {
+
+// The system's own words depend on its language and, on Windows, on its code page.
+std::string Cause(const std::error_code& code) {
+  static constexpr std::pair<std::errc, const char*> kCauses[] = {
+      {std::errc::no_such_file_or_directory, "no such file or folder"},
+      {std::errc::not_a_directory, "a part of the path is no folder"},
+      {std::errc::file_exists, "it exists already"},
+      {std::errc::permission_denied, "permission denied"},
+      {std::errc::operation_not_permitted, "permission denied"},
+      {std::errc::read_only_file_system, "the medium is read-only"},
+      {std::errc::no_space_on_device, "no space left on the medium"},
+      {std::errc::file_too_large, "it is too large for the medium"},
+      {std::errc::is_a_directory, "it is a folder"},
+      {std::errc::directory_not_empty, "the folder is not empty"},
+      {std::errc::text_file_busy, "another program uses it"},
+      {std::errc::device_or_resource_busy, "another program uses it"},
+      {std::errc::too_many_files_open, "too many files are open"},
+      {std::errc::too_many_files_open_in_system, "too many files are open"},
+      {std::errc::filename_too_long, "the name is too long"},
+      {std::errc::not_enough_memory, "the memory does not suffice"},
+      {std::errc::io_error, "the medium reports an error"},
+  };
+  for (const auto& [condition, cause] : kCauses) {
+    if (code == condition) return cause;
+  }
+  return code.message();
+}
+
+}  // namespace
+
 void RaiseSystem(const std::error_code& code, const std::string& path, std::string_view failure) {
-  Raise(KindOf(code), path, failure, code.message());
+  Raise(KindOf(code), path, failure, Cause(code));
 }
 
 }  // namespace os

@@ -128,7 +128,7 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
     result.outcome = outcome;
     result.text_id = named ? number : failure_text;
     result.message = named ? cause : texts().Text(failure_text);
-    result.detail = named ? "" : cause;
+    result.detail = named ? "" : texts().Translated(cause);
   };
   try {
     RunUnit(steps, result);
@@ -149,7 +149,7 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
     result.warnings.clear();
     if (parts_.code) parts_.code->TakeFailure();
     for (const std::string& sentence : parts_.unit->NotUndone()) {
-      result.detail += (result.detail.empty() ? "" : "\r\n") + sentence;
+      result.detail += (result.detail.empty() ? "" : "\r\n") + texts().Translated(sentence);
     }
   }
   options_ = nullptr;

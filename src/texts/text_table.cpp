@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/studio.h"
+#include "texts/message_translator.h"
 #include "texts/rows.h"
 
 namespace texts {
@@ -25,7 +26,7 @@ Language ChooseLanguage(platform::SettingsService& settings) {
 }
 
 std::span<const Area> Areas() {
-  static const std::array<Area, 9> areas = {{
+  static const std::array<Area, 13> areas = {{
       {"shared", 10, 999, SharedRows()},
       {"store", 1000, 1099, StoreRows()},
       {"codegen", 1100, 1199, CodegenRows()},
@@ -35,6 +36,10 @@ std::span<const Area> Areas() {
       {"dialogs", 1600, 1699, DialogRows()},
       {"help", 1700, 1799, HelpRows()},
       {"engine", 1800, 1899, EngineRows()},
+      {"messages of files", kFirstMessage, 2199, FileMessageRows()},
+      {"messages of databases", 2200, 2599, DatabaseMessageRows()},
+      {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},
+      {"messages of sources", 2800, kLastMessage, SourceMessageRows()},
   }};
   return areas;
 }
@@ -74,6 +79,12 @@ std::string TextTable::Text(std::int32_t number,
     rest.remove_prefix(match ? match->first.size() : 1);
   }
   return out;
+}
+
+std::string TextTable::Translated(std::string_view message) const {
+  if (language_ == Language::kEnglish) return std::string(message);
+  static const MessageTranslator translator(kFirstMessage, kLastMessage);
+  return translator.Translate(message).text;
 }
 
 }  // namespace texts

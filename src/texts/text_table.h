@@ -48,6 +48,10 @@ class TextTable {
   // The same with placeholders replaced in one pass: a value may hold what looks like one.
   std::string Text(std::int32_t number, std::initializer_list<Replacement> replacements) const;
 
+  // A message of a layer that knows no text table and speaks English: the description of a
+  // failure, a finding. Sentences that the table lacks stay English.
+  std::string Translated(std::string_view message) const;
+
  private:
   Language language_;
   std::unordered_map<std::int32_t, std::string_view> slots_;  // by number + slot * kSlotDistance

@@ -69,8 +69,9 @@ std::vector<std::string> MakeProject(files::FileSystem& system, const std::strin
   MadeFiles made(system);
   if (!options.into) {
     if (system.Exists(database_path)) {
-      throw files::Error(files::ErrorKind::kExists, database_path,
-                         database_path + ": the file exists already.");
+      throw files::Error(
+          files::ErrorKind::kExists, database_path,
+          database_path + ": The file exists already. Choose another name, or open it.");
     }
     made.Add(database_path);
   }
