@@ -85,10 +85,7 @@ int ShowPlan(Invocation& invocation, const files::RecoveryPlan& plan) {
   }
   out << invocation.texts().Translated(plan.message) << '\n';
   for (const files::RecoveryFile& file : plan.files) {
-    out << invocation.Text(kTextRecoverFile,
-                           {{"<File>", file.path},
-                            {"<State>", invocation.texts().Translated(file.description)}})
-        << '\n';
+    out << invocation.texts().Translated(file.path + ' ' + file.description) << '\n';
   }
   PrintWay(invocation, "--before", plan.before);
   PrintWay(invocation, "--after", plan.after);
