@@ -179,6 +179,9 @@ wxWindow* MainWindow::NewWelcome(wxWindow* parent) {
 
 void MainWindow::ConnectTree() {
   tree_->on_select = [this](const workbench::StudioNode& node) { SelectNode(node); };
+  tree_->on_change = [this](const workbench::StudioNode& node) {
+    if (node.key == tree_->SelectedKey()) ShowCodeOfNode(node.key);  // its class may be another
+  };
   tree_->on_expand = [this](const workbench::StudioNode& node) {
     session_->add_in().NodeExpand(session_->studio().project(), node.key, node.text);
   };

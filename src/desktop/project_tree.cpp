@@ -124,7 +124,10 @@ void ProjectTree::ShowTree(workbench::StudioTree* tree) {
     if (reported_ == node.key) reported_.clear();
     model_->ItemDeleted(ItemOf(node.parent), ItemOf(&node));
   };
-  tree->observers.changed = [this](const StudioNode& node) { model_->ItemChanged(ItemOf(&node)); };
+  tree->observers.changed = [this](const StudioNode& node) {
+    model_->ItemChanged(ItemOf(&node));
+    if (on_change) on_change(node);
+  };
 }
 
 void ProjectTree::SelectKey(const std::string& key) {

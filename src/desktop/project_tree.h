@@ -26,6 +26,7 @@ class ProjectTree : public wxDataViewCtrl {
   void ExpandKey(const std::string& key);
 
   std::function<void(const workbench::StudioNode&)> on_select;
+  std::function<void(const workbench::StudioNode&)> on_change;  // told by the model
   std::function<void(const workbench::StudioNode&)> on_expand;
   std::function<void(const workbench::StudioNode&)> on_activate;  // double click or Enter
   std::function<void(const workbench::StudioNode&, forms::KeyEvent&)> on_key;

@@ -44,7 +44,7 @@ void StudioTree::Erase(StudioNode& node) {
 
 void StudioTree::SetText(std::string_view key, std::string_view text) {
   StudioNode* node = Get(key);
-  if (!node || node->text == text) return;
+  if (!node) return;
   node->text = text;
   if (observers.changed) observers.changed(*node);
 }

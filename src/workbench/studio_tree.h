@@ -27,7 +27,7 @@ class StudioTree {
   struct Observers {
     std::function<void(const StudioNode&)> added;
     std::function<void(const StudioNode&)> removed;  // with all below it
-    std::function<void(const StudioNode&)> changed;  // its text
+    std::function<void(const StudioNode&)> changed;  // its text, or what it stands for
   };
 
   StudioTree();

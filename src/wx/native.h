@@ -19,8 +19,9 @@ wxStaticText* NewLabel(wxWindow* parent);
 // A text that belongs to the control before it and names none.
 wxStaticText* NewHint(wxWindow* parent);
 
-// The height that the native widget asks for.
+// The size that the native widget asks for.
 int NativeHeight(const wxWindow& window);
+int NativeWidth(const wxWindow& window);
 
 // Runs the task from the message loop, after all events of the window system that are queued.
 void CallWhenIdle(std::function<void()> task);

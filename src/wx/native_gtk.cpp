@@ -76,6 +76,12 @@ int NativeHeight(const wxWindow& window) {
   return natural;
 }
 
+int NativeWidth(const wxWindow& window) {
+  int least = 0, natural = 0;
+  gtk_widget_get_preferred_width(window.GetHandle(), &least, &natural);
+  return natural;
+}
+
 void CallWhenIdle(std::function<void()> task) {
   using Task = std::function<void()>;
   auto run = [](gpointer data) -> gboolean {

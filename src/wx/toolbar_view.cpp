@@ -7,6 +7,7 @@
 #include <map>
 
 #include "wx/convert.h"
+#include "wx/native.h"
 #include "wx/pictures.h"
 
 namespace wx {
@@ -41,6 +42,11 @@ class ToolbarView : public ControlView {
     bar_->Bind(wxEVT_TOOL, [this](wxCommandEvent& event) {
       auto found = tools_.find(event.GetId());
       if (found != tools_.end()) toolbar_.GetBand()->Menu().Click(*found->second);
+    });
+    bar_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+      event.Skip();
+      if (event.GetSize().GetWidth() != width_) Later();
+      width_ = event.GetSize().GetWidth();
     });
     ShowBand();
   }
@@ -83,6 +89,14 @@ class ToolbarView : public ControlView {
       Add(*tool);
     }
     bar_->Realize();
+    FitLabels();
+  }
+
+  // Where not every label has room all give way to the pictures, whose tooltips say the same.
+  void FitLabels() {
+    const long plain = bar_->GetWindowStyle() & ~wxTB_HORZ_TEXT;
+    bar_->SetWindowStyle(plain | wxTB_HORZ_TEXT);
+    if (width_ > 0 && NativeWidth(*bar_) > width_) bar_->SetWindowStyle(plain);
   }
 
   void Add(Tool& tool) {
@@ -97,6 +111,7 @@ class ToolbarView : public ControlView {
   wxToolBar* bar_;
   std::map<int, Tool*> tools_;
   forms::Subscription menu_subscription_;
+  int width_ = 0;
   bool pending_ = false;
 };
 
