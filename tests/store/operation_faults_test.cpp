@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Every operation, with a fault at each of its steps: files and rows are as before or as after,
-// and the result says which.
+// and the result says which. And every operation repeated.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <random>
 #include <string>
 
 #include "files/failing_file_system.h"
+#include "files/forgetting_file_system.h"
 #include "tests/support/code_model_wrappers.h"
 #include "tests/support/formula_project.h"
 
@@ -19,48 +22,49 @@ using Ids = std::vector<std::int32_t>;
 
 struct Case {
   const char* name;
+  bool edits_code;
   std::function<OperationResult(Operations&)> operation;
 };
 
 std::vector<Case> Cases() {
   return {
-      {"AddFormula",
+      {"AddFormula", true,
        [](Operations& o) {
          return o.AddFormula({"Added", "PumpServer.CTank", 1, 2, true, "c"});
        }},
-      {"RenameAndMove",
+      {"RenameAndMove", true,
        [](Operations& o) {
          EditFormulaOptions options;
          options.with_code = true;
          return o.EditFormula(1, {"Renamed", "PumpServer.CTank", 3, 0, true, "c"}, options);
        }},
-      {"DeleteFormulas",
+      {"DeleteFormulas", true,
        [](Operations& o) {
          return o.DeleteFormulas(Ids{1, 2});
        }},
-      {"AddArguments",
+      {"AddArguments", true,
        [](Operations& o) {
          const ArgumentValues values[] = {{2, true, false}, {3, false, true}};
          return o.AddArguments(2, values);
        }},
-      {"EditArgument",
+      {"EditArgument", true,
        [](Operations& o) {
          return o.EditArgument(1, {3, false, true});
        }},
-      {"DeleteArguments",
+      {"DeleteArguments", true,
        [](Operations& o) {
          return o.DeleteArguments(Ids{1, 2, 3});
        }},
-      {"AddAliases",
+      {"AddAliases", false,
        [](Operations& o) {
          const AliasValues values[] = {{"a", "Alpha"}, {"b", "Beta"}};
          return o.AddAliases(values);
        }},
-      {"EditAlias",
+      {"EditAlias", true,
        [](Operations& o) {
          return o.EditAlias(1, {"New.Item", "NewName"});
        }},
-      {"DeleteAliases", [](Operations& o) { return o.DeleteAliases(Ids{3}); }},
+      {"DeleteAliases", false, [](Operations& o) { return o.DeleteAliases(Ids{3}); }},
   };
 }
 
@@ -101,14 +105,16 @@ std::string StateOf(files::FileSystem& system) {
   return state;
 }
 
+// The step that is tried after the n-th; all of them take a while.
+int NextStep(int n) { return n + (std::getenv("OV_LONG") ? 1 : 13); }
+
 class OperationFaultsTest : public testing::TestWithParam<Case> {
  protected:
-  OperationFaultsTest() {
-    const std::map<std::string, std::string> files = StartFiles();
-    Restore(memory_, files);
+  OperationFaultsTest() : start_(StartFiles()) {
+    Restore(memory_, start_);
     before_ = StateOf(memory_);
     files::MemoryFileSystem other;
-    Restore(other, files);
+    Restore(other, start_);
     {
       support::OpenProject project(other);
       const OperationResult result = GetParam().operation(*project.operations);
@@ -116,51 +122,115 @@ class OperationFaultsTest : public testing::TestWithParam<Case> {
     }
     after_ = StateOf(other);
     EXPECT_NE(before_, after_);
-    start_ = files;
   }
 
-  files::MemoryFileSystem memory_;
+  // What an operation came to whose files failed.
+  struct Attempt {
+    OperationResult result;
+    bool fired = false;
+    std::string rows;           // as the program that goes on has them; only asked for on wish
+    bool list_changed = false;  // the component list
+  };
+  // Runs the operation over files of which an operation fails. Then they work again.
+  static Attempt Try(files::FileSystem& system, const files::Fault& fault, bool goes_on) {
+    files::FailingFileSystem failing(system);
+    support::OpenProject project(failing);
+    failing.Arm(fault);
+    Attempt attempt;
+    attempt.result = GetParam().operation(*project.operations);
+    attempt.fired = failing.fired();
+    attempt.list_changed = std::ranges::count(project.components.calls, "Commit") > 0;
+    if (goes_on) {
+      failing.Disarm();
+      for (const std::string& row : support::RowsOf(*project.operations)) {
+        attempt.rows += row + "\n";
+      }
+    }
+    return attempt;
+  }
+
+  void ExpectOneOfBoth(files::FileSystem& system, const Attempt& attempt) {
+    const std::string state = StateOf(system);
+    EXPECT_TRUE(state == after_ || (state == before_ && !attempt.result.success()))
+        << support::ToText(attempt.result) << "\n"
+        << state;
+  }
+
   std::map<std::string, std::string> start_;
+  files::MemoryFileSystem memory_;
   std::string before_;
   std::string after_;
 };
 
-TEST_P(OperationFaultsTest, FilesFailAtEveryStep) {
-  // All of them take a while; some of them every time.
-  const int stride = std::getenv("OV_LONG") ? 1 : 7;
-  bool ran_without_fault = false;
-  for (int n = 1; !ran_without_fault && n < 2000; n += stride) {
+TEST_P(OperationFaultsTest, AFileFailsOnce) {
+  int tried = 0;
+  for (int n = 1;; n = NextStep(n), ++tried) {
+    SCOPED_TRACE("step " + std::to_string(n));
     files::MemoryFileSystem memory;
     Restore(memory, start_);
-    files::FailingFileSystem failing(memory);
-    OperationResult result;
-    bool fired = false;
-    {
-      support::OpenProject project(failing);
+    files::Fault fault;
+    fault.n = n;
+    fault.short_writes = n % 2 == 0;
+    const Attempt attempt = Try(memory, fault, true);
+    const bool done = attempt.result.success();
+    EXPECT_EQ(StateOf(memory), done ? after_ : before_) << support::ToText(attempt.result);
+    EXPECT_TRUE((done ? after_ : before_).starts_with(attempt.rows));
+    if (!done) {
+      EXPECT_FALSE(attempt.result.message.empty());
+      EXPECT_TRUE(attempt.result.rows.empty() && attempt.result.ids.empty());
+      EXPECT_FALSE(attempt.list_changed);
+    }
+    EXPECT_TRUE(attempt.fired || done);
+    if (!attempt.fired || HasFailure()) break;
+  }
+  EXPECT_GT(tried, 3);
+}
+
+// Nothing can be put back then either: the next start does it.
+TEST_P(OperationFaultsTest, FilesFailFromAStepOnOrTheProgramIsKilled) {
+  for (const auto length : {files::Fault::Length::kLasting, files::Fault::Length::kCrash}) {
+    int tried = 0;
+    for (int n = length == files::Fault::Length::kCrash ? 2 : 5;; n = NextStep(n), ++tried) {
+      SCOPED_TRACE("step " + std::to_string(n) +
+                   (length == files::Fault::Length::kCrash ? " crash" : ""));
+      files::MemoryFileSystem memory;
+      Restore(memory, start_);
       files::Fault fault;
       fault.n = n;
-      failing.Arm(fault);
-      result = GetParam().operation(*project.operations);
-      fired = failing.fired();
-      failing.Disarm();
-      if (fired) {
-        // The project goes on working with what stands in the files.
-        std::string rows;
-        for (const std::string& row : support::RowsOf(*project.operations)) rows += row + "\n";
-        EXPECT_TRUE((result.success() ? after_ : before_).starts_with(rows))
-            << "fault " << n << ' ' << support::ToText(result);
-      }
+      fault.length = length;
+      fault.short_writes = n % 2 == 0;
+      const Attempt attempt = Try(memory, fault, false);
+      ExpectOneOfBoth(memory, attempt);
+      if (!attempt.fired || HasFailure()) break;
     }
-    EXPECT_EQ(StateOf(memory), result.success() ? after_ : before_)
-        << "fault " << n << ' ' << support::ToText(result);
-    if (!result.success()) {
-      EXPECT_NE(result.outcome, Outcome::kDone);
-      EXPECT_FALSE(result.message.empty());
-    }
-    ran_without_fault = !fired;
-    if (HasFailure()) break;
+    EXPECT_GT(tried, 3);
   }
-  EXPECT_TRUE(ran_without_fault);
+}
+
+TEST_P(OperationFaultsTest, ThePowerIsCut) {
+  std::mt19937 random(4);
+  int tried = 0;
+  for (int n = 3;; n = NextStep(n), ++tried) {
+    SCOPED_TRACE("step " + std::to_string(n));
+    files::ForgettingFileSystem disk;
+    for (const auto& [path, contents] : start_) disk.Put(path, contents);
+    files::Fault fault;
+    fault.n = n;
+    fault.length = files::Fault::Length::kCrash;
+    const Attempt attempt = Try(disk, fault, false);
+    for (int state = 0; state < 3; ++state) ExpectOneOfBoth(*disk.AfterPowerCut(random), attempt);
+    if (!attempt.fired || HasFailure()) break;
+  }
+  EXPECT_GT(tried, 3);
+}
+
+TEST_P(OperationFaultsTest, RepeatedItChangesNothing) {
+  support::OpenProject project(memory_);
+  ASSERT_TRUE(GetParam().operation(*project.operations).success());
+  const OperationResult again = GetParam().operation(*project.operations);
+  EXPECT_NE(again.outcome, Outcome::kFileProblem) << support::ToText(again);
+  EXPECT_TRUE(again.rows.empty() && again.warnings.empty()) << support::ToText(again);
+  EXPECT_EQ(StateOf(memory_), after_);
 }
 
 TEST_P(OperationFaultsTest, CodeFailsAtEveryEdit) {
@@ -185,6 +255,7 @@ TEST_P(OperationFaultsTest, CodeFailsAtEveryEdit) {
     ASSERT_EQ(StateOf(memory_), before_) << "edit " << failing_edit;
   }
   EXPECT_EQ(StateOf(memory_), after_);
+  EXPECT_EQ(failing_edit > 1, GetParam().edits_code);
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, OperationFaultsTest, testing::ValuesIn(Cases()),
