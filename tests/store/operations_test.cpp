@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <random>
-#include <set>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "codegen/identifier.h"
 #include "platform/text.h"
@@ -256,6 +258,43 @@ TEST_F(OperationsTest, InversesReturnToTheState) {
   Do(operations().EditArgument(2, {2, true, true}));
   Do(operations().DeleteAliases(Ids{flow}));
   EXPECT_EQ(State(), before);
+}
+
+// Code that runs, whatever the order of the procedures.
+std::vector<std::string> LiveLines(const std::string& code) {
+  std::vector<std::string> lines;
+  std::istringstream text(code);
+  for (std::string line; std::getline(text, line);) {
+    if (line != "\r" && !line.starts_with('\'')) lines.push_back(line);
+  }
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
+
+TEST_F(OperationsTest, InversesReturnToTheCodeThatRuns) {
+  std::string code = project_.Code("CPump");
+  project_.PutCode("CPump", code.insert(code.find("Sub DrainTank()\r\n") + 17, "  Level = 1\r\n"));
+  const std::vector<std::string> rows = support::RowsOf(operations());
+  const std::int32_t added = Do(operations().AddFormula({"Added", kClass})).id();
+  const ArgumentValues values[] = {{2, true, false}};
+  Do(operations().AddArguments(added, values));
+  Do(operations().DeleteFormulas(Ids{added}));
+  EXPECT_EQ(support::RowsOf(operations()), rows);
+  EXPECT_TRUE(project_.Code("CPump").starts_with(code));
+  EXPECT_EQ(LiveLines(project_.Code("CPump")), LiveLines(code));
+
+  EditFormulaOptions with_code;
+  with_code.with_code = true;
+  const auto move = [&](const char* prog_id) {
+    Do(Edit(
+        2, [&](FormulaValues& v) { v.prog_id = prog_id; }, with_code));
+  };
+  move("PumpServer.CTank");
+  EXPECT_EQ(LiveLines(project_.Code("CTank")).size(), 4u) << project_.Code("CTank");
+  move(kClass);
+  EXPECT_EQ(support::RowsOf(operations()), rows);
+  EXPECT_EQ(LiveLines(project_.Code("CPump")), LiveLines(code));
+  EXPECT_TRUE(LiveLines(project_.Code("CTank")).empty());
 }
 
 TEST_F(OperationsTest, SharedDeclarationStaysUntilItsLastUse) {
