@@ -203,7 +203,7 @@ TEST_P(OperationFaultsTest, FilesFailFromAStepOnOrTheProgramIsKilled) {
       ExpectOneOfBoth(memory, attempt);
       if (!attempt.fired || HasFailure()) break;
     }
-    EXPECT_GT(tried, 3);
+    EXPECT_GE(tried, 3);
   }
 }
 
