@@ -33,6 +33,9 @@ bool NamesItem(std::string_view line, std::string_view item) {
   return w == written.size() && t == wanted.size();
 }
 
+// Beyond this there is little room left.
+constexpr std::int32_t NearLimit(std::int32_t limit) { return limit - limit / 50; }
+
 }  // namespace
 
 std::string FileNameOf(std::string_view path) {
@@ -41,15 +44,18 @@ std::string FileNameOf(std::string_view path) {
 
 void WarnOfLimits(std::string_view file, platform::CodeModule& module, Report& report) {
   const std::int32_t count = module.CountOfLines();
-  if (count > kMaxModuleLines - kMaxModuleLines / 50) {
+  if (count > NearLimit(kMaxModuleLines)) {
     report.Warn(kTextLongModule, {{"<File>", file}, {"<Count>", std::to_string(count)}});
   }
 }
 
 void WarnOfLongLine(std::string_view file, std::int32_t line, std::string_view text,
                     Report& report) {
-  if (CharacterCount(text) > kMaxLineLength) {
-    report.Warn(kTextLongLine, {{"<File>", file}, {"<Line>", std::to_string(line)}});
+  const auto count = static_cast<std::int32_t>(CharacterCount(text));
+  if (count > NearLimit(kMaxLineLength)) {
+    report.Warn(
+        kTextLongLine,
+        {{"<File>", file}, {"<Line>", std::to_string(line)}, {"<Count>", std::to_string(count)}});
   }
 }
 

@@ -11,7 +11,7 @@
 namespace codegen {
 
 // Visual Basic takes no longer line.
-inline constexpr std::size_t kMaxLineLength = 1023;
+inline constexpr std::int32_t kMaxLineLength = 1023;
 // Visual Basic takes about this many lines in a module.
 inline constexpr std::int32_t kMaxModuleLines = 65000;
 

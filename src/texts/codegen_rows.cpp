@@ -27,8 +27,9 @@ std::span<const Row> CodegenRows() {
        "<Class> already holds <Name> as something else. Choose another name, or rename it in the "
        "class."},
       {1106,
-       "<File>:<Line> ist länger als 1023 Zeichen; so lange Zeilen nimmt Visual Basic nicht an.",
-       "<File>:<Line> is longer than 1023 characters, which Visual Basic does not take."},
+       "<File>:<Line> hat <Count> Zeichen; Visual Basic nimmt höchstens 1023 an. Kürzen Sie die "
+       "Zeile.",
+       "<File>:<Line> has <Count> characters; Visual Basic takes 1023 at most. Shorten the line."},
       {1107,
        "<File> hat <Count> Zeilen; Visual Basic nimmt etwa 65000 an. Legen Sie weitere Formeln in "
        "einer anderen Klasse an.",

@@ -318,6 +318,20 @@ TEST(FormulaCodeTest, ChangesExactlyWhatIsMeant) {
   }
 }
 
+TEST(FormulaCodeTest, WarnsNearTheLimitsOfVisualBasic) {
+  std::string module = "Sub A()\n" + std::string(1010, 'x') + "\nEnd Sub\n";
+  for (int i = 0; i < 63800; ++i) module += "'\n";
+  Fixture fixture(module, false);
+  fixture.generator.DeactivateFunction(kClass, "A");
+  fixture.generator.AddFunction(kClass, "B", "");
+  EXPECT_FALSE(fixture.generator.TakeFailure());
+  const std::vector<Warning> warnings = fixture.generator.TakeWarnings();
+  ASSERT_EQ(warnings.size(), 2u);
+  EXPECT_EQ(warnings[0].message,
+            "CPump.cls:2 has 1011 characters; Visual Basic takes 1023 at most. Shorten the line.");
+  EXPECT_EQ(warnings[1].text_id, 1107);
+}
+
 TEST(FormulaCodeTest, HeaderEndsBelowSwitchedOffCode) {
   for (const bool documented : {false, true}) {
     Fixture fixture("Option Explicit\n" + Header("Z") + "'Public Sub Z()\n'End Sub\n" +

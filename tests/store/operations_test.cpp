@@ -446,6 +446,18 @@ TEST_F(OperationsTest, HostileRowsOfOthersStayInTheirComments) {
   EXPECT_EQ(code.find("End Sub _"), std::string::npos);
 }
 
+TEST_F(OperationsTest, ALineThatCannotBecomeACommentStopsTheOperation) {
+  std::string code = project_.Code("CPump");
+  const std::string line = "  x = \"" + std::string(1015, 'a') + "\"\r\n";  // 1,023 characters
+  project_.PutCode("CPump", code.insert(code.find("Sub FillTank()\r\n") + 16, line));
+  const std::string before = State();
+  const OperationResult result = operations().DeleteFormulas(Ids{1});
+  EXPECT_EQ(result.outcome, Outcome::kRefused);
+  EXPECT_NE(result.detail.find("line 15 of /plant/CPump.cls has 1024"), std::string::npos)
+      << support::ToText(result);
+  EXPECT_EQ(State(), before);
+}
+
 TEST_F(OperationsTest, AStoredClassThatIsGoneCanBeLeft) {
   EditFormulaOptions rows_only;
   rows_only.with_rows_only = true;
