@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The .ldb file beside a shared database (docs/jet4-transactions.md).
+// The .ldb file beside a shared database (docs/transactions.md).
 #pragma once
 
 #include <cstdint>

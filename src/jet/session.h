@@ -18,7 +18,7 @@
 namespace jet {
 
 // The open file of a Database: its pages, its transaction and what it has to arrange with others
-// who use the file (docs/jet4-transactions.md).
+// who use the file (docs/transactions.md).
 //
 // 1. Whoever reads holds the commit byte shared, whoever carries a transaction into the file
 // holds it alone. 2. Whoever has a transaction open holds the write byte alone. 3. Each look at
