@@ -2,6 +2,7 @@
 #include "recordset/condition.h"
 
 #include <algorithm>
+#include <compare>
 #include <optional>
 
 #include "platform/ado.h"
@@ -30,13 +31,13 @@ Truth Compare(const Condition& condition, std::span<const jet::RowBuffer> rows) 
     case Comparison::kNotEqual:
       return ToTruth(!EqualValues(left, right));
     case Comparison::kLess:
-      return ToTruth(CompareValues(left, right) < 0);
+      return ToTruth(std::is_lt(CompareValues(left, right)));
     case Comparison::kLessEqual:
-      return ToTruth(CompareValues(left, right) <= 0);
+      return ToTruth(std::is_lteq(CompareValues(left, right)));
     case Comparison::kGreater:
-      return ToTruth(CompareValues(left, right) > 0);
+      return ToTruth(std::is_gt(CompareValues(left, right)));
     case Comparison::kGreaterEqual:
-      return ToTruth(CompareValues(left, right) >= 0);
+      return ToTruth(std::is_gteq(CompareValues(left, right)));
   }
   return Truth::kUnknown;
 }

@@ -169,7 +169,7 @@ class Run {
     Arrange([this](std::size_t a, std::size_t b) {
       const auto order = std::lexicographical_compare_three_way(keys_[a].begin(), keys_[a].end(),
                                                                 keys_[b].begin(), keys_[b].end());
-      if (order != 0) return order < 0;
+      if (std::is_neq(order)) return std::is_lt(order);
       return std::ranges::lexicographical_compare(found_[a], found_[b]);
     });
   }

@@ -55,14 +55,14 @@ std::weak_ordering CompareTexts(std::string_view a, std::string_view b) {
   AppendTextOrder(b, key_b);
   const auto order = CompareBytes(key_a, key_b);
   // Keys end with the longest text that a text column can hold.
-  if (order == 0 && (a.size() > kMaxKeyedText || b.size() > kMaxKeyedText)) {
+  if (std::is_eq(order) && (a.size() > kMaxKeyedText || b.size() > kMaxKeyedText)) {
     return WithoutTrailingBlanks(a) <=> WithoutTrailingBlanks(b);
   }
   return order;
 }
 
 bool EqualTexts(std::string_view a, std::string_view b) {
-  if (!IsPlain(a) || !IsPlain(b)) return CompareTexts(a, b) == 0;
+  if (!IsPlain(a) || !IsPlain(b)) return std::is_eq(CompareTexts(a, b));
   a = WithoutTrailingBlanks(a);
   b = WithoutTrailingBlanks(b);
   return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
@@ -175,7 +175,7 @@ std::weak_ordering CompareValues(const Value& a, const Value& b) {
 
 bool EqualValues(const Value& a, const Value& b) {
   if (a.kind() == ValueKind::kText) return EqualTexts(a.text(), b.text());
-  return CompareValues(a, b) == 0;
+  return std::is_eq(CompareValues(a, b));
 }
 
 void AppendOrderKey(ColumnType type, bool descending, const Value& value, Bytes& key) {

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace recordset {
@@ -211,11 +212,11 @@ decltype(auto) MakeVariant(const Value& value, Make make) {
 }  // namespace
 
 Variant ToVariant(const Value& value) {
-  return MakeVariant(value, [](auto&& content) { return Variant(std::move(content)); });
+  return MakeVariant(value, [](auto content) { return Variant(std::move(content)); });
 }
 
 void AppendVariant(const Value& value, std::vector<Variant>& values) {
-  MakeVariant(value, [&](auto&& content) { values.emplace_back(std::move(content)); });
+  MakeVariant(value, [&](auto content) { values.emplace_back(std::move(content)); });
 }
 
 Variant Coerce(const jet::Column& column, const Variant& value) {
