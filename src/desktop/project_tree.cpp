@@ -66,6 +66,7 @@ ProjectTree::ProjectTree(wxWindow* parent, const wxString& name)
   AppendColumn(column);
   SetExpanderColumn(column);
   wx::SetAccessibleName(*this, name);
+  wx::DisableNativeSearch(*this);
   BindEvents();
 }
 
@@ -135,7 +136,7 @@ void ProjectTree::SelectKey(const std::string& key) {
   if (!node) return;
   EnsureVisible(ItemOf(node));
   Select(ItemOf(node));
-  SetCurrentItem(ItemOf(node));
+  wx::PutKeyboardOnSelection(*this);
   if (node->key == reported_) return;
   reported_ = node->key;
   if (on_select) on_select(*node);

@@ -117,6 +117,18 @@ void SetAccessibleDescription(wxWindow& window, const wxString& description) {
   if (object) atk_object_set_description(object, description.utf8_str());
 }
 
+void DisableNativeSearch(wxDataViewCtrl& list) {
+  gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
+}
+
+void PutKeyboardOnSelection(wxDataViewCtrl& list) {
+  GtkTreeView* tree = GTK_TREE_VIEW(list.GtkGetTreeView());
+  GList* rows = gtk_tree_selection_get_selected_rows(gtk_tree_view_get_selection(tree), nullptr);
+  if (rows) gtk_tree_view_set_cursor(tree, static_cast<GtkTreePath*>(rows->data), nullptr, FALSE);
+  g_list_free_full(rows,
+                   [](gpointer path) { gtk_tree_path_free(static_cast<GtkTreePath*>(path)); });
+}
+
 void KeepScrollbarsBeside(wxWindow& window) {
   if (!GTK_IS_SCROLLED_WINDOW(window.GetHandle())) return;
   GtkScrolledWindow* native = GTK_SCROLLED_WINDOW(window.GetHandle());
