@@ -100,9 +100,11 @@ class Program : public wxApp {
     auto* window = new desktop::MainWindow(
         {files, *toolkit_, *window_system_, *help_, *settings_, *texts_, *state_, options});
     window->Show();
-    window->TellLastCrash();
     const std::string path = project_.empty() ? state_->project : project_;
-    if (!path.empty()) window->CallAfter([window, path] { window->OpenProject(path); });
+    window->CallAfter([window, path] {
+      if (!path.empty()) window->OpenProject(path);
+      window->TellLastCrash();
+    });
   }
 
   // A state folder that cannot be written is told when something is to be kept in it.

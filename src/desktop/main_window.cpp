@@ -418,7 +418,11 @@ void MainWindow::TellLastCrash() {
   const std::string log = NewestCrashLog(parts_.files, parts_.state.folder());
   if (log.empty() || log == parts_.state.told_crash_log) return;
   parts_.state.told_crash_log = log;
-  ShowStatus(parts_.texts.Text(TextNumber::kTextCrashedBefore, {{"<File>", log}}));
+  parts_.state.Save();
+  parts_.toolkit.Show({Text(TextNumber::kTextCrashedBefore),
+                       parts_.texts.Text(TextNumber::kTextFaultDetail, {{"<File>", log}}), "",
+                       platform::MessageButtons::kOk, platform::MessageResult::kOk,
+                       platform::MessageIcon::kWarning});
 }
 
 void MainWindow::ShowStatus(const std::string& text) { SetStatusText(wx::ToWx(text)); }

@@ -72,8 +72,8 @@ constexpr Row kRows[] = {
      "The program met a fault. Your files are as they were before."},
     {1545, "Das Protokoll <File> hält Version und Schritte fest, keine Inhalte des Projekts.",
      "The log <File> holds version and steps, nothing of the project's contents."},
-    {1546, "Das Programm wurde beim letzten Mal unerwartet beendet; Protokoll: <File>",
-     "The program ended unexpectedly the last time; log: <File>"},
+    {1546, "Das Programm wurde beim letzten Mal unerwartet beendet.",
+     "The program ended unexpectedly the last time."},
 
     {1560, "Geöffnet: <File>", "Opened: <File>"},
 };

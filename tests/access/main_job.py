@@ -4,14 +4,11 @@
 
 Does the main job in the desktop window as somebody does who hears the screen and has no mouse:
 every control is found on the accessibility bus by its role and name, and used by keys."""
-import os
-import shutil
-import subprocess
 import sys
-import tempfile
-import time
 
 import pyatspi
+
+from bus import (Desk, active, expect, fail, find, focus, gone, press, wait, walk, window, write)
 
 WORDS = {
     "en": dict(tree="Project tree", formulas="Formulas", folder="Formula Definition",
@@ -35,110 +32,6 @@ WORDS = {
                formulas_page="Formeln", aliases_page="Aliase",
                code_page="Was im Code geschieht"),
 }
-PATIENCE = 20  # seconds
-
-
-def fail(text):
-    print("FAILED:", text)
-    if "OV_PICTURE" in os.environ:
-        subprocess.run(["import", "-window", "root", os.environ["OV_PICTURE"]], check=False)
-    application = find_application()
-    if application:
-        dump(application)
-    sys.exit(1)
-
-
-def dump(node, depth=0):
-    print("  " * depth + node.getRoleName(), repr(name_of(node)))
-    for i in range(min(node.childCount, 30)):
-        if depth < 14 and node[i] is not None:
-            dump(node[i], depth + 1)
-
-
-def wait(what, condition):
-    end = time.time() + PATIENCE
-    while time.time() < end:
-        try:
-            result = condition()
-        except Exception:  # the widget went while it was looked at
-            result = None
-        if result:
-            return result
-        time.sleep(0.1)
-    fail("no " + what)
-
-
-def find_application():
-    for application in pyatspi.Registry.getDesktop(0):
-        if application is not None and application.name == "ovformula-desktop":
-            return application
-    return None
-
-
-def name_of(node):
-    """The name as a screen reader says it: the control's own, or that of its label."""
-    for relation in node.getRelationSet():
-        if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY:
-            return relation.getTarget(0).name
-    return node.name
-
-
-def showing(node):
-    return node.getState().contains(pyatspi.STATE_SHOWING)
-
-
-def walk(node):
-    """Everything below a node that is shown; of a table its first cells."""
-    yield node
-    for i in range(min(node.childCount, 120)):
-        child = node[i]
-        if child is not None and showing(child):
-            yield from walk(child)
-
-
-def find(role, name, root=None):
-    root = root or find_application()
-    for window in ([root] if root.getRole() != pyatspi.ROLE_APPLICATION else root):
-        for node in walk(window):
-            if node.getRoleName() == role and name_of(node).strip(":") == name:
-                return node
-    return None
-
-
-def expect(role, name, root=None):
-    return wait(f"{role} \"{name}\"", lambda: find(role, name, root))
-
-
-def window(title):
-    return wait(f"window \"{title}\"", lambda: next(
-        (w for w in find_application() if w.name == title and showing(w)), None))
-
-
-def active(title_part):
-    """Waits until the window has the keyboard."""
-    return wait(f"active window \"{title_part}\"", lambda: next(
-        (w for w in find_application()
-         if title_part in w.name and w.getState().contains(pyatspi.STATE_ACTIVE)), None))
-
-
-def gone(title):
-    wait(f"end of window \"{title}\"", lambda: not any(
-        w.name == title and showing(w) for w in find_application()))
-
-
-def press(*keys):
-    for key in keys:
-        subprocess.run(["xdotool", "key", "--clearmodifiers", key], check=True)
-        time.sleep(0.15)
-
-
-def write(text):
-    subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "30", text], check=True)
-
-
-def focus(node):
-    node.queryComponent().grabFocus()
-    time.sleep(0.3)
 
 
 def select_node(w, name):
@@ -165,40 +58,24 @@ def expect_help(w, title):
 
 
 def main():
-    program, desktop, example, language = sys.argv[1:5]
-    w = WORDS[language]
-    folder = tempfile.mkdtemp()
-    os.environ["HOME"] = folder
-    os.environ["XDG_STATE_HOME"] = folder + "/state"
-    os.environ["XDG_CONFIG_HOME"] = folder + "/config"
-    shutil.copytree(example, folder + "/plant")
-    database = folder + "/plant/Plant.ovs"
-
-    def ovformula(*arguments):
-        return subprocess.run([program, *arguments, "--lang", language], check=True,
-                              stdout=subprocess.PIPE, text=True).stdout
-
-    ovformula("new", database, "--vbp", folder + "/plant/PumpServer.vbp")
-    ovformula("alias", "add", database, "Tank1.Level", "Level")
-    ovformula("formula", "add", database, "--name", "Old", "--class", "PumpServer.CPump")
-    running = subprocess.Popen([desktop, "--lang", language, database])
+    desk = Desk(*sys.argv[1:5])
+    running = desk.start(desk.database)
     try:
-        do_job(w)
+        do_job(WORDS[desk.language])
     finally:
         running.terminate()
         running.wait()
-    formulas = ovformula("formula", "list", database)
+    formulas = desk.run("formula", "list", desk.database)
     if "\tFill\tPumpServer." not in formulas:
         fail("the formula is not in the database:\n" + formulas)
-    arguments = ovformula("argument", "list", database, "Fill").split("\t")
+    arguments = desk.run("argument", "list", desk.database, "Fill").split("\t")
     if arguments[3] != "Level" or arguments[5:] != ["true", "true\n"]:
         fail("the argument is not in the database: " + repr(arguments))
-    shutil.rmtree(folder)
+    desk.remove()
     print("done")
 
 
 def do_job(w):
-    wait("application", find_application)
     expect("tree table", w["tree"])
     for name in (w["formulas"], w["aliases"], w["folder"], "Old"):
         expect("table cell", name, find("tree table", w["tree"]))
