@@ -52,7 +52,7 @@ enum TextNumber : int {
   kTextFault,
   kTextFaultDetail,
   kTextCrashedBefore,
-  
+
   kTextOpened = 1560,
 };
 

@@ -102,7 +102,7 @@ def main():
         fail("the crash changed a file")
     running = desk.start()
     wait("word of the crash", lambda: any(
-        "ended unexpectedly" in node.name for node in walk(find_application()[0])))
+        "ended unexpectedly" in node.name for top in find_application() for node in walk(top)))
     running.terminate()
     running.wait()
     desk.remove()
