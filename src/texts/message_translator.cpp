@@ -18,7 +18,7 @@ bool IsAnyOf(std::string_view set, char c) { return set.find(c) != std::string_v
 bool IsEnd(std::string_view message, std::size_t at) {
   if (at == message.size()) return true;
   if (message[at] == '\r' || message[at] == '\n') return true;
-  if (message[at] == ' ') return IsAnyOf(kStops, message[at - 1]);
+  if (message[at] == ' ') return at > 0 && IsAnyOf(kStops, message[at - 1]);
   return IsAnyOf(kStops, message[at]) &&
          (at + 1 == message.size() || IsAnyOf(kBlanks, message[at + 1]));
 }
