@@ -2,6 +2,7 @@
 // Positions, filters, searches and blocks of rows.
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 #include "tests/recordset/row_text.h"
@@ -212,6 +213,43 @@ TEST_F(CursorTest, FindsFromTheCurrentRowOn) {
   auto empty = db_.Open("TvbfParams");
   empty->Find("ID = 1");
   EXPECT_EQ(Ends(*empty), "BE");
+}
+
+// From every kind of position, with criteria that an index answers for few rows or for many, and
+// with those that none answers.
+TEST_F(CursorTest, FindsByIndexWhatReadingFinds) {
+  db_.connection()->BeginTrans();
+  for (std::int32_t i = 0; i < 200; ++i) db_.AddArgument(i % 2, i / 2 * 37 % 100, i % 3 != 0);
+  db_.connection()->CommitTrans();
+  std::mt19937 random(3);
+  for (const char* index : {"", "Unique"}) {
+    for (int round = 0; round < 300; ++round) {
+      auto rs = *index ? db_.OpenTable("TvbfParams", index) : db_.Open("TvbfParams");
+      const platform::VariantArray rows = rs->GetRows(-1, {});
+      const std::size_t column = random() % 4;
+      const Variant value = rows.At(column, random() % rows.second);
+      const std::string criterion =
+          rs->FieldNames()[column] + " = " + std::to_string(value.ToLong());
+      std::size_t from = random() % 204;
+      if (round % 2 == 0) rs->Requery();
+      rs->MoveFirst();
+      if (from < 200) {
+        rs->SetAbsolutePosition(static_cast<std::int32_t>(from) + 1);
+      } else if (from == 200) {
+        rs->MoveLast();
+        rs->MoveNext();
+      } else {
+        if (from == 201) rs->MovePrevious();  // otherwise not looked at yet
+        from = 0;
+      }
+      while (from < 200 && rows.At(column, from) != value) ++from;
+      rs->Find(criterion);
+      const std::string where = std::string(index) + ": " + criterion;
+      ASSERT_EQ(rs->EOF_(), from >= 200) << where;
+      if (from >= 200) continue;
+      ASSERT_EQ(rs->Fields("ID").Value(), rows.At(0, from)) << where;
+    }
+  }
 }
 
 TEST_F(CursorTest, SeeksInTheOrderOfTheIndex) {

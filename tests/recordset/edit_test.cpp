@@ -2,9 +2,12 @@
 // Adding, changing and deleting rows, transactions, and what others do meanwhile.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstddef>
 #include <string>
 
 #include "files/unit_of_work.h"
+#include "recordset/value_conversion.h"
 #include "tests/recordset/row_text.h"
 #include "tests/support/memory_database.h"
 
@@ -360,6 +363,7 @@ TEST_F(EditTest, FieldsTellTheirTypesInAdosCodes) {
     Variant value;
     Variant stored;
   };
+  const std::vector<std::uint8_t> bytes = {0, 1, 255, 0};
   const Case cases[] = {
       {DataType::kBoolean, 11, true, true},
       {DataType::kUnsignedTinyInt, 17, 200, 200},
@@ -371,13 +375,16 @@ TEST_F(EditTest, FieldsTellTheirTypesInAdosCodes) {
       {DataType::kDate, 7, platform::Date{36526.25}, platform::Date{36526.25}},
       {DataType::kVarWChar, 202, "text", "text"},
       {DataType::kLongVarWChar, 203, std::string(5000, 'm'), std::string(5000, 'm')},
+      {DataType::kVarBinary, 204, bytes, bytes},
+      {DataType::kLongVarBinary, 205, bytes, bytes},
   };
   std::vector<platform::Connection::ColumnInfo> columns;
   std::vector<std::string> names;
   std::vector<Variant> values;
   for (const Case& c : cases) {
     names.push_back("F" + std::to_string(c.code));
-    columns.push_back({names.back(), c.type, c.type == DataType::kVarWChar ? 10 : 0, false});
+    const bool sized = c.type == DataType::kVarWChar || c.type == DataType::kVarBinary;
+    columns.push_back({names.back(), c.type, sized ? 10 : 0, false});
     values.push_back(c.value);
   }
   db_.connection()->CreateTable("Types", columns, {});
@@ -390,6 +397,19 @@ TEST_F(EditTest, FieldsTellTheirTypesInAdosCodes) {
     EXPECT_EQ(field.Value(), c.stored) << c.code;
   }
   EXPECT_EQ(again->Fields("F202").DefinedSize(), 10);
+}
+
+// Such columns can be read, not written.
+TEST_F(EditTest, TypesOfOtherProgramsHaveAdosCodesToo) {
+  db_.connection()->CreateTable("Types", {{"Key", platform::DataType::kGuid, 0, false}}, {});
+  const std::array<std::byte, 16> stored = {std::byte{0x33}, std::byte{0x22}, std::byte{0x11}};
+  const jet::ColumnValue values[] = {{0, jet::Value::Guid(stored)}};
+  db_.connection()->database().OpenTable("Types").Insert(values);
+  auto rs = db_.Open("Types");
+  EXPECT_EQ(static_cast<int>(rs->Fields("Key").Type()), 72);
+  EXPECT_EQ(rs->Fields("Key").Value(), Variant("{00112233-0000-0000-0000-000000000000}"));
+  EXPECT_EQ(ErrorOf([&] { rs->Fields("Key").SetValue("{}"); }), platform::kErrFeatureNotAvailable);
+  EXPECT_EQ(static_cast<int>(DataTypeOf(jet::ColumnType::kDecimal)), 131);
 }
 
 TEST_F(EditTest, RowsOfJoinsAndOfReadOnlyFilesCannotBeChanged) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <tuple>
 
 #include "files/failing_file_system.h"
 #include "tests/recordset/row_text.h"
@@ -23,11 +24,30 @@ struct Case {
 
 constexpr char kBefore[] = "1|Item.A|A 2|Item.B|B 3|Item.C|C";
 
-class RecordsetFaultTest : public testing::TestWithParam<Case> {};
+// Whether the edit was carried out. In a transaction it counts only when that is committed.
+bool Edit(JetConnection& connection, Recordset& rows, const Case& c, bool in_transaction) {
+  bool open = false;
+  try {
+    if (in_transaction) connection.BeginTrans();
+    open = in_transaction;
+    c.edit(rows);
+    if (open) connection.CommitTrans();
+    return true;
+  } catch (const platform::Error& error) {
+    EXPECT_FALSE(error.description().empty());
+  }
+  if (open) connection.RollbackTrans();
+  return false;
+}
+
+class RecordsetFaultTest : public testing::TestWithParam<std::tuple<Case, bool>> {};
 
 TEST_P(RecordsetFaultTest, LeavesRowsAsBeforeOrAsAfter) {
+  const auto& [edit, in_transaction] = GetParam();
   bool ran_without_fault = false;
-  for (int n = 1; !ran_without_fault && n < 500; ++n) {
+  int n = 0;
+  while (!ran_without_fault && n < 500) {
+    ++n;
     support::MemoryDatabase db;
     for (const char* name : {"A", "B", "C"}) db.AddAlias(std::string("Item.") + name, name);
     db.connection()->Close();
@@ -40,18 +60,13 @@ TEST_P(RecordsetFaultTest, LeavesRowsAsBeforeOrAsAfter) {
     files::Fault fault;
     fault.n = n;
     failing.Arm(fault);
-    bool done = true;
-    try {
-      GetParam().edit(*rows);
-    } catch (const platform::Error& error) {
-      done = false;
-      EXPECT_FALSE(error.description().empty());
-    }
+    const bool done = Edit(connection, *rows, edit, in_transaction);
     ran_without_fault = !failing.fired();
     failing.Disarm();
     if (rows->GetEditMode() != platform::EditMode::kNone) rows->CancelUpdate();
 
-    const std::string expected = done ? GetParam().after : kBefore;
+    EXPECT_TRUE(done || !ran_without_fault);
+    const std::string expected = done ? edit.after : kBefore;
     EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(connection, "TvbfAlias")), expected)
         << "fault " << n;
     rows->Requery();
@@ -65,24 +80,55 @@ TEST_P(RecordsetFaultTest, LeavesRowsAsBeforeOrAsAfter) {
     if (HasFailure()) return;
   }
   EXPECT_TRUE(ran_without_fault);
+  EXPECT_GT(n, 5) << "hardly anything failed";
+}
+
+const Case kCases[] = {
+    {"Add",
+     [](Recordset& rows) {
+       rows.AddNew({"ItemID", "VBAlias"}, {"Item.D", "D"});
+     },
+     "1|Item.A|A 2|Item.B|B 3|Item.C|C 4|Item.D|D"},
+    {"Change",
+     [](Recordset& rows) {
+       rows.Fields("ItemID").SetValue("New");
+       rows.Fields("VBAlias").SetValue("Z");
+       rows.Update();
+     },
+     "1|Item.A|A 2|New|Z 3|Item.C|C"},
+    {"Delete", [](Recordset& rows) { rows.Delete(); }, "1|Item.A|A 3|Item.C|C"},
+};
+
+std::string CaseName(const testing::TestParamInfo<std::tuple<Case, bool>>& info) {
+  const auto& [edit, in_transaction] = info.param;
+  return std::string(edit.name) + (in_transaction ? "InATransaction" : "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Edits, RecordsetFaultTest,
-                         testing::Values(Case{"Add",
-                                              [](Recordset& rows) {
-                                                rows.AddNew({"ItemID", "VBAlias"}, {"Item.D", "D"});
-                                              },
-                                              "1|Item.A|A 2|Item.B|B 3|Item.C|C 4|Item.D|D"},
-                                         Case{"Change",
-                                              [](Recordset& rows) {
-                                                rows.Fields("ItemID").SetValue("New");
-                                                rows.Fields("VBAlias").SetValue("Z");
-                                                rows.Update();
-                                              },
-                                              "1|Item.A|A 2|New|Z 3|Item.C|C"},
-                                         Case{"Delete", [](Recordset& rows) { rows.Delete(); },
-                                              "1|Item.A|A 3|Item.C|C"}),
-                         [](const auto& param) { return std::string(param.param.name); });
+                         testing::Combine(testing::ValuesIn(kCases), testing::Bool()), CaseName);
+
+// A row that is refused in the middle of a transaction leaves nothing behind in it.
+TEST(RecordsetFaults, ARefusedRowLeavesItsTransactionWhole) {
+  support::MemoryDatabase db;
+  for (const char* name : {"A", "B"}) db.AddAlias("Item", name);
+  auto rows = db.Open("TvbfAlias");
+  db.connection()->BeginTrans();
+  // The primary key has its entry by the time the other index finds a row of that name.
+  EXPECT_THROW(rows->AddNew({"VBAlias"}, {"a"}), platform::Error);
+  rows->MoveLast();
+  rows->Fields("ItemID").SetValue(std::string(255, 'x'));
+  rows->Fields("VBAlias").SetValue("a");
+  EXPECT_THROW(rows->Update(), platform::Error);
+  rows->CancelUpdate();
+  rows->AddNew({"ItemID", "VBAlias"}, {"Item", "C"});
+  db.connection()->CommitTrans();
+  auto other = db.Connect();
+  EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other,
+                                                    "SELECT ItemID, VBAlias FROM "
+                                                    "TvbfAlias")),
+            "Item|A Item|B Item|C");
+  EXPECT_TRUE(other->database().Verify().ok());
+}
 
 }  // namespace
 }  // namespace recordset

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 // A recordset beside a plain model of it, while another one changes the table: random moves,
-// filters, searches, additions and deletions.
+// filters, searches, bookmarks, additions, changes and deletions.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <optional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/memory_database.h"
@@ -60,15 +62,26 @@ class Model {
   void MoveLast() { Go(Size() - 1, -1); }
   void MoveNext() { Go(deleted_ ? at_ : at_ + 1, 1); }
   void MovePrevious() { Go(std::min(at_, Size()) - 1, -1); }
-  void Find(std::int32_t parent) {
+  void FindForward(std::int32_t parent) {
     if (at_ == kNowhere) return;
     if (at_ < 0) at_ = 0;
     deleted_ = false;
     if (keys_.empty()) at_ = kNowhere;
-    while (at_ != kNowhere && at_ < Size()) {
-      if (!IsGone(*Current()) && table_.at(*Current()) == parent) return;
-      ++at_;
-    }
+    while (at_ != kNowhere && at_ < Size() && !IsIn(parent)) ++at_;
+  }
+  void FindBackward(std::int32_t parent) {
+    if (at_ == kNowhere) return;
+    if (deleted_ || at_ >= Size()) at_ = std::min(at_, Size()) - 1;
+    deleted_ = false;
+    while (at_ >= 0 && !IsIn(parent)) --at_;
+    if (keys_.empty()) at_ = kNowhere;
+  }
+  // False, changing nothing, when the row is not among those that are known.
+  bool GoToRow(std::int32_t id) {
+    const auto found = std::find(keys_.begin(), keys_.end(), id);
+    if (found == keys_.end()) return false;
+    Go(found - keys_.begin(), 1);
+    return true;
   }
   void Add(std::int32_t id) {
     keys_.push_back(id);
@@ -81,9 +94,16 @@ class Model {
     deleted_ = true;
   }
   bool empty() const { return keys_.empty(); }
+  // From 1 on.
+  std::int32_t Position() const { return static_cast<std::int32_t>(at_) + 1; }
+  std::int32_t Count() const { return static_cast<std::int32_t>(keys_.size()); }
 
  private:
   static constexpr std::ptrdiff_t kNowhere = -99;
+  // Whether the current row is there and has that parent.
+  bool IsIn(std::int32_t parent) const {
+    return !IsGone(*Current()) && table_.at(*Current()) == parent;
+  }
   bool IsGone(std::int32_t id) const {
     const auto row = table_.find(id);
     return row == table_.end() || (parent_ && row->second != *parent_);
@@ -97,10 +117,24 @@ class Model {
   bool deleted_ = false;
 };
 
+// Every second seed lets another connection change the table.
 class MovingDataTest : public testing::TestWithParam<unsigned> {
  protected:
+  MovingDataTest() : connection_(GetParam() % 2 == 0 ? db_.connection() : db_.Connect()) {
+    // Keeps the page, so that the places of deleted rows are not given away again.
+    Others()->AddNew({"ParentID", "AliasID"}, {-1, 0});
+    for (int i = 0; i < 12; ++i) AddRow(*Others());
+    rows_ = db_.Open("SELECT * FROM TvbfParams WHERE ParentID >= 0");
+    model_.Settle(std::nullopt);
+  }
+
+  std::shared_ptr<platform::Recordset> Others(const std::string& filter = "") {
+    auto rows = support::MemoryDatabase::Open(*connection_, "TvbfParams");
+    rows->SetFilter(filter);
+    return rows;
+  }
   std::int32_t AddRow(platform::Recordset& rows) {
-    const std::int32_t parent = Below(4);
+    const std::int32_t parent = Below(kParents);
     rows.AddNew({"ParentID", "AliasID"}, {parent, ++alias_});
     const std::int32_t id = rows.Fields("ID").Value().ToLong();
     table_[id] = parent;
@@ -109,90 +143,145 @@ class MovingDataTest : public testing::TestWithParam<unsigned> {
   std::int32_t Below(std::int32_t end) {
     return static_cast<std::int32_t>(random_() % static_cast<unsigned>(end));
   }
+  static std::string IsParent(std::int32_t parent) {
+    return "ParentID = " + std::to_string(parent);
+  }
+
+  void Move() {
+    switch (Below(5)) {
+      case 0:
+        if (!model_.empty()) rows_->MoveFirst(), model_.MoveFirst();
+        break;
+      case 1:
+        if (!model_.empty()) rows_->MoveLast(), model_.MoveLast();
+        break;
+      case 2:
+        if (!model_.AtBegin()) rows_->MovePrevious(), model_.MovePrevious();
+        break;
+      default:
+        if (!model_.AtEnd()) rows_->MoveNext(), model_.MoveNext();
+    }
+  }
+
+  void Search() {
+    const std::int32_t parent = Below(kParents);
+    switch (Below(4)) {
+      case 0:
+        rows_->Find(IsParent(parent), platform::SearchDirection::kBackward);
+        model_.FindBackward(parent);
+        break;
+      case 1:
+        rows_->SetFilter(IsParent(parent));
+        model_.Settle(parent);
+        break;
+      case 2:
+        rows_->SetFilter("");
+        model_.Settle(std::nullopt);
+        break;
+      default:
+        rows_->Find(IsParent(parent));
+        model_.FindForward(parent);
+    }
+  }
+
+  void Mark() {
+    if (const auto id = model_.Current(); id && Below(2) == 0) {
+      marked_.emplace_back(rows_->GetBookmark(), *id);
+    } else if (!marked_.empty()) {
+      const auto& [bookmark, row] =
+          marked_[static_cast<std::size_t>(Below(static_cast<std::int32_t>(marked_.size())))];
+      bool known = true;
+      try {
+        rows_->SetBookmark(bookmark);
+      } catch (const platform::Error& error) {
+        ASSERT_EQ(error.number(), platform::kErrInvalidArgument) << trace_;
+        known = false;
+      }
+      ASSERT_EQ(model_.GoToRow(row), known) << trace_;
+    }
+  }
+
+  void Edit() {
+    const auto id = model_.Current();
+    switch (Below(3)) {
+      case 0:
+        model_.Add(AddRow(*rows_));
+        break;
+      case 1:
+        if (!id) break;
+        rows_->Delete();
+        table_.erase(*id);
+        model_.DeleteCurrent();
+        break;
+      default:
+        if (!id) break;
+        table_[*id] = Below(kParents);
+        rows_->Fields("ParentID").SetValue(table_[*id]);
+        rows_->Update();
+    }
+  }
+
+  // Somebody adds a row, which does not join those that are known, or deletes or changes one that
+  // is not current.
+  void OthersEdit() {
+    const int what = Below(4);
+    if (what == 0 || table_.empty()) {
+      AddRow(*Others());
+      return;
+    }
+    const auto row = std::next(table_.begin(), Below(static_cast<std::int32_t>(table_.size())));
+    if (model_.Current() == row->first) return;
+    const auto others = Others("ID = " + std::to_string(row->first));
+    if (what == 1) {
+      others->Delete();
+      table_.erase(row);
+    } else {
+      row->second = Below(kParents);
+      others->Fields("ParentID").SetValue(row->second);
+      others->Update();
+    }
+  }
+
+  void Check() {
+    const auto current = model_.Current();
+    ASSERT_EQ(rows_->BOF(), model_.AtBegin()) << trace_;
+    ASSERT_EQ(rows_->EOF_(), model_.AtEnd()) << trace_;
+    ASSERT_EQ(rows_->RecordCount(), model_.Count()) << trace_;
+    ASSERT_EQ(rows_->AbsolutePosition(), current ? model_.Position() : 0) << trace_;
+    if (!current) return;
+    ASSERT_EQ(rows_->Fields("ID").Value(), Variant(*current)) << trace_;
+    ASSERT_EQ(rows_->Fields("ParentID").Value(), Variant(table_.at(*current))) << trace_;
+  }
+
+  static constexpr std::int32_t kParents = 4;
 
   support::MemoryDatabase db_;
+  std::shared_ptr<platform::Connection> connection_;  // of the others
   Rows table_;
   std::int32_t alias_ = 0;
   std::mt19937 random_{GetParam()};
+  std::shared_ptr<platform::Recordset> rows_;
+  Model model_{table_};
+  std::vector<std::pair<platform::Bookmark, std::int32_t>> marked_;
+  std::string trace_;
 };
 
 TEST_P(MovingDataTest, StaysWithTheModel) {
-  auto other = db_.Open("TvbfParams");
-  // Keeps the page, so that the places of deleted rows are not given away again.
-  other->AddNew({"ParentID", "AliasID"}, {-1, 0});
-  for (int i = 0; i < 12; ++i) AddRow(*other);
-  auto rows = db_.Open("SELECT * FROM TvbfParams WHERE ParentID >= 0");
-  Model model(table_);
-  model.Settle(std::nullopt);
-
-  std::string trace;
-  for (int step = 0; step < 400; ++step) {
-    const int action = Below(14);
-    trace += " " + std::to_string(action);
-    const std::int32_t parent = Below(4);
-    switch (action) {
-      case 0:
-        if (!model.empty()) rows->MoveFirst(), model.MoveFirst();
-        break;
-      case 1:
-        if (!model.empty()) rows->MoveLast(), model.MoveLast();
-        break;
-      case 2:
-      case 3:
-        if (!model.AtEnd()) rows->MoveNext(), model.MoveNext();
-        break;
-      case 4:
-        if (!model.AtBegin()) rows->MovePrevious(), model.MovePrevious();
-        break;
-      case 5:
-        rows->Find("ParentID = " + std::to_string(parent));
-        model.Find(parent);
-        break;
-      case 6:
-        rows->SetFilter("ParentID = " + std::to_string(parent));
-        model.Settle(parent);
-        break;
-      case 7:
-        rows->SetFilter("");
-        model.Settle(std::nullopt);
-        break;
-      case 8:
-        model.Add(AddRow(*rows));
-        break;
-      case 9:
-        AddRow(*other);  // does not join the rows
-        break;
-      case 10:
-        if (const auto id = model.Current()) {
-          rows->Delete();
-          table_.erase(*id);
-          model.DeleteCurrent();
-        }
-        break;
-      case 11:
-        if (const auto id = model.Current()) {
-          rows->Fields("ParentID").SetValue(parent);
-          rows->Update();
-          table_[*id] = parent;
-        }
-        break;
-      default:
-        // Somebody deletes a row that is not the current one.
-        if (!table_.empty()) {
-          const auto row =
-              std::next(table_.begin(), Below(static_cast<std::int32_t>(table_.size())));
-          if (model.Current() == row->first) break;
-          other->SetFilter("ID = " + std::to_string(row->first));
-          other->Delete();
-          table_.erase(row);
-        }
+  for (int step = 0; step < 500 && !HasFatalFailure(); ++step) {
+    const int action = Below(10);
+    trace_ += " " + std::to_string(action);
+    if (action < 3) {
+      Move();
+    } else if (action < 5) {
+      Search();
+    } else if (action == 5) {
+      Mark();
+    } else if (action < 8) {
+      Edit();
+    } else {
+      OthersEdit();
     }
-    const auto current = model.Current();
-    ASSERT_EQ(rows->BOF(), model.AtBegin()) << trace;
-    ASSERT_EQ(rows->EOF_(), model.AtEnd()) << trace;
-    if (!current) continue;
-    ASSERT_EQ(rows->Fields("ID").Value(), Variant(*current)) << trace;
-    ASSERT_EQ(rows->Fields("ParentID").Value(), Variant(table_.at(*current))) << trace;
+    Check();
   }
 }
 
