@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "codegen/sub_lines.h"
 #include "files/memory_file_system.h"
 #include "tests/support/code_model_wrappers.h"
 #include "tests/support/project_doubles.h"
@@ -83,6 +84,9 @@ std::vector<Case> Cases() {
   const auto remove = [](CVBFormulaCode& g) { g.DeleteFunction(kClass, "A"); };
   const auto rebuild = [](CVBFormulaCode& g) { g.RebuildFunctionCommentHeader("A", kClass); };
   const auto declare = [](CVBFormulaCode& g) { g.AddParameter(kClass, "Level", "Tank1.Level"); };
+  const auto undeclare = [](CVBFormulaCode& g) {
+    g.DeleteParameter(kClass, "Level", {1, "A", 1, 0});
+  };
   const std::string sub = "Public Sub A()\n\nEnd Sub\n";
   return {
       // Adding.
@@ -181,6 +185,11 @@ std::vector<Case> Cases() {
        rename,
        "Option Explicit\n" + Header("B") + "Public Sub B()\n\nEnd Sub\n",
        {1102}},
+      {"deleted by hand, notes at the end",
+       "' my notes\n",
+       rename,
+       "' my notes\n" + Header("B") + "Public Sub B()\n\nEnd Sub\n",
+       {1102}},
       {"renamed already", Header("B") + "Public Sub B()\nEnd Sub\n", rename,
        Header("B") + "Public Sub B()\nEnd Sub\n"},
       {"a function is no formula",
@@ -222,13 +231,28 @@ std::vector<Case> Cases() {
        "Property Get A()\nEnd Property\n",
        {1101}},
       {"a variable is no formula", "Public A As Long\n", off, "Public A As Long\n", {1101}},
+      {"nor is a declared external procedure",
+       "Private Declare Sub A Lib \"a\" ()\n",
+       off,
+       "Private Declare Sub A Lib \"a\" ()\n",
+       {1101}},
 
       // Deleting.
       {"up to its end only", Header("A") + sub + Header("B") + "Public Sub B()\nEnd Sub\n", remove,
        Header("A") + Header("B") + "Public Sub B()\nEnd Sub\n"},
       {"not the code behind it", "' note\nPublic Sub A()\nEnd Sub\nPublic Sub B()\nEnd Sub\n",
        remove, "' note\nPublic Sub B()\nEnd Sub\n"},
-
+      {"no function",
+       "Function A()\nEnd Function\n",
+       remove,
+       "Function A()\nEnd Function\n",
+       {1101}},
+      {"no property",
+       "Property Get A()\nEnd Property\n",
+       remove,
+       "Property Get A()\nEnd Property\n",
+       {1101}},
+      {"no variable", "Public A As Long\n", remove, "Public A As Long\n", {1101}},
       {"not the ends of an #If block",
        "#If X Then\nPublic Sub A(y)\n#Else\nPublic Sub A()\n#End If\nz\nEnd Sub\n",
        remove,
@@ -284,10 +308,33 @@ std::vector<Case> Cases() {
        {1112, 1103}},
       {"another's declaration is left",
        "Public Level As Long, B1 As Long\n",
-       [](CVBFormulaCode& g) {
-         g.DeleteParameter(kClass, "Level", {1, "A", 1, 0});
-       },
+       undeclare,
        "Public Level As Long, B1 As Long\n",
+       {1104, 1101}},
+      {"so is one that is not public",
+       "Private Level As Long\n",
+       undeclare,
+       "Private Level As Long\n",
+       {1104, 1101}},
+      {"one of objects with events",
+       "Public WithEvents Level As CPort\n",
+       undeclare,
+       "Public WithEvents Level As CPort\n",
+       {1104, 1101}},
+      {"one that begins in the line above",
+       "Private B1 As Long: _\nPublic Level As Long\n",
+       undeclare,
+       "Private B1 As Long: _\nPublic Level As Long\n",
+       {1104, 1101}},
+      {"one that goes on in the next line",
+       "Public Level _\n  As Long\n",
+       undeclare,
+       "Public Level _\n  As Long\n",
+       {1104, 1101}},
+      {"a procedure of that name",
+       "Public Sub Level()\nEnd Sub\n",
+       undeclare,
+       "Public Sub Level()\nEnd Sub\n",
        {1104, 1101}},
   };
 }
@@ -345,6 +392,53 @@ TEST(FormulaCodeTest, HeaderEndsBelowSwitchedOffCode) {
               "Option Explicit\n" + Header("Z") +
                   "'Public Sub Z()\n'End Sub\n\n' mine\n\nPublic Sub A()\nEnd Sub\n");
     EXPECT_EQ(fixture.generator.GetFunctionCommentHeader("Z", kClass), "");
+  }
+}
+
+// The environment may have rewritten a header: what still says the same keeps its spelling.
+TEST(FormulaCodeTest, WritesOnlyTheLinesThatDiffer) {
+  class Recorder : public support::ModuleWrapper {
+   public:
+    using ModuleWrapper::ModuleWrapper;
+    void InsertLines(std::int32_t line, std::string_view text) override {
+      edits += "+" + std::to_string(line) + " " + std::string(text) + "|";
+      ModuleWrapper::InsertLines(line, text);
+    }
+    void ReplaceLine(std::int32_t line, std::string_view text) override {
+      edits += "~" + std::to_string(line) + " " + std::string(text) + "|";
+      ModuleWrapper::ReplaceLine(line, text);
+    }
+    void DeleteLines(std::int32_t start, std::int32_t count) override {
+      edits += "-" + std::to_string(start) + " " + std::to_string(count) + "|";
+      ModuleWrapper::DeleteLines(start, count);
+    }
+    std::string edits;
+  };
+  using Lines = std::vector<std::string>;
+  const struct {
+    Lines before, wanted;
+    const char* edits;
+    Lines after;
+  } kCases[] = {
+      {{"a", "'  B"}, {"A", "'\tB"}, "", {"a", "'  B"}},
+      {{"a", "b", "d"}, {"A", "b", "c", "D"}, "+4 c|", {"a", "b", "c", "d"}},
+      {{"a", "b", "c", "d"}, {"A", "D"}, "-3 2|", {"a", "d"}},
+      {{"a", "b", "c"}, {"A", "x", "C"}, "~3 x|", {"a", "x", "c"}},
+      {{"a", "b", "c", "d"}, {"x", "b", "y"}, "~2 x|~4 y|-5 1|", {"x", "b", "y"}},
+      {{}, {"x", "y"}, "+2 x\r\ny|", {"x", "y"}},
+      {{"a"}, {}, "-2 1|", {}},
+  };
+  for (const auto& c : kCases) {
+    std::string text = "'first\n";
+    for (const std::string& line : c.before) text += line + "\n";
+    Fixture fixture(text + "'last\n", false);
+    Recorder module(
+        *fixture.environment->FindProject("PumpServer")->FindComponent("CPump")->Module());
+    RewriteLines(module, 2, c.before, c.wanted);
+    EXPECT_EQ(module.edits, c.edits);
+    text = "'first\n";
+    for (const std::string& line : c.after) text += line + "\n";
+    EXPECT_EQ(fixture.Text(), text + "'last\n");
   }
 }
 

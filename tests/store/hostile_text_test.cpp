@@ -184,6 +184,30 @@ TEST_P(HostileTextTest, AddsNoStatement) {
   }
 }
 
+// Texts come back as they were given; only the empty one and the character of code 0 are one.
+TEST(HostileRowsTest, ComeBackAsTheyWere) {
+  const std::string zero(1, '\0');
+  support::FormulaProject project;
+  Operations& operations = project.operations();
+  const std::string texts[] = {
+      zero + "a",          "a" + zero + zero + "b", "a" + zero, zero + zero,
+      "' OR '1'='1\r\n\t", "\xe6\xb8\xa9 – Ä",      " x ",      ""};
+  int number = 0;
+  for (const std::string& text : texts) {
+    const std::string name = "F" + std::to_string(++number);
+    const std::int32_t formula = operations.AddFormula({name, kClass, 0, 0, true, text}).id();
+    EXPECT_EQ(operations.FindFormula(formula)->comment, text);
+    FormulaValues values = *operations.FindFormula(formula);
+    values.comment += zero + "more";
+    EXPECT_TRUE(operations.EditFormula(formula, values).success());
+    EXPECT_EQ(operations.FindFormula(formula)->comment, values.comment);
+    const AliasValues alias[] = {{"item" + text, name + "a"}};
+    const OperationResult added = operations.AddAliases(alias);
+    ASSERT_TRUE(added.success()) << support::ToText(added);
+    EXPECT_EQ(operations.FindAlias(added.id())->item_id, "item" + text);
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, HostileTextTest,
                          testing::Values(texts::Language::kGerman, texts::Language::kEnglish));
 

@@ -310,6 +310,63 @@ TEST_F(OperationsTest, SharedDeclarationStaysUntilItsLastUse) {
   EXPECT_EQ(operations().Count().formulas, 1);
 }
 
+// Other programs may have stored two formulas of one name in one class.
+TEST_F(OperationsTest, AnotherFormulaIsOneOfAnotherNumber) {
+  OperationOptions rows_only;
+  rows_only.with_rows_only = true;
+  const std::int32_t twin = Do(operations().AddFormula({"Twin", "P.C"}, rows_only)).id();
+  const ArgumentValues values[] = {{2, true, false}};
+  Do(operations().AddArguments(twin, values, rows_only));
+  auto row = project_.open->connection->CreateRecordset();
+  row->SetSource("SELECT * FROM TvbfFormulas WHERE ID = " + std::to_string(twin));
+  row->SetLockType(platform::LockType::kOptimistic);
+  row->Open();
+  row->Fields("Name").SetValue("FillTank");
+  row->Fields("ProgID").SetValue(kClass);
+  row->Update();
+  row->Close();
+  const std::string declaration = "Public Pump as Boolean 'Tank1.Pump\r\n";
+  Do(operations().DeleteArguments(Ids{2}));
+  EXPECT_NE(project_.Code("CPump").find(declaration), std::string::npos);
+  Do(operations().DeleteFormulas(Ids{twin}));
+  EXPECT_EQ(project_.Code("CPump").find(declaration), std::string::npos);
+}
+
+TEST_F(OperationsTest, AnswersForItsOwnFormula) {
+  codegen::CVBFormulaCode& code = project_.open->code;
+  int asked = 0;
+  code.SetNeedFunctionName([&](std::string& name) { ++asked, name = "FillTank"; });
+  const ArgumentValues values[] = {{2, true, false}};
+  Do(operations().AddArguments(2, values));
+  EXPECT_NE(code.GetFunctionCommentHeader("DrainTank", kClass).find("'\tPump\r\n"),
+            std::string::npos);
+  EXPECT_EQ(asked, 0);
+  // The window answers again, also after an operation that failed.
+  EXPECT_FALSE(operations().AddArguments(2, values).success());
+  code.AddParameter(kClass, "Pump", "Tank1.Pump");
+  EXPECT_EQ(asked, 1);
+}
+
+TEST_F(OperationsTest, AliasInUseNamesTheFormulas) {
+  codegen::CVBFormulaCode& code = project_.open->code;
+  using Uses = std::vector<codegen::AliasUse>;
+  EXPECT_EQ(code.AliasInUse(1), (Uses{{"FillTank", kClass}, {"DrainTank", kClass}}));
+  EXPECT_EQ(code.AliasInUse(2), (Uses{{"FillTank", kClass}}));
+  EXPECT_TRUE(code.AliasInUse(project_.AddAlias("Tank1.Spare", "Spare")).empty());
+  EXPECT_TRUE(code.AliasInUse(99).empty());
+}
+
+TEST_F(OperationsTest, AClassIsListedWhileItHasFormulas) {
+  std::vector<std::string>& calls = project_.open->components.calls;
+  calls.clear();
+  Do(operations().DeleteFormulas(Ids{1}));
+  EXPECT_TRUE(calls.empty());
+  Do(operations().DeleteFormulas(Ids{2}));
+  const std::vector<std::string> removed = {"Open Plant",
+                                            "Remove FormulaComponents PumpServer.CPump", "Commit"};
+  EXPECT_EQ(calls, removed);
+}
+
 TEST_F(OperationsTest, WarnsOfUsesOfANameThatIsGone) {
   std::string code = project_.Code("CPump");
   code.insert(code.find("Sub FillTank()\r\n") + 16, "    Pump = Level > 1 'Pump\r\n");

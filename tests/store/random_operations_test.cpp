@@ -112,6 +112,48 @@ std::string Broken(const std::vector<std::string>& lines) {
   return conditions == 0 ? "" : "#If without #End If";
 }
 
+// What a module declares, as far as it concerns formulas. Names are in lower case.
+struct Declared {
+  std::map<std::string, std::vector<std::string>> subs;  // aliases that the header lists, by name
+  std::set<std::string> variables;                       // public ones
+  std::set<std::string> generated;                       // those of them that the system wrote
+};
+
+// The aliases in the header above the line: comments up to the second rule.
+std::vector<std::string> HeaderAbove(const std::vector<std::string>& lines, std::size_t line) {
+  const std::string rule = "'" + std::string(56, '*');
+  std::vector<std::string> aliases;
+  for (int rules = 0; line > 0 && rules < 2 && lines[line - 1].starts_with('\''); --line) {
+    const std::string& comment = lines[line - 1];
+    if (comment == rule) ++rules;
+    if (comment.starts_with("'\t")) aliases.push_back(comment.substr(2));
+  }
+  std::sort(aliases.begin(), aliases.end());
+  return aliases;
+}
+
+Declared ReadModule(const std::vector<std::string>& lines) {
+  Declared declared;
+  bool continued = false;  // a comment from the line above
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::string line = Trim(lines[i]);
+    const bool is_comment = continued || line.starts_with('\'') || line.starts_with("Rem ");
+    continued = lines[i].ends_with(" _") && (is_comment || line.find('\'') != std::string::npos);
+    if (is_comment) continue;
+    const std::string code = line.substr(0, line.find('\''));
+    if (StartsWith(code, {"Public Sub ", "Private Sub ", "Private Static Sub ", "Sub "})) {
+      declared.subs.try_emplace(DeclaredName(code), HeaderAbove(lines, i));
+    } else if (code.starts_with("Public ") && !code.starts_with("Public Function ")) {
+      std::istringstream names(code.substr(7));
+      for (std::string name; std::getline(names, name, ',');) {
+        declared.variables.insert(DeclaredName(name));
+        if (name.find(" as ") != std::string::npos) declared.generated.insert(DeclaredName(name));
+      }
+    }
+  }
+  return declared;
+}
+
 class RandomOperations {
  public:
   RandomOperations(unsigned seed, bool documented) : random_(seed) {
@@ -278,7 +320,7 @@ class RandomOperations {
       const std::string broken = Broken(lines);
       ASSERT_EQ(broken, "") << step_ << "\n" << project_->Code(name);
     }
-    CheckCodeSaysWhatRowsSay();
+    CheckCodeSaysWhatRowsSay(texts);
   }
 
   void CheckTag(const std::string& tag, const std::string& name, const std::string& original,
@@ -296,21 +338,33 @@ class RandomOperations {
     ASSERT_EQ(now, original) << step_;
   }
 
-  void CheckCodeSaysWhatRowsSay() {
-    codegen::CVBFormulaCode& code = project_->open->code;
+  void CheckCodeSaysWhatRowsSay(const std::map<std::string, std::vector<std::string>>& texts) {
     std::vector<FormulaRecord> formulas;
     operations().ForEachFormula([&](const FormulaRecord& f) { formulas.push_back(f); });
-    for (const FormulaRecord& formula : formulas) {
-      ASSERT_EQ(code.LookUp(formula.prog_id, formula.name), codegen::MemberUse::kSub) << step_;
-      const std::string header = code.GetFunctionCommentHeader(formula.name, formula.prog_id);
-      for (const ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
-        EXPECT_NE((header + "\r\n").find("'\t" + argument.vb_alias + "\r\n"), std::string::npos)
-            << step_ << header;
-        EXPECT_EQ(code.LookUp(formula.prog_id, argument.vb_alias), codegen::MemberUse::kVariable)
-            << step_ << argument.vb_alias;
+    for (const auto& [name, lines] : texts) {
+      Declared declared = ReadModule(lines);
+      for (const FormulaRecord& formula : formulas) {
+        if (formula.prog_id != "PumpServer." + name) continue;
+        const auto sub = declared.subs.find(platform::FoldCase(formula.name));
+        ASSERT_NE(sub, declared.subs.end()) << step_ << formula.name;
+        std::vector<std::string> aliases;
+        for (const ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
+          const std::string alias = platform::FoldCase(argument.vb_alias);
+          aliases.push_back(argument.vb_alias);
+          EXPECT_TRUE(declared.variables.contains(alias)) << step_ << alias;
+          declared.generated.erase(alias);
+        }
+        std::sort(aliases.begin(), aliases.end());
+        EXPECT_EQ(sub->second, aliases) << step_ << formula.name << "\n" << project_->Code(name);
       }
+      EXPECT_TRUE(declared.generated.empty())
+          << step_ << "declared without use: " << *declared.generated.begin();
     }
-    // What an engineer wrote into a header leaves it once.
+    CheckRebuilds(formulas);
+  }
+
+  // What an engineer wrote into a header leaves it once; then nothing changes.
+  void CheckRebuilds(const std::vector<FormulaRecord>& formulas) {
     platform::UnitOfWorkScope unit(project_->open->unit);
     RebuildAll(formulas);
     unit.Commit();
