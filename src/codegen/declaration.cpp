@@ -70,10 +70,6 @@ class Reader {
   }
 
  private:
-  static bool IsNameByte(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-  }
   std::string_view Take(std::size_t count) {
     const std::string_view taken = text_.substr(0, count);
     text_ = TrimBlanks(text_.substr(count));

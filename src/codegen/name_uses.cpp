@@ -11,11 +11,6 @@
 namespace codegen {
 namespace {
 
-bool IsNameByte(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-         static_cast<unsigned char>(c) >= 0x80;
-}
-
 // Looks for the names in lines of code, one after the other.
 class Search {
  public:

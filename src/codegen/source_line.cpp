@@ -64,6 +64,11 @@ std::string_view TrimBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+bool IsNameByte(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
 bool IsBlankLine(std::string_view line) { return TrimBlanks(line).empty(); }
 
 bool IsCommentLine(std::string_view line) {

@@ -18,6 +18,9 @@ inline constexpr std::int32_t kMaxModuleLines = 65000;
 // The text without blanks and tabs at its ends.
 std::string_view TrimBlanks(std::string_view text);
 
+// Whether a byte of UTF-8 can be part of a name: a digit, a letter of any script, "_".
+bool IsNameByte(char c);
+
 bool IsBlankLine(std::string_view line);
 // Holds nothing but a comment. A line that continues a comment is not recognised by itself.
 bool IsCommentLine(std::string_view line);

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "recordset/ascii_text.h"
 #include "recordset/session.h"
-#include "recordset/sql_lexer.h"
 
 namespace recordset {
 namespace {
@@ -13,12 +13,6 @@ constexpr std::string_view kProvider = "Microsoft.Jet.OLEDB.4.0";
 
 [[noreturn]] void Fail(const std::string& cause) {
   Refuse(platform::kErrInvalidArgument, "The connection string " + cause);
-}
-
-std::string_view Trim(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 // Takes a value in quotes, doubled quotes standing for one, off the front of the text.
@@ -44,11 +38,11 @@ std::string TakeValue(std::string_view& text) {
   std::string value;
   if (!text.empty() && (text.front() == '"' || text.front() == '\'')) {
     value = TakeQuoted(text);
-    if (!Trim(text.substr(0, text.find(';'))).empty()) {
+    if (!TrimBlanks(text.substr(0, text.find(';'))).empty()) {
       Fail("has something behind a value in quotes; put a semicolon between.");
     }
   } else {
-    value = Trim(text.substr(0, text.find(';')));
+    value = TrimBlanks(text.substr(0, text.find(';')));
   }
   text.remove_prefix(std::min(text.find(';'), text.size()));
   if (!text.empty()) text.remove_prefix(1);
@@ -59,7 +53,7 @@ bool IsReadOnly(std::string_view mode) {
   bool read = false, write = false;
   while (!mode.empty()) {
     const std::size_t end = std::min(mode.find('|'), mode.size());
-    const std::string_view part = Trim(mode.substr(0, end));
+    const std::string_view part = TrimBlanks(mode.substr(0, end));
     mode.remove_prefix(std::min(end + 1, mode.size()));
     read = read || SameName(part, "Read");
     write = write || SameName(part, "Write") || SameName(part, "ReadWrite");
@@ -71,10 +65,10 @@ bool IsReadOnly(std::string_view mode) {
 
 ConnectionSettings ParseConnectionString(std::string_view text) {
   ConnectionSettings settings;
-  while (!Trim(text).empty()) {
+  while (!TrimBlanks(text).empty()) {
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos) Fail("has a part without \"=\".");
-    const std::string_view name = Trim(text.substr(0, equals));
+    const std::string_view name = TrimBlanks(text.substr(0, equals));
     text.remove_prefix(equals + 1);
     const std::string value = TakeValue(text);
     if (SameName(name, "Provider")) {

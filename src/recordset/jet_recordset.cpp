@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "recordset/jet_field.h"
-#include "recordset/sql_lexer.h"
 #include "recordset/value_conversion.h"
 
 namespace recordset {
@@ -190,7 +189,10 @@ void JetRecordset::RequireRow() const {
 
 void JetRecordset::RequireValues() const {
   RequireRow();
-  if (reader_->holds_row() || reader_->Read(cursor_->Row())) return;
+  if (!reader_->holds_row() && !reader_->Read(cursor_->Row())) ThrowDeleted();
+}
+
+void JetRecordset::ThrowDeleted() {
   throw platform::Error(platform::ErrorKind::kConflict, platform::kErrRowDeleted,
                         "The row was deleted by somebody else meanwhile; read the rows again.");
 }

@@ -15,15 +15,6 @@ using platform::ErrorKind;
 using platform::LockType;
 using platform::Variant;
 
-namespace {
-
-[[noreturn]] void ThrowDeleted() {
-  throw platform::Error(ErrorKind::kConflict, platform::kErrRowDeleted,
-                        "The row was deleted by somebody else meanwhile; read the rows again.");
-}
-
-}  // namespace
-
 Variant JetRecordset::FieldValue(std::size_t field) const {
   if (!pending_.empty() && pending_[field]) return *pending_[field];
   return OriginalValue(field);
@@ -71,7 +62,6 @@ void JetRecordset::CheckUpdatable() const {
 void JetRecordset::AddNew(const std::vector<std::string>& fields,
                           const std::vector<Variant>& values) {
   CheckUpdatable();
-  UpdatePending();
   if (fields.size() != values.size()) {
     Refuse(platform::kErrInvalidArgument, "A new row needs a value for each of its fields.");
   }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/ado.h"
+#include "recordset/ascii_text.h"
 #include "recordset/sql_lexer.h"
 #include "recordset/value_comparison.h"
 

@@ -24,6 +24,7 @@ class Session {
   // Raises kErrObjectClosed while the connection is closed.
   jet::Database& OpenDatabase();
 
+  // Keeps track of a recordset that was opened, until it is closed or gone.
   void Register(const std::shared_ptr<JetRecordset>& recordset);
   std::vector<std::shared_ptr<JetRecordset>> OpenRecordsets();
 
@@ -57,6 +58,7 @@ class Session {
   std::vector<std::weak_ptr<JetRecordset>> recordsets_;
 };
 
+// Raises a platform::Error for a call that the object's state or the arguments forbid.
 [[noreturn]] void Refuse(std::int32_t number, const std::string& description);
 
 }  // namespace recordset

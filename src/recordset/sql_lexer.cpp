@@ -4,13 +4,13 @@
 #include <algorithm>
 
 #include "platform/ado.h"
+#include "recordset/ascii_text.h"
 
 namespace recordset {
 namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 // Letters of every script: all bytes of UTF-8 sequences count as letters.
 bool IsWordStart(char c) {
@@ -30,11 +30,6 @@ std::string Excerpt(std::string_view source, std::size_t offset) {
 }
 
 }  // namespace
-
-bool SameName(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
-                                            [](char x, char y) { return Upper(x) == Upper(y); });
-}
 
 bool Token::IsKeyword(std::string_view keyword) const {
   return kind == TokenKind::kWord && SameName(text, keyword);

@@ -51,9 +51,6 @@ class Lexer {
 // The contents of a kText token: without the quotes, doubled quotes single.
 std::string Unquote(std::string_view quoted);
 
-// Equal without regard to the case of ASCII letters, as names are compared.
-bool SameName(std::string_view a, std::string_view b);
-
 // Raises kErrSyntax with the place, given in characters from 1 on, and the cause, a sentence
 // without its full stop.
 [[noreturn]] void ThrowSyntax(std::string_view source, std::size_t offset,

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "recordset/ascii_text.h"
 #include "recordset/sql_lexer.h"
 
 namespace recordset {

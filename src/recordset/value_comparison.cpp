@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "jet/key_encoder.h"
+#include "recordset/ascii_text.h"
 
 namespace recordset {
 namespace {
@@ -24,13 +25,6 @@ constexpr std::size_t kMaxKeyedText = 255;  // characters that a key is made of
 bool IsPlain(std::string_view text) {
   return text.size() <= kMaxKeyedText &&
          std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
-}
-
-char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-std::string_view WithoutTrailingBlanks(std::string_view text) {
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 // Texts with a character that the collation lacks stand behind all others, in their own order.
@@ -63,10 +57,7 @@ std::weak_ordering CompareTexts(std::string_view a, std::string_view b) {
 
 bool EqualTexts(std::string_view a, std::string_view b) {
   if (!IsPlain(a) || !IsPlain(b)) return std::is_eq(CompareTexts(a, b));
-  a = WithoutTrailingBlanks(a);
-  b = WithoutTrailingBlanks(b);
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
-                                            [](char x, char y) { return Upper(x) == Upper(y); });
+  return SameName(WithoutTrailingBlanks(a), WithoutTrailingBlanks(b));
 }
 
 bool IsWhole(const Value& v) {

@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+#include "recordset/ascii_text.h"
+
 namespace recordset {
 namespace {
 
@@ -59,16 +61,10 @@ Variant BinaryVariant(std::span<const std::byte> bytes) {
   return copy;
 }
 
-std::string_view Trim(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
 // The number that a value is, or that a text is as a whole.
 std::optional<double> NumberOf(const Variant& value) {
   if (auto text = value.Get<std::string>()) {
-    const std::string_view digits = Trim(*text);
+    const std::string_view digits = TrimBlanks(*text);
     double number = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (result.ec != std::errc() || result.ptr != digits.data() + digits.size()) {

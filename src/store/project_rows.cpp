@@ -41,6 +41,12 @@ AliasRecord AliasOf(const VariantArray& rows, std::size_t row) {
   return record;
 }
 
+template <class Record>
+std::optional<Record> FirstOf(std::vector<Record> records) {
+  if (records.empty()) return std::nullopt;
+  return std::move(records.front());
+}
+
 // Ends the edit of a row if nobody does it before.
 class PendingEdit {
  public:
@@ -63,10 +69,6 @@ class PendingEdit {
 };
 
 }  // namespace
-
-Variant FieldText(std::string_view text) {
-  return text.empty() ? Variant(std::string(1, '\0')) : Variant(text);
-}
 
 ProjectRows::ProjectRows(std::shared_ptr<platform::Connection> connection)
     : connection_(std::move(connection)),
@@ -128,14 +130,6 @@ std::vector<ArgumentRecord> ProjectRows::Arguments(codegen::Query& query, std::i
   }
   return records;
 }
-
-namespace {
-template <class Record>
-std::optional<Record> FirstOf(std::vector<Record> records) {
-  if (records.empty()) return std::nullopt;
-  return std::move(records.front());
-}
-}  // namespace
 
 std::optional<FormulaRecord> ProjectRows::FindFormula(std::int32_t id) {
   return FirstOf(Formulas(formula_by_id_, {id}));

@@ -16,15 +16,13 @@
 #include "platform/ado.h"
 #include "store/formula_records.h"
 #include "store/operation_result.h"
+#include "store/record_helpers.h"
 
 namespace store {
 
 inline constexpr std::string_view kFormulasTable = "TvbfFormulas";
 inline constexpr std::string_view kAliasTable = "TvbfAlias";
 inline constexpr std::string_view kArgumentsTable = "TvbfParams";
-
-// A text as its field holds it: the empty text is one character of code 0.
-platform::Variant FieldText(std::string_view text);
 
 // Everything raises platform::Error when the database fails.
 class ProjectRows {

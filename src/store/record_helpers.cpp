@@ -53,13 +53,17 @@ std::string FieldToText(const platform::Field& field) {
   return field.Value().ToText();  // Null is the empty text
 }
 
+platform::Variant FieldText(std::string_view text) {
+  return text.empty() ? platform::Variant(std::string(1, '\0')) : platform::Variant(text);
+}
+
 void TextToField(platform::Field& field, std::string_view text) {
   switch (field.Type()) {
     case platform::DataType::kInteger:
       field.SetValue(platform::Val(text));
       break;
     case platform::DataType::kVarWChar:
-      field.SetValue(text.empty() ? std::string(1, '\0') : std::string(text));
+      field.SetValue(FieldText(text));
       break;
     default:
       break;

@@ -24,8 +24,11 @@ bool CloseRecordset(platform::Recordset& recordset, bool save) noexcept;
 // that stands for an empty text is shown as it is.
 std::string FieldToText(const platform::Field& field);
 
+// A text as its field holds it: the empty text is one character of code 0.
+platform::Variant FieldText(std::string_view text);
+
 // Stores the text of an input field: its leading number in a 32-bit integer field, itself in a
-// text field, where an empty text becomes one character of code 0. Fields of other types stay as
+// text field, as FieldText gives it. Fields of other types stay as
 // they are. Raises platform::Error.
 void TextToField(platform::Field& field, std::string_view text);
 

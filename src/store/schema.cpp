@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/text.h"
 #include "texts/text_table.h"
 
 namespace store {
@@ -24,14 +25,10 @@ Connection::ColumnInfo Text(const char* name) {
 
 Connection::IndexInfo PrimaryKey() { return {"PrimaryKey", {"ID"}, true, true}; }
 
-bool SameName(std::string_view a, std::string_view b) {
-  auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; };
-  return std::ranges::equal(a, b, {}, upper, upper);
-}
-
 template <class Range, class Name>
 bool Contains(const Range& range, std::string_view name, Name name_of) {
-  return std::ranges::any_of(range, [&](const auto& e) { return SameName(name_of(e), name); });
+  return std::ranges::any_of(
+      range, [&](const auto& e) { return platform::EqualsIgnoringCase(name_of(e), name); });
 }
 
 bool HasTable(const std::vector<std::string>& tables, const TableDefinition& table) {
