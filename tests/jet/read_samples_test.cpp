@@ -101,5 +101,44 @@ TEST(ReadSamples, ValuesOfEveryKind) {
   EXPECT_FALSE(database->HasTable("TvbfNothing"));
 }
 
+// As another reader of such files lists them.
+TEST(ReadSamples, Properties) {
+  OV_NEED_SAMPLES();
+  std::map<std::string, std::map<std::string, std::string>> found;  // texts by column and name
+  for (const Property& property :
+       OpenSample("testIndexPropertiesV2000.mdb")->Properties("TableIgnoreNulls2")) {
+    found[property.column][property.name] = property.text;
+  }
+  const auto names = [&](const char* column) {
+    std::string text;
+    for (const auto& [name, value] : found[column]) text += (text.empty() ? "" : " ") + name;
+    return text;
+  };
+  EXPECT_EQ(names(""), "DefaultView GUID NameMap OrderByOn Orientation");
+  EXPECT_EQ(names("row"),
+            "AllowZeroLength ColumnHidden ColumnOrder ColumnWidth DisplayControl GUID "
+            "IMEMode IMESentenceMode Required UnicodeCompression");
+  EXPECT_EQ(found[""]["NameMap"].size(), 2u * 274);  // binary, in hex
+  EXPECT_EQ(found["data2"]["DefaultValue"], "0");
+  EXPECT_EQ(found["data2"]["DecimalPlaces"], "255");
+  EXPECT_EQ(found["data1"]["ColumnWidth"], "-1");
+  EXPECT_EQ(found["data1"]["DisplayControl"], "109");
+}
+
+// Those of every table can be read.
+TEST(ReadSamples, PropertiesOfEveryTable) {
+  OV_NEED_SAMPLES();
+  std::size_t count = 0;
+  for (const std::string& name : samples::Names()) {
+    SCOPED_TRACE(name);
+    const auto database = OpenSample(name);
+    for (const TableInfo& info : database->Tables(true)) {
+      EXPECT_NO_THROW(count += database->Properties(info.name).size()) << info.name;
+    }
+    EXPECT_NO_THROW(database->Relations());
+  }
+  EXPECT_GT(count, 100u);
+}
+
 }  // namespace
 }  // namespace jet

@@ -153,5 +153,60 @@ TEST(Write, EveryTypeComesBack) {
   EXPECT_EQ(Faults(*database), "");
 }
 
+// Definitions of several pages: as many columns as there can be, with long names, and as many
+// indexes, some added later.
+TEST(Write, TheWidestTableThereCanBe) {
+  files::MemoryFileSystem system;
+  const std::string path = "/wide.mdb";
+  constexpr std::size_t kFirstIndexes = 20;
+  TableSpec spec;
+  spec.name = "Wide";
+  const auto name = [](std::size_t i) {
+    return std::string(50, static_cast<char>('a' + i % 26)) + std::to_string(i);
+  };
+  const auto index = [&](std::size_t i) {
+    return IndexSpec{"By" + name(i), {{name(i), i % 2 == 0}}, false, false, i % 3 == 0, false};
+  };
+  for (std::size_t i = 0; i < kMaxColumns; ++i) {
+    spec.columns.push_back({name(i), i % 5 == 4 ? ColumnType::kLong : ColumnType::kText, 10});
+  }
+  for (std::size_t i = 0; i < kFirstIndexes; ++i) spec.indexes.push_back(index(i));
+  std::vector<RowId> rows;
+  {
+    const auto database = Database::Create(system, path);
+    Table& table = database->CreateTable(spec);
+    for (int n = 0; n < 30; ++n) {
+      const std::string text = "t" + std::to_string(n % 7);
+      std::vector<ColumnValue> values;
+      for (std::size_t i = 0; i < kMaxColumns; ++i) {
+        if (i % 11 == 3) continue;
+        values.push_back({i, i % 5 == 4 ? Value::Integer(n) : Value::Text(text)});
+      }
+      rows.push_back(table.Insert(values).id);
+    }
+    for (std::size_t i = kFirstIndexes; i < kMaxIndexes; ++i)
+      database->CreateIndex("Wide", index(i));
+    EXPECT_THROW(database->CreateIndex("Wide", index(kMaxIndexes)), Error);
+    EXPECT_EQ(Faults(*database), "");
+  }
+  const auto database = Database::Open(system, path);
+  EXPECT_EQ(Faults(*database), "");
+  Table& table = database->OpenTable("Wide");
+  EXPECT_EQ(table.columns().size(), kMaxColumns);
+  EXPECT_EQ(table.indexes().size(), kMaxIndexes);
+  RowBuffer row;
+  ASSERT_TRUE(table.Read(rows[8], row));
+  EXPECT_EQ(row[0].text(), "t1");
+  EXPECT_EQ(row[254].integer(), 8);
+  EXPECT_TRUE(row[3].is_null());
+  IndexCursor cursor = table.OpenCursor(table.FindIndex("By" + name(31)).value());
+  const Value key[] = {Value::Text("T3")};
+  std::size_t found = 0;
+  for (bool more = cursor.Seek(key); more; more = cursor.NextEqual()) ++found;
+  EXPECT_EQ(found, 4u);
+  for (const RowId id : rows) table.Delete(id);
+  EXPECT_EQ(Faults(*database), "");
+}
+
 }  // namespace
 }  // namespace jet
