@@ -138,9 +138,10 @@ TEST(Damage, WritingIntoDamagedFiles) {
     try {
       database = Database::Open(system, path);
       Table& table = database->OpenTable("TvbfAlias");
-      const ColumnValue values[] = {
-          {table.FindColumn("ItemID").value(), Value::Text("Plant.Pump" + std::to_string(i))},
-          {table.FindColumn("VBAlias").value(), Value::Text("Pump" + std::to_string(i))}};
+      const std::string item = "Plant.Pump" + std::to_string(i);
+      const std::string alias = "Pump" + std::to_string(i);
+      const ColumnValue values[] = {{table.FindColumn("ItemID").value(), Value::Text(item)},
+                                    {table.FindColumn("VBAlias").value(), Value::Text(alias)}};
       const InsertResult inserted = table.Insert(values);
       table.Update(inserted.id, {values, 1});
       RowBuffer row;
