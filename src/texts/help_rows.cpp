@@ -36,6 +36,7 @@ constexpr Row kRows[] = {
     {1725, "Formeln", "Formulas"},
     {1726, "Das Projekt hat noch keine Formeln.", "The project has no formulas yet."},
     {1727, "de", "en"},
+    {1728, "Das Projekt hat noch keine Aliase.", "The project has no aliases yet."},
     // Window of the help.
     {1740, "Hilfe – OrvanaStudio Formeleditor", "Help – OrvanaStudio Formula Editor"},
     {1741, "Inhalt", "Contents"},

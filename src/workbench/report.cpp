@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "workbench/report.h"
 
+#include <algorithm>
 #include <map>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -42,6 +44,7 @@ enum ReportText : int {
   kFormulas,
   kNoFormulas,
   kLanguage,
+  kNoAliases,
 };
 
 struct Formula {
@@ -68,12 +71,27 @@ class Report {
     AddContents();
     for (const auto& [prog_id, formulas] : classes_) AddClass(prog_id, formulas);
     AddAliases();
-    AddUnused();
+    if (!aliases_.empty()) AddUnused();
     return html_ + "</body>\n</html>\n";
   }
 
  private:
   std::string Text(int number) const { return EscapeHtml(texts_.Text(number)); }
+
+  // An alias or item, which may be broken where its parts meet.
+  static std::string Name(std::string_view name) {
+    std::string html;
+    for (const char c : EscapeHtml(name)) {
+      html += c;
+      if (c == '.' || c == '_') html += "<wbr>";
+    }
+    return html;
+  }
+
+  // The references under a name: "#c2" a class, "#f17" a formula, "#a5" an alias.
+  static std::string Link(char kind, std::int64_t number, const std::string& html) {
+    return std::string("<a href=\"#") + kind + std::to_string(number) + "\">" + html + "</a>";
+  }
 
   void Read() {
     store::Operations& operations = source_.operations;
@@ -92,9 +110,13 @@ class Report {
   void AddCounts() {
     std::size_t arguments = 0;
     for (const Formula& formula : formulas_) arguments += formula.arguments.size();
+    const std::size_t unused = static_cast<std::size_t>(std::count_if(
+        aliases_.begin(), aliases_.end(),
+        [this](const store::AliasRecord& alias) { return !uses_.contains(alias.id); }));
     html_ += "<p class=\"counts\">" + Text(kFormulas) + ": " + std::to_string(formulas_.size()) +
              " · " + Text(kArguments) + ": " + std::to_string(arguments) + " · " + Text(kAliases) +
-             ": " + std::to_string(aliases_.size()) + "</p>\n";
+             ": " + std::to_string(aliases_.size()) + " · " + Text(kUnused) + ": " +
+             std::to_string(unused) + "</p>\n";
   }
 
   std::string ClassTitle(const std::string& prog_id) const {
@@ -104,21 +126,20 @@ class Report {
   void AddContents() {
     html_ += "<nav>\n<h2>" + Text(kContents) + "</h2>\n<ul>\n";
     if (formulas_.empty()) html_ += "<li>" + Text(kNoFormulas) + "</li>\n";
-    std::size_t number = 0;
+    std::int64_t number = 0;
     for (const auto& [prog_id, formulas] : classes_) {
-      html_ += "<li><a href=\"#c" + std::to_string(number++) + "\">" + ClassTitle(prog_id) +
-               "</a> <span class=\"number\">" + std::to_string(formulas.size()) +
-               "</span>\n<ul class=\"names\">\n";
+      html_ += "<li>" + Link('c', number++, ClassTitle(prog_id)) + " <span class=\"number\">" +
+               std::to_string(formulas.size()) + "</span>\n<ul class=\"names\">\n";
       for (const Formula* formula : formulas) html_ += "<li>" + Link(*formula) + "</li>\n";
       html_ += "</ul></li>\n";
     }
-    html_ += "<li><a href=\"#aliases\">" + Text(kAliases) + "</a></li>\n<li><a href=\"#unused\">" +
-             Text(kUnused) + "</a></li>\n</ul>\n</nav>\n";
+    html_ += "<li><a href=\"#aliases\">" + Text(kAliases) + "</a></li>\n";
+    if (!aliases_.empty()) html_ += "<li><a href=\"#unused\">" + Text(kUnused) + "</a></li>\n";
+    html_ += "</ul>\n</nav>\n";
   }
 
   static std::string Link(const Formula& formula) {
-    return "<a href=\"#f" + std::to_string(formula.record.id) + "\">" +
-           EscapeHtml(formula.record.name) + "</a>";
+    return Link('f', formula.record.id, Name(formula.record.name));
   }
 
   void AddClass(const std::string& prog_id, const std::vector<const Formula*>& formulas) {
@@ -164,8 +185,8 @@ class Report {
                             : argument.in               ? kIn
                             : argument.out              ? kOut
                                                         : kNeither;
-      html_ += "<tr><td>" + EscapeHtml(argument.vb_alias) + "</td><td>" +
-               EscapeHtml(argument.item_id) + "</td><td>" + Text(direction) + "</td></tr>\n";
+      html_ += "<tr><td>" + Link('a', argument.alias_id, Name(argument.vb_alias)) + "</td><td>" +
+               Name(argument.item_id) + "</td><td>" + Text(direction) + "</td></tr>\n";
     }
     html_ += "</tbody>\n</table>\n";
   }
@@ -187,10 +208,14 @@ class Report {
 
   void AddAliases() {
     html_ += "<section>\n<h2 id=\"aliases\">" + Text(kAliases) + "</h2>\n";
+    if (aliases_.empty()) {
+      html_ += "<p class=\"none\">" + Text(kNoAliases) + "</p>\n</section>\n";
+      return;
+    }
     AddHead("aliases", {kAlias, kItem, kType, kUses});
     for (const store::AliasRecord& alias : aliases_) {
-      html_ += "<tr><td>" + EscapeHtml(alias.vb_alias) + "</td><td>" + EscapeHtml(alias.item_id) +
-               "</td><td>" +
+      html_ += "<tr id=\"a" + std::to_string(alias.id) + "\"><td>" + Name(alias.vb_alias) +
+               "</td><td>" + Name(alias.item_id) + "</td><td>" +
                std::string(codegen::GetDataType(source_.items.VariantTypeOf(alias.item_id))) +
                "</td><td>" + UsesOf(alias.id) + "</td></tr>\n";
     }
@@ -202,8 +227,7 @@ class Report {
     std::string list;
     for (const store::AliasRecord& alias : aliases_) {
       if (uses_.contains(alias.id)) continue;
-      list += "<li>" + EscapeHtml(alias.vb_alias) + " <span>" + EscapeHtml(alias.item_id) +
-              "</span></li>\n";
+      list += "<li>" + Name(alias.vb_alias) + " <span>" + Name(alias.item_id) + "</span></li>\n";
     }
     html_ += list.empty() ? "<p class=\"none\">" + Text(kNoneUnused) + "</p>\n"
                           : "<ul class=\"unused\">\n" + list + "</ul>\n";

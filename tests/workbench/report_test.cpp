@@ -39,14 +39,16 @@ TEST(Report, ShowsTheProjectWithEveryTextEscaped) {
   Fill(project);
   const std::string html = MakeReportOf(project);
   EXPECT_THAT(html, HasSubstr("<html lang=\"en\">"));
-  EXPECT_THAT(html, HasSubstr("Formulas: 1 · Arguments: 2 · Aliases: 3"));
+  EXPECT_THAT(html, HasSubstr("Formulas: 1 · Arguments: 2 · Aliases: 3 · Unused aliases: 1"));
   EXPECT_THAT(html, HasSubstr("<a href=\"#f1\">Fill</a>"));
   EXPECT_THAT(html, HasSubstr("<h3 id=\"f1\">Fill</h3>"));
   EXPECT_THAT(html, HasSubstr("<dd>250 ms</dd>"));
   EXPECT_THAT(html, HasSubstr("<dd>not enabled</dd>"));
   EXPECT_THAT(html, HasSubstr("&lt;/p&gt;&lt;script&gt;alert(&#39;x&#39;)&lt;/script&gt;"));
-  EXPECT_THAT(html, HasSubstr("<td>Tank&lt;1&gt;.&quot;Level&quot; &amp; more</td><td>input and "
-                              "return value</td>"));
+  EXPECT_THAT(html, HasSubstr("<td><a href=\"#a1\">Level</a></td>"
+                              "<td>Tank&lt;1&gt;.<wbr>&quot;Level&quot; &amp; more</td>"
+                              "<td>input and return value</td>"));
+  EXPECT_THAT(html, HasSubstr("<tr id=\"a1\"><td>Level</td>"));
   EXPECT_THAT(html, HasSubstr("<td>Valve</td><td>return value</td>"));
   EXPECT_THAT(html, HasSubstr("<li>Unused <span>Nobody&#39;s</span></li>"));
   EXPECT_THAT(html, HasSubstr("<b>Public</b> <b>Sub</b> Fill()"));
@@ -77,6 +79,14 @@ TEST(Report, SaysWhereTheModuleHasNoProcedure) {
   project.PutCode("CPump", "");
   project.open.emplace(project.system);
   EXPECT_THAT(MakeReportOf(project), HasSubstr("<p class=\"none\">The module"));
+}
+
+TEST(Report, OfAnEmptyProjectSaysSo) {
+  support::FormulaProject project;
+  const std::string html = MakeReportOf(project);
+  EXPECT_THAT(html, HasSubstr("The project has no formulas yet."));
+  EXPECT_THAT(html, HasSubstr("The project has no aliases yet."));
+  EXPECT_THAT(html, Not(HasSubstr("#unused")));
 }
 
 TEST(Html, HighlightsWordsTextsAndComments) {
