@@ -19,6 +19,8 @@ std::string_view Remedy(ErrorKind kind) {
       return "Restore it from a backup.";
     case ErrorKind::kConflict:
       return "Read it again and repeat the change.";
+    case ErrorKind::kNotAFile:
+      return "Name a file.";
     case ErrorKind::kIo:
       break;
   }

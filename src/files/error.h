@@ -16,6 +16,7 @@ enum class ErrorKind {
   kFull,      // no space left
   kDamaged,   // contents contradict themselves (journal)
   kConflict,  // somebody else changed the file meanwhile
+  kNotAFile,  // a folder or a device stands under the name
   kIo,        // any other failure of the operating system
 };
 

@@ -231,7 +231,7 @@ std::unique_ptr<RandomAccessFile> MemoryFileSystem::Open(const std::string& path
     CheckFolder(path, "cannot be created");
     node = nodes_[Normal(path)] = std::make_shared<Node>(medium_);
   }
-  if (node->is_folder) Raise(ErrorKind::kIo, path, "cannot be opened", "it is a folder");
+  if (node->is_folder) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
   if (node->read_only && mode != OpenMode::kRead) {
     Raise(ErrorKind::kReadOnly, path, "cannot be opened for writing", "it is write-protected");
   }

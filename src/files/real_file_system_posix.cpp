@@ -181,13 +181,13 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
   constexpr mode_t kEverybody = 0666;  // less the user's mask
   Descriptor fd(Retry([&] { return ::open(path.c_str(), Flags(mode), kEverybody); }));
   if (fd.get() < 0) {
-    if (errno == EISDIR) Raise(ErrorKind::kIo, path, "cannot be opened", "it is a folder");
+    if (errno == EISDIR) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
     RaiseErrno(path, "cannot be opened");
   }
   struct stat info;
   if (::fstat(fd.get(), &info) < 0) RaiseErrno(path, "cannot be examined");
   if (!S_ISREG(info.st_mode)) {
-    Raise(ErrorKind::kIo, path, "cannot be opened",
+    Raise(ErrorKind::kNotAFile, path, "cannot be opened",
           S_ISDIR(info.st_mode) ? "it is a folder" : "it is not a regular file");
   }
   return std::make_unique<PosixFile>(std::move(fd), path, mode == OpenMode::kRead);

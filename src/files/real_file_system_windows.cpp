@@ -208,7 +208,7 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
                               FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!handle.valid()) RaiseLast(path, "cannot be opened");
   if (::GetFileType(handle.get()) != FILE_TYPE_DISK) {
-    Raise(ErrorKind::kIo, path, "cannot be opened", "it is not a regular file");
+    Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is not a regular file");
   }
   return std::make_unique<WindowsFile>(std::move(handle), path, read_only);
 }

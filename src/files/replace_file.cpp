@@ -25,6 +25,24 @@ std::string RandomName() {
   return name;
 }
 
+std::string Replaced(std::string text, const std::string& name, const std::string& other) {
+  const std::size_t at = text.find(name);
+  return at == std::string::npos ? text : text.replace(at, name.size(), other);
+}
+
+// Nobody knows the temporary file's name: a failure names the file that it stands for.
+std::unique_ptr<RandomAccessFile> OpenTemporary(FileSystem& system, const std::string& temporary,
+                                                const std::string& target) {
+  try {
+    return system.Open(temporary, OpenMode::kCreateNew);
+  } catch (const Error& error) {
+    if (error.kind() == ErrorKind::kReadOnly) {
+      Raise(error.kind(), target, "cannot be written", "no file can be made in its folder");
+    }
+    throw Error(error.kind(), target, Replaced(error.what(), temporary, target));
+  }
+}
+
 }  // namespace
 
 std::string ResolveTarget(FileSystem& system, const std::string& path) {
@@ -43,11 +61,15 @@ std::string TemporaryName(FileSystem& system, const std::string& target) {
 
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
                     std::string_view contents) {
-  auto file = system.Open(temporary, OpenMode::kCreateNew);
+  auto file = OpenTemporary(system, temporary, target);
   try {
     file->WriteAt(0, std::as_bytes(std::span(contents)));
     if (system.Exists(target)) system.CopyAttributes(target, temporary);
     file->Sync();
+  } catch (const Error& error) {
+    file.reset();
+    RemoveQuietly(system, temporary);
+    throw Error(error.kind(), target, Replaced(error.what(), temporary, target));
   } catch (...) {
     file.reset();
     RemoveQuietly(system, temporary);

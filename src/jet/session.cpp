@@ -46,6 +46,7 @@ void Session::OpenFile() {
     } catch (const files::Error& error) {
       if (error.kind() != files::ErrorKind::kReadOnly) throw;
       read_only_reason_ = "The file is write-protected, or you may not change it.";
+      read_only_remedy_ = files::Remedy(error.kind());
     }
   }
   if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);
@@ -53,6 +54,7 @@ void Session::OpenFile() {
   try {
     if (const std::string user = ForeignUser(); !user.empty()) {
       read_only_reason_ = "Another program has the database open on " + user + ".";
+      read_only_remedy_ = "Close the database there and try again.";
       return;
     }
     lock_file_ =
@@ -156,7 +158,7 @@ void Session::LookForChanges() {
 
 void Session::Begin() {
   if (!read_only_reason_.empty()) {
-    throw Error(ErrorKind::kReadOnly, path_, {}, read_only_reason_, "Nothing was changed.");
+    throw Error(ErrorKind::kReadOnly, path_, {}, read_only_reason_, read_only_remedy_);
   }
   CheckUsable();
   if (pager_->level() == 0) {

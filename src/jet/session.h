@@ -80,6 +80,7 @@ class Session {
   std::optional<files::ChangeJournal> journal_;
   HeaderFields header_;
   std::string read_only_reason_;
+  std::string read_only_remedy_ = "Nothing was changed.";
   files::FileStamp stamp_;
   std::vector<std::byte> counters_;  // of the header page, as last seen
   std::uint64_t generation_ = 0;

@@ -26,6 +26,7 @@ std::span<const Row> FileMessageRows() {
       {2007,
        "Prüfen Sie den Datenträger und die Verbindung dorthin, und versuchen Sie es noch einmal.",
        "Check the medium and the connection to it, and try again."},
+      {2008, "Nennen Sie eine Datei.", "Name a file."},
       // What failed.
       {2010, "<Path> lässt sich nicht öffnen", "<Path> cannot be opened"},
       {2011, "<Path> lässt sich nicht zum Schreiben öffnen", "<Path> cannot be opened for writing"},
@@ -92,6 +93,8 @@ std::span<const Row> FileMessageRows() {
       {2058, "andere Programme legen sie an und löschen sie",
        "other programs create and remove it"},
       {2059, "das Journal enthält ihren Inhalt nicht", "the journal does not hold its contents"},
+      {2067, "in seinem Ordner lässt sich keine Datei anlegen",
+       "no file can be made in its folder"},
       // Changes that fail.
       {2060, "Die Änderung ist fehlgeschlagen.", "The change failed."},
       {2061, "Was geändert war, ließ sich nicht zurücksetzen",

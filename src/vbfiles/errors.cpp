@@ -23,6 +23,7 @@ std::int32_t NumberOf(files::ErrorKind kind) {
       return kErrDiskFull;
     case files::ErrorKind::kExists:
     case files::ErrorKind::kDamaged:
+    case files::ErrorKind::kNotAFile:
     case files::ErrorKind::kIo:
       break;
   }

@@ -12,8 +12,8 @@ namespace wx {
 
 namespace {
 
-// The body of an SVG picture of 16 by 16. FG, AC and RD stand for the colours of text, accent
-// and warning.
+// The body of an SVG picture of 16 by 16. FG, AC, RD and PP stand for the colours of text, accent,
+// warning and paper; what stands in the tree has paper of its own, to be seen when it is selected.
 struct Drawing {
   std::string_view name;
   std::string_view body;
@@ -23,11 +23,11 @@ constexpr Drawing kDrawings[] = {
     {"program",
      R"(<rect x="1" y="1" width="14" height="14" rx="3" fill="#1b66c9"/><path d="M11.4 3.7c-1.9-.6-2.8.3-3.2 2L6.9 11.4c-.4 1.5-1.3 2-2.7 1.5M5.4 7.3h5.2" stroke="#ffffff" stroke-width="1.5" stroke-linecap="round" fill="none"/>)"},
     {"icoForEditor",
-     R"(<rect x="1.5" y="1.5" width="13" height="13" rx="2" fill="none" stroke="FG"/><path d="M4 5.5h8M4 8.5h8M4 11.5h5" stroke="AC" fill="none"/>)"},
+     R"(<rect x="1.5" y="1.5" width="13" height="13" rx="2" fill="PP" stroke="FG"/><path d="M4 5.5h8M4 8.5h8M4 11.5h5" stroke="AC" fill="none"/>)"},
     {"icoForFunction",
-     R"(<path d="M11.5 2.5c-2-.6-3 .4-3.4 2.2L6.2 12c-.4 1.6-1.4 2.2-2.9 1.6" stroke="AC" stroke-width="1.5" fill="none"/><path d="M5 7h6" stroke="FG" stroke-width="1.3" fill="none"/>)"},
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M11.5 2.5c-2-.6-3 .4-3.4 2.2L6.2 12c-.4 1.6-1.4 2.2-2.9 1.6" stroke="AC" stroke-width="1.5" fill="none"/><path d="M5 7h6" stroke="FG" stroke-width="1.3" fill="none"/>)"},
     {"icoForAlias",
-     R"(<path d="M2 3.5h6l6 5-6 5H2z" fill="none" stroke="FG" stroke-linejoin="round"/><circle cx="5" cy="8.5" r="1.5" fill="AC"/>)"},
+     R"(<path d="M2 3.5h6l6 5-6 5H2z" fill="PP" stroke="FG" stroke-linejoin="round"/><circle cx="5" cy="8.5" r="1.5" fill="AC"/>)"},
     {"new",
      R"(<path d="M3.5 1.5h6l3 3v10h-9z" fill="none" stroke="FG" stroke-linejoin="round"/><path d="M8 6v6M5 9h6" stroke="AC" stroke-width="1.6" fill="none"/>)"},
     {"edit",
@@ -75,6 +75,7 @@ std::string Svg(std::string_view body) {
   svg.append(body).append("</svg>");
   ReplaceAll(svg, "FG", dark ? "#d8dce2" : "#3c434d");
   ReplaceAll(svg, "AC", dark ? "#6cb2ff" : "#1b66c9");
+  ReplaceAll(svg, "PP", dark ? "none" : "#ffffff");
   ReplaceAll(svg, "RD", dark ? "#ff8a80" : "#c62828");
   return svg;
 }

@@ -36,6 +36,15 @@ ErrorKind KindThrown(const std::function<void()>& call) {
   return ErrorKind::kIo;
 }
 
+std::string TextThrown(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    return error.what();
+  }
+  return {};
+}
+
 class FileSystemContract : public testing::TestWithParam<bool> {
  protected:
   FileSystem& system() { return GetParam() ? RealFileSystem() : memory_; }
@@ -197,8 +206,11 @@ TEST(ReplaceFile, KeepsAttributesAndLinks) {
 TEST(RealFileSystem, RefusesWhatIsNoRegularFile) {
   const TemporaryFolder folder;
   ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-  EXPECT_EQ(KindThrown([&] { RealFileSystem().Open(folder / "pipe", OpenMode::kRead); }),
-            ErrorKind::kIo);
+  for (const std::string& path : {folder / "pipe", folder.path()}) {
+    EXPECT_EQ(KindThrown([&] { RealFileSystem().Open(path, OpenMode::kRead); }),
+              ErrorKind::kNotAFile)
+        << path;
+  }
 }
 
 TEST(MemoryFileSystem, RefusesAsAProtectedOrFullMediumDoes) {
@@ -211,9 +223,14 @@ TEST(MemoryFileSystem, RefusesAsAProtectedOrFullMediumDoes) {
   system.SetReadOnly("/p", true);
   EXPECT_EQ(KindThrown([&] { system.Open("/p/b", OpenMode::kCreateNew); }), ErrorKind::kReadOnly);
   EXPECT_EQ(KindThrown([&] { system.Remove("/p/a"); }), ErrorKind::kReadOnly);
+  EXPECT_EQ(TextThrown([&] { ReplaceFile(system, "/p/a", "x"); }),
+            "/p/a cannot be written: no file can be made in its folder. Remove the write "
+            "protection, or ask for the right to write there.");
   system.SetReadOnly("/p", false);
   system.SetCapacity(12);
   EXPECT_EQ(KindThrown([&] { ReplaceFile(system, "/p/a", "12345678"); }), ErrorKind::kFull);
+  EXPECT_TRUE(
+      TextThrown([&] { ReplaceFile(system, "/p/a", "12345678"); }).starts_with("/p/a cannot be "));
   EXPECT_EQ(system.Snapshot(), (std::map<std::string, std::string>{{"/p/a", "12345"}}));
   ReplaceFile(system, "/p/a", "1234567");
   EXPECT_EQ(system.Get("/p/a"), "1234567");
