@@ -1,16 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/about.h"
 
-#include <wx/aboutdlg.h>
 #include <wx/bmpbndl.h>
+#include <wx/button.h>
+#include <wx/dialog.h>
 #include <wx/platinfo.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
 #include <wx/stc/stc.h>
+#include <wx/textctrl.h>
 #include <wx/utils.h>
 #include <wx/versioninfo.h>
 
 #include "desktop/version.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
+#include "wx/native.h"
 #include "wx/pictures.h"
 
 namespace desktop {
@@ -56,16 +62,39 @@ wxIconBundle ProgramIcons() {
 }
 
 void ShowAboutBox(wxWindow* parent, const texts::TextTable& texts) {
-  wxAboutDialogInfo info;
-  info.SetName(wx::ToWx(texts.Text(workbench::kTextProduct)));
-  info.SetVersion(kVersion,
-                  wx::ToWx(texts.Text(workbench::kTextAboutVersion, {{"<Version>", kVersion}})));
-  info.SetDescription(wx::ToWx(texts.Text(workbench::kTextAboutDescription)));
-  info.SetLicence(Licences());
-  wxIcon icon;
-  icon.CopyFromBitmap(wx::Picture("program", 64).GetBitmap(wxSize(64, 64)));
-  info.SetIcon(icon);
-  wxAboutBox(info, parent);
+  const auto text = [&](int number) { return wx::ToLabel(texts.Text(number)); };
+  wxDialog dialog(parent, wxID_ANY, wx::ToWx(texts.Text(workbench::kTextAboutTitle)),
+                  wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
+  const int gap = dialog.FromDIP(12);
+  auto* name = new wxStaticText(&dialog, wxID_ANY, text(workbench::kTextProduct));
+  name->SetFont(name->GetFont().Bold().Scaled(1.3f));
+  auto* lines = new wxBoxSizer(wxVERTICAL);
+  lines->Add(name);
+  lines->Add(new wxStaticText(
+      &dialog, wxID_ANY,
+      wx::ToLabel(texts.Text(workbench::kTextAboutVersion, {{"<Version>", kVersion}}))));
+  lines->Add(new wxStaticText(&dialog, wxID_ANY, text(workbench::kTextAboutDescription)));
+  auto* head = new wxBoxSizer(wxHORIZONTAL);
+  head->Add(new wxStaticBitmap(&dialog, wxID_ANY, wx::Picture("program", 64)),
+            wxSizerFlags().Border(wxRIGHT, gap));
+  head->Add(lines, wxSizerFlags(1).CentreVertical());
+
+  auto* licences = new wxTextCtrl(&dialog, wxID_ANY, Licences(), wxDefaultPosition,
+                                  dialog.FromDIP(wxSize(520, 200)), wxTE_MULTILINE | wxTE_READONLY);
+  auto* label = new wxStaticText(&dialog, wxID_ANY, wx::ToWx(texts.Text(workbench::kTextLicences)));
+  wx::SetAccessibleName(*licences, label->GetLabelText());
+  auto* close = new wxButton(&dialog, wxID_CANCEL, wx::ToWx(texts.Text(workbench::kTextClose)));
+  close->SetDefault();
+  close->SetFocus();
+
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(head, wxSizerFlags().Expand().Border(wxALL, gap));
+  all->Add(label, wxSizerFlags().Border(wxLEFT | wxRIGHT, gap));
+  all->Add(licences, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+  all->Add(close, wxSizerFlags().Right().Border(wxALL, gap));
+  dialog.SetSizerAndFit(all);
+  dialog.CentreOnParent();
+  dialog.ShowModal();
 }
 
 }  // namespace desktop

@@ -45,13 +45,14 @@ constexpr const char* kKeywords =
 CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
     : wxPanel(parent),
       texts_(texts),
-      title_(new wxStaticText(this, wxID_ANY, "")),
+      title_(new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       editor_(new wxStyledTextCtrl(this)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(title_, wxSizerFlags().Expand().Border(wxALL, FromDIP(6)));
   sizer->Add(editor_, wxSizerFlags(1).Expand());
   SetSizer(sizer);
-  title_->SetLabel(wx::ToLabel(texts.Text(TextNumber::kTextNoModule)));
+  SetTitle(texts.Text(TextNumber::kTextNoModule));
   wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(TextNumber::kTextCodeName)));
   SetUpEditor();
   wx::KeepScrollbarsBeside(*editor_);
@@ -70,7 +71,7 @@ void CodePane::SetUpEditor() {
   editor_->SetMarginLeft(FromDIP(6));
   editor_->SetWrapMode(wxSTC_WRAP_NONE);
   editor_->SetScrollWidthTracking(true);
-  // Tab leaves no way out for the keyboard: it indents; Escape and F6 go back to the tree.
+  // Tab leaves no way out for the keyboard: it indents; the window takes Escape and F6.
   ApplyColours();
   editor_->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
     event.Skip();
@@ -84,6 +85,9 @@ void CodePane::SetUpEditor() {
   });
   editor_->Bind(wxEVT_STC_SAVEPOINTLEFT, [this](wxStyledTextEvent&) {
     if (on_status && !loading_) on_status(texts_.Text(TextNumber::kTextModified));
+  });
+  editor_->Bind(wxEVT_STC_SAVEPOINTREACHED, [this](wxStyledTextEvent&) {
+    if (on_status && !loading_) on_status("");
   });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     event.Skip();
@@ -132,7 +136,24 @@ void CodePane::CloseModule() {
   component_.reset();
   SetText("");
   editor_->Enable(false);
-  title_->SetLabel(wx::ToLabel(texts_.Text(TextNumber::kTextNoModule)));
+  SetTitle(texts_.Text(TextNumber::kTextNoModule));
+}
+
+void CodePane::ShowProblem(const std::string& text) {
+  CloseModule();
+  SetTitle(texts_.Translated(text));
+}
+
+bool CodePane::TakeKeyboard() {
+  if (!editor_->IsEnabled()) return false;
+  editor_->SetFocus();
+  return true;
+}
+
+// What has no room can be read in the tooltip.
+void CodePane::SetTitle(const std::string& text) {
+  title_->SetLabel(wx::ToLabel(text));
+  title_->SetToolTip(wx::ToWx(text));
 }
 
 void CodePane::SetText(const std::string& text) {
@@ -160,11 +181,11 @@ void CodePane::FitScrollWidth() {
 void CodePane::LoadAgain() {
   try {
     SetText(document_->Load());
-    title_->SetLabel(wx::ToLabel(component_->Name() + "  –  " + component_->FileName()));
+    SetTitle(component_->Name() + "  –  " + component_->FileName());
   } catch (const std::exception& error) {
     SetText("");
     editor_->Enable(false);
-    title_->SetLabel(wx::ToLabel(texts_.Translated(error.what())));
+    SetTitle(texts_.Translated(error.what()));
   }
   Layout();
 }
@@ -207,18 +228,25 @@ bool CodePane::Save() {
 void CodePane::ResolveConflict() {
   asking_ = true;
   const bool load = on_conflict && on_conflict(component_->Name());
-  if (load) {
-    if (wxTheClipboard->Open()) {
-      wxTheClipboard->SetData(new wxTextDataObject(editor_->GetText()));
-      wxTheClipboard->Close();
-    }
-    LoadAgain();
-  }
+  if (load) Discard();
   asking_ = false;
 }
 
+void CodePane::Discard() {
+  if (wxTheClipboard->Open()) {
+    wxTheClipboard->SetData(new wxTextDataObject(editor_->GetText()));
+    wxTheClipboard->Flush();  // it outlives the program
+    wxTheClipboard->Close();
+  }
+  LoadInPlace();
+  if (on_status) on_status("");
+}
+
 void CodePane::Refresh() {
-  if (!document_ || Modified() || asking_ || !document_->ChangedMeanwhile()) return;
+  if (document_ && !Modified() && !asking_ && document_->ChangedMeanwhile()) LoadInPlace();
+}
+
+void CodePane::LoadInPlace() {
   const int line = editor_->GetFirstVisibleLine(), caret = editor_->GetCurrentLine();
   LoadAgain();
   editor_->GotoLine(caret);

@@ -36,6 +36,12 @@ class CodePane : public wxPanel {
   bool Modified() const;
   // False when it could not be saved; the user was told.
   bool Save();
+  // Gives the changes up; the text goes to the clipboard.
+  void Discard();
+  // Shows why there is no code to show.
+  void ShowProblem(const std::string& text);
+  // False when there is no code that could take it.
+  bool TakeKeyboard();
   // Takes over what the module holds now, unless there are unsaved changes.
   void Refresh();
 
@@ -51,7 +57,9 @@ class CodePane : public wxPanel {
   void ApplyColours();
   void SetText(const std::string& text);
   void FitScrollWidth();
+  void SetTitle(const std::string& text);
   void LoadAgain();
+  void LoadInPlace();
   void ResolveConflict();
 
   const texts::TextTable& texts_;

@@ -15,6 +15,7 @@
 #include "desktop/crash_log.h"
 #include "editor/node_key.h"
 #include "files/replace_file.h"
+#include "platform/error.h"
 #include "workbench/item_chooser.h"
 #include "workbench/new_project.h"
 #include "workbench/text_numbers.h"
@@ -34,6 +35,7 @@ constexpr int kTitleBar = 30;            // pixels that the window manager adds 
 constexpr int kTitleMiddle = 10;
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
+constexpr const char* kExtension = ".ovs";
 constexpr const char* kRoot = "FOR0";
 constexpr const char* kFormulas = "FORF0";
 
@@ -60,6 +62,11 @@ void PlaceOnScreen(wxTopLevelWindow& window, const DesktopState::Place& place) {
     });
   };
   window.Bind(wxEVT_ACTIVATE, move);
+}
+
+bool HasKeyboard(const wxWindow& window) {
+  wxWindow* focus = wxWindow::FindFocus();
+  return focus && (focus == &window || window.IsDescendant(focus));
 }
 
 }  // namespace
@@ -161,8 +168,8 @@ void MainWindow::CreatePanes() {
 wxWindow* MainWindow::NewWelcome(wxWindow* parent) {
   auto* panel = new wxPanel(parent);
   auto* text = new wxStaticText(panel, wxID_ANY, wx::ToLabel(Text(TextNumber::kTextWelcome)));
-  auto* open = new wxButton(panel, wxID_OPEN, wx::ToWx(Text(TextNumber::kTextMenuOpen)));
-  auto* create = new wxButton(panel, wxID_NEW, wx::ToWx(Text(TextNumber::kTextMenuNew)));
+  auto* open = new wxButton(panel, wxID_ANY, wx::ToWx(Text(TextNumber::kTextMenuOpen)));
+  auto* create = new wxButton(panel, wxID_ANY, wx::ToWx(Text(TextNumber::kTextMenuNew)));
   open->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AskOpen(); });
   create->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AskNew(); });
   auto* buttons = new wxBoxSizer(wxHORIZONTAL);
@@ -240,21 +247,44 @@ void MainWindow::Bind() {
   });
   // Tree, editor and dialogs answer F1 themselves.
   wxFrame::Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    if (event.GetKeyCode() != WXK_F1) return event.Skip();
-    const wxWindow* focus = FindFocus();
-    const bool in_code = focus && (focus == code_ || code_->IsDescendant(FindFocus()));
-    parts_.help.ShowTopic(0, in_code ? kCodeTopic : kFirstTopic);
+    if (event.GetKeyCode() == WXK_F1) {
+      parts_.help.ShowTopic(0, HasKeyboard(*code_) ? kCodeTopic : kFirstTopic);
+    } else if (!MoveKeyboard(event)) {
+      event.Skip();
+    }
   });
   wxFrame::Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
   wxFrame::Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
   timer_.Start(kTimerMs);
 }
 
+// F6 goes round: tree, table, code. In the code Escape and Alt+F6 go back to the tree, too.
+bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
+  const bool round = event.GetKeyCode() == WXK_F6 && !event.HasAnyModifiers();
+  const bool back = event.GetKeyCode() == WXK_ESCAPE ||
+                    (event.GetKeyCode() == WXK_F6 && event.GetModifiers() == wxMOD_ALT);
+  if (!session_ || !(round || back)) return false;
+  if (HasKeyboard(*code_)) {
+    tree_->SetFocus();
+    return true;
+  }
+  if (!round) return false;
+  if (HasKeyboard(*editor_host_)) {
+    if (!code_->TakeKeyboard()) tree_->SetFocus();
+    return true;
+  }
+  std::int16_t code = forms::kKeyF6, shift = forms::kAlt;
+  session_->add_in().NodeKeyDown(session_->studio().project(), tree_->SelectedKey(), "", code,
+                                 shift);
+  return true;
+}
+
 void MainWindow::AskNew() {
   wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuNew)), "", "Plant.ovs",
                       wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return;
-  const std::string path = wx::FromWx(dialog.GetPath());
+  std::string path = wx::FromWx(dialog.GetPath());
+  if (!dialog.GetPath().Lower().EndsWith(kExtension)) path += kExtension;
   try {
     workbench::MakeProject(parts_.files, path, {});
     OpenProject(path);
@@ -272,6 +302,7 @@ void MainWindow::AskOpen() {
 
 bool MainWindow::OpenProject(const std::string& path) {
   RememberStep("open project");
+  const std::string before = session_ ? session_->database_path() : std::string();
   if (!CloseProject()) return false;
   try {
     workbench::ProjectOptions options = parts_.options;
@@ -285,6 +316,7 @@ bool MainWindow::OpenProject(const std::string& path) {
   } catch (const std::exception& error) {
     ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
     ForgetMissing(path);
+    if (!before.empty() && before != path) OpenProject(before);
     return false;
   }
   ConnectStudio();
@@ -296,6 +328,7 @@ bool MainWindow::OpenProject(const std::string& path) {
   tree_->ExpandKey(kFormulas);
   if (!session_->add_in().Initialised()) {
     CloseProject();
+    if (!before.empty() && before != path) OpenProject(before);
     return false;
   }
   const bool same = parts_.state.project == session_->database_path();
@@ -307,7 +340,20 @@ bool MainWindow::OpenProject(const std::string& path) {
   FillBackups();
   ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
   tree_->SetFocus();
+  TellProblems();
   return true;
+}
+
+// What of the Visual Basic projects cannot be read.
+void MainWindow::TellProblems() {
+  std::string problems;
+  for (const std::string& problem : session_->vb().Problems())
+    problems += (problems.empty() ? "" : "\n") + parts_.texts.Translated(problem);
+  if (problems.empty()) return;
+  parts_.toolkit.Show(
+      {parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", session_->database_path()}}),
+       problems, "", platform::MessageButtons::kOk, platform::MessageResult::kOk,
+       platform::MessageIcon::kWarning});
 }
 
 // A project that is gone is neither offered nor opened at the next start.
@@ -322,7 +368,7 @@ void MainWindow::ForgetMissing(const std::string& path) {
 bool MainWindow::CloseProject() {
   if (!session_) return true;
   RememberStep("close project");
-  if (code_->Modified() && !code_->Save()) return false;
+  if (code_->Modified() && !code_->Save() && code_->Modified() && !MayDiscardCode()) return false;
   parts_.state.node = tree_->SelectedKey();
   code_->CloseModule();
   session_->Stop();
@@ -334,6 +380,17 @@ bool MainWindow::CloseProject() {
   editor_host_->GetParent()->Layout();
   ShowTitle();
   ShowStatus("");
+  return true;
+}
+
+// Nobody has to stay because a module cannot be saved.
+bool MainWindow::MayDiscardCode() {
+  const auto answer = parts_.toolkit.Show(
+      {parts_.texts.Text(TextNumber::kTextDiscard, {{"<Name>", code_->Component()->Name()}}),
+       Text(TextNumber::kTextDiscardDetail), "", platform::MessageButtons::kYesNo,
+       platform::MessageResult::kNo, platform::MessageIcon::kWarning});
+  if (answer != platform::MessageResult::kYes) return false;
+  code_->Discard();
   return true;
 }
 
@@ -380,6 +437,14 @@ void MainWindow::SelectNode(const workbench::StudioNode& node) {
 
 // The procedure of a formula is shown beside its arguments, without taking the keyboard.
 void MainWindow::ShowCodeOfNode(const std::string& key) {
+  try {
+    FindCodeOfNode(key);
+  } catch (const platform::Error& error) {  // a module whose file is gone, for one
+    if (!code_->Modified()) code_->ShowProblem(error.what());
+  }
+}
+
+void MainWindow::FindCodeOfNode(const std::string& key) {
   editor::frmtabgrid* editor = session_->add_in().EditorWindow();
   const std::int32_t id = editor::KeyNumber(key);
   if (!editor || !editor::IsFormulaKey(key) || id <= 0) return;
@@ -520,7 +585,9 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
   try {
     workbench::Backups(parts_.files, folder)
         .Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
-    ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
+    if (OpenProject(path))
+      ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
+    return;
   } catch (const std::exception& error) {
     ShowFailure(Text(TextNumber::kTextMenuBackups), error.what());
   }

@@ -65,12 +65,16 @@ class MainWindow : public wxFrame {
   void ShowAbout();
   void ForgetMissing(const std::string& path);
   bool CloseProject();
+  bool MayDiscardCode();
+  void TellProblems();
   void OnClose(wxCloseEvent& event);
   void OnTimer();
 
   void ShowTitle();
+  bool MoveKeyboard(const wxKeyEvent& event);
   void SelectNode(const workbench::StudioNode& node);
   void ShowCodeOfNode(const std::string& key);
+  void FindCodeOfNode(const std::string& key);
   void OnPane(const vbfiles::PaneEvent& event);
   void ShowStatus(const std::string& text);
   void ShowFailure(const std::string& message, const std::string& detail);

@@ -76,6 +76,16 @@ constexpr Row kRows[] = {
      "The program ended unexpectedly the last time."},
 
     {1560, "Geöffnet: <File>", "Opened: <File>"},
+
+    {1570, "Über OrvanaStudio Formeleditor", "About OrvanaStudio Formula Editor"},
+    {1571, "&Lizenzen der Teile", "&Licences of the parts"},
+    {1572, "&Schließen", "&Close"},
+    {1573, "Die Änderungen am Modul <Name> verwerfen?",
+     "Discard the changes of the module <Name>?"},
+    {1574, "\"Ja\" verwirft sie; Ihr Text liegt danach in der Zwischenablage.",
+     "\"Yes\" discards them; your text is in the clipboard afterwards."},
+    {1575, "Zu <File> fehlt etwas vom Visual-Basic-Projekt.",
+     "Something of the Visual Basic project of <File> is missing."},
 };
 
 }  // namespace

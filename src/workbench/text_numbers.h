@@ -54,6 +54,13 @@ enum TextNumber : int {
   kTextCrashedBefore,
 
   kTextOpened = 1560,
+
+  kTextAboutTitle = 1570,
+  kTextLicences,
+  kTextClose,
+  kTextDiscard,
+  kTextDiscardDetail,
+  kTextIncomplete,
 };
 
 }  // namespace workbench
