@@ -135,6 +135,7 @@ void CodePane::CloseModule() {
   document_.reset();
   component_.reset();
   SetText("");
+  editor_->SetMarginWidth(kLineNumbers, 0);
   editor_->Enable(false);
   SetTitle(texts_.Text(TextNumber::kTextNoModule));
 }
