@@ -197,6 +197,7 @@ void Connect::Release() {
 
 void Connect::Reset() {
   if (!initialised_) return;
+  const dialogs::BusyPointer busy(services_.toolkit);
   const std::string key = editor_->CurrentKey();
   const bool visible = editor_->Visible();
   const std::shared_ptr<platform::AddIn> host = host_add_in_;

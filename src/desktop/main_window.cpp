@@ -4,10 +4,12 @@
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
+#include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
 #include <wx/stattext.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 
@@ -36,6 +38,7 @@ constexpr int kTitleMiddle = 10;
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
 constexpr const char* kExtension = ".ovs";
+constexpr std::int32_t kRefreshView = 162;
 constexpr const char* kRoot = "FOR0";
 constexpr const char* kFormulas = "FORF0";
 
@@ -96,6 +99,7 @@ wxMenuItem* MainWindow::AddItem(wxMenu& menu, int text, const char* shortcut,
   wxString label = wx::ToWx(Text(text));
   if (*shortcut) label += wxString("\t") + shortcut;
   wxMenuItem* item = menu.Append(id, label);
+  item->SetHelp(wxString());  // the toolkit's own is English
   actions_[item->GetId()] = std::move(action);
   return item;
 }
@@ -133,6 +137,16 @@ void MainWindow::CreateMenus() {
 
 void MainWindow::CreatePanes() {
   constexpr long kStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
+  notice_ = new wxInfoBar(this);
+  notice_->AddButton(wxID_REFRESH, wx::ToWx(Text(kRefreshView)));
+  notice_->AddButton(wxID_CLOSE, wx::ToWx(Text(TextNumber::kTextLater)));
+  notice_->Bind(
+      wxEVT_BUTTON,
+      [this](wxCommandEvent& event) {
+        event.Skip();  // it goes
+        session_->add_in().RebuildViews();
+      },
+      wxID_REFRESH);
   columns_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
   tree_ = new ProjectTree(columns_, wx::ToWx(Text(TextNumber::kTextTreeName)));
   rows_ = new wxSplitterWindow(columns_, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
@@ -150,6 +164,10 @@ void MainWindow::CreatePanes() {
   rows_->SetSashGravity(0.55);
   rows_->SplitHorizontally(upper, code_, -FromDIP(parts_.state.window.code_height));
   columns_->SplitVertically(tree_, rows_, FromDIP(parts_.state.window.tree_width));
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(notice_, wxSizerFlags().Expand());
+  all->Add(columns_, wxSizerFlags(1).Expand());
+  SetSizer(all);
   code_->on_status = [this](const std::string& text) { ShowStatus(text); };
   code_->on_failure = [this](const std::string& message, const std::string& detail) {
     ShowFailure(message, detail);
@@ -234,6 +252,8 @@ void MainWindow::ConnectStudio() {
     editor_host_->Show();
     welcome_->Hide();
     editor_host_->GetParent()->Layout();
+    session_->foreign_changes().Accept();
+    notice_->Dismiss();
   };
 }
 
@@ -303,6 +323,7 @@ void MainWindow::AskOpen() {
 bool MainWindow::OpenProject(const std::string& path) {
   RememberStep("open project");
   const std::string before = session_ ? session_->database_path() : std::string();
+  const wxBusyCursor busy;
   if (!CloseProject()) return false;
   try {
     workbench::ProjectOptions options = parts_.options;
@@ -374,6 +395,7 @@ bool MainWindow::CloseProject() {
   session_->Stop();
   tree_->ShowTree(nullptr);
   title_ = {};
+  notice_->Dismiss();
   session_.reset();
   editor_host_->Hide();
   welcome_->Show();
@@ -417,6 +439,18 @@ void MainWindow::OnTimer() {
   if (!session_ || session_->unit().IsOpen()) return;
   code_->Refresh();
   session_->items().Refresh();
+  LookForForeignChanges();
+}
+
+// What the tree shows may be out of date then. Everything that the user does works on what the
+// database holds, so reading it anew can wait until they want it.
+void MainWindow::LookForForeignChanges() {
+  if (notice_->IsShown() || !session_->foreign_changes().Look()) return;
+  session_->foreign_changes().Accept();
+  notice_->ShowMessage(
+      wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
+                                 {{"<File>", parts_.files.FileName(session_->database_path())}})),
+      wxICON_INFORMATION);
 }
 
 // The project's file and what the editor's window shows of it.
@@ -581,6 +615,7 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
   if (answer != platform::MessageResult::kYes) return;
   const std::string path = session_->database_path();
   const std::string folder = BackupFolder(path);
+  const wxBusyCursor busy;
   if (!CloseProject()) return;
   try {
     workbench::Backups(parts_.files, folder)

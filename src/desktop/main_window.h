@@ -18,6 +18,7 @@
 #include "workbench/backups.h"
 #include "workbench/daily_backup.h"
 
+class wxInfoBar;
 class wxSplitterWindow;
 
 namespace desktop {
@@ -69,6 +70,7 @@ class MainWindow : public wxFrame {
   void TellProblems();
   void OnClose(wxCloseEvent& event);
   void OnTimer();
+  void LookForForeignChanges();
 
   void ShowTitle();
   bool MoveKeyboard(const wxKeyEvent& event);
@@ -85,6 +87,7 @@ class MainWindow : public wxFrame {
   std::string Text(int number) const { return parts_.texts.Text(number); }
 
   Parts parts_;
+  wxInfoBar* notice_ = nullptr;  // that another program changed the database
   wxSplitterWindow* columns_ = nullptr;
   wxSplitterWindow* rows_ = nullptr;
   ProjectTree* tree_ = nullptr;

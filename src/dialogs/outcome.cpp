@@ -14,8 +14,24 @@ store::OperationResult Carry(const Surroundings& surroundings,
   return result;
 }
 
+store::OperationResult CarryList(
+    const Surroundings& surroundings, std::int32_t task,
+    const std::function<store::OperationResult(const store::OperationOptions&)>& operation) {
+  const MessageBoxes::Guard guard(surroundings.messages);
+  const auto progress = surroundings.toolkit.StartProgress(surroundings.Text(task));
+  store::OperationOptions options;
+  options.progress = [&](std::size_t done, std::size_t total) {
+    return progress->Show(done, total);
+  };
+  return Carry(surroundings, [&] { return operation(options); });
+}
+
 void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
                  std::int32_t text) {
+  if (result.outcome == store::Outcome::kCancelled) {
+    if (surroundings.studio) surroundings.studio->ShowWarnings({result.message});
+    return;
+  }
   if (text == 0 || text == result.text_id) {
     surroundings.messages.Warn(result.message, result.detail);
   } else {

@@ -30,6 +30,12 @@ constexpr std::int32_t kArgumentsDetail = 1616;
 constexpr std::int32_t kAliasesDetail = 1617;
 constexpr std::int32_t kInUseDetail = 1618;
 constexpr std::int32_t kReportRemedy = 1628;
+constexpr std::int32_t kManyInUse = 1635;
+constexpr std::int32_t kDeletingArguments = 1646;
+constexpr std::int32_t kDeletingAliases = 1649;
+
+// Messages of one kind that follow one another.
+constexpr std::size_t kMessagesShown = 10;
 
 // German in every language, on purpose.
 constexpr const char* kAliasInUse =
@@ -225,8 +231,9 @@ void Commands::DeleteArguments() {
   const std::string detail = window_.texts().Text(
       kArgumentsDetail, {{"<Names>", NameList(names)}, {"<Name>", formula ? formula->name : ""}});
   if (!Confirmed(kAskArguments, detail)) return;
-  const store::OperationResult result =
-      dialogs::Carry(window_.surroundings(), [&] { return operations.DeleteArguments(ids); });
+  const store::OperationResult result = dialogs::CarryList(
+      window_.surroundings(), kDeletingArguments,
+      [&](const auto& options) { return operations.DeleteArguments(ids, options); });
   if (!result.success()) dialogs::WarnFailure(window_.surroundings(), result);
   window_.Reload();
 }
@@ -256,25 +263,55 @@ void Commands::DeleteAliases() {
   const std::string detail =
       window_.texts().Text(kAliasesDetail, {{"<Names>", NameList(names, selected.size())}});
   if (!Confirmed(kAskAliases, detail)) return;
-  std::vector<std::int32_t> unused;
-  for (const std::int32_t id : selected) {
-    const std::vector<store::FormulaRecord> uses = operations.UsesOfAlias(id);
-    if (uses.empty()) {
-      unused.push_back(id);
-      continue;
-    }
-    std::vector<std::string> users;
-    for (const store::FormulaRecord& use : uses) users.push_back(use.prog_id + "." + use.name);
-    const auto alias = operations.FindAlias(id);
-    window_.messages().Warn(
-        kAliasInUse, window_.texts().Text(kInUseDetail, {{"<Name>", alias ? alias->vb_alias : ""},
-                                                         {"<Names>", NameList(users)}}));
-  }
-  if (unused.empty()) return;
-  const store::OperationResult result =
-      dialogs::Carry(window_.surroundings(), [&] { return operations.DeleteAliases(unused); });
+  const std::optional<AliasUses> uses = FindUses(selected);
+  if (!uses) return;
+  WarnOfUses(uses->used);
+  if (uses->unused.empty()) return;
+  const store::OperationResult result = dialogs::CarryList(
+      window_.surroundings(), kDeletingAliases,
+      [&](const auto& options) { return operations.DeleteAliases(uses->unused, options); });
   if (!result.success()) dialogs::WarnFailure(window_.surroundings(), result);
   window_.Reload();
+}
+
+std::optional<Commands::AliasUses> Commands::FindUses(const std::vector<std::int32_t>& aliases) {
+  const dialogs::MessageBoxes::Guard guard(window_.messages());
+  const dialogs::BusyPointer busy(window_.services().toolkit);
+  const auto progress = window_.services().toolkit.StartProgress(window_.Text(kDeletingAliases));
+  AliasUses uses;
+  for (std::size_t i = 0; i < aliases.size(); ++i) {
+    if (!progress->Show(i, aliases.size())) return std::nullopt;
+    std::vector<store::FormulaRecord> formulas = window_.operations().UsesOfAlias(aliases[i]);
+    if (formulas.empty()) {
+      uses.unused.push_back(aliases[i]);
+    } else {
+      uses.used.emplace_back(aliases[i], std::move(formulas));
+    }
+  }
+  return uses;
+}
+
+// One message for each alias; one for all of them where that would be a flood.
+void Commands::WarnOfUses(const std::vector<AliasUse>& used) {
+  const auto name_of = [this](const AliasUse& use) {
+    const auto alias = window_.operations().FindAlias(use.first);
+    return alias ? alias->vb_alias : std::string();
+  };
+  if (used.size() > kMessagesShown) {
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < kNamesShown; ++i) names.push_back(name_of(used[i]));
+    window_.messages().Warn(
+        kAliasInUse, window_.texts().Text(kManyInUse, {{"<Names>", NameList(names, used.size())}}));
+    return;
+  }
+  for (const AliasUse& use : used) {
+    std::vector<std::string> users;
+    for (const store::FormulaRecord& formula : use.second)
+      users.push_back(formula.prog_id + "." + formula.name);
+    window_.messages().Warn(
+        kAliasInUse, window_.texts().Text(
+                         kInUseDetail, {{"<Name>", name_of(use)}, {"<Names>", NameList(users)}}));
+  }
 }
 
 // --- Extras ---
@@ -298,6 +335,7 @@ void Commands::ShowReport() {
   }
   const auto report = std::dynamic_pointer_cast<platform::ReportAddIn>(created);
   if (!report) return;
+  const dialogs::BusyPointer busy(window_.services().toolkit);
   std::string database_path = window_.project().database_path;
   report->Show("OVFormula", database_path,
                static_cast<std::int32_t>(window_.services().toolkit.Handle(window_)));

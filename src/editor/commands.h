@@ -2,9 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "store/formula_records.h"
 
 namespace editor {
 
@@ -27,6 +31,12 @@ class Commands {
   void mnuExtra(std::int16_t action);
 
  private:
+  using AliasUse = std::pair<std::int32_t, std::vector<store::FormulaRecord>>;
+  struct AliasUses {
+    std::vector<std::int32_t> unused;
+    std::vector<AliasUse> used;
+  };
+
   void NewFormula();
   void EditFormula(std::int32_t id);
   void DeleteFormula(std::int32_t id);
@@ -37,6 +47,9 @@ class Commands {
   void NewAlias();
   void EditAlias();
   void DeleteAliases();
+  // Nothing when the user stopped the look.
+  std::optional<AliasUses> FindUses(const std::vector<std::int32_t>& aliases);
+  void WarnOfUses(const std::vector<AliasUse>& used);
   void ShowStatistics();
   void ShowReport();
   bool Confirmed(std::int32_t question, const std::string& detail);

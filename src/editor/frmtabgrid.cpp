@@ -90,7 +90,9 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
       CurrentGrid().SetFocus();
     } else if (event.key_code == forms::kKeyReturn || event.key_code == forms::kKeyDown) {
       event.handled = true;
-      CurrentGrid().SetFocus();
+      forms::Grid& grid = CurrentGrid();
+      if (!grid.CurrentId() && grid.RowCount() > 0) grid.SetCurrentId(grid.IdAt(0));
+      grid.SetFocus();
     }
   };
 }
@@ -132,6 +134,7 @@ void frmtabgrid::InitializeGrids() {
   for (std::int32_t column = 0; column < 2; ++column) {
     tdbA.ColumnAt(static_cast<std::size_t>(column)).SetCaption(Text(kAliasHeaders + column));
   }
+  tdbP.ColumnAt(kAliasIdColumn).SetButtonPicture("PICCHOOSE");
   tdbA.ColumnAt(kItemIdColumn).SetButtonPicture("PICCHOOSE");
   InitializeGrid(tdbP, "tdbPColOrders");
   InitializeGrid(tdbA, "tdbAColOrders");

@@ -3,6 +3,7 @@
 // forms/) and the few modal questions.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -35,6 +36,14 @@ struct MessageBox {
   MessageIcon icon = MessageIcon::kNone;
 };
 
+// How far a long task is, with a way to stop it. It ends with the object.
+class Progress {
+ public:
+  virtual ~Progress() = default;
+  // Says that `done` of `total` steps are done; false when the user wants it to stop.
+  virtual bool Show(std::size_t done, std::size_t total) = 0;
+};
+
 // The toolkit never owns a form; a form outlives its showing.
 class Toolkit {
  public:
@@ -52,7 +61,10 @@ class Toolkit {
   // Pops the band up at the mouse; returns after the menu closed. A click is reported through
   // the band's menu control.
   virtual void PopupMenu(forms::Band& band) = 0;
+  // Each hourglass is ended by one default pointer.
   virtual void SetPointer(Pointer pointer) = 0;
+  // Progress of a task that begins now; it is shown once the user has waited for a second.
+  virtual std::unique_ptr<Progress> StartProgress(std::string_view task) = 0;
   virtual void Beep() = 0;
   // Runs the task from the message loop, behind the events that are queued now.
   virtual void CallLater(std::function<void()> task) = 0;

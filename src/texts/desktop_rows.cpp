@@ -61,8 +61,8 @@ constexpr Row kRows[] = {
     {1536, "Es konnte keine Sicherung angelegt werden: <Text>", "No backup could be made: <Text>"},
     {1537, "(noch keine)", "(none yet)"},
     {1538, "(noch keine)", "(none yet)"},
-    {1539, "<File> wurde von einem anderen Programm geändert; die Ansicht ist neu geladen.",
-     "<File> was changed by another program; the view is loaded anew."},
+    {1539, "<File> wurde von einem anderen Programm geändert.",
+     "<File> was changed by another program."},
     {1540, "Version <Version>", "Version <Version>"},
     {1541, "Formeln, Argumente und Aliase von OrvanaStudio-Projekten.",
      "Formulas, arguments and aliases of OrvanaStudio projects."},
@@ -76,6 +76,7 @@ constexpr Row kRows[] = {
      "The program ended unexpectedly the last time."},
 
     {1560, "Geöffnet: <File>", "Opened: <File>"},
+    {1561, "Später", "Later"},
 
     {1570, "Über OrvanaStudio Formeleditor", "About OrvanaStudio Formula Editor"},
     {1571, "&Lizenzen der Teile", "&Licences of the parts"},

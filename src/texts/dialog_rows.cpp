@@ -83,6 +83,8 @@ constexpr Row kRows[] = {
     {1632, "Es gibt noch keinen Alias.", "There is no alias yet."},
     {1633, "Argumente", "Arguments"},
     {1634, "Aliase", "Aliases"},
+    {1635, "Diese Aliase werden benutzt und bleiben erhalten: <Names>. Der Report sagt, wo.",
+     "These aliases are in use and are kept: <Names>. The report says where."},
     // What a button does.
     {1640, "Neue Formel", "New formula"},
     {1641, "Formel bearbeiten", "Edit formula"},

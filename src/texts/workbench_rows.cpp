@@ -11,6 +11,7 @@ constexpr Row kRows[] = {
     {1490, "Filtern", "Filter"},
     {1491, "&Ja", "&Yes"},
     {1492, "&Nein", "&No"},
+    {1493, "<Done> von <Total>", "<Done> of <Total>"},
 };
 
 }  // namespace

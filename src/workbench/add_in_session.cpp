@@ -56,12 +56,14 @@ AddInSession::AddInSession(const Outside& outside, const std::string& database_p
       items_(outside.files, ItemsPath(outside.files, database_path, options),
              !options.items_file.empty()),
       components_(OpenComponents(outside.files, database_path, options)),
+      foreign_changes_(outside.files, database_path),
       unit_(outside.files, database_path),
       reports_(std::make_unique<Reports>(*this)),
       studio_(std::make_shared<Studio>(StudioProjectName(outside.files, database_path))) {
   unit_.Enlist(database_);
   unit_.Enlist(*vb_);
   if (components_) unit_.Enlist(*components_);
+  unit_.Enlist(foreign_changes_);
   add_in_ = std::make_unique<addin::Connect>(
       editor::Services{outside.toolkit, outside.window_system, outside.settings, outside.help,
                        *reports_, unit_, &items_, components_.get(), nullptr});

@@ -16,6 +16,7 @@
 #include "workbench/component_list_file.h"
 #include "workbench/connection_participant.h"
 #include "workbench/file_settings_service.h"
+#include "workbench/foreign_changes.h"
 #include "workbench/item_file.h"
 #include "workbench/project.h"
 #include "workbench/studio.h"
@@ -57,6 +58,8 @@ class AddInSession {
   vbfiles::Environment& vb() { return *vb_; }
   files::JournalledUnitOfWork& unit() { return unit_; }
   ItemFile& items() { return items_; }
+  // What other programs do to the database.
+  ForeignChanges& foreign_changes() { return foreign_changes_; }
   // The database and every Visual Basic file that it may change.
   std::vector<std::string> Files();
 
@@ -70,6 +73,7 @@ class AddInSession {
   std::shared_ptr<vbfiles::Environment> vb_;
   ItemFile items_;
   std::unique_ptr<ComponentListFile> components_;
+  ForeignChanges foreign_changes_;
   files::JournalledUnitOfWork unit_;
   std::unique_ptr<Reports> reports_;
   std::shared_ptr<Studio> studio_;

@@ -54,6 +54,7 @@ enum TextNumber : int {
   kTextCrashedBefore,
 
   kTextOpened = 1560,
+  kTextLater,
 
   kTextAboutTitle = 1570,
   kTextLicences,

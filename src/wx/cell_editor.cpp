@@ -49,7 +49,8 @@ void CellEditor::Start(const std::string& typed) {
 
 // The column with the keyboard; the first one that can be edited while the user chose none.
 wxDataViewColumn* CellEditor::CurrentColumn() const {
-  if (wxDataViewColumn* current = list_.GetCurrentColumn()) return current;
+  wxDataViewColumn* current = list_.GetCurrentColumn();
+  if (current && current->GetModelColumn() < grid_.ColumnCount()) return current;
   for (unsigned i = 0; i < list_.GetColumnCount(); ++i) {
     if (CanEdit(list_.GetColumn(i)->GetModelColumn())) return list_.GetColumn(i);
   }

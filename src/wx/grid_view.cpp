@@ -61,6 +61,15 @@ void GridView::BuildColumns() {
       if (width != shown) sized.SetWidth(ToTwips(List(), width));
     });
   }
+  AppendRest();
+}
+
+// The native list stretches its last column over the rest of its width: an empty one, so that the
+// others keep their widths. It has the number behind theirs.
+void GridView::AppendRest() {
+  auto* renderer = new wxDataViewTextRenderer("string", wxDATAVIEW_CELL_INERT);
+  List().AppendColumn(new wxDataViewColumn(
+      wxString(), renderer, static_cast<unsigned>(grid_.ColumnCount()), 1, wxALIGN_LEFT, 0));
 }
 
 wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
@@ -102,6 +111,7 @@ void GridView::OnReordered(const wxDataViewColumn& moved) {
   std::size_t place = 0;
   for (unsigned i = 0; i < List().GetColumnCount(); ++i) {
     wxDataViewColumn* other = List().GetColumn(i);
+    if (NumberOf(other) >= grid_.ColumnCount()) continue;
     bool same_split = grid_.SplitOfColumn(NumberOf(other)) == split;
     if (same_split && List().GetColumnPosition(other) < position) ++place;
   }
@@ -110,6 +120,7 @@ void GridView::OnReordered(const wxDataViewColumn& moved) {
 }
 
 bool GridView::OnPress(const CellPress& press) {
+  if (press.column >= grid_.ColumnCount()) return false;
   if (press.double_click) {
     editor_.OnPress(press);
     bool check_box = grid_.ColumnAt(press.column).Kind() == forms::ColumnKind::kCheckBox;
@@ -131,10 +142,12 @@ void GridView::Show(forms::Property property) {
   if (property == forms::Property::kEditState && !grid_.EditActive()) editor_.OnModelEnded();
 }
 
-bool GridView::OnKey(const wxKeyEvent& event) {
-  grid_.SetCurrentColumn(NumberOf(List().GetCurrentColumn()));
-  return editor_.OnKey(event);
+void GridView::BeforeKey() {
+  std::size_t current = NumberOf(List().GetCurrentColumn());
+  if (current < grid_.ColumnCount()) grid_.SetCurrentColumn(current);
 }
+
+bool GridView::OnKey(const wxKeyEvent& event) { return editor_.OnKey(event); }
 
 ListViewView::ListViewView(forms::ListView& list, wxWindow* parent, const ViewContext& context)
     : RowsView(list, parent, context), list_model_(list) {

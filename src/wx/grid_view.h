@@ -16,10 +16,12 @@ class GridView : public RowsView {
  private:
   void BuildColumns() override;
   std::vector<std::size_t> ShownColumns() const override;
+  void BeforeKey() override;
   bool OnKey(const wxKeyEvent& event) override;
   void Show(forms::Property property) override;
 
   wxDataViewColumn* MakeColumn(std::size_t number);
+  void AppendRest();
   bool OnPress(const CellPress& press);
   void OnReordered(const wxDataViewColumn& moved);
   std::size_t NumberOf(const wxDataViewColumn* column) const;

@@ -3,6 +3,8 @@
 
 #include <wx/window.h>
 
+#include <algorithm>
+
 #include "wx/convert.h"
 #include "wx/native.h"
 #include "wx/pictures.h"
@@ -14,6 +16,15 @@ namespace {
 using forms::Tool;
 using forms::ToolKind;
 
+// A title that is the name of a command below it tells nothing.
+bool IsIdleTitle(const Tool& title, const std::vector<Tool*>& tools) {
+  return title.Kind() == ToolKind::kLabel &&
+         std::any_of(tools.begin(), tools.end(), [&](const Tool* tool) {
+           return tool->Kind() == ToolKind::kCommand && tool->Visible() &&
+                  tool->Caption() == title.Caption();
+         });
+}
+
 }  // namespace
 
 void BandMenu::Fill(wxMenu& menu) {
@@ -22,7 +33,7 @@ void BandMenu::Fill(wxMenu& menu) {
   nested_.clear();
   bool separator = false;
   for (Tool* tool : band_.Tools()) {
-    if (!tool->Visible()) continue;
+    if (!tool->Visible() || IsIdleTitle(*tool, band_.Tools())) continue;
     if (tool->Kind() == ToolKind::kSeparator) {
       separator = menu.GetMenuItemCount() > 0;
       continue;
@@ -70,7 +81,7 @@ void PopupBand(wxWindow& window, forms::Band& band) {
   wxMenu menu;
   filler.Fill(menu);
   if (menu.GetMenuItemCount() == 0) return;
-  int chosen = window.GetPopupMenuSelectionFromUser(menu);
+  int chosen = window.GetPopupMenuSelectionFromUser(menu, PopupPlace(window));
   if (Tool* tool = filler.ToolOf(chosen)) band.Menu().Click(*tool);
 }
 

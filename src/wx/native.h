@@ -45,6 +45,10 @@ void PutKeyboardOnSelection(wxDataViewCtrl& list);
 // The scrollbars of a native scrolled window stand beside its content, not over it.
 void KeepScrollbarsBeside(wxWindow& window);
 
+// Where a context menu of the window opens, in its coordinates: below the row with the keyboard
+// when a key asks for the menu, else at the mouse.
+wxPoint PopupPlace(wxWindow& window);
+
 // Enter in a closed drop-down presses the button instead of opening the list, as it does in every
 // other field.
 void PressByEnter(wxChoice& field, wxButton& button);

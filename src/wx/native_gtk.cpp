@@ -3,6 +3,7 @@
 
 #include <wx/accel.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -127,6 +128,19 @@ void PutKeyboardOnSelection(wxDataViewCtrl& list) {
   if (rows) gtk_tree_view_set_cursor(tree, static_cast<GtkTreePath*>(rows->data), nullptr, FALSE);
   g_list_free_full(rows,
                    [](gpointer path) { gtk_tree_path_free(static_cast<GtkTreePath*>(path)); });
+}
+
+wxPoint PopupPlace(wxWindow& window) {
+  GdkEvent* event = gtk_get_current_event();
+  const bool by_key = event && event->type == GDK_KEY_PRESS;
+  if (event) gdk_event_free(event);
+  auto* list = dynamic_cast<wxDataViewCtrl*>(&window);
+  if (!by_key || !list) return wxDefaultPosition;
+  const wxDataViewItem row = list->GetCurrentItem();
+  const wxRect cell = row.IsOk() ? list->GetItemRect(row) : wxRect();
+  const wxSize area = list->GetClientSize();
+  return {std::clamp(cell.GetLeft(), 0, area.GetWidth()),
+          std::clamp(cell.GetTop() + cell.GetHeight(), 0, area.GetHeight())};
 }
 
 void KeepScrollbarsBeside(wxWindow& window) {

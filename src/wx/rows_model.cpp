@@ -13,6 +13,10 @@ bool RowsModel::IsCheckBox(unsigned column) const {
 
 void RowsModel::GetValueByRow(wxVariant& value, unsigned row, unsigned column) const {
   platform::Variant cell;
+  if (column >= GetColumnCount()) {
+    value = wxString();
+    return;
+  }
   if (grid_) {
     cell = grid_->ShownCell(row, column);
   } else if (rows_) {

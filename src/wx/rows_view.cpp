@@ -91,6 +91,7 @@ void RowsView::Bind() {
 }
 
 void RowsView::OnKeyDown(wxKeyEvent& event) {
+  BeforeKey();
   forms::KeyEvent key = ToKeyEvent(event);
   if (rows_.on_key_down) rows_.on_key_down(key);
   if (key.handled) return;

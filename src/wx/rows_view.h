@@ -32,6 +32,8 @@ class RowsView : public ControlView {
   virtual void BuildColumns() = 0;
   // The numbers of the visible columns from left to right.
   virtual std::vector<std::size_t> ShownColumns() const = 0;
+  // A key was pressed; the model has not seen it.
+  virtual void BeforeKey() {}
   // A key that neither the model nor this view used; true when it was used.
   virtual bool OnKey(const wxKeyEvent&) { return false; }
   virtual void OnDoubleClick();

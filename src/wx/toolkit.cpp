@@ -12,6 +12,7 @@
 #include "wx/convert.h"
 #include "wx/menu_view.h"
 #include "wx/native.h"
+#include "wx/progress_window.h"
 
 namespace wx {
 
@@ -20,6 +21,8 @@ namespace {
 using platform::MessageButtons;
 using platform::MessageIcon;
 using platform::MessageResult;
+
+constexpr long kProgressDelayMs = 1000;
 
 constexpr std::int32_t kOk = 10;
 constexpr std::int32_t kCancel = 11;
@@ -63,6 +66,22 @@ MessageResult ResultOf(int id, MessageButtons buttons) {
   if (id == wxID_OK || buttons == MessageButtons::kOk) return MessageResult::kOk;
   return MessageResult::kCancel;
 }
+
+// While it lives the pointer is as it is when nothing is busy.
+class PointerForAnswer {
+ public:
+  PointerForAnswer() {
+    for (; wxIsBusy(); ++depth_) wxEndBusyCursor();
+  }
+  ~PointerForAnswer() {
+    for (; depth_ > 0; --depth_) wxBeginBusyCursor();
+  }
+  PointerForAnswer(const PointerForAnswer&) = delete;
+  PointerForAnswer& operator=(const PointerForAnswer&) = delete;
+
+ private:
+  int depth_ = 0;
+};
 
 bool Lives(const wxWindow* window, const wxWindowList& among) {
   for (const wxWindow* candidate : among) {
@@ -157,6 +176,7 @@ MessageResult Toolkit::Show(const platform::MessageBox& box) {
       dialog.SetOKLabel(ok);
       break;
   }
+  const PointerForAnswer pointer;
   return ResultOf(dialog.ShowModal(), box.buttons);
 }
 
@@ -177,9 +197,16 @@ void Toolkit::PopupMenu(forms::Band& band) {
 }
 
 void Toolkit::SetPointer(platform::Pointer pointer) {
-  bool busy = pointer == platform::Pointer::kHourglass;
-  if (busy && !wxIsBusy()) wxBeginBusyCursor();
-  while (!busy && wxIsBusy()) wxEndBusyCursor();
+  if (pointer == platform::Pointer::kHourglass) {
+    wxBeginBusyCursor();
+  } else if (wxIsBusy()) {
+    wxEndBusyCursor();
+  }
+}
+
+std::unique_ptr<platform::Progress> Toolkit::StartProgress(std::string_view task) {
+  return std::make_unique<ProgressWindow>(texts_, ActiveWindow(), std::string(task),
+                                          kProgressDelayMs);
 }
 
 void Toolkit::Beep() { wxBell(); }

@@ -35,6 +35,7 @@ class Toolkit : public platform::Toolkit {
   std::optional<forms::Font> ChooseFont(const forms::Font& current) override;
   void PopupMenu(forms::Band& band) override;
   void SetPointer(platform::Pointer pointer) override;
+  std::unique_ptr<platform::Progress> StartProgress(std::string_view task) override;
   void Beep() override;
   void CallLater(std::function<void()> task) override;
   void SendKeys(std::string_view keys) override;

@@ -166,6 +166,59 @@ TEST(Commands, AliasesInUseAreKept) {
   EXPECT_THAT(bench.plant.Code("CPump"), Not(HasSubstr("Public Level")));
 }
 
+// Look and deletion show how far they are, and each can be stopped.
+TEST(Commands, StoppedDeletionChangesNothing) {
+  EditorBench bench;
+  bench.Start();
+  bench.Click("FORA0");
+  std::vector<std::int64_t> all;
+  for (const char* name : {"Level", "Run", "Speed"})
+    all.push_back(bench.HaveAlias(std::string("Tank1.") + name, name));
+  bench.Window().inits.WriteAValueToCInits("RequestOnDelete", false);
+  const auto before = bench.plant.system.Snapshot();
+  for (const std::size_t stop_at : {2u, 5u}) {
+    bench.Click("FOR0");
+    bench.Click("FORA0");
+    bench.toolkit.progress.clear();
+    bench.toolkit.on_progress = [&](std::size_t, std::size_t) {
+      return bench.toolkit.progress.size() < stop_at;
+    };
+    bench.Window().tdbA.SetSelection(all);
+    bench.PressIn(bench.Window().tdbA, forms::kKeyDelete, forms::kControl);
+    EXPECT_EQ(bench.toolkit.progress.size(), stop_at);
+    EXPECT_EQ(bench.plant.system.Snapshot(), before) << stop_at;
+    EXPECT_EQ(bench.Window().tdbA.RowCount(), 3u) << stop_at;
+  }
+  EXPECT_THAT(bench.studio->warnings, ElementsAre(HasSubstr("Nothing was changed")));
+  EXPECT_THAT(bench.toolkit.boxes, IsEmpty());
+  bench.toolkit.on_progress = nullptr;
+  bench.PressIn(bench.Window().tdbA, forms::kKeyDelete, forms::kControl);
+  EXPECT_THAT(bench.Aliases(), IsEmpty());
+}
+
+// A message for each of a few aliases in use, one for all of many.
+TEST(Commands, ManyAliasesInUseAreToldAtOnce) {
+  for (const auto& [count, messages] : {std::pair{10, 10u}, std::pair{11, 1u}}) {
+    EditorBench bench;
+    bench.Start();
+    bench.Click("FORA0");
+    bench.HaveFormula("Fill", "PumpServer.CPump");
+    std::vector<std::int64_t> all;
+    for (int i = 0; i < count; ++i) {
+      const std::string name = "A" + std::to_string(i);
+      all.push_back(bench.HaveAlias("Tank." + name, name));
+      bench.HaveArgument(1, static_cast<std::int32_t>(all.back()), true, false);
+    }
+    all.push_back(bench.HaveAlias("Tank.Unused", "Unused"));
+    bench.Window().inits.WriteAValueToCInits("RequestOnDelete", false);
+    bench.Window().tdbA.SetSelection(all);
+    bench.PressIn(bench.Window().tdbA, forms::kKeyDelete, forms::kControl);
+    EXPECT_EQ(bench.toolkit.boxes.size(), messages);
+    EXPECT_THAT(bench.toolkit.boxes.back().detail, HasSubstr(messages == 1 ? "(11)" : "A9"));
+    EXPECT_EQ(bench.Aliases().size(), static_cast<std::size_t>(count));
+  }
+}
+
 TEST(Commands, NotFindingTheFormulaAbandonsTheCommand) {
   EditorBench bench;
   bench.Start();

@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/form.h"
@@ -27,11 +29,14 @@ class ScriptedToolkit : public platform::Toolkit {
   std::deque<platform::MessageResult> answers;
   std::deque<std::optional<forms::Font>> fonts;
   std::function<void(forms::Band&)> on_popup;
+  std::function<bool(std::size_t done, std::size_t total)> on_progress;
 
   std::vector<platform::MessageBox> boxes;  // what was shown
   std::vector<std::string> popups;          // names of the bands
   std::vector<std::string> keys;            // what SendKeys got
   std::vector<platform::Pointer> pointers;
+  std::vector<std::string> tasks;  // that showed progress
+  std::vector<std::pair<std::size_t, std::size_t>> progress;
   std::vector<forms::Form*> loaded;
   std::vector<forms::Form*> shown;  // modeless
   int beeps = 0;
@@ -112,6 +117,22 @@ class ScriptedToolkit : public platform::Toolkit {
     if (on_popup) on_popup(band);
   }
   void SetPointer(platform::Pointer pointer) override { pointers.push_back(pointer); }
+  // Every call of Show is kept; `on_progress` may stop the task.
+  std::unique_ptr<platform::Progress> StartProgress(std::string_view task) override {
+    class Scripted final : public platform::Progress {
+     public:
+      explicit Scripted(ScriptedToolkit& toolkit) : toolkit_(toolkit) {}
+      bool Show(std::size_t done, std::size_t total) override {
+        toolkit_.progress.emplace_back(done, total);
+        return !toolkit_.on_progress || toolkit_.on_progress(done, total);
+      }
+
+     private:
+      ScriptedToolkit& toolkit_;
+    };
+    tasks.emplace_back(task);
+    return std::make_unique<Scripted>(*this);
+  }
   void Beep() override { ++beeps; }
   void CallLater(std::function<void()> task) override { later_.push_back(std::move(task)); }
   void SendKeys(std::string_view text) override { keys.emplace_back(text); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <wx/dataview.h>
 #include <wx/dialog.h>
 #include <wx/evtloop.h>
 #include <wx/statusbr.h>
@@ -78,15 +79,27 @@ inline void Input(const std::vector<std::string>& commands) {
   EXPECT_EQ(result, 0) << chain;
 }
 
-// The desktop program as its main function puts it together, on a project in memory.
+// The list of the grid that is shown, with its rows; null when there is none.
+inline wxDataViewCtrl* ShownGrid(const wxWindow& window) {
+  for (wxWindow* child : window.GetChildren()) {
+    auto* list = dynamic_cast<wxDataViewCtrl*>(child);
+    if (list && list->IsShownOnScreen()) return list;
+    if (wxDataViewCtrl* found = ShownGrid(*child)) return found;
+  }
+  return nullptr;
+}
+
+// The desktop program as its main function puts it together, on files that may be in memory.
 class DesktopProgram {
  public:
-  DesktopProgram(files::FileSystem& system, texts::Language language)
-      : texts_(language), toolkit_(texts_), help_(texts_), settings_(system, "/home/config") {
+  // `home`: where settings and state are kept.
+  DesktopProgram(files::FileSystem& system, texts::Language language,
+                 const std::string& home = "/home")
+      : texts_(language), toolkit_(texts_), help_(texts_), settings_(system, home + "/config") {
     settings_.Override(texts::kLanguageKey, texts::kLanguageValue, workbench::LcidOf(language));
-    state_ = std::make_unique<desktop::DesktopState>(settings_, system, "/home/state");
+    state_ = std::make_unique<desktop::DesktopState>(settings_, system, home + "/state");
     workbench::ProjectOptions options;
-    options.state_folder = "/home/state";
+    options.state_folder = home + "/state";
     window_ = new desktop::MainWindow(
         {system, toolkit_, window_system_, help_, settings_, texts_, *state_, options});
     window_->Show();
@@ -98,14 +111,43 @@ class DesktopProgram {
     Wait::For([] { return true; });
   }
 
-  bool Open() {
-    const bool open = window_->OpenProject(support::kPlantDatabase);
+  bool Open(const std::string& database = support::kPlantDatabase) {
+    const bool open = window_->OpenProject(database);
     Wait::For([] { return true; });
     return open;
   }
 
-  desktop::MainWindow& window() { return *window_; }
+  desktop::MainWindow& window() const { return *window_; }
   desktop::DesktopState& state() { return *state_; }
+  // The grid of the editor that is in front.
+  wxDataViewCtrl& Grid() { return *ShownGrid(*window_->EditorHost()); }
+  int Rows() {
+    return static_cast<int>(
+        dynamic_cast<wxDataViewVirtualListModel*>(Grid().GetModel())->GetCount());
+  }
+  // Position of the row with the keyboard; -1 when there is none.
+  int CurrentRow() {
+    const wxDataViewItem item = Grid().GetCurrentItem();
+    auto* model = dynamic_cast<wxDataViewVirtualListModel*>(Grid().GetModel());
+    return item.IsOk() ? static_cast<int>(model->GetRow(item)) : -1;
+  }
+  // The names of the formulas in the tree.
+  std::vector<std::string> FormulaNodes() const {
+    const wxDataViewModel& model = *ShownGrid(*window_)->GetModel();
+    wxDataViewItemArray top, branches, formulas;
+    model.GetChildren(wxDataViewItem(), top);
+    model.GetChildren(top.at(0), branches);
+    model.GetChildren(branches.at(1), formulas);
+    std::vector<std::string> names;
+    for (const wxDataViewItem& formula : formulas) {
+      wxVariant value;
+      model.GetValue(value, formula, 0);
+      wxDataViewIconText name;
+      name << value;
+      names.push_back(name.GetText().utf8_string());
+    }
+    return names;
+  }
   std::string Title() const { return window_->GetTitle().utf8_string(); }
   std::string Status() const { return window_->GetStatusBar()->GetStatusText().utf8_string(); }
 

@@ -119,6 +119,35 @@ TEST_P(MainJobTest, ComesBackAsItWasLeft) {
   EXPECT_NE(program.Title().find("Fill"), std::string::npos) << program.Title();
 }
 
+// Options and layout of the editor come back, and restarts that change nothing change nothing.
+TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
+  const auto settings = [this] { return plant.system.Get("/plant/OVEditors.ini"); };
+  int width = 0;
+  {
+    DesktopProgram program(plant.system, GetParam());
+    ASSERT_TRUE(program.Open());
+    Input({"key --delay 80 Down Down"});
+    AddFormula("Fill");
+    Input({"key alt+e sleep 0.3 key --delay 80 Up Return sleep 0.8 key alt+s key Return"});
+    EXPECT_NE(settings().find("sb.Visible=False"), std::string::npos) << settings();
+    wxDataViewCtrl& grid = program.Grid();
+    width = grid.GetColumn(0)->GetWidth();
+    display::Drag(grid, {width, 10}, {width + 60, 10});
+    width += 60;
+    EXPECT_NEAR(grid.GetColumn(0)->GetWidth(), width, 4);
+    width = grid.GetColumn(0)->GetWidth();
+  }
+  const std::string kept = settings();
+  EXPECT_NE(kept.find("sb.Visible=False"), std::string::npos);
+  for (int restart = 0; restart < 3; ++restart) {
+    DesktopProgram program(plant.system, GetParam());
+    ASSERT_TRUE(program.Open());
+    EXPECT_EQ(program.Grid().GetColumn(0)->GetWidth(), width) << "restart " << restart;
+    EXPECT_EQ(settings(), kept) << "restart " << restart;
+  }
+  EXPECT_EQ(settings(), kept);
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, MainJobTest,
                          ::testing::Values(texts::Language::kGerman, texts::Language::kEnglish),
                          [](const auto& test) {

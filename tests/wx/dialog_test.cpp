@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 #include <wx/dialog.h>
+#include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 
 #include "tests/wx/display.h"
@@ -105,6 +106,32 @@ TEST_F(DialogTest, MessageBoxAnswersWithItsDefault) {
   EXPECT_EQ(toolkit.Show(box), platform::MessageResult::kYes);
   display::DuringModal({[] { Press(WXK_ESCAPE); }});
   EXPECT_EQ(toolkit.Show(box), platform::MessageResult::kNo);
+}
+
+TEST_F(DialogTest, ProgressComesUpWhenItTakesLongAndIsStopped) {
+  const auto window = []() -> wxTopLevelWindow* {
+    for (wxWindow* top : wxTopLevelWindows) {
+      if (top->GetLabel() == "Delete aliases" && top->IsShown())
+        return dynamic_cast<wxTopLevelWindow*>(top);
+    }
+    return nullptr;
+  };
+  {
+    const auto progress = toolkit.StartProgress("Delete aliases");
+    EXPECT_TRUE(progress->Show(0, 1000));
+    EXPECT_EQ(window(), nullptr) << "a short task shows nothing";
+    bool pressed = false;
+    const wxStopWatch watch;
+    while (progress->Show(400, 1000) && watch.Time() < 15000) {
+      wxMilliSleep(5);
+      if (pressed || !window() || !window()->IsActive()) continue;
+      pressed = true;
+      wxUIActionSimulator().Char(WXK_ESCAPE);
+    }
+    EXPECT_TRUE(pressed);
+    EXPECT_FALSE(progress->Show(500, 1000));
+  }
+  EXPECT_EQ(window(), nullptr);
 }
 
 }  // namespace

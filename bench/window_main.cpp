@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: MIT
+// The desktop program's real window with a large project beside the same window with an empty or a
+// small one: time until it is up, keys in its tables, memory. Needs a display; takes one of its own
+// where there is none.
+#include <stdlib.h>
+#include <unistd.h>
+#include <wx/app.h>
+#include <wx/dataview.h>
+#include <wx/evtloop.h>
+#include <wx/uiaction.h>
+
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "bench/folder.h"
+#include "bench/make_project.h"
+#include "bench/process.h"
+#include "bench/report.h"
+#include "desktop/help_viewer.h"
+#include "desktop/main_window.h"
+#include "workbench/language.h"
+#include "workbench/new_project.h"
+#include "wx/window_system.h"
+
+namespace bench {
+namespace {
+
+constexpr int kRuns = 5;          // of the program, each with all its measurements
+constexpr int kRounds = 5;        // of each key
+constexpr double kPatience = 60;  // seconds
+constexpr const char* kStarted = "OV_BENCH_STARTED";
+
+std::int64_t Nanoseconds() {
+  return std::chrono::steady_clock::now().time_since_epoch() / std::chrono::nanoseconds(1);
+}
+
+// "VmHWM": the largest resident memory so far, in MiB.
+double PeakMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmHWM:")) return std::stod(line.substr(6)) / 1024;
+  }
+  return 0;
+}
+
+wxDataViewCtrl* ShownGrid(const wxWindow& window) {
+  for (wxWindow* child : window.GetChildren()) {
+    auto* list = dynamic_cast<wxDataViewCtrl*>(child);
+    if (list && list->IsShownOnScreen()) return list;
+    if (wxDataViewCtrl* found = ShownGrid(*child)) return found;
+  }
+  return nullptr;
+}
+
+// --- The program that is measured ---
+
+class MeasuredApp : public wxApp {
+ public:
+  MeasuredApp(std::string folder, bool keys) : folder_(std::move(folder)), keys_(keys) {}
+
+  bool OnInit() override {
+    files::FileSystem& files = files::RealFileSystem();
+    settings_ = std::make_unique<workbench::FileSettingsService>(files, folder_ + "/config");
+    settings_->Override(texts::kLanguageKey, texts::kLanguageValue,
+                        workbench::LcidOf(texts::Language::kEnglish));
+    texts_ = std::make_unique<texts::TextTable>(texts::Language::kEnglish);
+    toolkit_ = std::make_unique<desktop::DesktopToolkit>(*texts_);
+    window_system_ = std::make_unique<wx::WindowSystem>("OVFormulaEditor.dll");
+    help_ = std::make_unique<desktop::HelpViewer>(*texts_);
+    state_ = std::make_unique<desktop::DesktopState>(*settings_, files, folder_ + "/state");
+    workbench::ProjectOptions options;
+    options.state_folder = folder_ + "/state";
+    window_ = new desktop::MainWindow(
+        {files, *toolkit_, *window_system_, *help_, *settings_, *texts_, *state_, options});
+    window_->Show();
+    window_->CallAfter([this] {
+      window_->OpenProject(folder_ + "/Plant.ovs");
+      window_->CallAfter([this] { Measure(); });
+    });
+    return true;
+  }
+  int OnExit() override {
+    window_system_.reset();
+    return wxApp::OnExit();
+  }
+
+ private:
+  void Measure() {
+    Settle();
+    const auto started = std::stoll(getenv(kStarted));
+    Print("window up", 1e-6 * static_cast<double>(Nanoseconds() - started));
+    if (keys_) MeasureKeys();
+    Print("memory", PeakMemory());
+    window_->Close();
+  }
+
+  static void Print(const char* what, double figure) { std::printf("%s\t%.6g\n", what, figure); }
+
+  // Handles all events that are there, painting included.
+  void Settle() {
+    Yield(true);
+    window_->Update();
+    while (ProcessIdle()) Yield(true);
+    Yield(true);
+  }
+  wxDataViewCtrl& Grid() { return *ShownGrid(*window_->EditorHost()); }
+  unsigned Rows() {
+    return dynamic_cast<wxDataViewVirtualListModel*>(Grid().GetModel())->GetCount();
+  }
+  unsigned Current() {
+    const wxDataViewItem item = Grid().GetCurrentItem();
+    auto* model = dynamic_cast<wxDataViewVirtualListModel*>(Grid().GetModel());
+    return item.IsOk() ? model->GetRow(item) : ~0u;
+  }
+  bool Do(const std::function<void()>& input, const std::function<bool()>& done) {
+    input();
+    const Stopwatch waited;
+    while (!done()) {
+      if (waited.Seconds() > kPatience) return false;
+      Yield(true);
+    }
+    Settle();
+    return true;
+  }
+  // Prints the milliseconds from the first input to the end of what it causes.
+  void Time(const char* what, const std::function<void()>& input, const std::function<bool()>& done,
+            const std::function<void()>& prepare) {
+    std::vector<double> times;
+    for (int round = 0; round < kRounds; ++round) {
+      prepare();
+      Settle();
+      const Stopwatch stopwatch;
+      if (!Do(input, done)) {
+        std::fprintf(stderr, "%s: nothing happens\n", what);
+        exit(1);
+      }
+      times.push_back(1e3 * stopwatch.Seconds());
+    }
+    Print(what, Median(times));
+  }
+  void Press(int key, int modifiers = wxMOD_NONE) { keyboard_.Char(key, modifiers); }
+
+  void MeasureKeys() {
+    Do([this] { Press(WXK_HOME); }, [] { return true; });
+    Do([this] { Press(WXK_DOWN); }, [this] { return Rows() > 50; });  // the aliases
+    Do([this] { Press(WXK_F6, wxMOD_ALT); }, [this] { return Grid().HasFocus(); });
+    const unsigned last = Rows() - 1;
+    const auto go = [this](int key, unsigned row) {
+      Do([&] { Press(key); }, [&] { return Current() == row; });
+    };
+    const auto home = [go] { go(WXK_HOME, 0); };
+    const auto end = [go, last] { go(WXK_END, last); };
+    Time(
+        "jump to the last row", [this] { Press(WXK_END); },
+        [this, last] { return Current() == last; }, home);
+    Time(
+        "jump to the first row", [this] { Press(WXK_HOME); }, [this] { return Current() == 0; },
+        end);
+    Time(
+        "five pages up from the end",
+        [this] {
+          for (int i = 0; i < 5; ++i) {
+            const unsigned before = Current();
+            Do([this] { Press(WXK_PAGEUP); }, [&] { return Current() < before || before == 0; });
+          }
+        },
+        [] { return true; }, end);
+    Time(
+        "next row", [this] { Press(WXK_DOWN); }, [this] { return Current() == 1; }, home);
+    Time(
+        "three more rows selected",
+        [this] {
+          for (int i = 0; i < 3; ++i) Press(WXK_DOWN, wxMOD_SHIFT);
+        },
+        [this] { return Grid().GetSelectedItemsCount() == 4; }, home);
+    Time(
+        "all rows selected", [this] { Press('A', wxMOD_CONTROL); },
+        [this, last] { return Grid().GetSelectedItemsCount() == static_cast<int>(last) + 1; },
+        home);
+    MeasureFilter(last + 1);
+  }
+
+  void MeasureFilter(unsigned all) {
+    const auto clear = [this, all] {
+      if (Rows() == all) return;
+      Do([this] { Press(WXK_ESCAPE); }, [this, all] { return Rows() == all; });
+    };
+    const auto open = [=, this] {
+      clear();
+      Do([this] { Press('F', wxMOD_CONTROL); },
+         [this] { return wxWindow::FindFocus() != &Grid(); });
+    };
+    const auto fewer = [this, all] { return Rows() < all; };
+    Time(
+        "first letter of a filter", [this] { Press('7'); }, fewer, open);
+    unsigned with_one = 0;
+    const auto type_one = [=, this, &with_one] {
+      open();
+      Do([this] { Press('7'); }, fewer);
+      with_one = Rows();
+    };
+    Time(
+        "next letter of a filter", [this] { Press('7'); },
+        [this, &with_one] { return Rows() < with_one; }, type_one);
+    Time(
+        "filter gone", [this] { Press(WXK_ESCAPE); }, [this, all] { return Rows() == all; },
+        type_one);
+  }
+
+  std::string folder_;
+  bool keys_;
+  wxUIActionSimulator keyboard_;
+  std::unique_ptr<workbench::FileSettingsService> settings_;
+  std::unique_ptr<texts::TextTable> texts_;
+  std::unique_ptr<desktop::DesktopToolkit> toolkit_;
+  std::unique_ptr<wx::WindowSystem> window_system_;
+  std::unique_ptr<desktop::HelpViewer> help_;
+  std::unique_ptr<desktop::DesktopState> state_;
+  desktop::MainWindow* window_ = nullptr;
+};
+
+// --- The comparison ---
+
+struct Subject {
+  std::string folder;
+  bool keys = false;
+  std::vector<std::string> order = {};  // of the figures
+  std::map<std::string, std::vector<double>> figures = {};
+
+  double Figure(const std::string& name) { return Median(figures[name]); }
+};
+
+// One run of the program; its figures are added.
+bool RunOnce(Subject& subject, const std::string& output) {
+  setenv(kStarted, std::to_string(Nanoseconds()).c_str(), 1);
+  const ProcessResult result = RunProcess(
+      {"/proc/self/exe", "--measured", subject.folder, subject.keys ? "keys" : ""}, output);
+  if (result.exit_code != 0) return false;
+  std::ifstream lines(output);
+  for (std::string line; std::getline(lines, line);) {
+    const std::string name = line.substr(0, line.find('\t'));
+    if (subject.figures[name].empty()) subject.order.push_back(name);
+    subject.figures[name].push_back(std::stod(line.substr(line.find('\t'))));
+  }
+  return true;
+}
+
+double FileMiB(const std::string& path) {
+  return static_cast<double>(files::RealFileSystem().Stamp(path)->size) / (1024 * 1024);
+}
+
+int Compare() {
+  files::FileSystem& files = files::RealFileSystem();
+  const Folder folder;
+  Subject empty{folder.File("empty")}, few{folder.File("few"), true},
+      many{folder.File("many"), true};
+  for (const Subject* subject : {&empty, &few, &many}) files.CreateDirectories(subject->folder);
+  workbench::MakeProject(files, empty.folder + "/Plant.ovs", {});
+  ProjectSize small;
+  small.formulas = 10;
+  small.aliases = small.arguments = 100;
+  MakeLargeProject(files, few.folder + "/Plant.ovs", small);
+  MakeLargeProject(files, many.folder + "/Plant.ovs", {});
+  for (int run = 0; run < kRuns; ++run) {
+    for (Subject* subject : {&empty, &few, &many}) {
+      if (!RunOnce(*subject, folder.File("figures"))) {
+        PrintNote("the program failed with " + subject->folder);
+        return 1;
+      }
+    }
+  }
+  PrintHeading("10,000 / 100,000", "empty");
+  PrintRatio("window up", many.Figure("window up"), empty.Figure("window up"), "ms", 1.5);
+  const double database = FileMiB(many.folder + "/Plant.ovs");
+  PrintRatio("memory, of 1.5 x empty + 3 x database", many.Figure("memory"),
+             1.5 * empty.Figure("memory") + 3 * database, "MiB", 1);
+  PrintHeading("100,000 aliases", "100");
+  for (const std::string& name : many.order) {
+    if (name == "window up" || name == "memory") continue;
+    PrintRatio(name, many.Figure(name), few.Figure(name), "ms", 2);
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace bench
+
+int main(int argc, char** argv) {
+  if (argc == 4 && std::string(argv[1]) == "--measured") {
+    wxApp::SetInstance(new bench::MeasuredApp(argv[2], std::string(argv[3]) == "keys"));
+    int one = 1;
+    return wxEntry(one, argv);
+  }
+  if (!getenv("DISPLAY")) {
+    if (!bench::IsInstalled("xvfb-run") || !bench::IsInstalled("openbox")) {
+      bench::PrintNote("skipped: no display, and no xvfb and openbox to make one");
+      return 0;
+    }
+    execlp("xvfb-run", "xvfb-run", "-a", "-s", "-screen 0 1280x900x24", "sh", "-c",
+           "openbox >/dev/null 2>&1 & NO_AT_BRIDGE=1 GTK_THEME=Adwaita exec \"$0\"", argv[0],
+           nullptr);
+    return 1;
+  }
+  return bench::Compare();
+}

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// The program is killed at points of the saving of an edit. What it leaves is the state before the
+// edit or the one after it, and the next start works.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+
+#include "files/failing_file_system.h"
+#include "files/replace_file.h"
+#include "tests/window/desktop_program.h"
+
+namespace {
+
+using files::Operation;
+using window_tests::Input;
+using window_tests::Wait;
+
+constexpr const char* kFolder = "OV_TEST_FOLDER";  // of the project, for the program that dies
+constexpr const char* kStep = "OV_TEST_STEP";      // the change of a file that it dies at; 0: none
+constexpr const char* kCount = "steps";            // file that tells how many there are
+
+using Snapshot = std::map<std::string, std::string>;
+
+// A project of its own in a folder that goes with the object.
+class Folder {
+ public:
+  explicit Folder(const Snapshot& files) {
+    char name[] = "/tmp/killed-XXXXXX";
+    path_ = mkdtemp(name);
+    for (const auto& [path, bytes] : files)
+      files::ReplaceFile(files::RealFileSystem(), path_ + path.substr(path.rfind('/')), bytes);
+  }
+  ~Folder() { std::filesystem::remove_all(path_); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+
+  const std::string& path() const { return path_; }
+  std::string Database() const { return path_ + "/Plant.ovs"; }
+  std::string Read(const std::string& name) const {
+    return files::ReadFile(files::RealFileSystem(), path_ + "/" + name);
+  }
+
+ private:
+  std::string path_;
+};
+
+struct State {
+  std::string database, code;
+  friend bool operator==(const State&, const State&) = default;
+};
+
+State StateOf(const Folder& folder) { return {folder.Read("Plant.ovs"), folder.Read("CPump.cls")}; }
+
+// Runs the program that makes a formula and may die meanwhile; its exit status as wait gives it.
+int RunProgram(const Folder& folder, int step) {
+  const pid_t child = fork();
+  if (child == 0) {
+    unsetenv("GTEST_TOTAL_SHARDS");
+    unsetenv("GTEST_SHARD_INDEX");
+    setenv(kFolder, folder.path().c_str(), 1);
+    setenv(kStep, std::to_string(step).c_str(), 1);
+    execl("/proc/self/exe", "window_tests", "--gtest_also_run_disabled_tests",
+          "--gtest_filter=KilledProgram.DISABLED_MakesAFormula", nullptr);
+    _exit(1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return status;
+}
+
+// Ends the program as soon as nothing that it writes arrives any more.
+class Killer : public wxTimer {
+ public:
+  explicit Killer(const files::FailingFileSystem& system) : system_(system) { Start(5); }
+
+ private:
+  void Notify() override {
+    if (system_.fired()) kill(getpid(), SIGKILL);
+  }
+  const files::FailingFileSystem& system_;
+};
+
+// The program of which the other test is about.
+TEST(KilledProgram, DISABLED_MakesAFormula) {
+  ASSERT_NE(getenv(kFolder), nullptr) << "is run by the other test";
+  const std::string folder = getenv(kFolder);
+  const int step = std::atoi(getenv(kStep));
+  files::FailingFileSystem system(files::RealFileSystem());
+  const Killer killer(system);
+  window_tests::DesktopProgram program(system, texts::Language::kEnglish, folder + "/home");
+  ASSERT_TRUE(program.Open(folder + "/Plant.ovs"));
+  Input({"key --delay 80 Home Down Down"});
+  system.Arm({.kinds = {Operation::kWrite, Operation::kTruncate, Operation::kSync,
+                        Operation::kRename, Operation::kRemove, Operation::kSyncDirectory},
+              .n = step == 0 ? 1000000 : step,
+              .length = files::Fault::Length::kCrash,
+              .short_writes = true});
+  Input({"key F8 sleep 0.8", "type --delay 40 Fill", "key --delay 80 Tab Down Return"});
+  files::ReplaceFile(files::RealFileSystem(), folder + "/" + kCount,
+                     std::to_string(system.count()));
+}
+
+TEST(KilledProgram, LeavesWholeFilesAndStartsAgain) {
+  const Snapshot files = support::SamplePlant().system.Snapshot();
+  const Folder untouched(files), changed(files);
+  const State before = StateOf(untouched);
+  const int status = RunProgram(changed, 0);
+  ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  const State after = StateOf(changed);
+  ASSERT_NE(after.database, before.database);
+  ASSERT_NE(after.code.find("Public Sub Fill()"), std::string::npos);
+  const int steps = std::stoi(changed.Read(kCount));
+  ASSERT_GT(steps, 4);
+
+  std::set<int> points = {1, steps / 3, 2 * steps / 3, steps};
+  if (getenv("OV_LONG")) {
+    for (int step = 1; step <= steps; ++step) points.insert(step);
+  }
+  for (const int point : points) {
+    SCOPED_TRACE("killed at change " + std::to_string(point) + " of " + std::to_string(steps));
+    const Folder folder(files);
+    const int end = RunProgram(folder, point);
+    ASSERT_TRUE(WIFSIGNALED(end) && WTERMSIG(end) == SIGKILL);
+    window_tests::DesktopProgram program(files::RealFileSystem(), texts::Language::kEnglish,
+                                         folder.path() + "/home");
+    ASSERT_TRUE(program.Open(folder.Database()));
+    const State found = StateOf(folder);
+    EXPECT_TRUE(found == before || found == after)
+        << "the code holds the formula: " << (found.code == after.code);
+    EXPECT_TRUE(point > 1 || found == before);
+  }
+}
+
+}  // namespace

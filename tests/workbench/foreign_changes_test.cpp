@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "workbench/foreign_changes.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/sample_plant.h"
+
+namespace {
+
+using support::kPlantDatabase;
+
+// One step after the other on the same project; `seen` is what the look after it says.
+TEST(ForeignChanges, OwnChangesAreNone) {
+  support::SamplePlant plant;
+  workbench::ForeignChanges changes(plant.system, kPlantDatabase);
+  plant.unit.Enlist(changes);
+  plant.connection->Open(store::ProjectConnectionString(kPlantDatabase));
+  const auto add = [](recordset::JetConnection& connection, const std::string& alias) {
+    const auto rows = connection.CreateRecordset();
+    rows->SetSource("TvbfAlias");
+    rows->SetCommandType(platform::CommandType::kTableDirect);
+    rows->SetLockType(platform::LockType::kOptimistic);
+    rows->Open();
+    rows->AddNew();
+    rows->Fields("ItemID").SetValue("Item");
+    rows->Fields("VBAlias").SetValue(alias);
+    rows->Update();
+    rows->Close();
+  };
+  const auto own = [&](const std::string& alias) {
+    platform::UnitOfWorkScope scope(plant.unit);
+    add(*plant.connection, alias);
+    scope.Commit();
+  };
+  const auto foreign = [&](const std::string& alias) {
+    recordset::JetConnection other(plant.system);
+    other.Open(store::ProjectConnectionString(kPlantDatabase));
+    add(other, alias);
+  };
+  EXPECT_FALSE(changes.Look()) << "opening is no change";
+  own("First");
+  EXPECT_FALSE(changes.Look());
+  foreign("Second");
+  EXPECT_TRUE(changes.Look());
+  EXPECT_TRUE(changes.Look()) << "until it is accepted";
+  changes.Accept();
+  EXPECT_FALSE(changes.Look());
+  foreign("Third");
+  own("Fourth");
+  EXPECT_TRUE(changes.Look()) << "an own change does not hide it";
+  changes.Accept();
+  { const platform::UnitOfWorkScope given_up(plant.unit); }
+  EXPECT_FALSE(changes.Look());
+  EXPECT_EQ(plant.Rows("TvbfAlias", {"VBAlias"}).size(), 4u);
+}
+
+}  // namespace
