@@ -32,9 +32,11 @@ TEST_F(DialogTest, IsFilledByKeyboardAlone) {
                 [] { Type("Pump1"); },          // the first field has the keyboard
                 [] { Press('C', wxMOD_ALT); },  // mnemonic of a label
                 [] { Press(WXK_DOWN); }, [] { Press('I', wxMOD_ALT); },
-                [] { Type("Tank099"); },        // completed in a list of 100,000
+                [] { Type("Tank099"); },  // completed in a list of 100,000
+                display::Step::Until([&] { return form.cmbAlias.Text() == "Tank099000_Level"; }),
                 [] { Press('E', wxMOD_ALT); },  // check box
-                [] { Press(WXK_RETURN); },      // default button
+                display::Step::Until([&] { return !form.chkEnabled.Checked(); }),
+                [] { Press(WXK_RETURN); },  // default button
             });
   EXPECT_EQ(form.txtName.Text(), "Pump1");
   EXPECT_EQ(form.cmbClass.ListIndex(), 0);
