@@ -41,10 +41,21 @@ void ModuleDocument::Load() {
 }
 
 ModuleDocument::Loaded& ModuleDocument::ForReading() {
-  const bool current =
-      loaded_ && (session_.in_unit || loaded_->text.edited() || file_.Stamp() == loaded_->stamp);
-  if (!current) Load();
+  if (!loaded_ || !IsCurrent()) {
+    Load();
+    loaded_->seen_in_unit = session_.in_unit;
+  }
   return *loaded_;
+}
+
+// Edited lines stay. Otherwise a unit of work compares the contents, once; outside of one, a file
+// that looks the same is taken to be the same.
+bool ModuleDocument::IsCurrent() {
+  if (loaded_->text.edited()) return true;
+  if (session_.in_unit ? loaded_->seen_in_unit : file_.Stamp() == loaded_->stamp) return true;
+  if (!IsUnchangedOnDisk()) return false;
+  loaded_->seen_in_unit = session_.in_unit;
+  return true;
 }
 
 ModuleDocument::Edit ModuleDocument::BeginEdit() {
@@ -81,7 +92,7 @@ void ModuleDocument::Save() {
   if (loaded_->text.edited()) {
     saved_ = std::make_unique<Loaded>(loaded_->text, file_.page(), loaded_->stamp);
   } else {
-    loaded_.reset();
+    loaded_->verified = loaded_->seen_in_unit = false;
   }
 }
 
@@ -95,7 +106,24 @@ void ModuleDocument::Collect(files::ChangeSet& changes) const {
 
 void ModuleDocument::Committed() noexcept {
   saved_.reset();
-  if (loaded_ && loaded_->text.edited()) loaded_.reset();
+  if (loaded_ && loaded_->text.edited() && !AdoptWritten()) loaded_.reset();
+}
+
+// Goes on with the lines that were written, unless reading them would show others: attributes that
+// were switched off turn up as comments.
+bool ModuleDocument::AdoptWritten() noexcept {
+  try {
+    std::string bytes = loaded_->text.CurrentBytes();
+    const std::size_t header = ParseModuleHeader(bytes, true).length;
+    ModuleText written(std::move(bytes), header);
+    if (!written.ShowsTheLinesOf(loaded_->text)) return false;
+    loaded_->text = std::move(written);
+    loaded_->stamp = {};  // the next look compares the contents
+    loaded_->verified = loaded_->seen_in_unit = false;
+    return true;
+  } catch (...) {
+    return false;
+  }
 }
 
 void ModuleDocument::Restore() noexcept {

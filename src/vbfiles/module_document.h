@@ -51,13 +51,16 @@ class ModuleDocument {
     ModuleText text;
     SourceIndex index;  // of text
     files::FileStamp stamp;
-    bool is_source = true;  // false: binary or encrypted, presented without lines
-    bool verified = false;  // an edit found the contents on disk to be those that were read
+    bool is_source = true;      // false: binary or encrypted, presented without lines
+    bool verified = false;      // the contents on disk were found to be those that were read
+    bool seen_in_unit = false;  // the open unit of work read or verified them
   };
 
   Loaded& ForReading();
   void Load();
+  bool IsCurrent();
   bool IsUnchangedOnDisk();
+  bool AdoptWritten() noexcept;
 
   ModuleFile file_;
   Session& session_;

@@ -160,14 +160,35 @@ void ModuleText::Replace(std::int32_t line, std::span<const std::string> texts) 
   if (texts.size() > 1) Insert(line, texts.first(texts.size() - 1));
 }
 
+bool ModuleText::ShowsTheLinesOf(const ModuleText& other) const {
+  if (lines_.size() != other.lines_.size()) return false;
+  for (std::int32_t line = 1; line <= LineCount(); ++line) {
+    if (Line(line) != other.Line(line)) return false;
+  }
+  return true;
+}
+
 std::string ModuleText::OriginalBytes() const {
   return original_.substr(0, original_.size() - filled_in_) + trailer_;
 }
 
 std::string ModuleText::CurrentBytes() const {
-  std::string bytes = original_.substr(0, header_length_);
+  std::string bytes;
   bytes.reserve(original_.size() + added_.size() + trailer_.size());
-  for (const Record& record : lines_) bytes += Bytes(record);
+  // Lines that still follow each other as in the file are copied together.
+  std::size_t begin = 0, end = header_length_;
+  for (const Record& record : lines_) {
+    const std::string_view line = Bytes(record);
+    if (!record.added && record.offset == end) {
+      end += line.size();
+      continue;
+    }
+    bytes.append(original_, begin, end - begin);
+    if (record.added) bytes += line;
+    begin = record.added ? 0 : record.offset;
+    end = record.added ? 0 : record.offset + line.size();
+  }
+  bytes.append(original_, begin, end - begin);
   if (filled_in_ > 0) {
     if (bytes.ends_with(kCrLf)) {
       bytes.resize(bytes.size() - kCrLf.size());
@@ -175,7 +196,8 @@ std::string ModuleText::CurrentBytes() const {
       bytes.pop_back();
     }
   }
-  return bytes + trailer_;
+  bytes += trailer_;
+  return bytes;
 }
 
 }  // namespace vbfiles

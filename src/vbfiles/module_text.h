@@ -46,6 +46,8 @@ class ModuleText final : public SourceLines {
   void Replace(std::int32_t line, std::span<const std::string> texts);
 
   bool edited() const { return edited_; }
+  // Whether the visible lines are the same.
+  bool ShowsTheLinesOf(const ModuleText& other) const;
   // Whether zero bytes stand before the trailer: no source text then.
   bool HasZeroBytes() const { return original_.find('\0') != std::string::npos; }
   std::string OriginalBytes() const;
