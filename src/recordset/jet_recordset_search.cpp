@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Filter, Find, Seek and GetRows.
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -19,6 +20,12 @@ namespace {
 
 // Of so many rows found by an index the next one is picked; more are better read in their order.
 constexpr std::size_t kMaxRowsPicked = 64;
+
+// What the definition counts, as far as the file can hold so many rows: it may be damaged.
+std::size_t LikelyRows(jet::Database& database, jet::Table& table) {
+  constexpr std::size_t kMaxRowsOfPage = 255;
+  return std::min<std::size_t>(table.RowCount(), database.Header().page_count * kMaxRowsOfPage);
+}
 
 }  // namespace
 
@@ -198,7 +205,7 @@ platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
   reader_->Forget();
   // The whole table from its first row on is one scan.
   if (count < 0 && query_->IsWholeTable() && query_->order().empty() && cursor_->OnFirst()) {
-    result.values.reserve(sources.size() * OnlyTable().RowCount());
+    result.values.reserve(sources.size() * LikelyRows(query_->database(), OnlyTable()));
     jet::Scan scan = OnlyTable().OpenScan(needed.Of(0));
     while (scan.Next(rows[0])) append();
     cursor_->MoveToEnd();

@@ -354,6 +354,19 @@ TEST_F(CursorTest, CountsFromTheDefinitionUntilItWalks) {
   EXPECT_EQ(rs->RecordCount(), 7);
 }
 
+TEST_F(CursorTest, ReadsAllRowsWhateverTheDefinitionCounts) {
+  constexpr std::size_t kPageSize = 4096, kRowsOffset = 16;
+  const std::size_t page = db_.connection()->database().OpenTable("TvbfAlias").definition_page();
+  db_.connection()->Close();
+  std::string file = db_.system().Get(db_.path());
+  db_.system().Put(db_.path(), file.replace(page * kPageSize + kRowsOffset, 4, "\xFF\xFF\xFF\xFF"));
+  auto connection = db_.Connect();
+  auto rs = support::MemoryDatabase::Open(*connection, "TvbfAlias");
+  EXPECT_EQ(rs->GetRows(-1, {"ID"}).second, 5u);
+  rs->MoveFirst();
+  EXPECT_EQ(RowsText(*rs, {"ID"}), "1 2 3 4 5");
+}
+
 TEST_F(CursorTest, ClosingTheConnectionClosesItsRecordsets) {
   auto rs = db_.Open("TvbfAlias");
   auto closed = db_.Open("TvbfParams");
