@@ -60,6 +60,9 @@ TEST_F(PlanTest, GoesByTheIndexes) {
       {"SELECT VBAlias FROM TvbfParams INNER JOIN TvbfAlias ON TvbfParams.AliasID = TvbfAlias.ID "
        "WHERE ParentID = 3",
        "Params(Unique:1) Alias(PrimaryKey:1)"},
+      {"SELECT TvbfFormulas.ID FROM TvbfParams INNER JOIN TvbfFormulas ON TvbfParams.ParentID = "
+       "TvbfFormulas.ID WHERE (TvbfParams.AliasID = 7) AND (TvbfFormulas.ProgID = 'P.C')",
+       "Formulas(ProgID:1) Params(Unique:2)"},
       {"SELECT * FROM TvbfParams WHERE AliasID = 1 AND ParentID = 2 AND In", "Params(Unique:2)"},
       {"SELECT * FROM TvbfFormulas WHERE Name = 'F1'", "Formulas"},
       {"SELECT * FROM TvbfFormulas WHERE ProgID = 'P.C'", "Formulas(ProgID:1)"},

@@ -356,6 +356,65 @@ TEST_F(OperationsTest, AliasInUseNamesTheFormulas) {
   EXPECT_TRUE(code.AliasInUse(99).empty());
 }
 
+TEST_F(OperationsTest, GeneratorWritesNothingThatStands) {
+  const std::string before = State();
+  codegen::CVBFormulaCode& code = project_.open->code;
+  platform::UnitOfWorkScope unit(project_.open->unit);
+  code.AddFunction(kClass, "filltank", "");
+  code.RenameFunction(kClass, "FillTank", "FillTank");
+  code.AddParameter(kClass, "Level", "Tank1.Level");
+  code.RenameParameter(kClass, "Level", "Level", {2, "DrainTank", 1, 1});
+  code.RenameAlias(1, "Level", "Level", "Tank1.Level");
+  code.RebuildFunctionCommentHeader("DrainTank", kClass);
+  code.ReplaceFunctionCommentHeader("DrainTank", kClass,
+                                    code.GetFunctionCommentHeader("DrainTank", kClass));
+  files::ChangeSet changes;
+  project_.open->environment->Collect(changes);
+  EXPECT_TRUE(changes.files.empty()) << *changes.files[0].after;
+  EXPECT_TRUE(code.TakeWarnings().empty());
+  EXPECT_FALSE(code.TakeFailure());
+  unit.Commit();
+  EXPECT_EQ(State(), before);
+}
+
+// Somebody changed rows and left the code alone: what is switched off lists what it used.
+TEST_F(OperationsTest, ASwitchedOffCopyListsItsArguments) {
+  OperationOptions rows_only;
+  rows_only.with_rows_only = true;
+  const ArgumentValues values[] = {{2, true, false}};
+  Do(operations().AddArguments(2, values, rows_only));
+  Do(Edit(2, [](auto& v) { v.prog_id = "PumpServer.CTank"; }));
+  const std::string listed = "'\tLevel\r\n'\tPump\r\n'" + std::string(56, '*') + "\r\n";
+  EXPECT_NE(project_.Code("CPump").find(listed + "'Public Sub DrainTank()"), std::string::npos)
+      << project_.Code("CPump");
+  const std::int32_t flow = project_.AddAlias("Tank1.Flow", "Flow");
+  const ArgumentValues more[] = {{flow, true, false}};
+  Do(operations().AddArguments(1, more, rows_only));
+  Do(operations().DeleteFormulas(Ids{1}));
+  EXPECT_NE(project_.Code("CPump").find("'\tFlow\r\n"), std::string::npos);
+}
+
+TEST_F(OperationsTest, HintsSayWhyAValidNameMayNotDo) {
+  const struct {
+    const char* name;
+    std::int32_t refused;  // text, 0 for none
+    std::int32_t hint;     // text of the warning, 0 for none
+  } kCases[] = {{"Fresh", 0, 0},  {"_a", 0, 1124}, {"a\u20AC", 0, 1125}, {"level", 1010, 0},
+                {"Next", 451, 0}, {"a b", 451, 0}, {" ", 450, 0}};
+  for (const auto& c : kCases) {
+    const OperationResult result = operations().CheckAlias({"item", c.name});
+    EXPECT_EQ(result.text_id, c.refused) << c.name;
+    EXPECT_EQ(result.warnings.empty() ? 0 : result.warnings[0].text_id, c.hint) << c.name;
+    const AliasValues values[] = {{"item", c.name}};
+    const OperationResult added = operations().AddAliases(values);
+    EXPECT_EQ(added.text_id, c.refused) << c.name;
+    EXPECT_EQ(added.warnings.empty() ? 0 : added.warnings[0].text_id, c.hint) << c.name;
+  }
+  EXPECT_TRUE(operations().CheckAlias({"item", "LEVEL"}, 1).success()) << "its own name";
+  EXPECT_EQ(operations().CheckFormulaName("Next").text_id, 1007);
+  EXPECT_TRUE(operations().CheckFormulaName("FillTank").success());
+}
+
 TEST_F(OperationsTest, AClassIsListedWhileItHasFormulas) {
   std::vector<std::string>& calls = project_.open->components.calls;
   calls.clear();
