@@ -27,14 +27,10 @@ void LocaliseCaption(Control& control, const TextLookup& text) {
   if (captioned && number) captioned->SetCaption(text(*number));
 }
 
-void LocaliseContainer(Container& container, const TextLookup& text) {
-  LocaliseCaption(container, text);
-  for (Control* control : container.Controls()) {
-    if (auto* nested = dynamic_cast<Container*>(control)) {
-      LocaliseContainer(*nested, text);
-    } else {
-      LocaliseCaption(*control, text);
-    }
+void LocaliseWithContents(Control& control, const TextLookup& text) {
+  LocaliseCaption(control, text);
+  if (auto* container = dynamic_cast<Container*>(&control)) {
+    for (Control* inner : container->Controls()) LocaliseWithContents(*inner, text);
   }
 }
 
@@ -85,6 +81,6 @@ PropertyObject* Form::SubObject(std::string_view name, const std::optional<Varia
   return Container::SubObject(name, argument);
 }
 
-void LocaliseCaptions(Form& form, const TextLookup& text) { LocaliseContainer(form, text); }
+void LocaliseCaptions(Form& form, const TextLookup& text) { LocaliseWithContents(form, text); }
 
 }  // namespace forms

@@ -155,6 +155,7 @@ std::vector<std::int64_t> RowView::SelectedIds() const {
   }
   std::sort(placed.begin(), placed.end());
   std::vector<std::int64_t> ids;
+  ids.reserve(placed.size());
   for (const auto& entry : placed) ids.push_back(entry.second);
   return ids;
 }
