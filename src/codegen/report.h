@@ -24,7 +24,9 @@ class Report {
 
   using Replacements = std::initializer_list<texts::TextTable::Replacement>;
 
+  // Keeps a text of the table as a warning, unless it is kept already.
   void Warn(std::int32_t text, Replacements values);
+  // Keeps it as the failure: what was asked for cannot be done.
   void Refuse(std::int32_t text, Replacements values);
 
   // Runs one step. A step that fails is skipped; the failure is kept.
@@ -39,6 +41,7 @@ class Report {
     }
   }
 
+  // Hand out what is kept and forget it.
   std::vector<Warning> TakeWarnings();
   std::optional<platform::Error> TakeFailure();
 

@@ -119,6 +119,7 @@ class JetRecordset final : public platform::Recordset,
   void RequireRow() const;
   // The same; the row is read unless it is. Raises kErrRowDeleted when it is gone.
   void RequireValues() const;
+  // Raises kErrRowDeleted.
   [[noreturn]] static void ThrowDeleted();
 
   bool FindByIndex(std::string_view criterion);
