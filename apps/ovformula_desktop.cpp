@@ -2,6 +2,7 @@
 // The desktop program.
 #include <wx/app.h>
 #include <wx/cmdline.h>
+#include <wx/filename.h>
 #include <wx/stdpaths.h>
 
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include "desktop/crash_log.h"
 #include "desktop/help_viewer.h"
 #include "desktop/main_window.h"
+#include "desktop/reading_options.h"
 #include "desktop/version.h"
 #include "files/real_file_system.h"
 #include "workbench/language.h"
@@ -35,6 +37,11 @@ class Program : public wxApp {
  public:
   void OnInitCmdLine(wxCmdLineParser& parser) override {
     parser.AddLongOption("lang", "de or en");
+    parser.AddLongOption("vbp", "Visual Basic project or group; may be repeated");
+    parser.AddLongOption("items", "item catalogue");
+    parser.AddLongOption("allow-folder", "folder whose modules may be changed; may be repeated");
+    parser.AddLongOption("code-page", "code page of the Visual Basic source",
+                         wxCMD_LINE_VAL_NUMBER);
     parser.AddLongSwitch("version", "show the version");
     parser.AddSwitch("h", "help", "show this help", wxCMD_LINE_OPTION_HELP);
     parser.AddParam("PROJECT.ovs", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
@@ -45,6 +52,7 @@ class Program : public wxApp {
     if (parser.Found("lang", &language)) language_ = wx::FromWx(language);
     version_ = parser.Found("version");
     if (parser.GetParamCount() > 0) project_ = wx::FromWx(parser.GetParam(0));
+    for (const wxCmdLineArg& argument : parser.GetArguments()) TakeReadingOption(argument);
     return true;
   }
 
@@ -83,6 +91,22 @@ class Program : public wxApp {
   }
 
  private:
+  void TakeReadingOption(const wxCmdLineArg& argument) {
+    if (argument.GetKind() != wxCMD_LINE_OPTION) return;
+    const wxString name = argument.GetLongName();
+    if (name == "vbp") reading_.vb_files.push_back(FullPath(argument));
+    if (name == "items") reading_.items_file = FullPath(argument);
+    if (name == "allow-folder") reading_.writable_folders.push_back(FullPath(argument));
+    if (name == "code-page") reading_.code_page = static_cast<int>(argument.GetLongVal());
+  }
+
+  // It is still right when the program is started from another folder.
+  static std::string FullPath(const wxCmdLineArg& argument) {
+    wxFileName path(argument.GetStrVal());
+    path.MakeAbsolute();
+    return wx::FromWx(path.GetFullPath());
+  }
+
   void Start() {
     files::FileSystem& files = files::RealFileSystem();
     const workbench::UserFolders folders = workbench::FindUserFolders(files, Environment);
@@ -101,8 +125,8 @@ class Program : public wxApp {
         {files, *toolkit_, *window_system_, *help_, *settings_, *texts_, *state_, options});
     window->Show();
     const std::string path = project_.empty() ? state_->project : project_;
-    window->CallAfter([window, path] {
-      if (!path.empty()) window->OpenProject(path);
+    window->CallAfter([window, path, reading = reading_] {
+      if (!path.empty()) window->OpenProject(path, reading);
       window->TellLastCrash();
     });
   }
@@ -118,6 +142,7 @@ class Program : public wxApp {
 
   std::string language_;
   std::string project_;
+  desktop::ReadingOptions reading_;
   bool version_ = false;
   std::unique_ptr<workbench::FileSettingsService> settings_;
   std::unique_ptr<texts::TextTable> texts_;

@@ -7,6 +7,9 @@
 #include <unistd.h>
 #endif
 
+#include <string>
+#include <vector>
+
 namespace cli {
 
 namespace {
@@ -18,13 +21,15 @@ constexpr const char* kProgram = "ovformula-desktop";
 #endif
 
 // Returns only when the program cannot be started.
-void Execute(const std::string& program, const std::string& project, const std::string& language) {
-  const char* arguments[] = {program.c_str(), "--lang", language.c_str(), project.c_str(), nullptr};
+void Execute(const std::string& program, const std::vector<std::string>& given) {
+  std::vector<const char*> arguments = {program.c_str()};
+  for (const std::string& argument : given) arguments.push_back(argument.c_str());
+  arguments.push_back(nullptr);
 #ifdef _WIN32
-  const auto code = _spawnv(_P_WAIT, program.c_str(), arguments);
+  const auto code = _spawnv(_P_WAIT, program.c_str(), arguments.data());
   if (code >= 0) exit(static_cast<int>(code));
 #else
-  execv(program.c_str(), const_cast<char* const*>(arguments));
+  execv(program.c_str(), const_cast<char* const*>(arguments.data()));
 #endif
 }
 
@@ -36,7 +41,16 @@ int OpenDesktop(Invocation& invocation) {
   const bool german = invocation.texts().GetLanguage() == texts::Language::kGerman;
   console.out.flush();
   if (console.files.Exists(program)) {
-    Execute(program, invocation.Argument("PROJECT.ovs"), german ? "de" : "en");
+    invocation.NumberOption("--code-page");  // must be a number
+    std::vector<std::string> given = {"--lang", german ? "de" : "en"};
+    for (const char* option : {"--vbp", "--items", "--allow-folder", "--code-page"}) {
+      for (const std::string& value : invocation.Options(option)) {
+        given.push_back(option);
+        given.push_back(value);
+      }
+    }
+    given.push_back(invocation.Argument("PROJECT.ovs"));
+    Execute(program, given);
   }
   throw CommandError(kFile,
                      invocation.Text(kTextDesktopMissing, {{"<Folder>", console.program_folder}}));

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 #include "cli/commands.h"
 #include "cli/suggest.h"
@@ -68,13 +69,17 @@ std::vector<OptionSpec> CodeOptions(std::vector<OptionSpec> own) {
   return own;
 }
 
-std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
+std::vector<OptionSpec> OpenOptions(std::vector<OptionSpec> own) {
   own.insert(own.end(), {kVbp,
                          {"--items", "FILE", kTextOptItems},
                          {"--allow-folder", "FOLDER", kTextOptAllowFolder, true},
-                         kCodePage,
-                         {"--no-code", "", kTextOptNoCode},
-                         {"--dry-run", "", kTextOptDryRun}});
+                         kCodePage});
+  return own;
+}
+
+std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
+  own = OpenOptions(std::move(own));
+  own.insert(own.end(), {{"--no-code", "", kTextOptNoCode}, {"--dry-run", "", kTextOptDryRun}});
   return own;
 }
 

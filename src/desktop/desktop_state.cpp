@@ -9,6 +9,21 @@ namespace {
 
 constexpr std::string_view kSection = "Desktop";
 
+// The project's path, without what ends the name of a section.
+std::string SectionOf(const std::string& path) {
+  std::string section;
+  for (const char c : path) {
+    if (c == ']') {
+      section += "%5D";
+    } else if (c == '%') {
+      section += "%25";
+    } else {
+      section += c;
+    }
+  }
+  return section;
+}
+
 }  // namespace
 
 DesktopState::DesktopState(workbench::FileSettingsService& settings, files::FileSystem& files,
@@ -37,6 +52,14 @@ DesktopState::DesktopState(workbench::FileSettingsService& settings, files::File
 int DesktopState::Number(std::string_view entry, int fallback) {
   const std::string text = settings_.ReadIni(file_, kSection, entry, "");
   return text.empty() ? fallback : platform::Variant(text).ToLong();
+}
+
+ReadingOptions DesktopState::OptionsOf(const std::string& path) const {
+  return file_.empty() ? ReadingOptions() : ReadingOptions::Read(settings_, file_, SectionOf(path));
+}
+
+void DesktopState::KeepOptions(const std::string& path, const ReadingOptions& options) {
+  if (!file_.empty()) options.Write(settings_, file_, SectionOf(path));
 }
 
 bool DesktopState::Save() {

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "desktop/reading_options.h"
 #include "workbench/file_settings_service.h"
 #include "workbench/recent_projects.h"
 
@@ -29,6 +30,10 @@ class DesktopState {
   std::string project;  // that was open, "" for none
   std::string node;     // that was selected in it
   std::string told_crash_log;
+
+  // How the user wants a project, named by its canonical path, to be read.
+  ReadingOptions OptionsOf(const std::string& path) const;
+  void KeepOptions(const std::string& path, const ReadingOptions& options);
 
   const std::string& folder() const { return folder_; }
   // False when it cannot be written.

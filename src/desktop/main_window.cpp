@@ -3,7 +3,6 @@
 
 #include <wx/button.h>
 #include <wx/display.h>
-#include <wx/filedlg.h>
 #include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -19,7 +18,6 @@
 #include "files/replace_file.h"
 #include "platform/error.h"
 #include "workbench/item_chooser.h"
-#include "workbench/new_project.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
@@ -37,10 +35,7 @@ constexpr int kTitleBar = 30;            // pixels that the window manager adds 
 constexpr int kTitleMiddle = 10;
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
-constexpr const char* kExtension = ".ovs";
 constexpr std::int32_t kRefreshView = 162;
-constexpr const char* kRoot = "FOR0";
-constexpr const char* kFormulas = "FORF0";
 
 // Where the window was, on a screen that is there and large enough for it; else in the middle.
 void PlaceOnScreen(wxTopLevelWindow& window, const DesktopState::Place& place) {
@@ -299,123 +294,6 @@ bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
   return true;
 }
 
-void MainWindow::AskNew() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuNew)), "", "Plant.ovs",
-                      wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
-  if (dialog.ShowModal() != wxID_OK) return;
-  std::string path = wx::FromWx(dialog.GetPath());
-  if (!dialog.GetPath().Lower().EndsWith(kExtension)) path += kExtension;
-  try {
-    workbench::MakeProject(parts_.files, path, {});
-    OpenProject(path);
-  } catch (const std::exception& error) {
-    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotCreate, {{"<File>", path}}), error.what());
-  }
-}
-
-void MainWindow::AskOpen() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuOpen)), "", "",
-                      wx::ToWx(Text(TextNumber::kTextFileFilter)),
-                      wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-  if (dialog.ShowModal() == wxID_OK) OpenProject(wx::FromWx(dialog.GetPath()));
-}
-
-bool MainWindow::OpenProject(const std::string& path) {
-  RememberStep("open project");
-  const std::string before = session_ ? session_->database_path() : std::string();
-  const wxBusyCursor busy;
-  if (!CloseProject()) return false;
-  try {
-    workbench::ProjectOptions options = parts_.options;
-    options.vb.on_pane = [this](const vbfiles::PaneEvent& event) { OnPane(event); };
-    const std::string full = parts_.files.Canonical(path);
-    session_ = std::make_unique<workbench::AddInSession>(
-        workbench::AddInSession::Outside{parts_.files, parts_.toolkit, parts_.window_system,
-                                         parts_.help, parts_.settings, parts_.texts,
-                                         [this](const std::string& html) { ShowReport(html); }},
-        full, options);
-  } catch (const std::exception& error) {
-    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
-    ForgetMissing(path);
-    if (!before.empty() && before != path) OpenProject(before);
-    return false;
-  }
-  ConnectStudio();
-  EnlistBackup();
-  tree_->ShowTree(&session_->studio().tree());
-  session_->Start();
-  tree_->SelectKey(kRoot);
-  tree_->ExpandKey(kRoot);
-  tree_->ExpandKey(kFormulas);
-  if (!session_->add_in().Initialised()) {
-    CloseProject();
-    if (!before.empty() && before != path) OpenProject(before);
-    return false;
-  }
-  const bool same = parts_.state.project == session_->database_path();
-  if (same && !parts_.state.node.empty()) tree_->SelectKey(parts_.state.node);
-  parts_.state.project = session_->database_path();
-  parts_.state.recent.Add(session_->database_path());
-  parts_.state.Save();
-  FillRecent();
-  FillBackups();
-  ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
-  tree_->SetFocus();
-  TellProblems();
-  return true;
-}
-
-// What of the Visual Basic projects cannot be read.
-void MainWindow::TellProblems() {
-  std::string problems;
-  for (const std::string& problem : session_->vb().Problems())
-    problems += (problems.empty() ? "" : "\n") + parts_.texts.Translated(problem);
-  if (problems.empty()) return;
-  parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", session_->database_path()}}),
-       problems, "", platform::MessageButtons::kOk, platform::MessageResult::kOk,
-       platform::MessageIcon::kWarning});
-}
-
-// A project that is gone is neither offered nor opened at the next start.
-void MainWindow::ForgetMissing(const std::string& path) {
-  if (parts_.files.Exists(path)) return;
-  parts_.state.recent.Remove(path);
-  if (parts_.state.project == path) parts_.state.project.clear();
-  parts_.state.Save();
-  FillRecent();
-}
-
-bool MainWindow::CloseProject() {
-  if (!session_) return true;
-  RememberStep("close project");
-  if (code_->Modified() && !code_->Save() && code_->Modified() && !MayDiscardCode()) return false;
-  parts_.state.node = tree_->SelectedKey();
-  code_->CloseModule();
-  session_->Stop();
-  tree_->ShowTree(nullptr);
-  title_ = {};
-  notice_->Dismiss();
-  session_.reset();
-  editor_host_->Hide();
-  welcome_->Show();
-  editor_host_->GetParent()->Layout();
-  ShowTitle();
-  ShowStatus("");
-  return true;
-}
-
-// Nobody has to stay because a module cannot be saved.
-bool MainWindow::MayDiscardCode() {
-  const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextDiscard, {{"<Name>", code_->Component()->Name()}}),
-       Text(TextNumber::kTextDiscardDetail), "", platform::MessageButtons::kYesNo,
-       platform::MessageResult::kNo, platform::MessageIcon::kWarning});
-  if (answer != platform::MessageResult::kYes) return false;
-  code_->Discard();
-  return true;
-}
-
 void MainWindow::OnClose(wxCloseEvent& event) {
   parts_.state.node = tree_->SelectedKey();
   if (!CloseProject() && event.CanVeto()) return event.Veto();
@@ -440,6 +318,7 @@ void MainWindow::OnTimer() {
   code_->Refresh();
   session_->items().Refresh();
   LookForForeignChanges();
+  TellReplacedCharacters();
 }
 
 // What the tree shows may be out of date then. Everything that the user does works on what the
@@ -451,6 +330,23 @@ void MainWindow::LookForForeignChanges() {
       wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
                                  {{"<File>", parts_.files.FileName(session_->database_path())}})),
       wxICON_INFORMATION);
+}
+
+// Characters that an operation could not write in a comment.
+void MainWindow::TellReplacedCharacters() {
+  std::string places;
+  for (const auto& replaced : session_->vb().TakeReplacedCharacters()) {
+    places +=
+        (places.empty() ? "" : "\n") +
+        parts_.texts.Text(TextNumber::kTextReplacedAt, {{"<File>", replaced.file},
+                                                        {"<Line>", std::to_string(replaced.line)},
+                                                        {"<Text>", replaced.characters}});
+  }
+  if (places.empty()) return;
+  parts_.toolkit.Show({Text(TextNumber::kTextReplacedCharacters),
+                       places + "\n" + Text(TextNumber::kTextNameCodePage), "",
+                       platform::MessageButtons::kOk, platform::MessageResult::kOk,
+                       platform::MessageIcon::kWarning});
 }
 
 // The project's file and what the editor's window shows of it.
@@ -554,79 +450,5 @@ void MainWindow::ShowReport(const std::string& html) {
 }
 
 void MainWindow::ShowAbout() { ShowAboutBox(this, parts_.texts); }
-
-std::string MainWindow::BackupFolder(const std::string& path) {
-  return parts_.files.Join(parts_.files.Join(parts_.state.folder(), "backups"),
-                           parts_.files.FileName(workbench::ComponentListPath(
-                               parts_.files, parts_.state.folder(), path)));
-}
-
-// Before the first change of a day the project's files are copied.
-void MainWindow::EnlistBackup() {
-  if (parts_.state.folder().empty()) return;
-  backup_ = std::make_unique<workbench::DailyBackup>(
-      parts_.files, BackupFolder(session_->database_path()),
-      workbench::DailyBackup::Outside{
-          [] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
-          [this] { return session_->Files(); }, [this] { CallAfter([this] { FillBackups(); }); },
-          [this](const std::string& reason) {
-            ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed,
-                                         {{"<Text>", parts_.texts.Translated(reason)}}));
-          }});
-  session_->unit().Enlist(*backup_);
-}
-
-void MainWindow::FillRecent() {
-  for (const int id : recent_ids_) actions_.erase(id), recent_menu_->Destroy(id);
-  recent_ids_.clear();
-  for (const std::string& path : parts_.state.recent.Paths()) {
-    wxMenuItem* item = recent_menu_->Append(wxID_ANY, wx::ToLabel(path));
-    recent_ids_.push_back(item->GetId());
-    actions_[item->GetId()] = [this, path] { OpenProject(path); };
-  }
-  if (!recent_ids_.empty()) return;
-  wxMenuItem* none = recent_menu_->Append(wxID_ANY, wx::ToLabel(Text(TextNumber::kTextNoRecent)));
-  none->Enable(false);
-  recent_ids_.push_back(none->GetId());
-}
-
-void MainWindow::FillBackups() {
-  for (const int id : backup_ids_) actions_.erase(id), backup_menu_->Destroy(id);
-  backup_ids_.clear();
-  if (session_ && !parts_.state.folder().empty()) {
-    for (const auto& backup :
-         workbench::Backups(parts_.files, BackupFolder(session_->database_path())).List()) {
-      wxMenuItem* item = backup_menu_->Append(wxID_ANY, wx::ToLabel(backup.name));
-      backup_ids_.push_back(item->GetId());
-      actions_[item->GetId()] = [this, backup] { RestoreBackup(backup); };
-    }
-  }
-  if (!backup_ids_.empty()) return;
-  wxMenuItem* none = backup_menu_->Append(wxID_ANY, wx::ToLabel(Text(TextNumber::kTextNoBackups)));
-  none->Enable(false);
-  backup_ids_.push_back(none->GetId());
-}
-
-void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
-  const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextRestoreQuestion, {{"<Date>", backup.name}}),
-       Text(TextNumber::kTextRestoreDetail), "", platform::MessageButtons::kYesNo,
-       platform::MessageResult::kNo, platform::MessageIcon::kQuestion});
-  if (answer != platform::MessageResult::kYes) return;
-  const std::string path = session_->database_path();
-  const std::string folder = BackupFolder(path);
-  const wxBusyCursor busy;
-  if (!CloseProject()) return;
-  try {
-    workbench::Backups(parts_.files, folder)
-        .Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
-    if (OpenProject(path))
-      ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
-    return;
-  } catch (const std::exception& error) {
-    ShowFailure(Text(TextNumber::kTextMenuBackups), error.what());
-  }
-  OpenProject(path);
-}
 
 }  // namespace desktop

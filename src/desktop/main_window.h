@@ -41,8 +41,8 @@ class MainWindow : public wxFrame {
   ~MainWindow() override;
 
   // Opens a project in place of the one that is open; what cannot be opened is told. True when it
-  // is open afterwards.
-  bool OpenProject(const std::string& path);
+  // is open afterwards. Options that were given are kept for the project.
+  bool OpenProject(const std::string& path, const ReadingOptions& given = {});
   // Tells of the log that the last start left behind, once.
   void TellLastCrash();
   // The editor's window takes this panel.
@@ -68,6 +68,7 @@ class MainWindow : public wxFrame {
   bool CloseProject();
   bool MayDiscardCode();
   void TellProblems();
+  void TellReplacedCharacters();
   void OnClose(wxCloseEvent& event);
   void OnTimer();
   void LookForForeignChanges();

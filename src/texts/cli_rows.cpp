@@ -203,8 +203,10 @@ constexpr Row kRows[] = {
     {1343, "Angelegt: <File>", "Created: <File>"},
     {1344, "<File>:<Line>: Zeile übersprungen (<Text>)", "<File>:<Line>: line skipped (<Text>)"},
     {1345,
-     "<File>:<Line>: Die Codepage kennt diese Zeichen nicht, im Kommentar steht \"?\": <Text>",
-     "<File>:<Line>: the code page lacks these characters, the comment has \"?\" instead: <Text>"},
+     "<File>:<Line>: Die Codepage kennt diese Zeichen nicht, im Kommentar steht \"?\": <Text>. "
+     "Nennen Sie die Codepage des Projekts mit --code-page.",
+     "<File>:<Line>: the code page lacks these characters, the comment has \"?\" instead: <Text>. "
+     "Name the project's code page with --code-page."},
 };
 
 }  // namespace

@@ -87,6 +87,13 @@ constexpr Row kRows[] = {
      "\"Yes\" discards them; your text is in the clipboard afterwards."},
     {1575, "Zu <File> fehlt etwas vom Visual-Basic-Projekt.",
      "Something of the Visual Basic project of <File> is missing."},
+    {1576, "Die Codepage des Codes kennt nicht alle Zeichen; in Kommentaren steht \"?\" dafür.",
+     "The code page of the code lacks some characters; comments have \"?\" instead."},
+    {1577, "<File>, Zeile <Line>: <Text>", "<File>, line <Line>: <Text>"},
+    {1578,
+     "Starten Sie das Programm mit der Codepage des Projekts, etwa --code-page 1251; sie wird "
+     "gemerkt.",
+     "Start the program with the project's code page, such as --code-page 1251; it is kept."},
 };
 
 }  // namespace

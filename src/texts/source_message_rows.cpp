@@ -23,7 +23,7 @@ std::span<const Row> SourceMessageRows() {
       {2807, "Berichtigen Sie die Gruppe.", "Correct the group."},
       {2808, "<Path> und <Other> sind beide das Projekt <Name>.",
        "<Path> and <Other> both are the project <Name>."},
-      {2809, "Nennen Sie das gemeinte.", "Name the one that is meant."},
+      {2809, "Nennen Sie das gemeinte (--vbp).", "Name the one that is meant (--vbp)."},
       {2810,
        "Das Zeichen<Character> (<Code>) für <MessagePlace> ist nicht in der Codepage <Number>.",
        "The character<Character> (<Code>) for <MessagePlace> is not in code page <Number>."},

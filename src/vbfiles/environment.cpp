@@ -97,7 +97,7 @@ void Environment::ReadProject(const std::string& path, const std::string& tree,
     if (!platform::EqualsIgnoringCase(project->Name(), opened->Name())) continue;
     throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
                           project->FileName() + " and " + path + " both are the project " +
-                              opened->Name() + ". Name the one that is meant.");
+                              opened->Name() + ". Name the one that is meant (--vbp).");
   }
   contents.projects.push_back(opened);
 }

@@ -62,6 +62,9 @@ enum TextNumber : int {
   kTextDiscard,
   kTextDiscardDetail,
   kTextIncomplete,
+  kTextReplacedCharacters,
+  kTextReplacedAt,
+  kTextNameCodePage,
 };
 
 }  // namespace workbench
