@@ -109,7 +109,7 @@ void MainWindow::CreateMenus() {
   project->AppendSubMenu(recent_menu_, wx::ToWx(Text(TextNumber::kTextMenuRecent)));
   project->AppendSeparator();
   AddItem(
-      *project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { code_->Save(); }, wxID_SAVE);
+      *project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { SaveCode(); }, wxID_SAVE);
   backup_menu_ = new wxMenu;
   project->AppendSubMenu(backup_menu_, wx::ToWx(Text(TextNumber::kTextMenuBackups)));
   project->AppendSeparator();
@@ -390,6 +390,11 @@ void MainWindow::FindCodeOfNode(const std::string& key) {
   if (member && member->type == platform::MemberType::kMethod) {
     code_->ScrollTo(component->Module()->ProcStartLine(formula->name, platform::ProcKind::kProc));
   }
+}
+
+void MainWindow::SaveCode() {
+  if (!code_->Modified()) return ShowStatus(Text(TextNumber::kTextNothingToSave));
+  code_->Save();
 }
 
 void MainWindow::OnPane(const vbfiles::PaneEvent& event) {

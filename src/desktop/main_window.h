@@ -78,6 +78,7 @@ class MainWindow : public wxFrame {
   void SelectNode(const workbench::StudioNode& node);
   void ShowCodeOfNode(const std::string& key);
   void FindCodeOfNode(const std::string& key);
+  void SaveCode();
   void OnPane(const vbfiles::PaneEvent& event);
   void ShowStatus(const std::string& text);
   void ShowFailure(const std::string& message, const std::string& detail);

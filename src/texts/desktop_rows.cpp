@@ -94,6 +94,7 @@ constexpr Row kRows[] = {
      "Starten Sie das Programm mit der Codepage des Projekts, etwa --code-page 1251; sie wird "
      "gemerkt.",
      "Start the program with the project's code page, such as --code-page 1251; it is kept."},
+    {1579, "Es gibt nichts zu speichern.", "There is nothing to save."},
 };
 
 }  // namespace

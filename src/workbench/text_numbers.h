@@ -65,6 +65,7 @@ enum TextNumber : int {
   kTextReplacedCharacters,
   kTextReplacedAt,
   kTextNameCodePage,
+  kTextNothingToSave,
 };
 
 }  // namespace workbench
