@@ -25,9 +25,36 @@ bool IsIdleTitle(const Tool& title, const std::vector<Tool*>& tools) {
          });
 }
 
+bool IsEnabled(const Tool& tool) { return tool.Enabled() && tool.Kind() != ToolKind::kLabel; }
+
+// What the status line says of an entry: what it does, or why it cannot.
+wxString Explanation(const Tool& tool) {
+  return ToWx(tool.Enabled() || tool.DisabledReason().empty() ? tool.ToolTip()
+                                                              : tool.DisabledReason());
+}
+
 }  // namespace
 
+std::vector<BandMenu::Look> BandMenu::Looks() const {
+  std::vector<Look> looks;
+  for (const Tool* tool : band_.Tools()) {
+    if (tool->Visible()) looks.push_back({tool, tool->Caption(), tool->Checked()});
+  }
+  return looks;
+}
+
+void BandMenu::Update(wxMenu& menu) {
+  if (!nested_.empty() || Looks() != filled_) return Fill(menu);
+  for (const auto& [id, tool] : tools_) {
+    wxMenuItem* item = menu.FindItem(id);
+    if (!item) continue;
+    item->Enable(IsEnabled(*tool));
+    item->SetHelp(Explanation(*tool));
+  }
+}
+
 void BandMenu::Fill(wxMenu& menu) {
+  filled_ = Looks();
   while (menu.GetMenuItemCount() > 0) menu.Destroy(menu.FindItemByPosition(0));
   tools_.clear();
   nested_.clear();
@@ -54,13 +81,11 @@ void BandMenu::Append(wxMenu& menu, Tool& tool) {
     menu.AppendSubMenu(sub_menu, ToWx(tool.Caption()))->Enable(tool.Enabled());
     return;
   }
-  const std::string& help =
-      tool.Enabled() || tool.DisabledReason().empty() ? tool.ToolTip() : tool.DisabledReason();
-  auto* item = new wxMenuItem(&menu, wxID_ANY, ToWx(tool.Caption()), ToWx(help),
+  auto* item = new wxMenuItem(&menu, wxID_ANY, ToWx(tool.Caption()), Explanation(tool),
                               tool.Checked() ? wxITEM_CHECK : wxITEM_NORMAL);
   if (!tool.Icon().empty()) item->SetBitmap(Picture(tool.Icon()));
   menu.Append(item);
-  item->Enable(tool.Enabled() && tool.Kind() != ToolKind::kLabel);
+  item->Enable(IsEnabled(tool));
   if (tool.Checked()) item->Check();
   if (!tool.Shortcut().empty()) ShowShortcut(*item, ToWx(tool.Shortcut()));
   tools_[item->GetId()] = &tool;
@@ -91,6 +116,7 @@ MenuBarView::MenuBarView(forms::MenuControl& menu) : menu_(menu) {
 
 MenuBarView::~MenuBarView() {
   if (!frame_) return;
+  frame_->Unbind(wxEVT_IDLE, &MenuBarView::OnIdle, this);
   frame_->Unbind(wxEVT_MENU_OPEN, &MenuBarView::OnOpen, this);
   frame_->Unbind(wxEVT_MENU, &MenuBarView::OnClick, this);
   for (Entry& entry : entries_) {
@@ -108,6 +134,7 @@ void MenuBarView::AppendTo(wxMenuBar& bar, wxWindow& frame, std::size_t at) {
     forms::Band* band = menu_.FindBand(tool->SubBand());
     if (band) entries_.push_back({tool, BandMenu(*band)});
   }
+  frame.Bind(wxEVT_IDLE, &MenuBarView::OnIdle, this);
   frame.Bind(wxEVT_MENU_OPEN, &MenuBarView::OnOpen, this);
   frame.Bind(wxEVT_MENU, &MenuBarView::OnClick, this);
   ShowTools();
@@ -115,6 +142,7 @@ void MenuBarView::AppendTo(wxMenuBar& bar, wxWindow& frame, std::size_t at) {
 
 void MenuBarView::ShowTools() {
   if (!bar_) return;
+  stale_ = true;
   std::size_t place = at_;
   for (Entry& entry : entries_) {
     wxString caption = ToWx(entry.tool->Caption());
@@ -133,12 +161,22 @@ void MenuBarView::ShowTools() {
   }
 }
 
+// Tools change one by one; the menus follow when all have.
+void MenuBarView::OnIdle(wxIdleEvent& event) {
+  event.Skip();
+  if (!stale_) return;
+  stale_ = false;
+  for (Entry& entry : entries_) {
+    if (entry.menu) entry.band.Update(*entry.menu);
+  }
+}
+
 void MenuBarView::OnOpen(wxMenuEvent& event) {
   event.Skip();
   for (Entry& entry : entries_) {
     if (!entry.menu || event.GetMenu() != entry.menu) continue;
     menu_.Open(entry.band.GetBand());
-    if (entry.menu) entry.band.Fill(*entry.menu);
+    if (entry.menu) entry.band.Update(*entry.menu);
     return;
   }
 }

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "forms/menu_control.h"
@@ -21,16 +22,29 @@ class BandMenu {
 
   // Replaces the entries of the menu by what the band shows now.
   void Fill(wxMenu& menu);
+  // Brings the menu up to date. Only where other tools are to be seen are its entries replaced:
+  // a menu that opens has its size already and would show nothing of entries added then.
+  void Update(wxMenu& menu);
   // The tool of a menu entry; null for an entry of another menu.
   forms::Tool* ToolOf(int id) const;
   forms::Band& GetBand() const { return band_; }
 
  private:
+  // What decides on the entries of a menu.
+  struct Look {
+    const forms::Tool* tool;
+    std::string caption;
+    bool checked;
+    bool operator==(const Look&) const = default;
+  };
+
+  std::vector<Look> Looks() const;
   void Append(wxMenu& menu, forms::Tool& tool);
 
   forms::Band& band_;
   std::map<int, forms::Tool*> tools_;
   std::vector<std::unique_ptr<BandMenu>> nested_;
+  std::vector<Look> filled_;
 };
 
 // Pops a band up at the mouse; returns after the menu closed. The click is delivered after that.
@@ -56,6 +70,7 @@ class MenuBarView {
   };
 
   void ShowTools();
+  void OnIdle(wxIdleEvent& event);
   void OnOpen(wxMenuEvent& event);
   void OnClick(wxCommandEvent& event);
 
@@ -64,6 +79,7 @@ class MenuBarView {
   wxWindow* frame_ = nullptr;
   std::size_t at_ = 0;
   std::vector<Entry> entries_;
+  bool stale_ = false;  // tools have changed since the menus were filled
   forms::Subscription subscription_;
 };
 

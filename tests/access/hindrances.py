@@ -39,8 +39,17 @@ def keyboard_goes_round(desk):
     wait("keyboard in the tree", lambda: has_keyboard("Project tree"))
     press("F6", "F6", "Escape")
     wait("keyboard in the tree after Escape", lambda: has_keyboard("Project tree"))
+    menus_show_their_entries()
     press("ctrl+q")
     running.wait(20)
+
+
+def menus_show_their_entries():
+    """The menus change with the node; what they show has room enough to be read."""
+    press("F10", "Right")
+    edit = expect("menu item", "Edit", expect("menu", "Formulas"))
+    wait("room for \"Edit\"", lambda: edit.queryComponent().getExtents(0).width > 40)
+    press("Escape", "Escape")
 
 
 def class_file_is_gone(desk):
