@@ -48,7 +48,7 @@ def menus_show_their_entries():
     """The menus change with the node; what they show has room enough to be read."""
     press("F10", "Right")
     edit = expect("menu item", "Edit", expect("menu", "Formulas"))
-    wait("room for \"Edit\"", lambda: edit.queryComponent().getExtents(0).width > 40)
+    wait("room for \"Edit\"", lambda: edit.queryComponent().getExtents(0).width > 100)
     press("Escape", "Escape")
 
 
