@@ -11,6 +11,7 @@
 #include "cli/unified_diff.h"
 #include "files/change_set.h"
 #include "platform/text.h"
+#include "workbench/skipped_items.h"
 #include "workbench/user_folders.h"
 
 namespace cli {
@@ -133,6 +134,12 @@ void ProjectSession::PrintRows(const store::OperationResult& result) {
 void ProjectSession::Report(const store::OperationResult& result) {
   progress_.End();
   for (const codegen::Warning& warning : result.warnings) invocation_.Warn(warning.message);
+  const workbench::ItemFile& items = project_->items();
+  if (const auto* catalogue = items.Loaded()) {
+    for (const auto& skipped : SkippedItems(*catalogue, items.path(), invocation_.texts())) {
+      invocation_.Warn(skipped);
+    }
+  }
   if (project_->vb()) {
     for (const auto& replaced : project_->vb()->TakeReplacedCharacters()) {
       invocation_.Warn(

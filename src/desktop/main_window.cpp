@@ -18,6 +18,7 @@
 #include "files/replace_file.h"
 #include "platform/error.h"
 #include "workbench/item_chooser.h"
+#include "workbench/skipped_items.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
@@ -435,6 +436,8 @@ void MainWindow::ShowFailure(const std::string& message, const std::string& deta
 std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
   workbench::ItemFile& items = session_->items();
   items.Refresh();
+  const auto skipped = workbench::SkippedItems(items.Catalogue(), items.path(), parts_.texts);
+  if (!skipped.empty()) ShowStatus(skipped.front());
   workbench::ItemChooser chooser(parts_.toolkit, parts_.texts, items.Catalogue(), items.path());
   return chooser.Choose(current, nullptr);
 }

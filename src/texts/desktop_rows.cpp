@@ -75,6 +75,27 @@ constexpr Row kRows[] = {
     {1546, "Das Programm wurde beim letzten Mal unerwartet beendet.",
      "The program ended unexpectedly the last time."},
 
+    {1550,
+     "<File>:<Line>: \"<Text>\" nennt kein Item; die Zeile wurde übergangen. Schreiben Sie zuerst "
+     "den Namen.",
+     "<File>:<Line>: \"<Text>\" names no item; the line was skipped. Write the name first."},
+    {1551,
+     "<File>:<Line>: den Typ \"<Text>\" gibt es nicht; die Zeile wurde übergangen. Schreiben Sie "
+     "einen Typ von Visual Basic (Double) oder seine Nummer (5).",
+     "<File>:<Line>: there is no type \"<Text>\"; the line was skipped. Write a type of Visual "
+     "Basic (Double) or its number (5)."},
+    {1552,
+     "<File>:<Line>: einem Anführungszeichen in \"<Text>\" fehlt das Gegenstück; die Zeile wurde "
+     "übergangen.",
+     "<File>:<Line>: a quotation mark in \"<Text>\" lacks its counterpart; the line was skipped."},
+    {1553,
+     "<File>:<Line>: das Item \"<Text>\" ist zu lang; die Zeile wurde übergangen. Kürzen Sie Name "
+     "oder Kommentar.",
+     "<File>:<Line>: the item \"<Text>\" is too long; the line was skipped. Shorten name or "
+     "comment."},
+    {1554, "<File>: <Count> weitere Zeilen wurden übergangen.",
+     "<File>: <Count> more lines were skipped."},
+
     {1560, "Geöffnet: <File>", "Opened: <File>"},
     {1561, "Später", "Later"},
 

@@ -14,6 +14,7 @@ namespace workbench {
 namespace {
 
 constexpr std::size_t kMaxField = 0xFFFF;
+constexpr std::size_t kShown = 80;  // bytes of a line in a message
 
 constexpr std::array<std::pair<std::string_view, std::int32_t>, 12> kTypeNames = {{
     {"integer", 2},
@@ -99,10 +100,13 @@ void ItemCatalogue::ReadLine(std::size_t line, std::size_t begin, std::size_t en
   if (Trim(whole).empty()) return;
   char* next = text_.data() + begin;
   char* const stop = text_.data() + end;
+  // Quoted fields are put in order where they stand.
+  const std::string quoted(whole.find('"') == std::string_view::npos ? ""
+                                                                     : whole.substr(0, kShown));
   std::string_view name, type, comment;
   if (!TakeField(next, stop, name) || !TakeField(next, stop, type) ||
       !TakeField(next, stop, comment)) {
-    return Report(line, Problem::Kind::kOpenQuote, whole);
+    return Report(line, Problem::Kind::kOpenQuote, quoted);
   }
   if (line == 1 && platform::EqualsIgnoringCase(name, "item")) return;
   if (name.empty()) return Report(line, Problem::Kind::kNoName, whole);
@@ -120,7 +124,7 @@ void ItemCatalogue::ReadLine(std::size_t line, std::size_t begin, std::size_t en
 
 void ItemCatalogue::Report(std::size_t line, Problem::Kind kind, std::string_view text) {
   if (++problem_count_ <= kMaxProblems)
-    problems_.push_back({line, kind, std::string(text.substr(0, 80))});
+    problems_.push_back({line, kind, std::string(text.substr(0, kShown))});
 }
 
 void ItemCatalogue::IndexNames() {

@@ -53,6 +53,12 @@ enum TextNumber : int {
   kTextFaultDetail,
   kTextCrashedBefore,
 
+  kTextItemNoName = 1550,
+  kTextItemUnknownType,
+  kTextItemOpenQuote,
+  kTextItemTooLong,
+  kTextItemMoreSkipped,
+
   kTextOpened = 1560,
   kTextLater,
 
