@@ -93,8 +93,8 @@ TEST_P(FileSystemContract, TellsFailuresApart) {
   EXPECT_EQ(KindThrown(open("none", OpenMode::kReadWrite)), ErrorKind::kNotFound);
   EXPECT_EQ(KindThrown(open("none/a", OpenMode::kCreateNew)), ErrorKind::kNotFound);
   EXPECT_EQ(KindThrown(open("a", OpenMode::kCreateNew)), ErrorKind::kExists);
-  EXPECT_EQ(KindThrown(open("folder", OpenMode::kRead)), ErrorKind::kIo);
-  EXPECT_EQ(KindThrown(open("folder", OpenMode::kReadWrite)), ErrorKind::kIo);
+  EXPECT_EQ(KindThrown(open("folder", OpenMode::kRead)), ErrorKind::kNotAFile);
+  EXPECT_EQ(KindThrown(open("folder", OpenMode::kReadWrite)), ErrorKind::kNotAFile);
   EXPECT_EQ(KindThrown([&] { system().Remove(At("none")); }), ErrorKind::kNotFound);
   EXPECT_EQ(KindThrown([&] { system().Remove(At("folder")); }), ErrorKind::kIo);
   EXPECT_EQ(KindThrown([&] { system().Rename(At("none"), At("b")); }), ErrorKind::kNotFound);
