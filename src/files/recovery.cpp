@@ -34,7 +34,7 @@ RecoveryPlan WithLockedJournal(FileSystem& system, const std::string& path,
   const JournalLock lock(journal, /*create=*/false);
   if (!lock.held()) return MakePlan(system, path, database, {});
   const journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
-  const RecoveryPlan plan = MakePlan(system, path, database, inspection);
+  RecoveryPlan plan = MakePlan(system, path, database, inspection);
   act(journal, inspection, plan);
   return plan;
 }

@@ -2,6 +2,7 @@
 #include "jet/database.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "files/change_journal.h"
 #include "jet/catalog.h"
@@ -88,7 +89,7 @@ Table& Database::OpenTable(std::string_view name) {
   }
   const auto page = static_cast<PageNumber>(entry->id);
   std::unique_ptr<Table>& table = tables_[page];
-  if (table && table->name() != entry->name) retired_.push_back(std::move(table));
+  if (table && table->name() != entry->name) retired_.push_back(std::exchange(table, nullptr));
   if (!table) {
     table = std::make_unique<Table>(std::make_unique<TableState>(*session_, entry->name, page));
   }

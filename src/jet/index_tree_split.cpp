@@ -138,7 +138,7 @@ void IndexTree::PushDownRoot(IndexPath& path) {
 // An empty page of the same kind, linked behind `left`.
 PageEdit IndexTree::NewRightNeighbour(const PageEdit& left) {
   const IndexPage view(left.data());
-  const PageEdit right = pager_.Allocate();
+  PageEdit right = pager_.Allocate();
   UsageMap(pager_, location_.usage_map).Add(right.number());
   InitIndexPage(right.data(), view.IsLeaf() ? PageType::kIndexLeaf : PageType::kIndexNode,
                 location_.table, view.Level());

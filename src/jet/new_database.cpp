@@ -89,7 +89,9 @@ void FillHeader(std::span<std::byte> page) {
   Store32(p + 0x14, 1);
   Store32(p + kHeaderFreeMapOffset, RowId{1, 0}.Reference());
   Store32(p + kHeaderFreeMapOffset + 4, RowId{1, 1}.Reference());
-  for (std::uint32_t i = 0; i < 4; ++i) Store32(p + 0x20 + 4 * i, kObjectsDefinition + i);
+  for (std::size_t i = 0; i < 4; ++i) {
+    Store32(p + 0x20 + 4 * i, kObjectsDefinition + static_cast<PageNumber>(i));
+  }
   Store16(p + 0x3C, 1252);
   for (std::size_t i = 0; i < 10; ++i) Store32(p + 0x42 + 4 * i, kHeaderDay);
   Store32(p + 0x6A, kHeaderBuild);
