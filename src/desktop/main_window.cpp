@@ -3,6 +3,8 @@
 
 #include <wx/button.h>
 #include <wx/display.h>
+#include <wx/filename.h>
+#include <wx/filesys.h>
 #include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -96,6 +98,8 @@ wxMenuItem* MainWindow::AddItem(wxMenu& menu, int text, const char* shortcut,
   if (*shortcut) label += wxString("\t") + shortcut;
   wxMenuItem* item = menu.Append(id, label);
   item->SetHelp(wxString());  // the toolkit's own is English
+  const std::unique_ptr<wxAcceleratorEntry> keys(item->GetAccel());
+  if (keys) shortcuts_.emplace_back(*keys, action);
   actions_[item->GetId()] = std::move(action);
   return item;
 }
@@ -265,13 +269,24 @@ void MainWindow::Bind() {
   wxFrame::Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_F1) {
       parts_.help.ShowTopic(0, HasKeyboard(*code_) ? kCodeTopic : kFirstTopic);
-    } else if (!MoveKeyboard(event)) {
+    } else if (!RunShortcut(event) && !MoveKeyboard(event)) {
       event.Skip();
     }
   });
   wxFrame::Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
   wxFrame::Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
   timer_.Start(kTimerMs);
+}
+
+// The native lists have uses of their own for some of the menu's keys.
+bool MainWindow::RunShortcut(const wxKeyEvent& event) {
+  for (const auto& [keys, action] : shortcuts_) {
+    if (event.GetKeyCode() != keys.GetKeyCode() || event.GetModifiers() != keys.GetFlags())
+      continue;
+    action();
+    return true;
+  }
+  return false;
 }
 
 // F6 goes round: tree, table, code. In the code Escape and Alt+F6 go back to the tree, too.
@@ -450,7 +465,7 @@ void MainWindow::ShowReport(const std::string& html) {
   try {
     parts_.files.CreateDirectories(folder);
     files::ReplaceFile(parts_.files, path, html);
-    wxLaunchDefaultBrowser(wx::ToWx("file://" + path));
+    wxLaunchDefaultBrowser(wxFileSystem::FileNameToURL(wxFileName(wx::ToWx(path))));
     ShowStatus(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));
   } catch (const std::exception& error) {
     ShowFailure(Text(TextNumber::kTextReportTitle), error.what());

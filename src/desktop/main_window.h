@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <wx/accel.h>
 #include <wx/frame.h>
 #include <wx/timer.h>
 
@@ -8,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/code_pane.h"
@@ -74,6 +76,7 @@ class MainWindow : public wxFrame {
   void LookForForeignChanges();
 
   void ShowTitle();
+  bool RunShortcut(const wxKeyEvent& event);
   bool MoveKeyboard(const wxKeyEvent& event);
   void SelectNode(const workbench::StudioNode& node);
   void ShowCodeOfNode(const std::string& key);
@@ -99,6 +102,7 @@ class MainWindow : public wxFrame {
   wxMenu* recent_menu_ = nullptr;
   wxMenu* backup_menu_ = nullptr;
   std::map<int, std::function<void()>> actions_;  // by menu ID
+  std::vector<std::pair<wxAcceleratorEntry, std::function<void()>>> shortcuts_;
   std::vector<int> recent_ids_, backup_ids_;
   wxTimer timer_{this};
   std::unique_ptr<workbench::DailyBackup> backup_;  // of the session's project; outlives it

@@ -25,7 +25,7 @@ constexpr const char* kFormulas = "FORF0";
 }  // namespace
 
 void MainWindow::AskNew() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuNew)), "", "Plant.ovs",
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextNewProject)), "", "Plant.ovs",
                       wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return;
   std::string path = wx::FromWx(dialog.GetPath());
@@ -39,7 +39,7 @@ void MainWindow::AskNew() {
 }
 
 void MainWindow::AskOpen() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextMenuOpen)), "", "",
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextOpenProject)), "", "",
                       wx::ToWx(Text(TextNumber::kTextFileFilter)),
                       wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   if (dialog.ShowModal() == wxID_OK) OpenProject(wx::FromWx(dialog.GetPath()));
@@ -213,7 +213,7 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
       ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
     return;
   } catch (const std::exception& error) {
-    ShowFailure(Text(TextNumber::kTextMenuBackups), error.what());
+    ShowFailure(Text(TextNumber::kTextCannotRestore), error.what());
   }
   OpenProject(path);
 }

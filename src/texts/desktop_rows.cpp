@@ -116,6 +116,9 @@ constexpr Row kRows[] = {
      "gemerkt.",
      "Start the program with the project's code page, such as --code-page 1251; it is kept."},
     {1579, "Es gibt nichts zu speichern.", "There is nothing to save."},
+    {1580, "Neues Projekt", "New Project"},
+    {1581, "Projekt öffnen", "Open Project"},
+    {1582, "Die Sicherung lässt sich nicht wiederherstellen.", "The backup cannot be restored."},
 };
 
 }  // namespace

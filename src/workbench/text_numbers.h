@@ -72,6 +72,9 @@ enum TextNumber : int {
   kTextReplacedAt,
   kTextNameCodePage,
   kTextNothingToSave,
+  kTextNewProject,
+  kTextOpenProject,
+  kTextCannotRestore,
 };
 
 }  // namespace workbench

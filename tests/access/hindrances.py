@@ -40,6 +40,11 @@ def keyboard_goes_round(desk):
     press("F6", "F6", "Escape")
     wait("keyboard in the tree after Escape", lambda: has_keyboard("Project tree"))
     menus_show_their_entries()
+    focus(expect("tree table", "Project tree"))
+    press("ctrl+n")
+    wait("question for a new project", lambda: says("New Project"))
+    press("Escape")
+    active("Plant.ovs")
     press("ctrl+q")
     running.wait(20)
 
