@@ -60,6 +60,7 @@ class MainWindow : public wxFrame {
   wxMenuItem* AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action,
                       int id = wxID_ANY);
 
+  wxString ProjectFolder() const;
   void AskNew();
   void AskOpen();
   void FillRecent();

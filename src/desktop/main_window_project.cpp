@@ -24,9 +24,14 @@ constexpr const char* kFormulas = "FORF0";
 
 }  // namespace
 
+// Where the user works; "" leaves the choice to the system.
+wxString MainWindow::ProjectFolder() const {
+  return session_ ? wx::ToWx(parts_.files.Folder(session_->database_path())) : wxString();
+}
+
 void MainWindow::AskNew() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextNewProject)), "", "Plant.ovs",
-                      wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextNewProject)), ProjectFolder(),
+                      "Plant.ovs", wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return;
   std::string path = wx::FromWx(dialog.GetPath());
   if (!dialog.GetPath().Lower().EndsWith(kExtension)) path += kExtension;
@@ -39,7 +44,7 @@ void MainWindow::AskNew() {
 }
 
 void MainWindow::AskOpen() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextOpenProject)), "", "",
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextOpenProject)), ProjectFolder(), "",
                       wx::ToWx(Text(TextNumber::kTextFileFilter)),
                       wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   if (dialog.ShowModal() == wxID_OK) OpenProject(wx::FromWx(dialog.GetPath()));
