@@ -5,7 +5,6 @@
 #include <wx/display.h>
 #include <wx/filename.h>
 #include <wx/filesys.h>
-#include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
@@ -16,6 +15,7 @@
 
 #include "desktop/about.h"
 #include "desktop/crash_log.h"
+#include "desktop/notice_bar.h"
 #include "editor/node_key.h"
 #include "files/replace_file.h"
 #include "platform/error.h"
@@ -92,40 +92,35 @@ MainWindow::~MainWindow() {
   parts_.toolkit.SetMainWindow(nullptr);
 }
 
-wxMenuItem* MainWindow::AddItem(wxMenu& menu, int text, const char* shortcut,
-                                std::function<void()> action, int id) {
+// The number of its text is the entry's ID. IDs that the toolkit knows would bring its English
+// help.
+void MainWindow::AddItem(wxMenu& menu, int text, const char* shortcut,
+                         std::function<void()> action) {
   wxString label = wx::ToWx(Text(text));
   if (*shortcut) label += wxString("\t") + shortcut;
-  wxMenuItem* item = menu.Append(id, label);
-  item->SetHelp(wxString());  // the toolkit's own is English
+  wxMenuItem* item = menu.Append(text, label);
   const std::unique_ptr<wxAcceleratorEntry> keys(item->GetAccel());
   if (keys) shortcuts_.emplace_back(*keys, action);
-  actions_[item->GetId()] = std::move(action);
-  return item;
+  actions_[text] = std::move(action);
 }
 
 void MainWindow::CreateMenus() {
   auto* project = new wxMenu;
-  AddItem(
-      *project, TextNumber::kTextMenuNew, "Ctrl+N", [this] { AskNew(); }, wxID_NEW);
-  AddItem(
-      *project, TextNumber::kTextMenuOpen, "Ctrl+Shift+O", [this] { AskOpen(); }, wxID_OPEN);
+  AddItem(*project, TextNumber::kTextMenuNew, "Ctrl+N", [this] { AskNew(); });
+  AddItem(*project, TextNumber::kTextMenuOpen, "Ctrl+Shift+O", [this] { AskOpen(); });
   recent_menu_ = new wxMenu;
   project->AppendSubMenu(recent_menu_, wx::ToWx(Text(TextNumber::kTextMenuRecent)));
   project->AppendSeparator();
-  AddItem(
-      *project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { SaveCode(); }, wxID_SAVE);
+  AddItem(*project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { SaveCode(); });
   backup_menu_ = new wxMenu;
   project->AppendSubMenu(backup_menu_, wx::ToWx(Text(TextNumber::kTextMenuBackups)));
   project->AppendSeparator();
-  AddItem(
-      *project, TextNumber::kTextMenuQuit, "Ctrl+Q", [this] { Close(); }, wxID_EXIT);
+  AddItem(*project, TextNumber::kTextMenuQuit, "Ctrl+Q", [this] { Close(); });
 
   auto* help = new wxMenu;
   AddItem(*help, TextNumber::kTextMenuContents, "",
           [this] { parts_.help.ShowTopic(0, kFirstTopic); });
-  AddItem(
-      *help, TextNumber::kTextMenuAbout, "", [this] { ShowAbout(); }, wxID_ABOUT);
+  AddItem(*help, TextNumber::kTextMenuAbout, "", [this] { ShowAbout(); });
 
   auto* bar = new wxMenuBar;
   bar->Append(project, wx::ToWx(Text(TextNumber::kTextMenuProject)));
@@ -137,16 +132,9 @@ void MainWindow::CreateMenus() {
 
 void MainWindow::CreatePanes() {
   constexpr long kStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
-  notice_ = new wxInfoBar(this);
-  notice_->AddButton(wxID_REFRESH, wx::ToWx(Text(kRefreshView)));
-  notice_->AddButton(wxID_CLOSE, wx::ToWx(Text(TextNumber::kTextLater)));
-  notice_->Bind(
-      wxEVT_BUTTON,
-      [this](wxCommandEvent& event) {
-        event.Skip();  // it goes
-        session_->add_in().RebuildViews();
-      },
-      wxID_REFRESH);
+  notice_ =
+      new NoticeBar(this, wx::ToWx(Text(kRefreshView)), wx::ToWx(Text(TextNumber::kTextLater)));
+  notice_->on_action = [this] { session_->add_in().RebuildViews(); };
   columns_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
   tree_ = new ProjectTree(columns_, wx::ToWx(Text(TextNumber::kTextTreeName)));
   rows_ = new wxSplitterWindow(columns_, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
@@ -342,10 +330,9 @@ void MainWindow::OnTimer() {
 void MainWindow::LookForForeignChanges() {
   if (notice_->IsShown() || !session_->foreign_changes().Look()) return;
   session_->foreign_changes().Accept();
-  notice_->ShowMessage(
+  notice_->Tell(
       wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
-                                 {{"<File>", parts_.files.FileName(session_->database_path())}})),
-      wxICON_INFORMATION);
+                                 {{"<File>", parts_.files.FileName(session_->database_path())}})));
 }
 
 // Characters that an operation could not write in a comment.

@@ -20,10 +20,11 @@
 #include "workbench/backups.h"
 #include "workbench/daily_backup.h"
 
-class wxInfoBar;
 class wxSplitterWindow;
 
 namespace desktop {
+
+class NoticeBar;
 
 // The window that stands in for the studio: project tree, editor and code.
 class MainWindow : public wxFrame {
@@ -57,8 +58,7 @@ class MainWindow : public wxFrame {
   void ConnectTree();
   void ConnectStudio();
   void Bind();
-  wxMenuItem* AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action,
-                      int id = wxID_ANY);
+  void AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action);
 
   wxString ProjectFolder() const;
   void AskNew();
@@ -93,7 +93,7 @@ class MainWindow : public wxFrame {
   std::string Text(int number) const { return parts_.texts.Text(number); }
 
   Parts parts_;
-  wxInfoBar* notice_ = nullptr;  // that another program changed the database
+  NoticeBar* notice_ = nullptr;  // that another program changed the database
   wxSplitterWindow* columns_ = nullptr;
   wxSplitterWindow* rows_ = nullptr;
   ProjectTree* tree_ = nullptr;

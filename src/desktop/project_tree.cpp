@@ -2,6 +2,7 @@
 #include "desktop/project_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -116,22 +117,50 @@ void ProjectTree::ShowTree(workbench::StudioTree* tree) {
   if (tree_) tree_->observers = {};
   tree_ = tree;
   reported_.clear();
+  untold_.clear();
+  open_.clear();
   model_->SetTree(tree);
   if (!tree) return;
-  tree->observers.added = [this](const StudioNode& node) {
-    model_->ItemAdded(ItemOf(node.parent), ItemOf(&node));
-  };
-  tree->observers.removed = [this](const StudioNode& node) {
-    if (reported_ == node.key) reported_.clear();
-    model_->ItemDeleted(ItemOf(node.parent), ItemOf(&node));
-  };
+  tree->observers.added = [this](const StudioNode& node) { OnAdded(node); };
+  tree->observers.removed = [this](const StudioNode& node) { OnRemoved(node); };
   tree->observers.changed = [this](const StudioNode& node) {
-    model_->ItemChanged(ItemOf(&node));
+    if (IsTold(node)) model_->ItemChanged(ItemOf(&node));
     if (on_change) on_change(node);
   };
 }
 
+void ProjectTree::OnAdded(const StudioNode& node) {
+  if (!IsTold(node)) return;
+  if (untold_.empty()) CallAfter([this] { TellAdded(); });
+  untold_.push_back(&node);
+}
+
+void ProjectTree::OnRemoved(const StudioNode& node) {
+  if (reported_ == node.key) reported_.clear();
+  if (IsTold(node)) {
+    if (IsExpanded(ItemOf(&node))) open_.insert(node.key);
+    model_->ItemDeleted(ItemOf(node.parent), ItemOf(&node));
+  }
+  std::erase(untold_, &node);
+}
+
+bool ProjectTree::IsTold(const StudioNode& node) const {
+  for (const StudioNode* above = &node; above; above = above->parent) {
+    if (std::find(untold_.begin(), untold_.end(), above) != untold_.end()) return false;
+  }
+  return true;
+}
+
+void ProjectTree::TellAdded() {
+  const std::vector<const StudioNode*> added = std::exchange(untold_, {});
+  for (const StudioNode* node : added) model_->ItemAdded(ItemOf(node->parent), ItemOf(node));
+  for (const StudioNode* node : added) {
+    if (open_.erase(node->key) > 0) Expand(ItemOf(node));
+  }
+}
+
 void ProjectTree::SelectKey(const std::string& key) {
+  TellAdded();
   const StudioNode* node = tree_ ? tree_->Find(key) : nullptr;
   if (!node) return;
   EnsureVisible(ItemOf(node));
@@ -148,6 +177,7 @@ std::string ProjectTree::SelectedKey() const {
 }
 
 void ProjectTree::ExpandKey(const std::string& key) {
+  TellAdded();
   if (const StudioNode* node = tree_ ? tree_->Find(key) : nullptr) Expand(ItemOf(node));
 }
 

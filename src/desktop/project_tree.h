@@ -4,7 +4,9 @@
 #include <wx/dataview.h>
 
 #include <functional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "forms/keys.h"
 #include "workbench/studio_tree.h"
@@ -39,10 +41,18 @@ class ProjectTree : public wxDataViewCtrl {
   const workbench::StudioNode* NodeOf(const wxDataViewItem& item) const;
   void OnKeyDown(wxKeyEvent& event);
   void OnContextMenu(wxDataViewEvent& event);
+  void OnAdded(const workbench::StudioNode& node);
+  void OnRemoved(const workbench::StudioNode& node);
+  bool IsTold(const workbench::StudioNode& node) const;
+  void TellAdded();
 
   wxObjectDataPtr<Model> model_;
   workbench::StudioTree* tree_ = nullptr;
   std::string reported_;  // the node that on_select was told last
+  // Nodes that the native tree was not told of. What is below them it asks for itself, all at once;
+  // a node that it is told of costs it a search among all siblings.
+  std::vector<const workbench::StudioNode*> untold_;
+  std::set<std::string> open_;  // keys of open nodes that went and may come back
 };
 
 }  // namespace desktop

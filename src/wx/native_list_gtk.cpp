@@ -222,16 +222,16 @@ bool NativeList::Editing() const { return state_->entry != nullptr; }
 
 wxRect NativeList::EntryRectangle() const {
   if (!state_->entry) return {};
-  GtkWidget* widget = GTK_WIDGET(state_->entry);
-  GtkAllocation place;
-  gtk_widget_get_allocation(widget, &place);
+  // The entry itself may not have its place yet; its cell is the one with the keyboard.
+  GtkTreePath* path = nullptr;
+  GtkTreeViewColumn* column = nullptr;
+  gtk_tree_view_get_cursor(state_->tree, &path, &column);
+  GdkRectangle place = {};
+  gtk_tree_view_get_cell_area(state_->tree, path, column, &place);
+  gtk_tree_path_free(path);
   int x = 0, y = 0;
-  gdk_window_get_origin(gtk_widget_get_window(widget), &x, &y);
-  if (!gtk_widget_get_has_window(widget)) {
-    x += place.x;
-    y += place.y;
-  }
-  return {x, y, place.width, place.height};
+  gdk_window_get_origin(gtk_tree_view_get_bin_window(state_->tree), &x, &y);
+  return {x + place.x, y + place.y, place.width, place.height};
 }
 
 void NativeList::AddCellButton(wxDataViewColumn& column, const wxBitmapBundle& picture) {

@@ -95,6 +95,9 @@ void RowsView::OnKeyDown(wxKeyEvent& event) {
   forms::KeyEvent key = ToKeyEvent(event);
   if (rows_.on_key_down) rows_.on_key_down(key);
   if (key.handled) return;
+  bool menu = event.GetKeyCode() == WXK_WINDOWS_MENU || event.GetKeyCode() == WXK_MENU ||
+              (event.GetKeyCode() == WXK_F10 && event.GetModifiers() == wxMOD_SHIFT);
+  if (menu) return MouseUp(forms::kRightButton, PopupPlace(*list_));
   bool control = event.GetModifiers() == wxMOD_CONTROL;
   if (control && event.GetKeyCode() == 'F') {
     OpenFilter();

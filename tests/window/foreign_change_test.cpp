@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Another program changes the project while its window is open.
 #include <gtest/gtest.h>
-#include <wx/infobar.h>
+#include <wx/button.h>
 
+#include "desktop/notice_bar.h"
 #include "tests/window/desktop_program.h"
 #include "workbench/project.h"
 
@@ -12,11 +13,22 @@ using window_tests::DesktopProgram;
 using window_tests::Input;
 using window_tests::Wait;
 
-wxInfoBar* Notice(const DesktopProgram& program) {
+desktop::NoticeBar* Notice(const DesktopProgram& program) {
   for (wxWindow* child : program.window().GetChildren()) {
-    if (auto* bar = dynamic_cast<wxInfoBar*>(child)) return bar;
+    if (auto* bar = dynamic_cast<desktop::NoticeBar*>(child)) return bar;
   }
   return nullptr;
+}
+
+// Clicks the n-th button of the notice.
+void ClickNotice(const DesktopProgram& program, int n) {
+  for (wxWindow* child : Notice(program)->GetChildren()) {
+    if (!dynamic_cast<wxButton*>(child) || n-- > 0) continue;
+    const wxRect place = child->GetScreenRect();
+    return Input({"mousemove " + std::to_string(place.x + place.width / 2) + " " +
+                  std::to_string(place.y + place.height / 2) + " click 1"});
+  }
+  FAIL() << "no such button";
 }
 
 void AddElsewhere(files::FileSystem& system, const std::string& name) {
@@ -37,12 +49,17 @@ TEST(ForeignChange, IsNoticedAndTakenOverWhenTheUserWantsIt) {
 
   AddElsewhere(plant.system, "Foreign");
   Wait::For([&] { return Notice(program)->IsShown(); });
-  const std::vector<std::string> before = program.FormulaNodes();
-  EXPECT_EQ(before, std::vector<std::string>{"Own"}) << "the view is the user's until they choose";
-  wxCommandEvent refresh(wxEVT_BUTTON, wxID_REFRESH);
-  Notice(program)->GetEventHandler()->ProcessEvent(refresh);
-  Wait::For([&] { return program.FormulaNodes().size() == 2; });
-  EXPECT_EQ(program.FormulaNodes(), (std::vector<std::string>{"Own", "Foreign"}));
+  EXPECT_EQ(program.FormulaNodes(), std::vector<std::string>{"Own"})
+      << "the view is the user's until they choose";
+  ClickNotice(program, 1);
+  EXPECT_FALSE(Notice(program)->IsShown());
+  EXPECT_EQ(program.FormulaNodes().size(), 1u) << "put off";
+
+  AddElsewhere(plant.system, "Another");
+  Wait::For([&] { return Notice(program)->IsShown(); });
+  ClickNotice(program, 0);
+  Wait::For([&] { return program.FormulaNodes().size() == 3; });
+  EXPECT_EQ(program.FormulaNodes(), (std::vector<std::string>{"Own", "Foreign", "Another"}));
   EXPECT_FALSE(Notice(program)->IsShown());
 }
 
