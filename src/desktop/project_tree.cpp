@@ -62,12 +62,14 @@ ProjectTree::ProjectTree(wxWindow* parent, const wxString& name)
                      wxDV_SINGLE | wxDV_NO_HEADER | wxBORDER_NONE),
       model_(new Model) {
   AssociateModel(model_.get());
-  auto* column = new wxDataViewColumn("", new wxDataViewIconTextRenderer, 0, wxCOL_WIDTH_AUTOSIZE,
-                                      wxALIGN_LEFT);
+  auto* renderer = new wxDataViewIconTextRenderer;
+  renderer->EnableEllipsize(wxELLIPSIZE_END);
+  auto* column = new wxDataViewColumn("", renderer, 0, FromDIP(100), wxALIGN_LEFT);
   AppendColumn(column);
   SetExpanderColumn(column);
   wx::SetAccessibleName(*this, name);
   wx::DisableNativeSearch(*this);
+  wx::MeasureOneRow(*this);
   BindEvents();
 }
 

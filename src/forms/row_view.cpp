@@ -25,7 +25,8 @@ void RowView::Rebind() {
   blocks_.clear();
   folded_.clear();
   if (!filter_.empty()) ApplyFilter();
-  KeepExistingRows();
+  KeepExistingSelection();
+  KeepCurrentRow();
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
 }
@@ -36,8 +37,20 @@ void RowView::RefreshCells() {
   Notify(Property::kCells);
 }
 
-void RowView::KeepExistingRows() {
+// Looking every selected row up would take long when all are selected.
+void RowView::KeepPassingSelection() {
+  std::set<std::int64_t> passing;
+  for (const std::size_t index : passing_) {
+    if (selection_.contains(ids_[index])) passing.insert(passing.end(), ids_[index]);
+  }
+  selection_ = std::move(passing);
+}
+
+void RowView::KeepExistingSelection() {
   std::erase_if(selection_, [this](std::int64_t id) { return !PositionOf(id); });
+}
+
+void RowView::KeepCurrentRow() {
   if (!current_id_) return;
   if (auto position = PositionOf(*current_id_)) {
     known_position_ = *position;
@@ -92,9 +105,11 @@ Variant RowView::Cell(std::size_t position, std::size_t column) const {
 
 void RowView::ReadFoldedRows() {
   constexpr std::size_t kBlock = 4096;
+  ids_.clear();
   for (std::size_t first = 0;; first += kBlock) {
     auto rows = source_->Rows(first, kBlock);
     for (const Row& row : rows) {
+      ids_.push_back(row.id);
       std::string& text = folded_.emplace_back();
       for (const Variant& cell : row.cells) {
         if (!cell.IsText()) continue;
@@ -125,10 +140,12 @@ void RowView::SetFilter(std::string_view text) {
   if (filter_.empty()) {
     passing_.clear();
     folded_.clear();
+    ids_.clear();
   } else {
     ApplyFilter();
+    KeepPassingSelection();
   }
-  KeepExistingRows();
+  KeepCurrentRow();
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
 }

@@ -87,12 +87,15 @@ class RowView : public Control {
   const Row* SourceRow(std::size_t index) const;
   void ReadFoldedRows();
   void ApplyFilter();
-  void KeepExistingRows();
+  void KeepPassingSelection();
+  void KeepExistingSelection();
+  void KeepCurrentRow();
 
   std::shared_ptr<RowSource> source_;
   mutable std::unordered_map<std::size_t, std::vector<Row>> blocks_;
   std::string filter_;
   std::vector<std::string> folded_;   // text of each row of the source while there is a filter
+  std::vector<std::int64_t> ids_;     // of the same rows
   std::vector<std::size_t> passing_;  // rows of the source that pass the filter
   std::optional<std::int64_t> current_id_;
   std::size_t known_position_ = 0;  // of the current row when it was last looked up

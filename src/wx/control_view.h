@@ -37,13 +37,15 @@ class ControlView {
   // Stops listening to the model and to the user. The widget may live on for a while.
   virtual void Detach();
   // Shows or hides the widget although the model is visible, because another control covers it.
-  void SetCovered(bool covered);
+  virtual void SetCovered(bool covered);
 
  protected:
   // Takes over the widget, which its parent owns, and shows the common properties.
   void Attach(wxWindow* window, std::function<void()> relayout = {});
   // Shows a property that changed; views call it first for what they do not show themselves.
   virtual void Show(forms::Property property);
+
+  bool Covered() const { return covered_; }
 
  private:
   void ShowToolTip();

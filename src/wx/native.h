@@ -39,6 +39,10 @@ void SetAccessibleDescription(wxWindow& window, const wxString& description);
 // that are drawn on demand.
 void DisableNativeSearch(wxDataViewCtrl& list);
 
+// All rows of the list are as high as the first, and its columns keep their widths, so that not
+// every row is measured. After the columns are there.
+void MeasureOneRow(wxDataViewCtrl& list);
+
 // The row that is selected in a list of single selection becomes the one with the keyboard.
 void PutKeyboardOnSelection(wxDataViewCtrl& list);
 

@@ -122,6 +122,14 @@ void DisableNativeSearch(wxDataViewCtrl& list) {
   gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
 }
 
+void MeasureOneRow(wxDataViewCtrl& list) {
+  for (unsigned i = 0; i < list.GetColumnCount(); ++i) {
+    gtk_tree_view_column_set_sizing(GTK_TREE_VIEW_COLUMN(list.GetColumn(i)->GetGtkHandle()),
+                                    GTK_TREE_VIEW_COLUMN_FIXED);
+  }
+  gtk_tree_view_set_fixed_height_mode(GTK_TREE_VIEW(list.GtkGetTreeView()), TRUE);
+}
+
 void PutKeyboardOnSelection(wxDataViewCtrl& list) {
   GtkTreeView* tree = GTK_TREE_VIEW(list.GtkGetTreeView());
   GList* rows = gtk_tree_selection_get_selected_rows(gtk_tree_view_get_selection(tree), nullptr);

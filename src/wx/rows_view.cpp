@@ -139,7 +139,7 @@ void RowsView::TakeSelection() {
 
 void RowsView::ShowCurrent() {
   auto position = rows_.CurrentPosition();
-  if (!position || syncing_) return;
+  if (!position || syncing_ || rows_pending_) return;
   syncing_ = true;
   wxDataViewItem item = cells_->GetItem(static_cast<unsigned>(*position));
   list_->SetCurrentItem(item);
@@ -152,7 +152,7 @@ void RowsView::ShowCurrent() {
 }
 
 void RowsView::ShowSelection() {
-  if (syncing_) return;
+  if (syncing_ || rows_pending_) return;
   syncing_ = true;
   wxDataViewItemArray items;
   for (std::int64_t id : rows_.SelectedIds()) {
@@ -164,7 +164,14 @@ void RowsView::ShowSelection() {
   syncing_ = false;
 }
 
+void RowsView::SetCovered(bool covered) {
+  ControlView::SetCovered(covered);
+  if (!covered && rows_pending_) ShowRows();
+}
+
 void RowsView::ShowRows() {
+  rows_pending_ = Covered();
+  if (rows_pending_) return;
   bool was_syncing = syncing_;
   syncing_ = true;
   cells_->Reset(static_cast<unsigned>(rows_.RowCount()));

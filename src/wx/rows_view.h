@@ -23,6 +23,7 @@ class RowsView : public ControlView {
 
   wxWindow& FocusWindow() const override { return *list_; }
   void Detach() override;
+  void SetCovered(bool covered) override;
 
  protected:
   // Called at the end of the constructor of a view.
@@ -66,6 +67,7 @@ class RowsView : public ControlView {
   wxObjectDataPtr<RowsModel> cells_;
   bool syncing_ = false;  // the native list is being brought up to the model
   bool columns_pending_ = false;
+  bool rows_pending_ = false;  // the rows are shown once the list is in sight
 };
 
 }  // namespace wx
