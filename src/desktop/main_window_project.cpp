@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The window's project: opened, created, closed, backed up and restored.
 #include <wx/filedlg.h>
-#include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
 #include "desktop/crash_log.h"
 #include "desktop/main_window.h"
+#include "desktop/notice_bar.h"
 #include "workbench/new_project.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
