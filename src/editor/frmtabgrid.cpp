@@ -80,6 +80,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   };
   on_help = [this] { services_.help.ShowTopic(services_.toolkit.Handle(*this), HelpTopic(key_)); };
   txtFind.on_change = [this] {
+    const dialogs::BusyPointer busy(services_.toolkit);  // the first letter reads all rows
     CurrentGrid().SetFilter(txtFind.Text());
     ShowEmptyText();
   };
