@@ -138,9 +138,7 @@ void RowView::SetFilter(std::string_view text) {
   filter_ = text;
   known_position_ = 0;
   if (filter_.empty()) {
-    passing_.clear();
-    folded_.clear();
-    ids_.clear();
+    passing_.clear();  // the texts stay for the next filter, until a row changes
   } else {
     ApplyFilter();
     KeepPassingSelection();

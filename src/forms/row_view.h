@@ -94,7 +94,7 @@ class RowView : public Control {
   std::shared_ptr<RowSource> source_;
   mutable std::unordered_map<std::size_t, std::vector<Row>> blocks_;
   std::string filter_;
-  std::vector<std::string> folded_;   // text of each row of the source while there is a filter
+  std::vector<std::string> folded_;   // text of each row of the source since the last filter
   std::vector<std::int64_t> ids_;     // of the same rows
   std::vector<std::size_t> passing_;  // rows of the source that pass the filter
   std::optional<std::int64_t> current_id_;
