@@ -16,7 +16,7 @@ class TableCreator {
  public:
   TableCreator(Session& session, Catalog& catalog) : session_(session), catalog_(catalog) {}
 
-  // Raises kInvalid for a specification that makes no table, and kExists.
+  // Raises kInvalid for a TableSpec that makes no table, and kExists.
   void CreateTable(const TableSpec& spec);
   void CreateIndex(TableState& table, const IndexSpec& spec);
 
