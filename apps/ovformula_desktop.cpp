@@ -58,6 +58,11 @@ class Program : public wxApp {
 
   bool OnInit() override {
     SetAppName("ovformula");
+#if defined(__WXGTK__) && defined(NDEBUG)
+    // The native toolkit reports passing sizes of a window that is being built; they tell an
+    // engineer nothing.
+    GTKSuppressDiagnostics();
+#endif
     if (!wxApp::OnInit()) return false;
     if (version_) {
       std::printf("ovformula-desktop %s\n", desktop::kVersion);

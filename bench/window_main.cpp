@@ -183,6 +183,7 @@ class MeasuredApp : public wxApp {
         "all rows selected", [this] { Press('A', wxMOD_CONTROL); },
         [this, last] { return Grid().GetSelectedItemsCount() == static_cast<int>(last) + 1; },
         home);
+    go(WXK_DOWN, 1);  // one row selected again
     MeasureFilter(last + 1);
   }
 

@@ -2,6 +2,8 @@
 #include "desktop/project_tree.h"
 
 #include <algorithm>
+#include <map>
+#include <string>
 #include <utility>
 
 #include "wx/convert.h"
@@ -33,10 +35,10 @@ class ProjectTree::Model : public wxDataViewModel {
 
   void GetValue(wxVariant& value, const wxDataViewItem& item, unsigned) const override {
     const StudioNode* node = ToNode(item);
-    wxIcon icon;
-    icon.CopyFromBitmap(wx::Picture(node->icon).GetBitmap(wxDefaultSize));
-    value << wxDataViewIconText(wx::ToWx(node->text), icon);
+    value << wxDataViewIconText(wx::ToWx(node->text), Icon(node->icon));
   }
+  // They are drawn anew in the colours that hold now.
+  void ForgetIcons() { icons_.clear(); }
   bool SetValue(const wxVariant&, const wxDataViewItem&, unsigned) override { return false; }
   wxDataViewItem GetParent(const wxDataViewItem& item) const override {
     return item.IsOk() ? ItemOf(ToNode(item)->parent) : wxDataViewItem();
@@ -54,7 +56,15 @@ class ProjectTree::Model : public wxDataViewModel {
   bool HasDefaultCompare() const override { return false; }
 
  private:
+  // Drawn once: the native tree asks again and again for each node that it shows or searches.
+  const wxIcon& Icon(const std::string& name) const {
+    wxIcon& icon = icons_[name];
+    if (!icon.IsOk()) icon.CopyFromBitmap(wx::Picture(name).GetBitmap(wxDefaultSize));
+    return icon;
+  }
+
   workbench::StudioTree* tree_ = nullptr;
+  mutable std::map<std::string, wxIcon> icons_;
 };
 
 ProjectTree::ProjectTree(wxWindow* parent, const wxString& name)
@@ -92,6 +102,11 @@ void ProjectTree::BindEvents() {
   });
   Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, &ProjectTree::OnContextMenu, this);
   Bind(wxEVT_CHAR_HOOK, &ProjectTree::OnKeyDown, this);
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    event.Skip();
+    model_->ForgetIcons();
+    Refresh();
+  });
 }
 
 void ProjectTree::OnKeyDown(wxKeyEvent& event) {
