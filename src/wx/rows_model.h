@@ -13,10 +13,9 @@ namespace wx {
 // The rows of a grid or list as the native list asks for them: cell by cell, as they are drawn.
 class RowsModel : public wxDataViewVirtualListModel {
  public:
+  // Holds no row until it is reset.
   explicit RowsModel(forms::RowView& rows)
-      : wxDataViewVirtualListModel(static_cast<unsigned>(rows.RowCount())),
-        rows_(&rows),
-        grid_(dynamic_cast<forms::Grid*>(&rows)) {}
+      : rows_(&rows), grid_(dynamic_cast<forms::Grid*>(&rows)) {}
 
   // What the user did to a cell, as long as it is heard.
   std::function<void(std::size_t row, std::size_t column, const platform::Variant& value)> on_value;

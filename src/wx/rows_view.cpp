@@ -181,6 +181,16 @@ void RowsView::ShowRows() {
   ShowCurrent();
 }
 
+// Without rows meanwhile: the native list goes through all of them for each column.
+void RowsView::RebuildColumns() {
+  bool was_syncing = syncing_;
+  syncing_ = true;
+  cells_->Reset(0);
+  BuildColumns();
+  syncing_ = was_syncing;
+  ShowRows();
+}
+
 void RowsView::ShowEmptyText() {
   bool empty = rows_.RowCount() == 0;
   native_.SetEmptyText(empty ? FromWx(ToWx(rows_.EmptyText())) : std::string());
@@ -218,9 +228,7 @@ void RowsView::Show(Property property) {
       columns_pending_ = true;
       Later([this] {
         columns_pending_ = false;
-        BuildColumns();
-        ShowSelection();
-        ShowCurrent();
+        RebuildColumns();
       });
       break;
     default:

@@ -52,6 +52,7 @@ class RowsView : public ControlView {
   void TakeSelection();
   void ShowSelection();
   void ShowRows();
+  void RebuildColumns();
   void ShowEmptyText();
   void OpenFilter();
   void CloseFilter();
