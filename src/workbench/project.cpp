@@ -78,8 +78,7 @@ std::string ComponentListPath(files::FileSystem& system, const std::string& stat
 
 Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
                  const texts::TextTable& texts)
-    : system_(system),
-      path_(path),
+    : path_(path),
       connection_(OpenConnection(system, path, options.read_only, texts)),
       database_(connection_),
       items_(system, ItemsPath(system, path, options), !options.items_file.empty()),

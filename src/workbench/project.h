@@ -52,7 +52,6 @@ class Project {
   files::JournalledUnitOfWork& unit() { return unit_; }
 
  private:
-  files::FileSystem& system_;
   std::string path_;
   std::shared_ptr<recordset::JetConnection> connection_;
   ConnectionParticipant database_;
