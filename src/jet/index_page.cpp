@@ -74,8 +74,11 @@ const char* IndexPage::Fault(const std::byte* page) {
   const std::size_t used = view.Used();
   if (used == 0) return nullptr;
   if (!HasBit(page, used)) return "the entry mask does not end with the entries";
-  if (view.Prefix() > 0 && view.Prefix() > NextBit(page, 0))
-    return "the prefix is longer than the first entry";
+  // Entries differ, so what several share is shorter than the first of them.
+  const std::size_t first = NextBit(page, 0);
+  if (view.Prefix() > first || (view.Prefix() == first && first < used)) {
+    return "the prefix is not shorter than the first entry";
+  }
   return nullptr;
 }
 

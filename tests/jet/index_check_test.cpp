@@ -63,7 +63,7 @@ TEST(IndexCheck, NamesFaultsOfTheTree) {
        }},
       {"not an index page", [&](TreeFile& f) { leaf(f, 9).data()[0] = std::byte{1}; }},
       {"another table", [&](TreeFile& f) { leaf(f, 9).data()[4] = std::byte{9}; }},
-      {"the prefix is longer", [&](TreeFile& f) { Store16(leaf(f, 9).data() + 24, 50); }},
+      {"the prefix is not shorter", [&](TreeFile& f) { Store16(leaf(f, 9).data() + 24, 50); }},
       {"does not end with the entries", [&](TreeFile& f) { Store16(leaf(f, 9).data() + 2, 9); }},
       {"holds the key", [&](TreeFile& f) { f.tree().Insert(Key(7), Row(900)); }},
   };

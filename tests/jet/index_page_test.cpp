@@ -115,6 +115,21 @@ TEST(IndexPage, StaysInTheFormOfTheFormat) {
   }
 }
 
+// Entries that are equal, as damage makes them, would leave a prefix that is one of them whole, and
+// nothing of it to erase.
+TEST(IndexPage, RefusesAPrefixThatIsAnEntry) {
+  Page page;
+  InitIndexPage(page.data(), PageType::kIndexLeaf, 7, 0);
+  const Entry entry = FromHex("7F4A4B01000000000100");
+  Entry longer = entry;
+  longer.push_back(std::byte{1});
+  ASSERT_TRUE(InsertEntry(page.data(), 0, entry));
+  ASSERT_TRUE(InsertEntry(page.data(), entry.size(), longer));
+  ASSERT_EQ(IndexPage::Fault(page.data()), nullptr);
+  Store16(&page[24], static_cast<std::uint16_t>(entry.size()));
+  EXPECT_NE(IndexPage::Fault(page.data()), nullptr);
+}
+
 TEST(IndexPage, FindsAsAListDoes) {
   std::mt19937 random(1);
   for (int round = 0; round < 60; ++round) {
