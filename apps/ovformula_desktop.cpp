@@ -12,8 +12,7 @@
 #include <typeinfo>
 
 #include "desktop/crash_log.h"
-#include "desktop/help_viewer.h"
-#include "desktop/main_window.h"
+#include "desktop/program.h"
 #include "desktop/reading_options.h"
 #include "desktop/version.h"
 #include "files/real_file_system.h"
@@ -21,19 +20,15 @@
 #include "workbench/text_numbers.h"
 #include "workbench/user_folders.h"
 #include "wx/convert.h"
-#include "wx/window_system.h"
 
 namespace {
-
-// The name under which the add-in hooks the editor window's messages.
-constexpr const char* kModule = "OVFormulaEditor.dll";
 
 std::string Environment(const std::string& name) {
   const char* value = std::getenv(name.c_str());
   return value ? value : "";
 }
 
-class Program : public wxApp {
+class App : public wxApp {
  public:
   void OnInitCmdLine(wxCmdLineParser& parser) override {
     parser.AddLongOption("lang", "de or en");
@@ -83,15 +78,16 @@ class Program : public wxApp {
       text = "unknown exception";
     }
     const std::string log = desktop::WriteCrashLog(text);
-    toolkit_->Show({texts_->Text(workbench::kTextFault),
-                    texts_->Text(workbench::kTextFaultDetail, {{"<File>", log}}), "",
-                    platform::MessageButtons::kOk, platform::MessageResult::kOk,
-                    platform::MessageIcon::kError});
+    const texts::TextTable& texts = program_->texts();
+    program_->toolkit().Show({texts.Text(workbench::kTextFault),
+                              texts.Text(workbench::kTextFaultDetail, {{"<File>", log}}), "",
+                              platform::MessageButtons::kOk, platform::MessageResult::kOk,
+                              platform::MessageIcon::kError});
     return true;
   }
 
   int OnExit() override {
-    window_system_.reset();
+    program_.reset();
     return wxApp::OnExit();
   }
 
@@ -116,20 +112,10 @@ class Program : public wxApp {
     files::FileSystem& files = files::RealFileSystem();
     const workbench::UserFolders folders = workbench::FindUserFolders(files, Environment);
     if (!folders.state.empty()) StartCrashLog(files, folders.state);
-    settings_ = std::make_unique<workbench::FileSettingsService>(files, folders.config);
-    const texts::Language language = workbench::ChooseLanguage(language_, files, Environment);
-    settings_->Override(texts::kLanguageKey, texts::kLanguageValue, workbench::LcidOf(language));
-    texts_ = std::make_unique<texts::TextTable>(language);
-    toolkit_ = std::make_unique<desktop::DesktopToolkit>(*texts_);
-    window_system_ = std::make_unique<wx::WindowSystem>(kModule);
-    help_ = std::make_unique<desktop::HelpViewer>(*texts_);
-    state_ = std::make_unique<desktop::DesktopState>(*settings_, files, folders.state);
-    workbench::ProjectOptions options;
-    options.state_folder = folders.state;
-    auto* window = new desktop::MainWindow(
-        {files, *toolkit_, *window_system_, *help_, *settings_, *texts_, *state_, options});
-    window->Show();
-    const std::string path = project_.empty() ? state_->project : project_;
+    program_ = std::make_unique<desktop::Program>(
+        files, folders, workbench::ChooseLanguage(language_, files, Environment));
+    desktop::MainWindow* window = &program_->window();
+    const std::string path = project_.empty() ? program_->state().project : project_;
     window->CallAfter([window, path, reading = reading_] {
       if (!path.empty()) window->OpenProject(path, reading);
       window->TellLastCrash();
@@ -149,14 +135,9 @@ class Program : public wxApp {
   std::string project_;
   desktop::ReadingOptions reading_;
   bool version_ = false;
-  std::unique_ptr<workbench::FileSettingsService> settings_;
-  std::unique_ptr<texts::TextTable> texts_;
-  std::unique_ptr<desktop::DesktopToolkit> toolkit_;
-  std::unique_ptr<wx::WindowSystem> window_system_;
-  std::unique_ptr<desktop::HelpViewer> help_;
-  std::unique_ptr<desktop::DesktopState> state_;
+  std::unique_ptr<desktop::Program> program_;
 };
 
 }  // namespace
 
-wxIMPLEMENT_APP(Program);
+wxIMPLEMENT_APP(App);

@@ -22,11 +22,8 @@
 #include "bench/make_project.h"
 #include "bench/process.h"
 #include "bench/report.h"
-#include "desktop/help_viewer.h"
-#include "desktop/main_window.h"
-#include "workbench/language.h"
+#include "desktop/program.h"
 #include "workbench/new_project.h"
-#include "wx/window_system.h"
 
 namespace bench {
 namespace {
@@ -65,20 +62,10 @@ class MeasuredApp : public wxApp {
   MeasuredApp(std::string folder, bool keys) : folder_(std::move(folder)), keys_(keys) {}
 
   bool OnInit() override {
-    files::FileSystem& files = files::RealFileSystem();
-    settings_ = std::make_unique<workbench::FileSettingsService>(files, folder_ + "/config");
-    settings_->Override(texts::kLanguageKey, texts::kLanguageValue,
-                        workbench::LcidOf(texts::Language::kEnglish));
-    texts_ = std::make_unique<texts::TextTable>(texts::Language::kEnglish);
-    toolkit_ = std::make_unique<desktop::DesktopToolkit>(*texts_);
-    window_system_ = std::make_unique<wx::WindowSystem>("OVFormulaEditor.dll");
-    help_ = std::make_unique<desktop::HelpViewer>(*texts_);
-    state_ = std::make_unique<desktop::DesktopState>(*settings_, files, folder_ + "/state");
-    workbench::ProjectOptions options;
-    options.state_folder = folder_ + "/state";
-    window_ = new desktop::MainWindow(
-        {files, *toolkit_, *window_system_, *help_, *settings_, *texts_, *state_, options});
-    window_->Show();
+    program_ = std::make_unique<desktop::Program>(
+        files::RealFileSystem(), workbench::UserFolders{folder_ + "/config", folder_ + "/state"},
+        texts::Language::kEnglish);
+    window_ = &program_->window();
     window_->CallAfter([this] {
       window_->OpenProject(folder_ + "/Plant.ovs");
       window_->CallAfter([this] { Measure(); });
@@ -86,7 +73,7 @@ class MeasuredApp : public wxApp {
     return true;
   }
   int OnExit() override {
-    window_system_.reset();
+    program_.reset();
     return wxApp::OnExit();
   }
 
@@ -217,12 +204,7 @@ class MeasuredApp : public wxApp {
   std::string folder_;
   bool keys_;
   wxUIActionSimulator keyboard_;
-  std::unique_ptr<workbench::FileSettingsService> settings_;
-  std::unique_ptr<texts::TextTable> texts_;
-  std::unique_ptr<desktop::DesktopToolkit> toolkit_;
-  std::unique_ptr<wx::WindowSystem> window_system_;
-  std::unique_ptr<desktop::HelpViewer> help_;
-  std::unique_ptr<desktop::DesktopState> state_;
+  std::unique_ptr<desktop::Program> program_;
   desktop::MainWindow* window_ = nullptr;
 };
 

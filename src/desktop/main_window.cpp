@@ -191,14 +191,14 @@ wxWindow* MainWindow::NewWelcome(wxWindow* parent) {
 }
 
 void MainWindow::ConnectTree() {
-  tree_->on_select = [this](const workbench::StudioNode& node) { SelectNode(node); };
+  tree_->on_select_node = [this](const workbench::StudioNode& node) { SelectNode(node); };
   tree_->on_change = [this](const workbench::StudioNode& node) {
     if (node.key == tree_->SelectedKey()) ShowCodeOfNode(node.key);  // its class may be another
   };
-  tree_->on_expand = [this](const workbench::StudioNode& node) {
+  tree_->on_expand_node = [this](const workbench::StudioNode& node) {
     session_->add_in().NodeExpand(session_->studio().project(), node.key, node.text);
   };
-  tree_->on_activate = [this](const workbench::StudioNode& node) {
+  tree_->on_activate_node = [this](const workbench::StudioNode& node) {
     session_->add_in().NodeDblClick(session_->studio().project(), node.key, node.text);
   };
   tree_->on_key = [this](const workbench::StudioNode& node, forms::KeyEvent& event) {
@@ -207,7 +207,7 @@ void MainWindow::ConnectTree() {
     session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
     event.handled = code == 0 || event.key_code == forms::kKeyF1;
   };
-  tree_->on_context_menu = [this](const workbench::StudioNode& node) {
+  tree_->on_menu = [this](const workbench::StudioNode& node) {
     const std::string key = node.key, text = node.text;
     session_->add_in().NodeMouseUp(session_->studio().project(), key, text, forms::kRightButton, 0,
                                    0, 0);
@@ -352,12 +352,14 @@ void MainWindow::TellReplacedCharacters() {
                        platform::MessageIcon::kWarning});
 }
 
-// The project's file and what the editor's window shows of it.
+// The project's file and what the editor's window shows of it. At the root the window keeps the
+// caption that it had.
 void MainWindow::ShowTitle() {
   const editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  const bool root = tree_->SelectedKey() == editor::kRootKey;
+  const std::string shown = editor && !root ? editor->Caption() : Text(TextNumber::kTextProduct);
   SetTitle(
-      wx::ToWx(editor ? parts_.files.FileName(session_->database_path()) + " – " + editor->Caption()
-                      : Text(TextNumber::kTextProduct)));
+      wx::ToWx(editor ? parts_.files.FileName(session_->database_path()) + " – " + shown : shown));
 }
 
 void MainWindow::SelectNode(const workbench::StudioNode& node) {
@@ -365,6 +367,7 @@ void MainWindow::SelectNode(const workbench::StudioNode& node) {
   RememberStep("node " + std::string(editor::KeyKind(key)));
   session_->studio().SetSelectedKey(key);
   session_->add_in().NodeClick(session_->studio().project(), key, text);
+  ShowTitle();
   ShowCodeOfNode(key);
 }
 

@@ -1,58 +1,68 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/dataview.h>
-
 #include <functional>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "forms/keys.h"
 #include "workbench/studio_tree.h"
+#include "wx/native_tree.h"
 
 namespace desktop {
 
 // The studio's tree as a native tree. What the user does is reported by node; what the model tells
 // is shown.
-class ProjectTree : public wxDataViewCtrl {
+class ProjectTree : public wx::NativeTree {
  public:
   ProjectTree(wxWindow* parent, const wxString& name);
   ~ProjectTree() override;
 
   // Shows a tree; null shows none. The tree must outlive its showing.
   void ShowTree(workbench::StudioTree* tree);
+  const workbench::StudioTree* Tree() const { return tree_; }
   // Selects a node as the user would.
   void SelectKey(const std::string& key);
   std::string SelectedKey() const;
   void ExpandKey(const std::string& key);
 
-  std::function<void(const workbench::StudioNode&)> on_select;
+  std::function<void(const workbench::StudioNode&)> on_select_node;
   std::function<void(const workbench::StudioNode&)> on_change;  // told by the model
-  std::function<void(const workbench::StudioNode&)> on_expand;
-  std::function<void(const workbench::StudioNode&)> on_activate;  // double click or Enter
+  std::function<void(const workbench::StudioNode&)> on_expand_node;
+  std::function<void(const workbench::StudioNode&)> on_activate_node;  // double click or Enter
   std::function<void(const workbench::StudioNode&, forms::KeyEvent&)> on_key;
-  std::function<void(const workbench::StudioNode&)> on_context_menu;
+  std::function<void(const workbench::StudioNode&)> on_menu;
 
  private:
-  class Model;
+  class Source : public wx::TreeSource {
+   public:
+    void SetTree(const workbench::StudioTree* tree) { tree_ = tree; }
 
-  void BindEvents();
-  const workbench::StudioNode* NodeOf(const wxDataViewItem& item) const;
+    Node ParentOf(Node node) const override;
+    std::size_t ChildCount(Node parent) const override;
+    Node ChildAt(Node parent, std::size_t index) const override;
+    std::size_t IndexOf(Node node) const override;
+    std::string TextOf(Node node) const override;
+    std::string PictureOf(Node node) const override;
+
+   private:
+    const std::vector<workbench::StudioNode*>& ChildrenOf(Node parent) const;
+
+    const workbench::StudioTree* tree_ = nullptr;
+  };
+
+  const workbench::StudioNode* SelectedNode() const;
+  void Report();
   void OnKeyDown(wxKeyEvent& event);
-  void OnContextMenu(wxDataViewEvent& event);
   void OnAdded(const workbench::StudioNode& node);
-  void OnRemoved(const workbench::StudioNode& node);
-  bool IsTold(const workbench::StudioNode& node) const;
-  void TellAdded();
+  void OnRemoved(const workbench::StudioNode& node, std::size_t index);
+  void OpenAgain();
 
-  wxObjectDataPtr<Model> model_;
+  Source source_;
   workbench::StudioTree* tree_ = nullptr;
-  std::string reported_;  // the node that on_select was told last
-  // Nodes that the native tree was not told of. What is below them it asks for itself, all at once;
-  // a node that it is told of costs it a search among all siblings.
-  std::vector<const workbench::StudioNode*> untold_;
-  std::set<std::string> open_;  // keys of open nodes that went and may come back
+  std::string reported_;           // the node that on_select_node was told last
+  std::vector<std::string> open_;  // keys of nodes that closed by a removal and may come back
+  bool opening_ = false;           // they are looked for soon
 };
 
 }  // namespace desktop

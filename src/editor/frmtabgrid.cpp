@@ -116,6 +116,7 @@ void frmtabgrid::OnLoad() {
   inits.SetInitToControl(*this, "sb");
   inits.SetInitToMotherObject(*this);
   ShowEditorTools(abr, toolbar_flag_);
+  SwitchGrids(kRootKey);
   MenuSwitcher(kRootKey, toolbar_flag_);
 }
 

@@ -21,12 +21,13 @@ struct StudioNode {
 };
 
 // The studio's project tree: nodes by key, in the order in which they were added. Whoever shows
-// the tree sets the observers; they are called after the change, Removed before it.
+// the tree sets the observers; they are called after the change.
 class StudioTree {
  public:
   struct Observers {
     std::function<void(const StudioNode&)> added;
-    std::function<void(const StudioNode&)> removed;  // with all below it
+    // It is no longer below its parent, where `index` was its place; with all below it.
+    std::function<void(const StudioNode&, std::size_t index)> removed;
     std::function<void(const StudioNode&)> changed;  // its text, or what it stands for
   };
 

@@ -219,15 +219,18 @@ void FormWindow::PlaceControls() {
   RaiseFront();
 }
 
-// Native widgets do not overlap well: one that others cover wholly is hidden instead.
+// Native widgets do not overlap well: one that others cover wholly is hidden instead. One without
+// a place yet is not in sight either.
 void FormWindow::RaiseFront() {
   const auto& order = form_.ZOrder();
   for (auto back = order.begin(); back != order.end(); ++back) {
     ControlView* view = ViewOf(*back);
     if (!view) continue;
-    bool covered = std::any_of(back + 1, order.end(), [&](const forms::Control* front) {
-      return front->Visible() && ViewOf(front) && Covers(front->GetBounds(), (*back)->GetBounds());
-    });
+    const forms::Bounds& bounds = (*back)->GetBounds();
+    const bool no_place = bounds.width <= 0 || bounds.height <= 0;
+    bool covered = no_place || std::any_of(back + 1, order.end(), [&](const forms::Control* front) {
+                     return front->Visible() && ViewOf(front) && Covers(front->GetBounds(), bounds);
+                   });
     view->SetCovered(covered);
     if (!covered) view->Window().Raise();
   }

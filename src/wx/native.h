@@ -4,7 +4,6 @@
 
 #include <wx/button.h>
 #include <wx/choice.h>
-#include <wx/dataview.h>
 #include <wx/menuitem.h>
 #include <wx/stattext.h>
 #include <wx/toplevel.h>
@@ -34,17 +33,6 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
 // Name and description of a control for screen readers.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 void SetAccessibleDescription(wxWindow& window, const wxString& description);
-
-// Letters typed in a native list or tree do not open its search field, which finds nothing in rows
-// that are drawn on demand.
-void DisableNativeSearch(wxDataViewCtrl& list);
-
-// All rows of the list are as high as the first, and its columns keep their widths, so that not
-// every row is measured. After the columns are there.
-void MeasureOneRow(wxDataViewCtrl& list);
-
-// The row that is selected in a list of single selection becomes the one with the keyboard.
-void PutKeyboardOnSelection(wxDataViewCtrl& list);
 
 // The scrollbars of a native scrolled window stand beside its content, not over it.
 void KeepScrollbarsBeside(wxWindow& window);

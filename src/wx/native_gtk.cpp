@@ -7,6 +7,7 @@
 #include <memory>
 #include <utility>
 
+#include "wx/accessible_tree_gtk.h"
 #include "wx/native.h"
 
 namespace wx {
@@ -109,46 +110,38 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
 }
 
 void SetAccessibleName(wxWindow& window, const wxString& name) {
-  AtkObject* object = gtk_widget_get_accessible(FocusWidget(window.GetHandle()));
+  GtkWidget* widget = FocusWidget(window.GetHandle());
+  if (GTK_IS_TREE_VIEW(widget)) return SetTreeViewName(GTK_TREE_VIEW(widget), name.utf8_str());
+  AtkObject* object = gtk_widget_get_accessible(widget);
   if (object) atk_object_set_name(object, name.utf8_str());
 }
 
 void SetAccessibleDescription(wxWindow& window, const wxString& description) {
-  AtkObject* object = gtk_widget_get_accessible(FocusWidget(window.GetHandle()));
-  if (object) atk_object_set_description(object, description.utf8_str());
-}
-
-void DisableNativeSearch(wxDataViewCtrl& list) {
-  gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
-}
-
-void MeasureOneRow(wxDataViewCtrl& list) {
-  for (unsigned i = 0; i < list.GetColumnCount(); ++i) {
-    gtk_tree_view_column_set_sizing(GTK_TREE_VIEW_COLUMN(list.GetColumn(i)->GetGtkHandle()),
-                                    GTK_TREE_VIEW_COLUMN_FIXED);
+  GtkWidget* widget = FocusWidget(window.GetHandle());
+  if (GTK_IS_TREE_VIEW(widget)) {
+    return SetTreeViewDescription(GTK_TREE_VIEW(widget), description.utf8_str());
   }
-  gtk_tree_view_set_fixed_height_mode(GTK_TREE_VIEW(list.GtkGetTreeView()), TRUE);
-}
-
-void PutKeyboardOnSelection(wxDataViewCtrl& list) {
-  GtkTreeView* tree = GTK_TREE_VIEW(list.GtkGetTreeView());
-  GList* rows = gtk_tree_selection_get_selected_rows(gtk_tree_view_get_selection(tree), nullptr);
-  if (rows) gtk_tree_view_set_cursor(tree, static_cast<GtkTreePath*>(rows->data), nullptr, FALSE);
-  g_list_free_full(rows,
-                   [](gpointer path) { gtk_tree_path_free(static_cast<GtkTreePath*>(path)); });
+  AtkObject* object = gtk_widget_get_accessible(widget);
+  if (object) atk_object_set_description(object, description.utf8_str());
 }
 
 wxPoint PopupPlace(wxWindow& window) {
   GdkEvent* event = gtk_get_current_event();
   const bool by_key = event && event->type == GDK_KEY_PRESS;
   if (event) gdk_event_free(event);
-  auto* list = dynamic_cast<wxDataViewCtrl*>(&window);
-  if (!by_key || !list) return wxDefaultPosition;
-  const wxDataViewItem row = list->GetCurrentItem();
-  const wxRect cell = row.IsOk() ? list->GetItemRect(row) : wxRect();
-  const wxSize area = list->GetClientSize();
-  return {std::clamp(cell.GetLeft(), 0, area.GetWidth()),
-          std::clamp(cell.GetTop() + cell.GetHeight(), 0, area.GetHeight())};
+  GtkWidget* widget = FocusWidget(window.GetHandle());
+  if (!by_key || !GTK_IS_TREE_VIEW(widget)) return wxDefaultPosition;
+  GtkTreeView* tree = GTK_TREE_VIEW(widget);
+  GtkTreePath* path = nullptr;
+  gtk_tree_view_get_cursor(tree, &path, nullptr);
+  GdkRectangle row = {};
+  gtk_tree_view_get_background_area(tree, path, nullptr, &row);
+  gtk_tree_path_free(path);
+  wxPoint place;
+  gtk_tree_view_convert_bin_window_to_widget_coords(tree, row.x, row.y + row.height, &place.x,
+                                                    &place.y);
+  const wxSize area = window.GetClientSize();
+  return {std::clamp(place.x, 0, area.GetWidth()), std::clamp(place.y, 0, area.GetHeight())};
 }
 
 void KeepScrollbarsBeside(wxWindow& window) {

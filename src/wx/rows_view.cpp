@@ -170,11 +170,17 @@ void RowsView::SetCovered(bool covered) {
 }
 
 void RowsView::ShowRows() {
-  rows_pending_ = Covered();
+  rows_pending_ = Covered() || columns_pending_;
   if (rows_pending_) return;
   bool was_syncing = syncing_;
   syncing_ = true;
-  cells_->Reset(static_cast<unsigned>(rows_.RowCount()));
+  const auto count = static_cast<unsigned>(rows_.RowCount());
+  // As many rows as before are only drawn again: the native list holds nothing of them.
+  if (count != cells_->GetCount() || native_.Editing()) {
+    cells_->Reset(count);
+  } else {
+    native_.Redraw();
+  }
   syncing_ = was_syncing;
   ShowEmptyText();
   ShowSelection();

@@ -15,12 +15,9 @@
 #include <string>
 #include <thread>
 
-#include "desktop/help_viewer.h"
-#include "desktop/main_window.h"
+#include "desktop/program.h"
 #include "tests/support/sample_plant.h"
 #include "tests/wx/display.h"
-#include "workbench/language.h"
-#include "wx/window_system.h"
 
 namespace window_tests {
 
@@ -89,20 +86,22 @@ inline wxDataViewCtrl* ShownGrid(const wxWindow& window) {
   return nullptr;
 }
 
+inline desktop::ProjectTree* ProjectTreeOf(const wxWindow& window) {
+  for (wxWindow* child : window.GetChildren()) {
+    if (auto* tree = dynamic_cast<desktop::ProjectTree*>(child)) return tree;
+    if (desktop::ProjectTree* found = ProjectTreeOf(*child)) return found;
+  }
+  return nullptr;
+}
+
 // The desktop program as its main function puts it together, on files that may be in memory.
 class DesktopProgram {
  public:
   // `home`: where settings and state are kept.
   DesktopProgram(files::FileSystem& system, texts::Language language,
                  const std::string& home = "/home")
-      : texts_(language), toolkit_(texts_), help_(texts_), settings_(system, home + "/config") {
-    settings_.Override(texts::kLanguageKey, texts::kLanguageValue, workbench::LcidOf(language));
-    state_ = std::make_unique<desktop::DesktopState>(settings_, system, home + "/state");
-    workbench::ProjectOptions options;
-    options.state_folder = home + "/state";
-    window_ = new desktop::MainWindow(
-        {system, toolkit_, window_system_, help_, settings_, texts_, *state_, options});
-    window_->Show();
+      : program_(system, {home + "/config", home + "/state"}, language),
+        window_(&program_.window()) {
     Wait::For([this] { return window_->IsActive(); });
   }
   // Closes the window as its user would.
@@ -118,7 +117,7 @@ class DesktopProgram {
   }
 
   desktop::MainWindow& window() const { return *window_; }
-  desktop::DesktopState& state() { return *state_; }
+  desktop::DesktopState& state() { return program_.state(); }
   // The grid of the editor that is in front.
   wxDataViewCtrl& Grid() { return *ShownGrid(*window_->EditorHost()); }
   int Rows() {
@@ -133,32 +132,17 @@ class DesktopProgram {
   }
   // The names of the formulas in the tree.
   std::vector<std::string> FormulaNodes() const {
-    const wxDataViewModel& model = *ShownGrid(*window_)->GetModel();
-    wxDataViewItemArray top, branches, formulas;
-    model.GetChildren(wxDataViewItem(), top);
-    model.GetChildren(top.at(0), branches);
-    model.GetChildren(branches.at(1), formulas);
     std::vector<std::string> names;
-    for (const wxDataViewItem& formula : formulas) {
-      wxVariant value;
-      model.GetValue(value, formula, 0);
-      wxDataViewIconText name;
-      name << value;
-      names.push_back(name.GetText().utf8_string());
-    }
+    for (const auto* formula : ProjectTreeOf(*window_)->Tree()->Find("FORF0")->children)
+      names.push_back(formula->text);
     return names;
   }
   std::string Title() const { return window_->GetTitle().utf8_string(); }
   std::string Status() const { return window_->GetStatusBar()->GetStatusText().utf8_string(); }
 
  private:
-  texts::TextTable texts_;
-  desktop::DesktopToolkit toolkit_;
-  wx::WindowSystem window_system_{"OVFormulaEditor.dll"};
-  desktop::HelpViewer help_;
-  workbench::FileSettingsService settings_;
-  std::unique_ptr<desktop::DesktopState> state_;
-  desktop::MainWindow* window_;  // destroys itself
+  desktop::Program program_;
+  desktop::MainWindow* window_;
 };
 
 }  // namespace window_tests

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/program.h"
+
+#include "workbench/language.h"
+
+namespace desktop {
+
+namespace {
+
+// The name under which the add-in hooks the editor window's messages.
+constexpr const char* kModule = "OVFormulaEditor.dll";
+
+}  // namespace
+
+Program::Program(files::FileSystem& files, const workbench::UserFolders& folders,
+                 texts::Language language)
+    : settings_(files, folders.config),
+      texts_(language),
+      toolkit_(texts_),
+      window_system_(kModule),
+      help_(texts_),
+      state_(settings_, files, folders.state) {
+  settings_.Override(texts::kLanguageKey, texts::kLanguageValue, workbench::LcidOf(language));
+  workbench::ProjectOptions options;
+  options.state_folder = folders.state;
+  window_ =
+      new MainWindow({files, toolkit_, window_system_, help_, settings_, texts_, state_, options});
+  window_->Show();
+}
+
+Program::~Program() { delete window_.get(); }
+
+}  // namespace desktop

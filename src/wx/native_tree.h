@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/bitmap.h>
+#include <wx/nativewin.h>
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "wx/tree_source.h"
+
+typedef struct _GtkTreeModel GtkTreeModel;
+typedef struct _GtkTreeView GtkTreeView;
+
+namespace wx {
+
+// The system's tree over a source, whose changes it has to be told. One node can be selected.
+class NativeTree : public wxNativeWindow {
+ public:
+  using Node = TreeSource::Node;
+
+  // The name is for screen readers.
+  NativeTree(wxWindow* parent, const wxString& name);
+  ~NativeTree() override;
+
+  // Shows what the source holds now; null shows nothing. The source must outlive its showing.
+  void ShowSource(const TreeSource* source);
+  // After the change: the place of the new node, or where the node was that went with all below it.
+  void NodeAdded(Node parent, std::size_t index);
+  void NodeRemoved(Node parent, std::size_t index);
+  void NodeChanged(Node node);
+
+  // Selects a node, opens the nodes above it and scrolls to it. The keyboard of the tree is there.
+  void Select(Node node);
+  // Null when none is.
+  Node Selected() const;
+  void Expand(Node node);
+  void Collapse(Node node);
+  bool IsExpanded(Node node) const;
+  // The node's place is given, since the node may just have gone.
+  bool IsExpanded(Node parent, std::size_t index) const;
+
+  std::function<void()> on_selection;
+  std::function<void(Node)> on_expand;
+  std::function<void(Node)> on_activate;  // double click or Enter
+  std::function<void()> on_context_menu;  // by the mouse, on the node that is selected then
+
+ protected:
+  GtkWidget* GetConnectWidget() override;
+  GdkWindow* GTKGetWindow(wxArrayGdkWindows& windows) const override;
+
+ private:
+  struct Signals;
+
+  void Create(wxWindow* parent);
+  void AddColumn();
+  bool MoveSideways(int key);
+  const wxBitmap& BitmapOf(const std::string& picture);
+
+  const TreeSource* source_ = nullptr;
+  GtkTreeView* tree_ = nullptr;
+  GtkTreeModel* model_ = nullptr;
+  std::map<std::string, wxBitmap> bitmaps_;  // drawn once, for the colours that hold now
+};
+
+}  // namespace wx
