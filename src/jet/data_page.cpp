@@ -63,6 +63,15 @@ void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner)
   }
 }
 
+void CheckSlot(const Pager& pager, const PageRef& page, std::size_t slot) {
+  const Slot bounds = GetSlot(page.data(), slot);
+  const std::size_t floor = kDataSlotsOffset + 2 * SlotCount(page.data());
+  if (bounds.begin > bounds.end || bounds.begin < floor || bounds.end > kPageSize) {
+    ThrowDamaged(pager.path(), {page.number(), static_cast<int>(slot)},
+                 "The bounds of the row make no sense.");
+  }
+}
+
 std::span<const std::byte> RowBytes(const Pager& pager, const PageRef& page, std::size_t slot,
                                     std::uint32_t owner) {
   const Place place{page.number(), static_cast<int>(slot)};
@@ -72,11 +81,8 @@ std::span<const std::byte> RowBytes(const Pager& pager, const PageRef& page, std
   if (slot >= SlotCount(page.data())) {
     ThrowDamaged(pager.path(), place, "Something refers to this row, but the page lacks it.");
   }
+  CheckSlot(pager, page, slot);
   const Slot bounds = GetSlot(page.data(), slot);
-  const std::size_t floor = kDataSlotsOffset + 2 * SlotCount(page.data());
-  if (bounds.begin > bounds.end || bounds.begin < floor || bounds.end > kPageSize) {
-    ThrowDamaged(pager.path(), place, "The bounds of the row make no sense.");
-  }
   return {page.data() + bounds.begin, std::size_t{bounds.end} - bounds.begin};
 }
 

@@ -52,6 +52,10 @@ const char* FindDataPageFault(const std::byte* page, std::uint32_t owner);
 inline std::uint32_t DataPageOwner(const std::byte* page) {
   return Load32(page + kDataOwnerOffset);
 }
+// Whether the page is one of the owner's data pages now; it need not be checked.
+inline bool IsDataPageOf(const std::byte* page, std::uint32_t owner) {
+  return Load8(page) == static_cast<std::uint8_t>(PageType::kData) && DataPageOwner(page) == owner;
+}
 inline std::size_t SlotCount(const std::byte* page) { return Load16(page + kDataSlotCountOffset); }
 // Of a checked page and a slot it has.
 inline Slot GetSlot(const std::byte* page, std::size_t slot) {
@@ -64,6 +68,10 @@ inline Slot GetSlot(const std::byte* page, std::size_t slot) {
 // The gap between the slots and the lowest row of a checked page, and what the page says of it.
 std::size_t FreeBytes(const std::byte* page);
 std::size_t StatedFreeBytes(const std::byte* page);
+
+// Raises kDamaged when the bounds of a slot, which the page has, make no sense. Enough to read its
+// row from a page that nobody checked yet.
+void CheckSlot(const Pager& pager, const PageRef& page, std::size_t slot);
 
 // The bytes of one row on a page that nobody checked yet. Raises kDamaged when the page has no
 // such row or its bounds make no sense.

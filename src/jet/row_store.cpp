@@ -78,11 +78,9 @@ PageNumber RowStore::NewPage() {
 
 // Overwrites a row, or makes room for it on its page.
 bool RowStore::ReplaceOnPage(RowId place, std::size_t old_size, std::span<const std::byte> row) {
-  if (row.size() > old_size) {
-    const PageRef page = pager_.Read(place.page);
-    CheckDataPage(pager_, page, owner_.owner);
-    if (FreeBytes(page.data()) < row.size() - old_size) return false;
-  }
+  const PageRef old_page = pager_.Read(place.page);
+  CheckDataPage(pager_, old_page, owner_.owner);
+  if (row.size() > old_size && FreeBytes(old_page.data()) < row.size() - old_size) return false;
   const PageEdit page = pager_.Modify(place.page);
   if (row.size() > old_size) ResizeRow(page.data(), place.slot, row.size());
   assert(row.size() >= old_size);

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "jet/database.h"
+#include "tests/jet/plant_tables.h"
 #include "tests/jet/samples.h"
 
 namespace jet {
@@ -119,6 +120,30 @@ TEST(Damage, SingleBytes) {
 
 // The same with writing: a change of a damaged table succeeds or is refused, and a refused change
 // leaves the file as it was.
+// A row that an index leads to is either read or reported, as a scan does.
+TEST(Damage, SenselessBoundsOfARowAreReported) {
+  files::MemoryFileSystem system;
+  const std::string path = "/items.mdb";
+  auto database = Database::Create(system, path);
+  Table& table = database->CreateTable(ItemsSpec());
+  const RowId id = AddItem(table, "a", "").id;
+  AddItem(table, "b", "");
+  const PageNumber page = id.page;
+  database.reset();
+  std::string bytes = system.Get(path);
+  const std::size_t slot = page * kPageSize + 14 + 2 * std::size_t{id.slot};
+  for (const unsigned bounds : {0u, 10u, 0x0FFFu, 0x1FFFu}) {  // among the slots, behind the page
+    bytes[slot] = static_cast<char>(bounds & 0xFF);
+    bytes[slot + 1] = static_cast<char>(bounds >> 8);
+    system.Put(path, bytes);
+    database = Database::Open(system, path);
+    RowBuffer row;
+    EXPECT_THROW(database->OpenTable("Items").Read(id, row), Error) << bounds;
+    EXPECT_THROW(database->OpenTable("Items").Update(id, {}), Error) << bounds;
+    EXPECT_FALSE(database->Verify().ok()) << bounds;
+  }
+}
+
 TEST(Damage, WritingIntoDamagedFiles) {
   OV_NEED_SAMPLES();
   const int rounds = std::getenv("OV_LONG") != nullptr ? 20000 : 200;
