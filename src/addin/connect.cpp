@@ -40,8 +40,8 @@ std::vector<FormulaNode> ReadFormulaNodes(platform::Recordset& formulas) {
   try {
     store::OpenFilteredAtFirst(formulas, "");
     if (!formulas.EOF_()) {
-      const platform::VariantArray rows = formulas.GetRows(-1, {"ID", "Name"});
-      for (std::size_t row = 0; row < rows.second; ++row) {
+      const platform::RowBlock rows = formulas.GetRows(-1, {"ID", "Name"});
+      for (std::size_t row = 0; row < rows.RowCount(); ++row) {
         nodes.push_back({rows.At(0, row).ToLong(), rows.At(1, row).ToText()});
       }
     }

@@ -39,28 +39,27 @@ FormulaRows::FormulaRows(std::shared_ptr<platform::Connection> connection)
       alias_by_name_(*connection_, "SELECT ID FROM TvbfAlias WHERE VBAlias = ?") {}
 
 std::vector<std::string> FormulaRows::ArgumentsOf(std::string_view name, std::string_view prog_id) {
-  const platform::VariantArray rows = arguments_.Read({name, prog_id}, {"VBAlias"});
+  const platform::RowBlock rows = arguments_.Read({name, prog_id}, {"VBAlias"});
   std::vector<std::string> aliases;
-  aliases.reserve(rows.second);
-  for (std::size_t i = 0; i < rows.second; ++i) aliases.push_back(rows.At(0, i).ToText());
+  aliases.reserve(rows.RowCount());
+  for (std::size_t i = 0; i < rows.RowCount(); ++i) aliases.push_back(rows.At(0, i).ToText());
   return aliases;
 }
 
 void FormulaRows::ReadArgumentsBeside(std::int32_t alias_id, ArgumentsById& arguments) {
   ArgumentsById found;
   arguments_beside_.ForEachRow(
-      {alias_id}, {"ParentID", "VBAlias"},
-      [&](const platform::VariantArray& rows, std::size_t row) {
+      {alias_id}, {"ParentID", "VBAlias"}, [&](const platform::RowBlock& rows, std::size_t row) {
         found[rows.At(0, row).ToLong()].push_back(rows.At(1, row).ToText());
       });
   arguments.merge(found);
 }
 
 std::vector<FormulaRows::Use> FormulaRows::UsesOf(std::int32_t alias_id) {
-  const platform::VariantArray rows = uses_.Read({alias_id}, {"ID", "Name", "ProgID"});
+  const platform::RowBlock rows = uses_.Read({alias_id}, {"ID", "Name", "ProgID"});
   std::vector<Use> uses;
-  uses.reserve(rows.second);
-  for (std::size_t i = 0; i < rows.second; ++i) {
+  uses.reserve(rows.RowCount());
+  for (std::size_t i = 0; i < rows.RowCount(); ++i) {
     uses.push_back({rows.At(0, i).ToLong(), rows.At(1, i).ToText(), rows.At(2, i).ToText()});
   }
   return uses;
@@ -68,23 +67,23 @@ std::vector<FormulaRows::Use> FormulaRows::UsesOf(std::int32_t alias_id) {
 
 bool FormulaRows::IsUsedInClass(std::string_view prog_id, std::int32_t alias_id,
                                 std::int32_t but_of) {
-  const platform::VariantArray rows = uses_in_class_.Read({alias_id, prog_id}, {"ID"}, 2);
-  return rows.second > 1 || (rows.second == 1 && rows.At(0, 0).ToLong() != but_of);
+  const platform::RowBlock rows = uses_in_class_.Read({alias_id, prog_id}, {"ID"}, 2);
+  return rows.RowCount() > 1 || (rows.RowCount() == 1 && rows.At(0, 0).ToLong() != but_of);
 }
 
 bool FormulaRows::HasFormulas(std::string_view prog_id) {
-  return formulas_.Read({prog_id}, {"ID"}, 1).second > 0;
+  return formulas_.Read({prog_id}, {"ID"}, 1).RowCount() > 0;
 }
 
 std::optional<FormulaRows::Alias> FormulaRows::FindAlias(std::int32_t id) {
-  const platform::VariantArray rows = alias_by_id_.Read({id}, {"ItemID", "VBAlias"}, 1);
-  if (rows.second == 0) return std::nullopt;
+  const platform::RowBlock rows = alias_by_id_.Read({id}, {"ItemID", "VBAlias"}, 1);
+  if (rows.RowCount() == 0) return std::nullopt;
   return Alias{rows.At(0, 0).ToText(), rows.At(1, 0).ToText()};
 }
 
 std::optional<std::int32_t> FormulaRows::FindAliasId(std::string_view vb_alias) {
-  const platform::VariantArray rows = alias_by_name_.Read({vb_alias}, {"ID"}, 1);
-  if (rows.second == 0) return std::nullopt;
+  const platform::RowBlock rows = alias_by_name_.Read({vb_alias}, {"ID"}, 1);
+  if (rows.RowCount() == 0) return std::nullopt;
   return rows.At(0, 0).ToLong();
 }
 

@@ -26,13 +26,10 @@ void Query::Open(std::vector<platform::Variant> parameters) {
   recordset_->Open();
 }
 
-platform::VariantArray Query::Read(std::vector<platform::Variant> parameters,
-                                   const std::vector<std::string>& fields, std::int32_t count) {
+platform::RowBlock Query::Read(std::vector<platform::Variant> parameters,
+                               const std::vector<std::string>& fields, std::int32_t count) {
   Open(std::move(parameters));
-  platform::VariantArray rows;
-  rows.first = fields.size();
-  rows.second = 0;
-  rows.two_dimensional = true;
+  platform::RowBlock rows(fields.size());
   if (!recordset_->EOF_()) rows = recordset_->GetRows(count, fields);
   recordset_->Close();
   return rows;
@@ -40,11 +37,11 @@ platform::VariantArray Query::Read(std::vector<platform::Variant> parameters,
 
 void Query::ForEachRow(
     std::vector<platform::Variant> parameters, const std::vector<std::string>& fields,
-    const std::function<void(const platform::VariantArray& rows, std::size_t row)>& visit) {
+    const std::function<void(const platform::RowBlock& rows, std::size_t row)>& visit) {
   Open(std::move(parameters));
   while (!recordset_->EOF_()) {
-    const platform::VariantArray rows = recordset_->GetRows(kBlock, fields);
-    for (std::size_t row = 0; row < rows.second; ++row) visit(rows, row);
+    const platform::RowBlock rows = recordset_->GetRows(kBlock, fields);
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) visit(rows, row);
   }
   recordset_->Close();
 }

@@ -18,13 +18,13 @@ class Query {
  public:
   Query(platform::Connection& connection, std::string_view sql);
 
-  // The named fields of all rows, or of the first ones: (field, row).
-  platform::VariantArray Read(std::vector<platform::Variant> parameters,
-                              const std::vector<std::string>& fields, std::int32_t count = -1);
+  // The named fields of all rows, or of the first ones.
+  platform::RowBlock Read(std::vector<platform::Variant> parameters,
+                          const std::vector<std::string>& fields, std::int32_t count = -1);
   // Calls `visit` with the number of each row in a block of rows, block after block.
   void ForEachRow(
       std::vector<platform::Variant> parameters, const std::vector<std::string>& fields,
-      const std::function<void(const platform::VariantArray& rows, std::size_t row)>& visit);
+      const std::function<void(const platform::RowBlock& rows, std::size_t row)>& visit);
 
  private:
   void Open(std::vector<platform::Variant> parameters);

@@ -13,7 +13,8 @@ namespace {
 constexpr const char* kTable = "TvbfAlias";
 
 // Text of a field; an empty text is stored as one character of code 0.
-std::string TextOf(const platform::Variant& value) {
+template <class Value>
+std::string TextOf(const Value& value) {
   std::string text = value.ToText();
   return text == std::string(1, '\0') ? std::string() : text;
 }
@@ -96,10 +97,10 @@ std::vector<store::AliasRecord> AliasTable::Records(std::size_t first, std::size
   count = std::min(count, total - first);
   try {
     recordset_->SetAbsolutePosition(static_cast<std::int32_t>(first + 1));
-    const platform::VariantArray rows =
+    const platform::RowBlock rows =
         recordset_->GetRows(static_cast<std::int32_t>(count), {"ID", "ItemID", "VBAlias"});
-    records.reserve(rows.second);
-    for (std::size_t row = 0; row < rows.second; ++row) {
+    records.reserve(rows.RowCount());
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
       store::AliasRecord& record = records.emplace_back();
       record.id = rows.At(0, row).ToLong();
       record.item_id = TextOf(rows.At(1, row));

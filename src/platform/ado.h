@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/error.h"
+#include "platform/row_block.h"
 #include "platform/variant.h"
 
 namespace platform {
@@ -164,9 +165,9 @@ class Recordset : public Object {
   virtual void Requery() = 0;
   // Reads the current row again from the database; discards nothing that is pending elsewhere.
   virtual void Resync() = 0;
-  // Rows from the current one on (count -1: all) as a two-dimensional array (field, row) of the
-  // named fields (empty: all). The position is behind the last row read.
-  virtual VariantArray GetRows(std::int32_t count, const std::vector<std::string>& fields) = 0;
+  // The named fields (empty: all) of the rows from the current one on (count -1: all). The position
+  // is behind the last row read.
+  virtual RowBlock GetRows(std::int32_t count, const std::vector<std::string>& fields) = 0;
 };
 
 class Connection : public Object {

@@ -28,10 +28,6 @@ double RadixValue(std::string_view digits, int radix) {
 
 }  // namespace
 
-const Variant& VariantArray::At(std::size_t i, std::size_t j) const {
-  return values.at(j * first + i);
-}
-
 bool operator==(const Variant& a, const Variant& b) { return a.value_ == b.value_; }
 
 bool Variant::ToBool() const {

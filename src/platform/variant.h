@@ -34,25 +34,11 @@ struct Missing {
   friend bool operator==(Missing, Missing) = default;
 };
 
-class Variant;
-
-// A one- or two-dimensional array, the first dimension varying fastest: the element (i, j) is
-// values[j * first + i]. One dimension has second == 1 and two_dimensional == false.
-struct VariantArray {
-  std::size_t first = 0;
-  std::size_t second = 1;
-  bool two_dimensional = false;
-  std::vector<Variant> values;
-
-  const Variant& At(std::size_t i, std::size_t j = 0) const;
-};
-
 // The value type that crosses the platform interfaces. Text is UTF-8 and may hold U+0000.
 class Variant {
  public:
   using Storage = std::variant<Empty, Null, Missing, bool, std::int32_t, double, Date, std::string,
-                               std::vector<std::uint8_t>, std::shared_ptr<Object>,
-                               std::shared_ptr<const VariantArray>>;
+                               std::vector<std::uint8_t>, std::shared_ptr<Object>>;
 
   Variant() = default;
   Variant(Null v) : value_(v) {}
@@ -66,17 +52,11 @@ class Variant {
   Variant(const char* v) : value_(std::in_place_type<std::string>, v) {}
   Variant(std::vector<std::uint8_t> v) : value_(std::move(v)) {}
   Variant(std::shared_ptr<Object> v) : value_(std::move(v)) {}
-  Variant(VariantArray v)
-      : value_(std::shared_ptr<const VariantArray>(
-            std::make_shared<const VariantArray>(std::move(v)))) {}
 
   bool IsEmpty() const { return std::holds_alternative<Empty>(value_); }
   bool IsNull() const { return std::holds_alternative<Null>(value_); }
   bool IsMissing() const { return std::holds_alternative<Missing>(value_); }
   bool IsText() const { return std::holds_alternative<std::string>(value_); }
-  bool IsArray() const {
-    return std::holds_alternative<std::shared_ptr<const VariantArray>>(value_);
-  }
 
   // The held value of type T, or null when the Variant holds another type.
   template <class T>
@@ -85,7 +65,7 @@ class Variant {
   }
   const Storage& storage() const { return value_; }
 
-  // Conversions as Visual Basic makes them. Null, arrays and objects convert to 0, false and "";
+  // Conversions as Visual Basic makes them. Null, bytes and objects convert to 0, false and "";
   // a boolean is -1 or 0 and "True" or "False"; text converts to a number by ParseNumber.
   bool ToBool() const;
   std::int32_t ToLong() const;  // rounds half to even, saturates at the limits

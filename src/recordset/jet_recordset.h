@@ -77,8 +77,7 @@ class JetRecordset final : public platform::Recordset,
   void Delete() override;
   void Requery() override;
   void Resync() override;
-  platform::VariantArray GetRows(std::int32_t count,
-                                 const std::vector<std::string>& fields) override;
+  platform::RowBlock GetRows(std::int32_t count, const std::vector<std::string>& fields) override;
 
  private:
   friend class JetField;
@@ -127,7 +126,7 @@ class JetRecordset final : public platform::Recordset,
                      platform::SearchDirection direction);
   std::optional<std::vector<jet::Value>> SeekKey(const std::vector<platform::Variant>& key) const;
 
-  platform::VariantArray ReadRows(std::int32_t count, const std::vector<TableColumn>& sources);
+  platform::RowBlock ReadRows(std::int32_t count, const std::vector<TableColumn>& sources);
 
   // Of the field at a position of the output.
   platform::Variant FieldValue(std::size_t field) const;

@@ -168,8 +168,8 @@ void JetRecordset::Seek(const std::vector<Variant>& key, SeekOption option) {
   });
 }
 
-platform::VariantArray JetRecordset::GetRows(std::int32_t count,
-                                             const std::vector<std::string>& fields) {
+platform::RowBlock JetRecordset::GetRows(std::int32_t count,
+                                         const std::vector<std::string>& fields) {
   CheckOpen();
   UpdatePending();
   std::vector<TableColumn> sources;
@@ -183,29 +183,25 @@ platform::VariantArray JetRecordset::GetRows(std::int32_t count,
   return session_->Reading([&] { return ReadRows(count, sources); });
 }
 
-platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
-                                              const std::vector<TableColumn>& sources) {
+platform::RowBlock JetRecordset::ReadRows(std::int32_t count,
+                                          const std::vector<TableColumn>& sources) {
   RequireRow();
   NeededColumns needed = query_->needed();
   std::vector<std::size_t> slots;
   slots.reserve(sources.size());
   for (const TableColumn& source : sources) slots.push_back(needed.Slot(source));
 
-  platform::VariantArray result;
-  result.two_dimensional = true;
-  result.first = sources.size();
-  result.second = 0;
+  platform::RowBlock result(sources.size());
   const auto rows = std::make_unique<jet::RowBuffer[]>(query_->tables().size());
   auto append = [&] {
     for (std::size_t i = 0; i < sources.size(); ++i) {
-      AppendVariant(rows[sources[i].table][slots[i]], result.values);
+      AddValue(rows[sources[i].table][slots[i]], result);
     }
-    ++result.second;
   };
   reader_->Forget();
   // The whole table from its first row on is one scan.
   if (count < 0 && query_->IsWholeTable() && query_->order().empty() && cursor_->OnFirst()) {
-    result.values.reserve(sources.size() * LikelyRows(query_->database(), OnlyTable()));
+    result.Reserve(LikelyRows(query_->database(), OnlyTable()));
     jet::Scan scan = OnlyTable().OpenScan(needed.Of(0));
     while (scan.Next(rows[0])) append();
     cursor_->MoveToEnd();
@@ -213,6 +209,8 @@ platform::VariantArray JetRecordset::ReadRows(std::int32_t count,
   }
   const RowIds& all = cursor_->All();
   std::size_t place = cursor_->Place();
+  const std::size_t left = all.size() - place;
+  result.Reserve(count < 0 ? left : std::min(left, static_cast<std::size_t>(count)));
   std::optional<std::size_t> held;  // place of the row that the buffers hold
   for (; place < all.size() && count != 0; ++place) {
     bool alive = true;

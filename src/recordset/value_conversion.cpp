@@ -180,7 +180,7 @@ namespace {
 
 // Calls `make` with what a Variant holds for the value.
 template <class Make>
-decltype(auto) MakeVariant(const Value& value, Make make) {
+decltype(auto) WithContent(const Value& value, Make make) {
   switch (value.kind()) {
     case ValueKind::kNull:
       break;
@@ -200,7 +200,7 @@ decltype(auto) MakeVariant(const Value& value, Make make) {
       return make(GuidText(value.bytes()));
     case ValueKind::kBinary:
     case ValueKind::kDecimal:
-      return make(BinaryVariant(value.bytes()));
+      return make(value.bytes());
   }
   return make(platform::Null{});
 }
@@ -208,11 +208,17 @@ decltype(auto) MakeVariant(const Value& value, Make make) {
 }  // namespace
 
 Variant ToVariant(const Value& value) {
-  return MakeVariant(value, [](auto content) { return Variant(std::move(content)); });
+  return WithContent(value, [](auto content) {
+    if constexpr (std::is_same_v<decltype(content), std::span<const std::byte>>) {
+      return BinaryVariant(content);
+    } else {
+      return Variant(std::move(content));
+    }
+  });
 }
 
-void AppendVariant(const Value& value, std::vector<Variant>& values) {
-  MakeVariant(value, [&](auto content) { values.emplace_back(std::move(content)); });
+void AddAnyValue(const Value& value, platform::RowBlock& rows) {
+  WithContent(value, [&](const auto& content) { rows.Add(content); });
 }
 
 Variant Coerce(const jet::Column& column, const Variant& value) {

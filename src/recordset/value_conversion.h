@@ -2,11 +2,10 @@
 // Between the engine's values and those of the platform.
 #pragma once
 
-#include <vector>
-
 #include "jet/schema.h"
 #include "jet/value.h"
 #include "platform/ado.h"
+#include "platform/row_block.h"
 #include "platform/variant.h"
 
 namespace recordset {
@@ -18,13 +17,25 @@ jet::ColumnType ColumnTypeOf(platform::DataType type);
 std::int32_t DefinedSizeOf(const jet::Column& column);
 
 platform::Variant ToVariant(const jet::Value& value);
-// Appends it; for many values.
-void AppendVariant(const jet::Value& value, std::vector<platform::Variant>& values);
+// Adds it to a block of rows.
+inline void AddValue(const jet::Value& value, platform::RowBlock& rows);
+// The same, without the short way for the kinds that most values have.
+void AddAnyValue(const jet::Value& value, platform::RowBlock& rows);
 
 // The value as the column holds it: numbers rounded half to even, numbers in text read, Null false
 // in a Yes/No column. Raises kErrTypeMismatch or kErrDataOverflow; the description names the field.
 platform::Variant Coerce(const jet::Column& column, const platform::Variant& value);
 // A coerced value for the engine; refers to it.
 jet::Value ToValue(const jet::Column& column, const platform::Variant& coerced);
+
+inline void AddValue(const jet::Value& value, platform::RowBlock& rows) {
+  if (value.kind() == jet::ValueKind::kText) {
+    rows.Add(value.text());
+  } else if (value.kind() == jet::ValueKind::kInteger) {
+    rows.Add(static_cast<std::int32_t>(value.integer()));
+  } else {
+    AddAnyValue(value, rows);
+  }
+}
 
 }  // namespace recordset

@@ -6,21 +6,22 @@
 namespace store {
 namespace {
 
+using platform::BlockValue;
+using platform::RowBlock;
 using platform::Variant;
-using platform::VariantArray;
 
 const std::vector<std::string> kFormulaFields = {"ID",       "Name",    "ProgID", "Type",
                                                  "ScanTime", "Enabled", "Comment"};
 const std::vector<std::string> kAliasFields = {"ID", "ItemID", "VBAlias"};
 const std::vector<std::string> kArgumentFields = {"ID", "ParentID", "AliasID", "In", "Out"};
 
-std::string TextOf(const Variant& value) {
+std::string TextOf(const BlockValue& value) {
   std::string text = value.ToText();
   if (text == std::string_view("\0", 1)) text.clear();
   return text;
 }
 
-FormulaRecord FormulaOf(const VariantArray& rows, std::size_t row) {
+FormulaRecord FormulaOf(const RowBlock& rows, std::size_t row) {
   FormulaRecord record;
   record.id = rows.At(0, row).ToLong();
   record.name = TextOf(rows.At(1, row));
@@ -33,7 +34,7 @@ FormulaRecord FormulaOf(const VariantArray& rows, std::size_t row) {
   return record;
 }
 
-AliasRecord AliasOf(const VariantArray& rows, std::size_t row) {
+AliasRecord AliasOf(const RowBlock& rows, std::size_t row) {
   AliasRecord record;
   record.id = rows.At(0, row).ToLong();
   record.item_id = TextOf(rows.At(1, row));
@@ -98,22 +99,22 @@ std::vector<FormulaRecord> ProjectRows::Formulas(codegen::Query& query,
   std::vector<FormulaRecord> records;
   query.ForEachRow(
       std::move(parameters), kFormulaFields,
-      [&](const VariantArray& rows, std::size_t row) { records.push_back(FormulaOf(rows, row)); });
+      [&](const RowBlock& rows, std::size_t row) { records.push_back(FormulaOf(rows, row)); });
   return records;
 }
 
 std::vector<AliasRecord> ProjectRows::Aliases(codegen::Query& query,
                                               std::vector<Variant> parameters) {
   std::vector<AliasRecord> records;
-  query.ForEachRow(
-      std::move(parameters), kAliasFields,
-      [&](const VariantArray& rows, std::size_t row) { records.push_back(AliasOf(rows, row)); });
+  query.ForEachRow(std::move(parameters), kAliasFields, [&](const RowBlock& rows, std::size_t row) {
+    records.push_back(AliasOf(rows, row));
+  });
   return records;
 }
 
 std::vector<ArgumentRecord> ProjectRows::Arguments(codegen::Query& query, std::int32_t id) {
   std::vector<ArgumentRecord> records;
-  query.ForEachRow({id}, kArgumentFields, [&](const VariantArray& rows, std::size_t row) {
+  query.ForEachRow({id}, kArgumentFields, [&](const RowBlock& rows, std::size_t row) {
     ArgumentRecord record;
     record.id = rows.At(0, row).ToLong();
     record.parent_id = rows.At(1, row).ToLong();
@@ -157,23 +158,22 @@ std::vector<ArgumentRecord> ProjectRows::ArgumentsOf(std::int32_t formula_id) {
   return Arguments(arguments_of_formula_, formula_id);
 }
 bool ProjectRows::HasArgument(std::int32_t formula_id, std::int32_t alias_id) {
-  return argument_of_alias_.Read({formula_id, alias_id}, {"ID"}, 1).second > 0;
+  return argument_of_alias_.Read({formula_id, alias_id}, {"ID"}, 1).RowCount() > 0;
 }
 
 void ProjectRows::ForEachFormula(const std::function<void(const FormulaRecord&)>& visit) {
-  all_formulas_.ForEachRow({}, kFormulaFields, [&](const VariantArray& rows, std::size_t row) {
+  all_formulas_.ForEachRow({}, kFormulaFields, [&](const RowBlock& rows, std::size_t row) {
     visit(FormulaOf(rows, row));
   });
 }
 void ProjectRows::ForEachFormulaName(const std::function<void(const std::string&)>& visit) {
-  formula_names_.ForEachRow({}, {"Name"}, [&](const VariantArray& rows, std::size_t row) {
+  formula_names_.ForEachRow({}, {"Name"}, [&](const RowBlock& rows, std::size_t row) {
     visit(rows.At(0, row).ToText());
   });
 }
 void ProjectRows::ForEachAlias(const std::function<void(const AliasRecord&)>& visit) {
-  all_aliases_.ForEachRow({}, kAliasFields, [&](const VariantArray& rows, std::size_t row) {
-    visit(AliasOf(rows, row));
-  });
+  all_aliases_.ForEachRow(
+      {}, kAliasFields, [&](const RowBlock& rows, std::size_t row) { visit(AliasOf(rows, row)); });
 }
 
 Statistics ProjectRows::Count() {

@@ -225,9 +225,9 @@ TEST_F(CursorTest, FindsByIndexWhatReadingFinds) {
   for (const char* index : {"", "Unique"}) {
     for (int round = 0; round < 300; ++round) {
       auto rs = *index ? db_.OpenTable("TvbfParams", index) : db_.Open("TvbfParams");
-      const platform::VariantArray rows = rs->GetRows(-1, {});
+      const platform::RowBlock rows = rs->GetRows(-1, {});
       const std::size_t column = random() % 4;
-      const Variant value = rows.At(column, random() % rows.second);
+      const Variant value = rows.At(column, random() % rows.RowCount()).ToVariant();
       const std::string criterion =
           rs->FieldNames()[column] + " = " + std::to_string(value.ToLong());
       std::size_t from = random() % 204;
@@ -242,12 +242,12 @@ TEST_F(CursorTest, FindsByIndexWhatReadingFinds) {
         if (from == 201) rs->MovePrevious();  // otherwise not looked at yet
         from = 0;
       }
-      while (from < 200 && rows.At(column, from) != value) ++from;
+      while (from < 200 && rows.At(column, from).ToVariant() != value) ++from;
       rs->Find(criterion);
       const std::string where = std::string(index) + ": " + criterion;
       ASSERT_EQ(rs->EOF_(), from >= 200) << where;
       if (from >= 200) continue;
-      ASSERT_EQ(rs->Fields("ID").Value(), rows.At(0, from)) << where;
+      ASSERT_EQ(rs->Fields("ID").Value(), rows.At(0, from).ToVariant()) << where;
     }
   }
 }
@@ -292,11 +292,11 @@ TEST_F(CursorTest, SeeksInTheOrderOfTheIndex) {
 
 TEST_F(CursorTest, ReadsBlocksOfRows) {
   auto rs = db_.Open("TvbfAlias");
-  auto text = [](const platform::VariantArray& rows) {
+  auto text = [](const platform::RowBlock& rows) {
     std::string result;
-    for (std::size_t row = 0; row < rows.second; ++row) {
-      for (std::size_t field = 0; field < rows.first; ++field) {
-        result += rows.At(field, row).ToText() + (field + 1 < rows.first ? "|" : " ");
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      for (std::size_t field = 0; field < rows.FieldCount(); ++field) {
+        result += rows.At(field, row).ToText() + (field + 1 < rows.FieldCount() ? "|" : " ");
       }
     }
     return result;
@@ -362,7 +362,7 @@ TEST_F(CursorTest, ReadsAllRowsWhateverTheDefinitionCounts) {
   db_.system().Put(db_.path(), file.replace(page * kPageSize + kRowsOffset, 4, "\xFF\xFF\xFF\xFF"));
   auto connection = db_.Connect();
   auto rs = support::MemoryDatabase::Open(*connection, "TvbfAlias");
-  EXPECT_EQ(rs->GetRows(-1, {"ID"}).second, 5u);
+  EXPECT_EQ(rs->GetRows(-1, {"ID"}).RowCount(), 5u);
   rs->MoveFirst();
   EXPECT_EQ(RowsText(*rs, {"ID"}), "1 2 3 4 5");
 }

@@ -34,11 +34,11 @@ inline std::string RowsText(platform::Recordset& recordset, std::vector<std::str
 // The same of all fields, read as one block.
 inline std::string BlockText(platform::Recordset& recordset) {
   if (recordset.EOF_()) return "";
-  const platform::VariantArray rows = recordset.GetRows(-1, {});
+  const platform::RowBlock rows = recordset.GetRows(-1, {});
   std::string text;
-  for (std::size_t row = 0; row < rows.second; ++row) {
-    for (std::size_t field = 0; field < rows.first; ++field) {
-      text += (field > 0 ? "|" : row > 0 ? " " : "") + ValueText(rows.At(field, row));
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    for (std::size_t field = 0; field < rows.FieldCount(); ++field) {
+      text += (field > 0 ? "|" : row > 0 ? " " : "") + ValueText(rows.At(field, row).ToVariant());
     }
   }
   return text;

@@ -25,8 +25,8 @@ TEST(ZeroCharacter, PassesEveryWayInAndOut) {
   EXPECT_EQ(RowsText(*rows->Clone(), {"ItemID"}), all);
   EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*db.Connect(), "TvbfAlias"), {"ItemID"}), all);
   rows->MoveFirst();
-  const platform::VariantArray block = rows->GetRows(-1, {"ItemID"});
-  for (std::size_t i = 0; i < std::size(texts); ++i) EXPECT_EQ(block.At(0, i), Variant(texts[i]));
+  const platform::RowBlock block = rows->GetRows(-1, {"ItemID"});
+  for (std::size_t i = 0; i < std::size(texts); ++i) EXPECT_EQ(block.At(0, i).Text(), texts[i]);
 
   // As literal, parameter, filter, search text and key: it weighs nothing beside letters.
   EXPECT_EQ(RowsText(*db.Open("SELECT ItemID FROM TvbfAlias WHERE ItemID = 'a\0b'"s)), "a\\0b");

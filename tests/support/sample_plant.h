@@ -61,8 +61,8 @@ class SamplePlant {
     recordset->Open();
     std::vector<std::string> lines;
     if (recordset->EOF_()) return lines;
-    const platform::VariantArray rows = recordset->GetRows(-1, fields);
-    for (std::size_t row = 0; row < rows.second; ++row) {
+    const platform::RowBlock rows = recordset->GetRows(-1, fields);
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
       std::string line;
       for (std::size_t field = 0; field < fields.size(); ++field) {
         std::string text = rows.At(field, row).ToText();
