@@ -118,8 +118,6 @@ TEST(Damage, SingleBytes) {
   EXPECT_GT(noticed, total / 50);
 }
 
-// The same with writing: a change of a damaged table succeeds or is refused, and a refused change
-// leaves the file as it was.
 // A row that an index leads to is either read or reported, as a scan does.
 TEST(Damage, SenselessBoundsOfARowAreReported) {
   files::MemoryFileSystem system;
@@ -144,6 +142,8 @@ TEST(Damage, SenselessBoundsOfARowAreReported) {
   }
 }
 
+// The same with writing: a change of a damaged table succeeds or is refused, and a refused change
+// leaves the file as it was.
 TEST(Damage, WritingIntoDamagedFiles) {
   OV_NEED_SAMPLES();
   const int rounds = std::getenv("OV_LONG") != nullptr ? 20000 : 200;

@@ -4,11 +4,9 @@
 
 #include <random>
 
-#include "files/change_journal.h"
 #include "files/failing_file_system.h"
 #include "files/forgetting_file_system.h"
 #include "files/memory_file_system.h"
-#include "files/unit_of_work.h"
 #include "jet/database.h"
 #include "tests/jet/plant_tables.h"
 
@@ -180,25 +178,6 @@ TEST(Transactions, PowerCuts) {
       break;
     }
   }
-}
-
-// A database and a file of code change together.
-TEST(Transactions, UnitOfWorkCommitsAndRestores) {
-  files::MemoryFileSystem system;
-  system.Put(kPath, StartFile());
-  const auto database = Database::Open(system, kPath);
-  files::JournalledUnitOfWork unit(system, kPath);
-  unit.Enlist(*database);
-  const Rows before = Items(*database);
-  unit.Begin();
-  AddItem(database->OpenTable("Items"), "New", "");
-  unit.Rollback();
-  EXPECT_EQ(Items(*database), before);
-  unit.Begin();
-  AddItem(database->OpenTable("Items"), "New", "");
-  unit.Commit();
-  EXPECT_EQ(Items(*database).size(), before.size() + 1);
-  EXPECT_EQ(Items(*Database::Open(system, kPath)).size(), before.size() + 1);
 }
 
 }  // namespace
