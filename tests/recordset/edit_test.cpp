@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <string>
 
-#include "files/unit_of_work.h"
 #include "recordset/value_conversion.h"
 #include "tests/recordset/row_text.h"
 #include "tests/support/memory_database.h"
@@ -15,19 +14,8 @@ namespace recordset {
 namespace {
 
 using platform::EditMode;
-using platform::Error;
 using platform::Null;
 using platform::Variant;
-
-template <class Action>
-std::int32_t ErrorOf(Action action) {
-  try {
-    action();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 class EditTest : public testing::Test {
  protected:
@@ -154,14 +142,6 @@ TEST_F(EditTest, ADuplicateIsRefusedAndChangesNothing) {
   EXPECT_TRUE(db_.connection()->database().Verify().ok());
 }
 
-TEST_F(EditTest, OneAliasIsAnArgumentOfAFormulaOnce) {
-  const std::int32_t formula = db_.AddFormula("F", "P.C");
-  db_.AddArgument(formula, 1);
-  EXPECT_EQ(ErrorOf([&] { db_.AddArgument(formula, 1, false, true); }),
-            platform::kErrErrorsOccurred);
-  EXPECT_EQ(ErrorOf([&] { db_.AddArgument(formula, 2); }), 0);
-}
-
 TEST_F(EditTest, DeletesRowByRow) {
   auto rs = db_.Open("TvbfAlias");
   rs->SetFilter("ID > 1");
@@ -188,19 +168,10 @@ TEST_F(EditTest, DeletesRowByRow) {
   EXPECT_EQ(Aliases(), "4|Item.D|D") << "numbers are not given twice";
 }
 
-TEST_F(EditTest, DeletesInTheMiddleAndGoesOnEitherWay) {
-  auto rs = db_.Open("TvbfAlias");
-  rs->MoveNext();
-  rs->Delete();
-  rs->MovePrevious();
-  EXPECT_EQ(rs->Fields("ID").Value(), Variant(1));
-  rs->MoveNext();
-  EXPECT_EQ(rs->Fields("ID").Value(), Variant(3));
-  EXPECT_EQ(rs->AbsolutePosition(), 2);
-}
-
 TEST_F(EditTest, AWriteConflictWritesNothing) {
-  auto mine = db_.Open("TvbfAlias"), theirs = db_.Open("TvbfAlias");
+  auto mine = db_.Open("TvbfAlias");
+  const auto other = db_.Connect();
+  auto theirs = support::MemoryDatabase::Open(*other, "TvbfAlias");
   EXPECT_EQ(mine->Fields("VBAlias").Value(), Variant("A"));
   theirs->Fields("ItemID").SetValue("Theirs");
   theirs->Update();
@@ -253,21 +224,6 @@ TEST_F(EditTest, ARowInThePlaceOfADeletedOneIsNotTakenForIt) {
   EXPECT_EQ(RowsText(*theirs, {"ParentID"}), "8 8 8") << "nothing of it was deleted";
 }
 
-TEST_F(EditTest, OtherConnectionsSeeWhatWasWritten) {
-  auto other = db_.Connect();
-  auto theirs = support::MemoryDatabase::Open(*other, "TvbfAlias");
-  EXPECT_EQ(theirs->Fields("VBAlias").Value(), Variant("A"));
-  auto mine = db_.Open("TvbfAlias");
-  mine->Fields("VBAlias").SetValue("Mine");
-  mine->Update();
-  theirs->Fields("ItemID").SetValue("Theirs");
-  EXPECT_EQ(ErrorOf([&] { theirs->Update(); }), platform::kErrWriteConflict);
-  theirs->CancelUpdate();
-  theirs->Resync();
-  EXPECT_EQ(theirs->Fields("VBAlias").Value(), Variant("Mine"));
-  EXPECT_EQ(RowsText(*theirs), "1|Item.A|Mine 2|Item.B|B 3|Item.C|C");
-}
-
 TEST_F(EditTest, TransactionsNestAndRollBack) {
   auto connection = db_.connection();
   auto rs = db_.Open("TvbfAlias");
@@ -291,21 +247,6 @@ TEST_F(EditTest, TransactionsNestAndRollBack) {
   connection->CommitTrans();
   auto other = db_.Connect();
   EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other, "TvbfAlias"), {"VBAlias"}), "A B C E");
-}
-
-TEST_F(EditTest, TakesPartInAUnitOfWork) {
-  files::JournalledUnitOfWork unit(db_.system(), db_.path());
-  unit.Enlist(db_.connection()->database());
-  unit.Begin();
-  db_.AddAlias("Item.D", "D");
-  unit.Rollback();
-  EXPECT_EQ(Aliases(), "1|Item.A|A 2|Item.B|B 3|Item.C|C");
-  unit.Begin();
-  const std::int32_t id = db_.AddAlias("Item.D", "D");
-  unit.Commit();
-  auto other = db_.Connect();
-  EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other, "SELECT ID FROM TvbfAlias")),
-            "1 2 3 " + std::to_string(id));
 }
 
 TEST_F(EditTest, ValuesTakeTheTypeOfTheirField) {

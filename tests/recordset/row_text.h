@@ -1,12 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "platform/ado.h"
 
 namespace recordset {
+
+// The number of the error that the call raises, 0 for none.
+template <class Action>
+std::int32_t ErrorOf(Action action) {
+  try {
+    action();
+  } catch (const platform::Error& error) {
+    return error.number();
+  }
+  return 0;
+}
 
 inline std::string ValueText(const platform::Variant& value) {
   if (value.IsNull()) return "Null";
