@@ -23,6 +23,13 @@ std::int32_t NumberOf(const std::function<void()>& call) {
   return 0;
 }
 
+std::string WithCrLf(std::string text) {
+  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) {
+    text.insert(at, "\r");
+  }
+  return text;
+}
+
 TEST(CodeModule, Edits) {
   struct Case {
     const char* what;
@@ -73,11 +80,7 @@ TEST(CodeModule, Edits) {
     ClassProject project(before);
     c.edit(project.Module());
     EXPECT_EQ(project.Text(), c.after);
-    std::string crlf = c.after;
-    for (std::size_t at = 0; (at = crlf.find('\n', at)) != std::string::npos; at += 2) {
-      crlf.insert(at, "\r");
-    }
-    EXPECT_EQ(project.Written(), ClassProject::Header() + crlf);
+    EXPECT_EQ(project.Written(), ClassProject::Header() + WithCrLf(c.after));
   }
 }
 
@@ -102,110 +105,6 @@ TEST(CodeModule, ErrorNumbersAndNothingChanged) {
   EXPECT_EQ(m.ProcOfLine(0).name, "");
   EXPECT_EQ(m.ProcOfLine(4).name, "");
   EXPECT_EQ(project.Written(), ClassProject::Header() + code);
-}
-
-// One class through the life of two formulas: every step uses only what the model answers.
-class FormulaLife : public ::testing::Test {
- protected:
-  void Add(const std::string& name) {
-    module().AddFromString("Public Sub " + name + "()\r\n\r\nEnd Sub");
-    RebuildHeader(name, {});
-  }
-  void RebuildHeader(const std::string& name, const std::vector<std::string>& arguments) {
-    const std::int32_t start = module().ProcStartLine(name, ProcKind::kProc);
-    const std::int32_t body = module().ProcBodyLine(name, ProcKind::kProc);
-    if (body > start) module().DeleteLines(start, body - start);
-    std::string header = "\r\n'***\r\n'" + name + "\r\n";
-    for (const std::string& argument : arguments) header += "'\t" + argument + "\r\n";
-    module().InsertLines(start, header + "'***");
-  }
-  void Declare(const std::string& declaration) {
-    module().InsertLines(module().CountOfDeclarationLines() + 1, declaration);
-  }
-  void CommentOut(const std::string& name) {
-    std::int32_t line = module().ProcBodyLine(name, ProcKind::kProc);
-    for (std::string text; text != "End Sub"; ++line) {
-      text = module().Lines(line, 1);
-      module().ReplaceLine(line, "'" + text);
-    }
-  }
-  // "start body count" of a sub.
-  std::string Place(const std::string& name) {
-    return std::to_string(module().ProcStartLine(name, ProcKind::kProc)) + " " +
-           std::to_string(module().ProcBodyLine(name, ProcKind::kProc)) + " " +
-           std::to_string(module().ProcCountLines(name, ProcKind::kProc));
-  }
-  CodeModule& module() { return project_.Module(); }
-
-  const std::string tick_ =
-      "\n' Housekeeping, written by the engineer\nPublic Sub Tick()\n    mCount = mCount + 1\n"
-      "End Sub\n";
-  ClassProject project_{
-      "Option Explicit\r\n\r\nPrivate mCount As Long\r\n\r\n' Housekeeping, written by the "
-      "engineer\r\nPublic Sub Tick()\r\n    mCount = mCount + 1\r\nEnd Sub\r\n"};
-};
-
-TEST_F(FormulaLife, EveryStepLeavesTheDefinedText) {
-  const std::string top = "Option Explicit\n\nPrivate mCount As Long\n";
-  const std::string fill = "\n'***\n'FillTank\n'***\nPublic Sub FillTank()\n";
-  const std::string drain = "\n'***\n'DrainTank\n'***\nPublic Sub DrainTank()\n";
-
-  Add("FillTank");
-  EXPECT_EQ(project_.Text(), top + tick_ + fill + "\nEnd Sub\n");
-  EXPECT_EQ(Place("FillTank"), "9 13 7");
-  Add("DrainTank");
-  EXPECT_EQ(project_.Text(), top + tick_ + fill + "\nEnd Sub\n" + drain + "\nEnd Sub\n");
-
-  const std::string level = "Public Level as Double 'Tank1.Level\n";
-  Declare("Public Level as Double 'Tank1.Level");
-  RebuildHeader("DrainTank", {"Level"});
-  EXPECT_EQ(module().CountOfDeclarationLines(), 4);
-  EXPECT_EQ(Place("Tick"), "5 7 5");
-  module().ReplaceLine(15, "    Pump = True");
-  module().ReplaceLine(module().ProcBodyLine("DrainTank", ProcKind::kProc),
-                       "Public Sub EmptyTank()");
-  RebuildHeader("EmptyTank", {"Level"});
-  EXPECT_FALSE(module().FindMember("DrainTank"));
-  const std::string full = fill + "    Pump = True\nEnd Sub\n";
-  const std::string empty =
-      "\n'***\n'EmptyTank\n'\tLevel\n'***\nPublic Sub EmptyTank()\n\nEnd Sub\n";
-  EXPECT_EQ(project_.Text(), top + level + tick_ + full + empty);
-
-  CommentOut("FillTank");
-  EXPECT_FALSE(module().FindMember("FillTank"));
-  const std::string off =
-      "\n'***\n'FillTank\n'***\n'Public Sub FillTank()\n'    Pump = True\n'End Sub\n";
-  EXPECT_EQ(project_.Text(), top + level + tick_ + off + empty);
-  // What is switched off is nobody's, so that no later header takes it away.
-  for (std::int32_t line = 10; line <= 16; ++line) EXPECT_EQ(module().ProcOfLine(line).name, "");
-  EXPECT_EQ(Place("EmptyTank"), "17 22 8");
-
-  Declare("Public Pump as Boolean 'Tank1.Pump");
-  RebuildHeader("EmptyTank", {"Level", "Pump"});
-  RebuildHeader("EmptyTank", {"Level", "Pump"});
-  const std::string both = level + "Public Pump as Boolean 'Tank1.Pump\n";
-  const std::string empty_both =
-      "\n'***\n'EmptyTank\n'\tLevel\n'\tPump\n'***\nPublic Sub EmptyTank()\n\nEnd Sub\n";
-  EXPECT_EQ(project_.Text(), top + both + tick_ + off + empty_both);
-
-  Add("FillTank");
-  EXPECT_EQ(project_.Text(), top + both + tick_ + off + empty_both + fill + "\nEnd Sub\n");
-  EXPECT_EQ(Place("fillTANK"), "27 31 7");
-}
-
-TEST_F(FormulaLife, WhatIsSwitchedOffAtTheEndIsKept) {
-  Add("FillTank");
-  CommentOut("FillTank");
-  EXPECT_EQ(module().ProcOfLine(9).name, "Tick");  // a blank line below the last procedure
-  EXPECT_EQ(module().ProcOfLine(10).name, "");
-  module().AddFromString("Public Sub EmptyTank()\r\n\r\nEnd Sub");
-  // Directly below 'End Sub the comment block is next to the declaration: here the region cannot
-  // tell, which is why whoever adds a sub takes only the blank lines above it for its header.
-  EXPECT_EQ(module().ProcBodyLine("EmptyTank", ProcKind::kProc), 16);
-  module().InsertLines(16, "\r\n'***\r\n'EmptyTank\r\n'***");
-  EXPECT_EQ(Place("EmptyTank"), "16 20 7");
-  RebuildHeader("EmptyTank", {"Level"});
-  EXPECT_NE(project_.Text().find("'Public Sub FillTank()\n'\n'End Sub\n"), std::string::npos);
 }
 
 TEST(CodeModule, HiddenLines) {
@@ -290,15 +189,9 @@ TEST(CodeModule, HiddenLines) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    auto crlf = [](std::string text) {
-      for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) {
-        text.insert(at, "\r");
-      }
-      return ClassProject::Header() + text;
-    };
-    ClassProject project(crlf(c.before).substr(ClassProject::Header().size()));
+    ClassProject project(WithCrLf(c.before));
     c.edit(project.Module());
-    EXPECT_EQ(project.Written(), crlf(c.after));
+    EXPECT_EQ(project.Written(), ClassProject::Header() + WithCrLf(c.after));
   }
 }
 

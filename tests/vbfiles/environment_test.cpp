@@ -345,16 +345,5 @@ TEST_F(EnvironmentInUnit, RefusesEditsOfReadOnlyFiles) {
   EXPECT_EQ(module().Lines(1, 1), "Option Explicit");
 }
 
-TEST_F(EnvironmentInUnit, AFullDiskLeavesTheFile) {
-  unit_.Begin();
-  for (int i = 0; i < 100; ++i) module().AddFromString("' a note that needs some room");
-  std::uint64_t used = 0;
-  for (const auto& [path, contents] : project_.system.Snapshot()) used += contents.size();
-  project_.system.SetCapacity(used + 1000);
-  EXPECT_EQ(ErrorOf([&] { unit_.Commit(); }, "space").kind(), ErrorKind::kIo);
-  EXPECT_EQ(File(), ClassProject::Header() + code_);
-  EXPECT_EQ(module().CountOfLines(), 1);
-}
-
 }  // namespace
 }  // namespace vbfiles

@@ -3,12 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
 #include "files/memory_file_system.h"
-#include "files/unit_of_work.h"
 #include "vbfiles/environment.h"
 
 namespace vbfiles {
@@ -69,39 +67,6 @@ TEST_F(ExampleProject, MembersOfATank) {
   EXPECT_EQ(tank.CountOfDeclarationLines(), 13);
   EXPECT_EQ(tank.Lines(13, 1), "Public Temperature As Double 'in °C");
   EXPECT_EQ(tank.ProcStartLine("Item", ProcKind::kGet), 14);
-}
-
-TEST_F(ExampleProject, OnlyTheEditedFileIsWritten) {
-  const std::map<std::string, std::string> before = system_.Snapshot();
-  const std::string path = "/plant/Classes/CTank.cls";
-  {  // the unit of work takes its journal away when it goes
-    files::JournalledUnitOfWork unit(system_, "/plant/plant.ovs");
-    unit.Enlist(environment_);
-    unit.Begin();
-    for (const auto& component : project_->VBComponents()) component->Module()->Members();
-    platform::CodeModule& tank = *project_->FindComponent("CTank")->Module();
-    tank.ReplaceLine(tank.ProcBodyLine("NewEnum", ProcKind::kGet),
-                     "Public Property Get Readings() As IUnknown");
-    tank.InsertLines(tank.CountOfDeclarationLines() + 1, "Public Level as Double 'Tank1.Füllstand");
-    unit.Commit();
-  }
-
-  std::string expected = before.at(path);
-  for (const char* attribute :
-       {"Get NewEnum()", "NewEnum.VB_UserMemId", "NewEnum.VB_MemberFlags"}) {
-    const std::size_t at = expected.find(attribute);
-    ASSERT_NE(at, std::string::npos) << attribute;
-    expected.replace(expected.find("NewEnum", at), 7, "Readings");
-  }
-  const std::string temperature =
-      "Public Temperature As Double 'in \xB0"
-      "C\r\n";
-  expected.insert(expected.find(temperature) + temperature.size(),
-                  "Public Level as Double 'Tank1.F\xFCllstand\r\n");
-  for (const auto& [file, contents] : system_.Snapshot()) {
-    ASSERT_TRUE(before.contains(file)) << file;
-    EXPECT_EQ(contents, file == path ? expected : before.at(file)) << file;
-  }
 }
 
 }  // namespace
