@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -21,6 +23,16 @@ inline constexpr std::size_t kPage = 4096;
 
 inline std::span<const std::byte> Bytes(const std::string& text) {
   return std::as_bytes(std::span(text));
+}
+
+// Calls; returns the kind of the error raised, if any.
+inline std::optional<ErrorKind> KindRaised(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    return error.kind();
+  }
+  return std::nullopt;
 }
 
 // New bytes for places of an open file.

@@ -12,15 +12,6 @@ namespace {
 constexpr const char* kDatabase = ProjectChange::kDatabase;
 constexpr const char* kJournal = "/p/plant.ovs.journal";
 
-std::optional<ErrorKind> KindRaised(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    return error.kind();
-  }
-  return std::nullopt;
-}
-
 // Leaves the project as a program that was killed at the n-th operation of the kinds does.
 void Interrupt(const ProjectChange& change, MemoryFileSystem& medium, std::set<Operation> kinds,
                int n) {
