@@ -166,6 +166,10 @@ TEST_P(HostileTextTest, AddsNoStatement) {
       const OperationResult added = operations.AddArguments(formula, values);
       ASSERT_TRUE(added.success()) << support::ToText(added);
       arguments.push_back(added.id());
+      if (!named) {
+        ASSERT_EQ(added.warnings.size(), 1u);
+        EXPECT_EQ(added.warnings[0].text_id, 1109);
+      }
       if (named) Merge(expected, {"Public " + name + " as Variant"});
       EXPECT_EQ(Statements(project.Code("CPump")), expected) << project.Code("CPump");
       EXPECT_TRUE(operations.EditAlias(alias, {"x" + hostile.Next(), named ? name : "New" + name})
