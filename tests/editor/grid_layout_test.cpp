@@ -43,28 +43,6 @@ TEST(ColumnOrder, RanksInsideTheSplit) {
   }
 }
 
-// Each restart reads what the exit before wrote.
-std::string AfterRestarts(std::string text, std::size_t columns, int restarts) {
-  for (int i = 0; i < restarts; ++i) {
-    Window window(columns);
-    ApplyColumnOrder(window.grid, text);
-    text = ColumnOrder(window.grid);
-  }
-  return text;
-}
-
-TEST(ColumnOrder, SurvivesRestarts) {
-  EXPECT_EQ(AfterRestarts(",2,3,4", 3, 3), ",0,1,2");
-  EXPECT_EQ(AfterRestarts(",2,3", 2, 3), ",0,1");
-  EXPECT_EQ(AfterRestarts(",0,2,1", 3, 3), ",0,2,1");
-
-  Window exchanged;
-  ApplyColumnOrder(exchanged.grid, ",2,3,4");
-  exchanged.grid.MoveColumn(2, 0);
-  ASSERT_THAT(exchanged.grid.DisplayOrder(), ElementsAre(0, 2, 1));
-  EXPECT_EQ(AfterRestarts(ColumnOrder(exchanged.grid), 3, 3), ",0,2,1");
-}
-
 TEST(Splitter, DragSetsTheWidthWithinTheGrid) {
   struct Case {
     const char* what;

@@ -188,19 +188,5 @@ TEST_F(InitTest, DeletesASettingAndNothingElse) {
   EXPECT_TRUE(init.ParamExist("Me.Font.Size"));
 }
 
-TEST(Items, AreOrderedAndKeyedWithoutCase) {
-  CInitItems items;
-  items.Add("b").SetValue(Variant(1));
-  items.Add("a");
-  EXPECT_EQ(&items.Add("B"), items.Item("b"));
-  ASSERT_EQ(items.Count(), 2u);
-  EXPECT_EQ(items.NewEnum()[0]->Name(), "b");
-  EXPECT_FALSE(items.Delete("c"));
-  EXPECT_TRUE(items.Delete("A"));
-  EXPECT_EQ(items.Item("a"), nullptr);
-  items.Clear();
-  EXPECT_EQ(items.Count(), 0u);
-}
-
 }  // namespace
 }  // namespace settings
