@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "codegen/sub_lines.h"
@@ -87,6 +88,14 @@ std::vector<Case> Cases() {
   const auto undeclare = [](CVBFormulaCode& g) {
     g.DeleteParameter(kClass, "Level", {1, "A", 1, 0});
   };
+  // The code stays as it is: the operation is refused, or it warns.
+  const auto refused = [](const char* what, const std::string& code, const auto& operation) {
+    return Case{what, code, operation, code, {}, true};
+  };
+  const auto kept = [](const char* what, const std::string& code, const auto& operation,
+                       std::vector<std::int32_t> warnings) {
+    return Case{what, code, operation, code, std::move(warnings)};
+  };
   const std::string sub = "Public Sub A()\n\nEnd Sub\n";
   return {
       // Adding.
@@ -100,25 +109,10 @@ std::vector<Case> Cases() {
       {"a comment that continues", "' goes on _\n", add, "' goes on _\n\n" + Header("A") + sub},
       {"an existing sub is adopted", "' note\nPrivate Sub a() 'mine\nx = 1\nEnd Sub\n", add,
        "' note\n" + Header("A") + "Private Sub a() 'mine\nx = 1\nEnd Sub\n"},
-      {"a function of that name",
-       "Function A()\nEnd Function\n",
-       add,
-       "Function A()\nEnd Function\n",
-       {},
-       true},
-      {"a variable of that name", "Private A As Long\n", add, "Private A As Long\n", {}, true},
-      {"a declared external procedure",
-       "Private Declare Sub A Lib \"a\" ()\n",
-       add,
-       "Private Declare Sub A Lib \"a\" ()\n",
-       {},
-       true},
-      {"an enumeration's element of that name",
-       "Enum EState\n  A = 1\nEnd Enum\n",
-       add,
-       "Enum EState\n  A = 1\nEnd Enum\n",
-       {},
-       true},
+      refused("a function of that name", "Function A()\nEnd Function\n", add),
+      refused("a variable of that name", "Private A As Long\n", add),
+      refused("a declared external procedure", "Private Declare Sub A Lib \"a\" ()\n", add),
+      refused("an enumeration's element of that name", "Enum EState\n  A = 1\nEnd Enum\n", add),
       {"given code with a header of its own", "' tail\n",
        [](CVBFormulaCode& g) {
          g.AddFunction(kClass, "A", "' from elsewhere\r\nPublic Sub A()\r\n  x = 1\r\nEnd Sub");
@@ -168,18 +162,8 @@ std::vector<Case> Cases() {
       {"only the case", Header("A") + "Public Sub a()\nEnd Sub\n",
        [](CVBFormulaCode& g) { g.RenameFunction(kClass, "a", "A"); },
        Header("A") + "Public Sub A()\nEnd Sub\n"},
-      {"onto another member",
-       "Public B As Long\nPublic Sub A()\nEnd Sub\n",
-       rename,
-       "Public B As Long\nPublic Sub A()\nEnd Sub\n",
-       {},
-       true},
-      {"onto another sub",
-       "Public Sub B()\nEnd Sub\nPublic Sub A()\nEnd Sub\n",
-       rename,
-       "Public Sub B()\nEnd Sub\nPublic Sub A()\nEnd Sub\n",
-       {},
-       true},
+      refused("onto another member", "Public B As Long\nPublic Sub A()\nEnd Sub\n", rename),
+      refused("onto another sub", "Public Sub B()\nEnd Sub\nPublic Sub A()\nEnd Sub\n", rename),
       {"deleted by hand",
        "Option Explicit\n",
        rename,
@@ -225,34 +209,19 @@ std::vector<Case> Cases() {
        {1110}},
       {"an #If block inside", "Public Sub A()\n#If X Then\nz\n#End If\nEnd Sub\n", off,
        "'Public Sub A()\n'#If X Then\n'z\n'#End If\n'End Sub\n"},
-      {"a property is no formula",
-       "Property Get A()\nEnd Property\n",
-       off,
-       "Property Get A()\nEnd Property\n",
-       {1101}},
-      {"a variable is no formula", "Public A As Long\n", off, "Public A As Long\n", {1101}},
-      {"nor is a declared external procedure",
-       "Private Declare Sub A Lib \"a\" ()\n",
-       off,
-       "Private Declare Sub A Lib \"a\" ()\n",
-       {1101}},
+      kept("a property is no formula", "Property Get A()\nEnd Property\n", off, {1101}),
+      kept("a variable is no formula", "Public A As Long\n", off, {1101}),
+      kept("nor is a declared external procedure", "Private Declare Sub A Lib \"a\" ()\n", off,
+           {1101}),
 
       // Deleting.
       {"up to its end only", Header("A") + sub + Header("B") + "Public Sub B()\nEnd Sub\n", remove,
        Header("A") + Header("B") + "Public Sub B()\nEnd Sub\n"},
       {"not the code behind it", "' note\nPublic Sub A()\nEnd Sub\nPublic Sub B()\nEnd Sub\n",
        remove, "' note\nPublic Sub B()\nEnd Sub\n"},
-      {"no function",
-       "Function A()\nEnd Function\n",
-       remove,
-       "Function A()\nEnd Function\n",
-       {1101}},
-      {"no property",
-       "Property Get A()\nEnd Property\n",
-       remove,
-       "Property Get A()\nEnd Property\n",
-       {1101}},
-      {"no variable", "Public A As Long\n", remove, "Public A As Long\n", {1101}},
+      kept("no function", "Function A()\nEnd Function\n", remove, {1101}),
+      kept("no property", "Property Get A()\nEnd Property\n", remove, {1101}),
+      kept("no variable", "Public A As Long\n", remove, {1101}),
       {"not the ends of an #If block",
        "#If X Then\nPublic Sub A(y)\n#Else\nPublic Sub A()\n#End If\nz\nEnd Sub\n",
        remove,
@@ -306,36 +275,16 @@ std::vector<Case> Cases() {
        },
        "'Public Level As Long\n" + Header("A") + "Public Sub A()\nLevel = 1\nEnd Sub\n",
        {1112, 1103}},
-      {"another's declaration is left",
-       "Public Level As Long, B1 As Long\n",
-       undeclare,
-       "Public Level As Long, B1 As Long\n",
-       {1104, 1101}},
-      {"so is one that is not public",
-       "Private Level As Long\n",
-       undeclare,
-       "Private Level As Long\n",
-       {1104, 1101}},
-      {"one of objects with events",
-       "Public WithEvents Level As CPort\n",
-       undeclare,
-       "Public WithEvents Level As CPort\n",
-       {1104, 1101}},
-      {"one that begins in the line above",
-       "Private B1 As Long: _\nPublic Level As Long\n",
-       undeclare,
-       "Private B1 As Long: _\nPublic Level As Long\n",
-       {1104, 1101}},
-      {"one that goes on in the next line",
-       "Public Level _\n  As Long\n",
-       undeclare,
-       "Public Level _\n  As Long\n",
-       {1104, 1101}},
-      {"a procedure of that name",
-       "Public Sub Level()\nEnd Sub\n",
-       undeclare,
-       "Public Sub Level()\nEnd Sub\n",
-       {1104, 1101}},
+      kept("another's declaration is left", "Public Level As Long, B1 As Long\n", undeclare,
+           {1104, 1101}),
+      kept("so is one that is not public", "Private Level As Long\n", undeclare, {1104, 1101}),
+      kept("one of objects with events", "Public WithEvents Level As CPort\n", undeclare,
+           {1104, 1101}),
+      kept("one that begins in the line above", "Private B1 As Long: _\nPublic Level As Long\n",
+           undeclare, {1104, 1101}),
+      kept("one that goes on in the next line", "Public Level _\n  As Long\n", undeclare,
+           {1104, 1101}),
+      kept("a procedure of that name", "Public Sub Level()\nEnd Sub\n", undeclare, {1104, 1101}),
   };
 }
 
