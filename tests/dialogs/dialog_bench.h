@@ -2,10 +2,8 @@
 // The dialogs on a whole project in memory, with a user who follows a script.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "codegen/vb_formula_code.h"
@@ -16,22 +14,14 @@
 #include "dialogs/fparameter.h"
 #include "dialogs/surroundings.h"
 #include "store/ado_fro.h"
-#include "tests/support/project_doubles.h"
+#include "tests/support/plant_bench.h"
 #include "tests/support/recording_add_in.h"
-#include "tests/support/recording_help.h"
-#include "tests/support/sample_plant.h"
-#include "tests/support/scripted_toolkit.h"
 
 namespace dialogs {
 
-struct DialogBench {
+struct DialogBench : support::PlantBench {
   texts::TextTable texts;
-  support::SamplePlant plant;
-  support::ScriptedToolkit toolkit;
   support::RecordingAddIn studio;
-  support::RecordingHelp help;
-  support::TableItems items;
-  support::RecordingComponentList components;
   MessageBoxes messages{toolkit, texts};
   FDummyVarOCX dummy{&items};
   codegen::CVBFormulaCode code{texts, &items, &components};
@@ -51,47 +41,10 @@ struct DialogBench {
         toolkit, texts, messages, *operations, aliases, dummy, &studio, &help, nullptr});
   }
 
-  // What the user does in the next dialog.
-  template <class Dialog>
-  void In(std::function<void(Dialog&)> step) {
-    toolkit.OnModal([step = std::move(step)](forms::Form& form) {
-      auto* dialog = dynamic_cast<Dialog*>(&form);
-      ASSERT_NE(dialog, nullptr) << form.Name();
-      step(*dialog);
-    });
-  }
-
-  std::int32_t HaveAlias(const std::string& item, const std::string& alias) {
-    const std::vector<store::AliasValues> values = {{item, alias}};
-    const auto result = operations->AddAliases(values);
-    EXPECT_TRUE(result.success()) << result.message;
-    aliases->Requery();
-    return result.id();
-  }
-  std::int32_t HaveFormula(const std::string& name, const std::string& prog_id,
-                           std::int32_t type = 0) {
-    const auto result = operations->AddFormula({name, prog_id, type, 0, true, ""});
-    EXPECT_TRUE(result.success()) << result.message;
-    return result.id();
-  }
-  std::int32_t HaveArgument(std::int32_t formula, std::int32_t alias, bool in, bool out) {
-    const std::vector<store::ArgumentValues> values = {{alias, in, out}};
-    const auto result = operations->AddArguments(formula, values);
-    EXPECT_TRUE(result.success()) << result.message;
-    return result.id();
-  }
-
   std::vector<std::string> Formulas() {
     return plant.Rows("TvbfFormulas",
                       {"ID", "Name", "ProgID", "Type", "ScanTime", "Enabled", "Comment"});
   }
-  std::vector<std::string> Aliases() {
-    return plant.Rows("TvbfAlias", {"ID", "ItemID", "VBAlias"});
-  }
-  std::vector<std::string> Arguments() {
-    return plant.Rows("TvbfParams", {"ID", "ParentID", "AliasID", "In", "Out"});
-  }
-
   // A procedure with its header as the generator writes it.
   std::string Procedure(const std::string& name, const std::vector<std::string>& arguments) const {
     const bool german = texts.GetLanguage() == texts::Language::kGerman;
@@ -102,6 +55,10 @@ struct DialogBench {
     for (const std::string& argument : arguments) text += "'\t" + argument + "\r\n";
     return text + rule + "Public Sub " + name + "()\r\n\r\nEnd Sub\r\n";
   }
+
+ protected:
+  store::Operations& Operations() override { return *operations; }
+  void AliasAdded() override { aliases->Requery(); }
 };
 
 }  // namespace dialogs

@@ -3,21 +3,16 @@
 // script.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "addin/connect.h"
 #include "store/ado_fro.h"
 #include "tests/support/fake_window_system.h"
 #include "tests/support/memory_settings.h"
-#include "tests/support/project_doubles.h"
+#include "tests/support/plant_bench.h"
 #include "tests/support/recording_add_in.h"
-#include "tests/support/recording_help.h"
-#include "tests/support/sample_plant.h"
-#include "tests/support/scripted_toolkit.h"
 
 namespace support {
 
@@ -34,15 +29,10 @@ class RecordingHostWindow : public platform::HostWindow {
 inline constexpr std::int32_t kGermanLcid = 1031;
 inline constexpr std::int32_t kEnglishLcid = 1033;
 
-struct EditorBench {
-  SamplePlant plant;
-  ScriptedToolkit toolkit;
+struct EditorBench : PlantBench {
   FakeWindowSystem window_system;
   MemorySettings settings;
-  RecordingHelp help;
   ReportFactory reports;
-  TableItems items;
-  RecordingComponentList components;
   RecordingHostWindow host_window;
   std::shared_ptr<RecordingAddIn> studio = std::make_shared<RecordingAddIn>();
   std::unique_ptr<addin::Connect> add_in;
@@ -55,7 +45,7 @@ struct EditorBench {
                                                                help, reports, plant.unit, &items,
                                                                &components, &host_window});
   }
-  ~EditorBench() {
+  ~EditorBench() override {
     add_in->Terminate();
     toolkit.RunLater();
     add_in.reset();
@@ -91,16 +81,6 @@ struct EditorBench {
     return found->Visible() && found->Enabled();
   }
 
-  // What the user does in the next dialog.
-  template <class Dialog>
-  void In(std::function<void(Dialog&)> step) {
-    toolkit.OnModal([step = std::move(step)](forms::Form& form) {
-      auto* dialog = dynamic_cast<Dialog*>(&form);
-      ASSERT_NE(dialog, nullptr) << form.Name();
-      step(*dialog);
-    });
-  }
-
   // Ends the add-in as the studio does and starts it again on the same files and settings.
   void Restart() {
     add_in->Terminate();
@@ -109,38 +89,19 @@ struct EditorBench {
     Start();
   }
 
-  // Rows made by the operations, with the window open.
-  std::int32_t HaveAlias(const std::string& item, const std::string& alias) {
-    const std::vector<store::AliasValues> values = {{item, alias}};
-    const auto result = Window().operations().AddAliases(values);
-    EXPECT_TRUE(result.success()) << result.message;
-    Window().AliasesChanged();
-    return result.id();
-  }
-  std::int32_t HaveFormula(const std::string& name, const std::string& prog_id,
-                           std::int32_t type = 0) {
-    const auto result = Window().operations().AddFormula({name, prog_id, type, 0, true, ""});
-    EXPECT_TRUE(result.success()) << result.message;
-    studio->AddNode("FORF0", name, "FORF" + std::to_string(result.id()), "", "icoForFunction", {});
-    return result.id();
-  }
-  std::int32_t HaveArgument(std::int32_t formula, std::int32_t alias, bool in, bool out) {
-    const std::vector<store::ArgumentValues> values = {{alias, in, out}};
-    const auto result = Window().operations().AddArguments(formula, values);
-    EXPECT_TRUE(result.success()) << result.message;
-    return result.id();
-  }
   std::vector<std::string> Formulas() {
     return plant.Rows("TvbfFormulas", {"ID", "Name", "ProgID", "Type"});
   }
-  std::vector<std::string> Aliases() {
-    return plant.Rows("TvbfAlias", {"ID", "ItemID", "VBAlias"});
-  }
-  std::vector<std::string> Arguments() {
-    return plant.Rows("TvbfParams", {"ID", "ParentID", "AliasID", "In", "Out"});
-  }
   std::string Setting(const std::string& key) {
     return settings.Ini("/plant/OVEditors.ini", "Formula.frmtabGrid", key);
+  }
+
+ protected:
+  // The window is open when rows are made.
+  store::Operations& Operations() override { return Window().operations(); }
+  void AliasAdded() override { Window().AliasesChanged(); }
+  void FormulaAdded(std::int32_t id, const std::string& name) override {
+    studio->AddNode("FORF0", name, "FORF" + std::to_string(id), "", "icoForFunction", {});
   }
 };
 
