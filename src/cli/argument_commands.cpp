@@ -28,6 +28,7 @@ int RunAdd(Invocation& invocation) {
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
   const std::vector<std::string> names = invocation.Arguments("ALIAS");
   std::vector<store::ArgumentValues> values;
+  values.reserve(names.size());
   for (const std::string& name : names) {
     values.push_back({session.Alias(name).id, invocation.Has("--in"), invocation.Has("--out")});
   }

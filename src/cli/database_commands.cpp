@@ -49,6 +49,7 @@ int RunInfo(Invocation& invocation) {
   std::ostream& out = invocation.console().out;
   if (invocation.Has("--json")) {
     std::vector<std::pair<std::string, std::string>> json;
+    json.reserve(members.size());
     for (const auto& [name, value] : members) json.emplace_back(name, JsonText(value));
     out << JsonObject(json) << '\n';
     return kDone;

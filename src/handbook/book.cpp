@@ -138,6 +138,7 @@ std::vector<IndexEntry> Book::Index(std::string_view part) const {
   std::stable_sort(found.begin(), found.end(),
                    [](const Sorted& a, const Sorted& b) { return a.key < b.key; });
   std::vector<IndexEntry> entries;
+  entries.reserve(found.size());
   for (const Sorted& sorted : found) entries.push_back(sorted.entry);
   return entries;
 }
@@ -175,6 +176,7 @@ std::vector<Hit> Book::Search(std::string_view query) const {
   std::stable_sort(found.begin(), found.end(),
                    [](const Scored& a, const Scored& b) { return a.score > b.score; });
   std::vector<Hit> hits;
+  hits.reserve(found.size());
   for (Scored& scored : found) hits.push_back(std::move(scored.hit));
   return hits;
 }
