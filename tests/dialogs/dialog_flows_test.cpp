@@ -178,11 +178,7 @@ TEST_P(DialogFlows, RefusedFormulaCanBeCorrected) {
 TEST_P(DialogFlows, StoredClassThatIsGoneIsNamed) {
   const std::int32_t id = bench.HaveFormula("FillTank", "PumpServer.CPump");
   bench.plant.connection->BeginTrans();
-  const auto row = bench.plant.connection->CreateRecordset();
-  row->SetSource("SELECT * FROM TvbfFormulas");
-  row->SetLockType(platform::LockType::kOptimistic);
-  row->SetCursorType(platform::CursorType::kKeyset);
-  row->Open();
+  const auto row = support::MemoryDatabase::Open(*bench.plant.connection, "TvbfFormulas");
   row->Fields("ProgID").SetValue("Gone.CGone");
   row->Update();
   row->Close();

@@ -122,12 +122,7 @@ class HostileText {
 // A row that somebody else wrote.
 std::int32_t AddRow(platform::Connection& connection, const std::string& item,
                     const std::string& name) {
-  auto rows = connection.CreateRecordset();
-  rows->SetSource("TvbfAlias");
-  rows->SetCommandType(platform::CommandType::kTableDirect);
-  rows->SetLockType(platform::LockType::kOptimistic);
-  rows->SetCursorType(platform::CursorType::kKeyset);
-  rows->Open();
+  auto rows = support::MemoryDatabase::Open(connection, "TvbfAlias");
   rows->AddNew({"ItemID", "VBAlias"}, {item, name});
   return rows->Fields("ID").Value().ToLong();
 }

@@ -246,10 +246,8 @@ TEST_F(OperationsTest, AnotherFormulaIsOneOfAnotherNumber) {
   const std::int32_t twin = Do(operations().AddFormula({"Twin", "P.C"}, rows_only)).id();
   const ArgumentValues values[] = {{2, true, false}};
   Do(operations().AddArguments(twin, values, rows_only));
-  auto row = project_.open->connection->CreateRecordset();
-  row->SetSource("SELECT * FROM TvbfFormulas WHERE ID = " + std::to_string(twin));
-  row->SetLockType(platform::LockType::kOptimistic);
-  row->Open();
+  auto row = support::MemoryDatabase::Open(*project_.open->connection,
+                                           "SELECT * FROM TvbfFormulas WHERE ID = ?", {twin});
   row->Fields("Name").SetValue("FillTank");
   row->Fields("ProgID").SetValue(kClass);
   row->Update();

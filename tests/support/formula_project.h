@@ -12,51 +12,16 @@
 #include <vector>
 
 #include "codegen/vb_formula_code.h"
-#include "files/memory_file_system.h"
 #include "files/unit_of_work.h"
 #include "recordset/jet_connection.h"
-#include "store/ado_fro.h"
 #include "store/operations.h"
-#include "store/schema.h"
+#include "tests/support/memory_database.h"
 #include "tests/support/project_doubles.h"
+#include "tests/support/project_files.h"
 #include "texts/text_table.h"
 #include "vbfiles/environment.h"
 
 namespace support {
-
-inline constexpr const char* kDatabasePath = "/plant/Plant.ovs";
-inline constexpr const char* kProjectPath = "/plant/PumpServer.vbp";
-
-// Path of a class of the project.
-inline std::string ClassPath(std::string_view name) {
-  return "/plant/" + std::string(name) + ".cls";
-}
-
-// What stands above the first visible line of a public class.
-inline std::string ClassHeader(std::string_view name) {
-  return "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1  'True\r\nEND\r\nAttribute VB_Name = \"" +
-         std::string(name) +
-         "\"\r\nAttribute VB_GlobalNameSpace = False\r\nAttribute VB_Creatable = True\r\n"
-         "Attribute VB_PredeclaredId = False\r\nAttribute VB_Exposed = True\r\n";
-}
-
-// The files of a project PumpServer with these classes: name and code.
-inline void PutProject(files::MemoryFileSystem& system,
-                       const std::map<std::string, std::string>& classes) {
-  std::string project = "Type=OleDll\r\n";
-  for (const auto& [name, code] : classes) {
-    project += "Class=" + name + "; " + name + ".cls\r\n";
-    system.Put(ClassPath(name), ClassHeader(name) + code);
-  }
-  system.Put(kProjectPath, project + "Name=\"PumpServer\"\r\n");
-}
-
-// An empty database in those files.
-inline void PutDatabase(files::FileSystem& system) {
-  recordset::JetConnection connection(system);
-  connection.Create(store::ProjectConnectionString(kDatabasePath));
-  store::CompleteSchema(connection);
-}
 
 // The parts of the system over files that are there. The file system must outlive them.
 class OpenProject {

@@ -15,6 +15,15 @@
 
 namespace support {
 
+inline constexpr const char* kDatabasePath = "/plant/Plant.ovs";
+
+// An empty project database in those files.
+inline void PutDatabase(files::FileSystem& system) {
+  recordset::JetConnection connection(system);
+  connection.Create(store::ProjectConnectionString(kDatabasePath));
+  store::CompleteSchema(connection);
+}
+
 // A project database that lives in memory, made by the engine itself, with its three empty tables.
 class MemoryDatabase {
  public:

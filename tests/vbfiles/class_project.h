@@ -5,6 +5,7 @@
 #include <string>
 
 #include "files/memory_file_system.h"
+#include "tests/support/project_files.h"
 #include "vbfiles/environment.h"
 
 // A project PumpServer of one class CPump in memory.
@@ -13,19 +14,15 @@ class ClassProject {
   static constexpr const char* kPath = "/plant/CPump.cls";
 
   static std::string Header(const std::string& name = "CPump") {
-    return "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1  'True\r\nEND\r\nAttribute VB_Name = \"" +
-           name +
-           "\"\r\nAttribute VB_GlobalNameSpace = False\r\nAttribute VB_Creatable = True\r\n"
-           "Attribute VB_PredeclaredId = False\r\nAttribute VB_Exposed = True\r\n";
+    return support::ClassHeader(name);
   }
 
   // The code stands behind the class's header; with `whole` it is the whole file.
   explicit ClassProject(const std::string& code, vbfiles::Options options = {}, bool whole = false)
       : environment(system, std::move(options)) {
-    system.Put("/plant/PumpServer.vbp",
-               "Type=OleDll\r\nClass=CPump; CPump.cls\r\nName=\"PumpServer\"\r\n");
-    system.Put(kPath, (whole ? "" : Header()) + code);
-    environment.Open("/plant/PumpServer.vbp");
+    support::PutProject(system, {{"CPump", code}});
+    if (whole) system.Put(kPath, code);
+    environment.Open(support::kProjectPath);
   }
 
   std::shared_ptr<platform::VBComponent> Component() {

@@ -16,16 +16,8 @@ TEST(ForeignChanges, OwnChangesAreNone) {
   plant.unit.Enlist(changes);
   plant.connection->Open(store::ProjectConnectionString(kPlantDatabase));
   const auto add = [](recordset::JetConnection& connection, const std::string& alias) {
-    const auto rows = connection.CreateRecordset();
-    rows->SetSource("TvbfAlias");
-    rows->SetCommandType(platform::CommandType::kTableDirect);
-    rows->SetLockType(platform::LockType::kOptimistic);
-    rows->Open();
-    rows->AddNew();
-    rows->Fields("ItemID").SetValue("Item");
-    rows->Fields("VBAlias").SetValue(alias);
-    rows->Update();
-    rows->Close();
+    support::MemoryDatabase::Open(connection, "TvbfAlias")
+        ->AddNew({"ItemID", "VBAlias"}, {"Item", alias});
   };
   const auto own = [&](const std::string& alias) {
     platform::UnitOfWorkScope scope(plant.unit);
