@@ -2,6 +2,7 @@
 // ovformula open, new, class, report, recover.
 #include "cli/commands.h"
 #include "cli/desktop.h"
+#include "cli/progress.h"
 #include "cli/project_session.h"
 #include "files/recovery.h"
 #include "files/replace_file.h"
@@ -45,8 +46,16 @@ int RunReport(Invocation& invocation) {
   ProjectSession session(invocation, Use::kCode);
   workbench::Project& project = session.project();
   Console& console = invocation.console();
+  Progress progress(invocation);
+  const auto show = [&](std::size_t done, std::size_t total) {
+    progress.Show(done, total);
+    if (invocation.Interrupted()) throw Interrupted();
+    return true;
+  };
   const std::string html = workbench::MakeReport(
-      {project.path(), project.operations(), project.code(), project.items()}, invocation.texts());
+      {project.path(), project.operations(), project.code(), project.items(), show},
+      invocation.texts());
+  progress.End();
   if (const auto output = invocation.Option("--output")) {
     files::ReplaceFile(console.files, *output, html);
   } else {

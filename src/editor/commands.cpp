@@ -335,6 +335,7 @@ void Commands::ShowReport() {
   }
   const auto report = std::dynamic_pointer_cast<platform::ReportAddIn>(created);
   if (!report) return;
+  const dialogs::MessageBoxes::Guard guard(window_.messages());
   const dialogs::BusyPointer busy(window_.services().toolkit);
   std::string database_path = window_.project().database_path;
   report->Show("OVFormula", database_path,

@@ -37,7 +37,6 @@ void RowView::RefreshCells() {
   Notify(Property::kCells);
 }
 
-// Looking every selected row up would take long when all are selected.
 void RowView::KeepPassingSelection() {
   std::set<std::int64_t> passing;
   for (const std::size_t index : passing_) {
@@ -47,7 +46,9 @@ void RowView::KeepPassingSelection() {
 }
 
 void RowView::KeepExistingSelection() {
-  std::erase_if(selection_, [this](std::int64_t id) { return !PositionOf(id); });
+  std::set<std::int64_t> existing;
+  for (const auto& row : SelectedRows()) existing.insert(existing.end(), row.second);
+  selection_ = std::move(existing);
 }
 
 void RowView::KeepCurrentRow() {
@@ -163,15 +164,29 @@ bool RowView::SetCurrentId(std::optional<std::int64_t> id) {
   return true;
 }
 
-std::vector<std::int64_t> RowView::SelectedIds() const {
-  std::vector<std::pair<std::size_t, std::int64_t>> placed;
-  for (std::int64_t id : selection_) {
-    if (auto position = PositionOf(id)) placed.emplace_back(*position, id);
+std::vector<std::pair<std::size_t, std::int64_t>> RowView::SelectedRows() const {
+  constexpr std::size_t kLookUpCost = 8;  // rows that are read while one is looked up
+  std::vector<std::pair<std::size_t, std::int64_t>> selected;
+  if (selection_.empty()) return selected;
+  const std::size_t count = RowCount();
+  if (selection_.size() * kLookUpCost >= count) {
+    for (std::size_t position = 0; position < count; ++position) {
+      const std::int64_t id = IdAt(position);
+      if (selection_.contains(id)) selected.emplace_back(position, id);
+    }
+    return selected;
   }
-  std::sort(placed.begin(), placed.end());
+  for (const std::int64_t id : selection_) {
+    if (const auto position = PositionOf(id)) selected.emplace_back(*position, id);
+  }
+  std::sort(selected.begin(), selected.end());
+  return selected;
+}
+
+std::vector<std::int64_t> RowView::SelectedIds() const {
   std::vector<std::int64_t> ids;
-  ids.reserve(placed.size());
-  for (const auto& entry : placed) ids.push_back(entry.second);
+  ids.reserve(selection_.size());
+  for (const auto& row : SelectedRows()) ids.push_back(row.second);
   return ids;
 }
 

@@ -55,6 +55,8 @@ class RowView : public Control {
   void SetMultiSelect(bool multi_select) { multi_select_ = multi_select; }
   // IDs of the selected rows in the order of the rows.
   std::vector<std::int64_t> SelectedIds() const;
+  // Their positions, ascending, with their IDs.
+  std::vector<std::pair<std::size_t, std::int64_t>> SelectedRows() const;
   std::size_t SelectedCount() const { return selection_.size(); }
   bool IsSelected(std::int64_t id) const { return selection_.contains(id); }
   void SetSelection(const std::vector<std::int64_t>& ids);

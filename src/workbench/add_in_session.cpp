@@ -4,6 +4,7 @@
 #include "platform/error.h"
 #include "store/ado_fro.h"
 #include "workbench/report.h"
+#include "workbench/text_numbers.h"
 
 namespace workbench {
 
@@ -34,9 +35,14 @@ class AddInSession::Reports final : public platform::ObjectFactory {
     void Show(std::string_view, std::string&, std::int32_t) override {
       editor::frmtabgrid* editor = session_.add_in_->EditorWindow();
       if (!editor) return;
-      session_.outside_.show_report(
-          MakeReport({session_.database_path_, editor->operations(), editor->cVBF, session_.items_},
-                     session_.outside_.texts));
+      const Outside& outside = session_.outside_;
+      auto progress = outside.toolkit.StartProgress(outside.texts.Text(kTextReportTitle));
+      const std::string html = MakeReport(
+          {session_.database_path_, editor->operations(), editor->cVBF, session_.items_,
+           [&](std::size_t done, std::size_t total) { return progress->Show(done, total); }},
+          outside.texts);
+      progress.reset();
+      if (!html.empty()) outside.show_report(html);
     }
 
    private:

@@ -47,6 +47,9 @@ enum ReportText : int {
   kNoAliases,
 };
 
+// Aliases that take as long as reading or writing a formula.
+constexpr std::size_t kAliasesPerStep = 32;
+
 struct Formula {
   store::FormulaRecord record;
   std::vector<store::ArgumentRecord> arguments;
@@ -58,7 +61,7 @@ class Report {
       : source_(source), texts_(texts) {}
 
   std::string Make() {
-    Read();
+    if (!Read()) return {};
     const std::string title =
         Text(kTitle) + " " +
         EscapeHtml(source_.database_path.substr(source_.database_path.find_last_of("\\/") + 1));
@@ -69,8 +72,10 @@ class Report {
             title + "</h1>\n";
     AddCounts();
     AddContents();
-    for (const auto& [prog_id, formulas] : classes_) AddClass(prog_id, formulas);
-    AddAliases();
+    for (const auto& [prog_id, formulas] : classes_) {
+      if (!AddClass(prog_id, formulas)) return {};
+    }
+    if (!AddAliases()) return {};
     if (!aliases_.empty()) AddUnused();
     return html_ + "</body>\n</html>\n";
   }
@@ -93,18 +98,26 @@ class Report {
     return std::string("<a href=\"#") + kind + std::to_string(number) + "\">" + html + "</a>";
   }
 
-  void Read() {
+  // One step more is done; false when it is to be the last.
+  bool Step() {
+    const std::size_t total = 2 * formulas_.size() + aliases_.size() / kAliasesPerStep;
+    return !source_.progress || source_.progress(done_++, total);
+  }
+
+  bool Read() {
     store::Operations& operations = source_.operations;
     operations.ForEachFormula([&](const store::FormulaRecord& record) {
       formulas_.push_back({record, {}});
     });
+    operations.ForEachAlias([&](const store::AliasRecord& alias) { aliases_.push_back(alias); });
     for (Formula& formula : formulas_) {
+      if (!Step()) return false;
       formula.arguments = operations.ArgumentsOf(formula.record.id);
       for (const store::ArgumentRecord& argument : formula.arguments)
         uses_[argument.alias_id].push_back(&formula);
       classes_[formula.record.prog_id].push_back(&formula);
     }
-    operations.ForEachAlias([&](const store::AliasRecord& alias) { aliases_.push_back(alias); });
+    return true;
   }
 
   void AddCounts() {
@@ -142,11 +155,15 @@ class Report {
     return Link('f', formula.record.id, Name(formula.record.name));
   }
 
-  void AddClass(const std::string& prog_id, const std::vector<const Formula*>& formulas) {
+  bool AddClass(const std::string& prog_id, const std::vector<const Formula*>& formulas) {
     html_ += "<section>\n<h2 id=\"c" + std::to_string(class_number_++) + "\">" + Text(kFormulasOf) +
              " " + ClassTitle(prog_id) + "</h2>\n";
-    for (const Formula* formula : formulas) AddFormula(*formula);
+    for (const Formula* formula : formulas) {
+      if (!Step()) return false;
+      AddFormula(*formula);
+    }
     html_ += "</section>\n";
+    return true;
   }
 
   void AddFormula(const Formula& formula) {
@@ -206,20 +223,23 @@ class Report {
     return text;
   }
 
-  void AddAliases() {
+  bool AddAliases() {
     html_ += "<section>\n<h2 id=\"aliases\">" + Text(kAliases) + "</h2>\n";
     if (aliases_.empty()) {
       html_ += "<p class=\"none\">" + Text(kNoAliases) + "</p>\n</section>\n";
-      return;
+      return true;
     }
     AddHead("aliases", {kAlias, kItem, kType, kUses});
-    for (const store::AliasRecord& alias : aliases_) {
+    for (std::size_t i = 0; i < aliases_.size(); ++i) {
+      if (i % kAliasesPerStep == kAliasesPerStep - 1 && !Step()) return false;
+      const store::AliasRecord& alias = aliases_[i];
       html_ += "<tr id=\"a" + std::to_string(alias.id) + "\"><td>" + Name(alias.vb_alias) +
                "</td><td>" + Name(alias.item_id) + "</td><td>" +
                std::string(codegen::GetDataType(source_.items.VariantTypeOf(alias.item_id))) +
                "</td><td>" + UsesOf(alias.id) + "</td></tr>\n";
     }
     html_ += "</tbody>\n</table>\n</section>\n";
+    return true;
   }
 
   void AddUnused() {
@@ -242,6 +262,7 @@ class Report {
   std::unordered_map<std::int32_t, std::vector<const Formula*>> uses_;  // by alias
   std::vector<store::AliasRecord> aliases_;
   std::size_t class_number_ = 0;
+  std::size_t done_ = 0;  // steps
 };
 
 }  // namespace

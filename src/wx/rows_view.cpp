@@ -155,10 +155,8 @@ void RowsView::ShowSelection() {
   if (syncing_ || rows_pending_) return;
   syncing_ = true;
   wxDataViewItemArray items;
-  for (std::int64_t id : rows_.SelectedIds()) {
-    if (auto position = rows_.PositionOf(id)) {
-      items.Add(cells_->GetItem(static_cast<unsigned>(*position)));
-    }
+  for (const auto& row : rows_.SelectedRows()) {
+    items.Add(cells_->GetItem(static_cast<unsigned>(row.first)));
   }
   list_->SetSelections(items);
   syncing_ = false;
@@ -234,7 +232,8 @@ void RowsView::Show(Property property) {
       columns_pending_ = true;
       Later([this] {
         columns_pending_ = false;
-        RebuildColumns();
+        if (!ResizeColumns()) return RebuildColumns();
+        if (rows_pending_) ShowRows();
       });
       break;
     default:
@@ -260,12 +259,10 @@ void RowsView::CloseFilter() {
 void RowsView::CopyRows() {
   std::string text;
   auto columns = ShownColumns();
-  for (std::int64_t id : rows_.SelectedIds()) {
-    auto position = rows_.PositionOf(id);
-    if (!position) continue;
+  for (const auto& row : rows_.SelectedRows()) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
       if (i > 0) text += '\t';
-      text += CopiedCell(rows_.Cell(*position, columns[i]));
+      text += CopiedCell(rows_.Cell(row.first, columns[i]));
     }
     text += '\n';
   }

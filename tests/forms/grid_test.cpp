@@ -27,14 +27,18 @@ class CountingRows : public RowSource {
     return rows;
   }
   std::optional<std::size_t> IndexOf(std::int64_t id) override {
+    ++looked_up_;
     auto index = static_cast<std::size_t>(id - 1000);
     return id >= 1000 && index < count_ ? std::optional(index) : std::nullopt;
   }
   static std::int64_t Id(std::size_t index) { return static_cast<std::int64_t>(index) + 1000; }
   std::size_t delivered() const { return delivered_; }
+  std::size_t looked_up() const { return looked_up_; }
+  void SetCount(std::size_t count) { count_ = count; }
 
  private:
   std::size_t count_;
+  std::size_t looked_up_ = 0;
   std::size_t delivered_ = 0;
 };
 
@@ -156,6 +160,27 @@ TEST_F(GridTest, KeepsCurrentRowAndSelectionOverAReload) {
   grid.Rebind();
   EXPECT_EQ(grid.CurrentId(), std::nullopt);
   EXPECT_EQ(grid.SelectedCount(), 0u);
+}
+
+TEST_F(GridTest, ReadsManySelectedRowsInOnePassAndLooksFewUp) {
+  const auto many = std::make_shared<CountingRows>(10000);
+  grid.SetRowSource(many);
+  std::vector<std::int64_t> ids;
+  for (std::size_t i = 0; i < 10000; ++i) ids.push_back(CountingRows::Id(i));
+  grid.SetSelection(ids);
+  many->SetCount(9000);
+  grid.Rebind();
+  ids.resize(9000);
+  EXPECT_EQ(grid.SelectedIds(), ids);
+  EXPECT_LT(many->looked_up(), 10u);
+  EXPECT_LE(many->delivered(), 20000u);
+
+  grid.SetSelection({ids[8000], ids[5]});
+  many->SetCount(7000);
+  const std::size_t delivered = many->delivered();
+  grid.Rebind();
+  EXPECT_EQ(grid.SelectedRows(), (std::vector<std::pair<std::size_t, std::int64_t>>{{5, ids[5]}}));
+  EXPECT_EQ(many->delivered(), delivered);
 }
 
 TEST_F(GridTest, FilterKeepsPositionsAndIdsTogether) {

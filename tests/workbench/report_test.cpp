@@ -34,6 +34,29 @@ void Fill(support::FormulaProject& project) {
   ASSERT_TRUE(added.success()) << support::ToText(added);
 }
 
+TEST(Report, TellsItsStepsAndStops) {
+  support::FormulaProject project;
+  Fill(project);
+  for (int i = 0; i < 100; ++i)
+    project.AddAlias("Item" + std::to_string(i), "Alias" + std::to_string(i));
+  support::OpenProject& open = *project.open;
+  ReportSource source{support::kDatabasePath, *open.operations, open.code, open.items};
+  std::size_t next = 0, last = ~std::size_t{0}, total = 0;
+  source.progress = [&](std::size_t done, std::size_t of) {
+    EXPECT_EQ(done, next++);
+    EXPECT_LT(done, of);
+    total = of;
+    return done != last;
+  };
+  EXPECT_EQ(MakeReport(source, open.texts), MakeReportOf(project));
+  EXPECT_EQ(next, total);
+  for (last = 0; last < total; ++last) {
+    next = 0;
+    EXPECT_EQ(MakeReport(source, open.texts), "") << last;
+    EXPECT_EQ(next, last + 1) << "asked again after it was to stop";
+  }
+}
+
 TEST(Report, ShowsTheProjectWithEveryTextEscaped) {
   support::FormulaProject project;
   Fill(project);
