@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/main_window.h"
 
-#include <wx/button.h>
 #include <wx/display.h>
 #include <wx/filename.h>
 #include <wx/filesys.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
-#include <wx/stattext.h>
 #include <wx/utils.h>
 
 #include <algorithm>
 
 #include "desktop/about.h"
+#include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
 #include "desktop/notice_bar.h"
+#include "desktop/welcome.h"
 #include "editor/node_key.h"
 #include "files/replace_file.h"
 #include "platform/error.h"
@@ -81,6 +81,7 @@ MainWindow::MainWindow(const Parts& parts)
   CreateStatusBar();
   CreateMenus();
   CreatePanes();
+  ShowRecent();
   Bind();
   if (parts.state.window.maximised) Maximize();
   parts_.toolkit.SetMainWindow(this);
@@ -108,11 +109,19 @@ void MainWindow::CreateMenus() {
   auto* project = new wxMenu;
   AddItem(*project, TextNumber::kTextMenuNew, "Ctrl+N", [this] { AskNew(); });
   AddItem(*project, TextNumber::kTextMenuOpen, "Ctrl+Shift+O", [this] { AskOpen(); });
-  recent_menu_ = new wxMenu;
+  recent_menu_ = new ChoiceMenu;
+  recent_menu_->on_choice = [this](std::size_t i) {
+    const std::string path = parts_.state.recent.Paths()[i];  // the list changes by opening it
+    OpenProject(path);
+  };
   project->AppendSubMenu(recent_menu_, wx::ToWx(Text(TextNumber::kTextMenuRecent)));
   project->AppendSeparator();
   AddItem(*project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { SaveCode(); });
-  backup_menu_ = new wxMenu;
+  backup_menu_ = new ChoiceMenu;
+  backup_menu_->on_choice = [this](std::size_t i) {
+    const workbench::Backups::Backup backup = backups_[i];  // restoring makes another
+    RestoreBackup(backup);
+  };
   project->AppendSubMenu(backup_menu_, wx::ToWx(Text(TextNumber::kTextMenuBackups)));
   project->AppendSeparator();
   AddItem(*project, TextNumber::kTextMenuQuit, "Ctrl+Q", [this] { Close(); });
@@ -126,7 +135,6 @@ void MainWindow::CreateMenus() {
   bar->Append(project, wx::ToWx(Text(TextNumber::kTextMenuProject)));
   bar->Append(help, wx::ToWx(Text(TextNumber::kTextMenuHelp)));
   SetMenuBar(bar);
-  FillRecent();
   FillBackups();
 }
 
@@ -140,7 +148,10 @@ void MainWindow::CreatePanes() {
   rows_ = new wxSplitterWindow(columns_, wxID_ANY, wxDefaultPosition, wxDefaultSize, kStyle);
   auto* upper = new wxPanel(rows_);
   editor_host_ = new wxPanel(upper);
-  welcome_ = NewWelcome(upper);
+  welcome_ = new Welcome(upper, parts_.texts);
+  welcome_->on_open = [this] { AskOpen(); };
+  welcome_->on_new = [this] { AskNew(); };
+  welcome_->on_recent = [this](const std::string& path) { OpenProject(path); };
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
   sizer->Add(welcome_, wxSizerFlags(1).Expand());
@@ -168,26 +179,6 @@ void MainWindow::CreatePanes() {
            platform::MessageResult::kYes;
   };
   ConnectTree();
-}
-
-// What the window shows while no project is open.
-wxWindow* MainWindow::NewWelcome(wxWindow* parent) {
-  auto* panel = new wxPanel(parent);
-  auto* text = new wxStaticText(panel, wxID_ANY, wx::ToLabel(Text(TextNumber::kTextWelcome)));
-  auto* open = new wxButton(panel, wxID_ANY, wx::ToWx(Text(TextNumber::kTextMenuOpen)));
-  auto* create = new wxButton(panel, wxID_ANY, wx::ToWx(Text(TextNumber::kTextMenuNew)));
-  open->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AskOpen(); });
-  create->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AskNew(); });
-  auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-  buttons->Add(open, wxSizerFlags().Border(wxRIGHT, FromDIP(12)));
-  buttons->Add(create);
-  auto* sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->AddStretchSpacer();
-  sizer->Add(text, wxSizerFlags().CentreHorizontal().Border(wxALL, FromDIP(12)));
-  sizer->Add(buttons, wxSizerFlags().CentreHorizontal());
-  sizer->AddStretchSpacer();
-  panel->SetSizer(sizer);
-  return panel;
 }
 
 void MainWindow::ConnectTree() {

@@ -24,7 +24,9 @@ class wxSplitterWindow;
 
 namespace desktop {
 
+class ChoiceMenu;
 class NoticeBar;
+class Welcome;
 
 // The window that stands in for the studio: project tree, editor and code.
 class MainWindow : public wxFrame {
@@ -54,7 +56,6 @@ class MainWindow : public wxFrame {
  private:
   void CreateMenus();
   void CreatePanes();
-  wxWindow* NewWelcome(wxWindow* parent);
   void ConnectTree();
   void ConnectStudio();
   void Bind();
@@ -63,7 +64,7 @@ class MainWindow : public wxFrame {
   wxString ProjectFolder() const;
   void AskNew();
   void AskOpen();
-  void FillRecent();
+  void ShowRecent();
   void FillBackups();
   void RestoreBackup(const workbench::Backups::Backup& backup);
   void ShowAbout();
@@ -98,13 +99,13 @@ class MainWindow : public wxFrame {
   wxSplitterWindow* rows_ = nullptr;
   ProjectTree* tree_ = nullptr;
   wxPanel* editor_host_ = nullptr;
-  wxWindow* welcome_ = nullptr;
+  Welcome* welcome_ = nullptr;
   CodePane* code_ = nullptr;
-  wxMenu* recent_menu_ = nullptr;
-  wxMenu* backup_menu_ = nullptr;
+  ChoiceMenu* recent_menu_ = nullptr;
+  ChoiceMenu* backup_menu_ = nullptr;
   std::map<int, std::function<void()>> actions_;  // by menu ID
   std::vector<std::pair<wxAcceleratorEntry, std::function<void()>>> shortcuts_;
-  std::vector<int> recent_ids_, backup_ids_;
+  std::vector<workbench::Backups::Backup> backups_;  // in the order of their menu
   wxTimer timer_{this};
   std::unique_ptr<workbench::DailyBackup> backup_;  // of the session's project; outlives it
   forms::Subscription title_;

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The window's project: opened, created, closed, backed up and restored.
 #include <wx/filedlg.h>
-#include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
+#include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
 #include "desktop/main_window.h"
 #include "desktop/notice_bar.h"
+#include "desktop/welcome.h"
 #include "workbench/new_project.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
@@ -89,7 +90,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   parts_.state.project = session_->database_path();
   parts_.state.recent.Add(session_->database_path());
   parts_.state.Save();
-  FillRecent();
+  ShowRecent();
   FillBackups();
   ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
   tree_->SetFocus();
@@ -116,7 +117,7 @@ void MainWindow::ForgetMissing(const std::string& path) {
   parts_.state.recent.Remove(path);
   if (parts_.state.project == path) parts_.state.project.clear();
   parts_.state.Save();
-  FillRecent();
+  ShowRecent();
 }
 
 bool MainWindow::CloseProject() {
@@ -170,35 +171,20 @@ void MainWindow::EnlistBackup() {
   session_->unit().Enlist(*backup_);
 }
 
-void MainWindow::FillRecent() {
-  for (const int id : recent_ids_) actions_.erase(id), recent_menu_->Destroy(id);
-  recent_ids_.clear();
-  for (const std::string& path : parts_.state.recent.Paths()) {
-    wxMenuItem* item = recent_menu_->Append(wxID_ANY, wx::ToLabel(path));
-    recent_ids_.push_back(item->GetId());
-    actions_[item->GetId()] = [this, path] { OpenProject(path); };
-  }
-  if (!recent_ids_.empty()) return;
-  wxMenuItem* none = recent_menu_->Append(wxID_ANY, wx::ToLabel(Text(TextNumber::kTextNoRecent)));
-  none->Enable(false);
-  recent_ids_.push_back(none->GetId());
+void MainWindow::ShowRecent() {
+  const std::vector<std::string>& paths = parts_.state.recent.Paths();
+  recent_menu_->Fill(paths, Text(TextNumber::kTextNoRecent));
+  welcome_->ShowRecent(paths);
 }
 
 void MainWindow::FillBackups() {
-  for (const int id : backup_ids_) actions_.erase(id), backup_menu_->Destroy(id);
-  backup_ids_.clear();
+  backups_.clear();
   if (session_ && !parts_.state.folder().empty()) {
-    for (const auto& backup :
-         workbench::Backups(parts_.files, BackupFolder(session_->database_path())).List()) {
-      wxMenuItem* item = backup_menu_->Append(wxID_ANY, wx::ToLabel(backup.name));
-      backup_ids_.push_back(item->GetId());
-      actions_[item->GetId()] = [this, backup] { RestoreBackup(backup); };
-    }
+    backups_ = workbench::Backups(parts_.files, BackupFolder(session_->database_path())).List();
   }
-  if (!backup_ids_.empty()) return;
-  wxMenuItem* none = backup_menu_->Append(wxID_ANY, wx::ToLabel(Text(TextNumber::kTextNoBackups)));
-  none->Enable(false);
-  backup_ids_.push_back(none->GetId());
+  std::vector<std::string> names;
+  for (const auto& backup : backups_) names.push_back(backup.name);
+  backup_menu_->Fill(names, Text(TextNumber::kTextNoBackups));
 }
 
 void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {

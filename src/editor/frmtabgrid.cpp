@@ -2,7 +2,9 @@
 // The editor window: set-up and the selected node. Its outside is in frmtabgrid_window.cpp.
 #include "editor/frmtabgrid.h"
 
+#include <cmath>
 #include <utility>
+#include <vector>
 
 #include "dialogs/dialog_form.h"
 #include "editor/menu_switcher.h"
@@ -27,6 +29,7 @@ constexpr double kMinimumWidth = 4500;
 constexpr double kMinimumHeight = 3000;
 constexpr double kIdentifierWidth = 3000;
 constexpr double kColumnWidth = 1995;
+constexpr double kWidthPrecision = 1;  // of what is kept; the user's changes are larger
 
 }  // namespace
 
@@ -121,9 +124,14 @@ void frmtabgrid::OnLoad() {
 }
 
 void frmtabgrid::InitializeGrid(forms::Grid& grid, std::string_view orders_key) {
+  std::vector<double> widths;
+  for (std::size_t i = 0; i < grid.ColumnCount(); ++i) widths.push_back(grid.ColumnAt(i).Width());
   inits.SetInitToControl(*this, grid.Name());
-  // The left split is as wide as the column in it, which is what the settings keep.
-  grid.SplitAt(0).SetWidth(grid.ColumnAt(0).Width());
+  for (std::size_t i = 0; i < grid.ColumnCount(); ++i) {
+    forms::Column& column = grid.ColumnAt(i);
+    const bool sized = std::abs(column.Width() - widths[i]) > kWidthPrecision;
+    column.SetFills(column.Kind() != forms::ColumnKind::kCheckBox && !sized);
+  }
   ApplyColumnOrder(grid, inits.ReadAValueFromCInits(orders_key).ToText());
 }
 

@@ -33,8 +33,6 @@ void frmtabgrid::abr_Resize(double width, double height) {
   const forms::Bounds grids{0, top, width, std::max(0.0, height - top - status)};
   tdbP.SetBounds(grids);
   tdbA.SetBounds(grids);
-  parameter_splitter_.Place();
-  alias_splitter_.Place();
 }
 
 void frmtabgrid::ApplyChangedSettings() { abr_Resize(ClientWidth(), ClientHeight()); }

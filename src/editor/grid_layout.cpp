@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kSplitterWidth = 60;
 constexpr double kRightMargin = 60;
+constexpr double kScrollBarWidth = 300;
 
 // The numbers behind the commas; what stands before the first comma says nothing.
 std::vector<std::int32_t> Numbers(std::string_view text) {
@@ -44,8 +45,27 @@ std::string ColumnOrder(const forms::Grid& grid) {
   return text;
 }
 
+void ShareWidth(forms::Grid& grid) {
+  double left = grid.Width() - kScrollBarWidth;
+  std::vector<forms::Column*> filling;
+  for (std::size_t i = 0; i < grid.ColumnCount(); ++i) {
+    forms::Column& column = grid.ColumnAt(i);
+    if (!column.Visible()) continue;
+    left -= column.Width();
+    if (column.Fills()) filling.push_back(&column);
+  }
+  const double share =
+      std::max(0.0, left) / static_cast<double>(std::max<std::size_t>(1, filling.size()));
+  for (forms::Column* column : filling) column->SetExtra(share);
+}
+
 SplitterDrag::SplitterDrag(forms::Splitter& splitter, forms::Grid& grid)
     : splitter_(splitter), grid_(grid) {
+  columns_ = grid.Observe([this](forms::Property property) {
+    const bool sized =
+        property == forms::Property::kColumns || property == forms::Property::kBounds;
+    if (sized && grid_.ColumnCount() > 0) FollowColumns();
+  });
   splitter_.SetMousePointer("COLUMNSHIFT");
   splitter_.on_mouse_down = [this](const forms::MouseEvent& event) {
     if (event.button == forms::kLeftButton) dragging_ = true;
@@ -61,18 +81,27 @@ SplitterDrag::SplitterDrag(forms::Splitter& splitter, forms::Grid& grid)
   };
 }
 
+// The left split is as wide as the column in it.
+void SplitterDrag::FollowColumns() {
+  grid_.SplitAt(0).SetWidth(grid_.ColumnAt(0).Width());
+  ShareWidth(grid_);
+  Place();
+}
+
+double SplitterDrag::Border() const {
+  return grid_.Left() + grid_.ColumnAt(0).Width() + grid_.ColumnAt(0).Extra() + kSplitterOffset;
+}
+
 void SplitterDrag::Place() {
-  splitter_.SetBounds({grid_.Left() + grid_.SplitAt(0).Width() + kSplitterOffset, grid_.Top(),
-                       kSplitterWidth, grid_.Height()});
+  splitter_.SetBounds({Border(), grid_.Top(), kSplitterWidth, grid_.Height()});
 }
 
 void SplitterDrag::Drop() {
   dragging_ = false;
+  if (splitter_.Left() == Border()) return;
   const double wanted = splitter_.Left() - grid_.Left() - kSplitterOffset;
   const double width = std::max(0.0, std::min(wanted, grid_.Width() - kRightMargin));
-  grid_.SplitAt(0).SetWidth(width);
-  grid_.ColumnAt(0).SetWidth(width);
-  Place();
+  grid_.ColumnAt(0).Resize(width);
 }
 
 }  // namespace editor

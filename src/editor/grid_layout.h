@@ -23,7 +23,11 @@ inline constexpr double kSplitterOffset = 30;
 void ApplyColumnOrder(forms::Grid& grid, std::string_view text);
 std::string ColumnOrder(const forms::Grid& grid);
 
-// A splitter and the grid whose first split it bounds. Both must outlive this object.
+// Shares the room that the columns leave over among those that fill.
+void ShareWidth(forms::Grid& grid);
+
+// A splitter and the grid whose first split it bounds, which follow each other. Both must outlive
+// this object.
 class SplitterDrag {
  public:
   SplitterDrag(forms::Splitter& splitter, forms::Grid& grid);
@@ -34,11 +38,14 @@ class SplitterDrag {
   void Place();
 
  private:
+  void FollowColumns();
+  double Border() const;
   void Drop();
 
   forms::Splitter& splitter_;
   forms::Grid& grid_;
   bool dragging_ = false;
+  forms::Subscription columns_;
 };
 
 }  // namespace editor

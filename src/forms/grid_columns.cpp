@@ -15,6 +15,13 @@ bool FitsWidth(double width) { return width >= 0 && width <= 144000; }
 
 }  // namespace
 
+void Column::Resize(double width) {
+  fills_ = false;
+  extra_ = 0;
+  width_ = width;
+  changed_();
+}
+
 std::optional<Variant> Column::GetProperty(std::string_view name) const {
   if (EqualsIgnoringCase(name, "DataField")) return Variant(field_);
   if (EqualsIgnoringCase(name, "Caption")) return Variant(caption_);

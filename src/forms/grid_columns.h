@@ -33,6 +33,14 @@ class Column : public PropertyObject {
   void SetCaption(std::string_view caption) { Change(caption_, std::string(caption)); }
   double Width() const { return width_; }  // twips
   void SetWidth(double width) { Change(width_, width); }
+  // Whether the column may be shown wider than its width, where the grid has room.
+  bool Fills() const { return fills_; }
+  void SetFills(bool fills) { Change(fills_, fills); }
+  // What it is shown wider, in twips. The settings do not see it.
+  double Extra() const { return extra_; }
+  void SetExtra(double extra) { Change(extra_, extra); }
+  // The user chose the width: the column is shown like that from now on.
+  void Resize(double width);
   // Sort key among the columns of the split; equal keys keep the order of creation.
   std::int32_t Order() const { return order_; }
   void SetOrder(std::int32_t order) { Change(order_, order); }
@@ -67,6 +75,8 @@ class Column : public PropertyObject {
   std::string field_;
   std::string caption_;
   double width_;
+  double extra_ = 0;
+  bool fills_ = false;
   std::int32_t order_ = 0;
   bool allow_sizing_ = true;
   bool visible_ = true;

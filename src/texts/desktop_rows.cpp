@@ -119,6 +119,9 @@ constexpr Row kRows[] = {
     {1580, "Neues Projekt", "New Project"},
     {1581, "Projekt öffnen", "Open Project"},
     {1582, "Die Sicherung lässt sich nicht wiederherstellen.", "The backup cannot be restored."},
+    {1583, "Zuletzt geöffnete Projekte", "Recent projects"},
+    {1584, "Projekte, die Sie öffnen, stehen beim nächsten Mal hier.",
+     "Projects that you open are listed here the next time."},
 };
 
 }  // namespace

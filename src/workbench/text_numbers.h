@@ -75,6 +75,8 @@ enum TextNumber : int {
   kTextNewProject,
   kTextOpenProject,
   kTextCannotRestore,
+  kTextRecentProjects,
+  kTextNoProjectYet,
 };
 
 }  // namespace workbench

@@ -56,12 +56,41 @@ void GridView::BuildColumns() {
     const forms::Column& model = grid_.ColumnAt(number);
     if (model.Button()) Native().AddCellButton(column, Picture(model.ButtonPicture()));
     Native().WatchWidth(column, [this, number](int width) {
-      forms::Column& sized = grid_.ColumnAt(number);
-      int shown = std::max(ToPixels(List(), sized.Width()), List().FromDIP(kLeastWidth));
-      if (width != shown) sized.SetWidth(ToTwips(List(), width));
+      if (width != ShownWidth(number)) grid_.ColumnAt(number).Resize(ToTwips(List(), width));
     });
   }
   AppendRest();
+  built_ = Columns();
+}
+
+bool GridView::ResizeColumns() {
+  if (built_ != Columns()) return false;
+  for (unsigned i = 0; i < List().GetColumnCount(); ++i) {
+    wxDataViewColumn& column = *List().GetColumn(i);
+    const std::size_t number = NumberOf(&column);
+    if (number >= grid_.ColumnCount()) continue;
+    const int width = ShownWidth(number);
+    if (column.GetWidth() != width) column.SetWidth(width);
+  }
+  return true;
+}
+
+int GridView::ShownWidth(std::size_t number) const {
+  const forms::Column& column = grid_.ColumnAt(number);
+  return std::max(ToPixels(List(), column.Width() + column.Extra()), List().FromDIP(kLeastWidth));
+}
+
+// All of the native columns but their widths.
+std::string GridView::Columns() const {
+  std::string text;
+  for (const std::size_t number : grid_.DisplayOrder()) {
+    const forms::Column& column = grid_.ColumnAt(number);
+    text += std::to_string(number) + ' ' + std::to_string(static_cast<int>(column.Kind())) +
+            (column.Locked() ? 'l' : '-') + (column.AllowSizing() ? 's' : '-') +
+            (column.Visible() ? 'v' : '-') + column.ButtonPicture() + '\t' + column.Caption() +
+            '\n';
+  }
+  return text;
 }
 
 // The native list stretches its last column over the rest of its width: an empty one, so that the
@@ -88,9 +117,9 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
   }
   int flags = wxDATAVIEW_COL_REORDERABLE | (model.AllowSizing() ? wxDATAVIEW_COL_RESIZABLE : 0) |
               (model.Visible() ? 0 : wxDATAVIEW_COL_HIDDEN);
-  int width = std::max(ToPixels(List(), model.Width()), List().FromDIP(kLeastWidth));
-  auto* column = new wxDataViewColumn(ToWx(model.Caption()), renderer,
-                                      static_cast<unsigned>(number), width, alignment, flags);
+  auto* column =
+      new wxDataViewColumn(ToWx(model.Caption()), renderer, static_cast<unsigned>(number),
+                           ShownWidth(number), alignment, flags);
   column->SetMinWidth(List().FromDIP(kLeastWidth));
   return column;
 }
@@ -116,6 +145,7 @@ void GridView::OnReordered(const wxDataViewColumn& moved) {
     if (same_split && List().GetColumnPosition(other) < position) ++place;
   }
   grid_.MoveColumn(number, place);
+  built_.clear();
   Show(forms::Property::kColumns);  // puts back what the split does not allow
 }
 

@@ -15,6 +15,7 @@ class GridView : public RowsView {
 
  private:
   void BuildColumns() override;
+  bool ResizeColumns() override;
   std::vector<std::size_t> ShownColumns() const override;
   void BeforeKey() override;
   bool OnKey(const wxKeyEvent& event) override;
@@ -22,12 +23,15 @@ class GridView : public RowsView {
 
   wxDataViewColumn* MakeColumn(std::size_t number);
   void AppendRest();
+  int ShownWidth(std::size_t number) const;
+  std::string Columns() const;
   bool OnPress(const CellPress& press);
   void OnReordered(const wxDataViewColumn& moved);
   std::size_t NumberOf(const wxDataViewColumn* column) const;
 
   forms::Grid& grid_;
   CellEditor editor_;
+  std::string built_;  // the columns as they were built
 };
 
 // A list with columns, without editing.

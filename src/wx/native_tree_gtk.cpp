@@ -12,6 +12,8 @@ namespace wx {
 
 namespace {
 
+constexpr gint kSpacing = 4;  // between picture and text
+
 struct FreePath {
   void operator()(GtkTreePath* path) const { gtk_tree_path_free(path); }
 };
@@ -114,6 +116,7 @@ void NativeTree::Create(wxWindow* parent) {
 void NativeTree::AddColumn() {
   GtkTreeViewColumn* column = gtk_tree_view_column_new();
   gtk_tree_view_column_set_sizing(column, GTK_TREE_VIEW_COLUMN_FIXED);
+  gtk_tree_view_column_set_spacing(column, kSpacing);
   GtkCellRenderer* picture = gtk_cell_renderer_pixbuf_new();
   gtk_tree_view_column_pack_start(column, picture, FALSE);
   gtk_tree_view_column_set_cell_data_func(column, picture, Signals::SetPicture, this, nullptr);

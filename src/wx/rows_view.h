@@ -31,6 +31,8 @@ class RowsView : public ControlView {
   void Show(forms::Property property) override;
   // Makes the native columns anew from the model.
   virtual void BuildColumns() = 0;
+  // Brings changed widths to the native columns; false when something else changed too.
+  virtual bool ResizeColumns() { return false; }
   // The numbers of the visible columns from left to right.
   virtual std::vector<std::size_t> ShownColumns() const = 0;
   // A key was pressed; the model has not seen it.

@@ -18,9 +18,12 @@ using forms::Property;
 using forms::Tool;
 using forms::ToolKind;
 
+// What the tool is called in its menu.
+wxString Caption(const Tool& tool) { return wxStripMenuCodes(ToWx(tool.Caption())); }
+
 // What stands on a button. Beside others "New" alone would not tell what is new.
 wxString Label(const Tool& tool) {
-  return tool.ToolTip().empty() ? wxStripMenuCodes(ToWx(tool.Caption())) : ToWx(tool.ToolTip());
+  return tool.ToolTip().empty() ? Caption(tool) : ToWx(tool.ToolTip());
 }
 
 // What a button says: caption and shortcut, or why it is disabled.
@@ -92,11 +95,14 @@ class ToolbarView : public ControlView {
     FitLabels();
   }
 
-  // Where not every label has room all give way to the pictures, whose tooltips say the same.
+  // Where the labels have no room the captions of the menu stand for them, then the pictures
+  // alone. The tooltips always say the whole.
   void FitLabels() {
     const long plain = bar_->GetWindowStyle() & ~wxTB_HORZ_TEXT;
     bar_->SetWindowStyle(plain | wxTB_HORZ_TEXT);
-    if (width_ > 0 && NativeWidth(*bar_) > width_) bar_->SetWindowStyle(plain);
+    if (width_ <= 0 || NativeWidth(*bar_) <= width_) return;
+    for (const auto& [id, tool] : tools_) bar_->FindById(id)->SetLabel(Caption(*tool));
+    if (NativeWidth(*bar_) > width_) bar_->SetWindowStyle(plain);
   }
 
   void Add(Tool& tool) {

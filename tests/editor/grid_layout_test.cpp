@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "editor/grid_layout.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "forms/form.h"
 
 namespace editor {
 namespace {
-
-using testing::ElementsAre;
 
 // A grid with the splits of the argument grid, and its splitter.
 struct Window : forms::Form {
@@ -41,6 +38,35 @@ TEST(ColumnOrder, RanksInsideTheSplit) {
     ApplyColumnOrder(window.grid, c.text);
     EXPECT_EQ(window.grid.DisplayOrder(), c.order) << c.text;
   }
+}
+
+TEST(ShareWidth, ColumnsThatFillTakeWhatIsLeft) {
+  Window window(2);  // 3000 and 2000 of 8000
+  SplitterDrag drag(window.splitter, window.grid);
+  forms::Column& first = window.grid.ColumnAt(0);
+  forms::Column& second = window.grid.ColumnAt(1);
+  const auto shown = [](const forms::Column& column) { return column.Width() + column.Extra(); };
+  first.SetFills(true);
+  second.SetFills(true);
+  const double rest = 8000 - shown(first) - shown(second);
+  EXPECT_GE(rest, 0);
+  EXPECT_LT(rest, 400) << "for a scroll bar";
+  EXPECT_EQ(first.Extra(), second.Extra());
+  EXPECT_EQ(window.splitter.Left(), 100 + shown(first) + kSplitterOffset);
+  EXPECT_EQ(first.Width(), 3000) << "what is kept does not change";
+
+  window.splitter.on_mouse_down({forms::kLeftButton, 0, 5, 0});  // a click moves nothing
+  window.splitter.on_mouse_up({forms::kLeftButton, 0, 5, 0});
+  EXPECT_TRUE(first.Fills());
+
+  first.Resize(3500);  // the user drags the border
+  EXPECT_EQ(shown(first), 3500);
+  EXPECT_EQ(window.grid.SplitAt(0).Width(), 3500);
+  EXPECT_EQ(shown(second), 8000 - rest - 3500);
+
+  window.grid.SetBounds({100, 500, 4000, 4000});
+  EXPECT_EQ(second.Extra(), 0) << "there is no room";
+  EXPECT_EQ(second.Width(), 2000);
 }
 
 TEST(Splitter, DragSetsTheWidthWithinTheGrid) {

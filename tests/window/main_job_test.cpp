@@ -132,6 +132,7 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
     EXPECT_NE(settings().find("sb.Visible=False"), std::string::npos) << settings();
     wxDataViewCtrl& grid = program.Grid();
     width = grid.GetColumn(0)->GetWidth();
+    EXPECT_GT(width, 300) << "it takes the room that there is";
     display::Drag(grid, {width, 10}, {width + 60, 10});
     width += 60;
     EXPECT_NEAR(grid.GetColumn(0)->GetWidth(), width, 4);
