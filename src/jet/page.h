@@ -35,6 +35,7 @@ struct RowId {
     return {reference >> 8, static_cast<std::uint8_t>(reference & 0xFF)};
   }
   constexpr std::uint32_t Reference() const { return page << 8 | slot; }
+  // NOLINTNEXTLINE(modernize-use-nullptr): it takes the comparison's own 0 for a pointer.
   friend constexpr auto operator<=>(const RowId&, const RowId&) = default;
 };
 

@@ -11,7 +11,7 @@
 namespace jet {
 namespace {
 
-constexpr std::size_t kLongestDefinition = 256 * 1024;
+constexpr std::size_t kLongestDefinition = std::size_t{256} * 1024;
 constexpr std::size_t kMapListEntry = 10;
 
 // Reads the logical string from front to back; a read behind the end is damage.

@@ -77,7 +77,7 @@ class RowBlock {
 
  private:
   using Kind = BlockValue::Kind;
-  static constexpr std::size_t kPieceSize = 32 * 1024;
+  static constexpr std::size_t kPieceSize = std::size_t{32} * 1024;
 
   struct Cell {
     Cell(Kind kind, std::uint32_t v, std::size_t size = 0)
