@@ -89,9 +89,7 @@ TEST(Connect, OnlyTheCompiledModuleIsHooked) {
 }
 
 TEST(Connect, FormulasBecomeNodes) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FOR0");
+  EditorBench bench("FOR0");
   bench.HaveFormula("FillTank", "PumpServer.CPump");
   bench.HaveFormula("Drain", "PumpServer.CTank");
   bench.Restart();
@@ -110,9 +108,7 @@ TEST(Connect, FormulasBecomeNodes) {
 }
 
 TEST(Connect, TerminateTakesEverythingDown) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   const platform::WindowHandle window = bench.toolkit.Handle(bench.Window());
   bench.studio->TakeCalls();
   EXPECT_EQ(bench.add_in->Terminate(), 0);
@@ -133,9 +129,7 @@ TEST(Connect, TerminateTakesEverythingDown) {
 }
 
 TEST(Connect, TerminateWritesWhatIsBeingTyped) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORA0");
+  EditorBench bench("FORA0");
   const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
   bench.Window().Reload();
   ASSERT_TRUE(bench.Window().tdbA.SetCurrentId(alias));
@@ -157,9 +151,7 @@ TEST(Connect, TerminateBeforeOpenRemovesTheRootOnly) {
 
 // The studio may end while a command's dialog is open.
 TEST(Connect, TerminateDuringACommand) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   bench.In<dialogs::FFunction>([&](dialogs::FFunction& dialog) {
     bench.add_in->Terminate();
     dialog.ChooseClass("PumpServer.CPump");
@@ -208,9 +200,7 @@ TEST(Connect, DatabaseWithoutTheTablesIsRefused) {
 }
 
 TEST(Connect, ResetRebuildsOnTheSameNode) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   const std::string key = "FORF" + std::to_string(bench.HaveFormula("Fill", "PumpServer.CPump"));
   bench.Click(key);
   bench.toolkit.ShowModeless(bench.Window());
@@ -258,9 +248,7 @@ TEST(Connect, KeysOfTheTree) {
       {"delete without Ctrl", "FORF1", 46, 0, "", 46},
       {"F6 alone", "FOR0", 117, 0, "", 117},
   };
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   bench.HaveFormula("FillTank", "PumpServer.CPump");
   bench.Click("FORA0");
   for (const Case& c : cases) {
@@ -287,9 +275,7 @@ TEST(Connect, KeysOfTheTree) {
 }
 
 TEST(Connect, HelpOfTheNodes) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FOR0");
+  EditorBench bench("FOR0");
   const platform::WindowHandle window = bench.toolkit.Handle(bench.Window());
   for (const char* key : {"FOR0", "FORF0", "FORF7", "FORA0", "VARX1"}) {
     bench.Key(key, forms::kKeyF1);
@@ -320,9 +306,7 @@ TEST(Connect, MenusOfTheTree) {
       {"FOR0", "mnuShowEditorHelper", {"mnuShowEditorHelper", "mnuShowEditor"}},
       {"VARX1", "", {}},
   };
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORA0");
+  EditorBench bench("FORA0");
   bench.HaveFormula("FillTank", "PumpServer.CPump");
   for (const Case& c : cases) {
     SCOPED_TRACE(c.node);
@@ -349,9 +333,7 @@ TEST(Connect, MenusOfTheTree) {
 }
 
 TEST(Connect, MenuCommandConcernsTheClickedNode) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   bench.HaveFormula("FillTank", "PumpServer.CPump");
   bench.HaveFormula("Drain", "PumpServer.CTank");
   bench.Click("FORF1");
@@ -370,9 +352,7 @@ TEST(Connect, MenuCommandConcernsTheClickedNode) {
 }
 
 TEST(Connect, ActivatingTheEditorShowsTheSelectedNode) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   bench.Window().SetWindowState(forms::WindowState::kMinimized);
   bench.studio->selected = {"Plant", "VARX1", ""};
   bench.add_in->NodeDblClick("Plant", "VARX1", "");
@@ -385,9 +365,7 @@ TEST(Connect, ActivatingTheEditorShowsTheSelectedNode) {
 }
 
 TEST(Connect, ActivationSavesAndReloadsUnlessAMessageBoxIsOpen) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORA0");
+  EditorBench bench("FORA0");
   const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
   bench.Window().Reload();
   const platform::WindowHandle window = bench.toolkit.Handle(bench.Window());

@@ -21,9 +21,7 @@ using testing::IsEmpty;
 using testing::Not;
 
 TEST(Commands, MainJobByKeys) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   EXPECT_EQ(bench.Window().Caption(), "OrvanaStudio Formula Editor  Formula Definition: ");
   EXPECT_THAT(bench.Window().tdbP.EmptyText(), HasSubstr("F8"));
   bench.In<dialogs::FFunction>([](dialogs::FFunction& dialog) {
@@ -97,9 +95,7 @@ TEST(Commands, DeletingAFormulaAsksAndShowsTheNext) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.lcid);
-    EditorBench bench(c.lcid);
-    bench.Start();
-    bench.Click("FORF0");
+    EditorBench bench("FORF0", c.lcid);
     for (const char* name : {"A", "B", "C"}) bench.HaveFormula(name, "PumpServer.CPump");
     bench.HaveArgument(2, bench.HaveAlias("Tank1.Level", "Level"), true, false);
     bench.HaveArgument(2, bench.HaveAlias("Pump.Running", "Running"), true, false);
@@ -130,9 +126,7 @@ TEST(Commands, DeletingAFormulaAsksAndShowsTheNext) {
 }
 
 TEST(Commands, AliasesInUseAreKept) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   const std::int32_t formula = bench.HaveFormula("Fill", "PumpServer.CPump");
   const std::int32_t used = bench.HaveAlias("Tank1.Level", "Level");
   const std::int32_t free = bench.HaveAlias("Pump.Running", "Running");
@@ -168,9 +162,7 @@ TEST(Commands, AliasesInUseAreKept) {
 
 // Look and deletion show how far they are, and each can be stopped.
 TEST(Commands, StoppedDeletionChangesNothing) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORA0");
+  EditorBench bench("FORA0");
   std::vector<std::int64_t> all;
   for (const char* name : {"Level", "Run", "Speed"})
     all.push_back(bench.HaveAlias(std::string("Tank1.") + name, name));
@@ -199,9 +191,7 @@ TEST(Commands, StoppedDeletionChangesNothing) {
 // A message for each of a few aliases in use, one for all of many.
 TEST(Commands, ManyAliasesInUseAreToldAtOnce) {
   for (const auto& [count, messages] : {std::pair{10, 10u}, std::pair{11, 1u}}) {
-    EditorBench bench;
-    bench.Start();
-    bench.Click("FORA0");
+    EditorBench bench("FORA0");
     bench.HaveFormula("Fill", "PumpServer.CPump");
     std::vector<std::int64_t> all;
     for (int i = 0; i < count; ++i) {
@@ -233,9 +223,7 @@ TEST(Commands, NotFindingTheFormulaAbandonsTheCommand) {
 }
 
 TEST(Commands, StatisticsCountWhatIsThere) {
-  EditorBench bench(support::kGermanLcid);
-  bench.Start();
-  bench.Click("FOR0");
+  EditorBench bench("FOR0", support::kGermanLcid);
   const auto panels = [&] {
     std::vector<std::string> texts;
     for (const forms::Panel& panel : bench.Window().sb.Panels()) texts.push_back(panel.text);
@@ -252,9 +240,7 @@ TEST(Commands, StatisticsCountWhatIsThere) {
 }
 
 TEST(Commands, ReportAddIn) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FOR0");
+  EditorBench bench("FOR0");
   bench.Choose("mnuOptionReport");
   ASSERT_EQ(bench.toolkit.boxes.size(), 1u);
   EXPECT_EQ(bench.toolkit.boxes[0].prompt, "429\r\nActiveX component can't create object");
@@ -266,9 +252,7 @@ TEST(Commands, ReportAddIn) {
 
 // A failing commit puts rows and code back, and the user reads what to do.
 TEST(Commands, FileThatCannotBeWrittenLeavesEverythingAsItWas) {
-  EditorBench bench;
-  bench.Start();
-  bench.Click("FORF0");
+  EditorBench bench("FORF0");
   bench.HaveFormula("Fill", "PumpServer.CPump");
   bench.Click("FORF1");
   bench.plant.system.SetReadOnly("/plant/CPump.cls", true);

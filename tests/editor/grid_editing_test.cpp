@@ -21,9 +21,7 @@ constexpr const char* kEmpty = "Item Name and Alias Identifier must not be empty
 // Aliases Level and Running, a formula on variable change with both as arguments, Level in and
 // Running out.
 struct Plant : EditorBench {
-  Plant() {
-    Start();
-    Click("FORF0");
+  Plant() : EditorBench("FORF0") {
     HaveFormula("OnChange", "PumpServer.CPump", 6);
     HaveArgument(1, HaveAlias("Tank1.Level", "Level"), true, false);
     HaveArgument(1, HaveAlias("Pump.Running", "Running"), false, true);

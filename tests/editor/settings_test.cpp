@@ -13,10 +13,7 @@ using support::EditorBench;
 using testing::ElementsAre;
 
 struct Opened : EditorBench {
-  Opened() {
-    Start();
-    Click("FORF0");
-  }
+  Opened() : EditorBench("FORF0") {}
   void Reopen() {
     Restart();
     Click("FORF0");

@@ -45,6 +45,11 @@ struct EditorBench : PlantBench {
                                                                help, reports, plant.unit, &items,
                                                                &components, &host_window});
   }
+  // Started, with a click on that node.
+  explicit EditorBench(const char* key, std::int32_t lcid = kEnglishLcid) : EditorBench(lcid) {
+    Start();
+    Click(key);
+  }
   ~EditorBench() override {
     add_in->Terminate();
     toolkit.RunLater();
