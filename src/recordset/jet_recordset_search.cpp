@@ -21,10 +21,12 @@ namespace {
 // Of so many rows found by an index the next one is picked; more are better read in their order.
 constexpr std::size_t kMaxRowsPicked = 64;
 
-// What the definition counts, as far as the file can hold so many rows: it may be damaged.
+// What the definition counts, as far as the file can hold so many rows: it may be damaged. More
+// rows than a million need no room beforehand.
 std::size_t LikelyRows(jet::Database& database, jet::Table& table) {
-  constexpr std::size_t kMaxRowsOfPage = 255;
-  return std::min<std::size_t>(table.RowCount(), database.Header().page_count * kMaxRowsOfPage);
+  constexpr std::size_t kMaxRowsOfPage = 255, kMostRows = 1 << 20;
+  const std::size_t held = database.Header().page_count * kMaxRowsOfPage;
+  return std::min({std::size_t{table.RowCount()}, held, kMostRows});
 }
 
 }  // namespace
