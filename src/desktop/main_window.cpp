@@ -40,26 +40,31 @@ constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
 constexpr std::int32_t kRefreshView = 162;
 
+wxSize LeastSize() { return wxWindow::FromDIP(wxSize(640, 420), nullptr); }
+
 // Where the window was, on a screen that is there and large enough for it; else in the middle.
-void PlaceOnScreen(wxTopLevelWindow& window, const DesktopState::Place& place) {
+wxRect PlaceOnScreen(const DesktopState::Place& place) {
   const wxPoint title(place.left + place.width / 2, place.top + kTitleMiddle);
   const int found = place.left < 0 ? wxNOT_FOUND : wxDisplay::GetFromPoint(title);
   const bool gone = found == wxNOT_FOUND;
   const wxRect screen = wxDisplay(gone ? 0u : static_cast<unsigned>(found)).GetClientArea();
   wxSize size(place.width, place.height);
-  size.IncTo(window.GetMinSize());
+  size.IncTo(LeastSize());
   size.DecTo(wxSize(screen.width, screen.height - kTitleBar));
   const wxRect wanted(wxPoint(place.left, place.top), size);
-  const wxRect shown = gone ? wxRect(size).CentreIn(screen) : wanted;
-  window.SetSize(shown);
-  // Some window managers choose a place of their own for a new window. It can be moved once it
-  // is on the screen.
-  auto move = [&window, shown, done = false](wxActivateEvent& event) mutable {
+  return gone ? wxRect(size).CentreIn(screen) : wanted;
+}
+
+// Some window managers choose a place of their own for a new window. It can be moved once it is on
+// the screen.
+void InsistOnPlace(wxTopLevelWindow& window) {
+  auto move = [&window, place = window.GetPosition(),
+               done = false](wxActivateEvent& event) mutable {
     event.Skip();
     if (done || !event.GetActive()) return;
     done = true;
-    window.CallAfter([&window, shown] {
-      if (!window.IsMaximized()) window.Move(shown.GetPosition());
+    window.CallAfter([&window, place] {
+      if (!window.IsMaximized()) window.Move(place);
     });
   };
   window.Bind(wxEVT_ACTIVATE, move);
@@ -72,11 +77,14 @@ bool HasKeyboard(const wxWindow& window) {
 
 }  // namespace
 
-MainWindow::MainWindow(const Parts& parts)
-    : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(TextNumber::kTextProduct))),
+MainWindow::MainWindow(const Parts& parts) : MainWindow(parts, PlaceOnScreen(parts.state.window)) {}
+
+MainWindow::MainWindow(const Parts& parts, const wxRect& place)
+    : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(TextNumber::kTextProduct)),
+              place.GetPosition(), place.GetSize()),
       parts_(parts) {
-  SetMinSize(FromDIP(wxSize(640, 420)));
-  PlaceOnScreen(*this, parts.state.window);
+  SetMinSize(LeastSize());
+  InsistOnPlace(*this);
   SetIcons(ProgramIcons());
   CreateStatusBar();
   CreateMenus();

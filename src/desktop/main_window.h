@@ -54,6 +54,7 @@ class MainWindow : public wxFrame {
   wxWindow* EditorHost() const { return editor_host_; }
 
  private:
+  MainWindow(const Parts& parts, const wxRect& place);
   void CreateMenus();
   void CreatePanes();
   void ConnectTree();
