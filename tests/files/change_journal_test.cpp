@@ -147,10 +147,7 @@ TEST(ChangeJournal, SurvivesPowerCutsInLaterCommits) {
       const auto commit = [&](char fill, std::size_t pages) {
         std::map<std::uint64_t, std::string> after;
         for (std::size_t i = 0; i < pages; ++i) after[i * kPage] = std::string(kPage, fill);
-        TextRanges ranges(*file, after, 4 * kPage);
-        ChangeSet changes;
-        changes.ranges.push_back(&ranges);
-        journal.Commit(changes);
+        Commit(journal, *file, after, 4 * kPage);
         ++committed;
       };
       commit('1', 4);
@@ -226,7 +223,6 @@ TEST(ChangeJournal, RefusesWhatSomebodyElseChanged) {
     MemoryFileSystem system;
     change.Put(system);
     const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-    const std::string before(3 * kPage, 'd');
     TextRanges ranges(*file, {{2 * kPage, std::string(kPage, 'n')}}, 3 * kPage);
     ChangeSet changes;
     changes.ranges.push_back(&ranges);
@@ -365,12 +361,9 @@ TEST(ChangeJournal, ShrinksAFileAndPutsItBack) {
     FailingFileSystem system(medium);
     const std::optional<ErrorKind> raised = KindRaised([&] {
       const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-      TextRanges ranges(*file, {{0, after}}, after.size());
-      ChangeSet changes;
-      changes.ranges.push_back(&ranges);
       ChangeJournal journal(system, kDatabase);
       system.Arm({{}, n, Fault::Length::kCrash});
-      journal.Commit(changes);
+      Commit(journal, *file, {{0, after}}, after.size());
     });
     Recover(medium, kDatabase);
     const Snapshot now = medium.Snapshot();
@@ -404,11 +397,9 @@ TEST(ChangeJournal, IsFrugal) {
     std::map<std::uint64_t, std::string> after;
     for (std::size_t i = 0; i < pages; ++i) after[i * kPage] = std::string(kPage, fill);
     ++fill;
-    TextRanges ranges(*file, after, 100 * kPage);
-    ChangeSet changes;
-    changes.ranges.push_back(&ranges);
-    for (const std::string& path : others) changes.files.push_back({path, medium.Get(path), "new"});
-    journal.Commit(changes);
+    std::vector<FileChange> files;
+    for (const std::string& path : others) files.push_back({path, medium.Get(path), "new"});
+    Commit(journal, *file, after, 100 * kPage, std::move(files));
     return system.count();
   };
   EXPECT_EQ(syncs(1, {}), 4);
@@ -428,10 +419,7 @@ TEST(ChangeJournal, TwoOfOneDatabaseTakeTurns) {
   auto one = std::make_unique<ChangeJournal>(system, kDatabase);
   auto two = std::make_unique<ChangeJournal>(system, "/p/../p/plant.ovs");
   const auto commit = [&](ChangeJournal& journal, const std::string& text) {
-    TextRanges ranges(*file, {{kPage, text}}, 2 * kPage);
-    ChangeSet changes;
-    changes.ranges.push_back(&ranges);
-    journal.Commit(changes);
+    Commit(journal, *file, {{kPage, text}}, 2 * kPage);
   };
   commit(*one, "1");
   commit(*two, "2");

@@ -68,13 +68,12 @@ class NumberedProject {
     file.ReadAt(0, std::as_writable_bytes(std::span(page)));
     const long number = std::stol(page);
     const std::string next = Page(number + 1);
-    TextRanges ranges(file, {{0, next}, {kPage, next}, {2 * kPage, next}}, 3 * kPage);
-    ChangeSet changes;
-    changes.ranges.push_back(&ranges);
+    std::vector<FileChange> others;
     for (const std::string& path : files_) {
-      changes.files.push_back({path, std::to_string(number), std::to_string(number + 1)});
+      others.push_back({path, std::to_string(number), std::to_string(number + 1)});
     }
-    journal.Commit(changes);
+    Commit(journal, file, {{0, next}, {kPage, next}, {2 * kPage, next}}, 3 * kPage,
+           std::move(others));
   }
 
  private:

@@ -65,6 +65,17 @@ class TextRanges final : public RangeSource {
   std::uint64_t size_after_;
 };
 
+// Commits new bytes for places of an open file, and other files with it.
+inline void Commit(ChangeJournal& journal, RandomAccessFile& file,
+                   const std::map<std::uint64_t, std::string>& after, std::uint64_t size_after,
+                   std::vector<FileChange> others = {}) {
+  TextRanges ranges(file, after, size_after);
+  ChangeSet changes;
+  changes.ranges.push_back(&ranges);
+  changes.files = std::move(others);
+  journal.Commit(changes);
+}
+
 // Copies all files with the times of their last changes.
 inline void Copy(MemoryFileSystem& from, MemoryFileSystem& to) {
   for (const auto& [path, contents] : from.Snapshot()) {
@@ -110,13 +121,11 @@ class ProjectChange {
   }
 
   void Commit(RandomAccessFile& file, ChangeJournal& journal) const {
-    TextRanges ranges(file, pages_, after_.at(kDatabase).size());
-    ChangeSet changes;
-    changes.ranges.push_back(&ranges);
+    std::vector<FileChange> others;
     for (const char* path : {"/p/CPump.cls", "/p/sub/CGone.cls", "/p/sub/CNew.cls"}) {
-      changes.files.push_back({path, Find(before_, path), Find(after_, path)});
+      others.push_back({path, Find(before_, path), Find(after_, path)});
     }
-    journal.Commit(changes);
+    files::Commit(journal, file, pages_, after_.at(kDatabase).size(), std::move(others));
   }
 
   bool IsBefore(const MemoryFileSystem& system) const { return system.Snapshot() == before_; }
