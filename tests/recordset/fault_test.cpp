@@ -107,28 +107,5 @@ std::string CaseName(const testing::TestParamInfo<std::tuple<Case, bool>>& info)
 INSTANTIATE_TEST_SUITE_P(Edits, RecordsetFaultTest,
                          testing::Combine(testing::ValuesIn(kCases), testing::Bool()), CaseName);
 
-// A row that is refused in the middle of a transaction leaves nothing behind in it.
-TEST(RecordsetFaults, ARefusedRowLeavesItsTransactionWhole) {
-  support::MemoryDatabase db;
-  for (const char* name : {"A", "B"}) db.AddAlias("Item", name);
-  auto rows = db.Open("TvbfAlias");
-  db.connection()->BeginTrans();
-  // The primary key has its entry by the time the other index finds a row of that name.
-  EXPECT_THROW(rows->AddNew({"VBAlias"}, {"a"}), platform::Error);
-  rows->MoveLast();
-  rows->Fields("ItemID").SetValue(std::string(255, 'x'));
-  rows->Fields("VBAlias").SetValue("a");
-  EXPECT_THROW(rows->Update(), platform::Error);
-  rows->CancelUpdate();
-  rows->AddNew({"ItemID", "VBAlias"}, {"Item", "C"});
-  db.connection()->CommitTrans();
-  auto other = db.Connect();
-  EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other,
-                                                    "SELECT ItemID, VBAlias FROM "
-                                                    "TvbfAlias")),
-            "Item|A Item|B Item|C");
-  EXPECT_TRUE(other->database().Verify().ok());
-}
-
 }  // namespace
 }  // namespace recordset

@@ -95,22 +95,6 @@ TEST_F(PlanTest, JoinsATableWithItself) {
   EXPECT_EQ(rows->Fields("VBAlias").Value(), platform::Variant("Alias0"));
 }
 
-TEST_F(PlanTest, JoinsWhereADatabaseMadeElsewhereHasNoIndex) {
-  support::MemoryDatabase db;
-  for (const char* name : {"A", "B"}) {
-    db.connection()->CreateTable(name,
-                                 {{"Key", platform::DataType::kInteger, 0, false},
-                                  {"Text", platform::DataType::kVarWChar, 20, false}},
-                                 {});
-    for (int i = 0; i < 30; ++i) {
-      db.Open(name)->AddNew({"Key", "Text"}, {i % 10, "t" + std::to_string(i % 4)});
-    }
-  }
-  auto rows = db.Open("SELECT A.Text FROM A INNER JOIN B ON A.Key = B.Key WHERE B.Text = 'T1'");
-  // B has 8 rows with "t1", each of whose keys 3 rows of A have.
-  EXPECT_EQ(rows->RecordCount(), 24);
-}
-
 // Draws queries over the three tables.
 class QueryMaker {
  public:
