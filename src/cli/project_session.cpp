@@ -114,8 +114,8 @@ void ProjectSession::KeepCode() {
   files::ChangeSet changes;
   project_->vb()->Collect(changes);
   for (const files::FileChange& change : changes.files) {
-    const auto text = [&](const std::optional<std::string>& bytes) {
-      return project_->vb()->ToUtf8(change.path, bytes.value_or(""));
+    const auto text = [&](const files::Contents& bytes) {
+      return bytes ? project_->vb()->ToUtf8(change.path, *bytes) : std::string();
     };
     diff_ += UnifiedDiff(change.path, text(change.before), text(change.after));
   }

@@ -63,7 +63,7 @@ void WarnOfUses(const std::vector<std::string>& names, platform::VBComponent& co
                 platform::CodeModule& module, Report& report) {
   if (names.empty()) return;
   const std::string file = FileNameOf(component.FileName());
-  for (const NameUse& use : FindNameUses(module.Lines(1, module.CountOfLines()), names)) {
+  for (const NameUse& use : FindNameUses(module, names)) {
     report.Warn(kTextStillUses,
                 {{"<File>", file}, {"<Line>", std::to_string(use.line)}, {"<Name>", use.name}});
   }

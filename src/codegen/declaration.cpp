@@ -178,21 +178,6 @@ bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name) {
   return reader.AtEnd();
 }
 
-bool MentionsTypes(std::string_view declarations) {
-  constexpr char kLowerCase = 0x20;
-  const auto holds = [&](std::size_t at, std::string_view word) {
-    for (std::size_t i = 0; i < word.size(); ++i) {
-      if ((declarations[at + i] | kLowerCase) != word[i]) return false;
-    }
-    return true;
-  };
-  constexpr std::size_t kLength = 4;  // of both words
-  for (std::size_t at = 0; at + kLength <= declarations.size(); ++at) {
-    if (holds(at, "type") || holds(at, "enum")) return true;
-  }
-  return false;
-}
-
 std::unordered_set<std::string> TypeNames(const std::vector<std::string>& declarations) {
   TypeNameCollector collector;
   bool continued = false;

@@ -36,7 +36,4 @@ bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name);
 // takes no variable or procedure of such a name beside them.
 std::unordered_set<std::string> TypeNames(const std::vector<std::string>& declarations);
 
-// Whether the text holds the word Type or Enum at all. Most sections do not, and are large.
-bool MentionsTypes(std::string_view declarations);
-
 }  // namespace codegen

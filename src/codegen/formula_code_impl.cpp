@@ -39,9 +39,11 @@ bool CVBFormulaCode::Impl::IsTypeName(const Place& place, std::string_view prog_
   auto known = type_names_.find(key);
   if (known == type_names_.end()) {
     const std::int32_t count = place.module->CountOfDeclarationLines();
-    const std::string text = count > 0 ? place.module->Lines(1, count) : std::string();
     known = type_names_.try_emplace(key).first;
-    if (MentionsTypes(text)) known->second = TypeNames(SplitLines(text));
+    // Most sections declare no types, and are large.
+    if (place.module->Find("Type", 1, count) || place.module->Find("Enum", 1, count)) {
+      known->second = TypeNames(SplitLines(place.module->Lines(1, count)));
+    }
   }
   const bool found = known->second.contains(platform::FoldCase(name));
   // Outside of a batch anybody may change them until the next question.

@@ -2,6 +2,8 @@
 #include "codegen/name_uses.h"
 
 #include <algorithm>
+#include <set>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -10,6 +12,8 @@
 
 namespace codegen {
 namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
 
 // Looks for the names in lines of code, one after the other.
 class Search {
@@ -22,17 +26,29 @@ class Search {
     }
   }
 
+  // Visits lines of a module from the beginning of a logical line on; `first` is the number of the
+  // first of them.
+  void Visit(std::int32_t first, std::string_view lines) {
+    line_ = first;
+    in_comment_ = false;
+    for (;; ++line_) {
+      const std::size_t end = lines.find(kLineEnd);
+      VisitLine(lines.substr(0, end));
+      if (end == std::string_view::npos) return;
+      lines.remove_prefix(end + kLineEnd.size());
+    }
+  }
+
+  std::vector<NameUse> Take() { return std::move(uses_); }
+
+ private:
   void VisitLine(std::string_view line) {
-    ++line_;
     const bool was_comment = in_comment_;
     const std::size_t comment = was_comment ? 0 : CommentStart(line);
     in_comment_ = comment < line.size() || was_comment ? IsContinued(line) : false;
     if (!was_comment) VisitCode(line.substr(0, comment));
   }
 
-  std::vector<NameUse> Take() { return std::move(uses_); }
-
- private:
   void VisitCode(std::string_view code) {
     std::string_view previous;  // word in front
     bool in_string = false;
@@ -69,16 +85,44 @@ class Search {
   bool in_comment_ = false;
 };
 
+// The lines that hold one of the names anywhere.
+std::set<std::int32_t> LinesWith(const std::vector<std::string>& names,
+                                 platform::CodeModule& module) {
+  const std::int32_t count = module.CountOfLines();
+  std::set<std::int32_t> lines;
+  for (const std::string& name : names) {
+    for (auto line = module.Find(name, 1, count); line;
+         line = module.Find(name, *line + 1, count)) {
+      lines.insert(*line);
+    }
+  }
+  return lines;
+}
+
+bool IsContinuedLine(platform::CodeModule& module, std::int32_t line) {
+  return IsContinued(module.Lines(line, 1));
+}
+
 }  // namespace
 
-std::vector<NameUse> FindNameUses(std::string_view module_text,
+std::vector<NameUse> FindNameUses(platform::CodeModule& module,
                                   const std::vector<std::string>& names) {
+  // The module finds a line with a name faster than its lines can be read, but name by name.
+  constexpr std::size_t kFewNames = 8;
   Search search(names);
-  while (!module_text.empty()) {
-    const std::size_t end = module_text.find("\r\n");
-    search.VisitLine(module_text.substr(0, end));
-    if (end == std::string_view::npos) break;
-    module_text.remove_prefix(end + 2);
+  const std::int32_t count = module.CountOfLines();
+  if (names.size() > kFewNames) {
+    search.Visit(1, module.Lines(1, count));
+    return search.Take();
+  }
+  std::int32_t visited = 0;
+  for (const std::int32_t line : LinesWith(names, module)) {
+    if (line <= visited) continue;
+    std::int32_t first = line;
+    while (first > visited + 1 && IsContinuedLine(module, first - 1)) --first;
+    visited = line;
+    while (visited < count && IsContinuedLine(module, visited)) ++visited;
+    search.Visit(first, module.Lines(first, visited - first + 1));
   }
   return search.Take();
 }

@@ -3,8 +3,9 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "platform/vbide.h"
 
 namespace codegen {
 
@@ -14,10 +15,10 @@ struct NameUse {
   friend bool operator==(const NameUse&, const NameUse&) = default;
 };
 
-// The lines of a module's text that use one of the names as a variable: outside comments and
-// string literals, and not as a member of something else ("Pump.Level"; "Me.Level" counts). One
-// entry for a line and name.
-std::vector<NameUse> FindNameUses(std::string_view module_text,
+// The lines of a module that use one of the names as a variable: outside comments and string
+// literals, and not as a member of something else ("Pump.Level"; "Me.Level" counts). One entry for
+// a line and name.
+std::vector<NameUse> FindNameUses(platform::CodeModule& module,
                                   const std::vector<std::string>& names);
 
 }  // namespace codegen

@@ -112,12 +112,12 @@ class CommitRun {
                                             : "another program removed it meanwhile");
     }
     if (change.before && (file.stamp->size != change.before->size() ||
-                          ReadFile(system_, file.record.path) != *change.before)) {
+                          !HoldsBytes(system_, file.record.path, *change.before))) {
       RaiseConflict(change.path, "another program changed it meanwhile");
     }
   }
 
-  static journal::Version ToVersion(const std::optional<std::string>& contents) {
+  static journal::Version ToVersion(const Contents& contents) {
     if (!contents) return {};
     return journal::VersionOf(std::as_bytes(std::span(*contents)));
   }

@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "files/contents.h"
 #include "files/random_access_file.h"
 
 namespace files {
@@ -38,8 +38,8 @@ class RangeSource {
 // existing file keeps its permissions, owner and extended attributes.
 struct FileChange {
   std::string path;
-  std::optional<std::string> before;  // expected contents now; nothing: must not exist
-  std::optional<std::string> after;   // nothing: the file is removed
+  Contents before;  // expected now; nothing: must not exist
+  Contents after;   // nothing: the file is removed
 };
 
 // All that one commit changes.

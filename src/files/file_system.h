@@ -62,6 +62,9 @@ class FileSystem {
 std::string ReadFile(FileSystem& system, const std::string& path,
                      std::uint64_t limit = std::uint64_t{1} << 31);
 
+// Whether the file holds exactly these bytes; false when it does not exist.
+bool HoldsBytes(FileSystem& system, const std::string& path, std::string_view bytes);
+
 // The operating system's files. Lives as long as the program; may be used by several threads.
 FileSystem& RealFileSystem();
 

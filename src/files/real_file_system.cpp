@@ -181,4 +181,23 @@ std::string ReadFile(FileSystem& system, const std::string& path, std::uint64_t 
   return contents;
 }
 
+bool HoldsBytes(FileSystem& system, const std::string& path, std::string_view bytes) {
+  constexpr std::size_t kBlock = std::size_t{1} << 16;
+  try {
+    const std::unique_ptr<RandomAccessFile> file = system.Open(path, OpenMode::kRead);
+    if (file->Size() != bytes.size()) return false;
+    std::string block(std::min(kBlock, bytes.size()), '\0');
+    for (std::size_t offset = 0; offset < bytes.size();) {
+      const std::size_t count = file->ReadAt(offset, std::as_writable_bytes(std::span(block)));
+      const std::string_view read = std::string_view(block).substr(0, count);
+      if (count == 0 || bytes.substr(offset, count) != read) return false;
+      offset += count;
+    }
+    return true;
+  } catch (const Error& error) {
+    if (error.kind() == ErrorKind::kNotFound) return false;
+    throw;
+  }
+}
+
 }  // namespace files

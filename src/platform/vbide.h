@@ -100,6 +100,10 @@ class CodeModule {
   // All members in source order, in one call.
   virtual std::vector<Member> Members() = 0;
   virtual std::optional<Member> FindMember(std::string_view name) = 0;
+  // The first of the lines from `start` to `end` that holds the text as a whole word, in whatever
+  // letter case and also in comments and literals; nothing when none does.
+  virtual std::optional<std::int32_t> Find(std::string_view text, std::int32_t start,
+                                           std::int32_t end) = 0;
   // Opens the pane in the real environment.
   virtual CodePane& Pane() = 0;
 };

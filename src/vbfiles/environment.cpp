@@ -175,7 +175,7 @@ std::string Environment::ToUtf8(std::string_view path, std::string_view bytes) {
 }
 
 void Environment::Collect(files::ChangeSet& changes) {
-  ForEachDocument([&](const ModuleDocument& document) { document.Collect(changes); });
+  ForEachDocument([&](ModuleDocument& document) { document.Collect(changes); });
 }
 
 void Environment::Committed() noexcept {

@@ -24,19 +24,16 @@ bool IsSource(const SourceIndex& index) {
 }  // namespace
 
 void ModuleDocument::Load() {
-  ModuleFile::Contents contents = file_.Read();
-  const ModuleHeader header = ParseModuleHeader(contents.bytes, true);
-  ModuleText text(std::move(contents.bytes), header.length);
+  const ModuleFile::Version file = file_.Read();
+  const ModuleHeader header = ParseModuleHeader(*file.contents, true);
+  ModuleText text(file.contents, header.length);
   if (!text.HasZeroBytes()) {
-    loaded_ = std::make_unique<Loaded>(std::move(text), file_.page(), contents.stamp);
+    loaded_ = std::make_unique<Loaded>(std::move(text), file_.page(), file.stamp);
     if (header.recognised || IsSource(loaded_->index)) return;
-    text = std::move(loaded_->text);
   }
   // All of it is header then: no visible line, no member.
-  std::string bytes = text.OriginalBytes();
-  const std::size_t length = bytes.size();
-  loaded_ =
-      std::make_unique<Loaded>(ModuleText(std::move(bytes), length), file_.page(), contents.stamp);
+  loaded_ = std::make_unique<Loaded>(ModuleText(file.contents, file.contents->size()), file_.page(),
+                                     file.stamp);
   loaded_->is_source = false;
 }
 
@@ -48,11 +45,10 @@ ModuleDocument::Loaded& ModuleDocument::ForReading() {
   return *loaded_;
 }
 
-// Edited lines stay. Otherwise a unit of work compares the contents, once; outside of one, a file
-// that looks the same is taken to be the same.
+// Edited lines stay. A unit of work looks at the file once: what it changes is compared again,
+// byte by byte, before it is written.
 bool ModuleDocument::IsCurrent() {
-  if (loaded_->text.edited()) return true;
-  if (session_.in_unit ? loaded_->seen_in_unit : file_.Stamp() == loaded_->stamp) return true;
+  if (loaded_->text.edited() || (session_.in_unit && loaded_->seen_in_unit)) return true;
   if (!IsUnchangedOnDisk()) return false;
   loaded_->seen_in_unit = session_.in_unit;
   return true;
@@ -77,12 +73,12 @@ ModuleDocument::Edit ModuleDocument::BeginEdit() {
   return Edit{loaded_->text, loaded_->index};
 }
 
+// A file that looks the same is taken to be the same.
 bool ModuleDocument::IsUnchangedOnDisk() {
   const std::optional<files::FileStamp> stamp = file_.Stamp();
-  if (stamp == loaded_->stamp && loaded_->verified) return true;
-  if (!stamp || !file_.Holds(loaded_->text.OriginalBytes())) return false;
+  if (stamp == loaded_->stamp) return true;
+  if (!stamp || !file_.Holds(*loaded_->text.original())) return false;
   loaded_->stamp = *stamp;
-  loaded_->verified = true;
   return true;
 }
 
@@ -92,34 +88,35 @@ void ModuleDocument::Save() {
   if (loaded_->text.edited()) {
     saved_ = std::make_unique<Loaded>(loaded_->text, file_.page(), loaded_->stamp);
   } else {
-    loaded_->verified = loaded_->seen_in_unit = false;
+    loaded_->seen_in_unit = false;
   }
 }
 
-void ModuleDocument::Collect(files::ChangeSet& changes) const {
+void ModuleDocument::Collect(files::ChangeSet& changes) {
+  collected_ = {};
   if (!loaded_ || !loaded_->text.edited()) return;
-  std::string before = loaded_->text.OriginalBytes();
-  std::string after = loaded_->text.CurrentBytes();
+  files::Contents after = loaded_->text.CurrentBytes();
+  const files::Contents& before = loaded_->text.original();
   if (before == after) return;
-  changes.files.push_back({file_.path(), std::move(before), std::move(after)});
+  changes.files.push_back({file_.path(), before, after});
+  collected_ = std::move(after);
 }
 
 void ModuleDocument::Committed() noexcept {
   saved_.reset();
-  if (loaded_ && loaded_->text.edited() && !AdoptWritten()) loaded_.reset();
+  if (loaded_ && loaded_->text.edited() && !AdoptCollected()) loaded_.reset();
+  collected_ = {};
 }
 
-// Goes on with the lines that were written, unless reading them would show others: attributes that
-// were switched off turn up as comments.
-bool ModuleDocument::AdoptWritten() noexcept {
+// Goes on with the lines that were written.
+bool ModuleDocument::AdoptCollected() noexcept {
   try {
-    std::string bytes = loaded_->text.CurrentBytes();
-    const std::size_t header = ParseModuleHeader(bytes, true).length;
-    ModuleText written(std::move(bytes), header);
-    if (!written.ShowsTheLinesOf(loaded_->text)) return false;
-    loaded_->text = std::move(written);
-    loaded_->stamp = {};  // the next look compares the contents
-    loaded_->verified = loaded_->seen_in_unit = false;
+    const std::optional<files::FileStamp> stamp = file_.Stamp();
+    if (!collected_ || !stamp) return false;
+    const std::size_t header = ParseModuleHeader(*collected_, true).length;
+    if (!loaded_->text.Adopt(collected_, header)) return false;
+    loaded_->stamp = *stamp;
+    loaded_->seen_in_unit = false;
     return true;
   } catch (...) {
     return false;
@@ -127,6 +124,7 @@ bool ModuleDocument::AdoptWritten() noexcept {
 }
 
 void ModuleDocument::Restore() noexcept {
+  collected_ = {};
   if (saved_) {
     loaded_ = std::move(saved_);
   } else if (loaded_ && loaded_->text.edited()) {

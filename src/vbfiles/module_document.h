@@ -40,7 +40,7 @@ class ModuleDocument {
 
   // The steps of a unit of work, as files::Participant describes them.
   void Save();
-  void Collect(files::ChangeSet& changes) const;
+  void Collect(files::ChangeSet& changes);
   void Committed() noexcept;
   void Restore() noexcept;
 
@@ -52,20 +52,20 @@ class ModuleDocument {
     SourceIndex index;  // of text
     files::FileStamp stamp;
     bool is_source = true;      // false: binary or encrypted, presented without lines
-    bool verified = false;      // the contents on disk were found to be those that were read
-    bool seen_in_unit = false;  // the open unit of work read or verified them
+    bool seen_in_unit = false;  // the open unit of work looked at the file
   };
 
   Loaded& ForReading();
   void Load();
   bool IsCurrent();
   bool IsUnchangedOnDisk();
-  bool AdoptWritten() noexcept;
+  bool AdoptCollected() noexcept;
 
   ModuleFile file_;
   Session& session_;
   std::unique_ptr<Loaded> loaded_;
   std::unique_ptr<Loaded> saved_;  // edits that were there before the unit of work began
+  files::Contents collected_;      // what the unit of work writes
 };
 
 // The document of a file: the one that is open, or a new one.

@@ -15,7 +15,6 @@ namespace {
 // Headers of classes are hardly longer; forms describe their controls there.
 constexpr std::size_t kFirstRead = 1024;
 constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 28;
-constexpr std::size_t kCompareBlock = 65536;
 
 std::size_t ReadAt(files::RandomAccessFile& file, std::uint64_t offset, std::span<char> out) {
   return file.ReadAt(offset, std::as_writable_bytes(out));
@@ -52,12 +51,10 @@ void ModuleFile::ReadHeader() {
   header_stamp_ = stamp;
 }
 
-ModuleFile::Contents ModuleFile::Read() {
+ModuleFile::Version ModuleFile::Read() {
   try {
-    Contents contents;
-    contents.stamp = session_.system.Stamp(path_).value_or(files::FileStamp{});
-    contents.bytes = files::ReadFile(session_.system, path_, kLargestFile);
-    return contents;
+    const files::FileStamp stamp = session_.system.Stamp(path_).value_or(files::FileStamp{});
+    return {files::ReadFile(session_.system, path_, kLargestFile), stamp};
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
@@ -65,19 +62,8 @@ ModuleFile::Contents ModuleFile::Read() {
 
 bool ModuleFile::Holds(std::string_view bytes) {
   try {
-    const auto file = session_.system.Open(path_, files::OpenMode::kRead);
-    if (file->Size() != bytes.size()) return false;
-    std::string block(std::min(kCompareBlock, bytes.size()), '\0');
-    for (std::size_t offset = 0; offset < bytes.size();) {
-      const std::size_t count = ReadAt(*file, offset, block);
-      if (count == 0 || bytes.substr(offset, count) != std::string_view(block).substr(0, count)) {
-        return false;
-      }
-      offset += count;
-    }
-    return true;
+    return files::HoldsBytes(session_.system, path_, bytes);
   } catch (const files::Error& error) {
-    if (error.kind() == files::ErrorKind::kNotFound) return false;
     throw FromFileError(error);
   }
 }

@@ -3,8 +3,10 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "files/contents.h"
 #include "files/file_system.h"
 #include "vbfiles/code_page.h"
 #include "vbfiles/module_header.h"
@@ -30,12 +32,12 @@ class ModuleFile {
   // Reads the header unless the file is as it was. Never raises; sets problem().
   void RefreshHeader();
 
-  struct Contents {
-    std::string bytes;
+  struct Version {
+    files::Contents contents;
     files::FileStamp stamp;
   };
   // Reads the whole file. Raises platform::Error.
-  Contents Read();
+  Version Read();
   // Whether the file holds exactly these bytes. Raises platform::Error.
   bool Holds(std::string_view bytes);
   // Nothing when the file is not there.

@@ -11,6 +11,7 @@ namespace vbfiles {
 namespace {
 
 constexpr std::string_view kCrLf = "\r\n";
+constexpr std::string_view kTrailerBytes("\0\x1A", 2);
 
 // Counts in blocks whose count fits into a byte, which compilers turn into wide operations.
 std::size_t CountOf(char wanted, std::string_view text) {
@@ -29,66 +30,77 @@ bool MayBeAttribute(std::string_view line) {
 
 }  // namespace
 
-ModuleText::ModuleText(std::string bytes, std::size_t header_length)
-    : original_(std::move(bytes)), header_length_(header_length) {
-  std::size_t end = original_.size();
-  while (end > header_length_ && (original_[end - 1] == '\0' || original_[end - 1] == '\x1A')) {
-    --end;
-  }
-  trailer_ = original_.substr(end);
-  original_.resize(end);
-
-  if (end > header_length_ && original_.back() != '\n' && original_.back() != '\r') {
-    filled_in_ = FillInLastTerminator();
+ModuleText::ModuleText(files::Contents bytes, std::size_t header_length)
+    : original_(std::move(bytes)), header_length_(header_length), body_end_(original_->size()) {
+  const std::string& file = *original_;
+  while (body_end_ > header_length_ &&
+         kTrailerBytes.find(file[body_end_ - 1]) != std::string_view::npos) {
+    --body_end_;
   }
   ReadLines();
-  if (lines_.empty() && header_length_ > 0 && original_.back() != '\n' &&
-      original_.back() != '\r') {
+  const bool ends_open =
+      body_end_ > 0 && file[body_end_ - 1] != '\n' && file[body_end_ - 1] != '\r';
+  if (!ends_open) return;
+  if (!lines_.empty()) {
+    FillInTerminator(MissingTerminator());
+  } else if (header_length_ > 0) {
+    header_end_ = kCrLf;
     filled_in_ = kCrLf.size();
-    original_ += kCrLf;
-    header_length_ = original_.size();
   }
 }
 
-// The missing line end of the last line: that of the line above, else CR LF. Returns its length.
-std::size_t ModuleText::FillInLastTerminator() {
-  const std::size_t above = original_.find_last_of("\r\n");
-  std::string terminator(kCrLf);
-  if (above != std::string::npos && above >= header_length_) {
-    const bool pair =
-        original_[above] == '\n' && above > header_length_ && original_[above - 1] == '\r';
-    terminator = pair ? std::string(kCrLf) : std::string(1, original_[above]);
+// The missing line end of the last line: that of the line above, else CR LF.
+std::string_view ModuleText::MissingTerminator() const {
+  const std::string_view body = Body();
+  const std::size_t above = body.find_last_of("\r\n");
+  if (above == std::string_view::npos || above < header_length_) return kCrLf;
+  const bool pair = body[above] == '\n' && above > header_length_ && body[above - 1] == '\r';
+  return pair ? kCrLf : body.substr(above, 1);
+}
+
+void ModuleText::FillInTerminator(std::string_view terminator) {
+  Record& last = lines_.back();
+  added_.append(Bytes(last)).append(terminator);
+  last.offset = 0;
+  last.added = true;
+  filled_in_ = terminator.size();
+  if (last.hidden > 0) {
+    last.hidden += static_cast<std::uint32_t>(filled_in_);
+  } else {
+    last.terminator = static_cast<std::uint8_t>(filled_in_);
   }
-  original_ += terminator;
-  return terminator.size();
 }
 
 void ModuleText::ReadLines() {
-  const std::string_view body = std::string_view(original_).substr(header_length_);
+  const std::string_view text = Body();
+  const std::string_view body = text.substr(header_length_);
   const std::size_t carriage_returns = CountOf('\r', body);
-  lines_.reserve(std::max(CountOf('\n', body), carriage_returns));
+  lines_.reserve(std::max(CountOf('\n', body), carriage_returns) + 1);
   // A line feed ends a line, and a carriage return in front of it goes with it, unless carriage
   // returns stand elsewhere too.
   std::size_t pairs = 0;
-  for (std::size_t begin = header_length_; begin < original_.size();) {
-    const std::size_t line_feed = original_.find('\n', begin);
-    if (line_feed == std::string::npos) break;
-    const bool pair = line_feed > begin && original_[line_feed - 1] == '\r';
+  for (std::size_t begin = header_length_; begin < text.size();) {
+    const std::size_t line_feed = text.find('\n', begin);
+    if (line_feed == std::string_view::npos) {
+      AddLine({begin, text.size(), text.size()});
+      break;
+    }
+    const bool pair = line_feed > begin && text[line_feed - 1] == '\r';
     pairs += pair ? 1 : 0;
     AddLine({begin, line_feed - (pair ? 1 : 0), line_feed + 1});
     begin = line_feed + 1;
   }
   if (pairs == carriage_returns) return;
   lines_.clear();
-  for (std::size_t begin = header_length_; begin < original_.size();) {
-    const PhysicalLine line = ReadPhysicalLine(original_, begin);
+  for (std::size_t begin = header_length_; begin < text.size();) {
+    const PhysicalLine line = ReadPhysicalLine(text, begin);
     AddLine(line);
     begin = line.next;
   }
 }
 
 void ModuleText::AddLine(const PhysicalLine& line) {
-  const std::string_view text = TextOf(original_, line);
+  const std::string_view text = TextOf(*original_, line);
   if (!lines_.empty() && MayBeAttribute(text) && ParseAttributeLine(text)) {
     lines_.back().hidden += static_cast<std::uint32_t>(line.next - line.begin);
     return;
@@ -99,12 +111,41 @@ void ModuleText::AddLine(const PhysicalLine& line) {
 }
 
 std::string_view ModuleText::Bytes(const Record& record) const {
-  return std::string_view(record.added ? added_ : original_)
+  return std::string_view(record.added ? added_ : *original_)
       .substr(record.offset, record.length + record.terminator + record.hidden);
 }
 
 std::string_view ModuleText::Terminator(const Record& record) const {
   return Bytes(record).substr(record.length, record.terminator);
+}
+
+// The last of the lines from `first` on, but not behind `last`, whose bytes follow each other.
+std::int32_t ModuleText::LastOfRun(std::int32_t first, std::int32_t last) const {
+  const Record* record = &lines_[static_cast<std::size_t>(first) - 1];
+  for (; first < last; ++first, ++record) {
+    const Record& next = record[1];
+    const std::size_t end = record->offset + Bytes(*record).size();
+    if (next.added != record->added || next.offset != end) break;
+  }
+  return first;
+}
+
+std::optional<std::int32_t> ModuleText::FindWord(const WordSearch& word, std::int32_t first,
+                                                 std::int32_t last) const {
+  constexpr std::int32_t kLinesAtOnce = 1000;  // a word that is near is found without a long walk
+  while (first <= last) {
+    const std::int32_t end = LastOfRun(first, std::min(last, first + kLinesAtOnce));
+    const char* const begin = Line(first).data();
+    const std::string_view run(begin, static_cast<std::size_t>(Line(end).end() - begin));
+    for (std::size_t at = 0; (at = word.FindCandidate(run, at)) != std::string_view::npos;) {
+      while (first < end && Line(first + 1).data() <= begin + at) ++first;
+      if (word.IsIn(Line(first))) return first;
+      // A candidate may also lie behind the line, in what is hidden there.
+      at = std::max(at + 1, static_cast<std::size_t>(Line(first).end() - begin));
+    }
+    first = end + 1;
+  }
+  return std::nullopt;
 }
 
 std::string_view ModuleText::HiddenLines(std::int32_t line) const {
@@ -160,35 +201,25 @@ void ModuleText::Replace(std::int32_t line, std::span<const std::string> texts) 
   if (texts.size() > 1) Insert(line, texts.first(texts.size() - 1));
 }
 
-bool ModuleText::ShowsTheLinesOf(const ModuleText& other) const {
-  if (lines_.size() != other.lines_.size()) return false;
-  for (std::int32_t line = 1; line <= LineCount(); ++line) {
-    if (Line(line) != other.Line(line)) return false;
-  }
-  return true;
-}
-
-std::string ModuleText::OriginalBytes() const {
-  return original_.substr(0, original_.size() - filled_in_) + trailer_;
-}
-
 std::string ModuleText::CurrentBytes() const {
+  const std::string& file = *original_;
   std::string bytes;
-  bytes.reserve(original_.size() + added_.size() + trailer_.size());
+  bytes.reserve(file.size() + header_end_.size() + added_.size());
+  bytes.append(file, 0, header_length_).append(header_end_);
   // Lines that still follow each other as in the file are copied together.
-  std::size_t begin = 0, end = header_length_;
+  std::size_t begin = header_length_, end = header_length_;
   for (const Record& record : lines_) {
     const std::string_view line = Bytes(record);
     if (!record.added && record.offset == end) {
       end += line.size();
       continue;
     }
-    bytes.append(original_, begin, end - begin);
+    bytes.append(file, begin, end - begin);
     if (record.added) bytes += line;
     begin = record.added ? 0 : record.offset;
     end = record.added ? 0 : record.offset + line.size();
   }
-  bytes.append(original_, begin, end - begin);
+  bytes.append(file, begin, end - begin);
   if (filled_in_ > 0) {
     if (bytes.ends_with(kCrLf)) {
       bytes.resize(bytes.size() - kCrLf.size());
@@ -196,8 +227,44 @@ std::string ModuleText::CurrentBytes() const {
       bytes.pop_back();
     }
   }
-  bytes += trailer_;
-  return bytes;
+  return bytes.append(file, body_end_);
+}
+
+// Whether a line that was written would be found again, alone and with its hidden lines.
+bool ModuleText::ReadsTheSame(const Record& record, bool first) const {
+  const std::string_view bytes = Bytes(record);
+  const std::string_view text = bytes.substr(0, record.length);
+  if (!first && MayBeAttribute(text) && ParseAttributeLine(text)) return false;
+  if (record.terminator == 1 && bytes[record.length] == '\r') return false;  // may join a line feed
+  if (!record.added) return true;
+  if (text.find_first_of(kTrailerBytes) != std::string_view::npos) return false;
+  const std::string_view hidden = bytes.substr(bytes.size() - record.hidden);
+  for (std::size_t begin = 0; begin < hidden.size();) {
+    const PhysicalLine line = ReadPhysicalLine(hidden, begin);
+    if (!ParseAttributeLine(TextOf(hidden, line))) return false;
+    begin = line.next;
+  }
+  return true;
+}
+
+bool ModuleText::Adopt(files::Contents written, std::size_t header_length) {
+  if (filled_in_ > 0 || header_length != header_length_) return false;
+  for (const Record& record : lines_) {
+    if (!ReadsTheSame(record, &record == &lines_.front())) return false;
+  }
+  const std::size_t trailer = original_->size() - body_end_;
+  body_end_ = header_length;
+  for (Record& record : lines_) {
+    record.offset = static_cast<std::uint32_t>(body_end_);
+    record.added = false;
+    body_end_ += record.length + record.terminator + record.hidden;
+  }
+  assert(body_end_ + trailer == written->size());
+  static_cast<void>(trailer);
+  original_ = std::move(written);
+  added_.clear();
+  edited_ = false;
+  return true;
 }
 
 }  // namespace vbfiles

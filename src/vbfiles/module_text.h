@@ -3,13 +3,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "files/contents.h"
 #include "vbfiles/physical_lines.h"
 #include "vbfiles/source_lines.h"
+#include "vbfiles/word_search.h"
 
 namespace vbfiles {
 
@@ -25,13 +28,18 @@ namespace vbfiles {
 class ModuleText final : public SourceLines {
  public:
   // Takes the file's bytes, of which the first `header_length` are the header.
-  ModuleText(std::string bytes, std::size_t header_length);
+  // REQUIRES: there are bytes.
+  ModuleText(files::Contents bytes, std::size_t header_length);
 
   std::int32_t LineCount() const override { return static_cast<std::int32_t>(lines_.size()); }
   std::string_view Line(std::int32_t line) const override {
     const Record& record = lines_[static_cast<std::size_t>(line) - 1];
     return Bytes(record).substr(0, record.length);
   }
+  // The first of the lines from `first` to `last` that holds the word.
+  // REQUIRES: 1 <= first and last <= LineCount().
+  std::optional<std::int32_t> FindWord(const WordSearch& word, std::int32_t first,
+                                       std::int32_t last) const;
   // The hidden lines below the line with their line ends; "" when there are none.
   std::string_view HiddenLines(std::int32_t line) const;
   void SetHiddenLines(std::int32_t line, std::string_view hidden);
@@ -46,12 +54,14 @@ class ModuleText final : public SourceLines {
   void Replace(std::int32_t line, std::span<const std::string> texts);
 
   bool edited() const { return edited_; }
-  // Whether the visible lines are the same.
-  bool ShowsTheLinesOf(const ModuleText& other) const;
   // Whether zero bytes stand before the trailer: no source text then.
-  bool HasZeroBytes() const { return original_.find('\0') != std::string::npos; }
-  std::string OriginalBytes() const;
+  bool HasZeroBytes() const { return Body().find('\0') != std::string_view::npos; }
+  const files::Contents& original() const { return original_; }
   std::string CurrentBytes() const;
+  // Goes on with `written`, the CurrentBytes, as the original, of which the first `header_length`
+  // bytes are the header. False, and nothing is changed, when reading them would show other lines
+  // than these: attributes that were switched off turn up as comments.
+  bool Adopt(files::Contents written, std::size_t header_length);
 
  private:
   struct Record {
@@ -62,19 +72,24 @@ class ModuleText final : public SourceLines {
     bool added;               // in added_ instead of original_
   };
 
-  std::size_t FillInLastTerminator();
+  std::string_view Body() const { return std::string_view(*original_).substr(0, body_end_); }
+  std::string_view MissingTerminator() const;
+  void FillInTerminator(std::string_view terminator);
   void ReadLines();
+  bool ReadsTheSame(const Record& record, bool first) const;
   void AddLine(const PhysicalLine& line);
   std::string_view Bytes(const Record& record) const;  // line, terminator and hidden lines
+  std::int32_t LastOfRun(std::int32_t first, std::int32_t last) const;
   std::string_view Terminator(const Record& record) const;
   std::string_view TerminatorNear(std::int32_t line) const;
   Record Add(std::string_view text, std::string_view terminator, std::string_view hidden);
 
-  std::string original_;  // without trailer; a missing last terminator is filled in
+  files::Contents original_;
   std::string added_;
-  std::string trailer_;
   std::size_t header_length_;
-  std::size_t filled_in_ = 0;  // length of the terminator that was filled in
+  std::size_t body_end_;         // the trailer begins here
+  std::string_view header_end_;  // the line end that the header lacks
+  std::size_t filled_in_ = 0;    // length of the last terminator, which the file lacks
   std::vector<Record> lines_;
   bool edited_ = false;
 };

@@ -48,6 +48,8 @@ class OneLine final : public SourceLines {
 
 }  // namespace
 
+bool IsWordCharacter(char c) { return kWordCharacters[static_cast<unsigned char>(c)]; }
+
 Lexer::Lexer(const SourceLines& lines, const CodePage& page, std::int32_t line, std::size_t column)
     : lines_(lines), page_(page), line_(line) {
   EnterLine(line);
@@ -139,7 +141,7 @@ Token Lexer::TakeString() {
 
 std::size_t Lexer::WordLength() const {
   std::size_t end = position_;
-  while (end < text_.size() && kWordCharacters[static_cast<unsigned char>(text_[end])]) {
+  while (end < text_.size() && IsWordCharacter(text_[end])) {
     end += page_.IsLeadByte(text_[end]) ? 2 : 1;
   }
   return std::min(end, text_.size()) - position_;

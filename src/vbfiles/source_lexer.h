@@ -10,6 +10,9 @@
 
 namespace vbfiles {
 
+// Whether the byte can be part of a word: an ASCII letter or digit, "_", all from 0x80 on.
+bool IsWordCharacter(char c);
+
 enum class TokenKind {
   kWord,  // identifier or keyword, type character and brackets left off
   kNumber,

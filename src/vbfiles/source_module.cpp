@@ -6,6 +6,7 @@
 #include "vbfiles/attribute_carrier.h"
 #include "vbfiles/errors.h"
 #include "vbfiles/member_list.h"
+#include "vbfiles/word_search.h"
 
 namespace vbfiles {
 
@@ -100,8 +101,8 @@ void SourceModule::AddFromString(std::string_view text) {
   index.Update(end, 0, CountOf(added));
 }
 
-const Procedure& SourceModule::Find(const SourceIndex& index, std::string_view name,
-                                    platform::ProcKind kind) const {
+const Procedure& SourceModule::Require(const SourceIndex& index, std::string_view name,
+                                       platform::ProcKind kind) const {
   const Procedure* procedure = FindProcedure(index, name, kind);
   if (procedure != nullptr) return *procedure;
   throw platform::Error(platform::ErrorKind::kNotFound, platform::kErrProcNotDefined,
@@ -111,16 +112,16 @@ const Procedure& SourceModule::Find(const SourceIndex& index, std::string_view n
 
 std::int32_t SourceModule::ProcStartLine(std::string_view name, platform::ProcKind kind) {
   const SourceIndex& index = document_.Index();
-  return index.RegionStart(Find(index, name, kind));
+  return index.RegionStart(Require(index, name, kind));
 }
 
 std::int32_t SourceModule::ProcBodyLine(std::string_view name, platform::ProcKind kind) {
-  return Find(document_.Index(), name, kind).body_line;
+  return Require(document_.Index(), name, kind).body_line;
 }
 
 std::int32_t SourceModule::ProcCountLines(std::string_view name, platform::ProcKind kind) {
   const SourceIndex& index = document_.Index();
-  const Procedure& procedure = Find(index, name, kind);
+  const Procedure& procedure = Require(index, name, kind);
   return index.RegionEnd(procedure) - index.RegionStart(procedure) + 1;
 }
 
@@ -135,6 +136,16 @@ std::vector<platform::Member> SourceModule::Members() { return ListMembers(docum
 
 std::optional<platform::Member> SourceModule::FindMember(std::string_view name) {
   return vbfiles::FindMember(document_.Index(), name);
+}
+
+std::optional<std::int32_t> SourceModule::Find(std::string_view text, std::int32_t start,
+                                               std::int32_t end) {
+  const ModuleText& lines = document_.Text();
+  const CodePage& page = document_.file().page();
+  std::string word = page.NameFromUtf8(text);
+  if (word.empty()) return std::nullopt;
+  return lines.FindWord(WordSearch(std::move(word), page), std::max(start, 1),
+                        std::min(end, lines.LineCount()));
 }
 
 }  // namespace vbfiles

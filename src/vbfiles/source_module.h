@@ -34,13 +34,15 @@ class SourceModule final : public platform::CodeModule {
   platform::ProcOfLineResult ProcOfLine(std::int32_t line) override;
   std::vector<platform::Member> Members() override;
   std::optional<platform::Member> FindMember(std::string_view name) override;
+  std::optional<std::int32_t> Find(std::string_view text, std::int32_t start,
+                                   std::int32_t end) override;
   platform::CodePane& Pane() override { return pane_; }
 
  private:
   void CheckLine(std::int32_t line, std::int32_t line_count) const;
   std::vector<std::string> Encode(const LinePlace& place, std::string_view text);
-  const Procedure& Find(const SourceIndex& index, std::string_view name,
-                        platform::ProcKind kind) const;
+  const Procedure& Require(const SourceIndex& index, std::string_view name,
+                           platform::ProcKind kind) const;
 
   Session& session_;
   ModuleDocument& document_;

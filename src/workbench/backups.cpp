@@ -82,9 +82,9 @@ void Backups::Restore(const Backup& backup, const std::string& present) {
   std::vector<files::FileChange> changes;
   for (std::size_t i = 0; i < backup.files.size(); ++i) {
     const std::string& path = backup.files[i];
-    std::optional<std::string> before;
+    files::Contents before;
     if (system_.Exists(path)) before = files::ReadFile(system_, path);
-    std::string after = files::ReadFile(system_, system_.Join(backup.folder, CopyName(i)));
+    files::Contents after = files::ReadFile(system_, system_.Join(backup.folder, CopyName(i)));
     if (before != after) changes.push_back({path, std::move(before), std::move(after)});
   }
   Make(present, backup.files);

@@ -10,7 +10,9 @@
 #include "codegen/source_line.h"
 #include "codegen/sub_lines.h"
 #include "codegen/templates.h"
+#include "files/memory_file_system.h"
 #include "texts/text_table.h"
+#include "vbfiles/environment.h"
 
 namespace codegen {
 namespace {
@@ -151,24 +153,33 @@ TEST(DeclarationTest, KnowsTheNamesOfTypes) {
   EXPECT_EQ(TypeNames(lines), (std::unordered_set<std::string>{"estate", "running", "trec"}));
   EXPECT_EQ(TypeNames({"Enum E: A: [B c]: End Enum: Enum F"}),
             (std::unordered_set<std::string>{"e", "a", "b c", "f"}));
-  EXPECT_TRUE(MentionsTypes("Public a As Long\r\nprivate TYPE"));
-  EXPECT_TRUE(MentionsTypes("Enum"));
-  EXPECT_FALSE(MentionsTypes("Public Typ As Enu\r\nm As Lon"));
 }
 
 TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {
-  const std::string text =
-      "Public Limit As Long 'Level\r\n"
-      "Sub A(): x = LEVEL + level: End Sub\r\n"
-      "  s = \"Level\" & \"a\"\"Level\"\r\n"
-      "  ' Level _\r\n"
-      "  Level = 1\r\n"
-      "  Pump.Level = 1: .Level = 2: Pump!Level = 3\r\n"
-      "  Me.Level = Levels + [Level]\r\n"
-      "Rem Level\r\n"
-      "  y = Limit";
-  EXPECT_EQ(FindNameUses(text, {"Level", "Limit"}),
-            (std::vector<NameUse>{{1, "Limit"}, {2, "Level"}, {7, "Level"}, {9, "Limit"}}));
+  files::MemoryFileSystem system;
+  system.Put("/p/P.vbp", "Type=OleDll\r\nModule=MCode; MCode.bas\r\nName=\"P\"\r\n");
+  system.Put("/p/MCode.bas",
+             "Attribute VB_Name = \"MCode\"\r\n"
+             "Public Limit As Long 'Level\r\n"
+             "Sub A(): x = LEVEL + level: End Sub\r\n"
+             "  s = \"Level\" & \"a\"\"Level\"\r\n"
+             "  ' Note _\r\n"
+             "  Level = 1\r\n"
+             "  x = 1 + _\r\n"
+             "    Level\r\n"
+             "  Pump.Level = 1: .Level = 2: Pump!Level = 3\r\n"
+             "  Me.Level = Levels + [Level]\r\n"
+             "Rem Level\r\n"
+             "  y = Limit\r\n");
+  vbfiles::Environment environment(system);
+  environment.Open("/p/P.vbp");
+  platform::CodeModule& module = *environment.FindProject("P")->FindComponent("MCode")->Module();
+  const std::vector<NameUse> uses = {
+      {1, "Limit"}, {2, "Level"}, {7, "Level"}, {9, "Level"}, {11, "Limit"}};
+  std::vector<std::string> names = {"Level", "Limit"};
+  EXPECT_EQ(FindNameUses(module, names), uses) << "name by name";
+  while (names.size() < 100) names.push_back("Other" + std::to_string(names.size()));
+  EXPECT_EQ(FindNameUses(module, names), uses) << "line by line";
 }
 
 class HeaderTest : public testing::Test {

@@ -149,9 +149,9 @@ class ProjectChange {
   }
 
  private:
-  static std::optional<std::string> Find(const Snapshot& files, const std::string& path) {
+  static Contents Find(const Snapshot& files, const std::string& path) {
     const auto it = files.find(path);
-    return it == files.end() ? std::nullopt : std::optional(it->second);
+    return it == files.end() ? Contents() : Contents(it->second);
   }
 
   Snapshot before_;

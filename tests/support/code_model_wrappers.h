@@ -52,6 +52,10 @@ class ModuleWrapper : public platform::CodeModule {
   std::optional<platform::Member> FindMember(std::string_view name) override {
     return inner_.FindMember(name);
   }
+  std::optional<std::int32_t> Find(std::string_view text, std::int32_t start,
+                                   std::int32_t end) override {
+    return inner_.Find(text, start, end);
+  }
   platform::CodePane& Pane() override { return inner_.Pane(); }
 
  protected:

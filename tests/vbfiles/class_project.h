@@ -45,6 +45,12 @@ class ClassProject {
     return changes.files.empty() ? system.Get(kPath) : *changes.files.front().after;
   }
 
+  // Writes what was edited, as a unit of work does.
+  void CommitChanges() {
+    system.Put(kPath, Written());
+    environment.Committed();
+  }
+
   files::MemoryFileSystem system;
   vbfiles::Environment environment;
 };

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -86,6 +88,11 @@ class Generator {
     // A blank line first, so that a file without header is recognised as source.
     if (file.header.empty()) file.lines.insert(file.lines.begin(), {"' source", "\r\n", ""});
     file.unterminated = !file.lines.empty() && file.lines.back().text != "" && Below(3) == 0;
+    if (file.unterminated) {  // what the last line lacks is taken from the line above
+      const std::size_t last = file.lines.size() - 1;
+      const std::string missing = last > 0 ? file.lines[last - 1].terminator : "\r\n";
+      file.lines[last] = {file.lines[last].text, missing, ""};
+    }
     file.trailer = Of<std::string>({"", "", std::string(3, '\0'), "\x1A"});
     return file;
   }
@@ -94,6 +101,23 @@ class Generator {
   std::mt19937 random_;
   int next_ = 1000;
 };
+
+bool HoldsY(const std::string& text) {
+  std::string word;
+  for (const char c : text + " ") {
+    const bool in_word = std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c < 0;
+    if (!in_word && (word == "y" || word == "Y")) return true;
+    word = in_word ? word + c : std::string();
+  }
+  return false;
+}
+
+std::optional<std::int32_t> FirstWithY(const FileModel& file, std::size_t begin) {
+  for (std::size_t at = begin; at < file.lines.size(); ++at) {
+    if (HoldsY(file.lines[at].text)) return static_cast<std::int32_t>(at) + 1;
+  }
+  return std::nullopt;
+}
 
 int Rounds(int usual) { return std::getenv("OV_LONG") != nullptr ? usual * 50 : usual; }
 
@@ -150,6 +174,18 @@ TEST(ModuleBytes, EditsChangeTheirOwnLinesOnly) {
       }
       ASSERT_EQ(module.CountOfLines(), static_cast<std::int32_t>(file.lines.size()));
       ASSERT_EQ(project.Written(), file.Bytes());
+      ASSERT_EQ(module.Find("Y", line, module.CountOfLines()), FirstWithY(file, at));
+      ASSERT_FALSE(module.Find("VB_HelpID", 1, module.CountOfLines())) << "it is hidden";
+      if (generator.Below(7) != 0) continue;
+      project.CommitChanges();
+      ClassProject again(file.Bytes(), {}, true);
+      if (again.Module().CountOfLines() == 0) break;  // nothing in it is recognised as source
+      ASSERT_EQ(project.Text(), again.Text()) << "reading the file shows other lines";
+      // Comments may have become attributes, line ends of two kinds one; which line end the last
+      // line would have had is forgotten.
+      if (file.unterminated ||
+          again.Module().CountOfLines() != static_cast<std::int32_t>(file.lines.size()))
+        break;
     }
   }
 }

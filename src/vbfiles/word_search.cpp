@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "vbfiles/word_search.h"
+
+#include "vbfiles/source_lexer.h"
+
+namespace vbfiles {
+
+namespace {
+
+constexpr char kCaseBit = 0x20;
+constexpr std::size_t kBlock = 64;
+
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+// Letters of both cases become one; other bytes may become one, too.
+char WithoutCase(char c) { return static_cast<char>(c | kCaseBit); }
+
+}  // namespace
+
+WordSearch::WordSearch(std::string word, const CodePage& page)
+    : word_(std::move(word)), page_(page) {
+  // Only the cases of ASCII letters lie so that one bit tells them apart.
+  near_ = 0;
+  while (near_ < word_.size() && !IsAscii(word_[near_])) ++near_;
+  far_ = word_.size();
+  while (far_ > 0 && !IsAscii(word_[far_ - 1])) --far_;
+  if (far_ > 0) --far_;
+}
+
+bool WordSearch::MayStandAt(const char* place) const {
+  return WithoutCase(place[near_]) == WithoutCase(word_[near_]) &&
+         WithoutCase(place[far_]) == WithoutCase(word_[far_]);
+}
+
+std::size_t WordSearch::FindCandidate(std::string_view text, std::size_t begin) const {
+  if (text.size() < word_.size()) return std::string_view::npos;
+  const std::size_t end = text.size() - word_.size() + 1;
+  if (near_ == word_.size()) return begin < end ? begin : std::string_view::npos;
+  // A block at a time without a branch, which compilers turn into wide operations.
+  while (begin + kBlock <= end) {
+    unsigned char found = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) found |= MayStandAt(text.data() + begin + i) ? 1 : 0;
+    if (found != 0) break;
+    begin += kBlock;
+  }
+  for (; begin < end; ++begin) {
+    if (MayStandAt(text.data() + begin)) return begin;
+  }
+  return std::string_view::npos;
+}
+
+bool WordSearch::IsIn(std::string_view line) const {
+  for (std::size_t at = FindCandidate(line, 0); at != std::string_view::npos;
+       at = FindCandidate(line, at + 1)) {
+    const std::size_t end = at + word_.size();
+    if (page_.SameName(line.substr(at, word_.size()), word_) &&
+        (at == 0 || !IsWordCharacter(line[at - 1])) &&
+        (end == line.size() || !IsWordCharacter(line[end]))) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace vbfiles
