@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "vbfiles/word_search.h"
 
+#include <algorithm>
+
 #include "vbfiles/source_lexer.h"
 
 namespace vbfiles {
@@ -15,27 +17,37 @@ bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 // Letters of both cases become one; other bytes may become one, too.
 char WithoutCase(char c) { return static_cast<char>(c | kCaseBit); }
 
+// How seldom the byte stands in source; 0 for one that is no ASCII: its cases differ in more than
+// one bit.
+std::size_t Rarity(char c) {
+  constexpr std::string_view kFrequentFirst = "_etaoinsrl0123456789dcumhfpgwbvkyxjqz";
+  return IsAscii(c) ? 1 + std::min(kFrequentFirst.find(WithoutCase(c)), kFrequentFirst.size()) : 0;
+}
+
 }  // namespace
 
 WordSearch::WordSearch(std::string word, const CodePage& page)
     : word_(std::move(word)), page_(page) {
-  // Only the cases of ASCII letters lie so that one bit tells them apart.
-  near_ = 0;
-  while (near_ < word_.size() && !IsAscii(word_[near_])) ++near_;
-  far_ = word_.size();
-  while (far_ > 0 && !IsAscii(word_[far_ - 1])) --far_;
-  if (far_ > 0) --far_;
+  for (std::size_t i = 1; i < word_.size(); ++i) {
+    if (Rarity(word_[i]) > Rarity(word_[first_])) {
+      second_ = first_;
+      first_ = i;
+    } else if (second_ == first_ || Rarity(word_[i]) > Rarity(word_[second_])) {
+      second_ = i;
+    }
+  }
+  if (Rarity(word_[second_]) == 0) second_ = first_;
 }
 
 bool WordSearch::MayStandAt(const char* place) const {
-  return WithoutCase(place[near_]) == WithoutCase(word_[near_]) &&
-         WithoutCase(place[far_]) == WithoutCase(word_[far_]);
+  return WithoutCase(place[first_]) == WithoutCase(word_[first_]) &&
+         WithoutCase(place[second_]) == WithoutCase(word_[second_]);
 }
 
 std::size_t WordSearch::FindCandidate(std::string_view text, std::size_t begin) const {
   if (text.size() < word_.size()) return std::string_view::npos;
   const std::size_t end = text.size() - word_.size() + 1;
-  if (near_ == word_.size()) return begin < end ? begin : std::string_view::npos;
+  if (Rarity(word_[first_]) == 0) return begin < end ? begin : std::string_view::npos;
   // A block at a time without a branch, which compilers turn into wide operations.
   while (begin + kBlock <= end) {
     unsigned char found = 0;

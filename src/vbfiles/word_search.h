@@ -26,9 +26,9 @@ class WordSearch {
 
   std::string word_;
   const CodePage& page_;
-  // Two places of the word whose bytes are compared first.
-  std::size_t near_ = 0;
-  std::size_t far_ = 0;
+  // The places of the word's rarest bytes, which are compared first.
+  std::size_t first_ = 0;
+  std::size_t second_ = 0;
 };
 
 }  // namespace vbfiles

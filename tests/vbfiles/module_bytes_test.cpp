@@ -107,7 +107,11 @@ bool HoldsY(const std::string& text) {
   for (const char c : text + " ") {
     const bool in_word = std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c < 0;
     if (!in_word && (word == "y" || word == "Y")) return true;
-    word = in_word ? word + c : std::string();
+    if (in_word) {
+      word += c;
+    } else {
+      word.clear();
+    }
   }
   return false;
 }
