@@ -17,10 +17,12 @@ bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 // Letters of both cases become one; other bytes may become one, too.
 char WithoutCase(char c) { return static_cast<char>(c | kCaseBit); }
 
-// How seldom the byte stands in source; 0 for one that is no ASCII: its cases differ in more than
-// one bit.
+// How seldom the byte stands in source ("_" is 7F without case); 0 for one that is no ASCII: its
+// cases differ in more than one bit.
 std::size_t Rarity(char c) {
-  constexpr std::string_view kFrequentFirst = "_etaoinsrl0123456789dcumhfpgwbvkyxjqz";
+  constexpr std::string_view kFrequentFirst =
+      "\x7F"
+      "etaoinsrl0123456789dcumhfpgwbvkyxjqz";
   return IsAscii(c) ? 1 + std::min(kFrequentFirst.find(WithoutCase(c)), kFrequentFirst.size()) : 0;
 }
 
