@@ -128,9 +128,7 @@ class CommitRun {
     writer.AddDatabase(database_);
     for (RangeSource* source : changes_.ranges) AddRanges(*source, writer);
     for (const WholeFile& file : files_) {
-      const std::string none;
-      const std::string& before = file.change->before ? *file.change->before : none;
-      writer.AddWholeFile(file.record, std::as_bytes(std::span(before)));
+      writer.AddWholeFile(file.record, *file.change);
     }
     writer.Finish();
     journal_.file().Sync();

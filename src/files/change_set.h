@@ -34,12 +34,22 @@ class RangeSource {
   virtual void ForEachRange(const std::function<void(const Range&)>& visit) = 0;
 };
 
+// Bytes that a file's contents before and after a change have in common.
+struct KeptRange {
+  std::uint64_t before = 0;  // offset in the contents before
+  std::uint64_t after = 0;   // offset in the contents after
+  std::uint64_t length = 0;
+};
+
 // A whole file that is written, replaced or removed. Links are resolved, not replaced; an
 // existing file keeps its permissions, owner and extended attributes.
 struct FileChange {
   std::string path;
   Contents before;  // expected now; nothing: must not exist
   Contents after;   // nothing: the file is removed
+  // Large parts that stay, in the order of both contents, as far as known. They are compared; those
+  // that hold spare the journal a copy.
+  std::vector<KeptRange> kept = {};
 };
 
 // All that one commit changes.

@@ -20,6 +20,8 @@ constexpr std::size_t kGathered = std::size_t{1} << 18;
 constexpr std::uint64_t kFarthest = std::uint64_t{1} << 62;  // sums of two stay in range
 constexpr std::uint64_t kExisted = 1;
 constexpr std::uint64_t kWillExist = 2;
+// Smaller parts are copied: the journal alone can then put them back, whatever became of the file.
+constexpr std::uint64_t kLeastKept = std::uint64_t{1} << 16;
 
 enum Kind : std::uint32_t {
   kDatabase = 1,
@@ -27,6 +29,7 @@ enum Kind : std::uint32_t {
   kRange = 3,
   kWholeFile = 4,
   kContents = 5,
+  kKept = 6,
 };
 
 template <typename Number>
@@ -140,10 +143,24 @@ bool Decode(std::uint32_t kind, std::span<const std::byte> payload, Record& reco
     case kContents:
       record = ContentsRecord{in.Take(in.left())};
       break;
+    case kKept:
+      record = KeptRecord{in.Take<std::uint64_t>(), in.Take<std::uint64_t>()};
+      break;
     default:
       return false;
   }
   return in.ok() && in.left() == 0;
+}
+
+// Whether the range is large and stands in both contents.
+bool IsKept(const KeptRange& kept, const FileChange& change) {
+  const auto part = [&](const Contents& contents, std::uint64_t offset) {
+    const bool inside =
+        contents && offset <= contents->size() && kept.length <= contents->size() - offset;
+    return inside ? std::string_view(*contents).substr(offset, kept.length) : std::string_view();
+  };
+  const std::string_view before = part(change.before, kept.before);
+  return before.size() >= kLeastKept && before == part(change.after, kept.after);
 }
 
 }  // namespace
@@ -289,7 +306,7 @@ void Writer::AddRun(std::uint64_t offset, std::span<const std::byte> before,
   End();
 }
 
-void Writer::AddWholeFile(const WholeFileRecord& file, std::span<const std::byte> contents_before) {
+void Writer::AddWholeFile(const WholeFileRecord& file, const FileChange& change) {
   Begin(kWholeFile);
   Put((file.before.exists ? kExisted : 0) | (file.after.exists ? kWillExist : 0));
   Put(file.before.size);
@@ -300,12 +317,27 @@ void Writer::AddWholeFile(const WholeFileRecord& file, std::span<const std::byte
   Put(file.path);
   Put(file.temporary);
   End();
-  while (!contents_before.empty()) {
-    const std::size_t count = std::min(contents_before.size(), kMaxRange);
-    Begin(kContents);
-    Put(contents_before.first(count));
+  if (!change.before) return;
+  const std::string_view before = *change.before;
+  std::size_t position = 0;
+  for (const KeptRange& kept : change.kept) {
+    if (kept.before < position || !IsKept(kept, change)) continue;
+    AddContents(before.substr(position, kept.before - position));
+    Begin(kKept);
+    Put(kept.after);
+    Put(kept.length);
     End();
-    contents_before = contents_before.subspan(count);
+    position = kept.before + kept.length;
+  }
+  AddContents(before.substr(position));
+}
+
+void Writer::AddContents(std::string_view bytes) {
+  while (!bytes.empty()) {
+    Begin(kContents);
+    Put(std::as_bytes(std::span(bytes.substr(0, kMaxRange))));
+    End();
+    bytes.remove_prefix(std::min(bytes.size(), kMaxRange));
   }
 }
 

@@ -26,8 +26,10 @@
 //                   of the bytes after for each sector of 512 bytes of the file that they touch
 //   4 whole file    u64 flags (1 existed, 2 will exist), u64 size and u64 hash before, u64 size
 //                   and u64 hash after, u32 length of the path, path, path of the temporary file.
-//                   Its contents before follow.
+//                   Its contents before follow, in pieces.
 //   5 contents      the next bytes of the whole file's contents before
+//   6 kept          u64 offset, u64 length: the next bytes of the contents before are these bytes
+//                   of the contents after
 #pragma once
 
 #include <algorithm>
@@ -36,9 +38,11 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
+#include "files/change_set.h"
 #include "files/random_access_file.h"
 
 namespace files::journal {
@@ -113,8 +117,13 @@ struct ContentsRecord {
   std::span<const std::byte> bytes;
 };
 
-using Record =
-    std::variant<DatabaseRecord, RangedFileRecord, RangeRecord, WholeFileRecord, ContentsRecord>;
+struct KeptRecord {
+  std::uint64_t offset = 0;
+  std::uint64_t length = 0;
+};
+
+using Record = std::variant<DatabaseRecord, RangedFileRecord, RangeRecord, WholeFileRecord,
+                            ContentsRecord, KeptRecord>;
 
 // Calls `visit` for the part of [offset, offset + length) in each sector of the file.
 template <typename Visit>
@@ -152,11 +161,13 @@ class Writer {
   // Adds the sectors of the range in which the bytes differ; none when all are equal.
   void AddRange(std::uint64_t offset, std::span<const std::byte> before,
                 std::span<const std::byte> after);
-  void AddWholeFile(const WholeFileRecord& file, std::span<const std::byte> contents_before);
+  // With the contents before, but for large parts that the contents after have, too.
+  void AddWholeFile(const WholeFileRecord& file, const FileChange& change);
   // Writes the header, active.
   void Finish();
 
  private:
+  void AddContents(std::string_view bytes);
   void AddRun(std::uint64_t offset, std::span<const std::byte> before,
               std::span<const std::byte> after);
   void Begin(std::uint32_t kind);

@@ -27,6 +27,7 @@ class Inspector {
     if (const auto* file = std::get_if<RangedFileRecord>(&record)) return Begin(*file);
     if (const auto* range = std::get_if<RangeRecord>(&record)) return Compare(*range);
     if (const auto* file = std::get_if<WholeFileRecord>(&record)) return Begin(*file);
+    if (const auto* kept = std::get_if<KeptRecord>(&record)) return Note(*kept);
     if (std::holds_alternative<ContentsRecord>(record)) return InWholeFile();
     return false;
   }
@@ -117,6 +118,15 @@ class Inspector {
     return true;
   }
 
+  bool Note(const KeptRecord& kept) {
+    if (!InWholeFile()) return false;
+    InspectedFile& file = result_.files.back();
+    file.has_kept_parts = true;
+    const std::uint64_t size = file.whole.after.size;
+    return kept.offset <= size && kept.length <= size - kept.offset &&
+           kept.length <= file.whole.before.size;
+  }
+
   // The version of a file as it is now. Contents of a size that is neither that before nor that
   // after need not be read: they are another version anyway.
   Version Look(const std::string& path, const WholeFileRecord& record) {
@@ -168,6 +178,12 @@ FileState InspectedFile::State() const {
   if (is_before) return FileState::kBefore;
   if (is_after) return FileState::kAfter;
   return ranged && edited_sectors == 0 ? FileState::kPartly : FileState::kEdited;
+}
+
+bool InspectedFile::CanPutBack() const {
+  if (is_before) return true;
+  if (ranged) return !is_missing;
+  return !has_kept_parts || is_after || temporary_now == whole.after;
 }
 
 Inspection Inspect(FileSystem& system, RandomAccessFile& journal,

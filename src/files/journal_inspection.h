@@ -30,8 +30,11 @@ struct InspectedFile {
   Version now;
   std::int64_t modified_ns = 0;
   Version temporary_now;
+  bool has_kept_parts = false;  // the journal holds only the rest of its contents before
 
   FileState State() const;
+  // Whether the state before is there or can be made.
+  bool CanPutBack() const;
 };
 
 struct Inspection {

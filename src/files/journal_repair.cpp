@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "files/journal_repair.h"
 
+#include <optional>
 #include <set>
+#include <string>
 
 #include "files/replace_file.h"
 
@@ -29,6 +31,9 @@ void KeepAside(FileSystem& system, const InspectedFile& file) {
   system.SyncDirectory(system.Folder(aside));
 }
 
+// Where contents before are written that the file gets back.
+std::string RestoredName(const WholeFileRecord& whole) { return whole.temporary + ".old"; }
+
 // Brings files back to their state before, as the records of the journal come in.
 class Restorer {
  public:
@@ -40,6 +45,8 @@ class Restorer {
       if (writer_) writer_->Write(range->offset, range->before);
     } else if (const auto* part = std::get_if<ContentsRecord>(&record)) {
       for (const std::byte byte : part->bytes) contents_ += static_cast<char>(byte);
+    } else if (const auto* kept = std::get_if<KeptRecord>(&record)) {
+      if (!file_->is_before) contents_.append(ContentsAfter(), kept->offset, kept->length);
     } else if (!std::holds_alternative<DatabaseRecord>(record)) {
       EndFile();
       BeginFile();
@@ -56,6 +63,7 @@ class Restorer {
   void BeginFile() {
     file_ = &inspection_.files[next_++];
     contents_.clear();
+    after_.reset();
     if (!file_->ranged) folders_.insert(system_.Folder(file_->path));
     if (file_->is_before) return;
     KeepAside(system_, *file_);
@@ -83,15 +91,23 @@ class Restorer {
       system_.Remove(whole.path);
       return;
     }
-    if (file_->temporary_now != whole.before) {
-      if (VersionOf(std::as_bytes(std::span(contents_))) != whole.before) {
-        Raise(ErrorKind::kDamaged, whole.path, "cannot be put back",
-              "the journal does not hold its contents");
-      }
-      if (file_->temporary_now.exists) system_.Remove(whole.temporary);
-      WriteTemporary(system_, whole.temporary, whole.path, contents_);
+    if (file_->temporary_now == whole.before) return system_.Rename(whole.temporary, whole.path);
+    if (VersionOf(std::as_bytes(std::span(contents_))) != whole.before) {
+      Raise(ErrorKind::kDamaged, whole.path, "cannot be put back",
+            "the journal does not hold its contents");
     }
-    system_.Rename(whole.temporary, whole.path);
+    // The file that is replaced, and the new contents, may be needed once more.
+    const std::string restored = RestoredName(whole);
+    if (system_.Exists(restored)) system_.Remove(restored);
+    WriteTemporary(system_, restored, whole.path, contents_);
+    system_.Rename(restored, whole.path);
+  }
+
+  // The contents after the change of the file that is put back.
+  const std::string& ContentsAfter() {
+    const WholeFileRecord& whole = file_->whole;
+    if (!after_) after_ = ReadFile(system_, file_->is_after ? whole.path : whole.temporary);
+    return *after_;
   }
 
   FileSystem& system_;
@@ -101,6 +117,7 @@ class Restorer {
   std::unique_ptr<RandomAccessFile> open_;
   std::optional<GatheringWriter> writer_;
   std::string contents_;
+  std::optional<std::string> after_;
   std::set<std::string> folders_;
 };
 
@@ -116,7 +133,10 @@ std::string AsideName(FileSystem& system, const std::string& path) {
 
 void RemoveTemporaries(FileSystem& system, const Inspection& inspection) {
   for (const InspectedFile& file : inspection.files) {
-    if (!file.ranged && system.Exists(file.whole.temporary)) system.Remove(file.whole.temporary);
+    if (file.ranged) continue;
+    for (const std::string& name : {file.whole.temporary, RestoredName(file.whole)}) {
+      if (system.Exists(name)) system.Remove(name);
+    }
   }
 }
 

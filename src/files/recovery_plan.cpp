@@ -103,8 +103,9 @@ void AddAside(FileSystem& system, const InspectedFile& file, RecoveryPlan::Way& 
 RecoveryPlan::Way PlanBefore(FileSystem& system, const Inspection& inspection) {
   RecoveryPlan::Way way;
   for (const InspectedFile& file : inspection.files) {
-    if (file.ranged && file.is_missing) {
-      way.reason = file.path + " is missing, and the journal holds only parts of it.";
+    if (!file.CanPutBack()) {
+      way.reason = file.path + (file.is_missing ? " is missing" : " was changed since") +
+                   ", and the journal holds only parts of it.";
       way.steps.clear();
       return way;
     }

@@ -165,6 +165,8 @@ std::span<const Row> FileMessageRows() {
       {2095, "Das Journal gehört an einen anderen Ort.", "The journal belongs to another place."},
       {2096, "Das Journal ist nicht lesbar.", "The journal cannot be read."},
       {2097, "Die Änderung hatte nicht begonnen.", "The change was not begun."},
+      {2098, "<Path> wurde seitdem geändert, und das Journal enthält nur Teile davon.",
+       "<Path> was changed since, and the journal holds only parts of it."},
   });
   return kRows;
 }

@@ -95,11 +95,11 @@ void ModuleDocument::Save() {
 void ModuleDocument::Collect(files::ChangeSet& changes) {
   collected_ = {};
   if (!loaded_ || !loaded_->text.edited()) return;
-  files::Contents after = loaded_->text.CurrentBytes();
-  const files::Contents& before = loaded_->text.original();
-  if (before == after) return;
-  changes.files.push_back({file_.path(), before, after});
-  collected_ = std::move(after);
+  files::FileChange change{file_.path(), loaded_->text.original(), {}};
+  change.after = loaded_->text.CurrentBytes(&change.kept);
+  if (change.before == change.after) return;
+  collected_ = change.after;
+  changes.files.push_back(std::move(change));
 }
 
 void ModuleDocument::Committed() noexcept {

@@ -201,25 +201,29 @@ void ModuleText::Replace(std::int32_t line, std::span<const std::string> texts) 
   if (texts.size() > 1) Insert(line, texts.first(texts.size() - 1));
 }
 
-std::string ModuleText::CurrentBytes() const {
+std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept) const {
   const std::string& file = *original_;
   std::string bytes;
   bytes.reserve(file.size() + header_end_.size() + added_.size());
   bytes.append(file, 0, header_length_).append(header_end_);
   // Lines that still follow each other as in the file are copied together.
   std::size_t begin = header_length_, end = header_length_;
+  const auto copy_run = [&] {
+    if (kept != nullptr && begin < end) kept->push_back({begin, bytes.size(), end - begin});
+    bytes.append(file, begin, end - begin);
+  };
   for (const Record& record : lines_) {
     const std::string_view line = Bytes(record);
     if (!record.added && record.offset == end) {
       end += line.size();
       continue;
     }
-    bytes.append(file, begin, end - begin);
+    copy_run();
     if (record.added) bytes += line;
     begin = record.added ? 0 : record.offset;
     end = record.added ? 0 : record.offset + line.size();
   }
-  bytes.append(file, begin, end - begin);
+  copy_run();
   if (filled_in_ > 0) {
     if (bytes.ends_with(kCrLf)) {
       bytes.resize(bytes.size() - kCrLf.size());

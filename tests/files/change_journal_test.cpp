@@ -17,10 +17,19 @@ namespace {
 
 constexpr const char* kDatabase = ProjectChange::kDatabase;
 
+class ChangeJournalWithClass : public testing::TestWithParam<ProjectChange::Class> {};
+
+INSTANTIATE_TEST_SUITE_P(All, ChangeJournalWithClass,
+                         testing::Values(ProjectChange::Class::kSmall,
+                                         ProjectChange::Class::kLarge),
+                         [](const auto& test) {
+                           return test.param == ProjectChange::Class::kSmall ? "Small" : "Large";
+                         });
+
 // Every n-th operation fails: once, from then on, or with everything behind it as if the program
 // had been killed. The next start finds all as before or all as after.
-TEST(ChangeJournal, IsBeforeOrAfterWhateverFails) {
-  const ProjectChange change;
+TEST_P(ChangeJournalWithClass, IsBeforeOrAfterWhateverFails) {
+  const ProjectChange change(GetParam());
   for (const Fault::Length length :
        {Fault::Length::kOnce, Fault::Length::kLasting, Fault::Length::kCrash}) {
     for (const bool short_writes : {false, true}) {
@@ -62,8 +71,8 @@ TEST(ChangeJournal, IsBeforeOrAfterWhateverFails) {
 }
 
 // Each way to crash in the recovery of each way to crash.
-TEST(ChangeJournal, RecoversFromACrashInRecovery) {
-  const ProjectChange change;
+TEST_P(ChangeJournalWithClass, RecoversFromACrashInRecovery) {
+  const ProjectChange change(GetParam());
   int crashes = 0;
   for (int n = 1;; ++n) {
     MemoryFileSystem crashed;
@@ -91,8 +100,8 @@ TEST(ChangeJournal, RecoversFromACrashInRecovery) {
 
 // The power is cut at every operation, in the commit or in the recovery, and the medium keeps any
 // part of what was not synced.
-TEST(ChangeJournal, SurvivesPowerCuts) {
-  const ProjectChange change;
+TEST_P(ChangeJournalWithClass, SurvivesPowerCuts) {
+  const ProjectChange change(GetParam());
   std::mt19937 random(20260801);
   const auto check = [&change](MemoryFileSystem& medium, const std::string& place) {
     medium.CreateDirectories("/p/sub");
@@ -406,6 +415,13 @@ TEST(ChangeJournal, IsFrugal) {
   EXPECT_LE(system.bytes_written(), 3 * kPage);
   EXPECT_EQ(syncs(1, {}), 3) << "the journal's name is known to be there";
   EXPECT_LE(syncs(1, {"/a/1", "/b/2", "/c/3"}), 3 + 2 * 3);
+  const std::string code(100'000, 'c');
+  medium.Put("/c/CPump.cls", code);
+  system.Arm(count_for_ever({Operation::kSync, Operation::kSyncDirectory}));
+  ChangeSet class_alone;
+  class_alone.files.push_back({"/c/CPump.cls", code, "'new\r\n" + code, {{0, 6, code.size()}}});
+  journal.Commit(class_alone);
+  EXPECT_LE(system.bytes_written(), code.size() + 1000) << "what stays is written once";
   EXPECT_EQ(syncs(35, {}), 3);
   EXPECT_LE(system.bytes_written(), (2 * 35 + 1) * kPage);
   EXPECT_EQ(syncs(100, {}), 3);

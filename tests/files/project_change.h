@@ -88,7 +88,10 @@ class ProjectChange {
  public:
   static constexpr const char* kDatabase = "/p/plant.ovs";
 
-  ProjectChange() {
+  enum class Class { kSmall, kLarge };
+
+  // Of a large class the journal holds only what changes.
+  explicit ProjectChange(Class size = Class::kSmall) {
     std::string database(3 * kPage, 'd');
     before_[kDatabase] = database;
     pages_[0] = database.substr(0, kPage)
@@ -101,6 +104,15 @@ class ProjectChange {
 
     before_["/p/CPump.cls"] = "Public Sub Old()\r\nEnd Sub\r\n";
     after_["/p/CPump.cls"] = "Public Sub New_()\r\nEnd Sub\r\n";
+    if (size == Class::kLarge) {
+      const auto end = [this](const Snapshot& files) { return files.at("/p/CPump.cls").size(); };
+      kept_ = {{end(before_), end(after_), 70'000}};
+      std::string code;
+      while (code.size() < 70'000) code += "' line " + std::to_string(code.size()) + "\r\n";
+      code.resize(70'000);
+      before_["/p/CPump.cls"] += code + "' the end\r\n";
+      after_["/p/CPump.cls"] += code;
+    }
     before_["/p/sub/CGone.cls"] = std::string(2000, 'r');
     after_["/p/sub/CNew.cls"] = "created";
     before_["/p/other.txt"] = after_["/p/other.txt"] = "not concerned";
@@ -125,6 +137,7 @@ class ProjectChange {
     for (const char* path : {"/p/CPump.cls", "/p/sub/CGone.cls", "/p/sub/CNew.cls"}) {
       others.push_back({path, Find(before_, path), Find(after_, path)});
     }
+    others[0].kept = kept_;
     files::Commit(journal, file, pages_, after_.at(kDatabase).size(), std::move(others));
   }
 
@@ -154,6 +167,7 @@ class ProjectChange {
     return it == files.end() ? Contents() : Contents(it->second);
   }
 
+  std::vector<KeptRange> kept_;
   Snapshot before_;
   Snapshot after_;
   std::map<std::uint64_t, std::string> pages_;

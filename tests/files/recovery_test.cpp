@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "files/failing_file_system.h"
 #include "project_change.h"
 
@@ -151,6 +153,47 @@ TEST(Recovery, AsksWhenAFileWasEditedSince) {
   Snapshot stays = resolve(RecoveryChoice::kDiscard);
   EXPECT_EQ(stays.erase(std::string(kJournal) + ".discarded"), 1u);
   EXPECT_EQ(stays, discarded);
+}
+
+// Of a large class the journal holds what the change replaces: with the new version at hand the
+// state before can be made, whatever became of the file; without it nothing is tried.
+TEST(Recovery, AsksWhenALargeClassWasEditedSince) {
+  const ProjectChange change(ProjectChange::Class::kLarge);
+  const std::string mine(80'000, 'm');
+  for (const bool moved : {false, true}) {
+    SCOPED_TRACE(moved);
+    MemoryFileSystem medium;
+    Interrupt(change, medium, {Operation::kRename}, moved ? 2 : 1);
+    EXPECT_EQ(medium.Get("/p/CPump.cls"),
+              (moved ? change.after() : change.before()).at("/p/CPump.cls"));
+    medium.Put("/p/CPump.cls", mine);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kConflict);
+    const Snapshot edited = medium.Snapshot();
+    const RecoveryPlan plan = ExamineJournal(medium, kDatabase);
+    EXPECT_EQ(plan.before.possible, !moved);
+    EXPECT_TRUE(plan.discard.possible);
+    if (moved) {
+      EXPECT_EQ(KindRaised([&] { Resolve(medium, kDatabase, RecoveryChoice::kBefore); }),
+                ErrorKind::kConflict);
+      EXPECT_EQ(medium.Snapshot(), edited);
+      continue;
+    }
+    for (int n = 1;; ++n) {  // however often that is interrupted
+      MemoryFileSystem again;
+      Copy(medium, again);
+      again.CreateDirectories("/p/sub");
+      FailingFileSystem system(again);
+      system.Arm({{}, n, Fault::Length::kCrash});
+      KindRaised([&] { Resolve(system, kDatabase, RecoveryChoice::kBefore); });
+      Resolve(again, kDatabase, RecoveryChoice::kBefore);
+      EXPECT_TRUE(again.Get("/p/CPump.cls") == change.before().at("/p/CPump.cls")) << n;
+      const Snapshot resolved = again.Snapshot();  // a copy that was interrupted is made again
+      EXPECT_TRUE(std::any_of(resolved.begin(), resolved.end(), [&](const auto& file) {
+        return file.first.starts_with("/p/CPump.cls.edited") && file.second == mine;
+      })) << n;
+      if (!system.fired() || HasFailure()) break;
+    }
+  }
 }
 
 TEST(Recovery, FinishesAChangeWhenTold) {
