@@ -84,4 +84,10 @@ IndexCursor Table::OpenCursor(std::size_t index) {
       *state_, state_->definition().indexes.at(index).physical));
 }
 
+std::vector<RowId> Table::IndexedRows(std::size_t index) {
+  const ReadHold hold(state_->session());
+  state_->Refresh();
+  return state_->tree(state_->definition().indexes.at(index).physical).Rows();
+}
+
 }  // namespace jet

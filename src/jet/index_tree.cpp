@@ -92,6 +92,48 @@ std::optional<RowId> IndexTree::Find(ByteView key) const {
   return leaf.Row(position);
 }
 
+std::vector<RowId> IndexTree::Rows() const {
+  std::vector<RowId> rows;
+  std::vector<std::byte> first, last;  // of this leaf, of the leaf before
+  PageRef page = DescendFirst();
+  for (PageNumber left = pager_.page_count(); left > 0; --left) {
+    const IndexPage leaf(page.data());
+    if (!leaf.IsLeaf()) {
+      ThrowDamaged(pager_.path(), {page.number(), -1}, "A leaf of an index is linked to a node.");
+    }
+    if (leaf.Used() > 0) {
+      leaf.Read(0, first);
+      if (!last.empty() && CompareBytes(last, first) >= 0) ThrowOutOfOrder(page.number());
+      AppendRows(page, rows);
+      leaf.Read(leaf.Before(leaf.Used()), last);
+    }
+    if (leaf.Next() == 0) return rows;
+    page = Read(leaf.Next());
+  }
+  ThrowOutOfOrder(location_.root);
+}
+
+// The entries of a leaf share its prefix, so their suffixes tell whether they rise.
+void IndexTree::AppendRows(const PageRef& page, std::vector<RowId>& rows) const {
+  const IndexPage leaf(page.data());
+  const std::size_t used = leaf.Used();
+  ByteView before;
+  for (std::size_t position = 0; position < used;) {
+    const ByteView suffix = leaf.Suffix(position);
+    if (position > 0 && CompareBytes(before, suffix) >= 0) ThrowOutOfOrder(page.number());
+    if (leaf.Prefix() + suffix.size() < kRowReferenceSize) {
+      ThrowDamaged(pager_.path(), {page.number(), -1}, "An entry of an index names no row.");
+    }
+    rows.push_back(leaf.Row(position));
+    before = suffix;
+    position = (position == 0 ? leaf.Prefix() : position) + suffix.size();
+  }
+}
+
+void IndexTree::ThrowOutOfOrder(PageNumber page) const {
+  ThrowDamaged(pager_.path(), {page, -1}, "The entries of an index are out of order.");
+}
+
 // Whether the leaf is where the entry at the position belongs, as far as the leaf alone tells.
 bool IndexTree::IsInside(IndexPage leaf, std::size_t position) const {
   return position > 0 && (position < leaf.Used() || leaf.Next() == 0);

@@ -58,6 +58,9 @@ class IndexTree {
   // The row of the first entry whose key begins with the bytes: the parts of all columns or of
   // the leading ones.
   std::optional<RowId> Find(ByteView key) const;
+  // The rows of all entries, in the order of these: many times faster than a walk. Raises kDamaged
+  // for entries that do not rise or name no row.
+  std::vector<RowId> Rows() const;
   // Like Find with a whole key, when an Insert of that key is likely to follow.
   bool Contains(ByteView key);
 
@@ -81,6 +84,9 @@ class IndexTree {
   PageRef DescendLast(PageNumber from) const;
 
  private:
+  void AppendRows(const PageRef& page, std::vector<RowId>& rows) const;
+  [[noreturn]] void ThrowOutOfOrder(PageNumber page) const;
+
   // Changes at the leaf; index_tree.cpp.
   PageRef Locate(ByteView entry);
   bool IsInside(IndexPage leaf, std::size_t position) const;

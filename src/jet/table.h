@@ -116,6 +116,8 @@ class Table {
   bool Read(RowId id, std::span<const std::size_t> columns, RowBuffer& row);
   bool Read(RowId id, RowBuffer& row);
   IndexCursor OpenCursor(std::size_t index);
+  // The rows of all entries of an index, in its order. Raises kDamaged.
+  std::vector<RowId> IndexedRows(std::size_t index);
 
   // Columns that are not named become Null (Yes/No: false); an AutoNumber column that is not
   // named gets the next number.

@@ -200,8 +200,7 @@ class Run {
 
 RowIds AllEntries(const Query& query) {
   RowIds found;
-  jet::IndexCursor cursor = query.tables().front()->OpenCursor(*query.row_index());
-  while (cursor.Next()) found.ids.push_back(cursor.row());
+  found.ids = query.tables().front()->IndexedRows(*query.row_index());
   return found;
 }
 

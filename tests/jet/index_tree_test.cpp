@@ -104,6 +104,9 @@ TEST_P(TreeModel, HoldsWhatASetHolds) {
     if (step % 500 == 0) {
       ASSERT_EQ(Contents(file.tree(), true), model);
       ASSERT_EQ(Contents(file.tree(), false), model);
+      std::vector<RowId> rows;
+      for (const Item& item : model) rows.push_back(item.second);
+      ASSERT_EQ(file.tree().Rows(), rows);
     }
     deepest = std::max(deepest, file.Depth());
   }
@@ -248,6 +251,7 @@ TEST(IndexTree, DamagedPagesAreReported) {
     }
     attempt([&] { Contents(file.tree(), true); });
     attempt([&] { Contents(file.tree(), false); });
+    attempt([&] { EXPECT_LE(file.tree().Rows().size(), 4000u); });
   }
   EXPECT_GT(raised, 100);
 }
