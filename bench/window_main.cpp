@@ -8,6 +8,7 @@
 #include <wx/dataview.h>
 #include <wx/evtloop.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
 
 #include <cstdio>
 #include <fstream>
@@ -81,7 +82,10 @@ class MeasuredApp : public wxApp {
   // The window manager shows a window and gives it the keyboard when it likes to.
   void Measure() {
     const Stopwatch waited;
-    while (!window_->IsActive() && waited.Seconds() < kPatience) Yield(true);
+    while (!window_->IsActive() && waited.Seconds() < kPatience) {
+      Yield(true);
+      wxMilliSleep(1);
+    }
     Settle();
     const auto started = std::stoll(getenv(kStarted));
     Print("window up", 1e-6 * static_cast<double>(Nanoseconds() - started));
