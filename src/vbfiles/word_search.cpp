@@ -51,11 +51,16 @@ std::size_t WordSearch::FindCandidate(std::string_view text, std::size_t begin) 
   const std::size_t end = text.size() - word_.size() + 1;
   if (Rarity(word_[first_]) == 0) return begin < end ? begin : std::string_view::npos;
   // A block at a time without a branch, which compilers turn into wide operations.
-  while (begin + kBlock <= end) {
+  const char first = WithoutCase(word_[first_]), second = WithoutCase(word_[second_]);
+  for (; begin + kBlock <= end; begin += kBlock) {
+    const char* const firsts = text.data() + begin + first_;
+    const char* const seconds = text.data() + begin + second_;
     unsigned char found = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) found |= MayStandAt(text.data() + begin + i) ? 1 : 0;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+      const bool both = (WithoutCase(firsts[i]) == first) & (WithoutCase(seconds[i]) == second);
+      found |= static_cast<unsigned char>(both);
+    }
     if (found != 0) break;
-    begin += kBlock;
   }
   for (; begin < end; ++begin) {
     if (MayStandAt(text.data() + begin)) return begin;
