@@ -119,7 +119,7 @@ class CommitRun {
 
   static journal::Version ToVersion(const Contents& contents) {
     if (!contents) return {};
-    return journal::VersionOf(std::as_bytes(std::span(*contents)));
+    return {true, contents->size(), contents.Hash()};
   }
 
   void WriteJournal() {

@@ -96,7 +96,7 @@ void ModuleDocument::Collect(files::ChangeSet& changes) {
   collected_ = {};
   if (!loaded_ || !loaded_->text.edited()) return;
   files::FileChange change{file_.path(), loaded_->text.original(), {}};
-  change.after = loaded_->text.CurrentBytes(&change.kept);
+  change.after = loaded_->text.CurrentBytes(&change.kept, std::move(spare_));
   if (change.before == change.after) return;
   collected_ = change.after;
   changes.files.push_back(std::move(change));
@@ -114,7 +114,9 @@ bool ModuleDocument::AdoptCollected() noexcept {
     const std::optional<files::FileStamp> stamp = file_.Stamp();
     if (!collected_ || !stamp) return false;
     const std::size_t header = ParseModuleHeader(*collected_, true).length;
+    files::Contents before = loaded_->text.original();
     if (!loaded_->text.Adopt(collected_, header)) return false;
+    spare_ = before.Release();
     loaded_->stamp = *stamp;
     loaded_->seen_in_unit = false;
     return true;

@@ -66,6 +66,7 @@ class ModuleDocument {
   std::unique_ptr<Loaded> loaded_;
   std::unique_ptr<Loaded> saved_;  // edits that were there before the unit of work began
   files::Contents collected_;      // what the unit of work writes
+  std::string spare_;              // room for that: large memory that is new costs time
 };
 
 // The document of a file: the one that is open, or a new one.

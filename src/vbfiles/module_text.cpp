@@ -201,10 +201,13 @@ void ModuleText::Replace(std::int32_t line, std::span<const std::string> texts) 
   if (texts.size() > 1) Insert(line, texts.first(texts.size() - 1));
 }
 
-std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept) const {
+std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept,
+                                     std::string buffer) const {
   const std::string& file = *original_;
-  std::string bytes;
-  bytes.reserve(file.size() + header_end_.size() + added_.size());
+  std::string bytes = std::move(buffer);
+  bytes.clear();
+  const std::size_t most = file.size() + header_end_.size() + added_.size();
+  if (bytes.capacity() < most) bytes.reserve(most + most / 16);  // the next time it is enough, too
   bytes.append(file, 0, header_length_).append(header_end_);
   // Lines that still follow each other as in the file are copied together.
   std::size_t begin = header_length_, end = header_length_;
@@ -238,7 +241,9 @@ std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept) const 
 bool ModuleText::ReadsTheSame(const Record& record, bool first) const {
   const std::string_view bytes = Bytes(record);
   const std::string_view text = bytes.substr(0, record.length);
-  if (!first && MayBeAttribute(text) && ParseAttributeLine(text)) return false;
+  // Of the lines of the file only its first one may look like an attribute and be none.
+  const bool may_be_attribute = record.added || record.offset == header_length_;
+  if (!first && may_be_attribute && MayBeAttribute(text) && ParseAttributeLine(text)) return false;
   if (record.terminator == 1 && bytes[record.length] == '\r') return false;  // may join a line feed
   if (!record.added) return true;
   if (text.find_first_of(kTrailerBytes) != std::string_view::npos) return false;

@@ -58,8 +58,9 @@ class ModuleText final : public SourceLines {
   // Whether zero bytes stand before the trailer: no source text then.
   bool HasZeroBytes() const { return Body().find('\0') != std::string_view::npos; }
   const files::Contents& original() const { return original_; }
-  // Appends to `kept` what stays of the original.
-  std::string CurrentBytes(std::vector<files::KeptRange>* kept = nullptr) const;
+  // Appends to `kept` what stays of the original. The bytes take the room of `buffer`.
+  std::string CurrentBytes(std::vector<files::KeptRange>* kept = nullptr,
+                           std::string buffer = {}) const;
   // Goes on with `written`, the CurrentBytes, as the original, of which the first `header_length`
   // bytes are the header. False, and nothing is changed, when reading them would show other lines
   // than these: attributes that were switched off turn up as comments.
