@@ -334,6 +334,27 @@ TEST_F(EnvironmentInUnit, RefusesEditsOfStaleLines) {
   ErrorOf(edit, ClassProject::kPath);
 }
 
+// Same size, same time: only the bytes tell. The commit looks at them; then the lines are read
+// anew.
+TEST_F(EnvironmentInUnit, FindsAnEditThatDoesNotShow) {
+  unit_.Begin();
+  module().AddFromString("Public a");
+  unit_.Commit();
+  const std::int64_t modified = project_.system.Stamp(ClassProject::kPath)->modified_ns;
+  const std::string theirs = "Option Explicit\r\nPublic z\r\n";
+  ChangeByOthers(theirs);
+  project_.system.SetModified(ClassProject::kPath, modified);
+  unit_.Begin();
+  module().AddFromString("Public b");
+  EXPECT_EQ(ErrorOf([&] { unit_.Commit(); }, ClassProject::kPath).kind(), ErrorKind::kConflict);
+  EXPECT_EQ(File(), ClassProject::Header() + theirs);
+  unit_.Begin();
+  EXPECT_TRUE(module().FindMember("z"));
+  module().AddFromString("Public b");
+  unit_.Commit();
+  EXPECT_EQ(File(), ClassProject::Header() + theirs + "Public b\r\n");
+}
+
 TEST_F(EnvironmentInUnit, RefusesEditsOfReadOnlyFiles) {
   project_.system.SetReadOnly(ClassProject::kPath, true);
   EXPECT_EQ(module().CountOfLines(), 1);
