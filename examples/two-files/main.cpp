@@ -28,7 +28,8 @@ int Run(files::FileSystem& system, const std::string& folder) {
     files::FileChange& change = changes.files.emplace_back();
     change.path = path;
     if (system.Exists(path)) change.before = files::ReadFile(system, path);
-    change.after = std::to_string(std::atoi(change.before.value_or("0").c_str()) + 1) + "\n";
+    change.after =
+        std::to_string(std::atoi(change.before ? change.before->c_str() : "0") + 1) + "\n";
   }
   files::ChangeJournal(system, one).Commit(changes);
   std::cout << "Both files hold " << *changes.files[0].after;
