@@ -59,7 +59,8 @@ void GridView::BuildColumns() {
       if (width != ShownWidth(number)) grid_.ColumnAt(number).Resize(ToTwips(List(), width));
     });
   }
-  AppendRest();
+  has_rest_ = false;
+  AppendRestIfNeeded();
   built_ = Columns();
 }
 
@@ -72,6 +73,7 @@ bool GridView::ResizeColumns() {
     const int width = ShownWidth(number);
     if (column.GetWidth() != width) column.SetWidth(width);
   }
+  AppendRestIfNeeded();
   return true;
 }
 
@@ -93,9 +95,13 @@ std::string GridView::Columns() const {
   return text;
 }
 
-// The native list stretches its last column over the rest of its width: an empty one, so that the
-// others keep their widths. It has the number behind theirs.
-void GridView::AppendRest() {
+// The native list stretches its last column over the rest of its width. Where that is not to be, an
+// empty one behind the others takes the rest; it has the number behind theirs. It costs something
+// for each row that comes.
+void GridView::AppendRestIfNeeded() {
+  const std::vector<std::size_t> shown = ShownColumns();
+  if (has_rest_ || (!shown.empty() && grid_.ColumnAt(shown.back()).Fills())) return;
+  has_rest_ = true;
   auto* renderer = new wxDataViewTextRenderer("string", wxDATAVIEW_CELL_INERT);
   List().AppendColumn(new wxDataViewColumn(
       wxString(), renderer, static_cast<unsigned>(grid_.ColumnCount()), 1, wxALIGN_LEFT, 0));

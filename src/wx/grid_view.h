@@ -22,7 +22,7 @@ class GridView : public RowsView {
   void Show(forms::Property property) override;
 
   wxDataViewColumn* MakeColumn(std::size_t number);
-  void AppendRest();
+  void AppendRestIfNeeded();
   int ShownWidth(std::size_t number) const;
   std::string Columns() const;
   bool OnPress(const CellPress& press);
@@ -31,7 +31,8 @@ class GridView : public RowsView {
 
   forms::Grid& grid_;
   CellEditor editor_;
-  std::string built_;  // the columns as they were built
+  std::string built_;      // the columns as they were built
+  bool has_rest_ = false;  // an empty column takes the rest of the width
 };
 
 // A list with columns, without editing.
