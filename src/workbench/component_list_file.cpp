@@ -89,7 +89,8 @@ void ComponentListFile::Collect(files::ChangeSet& changes) {
   const std::string text = Text();
   if (file_exists_ && text == file_text_) return;
   system_.CreateDirectories(system_.Folder(path_));
-  changes.files.push_back({path_, file_exists_ ? files::Contents(file_text_) : files::Contents(), text});
+  changes.files.push_back(
+      {path_, file_exists_ ? files::Contents(file_text_) : files::Contents(), text});
 }
 
 void ComponentListFile::Committed() noexcept { loaded_ = false; }
