@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Project, group and class files of any content: nothing crashes or hangs, what was not edited is
-// not written, and edits leave the index that a fresh scan gives. The first byte chooses between
-// project files and code; for code the next bytes are edits.
+// not written, and edits leave the index that a fresh scan gives and, once written, the lines that
+// a fresh reading gives. The first byte chooses between project files and code; for code the next
+// bytes are edits.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -64,6 +65,24 @@ void RequireSame(const vbfiles::SourceIndex& index, const vbfiles::SourceIndex& 
   }
 }
 
+// What was written is what goes on: the lines that reading the file would show.
+void RequireAdopts(vbfiles::ModuleText& text, const std::string& code) {
+  if (text.HasZeroBytes()) return;  // no source text: it is shown without lines
+  std::vector<files::KeptRange> kept;
+  const std::string written = text.CurrentBytes(&kept);
+  for (const files::KeptRange& range : kept) {
+    Require(code.compare(range.before, range.length, written, range.after, range.length) == 0);
+  }
+  const std::size_t header = vbfiles::ParseModuleHeader(written, true).length;
+  if (!text.Adopt(written, header)) return;
+  const vbfiles::ModuleText again(written, header);
+  Require(text.CurrentBytes() == written && text.LineCount() == again.LineCount());
+  for (std::int32_t line = 1; line <= again.LineCount(); ++line) {
+    Require(text.Line(line) == again.Line(line));
+    Require(text.HiddenLines(line) == again.HiddenLines(line));
+  }
+}
+
 // Takes the lines of the text themselves for what is inserted, so that edits mean something.
 void EditCode(std::string_view edits, const std::string& code) {
   const auto header = vbfiles::ParseModuleHeader(code, true);
@@ -95,6 +114,7 @@ void EditCode(std::string_view edits, const std::string& code) {
     RequireSame(index, vbfiles::SourceIndex(text, page));
   }
   vbfiles::ListMembers(index);
+  RequireAdopts(text, code);
 }
 
 }  // namespace

@@ -233,6 +233,12 @@ std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept,
     } else if (!bytes.empty()) {
       bytes.pop_back();
     }
+    if (kept != nullptr && !kept->empty()) {
+      files::KeptRange& last = kept->back();
+      last.length =
+          std::min(last.after + last.length, std::max<std::uint64_t>(last.after, bytes.size())) -
+          last.after;
+    }
   }
   return bytes.append(file, body_end_);
 }
@@ -244,7 +250,7 @@ bool ModuleText::ReadsTheSame(const Record& record, bool first) const {
   // Of the lines of the file only its first one may look like an attribute and be none.
   const bool may_be_attribute = record.added || record.offset == header_length_;
   if (!first && may_be_attribute && MayBeAttribute(text) && ParseAttributeLine(text)) return false;
-  if (record.terminator == 1 && bytes[record.length] == '\r') return false;  // may join a line feed
+  if (bytes.ends_with('\r')) return false;  // joins a line feed that follows
   if (!record.added) return true;
   if (text.find_first_of(kTrailerBytes) != std::string_view::npos) return false;
   const std::string_view hidden = bytes.substr(bytes.size() - record.hidden);

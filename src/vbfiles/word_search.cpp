@@ -57,8 +57,9 @@ std::size_t WordSearch::FindCandidate(std::string_view text, std::size_t begin) 
     const char* const seconds = text.data() + begin + second_;
     unsigned char found = 0;
     for (std::size_t i = 0; i < kBlock; ++i) {
-      const bool both = (WithoutCase(firsts[i]) == first) & (WithoutCase(seconds[i]) == second);
-      found |= static_cast<unsigned char>(both);
+      const auto differ = static_cast<unsigned char>((WithoutCase(firsts[i]) ^ first) |
+                                                     (WithoutCase(seconds[i]) ^ second));
+      found |= differ == 0 ? 1 : 0;
     }
     if (found != 0) break;
   }
