@@ -16,8 +16,8 @@
 //   7. The body of a journal is overwritten only while the mark that puts it to rest is on the
 //      medium, so that what is active is never mixed with what was.
 //
-// Syncs, in order: the journal (2), its folder when the journal is new (2), each temporary file
-// (4), each file with ranges, each folder in which a name changed (5), the journal (5).
+// Syncs, in order: the journal (2), its folder when the journal is new (2), each file with ranges,
+// each temporary file (4), each folder in which a name changed (5), the journal (5).
 #include "files/change_journal.h"
 
 #include <algorithm>
@@ -60,6 +60,9 @@ class CommitRun {
     WriteRanges();
     MoveFiles();
   }
+
+  // Closes what a failure left open, so that it can be removed.
+  void CloseTemporaryFiles() noexcept { staged_.clear(); }
 
   // Whether a file may have been changed.
   bool touched() const { return stage_ >= Stage::kActive; }
@@ -179,7 +182,7 @@ class CommitRun {
   void StageFiles() {
     for (const WholeFile& file : files_) {
       if (file.change->after) {
-        WriteTemporary(system_, file.record.temporary, file.record.path, *file.change->after);
+        staged_.emplace_back(system_, file.record.temporary, file.record.path, *file.change->after);
       }
     }
     Advance(Stage::kActive, Stage::kStaged);
@@ -195,6 +198,8 @@ class CommitRun {
       if (size != source->SizeAfter()) source->File().Truncate(source->SizeAfter());
       source->File().Sync();
     }
+    // Their way to the medium began before that of the ranges.
+    for (TemporaryFile& file : staged_) file.Sync();
     Advance(Stage::kStaged, Stage::kWritten);
   }
 
@@ -225,6 +230,7 @@ class CommitRun {
   const std::string& database_;
   const ChangeSet& changes_;
   std::vector<WholeFile> files_;
+  std::vector<TemporaryFile> staged_;
   std::set<std::string> moved_;
   Stage stage_ = Stage::kPreparing;
 };
@@ -298,6 +304,7 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   try {
     run.Run();
   } catch (...) {
+    run.CloseTemporaryFiles();
     UndoAndRaise(system_, *journal_, database, run);
   }
   try {

@@ -12,6 +12,9 @@
 namespace files::os {
 namespace {
 
+// Bytes from which on a write is on its way to the medium while its writer does other things.
+constexpr std::size_t kLargeWrite = std::size_t{1} << 19;
+
 [[noreturn]] void RaiseErrno(const std::string& path, std::string_view failure) {
   RaiseSystem(std::error_code(errno, std::generic_category()), path, failure);
 }
@@ -76,6 +79,7 @@ class PosixFile final : public RandomAccessFile {
   }
 
   void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
+    const bool large = data.size() >= kLargeWrite;
     while (!data.empty()) {
       const ssize_t n = Retry([&] {
         return ::pwrite(fd_.get(), data.data(), data.size(), static_cast<off_t>(offset));
@@ -84,6 +88,7 @@ class PosixFile final : public RandomAccessFile {
       offset += static_cast<std::uint64_t>(n);
       data = data.subspan(static_cast<std::size_t>(n));
     }
+    if (large) StartWriteBack();
   }
 
   std::uint64_t Size() override { return Stamp().size; }
@@ -98,6 +103,13 @@ class PosixFile final : public RandomAccessFile {
     if (Retry([&] { return ::fdatasync(fd_.get()); }) < 0) {
       RaiseErrno(path_, "cannot be written to the medium");
     }
+  }
+
+  // Begins to bring what was written to the medium; a sync that comes later finishes it.
+  void StartWriteBack() {
+#ifdef SYNC_FILE_RANGE_WRITE
+    ::sync_file_range(fd_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
   }
 
   FileStamp Stamp() override {

@@ -61,18 +61,37 @@ std::string TemporaryName(FileSystem& system, const std::string& target) {
 
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
                     std::string_view contents) {
-  auto file = OpenTemporary(system, temporary, target);
+  TemporaryFile(system, temporary, target, contents).Sync();
+}
+
+TemporaryFile::TemporaryFile(FileSystem& system, std::string temporary, std::string target,
+                             std::string_view contents)
+    : system_(system),
+      temporary_(std::move(temporary)),
+      target_(std::move(target)),
+      file_(OpenTemporary(system, temporary_, target_)) {
+  OrRemove([&] {
+    file_->WriteAt(0, std::as_bytes(std::span(contents)));
+    if (system.Exists(target_)) system.CopyAttributes(target_, temporary_);
+  });
+}
+
+void TemporaryFile::Sync() {
+  OrRemove([this] { file_->Sync(); });
+  file_.reset();
+}
+
+template <typename Action>
+void TemporaryFile::OrRemove(Action action) {
   try {
-    file->WriteAt(0, std::as_bytes(std::span(contents)));
-    if (system.Exists(target)) system.CopyAttributes(target, temporary);
-    file->Sync();
+    action();
   } catch (const Error& error) {
-    file.reset();
-    RemoveQuietly(system, temporary);
-    throw Error(error.kind(), target, Replaced(error.what(), temporary, target));
+    file_.reset();
+    RemoveQuietly(system_, temporary_);
+    throw Error(error.kind(), target_, Replaced(error.what(), temporary_, target_));
   } catch (...) {
-    file.reset();
-    RemoveQuietly(system, temporary);
+    file_.reset();
+    RemoveQuietly(system_, temporary_);
     throw;
   }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -19,8 +20,26 @@ std::string ResolveTarget(FileSystem& system, const std::string& path);
 // sync of the folder, fails is the new file there already.
 void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents);
 
-// The two halves of ReplaceFile. Writes `contents` to the new file `temporary` beside `target`,
-// with the attributes of `target` if that exists, and syncs it. Removes it again on failure.
+// The new contents of `target` in a new file `temporary` beside it, with the attributes of `target`
+// if that exists. Sync returns when they are on the medium, and closes the file. On failure the
+// file is removed again.
+class TemporaryFile {
+ public:
+  TemporaryFile(FileSystem& system, std::string temporary, std::string target,
+                std::string_view contents);
+  void Sync();
+
+ private:
+  template <typename Action>
+  void OrRemove(Action action);
+
+  FileSystem& system_;
+  std::string temporary_;
+  std::string target_;
+  std::unique_ptr<RandomAccessFile> file_;
+};
+
+// The first half of ReplaceFile: a TemporaryFile that is synced.
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
                     std::string_view contents);
 
