@@ -20,6 +20,7 @@
 #include "workbench/text_numbers.h"
 #include "workbench/user_folders.h"
 #include "wx/convert.h"
+#include "wx/native.h"
 
 namespace {
 
@@ -53,10 +54,8 @@ class App : public wxApp {
 
   bool OnInit() override {
     SetAppName("ovformula");
-#if defined(__WXGTK__) && defined(NDEBUG)
-    // The native toolkit reports passing sizes of a window that is being built; they tell an
-    // engineer nothing.
-    GTKSuppressDiagnostics();
+#ifdef NDEBUG
+    wx::SilenceDiagnostics();
 #endif
     if (!wxApp::OnInit()) return false;
     if (version_) {

@@ -23,6 +23,10 @@ wxStaticText* NewHint(wxWindow* parent);
 int NativeHeight(const wxWindow& window);
 int NativeWidth(const wxWindow& window);
 
+// Keeps what the native toolkit reports to developers off the terminal: passing sizes of a window
+// that is being built tell an engineer nothing. To be called once, before the first window.
+void SilenceDiagnostics();
+
 // Runs the task from the message loop, after all events of the window system that are queued.
 void CallWhenIdle(std::function<void()> task);
 

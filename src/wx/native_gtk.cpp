@@ -68,6 +68,15 @@ gboolean OnKeyOfChoice(GtkWidget*, GdkEventKey* event, gpointer button) {
 
 }  // namespace
 
+void SilenceDiagnostics() {
+  g_log_set_writer_func(
+      [](GLogLevelFlags level, const GLogField* fields, gsize count, gpointer data) {
+        const bool fatal = (level & (G_LOG_LEVEL_ERROR | G_LOG_FLAG_FATAL)) != 0;
+        return fatal ? g_log_writer_default(level, fields, count, data) : G_LOG_WRITER_HANDLED;
+      },
+      nullptr, nullptr);
+}
+
 wxStaticText* NewLabel(wxWindow* parent) { return new FieldLabel(parent); }
 
 wxStaticText* NewHint(wxWindow* parent) { return new HintLabel(parent); }
