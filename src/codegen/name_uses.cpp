@@ -87,8 +87,7 @@ class Search {
 
 // The lines that hold one of the names anywhere.
 std::set<std::int32_t> LinesWith(const std::vector<std::string>& names,
-                                 platform::CodeModule& module) {
-  const std::int32_t count = module.CountOfLines();
+                                 platform::CodeModule& module, std::int32_t count) {
   std::set<std::int32_t> lines;
   for (const std::string& name : names) {
     for (auto line = module.Find(name, 1, count); line;
@@ -111,12 +110,13 @@ std::vector<NameUse> FindNameUses(platform::CodeModule& module,
   constexpr std::size_t kFewNames = 8;
   Search search(names);
   const std::int32_t count = module.CountOfLines();
+  if (count == 0) return {};
   if (names.size() > kFewNames) {
     search.Visit(1, module.Lines(1, count));
     return search.Take();
   }
   std::int32_t visited = 0;
-  for (const std::int32_t line : LinesWith(names, module)) {
+  for (const std::int32_t line : LinesWith(names, module, count)) {
     if (line <= visited) continue;
     std::int32_t first = line;
     while (first > visited + 1 && IsContinuedLine(module, first - 1)) --first;

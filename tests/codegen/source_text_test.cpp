@@ -180,6 +180,8 @@ TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {
   EXPECT_EQ(FindNameUses(module, names), uses) << "name by name";
   while (names.size() < 100) names.push_back("Other" + std::to_string(names.size()));
   EXPECT_EQ(FindNameUses(module, names), uses) << "line by line";
+  module.DeleteLines(1, module.CountOfLines());
+  EXPECT_TRUE(FindNameUses(module, names).empty()) << "no line left";
 }
 
 class HeaderTest : public testing::Test {
