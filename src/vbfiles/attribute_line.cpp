@@ -3,11 +3,13 @@
 
 #include <algorithm>
 
+#include "vbcode/source_lines.h"
 #include "vbfiles/field_text.h"
 #include "vbfiles/physical_lines.h"
-#include "vbfiles/source_lines.h"
 
 namespace vbfiles {
+
+using vbcode::IsKeyword;
 
 namespace {
 
@@ -42,7 +44,7 @@ void AppendAdjusted(std::string& text, std::string_view line, const AttributeCha
 
 std::optional<AttributeLine> ParseAttributeLine(std::string_view line) {
   if (line.size() <= kKeyword.size() || !IsKeyword(line.substr(0, kKeyword.size()), kKeyword) ||
-      !IsBlank(line[kKeyword.size()])) {
+      !vbcode::IsBlank(line[kKeyword.size()])) {
     return std::nullopt;
   }
   const std::size_t equals = line.find('=', kKeyword.size());

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "vbcode/source_lexer.h"
+
 namespace vbfiles {
 
 // A Windows code page: how source files hold text. Three kinds:
@@ -32,6 +34,7 @@ class CodePage {
 
   // Whether the byte begins a character of two bytes.
   bool IsLeadByte(char byte) const { return lead_[static_cast<unsigned char>(byte)]; }
+  const vbcode::LeadBytes& lead_bytes() const { return lead_; }
   // Names as bytes of this page, compared without regard to case; equal names have equal hashes.
   bool SameName(std::string_view a, std::string_view b) const;
   std::uint32_t NameHash(std::string_view name) const;
@@ -42,7 +45,7 @@ class CodePage {
   int number_;
   std::array<char16_t, 256> characters_{};   // single-byte pages and ASCII
   std::array<unsigned char, 256> folded_{};  // lower-case byte
-  std::array<bool, 256> lead_{};
+  vbcode::LeadBytes lead_{};
 };
 
 }  // namespace vbfiles

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "vbfiles/source_lines.h"
+#include "vbcode/source_lines.h"
 
 namespace vbfiles {
 
@@ -12,8 +12,8 @@ namespace vbfiles {
 inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 inline std::string_view Trimmed(std::string_view text) {
-  text.remove_prefix(SkipBlanks(text));
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  text.remove_prefix(vbcode::SkipBlanks(text));
+  while (!text.empty() && vbcode::IsBlank(text.back())) text.remove_suffix(1);
   return text;
 }
 

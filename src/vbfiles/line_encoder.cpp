@@ -5,9 +5,9 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
+#include "vbcode/source_lexer.h"
 #include "vbfiles/errors.h"
 #include "vbfiles/physical_lines.h"
-#include "vbfiles/source_lexer.h"
 
 namespace vbfiles {
 
@@ -62,21 +62,21 @@ std::string EncodeLine(std::string_view text, const LinePlace& place, const Code
 std::vector<std::string> EncodeLines(std::string_view text, const LinePlace& place,
                                      const CodePage& page,
                                      std::vector<ReplacedCharacters>& replaced) {
-  const CodePage& utf8 = CodePage::Get(CodePage::kUtf8);
   std::vector<std::string> lines;
   std::vector<ReplacedCharacters> found;
   LinePlace at = place;
   for (std::size_t begin = 0;;) {
     const PhysicalLine physical = ReadPhysicalLine(text, begin);
     const std::string_view line = TextOf(text, physical);
-    const std::size_t comment = CommentStart(line, utf8, at.continues_comment);
+    const std::size_t comment =
+        vbcode::CommentStart(line, vbcode::kNoLeadBytes, at.continues_comment);
     std::string lacking;
     lines.push_back(EncodeLine(line, at, page, comment, lacking));
     if (!lacking.empty()) found.push_back({at.file, at.line, lacking});
     if (!physical.terminated()) break;
     begin = physical.next;
     ++at.line;
-    at.continues_comment = IsContinued(line) && comment < line.size();
+    at.continues_comment = vbcode::IsContinued(line) && comment < line.size();
   }
   replaced.insert(replaced.end(), found.begin(), found.end());
   return lines;

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "vbfiles/module_header.h"
 
+#include "vbcode/source_lines.h"
 #include "vbfiles/attribute_line.h"
 #include "vbfiles/field_text.h"
 #include "vbfiles/physical_lines.h"
-#include "vbfiles/source_lines.h"
 
 namespace vbfiles {
+
+using vbcode::IsKeyword;
 
 namespace {
 
 std::string_view FirstWord(std::string_view text) {
   std::size_t end = 0;
-  while (end < text.size() && !IsBlank(text[end])) ++end;
+  while (end < text.size() && !vbcode::IsBlank(text[end])) ++end;
   return text.substr(0, end);
 }
 

@@ -11,8 +11,8 @@
 
 #include "files/change_set.h"
 #include "files/contents.h"
+#include "vbcode/source_lines.h"
 #include "vbfiles/physical_lines.h"
-#include "vbfiles/source_lines.h"
 #include "vbfiles/word_search.h"
 
 namespace vbfiles {
@@ -26,7 +26,7 @@ namespace vbfiles {
 //   trailer           zero bytes and end-of-file marks behind the last line
 //
 // A file that ends without a terminator keeps to that.
-class ModuleText final : public SourceLines {
+class ModuleText final : public vbcode::SourceLines {
  public:
   // Takes the file's bytes, of which the first `header_length` are the header.
   // REQUIRES: there are bytes.

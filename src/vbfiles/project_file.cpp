@@ -4,11 +4,13 @@
 #include <array>
 #include <functional>
 
+#include "vbcode/source_lines.h"
 #include "vbfiles/field_text.h"
 #include "vbfiles/physical_lines.h"
-#include "vbfiles/source_lines.h"
 
 namespace vbfiles {
+
+using vbcode::IsKeyword;
 
 namespace {
 

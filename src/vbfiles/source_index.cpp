@@ -6,6 +6,8 @@
 
 namespace vbfiles {
 
+using vbcode::SourceLines;
+
 namespace {
 
 std::int32_t FirstLine(const Procedure& procedure) { return procedure.body_line; }

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "vbcode/source_lines.h"
 #include "vbfiles/code_page.h"
 #include "vbfiles/name_table.h"
-#include "vbfiles/source_lines.h"
 #include "vbfiles/source_scanner.h"
 
 namespace vbfiles {
@@ -17,7 +17,7 @@ namespace vbfiles {
 // Knows nothing of files; the lines and the page must outlive it.
 class SourceIndex {
  public:
-  SourceIndex(const SourceLines& lines, const CodePage& page);  // scans everything
+  SourceIndex(const vbcode::SourceLines& lines, const CodePage& page);  // scans everything
 
   // The lines from `first` on were edited: `removed` lines went, `inserted` came in their place.
   void Update(std::int32_t first, std::int32_t removed, std::int32_t inserted);
@@ -70,7 +70,7 @@ class SourceIndex {
     });
   }
 
-  const SourceLines& lines_;
+  const vbcode::SourceLines& lines_;
   const CodePage& page_;
   std::vector<LineInfo> infos_;  // one a line, and one for the state behind the last line
   mutable std::vector<Procedure> procedures_;  // region_start is found when it is asked for

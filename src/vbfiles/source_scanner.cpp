@@ -7,6 +7,13 @@
 
 namespace vbfiles {
 
+using vbcode::IsContinued;
+using vbcode::IsKeyword;
+using vbcode::Lexer;
+using vbcode::SkipBlanks;
+using vbcode::Token;
+using vbcode::TokenKind;
+
 namespace {
 
 bool StartsWith(std::string_view text, std::size_t position, std::string_view keyword) {
@@ -66,7 +73,7 @@ std::int32_t SourceScanner::Scan(std::int32_t line, ScanMode& mode, std::span<Li
     }
   }
   const bool directive = text[first] == '#';
-  Lexer lexer(lines_, page_, line, directive ? first + 1 : first);
+  Lexer lexer(lines_, page_.lead_bytes(), line, directive ? first + 1 : first);
   DirectiveMark directive_mark = DirectiveMark::kNone;
   bool declaration_ends = directive;
   const std::size_t procedures = result.procedures.size();

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "platform/vbide.h"
+#include "vbcode/source_lexer.h"
+#include "vbcode/source_lines.h"
 #include "vbfiles/code_page.h"
-#include "vbfiles/source_lexer.h"
-#include "vbfiles/source_lines.h"
 
 namespace vbfiles {
 
@@ -73,7 +73,8 @@ struct ScanResult {
 // Reads Visual Basic source one logical line at a time.
 class SourceScanner {
  public:
-  SourceScanner(const SourceLines& lines, const CodePage& page) : lines_(lines), page_(page) {}
+  SourceScanner(const vbcode::SourceLines& lines, const CodePage& page)
+      : lines_(lines), page_(page) {}
 
   // Scans the logical line that begins at `line` in `mode`, which becomes the mode behind it.
   // Describes its physical lines in infos[line - 1]... and adds what it declares to `result`.
@@ -82,7 +83,7 @@ class SourceScanner {
                     ScanResult& result) const;
 
  private:
-  const SourceLines& lines_;
+  const vbcode::SourceLines& lines_;
   const CodePage& page_;
 };
 

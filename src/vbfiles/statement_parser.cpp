@@ -3,6 +3,9 @@
 
 namespace vbfiles {
 
+using vbcode::IsKeyword;
+using vbcode::TokenKind;
+
 using platform::MemberScope;
 using platform::MemberType;
 using platform::ProcKind;

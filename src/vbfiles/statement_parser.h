@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "vbfiles/source_lexer.h"
+#include "vbcode/source_lexer.h"
 #include "vbfiles/source_scanner.h"
 
 namespace vbfiles {
@@ -12,7 +12,7 @@ namespace vbfiles {
 // understood: inside a procedure only its end is looked for.
 class StatementParser {
  public:
-  StatementParser(Lexer& lexer, const CodePage& page, ScanMode mode, ScanResult& result)
+  StatementParser(vbcode::Lexer& lexer, const CodePage& page, ScanMode mode, ScanResult& result)
       : lexer_(lexer), page_(page), mode_(mode), result_(result) {}
 
   // Reads to the end of the logical line.
@@ -38,11 +38,11 @@ class StatementParser {
   void SingleName(std::int32_t line, platform::MemberType type, platform::MemberScope scope);
   NamePlace Place() const;
 
-  Lexer& lexer_;
+  vbcode::Lexer& lexer_;
   const CodePage& page_;
   ScanMode mode_;
   ScanResult& result_;
-  Token token_;
+  vbcode::Token token_;
   bool has_tokens_ = false;
   bool declaration_ends_ = false;
   bool procedure_end_ = false;  // the last statement ends a procedure

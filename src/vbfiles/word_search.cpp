@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "vbfiles/source_lexer.h"
+#include "vbcode/source_lexer.h"
 
 namespace vbfiles {
 
@@ -74,8 +74,8 @@ bool WordSearch::IsIn(std::string_view line) const {
        at = FindCandidate(line, at + 1)) {
     const std::size_t end = at + word_.size();
     if (page_.SameName(line.substr(at, word_.size()), word_) &&
-        (at == 0 || !IsWordCharacter(line[at - 1])) &&
-        (end == line.size() || !IsWordCharacter(line[end]))) {
+        (at == 0 || !vbcode::IsWordCharacter(line[at - 1])) &&
+        (end == line.size() || !vbcode::IsWordCharacter(line[end]))) {
       return true;
     }
   }

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "vbfiles/source_lines.h"
+#include "vbcode/source_lines.h"
 
 // Lines in memory for tests of the scanner.
-class TextLines final : public vbfiles::SourceLines {
+class TextLines final : public vbcode::SourceLines {
  public:
   TextLines() = default;
   // Lines apart by LF; one at the very end adds no line.

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace vbfiles {
+namespace vbcode {
 
 // The visible lines of a module, numbered from 1, as bytes of a code page without line ends.
 class SourceLines {
@@ -39,4 +39,4 @@ inline bool IsKeyword(std::string_view word, std::string_view keyword) {
   return true;
 }
 
-}  // namespace vbfiles
+}  // namespace vbcode

@@ -1,21 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
-#include "vbfiles/code_page.h"
-#include "vbfiles/source_lines.h"
+#include "vbcode/source_lines.h"
 
-namespace vbfiles {
+namespace vbcode {
+
+// Which bytes begin a character of two bytes.
+using LeadBytes = std::array<bool, 256>;
+// UTF-8 and pages of one byte a character: every byte of a character is a word's.
+inline constexpr LeadBytes kNoLeadBytes{};
 
 // Whether the byte can be part of a word: an ASCII letter or digit, "_", all from 0x80 on.
 bool IsWordCharacter(char c);
 
 enum class TokenKind {
-  kWord,  // identifier or keyword, type character and brackets left off
-  kNumber,
+  kWord,    // identifier or keyword, type character and brackets left off
+  kNumber,  // with sign of base, exponent and type character
   kString,
   kColon,  // between statements
   kOther,  // one character of punctuation, or a date
@@ -28,13 +33,15 @@ struct Token {
   std::int32_t line = 0;
   std::size_t column = 0;  // of text in the line, from 0
   bool bracketed = false;  // a word in brackets is never a keyword
+  bool glued = false;      // nothing stands between it and the token in front, in the same line
 };
 
 // The tokens of one logical line: physical lines joined by " _". Comments yield no token; one
 // that ends with " _" takes the next physical line along.
 class Lexer {
  public:
-  Lexer(const SourceLines& lines, const CodePage& page, std::int32_t line, std::size_t column = 0);
+  Lexer(const SourceLines& lines, const LeadBytes& lead_bytes, std::int32_t line,
+        std::size_t column = 0);
 
   Token Next();
 
@@ -53,15 +60,18 @@ class Lexer {
   Token TakeBracketed();
   Token TakeString();
   std::size_t WordLength() const;
+  bool IsWordStart(std::size_t position) const;
   std::size_t NumberLength() const;
+  std::size_t BasedNumberLength() const;
   std::size_t DateLength() const;
 
   const SourceLines& lines_;
-  const CodePage& page_;
+  const LeadBytes& lead_bytes_;
   std::int32_t line_;
   std::size_t position_ = 0;
   std::string_view text_;  // of the line, without the continuation mark
   bool continued_ = false;
+  bool glued_ = false;  // the token that comes next
   bool statement_start_ = true;
   bool first_token_ = true;
   std::int32_t comment_line_ = 0;
@@ -70,6 +80,7 @@ class Lexer {
 
 // Where the comment of a physical line begins: the index of its apostrophe or Rem, text.size()
 // when it has none, 0 when it continues a comment.
-std::size_t CommentStart(std::string_view text, const CodePage& page, bool continues_comment);
+std::size_t CommentStart(std::string_view text, const LeadBytes& lead_bytes,
+                         bool continues_comment);
 
-}  // namespace vbfiles
+}  // namespace vbcode

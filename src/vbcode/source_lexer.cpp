@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "vbfiles/source_lexer.h"
+#include "vbcode/source_lexer.h"
 
 #include <algorithm>
 #include <array>
 
-namespace vbfiles {
+namespace vbcode {
 
 namespace {
 
@@ -13,6 +13,7 @@ bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 bool IsTypeCharacter(char c) {
   return c == '%' || c == '&' || c == '@' || c == '!' || c == '#' || c == '$';
 }
+char WithoutCase(char c) { return static_cast<char>(c | 0x20); }  // of a letter
 bool IsHigh(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
 constexpr std::array<bool, 256> MakeWordCharacters() {
@@ -50,8 +51,9 @@ class OneLine final : public SourceLines {
 
 bool IsWordCharacter(char c) { return kWordCharacters[static_cast<unsigned char>(c)]; }
 
-Lexer::Lexer(const SourceLines& lines, const CodePage& page, std::int32_t line, std::size_t column)
-    : lines_(lines), page_(page), line_(line) {
+Lexer::Lexer(const SourceLines& lines, const LeadBytes& lead_bytes, std::int32_t line,
+             std::size_t column)
+    : lines_(lines), lead_bytes_(lead_bytes), line_(line) {
   EnterLine(line);
   position_ = std::min(column, text_.size());
 }
@@ -75,7 +77,7 @@ void Lexer::SkipComment() {
 }
 
 Token Lexer::Take(TokenKind kind, std::size_t length) {
-  const Token token{kind, text_.substr(position_, length), line_, position_, false};
+  const Token token{kind, text_.substr(position_, length), line_, position_, false, glued_};
   position_ += length;
   statement_start_ = kind == TokenKind::kColon || (kind == TokenKind::kNumber && first_token_);
   first_token_ = false;
@@ -83,11 +85,14 @@ Token Lexer::Take(TokenKind kind, std::size_t length) {
 }
 
 Token Lexer::Next() {
+  const std::int32_t line_before = line_;
+  const std::size_t position_before = position_;
   for (;;) {
     position_ = SkipBlanks(text_, position_);
     if (position_ < text_.size()) break;
     if (!continued_ || !EnterLine(line_ + 1)) return Token{};
   }
+  glued_ = line_ == line_before && position_ == position_before;
   const char c = text_[position_];
   if (c == '\'') {
     SkipComment();
@@ -110,13 +115,26 @@ Token Lexer::Next() {
     return Take(TokenKind::kColon, 1);
   }
   if (c == '#') return Take(TokenKind::kOther, DateLength());
+  if (c == '&' && BasedNumberLength() > 0) return Take(TokenKind::kNumber, BasedNumberLength());
   return Take(TokenKind::kOther, 1);
 }
 
 Token Lexer::TakeWord() {
   const Token token = Take(TokenKind::kWord, WordLength());
-  if (position_ < text_.size() && IsTypeCharacter(text_[position_])) ++position_;
+  // A comment can be all that a branch of a single-line If holds.
+  statement_start_ = IsKeyword(token.text, "then") || IsKeyword(token.text, "else");
+  // Collection!Key names a member.
+  if (position_ < text_.size() && IsTypeCharacter(text_[position_]) &&
+      !(text_[position_] == '!' && IsWordStart(position_ + 1))) {
+    ++position_;
+  }
   return token;
+}
+
+bool Lexer::IsWordStart(std::size_t position) const {
+  if (position >= text_.size()) return false;
+  const char c = text_[position];
+  return c == '[' || (IsWordCharacter(c) && !IsDigit(c));
 }
 
 Token Lexer::TakeBracketed() {
@@ -142,7 +160,7 @@ Token Lexer::TakeString() {
 std::size_t Lexer::WordLength() const {
   std::size_t end = position_;
   while (end < text_.size() && IsWordCharacter(text_[end])) {
-    end += page_.IsLeadByte(text_[end]) ? 2 : 1;
+    end += lead_bytes_[static_cast<unsigned char>(text_[end])] ? 2 : 1;
   }
   return std::min(end, text_.size()) - position_;
 }
@@ -150,6 +168,32 @@ std::size_t Lexer::WordLength() const {
 std::size_t Lexer::NumberLength() const {
   std::size_t end = position_;
   while (end < text_.size() && (IsDigit(text_[end]) || text_[end] == '.')) ++end;
+  if (end < text_.size() && (WithoutCase(text_[end]) == 'e' || WithoutCase(text_[end]) == 'd')) {
+    std::size_t digits = end + 1;
+    if (digits < text_.size() && (text_[digits] == '+' || text_[digits] == '-')) ++digits;
+    if (digits < text_.size() && IsDigit(text_[digits])) {
+      end = digits;
+      while (end < text_.size() && IsDigit(text_[end])) ++end;
+    }
+  }
+  if (end < text_.size() && IsTypeCharacter(text_[end])) ++end;
+  return end - position_;
+}
+
+// Length of the hexadecimal or octal number at the "&"; 0 when it is an operator.
+std::size_t Lexer::BasedNumberLength() const {
+  std::size_t end = position_ + 1;
+  if (end == text_.size()) return 0;
+  const char base = WithoutCase(text_[end]);
+  if (base != 'h' && base != 'o') return 0;
+  const std::size_t digits = ++end;
+  while (end < text_.size() &&
+         (IsDigit(text_[end]) ||
+          (base == 'h' && WithoutCase(text_[end]) >= 'a' && WithoutCase(text_[end]) <= 'f'))) {
+    ++end;
+  }
+  if (end == digits || (end < text_.size() && IsWordCharacter(text_[end]))) return 0;
+  if (end < text_.size() && (text_[end] == '&' || text_[end] == '%')) ++end;
   return end - position_;
 }
 
@@ -173,13 +217,14 @@ std::size_t Lexer::DateLength() const {
   return end < text_.size() ? end + 1 - position_ : 1;
 }
 
-std::size_t CommentStart(std::string_view text, const CodePage& page, bool continues_comment) {
+std::size_t CommentStart(std::string_view text, const LeadBytes& lead_bytes,
+                         bool continues_comment) {
   if (continues_comment) return 0;
   const OneLine line(text);
-  Lexer lexer(line, page, 1);
+  Lexer lexer(line, lead_bytes, 1);
   while (lexer.Next().kind != TokenKind::kEnd) {
   }
   return lexer.has_comment() ? lexer.comment_column() : text.size();
 }
 
-}  // namespace vbfiles
+}  // namespace vbcode
