@@ -43,6 +43,9 @@ std::string WithChecksums(std::string bytes) {
   return bytes;
 }
 
+// The file that a journal may name besides its database.
+const files::Reach kReach = [](const std::string& path) { return path == "/p/a"; };
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -53,14 +56,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string database = "/p/d";
   system.Put(database, std::string(2048, 'd'));
   system.Put("/p/a", "a");
+  system.Put("/p/foreign", "f");
   system.Put(database + ".journal", journal);
   for (const auto choice : {files::RecoveryChoice::kBefore, files::RecoveryChoice::kAfter,
                             files::RecoveryChoice::kDiscard}) {
     const auto before = system.Snapshot();
     try {
-      files::ExamineJournal(system, database);
+      files::ExamineJournal(system, database, kReach);
       if (system.Snapshot() != before) std::abort();
-      files::Recover(system, database);
+      files::Recover(system, database, kReach);
     } catch (const files::Error& error) {
       const bool refused =
           error.kind() == files::ErrorKind::kDamaged || error.kind() == files::ErrorKind::kConflict;
@@ -70,9 +74,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       }
     }
     try {
-      files::Resolve(system, database, choice);
+      files::Resolve(system, database, choice, kReach);
     } catch (const files::Error&) {
     }
+    if (system.Get("/p/foreign") != "f") std::abort();
   }
   return 0;
 }

@@ -20,7 +20,10 @@ int Run(files::FileSystem& system, const std::string& folder) {
   // The journal stands beside the first of the files.
   const std::string one = system.Join(folder, "one.txt");
   const std::string two = system.Join(folder, "two.txt");
-  const files::RecoveryPlan found = files::Recover(system, one);
+  // What a journal says is believed only of this file, besides the one that it stands beside.
+  const files::Reach is_ours = [target = files::ResolveTarget(system, two)](
+                                   const std::string& path) { return path == target; };
+  const files::RecoveryPlan found = files::Recover(system, one, is_ours);
   if (!found.message.empty()) std::cout << found.message << '\n';
 
   files::ChangeSet changes;
@@ -31,7 +34,7 @@ int Run(files::FileSystem& system, const std::string& folder) {
     change.after =
         std::to_string(std::atoi(change.before ? change.before->c_str() : "0") + 1) + "\n";
   }
-  files::ChangeJournal(system, one).Commit(changes);
+  files::ChangeJournal(system, one, is_ours).Commit(changes);
   std::cout << "Both files hold " << *changes.files[0].after;
   return 0;
 }

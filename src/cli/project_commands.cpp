@@ -107,8 +107,9 @@ int RunRecover(Invocation& invocation) {
   const auto choice = ChoiceOption(invocation);
   Console& console = invocation.console();
   const std::string path = invocation.Argument("PROJECT.ovs");
-  if (!choice) return ShowPlan(invocation, files::ExamineJournal(console.files, path));
-  files::Resolve(console.files, path, *choice);
+  const files::Reach reach = workbench::ReachOf(console.files, path, OptionsOf(invocation));
+  if (!choice) return ShowPlan(invocation, files::ExamineJournal(console.files, path, reach));
+  files::Resolve(console.files, path, *choice, reach);
   console.out << invocation.Text(kTextRecovered) << '\n';
   return kDone;
 }
@@ -149,7 +150,9 @@ std::vector<CommandSpec> ProjectCommands() {
        {project},
        {{"--before", "", kTextOptBefore},
         {"--after", "", kTextOptAfter},
-        {"--discard", "", kTextOptDiscard}},
+        {"--discard", "", kTextOptDiscard},
+        {"--vbp", "FILE", kTextOptVbp, true},
+        {"--allow-folder", "FOLDER", kTextOptAllowFolder, true}},
        {"ovformula recover Plant.ovs", "ovformula recover Plant.ovs --before"},
        RunRecover},
   };

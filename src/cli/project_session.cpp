@@ -21,10 +21,17 @@ namespace {
 constexpr OptionSpec kVbp{"--vbp", "FILE", kTextOptVbp, true};
 constexpr OptionSpec kCodePage{"--code-page", "NUMBER", kTextOptCodePage};
 
-workbench::ProjectOptions OptionsOf(Invocation& invocation, ProjectSession::Use use) {
-  workbench::ProjectOptions options;
+workbench::ProjectOptions OptionsFor(Invocation& invocation, ProjectSession::Use use) {
+  workbench::ProjectOptions options = OptionsOf(invocation);
   options.with_code = use != ProjectSession::Use::kRows && !invocation.Has("--no-code");
   options.read_only = use != ProjectSession::Use::kChange;
+  return options;
+}
+
+}  // namespace
+
+workbench::ProjectOptions OptionsOf(Invocation& invocation) {
+  workbench::ProjectOptions options;
   options.vb_files = invocation.Options("--vbp");
   options.items_file = invocation.Option("--items").value_or("");
   options.state_folder =
@@ -34,6 +41,8 @@ workbench::ProjectOptions OptionsOf(Invocation& invocation, ProjectSession::Use 
   options.vb.writable_folders = invocation.Options("--allow-folder");
   return options;
 }
+
+namespace {
 
 std::optional<std::int32_t> ParseId(std::string_view name) {
   if (name.starts_with('#')) name.remove_prefix(1);
@@ -88,7 +97,7 @@ ProjectSession::ProjectSession(Invocation& invocation, Use use)
     : invocation_(invocation),
       project_(std::make_unique<workbench::Project>(
           invocation.console().files, invocation.Argument("PROJECT.ovs"),
-          OptionsOf(invocation, use), invocation.texts())),
+          OptionsFor(invocation, use), invocation.texts())),
       progress_(invocation) {
   if (!project_->vb()) return;
   for (const std::string& problem : project_->vb()->Problems()) {

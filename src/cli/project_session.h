@@ -16,6 +16,8 @@ namespace cli {
 
 // Options that say how a project is to be read.
 std::vector<OptionSpec> OpenOptions(std::vector<OptionSpec> own);
+// What they say.
+workbench::ProjectOptions OptionsOf(Invocation& invocation);
 // Options of every command that changes something.
 std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own);
 // Options of commands that look at code without changing it.

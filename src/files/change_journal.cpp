@@ -47,11 +47,17 @@ struct WholeFile {
 class CommitRun {
  public:
   CommitRun(FileSystem& system, JournalFile& journal, const std::string& database,
-            const ChangeSet& changes)
-      : system_(system), journal_(journal), database_(database), changes_(changes) {}
+            const Reach& reach, const ChangeSet& changes, std::uint64_t salt)
+      : system_(system),
+        journal_(journal),
+        database_(database),
+        reach_(reach),
+        changes_(changes),
+        salt_(salt) {}
 
   void Run() {
     assert(journal_.locked());  // 1
+    CheckOneName(system_, database_, "cannot be written");
     CheckWholeFiles();
     WriteJournal();
     journal_.SyncName();
@@ -99,6 +105,11 @@ class CommitRun {
       file.stamp = system_.Stamp(file.record.path);
       CheckBefore(change, file);
       if (change.before == change.after) continue;
+      if (file.record.path != database_ && !(reach_ && reach_(file.record.path))) {
+        Raise(ErrorKind::kOutside, file.record.path, "is not changed",
+              "it is no file of the project");
+      }
+      CheckOneName(system_, file.record.path, "cannot be written");
       if (file.stamp && !system_.IsWritable(file.record.path)) {
         Raise(ErrorKind::kReadOnly, change.path, "cannot be written", "it is write-protected");
       }
@@ -126,8 +137,7 @@ class CommitRun {
   }
 
   void WriteJournal() {
-    journal::Writer writer(journal_.file(), RandomNumber(),
-                           system_.Stamp(database_).value_or(FileStamp()));
+    journal::Writer writer(journal_.file(), salt_, system_.Stamp(database_).value_or(FileStamp()));
     writer.AddDatabase(database_);
     for (RangeSource* source : changes_.ranges) AddRanges(*source, writer);
     for (const WholeFile& file : files_) {
@@ -182,7 +192,8 @@ class CommitRun {
   void StageFiles() {
     for (const WholeFile& file : files_) {
       if (file.change->after) {
-        staged_.emplace_back(system_, file.record.temporary, file.record.path, *file.change->after);
+        staged_.emplace_back(system_, file.record.temporary, file.record.path, *file.change->after,
+                             database_);
       }
     }
     Advance(Stage::kActive, Stage::kStaged);
@@ -228,7 +239,9 @@ class CommitRun {
   FileSystem& system_;
   JournalFile& journal_;
   const std::string& database_;
+  const Reach& reach_;
   const ChangeSet& changes_;
+  std::uint64_t salt_;
   std::vector<WholeFile> files_;
   std::vector<TemporaryFile> staged_;
   std::set<std::string> moved_;
@@ -247,9 +260,9 @@ std::string TextOf(const std::exception_ptr& cause) {
 
 // Puts back what a run did. Files that it had not come to yet stay as they are: they are as before,
 // or somebody else edited them just now.
-void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
+void Undo(FileSystem& system, JournalFile& journal, const std::string& database, const Reach& reach,
           const CommitRun& run) {
-  journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
+  journal::Inspection inspection = journal::Inspect(system, journal.file(), database, reach);
   for (journal::InspectedFile& file : inspection.files) {
     if (file.ranged) {
       const auto [least, most] = std::minmax(file.sizes.size_before, file.sizes.size_after);
@@ -268,11 +281,12 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
 
 // Undoes a run that failed, for the cause that is being handled, and raises that.
 [[noreturn]] void UndoAndRaise(FileSystem& system, JournalFile& journal,
-                               const std::string& database, const CommitRun& run) {
+                               const std::string& database, const Reach& reach,
+                               const CommitRun& run) {
   const std::exception_ptr cause = std::current_exception();
   try {
     if (run.touched()) {
-      Undo(system, journal, database, run);
+      Undo(system, journal, database, reach, run);
     } else {
       journal.PutToRest();
     }
@@ -288,24 +302,29 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
 
 }  // namespace
 
-ChangeJournal::ChangeJournal(FileSystem& system, std::string database_path)
-    : system_(system), database_path_(std::move(database_path)) {}
+ChangeJournal::ChangeJournal(FileSystem& system, std::string database_path, Reach reach)
+    : system_(system), database_path_(std::move(database_path)), reach_(std::move(reach)) {}
 
 void ChangeJournal::Commit(const ChangeSet& changes) {
   if (changes.empty()) return;
   const std::string database = ResolveTarget(system_, database_path_);
-  if (!journal_) {
-    journal_ = std::make_unique<JournalFile>(system_, JournalPath(system_, database_path_));
-  }
+  if (!journal_) journal_ = std::make_unique<JournalFile>(system_, database);
   const JournalLock lock(*journal_, /*create=*/true);
-  RecoverLocked(system_, *journal_, database,
-                journal::Inspect(system_, journal_->file(), database));
-  CommitRun run(system_, *journal_, database, changes);
+  const journal::Inspection left = journal::Inspect(system_, journal_->file(), database, reach_);
+  RecoverLocked(system_, *journal_, database, left);
+  const bool was_begun = left.condition == JournalCondition::kInterrupted ||
+                         left.condition == JournalCondition::kComplete;
+  if (was_begun && left.header.salt != last_salt_) {
+    Raise(ErrorKind::kConflict, database, "is not changed",
+          "an interrupted change of another program was put in order just now");
+  }
+  last_salt_ = RandomNumber();
+  CommitRun run(system_, *journal_, database, reach_, changes, last_salt_);
   try {
     run.Run();
   } catch (...) {
     run.CloseTemporaryFiles();
-    UndoAndRaise(system_, *journal_, database, run);
+    UndoAndRaise(system_, *journal_, database, reach_, run);
   }
   try {
     run.PutToRest();

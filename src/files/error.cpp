@@ -21,6 +21,12 @@ std::string_view Remedy(ErrorKind kind) {
       return "Read it again and repeat the change.";
     case ErrorKind::kNotAFile:
       return "Name a file.";
+    case ErrorKind::kInTheWay:
+      return "Remove or rename it.";
+    case ErrorKind::kManyNames:
+      return "Leave it one name, and make copies or symbolic links of the others.";
+    case ErrorKind::kOutside:
+      return "Agree to changes in its folder (--allow-folder), or move it into the project.";
     case ErrorKind::kIo:
       break;
   }

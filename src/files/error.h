@@ -9,15 +9,18 @@
 namespace files {
 
 enum class ErrorKind {
-  kNotFound,  // file or folder does not exist
-  kExists,    // it exists already
-  kReadOnly,  // no permission, read-only file or folder
-  kLocked,    // another program holds a conflicting lock
-  kFull,      // no space left
-  kDamaged,   // contents contradict themselves (journal)
-  kConflict,  // somebody else changed the file meanwhile
-  kNotAFile,  // a folder or a device stands under the name
-  kIo,        // any other failure of the operating system
+  kNotFound,   // file or folder does not exist
+  kExists,     // it exists already
+  kReadOnly,   // no permission, read-only file or folder
+  kLocked,     // another program holds a conflicting lock
+  kFull,       // no space left
+  kDamaged,    // contents contradict themselves (journal)
+  kConflict,   // somebody else changed the file meanwhile
+  kNotAFile,   // a folder or a device stands under the name
+  kInTheWay,   // a link or somebody's own file stands under a name that we need
+  kManyNames,  // the file has several names (hard links)
+  kOutside,    // the file is none that the project may write
+  kIo,         // any other failure of the operating system
 };
 
 // A failed file operation. The text is a whole sentence: path, what failed, cause, remedy.

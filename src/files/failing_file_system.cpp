@@ -120,12 +120,20 @@ int FailingFileSystem::count() const { return counter_->count; }
 
 std::uint64_t FailingFileSystem::bytes_written() const { return counter_->bytes_written; }
 
-std::unique_ptr<RandomAccessFile> FailingFileSystem::Open(const std::string& path, OpenMode mode) {
+std::unique_ptr<RandomAccessFile> FailingFileSystem::OpenLike(const std::string& path,
+                                                              OpenMode mode,
+                                                              const std::string& like) {
   counter_->Check(Operation::kOpen, path);
-  return std::make_unique<OpenFile>(inner_.Open(path, mode), counter_);
+  return std::make_unique<OpenFile>(inner_.OpenLike(path, mode, like), counter_);
 }
 
 bool FailingFileSystem::Exists(const std::string& path) { return inner_.Exists(path); }
+
+bool FailingFileSystem::IsLink(const std::string& path) { return inner_.IsLink(path); }
+
+std::uint64_t FailingFileSystem::NameCount(const std::string& path) {
+  return inner_.NameCount(path);
+}
 
 bool FailingFileSystem::IsDirectory(const std::string& path) { return inner_.IsDirectory(path); }
 

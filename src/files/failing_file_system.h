@@ -57,8 +57,11 @@ class FailingFileSystem final : public FileSystem {
   int count() const;
   std::uint64_t bytes_written() const;
 
-  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) override;
+  std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
+                                             const std::string& like) override;
   bool Exists(const std::string& path) override;
+  bool IsLink(const std::string& path) override;
+  std::uint64_t NameCount(const std::string& path) override;
   bool IsDirectory(const std::string& path) override;
   std::optional<FileStamp> Stamp(const std::string& path) override;
   std::vector<DirectoryEntry> List(const std::string& folder) override;

@@ -13,6 +13,8 @@
 
 namespace files {
 
+// Only reading follows a link in the last step of a path. Whoever writes through one resolves it
+// first (ResolveTarget), so that nothing that was planted under a name is written.
 enum class OpenMode {
   kRead,          // must exist
   kReadWrite,     // must exist
@@ -34,8 +36,19 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  virtual std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) = 0;
+  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) {
+    return OpenLike(path, mode, "");
+  }
+  // A file that this creates has, from its first moment, the permissions, owner and group of
+  // `like` as far as allowed, and never lets in anybody whom that one does not. Without a file
+  // `like` the user's mask decides.
+  virtual std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
+                                                     const std::string& like) = 0;
   virtual bool Exists(const std::string& path) = 0;
+  // Whether the last step of the path is a symbolic link, wherever it leads.
+  virtual bool IsLink(const std::string& path) = 0;
+  // How many names (hard links) the file has; 0 when it does not exist.
+  virtual std::uint64_t NameCount(const std::string& path) = 0;
   virtual bool IsDirectory(const std::string& path) = 0;
   // Size, time and identity without opening; nothing when the file does not exist.
   virtual std::optional<FileStamp> Stamp(const std::string& path) = 0;

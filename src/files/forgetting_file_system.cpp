@@ -118,10 +118,11 @@ void ForgettingFileSystem::Put(const std::string& path, std::string_view content
   SyncDirectory(Folder(path));
 }
 
-std::unique_ptr<RandomAccessFile> ForgettingFileSystem::Open(const std::string& path,
-                                                             OpenMode mode) {
+std::unique_ptr<RandomAccessFile> ForgettingFileSystem::OpenLike(const std::string& path,
+                                                                 OpenMode mode,
+                                                                 const std::string& like) {
   const bool existed = now_.Exists(path);
-  auto file = now_.Open(path, mode);
+  auto file = now_.OpenLike(path, mode, like);
   if (!existed) pending_names_.push_back({{now_.Canonical(path), file->Stamp().identity}});
   return std::make_unique<OpenFile>(std::move(file), log_);
 }

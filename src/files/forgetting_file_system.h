@@ -29,8 +29,11 @@ class ForgettingFileSystem final : public FileSystem {
   // One of the states in which the medium may be found when the power is cut now.
   std::unique_ptr<MemoryFileSystem> AfterPowerCut(std::mt19937& random) const;
 
-  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) override;
+  std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
+                                             const std::string& like) override;
   bool Exists(const std::string& path) override { return now_.Exists(path); }
+  bool IsLink(const std::string& path) override { return now_.IsLink(path); }
+  std::uint64_t NameCount(const std::string& path) override { return now_.NameCount(path); }
   bool IsDirectory(const std::string& path) override { return now_.IsDirectory(path); }
   std::optional<FileStamp> Stamp(const std::string& path) override { return now_.Stamp(path); }
   std::vector<DirectoryEntry> List(const std::string& folder) override { return now_.List(folder); }

@@ -4,7 +4,7 @@
 #include <thread>
 #include <utility>
 
-#include "files/replace_file.h"
+#include "files/file_identity.h"
 
 namespace files {
 namespace {
@@ -13,15 +13,21 @@ constexpr std::uint64_t kWorkByte = std::uint64_t{1} << 62;
 constexpr std::uint64_t kPresenceByte = kWorkByte + 1;
 // Room kept for the next commit: that of two classes of 30,000 lines.
 constexpr std::uint64_t kKeptAtRest = std::uint64_t{4} << 20;
+constexpr const char* kExtension = ".journal";
 
 }  // namespace
 
-std::string JournalPath(FileSystem& system, const std::string& database_path) {
-  return ResolveTarget(system, database_path) + ".journal";
+bool HasJournal(FileSystem& system, const std::string& database_path) {
+  const std::string path = FollowLink(system, database_path) + kExtension;
+  return system.Exists(path) || system.IsLink(path);
 }
 
-JournalFile::JournalFile(FileSystem& system, std::string path)
-    : system_(system), path_(std::move(path)) {}
+std::string JournalPath(FileSystem& system, const std::string& database_path) {
+  return ResolveTarget(system, database_path) + kExtension;
+}
+
+JournalFile::JournalFile(FileSystem& system, std::string database)
+    : system_(system), database_(std::move(database)), path_(database_ + kExtension) {}
 
 JournalFile::~JournalFile() { RemoveIfUnused(); }
 
@@ -53,8 +59,8 @@ bool JournalFile::BearsName() {
 }
 
 bool JournalFile::Open(bool create) {
-  auto file = create ? system_.Open(path_, OpenMode::kCreateOrOpen)
-                     : OpenIfExists(system_, path_, OpenMode::kReadWrite);
+  auto file = OpenIfExists(system_, path_, OpenMode::kReadWrite);
+  if (!file && create) file = system_.OpenLike(path_, OpenMode::kCreateOrOpen, database_);
   if (!file) return false;
   if (file->TryLock(kPresenceByte, 1, LockMode::kShared)) {
     file_ = std::move(file);
@@ -106,7 +112,9 @@ void JournalFile::RemoveIfUnused() noexcept {
 
 std::unique_ptr<RandomAccessFile> OpenIfExists(FileSystem& system, const std::string& path,
                                                OpenMode mode) {
+  if (system.IsLink(path)) Raise(ErrorKind::kInTheWay, path, "cannot be used", "it is a link");
   if (!system.Exists(path)) return nullptr;
+  CheckOneName(system, path, "cannot be used");
   try {
     return system.Open(path, mode);
   } catch (const Error& error) {

@@ -19,8 +19,8 @@ namespace files {
 // nothing.
 class JournalFile {
  public:
-  // `path` as JournalPath returns it.
-  JournalFile(FileSystem& system, std::string path);
+  // `database` as ResolveTarget returns it; the journal stands beside it and lets in whom it does.
+  JournalFile(FileSystem& system, std::string database);
   ~JournalFile();
   JournalFile(const JournalFile&) = delete;
   JournalFile& operator=(const JournalFile&) = delete;
@@ -52,6 +52,7 @@ class JournalFile {
   bool Open(bool create);
 
   FileSystem& system_;
+  std::string database_;
   std::string path_;
   std::unique_ptr<RandomAccessFile> file_;
   bool locked_ = false;
@@ -74,9 +75,13 @@ class JournalLock {
   bool held_;
 };
 
-// Opens a file that may be removed by others at any time; null when there is none.
+// Opens a journal, which may be removed by others at any time; null when there is none. Raises
+// kInTheWay or kManyNames for what stands there and is not a file of its own.
 std::unique_ptr<RandomAccessFile> OpenIfExists(FileSystem& system, const std::string& path,
                                                OpenMode mode);
+
+// Whether anything stands under the name of the database's journal.
+bool HasJournal(FileSystem& system, const std::string& database_path);
 
 // The journal's path: beside the file that the database's path leads to, links resolved.
 std::string JournalPath(FileSystem& system, const std::string& database_path);

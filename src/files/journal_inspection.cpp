@@ -5,25 +5,21 @@
 #include <optional>
 
 #include "files/hash.h"
+#include "files/replace_file.h"
 
 namespace files {
 namespace journal {
 namespace {
 
-// One file under either name; paths that differ only in the case of letters may mean one file.
-bool SameFile(FileSystem& system, const std::string& one, const std::string& other) {
-  if (one == other) return true;
-  const std::optional<FileStamp> first = system.Stamp(one);
-  const std::optional<FileStamp> second = system.Stamp(other);
-  return first && second && first->identity == second->identity;
-}
-
 class Inspector {
  public:
-  Inspector(FileSystem& system, Inspection& result) : system_(system), result_(result) {}
+  Inspector(FileSystem& system, const Reach& reach, Scope scope, Inspection& result)
+      : system_(system), reach_(reach), scope_(scope), result_(result) {}
 
-  // False when the record cannot stand where it stands.
+  // False when the record cannot stand where it stands, or names what it must not.
   bool Take(const Record& record) {
+    if (!NamesOwnFiles(record)) return false;
+    if (skipping_) return true;
     if (const auto* file = std::get_if<RangedFileRecord>(&record)) return Begin(*file);
     if (const auto* range = std::get_if<RangeRecord>(&record)) return Compare(*range);
     if (const auto* file = std::get_if<WholeFileRecord>(&record)) return Begin(*file);
@@ -33,6 +29,32 @@ class Inspector {
   }
 
  private:
+  // Whether the record, if it names a file, names one of the project's. Notes which it is not, and
+  // whether it and what follows it is to be passed over.
+  bool NamesOwnFiles(const Record& record) {
+    if (const auto* ranged = std::get_if<RangedFileRecord>(&record)) {
+      skipping_ = false;
+      if (!IsDatabase(ranged->path)) result_.outside = ranged->path;
+    } else if (const auto* whole = std::get_if<WholeFileRecord>(&record)) {
+      skipping_ = scope_ == Scope::kDatabase && !IsDatabase(whole->path);
+      result_.passed_over = result_.passed_over || skipping_;
+      if (skipping_) return true;
+      if (!IsOwn(whole->path)) result_.outside = whole->path;
+      if (!IsTemporaryName(whole->temporary, whole->path)) result_.outside = whole->temporary;
+    }
+    return result_.outside.empty();
+  }
+
+  bool IsDatabase(const std::string& path) { return IsSamePath(system_, path, result_.database); }
+
+  // A path that was not resolved, or has led elsewhere since, is not the one that was written.
+  bool IsOwn(const std::string& path) {
+    if (IsDatabase(path)) return true;
+    if (!reach_ || !reach_(path)) return false;
+    return !system_.Exists(system_.Folder(path)) ||
+           (!system_.IsLink(path) && ResolveTarget(system_, path) == path);
+  }
+
   bool InRangedFile() const { return !result_.files.empty() && result_.files.back().ranged; }
   bool InWholeFile() const { return !result_.files.empty() && !result_.files.back().ranged; }
 
@@ -140,7 +162,10 @@ class Inspector {
   }
 
   FileSystem& system_;
+  const Reach& reach_;
+  Scope scope_;
   Inspection& result_;
+  bool skipping_ = false;
   std::unique_ptr<RandomAccessFile> open_;
   std::vector<std::byte> current_;
 };
@@ -186,8 +211,8 @@ bool InspectedFile::CanPutBack() const {
   return !has_kept_parts || is_after || temporary_now == whole.after;
 }
 
-Inspection Inspect(FileSystem& system, RandomAccessFile& journal,
-                   const std::string& database_path) {
+Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::string& database_path,
+                   const Reach& reach, Scope scope) {
   Inspection result;
   const HeaderCondition condition = ReadHeader(journal, result.header);
   if (condition == HeaderCondition::kForeign || condition == HeaderCondition::kDamaged) {
@@ -206,14 +231,16 @@ Inspection Inspect(FileSystem& system, RandomAccessFile& journal,
       return result;
     }
     result.database = database->path;
-    if (!SameFile(system, result.database, database_path)) {
+    if (!IsSamePath(system, result.database, database_path)) {
       result.condition = JournalCondition::kElsewhere;
       return result;
     }
-    Inspector inspector(system, result);
+    Inspector inspector(system, reach, scope, result);
     while ((read = reader.Next(record)) == Reader::Result::kRecord) {
       if (!inspector.Take(record)) {
-        result.condition = JournalCondition::kDamaged;
+        result.condition =
+            result.outside.empty() ? JournalCondition::kDamaged : JournalCondition::kOutside;
+        result.files.clear();
         return result;
       }
     }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "files/file_identity.h"
 #include "files/file_system.h"
 #include "files/journal_format.h"
 #include "files/recovery.h"
@@ -41,7 +42,9 @@ struct Inspection {
   JournalCondition condition = JournalCondition::kNone;
   bool readable_to_end = false;
   Header header;
-  std::string database;  // where the journal says that it belongs
+  std::string database;      // where the journal says that it belongs
+  std::string outside;       // the first file that it names and that it must not; "" for none
+  bool passed_over = false;  // whether it names files that were not looked at
   std::vector<InspectedFile> files;
 };
 
@@ -49,8 +52,16 @@ struct Inspection {
 // the journal was begun, as far as its time and size tell.
 JournalCondition Judge(const Inspection& inspection, bool database_written);
 
+enum class Scope {
+  kAllFiles,
+  kDatabase,  // only the database is looked at and listed
+};
+
 // Reads a journal and compares each file that it names with its states before and after. Changes
-// nothing; memory is bounded whatever the journal holds, but for the whole files themselves.
-Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::string& database_path);
+// nothing; memory is bounded whatever the journal holds, but for the whole files themselves. Of a
+// journal that names anything but the database at this path, files within the reach and temporary
+// files beside those, nothing is used. `database` as ResolveTarget returns it.
+Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::string& database,
+                   const Reach& reach, Scope scope = Scope::kAllFiles);
 
 }  // namespace files::journal

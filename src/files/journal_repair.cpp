@@ -12,7 +12,7 @@ namespace {
 
 void CopyFile(FileSystem& system, const std::string& from, const std::string& to) {
   const auto source = system.Open(from, OpenMode::kRead);
-  const auto target = system.Open(to, OpenMode::kCreateNew);
+  const auto target = system.OpenLike(to, OpenMode::kCreateNew, from);
   std::vector<std::byte> buffer(std::size_t{1} << 18);
   std::uint64_t offset = 0;
   while (const std::size_t count = source->ReadAt(offset, buffer)) {
@@ -99,7 +99,7 @@ class Restorer {
     // The file that is replaced, and the new contents, may be needed once more.
     const std::string restored = RestoredName(whole);
     if (system_.Exists(restored)) system_.Remove(restored);
-    WriteTemporary(system_, restored, whole.path, contents_);
+    WriteTemporary(system_, restored, whole.path, contents_, inspection_.database);
     system_.Rename(restored, whole.path);
   }
 

@@ -69,6 +69,7 @@ struct MemoryFileSystem::Node {
   std::uint64_t identity;
   bool read_only = false;
   std::string contents;
+  std::string link;  // where a symbolic link leads; "" for everything else
   std::int64_t modified = ++medium->clock;
   std::vector<Lock> locks;
 };
@@ -165,9 +166,60 @@ MemoryFileSystem::MemoryFileSystem() : medium_(std::make_shared<Medium>()) {
 
 MemoryFileSystem::~MemoryFileSystem() = default;
 
-std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::Find(const std::string& path) const {
-  const auto it = nodes_.find(Normal(path));
+std::string MemoryFileSystem::Resolve(const std::string& path, LastStep last) const {
+  constexpr int kMostLinks = 40;
+  std::string rest = Normal(path);
+  std::string resolved = "/";
+  for (int links = 0; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('/', 1), rest.size());
+    const std::string at = Join(resolved, rest.substr(1, end - 1));
+    rest.erase(0, end);
+    const auto it = nodes_.find(at);
+    const bool follow = it != nodes_.end() && !it->second->link.empty() &&
+                        (!rest.empty() || last == LastStep::kFollow) && ++links < kMostLinks;
+    if (!follow) {
+      resolved = at == "/" ? at : Normal(at);
+      continue;
+    }
+    const std::string& target = it->second->link;
+    rest = Normal((target.starts_with('/') ? target : Join(resolved, target)) + rest);
+    resolved = "/";
+  }
+  return resolved;
+}
+
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::Find(const std::string& path,
+                                                               LastStep last) const {
+  const auto it = nodes_.find(Resolve(path, last));
   return it == nodes_.end() ? nullptr : it->second;
+}
+
+void MemoryFileSystem::MakeLink(const std::string& target, const std::string& path) {
+  const std::string name = Resolve(path, LastStep::kKeep);
+  CheckFolder(name, "cannot be created");
+  if (nodes_.contains(name)) Raise(ErrorKind::kExists, path, "cannot be created");
+  nodes_[name] = std::make_shared<Node>(medium_);
+  nodes_[name]->link = target;
+}
+
+void MemoryFileSystem::AddName(const std::string& file, const std::string& name) {
+  const std::shared_ptr<Node> node = Find(file);
+  if (!node) Raise(ErrorKind::kNotFound, file, "cannot be given another name");
+  const std::string path = Resolve(name, LastStep::kKeep);
+  CheckFolder(path, "cannot be created");
+  if (nodes_.contains(path)) Raise(ErrorKind::kExists, name, "cannot be created");
+  nodes_[path] = node;
+}
+
+bool MemoryFileSystem::IsLink(const std::string& path) {
+  const std::shared_ptr<Node> node = Find(path, LastStep::kKeep);
+  return node && !node->link.empty();
+}
+
+std::uint64_t MemoryFileSystem::NameCount(const std::string& path) {
+  const std::shared_ptr<Node> node = Find(path);
+  return static_cast<std::uint64_t>(std::count_if(
+      nodes_.begin(), nodes_.end(), [&](const auto& entry) { return entry.second == node; }));
 }
 
 // Raises unless names in the folder of `path` may be changed.
@@ -193,7 +245,7 @@ std::string MemoryFileSystem::Get(const std::string& path) { return ReadFile(*th
 std::map<std::string, std::string> MemoryFileSystem::Snapshot() const {
   std::map<std::string, std::string> all;
   for (const auto& [path, node] : nodes_) {
-    if (!node->is_folder) all[path] = node->contents;
+    if (!node->is_folder && node->link.empty()) all[path] = node->contents;
   }
   return all;
 }
@@ -219,8 +271,14 @@ void MemoryFileSystem::RemoveTree(const std::string& folder) {
   });
 }
 
-std::unique_ptr<RandomAccessFile> MemoryFileSystem::Open(const std::string& path, OpenMode mode) {
-  std::shared_ptr<Node> node = Find(path);
+// Everybody is one user here: there are no permissions to take from `like`.
+std::unique_ptr<RandomAccessFile> MemoryFileSystem::OpenLike(const std::string& path, OpenMode mode,
+                                                             const std::string& /*like*/) {
+  if (mode != OpenMode::kRead && mode != OpenMode::kCreateNew && IsLink(path)) {
+    Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
+  }
+  std::shared_ptr<Node> node =
+      Find(path, mode == OpenMode::kCreateNew ? LastStep::kKeep : LastStep::kFollow);
   if (node && mode == OpenMode::kCreateNew) {
     Raise(ErrorKind::kExists, path, "cannot be created", "it exists already");
   }
@@ -229,7 +287,7 @@ std::unique_ptr<RandomAccessFile> MemoryFileSystem::Open(const std::string& path
       Raise(ErrorKind::kNotFound, path, "cannot be opened", "it does not exist");
     }
     CheckFolder(path, "cannot be created");
-    node = nodes_[Normal(path)] = std::make_shared<Node>(medium_);
+    node = nodes_[Resolve(path)] = std::make_shared<Node>(medium_);
   }
   if (node->is_folder) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
   if (node->read_only && mode != OpenMode::kRead) {
@@ -253,11 +311,11 @@ std::optional<FileStamp> MemoryFileSystem::Stamp(const std::string& path) {
 
 std::vector<DirectoryEntry> MemoryFileSystem::List(const std::string& folder) {
   if (!IsDirectory(folder)) Raise(ErrorKind::kNotFound, folder, "cannot be listed");
-  const std::string root = Normal(folder);
+  const std::string root = Resolve(folder);
   std::vector<DirectoryEntry> entries;
   for (const auto& [path, node] : nodes_) {
     if (path != "/" && Folder(path) == root) {
-      entries.push_back({FileName(path), node->is_folder, false});
+      entries.push_back({FileName(path), IsDirectory(path), !node->link.empty()});
     }
   }
   return entries;
@@ -265,14 +323,14 @@ std::vector<DirectoryEntry> MemoryFileSystem::List(const std::string& folder) {
 
 void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
   const std::string failure = "cannot be renamed to " + to;
-  const std::shared_ptr<Node> node = Find(from);
+  const std::shared_ptr<Node> node = Find(from, LastStep::kKeep);
   if (!node) Raise(ErrorKind::kNotFound, from, failure, "it does not exist");
   CheckFolder(from, failure);
   CheckFolder(to, failure);
-  const std::string source = Normal(from);
-  const std::string target = Normal(to);
+  const std::string source = Resolve(from, LastStep::kKeep);
+  const std::string target = Resolve(to, LastStep::kKeep);
   if (source == target) return;
-  if (IsDirectory(to)) Raise(ErrorKind::kExists, from, failure, "that is a folder");
+  if (!IsLink(to) && IsDirectory(to)) Raise(ErrorKind::kExists, from, failure, "that is a folder");
   std::map<std::string, std::shared_ptr<Node>> moved;
   for (const auto& [path, inner] : nodes_) {
     if (path == source || IsInside(path, source)) {
@@ -286,12 +344,14 @@ void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
 }
 
 void MemoryFileSystem::Remove(const std::string& path) {
-  if (!Find(path)) Raise(ErrorKind::kNotFound, path, "cannot be removed", "it does not exist");
+  if (!Find(path, LastStep::kKeep)) {
+    Raise(ErrorKind::kNotFound, path, "cannot be removed", "it does not exist");
+  }
   CheckFolder(path, "cannot be removed");
-  if (IsDirectory(path) && !List(path).empty()) {
+  if (!IsLink(path) && IsDirectory(path) && !List(path).empty()) {
     Raise(ErrorKind::kIo, path, "cannot be removed", "the folder is not empty");
   }
-  nodes_.erase(Normal(path));
+  nodes_.erase(Resolve(path, LastStep::kKeep));
 }
 
 void MemoryFileSystem::CreateDirectories(const std::string& folder) {
@@ -304,7 +364,7 @@ void MemoryFileSystem::CreateDirectories(const std::string& folder) {
   }
   CreateDirectories(Folder(path));
   CheckFolder(path, "cannot be created");
-  nodes_[path] = std::make_shared<Node>(medium_, true);
+  nodes_[Resolve(path)] = std::make_shared<Node>(medium_, true);
 }
 
 void MemoryFileSystem::SyncDirectory(const std::string& folder) {
@@ -313,7 +373,7 @@ void MemoryFileSystem::SyncDirectory(const std::string& folder) {
 
 std::string MemoryFileSystem::Canonical(const std::string& path) {
   if (!Find(path)) Raise(ErrorKind::kNotFound, path, "cannot be found", "it does not exist");
-  return Normal(path);
+  return Resolve(path);
 }
 
 bool MemoryFileSystem::IsWritable(const std::string& path) {

@@ -34,7 +34,15 @@ class MemoryFileSystem final : public FileSystem {
   // Removes a folder with all that is in it, as when a medium is pulled out.
   void RemoveTree(const std::string& folder);
 
-  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) override;
+  // Makes a symbolic link; the target need not exist and may be relative to the link's folder.
+  void MakeLink(const std::string& target, const std::string& path);
+  // Gives a file a second name. Raises kNotFound, kExists.
+  void AddName(const std::string& file, const std::string& name);
+
+  std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
+                                             const std::string& like) override;
+  bool IsLink(const std::string& path) override;
+  std::uint64_t NameCount(const std::string& path) override;
   bool Exists(const std::string& path) override;
   bool IsDirectory(const std::string& path) override;
   std::optional<FileStamp> Stamp(const std::string& path) override;
@@ -56,7 +64,11 @@ class MemoryFileSystem final : public FileSystem {
   struct Medium;
   class OpenFile;
 
-  std::shared_ptr<Node> Find(const std::string& path) const;
+  enum class LastStep { kFollow, kKeep };
+
+  // The key of nodes_ that a path means, links followed; there need not be such a file.
+  std::string Resolve(const std::string& path, LastStep last = LastStep::kFollow) const;
+  std::shared_ptr<Node> Find(const std::string& path, LastStep last = LastStep::kFollow) const;
   void CheckFolder(const std::string& path, std::string_view failure) const;
 
   std::shared_ptr<Medium> medium_;

@@ -79,9 +79,14 @@ void Check(const std::error_code& code, const std::string& path, std::string_vie
 
 class OperatingSystemFiles final : public FileSystem {
  public:
-  std::unique_ptr<RandomAccessFile> Open(const std::string& path, OpenMode mode) override {
-    return os::OpenFile(path, mode);
+  std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
+                                             const std::string& like) override {
+    return os::OpenFile(path, mode, like);
   }
+
+  bool IsLink(const std::string& path) override { return os::IsLink(path); }
+
+  std::uint64_t NameCount(const std::string& path) override { return os::NameCount(path); }
 
   bool Exists(const std::string& path) override {
     std::error_code code;

@@ -19,7 +19,11 @@ ErrorKind KindOf(const std::error_code& code);
 [[noreturn]] void RaiseSystem(const std::error_code& code, const std::string& path,
                               std::string_view failure);
 
-std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode);
+// As FileSystem::OpenLike.
+std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode,
+                                           const std::string& like);
+bool IsLink(const std::string& path);
+std::uint64_t NameCount(const std::string& path);
 std::optional<FileStamp> StampOf(const std::string& path);
 void SyncFolder(const std::string& folder);
 bool MayWrite(const std::string& path);

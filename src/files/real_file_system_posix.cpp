@@ -155,45 +155,99 @@ class PosixFile final : public RandomAccessFile {
   bool read_only_;
 };
 
-int Flags(OpenMode mode) {
-  // O_NONBLOCK: a pipe of that name must not stop the program before it is refused below.
-  constexpr int kCommon = O_CLOEXEC | O_NONBLOCK;
+// O_NONBLOCK: a pipe of that name must not stop the program before it is refused.
+constexpr int kCommonFlags = O_CLOEXEC | O_NONBLOCK;
+
+constexpr const char* kAccessList = "system.posix_acl_access";
+constexpr mode_t kReadAndWrite = 0666;
+
+bool CopyExtendedAttribute(const std::string& from, int to, const char* name) {
+  const ssize_t size = ::getxattr(from.c_str(), name, nullptr, 0);
+  if (size < 0) return false;
+  std::string value(static_cast<std::size_t>(size), '\0');
+  return ::getxattr(from.c_str(), name, value.data(), value.size()) == size &&
+         ::fsetxattr(to, name, value.data(), value.size(), 0) == 0;
+}
+
+// Gives an open file the owner, the group and these permissions of the model. Only an
+// administrator may give files away, but the group can often be kept; permissions of a group that
+// cannot are no other group's.
+bool GiveAccess(int fd, const struct stat& model, mode_t permissions) {
+  // The owner first: changing it clears permissions.
+  if (::fchown(fd, model.st_uid, model.st_gid) < 0) {
+    static_cast<void>(::fchown(fd, static_cast<uid_t>(-1), model.st_gid) < 0);
+  }
+  struct stat now;
+  if (::fstat(fd, &now) < 0) return false;
+  if (now.st_gid != model.st_gid) permissions &= ~static_cast<mode_t>(S_IRWXG | S_ISGID);
+  return ::fchmod(fd, permissions) == 0;
+}
+
+Descriptor OpenDescriptor(const std::string& path, int flags, mode_t permissions = 0) {
+  return Descriptor(Retry([&] { return ::open(path.c_str(), kCommonFlags | flags, permissions); }));
+}
+
+// Makes a file that must not exist, with nobody else let in before its permissions are known.
+Descriptor CreateFile(const std::string& path, const std::string& like) {
+  constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL;
+  struct stat model;
+  if (like.empty() || ::stat(like.c_str(), &model) < 0) {
+    return OpenDescriptor(path, kFlags, kReadAndWrite);  // less the user's mask
+  }
+  constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+  Descriptor fd = OpenDescriptor(path, kFlags, kOwnerOnly);
+  if (fd.get() >= 0 && GiveAccess(fd.get(), model, (model.st_mode & kReadAndWrite) | kOwnerOnly)) {
+    CopyExtendedAttribute(like, fd.get(), kAccessList);
+  }
+  return fd;
+}
+
+// The file may come and go between two calls.
+Descriptor CreateOrOpen(const std::string& path, const std::string& like) {
+  constexpr int kAttempts = 100;
+  for (int attempt = 1;; ++attempt) {
+    Descriptor opened = OpenDescriptor(path, O_RDWR | O_NOFOLLOW);
+    if (opened.get() >= 0 || errno != ENOENT) return opened;
+    Descriptor created = CreateFile(path, like);
+    if (created.get() >= 0 || errno != EEXIST || attempt == kAttempts) return created;
+  }
+}
+
+Descriptor OpenAs(OpenMode mode, const std::string& path, const std::string& like) {
   switch (mode) {
     case OpenMode::kRead:
-      return kCommon | O_RDONLY;
+      return OpenDescriptor(path, O_RDONLY);
     case OpenMode::kReadWrite:
-      return kCommon | O_RDWR;
+      return OpenDescriptor(path, O_RDWR | O_NOFOLLOW);
     case OpenMode::kCreateNew:
-      return kCommon | O_RDWR | O_CREAT | O_EXCL;
+      return CreateFile(path, like);
     case OpenMode::kCreateOrOpen:
       break;
   }
-  return kCommon | O_RDWR | O_CREAT;
+  return CreateOrOpen(path, like);
 }
 
-void CopyExtendedAttributes(const std::string& from, const std::string& to) {
+void CopyExtendedAttributes(const std::string& from, int to) {
   const ssize_t list_size = ::listxattr(from.c_str(), nullptr, 0);
   if (list_size <= 0) return;
   std::string names(static_cast<std::size_t>(list_size), '\0');
   if (::listxattr(from.c_str(), names.data(), names.size()) != list_size) return;
   for (std::size_t start = 0; start < names.size(); start = names.find('\0', start) + 1) {
-    const char* name = names.c_str() + start;
-    const ssize_t size = ::getxattr(from.c_str(), name, nullptr, 0);
-    if (size < 0) continue;
-    std::string value(static_cast<std::size_t>(size), '\0');
-    if (::getxattr(from.c_str(), name, value.data(), value.size()) != size) continue;
     // Names of the system's own spaces may be refused; the others are allowed to the owner.
-    static_cast<void>(::setxattr(to.c_str(), name, value.data(), value.size(), 0));
+    CopyExtendedAttribute(from, to, names.c_str() + start);
   }
 }
 
 }  // namespace
 
-std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode) {
-  constexpr mode_t kEverybody = 0666;  // less the user's mask
-  Descriptor fd(Retry([&] { return ::open(path.c_str(), Flags(mode), kEverybody); }));
+std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode,
+                                           const std::string& like) {
+  Descriptor fd = OpenAs(mode, path, like);
   if (fd.get() < 0) {
-    if (errno == EISDIR) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
+    const int error = errno;
+    if (error == EISDIR) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
+    if (error == ELOOP) Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
+    errno = error;
     RaiseErrno(path, "cannot be opened");
   }
   struct stat info;
@@ -209,6 +263,16 @@ std::optional<FileStamp> StampOf(const std::string& path) {
   struct stat info;
   if (::stat(path.c_str(), &info) < 0) return std::nullopt;
   return ToStamp(info);
+}
+
+bool IsLink(const std::string& path) {
+  struct stat info;
+  return ::lstat(path.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
+std::uint64_t NameCount(const std::string& path) {
+  struct stat info;
+  return ::stat(path.c_str(), &info) == 0 ? static_cast<std::uint64_t>(info.st_nlink) : 0;
 }
 
 void SyncFolder(const std::string& folder) {
@@ -228,16 +292,12 @@ bool MayWrite(const std::string& path) {
 void CopyFileAttributes(const std::string& from, const std::string& to) {
   struct stat info;
   if (::stat(from.c_str(), &info) < 0) RaiseErrno(from, "cannot be examined");
-  // The owner first: changing it clears permissions. Only an administrator may give files away,
-  // but the group can often be kept.
-  if (::chown(to.c_str(), info.st_uid, info.st_gid) < 0) {
-    static_cast<void>(::chown(to.c_str(), static_cast<uid_t>(-1), info.st_gid) < 0);
-  }
+  const Descriptor fd = OpenDescriptor(to, O_RDONLY | O_NOFOLLOW);
   constexpr mode_t kPermissions = 07777;
-  if (::chmod(to.c_str(), info.st_mode & kPermissions) < 0) {
+  if (fd.get() < 0 || !GiveAccess(fd.get(), info, info.st_mode & kPermissions)) {
     RaiseErrno(to, "cannot be given the permissions of " + from);
   }
-  CopyExtendedAttributes(from, to);
+  CopyExtendedAttributes(from, fd.get());
 }
 
 std::string_view Separators() { return "/"; }

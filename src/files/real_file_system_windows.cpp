@@ -201,8 +201,13 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 }  // namespace
 
-std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode) {
+// New files take their permissions from their folder.
+std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode,
+                                           const std::string& /*like*/) {
   const bool read_only = mode == OpenMode::kRead;
+  if (!read_only && IsLink(path)) {
+    Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
+  }
   const DWORD access = read_only ? GENERIC_READ : (GENERIC_READ | GENERIC_WRITE);
   Handle handle(::CreateFileW(Wide(path).c_str(), access, kShareAll, nullptr, Disposition(mode),
                               FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -218,6 +223,25 @@ std::optional<FileStamp> StampOf(const std::string& path) {
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   if (!handle.valid()) return std::nullopt;
   return StampOfHandle(handle.get(), path);
+}
+
+// Placeholders of synchronised folders are marked like links but are files.
+bool IsLink(const std::string& path) {
+  WIN32_FIND_DATAW found;
+  const HANDLE search = ::FindFirstFileW(Wide(path).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  ::FindClose(search);
+  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
+          found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
+std::uint64_t NameCount(const std::string& path) {
+  const Handle handle(::CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION info;
+  return handle.valid() && ::GetFileInformationByHandle(handle.get(), &info) ? info.nNumberOfLinks
+                                                                             : 0;
 }
 
 // The system writes names with the file's own flush; a folder's handle is flushed where allowed.

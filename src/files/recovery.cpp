@@ -11,9 +11,9 @@ namespace files {
 namespace {
 
 // A journal at rest says nothing; it goes unless somebody uses it or it is protected.
-void RemoveLeftOver(FileSystem& system, const std::string& path) {
+void RemoveLeftOver(FileSystem& system, const std::string& database) {
   try {
-    JournalFile journal(system, path);
+    JournalFile journal(system, database);
     const JournalLock lock(journal, /*create=*/false);
   } catch (const Error&) {
     // Whoever may, removes it.
@@ -28,20 +28,21 @@ void Discard(FileSystem& system, JournalFile& journal, const journal::Inspection
 
 // Locks the journal, says what there is and calls `act` with it.
 template <typename Act>
-RecoveryPlan WithLockedJournal(FileSystem& system, const std::string& path,
-                               const std::string& database, Act act) {
-  JournalFile journal(system, path);
+RecoveryPlan WithLockedJournal(FileSystem& system, const std::string& database, const Reach& reach,
+                               Act act) {
+  JournalFile journal(system, database);
   const JournalLock lock(journal, /*create=*/false);
-  if (!lock.held()) return MakePlan(system, path, database, {});
-  const journal::Inspection inspection = journal::Inspect(system, journal.file(), database);
-  RecoveryPlan plan = MakePlan(system, path, database, inspection);
+  if (!lock.held()) return MakePlan(system, journal.path(), database, {});
+  const journal::Inspection inspection = journal::Inspect(system, journal.file(), database, reach);
+  RecoveryPlan plan = MakePlan(system, journal.path(), database, inspection);
   act(journal, inspection, plan);
   return plan;
 }
 
 // The same for the journal of a database, if there is one that is not at rest.
 template <typename Act>
-RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, Act act) {
+RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, const Reach& reach,
+                         Act act) {
   const std::string database = ResolveTarget(system, database_path);
   const std::string path = JournalPath(system, database_path);
   auto file = OpenIfExists(system, path, OpenMode::kRead);
@@ -49,16 +50,17 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, A
   const bool at_rest = journal::IsAtRest(*file);
   file.reset();
   if (at_rest) {
-    RemoveLeftOver(system, path);
+    RemoveLeftOver(system, database);
     return MakePlan(system, path, database, {});
   }
   try {
-    return WithLockedJournal(system, path, database, act);
+    return WithLockedJournal(system, database, reach, act);
   } catch (const Error& error) {
-    const bool says_enough = error.kind() == ErrorKind::kLocked ||
-                             error.kind() == ErrorKind::kConflict ||
-                             error.kind() == ErrorKind::kDamaged;
-    if (says_enough) throw;
+    const auto is = [&error](ErrorKind kind) { return error.kind() == kind; };
+    if (is(ErrorKind::kLocked) || is(ErrorKind::kConflict) || is(ErrorKind::kDamaged) ||
+        is(ErrorKind::kOutside)) {
+      throw;
+    }
     throw Error(error.kind(), error.path(),
                 "An interrupted change of " + database + " cannot be put back: " + error.what());
   }
@@ -66,21 +68,49 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, A
 
 }  // namespace
 
-RecoveryPlan ExamineJournal(FileSystem& system, const std::string& database_path) {
-  const std::string database = ResolveTarget(system, database_path);
-  const std::string path = JournalPath(system, database_path);
-  const auto file = OpenIfExists(system, path, OpenMode::kRead);
-  if (!file) return MakePlan(system, path, database, {});
+namespace {
+
+// What the journal of the database at the resolved path says, nobody being at work with it.
+journal::Inspection InspectUnused(FileSystem& system, const std::string& database,
+                                  const Reach& reach, journal::Scope scope) {
+  const auto file = OpenIfExists(system, JournalPath(system, database), OpenMode::kRead);
+  if (!file) return {};
   if (JournalFile::IsInUse(*file)) {
     Raise(ErrorKind::kLocked, database, "cannot be examined",
           "another program is changing the project or putting back an interrupted change");
   }
-  return MakePlan(system, path, database, journal::Inspect(system, *file, database));
+  return journal::Inspect(system, *file, database, reach, scope);
 }
 
-RecoveryPlan Recover(FileSystem& system, const std::string& database_path) {
+}  // namespace
+
+RecoveryPlan ExamineJournal(FileSystem& system, const std::string& database_path,
+                            const Reach& reach) {
+  const std::string database = ResolveTarget(system, database_path);
+  return MakePlan(system, JournalPath(system, database), database,
+                  InspectUnused(system, database, reach, journal::Scope::kAllFiles));
+}
+
+void CheckReadable(FileSystem& system, const std::string& database_path) {
+  const std::string database = ResolveTarget(system, database_path);
+  const journal::Inspection inspection =
+      InspectUnused(system, database, {}, journal::Scope::kDatabase);
+  const std::string path = JournalPath(system, database);
+  CheckRecoverable(path, database, inspection);
+  const bool is_decided =
+      inspection.condition == JournalCondition::kNone ||
+      inspection.condition == JournalCondition::kUntouched ||
+      (inspection.condition == JournalCondition::kComplete && !inspection.passed_over);
+  if (is_decided) return;
+  throw Error(ErrorKind::kConflict, path,
+              "A change of " + database +
+                  " was interrupted in the middle. A command that only reads does not put it back."
+                  " Choose with recover --before, --after or --discard what is to stay.");
+}
+
+RecoveryPlan Recover(FileSystem& system, const std::string& database_path, const Reach& reach) {
   return WithJournal(
-      system, database_path,
+      system, database_path, reach,
       [&](JournalFile& journal, const journal::Inspection& inspection, const RecoveryPlan&) {
         RecoverLocked(system, journal, database_path, inspection);
       });
@@ -96,9 +126,10 @@ void RecoverLocked(FileSystem& system, JournalFile& journal, const std::string& 
   }
 }
 
-RecoveryPlan Resolve(FileSystem& system, const std::string& database_path, RecoveryChoice choice) {
+RecoveryPlan Resolve(FileSystem& system, const std::string& database_path, RecoveryChoice choice,
+                     const Reach& reach) {
   return WithJournal(
-      system, database_path,
+      system, database_path, reach,
       [&](JournalFile& journal, const journal::Inspection& inspection, const RecoveryPlan& plan) {
         const RecoveryPlan::Way& way = choice == RecoveryChoice::kBefore  ? plan.before
                                        : choice == RecoveryChoice::kAfter ? plan.after

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "files/file_identity.h"
 #include "files/file_system.h"
 
 namespace files {
@@ -17,6 +18,7 @@ enum class JournalCondition {
   kInterrupted,  // part was written; the state before can be put back
   kConflict,     // somebody else changed a file since; nothing is done without being told
   kElsewhere,    // the journal is of a database at another place
+  kOutside,      // the journal names a file that is none of the project's
   kDamaged,      // the journal cannot be read although files may have been changed
 };
 
@@ -53,20 +55,28 @@ struct RecoveryPlan {
   Way discard;
 };
 
-// Says what there is without changing anything. Raises kLocked while a change is under way.
-RecoveryPlan ExamineJournal(FileSystem& system, const std::string& database_path);
+// Says what there is without changing anything. Raises kLocked while a change is under way. Of
+// the files that the journal names those outside the reach are not even looked at.
+RecoveryPlan ExamineJournal(FileSystem& system, const std::string& database_path,
+                            const Reach& reach);
+
+// For who only reads: raises unless the database is as before an interrupted change, or that change
+// was complete. Changes nothing, and looks at no other file. Raises kConflict with what is to be
+// run, kLocked while a change is under way, otherwise as Recover.
+void CheckReadable(FileSystem& system, const std::string& database_path);
 
 // Finishes or puts back an interrupted change when every file concerned is in its state before
 // or after (sector by sector for a database); removes a journal at rest. Returns what was found.
 // Raises kConflict, with nothing changed, when somebody else changed a file or the journal is of
-// another place, kDamaged when the journal cannot be trusted, kLocked while another program
-// changes the project or recovers it. May be repeated at any time, also after a crash in it.
-// To be called before the database is opened.
-RecoveryPlan Recover(FileSystem& system, const std::string& database_path);
+// another place, kOutside when it names a file outside the reach, kDamaged when the journal cannot
+// be trusted, kLocked while another program changes the project or recovers it. May be repeated at
+// any time, also after a crash in it. To be called before the database is opened.
+RecoveryPlan Recover(FileSystem& system, const std::string& database_path, const Reach& reach);
 
 // Does what the user chose for a change that Recover refuses. A version of a file that somebody
 // else made is kept under the name <file>.edited (.edited-2, ...) before it is overwritten, a
 // discarded journal as <journal>.discarded. Raises when the choice is not possible.
-RecoveryPlan Resolve(FileSystem& system, const std::string& database_path, RecoveryChoice choice);
+RecoveryPlan Resolve(FileSystem& system, const std::string& database_path, RecoveryChoice choice,
+                     const Reach& reach);
 
 }  // namespace files

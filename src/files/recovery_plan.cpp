@@ -86,6 +86,11 @@ std::string Message(const std::string& journal, const std::string& database,
       return journal + " belongs to " + inspection.database + ", not to " + database +
              ". Move the project back there to put its interrupted change back, or give the"
              " journal up with recover --discard. Nothing was changed.";
+    case JournalCondition::kOutside:
+      return journal + " names " + inspection.outside +
+             ", which is no file of this project; it is not used. If the change was yours, agree to"
+             " the folder with recover --allow-folder; otherwise give the journal up with recover"
+             " --discard. Nothing was changed.";
     case JournalCondition::kDamaged:
       break;
   }
@@ -155,6 +160,9 @@ RecoveryPlan MakePlan(FileSystem& system, const std::string& journal, const std:
                         journal + " is kept as " + DiscardedName(journal) + "."};
   if (plan.condition == JournalCondition::kElsewhere) {
     plan.before.reason = plan.after.reason = "The journal belongs to another place.";
+  } else if (plan.condition == JournalCondition::kOutside) {
+    plan.before.reason = plan.after.reason =
+        "The journal names " + inspection.outside + ", which is no file of this project.";
   } else if (plan.condition == JournalCondition::kDamaged) {
     plan.before.reason = plan.after.reason = "The journal cannot be read.";
   } else {
@@ -172,6 +180,8 @@ void CheckRecoverable(const std::string& journal, const std::string& database,
     case JournalCondition::kConflict:
     case JournalCondition::kElsewhere:
       throw Error(ErrorKind::kConflict, journal, Message(journal, database, inspection));
+    case JournalCondition::kOutside:
+      throw Error(ErrorKind::kOutside, journal, Message(journal, database, inspection));
     case JournalCondition::kDamaged:
       throw Error(ErrorKind::kDamaged, journal, Message(journal, database, inspection));
     default:

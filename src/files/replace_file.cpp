@@ -16,10 +16,13 @@ void RemoveQuietly(FileSystem& system, const std::string& path) noexcept {
   }
 }
 
+constexpr std::string_view kDigits = "0123456789abcdef";
+constexpr std::size_t kDigitCount = 12;
+constexpr std::string_view kExtension = ".tmp";
+
 std::string RandomName() {
-  constexpr std::string_view kDigits = "0123456789abcdef";
   std::string name;
-  for (std::uint64_t number = RandomNumber(); name.size() < 12; number /= kDigits.size()) {
+  for (std::uint64_t number = RandomNumber(); name.size() < kDigitCount; number /= kDigits.size()) {
     name += kDigits[number % kDigits.size()];
   }
   return name;
@@ -32,9 +35,10 @@ std::string Replaced(std::string text, const std::string& name, const std::strin
 
 // Nobody knows the temporary file's name: a failure names the file that it stands for.
 std::unique_ptr<RandomAccessFile> OpenTemporary(FileSystem& system, const std::string& temporary,
-                                                const std::string& target) {
+                                                const std::string& target,
+                                                const std::string& like) {
   try {
-    return system.Open(temporary, OpenMode::kCreateNew);
+    return system.OpenLike(temporary, OpenMode::kCreateNew, system.Exists(target) ? target : like);
   } catch (const Error& error) {
     if (error.kind() == ErrorKind::kReadOnly) {
       Raise(error.kind(), target, "cannot be written", "no file can be made in its folder");
@@ -45,31 +49,33 @@ std::unique_ptr<RandomAccessFile> OpenTemporary(FileSystem& system, const std::s
 
 }  // namespace
 
-std::string ResolveTarget(FileSystem& system, const std::string& path) {
-  if (system.Exists(path)) return system.Canonical(path);
-  const std::string folder = system.Folder(path);
-  return system.Join(system.Canonical(folder.empty() ? "." : folder), system.FileName(path));
-}
-
 std::string TemporaryName(FileSystem& system, const std::string& target) {
   std::string name;
   do {
-    name = target + "." + RandomName() + ".tmp";
+    name = target + "." + RandomName();
+    name += kExtension;
   } while (system.Exists(name));
   return name;
 }
 
+bool IsTemporaryName(std::string_view name, std::string_view target) {
+  if (!name.starts_with(target) || !name.ends_with(kExtension)) return false;
+  name.remove_prefix(target.size());
+  return name.size() == 1 + kDigitCount + kExtension.size() && name.front() == '.' &&
+         name.substr(1, kDigitCount).find_first_not_of(kDigits) == std::string_view::npos;
+}
+
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
-                    std::string_view contents) {
-  TemporaryFile(system, temporary, target, contents).Sync();
+                    std::string_view contents, const std::string& like) {
+  TemporaryFile(system, temporary, target, contents, like).Sync();
 }
 
 TemporaryFile::TemporaryFile(FileSystem& system, std::string temporary, std::string target,
-                             std::string_view contents)
+                             std::string_view contents, const std::string& like)
     : system_(system),
       temporary_(std::move(temporary)),
       target_(std::move(target)),
-      file_(OpenTemporary(system, temporary_, target_)) {
+      file_(OpenTemporary(system, temporary_, target_, like)) {
   OrRemove([&] {
     file_->WriteAt(0, std::as_bytes(std::span(contents)));
     if (system.Exists(target_)) system.CopyAttributes(target_, temporary_);
@@ -96,13 +102,15 @@ void TemporaryFile::OrRemove(Action action) {
   }
 }
 
-void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents) {
+void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents,
+                 const std::string& like) {
   const std::string target = ResolveTarget(system, path);
   if (system.Exists(target) && !system.IsWritable(target)) {
     Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is write-protected");
   }
+  CheckOneName(system, target, "cannot be written");
   const std::string temporary = TemporaryName(system, target);
-  WriteTemporary(system, temporary, target, contents);
+  WriteTemporary(system, temporary, target, contents, like);
   try {
     system.Rename(temporary, target);
   } catch (...) {

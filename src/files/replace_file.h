@@ -5,28 +5,27 @@
 #include <string>
 #include <string_view>
 
+#include "files/file_identity.h"
 #include "files/file_system.h"
 
 namespace files {
 
-// The file that `path` names, absolute and with links resolved, so that a link is kept and what
-// it points to is changed. The file need not exist, its folder must.
-std::string ResolveTarget(FileSystem& system, const std::string& path);
-
 // Writes a whole file so that at any time, a power cut included, the path holds the old contents
 // or the new ones: a temporary file in the same folder, sync, rename, sync of the folder. An
-// existing file's permissions, owner and extended attributes stay; a link stays a link. On
-// failure the old file is untouched and the temporary one removed; only when the last step, the
-// sync of the folder, fails is the new file there already.
-void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents);
+// existing file's permissions, owner and extended attributes stay, a new one takes those of the
+// file `like`; a link stays a link, a file with several names is refused. On failure the old file
+// is untouched and the temporary one removed; only when the last step, the sync of the folder,
+// fails is the new file there already.
+void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents,
+                 const std::string& like = "");
 
 // The new contents of `target` in a new file `temporary` beside it, with the attributes of `target`
-// if that exists. Sync returns when they are on the medium, and closes the file. On failure the
-// file is removed again.
+// if that exists, otherwise with the permissions of `like`. Sync returns when they are on the
+// medium, and closes the file. On failure the file is removed again.
 class TemporaryFile {
  public:
   TemporaryFile(FileSystem& system, std::string temporary, std::string target,
-                std::string_view contents);
+                std::string_view contents, const std::string& like = "");
   void Sync();
 
  private:
@@ -41,9 +40,11 @@ class TemporaryFile {
 
 // The first half of ReplaceFile: a TemporaryFile that is synced.
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
-                    std::string_view contents);
+                    std::string_view contents, const std::string& like = "");
 
 // A name for a temporary file beside `target` that no other file has. Ends in ".tmp".
 std::string TemporaryName(FileSystem& system, const std::string& target);
+// Whether TemporaryName could have made the name.
+bool IsTemporaryName(std::string_view name, std::string_view target);
 
 }  // namespace files

@@ -36,8 +36,9 @@ platform::ErrorKind ToPlatform(ErrorKind kind) {
 
 }  // namespace
 
-JournalledUnitOfWork::JournalledUnitOfWork(FileSystem& system, std::string database_path)
-    : journal_(system, std::move(database_path)) {}
+JournalledUnitOfWork::JournalledUnitOfWork(FileSystem& system, std::string database_path,
+                                           Reach reach)
+    : journal_(system, std::move(database_path), std::move(reach)) {}
 
 void JournalledUnitOfWork::Enlist(Participant& participant) {
   assert(depth_ == 0);

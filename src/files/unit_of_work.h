@@ -31,7 +31,8 @@ class Participant {
 // the state that they saved when the outermost unit began.
 class JournalledUnitOfWork final : public platform::UnitOfWork {
  public:
-  JournalledUnitOfWork(FileSystem& system, std::string database_path);
+  // `reach`: the files that may be written besides the database.
+  JournalledUnitOfWork(FileSystem& system, std::string database_path, Reach reach = {});
 
   // Participants are not owned and must outlive the unit of work. Not while a unit is open.
   void Enlist(Participant& participant);

@@ -6,6 +6,7 @@
 
 #include "files/change_journal.h"
 #include "jet/catalog.h"
+#include "jet/lock_file.h"
 #include "jet/new_database.h"
 #include "jet/properties.h"
 #include "jet/session.h"
@@ -41,6 +42,10 @@ std::unique_ptr<Database> Database::Create(files::FileSystem& system, const std:
   if (system.Exists(path)) {
     throw Error(ErrorKind::kExists, path, {}, "The file exists already.",
                 "Choose another name, or open it.");
+  }
+  if (LockFile::PathFor(path) == path) {
+    throw Error(ErrorKind::kInvalid, path, {}, "A database cannot have the name of a lock file.",
+                "Choose another extension than .ldb.");
   }
   files::ChangeSet changes;
   changes.files.push_back({path, std::nullopt, NewDatabase(DateNow())});

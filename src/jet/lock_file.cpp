@@ -5,6 +5,7 @@
 #include <array>
 #include <cstring>
 
+#include "files/file_identity.h"
 #include "jet/error.h"
 
 namespace jet {
@@ -52,16 +53,34 @@ LockFile::LockFile(files::FileSystem& system, const std::string& database_path,
   // The last user who leaves removes the file, perhaps between our opening it and our locking a
   // place; then we hold a file that nobody sees, and begin again.
   for (int attempt = 0; attempt < kMostUsers; ++attempt) {
-    file_ = system_.Open(path_, files::OpenMode::kCreateOrOpen);
+    Open();
     TakePlace(computer, user);
-    const auto seen = system_.Stamp(path_);
-    if (seen && seen->identity == file_->Stamp().identity) return;
+    if (BearsName()) return;
     const auto place = static_cast<std::uint64_t>(user_);
     file_->Unlock(kUserLockBase + place, 1);
     database_.Unlock(kOwnUserBase + place, 1);
   }
   throw Error(ErrorKind::kLocked, database_path, {}, "The lock file " + path_ + " does not stay.",
               "Try again.");
+}
+
+// What else stands under the name is not touched: the database, somebody's own file.
+void LockFile::Open() {
+  file_ = system_.OpenLike(path_, files::OpenMode::kCreateOrOpen, database_.path());
+  const files::FileStamp stamp = file_->Stamp();
+  if (stamp.identity == database_.Stamp().identity) {
+    files::Raise(files::ErrorKind::kInTheWay, path_, "cannot be used",
+                 "it is the database, not its lock file");
+  }
+  files::CheckOneName(system_, path_, "cannot be used");
+  if (stamp.size > kMostUsers * kUserRecordSize) {
+    files::Raise(files::ErrorKind::kInTheWay, path_, "cannot be used", "it is no lock file");
+  }
+}
+
+bool LockFile::BearsName() {
+  const auto named = system_.Stamp(path_);
+  return named && named->identity == file_->Stamp().identity;
 }
 
 // Our own byte first, so that whoever sees the user byte can tell that it is one of ours.
@@ -86,7 +105,8 @@ void LockFile::TakePlace(const std::string& computer, const std::string& user) {
 
 LockFile::~LockFile() {
   try {
-    if (!file_->IsLockedByOthers(kUserLockBase + 1, kMostUsers)) system_.Remove(path_);
+    const bool is_last = !file_->IsLockedByOthers(kUserLockBase + 1, kMostUsers);
+    if (is_last && BearsName()) system_.Remove(path_);
     const auto place = static_cast<std::uint64_t>(user_);
     database_.Unlock(kOwnUserBase + place, 1);
   } catch (const std::exception&) {
@@ -99,8 +119,9 @@ std::string LockFile::ForeignUser() { return Find(*file_, database_); }
 std::string FindForeignUser(files::FileSystem& system, const std::string& database_path,
                             files::RandomAccessFile& database) {
   const std::string path = LockFile::PathFor(database_path);
-  if (!system.Exists(path)) return {};
+  if (!system.Exists(path) || system.IsLink(path)) return {};
   const auto file = system.Open(path, files::OpenMode::kRead);
+  if (file->Stamp().identity == database.Stamp().identity) return {};
   return Find(*file, database);
 }
 

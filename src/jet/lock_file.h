@@ -26,8 +26,9 @@ inline constexpr std::uint64_t kOwnUserBase = 0x80000100;  // + n: user n is one
 // Our place among the users of a database. Removes the file when the last user leaves.
 class LockFile {
  public:
-  // Takes the first free place. `database` is locked at kOwnUserBase and must outlive this.
-  // Raises files::Error when the file cannot be made, kLocked when no place is free.
+  // Takes the first free place. `database` is locked at kOwnUserBase and must outlive this; its
+  // path is that of the file itself, no link. Raises files::Error when the file cannot be made or
+  // is something else, kLocked when no place is free.
   LockFile(files::FileSystem& system, const std::string& database_path,
            files::RandomAccessFile& database, const std::string& computer, const std::string& user);
   ~LockFile();
@@ -41,6 +42,8 @@ class LockFile {
   static std::string PathFor(const std::string& database_path);
 
  private:
+  void Open();
+  bool BearsName();
   void TakePlace(const std::string& computer, const std::string& user);
 
   files::FileSystem& system_;

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <thread>
 
+#include "files/file_identity.h"
+#include "files/journal_file.h"
 #include "files/recovery.h"
 #include "jet/bytes.h"
 #include "jet/error.h"
@@ -19,8 +21,11 @@ constexpr auto kLongestPause = std::chrono::milliseconds(20);
 }  // namespace
 
 Session::Session(files::FileSystem& system, const std::string& path, const OpenOptions& options)
-    : system_(system), path_(path), options_(options), counters_(kCountersSize) {
-  if (!system_.Exists(path_)) FinishInterrupted();  // its creation, perhaps
+    : system_(system),
+      path_(files::FollowLink(system, path)),
+      options_(options),
+      counters_(kCountersSize) {
+  if (!options_.read_only && !system_.Exists(path_)) FinishInterrupted();  // its creation, perhaps
   OpenFile();
   LockCommitByte();
   FinishInterrupted();
@@ -50,8 +55,9 @@ void Session::OpenFile() {
     }
   }
   if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);
-  if (!read_only_reason_.empty()) return;
+  if (!MayWrite()) return;
   try {
+    files::CheckOneName(system_, path_, "cannot be written");
     if (const std::string user = ForeignUser(); !user.empty()) {
       read_only_reason_ = "Another program has the database open on " + user + ".";
       read_only_remedy_ = "Close the database there and try again.";
@@ -60,9 +66,9 @@ void Session::OpenFile() {
     lock_file_ =
         std::make_unique<LockFile>(system_, path_, *file_, options_.computer, options_.user);
   } catch (const files::Error& error) {
-    if (error.kind() != files::ErrorKind::kReadOnly) throw;
-    read_only_reason_ =
-        "No file can be made in the folder of the database: " + std::string(error.what());
+    using enum files::ErrorKind;
+    if (error.kind() != kReadOnly && error.kind() != kManyNames && error.kind() != kInTheWay) throw;
+    read_only_reason_ = error.what();
   }
 }
 
@@ -73,21 +79,27 @@ std::string Session::ForeignUser() {
 // Whether somebody died in the middle of a commit, or is putting such a file in order just now.
 // Whoever lives and commits holds the commit byte, so he is not taken for dead.
 bool Session::IsInterrupted() {
-  if (!system_.Exists(path_ + ".journal")) return false;
+  if (!files::HasJournal(system_, path_)) return false;
   try {
-    return files::ExamineJournal(system_, path_).condition != files::JournalCondition::kNone;
+    return files::ExamineJournal(system_, path_, options_.reach).condition !=
+           files::JournalCondition::kNone;
   } catch (const files::Error& error) {
     if (error.kind() != files::ErrorKind::kLocked) throw;
     return true;
   }
 }
 
-// Several may come to do this at once; the others wait for the first.
+// Several may come to do this at once; the others wait for the first. Who only reads writes
+// nothing for that either.
 void Session::FinishInterrupted() {
   const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
-  while (system_.Exists(path_ + ".journal")) {
+  while (files::HasJournal(system_, path_)) {
     try {
-      files::Recover(system_, path_);
+      if (MayWrite()) {
+        files::Recover(system_, path_, options_.reach);
+      } else {
+        files::CheckReadable(system_, path_);
+      }
       return;
     } catch (const files::Error& error) {
       if (error.kind() != files::ErrorKind::kLocked) throw;
@@ -242,7 +254,7 @@ void Session::Commit() {
   files::ChangeSet changes;
   Collect(changes);
   if (!changes.empty()) {
-    if (!journal_) journal_.emplace(system_, path_);
+    if (!journal_) journal_.emplace(system_, path_, options_.reach);
     journal_->Commit(changes);
   }
   Committed();

@@ -66,6 +66,7 @@ class Session {
   void LockForCommit();
   bool Wait(std::uint64_t byte, files::LockMode mode);
   void LookForChanges();
+  bool MayWrite() const { return read_only_reason_.empty(); }
   bool IsInterrupted();
   void FinishInterrupted();
   void RaiseCounter();

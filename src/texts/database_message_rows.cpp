@@ -46,6 +46,9 @@ std::span<const Row> DatabaseMessageRows() {
       {2223, "Die Datei ist schon vorhanden.", "The file exists already."},
       {2224, "Wählen Sie einen anderen Namen, oder öffnen Sie sie.",
        "Choose another name, or open it."},
+      {2225, "Eine Datenbank kann nicht heißen wie eine Sperrdatei.",
+       "A database cannot have the name of a lock file."},
+      {2226, "Wählen Sie eine andere Endung als .ldb.", "Choose another extension than .ldb."},
       // Use by several programs.
       {2230, "Die Datenbank wurde nur zum Lesen geöffnet.",
        "The database was opened for reading only."},
@@ -57,8 +60,6 @@ std::span<const Row> DatabaseMessageRows() {
       {2234, "einem unbekannten Rechner (<Account>)", "unknown computer (<Account>)"},
       {2235, "Schließen Sie die Datenbank dort, und versuchen Sie es noch einmal.",
        "Close the database there and try again."},
-      {2236, "Im Ordner der Datenbank lässt sich keine Datei anlegen",
-       "No file can be made in the folder of the database"},
       {2237, "Ein anderes Programm wird mit dem Schreiben nicht fertig.",
        "Another program does not finish writing."},
       {2238,

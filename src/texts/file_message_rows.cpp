@@ -167,6 +167,37 @@ std::span<const Row> FileMessageRows() {
       {2097, "Die Änderung hatte nicht begonnen.", "The change was not begun."},
       {2098, "<Path> wurde seitdem geändert, und das Journal enthält nur Teile davon.",
        "<Path> was changed since, and the journal holds only parts of it."},
+      {2100, "Eine Änderung von <Path> wurde mittendrin unterbrochen.",
+       "A change of <Path> was interrupted in the middle."},
+      {2101, "Ein Befehl, der nur liest, setzt sie nicht zurück.",
+       "A command that only reads does not put it back."},
+      {2102, "<Path> nennt <Other>; das ist keine Datei dieses Projekts. Es wird nicht benutzt.",
+       "<Path> names <Other>, which is no file of this project; it is not used."},
+      {2103,
+       "Wenn die Änderung von Ihnen war, stimmen Sie dem Ordner mit recover --allow-folder zu; "
+       "sonst geben Sie das Journal mit recover --discard auf.",
+       "If the change was yours, agree to the folder with recover --allow-folder; otherwise give "
+       "the journal up with recover --discard."},
+      {2104, "Das Journal nennt <Path>; das ist keine Datei dieses Projekts.",
+       "The journal names <Path>, which is no file of this project."},
+      // Files that are not what they seem.
+      {2110, "Löschen Sie sie, oder benennen Sie sie um.", "Remove or rename it."},
+      {2111,
+       "Lassen Sie ihr einen Namen, und machen Sie aus den anderen Kopien oder symbolische Links.",
+       "Leave it one name, and make copies or symbolic links of the others."},
+      {2112,
+       "Stimmen Sie Änderungen in ihrem Ordner zu (--allow-folder), oder verschieben Sie sie in "
+       "das Projekt.",
+       "Agree to changes in its folder (--allow-folder), or move it into the project."},
+      {2113, "das ist ein Link", "it is a link"},
+      {2114, "das ist ein Link, der nirgendwohin führt", "it is a link that leads nowhere"},
+      {2115, "sie hat mehrere Namen (harte Links)", "it has several names (hard links)"},
+      {2116, "sie ist keine Datei des Projekts", "it is no file of the project"},
+      {2117, "eine unterbrochene Änderung eines anderen Programms wurde eben zurückgesetzt",
+       "an interrupted change of another program was put in order just now"},
+      {2118, "das ist die Datenbank, nicht ihre Sperrdatei",
+       "it is the database, not its lock file"},
+      {2119, "das ist keine Sperrdatei", "it is no lock file"},
   });
   return kRows;
 }

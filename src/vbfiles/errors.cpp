@@ -15,6 +15,8 @@ std::int32_t NumberOf(files::ErrorKind kind) {
     case files::ErrorKind::kNotFound:
       return kErrFileNotFound;
     case files::ErrorKind::kReadOnly:
+    case files::ErrorKind::kManyNames:
+    case files::ErrorKind::kOutside:
       return platform::kErrModuleNotEditable;
     case files::ErrorKind::kLocked:
     case files::ErrorKind::kConflict:
@@ -24,6 +26,7 @@ std::int32_t NumberOf(files::ErrorKind kind) {
     case files::ErrorKind::kExists:
     case files::ErrorKind::kDamaged:
     case files::ErrorKind::kNotAFile:
+    case files::ErrorKind::kInTheWay:
     case files::ErrorKind::kIo:
       break;
   }

@@ -90,7 +90,6 @@ void ModuleFile::CheckWritable() {
 }
 
 bool ModuleFile::IsInsideTrees() {
-  if (inside_trees_) return true;
   files::FileSystem& system = session_.system;
   try {
     const std::string target = system.Canonical(path_);
@@ -98,11 +97,10 @@ bool ModuleFile::IsInsideTrees() {
       return system.Exists(folder) && IsInside(system, target, system.Canonical(folder));
     };
     const auto& agreed = session_.options.writable_folders;
-    inside_trees_ = std::ranges::any_of(trees_, holds) || std::ranges::any_of(agreed, holds);
+    return std::ranges::any_of(trees_, holds) || std::ranges::any_of(agreed, holds);
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
-  return inside_trees_;
 }
 
 }  // namespace vbfiles

@@ -58,7 +58,6 @@ class ModuleFile {
   ModuleHeader header_;
   std::optional<files::FileStamp> header_stamp_;
   std::string problem_;
-  bool inside_trees_ = false;  // found to be so
 };
 
 }  // namespace vbfiles

@@ -52,18 +52,30 @@ class AddInSession::Reports final : public platform::ObjectFactory {
   AddInSession& session_;
 };
 
+namespace {
+
+jet::OpenOptions EngineOptions(files::FileSystem& system, const std::string& database_path,
+                               const ProjectOptions& options) {
+  jet::OpenOptions engine;
+  engine.reach = ReachOf(system, database_path, options);
+  return engine;
+}
+
+}  // namespace
+
 AddInSession::AddInSession(const Outside& outside, const std::string& database_path,
                            const ProjectOptions& options)
     : outside_(outside),
       database_path_(database_path),
-      connection_(std::make_shared<recordset::JetConnection>(outside.files)),
+      connection_(std::make_shared<recordset::JetConnection>(
+          outside.files, EngineOptions(outside.files, database_path, options))),
       database_(connection_),
       vb_(OpenVisualBasic(outside.files, database_path, options)),
       items_(outside.files, ItemsPath(outside.files, database_path, options),
              !options.items_file.empty()),
       components_(OpenComponents(outside.files, database_path, options)),
       foreign_changes_(outside.files, database_path),
-      unit_(outside.files, database_path),
+      unit_(outside.files, database_path, ReachOf(outside.files, database_path, options)),
       reports_(std::make_unique<Reports>(*this)),
       studio_(std::make_shared<Studio>(StudioProjectName(outside.files, database_path))) {
   unit_.Enlist(database_);

@@ -52,7 +52,7 @@ void Backups::Make(const std::string& name, const std::vector<std::string>& file
   for (const std::string& path : files) {
     if (!system_.Exists(path)) continue;
     files::ReplaceFile(system_, system_.Join(folder, CopyName(count++)),
-                       files::ReadFile(system_, path));
+                       files::ReadFile(system_, path), path);
     list += system_.Canonical(path) + "\n";
   }
   files::ReplaceFile(system_, system_.Join(folder, kList), list);
@@ -89,7 +89,10 @@ void Backups::Restore(const Backup& backup, const std::string& present) {
   }
   Make(present, backup.files);
   Replacement replacement(std::move(changes));
-  files::JournalledUnitOfWork unit(system_, backup.files.front());
+  const auto is_listed = [&backup](const std::string& path) {
+    return std::ranges::find(backup.files, path) != backup.files.end();
+  };
+  files::JournalledUnitOfWork unit(system_, backup.files.front(), is_listed);
   unit.Enlist(replacement);
   platform::UnitOfWorkScope scope(unit);
   scope.Commit();

@@ -22,7 +22,8 @@ FileSettingsService::FileSettingsService(files::FileSystem& system,
 FileSettingsService::~FileSettingsService() = default;
 
 settings::IniDocument* FileSettingsService::Read(const std::string& path) {
-  if (path.empty()) return nullptr;
+  // The user's own file may be a link; what stands in a project's folder may come from anybody.
+  if (path.empty() || (path != registry_file_ && system_.IsLink(path))) return nullptr;
   Cached& cached = cache_[path];
   try {
     const auto stamp = system_.Stamp(path);

@@ -8,6 +8,7 @@
 #include "store/ado_fro.h"
 #include "store/schema.h"
 #include "workbench/new_visual_basic_project.h"
+#include "workbench/project.h"
 
 namespace workbench {
 
@@ -42,7 +43,9 @@ class MadeFiles {
 };
 
 void MakeDatabase(files::FileSystem& system, const std::string& path, bool into) {
-  recordset::JetConnection connection(system);
+  jet::OpenOptions engine;
+  engine.reach = ReachOf(system, path, {});
+  recordset::JetConnection connection(system, engine);
   if (into) {
     connection.Open(store::ProjectConnectionString(path));
   } else {

@@ -1,21 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "workbench/project.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "store/ado_fro.h"
 #include "store/schema.h"
+#include "vbfiles/path_resolver.h"
+#include "vbfiles/project.h"
 
 namespace workbench {
 
 namespace {
 
 std::shared_ptr<recordset::JetConnection> OpenConnection(files::FileSystem& system,
-                                                         const std::string& path, bool read_only,
+                                                         const std::string& path,
+                                                         const ProjectOptions& options,
                                                          const texts::TextTable& texts) {
-  auto connection = std::make_shared<recordset::JetConnection>(system);
+  jet::OpenOptions engine;
+  engine.reach = ReachOf(system, path, options);
+  auto connection = std::make_shared<recordset::JetConnection>(system, engine);
   connection->Open(store::ProjectConnectionString(
-      path, read_only ? store::Access::kRead : store::Access::kReadWrite));
+      path, options.read_only ? store::Access::kRead : store::Access::kReadWrite));
   const std::vector<std::string> missing = store::MissingFromSchema(*connection);
   if (!missing.empty()) {
     throw platform::Error(platform::ErrorKind::kRefused, platform::kErrNoSuchTable,
@@ -35,7 +41,37 @@ std::string HashText(std::string_view text) {
   return digits;
 }
 
+// The folder with links resolved, when it is there.
+void AddFolder(files::FileSystem& system, const std::string& folder,
+               std::vector<std::string>& folders) {
+  const std::string path = folder.empty() ? "." : folder;
+  if (system.IsDirectory(path)) folders.push_back(system.Canonical(path));
+}
+
 }  // namespace
+
+files::Reach ReachOf(files::FileSystem& system, const std::string& database_path,
+                     const ProjectOptions& options) {
+  std::vector<std::string> folders;
+  AddFolder(system, system.Folder(files::FollowLink(system, database_path)), folders);
+  for (const std::string& file : options.vb_files) {
+    AddFolder(system, system.Folder(files::FollowLink(system, file)), folders);
+  }
+  for (const std::string& folder : options.vb.writable_folders) AddFolder(system, folder, folders);
+  std::string components;
+  if (!options.state_folder.empty() && system.Exists(database_path)) {
+    components = ComponentListPath(system, options.state_folder, database_path);
+  }
+  return [&system, folders, components](const std::string& path) {
+    const auto holds = [&](const std::string& folder) {
+      return vbfiles::IsInside(system, path, folder);
+    };
+    if (vbfiles::SourceTypeOf(path) && std::ranges::any_of(folders, holds)) return true;
+    return !components.empty() && system.FileName(path) == system.FileName(components) &&
+           system.Exists(system.Folder(components)) &&
+           files::ResolveTarget(system, components) == path;
+  };
+}
 
 std::string StudioProjectName(const files::FileSystem& system, const std::string& database_path) {
   const std::string name = system.FileName(database_path);
@@ -78,20 +114,20 @@ std::string ComponentListPath(files::FileSystem& system, const std::string& stat
 
 Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
                  const texts::TextTable& texts)
-    : path_(path),
-      connection_(OpenConnection(system, path, options.read_only, texts)),
+    : path_(files::FollowLink(system, path)),
+      connection_(OpenConnection(system, path_, options, texts)),
       database_(connection_),
-      items_(system, ItemsPath(system, path, options), !options.items_file.empty()),
-      components_(OpenComponents(system, path, options)),
-      unit_(system, path),
+      items_(system, ItemsPath(system, path_, options), !options.items_file.empty()),
+      components_(OpenComponents(system, path_, options)),
+      unit_(system, path_, ReachOf(system, path_, options)),
       code_(texts, &items_, components_.get()) {
   unit_.Enlist(database_);
   if (components_) unit_.Enlist(*components_);
   if (options.with_code) {
-    vb_ = OpenVisualBasic(system, path, options);
+    vb_ = OpenVisualBasic(system, path_, options);
     unit_.Enlist(*vb_);
   }
-  code_.Initialize(connection_, vb_, StudioProjectName(system, path));
+  code_.Initialize(connection_, vb_, StudioProjectName(system, path_));
   operations_ = std::make_unique<store::Operations>(
       store::Operations::Parts{connection_, vb_, &code_, &unit_, &texts});
 }

@@ -33,9 +33,9 @@ struct ProjectOptions {
 // the operations. What one operation changes of all of them is one unit of work.
 class Project {
  public:
-  // Raises platform::Error or files::Error: a file that cannot be opened, a database that lacks
-  // one of the tables, two Visual Basic projects of one name. The text table must outlive the
-  // project.
+  // A path that is a link means the file that it leads to, with what stands beside that. Raises
+  // platform::Error or files::Error: a file that cannot be opened, a database that lacks one of the
+  // tables, two Visual Basic projects of one name. The text table must outlive the project.
   Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
           const texts::TextTable& texts);
   ~Project();
@@ -66,6 +66,12 @@ class Project {
 // The name that the workbench uses for the studio project: the database's file name without its
 // extension.
 std::string StudioProjectName(const files::FileSystem& system, const std::string& database_path);
+
+// The files that an operation of the project may write besides its database, and that the journal
+// of an interrupted one may name: modules in the folder of the database, of the Visual Basic files
+// that the options name and in those that the engineer agreed to, and the component list.
+files::Reach ReachOf(files::FileSystem& system, const std::string& database_path,
+                     const ProjectOptions& options);
 
 // The Visual Basic projects of a database. Raises platform::Error or files::Error.
 std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,

@@ -51,8 +51,8 @@ TEST_P(ChangeJournalWithClass, IsBeforeOrAfterWhateverFails) {
         }
         const bool fired = system.fired();
         EXPECT_TRUE(result != kNotUndone || length != Fault::Length::kOnce);
-        const JournalCondition now = ExamineJournal(medium, kDatabase).condition;
-        EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), std::nullopt);
+        const JournalCondition now = ExamineJournal(medium, kDatabase, kAnyFile).condition;
+        EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), std::nullopt);
         const bool before = change.IsBefore(medium);
         const bool after = change.IsAfter(medium);
         EXPECT_TRUE(before || after) << change.Difference(medium);
@@ -88,8 +88,8 @@ TEST_P(ChangeJournalWithClass, RecoversFromACrashInRecovery) {
       medium.CreateDirectories("/p/sub");
       FailingFileSystem second(medium);
       second.Arm({{}, m, Fault::Length::kCrash, ErrorKind::kIo, m % 2 == 0});
-      KindRaised([&] { Recover(second, kDatabase); });
-      Recover(medium, kDatabase);
+      KindRaised([&] { Recover(second, kDatabase, kAnyFile); });
+      Recover(medium, kDatabase, kAnyFile);
       ASSERT_TRUE(change.IsBefore(medium) || change.IsAfter(medium)) << change.Difference(medium);
       if (!second.fired()) break;
       ++crashes;
@@ -106,8 +106,8 @@ TEST_P(ChangeJournalWithClass, SurvivesPowerCuts) {
   const auto check = [&change](MemoryFileSystem& medium, const std::string& place) {
     medium.CreateDirectories("/p/sub");
     SCOPED_TRACE(place);
-    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), std::nullopt)
-        << ExamineJournal(medium, kDatabase).message;
+    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), std::nullopt)
+        << ExamineJournal(medium, kDatabase, kAnyFile).message;
     ASSERT_TRUE(change.IsBefore(medium) || change.IsAfter(medium)) << change.Difference(medium);
   };
   constexpr int kCuts = 12;
@@ -133,7 +133,7 @@ TEST_P(ChangeJournalWithClass, SurvivesPowerCuts) {
       KindRaised([&] { change.Commit(killed); });
       FailingFileSystem recovering(again);
       recovering.Arm({{}, m, Fault::Length::kCrash});
-      KindRaised([&] { Recover(recovering, kDatabase); });
+      KindRaised([&] { Recover(recovering, kDatabase, kAnyFile); });
       check(*again.AfterPowerCut(random),
             "commit stopped at " + std::to_string(n) + ", recovery cut at " + std::to_string(m));
       if (HasFailure()) return;
@@ -152,7 +152,7 @@ TEST(ChangeJournal, SurvivesPowerCutsInLaterCommits) {
     int committed = 0;
     {
       const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-      ChangeJournal journal(system, kDatabase);
+      ChangeJournal journal(system, kDatabase, kAnyFile);
       const auto commit = [&](char fill, std::size_t pages) {
         std::map<std::uint64_t, std::string> after;
         for (std::size_t i = 0; i < pages; ++i) after[i * kPage] = std::string(kPage, fill);
@@ -173,7 +173,7 @@ TEST(ChangeJournal, SurvivesPowerCutsInLaterCommits) {
     const auto check = [&] {
       for (int cut = 0; cut < 20; ++cut) {
         const auto medium = disk.AfterPowerCut(random);
-        ASSERT_EQ(KindRaised([&] { Recover(*medium, kDatabase); }), std::nullopt) << n;
+        ASSERT_EQ(KindRaised([&] { Recover(*medium, kDatabase, kAnyFile); }), std::nullopt) << n;
         const std::string now = medium->Get(kDatabase);
         const auto* found = std::find(std::begin(states), std::end(states), now);
         ASSERT_NE(found, std::end(states)) << "operation " << n;
@@ -181,7 +181,7 @@ TEST(ChangeJournal, SurvivesPowerCutsInLaterCommits) {
       }
     };
     check();
-    Recover(disk, kDatabase);  // the program was killed there; the power is cut later
+    Recover(disk, kDatabase, kAnyFile);  // the program was killed there; the power is cut later
     check();
     if (HasFatalFailure()) return;
     if (!system.fired()) break;
@@ -241,7 +241,7 @@ TEST(ChangeJournal, RefusesWhatSomebodyElseChanged) {
     edit(system);
     const Snapshot edited = system.Snapshot();
     {
-      ChangeJournal journal(system, kDatabase);
+      ChangeJournal journal(system, kDatabase, kAnyFile);
       EXPECT_EQ(KindRaised([&] { journal.Commit(changes); }), ErrorKind::kConflict);
     }
     EXPECT_EQ(system.Snapshot(), edited);
@@ -252,7 +252,7 @@ TEST(ChangeJournal, RefusesWhatSomebodyElseChanged) {
   const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
   system.Put("/p/restored", change.before().at(kDatabase));
   system.Rename("/p/restored", kDatabase);
-  ChangeJournal journal(system, kDatabase);
+  ChangeJournal journal(system, kDatabase, kAnyFile);
   EXPECT_EQ(KindRaised([&] { change.Commit(*file, journal); }), ErrorKind::kConflict)
       << "another file has the database's name";
 }
@@ -298,7 +298,7 @@ TEST(ChangeJournal, PutsBackItsOwnWorkAndKeepsWhatIsEditedDuringACommit) {
     Copy(system, untouched);
     edit(untouched);
     try {
-      ChangeJournal(system, kDatabase).Commit(changes);
+      ChangeJournal(system, kDatabase, kAnyFile).Commit(changes);
       FAIL() << "written over an edited file";
     } catch (const NotUndoneError& error) {
       FAIL() << error.what();
@@ -350,7 +350,7 @@ TEST(ChangeJournal, NamesAFolderThatVanished) {
   MemoryFileSystem system;
   change.Put(system);
   const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-  ChangeJournal journal(system, kDatabase);
+  ChangeJournal journal(system, kDatabase, kAnyFile);
   system.RemoveTree("/p");
   try {
     change.Commit(*file, journal);
@@ -370,11 +370,11 @@ TEST(ChangeJournal, ShrinksAFileAndPutsItBack) {
     FailingFileSystem system(medium);
     const std::optional<ErrorKind> raised = KindRaised([&] {
       const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-      ChangeJournal journal(system, kDatabase);
+      ChangeJournal journal(system, kDatabase, kAnyFile);
       system.Arm({{}, n, Fault::Length::kCrash});
       Commit(journal, *file, {{0, after}}, after.size());
     });
-    Recover(medium, kDatabase);
+    Recover(medium, kDatabase, kAnyFile);
     const Snapshot now = medium.Snapshot();
     EXPECT_TRUE(now == (Snapshot{{kDatabase, before}}) || now == (Snapshot{{kDatabase, after}}))
         << n;
@@ -399,7 +399,7 @@ TEST(ChangeJournal, IsFrugal) {
   for (const char* path : {"/a/1", "/b/2", "/c/3"}) medium.Put(path, "old");
   FailingFileSystem system(medium);
   const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-  ChangeJournal journal(system, kDatabase);
+  ChangeJournal journal(system, kDatabase, kAnyFile);
   char fill = 'e';
   const auto syncs = [&](std::size_t pages, const std::vector<std::string>& others) {
     system.Arm(count_for_ever({Operation::kSync, Operation::kSyncDirectory}));
@@ -432,8 +432,8 @@ TEST(ChangeJournal, TwoOfOneDatabaseTakeTurns) {
   MemoryFileSystem system;
   system.Put(kDatabase, std::string(2 * kPage, '0'));
   const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-  auto one = std::make_unique<ChangeJournal>(system, kDatabase);
-  auto two = std::make_unique<ChangeJournal>(system, "/p/../p/plant.ovs");
+  auto one = std::make_unique<ChangeJournal>(system, kDatabase, kAnyFile);
+  auto two = std::make_unique<ChangeJournal>(system, "/p/../p/plant.ovs", kAnyFile);
   const auto commit = [&](ChangeJournal& journal, const std::string& text) {
     Commit(journal, *file, {{kPage, text}}, 2 * kPage);
   };
@@ -442,7 +442,7 @@ TEST(ChangeJournal, TwoOfOneDatabaseTakeTurns) {
   one.reset();
   EXPECT_TRUE(system.Exists("/p/plant.ovs.journal")) << "removed under the other";
   commit(*two, "3");
-  one = std::make_unique<ChangeJournal>(system, kDatabase);
+  one = std::make_unique<ChangeJournal>(system, kDatabase, kAnyFile);
   commit(*one, "4");
   system.Remove("/p/plant.ovs.journal");
   commit(*two, "5");

@@ -60,6 +60,22 @@ class FileSystemContract : public testing::TestWithParam<bool> {
     file->WriteAt(0, Bytes(text));
   }
 
+  void Link(const std::string& target, const std::string& name) {
+    if (GetParam()) {
+      std::filesystem::create_symlink(target, At(name));
+    } else {
+      memory_.MakeLink(target, At(name));
+    }
+  }
+
+  void AddName(const std::string& file, const std::string& name) {
+    if (GetParam()) {
+      std::filesystem::create_hard_link(At(file), At(name));
+    } else {
+      memory_.AddName(At(file), At(name));
+    }
+  }
+
   TemporaryFolder folder_;
   MemoryFileSystem memory_;
 };
@@ -136,6 +152,47 @@ TEST_P(FileSystemContract, AnOpenFileOutlivesItsName) {
   EXPECT_EQ(ReadFile(system(), At("a")), "new");
 }
 
+TEST_P(FileSystemContract, OnlyReadingFollowsALink) {
+  Write(At("a"), "text");
+  Link("a", "link");
+  Link("none", "lost");
+  Link(".", "here");
+  EXPECT_TRUE(system().IsLink(At("link")) && system().IsLink(At("lost")));
+  EXPECT_FALSE(system().IsLink(At("a")) || system().IsLink(At("here/a")));
+  EXPECT_FALSE(system().Exists(At("lost")));
+  EXPECT_EQ(ReadFile(system(), At("here/link")), "text");
+  EXPECT_EQ(system().Canonical(At("here/link")), system().Canonical(At("a")));
+  for (const OpenMode mode : {OpenMode::kReadWrite, OpenMode::kCreateOrOpen}) {
+    for (const char* name : {"link", "lost"}) {
+      EXPECT_EQ(KindThrown([&] { system().Open(At(name), mode); }), ErrorKind::kInTheWay) << name;
+    }
+  }
+  EXPECT_EQ(KindThrown([&] { system().Open(At("lost"), OpenMode::kCreateNew); }),
+            ErrorKind::kExists);
+  EXPECT_EQ(KindThrown([&] { ReplaceFile(system(), At("lost"), "x"); }), ErrorKind::kInTheWay);
+  ReplaceFile(system(), At("here/link"), "new");
+  EXPECT_TRUE(system().IsLink(At("link")));
+  EXPECT_EQ(ReadFile(system(), At("a")), "new");
+  system().Remove(At("lost"));
+  system().Rename(At("a"), At("link"));
+  EXPECT_FALSE(system().IsLink(At("link")));
+}
+
+TEST_P(FileSystemContract, AFileOfTwoNamesIsNotReplaced) {
+  Write(At("a"), "text");
+  EXPECT_EQ(system().NameCount(At("a")), 1u);
+  AddName("a", "b");
+  Link("b", "link");
+  EXPECT_EQ(system().NameCount(At("link")), 2u);
+  EXPECT_EQ(system().Stamp(At("a"))->identity, system().Stamp(At("b"))->identity);
+  for (const char* name : {"a", "link"}) {
+    EXPECT_EQ(KindThrown([&] { ReplaceFile(system(), At(name), "x"); }), ErrorKind::kManyNames);
+  }
+  system().Remove(At("a"));
+  ReplaceFile(system(), At("link"), "new");
+  EXPECT_EQ(ReadFile(system(), At("b")), "new");
+}
+
 TEST_P(FileSystemContract, LocksExcludeOtherOpenFiles) {
   Write(At("a"), "");
   const auto one = system().Open(At("a"), OpenMode::kReadWrite);
@@ -200,6 +257,34 @@ TEST(ReplaceFile, KeepsAttributesAndLinks) {
     char value[8] = {};
     EXPECT_EQ(::getxattr((folder / "real").c_str(), "user.note", value, sizeof value), 4);
     EXPECT_STREQ(value, "kept");
+  }
+}
+
+mode_t Mode(const std::string& path) {
+  struct stat info = {};
+  EXPECT_EQ(::stat(path.c_str(), &info), 0) << path;
+  return info.st_mode & 07777;
+}
+
+// Whatever the user's mask is: what is made beside a file lets in whom that one does.
+TEST(RealFileSystem, MakesFilesLikeAnother) {
+  const TemporaryFolder folder;
+  FileSystem& system = RealFileSystem();
+  ReplaceFile(system, folder / "database", "d");
+  for (const mode_t mask : {0022, 0077, 0000}) {
+    for (const mode_t mode : {0600, 0664, 0640}) {
+      SCOPED_TRACE(testing::Message() << std::oct << mask << " " << mode);
+      ASSERT_EQ(::chmod((folder / "database").c_str(), mode), 0);
+      const mode_t own = ::umask(mask);
+      system.OpenLike(folder / "one", OpenMode::kCreateNew, folder / "database");
+      system.OpenLike(folder / "two", OpenMode::kCreateOrOpen, folder / "database");
+      ReplaceFile(system, folder / "three", "x", folder / "database");
+      system.Open(folder / "four", OpenMode::kCreateNew);
+      ::umask(own);
+      for (const char* name : {"one", "two", "three"}) EXPECT_EQ(Mode(folder / name), mode) << name;
+      EXPECT_EQ(Mode(folder / "four"), 0666 & ~mask);
+      for (const char* name : {"one", "two", "three", "four"}) system.Remove(folder / name);
+    }
   }
 }
 

@@ -101,14 +101,15 @@ TEST(Processes, KilledAtAnyTimeLeaveOneState) {
   for (int round = 0; round < Rounds(25, 2000); ++round) {
     const pid_t child = InChild([&] {
       const auto file = system.Open(project.database(), OpenMode::kReadWrite);
-      ChangeJournal journal(system, project.database());
+      ChangeJournal journal(system, project.database(), kAnyFile);
       for (;;) project.Increment(journal, *file);
       return 0;
     });
     ::usleep(1000 + random() % 40'000);
     ::kill(child, SIGKILL);
     ASSERT_EQ(WaitFor(child), -SIGKILL);
-    if (Recover(system, project.database()).condition != JournalCondition::kNone) ++recovered;
+    if (Recover(system, project.database(), kAnyFile).condition != JournalCondition::kNone)
+      ++recovered;
     ASSERT_TRUE(project.Number().has_value()) << "round " << round;
     ASSERT_EQ(system.List(folder.path()).size(), 3u) << "a stray file in round " << round;
   }
@@ -127,7 +128,7 @@ TEST(Processes, ThatCommitAtOnceLoseNothing) {
     children.push_back(InChild([&] {
       const auto file = system.Open(project.database(), OpenMode::kReadWrite);
       for (int done = 0; done < increments;) {
-        ChangeJournal journal(system, project.database());
+        ChangeJournal journal(system, project.database(), kAnyFile);
         try {
           for (; done < increments; ++done) project.Increment(journal, *file);
         } catch (const Error& error) {
@@ -151,7 +152,7 @@ TEST(Processes, ThatRecoverAtOnceDoNotDisturbEachOther) {
     // One that is stopped in its commit and killed: the project is left in between.
     const pid_t child = InChild([&] {
       const auto file = system.Open(project.database(), OpenMode::kReadWrite);
-      ChangeJournal journal(system, project.database());
+      ChangeJournal journal(system, project.database(), kAnyFile);
       for (;;) project.Increment(journal, *file);
       return 0;
     });
@@ -163,7 +164,7 @@ TEST(Processes, ThatRecoverAtOnceDoNotDisturbEachOther) {
       children.push_back(InChild([&] {
         for (;;) {
           try {
-            Recover(system, project.database());
+            Recover(system, project.database(), kAnyFile);
             return project.Number().has_value() ? 0 : 1;
           } catch (const Error& error) {
             if (error.kind() != ErrorKind::kLocked) throw;
@@ -220,7 +221,7 @@ TEST(Processes, CommitTenThousandPagesInBoundedMemory) {
               ChangeSet changes;
               changes.ranges.push_back(&pages);
               {
-                ChangeJournal journal(system, database);
+                ChangeJournal journal(system, database, kAnyFile);
                 journal.Commit(changes);
               }
               const long grown = peak_kib() - before;

@@ -14,6 +14,7 @@
 
 #include "files/change_journal.h"
 #include "files/memory_file_system.h"
+#include "tests/support/any_file.h"
 
 namespace files {
 
@@ -128,7 +129,7 @@ class ProjectChange {
 
   void Commit(FileSystem& system) const {
     const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
-    ChangeJournal journal(system, kDatabase);
+    ChangeJournal journal(system, kDatabase, kAnyFile);
     Commit(*file, journal);
   }
 

@@ -45,17 +45,20 @@ TEST(Recovery, TellsHowFarAChangeCame) {
     JournalCondition condition;
     FileState database;
     bool can_finish;
+    bool can_read;
   };
   const Case cases[] = {
-      {InterruptBeforeDatabase, JournalCondition::kUntouched, FileState::kBefore, false},
-      {InterruptInDatabase, JournalCondition::kInterrupted, FileState::kPartly, false},
-      {InterruptAfterDatabase, JournalCondition::kInterrupted, FileState::kAfter, true},
+      {InterruptBeforeDatabase, JournalCondition::kUntouched, FileState::kBefore, false, true},
+      {InterruptInDatabase, JournalCondition::kInterrupted, FileState::kPartly, false, false},
+      {InterruptAfterDatabase, JournalCondition::kInterrupted, FileState::kAfter, true, false},
   };
   for (const Case& c : cases) {
     MemoryFileSystem medium;
     c.interrupt(change, medium);
     const Snapshot interrupted = medium.Snapshot();
-    const RecoveryPlan plan = ExamineJournal(medium, kDatabase);
+    const RecoveryPlan plan = ExamineJournal(medium, kDatabase, kAnyFile);
+    const auto refused = KindRaised([&] { CheckReadable(medium, kDatabase); });
+    EXPECT_EQ(refused, c.can_read ? std::nullopt : std::optional(ErrorKind::kConflict));
     EXPECT_EQ(medium.Snapshot(), interrupted) << "a look changes nothing";
     EXPECT_EQ(plan.condition, c.condition);
     ASSERT_EQ(plan.files.size(), 4u);
@@ -64,7 +67,7 @@ TEST(Recovery, TellsHowFarAChangeCame) {
     EXPECT_TRUE(plan.before.possible);
     EXPECT_EQ(plan.after.possible, c.can_finish) << plan.after.reason;
     EXPECT_NE(plan.after.possible, !plan.after.reason.empty());
-    EXPECT_EQ(Recover(medium, kDatabase).condition, c.condition);
+    EXPECT_EQ(Recover(medium, kDatabase, kAnyFile).condition, c.condition);
     EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
   }
 }
@@ -80,7 +83,7 @@ TEST(Recovery, IgnoresAJournalThatWasNotFinished) {
     MemoryFileSystem medium;
     Copy(crashed, medium);
     medium.Open(kJournal, OpenMode::kReadWrite)->Truncate(length);
-    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), std::nullopt) << length;
+    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), std::nullopt) << length;
     ASSERT_TRUE(change.IsBefore(medium)) << length << ": " << change.Difference(medium);
   }
 }
@@ -96,10 +99,11 @@ TEST(Recovery, NeverAppliesADamagedJournal) {
     Copy(crashed, medium);
     medium.Put(kJournal, damaged);
     const Snapshot before = medium.Snapshot();
-    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kDamaged) << what;
+    ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), ErrorKind::kDamaged)
+        << what;
     ASSERT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kDamaged) << what;
     ASSERT_EQ(medium.Snapshot(), before) << what;
-    const RecoveryPlan plan = ExamineJournal(medium, kDatabase);
+    const RecoveryPlan plan = ExamineJournal(medium, kDatabase, kAnyFile);
     EXPECT_FALSE(plan.before.possible || plan.after.possible);
   };
   for (std::size_t length = 512; length < journal.size(); length = Next(length)) {
@@ -125,7 +129,7 @@ TEST(Recovery, AsksWhenAFileWasEditedSince) {
   const Snapshot edited = medium.Snapshot();
 
   try {
-    Recover(medium, kDatabase);
+    Recover(medium, kDatabase, kAnyFile);
     FAIL() << "went over an edited file";
   } catch (const Error& error) {
     EXPECT_EQ(error.kind(), ErrorKind::kConflict);
@@ -140,8 +144,8 @@ TEST(Recovery, AsksWhenAFileWasEditedSince) {
   const auto resolve = [&](RecoveryChoice choice) {
     auto resolved = std::make_unique<MemoryFileSystem>();
     Copy(medium, *resolved);
-    Resolve(*resolved, kDatabase, choice);
-    EXPECT_EQ(Recover(*resolved, kDatabase).condition, JournalCondition::kNone);
+    Resolve(*resolved, kDatabase, choice, kAnyFile);
+    EXPECT_EQ(Recover(*resolved, kDatabase, kAnyFile).condition, JournalCondition::kNone);
     return resolved->Snapshot();
   };
   Snapshot before = change.before();
@@ -167,13 +171,13 @@ TEST(Recovery, AsksWhenALargeClassWasEditedSince) {
     EXPECT_EQ(medium.Get("/p/CPump.cls"),
               (moved ? change.after() : change.before()).at("/p/CPump.cls"));
     medium.Put("/p/CPump.cls", mine);
-    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kConflict);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), ErrorKind::kConflict);
     const Snapshot edited = medium.Snapshot();
-    const RecoveryPlan plan = ExamineJournal(medium, kDatabase);
+    const RecoveryPlan plan = ExamineJournal(medium, kDatabase, kAnyFile);
     EXPECT_EQ(plan.before.possible, !moved);
     EXPECT_TRUE(plan.discard.possible);
     if (moved) {
-      EXPECT_EQ(KindRaised([&] { Resolve(medium, kDatabase, RecoveryChoice::kBefore); }),
+      EXPECT_EQ(KindRaised([&] { Resolve(medium, kDatabase, RecoveryChoice::kBefore, kAnyFile); }),
                 ErrorKind::kConflict);
       EXPECT_EQ(medium.Snapshot(), edited);
       continue;
@@ -184,8 +188,8 @@ TEST(Recovery, AsksWhenALargeClassWasEditedSince) {
       again.CreateDirectories("/p/sub");
       FailingFileSystem system(again);
       system.Arm({{}, n, Fault::Length::kCrash});
-      KindRaised([&] { Resolve(system, kDatabase, RecoveryChoice::kBefore); });
-      Resolve(again, kDatabase, RecoveryChoice::kBefore);
+      KindRaised([&] { Resolve(system, kDatabase, RecoveryChoice::kBefore, kAnyFile); });
+      Resolve(again, kDatabase, RecoveryChoice::kBefore, kAnyFile);
       EXPECT_TRUE(again.Get("/p/CPump.cls") == change.before().at("/p/CPump.cls")) << n;
       const Snapshot resolved = again.Snapshot();  // a copy that was interrupted is made again
       EXPECT_TRUE(std::any_of(resolved.begin(), resolved.end(), [&](const auto& file) {
@@ -200,13 +204,13 @@ TEST(Recovery, FinishesAChangeWhenTold) {
   const ProjectChange change;
   MemoryFileSystem medium;
   InterruptAfterDatabase(change, medium);
-  Resolve(medium, kDatabase, RecoveryChoice::kAfter);
+  Resolve(medium, kDatabase, RecoveryChoice::kAfter, kAnyFile);
   EXPECT_TRUE(change.IsAfter(medium)) << change.Difference(medium);
 
   MemoryFileSystem partly;
   InterruptInDatabase(change, partly);
   const Snapshot interrupted = partly.Snapshot();
-  EXPECT_EQ(KindRaised([&] { Resolve(partly, kDatabase, RecoveryChoice::kAfter); }),
+  EXPECT_EQ(KindRaised([&] { Resolve(partly, kDatabase, RecoveryChoice::kAfter, kAnyFile); }),
             ErrorKind::kConflict);
   EXPECT_EQ(partly.Snapshot(), interrupted);
 }
@@ -220,8 +224,8 @@ TEST(Recovery, KeepsAnEditedDatabaseAside) {
     InterruptAfterDatabase(change, medium);
     medium.Open(kDatabase, OpenMode::kReadWrite)->WriteAt(place, Bytes(std::string("edit")));
     const std::string edited = medium.Get(kDatabase);
-    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kConflict);
-    Resolve(medium, kDatabase, RecoveryChoice::kBefore);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), ErrorKind::kConflict);
+    Resolve(medium, kDatabase, RecoveryChoice::kBefore, kAnyFile);
     EXPECT_EQ(medium.Get(std::string(kDatabase) + ".edited"), edited);
     medium.Remove(std::string(kDatabase) + ".edited");
     EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
@@ -235,15 +239,15 @@ TEST(Recovery, LeavesTheJournalOfAnotherPlaceAlone) {
   medium.Rename("/p", "/moved");
   const Snapshot moved = medium.Snapshot();
   const std::string database = "/moved/plant.ovs";
-  EXPECT_EQ(KindRaised([&] { Recover(medium, database); }), ErrorKind::kConflict);
-  EXPECT_EQ(KindRaised([&] { Resolve(medium, database, RecoveryChoice::kBefore); }),
+  EXPECT_EQ(KindRaised([&] { Recover(medium, database, kAnyFile); }), ErrorKind::kConflict);
+  EXPECT_EQ(KindRaised([&] { Resolve(medium, database, RecoveryChoice::kBefore, kAnyFile); }),
             ErrorKind::kConflict);
   EXPECT_EQ(medium.Snapshot(), moved);
-  const RecoveryPlan plan = ExamineJournal(medium, database);
+  const RecoveryPlan plan = ExamineJournal(medium, database, kAnyFile);
   EXPECT_EQ(plan.condition, JournalCondition::kElsewhere);
   EXPECT_NE(plan.message.find(kDatabase), std::string::npos) << plan.message;
   medium.Rename("/moved", "/p");
-  Recover(medium, kDatabase);
+  Recover(medium, kDatabase, kAnyFile);
   EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
 }
 
@@ -253,14 +257,14 @@ TEST(Recovery, RefusesWhileAnotherOneRuns) {
   InterruptInDatabase(change, medium);
   const Snapshot interrupted = medium.Snapshot();
   {
-    JournalFile other(medium, JournalPath(medium, kDatabase));
+    JournalFile other(medium, kDatabase);
     const JournalLock lock(other, /*create=*/false);
-    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kLocked);
-    EXPECT_EQ(KindRaised([&] { ExamineJournal(medium, kDatabase); }), ErrorKind::kLocked);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), ErrorKind::kLocked);
+    EXPECT_EQ(KindRaised([&] { ExamineJournal(medium, kDatabase, kAnyFile); }), ErrorKind::kLocked);
     EXPECT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kLocked);
     EXPECT_EQ(medium.Snapshot(), interrupted);
   }
-  Recover(medium, kDatabase);
+  Recover(medium, kDatabase, kAnyFile);
   EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
 }
 
@@ -272,32 +276,125 @@ TEST(Recovery, SaysWhatStandsInTheWay) {
   for (const char* path : {kJournal, kDatabase, "/p"}) {
     SCOPED_TRACE(path);
     medium.SetReadOnly(path, true);
-    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase); }), ErrorKind::kReadOnly);
+    EXPECT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), ErrorKind::kReadOnly);
     medium.SetReadOnly(path, false);
-    EXPECT_FALSE(ExamineJournal(medium, kDatabase).message.empty());
+    EXPECT_FALSE(ExamineJournal(medium, kDatabase, kAnyFile).message.empty());
   }
-  Recover(medium, kDatabase);
+  Recover(medium, kDatabase, kAnyFile);
   EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
 
   MemoryFileSystem gone;
   InterruptInDatabase(change, gone);
   gone.RemoveTree("/p/sub");
-  EXPECT_EQ(KindRaised([&] { Recover(gone, kDatabase); }), ErrorKind::kNotFound);
+  EXPECT_EQ(KindRaised([&] { Recover(gone, kDatabase, kAnyFile); }), ErrorKind::kNotFound);
   gone.CreateDirectories("/p/sub");
-  Recover(gone, kDatabase);
+  Recover(gone, kDatabase, kAnyFile);
   EXPECT_TRUE(change.IsBefore(gone)) << change.Difference(gone);
 }
 
-// A program that had the database open all along recovers what another one left when it commits,
-// and sees that what it had read was not the truth.
+// A program that had the database open all along recovers what another one left when it commits.
+// What it had read was not the truth, also where its own change concerns other bytes.
 TEST(Recovery, ComesBeforeTheNextCommit) {
   const ProjectChange change;
-  MemoryFileSystem medium;
-  InterruptInDatabase(change, medium);
-  EXPECT_EQ(KindRaised([&] { change.Commit(medium); }), ErrorKind::kConflict);
-  EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
-  change.Commit(medium);
-  EXPECT_TRUE(change.IsAfter(medium)) << change.Difference(medium);
+  const auto commit_other_page = [](MemoryFileSystem& medium) {
+    const auto file = medium.Open(kDatabase, OpenMode::kReadWrite);
+    ChangeJournal journal(medium, kDatabase, kAnyFile);
+    Commit(journal, *file, {{kPage, std::string(kPage, 'o')}}, file->Size());
+  };
+  for (const auto interrupt : {InterruptInDatabase, InterruptAfterDatabase}) {
+    MemoryFileSystem medium;
+    interrupt(change, medium);
+    EXPECT_EQ(KindRaised([&] { commit_other_page(medium); }), ErrorKind::kConflict);
+    EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+    change.Commit(medium);
+    EXPECT_TRUE(change.IsAfter(medium)) << change.Difference(medium);
+  }
+}
+
+// A journal that anybody may have put there: all its checksums are right.
+struct Forgery {
+  std::string database = kDatabase;
+  std::string ranged = kDatabase;
+  std::string whole = "/p/CPump.cls";
+  std::string temporary = "/p/CPump.cls.0123456789ab.tmp";
+};
+
+void Forge(MemoryFileSystem& medium, const Forgery& forgery) {
+  const auto file = medium.Open(kJournal, OpenMode::kCreateOrOpen);
+  journal::Writer writer(*file, 7, *medium.Stamp(kDatabase));
+  writer.AddDatabase(forgery.database);
+  writer.AddRangedFile({forgery.ranged, 0, 3 * kPage});
+  const FileChange change{forgery.whole, "evil", std::nullopt};
+  writer.AddWholeFile({forgery.whole, forgery.temporary, {true, 4, change.before.Hash()}, {}},
+                      change);
+  writer.Finish();
+}
+
+TEST(Recovery, WritesNothingThatIsNotTheProjects) {
+  const Reach modules = [](const std::string& path) {
+    return path.starts_with("/p/") && path.ends_with(".cls");
+  };
+  const std::string temporary = ".0123456789ab.tmp";
+  const auto whole = [&](const std::string& path) {
+    return Forgery{kDatabase, kDatabase, path, path + temporary};
+  };
+  const Forgery honest;
+  const Forgery cases[] = {
+      {"/fd/3", "/fd/3", honest.whole, honest.temporary},  // a way to whatever was opened
+      {"/elsewhere.ovs", "/elsewhere.ovs", honest.whole, honest.temporary},
+      {kDatabase, "/home/keys", honest.whole, honest.temporary},
+      {kDatabase, "/p/other.txt", honest.whole, honest.temporary},
+      {kDatabase, kDatabase, honest.whole, "/home/keys"},
+      {kDatabase, kDatabase, honest.whole, "/p/CPump.cls.keys.tmp"},
+      whole("/home/keys"),
+      whole("/p/other.txt"),
+      whole("/p/../home/keys.cls"),
+      whole("/p/out/keys.cls"),
+      whole("/p/link.cls"),
+  };
+  MemoryFileSystem plant;
+  ProjectChange().Put(plant);
+  plant.Put("/home/keys", "secret");
+  plant.Put("/home/keys.cls", "secret");
+  plant.CreateDirectories("/fd");
+  plant.MakeLink(kDatabase, "/fd/3");
+  plant.MakeLink("/home", "/p/out");
+  plant.MakeLink("/home/keys", "/p/link.cls");
+  for (const Forgery& forgery : cases) {
+    SCOPED_TRACE(forgery.database + " " + forgery.ranged + " " + forgery.whole + " " +
+                 forgery.temporary);
+    Forge(plant, forgery);
+    const Snapshot forged = plant.Snapshot();
+    for (const auto& act : std::vector<std::function<void()>>{
+             [&] { Recover(plant, kDatabase, modules); },
+             [&] { Resolve(plant, kDatabase, RecoveryChoice::kBefore, modules); },
+             [&] { Resolve(plant, kDatabase, RecoveryChoice::kAfter, modules); }}) {
+      EXPECT_NE(KindRaised(act), std::nullopt);
+      EXPECT_TRUE(plant.Snapshot() == forged);
+    }
+    EXPECT_FALSE(ExamineJournal(plant, kDatabase, modules).message.empty());
+    Resolve(plant, kDatabase, RecoveryChoice::kDiscard, modules);
+    plant.Remove(std::string(kJournal) + ".discarded");
+  }
+  Forge(plant, honest);
+  EXPECT_EQ(KindRaised([&] { Recover(plant, kDatabase, modules); }), ErrorKind::kConflict);
+  EXPECT_EQ(ExamineJournal(plant, kDatabase, modules).files.size(), 2u) << "believed, but asks";
+}
+
+// Nobody is led away from the journal's own place.
+TEST(Recovery, RefusesAJournalThatIsNoFileOfItsOwn) {
+  const ProjectChange change;
+  for (const bool hard : {false, true}) {
+    MemoryFileSystem medium;
+    change.Put(medium);
+    medium.Put("/home/keys", "");
+    hard ? medium.AddName("/home/keys", kJournal) : medium.MakeLink("/home/keys", kJournal);
+    const Snapshot planted = medium.Snapshot();
+    const ErrorKind kind = hard ? ErrorKind::kManyNames : ErrorKind::kInTheWay;
+    EXPECT_EQ(KindRaised([&] { change.Commit(medium); }), kind);
+    EXPECT_EQ(KindRaised([&] { CheckReadable(medium, kDatabase); }), kind);
+    EXPECT_TRUE(medium.Snapshot() == planted);
+  }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
 #include "platform/error.h"
+#include "tests/support/any_file.h"
 
 namespace files {
 namespace {
@@ -65,7 +66,7 @@ class UnitOfWorkTest : public testing::Test {
   std::vector<std::string> log;
   TextFile a{system, "/p/a", log};
   TextFile b{system, "/p/b", log};
-  JournalledUnitOfWork unit{system, "/p/plant.ovs"};
+  JournalledUnitOfWork unit{system, "/p/plant.ovs", kAnyFile};
 };
 
 TEST_F(UnitOfWorkTest, CommitsAllParticipantsAsOne) {

@@ -2,6 +2,8 @@
 // Several users of one file: ours and others.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
 #include "files/recovery.h"
@@ -109,11 +111,13 @@ TEST_F(Sharing, OfForeignSoftware) {
   AddItem(database->OpenTable("Items"), "Valve", "");
 }
 
-// A program dies in the middle of writing. Those that have the database open read nothing of it.
-TEST_F(Sharing, AnInterruptedCommitIsPutBackByWhoeverLooks) {
+// A program dies in the middle of writing. Those that have the database open read nothing of it:
+// who may write puts it back, who only looks says what is to be run and writes nothing.
+TEST_F(Sharing, NobodyReadsAnInterruptedCommit) {
   const auto reader = Open();
   const auto looker = Open(true);
   int interrupted = 0;
+  int refused = 0;
   for (int n = 1;; ++n) {
     SCOPED_TRACE(n);
     files::FailingFileSystem failing(system_);
@@ -131,17 +135,94 @@ TEST_F(Sharing, AnInterruptedCommitIsPutBackByWhoeverLooks) {
     }
     const bool fired = failing.fired();
     database.reset();
-    interrupted +=
-        files::ExamineJournal(system_, kPath).condition == files::JournalCondition::kInterrupted;
-    // Who only reads may come first, and may be the one who puts the file in order.
-    const auto found = Items(n % 2 == 0 ? *reader : *looker);
+    interrupted += files::ExamineJournal(system_, kPath, {}).condition ==
+                   files::JournalCondition::kInterrupted;
+    const auto left = system_.Snapshot();
+    std::vector<std::string> seen;
+    try {
+      seen = Items(*looker);
+      EXPECT_EQ(Items(*Open(true)), seen);
+    } catch (const files::Error& error) {
+      EXPECT_NE(std::string(error.what()).find("recover --before"), std::string::npos);
+      EXPECT_THROW(Open(true), files::Error);
+      ++refused;
+    }
+    EXPECT_TRUE(system_.Snapshot() == left);
+    const auto found = Items(*reader);
     EXPECT_TRUE(found == before || found.size() == before.size() + 1);
-    EXPECT_EQ(Items(*reader), found);
+    EXPECT_TRUE(seen.empty() || seen == found);
     EXPECT_EQ(Items(*looker), found);
     EXPECT_EQ(Faults(*reader), "");
     if (!fired || HasFailure()) break;
   }
   EXPECT_GT(interrupted, 0);
+  EXPECT_GT(refused, 0);
+}
+
+// Through a link one uses the file, with the journal and the lock file that stand beside it.
+TEST_F(Sharing, ALinkIsTheFileThatItLeadsTo) {
+  system_.CreateDirectories("/other");
+  system_.MakeLink("../plant.ovs", "/other/link.ovs");
+  for (int n = 1;; ++n) {
+    SCOPED_TRACE(n);
+    files::FailingFileSystem failing(system_);
+    files::Fault fault;
+    fault.kinds = {files::Operation::kWrite};
+    fault.n = n;
+    fault.length = files::Fault::Length::kCrash;
+    bool done = false;
+    {
+      const auto database = Database::Open(failing, "/other/link.ovs", options_);
+      EXPECT_TRUE(system_.Exists(kLockPath));
+      failing.Arm(fault);
+      try {
+        AddItem(database->OpenTable("Items"), "Valve" + std::to_string(n), "");
+        done = true;
+      } catch (const files::Error&) {
+      }
+    }
+    const auto through_link = Database::Open(system_, "/other/link.ovs", options_);
+    AddItem(through_link->OpenTable("Items"), "Tank" + std::to_string(n), "");
+    EXPECT_EQ(Faults(*through_link), "");
+    EXPECT_EQ(Items(*Open()), Items(*through_link));
+    if (done || HasFailure()) break;
+  }
+  EXPECT_EQ(system_.List("/other").size(), 1u);
+}
+
+// What cannot be kept as one file, or has something else under the name of its lock file, is read
+// and not written, with the reason.
+TEST_F(Sharing, WhatHasNoPlaceOfItsOwnIsOnlyRead) {
+  struct Case {
+    const char* path;
+    std::function<void()> prepare;
+    const char* reason;
+  };
+  const std::string database = system_.Get(kPath);
+  const Case cases[] = {
+      {"/a.ovs", [&] { system_.AddName("/a.ovs", "/b.ovs"); }, "several names"},
+      {"/c.ovs", [&] { system_.AddName("/c.ovs", "/c.ldb"); }, "several names"},
+      {"/d.ovs", [&] { system_.MakeLink("d.ovs", "/d.ldb"); }, "it is a link"},
+      {"/e.ovs", [&] { system_.MakeLink("none", "/e.ldb"); }, "it is a link"},
+      {"/f.ldb", [] {}, "it is the database"},
+      {"/g.ovs", [&] { system_.Put("/g.ldb", std::string(20'000, 'x')); }, "no lock file"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.path);
+    system_.Put(c.path, database);
+    c.prepare();
+    const auto before = system_.Snapshot();
+    {
+      const auto opened = Database::Open(system_, c.path, options_);
+      EXPECT_EQ(Items(*opened).size(), 1u);
+      EXPECT_NE(opened->read_only_reason().find(c.reason), std::string::npos)
+          << opened->read_only_reason();
+      EXPECT_THROW(AddItem(opened->OpenTable("Items"), "Valve", ""), Error);
+    }
+    EXPECT_TRUE(system_.Snapshot() == before);
+  }
+  EXPECT_THROW(Database::Create(system_, "/new.ldb"), Error);
+  EXPECT_FALSE(system_.Exists("/new.ldb"));
 }
 
 TEST_F(Sharing, TheLockFileLivesAsLongAsItsUsers) {

@@ -13,6 +13,7 @@
 #include "store/operations.h"
 #include "store/schema.h"
 #include "store/text_numbers.h"
+#include "tests/support/any_file.h"
 #include "texts/text_table.h"
 
 namespace store {
@@ -54,7 +55,7 @@ class ForeignDatabaseTest : public testing::TestWithParam<Case> {
 
   files::MemoryFileSystem system_;
   std::shared_ptr<recordset::JetConnection> connection_;
-  files::JournalledUnitOfWork unit_{system_, "/p.ovs"};
+  files::JournalledUnitOfWork unit_{system_, "/p.ovs", kAnyFile};
   texts::TextTable texts_{texts::Language::kEnglish};
   OperationOptions options_;
   std::unique_ptr<Operations> operations_;

@@ -15,6 +15,7 @@
 #include "files/unit_of_work.h"
 #include "recordset/jet_connection.h"
 #include "store/operations.h"
+#include "tests/support/any_file.h"
 #include "tests/support/memory_database.h"
 #include "tests/support/project_doubles.h"
 #include "tests/support/project_files.h"
@@ -31,7 +32,7 @@ class OpenProject {
       : texts(language),
         environment(std::make_shared<vbfiles::Environment>(system)),
         connection(std::make_shared<recordset::JetConnection>(system)),
-        unit(system, kDatabasePath),
+        unit(system, kDatabasePath, kAnyFile),
         code(texts, &items, &components) {
     connection->Open(store::ProjectConnectionString(kDatabasePath));
     environment->Open(kProjectPath);

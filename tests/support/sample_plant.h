@@ -9,6 +9,7 @@
 
 #include "files/unit_of_work.h"
 #include "recordset/jet_connection.h"
+#include "tests/support/any_file.h"
 #include "tests/support/memory_database.h"
 #include "tests/support/project_files.h"
 #include "vbfiles/environment.h"
@@ -26,7 +27,7 @@ class SamplePlant {
   // Closed at first.
   std::shared_ptr<recordset::JetConnection> connection;
   std::shared_ptr<vbfiles::Environment> environment;
-  files::JournalledUnitOfWork unit{system, kPlantDatabase};
+  files::JournalledUnitOfWork unit{system, kPlantDatabase, kAnyFile};
 
   SamplePlant() {
     const std::string code = "Option Explicit\r\n";

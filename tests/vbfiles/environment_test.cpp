@@ -11,6 +11,7 @@
 
 #include "files/memory_file_system.h"
 #include "files/unit_of_work.h"
+#include "tests/support/any_file.h"
 #include "tests/vbfiles/class_project.h"
 
 namespace vbfiles {
@@ -270,7 +271,7 @@ class EnvironmentInUnit : public ::testing::Test {
 
   const std::string code_ = "Option Explicit\r\n";
   ClassProject project_{code_};
-  files::JournalledUnitOfWork unit_{project_.system, "/plant/plant.ovs"};
+  files::JournalledUnitOfWork unit_{project_.system, "/plant/plant.ovs", kAnyFile};
 };
 
 TEST_F(EnvironmentInUnit, CommitsAndRollsBack) {

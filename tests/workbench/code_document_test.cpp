@@ -8,6 +8,7 @@
 
 #include "files/memory_file_system.h"
 #include "files/unit_of_work.h"
+#include "tests/support/any_file.h"
 #include "vbfiles/environment.h"
 
 namespace {
@@ -23,7 +24,7 @@ struct Fixture {
     system.Put("/p/CPump.cls", kHead + code);
     environment = std::make_unique<vbfiles::Environment>(system);
     environment->Open("/p/CPump.cls");
-    unit = std::make_unique<files::JournalledUnitOfWork>(system, "/p/Plant.ovs");
+    unit = std::make_unique<files::JournalledUnitOfWork>(system, "/p/Plant.ovs", kAnyFile);
     unit->Enlist(*environment);
     module = environment->VBProjects().front()->VBComponents().front()->Module();
     document = std::make_unique<workbench::CodeDocument>(*unit, *module);
