@@ -279,6 +279,15 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
   journal::PutBack(system, journal, inspection);
 }
 
+// What was told to have failed is not found done at the next start, should putting it back fail.
+void GiveUp(JournalFile& journal) {
+  try {
+    journal.GiveUp();
+  } catch (const Error&) {
+    // A medium that takes nothing any more: what is there stays, and the failure says so.
+  }
+}
+
 // Undoes a run that failed, for the cause that is being handled, and raises that.
 [[noreturn]] void UndoAndRaise(FileSystem& system, JournalFile& journal,
                                const std::string& database, const Reach& reach,
@@ -286,6 +295,7 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
   const std::exception_ptr cause = std::current_exception();
   try {
     if (run.touched()) {
+      GiveUp(journal);
       Undo(system, journal, database, reach, run);
     } else {
       journal.PutToRest();

@@ -84,6 +84,11 @@ void JournalFile::SyncName() {
   name_synced_ = true;
 }
 
+void JournalFile::GiveUp() {
+  journal::WriteGivenUp(*file_);
+  file_->Sync();
+}
+
 void JournalFile::PutToRest() {
   journal::WriteAtRest(*file_);
   file_->Sync();

@@ -40,6 +40,8 @@ class JournalFile {
   RandomAccessFile& file() { return *file_; }
   // Makes the file's name last, once.
   void SyncName();
+  // Writes the mark that the change is given up, and syncs it.
+  void GiveUp();
   // Writes the mark that nothing is under way, syncs it, and gives much room back.
   void PutToRest();
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kMagic = "CHGJRNL1";
 constexpr std::string_view kActive = "ACTIVE>>";
+constexpr std::string_view kGivenUp = "UNDOING>";
 constexpr std::size_t kStateAt = 8;
 constexpr std::size_t kChecksumAt = 56;
 constexpr std::size_t kRecordHeader = 16;
@@ -182,6 +183,10 @@ void WriteAtRest(RandomAccessFile& file) {
   file.WriteAt(kStateAt, std::array<std::byte, kActive.size()>{});
 }
 
+void WriteGivenUp(RandomAccessFile& file) {
+  file.WriteAt(kStateAt, std::as_bytes(std::span(kGivenUp)));
+}
+
 bool IsAtRest(RandomAccessFile& file) {
   Header header;
   const HeaderCondition condition = ReadHeader(file, header);
@@ -200,9 +205,13 @@ HeaderCondition ReadHeader(RandomAccessFile& file, Header& header) {
   if (size < kHeaderSize) return HeaderCondition::kNone;
   const std::span<std::byte> state = std::span(bytes).subspan(kStateAt, kActive.size());
   const std::span<const std::byte> active = std::as_bytes(std::span(kActive));
-  header.active = std::equal(state.begin(), state.end(), active.begin());
+  const std::span<const std::byte> given_up = std::as_bytes(std::span(kGivenUp));
+  header.given_up = std::equal(state.begin(), state.end(), given_up.begin());
+  header.active = header.given_up || std::equal(state.begin(), state.end(), active.begin());
   for (std::size_t i = 0; i < state.size(); ++i) {
-    if (state[i] != active[i] && state[i] != std::byte{0}) return HeaderCondition::kDamaged;
+    if (state[i] != active[i] && state[i] != given_up[i] && state[i] != std::byte{0}) {
+      return HeaderCondition::kDamaged;
+    }
     state[i] = std::byte{0};
   }
   Cursor in(std::span<const std::byte>(bytes).subspan(kStateAt + kActive.size()));

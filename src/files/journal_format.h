@@ -3,8 +3,8 @@
 //
 // Header, 512 bytes (one sector: it is on the medium whole or not at all):
 //   0    8  "CHGJRNL1"
-//   8    8  state: "ACTIVE>>", or zeros at rest. Zeros are written only when all is done, so that
-//           a mixture means at rest, too.
+//   8    8  state: "ACTIVE>>", "UNDOING>" once the change is given up, or zeros at rest. Zeros are
+//           written only when all is done, so that a mixture means at rest, too.
 //   16   8  salt: a random number per commit; seeds all checksums of the body
 //   24   8  length of the body in bytes
 //   32   8  number of records in the body
@@ -54,6 +54,7 @@ inline constexpr std::size_t kMaxRange = std::size_t{1} << 16;
 
 struct Header {
   bool active = false;
+  bool given_up = false;  // the state before is wanted, however much was done
   std::uint64_t salt = 0;
   std::uint64_t body_size = 0;
   std::uint64_t record_count = 0;
@@ -72,6 +73,9 @@ enum class HeaderCondition {
 
 // Writes the mark that the journal is at rest. Not synced.
 void WriteAtRest(RandomAccessFile& file);
+
+// Writes the mark that an active change is given up. Not synced.
+void WriteGivenUp(RandomAccessFile& file);
 
 // Whether nothing is under way according to the header.
 bool IsAtRest(RandomAccessFile& file);

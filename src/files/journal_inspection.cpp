@@ -190,7 +190,8 @@ JournalCondition Judge(const Inspection& inspection, bool database_written) {
   }
   if (all_before) return JournalCondition::kUntouched;
   if (all([](const InspectedFile& file) { return file.is_after; })) {
-    return JournalCondition::kComplete;
+    return inspection.header.given_up ? JournalCondition::kInterrupted
+                                      : JournalCondition::kComplete;
   }
   const bool known = all([](const InspectedFile& file) {
     return file.State() != FileState::kEdited && file.State() != FileState::kMissing;

@@ -115,6 +115,17 @@ void OperationRun::RunUnit(const std::function<void(OperationResult&)>& steps,
   if (code()) code()->CommitComponents();
 }
 
+// What could not be put back was changed, whatever the cause says.
+void OperationRun::TellNotUndone(OperationResult& result) {
+  for (const std::string& sentence : parts_.unit->NotUndone()) {
+    result.text_id = kTextNotUndone;
+    result.message = texts().Text(kTextNotUndone);
+    const std::string text = texts().Translated(sentence);
+    if (result.detail.find(text) != std::string::npos) continue;
+    result.detail += (result.detail.empty() ? "" : "\r\n") + text;
+  }
+}
+
 OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t failure_text,
                                   const std::function<void(OperationResult&)>& steps) {
   options_ = &options;
@@ -148,9 +159,7 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
     result.ids.clear();
     result.warnings.clear();
     if (parts_.code) parts_.code->TakeFailure();
-    for (const std::string& sentence : parts_.unit->NotUndone()) {
-      result.detail += (result.detail.empty() ? "" : "\r\n") + texts().Translated(sentence);
-    }
+    TellNotUndone(result);
   }
   options_ = nullptr;
   return result;

@@ -67,6 +67,7 @@ class OperationRun {
 
  private:
   void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);
+  void TellNotUndone(OperationResult& result);
   void TakeWarnings();
 
   Operations::Parts parts_;

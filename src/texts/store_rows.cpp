@@ -53,6 +53,8 @@ std::span<const Row> StoreRows() {
        "<Class> already holds <Name> as something else. Choose another alias, or rename it in the "
        "class."},
       {1017, "Gültig wäre <Name>.", "<Name> would be valid."},
+      {1018, "Die Änderung ist fehlgeschlagen und ließ sich noch nicht zurücknehmen.",
+       "The change failed and could not be undone yet."},
   });
   return kRows;
 }

@@ -70,6 +70,26 @@ TEST_P(ChangeJournalWithClass, IsBeforeOrAfterWhateverFails) {
   }
 }
 
+// A folder does not take its new names, then neither the old ones. What was told to have failed is
+// not done at the next start.
+TEST(ChangeJournal, IsNotDoneAfterAllWhenUndoingFails) {
+  MemoryFileSystem medium;
+  medium.Put(kDatabase, std::string(kPage, 'd'));
+  medium.Put("/p/sub/a.cls", "old");
+  FailingFileSystem system(medium);
+  ChangeSet changes;
+  changes.files.push_back({"/p/sub/a.cls", "old", "new"});
+  {
+    ChangeJournal journal(system, kDatabase, kAnyFile);
+    system.Arm({{Operation::kSyncDirectory, Operation::kRename}, 3, Fault::Length::kLasting});
+    EXPECT_THROW(journal.Commit(changes), NotUndoneError);
+  }
+  EXPECT_EQ(medium.Get("/p/sub/a.cls"), "new");
+  system.Disarm();
+  EXPECT_EQ(Recover(medium, kDatabase, kAnyFile).condition, JournalCondition::kInterrupted);
+  EXPECT_EQ(medium.Get("/p/sub/a.cls"), "old");
+}
+
 // Each way to crash in the recovery of each way to crash.
 TEST_P(ChangeJournalWithClass, RecoversFromACrashInRecovery) {
   const ProjectChange change(GetParam());

@@ -225,6 +225,18 @@ TEST(Environment, FilesOutsideTheTreeAreWrittenOnlyWithAgreement) {
   EXPECT_EQ(module.CountOfLines(), 1);
 }
 
+// The file is looked at at each change: it may have become a link since the last one.
+TEST(Environment, AClassThatBecameALinkIsOutside) {
+  ClassProject project("");
+  project.Module().AddFromString("Public a");
+  project.system.Put("/home/c.cls", project.system.Get(ClassProject::kPath));
+  project.system.Remove(ClassProject::kPath);
+  project.system.MakeLink("/home/c.cls", ClassProject::kPath);
+  const std::string before = project.system.Get("/home/c.cls");
+  ErrorOf([&] { project.Module().AddFromString("Public b"); }, ClassProject::kPath);
+  EXPECT_EQ(project.system.Get("/home/c.cls"), before);
+}
+
 TEST(Environment, TellsWhatACodeWindowHasToShow) {
   std::vector<std::string> events;
   Options options;
