@@ -94,6 +94,11 @@ class CommitRun {
     Raise(ErrorKind::kConflict, path, "is not changed", cause);
   }
 
+  // Recovery would not believe the journal.
+  [[noreturn]] static void RaiseOutside(const std::string& path) {
+    Raise(ErrorKind::kOutside, path, "is not changed", "it is no file of the project");
+  }
+
   void CheckWholeFiles() {
     std::set<std::string> seen;
     for (const FileChange& change : changes_.files) {
@@ -106,8 +111,7 @@ class CommitRun {
       CheckBefore(change, file);
       if (change.before == change.after) continue;
       if (file.record.path != database_ && !(reach_ && reach_(file.record.path))) {
-        Raise(ErrorKind::kOutside, file.record.path, "is not changed",
-              "it is no file of the project");
+        RaiseOutside(file.record.path);
       }
       CheckOneName(system_, file.record.path, "cannot be written");
       if (file.stamp && !system_.IsWritable(file.record.path)) {
@@ -151,6 +155,7 @@ class CommitRun {
   void AddRanges(RangeSource& source, journal::Writer& writer) {
     RandomAccessFile& file = source.File();
     const std::string path = system_.Canonical(file.path());
+    if (!IsSamePath(system_, path, database_)) RaiseOutside(path);
     if (file.read_only()) {
       Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is open for reading only");
     }

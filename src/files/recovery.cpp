@@ -66,10 +66,6 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, c
   }
 }
 
-}  // namespace
-
-namespace {
-
 // What the journal of the database at the resolved path says, nobody being at work with it.
 journal::Inspection InspectUnused(FileSystem& system, const std::string& database,
                                   const Reach& reach, journal::Scope scope) {
