@@ -2,14 +2,10 @@
 #include "desktop/code_pane.h"
 
 #include <wx/clipbrd.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/stc/stc.h>
 
-#include <algorithm>
-
-#include "desktop/colours.h"
+#include "desktop/code_editor.h"
 #include "files/error.h"
 #include "platform/error.h"
 #include "workbench/text_numbers.h"
@@ -22,23 +18,7 @@ namespace {
 
 using workbench::TextNumber;
 
-constexpr int kLineNumbers = 0;
-constexpr int kTabWidth = 4;
-
-constexpr const char* kKeywords =
-    "addressof alias and any as base boolean byref byte byval call case cbool cbyte ccur cdate "
-    "cdbl cint clng close "
-    "const csng cstr currency cvar cverr date debug declare defbool defbyte defcur defdate defdbl "
-    "defint deflng defobj "
-    "defsng defstr defvar dim do double each else elseif empty end enum eqv erase error event exit "
-    "explicit false "
-    "for friend function get global gosub goto if imp implements in input integer is let lib like "
-    "line lock long loop "
-    "lset me mod new next not nothing null object on open option optional or output paramarray "
-    "preserve print private "
-    "property public put raiseevent random read redim rem resume return rset seek select set "
-    "single static step stop "
-    "string sub tab then to true type unlock until variant wend while with withevents write xor";
+constexpr int kCopyMs = 1000;  // how much typing a program that is killed may take with it
 
 }  // namespace
 
@@ -47,95 +27,67 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
       texts_(texts),
       title_(new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
-      editor_(new wxStyledTextCtrl(this)) {
+      editor_(new CodeEditor(this)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(title_, wxSizerFlags().Expand().Border(wxALL, FromDIP(6)));
   sizer->Add(editor_, wxSizerFlags(1).Expand());
   SetSizer(sizer);
   SetTitle(texts.Text(TextNumber::kTextNoModule));
   wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(TextNumber::kTextCodeName)));
-  SetUpEditor();
-  wx::KeepScrollbarsBeside(*editor_);
   editor_->Enable(false);
-}
-
-void CodePane::SetUpEditor() {
-  editor_->SetLexer(wxSTC_LEX_VB);
-  editor_->SetKeyWords(0, kKeywords);
-  editor_->SetTabWidth(kTabWidth);
-  editor_->SetIndent(kTabWidth);
-  editor_->SetUseTabs(false);
-  editor_->SetEOLMode(wxSTC_EOL_LF);
-  editor_->SetMarginType(kLineNumbers, wxSTC_MARGIN_NUMBER);
-  editor_->SetMarginWidth(1, 0);
-  editor_->SetMarginLeft(FromDIP(6));
-  editor_->SetWrapMode(wxSTC_WRAP_NONE);
-  editor_->SetScrollWidthTracking(true);
-  // Tab leaves no way out for the keyboard: it indents; the window takes Escape and F6.
-  ApplyColours();
-  editor_->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    event.Skip();
-    CallAfter([this] {
-      if (!asking_ && Modified()) Save();
-    });
-  });
-  editor_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-    event.Skip();
-    FitScrollWidth();
-  });
   editor_->Bind(wxEVT_STC_SAVEPOINTLEFT, [this](wxStyledTextEvent&) {
-    if (on_status && !loading_) on_status(texts_.Text(TextNumber::kTextModified));
+    ShowName();
+    if (on_status && !editor_->Changing()) on_status(texts_.Text(TextNumber::kTextModified));
   });
   editor_->Bind(wxEVT_STC_SAVEPOINTREACHED, [this](wxStyledTextEvent&) {
-    if (on_status && !loading_) on_status("");
+    ShowName();
+    if (on_status && !editor_->Changing()) on_status("");
   });
-  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
-    event.Skip();
-    ApplyColours();
+  editor_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) {
+    if (copies_ && document_ && !copy_timer_.IsRunning()) copy_timer_.StartOnce(kCopyMs);
   });
+  copy_timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { KeepCopy(); });
 }
 
-void CodePane::ApplyColours() {
-  const CodePalette& palette = wxSystemSettings::GetAppearance().IsDark() ? kDarkCode : kLightCode;
-  wxFont font(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
-                  .Family(wxFONTFAMILY_TELETYPE));
-  editor_->StyleSetFont(wxSTC_STYLE_DEFAULT, font);
-  editor_->StyleSetForeground(wxSTC_STYLE_DEFAULT, wxColour(palette.ink));
-  editor_->StyleSetBackground(wxSTC_STYLE_DEFAULT, wxColour(palette.paper));
-  editor_->StyleClearAll();
-  const auto style = [&](int number, const wxColour& colour) {
-    editor_->StyleSetForeground(number, colour);
-  };
-  style(wxSTC_B_COMMENT, wxColour(palette.comment));
-  style(wxSTC_B_KEYWORD, wxColour(palette.keyword));
-  style(wxSTC_B_STRING, wxColour(palette.string));
-  style(wxSTC_B_STRINGEOL, wxColour(palette.string));
-  style(wxSTC_B_NUMBER, wxColour(palette.number));
-  style(wxSTC_B_DATE, wxColour(palette.number));
-  style(wxSTC_STYLE_LINENUMBER, wxColour(palette.comment));
-  editor_->StyleSetItalic(wxSTC_B_COMMENT, true);
-  editor_->StyleSetBackground(wxSTC_STYLE_LINENUMBER, wxColour(palette.margin));
-  editor_->SetSelBackground(true, wxColour(palette.selection));
-  editor_->SetCaretForeground(wxColour(palette.ink));
-}
-
-void CodePane::ShowModule(std::shared_ptr<platform::VBComponent> component,
+bool CodePane::ShowModule(std::shared_ptr<platform::VBComponent> component,
                           platform::UnitOfWork& unit) {
-  if (component_ && component_->FileName() == component->FileName()) return Refresh();
-  if (Modified() && !Save()) return;
+  if (component_ && component_->FileName() == component->FileName()) {
+    Refresh();
+    return true;
+  }
   platform::CodeModule* module = component->Module();
-  if (!module) return;
+  if (asking_ || !module || !MayLeave()) return false;
   component_ = std::move(component);
   document_ = std::make_unique<workbench::CodeDocument>(unit, *module);
-  editor_->Enable(true);
-  LoadAgain();
+  LoadModule();
+  return true;
+}
+
+void CodePane::LoadModule() {
+  try {
+    const std::string& text = document_->Load();
+    problem_.clear();
+    editor_->ShowLineNumbers(true);
+    editor_->ShowText(text);
+    editor_->Enable(true);
+    conflict_ = false;
+    ShowName();
+  } catch (const std::exception& error) {
+    problem_ = error.what();
+    editor_->ShowText("");
+    editor_->Enable(false);
+    SetTitle(texts_.Translated(problem_));
+  }
+  Layout();
 }
 
 void CodePane::CloseModule() {
   document_.reset();
   component_.reset();
-  SetText("");
-  editor_->SetMarginWidth(kLineNumbers, 0);
+  problem_.clear();
+  DropCopy();
+  editor_->ShowLineNumbers(false);
+  editor_->ShowText("");
   editor_->Enable(false);
   SetTitle(texts_.Text(TextNumber::kTextNoModule));
 }
@@ -157,101 +109,166 @@ void CodePane::SetTitle(const std::string& text) {
   title_->SetToolTip(wx::ToWx(text));
 }
 
-void CodePane::SetText(const std::string& text) {
-  loading_ = true;
-  editor_->SetText(wx::ToWx(text));
-  editor_->EmptyUndoBuffer();
-  editor_->SetSavePoint();
-  loading_ = false;
-  const wxString widest(
-      L'9', std::max<std::size_t>(4, std::to_string(editor_->GetLineCount()).size() + 1));
-  editor_->SetMarginWidth(kLineNumbers, editor_->TextWidth(wxSTC_STYLE_LINENUMBER, widest));
-  FitScrollWidth();
+void CodePane::ShowName() {
+  if (!component_ || !problem_.empty()) return;
+  SetTitle((Modified() ? "* " : "") + component_->Name() + "  –  " + component_->FileName());
 }
 
-// At least what the window shows: less would be drawn as scrolling past the end.
-void CodePane::FitScrollWidth() {
-  int width =
-      editor_->GetClientSize().GetWidth() - editor_->GetMarginLeft() - editor_->GetMarginRight();
-  for (int margin = 0; margin < editor_->GetMarginCount(); ++margin) {
-    width -= editor_->GetMarginWidth(margin);
-  }
-  editor_->SetScrollWidth(std::max(1, width));
-}
-
-void CodePane::LoadAgain() {
-  try {
-    SetText(document_->Load());
-    SetTitle(component_->Name() + "  –  " + component_->FileName());
-  } catch (const std::exception& error) {
-    SetText("");
-    editor_->Enable(false);
-    SetTitle(texts_.Translated(error.what()));
-  }
-  Layout();
-}
-
-void CodePane::ScrollTo(std::int32_t line) {
-  editor_->GotoLine(line - 1);
-  editor_->SetFirstVisibleLine(editor_->VisibleFromDocLine(line - 1));
-}
+void CodePane::ScrollTo(std::int32_t line) { editor_->ScrollTo(line); }
 
 void CodePane::SelectLines(const platform::CodeSelection& selection) {
-  const int start = editor_->PositionFromLine(selection.start_line - 1);
-  const int end = editor_->PositionFromLine(selection.end_line - 1);
-  const int first = editor_->PositionRelative(start, selection.start_column - 1);
-  editor_->SetSelection(first, editor_->GetLineEndPosition(editor_->LineFromPosition(end)));
+  editor_->SelectLines(selection);
 }
+
+void CodePane::ToClipboard(const std::string& text) {
+  if (!wxTheClipboard->Open()) return;
+  wxTheClipboard->SetData(new wxTextDataObject(wx::ToWx(text)));
+  wxTheClipboard->Flush();  // it outlives the program
+  wxTheClipboard->Close();
+}
+
+// --- Saving ---
 
 bool CodePane::Modified() const { return document_ && editor_->GetModify(); }
 
 bool CodePane::Save() {
   if (!Modified()) return true;
   const std::string name = component_->Name();
+  std::string cause;
   try {
-    document_->Save(wx::FromWx(editor_->GetText()));
+    Refresh();
+    document_->Save(editor_->Text());
+    editor_->ChangeText(document_->text());
     editor_->SetSavePoint();
+    DropCopy();
     if (on_status) on_status(texts_.Text(TextNumber::kTextSaved, {{"<Name>", name}}));
     return true;
   } catch (const platform::Error& error) {
-    if (error.kind() == platform::ErrorKind::kConflict && document_->ChangedMeanwhile()) {
+    cause = error.what();
+    if (error.kind() == platform::ErrorKind::kConflict && conflict_) {
       ResolveConflict();
-    } else if (on_failure) {
-      on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), error.what());
+      return false;
     }
   } catch (const std::exception& error) {
-    if (on_failure)
-      on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), error.what());
+    cause = error.what();
   }
+  if (on_failure) on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), cause);
+  return false;
+}
+
+bool CodePane::MayLeave() {
+  if (!Modified()) return true;
+  if (asking_ || !on_unsaved) return false;
+  asking_ = true;
+  const Answer answer = on_unsaved(component_->Name());
+  asking_ = false;
+  if (answer == Answer::kSave && (Save() || !Modified())) return true;
+  if (answer == Answer::kDiscard) {
+    ToClipboard(editor_->Text());
+    CloseModule();
+    return true;
+  }
+  CallAfter([this] { TakeKeyboard(); });  // behind the event that wanted to leave
   return false;
 }
 
 void CodePane::ResolveConflict() {
   asking_ = true;
   const bool load = on_conflict && on_conflict(component_->Name());
-  if (load) Discard();
   asking_ = false;
+  if (load) Discard();
 }
 
+// The text goes to the clipboard.
 void CodePane::Discard() {
-  if (wxTheClipboard->Open()) {
-    wxTheClipboard->SetData(new wxTextDataObject(editor_->GetText()));
-    wxTheClipboard->Flush();  // it outlives the program
-    wxTheClipboard->Close();
+  ToClipboard(editor_->Text());
+  conflict_ = false;
+  try {
+    editor_->ChangeText(document_->Load());
+    editor_->SetSavePoint();
+  } catch (const std::exception&) {
+    LoadModule();
   }
-  LoadInPlace();
+  DropCopy();
   if (on_status) on_status("");
 }
 
+// --- What others do to the module ---
+
 void CodePane::Refresh() {
-  if (document_ && !Modified() && !asking_ && document_->ChangedMeanwhile()) LoadInPlace();
+  if (!document_ || asking_) return;
+  try {
+    if (!problem_.empty() && !Modified()) {
+      document_->ChangedMeanwhile();  // raises as long as nothing is better
+      LoadModule();
+    } else if (document_->ChangedMeanwhile()) {
+      TakeOver();
+    } else if (!problem_.empty()) {
+      problem_.clear();
+      ShowName();
+    }
+  } catch (const std::exception& error) {  // its file is gone, or cannot be read for a while
+    const bool told = problem_ == error.what();
+    if (told) return;
+    if (!Modified()) return LoadModule();
+    problem_ = error.what();
+    SetTitle(texts_.Text(TextNumber::kTextModuleUnreadable, {{"<Name>", component_->Name()}}));
+  }
 }
 
-void CodePane::LoadInPlace() {
-  const int line = editor_->GetFirstVisibleLine(), caret = editor_->GetCurrentLine();
-  LoadAgain();
-  editor_->GotoLine(caret);
-  editor_->SetFirstVisibleLine(line);
+void CodePane::TakeOver() {
+  problem_.clear();
+  const auto merged = document_->Merge(editor_->Text());
+  conflict_ = !merged;
+  if (conflict_) return;
+  editor_->ChangeText(*merged);
+  if (*merged == document_->text()) {
+    editor_->SetSavePoint();
+    DropCopy();
+  } else {
+    KeepCopy();
+    if (on_status)
+      on_status(texts_.Text(TextNumber::kTextMerged, {{"<Name>", component_->Name()}}));
+  }
+  ShowName();
+}
+
+// --- Copies of unsaved code ---
+
+bool CodePane::KeepCopy() {
+  if (!Modified()) DropCopy();
+  if (!Modified() || !copies_) return false;
+  try {
+    copies_->Keep({component_->FileName(), document_->text(), editor_->Text()});
+    return true;
+  } catch (const std::exception& error) {
+    if (on_status) {
+      on_status(texts_.Text(TextNumber::kTextNoUnsavedCopy,
+                            {{"<Text>", texts_.Translated(error.what())}}));
+    }
+    return false;
+  }
+}
+
+void CodePane::DropCopy() {
+  copy_timer_.Stop();
+  try {
+    if (copies_) copies_->Drop();
+  } catch (const std::exception&) {  // it is offered once more, and refused then
+  }
+}
+
+bool CodePane::BringBack(const workbench::UnsavedCode& code) {
+  document_->Resume(code.base);
+  editor_->ChangeText(code.text);
+  Refresh();
+  return !Modified() || KeepCopy();
+}
+
+void CodePane::LeaveUnsaved() {
+  KeepCopy();
+  copies_ = nullptr;
+  editor_->SetSavePoint();
 }
 
 }  // namespace desktop

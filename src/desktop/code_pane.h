@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/panel.h>
+#include <wx/timer.h>
 
 #include <functional>
 #include <memory>
@@ -11,23 +12,35 @@
 #include "platform/vbide.h"
 #include "texts/text_table.h"
 #include "workbench/code_document.h"
+#include "workbench/unsaved_code.h"
 
-class wxStyledTextCtrl;
 class wxStaticText;
 
 namespace desktop {
 
-// The code of one module, with Visual Basic's colours: editable, saved by Ctrl+S and when the
-// keyboard leaves it, kept up with what the editor's operations change.
+class CodeEditor;
+
+// The code of one module, editable. It is written when the user says so. What operations and other
+// programs do to the module meanwhile is taken over, also beside unsaved changes.
 class CodePane : public wxPanel {
  public:
   CodePane(wxWindow* parent, const texts::TextTable& texts);
 
-  // Shows a module; saves the one before. Both stay alive until CloseModule.
-  void ShowModule(std::shared_ptr<platform::VBComponent> component, platform::UnitOfWork& unit);
-  // Shows nothing. What is not saved is lost; call Save first.
+  // Shows a module in place of another one, unless the user wants to keep the unsaved changes of
+  // that one in sight. Both arguments stay alive until CloseModule. True when it is shown.
+  bool ShowModule(std::shared_ptr<platform::VBComponent> component, platform::UnitOfWork& unit);
+  // Shows nothing. What is not saved is lost; see MayLeave.
   void CloseModule();
   platform::VBComponent* Component() const { return component_.get(); }
+  // Whether a module is shown that can be read.
+  bool Readable() const { return document_ && problem_.empty(); }
+  // Where copies of unsaved code are kept; null keeps none. They outlive the module.
+  void KeepCopiesIn(workbench::UnsavedCopies* copies) { copies_ = copies; }
+  // Shows code that was left unsaved in place of what the shown module holds, unsaved as it is.
+  // False when there is no copy of it.
+  bool BringBack(const workbench::UnsavedCode& code);
+  // Nobody can be asked any more: unsaved code stays in its copy.
+  void LeaveUnsaved();
 
   // Line and columns from 1.
   void ScrollTo(std::int32_t line);
@@ -36,14 +49,18 @@ class CodePane : public wxPanel {
   bool Modified() const;
   // False when it could not be saved; the user was told.
   bool Save();
-  // Gives the changes up; the text goes to the clipboard.
-  void Discard();
+  // Asks whether unsaved changes are to be saved or given up; false when the user wants to stay.
+  bool MayLeave();
   // Shows why there is no code to show.
   void ShowProblem(const std::string& text);
   // False when there is no code that could take it.
   bool TakeKeyboard();
-  // Takes over what the module holds now, unless there are unsaved changes.
+  // Takes over what the module holds now.
   void Refresh();
+
+  static void ToClipboard(const std::string& text);
+
+  enum class Answer { kSave, kDiscard, kStay };
 
   // One line for the window's status line.
   std::function<void(const std::string&)> on_status;
@@ -51,24 +68,29 @@ class CodePane : public wxPanel {
   std::function<void(const std::string& message, const std::string& detail)> on_failure;
   // A conflict; true loads the file's state.
   std::function<bool(const std::string& module)> on_conflict;
+  // What is to become of the unsaved changes of a module.
+  std::function<Answer(const std::string& module)> on_unsaved;
 
  private:
-  void SetUpEditor();
-  void ApplyColours();
-  void SetText(const std::string& text);
-  void FitScrollWidth();
+  void Discard();
   void SetTitle(const std::string& text);
-  void LoadAgain();
-  void LoadInPlace();
+  void ShowName();
+  void LoadModule();
+  void TakeOver();
   void ResolveConflict();
+  bool KeepCopy();
+  void DropCopy();
 
   const texts::TextTable& texts_;
   wxStaticText* title_;
-  wxStyledTextCtrl* editor_;
+  CodeEditor* editor_;
   std::shared_ptr<platform::VBComponent> component_;
   std::unique_ptr<workbench::CodeDocument> document_;
-  bool loading_ = false;
-  bool asking_ = false;  // a question about a conflict is open
+  workbench::UnsavedCopies* copies_ = nullptr;
+  wxTimer copy_timer_;
+  std::string problem_;    // why the module cannot be read now
+  bool conflict_ = false;  // the module and the unsaved changes exclude each other
+  bool asking_ = false;    // a question is open
 };
 
 }  // namespace desktop

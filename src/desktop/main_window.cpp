@@ -186,6 +186,7 @@ void MainWindow::CreatePanes() {
                 platform::MessageResult::kNo, platform::MessageIcon::kWarning}) ==
            platform::MessageResult::kYes;
   };
+  code_->on_unsaved = [this](const std::string& module) { return AskAboutCode(module); };
   ConnectTree();
 }
 
@@ -299,6 +300,7 @@ bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
 
 void MainWindow::OnClose(wxCloseEvent& event) {
   parts_.state.node = tree_->SelectedKey();
+  if (!event.CanVeto()) code_->LeaveUnsaved();
   if (!CloseProject() && event.CanVeto()) return event.Veto();
   DesktopState::Place& place = parts_.state.window;
   place.maximised = IsMaximized();
@@ -390,8 +392,8 @@ void MainWindow::FindCodeOfNode(const std::string& key) {
   const auto component =
       project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
   if (!component || !component->Module()) return;
+  if (!code_->ShowModule(component, session_->unit()) || !code_->Readable()) return;
   const auto member = component->Module()->FindMember(formula->name);
-  code_->ShowModule(component, session_->unit());
   if (member && member->type == platform::MemberType::kMethod) {
     code_->ScrollTo(component->Module()->ProcStartLine(formula->name, platform::ProcKind::kProc));
   }
@@ -405,12 +407,8 @@ void MainWindow::SaveCode() {
 void MainWindow::OnPane(const vbfiles::PaneEvent& event) {
   using Kind = vbfiles::PaneEvent::Kind;
   if (event.kind == Kind::kActivated) {
-    for (const auto& project : session_->vb().VBProjects()) {
-      const auto component = project->FindComponent(event.component.Name());
-      if (component && component->FileName() == event.component.FileName()) {
-        code_->ShowModule(component, session_->unit());
-      }
-    }
+    const auto component = FindComponentOf(event.component.FileName());
+    if (component) code_->ShowModule(component, session_->unit());
     return;
   }
   platform::CodePane& pane = event.component.Module()->Pane();

@@ -71,7 +71,11 @@ class MainWindow : public wxFrame {
   void ShowAbout();
   void ForgetMissing(const std::string& path);
   bool CloseProject();
-  bool MayDiscardCode();
+  CodePane::Answer AskAboutCode(const std::string& module);
+  void KeepUnsavedCode();
+  void OfferUnsavedCode();
+  std::shared_ptr<platform::VBComponent> FindComponentOf(const std::string& file);
+  std::string StateFolderOf(const char* kind, const std::string& path);
   void TellProblems();
   void TellReplacedCharacters();
   void OnClose(wxCloseEvent& event);
@@ -91,7 +95,6 @@ class MainWindow : public wxFrame {
   std::optional<std::string> ChooseItem(std::string_view current);
   void ShowReport(const std::string& html);
   void EnlistBackup();
-  std::string BackupFolder(const std::string& path);
   std::string Text(int number) const { return parts_.texts.Text(number); }
 
   Parts parts_;
@@ -108,7 +111,8 @@ class MainWindow : public wxFrame {
   std::vector<std::pair<wxAcceleratorEntry, std::function<void()>>> shortcuts_;
   std::vector<workbench::Backups::Backup> backups_;  // in the order of their menu
   wxTimer timer_{this};
-  std::unique_ptr<workbench::DailyBackup> backup_;  // of the session's project; outlives it
+  std::unique_ptr<workbench::DailyBackup> backup_;     // of the session's project; outlives it
+  std::unique_ptr<workbench::UnsavedCopies> unsaved_;  // of the session's project
   forms::Subscription title_;
   std::unique_ptr<workbench::AddInSession> session_;
 };

@@ -74,6 +74,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   }
   ConnectStudio();
   EnlistBackup();
+  KeepUnsavedCode();
   tree_->ShowTree(&session_->studio().tree());
   session_->Start();
   tree_->SelectKey(kRoot);
@@ -94,7 +95,10 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   FillBackups();
   ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
   tree_->SetFocus();
-  CallAfter([this] { TellProblems(); });
+  CallAfter([this] {
+    TellProblems();
+    OfferUnsavedCode();
+  });
   return true;
 }
 
@@ -123,9 +127,11 @@ void MainWindow::ForgetMissing(const std::string& path) {
 bool MainWindow::CloseProject() {
   if (!session_) return true;
   RememberStep("close project");
-  if (code_->Modified() && !code_->Save() && code_->Modified() && !MayDiscardCode()) return false;
+  if (!code_->MayLeave()) return false;
   parts_.state.node = tree_->SelectedKey();
   code_->CloseModule();
+  code_->KeepCopiesIn(nullptr);
+  unsaved_.reset();
   session_->Stop();
   tree_->ShowTree(nullptr);
   title_ = {};
@@ -139,19 +145,60 @@ bool MainWindow::CloseProject() {
   return true;
 }
 
-// Nobody has to stay because a module cannot be saved.
-bool MainWindow::MayDiscardCode() {
-  const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextDiscard, {{"<Name>", code_->Component()->Name()}}),
-       Text(TextNumber::kTextDiscardDetail), "", platform::MessageButtons::kYesNo,
-       platform::MessageResult::kNo, platform::MessageIcon::kWarning});
-  if (answer != platform::MessageResult::kYes) return false;
-  code_->Discard();
-  return true;
+void MainWindow::KeepUnsavedCode() {
+  if (parts_.state.folder().empty()) return;
+  unsaved_ = std::make_unique<workbench::UnsavedCopies>(
+      parts_.files, StateFolderOf("unsaved", session_->database_path()));
+  code_->KeepCopiesIn(unsaved_.get());
 }
 
-std::string MainWindow::BackupFolder(const std::string& path) {
-  return parts_.files.Join(parts_.files.Join(parts_.state.folder(), "backups"),
+CodePane::Answer MainWindow::AskAboutCode(const std::string& module) {
+  const auto answer = parts_.toolkit.Show(
+      {parts_.texts.Text(TextNumber::kTextSaveQuestion, {{"<Name>", module}}),
+       Text(TextNumber::kTextDiscardDetail), "", platform::MessageButtons::kYesNoCancel,
+       platform::MessageResult::kYes, platform::MessageIcon::kQuestion,
+       Text(TextNumber::kTextSaveCode), Text(TextNumber::kTextDiscardCode)});
+  return answer == platform::MessageResult::kYes  ? CodePane::Answer::kSave
+         : answer == platform::MessageResult::kNo ? CodePane::Answer::kDiscard
+                                                  : CodePane::Answer::kStay;
+}
+
+// A copy that the user neither wants back nor gives up stays for the next time.
+void MainWindow::OfferUnsavedCode() try {
+  const auto left = unsaved_ ? unsaved_->FindLeft() : std::nullopt;
+  if (!left) return;
+  const auto answer = parts_.toolkit.Show(
+      {parts_.texts.Text(TextNumber::kTextUnsavedLeft,
+                         {{"<Name>", parts_.files.FileName(left->module)}}),
+       Text(TextNumber::kTextUnsavedLeftDetail), "", platform::MessageButtons::kYesNoCancel,
+       platform::MessageResult::kYes, platform::MessageIcon::kQuestion,
+       Text(TextNumber::kTextBringBack), Text(TextNumber::kTextDiscardCode)});
+  if (answer == platform::MessageResult::kCancel) return;
+  if (answer == platform::MessageResult::kNo) return unsaved_->RemoveLeft();
+  const auto component = FindComponentOf(left->module);
+  if (component && code_->ShowModule(component, session_->unit())) {
+    if (code_->BringBack(*left)) unsaved_->RemoveLeft();
+    return;
+  }
+  CodePane::ToClipboard(left->text);
+  ShowFailure(parts_.texts.Text(TextNumber::kTextModuleGone, {{"<File>", left->module}}), "");
+} catch (const files::Error& error) {
+  ShowStatus(parts_.texts.Text(TextNumber::kTextNoUnsavedCopy,
+                               {{"<Text>", parts_.texts.Translated(error.what())}}));
+}
+
+std::shared_ptr<platform::VBComponent> MainWindow::FindComponentOf(const std::string& file) {
+  for (const auto& project : session_->vb().VBProjects()) {
+    for (const auto& component : project->VBComponents()) {
+      if (component->FileName() == file) return component;
+    }
+  }
+  return nullptr;
+}
+
+// What is kept of one project in the user's state.
+std::string MainWindow::StateFolderOf(const char* kind, const std::string& path) {
+  return parts_.files.Join(parts_.files.Join(parts_.state.folder(), kind),
                            parts_.files.FileName(workbench::ComponentListPath(
                                parts_.files, parts_.state.folder(), path)));
 }
@@ -160,7 +207,7 @@ std::string MainWindow::BackupFolder(const std::string& path) {
 void MainWindow::EnlistBackup() {
   if (parts_.state.folder().empty()) return;
   backup_ = std::make_unique<workbench::DailyBackup>(
-      parts_.files, BackupFolder(session_->database_path()),
+      parts_.files, StateFolderOf("backups", session_->database_path()),
       workbench::DailyBackup::Outside{
           [] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
           [this] { return session_->Files(); }, [this] { CallAfter([this] { FillBackups(); }); },
@@ -180,7 +227,8 @@ void MainWindow::ShowRecent() {
 void MainWindow::FillBackups() {
   backups_.clear();
   if (session_ && !parts_.state.folder().empty()) {
-    backups_ = workbench::Backups(parts_.files, BackupFolder(session_->database_path())).List();
+    backups_ = workbench::Backups(parts_.files, StateFolderOf("backups", session_->database_path()))
+                   .List();
   }
   std::vector<std::string> names;
   for (const auto& backup : backups_) names.push_back(backup.name);
@@ -194,7 +242,7 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
        platform::MessageResult::kNo, platform::MessageIcon::kQuestion});
   if (answer != platform::MessageResult::kYes) return;
   const std::string path = session_->database_path();
-  const std::string folder = BackupFolder(path);
+  const std::string folder = StateFolderOf("backups", path);
   const wxBusyCursor busy;
   if (!CloseProject()) return;
   try {

@@ -22,7 +22,7 @@ struct Font;
 
 namespace platform {
 
-enum class MessageButtons { kOk = 0, kOkCancel = 1, kYesNo = 4 };
+enum class MessageButtons { kOk = 0, kOkCancel = 1, kYesNoCancel = 3, kYesNo = 4 };
 enum class MessageResult { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 enum class MessageIcon { kNone, kInformation, kQuestion, kWarning, kError };
 enum class Pointer { kDefault = 0, kHourglass = 11 };
@@ -34,6 +34,7 @@ struct MessageBox {
   MessageButtons buttons = MessageButtons::kOk;
   MessageResult default_button = MessageResult::kOk;
   MessageIcon icon = MessageIcon::kNone;
+  std::string yes = {}, no = {};  // labels of these buttons, empty: "Yes" and "No"
 };
 
 // How far a long task is, with a way to stop it. It ends with the object.

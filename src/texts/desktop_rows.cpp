@@ -39,8 +39,8 @@ constexpr Row kRows[] = {
     {1525, "Der Code wurde geändert; Strg+S speichert ihn.",
      "The code was changed; Ctrl+S saves it."},
     {1526, "Gespeichert: <Name>", "Saved: <Name>"},
-    {1527, "Das Modul <Name> wurde geändert. Speichern?",
-     "The module <Name> was changed. Save it?"},
+    {1527, "Das Modul <Name> hat ungespeicherte Änderungen. Speichern?",
+     "The module <Name> has unsaved changes. Save them?"},
     {1528,
      "Das Modul <Name> wurde von einem anderen Programm geändert, während Sie daran geschrieben "
      "haben.",
@@ -102,10 +102,9 @@ constexpr Row kRows[] = {
     {1570, "Über OrvanaStudio Formeleditor", "About OrvanaStudio Formula Editor"},
     {1571, "&Lizenzen der Teile", "&Licences of the parts"},
     {1572, "&Schließen", "&Close"},
-    {1573, "Die Änderungen am Modul <Name> verwerfen?",
-     "Discard the changes of the module <Name>?"},
-    {1574, "\"Ja\" verwirft sie; Ihr Text liegt danach in der Zwischenablage.",
-     "\"Yes\" discards them; your text is in the clipboard afterwards."},
+    {1573, "Code &verwerfen", "&Discard Code"},
+    {1574, "Verworfener Text liegt danach in der Zwischenablage.",
+     "A text that you discard is in the clipboard afterwards."},
     {1575, "Zu <File> fehlt etwas vom Visual-Basic-Projekt.",
      "Something of the Visual Basic project of <File> is missing."},
     {1576, "Die Codepage des Codes kennt nicht alle Zeichen; in Kommentaren steht \"?\" dafür.",
@@ -122,6 +121,26 @@ constexpr Row kRows[] = {
     {1583, "Zuletzt geöffnete Projekte", "Recent projects"},
     {1584, "Projekte, die Sie öffnen, stehen beim nächsten Mal hier.",
      "Projects that you open are listed here the next time."},
+    {1585, "Code &speichern", "&Save Code"},
+    {1586,
+     "Das Modul <Name> wurde inzwischen geändert; Ihr ungespeicherter Text enthält nun beides.",
+     "The module <Name> was changed meanwhile; your unsaved text contains both now."},
+    {1587, "Code im Modul <Name> wurde nicht mehr gespeichert, bevor das Programm endete.",
+     "Code in the module <Name> was not saved any more before the program ended."},
+    {1588,
+     "\"Zurückholen\" zeigt ihn; gespeichert wird er erst, wenn Sie es tun. \"Abbrechen\" lässt "
+     "die "
+     "Kopie bis zum nächsten Öffnen liegen.",
+     "\"Bring Back\" shows it; it is not saved until you do so. \"Cancel\" leaves the copy until "
+     "the "
+     "project is opened the next time."},
+    {1589, "&Zurückholen", "&Bring Back"},
+    {1590, "Das Modul <File> gehört nicht mehr zum Projekt. Der Text liegt in der Zwischenablage.",
+     "The module <File> is no longer part of the project. The text is in the clipboard."},
+    {1591, "Für ungespeicherten Code lässt sich keine Kopie anlegen: <Text>",
+     "No copy of unsaved code can be made: <Text>"},
+    {1592, "<Name>: die Datei fehlt oder lässt sich nicht lesen. Ihr ungespeicherter Text bleibt.",
+     "<Name>: the file is missing or cannot be read. Your unsaved text stays."},
 };
 
 }  // namespace

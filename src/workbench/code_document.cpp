@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workbench/code_document.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 #include "workbench/line_diff.h"
 
@@ -10,38 +10,19 @@ namespace workbench {
 
 namespace {
 
-// The lines of an editor's text: an empty text is one empty line, and so is what follows a last
-// line end.
-Lines EditorLines(std::string_view text) {
-  Lines lines = SplitLines(text);
-  if (text.empty() || text.ends_with('\n')) lines.emplace_back();
-  return lines;
-}
-
-// Carries out a script of edits. Where lines are exchanged they are replaced one for one, so that
-// the hidden lines of a declaration stay with it.
-void Apply(platform::CodeModule& module, const std::vector<LineEdit>& script) {
-  std::int32_t line = 1;
-  for (auto edit = script.begin(); edit != script.end();) {
-    if (edit->kind == ' ') {
-      ++line;
-      ++edit;
-      continue;
-    }
-    Lines added;
-    std::int32_t removed = 0;
-    for (; edit != script.end() && edit->kind != ' '; ++edit) {
-      if (edit->kind == '+') {
-        added.push_back(edit->line);
-      } else {
-        ++removed;
-      }
-    }
+// Where lines are exchanged they are replaced one for one, so that the hidden lines of a
+// declaration stay with it.
+void Apply(platform::CodeModule& module, const std::vector<LineChange>& changes) {
+  std::int32_t moved = 0;  // how far the lines below the last change are from their old places
+  for (const LineChange& change : changes) {
+    auto line = static_cast<std::int32_t>(change.first) + 1 + moved;
+    auto removed = static_cast<std::int32_t>(change.count);
+    moved += static_cast<std::int32_t>(change.lines.size()) - removed;
     std::size_t next = 0;
-    for (; next < added.size() && removed > 0; ++next, --removed)
-      module.ReplaceLine(line++, added[next]);
+    for (; next < change.lines.size() && removed > 0; ++next, --removed)
+      module.ReplaceLine(line++, change.lines[next]);
     if (removed > 0) module.DeleteLines(line, removed);
-    for (; next < added.size(); ++next) module.InsertLines(line++, added[next]);
+    for (; next < change.lines.size(); ++next) module.InsertLines(line++, change.lines[next]);
   }
 }
 
@@ -58,6 +39,13 @@ const std::string& CodeDocument::Load() { return text_ = Read(); }
 
 bool CodeDocument::ChangedMeanwhile() { return Read() != text_; }
 
+std::optional<std::string> CodeDocument::Merge(std::string_view typed) {
+  std::string now = Read();
+  auto merged = MergeTexts(text_, typed, now);
+  if (merged) text_ = std::move(now);
+  return merged;
+}
+
 void CodeDocument::Save(std::string_view text) {
   platform::UnitOfWorkScope scope(unit_);
   if (ChangedMeanwhile()) {
@@ -66,7 +54,7 @@ void CodeDocument::Save(std::string_view text) {
   }
   const Lines before = module_.CountOfLines() == 0 ? Lines() : EditorLines(text_);
   const Lines after = text.empty() ? Lines() : EditorLines(text);
-  Apply(module_, DiffLines(before, after));
+  Apply(module_, LineChanges(before, after));
   scope.Commit();
   // A file without a last line end cannot hold an empty last line.
   text_ = Read();

@@ -18,6 +18,12 @@ Lines SplitLines(std::string_view text) {
   return lines;
 }
 
+Lines EditorLines(std::string_view text) {
+  Lines lines = SplitLines(text);
+  if (text.empty() || text.ends_with('\n')) lines.emplace_back();
+  return lines;
+}
+
 namespace {
 
 // Shortest edit script by Myers' greedy algorithm over what equal heads and tails leave. Above
@@ -96,6 +102,46 @@ std::vector<LineEdit> DiffLines(const Lines& a, const Lines& b) {
   AppendMiddle(middle(a), middle(b), script);
   for (std::size_t i = tail; i > 0; --i) script.push_back({' ', a[a.size() - i]});
   return script;
+}
+
+std::vector<LineChange> LineChanges(const Lines& a, const Lines& b) {
+  std::vector<LineChange> changes;
+  std::size_t line = 0;
+  bool kept = true;
+  for (const LineEdit& edit : DiffLines(a, b)) {
+    if (edit.kind != ' ' && kept) changes.push_back({line, 0, {}});
+    kept = edit.kind == ' ';
+    if (edit.kind == '-') ++changes.back().count;
+    if (edit.kind == '+') changes.back().lines.push_back(edit.line);
+    if (edit.kind != '+') ++line;
+  }
+  return changes;
+}
+
+std::optional<std::string> MergeTexts(std::string_view base, std::string_view mine,
+                                      std::string_view theirs) {
+  const Lines old = EditorLines(base);
+  const auto ours = LineChanges(old, EditorLines(mine));
+  const auto others = LineChanges(old, EditorLines(theirs));
+  std::string merged;
+  const auto append = [&](std::string_view line) { merged.append(line).push_back('\n'); };
+  std::size_t line = 0;
+  for (auto a = ours.begin(), b = others.begin(); a != ours.end() || b != others.end();) {
+    const bool both = a != ours.end() && b != others.end();
+    const bool same = both && *a == *b;
+    if (both && !same && a->first <= b->first + b->count && b->first <= a->first + a->count)
+      return std::nullopt;
+    const LineChange& next = b == others.end() || (both && a->first <= b->first) ? *a : *b;
+    while (line < next.first) append(old[line++]);
+    for (const std::string_view added : next.lines) append(added);
+    line += next.count;
+    const bool is_ours = a != ours.end() && &next == &*a;
+    if (is_ours) ++a;
+    if (!is_ours || same) ++b;
+  }
+  while (line < old.size()) append(old[line++]);
+  if (!merged.empty()) merged.pop_back();  // what follows the last line end is a line itself
+  return merged;
 }
 
 }  // namespace workbench

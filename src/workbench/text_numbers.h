@@ -65,7 +65,7 @@ enum TextNumber : int {
   kTextAboutTitle = 1570,
   kTextLicences,
   kTextClose,
-  kTextDiscard,
+  kTextDiscardCode,
   kTextDiscardDetail,
   kTextIncomplete,
   kTextReplacedCharacters,
@@ -77,6 +77,14 @@ enum TextNumber : int {
   kTextCannotRestore,
   kTextRecentProjects,
   kTextNoProjectYet,
+  kTextSaveCode,
+  kTextMerged,
+  kTextUnsavedLeft,
+  kTextUnsavedLeftDetail,
+  kTextBringBack,
+  kTextModuleGone,
+  kTextNoUnsavedCopy,
+  kTextModuleUnreadable,
 };
 
 }  // namespace workbench

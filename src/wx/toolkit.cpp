@@ -49,7 +49,11 @@ long IconStyle(MessageIcon icon) {
 long ButtonStyle(const platform::MessageBox& box) {
   switch (box.buttons) {
     case MessageButtons::kYesNo:
-      return wxYES_NO | (box.default_button == MessageResult::kNo ? wxNO_DEFAULT : wxYES_DEFAULT);
+    case MessageButtons::kYesNoCancel: {
+      const bool cancel = box.buttons == MessageButtons::kYesNoCancel;
+      const bool no = box.default_button == MessageResult::kNo;
+      return wxYES_NO | (cancel ? wxCANCEL : 0) | (no ? wxNO_DEFAULT : wxYES_DEFAULT);
+    }
     case MessageButtons::kOkCancel:
       return wxOK | wxCANCEL |
              (box.default_button == MessageResult::kCancel ? wxCANCEL_DEFAULT : wxOK_DEFAULT);
@@ -164,10 +168,15 @@ MessageResult Toolkit::Show(const platform::MessageBox& box) {
   wxMessageDialog dialog(ActiveWindow(), ToWx(prompt), ToWx(title),
                          ButtonStyle(box) | IconStyle(box.icon) | wxCENTRE);
   if (!box.prompt.empty() && !box.detail.empty()) dialog.SetExtendedMessage(ToWx(box.detail));
-  wxString ok = ToWx(texts_.Text(kOk));
+  const wxString ok = ToWx(texts_.Text(kOk));
+  const wxString yes = ToWx(box.yes.empty() ? texts_.Text(kYes) : box.yes);
+  const wxString no = ToWx(box.no.empty() ? texts_.Text(kNo) : box.no);
   switch (box.buttons) {
     case MessageButtons::kYesNo:
-      dialog.SetYesNoLabels(ToWx(texts_.Text(kYes)), ToWx(texts_.Text(kNo)));
+      dialog.SetYesNoLabels(yes, no);
+      break;
+    case MessageButtons::kYesNoCancel:
+      dialog.SetYesNoCancelLabels(yes, no, ToWx(texts_.Text(kCancel)));
       break;
     case MessageButtons::kOkCancel:
       dialog.SetOKCancelLabels(ok, ToWx(texts_.Text(kCancel)));

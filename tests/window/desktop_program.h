@@ -15,6 +15,7 @@
 #include <string>
 #include <thread>
 
+#include "desktop/code_editor.h"
 #include "desktop/program.h"
 #include "tests/support/sample_plant.h"
 #include "tests/wx/display.h"
@@ -86,10 +87,12 @@ inline wxDataViewCtrl* ShownGrid(const wxWindow& window) {
   return nullptr;
 }
 
-inline desktop::ProjectTree* ProjectTreeOf(const wxWindow& window) {
+// The first child of that kind, however deep; null when there is none.
+template <class Kind>
+Kind* FindChild(const wxWindow& window) {
   for (wxWindow* child : window.GetChildren()) {
-    if (auto* tree = dynamic_cast<desktop::ProjectTree*>(child)) return tree;
-    if (desktop::ProjectTree* found = ProjectTreeOf(*child)) return found;
+    if (auto* found = dynamic_cast<Kind*>(child)) return found;
+    if (auto* found = FindChild<Kind>(*child)) return found;
   }
   return nullptr;
 }
@@ -133,9 +136,16 @@ class DesktopProgram {
   // The names of the formulas in the tree.
   std::vector<std::string> FormulaNodes() const {
     std::vector<std::string> names;
-    for (const auto* formula : ProjectTreeOf(*window_)->Tree()->Find("FORF0")->children)
+    for (const auto* formula :
+         FindChild<desktop::ProjectTree>(*window_)->Tree()->Find("FORF0")->children)
       names.push_back(formula->text);
     return names;
+  }
+  desktop::CodeEditor& Code() const { return *FindChild<desktop::CodeEditor>(*window_); }
+  // Puts the caret into the code by F6, from the tree.
+  void GoToCode() {
+    Input({"key F6 sleep 0.1 key F6"});
+    Wait::For([this] { return Code().HasFocus(); });
   }
   std::string Title() const { return window_->GetTitle().utf8_string(); }
   std::string Status() const { return window_->GetStatusBar()->GetStatusText().utf8_string(); }

@@ -58,16 +58,17 @@ struct State {
 
 State StateOf(const Folder& folder) { return {folder.Read("Plant.ovs"), folder.Read("CPump.cls")}; }
 
-// Runs the program that makes a formula and may die meanwhile; its exit status as wait gives it.
-int RunProgram(const Folder& folder, int step) {
+// Runs one of the programs below, which may die; its exit status as wait gives it.
+int RunProgram(const Folder& folder, int step, const char* name = "MakesAFormula") {
   const pid_t child = fork();
   if (child == 0) {
     unsetenv("GTEST_TOTAL_SHARDS");
     unsetenv("GTEST_SHARD_INDEX");
     setenv(kFolder, folder.path().c_str(), 1);
     setenv(kStep, std::to_string(step).c_str(), 1);
-    execl("/proc/self/exe", "window_tests", "--gtest_also_run_disabled_tests",
-          "--gtest_filter=KilledProgram.DISABLED_MakesAFormula", nullptr);
+    const std::string filter = std::string("--gtest_filter=KilledProgram.DISABLED_") + name;
+    execl("/proc/self/exe", "window_tests", "--gtest_also_run_disabled_tests", filter.c_str(),
+          nullptr);
     _exit(1);
   }
   int status = 0;
@@ -136,6 +137,47 @@ TEST(KilledProgram, LeavesWholeFilesAndStartsAgain) {
         << "the code holds the formula: " << (found.code == after.code);
     EXPECT_TRUE(point > 1 || found == before);
   }
+}
+
+TEST(KilledProgram, DISABLED_TypesCode) {
+  ASSERT_NE(getenv(kFolder), nullptr) << "is run by the other test";
+  const std::string folder = getenv(kFolder);
+  window_tests::DesktopProgram program(files::RealFileSystem(), texts::Language::kEnglish,
+                                       folder + "/home");
+  ASSERT_TRUE(program.Open(folder + "/Plant.ovs"));
+  Input({"key --delay 80 Home Down Down", "key F8 sleep 0.8", "type --delay 40 Fill",
+         "key --delay 80 Tab Down Return", "key alt+F6"});
+  program.GoToCode();
+  Input({"key ctrl+End", "type --delay 40 \"'precious\""});
+  const auto kept = [&] {
+    for (const auto& file : std::filesystem::recursive_directory_iterator(folder + "/home")) {
+      if (file.path().extension() != ".code") continue;
+      return files::ReadFile(files::RealFileSystem(), file.path()).ends_with("'precious");
+    }
+    return false;
+  };
+  Wait::For(kept);
+  kill(getpid(), SIGKILL);
+}
+
+TEST(KilledProgram, UnsavedCodeIsBroughtBack) {
+  const Folder folder(support::SamplePlant().system.Snapshot());
+  const int end = RunProgram(folder, 0, "TypesCode");
+  ASSERT_TRUE(WIFSIGNALED(end) && WTERMSIG(end) == SIGKILL);
+  EXPECT_EQ(folder.Read("CPump.cls").find("precious"), std::string::npos) << "nobody saved it";
+  window_tests::DesktopProgram program(files::RealFileSystem(), texts::Language::kEnglish,
+                                       folder.path() + "/home");
+  bool open = false;
+  program.window().CallAfter([&] { open = program.window().OpenProject(folder.Database()); });
+  Input({"sleep 1.5 key alt+b"});
+  ASSERT_TRUE(open);
+  Wait::For([&] { return program.Code().GetModify(); });
+  EXPECT_NE(program.Code().Text().find("'precious"), std::string::npos);
+  EXPECT_EQ(folder.Read("CPump.cls").find("precious"), std::string::npos);
+  Input({"key ctrl+s"});
+  EXPECT_NE(folder.Read("CPump.cls").find("'precious"), std::string::npos);
+  for (const auto& file : std::filesystem::recursive_directory_iterator(folder.path() + "/home"))
+    EXPECT_NE(file.path().extension(), ".code") << file.path();
 }
 
 }  // namespace

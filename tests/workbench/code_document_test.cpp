@@ -10,6 +10,8 @@
 #include "files/unit_of_work.h"
 #include "tests/support/any_file.h"
 #include "vbfiles/environment.h"
+#include "workbench/line_diff.h"
+#include "workbench/unsaved_code.h"
 
 namespace {
 
@@ -68,4 +70,58 @@ TEST(CodeDocument, RefusesToOverwriteWhatSomebodyElseChanged) {
   }
   EXPECT_EQ(f.Code(), "Option Explicit\r\nPublic Sub Theirs()\r\nEnd Sub\r\n");
   EXPECT_TRUE(f.document->ChangedMeanwhile());
+}
+
+TEST(MergeTexts, TakesBothSidesOrNeither) {
+  struct Case {
+    const char *mine, *theirs;
+    std::optional<std::string> merged;
+  };
+  const std::string base = "a\nb\nc\nd\ne";
+  const Case cases[] = {
+      {"a\nb\nc\nd\ne", "A\nb\nc\nd\ne", "A\nb\nc\nd\ne"},
+      {"a\nb\nc\nd\ne\nnew", "x\ny\na\nb\nc\nd\ne", "x\ny\na\nb\nc\nd\ne\nnew"},
+      {"a\nc\nd\ne", "a\nb\nc\ne", "a\nc\ne"},
+      {"a\nB\nc\nD\ne", "a\nb\nc\nD\ne", "a\nB\nc\nD\ne"},  // one change is the same
+      {"a\nB\nc\nd\ne", "a\nb2\nc\nd\ne", std::nullopt},
+      {"a\nB\nc\nd\ne", "a\nb\nC\nd\ne", std::nullopt},  // neighbours
+      {"a\nb\nmine\nc\nd\ne", "a\nb\ntheirs\nc\nd\ne", std::nullopt},
+      {"", "a\nb\nc\nd\nE", std::nullopt},
+      {"a\nb\nc\nd\ne\n", "A\nb\nc\nd\ne", "A\nb\nc\nd\ne\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.mine) + "|" + c.theirs);
+    EXPECT_EQ(workbench::MergeTexts(base, c.mine, c.theirs), c.merged);
+    EXPECT_EQ(workbench::MergeTexts(base, c.theirs, c.mine), c.merged);
+  }
+}
+
+TEST(UnsavedCopies, EachWindowKeepsItsOwn) {
+  files::MemoryFileSystem system;
+  const auto open = [&] {
+    return std::make_unique<workbench::UnsavedCopies>(system, "/s/unsaved");
+  };
+  auto first = open(), second = open();
+  first->Keep({"/p/CPump.cls", "base\n", "one"});
+  second->Keep({"/p/CTank.cls", "", "two\nlines"});
+  first->Keep({"/p/CPump.cls", "base\n", "one more"});
+  EXPECT_FALSE(open()->FindLeft()) << "both windows run";
+  second->Drop();
+  second.reset();
+  EXPECT_FALSE(open()->FindLeft()) << "nothing was unsaved";
+
+  first.reset();
+  auto next = open();
+  const auto left = next->FindLeft();
+  ASSERT_TRUE(left);
+  EXPECT_EQ(left->module + "|" + left->base + "|" + left->text, "/p/CPump.cls|base\n|one more");
+  EXPECT_FALSE(open()->FindLeft()) << "another window asks already";
+  next->Keep({"/p/CPump.cls", "", "own"});
+  next->RemoveLeft();
+  next.reset();
+  EXPECT_EQ(open()->FindLeft()->text, "own");
+
+  system.Put("/s/unsaved/0.code", "unsaved code 1\n/p/CPump.cls\n99999999999999999999\nx");
+  system.Put("/s/unsaved/1.code", "unsaved code 1\n/p/CPump.cls\n9\nx");
+  EXPECT_FALSE(open()->FindLeft()) << "damaged";
 }

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/code_editor.h"
+
+#include <wx/settings.h>
+
+#include <algorithm>
+
+#include "desktop/colours.h"
+#include "workbench/line_diff.h"
+#include "wx/convert.h"
+#include "wx/native.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int kLineNumbers = 0;
+constexpr int kTabWidth = 4;
+
+constexpr const char* kKeywords =
+    "addressof alias and any as base boolean byref byte byval call case cbool cbyte ccur cdate "
+    "cdbl cint clng close "
+    "const csng cstr currency cvar cverr date debug declare defbool defbyte defcur defdate defdbl "
+    "defint deflng defobj "
+    "defsng defstr defvar dim do double each else elseif empty end enum eqv erase error event exit "
+    "explicit false "
+    "for friend function get global gosub goto if imp implements in input integer is let lib like "
+    "line lock long loop "
+    "lset me mod new next not nothing null object on open option optional or output paramarray "
+    "preserve print private "
+    "property public put raiseevent random read redim rem resume return rset seek select set "
+    "single static step stop "
+    "string sub tab then to true type unlock until variant wend while with withevents write xor";
+
+}  // namespace
+
+CodeEditor::CodeEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
+  SetLexer(wxSTC_LEX_VB);
+  SetKeyWords(0, kKeywords);
+  SetTabWidth(kTabWidth);
+  SetIndent(kTabWidth);
+  SetUseTabs(false);
+  SetEOLMode(wxSTC_EOL_LF);
+  SetMarginType(kLineNumbers, wxSTC_MARGIN_NUMBER);
+  SetMarginWidth(1, 0);
+  SetMarginLeft(FromDIP(6));
+  SetWrapMode(wxSTC_WRAP_NONE);
+  SetScrollWidthTracking(true);
+  // Tab indents, so the keyboard does not get here by it: by a click or by F6.
+  DisableFocusFromKeyboard();
+  ApplyColours();
+  wx::KeepScrollbarsBeside(*this);
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    FitScrollWidth();
+  });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    event.Skip();
+    ApplyColours();
+  });
+}
+
+void CodeEditor::ApplyColours() {
+  const CodePalette& palette = wxSystemSettings::GetAppearance().IsDark() ? kDarkCode : kLightCode;
+  wxFont font(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
+                  .Family(wxFONTFAMILY_TELETYPE));
+  StyleSetFont(wxSTC_STYLE_DEFAULT, font);
+  StyleSetForeground(wxSTC_STYLE_DEFAULT, wxColour(palette.ink));
+  StyleSetBackground(wxSTC_STYLE_DEFAULT, wxColour(palette.paper));
+  StyleClearAll();
+  const auto style = [&](int number, const wxColour& colour) {
+    StyleSetForeground(number, colour);
+  };
+  style(wxSTC_B_COMMENT, wxColour(palette.comment));
+  style(wxSTC_B_KEYWORD, wxColour(palette.keyword));
+  style(wxSTC_B_STRING, wxColour(palette.string));
+  style(wxSTC_B_STRINGEOL, wxColour(palette.string));
+  style(wxSTC_B_NUMBER, wxColour(palette.number));
+  style(wxSTC_B_DATE, wxColour(palette.number));
+  style(wxSTC_STYLE_LINENUMBER, wxColour(palette.comment));
+  StyleSetItalic(wxSTC_B_COMMENT, true);
+  StyleSetBackground(wxSTC_STYLE_LINENUMBER, wxColour(palette.margin));
+  SetSelBackground(true, wxColour(palette.selection));
+  SetCaretForeground(wxColour(palette.ink));
+}
+
+std::string CodeEditor::Text() const { return wx::FromWx(GetText()); }
+
+void CodeEditor::ShowText(std::string_view text) {
+  changing_ = true;
+  SetText(wx::ToWx(text));
+  EmptyUndoBuffer();
+  SetSavePoint();
+  changing_ = false;
+  ShowLineNumbers(line_numbers_);
+  FitScrollWidth();
+}
+
+// From the last change to the first, so that the lines above keep their numbers.
+void CodeEditor::ChangeText(std::string_view text) {
+  const std::string old = Text();
+  const auto changes =
+      workbench::LineChanges(workbench::EditorLines(old), workbench::EditorLines(text));
+  if (changes.empty()) return;
+  changing_ = true;
+  BeginUndoAction();
+  for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
+    const int first = static_cast<int>(change->first);
+    const int behind = first + static_cast<int>(change->count);
+    const bool to_end = behind >= GetLineCount();
+    wxString lines;
+    for (const std::string_view line : change->lines) lines += wx::ToWx(line) + "\n";
+    int start = first < GetLineCount() ? PositionFromLine(first) : GetLength();
+    int end = to_end ? GetLength() : PositionFromLine(behind);
+    if (to_end) {  // there the line end before the lines is theirs
+      if (start > 0) {
+        start = GetLineEndPosition(first - 1);
+        lines = change->lines.empty() ? wxString() : "\n" + lines;
+      }
+      if (!change->lines.empty()) lines.RemoveLast();
+    }
+    SetTargetRange(start, end);
+    ReplaceTarget(lines);
+  }
+  EndUndoAction();
+  changing_ = false;
+}
+
+void CodeEditor::ShowLineNumbers(bool show) {
+  line_numbers_ = show;
+  const wxString widest(L'9', std::max<std::size_t>(4, std::to_string(GetLineCount()).size() + 1));
+  SetMarginWidth(kLineNumbers, show ? TextWidth(wxSTC_STYLE_LINENUMBER, widest) : 0);
+}
+
+// At least what the window shows: less would be drawn as scrolling past the end.
+void CodeEditor::FitScrollWidth() {
+  int width = GetClientSize().GetWidth() - GetMarginLeft() - GetMarginRight();
+  for (int margin = 0; margin < GetMarginCount(); ++margin) {
+    width -= GetMarginWidth(margin);
+  }
+  SetScrollWidth(std::max(1, width));
+}
+
+void CodeEditor::ScrollTo(std::int32_t line) {
+  GotoLine(line - 1);
+  SetFirstVisibleLine(VisibleFromDocLine(line - 1));
+}
+
+void CodeEditor::SelectLines(const platform::CodeSelection& selection) {
+  const int start = PositionFromLine(selection.start_line - 1);
+  const int end = PositionFromLine(selection.end_line - 1);
+  const int first = PositionRelative(start, selection.start_column - 1);
+  SetSelection(first, GetLineEndPosition(LineFromPosition(end)));
+}
+
+}  // namespace desktop

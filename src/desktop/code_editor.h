@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/stc/stc.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/vbide.h"
+
+namespace desktop {
+
+// A text field for Visual Basic code, in its colours. Lines end with LF; the last line has no end.
+class CodeEditor : public wxStyledTextCtrl {
+ public:
+  explicit CodeEditor(wxWindow* parent);
+
+  std::string Text() const;
+  // Shows another text: nothing can be undone, and it counts as saved.
+  void ShowText(std::string_view text);
+  // Edits the lines that differ, so that the caret stays and the user can take it back.
+  void ChangeText(std::string_view text);
+  // True while this program changes the text.
+  bool Changing() const { return changing_; }
+
+  // Line and columns from 1.
+  void ScrollTo(std::int32_t line);
+  void SelectLines(const platform::CodeSelection& selection);
+  void ShowLineNumbers(bool show);
+
+ private:
+  void ApplyColours();
+  void FitScrollWidth();
+
+  bool changing_ = false;
+  bool line_numbers_ = false;
+};
+
+}  // namespace desktop

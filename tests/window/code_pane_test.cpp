@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// Code typed in the window: when it is written, and what becomes of it when others change or remove
+// the class meanwhile.
+#include <gtest/gtest.h>
+
+#include "tests/window/desktop_program.h"
+#include "workbench/project.h"
+
+namespace {
+
+using window_tests::DesktopProgram;
+using window_tests::Input;
+using window_tests::Wait;
+
+// The sample project with the formulas Drain of CTank and Fill of CPump.
+struct PlantWithFormulas : support::SamplePlant {
+  PlantWithFormulas() {
+    const texts::TextTable texts(texts::Language::kEnglish);
+    workbench::Project project(system, support::kPlantDatabase, {}, texts);
+    for (const auto& [name, prog_id] :
+         {std::pair("Drain", "PumpServer.CTank"), std::pair("Fill", "PumpServer.CPump")})
+      EXPECT_TRUE(project.operations().AddFormula({name, prog_id, 0, 0, true, ""}).success());
+  }
+};
+
+// The window shows Fill.
+class CodePaneTest : public ::testing::Test {
+ protected:
+  CodePaneTest() {
+    EXPECT_TRUE(program.Open());
+    Input({"key --delay 60 Home Down Down Down Down"});
+    EXPECT_TRUE(Shown("Sub Fill"));
+  }
+  // Types a comment at the end of the code.
+  void Write(const std::string& text) {
+    program.GoToCode();
+    Input({"key ctrl+End", "type --delay 40 \"'" + text + "\""});
+    ASSERT_TRUE(Shown(text)) << program.Code().Text();
+  }
+  bool Shown(const std::string& text) const {
+    return program.Code().Text().find(text) != std::string::npos;
+  }
+  bool Saved(const std::string& text) {
+    return plant.Code("CPump").find(text) != std::string::npos;
+  }
+
+  PlantWithFormulas plant;
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+};
+
+TEST_F(CodePaneTest, IsWrittenWhenTheUserSaysSo) {
+  Write("one");
+  Input({"key Escape"});
+  EXPECT_FALSE(program.Code().HasFocus());
+  Input({"key Up sleep 0.6 key Escape"});  // Drain is in another class: stay
+  EXPECT_TRUE(program.Code().HasFocus());
+  EXPECT_TRUE(Shown("Sub Fill"));
+  Input({"key ctrl+q sleep 0.6 key Escape"});
+  EXPECT_TRUE(Shown("'one"));
+  EXPECT_FALSE(Saved("'one")) << "asked, but not answered";
+
+  Input({"key ctrl+s"});
+  EXPECT_TRUE(Saved("'one"));
+  Input({"key ctrl+z"});
+  EXPECT_FALSE(Shown("'one")) << "saving can be taken back";
+  EXPECT_TRUE(Saved("'one"));
+  Input({"key ctrl+y key Escape"});
+  Input({"key Down sleep 0.3 key Up sleep 0.3"});
+  EXPECT_TRUE(Shown("Sub Drain")) << "nothing to ask";
+
+  Input({"key Down"});
+  Write("two");
+  Input({"key Escape sleep 0.2 key Up sleep 0.6 key alt+s"});
+  EXPECT_TRUE(Saved("'two"));
+  EXPECT_TRUE(Shown("Sub Drain"));
+  Input({"key Down"});
+  Write("three");
+  Input({"key Escape sleep 0.2 key Up sleep 0.6 key alt+d"});
+  EXPECT_FALSE(Saved("'three"));
+  EXPECT_TRUE(Shown("Sub Drain"));
+}
+
+TEST_F(CodePaneTest, TabPassesIt) {
+  const std::string code = program.Code().Text();
+  const wxWindow* first = wxWindow::FindFocus();
+  int windows = 0;
+  do {
+    Input({"key Tab"});
+    ASSERT_FALSE(program.Code().HasFocus()) << "after " << windows + 1;
+  } while (wxWindow::FindFocus() != first && ++windows < 10);
+  EXPECT_EQ(program.Code().Text(), code);
+
+  const wxRect place = program.Code().GetScreenRect();
+  Input({"mousemove " + std::to_string(place.x + place.width / 2) + " " +
+             std::to_string(place.y + place.height / 2) + " click 1",
+         "key ctrl+Home key Tab"});
+  EXPECT_TRUE(program.Code().HasFocus());
+  EXPECT_TRUE(program.Code().Text().starts_with("    Option")) << program.Code().Text();
+  Input({"key ctrl+z"});
+}
+
+TEST_F(CodePaneTest, KeepsWhatOperationsAndOthersDoBesideIt) {
+  Write("mine");
+  Input({"key Escape key F9 sleep 0.8", "type --delay 40 FillTank", "key Return"});
+  Wait::For([&] { return Shown("Sub FillTank()"); });
+  EXPECT_TRUE(Shown("'mine"));
+  EXPECT_FALSE(Saved("'mine"));
+  const std::string path = support::ClassPath("CPump");
+  std::string theirs = plant.system.Get(path);
+  theirs.insert(theirs.find("Option"), "'theirs\r\n");
+  plant.system.Put(path, theirs);
+  Wait::For([&] { return Shown("'theirs"); });
+  Input({"key ctrl+s"});
+  EXPECT_TRUE(Saved("'theirs") && Saved("Sub FillTank()") && Saved("'mine"));
+
+  // The same line: the user decides.
+  program.GoToCode();
+  Input({"key ctrl+Home", "type --delay 40 \"'a \""});
+  theirs = plant.system.Get(path);
+  theirs.insert(theirs.find("'theirs"), "'b ");
+  plant.system.Put(path, theirs);
+  Input({"sleep 1 key ctrl+s sleep 0.6 key alt+n"});
+  EXPECT_TRUE(Shown("'a 'theirs") && Saved("'b 'theirs"));
+  Input({"key ctrl+s sleep 0.6 key alt+y"});
+  EXPECT_TRUE(Shown("'b 'theirs"));
+}
+
+TEST_F(CodePaneTest, OutlivesTheRemovalOfItsClass) {
+  const std::string path = support::ClassPath("CPump"), class_text = plant.system.Get(path);
+  plant.system.Remove(path);
+  Input({"sleep 2"});  // a dialog would be reported as still open
+  EXPECT_FALSE(Shown("Sub Fill"));
+  plant.system.Put(path, class_text);
+  Wait::For([&] { return Shown("Sub Fill"); });
+
+  Write("mine");
+  plant.system.Remove(path);
+  Input({"sleep 2"});
+  EXPECT_TRUE(Shown("'mine"));
+  Input({"key ctrl+s sleep 0.6 key Return"});
+  EXPECT_TRUE(Shown("'mine"));
+  plant.system.Put(path, class_text);
+  Input({"key ctrl+s"});
+  EXPECT_TRUE(Saved("'mine"));
+}
+
+}  // namespace
