@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "wx/cell_editor.h"
 
-#include <wx/settings.h>
-
 #include "wx/convert.h"
 
 namespace wx {
@@ -11,18 +9,10 @@ namespace {
 
 using platform::Variant;
 
-// The time within which a second click makes a double click.
-int DoubleClickTime() {
-  int time = wxSystemSettings::GetMetric(wxSYS_DCLICK_MSEC);
-  return time > 0 ? time : 400;
-}
-
 }  // namespace
 
 CellEditor::CellEditor(forms::Grid& grid, wxDataViewCtrl& list, NativeList& native)
-    : grid_(grid), list_(list), native_(native) {
-  click_timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Start(); });
-}
+    : grid_(grid), list_(list), native_(native) {}
 
 CellEditor::~CellEditor() = default;
 
@@ -39,12 +29,10 @@ bool CellEditor::CanEdit(std::size_t column) const {
          grid_.ColumnAt(column).Kind() != forms::ColumnKind::kCheckBox;
 }
 
-void CellEditor::Start(const std::string& typed) {
-  wxDataViewItem item = list_.GetCurrentItem();
+void CellEditor::Start() {
+  const wxDataViewItem item = list_.GetCurrentItem();
   wxDataViewColumn* column = CurrentColumn();
-  if (!item.IsOk() || !column || !CanEdit(column->GetModelColumn())) return;
-  list_.EditItem(item, column);
-  if (!typed.empty()) native_.SetEntryText(typed);
+  if (item.IsOk() && column && CanEdit(column->GetModelColumn())) list_.EditItem(item, column);
 }
 
 // The column with the keyboard; the first one that can be edited while the user chose none.
@@ -63,18 +51,16 @@ bool CellEditor::OnKey(const wxKeyEvent& event) {
   return true;
 }
 
+// The native list would open the entry.
 bool CellEditor::OnPress(const CellPress& press) {
-  click_timer_.Stop();
-  bool current = grid_.CurrentPosition() == press.row && grid_.SelectedCount() == 1;
-  if (press.double_click || !press.plain || !current || !CanEdit(press.column)) return false;
+  const bool current = grid_.CurrentPosition() == press.row;
+  if (!press.plain || !current || !CanEdit(press.column)) return false;
   list_.SetFocus();
   native_.SetCurrentCell(press.row, press.column);
-  click_timer_.StartOnce(DoubleClickTime());
   return true;
 }
 
 void CellEditor::OnStart(std::size_t row, std::size_t column) {
-  click_timer_.Stop();
   if (!grid_.SetCurrentId(grid_.IdAt(row)) || !grid_.BeginEdit(column)) {
     list_.CallAfter([this] { native_.CancelEditing(); });
     return;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <wx/dataview.h>
-#include <wx/timer.h>
 
 #include <memory>
 #include <string>
@@ -13,9 +12,9 @@
 
 namespace wx {
 
-// The editing of a grid's cells in place. It begins by F2, by typing, or by a click on the cell of
-// the current row that no second click follows; a double click belongs to the row. A drop-down
-// column shows its list below the cell and completes what is typed.
+// The editing of a grid's cells in place. It begins by F2 only: clicks and letters would change a
+// cell that nobody meant to. A drop-down column shows its list below the cell and completes what is
+// typed.
 class CellEditor {
  public:
   CellEditor(forms::Grid& grid, wxDataViewCtrl& list, NativeList& native);
@@ -25,8 +24,6 @@ class CellEditor {
 
   // Follows the editing of a column.
   void Watch(wxDataViewRenderer& renderer, std::size_t column);
-  // Begins with the current cell; `typed` replaces its text.
-  void Start(const std::string& typed = {});
   // A key of the list; true when it began the editing.
   bool OnKey(const wxKeyEvent& event);
   // A press of the left button on a cell; true when it was used.
@@ -35,6 +32,7 @@ class CellEditor {
   void OnModelEnded();
 
  private:
+  void Start();
   void OnStart(std::size_t row, std::size_t column);
   void OnText(const std::string& text);
   bool OnArrow(bool up);
@@ -46,7 +44,6 @@ class CellEditor {
   forms::Grid& grid_;
   wxDataViewCtrl& list_;
   NativeList& native_;
-  wxTimer click_timer_;
   std::unique_ptr<CellList> cell_list_;
   std::string last_text_;
   bool completing_ = false;

@@ -28,12 +28,6 @@ GridView::GridView(forms::Grid& grid, wxWindow* parent, const ViewContext& conte
       Native().Redraw();
     });
   };
-  List().Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
-    wxChar typed = event.GetUnicodeKey();
-    bool text = typed > WXK_SPACE && !event.HasModifiers();
-    if (text) editor_.Start(FromWx(wxString(typed)));
-    event.Skip(!text);
-  });
   List().Bind(wxEVT_DATAVIEW_COLUMN_REORDERED, [this](wxDataViewEvent& event) {
     wxDataViewColumn* moved = event.GetDataViewColumn();
     if (moved) OnReordered(*moved);
@@ -158,9 +152,12 @@ void GridView::OnReordered(const wxDataViewColumn& moved) {
 bool GridView::OnPress(const CellPress& press) {
   if (press.column >= grid_.ColumnCount()) return false;
   if (press.double_click) {
-    editor_.OnPress(press);
     bool check_box = grid_.ColumnAt(press.column).Kind() == forms::ColumnKind::kCheckBox;
-    if (!check_box) Later([this] { OnDoubleClick(); });
+    if (!check_box) {
+      Later([this, id = grid_.IdAt(press.row)] {
+        if (grid_.SetCurrentId(id)) OnDoubleClick();
+      });
+    }
     return true;
   }
   if (!press.on_button) return editor_.OnPress(press);

@@ -73,6 +73,7 @@ void RowsView::Bind() {
     OnDoubleClick();
   });
   list_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
+    TakeKeyboard(event);
     TakeSelection();
     MouseUp(forms::kRightButton, event.GetPosition());
   });
@@ -91,6 +92,7 @@ void RowsView::Bind() {
 }
 
 void RowsView::OnKeyDown(wxKeyEvent& event) {
+  TakeCurrent();
   BeforeKey();
   forms::KeyEvent key = ToKeyEvent(event);
   if (rows_.on_key_down) rows_.on_key_down(key);
@@ -110,6 +112,20 @@ void RowsView::OnKeyDown(wxKeyEvent& event) {
   }
 }
 
+// A right click: the native list selects the row and leaves the keyboard where it was.
+void RowsView::TakeKeyboard(const wxDataViewEvent& event) {
+  list_->SetFocus();
+  if (!event.GetItem().IsOk()) return;
+  wxDataViewItem item;
+  wxDataViewColumn* column = nullptr;
+  list_->HitTest(event.GetPosition(), item, column);
+  if (list_->GetSelectedItemsCount() > 1 || !column) {
+    list_->SetCurrentItem(event.GetItem());
+  } else {
+    native_.SetCurrentCell(cells_->GetRow(event.GetItem()), column->GetModelColumn());
+  }
+}
+
 void RowsView::OnDoubleClick() {
   if (rows_.on_double_click) rows_.on_double_click();
 }
@@ -119,22 +135,33 @@ void RowsView::MouseUp(std::int16_t button, wxPoint position) {
   rows_.on_mouse_up({button, 0, ToTwips(*list_, position.x), ToTwips(*list_, position.y)});
 }
 
-// Brings current row and selection of the native list to the model.
-void RowsView::TakeSelection() {
-  if (syncing_) return;
+// Brings the current row of the native list to the model: it moves without an event, too. False
+// when the model's row cannot be left.
+bool RowsView::TakeCurrent() {
+  if (syncing_ || rows_pending_) return true;
+  const wxDataViewItem current = list_->GetCurrentItem();
+  if (rows_.RowCount() == 0 || !current.IsOk()) return true;
   syncing_ = true;
-  auto id_of = [this](const wxDataViewItem& item) { return rows_.IdAt(cells_->GetRow(item)); };
-  wxDataViewItem current = list_->GetCurrentItem();
-  bool moved = rows_.RowCount() == 0 || !current.IsOk() || rows_.SetCurrentId(id_of(current));
-  if (moved) {
-    wxDataViewItemArray items;
-    list_->GetSelections(items);
-    std::vector<std::int64_t> ids;
-    for (const wxDataViewItem& item : items) ids.push_back(id_of(item));
-    rows_.SetSelection(ids);
-  }
+  const bool moved = rows_.SetCurrentId(IdOf(current));
   syncing_ = false;
-  if (!moved) Later([this] { ShowCurrent(); });  // the row could not be left
+  if (!moved) Later([this] { ShowCurrent(); });
+  return moved;
+}
+
+// The same for current row and selection.
+void RowsView::TakeSelection() {
+  if (syncing_ || !TakeCurrent()) return;
+  wxDataViewItemArray items;
+  list_->GetSelections(items);
+  std::vector<std::int64_t> ids;
+  for (const wxDataViewItem& item : items) ids.push_back(IdOf(item));
+  syncing_ = true;
+  rows_.SetSelection(ids);
+  syncing_ = false;
+}
+
+std::int64_t RowsView::IdOf(const wxDataViewItem& item) const {
+  return rows_.IdAt(cells_->GetRow(item));
 }
 
 void RowsView::ShowCurrent() {

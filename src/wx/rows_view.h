@@ -51,7 +51,10 @@ class RowsView : public ControlView {
  private:
   void Bind();
   void OnKeyDown(wxKeyEvent& event);
+  void TakeKeyboard(const wxDataViewEvent& event);
+  bool TakeCurrent();
   void TakeSelection();
+  std::int64_t IdOf(const wxDataViewItem& item) const;
   void ShowSelection();
   void ShowRows();
   void RebuildColumns();

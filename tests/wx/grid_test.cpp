@@ -86,6 +86,44 @@ TEST_F(GridTest, KeepsWhatWasTypedWhenAnotherRowIsClicked) {
   EXPECT_TRUE(display::WaitFor([this] { return Argument(0, 0) == Variant("Speed"); }));
 }
 
+// A row that a slip of mouse or keyboard changes is found by nobody.
+TEST_F(GridTest, ClicksAndLettersChangeNothing) {
+  wxDataViewCtrl& list = List("tdbP");
+  for (int click = 0; click < 3; ++click) {
+    display::Click(list, CellAt(list, 1, 0));
+    display::Pump(700);  // longer than a double click takes
+    EXPECT_FALSE(form.tdbP.EditActive()) << click;
+  }
+  EXPECT_EQ(form.tdbP.SelectedIds(), std::vector<std::int64_t>{11});
+  Type("xyz");
+  EXPECT_FALSE(form.tdbP.EditActive());
+  Press(WXK_DOWN);
+  EXPECT_EQ(form.tdbP.CurrentId(), 12);
+  EXPECT_TRUE(std::none_of(form.log.begin(), form.log.end(),
+                           [](const std::string& line) { return line.starts_with("write"); }));
+}
+
+TEST_F(GridTest, ThereIsOneCurrentRow) {
+  wxDataViewCtrl& list = List("tdbP");
+  display::Click(list, CellAt(list, 0, 0));
+  display::Click(list, CellAt(list, 2, 0), wxMOUSE_BTN_RIGHT);
+  EXPECT_EQ(form.tdbP.CurrentId(), 12);
+  EXPECT_EQ(form.tdbP.SelectedIds(), std::vector<std::int64_t>{12});
+  Press(WXK_F2);
+  EXPECT_EQ(form.tdbP.EditValue(), form.tdbP.Cell(2, 0));
+  Press(WXK_ESCAPE);
+
+  form.tdbP.SetSelection({10, 11});  // a row of several stays one of them
+  display::Click(list, CellAt(list, 1, 0), wxMOUSE_BTN_RIGHT);
+  EXPECT_EQ(form.tdbP.CurrentId(), 11);
+  EXPECT_EQ(form.tdbP.SelectedIds(), (std::vector<std::int64_t>{10, 11}));
+
+  Press(WXK_DOWN, wxMOD_CONTROL);  // moves the keyboard alone
+  EXPECT_EQ(form.tdbP.SelectedIds(), (std::vector<std::int64_t>{10, 11}));
+  Press(WXK_F8);
+  EXPECT_EQ(form.tdbP.CurrentId(), 12) << "what a key is about";
+}
+
 TEST_F(GridTest, ChecksABoxWithMouseAndKeyboard) {
   wxDataViewCtrl& list = List("tdbP");
   display::Click(list, CellAt(list, 1, 1));
