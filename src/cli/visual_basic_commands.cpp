@@ -124,15 +124,32 @@ Cell LineCount(platform::VBComponent& component) {
   return std::int64_t{module->CountOfLines()};
 }
 
+// Says of a component that cannot be read why it shows no line; whether all can be read.
+bool WarnOfUnreadable(Invocation& invocation,
+                      const std::vector<std::shared_ptr<platform::VBComponent>>& components) {
+  bool all = true;
+  for (const auto& component : components) {
+    try {
+      if (component->Module()) component->Module()->RequireSource();
+    } catch (const platform::Error& error) {
+      invocation.Warn(invocation.texts().Translated(error.description()));
+      all = false;
+    }
+  }
+  return all;
+}
+
 int RunList(Invocation& invocation) {
   auto environment = OpenFile(invocation);
   RowWriter writer(invocation.console().out, invocation.ListFormat(),
                    {"Name", "Type", "Instancing", "Lines"});
-  for (const auto& component : Components(invocation, *environment)) {
+  const auto components = Components(invocation, *environment);
+  for (const auto& component : components) {
     writer.Write({component->Name(), std::string(TypeName(component->Type())),
                   std::string(InstancingName(component->GetInstancing())), LineCount(*component)});
   }
   writer.Finish();
+  WarnOfUnreadable(invocation, components);
   return kDone;
 }
 
@@ -140,7 +157,8 @@ int RunMembers(Invocation& invocation) {
   auto environment = OpenFile(invocation);
   RowWriter writer(invocation.console().out, invocation.ListFormat(),
                    {"Name", "Type", "Scope", "Line"});
-  for (const auto& component : Components(invocation, *environment)) {
+  const auto components = Components(invocation, *environment);
+  for (const auto& component : components) {
     if (!component->Module()) continue;
     for (const platform::Member& member : component->Module()->Members()) {
       writer.Write({member.name, std::string(MemberTypeName(member.type)),
@@ -148,19 +166,21 @@ int RunMembers(Invocation& invocation) {
     }
   }
   writer.Finish();
+  WarnOfUnreadable(invocation, components);
   return kDone;
 }
 
 int RunLines(Invocation& invocation) {
   auto environment = OpenFile(invocation);
-  for (const auto& component : Components(invocation, *environment)) {
+  const auto components = Components(invocation, *environment);
+  for (const auto& component : components) {
     platform::CodeModule* module = component->Module();
     if (!module || module->CountOfLines() == 0) continue;
     std::string text = module->Lines(1, module->CountOfLines());
     std::erase(text, '\r');
     invocation.console().out << text << '\n';
   }
-  return kDone;
+  return WarnOfUnreadable(invocation, components) ? kDone : kFile;
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ CVBFormulaCode::Impl::Place CVBFormulaCode::Impl::Locate(std::string_view prog_i
   Place place;
   place.component = project->FindComponent(rest.substr(0, rest.find('.')));
   if (place.component) place.module = place.component->Module();
+  if (place.module) place.module->RequireSource();
   return place;
 }
 

@@ -118,6 +118,7 @@ class CVBFormulaCode::Impl {
     Impl& impl_;
   };
 
+  // Raises when the class is there and cannot be read.
   Place Locate(std::string_view prog_id);
   // Locate, with a warning when there is no such class.
   Place LocateOrWarn(std::string_view prog_id);

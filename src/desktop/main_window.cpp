@@ -392,6 +392,7 @@ void MainWindow::FindCodeOfNode(const std::string& key) {
   const auto component =
       project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
   if (!component || !component->Module()) return;
+  component->Module()->RequireSource();
   if (!code_->ShowModule(component, session_->unit()) || !code_->Readable()) return;
   const auto member = component->Module()->FindMember(formula->name);
   if (member && member->type == platform::MemberType::kMethod) {

@@ -84,6 +84,9 @@ class CodePane {
 class CodeModule {
  public:
   virtual ~CodeModule() = default;
+  // Raises what keeps the file from being read as source text: such a module is there, but shows
+  // no line and no member, which must not be taken for an empty one.
+  virtual void RequireSource() = 0;
   virtual std::int32_t CountOfLines() = 0;
   virtual std::int32_t CountOfDeclarationLines() = 0;
   // `count` lines joined by CR LF; a count past the end is cut off.

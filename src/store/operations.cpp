@@ -80,7 +80,7 @@ bool Operations::Impl::IsFormulaClass(std::string_view prog_id) {
   if (!component || component->Type() != platform::ComponentType::kClassModule) return false;
   if (component->GetInstancing() >= platform::Instancing::kMultiUse) return true;
   // A class that cannot be read says so here; any other just does not fit.
-  if (component->Module()) component->Module()->CountOfLines();
+  if (component->Module()) component->Module()->RequireSource();
   return false;
 }
 

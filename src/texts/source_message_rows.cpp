@@ -68,6 +68,13 @@ std::span<const Row> SourceMessageRows() {
        "<Path> has no line <Line>; it has <Count> lines."},
       {2831, "<Path> deklariert keine Prozedur <Name> der gesuchten Art.",
        "<Path> declares no procedure <Name> of the kind asked for."},
+      {2832, "<Path> ist als UTF-16 gespeichert, das Visual Basic nicht liest.",
+       "<Path> is stored as UTF-16, which Visual Basic does not read."},
+      {2833, "Speichern Sie sie als ANSI-Text.", "Save it as ANSI text."},
+      {2834, "<Path> enthält in Zeile <Line> der Datei ein Nullbyte und bleibt unberührt.",
+       "<Path> holds a zero byte in line <Line> of the file and is left alone."},
+      {2835, "Stellen Sie sie aus einer Sicherung wieder her, oder entfernen Sie das Byte.",
+       "Restore it from a backup, or remove the byte."},
       // The workbench.
       {2840, "Das Modul wurde inzwischen von jemand anderem geändert.",
        "The module was changed by somebody else meanwhile."},

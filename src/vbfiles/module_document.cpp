@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "vbfiles/module_document.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "vbfiles/errors.h"
 
 namespace vbfiles {
@@ -21,20 +24,46 @@ bool IsSource(const SourceIndex& index) {
   return false;
 }
 
+bool IsUtf16(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
+         (bytes.size() > 3 && bytes[0] != 0 && bytes[1] == 0 && bytes[2] != 0 && bytes[3] == 0);
+}
+
+// What keeps the file from being read as source text; `zero` is the place of a zero byte among
+// its lines, if there is one.
+std::string WhyNoSource(const std::string& path, std::string_view bytes, std::size_t zero) {
+  if (IsUtf16(bytes)) {
+    return path + " is stored as UTF-16, which Visual Basic does not read. Save it as ANSI text.";
+  }
+  if (zero == std::string_view::npos) {
+    return path + " holds no Visual Basic source text and is left alone. Restore it from a backup.";
+  }
+  const auto line = 1 + std::ranges::count(bytes.substr(0, zero), '\n');
+  return path + " holds a zero byte in line " + std::to_string(line) +
+         " of the file and is left alone. Restore it from a backup, or remove the byte.";
+}
+
 }  // namespace
 
 void ModuleDocument::Load() {
   const ModuleFile::Version file = file_.Read();
   const ModuleHeader header = ParseModuleHeader(*file.contents, true);
   ModuleText text(file.contents, header.length);
-  if (!text.HasZeroBytes()) {
+  const std::size_t zero =
+      text.HasZeroBytes() ? file.contents->find('\0', header.length) : std::string::npos;
+  if (zero == std::string::npos) {
     loaded_ = std::make_unique<Loaded>(std::move(text), file_.page(), file.stamp);
     if (header.recognised || IsSource(loaded_->index)) return;
   }
   // All of it is header then: no visible line, no member.
   loaded_ = std::make_unique<Loaded>(ModuleText(file.contents, file.contents->size()), file_.page(),
                                      file.stamp);
-  loaded_->is_source = false;
+  loaded_->not_source = WhyNoSource(file_.path(), *file.contents, zero);
+}
+
+void ModuleDocument::RequireSource() {
+  const std::string& problem = ForReading().not_source;
+  if (!problem.empty()) throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable, problem);
 }
 
 ModuleDocument::Loaded& ModuleDocument::ForReading() {
@@ -57,11 +86,8 @@ bool ModuleDocument::IsCurrent() {
 ModuleDocument::Edit ModuleDocument::BeginEdit() {
   file_.CheckWritable();
   if (!loaded_) Load();
-  if (!loaded_->is_source) {
-    throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable,
-                          file_.path() +
-                              " holds no Visual Basic source text and is left alone. Restore it "
-                              "from a backup.");
+  if (!loaded_->not_source.empty()) {
+    throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable, loaded_->not_source);
   }
   if (!IsUnchangedOnDisk()) {
     if (!loaded_->text.edited()) loaded_.reset();

@@ -29,6 +29,10 @@ class ModuleDocument {
   const ModuleText& Text() { return ForReading().text; }
   const SourceIndex& Index() { return ForReading().index; }
 
+  // Raises platform::Error (kErrModuleNotEditable) when the file cannot be read as source text; it
+  // has no lines then.
+  void RequireSource();
+
   // Access to the lines for one edit: Replace of ModuleText and so on, then SourceIndex::Update.
   // Raises platform::Error: kErrModuleNotEditable for a file that is read-only, outside the
   // project's folders or no source text; kConflict when it changed since its lines were read.
@@ -51,7 +55,7 @@ class ModuleDocument {
     ModuleText text;
     SourceIndex index;  // of text
     files::FileStamp stamp;
-    bool is_source = true;      // false: binary or encrypted, presented without lines
+    std::string not_source;     // why it is no source text, presented without lines; else empty
     bool seen_in_unit = false;  // the open unit of work looked at the file
   };
 

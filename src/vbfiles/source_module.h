@@ -21,6 +21,7 @@ class SourceModule final : public platform::CodeModule {
   SourceModule(Session& session, ModuleDocument& document, platform::VBComponent& component)
       : session_(session), document_(document), pane_(session, component) {}
 
+  void RequireSource() override { document_.RequireSource(); }
   std::int32_t CountOfLines() override;
   std::int32_t CountOfDeclarationLines() override;
   std::string Lines(std::int32_t start, std::int32_t count) override;

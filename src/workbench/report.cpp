@@ -210,8 +210,14 @@ class Report {
 
   void AddCode(const store::FormulaRecord& record) {
     const std::string code = source_.code.FunctionText(record.prog_id, record.name, false);
-    html_ += code.empty() ? "<p class=\"none\">" + Text(kNoCode) + "</p>\n"
-                          : "<pre>" + HighlightVisualBasic(code) + "</pre>\n";
+    if (!code.empty()) {
+      html_ += "<pre>" + HighlightVisualBasic(code) + "</pre>\n";
+      return;
+    }
+    const auto failure = source_.code.TakeFailure();
+    html_ += "<p class=\"none\">" +
+             (failure ? EscapeHtml(texts_.Translated(failure->description())) : Text(kNoCode)) +
+             "</p>\n";
   }
 
   std::string UsesOf(std::int32_t alias_id) const {

@@ -21,6 +21,7 @@ class ModuleWrapper : public platform::CodeModule {
  public:
   explicit ModuleWrapper(platform::CodeModule& inner) : inner_(inner) {}
 
+  void RequireSource() override { inner_.RequireSource(); }
   std::int32_t CountOfLines() override { return inner_.CountOfLines(); }
   std::int32_t CountOfDeclarationLines() override { return inner_.CountOfDeclarationLines(); }
   std::string Lines(std::int32_t start, std::int32_t count) override {
