@@ -6,32 +6,16 @@
 #include <unordered_set>
 #include <utility>
 
-#include "codegen/declaration.h"
+#include "codegen/comment_text.h"
 #include "codegen/identifier.h"
 #include "codegen/name_uses.h"
 #include "codegen/source_line.h"
+#include "codegen/templates.h"
 #include "codegen/text_numbers.h"
 #include "platform/text.h"
 
 namespace codegen {
 namespace {
-
-// Whether the line's comment is the item, as a declaration of ours has it. A character that the
-// code page lacks stands in the file as "?".
-bool NamesItem(std::string_view line, std::string_view item) {
-  const std::string text = CommentText(item);
-  const std::size_t comment = CommentStart(line);
-  if (comment == line.size()) return false;
-  const std::string_view written = TrimBlanks(line.substr(comment + 1));
-  const std::string_view wanted = TrimBlanks(text);
-  std::size_t w = 0;
-  std::size_t t = 0;
-  while (w < written.size() && t < wanted.size()) {
-    const char32_t is = platform::NextCodePoint(written, w);
-    if (is != platform::NextCodePoint(wanted, t) && is != U'?') return false;
-  }
-  return w == written.size() && t == wanted.size();
-}
 
 // Beyond this there is little room left.
 constexpr std::int32_t NearLimit(std::int32_t limit) { return limit - limit / 50; }
@@ -82,15 +66,21 @@ std::vector<std::string> ClassEdits::Apply(platform::VBComponent& component,
   return gone;
 }
 
+bool ClassEdits::Declaration::IsWrittenIn(const VariableLine& line) const {
+  return line.name == alias && platform::EqualsIgnoringCase(line.type, type) &&
+         ShowsText(line.comment, item);
+}
+
 std::optional<ClassEdits::GoneLine> ClassEdits::FindLine(const Place& place,
                                                          const Removal& removal) const {
   const std::optional<platform::Member> member = place.module.FindMember(removal.alias);
   if (!member) return std::nullopt;
   const std::int32_t line = member->code_location;
   std::string text = place.module.Lines(line, 1);
+  const std::optional<VariableLine> variable = ParseVariableLine(text);
   const bool alone = member->type == platform::MemberType::kVariable &&
-                     member->scope == platform::MemberScope::kPublic &&
-                     DeclaresOnlyPublicVariable(text, removal.alias) &&
+                     member->scope == platform::MemberScope::kPublic && variable &&
+                     platform::EqualsIgnoringCase(variable->name, removal.alias) &&
                      (line == 1 || !IsContinued(place.module.Lines(line - 1, 1)));
   if (!alone) {
     place.report.Warn(
@@ -98,12 +88,12 @@ std::optional<ClassEdits::GoneLine> ClassEdits::FindLine(const Place& place,
         {{"<File>", place.file}, {"<Line>", std::to_string(line)}, {"<Name>", removal.alias}});
     return std::nullopt;
   }
-  const bool stays = std::any_of(declared_.begin(), declared_.end(), [&](const Declaration& d) {
-    return d.alias == member->name && SameLine(d.line, text);
-  });
+  const bool stays = std::any_of(declared_.begin(), declared_.end(),
+                                 [&](const Declaration& d) { return d.IsWrittenIn(*variable); });
   if (stays) return std::nullopt;
-  const bool ours = std::any_of(removal.items.begin(), removal.items.end(),
-                                [&](const std::string& item) { return NamesItem(text, item); });
+  const bool ours = !variable->comment.empty() &&
+                    std::any_of(removal.items.begin(), removal.items.end(),
+                                [&](const auto& i) { return ShowsText(variable->comment, i); });
   return GoneLine{line, removal.alias, std::move(text), ours};
 }
 
@@ -146,7 +136,8 @@ void ClassEdits::InsertDeclarations(const Place& place) {
   for (const Declaration& declaration : declared_) {
     if (place.module.FindMember(declaration.alias)) continue;
     if (!names.insert(platform::FoldCase(declaration.alias)).second) continue;
-    lines.push_back(declaration.line);
+    lines.push_back(Templates::Declaration(declaration.alias, declaration.type, declaration.item));
+    if (declaration.type_kept) kept_types_.push_back(declaration.alias);
     if (const IdentifierHint hint = CheckIdentifier(declaration.alias)) {
       place.report.Warn(HintText(hint.problem),
                         {{"<Name>", declaration.alias}, {"<Character>", hint.character}});

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "codegen/declaration.h"
 #include "codegen/report.h"
 #include "platform/vbide.h"
 
@@ -21,9 +22,10 @@ class ClassEdits {
   void Remove(std::string_view alias, std::vector<std::string> items) {
     removed_.push_back({std::string(alias), std::move(items)});
   }
-  // `line` is the whole declaration.
-  void Declare(std::string_view alias, std::string line) {
-    declared_.push_back({std::string(alias), std::move(line)});
+  // With `type_kept` the type is that of an older declaration, for nobody knows the item's.
+  void Declare(std::string_view alias, std::string_view item, std::string_view type,
+               bool type_kept) {
+    declared_.push_back({std::string(alias), std::string(item), std::string(type), type_kept});
   }
 
   // First the removals, then the new declarations, behind the module's declarations, unless the
@@ -31,11 +33,17 @@ class ClassEdits {
   // that are gone.
   std::vector<std::string> Apply(platform::VBComponent& component, platform::CodeModule& module,
                                  Report& report);
+  // Of the new declarations those with a kept type; known after Apply.
+  const std::vector<std::string>& kept_types() const { return kept_types_; }
 
  private:
   struct Declaration {
     std::string alias;
-    std::string line;
+    std::string item;
+    std::string type;
+    bool type_kept = false;
+    // Whether the line is this declaration, whatever blanks and letter case it is written with.
+    bool IsWrittenIn(const VariableLine& line) const;
   };
   struct Removal {
     std::string alias;
@@ -63,6 +71,7 @@ class ClassEdits {
 
   std::vector<Removal> removed_;
   std::vector<Declaration> declared_;
+  std::vector<std::string> kept_types_;
 };
 
 // Warns of each place of the module that still uses one of the names.

@@ -11,7 +11,10 @@
 namespace codegen {
 namespace {
 
-constexpr std::string_view kTypeCharacters = "%&!#@$";
+// What a character behind a name says of its type.
+constexpr std::pair<char, std::string_view> kTypeCharacters[] = {
+    {'%', "Integer"}, {'&', "Long"},     {'!', "Single"},
+    {'#', "Double"},  {'@', "Currency"}, {'$', "String"}};
 
 // Reads words and signs of a statement from left to right.
 class Reader {
@@ -46,10 +49,12 @@ class Reader {
     return false;
   }
 
-  void SkipTypeCharacter() {
-    if (!text_.empty() && kTypeCharacters.find(text_[0]) != std::string_view::npos) {
-      Take(std::size_t{1});
+  // The type that a type character names; empty when none stands here.
+  std::string_view TypeCharacter() {
+    for (const auto& [sign, type] : kTypeCharacters) {
+      if (Take(sign)) return type;
     }
+    return {};
   }
 
   // What stands up to the closing parenthesis, which is taken too.
@@ -163,19 +168,27 @@ std::string RenamedSub(const SubDeclaration& old, std::string_view new_name) {
   return line;
 }
 
-bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name) {
-  if (IsContinued(line)) return false;
-  Reader reader(line.substr(0, CommentStart(line)));
-  if (!reader.TakeWord("public") && !reader.TakeWord("global")) return false;
-  if (!platform::EqualsIgnoringCase(WithoutBrackets(reader.Word()), name)) return false;
-  reader.SkipTypeCharacter();
+std::optional<VariableLine> ParseVariableLine(std::string_view line) {
+  if (IsContinued(line)) return std::nullopt;
+  const std::size_t comment = CommentStart(line);
+  Reader reader(line.substr(0, comment));
+  if (!reader.TakeWord("public") && !reader.TakeWord("global")) return std::nullopt;
+  VariableLine variable;
+  variable.name = WithoutBrackets(reader.Word());
+  variable.type = reader.TypeCharacter();
   if (reader.TakeWord("as")) {
-    reader.TakeWord("new");
-    do {
-      if (reader.Word().empty()) return false;
-    } while (reader.Take('.'));
+    if (reader.TakeWord("new")) variable.type = "New ";
+    for (bool more = true; more;) {
+      const std::string_view word = reader.Word();
+      if (word.empty()) return std::nullopt;
+      variable.type.append(word);
+      more = reader.Take('.');
+      if (more) variable.type += '.';
+    }
   }
-  return reader.AtEnd();
+  if (variable.name.empty() || !reader.AtEnd()) return std::nullopt;
+  variable.comment = line.substr(comment);
+  return variable;
 }
 
 std::unordered_set<std::string> TypeNames(const std::vector<std::string>& declarations) {

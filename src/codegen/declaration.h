@@ -27,9 +27,14 @@ std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines);
 // declaration, and as comments what a formula cannot have, the word Static and parameters.
 std::string RenamedSub(const SubDeclaration& old, std::string_view new_name);
 
-// Whether the line is a whole statement that declares one public variable of that name and
-// nothing else, so that the line can be deleted.
-bool DeclaresOnlyPublicVariable(std::string_view line, std::string_view name);
+// A line that is a whole statement and declares one public variable and nothing else, so that it
+// can be deleted.
+struct VariableLine {
+  std::string name;
+  std::string type;     // as spelled, with its "New"; empty when none is given
+  std::string comment;  // from the apostrophe on
+};
+std::optional<VariableLine> ParseVariableLine(std::string_view line);
 
 // The names, letter case folded, of the types and enumerations of a declarations section and of
 // the enumerations' elements. The code model does not count them as members, but Visual Basic

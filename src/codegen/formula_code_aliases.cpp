@@ -1,31 +1,46 @@
 // SPDX-License-Identifier: MIT
 #include "codegen/data_type.h"
+#include "codegen/declaration.h"
 #include "codegen/formula_code_impl.h"
 #include "codegen/identifier.h"
+#include "platform/text.h"
 
 namespace codegen {
 namespace {
 
-constexpr std::int32_t kUnknownItemType = 12;  // Variant
+constexpr std::string_view kVariant = "Variant";
 
 }  // namespace
 
-void CVBFormulaCode::Impl::Declare(Waiting& waiting, std::string_view alias,
-                                   std::string_view item) {
+std::string CVBFormulaCode::Impl::TypeOf(const OldDeclaration& declaration) {
+  const Place place = Locate(declaration.prog_id);
+  const auto member = place ? place.module->FindMember(declaration.alias) : std::nullopt;
+  if (!member || member->type != platform::MemberType::kVariable) return {};
+  const auto line = ParseVariableLine(place.module->Lines(member->code_location, 1));
+  return line ? line->type : std::string();
+}
+
+void CVBFormulaCode::Impl::Declare(Waiting& waiting, std::string_view alias, std::string_view item,
+                                   const OldDeclaration& old) {
   if (!IsDeclarable(alias)) {
     report_.Warn(kTextNotDeclarable, {{"<Name>", alias}, {"<Class>", waiting.prog_id}});
     return;
   }
-  std::int32_t type = kUnknownItemType;
-  if (items_) report_.Step([&] { type = items_->VariantTypeOf(item); });
-  waiting.declarations.Declare(alias, Templates::Declaration(alias, GetDataType(type), item));
+  std::string type;
+  bool kept = false;
+  report_.Step([&] {
+    const std::optional<std::int32_t> known = items_ ? items_->VariantTypeOf(item) : std::nullopt;
+    type = known ? GetDataType(*known) : TypeOf(old);
+    kept = !known && !type.empty() && !platform::EqualsIgnoringCase(type, kVariant);
+  });
+  waiting.declarations.Declare(alias, item, type.empty() ? kVariant : type, kept);
 }
 
 void CVBFormulaCode::Impl::AddParameter(std::string_view prog_id, std::string_view alias,
-                                        std::string_view item) {
+                                        std::string_view item, std::string_view moved_from) {
   if (!vbe_) return;
   const OperationScope scope(*this);
-  Declare(WaitingFor(prog_id), alias, item);
+  Declare(WaitingFor(prog_id), alias, item, {moved_from, alias});
   std::string name;
   if (need_function_name_) report_.Step([&] { need_function_name_(name); });
   if (!name.empty()) HeaderWaits(name, prog_id);
@@ -94,7 +109,7 @@ void CVBFormulaCode::Impl::RenameAlias(std::int32_t id, std::string_view old_ali
     Waiting& waiting = WaitingFor(use.prog_id);
     if (classes.insert(&waiting).second) {
       waiting.declarations.Remove(old_alias, {std::string(old_item), record->item_id});
-      Declare(waiting, new_alias, record->item_id);
+      Declare(waiting, new_alias, record->item_id, {use.prog_id, old_alias});
     }
     HeaderWaits(use.name, use.prog_id, use.formula_id);
   }

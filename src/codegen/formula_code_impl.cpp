@@ -137,6 +137,7 @@ void CVBFormulaCode::Impl::ApplyEdits() {
   for (const std::int32_t id : std::exchange(renamed_aliases_, {})) {
     report_.Step([&] { rows_->ReadArgumentsBeside(id, arguments); });
   }
+  std::vector<std::string> kept_types;
   for (auto& entry : classes) {
     Waiting& waiting = entry.second;
     Place place;
@@ -144,12 +145,17 @@ void CVBFormulaCode::Impl::ApplyEdits() {
     if (!place) continue;
     const std::vector<std::string> gone =
         waiting.declarations.Apply(*place.component, *place.module, report_);
+    kept_types.insert(kept_types.end(), waiting.declarations.kept_types().begin(),
+                      waiting.declarations.kept_types().end());
     for (const Header& header : waiting.headers) {
       report_.Step([&] { RewriteWaitingHeader(place, header, waiting.prog_id, arguments); });
     }
     // Last, when the lines have their final numbers.
     report_.Step([&] { WarnOfUses(gone, *place.component, *place.module, report_); });
   }
+  std::sort(kept_types.begin(), kept_types.end());
+  kept_types.erase(std::unique(kept_types.begin(), kept_types.end()), kept_types.end());
+  if (!kept_types.empty()) report_.Warn(kTextTypeKept, {{"<Names>", NamesInShort(kept_types)}});
 }
 
 void CVBFormulaCode::Impl::RegisterClass(std::string_view prog_id) {

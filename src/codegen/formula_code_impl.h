@@ -43,7 +43,8 @@ class CVBFormulaCode::Impl {
                       std::string_view new_name);
   void DeleteFunction(std::string_view prog_id, std::string_view name);
   void DeactivateFunction(std::string_view prog_id, std::string_view name);
-  void AddParameter(std::string_view prog_id, std::string_view alias, std::string_view item);
+  void AddParameter(std::string_view prog_id, std::string_view alias, std::string_view item,
+                    std::string_view moved_from);
   void RenameParameter(std::string_view prog_id, std::string_view old_name,
                        std::string_view new_name, const ParameterIds& ids);
   void DeleteParameter(std::string_view prog_id, std::string_view name, const ParameterIds& ids);
@@ -150,7 +151,15 @@ class CVBFormulaCode::Impl {
   void HeaderIsDone(std::string_view name, std::string_view prog_id);
   // The item of the alias, alone in a list; an empty list when there is no such alias.
   std::vector<std::string> ItemOf(std::int32_t alias_id);
-  void Declare(Waiting& waiting, std::string_view alias, std::string_view item);
+  // A declaration that stands before an operation and gives its type to the one that follows it.
+  struct OldDeclaration {
+    std::string_view prog_id;
+    std::string_view alias;
+  };
+  void Declare(Waiting& waiting, std::string_view alias, std::string_view item,
+               const OldDeclaration& old = {});
+  // The type given there; empty when there is no such declaration.
+  std::string TypeOf(const OldDeclaration& declaration);
   void ApplyEdits();
 
   void RegisterClass(std::string_view prog_id);

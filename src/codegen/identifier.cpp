@@ -98,6 +98,7 @@ IdentifierHint CheckIdentifier(std::string_view name) {
       sign = {IdentifierProblem::kNotALetter, OneCharacter(character)};
     }
   }
+  if (name == "_") return {IdentifierProblem::kLoneUnderscore, "_"};
   if (name[0] == '_') return {IdentifierProblem::kLeadingUnderscore, "_"};
   if (sign) return sign;
   if (IsReservedWord(name)) return {IdentifierProblem::kReservedWord, {}};
@@ -129,10 +130,8 @@ bool IsDeclarable(std::string_view name) {
   switch (CheckIdentifier(name).problem) {
     case IdentifierProblem::kNone:
     case IdentifierProblem::kNotALetter:
-      return CharacterCount(name) <= kMaxIdentifierLength;
     case IdentifierProblem::kLeadingUnderscore:
-      // A lone underscore would continue the line.
-      return name != "_" && CharacterCount(name) <= kMaxIdentifierLength;
+      return CharacterCount(name) <= kMaxIdentifierLength;
     default:
       return false;
   }

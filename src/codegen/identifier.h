@@ -24,6 +24,7 @@ enum class IdentifierProblem {
   kNotALetter,          // a sign such as the euro's, which CleanIdentifier lets stand
   kReservedWord,
   kTooLong,
+  kLoneUnderscore,  // the sign of a line that goes on; CleanIdentifier lets it stand
 };
 
 struct IdentifierHint {

@@ -5,6 +5,16 @@
 
 namespace codegen {
 
+std::string NamesInShort(const std::vector<std::string>& names) {
+  constexpr std::size_t kShown = 10;
+  std::string text;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i == kShown) return text + ", ... (" + std::to_string(names.size()) + ")";
+    text += (text.empty() ? "" : ", ") + names[i];
+  }
+  return text;
+}
+
 void Report::Warn(std::int32_t text, Replacements values) {
   std::string message = texts_.Text(text, values);
   if (messages_.insert(message).second) warnings_.push_back({text, std::move(message)});

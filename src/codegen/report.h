@@ -15,6 +15,9 @@
 
 namespace codegen {
 
+// The names with commas between them; of a long list the first ones and the number of all.
+std::string NamesInShort(const std::vector<std::string>& names);
+
 // What the steps of operations leave behind: warnings, each once, and the first failure.
 class Report {
  public:

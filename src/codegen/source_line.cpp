@@ -2,7 +2,6 @@
 #include "codegen/source_line.h"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/text.h"
 
@@ -155,19 +154,6 @@ std::string JoinLines(const std::vector<std::string>& lines) {
     text += line;
   }
   return text;
-}
-
-std::string CommentText(std::string_view text) {
-  constexpr std::array<char, 3> kEnds = {'\r', '\n', '\0'};
-  std::string result(text.begin(),
-                     std::find_first_of(text.begin(), text.end(), kEnds.begin(), kEnds.end()));
-  std::replace_if(
-      result.begin(), result.end(),
-      [](char c) { return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F'; },
-      '?');
-  const std::size_t last = result.find_last_not_of(kBlanks);
-  if (last != std::string::npos && IsContinued(result.substr(0, last + 1))) result += '\'';
-  return result;
 }
 
 }  // namespace codegen

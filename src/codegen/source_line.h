@@ -49,9 +49,4 @@ std::string WithoutBlanks(std::string_view text);
 std::vector<std::string> SplitLines(std::string_view text);
 std::string JoinLines(const std::vector<std::string>& lines);
 
-// A text that stands in a comment and stays in it: cut at the first line break or NUL, "?" for
-// other control characters, and with an apostrophe behind it where it would continue the comment
-// onto the next line.
-std::string CommentText(std::string_view text);
-
 }  // namespace codegen

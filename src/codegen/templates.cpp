@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "codegen/comment_text.h"
 #include "codegen/source_line.h"
 #include "texts/text_table.h"
 
@@ -21,6 +22,14 @@ std::string Substitute(std::string_view text, std::string_view marker, std::stri
     text.remove_prefix(at + marker.size());
   }
   return result.append(text);
+}
+
+// One word behind the tab, by which IsArgument knows the line again, also for a row that holds no
+// identifier.
+std::string ArgumentLine(std::string_view alias) {
+  std::string line = WithCommentText("'\t", alias.empty() ? "?" : alias);
+  std::replace(line.begin() + 2, line.end(), ' ', '?');
+  return line;
 }
 
 }  // namespace
@@ -47,18 +56,18 @@ std::string Templates::SubDeclaration(std::string_view function_name) {
 
 std::string Templates::Declaration(std::string_view alias, std::string_view data_type,
                                    std::string_view item) {
-  std::string line = "Public ";
-  line.append(alias).append(" as ").append(data_type).append(" '").append(CommentText(item));
-  return line;
+  std::string code = "Public ";
+  code.append(alias).append(" as ").append(data_type).append(" '");
+  return WithCommentText(code, item);
 }
 
 std::vector<std::string> Templates::Header(std::string_view function_name,
                                            const std::vector<std::string>& aliases) const {
-  const std::string name = CommentText(function_name);
+  const std::string name = WithCommentText("", function_name);
   std::vector<std::string> lines;
   lines.reserve(header_.size() + aliases.size() + 1);
   for (const std::string& line : header_) lines.push_back(Substitute(line, kNameMarker, name));
-  for (const std::string& alias : aliases) lines.push_back("'\t" + CommentText(alias));
+  for (const std::string& alias : aliases) lines.push_back(ArgumentLine(alias));
   lines.push_back(rule_);
   return lines;
 }

@@ -21,6 +21,7 @@ inline constexpr std::int32_t kTextNotDeclarable = 1109;
 inline constexpr std::int32_t kTextDirectivesLeft = 1110;
 inline constexpr std::int32_t kTextComponentList = 1111;
 inline constexpr std::int32_t kTextDeclarationOff = 1112;
+inline constexpr std::int32_t kTextTypeKept = 1113;
 
 // Refusals.
 inline constexpr std::int32_t kTextNameTaken = 1105;

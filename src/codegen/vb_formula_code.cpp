@@ -38,8 +38,8 @@ void CVBFormulaCode::DeactivateFunction(std::string_view prog_id, std::string_vi
   impl_->DeactivateFunction(prog_id, function_name);
 }
 void CVBFormulaCode::AddParameter(std::string_view prog_id, std::string_view parameter_alias,
-                                  std::string_view item_name) {
-  impl_->AddParameter(prog_id, parameter_alias, item_name);
+                                  std::string_view item_name, std::string_view moved_from) {
+  impl_->AddParameter(prog_id, parameter_alias, item_name, moved_from);
 }
 void CVBFormulaCode::RenameParameter(std::string_view prog_id, std::string_view old_parameter_name,
                                      std::string_view new_parameter_name, const ParameterIds& ids) {

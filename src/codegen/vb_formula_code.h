@@ -93,9 +93,10 @@ class CVBFormulaCode {
   void DeactivateFunction(std::string_view prog_id, std::string_view function_name);
 
   // Declares the alias in the class unless it is declared, and rebuilds the header of the formula
-  // that NeedFunctionName names.
+  // that NeedFunctionName names. An item that the item browser does not know is a Variant, or what
+  // the class `moved_from` declares it as.
   void AddParameter(std::string_view prog_id, std::string_view parameter_alias,
-                    std::string_view item_name);
+                    std::string_view item_name, std::string_view moved_from = {});
   // The formula and the aliases that a changed or deleted argument concerns.
   struct ParameterIds {
     std::int32_t formula_id = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,7 +19,8 @@ class FDummyVarOCX {
   // The Visual Basic type name of the process variable.
   std::string GetDataType(std::string_view item) {
     constexpr std::int32_t kVariant = 12;
-    return std::string(codegen::GetDataType(ovi ? ovi->VariantTypeOf(item) : kVariant));
+    const auto type = ovi ? ovi->VariantTypeOf(item) : std::nullopt;
+    return std::string(codegen::GetDataType(type.value_or(kVariant)));
   }
 
   platform::OVItems* ovi;

@@ -144,8 +144,8 @@ class ComponentList {
 class OVItems {
  public:
   virtual ~OVItems() = default;
-  // Variant type code of the item's value; 12 (Variant) for an unknown item.
-  virtual std::int32_t VariantTypeOf(std::string_view item) = 0;
+  // Variant type code of the item's value; nothing for an item that it does not know.
+  virtual std::optional<std::int32_t> VariantTypeOf(std::string_view item) = 0;
 };
 
 class ReportAddIn : public Object {

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "codegen/identifier.h"
+#include "codegen/report.h"
 #include "codegen/text_numbers.h"
 #include "platform/text.h"
 #include "store/operations_impl.h"
@@ -19,13 +20,9 @@ bool IsBlank(std::string_view text) {
 }
 
 std::string NamesOf(const std::vector<FormulaRecord>& formulas) {
-  constexpr std::size_t kShown = 10;
-  std::string names;
-  for (std::size_t i = 0; i < formulas.size(); ++i) {
-    if (i == kShown) return names + ", ... (" + std::to_string(formulas.size()) + ")";
-    names += (names.empty() ? "" : ", ") + formulas[i].prog_id + "." + formulas[i].name;
-  }
-  return names;
+  std::vector<std::string> names;
+  for (const FormulaRecord& f : formulas) names.push_back(f.prog_id + "." + f.name);
+  return codegen::NamesInShort(names);
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ void Operations::Impl::MoveInCode(const FormulaRecord& formula, std::string_view
     RequireDeclarable(formula.prog_id, argument.vb_alias);
     code->DeleteParameter(old_class, argument.vb_alias,
                           {formula.id, formula.name, argument.alias_id, 0});
-    code->AddParameter(formula.prog_id, argument.vb_alias, argument.item_id);
+    code->AddParameter(formula.prog_id, argument.vb_alias, argument.item_id, old_class);
   }
   // The switched-off copy keeps its header as it stands.
   code->DeactivateFunction(old_class, formula.name);

@@ -50,6 +50,11 @@ std::span<const Row> CodegenRows() {
        "<File>:<Line> deklarierte <Name>, stammt aber nicht von hier; die Zeile wurde "
        "auskommentiert.",
        "<File>:<Line> declared <Name> but was not written here; the line was commented out."},
+      {1113,
+       "Der Itemkatalog nennt keinen Typ für <Names>; der deklarierte blieb. Nehmen Sie die Items "
+       "mit ihrem Typ in den Katalog auf, oder prüfen Sie die Deklarationen.",
+       "The item catalogue tells no type for <Names>; the declared one was kept. Add the items "
+       "with their types to the catalogue, or check the declarations."},
       {1121, "Der Name fehlt.", "The name is missing."},
       {1122, "<Name> beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben.",
        "<Name> begins with a digit; Visual Basic wants a letter."},
@@ -67,6 +72,11 @@ std::span<const Row> CodegenRows() {
        "<Name> is a reserved word of Visual Basic."},
       {1127, "<Name> ist länger als 255 Zeichen; so lange Namen nimmt Visual Basic nicht an.",
        "<Name> is longer than 255 characters, which Visual Basic does not take."},
+      {1128,
+       "<Name> ist für Visual Basic kein Name und wird in keiner Klasse deklariert. Wählen Sie "
+       "einen Alias mit einem Buchstaben.",
+       "<Name> is no name for Visual Basic and is declared in no class. Choose an alias with a "
+       "letter."},
   });
   return kRows;
 }

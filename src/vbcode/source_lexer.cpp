@@ -14,7 +14,6 @@ bool IsTypeCharacter(char c) {
   return c == '%' || c == '&' || c == '@' || c == '!' || c == '#' || c == '$';
 }
 char WithoutCase(char c) { return static_cast<char>(c | 0x20); }  // of a letter
-bool IsHigh(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
 constexpr std::array<bool, 256> MakeWordCharacters() {
   std::array<bool, 256> is_word{};
@@ -100,7 +99,7 @@ Token Lexer::Next() {
   }
   if (c == '"') return TakeString();
   if (c == '[') return TakeBracketed();
-  if (IsLetter(c) || IsHigh(c)) {
+  if (IsWordCharacter(c) && !IsDigit(c)) {
     const std::string_view word = text_.substr(position_, WordLength());
     const std::size_t behind = position_ + word.size();
     if (statement_start_ && IsKeyword(word, "rem") &&
@@ -108,7 +107,7 @@ Token Lexer::Next() {
       SkipComment();
       return Token{};
     }
-    return TakeWord();
+    return word == "_" ? Take(TokenKind::kOther, 1) : TakeWord();
   }
   if (IsDigit(c)) return Take(TokenKind::kNumber, NumberLength());
   if (c == ':' && (position_ + 1 == text_.size() || text_[position_ + 1] != '=')) {

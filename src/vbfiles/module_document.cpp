@@ -49,8 +49,7 @@ void ModuleDocument::Load() {
   const ModuleFile::Version file = file_.Read();
   const ModuleHeader header = ParseModuleHeader(*file.contents, true);
   ModuleText text(file.contents, header.length);
-  const std::size_t zero =
-      text.HasZeroBytes() ? file.contents->find('\0', header.length) : std::string::npos;
+  const std::size_t zero = text.HasZeroBytes() ? file.contents->find('\0') : std::string::npos;
   if (zero == std::string::npos) {
     loaded_ = std::make_unique<Loaded>(std::move(text), file_.page(), file.stamp);
     if (header.recognised || IsSource(loaded_->index)) return;

@@ -31,6 +31,8 @@ constexpr std::array<std::pair<std::string_view, std::int32_t>, 12> kTypeNames =
     {"byte", 17},
 }};
 
+constexpr std::int32_t kNoType = 0;  // that of an empty variant
+
 std::string_view Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
   if (first == std::string_view::npos) return {};
@@ -66,7 +68,7 @@ bool TakeField(char*& next, char* end, std::string_view& field) {
 }  // namespace
 
 std::optional<std::int32_t> ParseItemType(std::string_view text) {
-  if (text.empty()) return ItemCatalogue::kVariant;
+  if (text.empty()) return kNoType;
   std::int32_t code = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), code);
   if (error == std::errc() && end == text.data() + text.size()) {
@@ -150,7 +152,8 @@ std::string_view ItemCatalogue::Folded(std::size_t index) const {
 ItemCatalogue::Item ItemCatalogue::At(std::size_t index) const {
   const Entry& entry = items_.at(index);
   const std::string_view text = text_;
-  return {text.substr(entry.offset, entry.name_length), entry.type,
+  return {text.substr(entry.offset, entry.name_length),
+          entry.type == kNoType ? kVariant : entry.type,
           text.substr(entry.offset + entry.name_length, entry.comment_length)};
 }
 
@@ -163,9 +166,10 @@ std::optional<std::size_t> ItemCatalogue::Find(std::string_view name) const {
   return *found;
 }
 
-std::int32_t ItemCatalogue::VariantTypeOf(std::string_view item) {
-  const auto index = Find(item);
-  return index ? At(*index).type : kVariant;
+std::optional<std::int32_t> ItemCatalogue::TypeOf(std::string_view name) const {
+  const auto index = Find(name);
+  if (!index || items_[*index].type == kNoType) return std::nullopt;
+  return items_[*index].type;
 }
 
 std::vector<std::uint32_t> ItemCatalogue::Search(std::string_view text, std::size_t limit) const {

@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/studio.h"
-
 namespace workbench {
 
 // The process variables of a plant: an item catalogue as items.csv holds it, with the header
@@ -17,11 +15,11 @@ namespace workbench {
 //
 // A million items are held in less than three times the file's size: the file's text, twelve
 // bytes an item, and the folded names that are searched.
-class ItemCatalogue final : public platform::OVItems {
+class ItemCatalogue {
  public:
   struct Item {
     std::string_view name;
-    std::int32_t type = kVariant;
+    std::int32_t type = kVariant;  // also when the line gives none
     std::string_view comment;
   };
 
@@ -44,7 +42,8 @@ class ItemCatalogue final : public platform::OVItems {
   Item At(std::size_t index) const;
   // Index of the item of that name, without regard to case.
   std::optional<std::size_t> Find(std::string_view name) const;
-  std::int32_t VariantTypeOf(std::string_view item) override;
+  // Its type; nothing for an item that is not there or has none.
+  std::optional<std::int32_t> TypeOf(std::string_view name) const;
 
   // Indexes, in file order, of the items whose name holds the text, without regard to case; at
   // most `limit`. All items for "".
@@ -75,8 +74,8 @@ class ItemCatalogue final : public platform::OVItems {
   std::size_t problem_count_ = 0;
 };
 
-// The variant type code that a name such as "Double" or a decimal number stands for; nothing for
-// an unknown one.
+// The variant type code that a name such as "Double" or a decimal number stands for, 0 for the
+// empty text; nothing for an unknown one.
 std::optional<std::int32_t> ParseItemType(std::string_view text);
 
 }  // namespace workbench

@@ -21,10 +21,8 @@ bool ItemFile::Refresh() {
   return true;
 }
 
-std::int32_t ItemFile::VariantTypeOf(std::string_view item) {
-  const ItemCatalogue& catalogue = Catalogue();
-  const auto index = catalogue.Find(item);
-  return index ? catalogue.At(*index).type : ItemCatalogue::kVariant;
+std::optional<std::int32_t> ItemFile::VariantTypeOf(std::string_view item) {
+  return Catalogue().TypeOf(item);
 }
 
 }  // namespace workbench

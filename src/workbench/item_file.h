@@ -17,7 +17,7 @@ class ItemFile final : public platform::OVItems {
   ItemFile(files::FileSystem& system, std::string path, bool must_exist);
 
   // Raises files::Error when the file cannot be read.
-  std::int32_t VariantTypeOf(std::string_view item) override;
+  std::optional<std::int32_t> VariantTypeOf(std::string_view item) override;
   const ItemCatalogue& Catalogue();
   // The catalogue if it was read already.
   const ItemCatalogue* Loaded() const { return catalogue_ ? &*catalogue_ : nullptr; }

@@ -47,6 +47,8 @@ enum ReportText : int {
   kNoAliases,
 };
 
+constexpr std::int32_t kVariant = 12;  // type of an item that nobody knows
+
 // Aliases that take as long as reading or writing a formula.
 constexpr std::size_t kAliasesPerStep = 32;
 
@@ -241,7 +243,8 @@ class Report {
       const store::AliasRecord& alias = aliases_[i];
       html_ += "<tr id=\"a" + std::to_string(alias.id) + "\"><td>" + Name(alias.vb_alias) +
                "</td><td>" + Name(alias.item_id) + "</td><td>" +
-               std::string(codegen::GetDataType(source_.items.VariantTypeOf(alias.item_id))) +
+               std::string(codegen::GetDataType(
+                   source_.items.VariantTypeOf(alias.item_id).value_or(kVariant))) +
                "</td><td>" + UsesOf(alias.id) + "</td></tr>\n";
     }
     html_ += "</tbody>\n</table>\n</section>\n";

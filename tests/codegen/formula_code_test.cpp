@@ -259,7 +259,7 @@ std::vector<Case> Cases() {
        {1124}},
       {"an item that would leave its comment", "",
        [](CVBFormulaCode& g) { g.AddParameter(kClass, "X", "a\r\nSub Y()"); },
-       "Public X as Variant 'a\n"},
+       "Public X as Variant 'a  Sub Y()\n"},
       {"an item that would take the next line", "",
        [](CVBFormulaCode& g) { g.AddParameter(kClass, "X", "a _"); },
        "Public X as Variant 'a _'\n"},

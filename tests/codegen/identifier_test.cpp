@@ -52,7 +52,7 @@ TEST(IdentifierTest, SaysWhyVisualBasicWouldRefuse) {
       {"a'b", IdentifierProblem::kForbiddenCharacter, "'", false},
       {"Łódź", IdentifierProblem::kForbiddenCharacter, "Ł", false},
       {"_a", IdentifierProblem::kLeadingUnderscore, "_", true},
-      {"_", IdentifierProblem::kLeadingUnderscore, "_", false},
+      {"_", IdentifierProblem::kLoneUnderscore, "_", false},
       {"a€", IdentifierProblem::kNotALetter, "€", true},
       {"a×b", IdentifierProblem::kNotALetter, "×", true},
       {"nExT", IdentifierProblem::kReservedWord, "", false},

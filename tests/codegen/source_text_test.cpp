@@ -3,14 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "codegen/comment_text.h"
 #include "codegen/declaration.h"
 #include "codegen/name_uses.h"
 #include "codegen/source_line.h"
 #include "codegen/sub_lines.h"
 #include "codegen/templates.h"
 #include "files/memory_file_system.h"
+#include "platform/text.h"
 #include "texts/text_table.h"
 #include "vbfiles/environment.h"
 
@@ -73,15 +76,39 @@ TEST(SourceLineTest, SplitsAndJoins) {
   EXPECT_EQ(SplitLines("a\nb\rc\r\n"), Lines({"a", "b", "c", ""}));
 }
 
-TEST(SourceLineTest, CommentTextCannotLeaveItsComment) {
-  EXPECT_EQ(CommentText("Tank1.Level"), "Tank1.Level");
-  EXPECT_EQ(CommentText("a\r\nEnd Sub"), "a");
-  EXPECT_EQ(CommentText("a\nb"), "a");
-  EXPECT_EQ(CommentText(std::string("a\0b", 3)), "a");
-  EXPECT_EQ(CommentText("a _"), "a _'");
-  EXPECT_EQ(CommentText("a\t_  "), "a\t_  '");
-  EXPECT_EQ(CommentText("a_"), "a_");
-  EXPECT_EQ(CommentText("a\tb\x1a\x7f"), "a\tb??");
+// What a text becomes in a comment, and that it is found there again.
+TEST(CommentTextTest, StaysInItsCommentAndIsFoundAgain) {
+  const std::pair<std::string, std::string> kCases[] = {{"Tank1.Level", "Tank1.Level"},
+                                                        {"a\r\nEnd Sub", "a  End Sub"},
+                                                        {"a\nb\rc", "a b c"},
+                                                        {std::string("a\0b\x1a\x7f", 5), "a?b??"},
+                                                        {"a\tb\xC2\x85\xE2\x80\xA8", "a b  "},
+                                                        {"a _", "a _'"},
+                                                        {"a\t_  ", "a _  '"},
+                                                        {"a\n_", "a _'"},
+                                                        {" _", " _'"},
+                                                        {"_", "_"},
+                                                        {"a_", "a_"},
+                                                        {" #1 ", " #1 "},
+                                                        {"'x' 'y", "'x' 'y"},
+                                                        {"'End Sub", "'End Sub"},
+                                                        {"Rem \"x: y", "Rem \"x: y"},
+                                                        {"\xFF", "\xFF"},
+                                                        {"", ""}};
+  for (const auto& [text, shown] : kCases) {
+    EXPECT_EQ(WithCommentText("'", text), "'" + shown);
+    EXPECT_TRUE(ShowsText("'" + shown, text)) << shown;
+    // As the environment writes it: no tabs, nothing behind the line.
+    EXPECT_TRUE(ShowsText("'" + shown.substr(0, shown.find_last_not_of(' ') + 1), text)) << shown;
+    EXPECT_FALSE(ShowsText("'" + shown + "x", text)) << shown;
+    const auto line = ParseVariableLine(Templates::Declaration("A", "Long", text));
+    ASSERT_TRUE(line) << shown;
+    EXPECT_TRUE(ShowsText(line->comment, text)) << shown;
+  }
+  EXPECT_EQ(WithCommentText("'\t", "_"), "'\t_'");
+  EXPECT_TRUE(ShowsText("'a  b?", "a\tb\xE6\xB8\xA9"));
+  EXPECT_FALSE(ShowsText("'ab", "a b"));
+  EXPECT_FALSE(ShowsText("", "a"));
 }
 
 TEST(DeclarationTest, ReadsSubsOnly) {
@@ -134,8 +161,15 @@ TEST(DeclarationTest, DeletesOnlyWhatDeclaresOneVariableAlone) {
       {"Public Levels As Double", false},
   };
   for (const auto& c : kCases) {
-    EXPECT_EQ(DeclaresOnlyPublicVariable(c.line, "Level"), c.alone) << c.line;
+    const auto line = ParseVariableLine(c.line);
+    EXPECT_EQ(line && platform::EqualsIgnoringCase(line->name, "Level"), c.alone) << c.line;
   }
+  const std::pair<const char*, const char*> kTypes[] = {
+      {"Public A", ""},
+      {"Public A#", "Double"},
+      {"Public A as double 'x", "double"},
+      {"Public A As New VBA . Collection", "New VBA.Collection"}};
+  for (const auto& [line, type] : kTypes) EXPECT_EQ(ParseVariableLine(line)->type, type) << line;
 }
 
 TEST(DeclarationTest, KnowsTheNamesOfTypes) {
@@ -219,6 +253,17 @@ TEST_F(HeaderTest, ReplacesOnlyWhatItWrote) {
   EXPECT_EQ(Rebuilt(with(german)), with(german));
   // A note that would take the next line into its comment.
   EXPECT_EQ(Rebuilt({"' goes on _"}), with({"' goes on _", ""}));
+}
+
+// Rows of others may hold anything.
+TEST_F(HeaderTest, KnowsItsArgumentsAgain) {
+  for (const char* alias : {"_", "_x", "a b", "a\tb\r\nc", "", " ", "\xC3\x84", "'"}) {
+    const Lines header = templates_.Header("A", {alias, "Level"});
+    ASSERT_EQ(header.size(), 7u);
+    EXPECT_TRUE(Templates::IsArgument(header[4])) << header[4];
+    EXPECT_FALSE(IsContinued(header[4])) << header[4];
+    EXPECT_EQ(Rebuilt(header), header_) << header[4];
+  }
 }
 
 TEST_F(HeaderTest, RebuildingTwiceChangesNothing) {

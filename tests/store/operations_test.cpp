@@ -173,7 +173,7 @@ TEST_F(OperationsTest, InversesReturnToTheState) {
   EXPECT_EQ(State(), before);
 
   Do(operations().EditAlias(2, {"Tank2.Pump", "Motor"}));
-  EXPECT_NE(project_.Code("CPump").find("Public Motor as Variant 'Tank2.Pump\r\n"),
+  EXPECT_NE(project_.Code("CPump").find("Public Motor as Boolean 'Tank2.Pump\r\n"),
             std::string::npos);
   Do(operations().EditAlias(2, {"Tank1.Pump", "Pump"}));
   EXPECT_EQ(State(), before);
@@ -237,6 +237,72 @@ TEST_F(OperationsTest, SharedDeclarationStaysUntilItsLastUse) {
   EXPECT_EQ(operations().Count().aliases, 1);
   EXPECT_EQ(operations().Count().arguments, 1);
   EXPECT_EQ(operations().Count().formulas, 1);
+}
+
+TEST_F(OperationsTest, AnItemThatNobodyKnowsKeepsItsType) {
+  project_.open->items.types.clear();
+  const auto expect = [&](const OperationResult& result, const char* cls, const char* line,
+                          const char* warning) {
+    EXPECT_NE(project_.Code(cls).find(std::string(line) + "\r\n"), std::string::npos)
+        << project_.Code(cls);
+    std::string said;
+    for (const codegen::Warning& w : result.warnings) said += w.text_id == 1113 ? w.message : "";
+    EXPECT_EQ(said.empty(), *warning == 0) << said;
+    EXPECT_NE(said.find(warning), std::string::npos) << said;
+  };
+  expect(Do(operations().EditAlias(1, {"Tank1.Level", "Height"})), "CPump",
+         "Public Height as Double 'Tank1.Level", "Height");
+  expect(Do(Edit(1, [](auto& v) { v.prog_id = "PumpServer.CTank"; })), "CTank",
+         "Public Height as Double 'Tank1.Level", "Height, Pump");
+  EXPECT_NE(project_.Code("CTank").find("Public Pump as Boolean 'Tank1.Pump"), std::string::npos);
+  // Declared already, or with nothing to keep: not a word.
+  expect(Do(Edit(2, [](auto& v) { v.prog_id = "PumpServer.CTank"; })), "CTank",
+         "Public Height as Double 'Tank1.Level", "");
+  const std::int32_t flow = project_.AddAlias("Tank1.Flow", "Flow");
+  const ArgumentValues values[] = {{flow, true, false}};
+  expect(Do(operations().AddArguments(2, values)), "CTank", "Public Flow as Variant 'Tank1.Flow",
+         "");
+  expect(Do(operations().EditAlias(flow, {"Tank1.Flow", "Stream"})), "CTank",
+         "Public Stream as Variant 'Tank1.Flow", "");
+  // What the catalogue knows is what it says.
+  project_.open->items.types = {{"Tank1.Level", 3}};
+  expect(Do(operations().EditAlias(1, {"Tank1.Level", "Level"})), "CTank",
+         "Public Level as Long 'Tank1.Level", "");
+}
+
+// Whatever may be stored as an alias: it is declared once, renamed and removed again.
+TEST_F(OperationsTest, WhatIsDeclaredIsFoundAgain) {
+  const std::string before = project_.Code("CPump");
+  for (const char* name :
+       {"_stValve", "__", "_1", "\xE2\x82\xAC", "\xC2\xA0x", "Ä_", "x\xC3\x97"}) {
+    const std::int32_t alias = project_.AddAlias("#1 'x\r\n _", name);
+    const ArgumentValues values[] = {{alias, true, false}};
+    const Ids arguments = {Do(operations().AddArguments(1, values)).id(),
+                           Do(operations().AddArguments(2, values)).id()};
+    const std::string line = std::string("Public ") + name + " as Variant '#1 'x   _'\r\n";
+    const auto count = [&](const std::string& code) {
+      return std::search(code.begin(), code.end(), line.begin(), line.end()) != code.end();
+    };
+    std::string code = platform::Windows1252ToUtf8(project_.Code("CPump"));
+    EXPECT_TRUE(count(code)) << code;
+    EXPECT_FALSE(count(code.substr(code.find(line) + 1))) << "declared twice: " << code;
+    Do(operations().EditAlias(alias, {"#1 'x\r\n _", "Renamed"}));
+    EXPECT_FALSE(count(platform::Windows1252ToUtf8(project_.Code("CPump")))) << name;
+    Do(operations().DeleteArguments(arguments));
+    Do(operations().DeleteAliases(Ids{alias}));
+    EXPECT_EQ(project_.Code("CPump"), before) << name;
+  }
+  // A lone underscore is no name, and that is said.
+  const AliasValues alias[] = {{"a", "_"}};
+  const OperationResult added = Do(operations().AddAliases(alias));
+  const ArgumentValues values[] = {{added.id(), true, false}};
+  const OperationResult used = Do(operations().AddArguments(1, values));
+  ASSERT_EQ(added.warnings.size(), 1u);
+  EXPECT_EQ(added.warnings[0].text_id, 1128);
+  ASSERT_EQ(used.warnings.size(), 1u);
+  EXPECT_EQ(used.warnings[0].text_id, 1109);
+  Do(operations().DeleteArguments(used.ids));
+  EXPECT_EQ(project_.Code("CPump"), before);
 }
 
 // Other programs may have stored two formulas of one name in one class.

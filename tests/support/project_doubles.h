@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,9 +31,9 @@ class TableItems : public platform::OVItems {
  public:
   std::map<std::string, std::int32_t, std::less<>> types;
 
-  std::int32_t VariantTypeOf(std::string_view item) override {
+  std::optional<std::int32_t> VariantTypeOf(std::string_view item) override {
     auto found = types.find(item);
-    return found == types.end() ? 12 : found->second;
+    return found == types.end() ? std::nullopt : std::optional(found->second);
   }
 };
 

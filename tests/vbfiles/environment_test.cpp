@@ -130,6 +130,7 @@ TEST(Environment, WhatIsNoSourceHasNoMembersAndIsNotWritten) {
     ClassProject project(content, {}, true);
     EXPECT_EQ(project.Module().CountOfLines(), 0);
     EXPECT_THAT(project.Module().Members(), IsEmpty());
+    ErrorOf([&] { project.Module().RequireSource(); }, "CPump.cls");
     EXPECT_EQ(ErrorOf([&] { project.Module().AddFromString("x"); }, "CPump.cls").number(),
               platform::kErrModuleNotEditable);
     EXPECT_EQ(project.Written(), content);

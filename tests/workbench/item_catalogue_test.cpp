@@ -48,11 +48,12 @@ TEST(ItemCatalogue, ReadsWhatPeopleWriteAndSkipsWhatItCannot) {
 }
 
 TEST(ItemCatalogue, FindsByNameAndPartWithoutRegardToCase) {
-  auto catalogue =
-      ItemCatalogue::Parse("Zone.ÄRGER,5,\nTank1.Level,3,\nTank2.Level,4,\ntank1.level,8,\n");
+  auto catalogue = ItemCatalogue::Parse(
+      "Zone.ÄRGER,5,\nTank1.Level,3,\nTank2.Level,4,\ntank1.level,8,\nUntyped\n");
   EXPECT_EQ(catalogue.Find("TANK1.LEVEL"), 1u);  // the first of two
-  EXPECT_EQ(catalogue.VariantTypeOf("zone.ärger"), 5);
-  EXPECT_EQ(catalogue.VariantTypeOf("nothing"), 12);
+  EXPECT_EQ(catalogue.TypeOf("zone.ärger"), 5);
+  EXPECT_EQ(catalogue.TypeOf("nothing"), std::nullopt);
+  EXPECT_EQ(catalogue.TypeOf("Untyped"), std::nullopt);
   EXPECT_EQ(catalogue.Search("LEVEL", 2), (std::vector<std::uint32_t>{1, 2}));
   EXPECT_EQ(catalogue.Search("", 2), (std::vector<std::uint32_t>{0, 1}));
 }
