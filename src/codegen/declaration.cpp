@@ -89,6 +89,31 @@ std::string_view WithoutBrackets(std::string_view name) {
   return name;
 }
 
+// Where the name of a declared sub stands.
+struct NamePlace {
+  std::size_t line = 0;
+  std::size_t column = 0;
+  std::size_t length = 0;
+};
+
+// REQUIRES: the lines declare a sub.
+NamePlace FindSubName(const std::vector<std::string>& lines) {
+  bool behind_sub = false;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::string_view text = lines[i];
+    if (IsContinued(text)) text.remove_suffix(1);
+    Reader reader(text);
+    while (!reader.AtEnd()) {
+      const auto column = static_cast<std::size_t>(reader.Rest().data() - text.data());
+      const std::string_view word = reader.Word();
+      if (word.empty()) break;
+      if (behind_sub) return {i, column, word.size()};
+      behind_sub = platform::EqualsIgnoringCase(word, "sub");
+    }
+  }
+  return {};
+}
+
 // One logical line, the continuation marks taken out.
 std::string JoinContinued(const std::vector<std::string>& lines) {
   std::string joined;
@@ -148,8 +173,9 @@ std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines) {
   const std::string line = JoinContinued(lines);
   const std::size_t comment = CommentStart(line);
   Reader reader(std::string_view(line).substr(0, comment));
-  for (const std::string_view word : {"public", "private", "friend"}) reader.TakeWord(word);
   SubDeclaration result;
+  result.is_public = !reader.TakeWord("private") && !reader.TakeWord("friend");
+  reader.TakeWord("public");
   result.is_static = reader.TakeWord("static");
   if (!reader.TakeWord("sub")) return std::nullopt;
   result.name = WithoutBrackets(reader.Word());
@@ -160,12 +186,19 @@ std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines) {
   return result;
 }
 
-std::string RenamedSub(const SubDeclaration& old, std::string_view new_name) {
-  std::string line = Templates::SubDeclaration(new_name) + old.rest;
-  if (old.is_static) line += " 'Static";
-  if (!old.parameters.empty()) line += " '(" + old.parameters + ")";
-  if (!old.comment.empty()) line += " " + old.comment;
-  return line;
+std::vector<std::string> RenamedSub(const std::vector<std::string>& lines,
+                                    const SubDeclaration& old, std::string_view new_name) {
+  std::vector<std::string> renamed = lines;
+  if (!old.parameters.empty() || old.is_static) {
+    const NamePlace name = FindSubName(lines);
+    renamed[name.line].replace(name.column, name.length, new_name);
+    return renamed;
+  }
+  renamed[0] = Templates::SubDeclaration(new_name) + old.rest;
+  if (!old.comment.empty()) renamed[0] += " " + old.comment;
+  // They would be left as broken code.
+  for (std::size_t i = 1; i < renamed.size(); ++i) renamed[i].insert(0, "'");
+  return renamed;
 }
 
 std::optional<VariableLine> ParseVariableLine(std::string_view line) {

@@ -13,6 +13,7 @@ namespace codegen {
 // The declaration of a Sub, taken apart.
 struct SubDeclaration {
   std::string name;
+  bool is_public = true;
   bool is_static = false;
   std::string parameters;  // between the parentheses, blanks trimmed
   std::string rest;        // statements behind it on the line, from the colon on
@@ -23,9 +24,10 @@ struct SubDeclaration {
 // not declare a Sub (a Function, a Property, anything else).
 std::optional<SubDeclaration> ParseSub(const std::vector<std::string>& lines);
 
-// The line that declares the sub under a new name and keeps all else: statements behind the
-// declaration, and as comments what a formula cannot have, the word Static and parameters.
-std::string RenamedSub(const SubDeclaration& old, std::string_view new_name);
+// The physical lines of the declaration under a new name: public, without parameters, the
+// statements and the comment behind it kept. What has parameters keeps its lines save for the name.
+std::vector<std::string> RenamedSub(const std::vector<std::string>& lines,
+                                    const SubDeclaration& old, std::string_view new_name);
 
 // A line that is a whole statement and declares one public variable and nothing else, so that it
 // can be deleted.

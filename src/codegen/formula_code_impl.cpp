@@ -130,6 +130,14 @@ void CVBFormulaCode::Impl::HeaderIsDone(std::string_view name, std::string_view 
   });
 }
 
+void CVBFormulaCode::Impl::WarnOfSub(const Place& place, std::int32_t text, std::string_view name) {
+  const std::optional<SubLocation> sub = FindSub(*place.module, name);
+  if (!sub) return;
+  report_.Warn(text, {{"<File>", place.File()},
+                      {"<Line>", std::to_string(sub->body_line)},
+                      {"<Name>", sub->name}});
+}
+
 void CVBFormulaCode::Impl::ApplyEdits() {
   std::map<std::string, Waiting> classes = std::exchange(waiting_, {});
   // The formulas of a renamed alias are many; one query serves them all.
@@ -151,6 +159,9 @@ void CVBFormulaCode::Impl::ApplyEdits() {
       report_.Step([&] { RewriteWaitingHeader(place, header, waiting.prog_id, arguments); });
     }
     // Last, when the lines have their final numbers.
+    for (const auto& [text, name] : waiting.sub_warnings) {
+      report_.Step([&] { WarnOfSub(place, text, name); });
+    }
     report_.Step([&] { WarnOfUses(gone, *place.component, *place.module, report_); });
   }
   std::sort(kept_types.begin(), kept_types.end());

@@ -3,6 +3,7 @@
 // formula_code_subs.cpp changes subs and headers, formula_code_aliases.cpp declarations.
 #pragma once
 
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -98,6 +99,8 @@ class CVBFormulaCode::Impl {
     ClassEdits declarations;
     std::vector<Header> headers;
     std::unordered_set<std::string> header_names;
+    // Warnings that name a sub and its line.
+    std::vector<std::pair<std::int32_t, std::string>> sub_warnings;
   };
   struct ComponentChange {
     bool add = false;
@@ -123,6 +126,7 @@ class CVBFormulaCode::Impl {
   Place Locate(std::string_view prog_id);
   // Locate, with a warning when there is no such class.
   Place LocateOrWarn(std::string_view prog_id);
+  void WarnOfSub(const Place& place, std::int32_t text, std::string_view name);
   void WarnNoSub(std::string_view prog_id, std::string_view name) {
     report_.Warn(kTextNoSub, {{"<Class>", prog_id}, {"<Name>", name}});
   }
@@ -131,6 +135,10 @@ class CVBFormulaCode::Impl {
                  std::string_view code);
   // Whether the class has a type, enumeration or element of one of that name.
   bool IsTypeName(const Place& place, std::string_view prog_id, std::string_view name);
+  // The sub that stands there already becomes the formula's: refused when the server cannot call
+  // it, with a warning unless its header names one of these formulas.
+  bool CanAdopt(const Place& place, std::string_view prog_id, const SubLocation& sub,
+                std::initializer_list<std::string_view> formulas);
   // False, with a refusal, when no sub of that name can be added.
   bool CanAppend(const Place& place, std::string_view prog_id, std::string_view name);
   // The aliases that the header of that formula lists.
@@ -139,7 +147,8 @@ class CVBFormulaCode::Impl {
                      const std::vector<std::string>& aliases);
   void RewriteWaitingHeader(const Place& place, const Header& header, std::string_view prog_id,
                             const FormulaRows::ArgumentsById& arguments);
-  void RewriteDeclaration(const Place& place, const SubLocation& sub, std::string_view new_name);
+  void RewriteDeclaration(const Place& place, std::string_view prog_id, const SubLocation& sub,
+                          std::string_view new_name);
   void CommentOut(const Place& place, const SubLocation& sub);
   void DeleteProcedure(const Place& place, const SubLocation& sub);
   // Whether the procedure cuts an #If block, so that its directives have to stay; with a warning.

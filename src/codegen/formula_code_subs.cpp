@@ -25,12 +25,59 @@ bool CutsConditionalBlock(const std::vector<std::string>& lines) {
   return depth != 0;
 }
 
+// Whether an #If block is open behind the lines.
+bool IsInConditionalBlock(const std::vector<std::string>& lines) {
+  int depth = 0;
+  bool continues = false;
+  for (const std::string& line : lines) {
+    if (!continues && IsDirective(line)) {
+      const std::string word = platform::FoldCase(TrimBlanks(TrimBlanks(line).substr(1)));
+      depth += word.starts_with("if") ? 1 : word.starts_with("end") ? -1 : 0;
+    }
+    continues = IsContinued(line);
+  }
+  return depth > 0;
+}
+
+// The text that says why the server cannot call the sub as a formula; 0 when it can.
+std::int32_t WhyNoFormula(platform::CodeModule& module, const SubLocation& sub) {
+  const std::optional<SubDeclaration> declaration = ParseSub(DeclarationLines(module, sub));
+  if (!declaration || !declaration->parameters.empty()) return kTextHasParameters;
+  if (!declaration->is_public) return kTextNotPublic;
+  const bool first = sub.body_line == 1;
+  if (!first && IsInConditionalBlock(SplitLines(module.Lines(1, sub.body_line - 1)))) {
+    return kTextInConditionalBlock;
+  }
+  return 0;
+}
+
 }  // namespace
+
+bool CVBFormulaCode::Impl::CanAdopt(const Place& place, std::string_view prog_id,
+                                    const SubLocation& sub,
+                                    std::initializer_list<std::string_view> formulas) {
+  if (const std::int32_t reason = WhyNoFormula(*place.module, sub)) {
+    report_.Refuse(reason, {{"<File>", place.File()},
+                            {"<Line>", std::to_string(sub.body_line)},
+                            {"<Name>", sub.name}});
+    return false;
+  }
+  const std::vector<std::string> above = FindHeaderRegion(*place.module, sub).lines;
+  const bool known = std::any_of(above.begin(), above.end(), [&](const std::string& text) {
+    return std::any_of(formulas.begin(), formulas.end(),
+                       [&](std::string_view name) { return templates_.IsTitleOf(text, name); });
+  });
+  if (!known) WaitingFor(prog_id).sub_warnings.emplace_back(kTextAdopted, sub.name);
+  return true;
+}
 
 bool CVBFormulaCode::Impl::CanAppend(const Place& place, std::string_view prog_id,
                                      std::string_view name) {
-  if (place.module->FindMember(name) || IsTypeName(place, prog_id, name)) {
-    report_.Refuse(kTextNameTaken, {{"<Class>", prog_id}, {"<Name>", name}});
+  const std::optional<platform::Member> member = place.module->FindMember(name);
+  if (member || IsTypeName(place, prog_id, name)) {
+    const std::string where =
+        member ? " (" + place.File() + ":" + std::to_string(member->code_location) + ")" : "";
+    report_.Refuse(kTextNameTaken, {{"<Class>", prog_id}, {"<Name>", name}, {"<Where>", where}});
     return false;
   }
   const IdentifierHint hint = CheckIdentifier(name);
@@ -64,6 +111,7 @@ void CVBFormulaCode::Impl::AddFunction(std::string_view prog_id, std::string_vie
     const Place place = LocateOrWarn(prog_id);
     if (!place) return;
     if (const auto sub = FindSub(*place.module, name)) {
+      if (!CanAdopt(place, prog_id, *sub, {name})) return;
       RewriteHeader(place, FindHeaderRegion(*place.module, *sub), name, ArgumentsOf(name, prog_id));
       HeaderIsDone(name, prog_id);
     } else if (CanAppend(place, prog_id, name)) {
@@ -73,19 +121,25 @@ void CVBFormulaCode::Impl::AddFunction(std::string_view prog_id, std::string_vie
   RegisterClass(prog_id);
 }
 
-void CVBFormulaCode::Impl::RewriteDeclaration(const Place& place, const SubLocation& sub,
-                                              std::string_view new_name) {
+void CVBFormulaCode::Impl::RewriteDeclaration(const Place& place, std::string_view prog_id,
+                                              const SubLocation& sub, std::string_view new_name) {
   const std::vector<std::string> lines = DeclarationLines(*place.module, sub);
   const std::optional<SubDeclaration> old = ParseSub(lines);
   if (!old) return;
-  const std::string line = RenamedSub(*old, new_name);
-  if (old->name == new_name && lines.size() == 1 && SameLine(lines[0], line)) return;
-  // The first line last: what follows it is found by the old declaration.
-  for (std::size_t i = lines.size() - 1; i > 0; --i) {
-    place.module->ReplaceLine(sub.body_line + static_cast<std::int32_t>(i), "'" + lines[i]);
+  const std::vector<std::string> renamed = RenamedSub(lines, *old, new_name);
+  if (!old->parameters.empty()) {
+    WaitingFor(prog_id).sub_warnings.emplace_back(kTextParametersStay, new_name);
   }
-  place.module->ReplaceLine(sub.body_line, line);
-  WarnOfLongLine(place.File(), sub.body_line, line, report_);
+  const bool same = old->name == new_name && std::equal(lines.begin(), lines.end(), renamed.begin(),
+                                                        renamed.end(), SameLine);
+  if (same) return;
+  // The first line last: what follows it is found by the old declaration.
+  for (std::size_t i = lines.size(); i-- > 0;) {
+    if (renamed[i] == lines[i]) continue;
+    const std::int32_t line = sub.body_line + static_cast<std::int32_t>(i);
+    place.module->ReplaceLine(line, renamed[i]);
+    WarnOfLongLine(place.File(), line, renamed[i], report_);
+  }
 }
 
 void CVBFormulaCode::Impl::RenameFunction(std::string_view prog_id, std::string_view old_name,
@@ -97,13 +151,17 @@ void CVBFormulaCode::Impl::RenameFunction(std::string_view prog_id, std::string_
     if (!place) return;
     const bool same = platform::EqualsIgnoringCase(old_name, new_name);
     const std::optional<SubLocation> old_sub = FindSub(*place.module, old_name);
-    const bool stands = !same && !old_sub && FindSub(*place.module, new_name);
-    if (!stands && !(same && old_sub) && !CanAppend(place, prog_id, new_name)) return;
+    const auto stands = same || old_sub ? std::nullopt : FindSub(*place.module, new_name);
+    if (stands) {
+      if (!CanAdopt(place, prog_id, *stands, {old_name, new_name})) return;
+    } else if (!(same && old_sub) && !CanAppend(place, prog_id, new_name)) {
+      return;
+    }
     if (old_sub) {
-      RewriteDeclaration(place, *old_sub, new_name);
+      RewriteDeclaration(place, prog_id, *old_sub, new_name);
       // The other branches of an #If block may declare it too.
       while (auto twin = same ? std::nullopt : FindSub(*place.module, old_name)) {
-        RewriteDeclaration(place, *twin, new_name);
+        RewriteDeclaration(place, prog_id, *twin, new_name);
       }
     } else if (!stands) {
       report_.Warn(kTextSubAdded,

@@ -5,6 +5,7 @@
 
 #include "codegen/comment_text.h"
 #include "codegen/source_line.h"
+#include "platform/text.h"
 #include "texts/text_table.h"
 
 namespace codegen {
@@ -40,7 +41,8 @@ Templates::Templates(const texts::TextTable& texts)
       rule_(texts.Text(kRuleText)) {
   for (const texts::Language language : {texts::Language::kGerman, texts::Language::kEnglish}) {
     const texts::TextTable table(language);
-    const std::string title = table.Text(kTitleText);
+    const std::string title = SplitLines(table.Text(kTitleText)).front();
+    titles_.push_back(title);
     title_starts_.push_back(WithoutBlanks(title.substr(0, title.find(kNameMarker))));
     captions_.push_back(table.Text(kCaptionText));
   }
@@ -78,6 +80,14 @@ bool Templates::IsTitle(std::string_view line) const {
   const std::string text = WithoutBlanks(line);
   return std::any_of(title_starts_.begin(), title_starts_.end(),
                      [&](const std::string& start) { return text.starts_with(start); });
+}
+
+bool Templates::IsTitleOf(std::string_view line, std::string_view function_name) const {
+  const std::string text = WithoutBlanks(line);
+  return std::any_of(titles_.begin(), titles_.end(), [&](const std::string& title) {
+    return platform::EqualsIgnoringCase(
+        text, WithoutBlanks(Substitute(title, kNameMarker, function_name)));
+  });
 }
 
 bool Templates::IsCaption(std::string_view line) const {

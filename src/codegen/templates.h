@@ -31,13 +31,15 @@ class Templates {
   // Which lines a header consists of, in either language and for any formula.
   bool IsRule(std::string_view line) const;
   bool IsTitle(std::string_view line) const;
+  bool IsTitleOf(std::string_view line, std::string_view function_name) const;
   bool IsCaption(std::string_view line) const;
   static bool IsArgument(std::string_view line);
 
  private:
   std::vector<std::string> header_;  // with the marker of the name; the argument lines follow
   std::string rule_;
-  std::vector<std::string> title_starts_;  // without blanks, up to the name; all languages
+  std::vector<std::string> titles_;        // with the marker of the name; all languages
+  std::vector<std::string> title_starts_;  // of them, without blanks
   std::vector<std::string> captions_;
 };
 

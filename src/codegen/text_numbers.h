@@ -22,9 +22,14 @@ inline constexpr std::int32_t kTextDirectivesLeft = 1110;
 inline constexpr std::int32_t kTextComponentList = 1111;
 inline constexpr std::int32_t kTextDeclarationOff = 1112;
 inline constexpr std::int32_t kTextTypeKept = 1113;
+inline constexpr std::int32_t kTextAdopted = 1117;
+inline constexpr std::int32_t kTextParametersStay = 1118;
 
 // Refusals.
 inline constexpr std::int32_t kTextNameTaken = 1105;
+inline constexpr std::int32_t kTextHasParameters = 1114;
+inline constexpr std::int32_t kTextNotPublic = 1115;
+inline constexpr std::int32_t kTextInConditionalBlock = 1116;
 
 // Says what is wrong with the name <Name>, because of its <Character>.
 // REQUIRES: problem is not kNone.

@@ -21,11 +21,10 @@ std::span<const Row> CodegenRows() {
        "stehen.",
        "<File>:<Line> does not declare <Name> alone as a public variable; the line was left."},
       {1105,
-       "<Class> enthält <Name> schon als etwas anderes. Wählen Sie einen anderen Namen, oder "
-       "benennen "
-       "Sie es in der Klasse um.",
-       "<Class> already holds <Name> as something else. Choose another name, or rename it in the "
-       "class."},
+       "<Class> enthält <Name> schon als etwas anderes<Where>. Wählen Sie einen "
+       "anderen Namen, oder benennen Sie es in der Klasse um.",
+       "<Class> already holds <Name> as something else<Where>. Choose another name, "
+       "or rename it in the class."},
       {1106,
        "<File>:<Line> hat <Count> Zeichen; Visual Basic nimmt höchstens 1023 an. Kürzen Sie die "
        "Zeile.",
@@ -55,6 +54,31 @@ std::span<const Row> CodegenRows() {
        "mit ihrem Typ in den Katalog auf, oder prüfen Sie die Deklarationen.",
        "The item catalogue tells no type for <Names>; the declared one was kept. Add the items "
        "with their types to the catalogue, or check the declarations."},
+      {1114,
+       "<File>:<Line>: die Sub <Name> hat Parameter; der Server ruft eine Formel ohne Parameter "
+       "auf. Wählen Sie einen anderen Namen, oder ändern Sie die Sub.",
+       "<File>:<Line>: the Sub <Name> has parameters, and the server calls a formula without any. "
+       "Choose another name, or change the Sub."},
+      {1115,
+       "<File>:<Line>: die Sub <Name> ist nicht öffentlich; der Server kann sie nicht aufrufen. "
+       "Wählen Sie einen anderen Namen, oder ändern Sie die Sub.",
+       "<File>:<Line>: the Sub <Name> is not public, so the server cannot call it. Choose another "
+       "name, or change the Sub."},
+      {1116,
+       "<File>:<Line>: die Sub <Name> steht in einem #If-Block und fehlt vielleicht im Server. "
+       "Wählen Sie einen anderen Namen, oder nehmen Sie die Sub aus dem Block.",
+       "<File>:<Line>: the Sub <Name> stands in an #If block and may be missing in the server. "
+       "Choose another name, or take the Sub out of the block."},
+      {1117,
+       "<File>:<Line>: die Sub <Name> war schon da und gehört jetzt zur Formel; ihr Code blieb, "
+       "wie er war.",
+       "<File>:<Line>: the Sub <Name> was there already and is the formula's now; its code was "
+       "left as it was."},
+      {1118,
+       "<File>:<Line>: die Sub <Name> behielt ihre Parameter; der Server ruft eine Formel ohne "
+       "Parameter auf. Ändern Sie die Sub.",
+       "<File>:<Line>: the Sub <Name> kept its parameters, and the server calls a formula without "
+       "any. Change the Sub."},
       {1121, "Der Name fehlt.", "The name is missing."},
       {1122, "<Name> beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben.",
        "<Name> begins with a digit; Visual Basic wants a letter."},

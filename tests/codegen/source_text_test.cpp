@@ -114,25 +114,27 @@ TEST(CommentTextTest, StaysInItsCommentAndIsFoundAgain) {
 TEST(DeclarationTest, ReadsSubsOnly) {
   const struct {
     Lines lines;
-    const char* renamed;  // empty: no sub
+    Lines renamed;  // none: no sub
   } kCases[] = {
-      {{"Public Sub A()"}, "Public Sub B()"},
-      {{"sub A"}, "Public Sub B()"},
-      {{"Private Static Sub [A]() ' why"}, "Public Sub B() 'Static ' why"},
-      {{"Public Sub A(): x = 1: End Sub"}, "Public Sub B(): x = 1: End Sub"},
+      {{"Public Sub A()"}, {"Public Sub B()"}},
+      {{"sub A"}, {"Public Sub B()"}},
+      {{"Private Sub [A]() ' why"}, {"Public Sub B() ' why"}},
+      {{"Private Static Sub [A]() ' why"}, {"Private Static Sub B() ' why"}},
+      {{"Public Sub A(): x = 1: End Sub"}, {"Public Sub B(): x = 1: End Sub"}},
       {{"Public Sub A(ByVal x As Long): y = \"a:'b\": End Sub 'c"},
-       "Public Sub B(): y = \"a:'b\": End Sub '(ByVal x As Long) 'c"},
+       {"Public Sub B(ByVal x As Long): y = \"a:'b\": End Sub 'c"}},
       {{"Public Sub A(ByVal x As Long, _", "    y() As Long)"},
-       "Public Sub B() '(ByVal x As Long,     y() As Long)"},
-      {{"Public Function A()"}, ""},
-      {{"Property Get A()"}, ""},
-      {{"Public Subs As Long"}, ""},
-      {{"'Public Sub A()"}, ""},
-      {{""}, ""},
+       {"Public Sub B(ByVal x As Long, _", "    y() As Long)"}},
+      {{"Public Sub A _", "    ()"}, {"Public Sub B()", "'    ()"}},
+      {{"Public Function A()"}, {}},
+      {{"Property Get A()"}, {}},
+      {{"Public Subs As Long"}, {}},
+      {{"'Public Sub A()"}, {}},
+      {{""}, {}},
   };
   for (const auto& c : kCases) {
     const auto sub = ParseSub(c.lines);
-    EXPECT_EQ(sub ? RenamedSub(*sub, "B") : "", c.renamed) << c.lines[0];
+    EXPECT_EQ(sub ? RenamedSub(c.lines, *sub, "B") : Lines(), c.renamed) << c.lines[0];
     EXPECT_EQ(sub ? sub->name : "A", "A");
   }
 }
