@@ -28,6 +28,7 @@
 
 #include "files/journal_inspection.h"
 #include "files/journal_repair.h"
+#include "files/put_in_place.h"
 #include "files/random_number.h"
 #include "files/recovery_plan.h"
 #include "files/replace_file.h"
@@ -42,6 +43,7 @@ struct WholeFile {
   const FileChange* change;
   journal::WholeFileRecord record;
   std::optional<FileStamp> stamp;  // when its contents were compared
+  std::unique_ptr<ChangeLock> lock = nullptr;
 };
 
 class CommitRun {
@@ -67,8 +69,11 @@ class CommitRun {
     MoveFiles();
   }
 
-  // Closes what a failure left open, so that it can be removed.
-  void CloseTemporaryFiles() noexcept { staged_.clear(); }
+  // Closes what a failure left open, so that it can be put back or removed.
+  void Close() noexcept {
+    staged_.clear();
+    for (WholeFile& file : files_) file.lock.reset();
+  }
 
   // Whether a file may have been changed.
   bool touched() const { return stage_ >= Stage::kActive; }
@@ -107,21 +112,27 @@ class CommitRun {
       if (!seen.insert(file.record.path).second) {
         RaiseConflict(change.path, "it is changed twice at once");
       }
+      if (change.before != change.after) Claim(file);
       file.stamp = system_.Stamp(file.record.path);
       CheckBefore(change, file);
       if (change.before == change.after) continue;
-      if (file.record.path != database_ && !(reach_ && reach_(file.record.path))) {
-        RaiseOutside(file.record.path);
-      }
-      CheckOneName(system_, file.record.path, "cannot be written");
-      if (file.stamp && !system_.IsWritable(file.record.path)) {
-        Raise(ErrorKind::kReadOnly, change.path, "cannot be written", "it is write-protected");
-      }
       file.record.before = ToVersion(change.before);
       file.record.after = ToVersion(change.after);
       file.record.temporary = TemporaryName(system_, file.record.path);
       files_.push_back(std::move(file));
     }
+  }
+
+  // Sees to it that the file may be written, and that no other program of ours does.
+  void Claim(WholeFile& file) {
+    const std::string& path = file.record.path;
+    if (path != database_ && !(reach_ && reach_(path))) RaiseOutside(path);
+    CheckOneName(system_, path, "cannot be written");
+    if (!system_.Exists(path)) return;
+    if (!system_.IsWritable(path)) {
+      Raise(ErrorKind::kReadOnly, file.change->path, "cannot be written", "it is write-protected");
+    }
+    file.lock = std::make_unique<ChangeLock>(system_, path);
   }
 
   void CheckBefore(const FileChange& change, const WholeFile& file) {
@@ -220,25 +231,75 @@ class CommitRun {
   }
 
   void MoveFiles() {
+    for (WholeFile& file : files_) Move(file);
     std::set<std::string> folders;
-    for (const WholeFile& file : files_) {
-      if (system_.Stamp(file.record.path) != file.stamp) {
-        RaiseConflict(file.record.path, "another program changed it meanwhile");
-      }
-      moved_.insert(file.record.path);
-      if (file.change->after) {
-        system_.Rename(file.record.temporary, file.record.path);
-      } else {
-        // Moved aside first: a failure later on brings it back with all its attributes.
-        system_.Rename(file.record.path, file.record.temporary);
-      }
+    for (WholeFile& file : files_) {
+      RemoveReplaced(file);
       folders.insert(system_.Folder(file.record.path));
-    }
-    for (const WholeFile& file : files_) {
-      if (!file.change->after) system_.Remove(file.record.temporary);  // 6
     }
     for (const std::string& folder : folders) system_.SyncDirectory(folder);
     Advance(Stage::kWritten, Stage::kMoved);
+  }
+
+  void Move(WholeFile& file) {
+    const journal::WholeFileRecord& record = file.record;
+    if (system_.Stamp(record.path) != file.stamp) RaiseMoved(file);
+    moved_.insert(record.path);
+    if (!file.change->before) {
+      MoveNew(file);
+    } else if (file.change->after) {
+      if (!PutInPlace(system_, record.temporary, record.path, HoldsBefore(file))) RaiseMoved(file);
+      LockAgain(file);
+    } else {
+      // Moved aside first: a failure later on brings it back with all its attributes.
+      system_.Rename(record.path, record.temporary);
+      if (!HoldsBefore(file)(record.temporary)) GiveBack(file);
+    }
+  }
+
+  // A version that somebody else made is in its place.
+  [[noreturn]] void RaiseMoved(const WholeFile& file) {
+    moved_.erase(file.record.path);
+    RaiseConflict(file.record.path, file.change->before ? "another program changed it meanwhile"
+                                                        : "another program created it meanwhile");
+  }
+
+  IsExpected HoldsBefore(const WholeFile& file) {
+    return [&](const std::string& path) { return HoldsBytes(system_, path, *file.change->before); };
+  }
+
+  void MoveNew(const WholeFile& file) {
+    try {
+      system_.RenameNew(file.record.temporary, file.record.path);
+    } catch (const Error& error) {
+      if (error.kind() == ErrorKind::kExists) RaiseMoved(file);
+      throw;
+    }
+  }
+
+  // The lock of the file that was replaced is of no more use.
+  void LockAgain(WholeFile& file) {
+    try {
+      file.lock = std::make_unique<ChangeLock>(system_, file.record.path);
+    } catch (const Error&) {
+      // Whoever was faster finds a conflict if this commit is put back yet.
+    }
+  }
+
+  // Removes what was replaced, unless somebody who had it open has written it since.
+  void RemoveReplaced(WholeFile& file) {
+    if (!file.change->before || !system_.Exists(file.record.temporary)) return;
+    if (system_.Stamp(file.record.temporary) != file.stamp) GiveBack(file);
+    system_.Remove(file.record.temporary);  // 6
+  }
+
+  [[noreturn]] void GiveBack(WholeFile& file) {
+    if (file.change->after) {
+      system_.Exchange(file.record.temporary, file.record.path);
+    } else {
+      system_.RenameNew(file.record.temporary, file.record.path);
+    }
+    RaiseMoved(file);
   }
 
   FileSystem& system_;
@@ -338,7 +399,7 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   try {
     run.Run();
   } catch (...) {
-    run.CloseTemporaryFiles();
+    run.Close();
     UndoAndRaise(system_, *journal_, database, reach_, run);
   }
   try {

@@ -151,6 +151,16 @@ void FailingFileSystem::Rename(const std::string& from, const std::string& to) {
   inner_.Rename(from, to);
 }
 
+void FailingFileSystem::RenameNew(const std::string& from, const std::string& to) {
+  counter_->Check(Operation::kRename, from);
+  inner_.RenameNew(from, to);
+}
+
+bool FailingFileSystem::Exchange(const std::string& one, const std::string& other) {
+  counter_->Check(Operation::kRename, one);
+  return inner_.Exchange(one, other);
+}
+
 void FailingFileSystem::Remove(const std::string& path) {
   counter_->Check(Operation::kRemove, path);
   inner_.Remove(path);

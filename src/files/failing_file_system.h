@@ -66,6 +66,8 @@ class FailingFileSystem final : public FileSystem {
   std::optional<FileStamp> Stamp(const std::string& path) override;
   std::vector<DirectoryEntry> List(const std::string& folder) override;
   void Rename(const std::string& from, const std::string& to) override;
+  void RenameNew(const std::string& from, const std::string& to) override;
+  bool Exchange(const std::string& one, const std::string& other) override;
   void Remove(const std::string& path) override;
   void CreateDirectories(const std::string& folder) override;
   void SyncDirectory(const std::string& folder) override;

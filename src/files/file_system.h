@@ -13,6 +13,8 @@
 
 namespace files {
 
+inline constexpr const char* kExchanging = ".out";
+
 // Only reading follows a link in the last step of a path. Whoever writes through one resolves it
 // first (ResolveTarget), so that nothing that was planted under a name is written.
 enum class OpenMode {
@@ -55,6 +57,12 @@ class FileSystem {
   // Entries of a folder in no particular order, without "." and "..".
   virtual std::vector<DirectoryEntry> List(const std::string& folder) = 0;
   virtual void Rename(const std::string& from, const std::string& to) = 0;  // replaces `to`
+  // Raises kExists, and changes nothing, when `to` exists.
+  virtual void RenameNew(const std::string& from, const std::string& to) = 0;
+  // Both files get each other's name; nobody finds either name missing, nor a third file lost.
+  // False, with nothing changed, where the medium's file system cannot do that. A system that does
+  // it in steps may be cut off where `other` is named `one` + kExchanging.
+  virtual bool Exchange(const std::string& one, const std::string& other) = 0;
   virtual void Remove(const std::string& path) = 0;  // a file or link, or an empty folder
   virtual void CreateDirectories(const std::string& folder) = 0;
   // Returns when the names in the folder (created, renamed, removed files) are on the medium.

@@ -134,6 +134,18 @@ void ForgettingFileSystem::Rename(const std::string& from, const std::string& to
   pending_names_.push_back({{source, std::nullopt}, {target, now_.Stamp(to)->identity}});
 }
 
+void ForgettingFileSystem::RenameNew(const std::string& from, const std::string& to) {
+  if (!now_.Exists(to)) return Rename(from, to);
+  now_.RenameNew(from, to);
+}
+
+bool ForgettingFileSystem::Exchange(const std::string& one, const std::string& other) {
+  now_.Exchange(one, other);
+  pending_names_.push_back({{now_.Canonical(one), now_.Stamp(one)->identity},
+                            {now_.Canonical(other), now_.Stamp(other)->identity}});
+  return true;
+}
+
 void ForgettingFileSystem::Remove(const std::string& path) {
   const std::string name = now_.Canonical(path);
   now_.Remove(path);

@@ -38,6 +38,8 @@ class ForgettingFileSystem final : public FileSystem {
   std::optional<FileStamp> Stamp(const std::string& path) override { return now_.Stamp(path); }
   std::vector<DirectoryEntry> List(const std::string& folder) override { return now_.List(folder); }
   void Rename(const std::string& from, const std::string& to) override;
+  void RenameNew(const std::string& from, const std::string& to) override;
+  bool Exchange(const std::string& one, const std::string& other) override;
   void Remove(const std::string& path) override;
   void CreateDirectories(const std::string& folder) override { now_.CreateDirectories(folder); }
   void SyncDirectory(const std::string& folder) override;

@@ -134,10 +134,29 @@ class Inspector {
       file.modified_ns = stamp->modified_ns;
     }
     file.temporary_now = Look(record.temporary, record);
+    FindDisplaced(file);
     file.is_before = file.now == record.before;
     file.is_after = file.now == record.after;
     file.is_missing = !file.now.exists && !file.is_before && !file.is_after;
     return true;
+  }
+
+  // What comes out where a file is put in place is to be its contents before. Else it is
+  // somebody's, and so is what is found on the way while the place is empty.
+  void FindDisplaced(InspectedFile& file) {
+    const WholeFileRecord& whole = file.whole;
+    if (!whole.before.exists) return;
+    const bool in_place = file.now == whole.after;
+    const bool empty = !file.now.exists;
+    for (const std::string& name : {whole.temporary, whole.temporary + kExchanging}) {
+      const Version version = Look(name, whole);
+      const bool displaced = in_place ? version != whole.before : empty && name != whole.temporary;
+      if (!version.exists || !displaced) continue;
+      file.displaced = name;
+      file.now = version;
+      if (in_place) file.temporary_now = whole.after;
+      return;
+    }
   }
 
   bool Note(const KeptRecord& kept) {

@@ -31,6 +31,9 @@ struct InspectedFile {
   Version now;
   std::int64_t modified_ns = 0;
   Version temporary_now;
+  // The name under which the version stands that belongs to `path`, when the program died between
+  // taking it out and looking at it; "" when it is in its place. `now` is that version.
+  std::string displaced;
   bool has_kept_parts = false;  // the journal holds only the rest of its contents before
 
   FileState State() const;

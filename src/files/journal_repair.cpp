@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "files/put_in_place.h"
 #include "files/replace_file.h"
 
 namespace files::journal {
@@ -29,6 +30,18 @@ void KeepAside(FileSystem& system, const InspectedFile& file) {
   const std::string aside = AsideName(system, file.path);
   CopyFile(system, file.path, aside);
   system.SyncDirectory(system.Folder(aside));
+}
+
+// `from` takes the place of the version that was inspected, and of no other.
+void MoveInPlace(FileSystem& system, const std::string& from, const InspectedFile& file) {
+  const auto is_inspected = [&](const std::string& path) {
+    const std::string contents = ReadFile(system, path);
+    const Version found = VersionOf(std::as_bytes(std::span(contents)));
+    return found.size == file.now.size && (file.now.hash == 0 || found.hash == file.now.hash);
+  };
+  const ChangeLock lock(system, file.path);
+  if (PutInPlace(system, from, file.path, is_inspected)) return;
+  Raise(ErrorKind::kConflict, file.path, "is not changed", "another program changed it meanwhile");
 }
 
 // Where contents before are written that the file gets back.
@@ -91,7 +104,7 @@ class Restorer {
       system_.Remove(whole.path);
       return;
     }
-    if (file_->temporary_now == whole.before) return system_.Rename(whole.temporary, whole.path);
+    if (file_->temporary_now == whole.before) return Move(whole.temporary);
     if (VersionOf(std::as_bytes(std::span(contents_))) != whole.before) {
       Raise(ErrorKind::kDamaged, whole.path, "cannot be put back",
             "the journal does not hold its contents");
@@ -100,7 +113,12 @@ class Restorer {
     const std::string restored = RestoredName(whole);
     if (system_.Exists(restored)) system_.Remove(restored);
     WriteTemporary(system_, restored, whole.path, contents_, inspection_.database);
-    system_.Rename(restored, whole.path);
+    Move(restored);
+  }
+
+  void Move(const std::string& from) {
+    if (!file_->now.exists) return system_.RenameNew(from, file_->path);
+    MoveInPlace(system_, from, *file_);
   }
 
   // The contents after the change of the file that is put back.
@@ -123,24 +141,32 @@ class Restorer {
 
 }  // namespace
 
-std::string AsideName(FileSystem& system, const std::string& path) {
-  std::string name = path + ".edited";
-  for (int number = 2; system.Exists(name); ++number) {
-    name = path + ".edited-" + std::to_string(number);
-  }
-  return name;
-}
-
 void RemoveTemporaries(FileSystem& system, const Inspection& inspection) {
   for (const InspectedFile& file : inspection.files) {
     if (file.ranged) continue;
-    for (const std::string& name : {file.whole.temporary, RestoredName(file.whole)}) {
+    const std::string& temporary = file.whole.temporary;
+    for (const std::string& name : {temporary, temporary + kExchanging, RestoredName(file.whole)}) {
       if (system.Exists(name)) system.Remove(name);
     }
   }
 }
 
+void PutOthersBack(FileSystem& system, const Inspection& inspection) {
+  for (const InspectedFile& file : inspection.files) {
+    if (file.displaced.empty()) continue;
+    if (!system.Exists(file.path)) {
+      system.RenameNew(file.displaced, file.path);
+    } else if (!system.Exchange(file.displaced, file.path)) {
+      Raise(ErrorKind::kConflict, file.path, "is not changed",
+            "what another program wrote is " + file.displaced);
+    } else if (file.displaced != file.whole.temporary) {
+      system.Rename(file.displaced, file.whole.temporary);
+    }
+  }
+}
+
 void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspection) {
+  PutOthersBack(system, inspection);
   if (inspection.readable_to_end) {
     Restorer restorer(system, inspection);
     Reader reader(journal.file(), inspection.header);
@@ -161,6 +187,7 @@ bool CanFinish(const InspectedFile& file) {
 }
 
 void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspection) {
+  PutOthersBack(system, inspection);
   std::set<std::string> folders;
   for (const InspectedFile& file : inspection.files) {
     if (file.ranged) {
@@ -170,10 +197,12 @@ void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspecti
     folders.insert(system.Folder(file.path));
     if (file.is_after) continue;
     KeepAside(system, file);
-    if (file.whole.after.exists) {
-      system.Rename(file.whole.temporary, file.path);
-    } else {
+    if (!file.whole.after.exists) {
       system.Remove(file.path);
+    } else if (file.now.exists) {
+      MoveInPlace(system, file.whole.temporary, file);
+    } else {
+      system.RenameNew(file.whole.temporary, file.path);
     }
   }
   RemoveTemporaries(system, inspection);

@@ -18,10 +18,11 @@ bool CanFinish(const InspectedFile& file);
 // puts the journal to rest. Every file satisfies CanFinish.
 void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspection);
 
+// Gives versions of files that somebody else made, and that were just taken out of their place when
+// the program died, their names again.
+void PutOthersBack(FileSystem& system, const Inspection& inspection);
+
 // Removes the temporary files of a change that is not carried on.
 void RemoveTemporaries(FileSystem& system, const Inspection& inspection);
-
-// Name under which KeepAside would keep the file's contents.
-std::string AsideName(FileSystem& system, const std::string& path);
 
 }  // namespace files::journal

@@ -343,6 +343,28 @@ void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
   for (auto& [path, inner] : moved) nodes_[path] = std::move(inner);
 }
 
+void MemoryFileSystem::RenameNew(const std::string& from, const std::string& to) {
+  if (Find(to)) {
+    Raise(ErrorKind::kExists, from, "cannot be renamed to " + to, "it exists already");
+  }
+  Rename(from, to);
+}
+
+bool MemoryFileSystem::Exchange(const std::string& one, const std::string& other) {
+  if (!others_.empty()) {
+    const std::function<void()> act = std::move(others_.front());
+    others_.pop_front();
+    act();
+  }
+  const std::string failure = "cannot be exchanged with " + other;
+  for (const std::string& path : {one, other}) {
+    if (!Find(path)) Raise(ErrorKind::kNotFound, path, failure, "it does not exist");
+    CheckFolder(path, failure);
+  }
+  std::swap(nodes_[Normal(one)], nodes_[Normal(other)]);
+  return true;
+}
+
 void MemoryFileSystem::Remove(const std::string& path) {
   if (!Find(path, LastStep::kKeep)) {
     Raise(ErrorKind::kNotFound, path, "cannot be removed", "it does not exist");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -31,6 +33,8 @@ class MemoryFileSystem final : public FileSystem {
   void SetModified(const std::string& path, std::int64_t modified_ns);
   // Bytes that all files together may have; more is "no space left".
   void SetCapacity(std::uint64_t bytes);
+  // Somebody else acts directly before each of the next exchanges, one action each.
+  void BeforeExchange(std::deque<std::function<void()>> actions) { others_ = std::move(actions); }
   // Removes a folder with all that is in it, as when a medium is pulled out.
   void RemoveTree(const std::string& folder);
 
@@ -48,6 +52,8 @@ class MemoryFileSystem final : public FileSystem {
   std::optional<FileStamp> Stamp(const std::string& path) override;
   std::vector<DirectoryEntry> List(const std::string& folder) override;
   void Rename(const std::string& from, const std::string& to) override;
+  void RenameNew(const std::string& from, const std::string& to) override;
+  bool Exchange(const std::string& one, const std::string& other) override;
   void Remove(const std::string& path) override;
   void CreateDirectories(const std::string& folder) override;
   void SyncDirectory(const std::string& folder) override;
@@ -71,6 +77,7 @@ class MemoryFileSystem final : public FileSystem {
   std::shared_ptr<Node> Find(const std::string& path, LastStep last = LastStep::kFollow) const;
   void CheckFolder(const std::string& path, std::string_view failure) const;
 
+  std::deque<std::function<void()>> others_;
   std::shared_ptr<Medium> medium_;
   std::map<std::string, std::shared_ptr<Node>> nodes_;  // by absolute path, folders included
 };

@@ -119,6 +119,14 @@ class OperatingSystemFiles final : public FileSystem {
     Check(code, from, "cannot be renamed to " + to);
   }
 
+  void RenameNew(const std::string& from, const std::string& to) override {
+    os::RenameNew(from, to);
+  }
+
+  bool Exchange(const std::string& one, const std::string& other) override {
+    return os::Exchange(one, other);
+  }
+
   void Remove(const std::string& path) override {
     std::error_code code;
     const bool removed = fs::remove(ToPath(path), code);

@@ -25,6 +25,8 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
 bool IsLink(const std::string& path);
 std::uint64_t NameCount(const std::string& path);
 std::optional<FileStamp> StampOf(const std::string& path);
+void RenameNew(const std::string& from, const std::string& to);
+bool Exchange(const std::string& one, const std::string& other);
 void SyncFolder(const std::string& folder);
 bool MayWrite(const std::string& path);
 void CopyFileAttributes(const std::string& from, const std::string& to);

@@ -155,6 +155,11 @@ class PosixFile final : public RandomAccessFile {
   bool read_only_;
 };
 
+// Nobody is to write the file. The system would let an administrator.
+bool IsMarkedReadOnly(const struct stat& info) {
+  return S_ISREG(info.st_mode) && (info.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
 // O_NONBLOCK: a pipe of that name must not stop the program before it is refused.
 constexpr int kCommonFlags = O_CLOEXEC | O_NONBLOCK;
 
@@ -256,6 +261,10 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
     Raise(ErrorKind::kNotAFile, path, "cannot be opened",
           S_ISDIR(info.st_mode) ? "it is a folder" : "it is not a regular file");
   }
+  const bool may_be_old = mode == OpenMode::kReadWrite || mode == OpenMode::kCreateOrOpen;
+  if (may_be_old && IsMarkedReadOnly(info)) {
+    Raise(ErrorKind::kReadOnly, path, "cannot be opened for writing", "it is write-protected");
+  }
   return std::make_unique<PosixFile>(std::move(fd), path, mode == OpenMode::kRead);
 }
 
@@ -275,6 +284,35 @@ std::uint64_t NameCount(const std::string& path) {
   return ::stat(path.c_str(), &info) == 0 ? static_cast<std::uint64_t>(info.st_nlink) : 0;
 }
 
+void RenameNew(const std::string& from, const std::string& to) {
+  const std::string failure = "cannot be renamed to " + to;
+#ifdef RENAME_NOREPLACE
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+  if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP) RaiseErrno(from, failure);
+#endif
+  // A second name does not replace a file either.
+  if (::link(from.c_str(), to.c_str()) == 0) {
+    if (::unlink(from.c_str()) < 0) RaiseErrno(from, "cannot be removed");
+    return;
+  }
+  if (errno == EEXIST || ::access(to.c_str(), F_OK) == 0) {
+    Raise(ErrorKind::kExists, to, "cannot be made", "it exists already");
+  }
+  if (::rename(from.c_str(), to.c_str()) < 0) RaiseErrno(from, failure);
+}
+
+bool Exchange(const std::string& one, const std::string& other) {
+#ifdef RENAME_EXCHANGE
+  if (::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0) {
+    return true;
+  }
+  if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP) {
+    RaiseErrno(one, "cannot be exchanged with " + other);
+  }
+#endif
+  return false;
+}
+
 void SyncFolder(const std::string& folder) {
   const Descriptor fd(
       Retry([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
@@ -286,6 +324,8 @@ void SyncFolder(const std::string& folder) {
 }
 
 bool MayWrite(const std::string& path) {
+  struct stat info;
+  if (::stat(path.c_str(), &info) == 0 && IsMarkedReadOnly(info)) return false;
   return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 

@@ -244,6 +244,30 @@ std::uint64_t NameCount(const std::string& path) {
                                                                              : 0;
 }
 
+void RenameNew(const std::string& from, const std::string& to) {
+  if (::MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), 0)) return;
+  RaiseLast(from, "cannot be renamed to " + to);
+}
+
+// The system replaces a file and keeps what it replaced under a third name.
+bool Exchange(const std::string& one, const std::string& other) {
+  const std::wstring first = Wide(one), second = Wide(other), third = Wide(one + kExchanging);
+  constexpr DWORD kKeepGoing = REPLACEFILE_IGNORE_MERGE_ERRORS;
+  if (!::ReplaceFileW(second.c_str(), first.c_str(), third.c_str(), kKeepGoing, nullptr, nullptr)) {
+    const DWORD last = ::GetLastError();
+    if (last == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) {
+      ::MoveFileExW(third.c_str(), second.c_str(), 0);
+    }
+    if (last == ERROR_INVALID_FUNCTION || last == ERROR_NOT_SUPPORTED) return false;
+    ::SetLastError(last);
+    RaiseLast(one, "cannot be exchanged with " + other);
+  }
+  if (!::MoveFileExW(third.c_str(), first.c_str(), 0)) {
+    RaiseLast(one + kExchanging, "cannot be renamed to " + one);
+  }
+  return true;
+}
+
 // The system writes names with the file's own flush; a folder's handle is flushed where allowed.
 void SyncFolder(const std::string& folder) {
   const Handle handle(::CreateFileW(Wide(folder).c_str(), GENERIC_WRITE, kShareAll, nullptr,

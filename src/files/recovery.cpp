@@ -21,6 +21,7 @@ void RemoveLeftOver(FileSystem& system, const std::string& database) {
 }
 
 void Discard(FileSystem& system, JournalFile& journal, const journal::Inspection& inspection) {
+  journal::PutOthersBack(system, inspection);
   journal::RemoveTemporaries(system, inspection);
   system.Rename(journal.path(), DiscardedName(journal.path()));
   system.SyncDirectory(system.Folder(journal.path()));

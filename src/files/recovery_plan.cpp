@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "files/journal_repair.h"
+#include "files/put_in_place.h"
 
 namespace files {
 namespace {
@@ -102,7 +103,7 @@ std::string Message(const std::string& journal, const std::string& database,
 
 void AddAside(FileSystem& system, const InspectedFile& file, RecoveryPlan::Way& way) {
   if (file.State() != FileState::kEdited) return;
-  way.steps.push_back(file.path + " is kept as " + journal::AsideName(system, file.path) + ".");
+  way.steps.push_back(file.path + " is kept as " + AsideName(system, file.path) + ".");
 }
 
 RecoveryPlan::Way PlanBefore(FileSystem& system, const Inspection& inspection) {

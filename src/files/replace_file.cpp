@@ -2,19 +2,13 @@
 #include "files/replace_file.h"
 
 #include <span>
+#include <thread>
 
+#include "files/put_in_place.h"
 #include "files/random_number.h"
 
 namespace files {
 namespace {
-
-void RemoveQuietly(FileSystem& system, const std::string& path) noexcept {
-  try {
-    system.Remove(path);
-  } catch (const Error&) {
-    // The failure that led here is reported; a left-over temporary file harms nobody.
-  }
-}
 
 constexpr std::string_view kDigits = "0123456789abcdef";
 constexpr std::size_t kDigitCount = 12;
@@ -28,11 +22,6 @@ std::string RandomName() {
   return name;
 }
 
-std::string Replaced(std::string text, const std::string& name, const std::string& other) {
-  const std::size_t at = text.find(name);
-  return at == std::string::npos ? text : text.replace(at, name.size(), other);
-}
-
 // Nobody knows the temporary file's name: a failure names the file that it stands for.
 std::unique_ptr<RandomAccessFile> OpenTemporary(FileSystem& system, const std::string& temporary,
                                                 const std::string& target,
@@ -43,11 +32,30 @@ std::unique_ptr<RandomAccessFile> OpenTemporary(FileSystem& system, const std::s
     if (error.kind() == ErrorKind::kReadOnly) {
       Raise(error.kind(), target, "cannot be written", "no file can be made in its folder");
     }
-    throw Error(error.kind(), target, Replaced(error.what(), temporary, target));
+    throw Error(error.kind(), target, WithName(error.what(), temporary, target));
+  }
+}
+
+void CheckWritable(FileSystem& system, const std::string& target, const std::string& path) {
+  if (system.Exists(target) && !system.IsWritable(target)) {
+    Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is write-protected");
   }
 }
 
 }  // namespace
+
+std::string WithName(std::string text, const std::string& name, const std::string& other) {
+  const std::size_t at = text.find(name);
+  return at == std::string::npos ? text : text.replace(at, name.size(), other);
+}
+
+void RemoveQuietly(FileSystem& system, const std::string& path) noexcept {
+  try {
+    system.Remove(path);
+  } catch (const Error&) {
+    // The failure that led here is reported; a left-over temporary file harms nobody.
+  }
+}
 
 std::string TemporaryName(FileSystem& system, const std::string& target) {
   std::string name;
@@ -94,7 +102,7 @@ void TemporaryFile::OrRemove(Action action) {
   } catch (const Error& error) {
     file_.reset();
     RemoveQuietly(system_, temporary_);
-    throw Error(error.kind(), target_, Replaced(error.what(), temporary_, target_));
+    throw Error(error.kind(), target_, WithName(error.what(), temporary_, target_));
   } catch (...) {
     file_.reset();
     RemoveQuietly(system_, temporary_);
@@ -105,14 +113,69 @@ void TemporaryFile::OrRemove(Action action) {
 void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents,
                  const std::string& like) {
   const std::string target = ResolveTarget(system, path);
-  if (system.Exists(target) && !system.IsWritable(target)) {
-    Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is write-protected");
-  }
+  CheckWritable(system, target, path);
   CheckOneName(system, target, "cannot be written");
   const std::string temporary = TemporaryName(system, target);
   WriteTemporary(system, temporary, target, contents, like);
   try {
     system.Rename(temporary, target);
+  } catch (...) {
+    RemoveQuietly(system, temporary);
+    throw;
+  }
+  system.SyncDirectory(system.Folder(target));
+}
+
+void ReplaceVersion(FileSystem& system, const std::string& path, std::string_view before,
+                    std::string_view contents) {
+  const std::string target = ResolveTarget(system, path);
+  CheckWritable(system, target, path);
+  CheckOneName(system, target, "cannot be written");
+  const ChangeLock lock(system, target);
+  const std::string temporary = TemporaryName(system, target);
+  WriteTemporary(system, temporary, target, contents);
+  const auto holds = [&](const std::string& name) { return HoldsBytes(system, name, before); };
+  bool done = false;
+  try {
+    done = holds(target) && PutInPlace(system, temporary, target, holds);
+  } catch (const NotUndoneError&) {
+    throw;
+  } catch (...) {
+    RemoveQuietly(system, temporary);
+    throw;
+  }
+  if (system.Exists(temporary)) system.Remove(temporary);
+  if (!done) {
+    Raise(ErrorKind::kConflict, path, "is not changed", "another program changed it meanwhile");
+  }
+  system.SyncDirectory(system.Folder(target));
+}
+
+void UpdateFile(FileSystem& system, const std::string& path,
+                const std::function<std::string(const std::string& before)>& change) {
+  constexpr int kAttempts = 100;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    const bool exists = system.Exists(path);
+    const std::string before = exists ? ReadFile(system, path) : std::string();
+    const std::string after = change(before);
+    if (after == before) return;
+    try {
+      if (!exists) return MakeFile(system, path, after);
+      return ReplaceVersion(system, path, before, after);
+    } catch (const Error& error) {
+      const bool again = error.kind() == ErrorKind::kConflict || error.kind() == ErrorKind::kExists;
+      if (!again || attempt + 1 == kAttempts) throw;
+    }
+    std::this_thread::yield();
+  }
+}
+
+void MakeFile(FileSystem& system, const std::string& path, std::string_view contents) {
+  const std::string target = ResolveTarget(system, path);
+  const std::string temporary = TemporaryName(system, target);
+  WriteTemporary(system, temporary, target, contents);
+  try {
+    system.RenameNew(temporary, target);
   } catch (...) {
     RemoveQuietly(system, temporary);
     throw;

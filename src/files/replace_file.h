@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,6 +19,20 @@ namespace files {
 // fails is the new file there already.
 void ReplaceFile(FileSystem& system, const std::string& path, std::string_view contents,
                  const std::string& like = "");
+
+// The same if the file holds `before`. Raises kConflict, and leaves it alone, when it does not.
+void ReplaceVersion(FileSystem& system, const std::string& path, std::string_view before,
+                    std::string_view contents);
+
+// Changes a whole file in the same way by what it holds, "" when there is none. `change` is called
+// again when another program writes the file meanwhile. Nothing is written when it returns what it
+// was given.
+void UpdateFile(FileSystem& system, const std::string& path,
+                const std::function<std::string(const std::string& before)>& change);
+
+// Makes a file that is there whole or not at all. Raises kExists, and leaves that one alone, when
+// somebody has made it.
+void MakeFile(FileSystem& system, const std::string& path, std::string_view contents);
 
 // The new contents of `target` in a new file `temporary` beside it, with the attributes of `target`
 // if that exists, otherwise with the permissions of `like`. Sync returns when they are on the
@@ -41,6 +56,12 @@ class TemporaryFile {
 // The first half of ReplaceFile: a TemporaryFile that is synced.
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
                     std::string_view contents, const std::string& like = "");
+
+// The text with the first `name` in it exchanged for the `other`: nobody knows temporary files.
+std::string WithName(std::string text, const std::string& name, const std::string& other);
+
+// For a temporary file of something that failed.
+void RemoveQuietly(FileSystem& system, const std::string& path) noexcept;
 
 // A name for a temporary file beside `target` that no other file has. Ends in ".tmp".
 std::string TemporaryName(FileSystem& system, const std::string& target);

@@ -72,6 +72,7 @@ std::span<const Row> FileMessageRows() {
       {2045, "sie ist nicht vorhanden", "it does not exist"},
       {2046, "sie ist nur zum Lesen geöffnet", "it is open for reading only"},
       {2047, "sie ist schreibgeschützt", "it is write-protected"},
+      {2068, "ein anderes Programm ändert sie gerade", "another program is changing it just now"},
       {2048, "sie hat <Size> Byte; auf einmal gelesen werden höchstens <Limit>",
        "its <Size> bytes are more than the <Limit> that are read at once"},
       {2049, "sie wird zweimal zugleich geändert", "it is changed twice at once"},

@@ -329,6 +329,75 @@ TEST(ChangeJournal, PutsBackItsOwnWorkAndKeepsWhatIsEditedDuringACommit) {
   }
 }
 
+// An editor that saves after the last look at the file and before the new version takes its place.
+TEST(ChangeJournal, LosesNoVersionThatIsSavedAtTheLastMoment) {
+  struct Case {
+    const char* what;
+    std::vector<std::string> saves;  // one before each exchange
+    Snapshot after;
+  };
+  const Case cases[] = {
+      {"no save", {}, {{"/p/a.cls", "new"}}},
+      {"a save", {"edited"}, {{"/p/a.cls", "edited"}}},
+      {"a save while the first is given back",
+       {"edited", "edited again"},
+       {{"/p/a.cls", "edited again"}, {"/p/a.cls.edited", "edited"}}},
+  };
+  for (const bool in_place : {true, false}) {
+    for (const Case& c : cases) {
+      SCOPED_TRACE(std::string(c.what) + (in_place ? " in place" : " by rename"));
+      MemoryFileSystem system;
+      system.Put(kDatabase, "d");
+      system.Put("/p/a.cls", "old");
+      std::deque<std::function<void()>> saves;
+      for (const std::string& text : c.saves) {
+        saves.push_back([&] {
+          system.Put(in_place ? "/p/a.cls" : "/p/editor", text);
+          if (!in_place) system.Rename("/p/editor", "/p/a.cls");
+        });
+      }
+      system.BeforeExchange(std::move(saves));
+      ChangeSet changes;
+      changes.files.push_back({"/p/a.cls", "old", "new"});
+      const auto kind =
+          KindRaised([&] { ChangeJournal(system, kDatabase, kAnyFile).Commit(changes); });
+      EXPECT_EQ(kind, c.saves.empty() ? std::nullopt : std::optional(ErrorKind::kConflict));
+      Snapshot expected = c.after;
+      expected[kDatabase] = "d";
+      EXPECT_EQ(system.Snapshot(), expected);
+    }
+  }
+}
+
+TEST(ChangeJournal, LosesNoVersionThatIsSavedAtTheLastMomentOfAProgram) {
+  for (int step = 1, more = 1; more; ++step) {
+    SCOPED_TRACE(step);
+    MemoryFileSystem medium;
+    medium.Put(kDatabase, "d");
+    medium.Put("/p/a.cls", "old");
+    FailingFileSystem system(medium);
+    medium.BeforeExchange({[&] {
+      medium.Put("/p/a.cls", "edited");
+      system.Arm({.kinds = {}, .n = step, .length = Fault::Length::kCrash});
+    }});
+    ChangeSet changes;
+    changes.files.push_back({"/p/a.cls", "old", "new"});
+    EXPECT_NE(KindRaised([&] { ChangeJournal(system, kDatabase, kAnyFile).Commit(changes); }),
+              std::nullopt);
+    more = system.fired();
+    for (const auto choice :
+         {RecoveryChoice::kBefore, RecoveryChoice::kAfter, RecoveryChoice::kDiscard}) {
+      MemoryFileSystem found;
+      Copy(medium, found);
+      if (KindRaised([&] { Recover(found, kDatabase, kAnyFile); })) {
+        KindRaised([&] { Resolve(found, kDatabase, choice, kAnyFile); });  // not every way is open
+      }
+      const Snapshot files = found.Snapshot();
+      EXPECT_TRUE(std::ranges::any_of(files, [](const auto& f) { return f.second == "edited"; }));
+    }
+  }
+}
+
 TEST(ChangeJournal, RefusesWhereItMayNotWrite) {
   const ProjectChange change;
   for (const char* path : {"/p", "/p/sub", "/p/CPump.cls", "/p/sub/CGone.cls"}) {

@@ -140,6 +140,45 @@ TEST_P(FileSystemContract, ListsRenamesAndRemoves) {
   EXPECT_TRUE(system().List(folder_.path()).empty());
 }
 
+TEST_P(FileSystemContract, ExchangesNamesAndReplacesNothingByAccident) {
+  Write(At("a"), "a");
+  Write(At("b"), "b");
+  EXPECT_EQ(KindThrown([&] { system().RenameNew(At("a"), At("b")); }), ErrorKind::kExists);
+  ASSERT_TRUE(system().Exchange(At("a"), At("b")));
+  EXPECT_EQ(ReadFile(system(), At("a")), "b");
+  system().RenameNew(At("a"), At("c"));
+  EXPECT_EQ(ReadFile(system(), At("c")), "b");
+  EXPECT_EQ(ReadFile(system(), At("b")), "a");
+  EXPECT_FALSE(system().Exists(At("a")));
+  EXPECT_EQ(KindThrown([&] { system().Exchange(At("a"), At("b")); }), ErrorKind::kNotFound);
+  system().Remove(At("b"));
+  system().Remove(At("c"));
+}
+
+TEST_P(FileSystemContract, UpdatesAFileThatOthersWriteToo) {
+  int calls = 0;
+  const auto add = [&](const std::string& before) {
+    if (++calls == 1) Write(At("a"), "other ");
+    return before + "own";
+  };
+  UpdateFile(system(), At("a"), add);
+  EXPECT_EQ(ReadFile(system(), At("a")), "other own");
+  system().Remove(At("a"));
+}
+
+// Whoever runs the program: it is how version control says that a file is not checked out.
+TEST(RealFileSystem, LeavesAFileAloneThatIsMarkedReadOnly) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "CPump.cls";
+  FileSystem& system = RealFileSystem();
+  ReplaceFile(system, path, "old");
+  ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+  EXPECT_FALSE(system.IsWritable(path));
+  EXPECT_EQ(KindThrown([&] { system.Open(path, OpenMode::kReadWrite); }), ErrorKind::kReadOnly);
+  EXPECT_EQ(KindThrown([&] { ReplaceFile(system, path, "new"); }), ErrorKind::kReadOnly);
+  EXPECT_EQ(ReadFile(system, path), "old");
+}
+
 TEST_P(FileSystemContract, AnOpenFileOutlivesItsName) {
   Write(At("a"), "old");
   Write(At("new"), "new");

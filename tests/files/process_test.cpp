@@ -12,6 +12,7 @@
 #include <random>
 
 #include "files/recovery.h"
+#include "files/replace_file.h"
 #include "project_change.h"
 #include "temporary_folder.h"
 
@@ -142,6 +143,45 @@ TEST(Processes, ThatCommitAtOnceLoseNothing) {
   for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
   EXPECT_EQ(project.Number(), kProcesses * increments);
   EXPECT_EQ(system.List(folder.path()).size(), 3u);
+}
+
+// Each of them knows its own database only.
+TEST(Processes, WhoseDatabasesShareAClassLoseNothingOfIt) {
+  const TemporaryFolder folder;
+  FileSystem& system = RealFileSystem();
+  const std::string path = folder / "CShared.cls";
+  ReplaceFile(system, path, "Option Explicit\n");
+  constexpr int kProcesses = 3;
+  const int lines = Rounds(40, 1000);
+  std::vector<pid_t> children;
+  for (int i = 0; i < kProcesses; ++i) {
+    const std::string name = std::to_string(i);
+    ReplaceFile(system, folder / (name + ".ovs"), "d");
+    children.push_back(InChild([&] {
+      ChangeJournal journal(system, folder / (name + ".ovs"), kAnyFile);
+      for (int done = 0; done < lines;) {
+        try {
+          const std::string before = ReadFile(system, path);
+          ChangeSet changes;
+          changes.files.push_back(
+              {path, before, before + "line " + name + "-" + std::to_string(done) + "\n"});
+          journal.Commit(changes);
+          ++done;
+        } catch (const Error& error) {
+          if (error.kind() != ErrorKind::kConflict) throw;
+        }
+      }
+      return 0;
+    }));
+  }
+  for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
+  const std::string text = ReadFile(system, path);
+  for (int i = 0; i < kProcesses * lines; ++i) {
+    const std::string line =
+        "line " + std::to_string(i / lines) + "-" + std::to_string(i % lines) + "\n";
+    EXPECT_NE(text.find(line), std::string::npos) << line;
+  }
+  EXPECT_EQ(system.List(folder.path()).size(), 1u + kProcesses);
 }
 
 TEST(Processes, ThatRecoverAtOnceDoNotDisturbEachOther) {
