@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "workbench/new_project.h"
 
-#include <algorithm>
-
 #include "files/error.h"
+#include "files/replace_file.h"
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
 #include "store/schema.h"
+#include "workbench/made_files.h"
 #include "workbench/new_visual_basic_project.h"
 #include "workbench/project.h"
 
@@ -14,45 +14,41 @@ namespace workbench {
 
 namespace {
 
-// Removes the files it was told of unless they are kept.
-class MadeFiles {
- public:
-  explicit MadeFiles(files::FileSystem& system) : system_(system) {}
-  ~MadeFiles() {
-    for (const std::string& path : undo_) {
-      try {
-        system_.Remove(path);
-      } catch (const files::Error&) {
-        continue;  // the failure that brought us here is the one to report
-      }
-    }
-  }
-  void Add(const std::string& path) {
-    undo_.push_back(path);
-    all_.push_back(path);
-  }
-  std::vector<std::string> Keep() {
-    undo_.clear();
-    return all_;
-  }
-
- private:
-  files::FileSystem& system_;
-  std::vector<std::string> undo_;
-  std::vector<std::string> all_;
-};
-
-void MakeDatabase(files::FileSystem& system, const std::string& path, bool into) {
+void CompleteDatabase(files::FileSystem& system, const std::string& path) {
   jet::OpenOptions engine;
   engine.reach = ReachOf(system, path, {});
   recordset::JetConnection connection(system, engine);
-  if (into) {
-    connection.Open(store::ProjectConnectionString(path));
-  } else {
-    connection.Create(store::ProjectConnectionString(path));
-  }
+  connection.Open(store::ProjectConnectionString(path));
   store::CompleteSchema(connection);
   connection.Close();
+}
+
+[[noreturn]] void RaiseExists(const std::string& path) {
+  throw files::Error(files::ErrorKind::kExists, path,
+                     path + ": The file exists already. Choose another name, or open it.");
+}
+
+// Complete before it bears its name, so that of several who make it at once one succeeds, and the
+// others find all of it.
+void MakeDatabase(files::FileSystem& system, MadeFiles& made, const std::string& path) {
+  const std::string temporary = files::TemporaryName(system, files::ResolveTarget(system, path));
+  try {
+    {
+      recordset::JetConnection connection(system);
+      connection.Create(store::ProjectConnectionString(temporary));
+      store::CompleteSchema(connection);
+      connection.Close();
+    }
+    made.Move(temporary, path);
+  } catch (const files::Error& error) {
+    files::RemoveQuietly(system, temporary);
+    if (error.kind() == files::ErrorKind::kExists) RaiseExists(path);
+    throw;
+  } catch (const platform::Error& error) {
+    files::RemoveQuietly(system, temporary);
+    throw platform::Error(error.kind(), error.number(),
+                          files::WithName(error.description(), temporary, path));
+  }
 }
 
 // The Visual Basic projects to make.
@@ -70,19 +66,14 @@ std::vector<std::string> MissingProjects(files::FileSystem& system,
 std::vector<std::string> MakeProject(files::FileSystem& system, const std::string& database_path,
                                      const NewProjectOptions& options) {
   MadeFiles made(system);
-  if (!options.into) {
-    if (system.Exists(database_path)) {
-      throw files::Error(
-          files::ErrorKind::kExists, database_path,
-          database_path + ": The file exists already. Choose another name, or open it.");
-    }
-    made.Add(database_path);
+  if (options.into) {
+    CompleteDatabase(system, database_path);
+  } else {
+    if (system.Exists(database_path)) RaiseExists(database_path);
+    MakeDatabase(system, made, database_path);
   }
-  MakeDatabase(system, database_path, options.into);
   for (const std::string& path : MissingProjects(system, database_path, options)) {
-    const auto files =
-        MakeVisualBasicProject(system, path, FormulaProjectName(system, database_path));
-    std::for_each(files.begin(), files.end(), [&](const std::string& file) { made.Add(file); });
+    MakeVisualBasicProject(system, made, path, FormulaProjectName(system, database_path));
   }
   return made.Keep();
 }

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "workbench/new_visual_basic_project.h"
 
-#include <span>
 #include <string_view>
 
 #include "codegen/identifier.h"
-#include "files/error.h"
-#include "files/replace_file.h"
 #include "platform/text.h"
 
 namespace workbench {
@@ -93,12 +90,6 @@ std::string ToWindows1252(std::string_view text) {
   return bytes;
 }
 
-void WriteNew(files::FileSystem& system, const std::string& path, std::string_view contents) {
-  auto file = system.Open(path, files::OpenMode::kCreateNew);
-  file->WriteAt(0, std::as_bytes(std::span(contents)));
-  file->Sync();
-}
-
 }  // namespace
 
 std::string FormulaProjectName(const files::FileSystem& system, const std::string& database_path) {
@@ -113,21 +104,13 @@ std::string FormulaProjectPath(const files::FileSystem& system, const std::strin
   return system.Join(system.Folder(database_path), base + "Formulas.vbp");
 }
 
-std::vector<std::string> MakeVisualBasicProject(files::FileSystem& system,
-                                                const std::string& vbp_path,
-                                                const std::string& name) {
+void MakeVisualBasicProject(files::FileSystem& system, MadeFiles& made, const std::string& vbp_path,
+                            const std::string& name) {
   const std::string folder = system.Folder(vbp_path);
   const std::string class_path = system.Join(folder, std::string(kClassName) + ".cls");
   if (!folder.empty()) system.CreateDirectories(folder);
-  WriteNew(system, class_path, kClassText);
-  try {
-    WriteNew(system, vbp_path, ToWindows1252(Replaced(kProjectText, name)));
-    system.SyncDirectory(folder.empty() ? "." : folder);
-  } catch (const files::Error&) {
-    system.Remove(class_path);
-    throw;
-  }
-  return {vbp_path, class_path};
+  made.Make(class_path, kClassText);  // first: a project names what is there
+  made.Make(vbp_path, ToWindows1252(Replaced(kProjectText, name)));
 }
 
 }  // namespace workbench

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "files/file_system.h"
+#include "workbench/made_files.h"
 
 namespace workbench {
 
@@ -16,10 +16,8 @@ std::string FormulaProjectName(const files::FileSystem& system, const std::strin
 std::string FormulaProjectPath(const files::FileSystem& system, const std::string& database_path);
 
 // Writes an ActiveX DLL project of that name with one public class CFormulas, as the development
-// environment writes them. Returns the files made. Raises files::Error (kExists when one of them
-// is there); nothing is left behind then.
-std::vector<std::string> MakeVisualBasicProject(files::FileSystem& system,
-                                                const std::string& vbp_path,
-                                                const std::string& name);
+// environment writes them. Raises files::Error, kExists when one of them is there.
+void MakeVisualBasicProject(files::FileSystem& system, MadeFiles& made, const std::string& vbp_path,
+                            const std::string& name);
 
 }  // namespace workbench
