@@ -80,7 +80,6 @@ AddInSession::AddInSession(const Outside& outside, const std::string& database_p
       studio_(std::make_shared<Studio>(StudioProjectName(outside.files, database_path))) {
   unit_.Enlist(database_);
   unit_.Enlist(*vb_);
-  if (components_) unit_.Enlist(*components_);
   unit_.Enlist(foreign_changes_);
   add_in_ = std::make_unique<addin::Connect>(
       editor::Services{outside.toolkit, outside.window_system, outside.settings, outside.help,

@@ -1,57 +1,45 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "files/file_system.h"
-#include "files/unit_of_work.h"
 #include "platform/studio.h"
 
 namespace workbench {
 
-// The component list of the workbench: which classes hold formulas, by studio project, kept in a
-// text file of the user's state. Entries are a set; adding what stands or removing what does not
-// changes nothing. Committed entries are written with the unit of work that they belong to.
+// The component list of the workbench: which classes hold formulas, kept in a text file of the
+// user's state. Entries are a set; adding what stands or removing what does not changes nothing.
+// Commit writes the file; what others wrote meanwhile stays.
 //
-// The file: a line "[project]", then a line "key=value" for each entry, sorted.
-class ComponentListFile final : public platform::ComponentList, public files::Participant {
+// The file: a line "key=value" for each entry, sorted.
+class ComponentListFile final : public platform::ComponentList {
  public:
-  // The file need not exist; its folder is made when something is written.
+  // `path` belongs to one project. The file need not exist; its folder is made when something is
+  // written.
   ComponentListFile(files::FileSystem& system, std::string path);
 
+  // The project is the one whose list this is, by whichever of its names it is called.
   void Open(std::string_view project) override;
   void Add(std::string_view key, std::string_view value) override;
   void Remove(std::string_view key, std::string_view value) override;
+  // Raises files::Error; the list is as before then.
   void Commit() override;
 
-  // The values under a key of a project.
-  std::set<std::string> Values(std::string_view project, std::string_view key);
-
-  void Save() override;
-  void Collect(files::ChangeSet& changes) override;
-  void Committed() noexcept override;
-  void Restore() noexcept override;
-
  private:
-  using Entries = std::set<std::pair<std::string, std::string>>;
-  using Projects = std::map<std::string, Entries, std::less<>>;
+  using Entry = std::pair<std::string, std::string>;
+  using Entries = std::set<Entry>;
 
-  void Load();
-  std::string Text() const;
+  static Entries Parse(const std::string& text);
+  static std::string TextOf(const Entries& entries);
 
   files::FileSystem& system_;
   std::string path_;
-  bool loaded_ = false;
-  bool file_exists_ = false;
-  std::string file_text_;  // what the file held when it was read
-  Projects projects_;
-  Projects saved_;
-  std::string project_;  // that was opened
-  Entries opened_;       // its entries, changed until Commit
+  std::vector<std::pair<bool, Entry>> changes_;  // since Open; true: added
 };
 
 }  // namespace workbench

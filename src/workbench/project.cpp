@@ -122,7 +122,6 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
       unit_(system, path_, ReachOf(system, path_, options)),
       code_(texts, &items_, components_.get()) {
   unit_.Enlist(database_);
-  if (components_) unit_.Enlist(*components_);
   if (options.with_code) {
     vb_ = OpenVisualBasic(system, path_, options);
     unit_.Enlist(*vb_);
