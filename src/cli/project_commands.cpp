@@ -8,6 +8,7 @@
 #include "files/replace_file.h"
 #include "workbench/new_project.h"
 #include "workbench/report.h"
+#include "workbench/report_file.h"
 
 namespace cli {
 
@@ -26,8 +27,13 @@ int RunNew(Invocation& invocation) {
   if (!options.into && console.files.Exists(path)) {
     throw CommandError(kRefused, invocation.Text(kTextFileExists, {{"<File>", path}}));
   }
-  for (const std::string& file : workbench::MakeProject(console.files, path, options)) {
-    console.err << invocation.Text(kTextProjectMade, {{"<File>", file}}) << '\n';
+  try {
+    for (const std::string& file : workbench::MakeProject(console.files, path, options)) {
+      console.err << invocation.Text(kTextProjectMade, {{"<File>", file}}) << '\n';
+    }
+  } catch (const files::Error& error) {
+    if (error.kind() != files::ErrorKind::kExists) throw;
+    throw CommandError(kRefused, invocation.texts().Translated(error.what()));
   }
   return kDone;
 }
@@ -42,10 +48,28 @@ int RunClassList(Invocation& invocation) {
   return kDone;
 }
 
+// Before the work, and again before the file is written.
+void CheckOutput(Invocation& invocation, workbench::Project& project, const std::string& output) {
+  files::FileSystem& files = invocation.console().files;
+  std::vector<std::string> own = workbench::FilesOfProject(project.path(), project.vb().get());
+  own.push_back(project.items().path());
+  switch (workbench::LookAtReportPlace(files, output, own)) {
+    case workbench::ReportPlace::kProject:
+      throw CommandError(kRefused, invocation.Text(kTextOutputOfProject, {{"<File>", output}}));
+    case workbench::ReportPlace::kOther:
+      if (invocation.Has("--force")) return;
+      throw CommandError(kRefused, invocation.Text(kTextOutputExists, {{"<File>", output}}));
+    case workbench::ReportPlace::kFree:
+      return;
+  }
+}
+
 int RunReport(Invocation& invocation) {
   ProjectSession session(invocation, Use::kCode);
   workbench::Project& project = session.project();
   Console& console = invocation.console();
+  const auto output = invocation.Option("--output");
+  if (output) CheckOutput(invocation, project, *output);
   Progress progress(invocation);
   const auto show = [&](std::size_t done, std::size_t total) {
     progress.Show(done, total);
@@ -56,7 +80,8 @@ int RunReport(Invocation& invocation) {
       {project.path(), project.operations(), project.code(), project.items(), show},
       invocation.texts());
   progress.End();
-  if (const auto output = invocation.Option("--output")) {
+  if (output) {
+    CheckOutput(invocation, project, *output);
     files::ReplaceFile(console.files, *output, html);
   } else {
     console.out << html;
@@ -142,7 +167,7 @@ std::vector<CommandSpec> ProjectCommands() {
       {"report",
        kTextCommandReport,
        {project},
-       CodeOptions({{"--output", "FILE", kTextOptOutput}}),
+       CodeOptions({{"--output", "FILE", kTextOptOutput}, {"--force", "", kTextOptForce}}),
        {"ovformula report Plant.ovs --output report.html"},
        RunReport},
       {"recover",

@@ -115,6 +115,7 @@ enum TextNumber : int {
   kTextOptFilterClass,
   kTextOptFilterType,
   kTextOptVersion,
+  kTextOptForce,
 
   // What commands answer.
   kTextUnknownFormula = 1320,
@@ -141,6 +142,8 @@ enum TextNumber : int {
   kTextProjectMade,
   kTextSkippedItems,
   kTextReplacedCharacters,
+  kTextOutputOfProject,
+  kTextOutputExists,
 };
 
 }  // namespace cli

@@ -20,6 +20,7 @@
 #include "files/replace_file.h"
 #include "platform/error.h"
 #include "workbench/item_chooser.h"
+#include "workbench/report_file.h"
 #include "workbench/skipped_items.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
@@ -452,6 +453,10 @@ void MainWindow::ShowReport(const std::string& html) {
   const std::string path = parts_.files.Join(folder, "report.html");
   try {
     parts_.files.CreateDirectories(folder);
+    const auto own = workbench::FilesOfProject(session_->database_path(), &session_->vb());
+    if (workbench::LookAtReportPlace(parts_.files, path, own) != workbench::ReportPlace::kFree) {
+      files::Raise(files::ErrorKind::kExists, path, "cannot be written", "it exists already");
+    }
     files::ReplaceFile(parts_.files, path, html);
     wxLaunchDefaultBrowser(wxFileSystem::FileNameToURL(wxFileName(wx::ToWx(path))));
     ShowStatus(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));

@@ -155,6 +155,8 @@ constexpr Row kRows[] = {
     {1309, "nur Formeln dieser Klasse", "only formulas of this class"},
     {1310, "nur Formeln mit diesem Aufruf", "only formulas of this call type"},
     {1311, "Version", "version"},
+    {1312, "eine vorhandene Datei auch dann ersetzen, wenn sie kein Bericht ist",
+     "replace an existing file even if it is no report"},
     {1320, "Es gibt keine Formel <Name>. \"ovformula formula list\" zeigt alle.",
      "There is no formula <Name>. \"ovformula formula list\" shows all."},
     {1321, "Es gibt keine Formel <Name>. Gemeint ist vielleicht: <Near>",
@@ -207,6 +209,12 @@ constexpr Row kRows[] = {
      "Nennen Sie die Codepage des Projekts mit --code-page.",
      "<File>:<Line>: the code page lacks these characters, the comment has \"?\" instead: <Text>. "
      "Name the project's code page with --code-page."},
+    {1346, "<File> gehört zum Projekt und bleibt unverändert. Nennen Sie mit --output eine andere.",
+     "<File> belongs to the project and stays as it is. Name another file with --output."},
+    {1347,
+     "<File> ist schon da und kein Bericht. Nennen Sie eine andere, oder ersetzen Sie sie mit "
+     "--force.",
+     "<File> exists and is no report. Name another file, or replace it with --force."},
 };
 
 }  // namespace

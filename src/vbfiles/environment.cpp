@@ -148,6 +148,12 @@ std::vector<ReplacedCharacters> Environment::TakeReplacedCharacters() {
   return std::exchange(session_->replaced, {});
 }
 
+std::vector<std::string> Environment::GroupFiles() const {
+  std::vector<std::string> paths;
+  for (const auto& [path, stamp] : contents_.groups) paths.push_back(path);
+  return paths;
+}
+
 void Environment::AllowWritesIn(const std::string& folder) {
   session_->options.writable_folders.push_back(folder);
 }

@@ -39,6 +39,8 @@ class Environment final : public platform::VBE, public files::Participant {
   std::vector<std::string> Problems();
   // Characters of comments that became "?" since the last call.
   std::vector<ReplacedCharacters> TakeReplacedCharacters();
+  // The group files (.vbg) that are open.
+  std::vector<std::string> GroupFiles() const;
   // Agrees to changes in a folder outside the folder tree of its project.
   void AllowWritesIn(const std::string& folder);
 

@@ -68,7 +68,8 @@ class Report {
         Text(kTitle) + " " +
         EscapeHtml(source_.database_path.substr(source_.database_path.find_last_of("\\/") + 1));
     html_ = "<!DOCTYPE html>\n<html lang=\"" + Text(kLanguage) +
-            "\">\n<head>\n<meta charset=\"utf-8\">\n<meta name=\"viewport\" "
+            "\">\n<head>\n<meta charset=\"utf-8\">\n" + kReportMark +
+            "\n<meta name=\"viewport\" "
             "content=\"width=device-width\">\n<title>" +
             title + "</title>\n<style>\n" + kReportStyle + "</style>\n</head>\n<body>\n<h1>" +
             title + "</h1>\n";

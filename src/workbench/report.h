@@ -12,6 +12,9 @@
 
 namespace workbench {
 
+// By which a report is known, near its beginning.
+inline constexpr const char* kReportMark = "<meta name=\"generator\" content=\"ovformula report\">";
+
 // What the report is made from.
 struct ReportSource {
   std::string database_path;
