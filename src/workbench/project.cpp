@@ -58,18 +58,11 @@ files::Reach ReachOf(files::FileSystem& system, const std::string& database_path
     AddFolder(system, system.Folder(files::FollowLink(system, file)), folders);
   }
   for (const std::string& folder : options.vb.writable_folders) AddFolder(system, folder, folders);
-  std::string components;
-  if (!options.state_folder.empty() && system.Exists(database_path)) {
-    components = ComponentListPath(system, options.state_folder, database_path);
-  }
-  return [&system, folders, components](const std::string& path) {
+  return [&system, folders](const std::string& path) {
     const auto holds = [&](const std::string& folder) {
       return vbfiles::IsInside(system, path, folder);
     };
-    if (vbfiles::SourceTypeOf(path) && std::ranges::any_of(folders, holds)) return true;
-    return !components.empty() && system.FileName(path) == system.FileName(components) &&
-           system.Exists(system.Folder(components)) &&
-           files::ResolveTarget(system, components) == path;
+    return vbfiles::SourceTypeOf(path) && std::ranges::any_of(folders, holds);
   };
 }
 

@@ -69,7 +69,7 @@ std::string StudioProjectName(const files::FileSystem& system, const std::string
 
 // The files that an operation of the project may write besides its database, and that the journal
 // of an interrupted one may name: modules in the folder of the database, of the Visual Basic files
-// that the options name and in those that the engineer agreed to, and the component list.
+// that the options name and in those that the engineer agreed to.
 files::Reach ReachOf(files::FileSystem& system, const std::string& database_path,
                      const ProjectOptions& options);
 
