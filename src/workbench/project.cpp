@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "files/replace_file.h"
 #include "store/ado_fro.h"
 #include "store/schema.h"
 #include "vbfiles/path_resolver.h"
@@ -101,8 +102,9 @@ std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
 std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,
                               const std::string& database_path) {
   const std::string name = StudioProjectName(system, database_path);
-  return system.Join(state_folder, "components-" + name + "-" +
-                                       HashText(system.Canonical(database_path)) + ".txt");
+  return system.Join(
+      state_folder,
+      "components-" + name + "-" + HashText(files::ResolveTarget(system, database_path)) + ".txt");
 }
 
 Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,

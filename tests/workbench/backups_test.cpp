@@ -8,7 +8,10 @@
 
 #include "files/memory_file_system.h"
 #include "files/replace_file.h"
+#include "jet/database.h"
+#include "jet/lock_file.h"
 #include "workbench/daily_backup.h"
+#include "workbench/new_project.h"
 
 using workbench::Backups;
 
@@ -51,6 +54,57 @@ TEST(Backups, RestoresAFileThatIsGoneAndTheOldestOfTen) {
   backups.Restore(backups.List().back(), "2026-11-20 08.00.00");
   EXPECT_EQ(system.Get("/p/b"), "first");
   EXPECT_EQ(backups.List().size(), Backups::kKept);
+}
+
+// Dates say nothing of the order: clocks go wrong.
+TEST(Backups, KeepsTheStateBeforeARestoringThoughOthersHaveLaterDates) {
+  files::MemoryFileSystem system;
+  system.Put("/p/a", "good");
+  Backups backups(system, "/state/a");
+  for (int day = 10; day < 20; ++day) backups.MakeDaily("2031-01-" + std::to_string(day), {"/p/a"});
+  const Backups::Backup oldest = backups.List().back();
+  for (const char* const text : {"today's work", "more of it"}) {
+    system.Put("/p/a", text);
+    backups.Restore(oldest, "2026-11-21 10.00.00");
+    EXPECT_EQ(system.Get("/p/a"), "good");
+    EXPECT_EQ(files::ReadFile(system, backups.List().front().folder + "/0.bak"), text);
+  }
+  EXPECT_EQ(backups.List()[1].name, "2026-11-21 10.00.00") << "not replaced by one of that name";
+  backups.MakeDaily("2026-11-22", {"/p/a"});
+  EXPECT_EQ(backups.List()[2].name, "2026-11-21 10.00.00");
+}
+
+TEST(Backups, RestoresNothingWhileSomebodyHasTheDatabaseOpen) {
+  files::MemoryFileSystem system;
+  const char* const path = "/p/Plant.ovs";
+  system.CreateDirectories("/p");
+  workbench::MakeProject(system, path, {});
+  Backups backups(system, "/state/a");
+  backups.MakeDaily("2026-11-20", {path});
+  { jet::Database::Open(system, path)->CreateTable({"More", {{"A", jet::ColumnType::kLong}}}); }
+  const std::string now = system.Get(path);
+  const auto refusal = [&] {
+    try {
+      backups.Restore(backups.List().back(), "2026-11-21 10.00.00");
+    } catch (const files::Error& error) {
+      return std::string(error.what());
+    }
+    return std::string();
+  };
+  {
+    const auto window = jet::Database::Open(system, path);
+    EXPECT_NE(refusal().find("open in another window"), std::string::npos) << refusal();
+  }
+  {
+    const auto foreign = system.Open("/p/Plant.ldb", files::OpenMode::kCreateOrOpen);
+    const std::string computer = "DESK7";
+    foreign->WriteAt(0, std::as_bytes(std::span(computer)));
+    ASSERT_TRUE(foreign->TryLock(jet::kUserLockBase + 1, 1, files::LockMode::kExclusive));
+    EXPECT_NE(refusal().find("DESK7"), std::string::npos) << refusal();
+  }
+  EXPECT_EQ(system.Get(path), now);
+  EXPECT_EQ(refusal(), "");
+  EXPECT_NE(system.Get(path), now);
 }
 
 TEST(Backups, RestoresNothingWhenACopyIsMissing) {
