@@ -34,19 +34,15 @@ std::string WithoutTrailingBlanks(std::string_view name) {
   return std::string(name.substr(0, name.find_last_not_of(' ') + 1));
 }
 
-// The formulas for the tree; none when they cannot be read.
+// The formulas for the tree. Raises platform::Error when they cannot be read.
 std::vector<FormulaNode> ReadFormulaNodes(platform::Recordset& formulas) {
   std::vector<FormulaNode> nodes;
-  try {
-    store::OpenFilteredAtFirst(formulas, "");
-    if (!formulas.EOF_()) {
-      const platform::RowBlock rows = formulas.GetRows(-1, {"ID", "Name"});
-      for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-        nodes.push_back({rows.At(0, row).ToLong(), rows.At(1, row).ToText()});
-      }
+  store::OpenFilteredAtFirst(formulas, "");
+  if (!formulas.EOF_()) {
+    const platform::RowBlock rows = formulas.GetRows(-1, {"ID", "Name"});
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      nodes.push_back({rows.At(0, row).ToLong(), rows.At(1, row).ToText()});
     }
-  } catch (const platform::Error&) {
-    nodes.clear();
   }
   store::CloseRecordset(formulas, false);
   return nodes;
@@ -66,7 +62,7 @@ std::int32_t Connect::Event(const std::function<void()>& body) {
   try {
     body();
   } catch (const std::exception& error) {
-    messages_.Warn(error.what());
+    messages_.Warn(texts_.Translated(error.what()));
   }
   return 0;
 }

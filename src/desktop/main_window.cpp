@@ -144,7 +144,7 @@ void MainWindow::CreateMenus() {
   bar->Append(project, wx::ToWx(Text(TextNumber::kTextMenuProject)));
   bar->Append(help, wx::ToWx(Text(TextNumber::kTextMenuHelp)));
   SetMenuBar(bar);
-  FillBackups();
+  FillBackups("");
 }
 
 void MainWindow::CreatePanes() {
@@ -325,6 +325,7 @@ void MainWindow::OnTimer() {
   session_->items().Refresh();
   LookForForeignChanges();
   TellReplacedCharacters();
+  if (editor::frmtabgrid* editor = session_->add_in().EditorWindow()) editor->TellUnreadable();
 }
 
 // What the tree shows may be out of date then. Everything that the user does works on what the

@@ -66,7 +66,9 @@ class MainWindow : public wxFrame {
   void AskNew();
   void AskOpen();
   void ShowRecent();
-  void FillBackups();
+  // Those of the project that is open or could not be opened.
+  void FillBackups(const std::string& path);
+  void OfferBackup(const std::string& path);
   void RestoreBackup(const workbench::Backups::Backup& backup);
   void ShowAbout();
   void ForgetMissing(const std::string& path);
@@ -110,6 +112,8 @@ class MainWindow : public wxFrame {
   std::map<int, std::function<void()>> actions_;  // by menu ID
   std::vector<std::pair<wxAcceleratorEntry, std::function<void()>>> shortcuts_;
   std::vector<workbench::Backups::Backup> backups_;  // in the order of their menu
+  std::string backed_up_;                            // the project that they are of
+  bool restoring_ = false;
   wxTimer timer_{this};
   std::unique_ptr<workbench::DailyBackup> backup_;     // of the session's project; outlives it
   std::unique_ptr<workbench::UnsavedCopies> unsaved_;  // of the session's project

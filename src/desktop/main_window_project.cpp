@@ -4,11 +4,14 @@
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
+#include <algorithm>
+
 #include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
 #include "desktop/main_window.h"
 #include "desktop/notice_bar.h"
 #include "desktop/welcome.h"
+#include "files/error.h"
 #include "workbench/new_project.h"
 #include "workbench/text_numbers.h"
 #include "wx/convert.h"
@@ -69,6 +72,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   } catch (const std::exception& error) {
     ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
     ForgetMissing(path);
+    FillBackups(path);
     if (!before.empty() && before != path) OpenProject(before);
     return false;
   }
@@ -78,13 +82,17 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   tree_->ShowTree(&session_->studio().tree());
   session_->Start();
   tree_->SelectKey(kRoot);
-  tree_->ExpandKey(kRoot);
-  tree_->ExpandKey(kFormulas);
   if (!session_->add_in().Initialised()) {
+    const std::string full = session_->database_path();
     CloseProject();
+    FillBackups(full);
+    OfferBackup(full);
+    if (session_) return true;
     if (!before.empty() && before != path) OpenProject(before);
     return false;
   }
+  tree_->ExpandKey(kRoot);
+  tree_->ExpandKey(kFormulas);
   const bool same = parts_.state.project == session_->database_path();
   if (same && !parts_.state.node.empty()) tree_->SelectKey(parts_.state.node);
   if (!given.Empty()) parts_.state.KeepOptions(session_->database_path(), given);
@@ -92,7 +100,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   parts_.state.recent.Add(session_->database_path());
   parts_.state.Save();
   ShowRecent();
-  FillBackups();
+  FillBackups(session_->database_path());
   ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
   tree_->SetFocus();
   CallAfter([this] {
@@ -208,13 +216,14 @@ void MainWindow::EnlistBackup() {
   if (parts_.state.folder().empty()) return;
   backup_ = std::make_unique<workbench::DailyBackup>(
       parts_.files, StateFolderOf("backups", session_->database_path()),
-      workbench::DailyBackup::Outside{
-          [] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
-          [this] { return session_->Files(); }, [this] { CallAfter([this] { FillBackups(); }); },
-          [this](const std::string& reason) {
-            ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed,
-                                         {{"<Text>", parts_.texts.Translated(reason)}}));
-          }});
+      workbench::DailyBackup::Outside{[] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
+                                      [this] { return session_->Files(); },
+                                      [this] { CallAfter([this] { FillBackups(backed_up_); }); },
+                                      [this](const std::string& reason) {
+                                        ShowStatus(parts_.texts.Text(
+                                            TextNumber::kTextBackupFailed,
+                                            {{"<Text>", parts_.texts.Translated(reason)}}));
+                                      }});
   session_->unit().Enlist(*backup_);
 }
 
@@ -224,15 +233,27 @@ void MainWindow::ShowRecent() {
   welcome_->ShowRecent(paths);
 }
 
-void MainWindow::FillBackups() {
+void MainWindow::FillBackups(const std::string& path) {
   backups_.clear();
-  if (session_ && !parts_.state.folder().empty()) {
-    backups_ = workbench::Backups(parts_.files, StateFolderOf("backups", session_->database_path()))
-                   .List();
+  backed_up_ = path;
+  if (!path.empty() && !parts_.state.folder().empty()) {
+    try {
+      backups_ = workbench::Backups(parts_.files, StateFolderOf("backups", path)).List();
+    } catch (const files::Error& error) {
+      ShowStatus(parts_.texts.Translated(error.what()));
+    }
   }
   std::vector<std::string> names;
   for (const auto& backup : backups_) names.push_back(backup.name);
   backup_menu_->Fill(names, Text(TextNumber::kTextNoBackups));
+}
+
+// For a project that cannot be shown: the last state from which a day's work began.
+void MainWindow::OfferBackup(const std::string& path) {
+  const auto daily = std::ranges::find_if(backups_, &workbench::Backups::Backup::IsDaily);
+  if (restoring_ || backed_up_ != path || daily == backups_.end()) return;
+  const workbench::Backups::Backup backup = *daily;
+  RestoreBackup(backup);
 }
 
 void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
@@ -241,20 +262,21 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
        Text(TextNumber::kTextRestoreDetail), "", platform::MessageButtons::kYesNo,
        platform::MessageResult::kNo, platform::MessageIcon::kQuestion});
   if (answer != platform::MessageResult::kYes) return;
-  const std::string path = session_->database_path();
-  const std::string folder = StateFolderOf("backups", path);
+  const std::string path = backed_up_;
   const wxBusyCursor busy;
   if (!CloseProject()) return;
+  restoring_ = true;
+  std::string failure;
   try {
-    workbench::Backups(parts_.files, folder)
+    workbench::Backups(parts_.files, StateFolderOf("backups", path))
         .Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
-    if (OpenProject(path))
-      ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
-    return;
   } catch (const std::exception& error) {
-    ShowFailure(Text(TextNumber::kTextCannotRestore), error.what());
+    failure = error.what();
+    ShowFailure(Text(TextNumber::kTextCannotRestore), failure);
   }
-  OpenProject(path);
+  if (OpenProject(path) && failure.empty())
+    ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
+  restoring_ = false;
 }
 
 }  // namespace desktop

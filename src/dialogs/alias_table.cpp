@@ -63,8 +63,10 @@ AliasTable::AliasTable(std::shared_ptr<platform::Connection> connection,
 bool AliasTable::Open() {
   try {
     if (recordset_->State() == platform::ObjectState::kOpen) {
-      if (stale_) recordset_->Requery();
+      if (!stale_) return true;
+      recordset_->Requery();
       stale_ = false;
+      problem_.clear();
       return true;
     }
     if (connection_->State() != platform::ObjectState::kOpen) return false;
@@ -80,8 +82,10 @@ bool AliasTable::Open() {
     recordset_->SetIndex(index);
     recordset_->Open();
     stale_ = false;
+    problem_.clear();
     return true;
-  } catch (const platform::Error&) {
+  } catch (const platform::Error& error) {
+    problem_ = error.description();
     return false;
   }
 }
@@ -106,7 +110,8 @@ std::vector<store::AliasRecord> AliasTable::Records(std::size_t first, std::size
       record.item_id = TextOf(rows.At(1, row));
       record.vb_alias = TextOf(rows.At(2, row));
     }
-  } catch (const platform::Error&) {
+  } catch (const platform::Error& error) {
+    problem_ = error.description();
     records.clear();
   }
   return records;

@@ -20,7 +20,8 @@ enum class AliasOrder { kId, kName };
 
 // Table TvbfAlias in the order of one of its indexes, sorted where a database made elsewhere has
 // none. Opens itself when it is first asked and
-// after it was closed behind its back; while it cannot be read there are no aliases.
+// after it was closed behind its back; while it cannot be read there are no aliases, and Problem
+// says why.
 class AliasTable {
  public:
   // The recordset is closed and used by this table only. The operations must outlive the table.
@@ -30,6 +31,9 @@ class AliasTable {
 
   // The next look sees the rows that were added, changed and deleted meanwhile.
   void Requery() { stale_ = true; }
+
+  // What kept the last look from being answered, a sentence; "" when nothing did.
+  const std::string& Problem() const { return problem_; }
 
   std::size_t Count();
   // Up to `count` records from position `first` (from 0) on.
@@ -50,6 +54,7 @@ class AliasTable {
   AliasOrder order_;
   bool has_index_ = false;  // of the order; while open
   bool stale_ = false;
+  std::string problem_;
 };
 
 // The entries of a drop-down: alias names with their IDs as item data.

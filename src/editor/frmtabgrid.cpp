@@ -193,6 +193,14 @@ void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
   MenuSwitcher(key, toolbar_flag_);
 }
 
+void frmtabgrid::TellUnreadable() {
+  if (!operations_) return;
+  const std::string& by_id = aliases_by_id_->Problem();
+  const std::string problem = by_id.empty() ? aliases_by_name_->Problem() : by_id;
+  if (problem == std::exchange(told_problem_, problem) || problem.empty()) return;
+  messages_.Warn(texts_.Translated(problem));
+}
+
 void frmtabgrid::Reload() {
   if (!operations_) return;
   AliasesChanged();

@@ -75,6 +75,8 @@ class frmtabgrid : public forms::Form,
   // Commits what is pending, shows the view of the node and what belongs to it.
   void ShowNode(std::string_view key, std::string_view text);
   // Reads the current view again; rows and selection stay where they were.
+  // Says once why a list that is shown cannot be read.
+  void TellUnreadable();
   void Reload();
   // The node that the next command of the tree concerns, and whether labels are shown.
   void SetTreeContext(std::string_view key, bool toolbar_flag);
@@ -171,6 +173,7 @@ class frmtabgrid : public forms::Form,
   GridEditing grid_editing_{*this};
   std::string key_;
   std::string context_key_;
+  std::string told_problem_;
   bool toolbar_flag_ = false;
   bool refreshing_grid_ = false;
   bool hooked_ = false;
