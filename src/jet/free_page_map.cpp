@@ -8,6 +8,7 @@
 #include "jet/data_page.h"
 #include "jet/error.h"
 #include "jet/header_page.h"
+#include "jet/pages_in_use.h"
 #include "jet/usage_map_record.h"
 
 namespace jet {
@@ -25,6 +26,12 @@ void ClearBit(std::byte* bits, std::size_t bit) {
 
 void SetBit(std::byte* bits, std::size_t bit) {
   bits[bit / 8] |= std::byte{static_cast<std::uint8_t>(1u << (bit % 8))};
+}
+
+[[noreturn]] void ThrowWrongMap(const Pager& pager, PageNumber page, const std::string& cause) {
+  throw Error(ErrorKind::kDamaged, pager.path(), {page, -1}, cause,
+              "Nothing was written. Let \"ovformula db verify\" show what else is damaged, and "
+              "restore the file from a backup.");
 }
 
 bool TestBit(std::span<const std::byte> bits, std::size_t bit) {
@@ -135,6 +142,7 @@ PageNumber FreePageMap::TakeReferenced(PageNumber from) {
 PageNumber FreePageMap::AddBitmap(std::size_t index) {
   const auto base = static_cast<PageNumber>(index * kPagesPerBitmap);
   while (pager_.page_count() < base) pager_.Append();
+  if (base < pager_.page_count()) pager_.RequireUnused(base);
   PageEdit bitmap = base < pager_.page_count() ? pager_.Modify(base) : pager_.Append();
   std::memset(bitmap.data(), 0xFF, kPageSize);
   Store32(bitmap.data(), 0);
@@ -148,6 +156,9 @@ PageNumber FreePageMap::AddBitmap(std::size_t index) {
 }
 
 void FreePageMap::Give(PageNumber page) {
+  if (IsFree(page)) {
+    ThrowWrongMap(pager_, page, "The page is marked free, but it was in use until now.");
+  }
   const MapRecord record(pager_, record_, kFreeMapOwner);
   if (record.is_inline()) {
     const PageNumber first = record.first_page();
@@ -163,10 +174,25 @@ void FreePageMap::Give(PageNumber page) {
   SetBit(pager_.Modify(bitmap).data() + kBitmapHead, page % kPagesPerBitmap);
 }
 
+// Most free pages were released or never written, and show it. What looks like a page in use may
+// be an old copy: whether something refers to it is then looked up, once for all of them.
+void Pager::RequireUnused(PageNumber page) {
+  const std::uint8_t type = Load8(Read(page).data());
+  if (type == static_cast<std::uint8_t>(PageType::kHeader) || (type & kReleasedPage) != 0) return;
+  if (in_use_generation_ != generation_) {
+    in_use_ = FindPagesInUse(*this);
+    in_use_generation_ = generation_;
+  }
+  if (page < in_use_.size() && in_use_[page]) {
+    ThrowWrongMap(*this, page, "The page is marked free, but it is in use.");
+  }
+}
+
 PageEdit Pager::Allocate() {
   const PageNumber page = FreePageMap(*this).Take(lowest_free_);
   lowest_free_ = page + 1;
   if (page < page_count_) {
+    RequireUnused(page);
     PageEdit edit = Modify(page);
     std::memset(edit.data(), 0, kPageSize);
     return edit;
@@ -177,6 +203,8 @@ PageEdit Pager::Allocate() {
 
 void Pager::Free(PageNumber page) {
   FreePageMap(*this).Give(page);
+  const PageEdit released = Modify(page);
+  Store8(released.data(), Load8(released.data()) | kReleasedPage);
   lowest_free_ = std::min(lowest_free_, page);
 }
 

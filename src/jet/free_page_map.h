@@ -17,6 +17,7 @@ class FreePageMap {
   // The lowest free page that is not below `from`; it is no longer free. May lie behind the end
   // of the file.
   PageNumber Take(PageNumber from);
+  // Marks a page free. Raises kDamaged when it is marked already.
   void Give(PageNumber page);
 
  private:

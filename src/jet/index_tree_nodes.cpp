@@ -73,7 +73,11 @@ void IndexTree::Unlink(IndexPage page) {
 void IndexTree::RemovePage(const IndexPath& path, std::size_t step) {
   const PageNumber number = path.steps[step].page;
   Unlink(IndexPage(Read(number).data()));
-  UsageMap(pager_, location_.usage_map).Remove(number);
+  UsageMap pages(pager_, location_.usage_map);
+  if (!pages.Contains(number)) {
+    ThrowDamaged(pager_.path(), {number, -1}, "An index uses a page that its map does not name.");
+  }
+  pages.Remove(number);
   pager_.Free(number);
   RemoveChild(path, step - 1);
 }

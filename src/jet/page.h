@@ -24,6 +24,8 @@ enum class PageType : std::uint8_t {
   kIndexLeaf = 4,
   kUsageBitmap = 5,
 };
+// Set in byte 0 of a released page, which still shows what it was.
+inline constexpr std::uint8_t kReleasedPage = 0x08;
 
 // Names a row for good: page and slot where it was first stored, also after it moved. On disk a
 // row reference is the slot byte and a 24-bit page number, as u32 page * 256 + slot.

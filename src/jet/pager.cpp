@@ -98,6 +98,12 @@ void Pager::Evict() {
 
 namespace {
 
+// Room for one more frame, so that none is lost on its way from one list to the other. Grows by
+// factors: a transaction may change every page of the file.
+void MakeRoom(std::vector<std::unique_ptr<PageFrame>>& list) {
+  if (list.size() == list.capacity()) list.reserve(2 * list.size() + 16);
+}
+
 std::unique_ptr<PageFrame> TakeOut(std::vector<std::unique_ptr<PageFrame>>& list,
                                    PageFrame* frame) {
   const std::size_t position = frame->position;
@@ -120,7 +126,7 @@ void Pager::Drop(PageFrame* frame) noexcept {
 }
 
 void Pager::MakeDirty(PageFrame* frame) {
-  dirty_.reserve(dirty_.size() + 1);
+  MakeRoom(dirty_);
   std::unique_ptr<PageFrame> taken = TakeOut(clean_, frame);
   frame->position = dirty_.size();
   frame->dirty = true;
@@ -128,7 +134,7 @@ void Pager::MakeDirty(PageFrame* frame) {
 }
 
 void Pager::MakeClean(PageFrame* frame) {
-  clean_.reserve(clean_.size() + 1);
+  MakeRoom(clean_);
   std::unique_ptr<PageFrame> taken = TakeOut(dirty_, frame);
   frame->position = clean_.size();
   frame->dirty = false;

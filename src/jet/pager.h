@@ -103,9 +103,10 @@ class Pager final : public files::RangeSource {
   }
 
   // A page filled with zeros: the lowest free one, or a new one at the end of the file. Raises
-  // kTooLarge at 2 GiB.
+  // kTooLarge at 2 GiB, and kDamaged when the map of free pages names a page that is in use.
   PageEdit Allocate();
-  // Gives a page back to the map of free pages. Its contents stay.
+  // Gives a page back to the map of free pages. Its contents stay, marked as released. Raises
+  // kDamaged when the map has it as free already.
   void Free(PageNumber page);
 
   // Transactions nest; level 1 is the outermost. Commit of level 1 only ends the transaction:
@@ -150,6 +151,7 @@ class Pager final : public files::RangeSource {
   void MakeDirty(PageFrame* frame);
   void MakeClean(PageFrame* frame);
   PageEdit Append();  // the page behind the last one
+  void RequireUnused(PageNumber page);
 
   friend class FreePageMap;
 
@@ -170,6 +172,9 @@ class Pager final : public files::RangeSource {
   std::uint32_t level_ = 0;
   std::vector<Level> levels_;
   PageNumber lowest_free_ = 0;  // no page below it is free
+  // What the file refers to, looked up when a page that the map has as free does not look so.
+  std::vector<bool> in_use_;
+  std::uint64_t in_use_generation_ = 0;  // of in_use_; 0: not looked up
   std::uint64_t generation_ = 0;
 };
 

@@ -17,7 +17,6 @@ constexpr std::size_t kReferenceSize = 4;
 // them are tried for one row.
 constexpr std::size_t kLittleSpace = 400;
 constexpr int kMostTries = 4;
-constexpr std::uint8_t kReleasedBit = 0x08;
 
 std::size_t LiveBytes(const std::byte* page) {
   std::size_t bytes = 0;
@@ -114,11 +113,14 @@ void RowStore::RemoveRecord(RowId id) { Discard(id, true); }
 void RowStore::Discard(RowId id, bool squeeze) {
   const PageEdit page = pager_.Modify(id.page);
   CheckDataPage(pager_, page, owner_.owner);
+  if (!UsageMap(pager_, owner_.owned_map).Contains(id.page)) {
+    ThrowDamaged(pager_.path(), {id.page, id.slot},
+                 "The row lies on a page that its table or column does not own.");
+  }
   SetSlotState(page.data(), id.slot, kSlotDeleted);
   if (IsEmpty(page.data())) {
     UsageMap(pager_, owner_.owned_map).Remove(id.page);
     UsageMap(pager_, owner_.free_map).Remove(id.page);
-    Store8(page.data(), Load8(page.data()) | kReleasedBit);
     pager_.Free(id.page);
     return;
   }

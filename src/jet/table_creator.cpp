@@ -17,7 +17,6 @@ namespace jet {
 namespace {
 
 constexpr std::size_t kLongestName = 64;
-constexpr std::uint16_t kLongestText = 510;
 constexpr std::int32_t kDatabaseObject = 0x10000000;
 constexpr std::int32_t kFullRights = 1048575;
 constexpr PageNumber kAccessDefinition = 3;

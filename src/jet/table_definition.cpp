@@ -6,6 +6,7 @@
 
 #include "jet/bytes.h"
 #include "jet/error.h"
+#include "jet/row_codec.h"
 #include "jet/text_codec.h"
 
 namespace jet {
@@ -68,6 +69,46 @@ Column ReadColumn(const std::byte* p) {
   return column;
 }
 
+// What a value of the column is read and written by.
+bool IsSound(const Column& column) {
+  if (column.auto_number && column.type != ColumnType::kLong) return false;
+  if (column.auto_guid && column.type != ColumnType::kGuid) return false;
+  if (column.fixed && kRowHead + column.fixed_offset + FixedSize(column) > kPageSize) return false;
+  switch (column.type) {
+    case ColumnType::kDecimal:
+      return column.precision <= kMostDecimalDigits && column.scale <= kMostDecimalDigits;
+    case ColumnType::kText:
+    case ColumnType::kBinary:
+      return column.length <= kLongestText;
+    case ColumnType::kMemo:
+    case ColumnType::kOle:
+      return !column.fixed;
+    default:
+      return true;
+  }
+}
+
+// The bytes of the fixed area, or the variable index, belong to one column each.
+void CheckColumns(const Reader& reader, const TableDefinition& definition) {
+  std::vector<bool> area(kPageSize);
+  std::vector<bool> variable(definition.variable_columns);
+  for (const Column& column : definition.columns) {
+    if (!IsSound(column)) {
+      reader.Fail("Column " + column.name +
+                  " of the table has a size, scale or kind that its type cannot have.");
+    }
+    std::vector<bool>& places = column.fixed ? area : variable;
+    const std::size_t first = column.fixed ? column.fixed_offset : column.variable_index;
+    const std::size_t size = column.fixed ? FixedSize(column) : 1;
+    for (std::size_t i = first; i < first + size; ++i) {
+      if (places[i]) {
+        reader.Fail("Column " + column.name + " of the table lies on the place of another.");
+      }
+      places[i] = true;
+    }
+  }
+}
+
 void ReadColumns(Reader& reader, std::size_t count, TableDefinition& definition) {
   for (std::size_t i = 0; i < count; ++i) {
     const std::byte* record = reader.Take(kColumnRecordSize);
@@ -93,6 +134,7 @@ void ReadColumns(Reader& reader, std::size_t count, TableDefinition& definition)
     if (seen[column.id]) reader.Fail("Two columns of the table have the same number.");
     seen[column.id] = true;
   }
+  CheckColumns(reader, definition);
 }
 
 std::optional<std::size_t> PositionOf(const TableDefinition& definition, std::uint16_t id) {

@@ -34,6 +34,30 @@ TableWriter::TableWriter(TableState& table)
   for (std::size_t i = 0; i < definition_.columns.size(); ++i) {
     if (definition_.columns[i].auto_number) auto_number_ = static_cast<std::ptrdiff_t>(i);
   }
+  CheckPlaces();
+}
+
+// Each map and each tree is used once. What is read from a definition that mixes them up can be
+// told; what is written through it ends in the wrong place.
+void TableWriter::CheckPlaces() {
+  std::vector<RowId> maps = {definition_.owned_map, definition_.free_map};
+  std::vector<PageNumber> roots;
+  for (const LongValueMaps& value : definition_.long_values) {
+    maps.insert(maps.end(), {value.owned, value.free});
+  }
+  for (const PhysicalIndex& index : definition_.physical) {
+    maps.push_back(index.usage_map);
+    roots.push_back(index.root);
+  }
+  std::erase(maps, RowId{});
+  std::sort(maps.begin(), maps.end());
+  std::sort(roots.begin(), roots.end());
+  if (std::adjacent_find(maps.begin(), maps.end()) != maps.end()) {
+    ThrowDamaged(session_.path(), {definition_.page, -1}, "The usage map is used twice.");
+  }
+  if (std::adjacent_find(roots.begin(), roots.end()) != roots.end()) {
+    ThrowDamaged(session_.path(), {definition_.page, -1}, "Two indexes have the same pages.");
+  }
 }
 
 void TableWriter::Refuse(ErrorKind kind, const std::string& cause, const std::string& remedy) {
@@ -343,7 +367,7 @@ void TableWriter::Update(RowId id, std::span<const ColumnValue> values) {
     for (std::size_t i = 0; i < keys_.size(); ++i) {
       if (!changed[i]) continue;
       const PhysicalIndex& physical = definition_.physical[i];
-      if (old_keys_[i].HasEntry(physical)) table_.tree(i).Erase(old_keys_[i].bytes, id);
+      if (old_keys_[i].HasEntry(physical)) EraseOldKey(i, id);
       if (keys_[i].HasEntry(physical) && table_.tree(i).Insert(keys_[i].bytes, id)) {
         CountDistinct(i);
       }
@@ -352,17 +376,19 @@ void TableWriter::Update(RowId id, std::span<const ColumnValue> values) {
   });
 }
 
+void TableWriter::EraseOldKey(std::size_t index, RowId id) {
+  if (table_.tree(index).Erase(old_keys_[index].bytes, id)) return;
+  ThrowDamaged(session_.path(), {id.page, id.slot},
+               "An index of table " + table_.name() + " has no entry of this row.");
+}
+
 void TableWriter::Delete(RowId id) {
   const StoredRow stored = FindRow(id);
   ReadOldValues(id, stored);
   for (std::size_t i = 0; i < keys_.size(); ++i) MakeKey(i, old_values_, old_keys_[i]);
   Apply([&] {
     for (std::size_t i = 0; i < keys_.size(); ++i) {
-      if (!old_keys_[i].HasEntry(definition_.physical[i])) continue;
-      if (!table_.tree(i).Erase(old_keys_[i].bytes, id)) {
-        ThrowDamaged(session_.path(), {id.page, id.slot},
-                     "An index of table " + table_.name() + " has no entry of this row.");
-      }
+      if (old_keys_[i].HasEntry(definition_.physical[i])) EraseOldKey(i, id);
     }
     RemoveLongValues(id, stored, false);
     store_.Remove(id, stored);

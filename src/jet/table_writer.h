@@ -48,6 +48,7 @@ class TableWriter {
     std::size_t size = 0;
   };
 
+  void CheckPlaces();
   void TakeValues(std::span<const ColumnValue> values);
   std::int32_t GiveAutoNumber();
   void MakeGuids();
@@ -63,6 +64,7 @@ class TableWriter {
                                              std::span<const std::byte> fixed_area,
                                              std::size_t min_size);
   void RemoveLongValues(RowId id, const StoredRow& stored, bool only_changed);
+  void EraseOldKey(std::size_t index, RowId id);
   void ReadOldValues(RowId id, const StoredRow& stored);
   StoredRow FindRow(RowId id);
   void CountRows(std::int32_t change);

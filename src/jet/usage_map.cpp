@@ -17,6 +17,11 @@ namespace {
 
 constexpr std::uint32_t kMapOwner = 0;
 
+void SetBit(std::byte* bits, std::size_t bit, bool value) {
+  const std::byte mask{static_cast<std::uint8_t>(1u << (bit % 8))};
+  bits[bit / 8] = value ? bits[bit / 8] | mask : bits[bit / 8] & ~mask;
+}
+
 }  // namespace
 
 std::optional<std::size_t> FindBit(std::span<const std::byte> bits, std::size_t from) {
@@ -108,10 +113,7 @@ bool UsageMap::SetInline(PageNumber page, bool member) {
     }
     return SetInline(page, member);
   }
-  const PageNumber bit = page - first;
-  std::byte& byte = row[kMapHead + bit / 8];
-  const std::byte mask{static_cast<std::uint8_t>(1u << (bit % 8))};
-  byte = member ? byte | mask : byte & ~mask;
+  SetBit(row + kMapHead, page - first, member);
   return true;
 }
 
@@ -127,17 +129,26 @@ bool UsageMap::Lengthen(PageEdit& page, std::size_t bit) {
   return true;
 }
 
+// The record changes when its bitmaps are complete: at no time is a member missing.
 void UsageMap::ConvertToReferences() {
-  std::vector<PageNumber> members;
-  for (auto page = Next(0); page; page = Next(*page + 1)) members.push_back(*page);
-  {
-    const MapRecord record(pager_, record_, kMapOwner);
-    PageEdit edit = pager_.Modify(record_.page);
-    std::byte* row = edit.data() + record.offset();
-    std::memset(row, 0, record.size());
-    Store8(row, kReferenceMap);
+  std::vector<PageNumber> bitmaps(MapRecord(pager_, record_, kMapOwner).reference_count());
+  for (auto page = Next(0); page; page = Next(*page + 1)) {
+    const std::size_t index = *page / kPagesPerBitmap;
+    if (index >= bitmaps.size()) ThrowTooShort();
+    if (bitmaps[index] == 0) bitmaps[index] = NewBitmapPage(pager_).number();
+    SetBit(pager_.Modify(bitmaps[index]).data() + kBitmapHead, *page % kPagesPerBitmap, true);
   }
-  for (const PageNumber page : members) SetReferenced(page, true);
+  const MapRecord record(pager_, record_, kMapOwner);
+  PageEdit edit = pager_.Modify(record_.page);
+  std::byte* row = edit.data() + record.offset();
+  std::memset(row, 0, record.size());
+  Store8(row, kReferenceMap);
+  for (std::size_t i = 0; i < bitmaps.size(); ++i) Store32(row + 1 + 4 * i, bitmaps[i]);
+}
+
+void UsageMap::ThrowTooShort() const {
+  ThrowDamaged(pager_.path(), {record_.page, record_.slot},
+               "The usage map is too short for the pages of this file.");
 }
 
 void UsageMap::SetReferenced(PageNumber page, bool member) {
@@ -148,10 +159,7 @@ void UsageMap::SetReferenced(PageNumber page, bool member) {
     if (index < record.reference_count()) bitmap = record.reference(index);
     if (bitmap >= pager_.page_count()) bitmap = 0;
     if (bitmap == 0 && !member) return;
-    if (index >= record.reference_count()) {
-      ThrowDamaged(pager_.path(), {record_.page, record_.slot},
-                   "The usage map is too short for the pages of this file.");
-    }
+    if (index >= record.reference_count()) ThrowTooShort();
   }
   if (bitmap == 0) {
     bitmap = NewBitmapPage(pager_).number();
@@ -160,11 +168,7 @@ void UsageMap::SetReferenced(PageNumber page, bool member) {
     Store32(edit.data() + record.offset() + 1 + 4 * index, bitmap);
   }
   ReadBitmapPage(pager_, bitmap);
-  PageEdit edit = pager_.Modify(bitmap);
-  const std::size_t bit = page % kPagesPerBitmap;
-  std::byte& byte = edit.data()[kBitmapHead + bit / 8];
-  const std::byte mask{static_cast<std::uint8_t>(1u << (bit % 8))};
-  byte = member ? byte | mask : byte & ~mask;
+  SetBit(pager_.Modify(bitmap).data() + kBitmapHead, page % kPagesPerBitmap, member);
 }
 
 }  // namespace jet

@@ -28,6 +28,7 @@ class UsageMap {
   bool Lengthen(PageEdit& page, std::size_t bit);
   void ConvertToReferences();
   void SetReferenced(PageNumber page, bool member);
+  [[noreturn]] void ThrowTooShort() const;
 
   Pager& pager_;
   RowId record_;

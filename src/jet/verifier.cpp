@@ -140,7 +140,15 @@ void Verifier::VerifyTable(const CatalogEntry& entry) {
         index.columns.size(), [this](PageNumber page, const std::string& text) {
           Report({page, -1}, text);
         }));
-    Try([&] { walk.checkers[i]->Walk([&](PageNumber page) { Reach(page, use); }); });
+    Try([&] {
+      const UsageMap pages(pager_, index.usage_map);
+      walk.checkers[i]->Walk([&](PageNumber page) {
+        Reach(page, use);
+        if (!pages.Contains(page)) {
+          Report({page, -1}, "An index uses a page that its map does not name.");
+        }
+      });
+    });
   }
   ReachLongValuePages(walk);
   WalkRows(walk);

@@ -408,6 +408,27 @@ std::span<const Row> DatabaseMessageRows() {
        "The definition counts <Count> rows, but there are <Found>."},
       {2448, "Der letzte AutoWert ist <Last>, aber eine Zeile hat <Found>.",
        "The last AutoNumber is <Last>, but a row has <Found>."},
+      // What contradicts itself while something is written.
+      {2449, "Die Seite ist als frei verzeichnet, wird aber benutzt.",
+       "The page is marked free, but it is in use."},
+      {2450, "Die Seite ist als frei verzeichnet, war aber bis jetzt in Benutzung.",
+       "The page is marked free, but it was in use until now."},
+      {2451,
+       "Nichts wurde geschrieben. Lassen Sie \"ovformula db verify\" zeigen, was noch beschädigt "
+       "ist, und stellen Sie die Datei aus einer Sicherung wieder her.",
+       "Nothing was written. Let \"ovformula db verify\" show what else is damaged, and restore the "
+       "file from a backup."},
+      {2452, "Ein Index benutzt eine Seite, die seine Karte nicht nennt.",
+       "An index uses a page that its map does not name."},
+      {2453, "Die Zeile liegt auf einer Seite, die ihrer Tabelle oder Spalte nicht gehört.",
+       "The row lies on a page that its table or column does not own."},
+      {2454, "Zwei Indizes haben dieselben Seiten.", "Two indexes have the same pages."},
+      {2455,
+       "Die Spalte <Column> der Tabelle hat eine Größe, Skalierung oder Art, die ihr Typ nicht "
+       "haben kann.",
+       "Column <Column> of the table has a size, scale or kind that its type cannot have."},
+      {2456, "Die Spalte <Column> der Tabelle liegt auf dem Platz einer anderen.",
+       "Column <Column> of the table lies on the place of another."},
   });
   return kRows;
 }

@@ -6,8 +6,12 @@
 #include <cstdlib>
 #include <map>
 #include <random>
+#include <span>
 
+#include "jet/data_page.h"
 #include "jet/database.h"
+#include "jet/header_page.h"
+#include "jet/usage_map_record.h"
 #include "tests/jet/plant_tables.h"
 #include "tests/jet/samples.h"
 
@@ -140,6 +144,73 @@ TEST(Damage, SenselessBoundsOfARowAreReported) {
     EXPECT_THROW(database->OpenTable("Items").Update(id, {}), Error) << bounds;
     EXPECT_FALSE(database->Verify().ok()) << bounds;
   }
+}
+
+// The position of a page's bit in the file's map of free pages, which is a bitmap in its record.
+std::pair<std::size_t, unsigned char> FreeBit(std::string& bytes, PageNumber page) {
+  const std::byte* header = std::as_bytes(std::span(bytes)).data();
+  const RowId record = HeaderFreeMap(header);
+  const std::size_t begin =
+      record.page * kPageSize + GetSlot(header + record.page * kPageSize, record.slot).begin;
+  const std::size_t bit = page - Load32(header + begin + 1);
+  return {begin + kMapHead + bit / 8, static_cast<unsigned char>(1u << (bit % 8))};
+}
+
+// Every page in use is marked free, one at a time: whoever needs pages is told before it is given
+// away, or when he releases it, and the file stays as it was.
+TEST(Damage, AUsedPageThatIsMarkedFreeIsNotGivenAway) {
+  files::MemoryFileSystem system;
+  const std::string path = "/items.mdb";
+  const auto add = [](Database& database, int from, int to) {
+    Transaction transaction(database);
+    Table& table = database.OpenTable("Items");
+    for (int i = from; i < to; ++i) {
+      AddItem(table, std::string(200, 'i') + std::to_string(i), std::string(9000, 'n'));
+    }
+    transaction.Commit();
+  };
+  {
+    const auto database = Database::Create(system, path);
+    database->CreateTable(ItemsSpec());
+    add(*database, 0, 50);
+  }
+  const std::string whole = system.Get(path);
+  const auto pages = static_cast<PageNumber>(whole.size() / kPageSize);
+  std::size_t used = 0;
+  for (PageNumber page = 2; page < pages; ++page) {
+    std::string wrong = whole;
+    const auto [at, mask] = FreeBit(wrong, page);
+    if ((static_cast<unsigned char>(wrong[at]) & mask) != 0) continue;
+    wrong[at] = static_cast<char>(static_cast<unsigned char>(wrong[at]) | mask);
+    ++used;
+    for (const bool adds : {true, false}) {
+      SCOPED_TRACE(page);
+      system.Put(path, wrong);
+      const auto database = Database::Open(system, path);
+      bool told = false;
+      try {
+        if (adds) {
+          add(*database, 50, 60);
+        } else {
+          Transaction transaction(*database);
+          Table& table = database->OpenTable("Items");
+          RowBuffer row;
+          Scan scan = table.OpenScan();
+          while (scan.Next(row)) table.Delete(row.id());
+          transaction.Commit();
+        }
+      } catch (const Error& error) {
+        told = true;
+        EXPECT_EQ(error.kind(), ErrorKind::kDamaged);
+        EXPECT_EQ(error.place().page, page);
+        EXPECT_NE(std::string(error.what()).find("ovformula db verify"), std::string::npos);
+        EXPECT_EQ(system.Get(path), wrong);
+      }
+      // Deleting releases only what held the rows.
+      EXPECT_TRUE(told || !adds);
+    }
+  }
+  EXPECT_GT(used, 150u);
 }
 
 // The same with writing: a change of a damaged table succeeds or is refused, and a refused change

@@ -121,6 +121,20 @@ class Parts {
     const std::size_t bit = page - Load32(record + 1);
     record[kMapHead + bit / 8] ^= std::byte{1} << (bit % 8);
   }
+  // Takes all pages but the root out of an index's map.
+  void ForgetPages(const PhysicalIndex& index) {
+    std::byte* record = Row(index.usage_map);
+    std::fill_n(record + kMapHead, kNewMapSize - kMapHead, std::byte{0});
+    FlipMember(index.usage_map, index.root);
+  }
+  // Changes the first letter of a row's item.
+  void ChangeItem() {
+    const RowId id = Find(data, kSlotLive);
+    const Slot slot = GetSlot(Page(id.page), id.slot);
+    RowView view;
+    view.Parse({Row(id), std::size_t{slot.end} - slot.begin});
+    Row(id)[view.Bytes(items.columns[1])->data() - Row(id) + 2] = std::byte{'z'};
+  }
 
   TableDefinition items;
   std::vector<PageNumber> data;         // pages of its rows
@@ -186,6 +200,8 @@ TEST(Verify, NamesWhatIsDamaged) {
        [](Parts& p) { p.FlipMember(p.items.free_map, p.long_values[0]); }},
       {"is marked free, but used for Items, rows",
        [](Parts& p) { p.FlipMember(HeaderFreeMap(p.Page(0)), p.data[0]); }},
+      {"An index uses a page that its map does not name.",
+       [](Parts& p) { p.ForgetPages(p.items.physical[1]); }},
       {"there are",  // fewer rows than counted
        [](Parts& p) { p.FlipMember(p.items.owned_map, p.data[1]); }},
       {"which another value uses too", [](Parts& p) { Copy(p.LongValue(0), p.LongValue(1), 8); }},
@@ -213,6 +229,56 @@ TEST(Verify, NamesWhatIsDamaged) {
     const std::string faults = Faults(*Database::Open(system, kPath));
     EXPECT_NE(faults.find(c.says), std::string::npos) << faults;
     EXPECT_EQ(faults.find("MSys"), std::string::npos) << faults;
+  }
+}
+
+// What rows, indexes and maps disagree about is not changed: nothing is written.
+TEST(Damaged, IsNotWrittenInto) {
+  const struct {
+    const char* says;
+    std::function<void(Parts&)> damage;
+  } kCases[] = {
+      {"has no entry of this row", [](Parts& p) { p.ChangeItem(); }},
+      {"its table or column does not own",
+       [](Parts& p) {
+         const RowId value = RowId::FromReference(Load32(p.LongValue(0) + 4));
+         p.FlipMember(p.items.long_values.front().owned, value.page);
+       }},
+      {"its map does not name", [](Parts& p) { p.ForgetPages(p.items.physical[1]); }},
+      {"The usage map is used twice.",
+       [](Parts& p) {
+         Copy(p.Definition() + kDefinitionOwnedMapOffset, p.Definition() + kDefinitionFreeMapOffset,
+              4);
+       }},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.says);
+    Parts parts;
+    c.damage(parts);
+    files::MemoryFileSystem system;
+    system.Put(kPath, parts.bytes());
+    const auto database = Database::Open(system, kPath);
+    EXPECT_NE(Faults(*database), "");
+    try {
+      Transaction transaction(*database);
+      Table& table = database->OpenTable("Items");
+      AddItem(table, "new", "");
+      std::vector<RowId> rows;
+      RowBuffer row;
+      for (Scan scan = table.OpenScan(); scan.Next(row);) rows.push_back(row.id());
+      for (const RowId id : rows) {
+        const std::string other = "other" + std::to_string(id.Reference());
+        const ColumnValue values[] = {{1, Value::Text(other)}};
+        table.Update(id, values);
+      }
+      for (const RowId id : rows) table.Delete(id);
+      transaction.Commit();
+      ADD_FAILURE() << "written";
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::kDamaged);
+      EXPECT_NE(std::string(error.what()).find(c.says), std::string::npos) << error.what();
+    }
+    EXPECT_EQ(system.Get(kPath), parts.bytes());
   }
 }
 
