@@ -209,24 +209,28 @@ platform::RowBlock JetRecordset::ReadRows(std::int32_t count,
     cursor_->MoveToEnd();
     return result;
   }
-  const RowIds& all = cursor_->All();
+  const RowList& all = cursor_->All();
   std::size_t place = cursor_->Place();
   const std::size_t left = all.size() - place;
   result.Reserve(count < 0 ? left : std::min(left, static_cast<std::size_t>(count)));
-  std::optional<std::size_t> held;  // place of the row that the buffers hold
-  for (; place < all.size() && count != 0; ++place) {
+  std::vector<jet::RowId> held;  // the row that the buffers hold
+  while (place < all.size() && count != 0) {
     bool alive = true;
-    for (std::size_t table = 0; table < all.width && alive; ++table) {
+    for (std::size_t table = 0; table < all.width() && alive; ++table) {
       const jet::RowId id = all[place][table];
       // One row of a table stands in many rows of a join, often one after the other.
-      if (held && all[*held][table] == id) continue;
+      if (!held.empty() && held[table] == id) continue;
       alive = query_->tables()[table]->Read(id, needed.Of(table), rows[table]);
     }
-    held.reset();
-    if (!alive) continue;
-    held = place;
-    if (!query_->Passes({rows.get(), all.width})) continue;
+    held.clear();
+    if (alive) held.assign(all[place].begin(), all[place].end());
+    if (!alive || !query_->Passes({rows.get(), all.width()})) {
+      // The rows behind it move up: blocks read one after the other have each row once.
+      cursor_->RemoveAt(place);
+      continue;
+    }
     append();
+    ++place;
     if (count > 0) --count;
   }
   if (place < all.size()) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "recordset/row_cursor.h"
 
-#include <algorithm>
 #include <cassert>
 
 namespace recordset {
@@ -12,9 +11,7 @@ void RowCursor::Restart() {
   state_ = State::kUnread;
   place_.reset();
   rows_ = {};
-  rows_.width = query_.tables().size();
   all_ = false;
-  stored_order_ = 0;
 }
 
 void RowCursor::Resolve() {
@@ -38,29 +35,8 @@ void RowCursor::Resolve() {
 
 void RowCursor::FindAll() {
   if (all_) return;
-  rows_ = FindRows(query_, MakePlan(query_));
+  rows_ = RowList(FindRows(query_, MakePlan(query_)));
   all_ = true;
-  stored_order_ = 0;
-  if (rows_.width == 1) {
-    const auto end = std::is_sorted_until(rows_.ids.begin(), rows_.ids.end());
-    stored_order_ = static_cast<std::size_t>(end - rows_.ids.begin());
-  }
-}
-
-std::optional<std::size_t> RowCursor::Locate(std::span<const RowId> row) const {
-  std::size_t from = 0;
-  if (stored_order_ != 0) {
-    const auto end = rows_.ids.begin() + static_cast<std::ptrdiff_t>(stored_order_);
-    const auto found = std::lower_bound(rows_.ids.begin(), end, row.front());
-    if (found != end && *found == row.front()) {
-      return static_cast<std::size_t>(found - rows_.ids.begin());
-    }
-    from = stored_order_;
-  }
-  for (std::size_t place = from; place < rows_.size(); ++place) {
-    if (std::ranges::equal(rows_[place], row)) return place;
-  }
-  return std::nullopt;
 }
 
 void RowCursor::SetPlace(std::size_t place) {
@@ -95,17 +71,15 @@ std::size_t RowCursor::Place() {
   Resolve();
   if (place_ && all_) return *place_;
   FindAll();
-  if (!place_) place_ = Locate(current_);
+  if (!place_) place_ = rows_.Find(current_);
   if (!place_) {
     // Others added the row since the rows were found, or took it away.
     all_ = false;
     FindAll();
-    place_ = Locate(current_);
+    place_ = rows_.Find(current_);
   }
   if (!place_) {
-    const auto end = rows_.ids.begin() + static_cast<std::ptrdiff_t>(stored_order_);
-    const auto next = std::lower_bound(rows_.ids.begin(), end, current_.front());
-    place_ = rows_.width == 1 ? static_cast<std::size_t>(next - rows_.ids.begin()) : rows_.size();
+    place_ = rows_.width() == 1 ? rows_.PlaceInOrder(current_) : rows_.size();
     state_ = State::kRemoved;
   }
   return *place_;
@@ -113,12 +87,12 @@ std::size_t RowCursor::Place() {
 
 std::optional<std::size_t> RowCursor::PlaceOf(std::span<const RowId> row) {
   FindAll();
-  return Locate(row);
+  return rows_.Find(row);
 }
 
 std::size_t RowCursor::Count() { return All().size(); }
 
-const RowIds& RowCursor::All() {
+const RowList& RowCursor::All() {
   FindAll();
   return rows_;
 }
@@ -208,18 +182,18 @@ void RowCursor::MoveToFound(RowId row) {
 void RowCursor::Add(RowId row) {
   MoveToFound(row);
   if (!all_) return;
-  rows_.ids.push_back(row);
+  rows_.Append(row);
   place_ = rows_.size() - 1;
 }
 
 void RowCursor::Remove() {
   const std::size_t place = Place();
-  const auto begin = rows_.ids.begin() + static_cast<std::ptrdiff_t>(place * rows_.width);
-  if (state_ == State::kRow) {
-    rows_.ids.erase(begin, begin + static_cast<std::ptrdiff_t>(rows_.width));
-    if (place < stored_order_) --stored_order_;
-  }
-  state_ = State::kRemoved;
+  if (state_ == State::kRow) RemoveAt(place);
+}
+
+void RowCursor::RemoveAt(std::size_t place) {
+  rows_.Erase(place);
+  if (place_ == place) state_ = State::kRemoved;
 }
 
 }  // namespace recordset

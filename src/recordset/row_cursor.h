@@ -9,7 +9,7 @@
 
 #include "jet/page.h"
 #include "recordset/query.h"
-#include "recordset/query_run.h"
+#include "recordset/row_list.h"
 
 namespace recordset {
 
@@ -58,7 +58,7 @@ class RowCursor {
   // Number of rows; finds all of them.
   std::size_t Count();
   // All rows; finds them.
-  const RowIds& All();
+  const RowList& All();
   bool FoundAll() const { return all_; }
   // On the first row, and no other is known to stand before it.
   bool OnFirst();
@@ -67,6 +67,8 @@ class RowCursor {
   void Add(jet::RowId row);
   // Takes the current row out.
   void Remove();
+  // Takes the row at a place out, the current one or one behind it.
+  void RemoveAt(std::size_t place);
 
  private:
   enum class State : std::uint8_t {
@@ -81,16 +83,14 @@ class RowCursor {
   void Resolve();  // leaves kUnread
   void FindAll();
   void SetPlace(std::size_t place);
-  std::optional<std::size_t> Locate(std::span<const jet::RowId> row) const;
 
   const Query& query_;
   State state_ = State::kUnread;
   std::vector<jet::RowId> current_;
   std::optional<std::size_t> place_;  // of current_, when it is known
   bool first_alone_ = false;          // current_ was looked up as the first row
-  RowIds rows_;
-  bool all_ = false;              // rows_ holds all rows
-  std::size_t stored_order_ = 0;  // that many rows of rows_ are in rising order
+  RowList rows_;
+  bool all_ = false;  // rows_ holds all rows
 };
 
 }  // namespace recordset

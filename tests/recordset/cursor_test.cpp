@@ -2,6 +2,7 @@
 // Positions, filters, searches and blocks of rows.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -305,6 +306,41 @@ TEST_F(CursorTest, ARowThatOthersDeletedIsShownAndNotChanged) {
   EXPECT_EQ(ErrorOf([&] { rs->Fields("VBAlias").SetValue("New"); }), platform::kErrRowDeleted);
   rs->MoveNext();
   EXPECT_EQ(Name(*rs), "Charlie");
+}
+
+// As a grid reads: the places of a block are those that the next one goes on from.
+TEST_F(CursorTest, BlocksHaveEachRowOnceWhateverOthersDelete) {
+  for (int i = 0; i < 200; ++i) db_.AddAlias("Item", "More" + std::to_string(i));
+  for (const char* gone : {"ID = 2", "ID < 60", "ID > 3", "VBAlias > 'More5'"}) {
+    SCOPED_TRACE(gone);
+    for (const char* source : {"TvbfAlias", "SELECT * FROM TvbfAlias ORDER BY VBAlias"}) {
+      db_.connection()->BeginTrans();
+      auto rs = db_.Open(source);
+      rs->MoveLast();
+      auto other = db_.Open(source);
+      other->SetFilter(gone);
+      while (!other->EOF_()) {
+        other->Delete();
+        other->MoveNext();
+      }
+      const std::string expected = RowsText(*db_.Open(source), {"ID"});
+      std::string read;
+      for (std::int32_t first = 1; first <= rs->RecordCount();) {
+        rs->SetAbsolutePosition(first);
+        const platform::RowBlock block = rs->GetRows(7, {"ID"});
+        for (std::size_t row = 0; row < block.RowCount(); ++row) {
+          read += (read.empty() ? "" : " ") + block.At(0, row).ToText();
+        }
+        first += static_cast<std::int32_t>(block.RowCount());
+      }
+      EXPECT_EQ(read, expected);
+      EXPECT_EQ(rs->RecordCount(),
+                std::ssize(expected) == 0 ? 0 : 1 + std::ranges::count(expected, ' '));
+      rs->Close();
+      other->Close();
+      db_.connection()->RollbackTrans();
+    }
+  }
 }
 
 TEST_F(CursorTest, CountsFromTheDefinitionUntilItWalks) {
