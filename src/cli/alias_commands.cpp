@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // ovformula alias ...
-#include <unordered_set>
-
 #include "cli/commands.h"
 #include "cli/project_session.h"
-#include "platform/text.h"
+#include "store/alias_proposals.h"
 
 namespace cli {
 
@@ -36,17 +34,14 @@ std::vector<store::AliasValues> GivenAliases(Invocation& invocation) {
 
 // Proposes the aliases that are missing, each free of those before it.
 void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
-  std::unordered_set<std::string> taken;
+  store::AliasProposals proposals(session.operations());
   for (store::AliasValues& alias : values) {
     if (session.Interrupted()) throw Interrupted();
     if (alias.vb_alias.empty()) {
-      const std::string proposed = session.operations().ProposeAlias(alias.item_id);
-      alias.vb_alias = proposed;
-      for (int i = 1; taken.contains(platform::FoldCase(alias.vb_alias)); ++i) {
-        alias.vb_alias = proposed + std::to_string(i);
-      }
+      alias.vb_alias = proposals.Propose(alias.item_id);
+    } else {
+      proposals.Take(alias.vb_alias);
     }
-    taken.insert(platform::FoldCase(alias.vb_alias));
   }
 }
 

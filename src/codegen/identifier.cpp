@@ -144,9 +144,17 @@ bool IsReservedWord(std::string_view word) {
 
 std::string FirstFreeName(const std::string& name,
                           const std::function<bool(const std::string& candidate)>& is_taken) {
-  std::string candidate = name;
-  for (int counter = 1; is_taken(candidate); ++counter) candidate = name + std::to_string(counter);
-  return candidate;
+  int number = 0;
+  return FirstFreeName(name, is_taken, number);
+}
+
+std::string FirstFreeName(const std::string& name,
+                          const std::function<bool(const std::string& candidate)>& is_taken,
+                          int& number) {
+  for (;; ++number) {
+    std::string candidate = number == 0 ? name : name + std::to_string(number);
+    if (!is_taken(candidate)) return candidate;
+  }
 }
 
 std::size_t CharacterCount(std::string_view text) {

@@ -55,6 +55,10 @@ bool IsReservedWord(std::string_view word);
 // The name, or the name followed by the first of 1, 2, 3, ... that makes it free.
 std::string FirstFreeName(const std::string& name,
                           const std::function<bool(const std::string& candidate)>& is_taken);
+// The same from a number on, 0 for the name alone; `number` becomes that of the result.
+std::string FirstFreeName(const std::string& name,
+                          const std::function<bool(const std::string& candidate)>& is_taken,
+                          int& number);
 
 // Number of characters of a UTF-8 text.
 std::size_t CharacterCount(std::string_view text);

@@ -12,6 +12,7 @@
 
 #include "codegen/identifier.h"
 #include "platform/text.h"
+#include "store/alias_proposals.h"
 #include "tests/support/formula_project.h"
 
 namespace store {
@@ -587,6 +588,14 @@ TEST(NameProposalTest, AliasesAreUniqueAsInANaiveModel) {
   std::mt19937 random(7);
   std::map<std::string, std::int32_t> model;  // folded name
   const char* const kItems[] = {"a.b", "A/B", "1x", "Ä", "ä", "a_b1", "a_b2", "_x", "x"};
+  const auto first_free = [&](const std::string& clean, std::int32_t own) {
+    std::string free = clean;
+    for (int n = 1;; ++n) {
+      const auto found = model.find(platform::FoldCase(free));
+      if (found == model.end() || (own != 0 && found->second == own)) return free;
+      free = clean + std::to_string(n);
+    }
+  };
   for (int i = 0; i < 200; ++i) {
     const std::string item = kItems[random() % std::size(kItems)];
     std::int32_t own = 0;
@@ -594,12 +603,7 @@ TEST(NameProposalTest, AliasesAreUniqueAsInANaiveModel) {
       own = std::next(model.begin(), static_cast<int>(random() % model.size()))->second;
     }
     const std::string clean = codegen::CleanIdentifier(item);
-    std::string expected = clean;
-    for (int n = 1;; ++n) {
-      const auto found = model.find(platform::FoldCase(expected));
-      if (found == model.end() || found->second == own) break;
-      expected = clean + std::to_string(n);
-    }
+    const std::string expected = first_free(clean, own);
     std::string cleaned = item;
     ASSERT_EQ(project.open->code.VBConformItemName(cleaned, own), expected) << item;
     ASSERT_EQ(cleaned, clean);
@@ -609,6 +613,18 @@ TEST(NameProposalTest, AliasesAreUniqueAsInANaiveModel) {
     }
   }
   EXPECT_GT(model.size(), 20u);
+  // Many at once, some of them named by the caller.
+  AliasProposals proposals(project.operations());
+  for (int i = 0; i < 200; ++i) {
+    const std::string item = kItems[random() % std::size(kItems)];
+    const std::string expected = first_free(codegen::CleanIdentifier(item), 0);
+    if (random() % 4 == 0) {
+      proposals.Take(expected);
+    } else {
+      ASSERT_EQ(proposals.Propose(item), expected);
+    }
+    model[platform::FoldCase(expected)] = 0;
+  }
 }
 
 }  // namespace
