@@ -416,7 +416,8 @@ std::span<const Row> DatabaseMessageRows() {
       {2451,
        "Nichts wurde geschrieben. Lassen Sie \"ovformula db verify\" zeigen, was noch beschädigt "
        "ist, und stellen Sie die Datei aus einer Sicherung wieder her.",
-       "Nothing was written. Let \"ovformula db verify\" show what else is damaged, and restore the "
+       "Nothing was written. Let \"ovformula db verify\" show what else is damaged, and restore "
+       "the "
        "file from a backup."},
       {2452, "Ein Index benutzt eine Seite, die seine Karte nicht nennt.",
        "An index uses a page that its map does not name."},
