@@ -11,6 +11,7 @@
 #include "jet/data_page.h"
 #include "jet/database.h"
 #include "jet/header_page.h"
+#include "jet/table_definition.h"
 #include "jet/usage_map_record.h"
 #include "tests/jet/plant_tables.h"
 #include "tests/jet/samples.h"
@@ -211,6 +212,61 @@ TEST(Damage, AUsedPageThatIsMarkedFreeIsNotGivenAway) {
     }
   }
   EXPECT_GT(used, 150u);
+}
+
+// A definition whose values would lead reading or writing astray is refused when it is read.
+TEST(Damage, DefinitionsAreBounded) {
+  files::MemoryFileSystem system;
+  const std::string path = "/types.mdb";
+  TableSpec spec;
+  spec.name = "Types";
+  spec.columns = {{"Number", ColumnType::kLong, 0, true},
+                  {"Text", ColumnType::kText},
+                  {"Other", ColumnType::kText},
+                  {"Real", ColumnType::kDouble},
+                  {"Memo", ColumnType::kMemo},
+                  {"Guid", ColumnType::kGuid},
+                  {"Decimal", ColumnType::kDecimal}};
+  auto database = Database::Create(system, path);
+  const std::size_t page = database->CreateTable(spec).definition_page();
+  database.reset();
+  const std::string whole = system.Get(path);
+  constexpr const char* kUnsound = "has a size, scale or kind that its type cannot have";
+  constexpr const char* kSamePlace = "lies on the place of another";
+  const struct {
+    std::size_t column, offset;
+    std::uint8_t value;
+    const char* says;
+  } kCases[] = {
+      {6, 12, 255, kUnsound},                             // scale
+      {6, 12, 28, nullptr},                               // the largest
+      {6, 11, 29, kUnsound},                              // precision
+      {1, 24, 2, kUnsound},                               // a text of more than 510 bytes
+      {1, 15, kColumnAutoNumber, kUnsound},               // numbers for texts
+      {3, 15, kColumnFixed | kColumnAutoGuid, kUnsound},  // GUIDs for numbers
+      {4, 15, kColumnFixed, kUnsound},                    // a memo in the fixed area
+      {3, 22, 0x0F, nullptr},                             // at the end of the largest row
+      {3, 22, 0x10, kUnsound},                            // behind it
+      {3, 21, 2, kSamePlace},                             // over the number
+      {2, 7, 0, kSamePlace},                              // the place of the first text
+      {0, 0, static_cast<std::uint8_t>(ColumnType::kGuid), kUnsound},  // numbers for GUIDs
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(std::to_string(c.column) + ", " + std::to_string(c.offset));
+    std::string damaged = whole;
+    damaged[page * kPageSize + kDefinitionCountersOffset + c.column * kColumnRecordSize +
+            c.offset] = static_cast<char>(c.value);
+    system.Put(path, damaged);
+    database = Database::Open(system, path);
+    try {
+      database->OpenTable("Types");
+      EXPECT_EQ(c.says, nullptr);
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::kDamaged);
+      ASSERT_NE(c.says, nullptr) << error.what();
+      EXPECT_NE(std::string(error.what()).find(c.says), std::string::npos) << error.what();
+    }
+  }
 }
 
 // The same with writing: a change of a damaged table succeeds or is refused, and a refused change
