@@ -438,6 +438,23 @@ TEST_F(OperationsTest, RefusesNamesOfTypesAndElements) {
   EXPECT_EQ(operations().AddFormula({"emode", "PumpServer.CTank"}).text_id, 1105);
 }
 
+TEST_F(OperationsTest, MovesOntoASubOnlyIfItCanBeAFormula) {
+  const auto move = [&](const char* declaration) {
+    project_.PutCode("CTank", std::string(declaration) + "\r\nEnd Sub\r\n");
+    return Edit(1, [](auto& v) { v.prog_id = "PumpServer.CTank"; });
+  };
+  const std::pair<const char*, std::int32_t> kRefused[] = {{"Public Sub FillTank(x)", 1114},
+                                                           {"Private Sub FillTank()", 1115}};
+  for (const auto& [declaration, text] : kRefused) {
+    const std::string before = project_.Code("CPump");
+    EXPECT_EQ(move(declaration).text_id, text);
+    EXPECT_EQ(Formula(1).prog_id, kClass);
+    EXPECT_EQ(project_.Code("CPump"), before);
+    EXPECT_EQ(project_.Code("CTank"), std::string(declaration) + "\r\nEnd Sub\r\n");
+  }
+  EXPECT_EQ(Do(move("Sub FillTank()")).warnings.size(), 2u);
+}
+
 TEST_F(OperationsTest, AbsentCodeIsAWarningAndNoProjectARefusal) {
   project_.PutCode("CPump", "Option Explicit\r\n");
   const OperationResult result = Do(Edit(1, [](auto& v) { v.comment = "c", v.name = "Fill"; }));
