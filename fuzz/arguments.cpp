@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <map>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -29,7 +30,8 @@ void Require(bool condition) {
 int Call(files::FileSystem& system, const Words& words, const std::string& input) {
   std::istringstream in(input);
   std::ostringstream out, err;
-  cli::Console console{in, out, err, system};
+  cli::Console console{
+      .in = in, .out = out, .err = err, .files = system, .environment = {}, .program_folder = {}};
   console.environment = [](const std::string&) { return std::string(); };
   return cli::Run(words, console);
 }
@@ -53,7 +55,8 @@ void ParseAll(const Words& words) {
   std::istringstream in;
   std::ostringstream out, err;
   files::MemoryFileSystem system;
-  cli::Console console{in, out, err, system};
+  cli::Console console{
+      .in = in, .out = out, .err = err, .files = system, .environment = {}, .program_folder = {}};
   const texts::TextTable texts(texts::Language::kEnglish);
   for (const cli::CommandSpec& command : cli::Commands()) {
     Words typed = words;
