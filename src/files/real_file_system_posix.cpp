@@ -296,7 +296,7 @@ void RenameNew(const std::string& from, const std::string& to) {
     return;
   }
   if (errno == EEXIST || ::access(to.c_str(), F_OK) == 0) {
-    Raise(ErrorKind::kExists, to, "cannot be made", "it exists already");
+    Raise(ErrorKind::kExists, to, "cannot be created", "it exists already");
   }
   if (::rename(from.c_str(), to.c_str()) < 0) RaiseErrno(from, failure);
 }

@@ -109,8 +109,8 @@ void MakeVisualBasicProject(files::FileSystem& system, MadeFiles& made, const st
   const std::string folder = system.Folder(vbp_path);
   const std::string class_path = system.Join(folder, std::string(kClassName) + ".cls");
   if (!folder.empty()) system.CreateDirectories(folder);
-  made.Make(class_path, kClassText);  // first: a project names what is there
   made.Make(vbp_path, ToWindows1252(Replaced(kProjectText, name)));
+  made.Make(class_path, kClassText);
 }
 
 }  // namespace workbench
