@@ -53,6 +53,8 @@ TEST(Backups, RestoresAFileThatIsGoneAndTheOldestOfTen) {
   system.Remove("/p/b");
   backups.Restore(backups.List().back(), "2026-11-20 08.00.00");
   EXPECT_EQ(system.Get("/p/b"), "first");
+  EXPECT_EQ(backups.List().size(), Backups::kKept + 1) << "what is put back stays until the next";
+  backups.MakeDaily("2026-11-21", {"/p/a", "/p/b"});
   EXPECT_EQ(backups.List().size(), Backups::kKept);
 }
 
@@ -81,7 +83,7 @@ TEST(Backups, RestoresNothingWhileSomebodyHasTheDatabaseOpen) {
   workbench::MakeProject(system, path, {});
   Backups backups(system, "/state/a");
   backups.MakeDaily("2026-11-20", {path});
-  { jet::Database::Open(system, path)->CreateTable({"More", {{"A", jet::ColumnType::kLong}}}); }
+  { jet::Database::Open(system, path)->CreateTable({"More", {{"A"}}, {}}); }
   const std::string now = system.Get(path);
   const auto refusal = [&] {
     try {
