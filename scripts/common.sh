@@ -7,13 +7,14 @@ jobs=${JOBS:-$(nproc)}
 
 say() { printf '\n== %s\n' "$*" >&2; }
 
-packages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' scripts/packages; }
+# The packages that a list names; scripts/packages unless told otherwise.
+packages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "${1:-scripts/packages}"; }
 
-# Installs the packages of scripts/packages that are missing; says what and why it asks for rights.
+# Installs the packages of a list that are missing; says what and why it asks for rights.
 install_packages() {
   local missing=()
   local name
-  for name in $(packages); do
+  for name in $(packages "$@"); do
     dpkg-query -W -f='${Status}' "$name" 2>/dev/null | grep -q 'install ok installed' || missing+=("$name")
   done
   [ ${#missing[@]} -eq 0 ] && return 0

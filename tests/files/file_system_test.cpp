@@ -3,14 +3,13 @@
 #include "files/file_system.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/xattr.h>
 
 #include <algorithm>
 #include <functional>
 
 #include "files/memory_file_system.h"
 #include "files/replace_file.h"
+#include "link.h"
 #include "temporary_folder.h"
 
 namespace files {
@@ -62,7 +61,7 @@ class FileSystemContract : public testing::TestWithParam<bool> {
 
   void Link(const std::string& target, const std::string& name) {
     if (GetParam()) {
-      std::filesystem::create_symlink(target, At(name));
+      MakeLink(target, At(name));
     } else {
       memory_.MakeLink(target, At(name));
     }
@@ -166,19 +165,6 @@ TEST_P(FileSystemContract, UpdatesAFileThatOthersWriteToo) {
   system().Remove(At("a"));
 }
 
-// Whoever runs the program: it is how version control says that a file is not checked out.
-TEST(RealFileSystem, LeavesAFileAloneThatIsMarkedReadOnly) {
-  const TemporaryFolder folder;
-  const std::string path = folder / "CPump.cls";
-  FileSystem& system = RealFileSystem();
-  ReplaceFile(system, path, "old");
-  ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
-  EXPECT_FALSE(system.IsWritable(path));
-  EXPECT_EQ(KindThrown([&] { system.Open(path, OpenMode::kReadWrite); }), ErrorKind::kReadOnly);
-  EXPECT_EQ(KindThrown([&] { ReplaceFile(system, path, "new"); }), ErrorKind::kReadOnly);
-  EXPECT_EQ(ReadFile(system, path), "old");
-}
-
 TEST_P(FileSystemContract, AnOpenFileOutlivesItsName) {
   Write(At("a"), "old");
   Write(At("new"), "new");
@@ -275,66 +261,6 @@ TEST_P(FileSystemContract, ReplacesWholeFiles) {
   EXPECT_EQ(ReadFile(system(), At("a")), "");
   EXPECT_EQ(system().List(folder_.path()).size(), 1u) << "a temporary file was left";
   EXPECT_EQ(KindThrown([&] { ReplaceFile(system(), At("none/a"), "x"); }), ErrorKind::kNotFound);
-}
-
-TEST(ReplaceFile, KeepsAttributesAndLinks) {
-  const TemporaryFolder folder;
-  FileSystem& system = RealFileSystem();
-  ReplaceFile(system, folder / "real", "one");
-  ASSERT_EQ(::chmod((folder / "real").c_str(), 0640), 0);
-  const bool has_attributes = ::setxattr((folder / "real").c_str(), "user.note", "kept", 4, 0) == 0;
-  std::filesystem::create_symlink("real", folder / "link");
-
-  ReplaceFile(system, folder / "link", "two");
-
-  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
-  EXPECT_EQ(ReadFile(system, folder / "real"), "two");
-  struct stat info;
-  ASSERT_EQ(::stat((folder / "real").c_str(), &info), 0);
-  EXPECT_EQ(info.st_mode & 07777, 0640u);
-  if (has_attributes) {
-    char value[8] = {};
-    EXPECT_EQ(::getxattr((folder / "real").c_str(), "user.note", value, sizeof value), 4);
-    EXPECT_STREQ(value, "kept");
-  }
-}
-
-mode_t Mode(const std::string& path) {
-  struct stat info = {};
-  EXPECT_EQ(::stat(path.c_str(), &info), 0) << path;
-  return info.st_mode & 07777;
-}
-
-// Whatever the user's mask is: what is made beside a file lets in whom that one does.
-TEST(RealFileSystem, MakesFilesLikeAnother) {
-  const TemporaryFolder folder;
-  FileSystem& system = RealFileSystem();
-  ReplaceFile(system, folder / "database", "d");
-  for (const mode_t mask : {0022, 0077, 0000}) {
-    for (const mode_t mode : {0600, 0664, 0640}) {
-      SCOPED_TRACE(testing::Message() << std::oct << mask << " " << mode);
-      ASSERT_EQ(::chmod((folder / "database").c_str(), mode), 0);
-      const mode_t own = ::umask(mask);
-      system.OpenLike(folder / "one", OpenMode::kCreateNew, folder / "database");
-      system.OpenLike(folder / "two", OpenMode::kCreateOrOpen, folder / "database");
-      ReplaceFile(system, folder / "three", "x", folder / "database");
-      system.Open(folder / "four", OpenMode::kCreateNew);
-      ::umask(own);
-      for (const char* name : {"one", "two", "three"}) EXPECT_EQ(Mode(folder / name), mode) << name;
-      EXPECT_EQ(Mode(folder / "four"), 0666 & ~mask);
-      for (const char* name : {"one", "two", "three", "four"}) system.Remove(folder / name);
-    }
-  }
-}
-
-TEST(RealFileSystem, RefusesWhatIsNoRegularFile) {
-  const TemporaryFolder folder;
-  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-  for (const std::string& path : {folder / "pipe", folder.path()}) {
-    EXPECT_EQ(KindThrown([&] { RealFileSystem().Open(path, OpenMode::kRead); }),
-              ErrorKind::kNotAFile)
-        << path;
-  }
 }
 
 TEST(MemoryFileSystem, RefusesAsAProtectedOrFullMediumDoes) {

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Real processes on real files: killed at any time, many at once, and large commits.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -15,6 +11,7 @@
 #include "files/replace_file.h"
 #include "project_change.h"
 #include "temporary_folder.h"
+#include "tests/support/child_process.h"
 
 namespace files {
 namespace {
@@ -22,33 +19,18 @@ namespace {
 // The nightly run takes the long way.
 int Rounds(int quick, int full) { return std::getenv("OV_LONG") != nullptr ? full : quick; }
 
-pid_t InChild(const std::function<int()>& work) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    int status = 99;
-    try {
-      status = work();
-    } catch (const std::exception& error) {
-      std::fprintf(stderr, "child: %s\n", error.what());
-    }
-    ::_exit(status);
-  }
-  return child;
-}
-
-int WaitFor(pid_t child) {
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
+using support::Arguments;
+using support::ChildProcess;
 
 // A database of three pages and two files, all of which hold one number.
 class NumberedProject {
  public:
-  explicit NumberedProject(const TemporaryFolder& folder)
-      : database_(folder / "plant.ovs"), files_{folder / "CPump.cls", folder / "CValve.cls"} {
-    ReplaceFile(database_, Page(0) + Page(0) + Page(0));
-    for (const std::string& path : files_) ReplaceFile(path, "0");
+  explicit NumberedProject(const std::string& folder)
+      : database_(folder + "/plant.ovs"), files_{folder + "/CPump.cls", folder + "/CValve.cls"} {}
+
+  void Create() const {
+    CreateFile(database_, Page(0) + Page(0) + Page(0));
+    for (const std::string& path : files_) CreateFile(path, "0");
   }
 
   const std::string& database() const { return database_; }
@@ -84,7 +66,7 @@ class NumberedProject {
     return page;
   }
 
-  static void ReplaceFile(const std::string& path, const std::string& contents) {
+  static void CreateFile(const std::string& path, const std::string& contents) {
     RealFileSystem().Open(path, OpenMode::kCreateNew)->WriteAt(0, Bytes(contents));
   }
 
@@ -93,22 +75,60 @@ class NumberedProject {
   std::vector<std::string> files_;
 };
 
+// Increments without an end.
+const support::Work increment("increment", [](const Arguments& arguments) -> int {
+  FileSystem& system = RealFileSystem();
+  const NumberedProject project(arguments[0]);
+  const auto file = system.Open(project.database(), OpenMode::kReadWrite);
+  ChangeJournal journal(system, project.database(), kAnyFile);
+  support::Tell();
+  for (;;) project.Increment(journal, *file);
+});
+
+// Increments so many times, together with others.
+const support::Work increment_among_others(
+    "increment-among-others", [](const Arguments& arguments) {
+      FileSystem& system = RealFileSystem();
+      const NumberedProject project(arguments[0]);
+      const auto file = system.Open(project.database(), OpenMode::kReadWrite);
+      for (int left = std::stoi(arguments[1]); left > 0;) {
+        ChangeJournal journal(system, project.database(), kAnyFile);
+        try {
+          for (; left > 0; --left) project.Increment(journal, *file);
+        } catch (const Error& error) {
+          if (error.kind() != ErrorKind::kLocked && error.kind() != ErrorKind::kConflict) throw;
+          support::Sleep(200);
+        }
+      }
+      return 0;
+    });
+
+const support::Work recover("recover", [](const Arguments& arguments) {
+  const NumberedProject project(arguments[0]);
+  for (;;) {
+    try {
+      Recover(RealFileSystem(), project.database(), kAnyFile);
+      return project.Number().has_value() ? 0 : 1;
+    } catch (const Error& error) {
+      if (error.kind() != ErrorKind::kLocked) throw;
+      support::Sleep(200);
+    }
+  }
+});
+
 TEST(Processes, KilledAtAnyTimeLeaveOneState) {
   const TemporaryFolder folder;
-  const NumberedProject project(folder);
+  const NumberedProject project(folder.path());
+  project.Create();
   FileSystem& system = RealFileSystem();
   std::mt19937 random(11);
   int recovered = 0;
   for (int round = 0; round < Rounds(25, 2000); ++round) {
-    const pid_t child = InChild([&] {
-      const auto file = system.Open(project.database(), OpenMode::kReadWrite);
-      ChangeJournal journal(system, project.database(), kAnyFile);
-      for (;;) project.Increment(journal, *file);
-      return 0;
-    });
-    ::usleep(1000 + random() % 40'000);
-    ::kill(child, SIGKILL);
-    ASSERT_EQ(WaitFor(child), -SIGKILL);
+    ChildProcess child("increment", {folder.path()});
+    ASSERT_TRUE(child.Hear());
+    support::Sleep(1000 + random() % 40'000);
+    child.Kill();
+    ASSERT_EQ(child.Wait(), ChildProcess::kKilled);
     if (Recover(system, project.database(), kAnyFile).condition != JournalCondition::kNone)
       ++recovered;
     ASSERT_TRUE(project.Number().has_value()) << "round " << round;
@@ -120,30 +140,40 @@ TEST(Processes, KilledAtAnyTimeLeaveOneState) {
 
 TEST(Processes, ThatCommitAtOnceLoseNothing) {
   const TemporaryFolder folder;
-  const NumberedProject project(folder);
-  FileSystem& system = RealFileSystem();
+  const NumberedProject project(folder.path());
+  project.Create();
   constexpr int kProcesses = 3;
   const int increments = Rounds(20, 500);
-  std::vector<pid_t> children;
+  std::vector<ChildProcess> children;
   for (int i = 0; i < kProcesses; ++i) {
-    children.push_back(InChild([&] {
-      const auto file = system.Open(project.database(), OpenMode::kReadWrite);
-      for (int done = 0; done < increments;) {
-        ChangeJournal journal(system, project.database(), kAnyFile);
-        try {
-          for (; done < increments; ++done) project.Increment(journal, *file);
-        } catch (const Error& error) {
-          if (error.kind() != ErrorKind::kLocked && error.kind() != ErrorKind::kConflict) throw;
-          ::usleep(200);
-        }
-      }
-      return 0;
-    }));
+    children.emplace_back("increment-among-others",
+                          Arguments{folder.path(), std::to_string(increments)});
   }
-  for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
+  for (ChildProcess& child : children) EXPECT_EQ(child.Wait(), 0);
   EXPECT_EQ(project.Number(), kProcesses * increments);
-  EXPECT_EQ(system.List(folder.path()).size(), 3u);
+  EXPECT_EQ(RealFileSystem().List(folder.path()).size(), 3u);
 }
+
+// Adds lines to a class, each with the name of its database.
+const support::Work add_lines("add-lines", [](const Arguments& arguments) {
+  const std::string &folder = arguments[0], &name = arguments[1];
+  const std::string path = RealFileSystem().Join(folder, "CShared.cls");
+  FileSystem& system = RealFileSystem();
+  ChangeJournal journal(system, system.Join(folder, name + ".ovs"), kAnyFile);
+  for (int done = 0; done < std::stoi(arguments[2]);) {
+    try {
+      const std::string before = ReadFile(system, path);
+      ChangeSet changes;
+      changes.files.push_back(
+          {path, before, before + "line " + name + "-" + std::to_string(done) + "\n"});
+      journal.Commit(changes);
+      ++done;
+    } catch (const Error& error) {
+      if (error.kind() != ErrorKind::kConflict) throw;
+    }
+  }
+  return 0;
+});
 
 // Each of them knows its own database only.
 TEST(Processes, WhoseDatabasesShareAClassLoseNothingOfIt) {
@@ -153,28 +183,13 @@ TEST(Processes, WhoseDatabasesShareAClassLoseNothingOfIt) {
   ReplaceFile(system, path, "Option Explicit\n");
   constexpr int kProcesses = 3;
   const int lines = Rounds(40, 1000);
-  std::vector<pid_t> children;
+  std::vector<ChildProcess> children;
   for (int i = 0; i < kProcesses; ++i) {
     const std::string name = std::to_string(i);
     ReplaceFile(system, folder / (name + ".ovs"), "d");
-    children.push_back(InChild([&] {
-      ChangeJournal journal(system, folder / (name + ".ovs"), kAnyFile);
-      for (int done = 0; done < lines;) {
-        try {
-          const std::string before = ReadFile(system, path);
-          ChangeSet changes;
-          changes.files.push_back(
-              {path, before, before + "line " + name + "-" + std::to_string(done) + "\n"});
-          journal.Commit(changes);
-          ++done;
-        } catch (const Error& error) {
-          if (error.kind() != ErrorKind::kConflict) throw;
-        }
-      }
-      return 0;
-    }));
+    children.emplace_back("add-lines", Arguments{folder.path(), name, std::to_string(lines)});
   }
-  for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
+  for (ChildProcess& child : children) EXPECT_EQ(child.Wait(), 0);
   const std::string text = ReadFile(system, path);
   for (int i = 0; i < kProcesses * lines; ++i) {
     const std::string line =
@@ -185,36 +200,19 @@ TEST(Processes, WhoseDatabasesShareAClassLoseNothingOfIt) {
 }
 
 TEST(Processes, ThatRecoverAtOnceDoNotDisturbEachOther) {
-  FileSystem& system = RealFileSystem();
   for (int round = 0; round < Rounds(10, 300); ++round) {
     const TemporaryFolder folder;
-    const NumberedProject project(folder);
+    NumberedProject(folder.path()).Create();
     // One that is stopped in its commit and killed: the project is left in between.
-    const pid_t child = InChild([&] {
-      const auto file = system.Open(project.database(), OpenMode::kReadWrite);
-      ChangeJournal journal(system, project.database(), kAnyFile);
-      for (;;) project.Increment(journal, *file);
-      return 0;
-    });
-    ::usleep(1000 + 300 * static_cast<unsigned>(round % 10));
-    ::kill(child, SIGKILL);
-    WaitFor(child);
-    std::vector<pid_t> children;
-    for (int i = 0; i < 3; ++i) {
-      children.push_back(InChild([&] {
-        for (;;) {
-          try {
-            Recover(system, project.database(), kAnyFile);
-            return project.Number().has_value() ? 0 : 1;
-          } catch (const Error& error) {
-            if (error.kind() != ErrorKind::kLocked) throw;
-            ::usleep(200);
-          }
-        }
-      }));
-    }
-    for (const pid_t each : children) EXPECT_EQ(WaitFor(each), 0) << "round " << round;
-    EXPECT_EQ(system.List(folder.path()).size(), 3u);
+    ChildProcess stopped("increment", {folder.path()});
+    ASSERT_TRUE(stopped.Hear());
+    support::Sleep(300 * static_cast<unsigned>(round % 10));
+    stopped.Kill();
+    stopped.Wait();
+    std::vector<ChildProcess> children;
+    for (int i = 0; i < 3; ++i) children.emplace_back("recover", Arguments{folder.path()});
+    for (ChildProcess& child : children) EXPECT_EQ(child.Wait(), 0) << "round " << round;
+    EXPECT_EQ(RealFileSystem().List(folder.path()).size(), 3u);
   }
 }
 
@@ -239,36 +237,34 @@ class StreamedPages final : public RangeSource {
   std::string after_;
 };
 
+constexpr std::uint64_t kPages = 10'000;
+
+const support::Work commit_large("commit-large", [](const Arguments& arguments) {
+  const long before = support::PeakMemory();
+  FileSystem& system = RealFileSystem();
+  const auto file = system.Open(arguments[0], OpenMode::kReadWrite);
+  StreamedPages pages(*file, kPages);
+  ChangeSet changes;
+  changes.ranges.push_back(&pages);
+  {
+    ChangeJournal journal(system, arguments[0], kAnyFile);
+    journal.Commit(changes);
+  }
+  const long grown = support::PeakMemory() - before;
+  std::fprintf(stderr, "40 MB committed with %ld KiB more memory\n", grown);
+  return before > 0 && grown < 8192 ? 0 : 1;
+});
+
 TEST(Processes, CommitTenThousandPagesInBoundedMemory) {
   const TemporaryFolder folder;
   const std::string database = folder / "large.ovs";
-  constexpr std::uint64_t kPages = 10'000;
   FileSystem& system = RealFileSystem();
   {
     const auto file = system.Open(database, OpenMode::kCreateNew);
     const std::string chunk(100 * kPage, '0');
     for (std::uint64_t i = 0; i < kPages / 100; ++i) file->WriteAt(i * chunk.size(), Bytes(chunk));
   }
-  const auto peak_kib = [] {
-    struct rusage usage;
-    ::getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-  };
-  EXPECT_EQ(WaitFor(InChild([&] {
-              const long before = peak_kib();
-              const auto file = system.Open(database, OpenMode::kReadWrite);
-              StreamedPages pages(*file, kPages);
-              ChangeSet changes;
-              changes.ranges.push_back(&pages);
-              {
-                ChangeJournal journal(system, database, kAnyFile);
-                journal.Commit(changes);
-              }
-              const long grown = peak_kib() - before;
-              std::fprintf(stderr, "40 MB committed with %ld KiB more memory\n", grown);
-              return grown < 8192 ? 0 : 1;
-            })),
-            0);
+  EXPECT_EQ(ChildProcess("commit-large", {database}).Wait(), 0);
   const auto file = system.Open(database, OpenMode::kRead);
   EXPECT_EQ(file->Size(), kPages * kPage);
   std::string last(1, ' ');

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <string>
 
 // A folder of the real file system for one test, removed with all that is in it at its end.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "files-test-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) std::abort();
-    path_ = name;
+    std::random_device random;
+    do {
+      path_ = std::filesystem::temp_directory_path() / ("files-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
     std::error_code ignored;
@@ -22,9 +21,11 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  const std::string& path() const { return path_; }
-  std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+  std::string path() const { return path_.string(); }
+  std::string operator/(const std::string& name) const {
+    return (path_ / std::filesystem::path(std::u8string(name.begin(), name.end()))).string();
+  }
 
  private:
-  std::string path_;
+  std::filesystem::path path_;
 };
