@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "files/real_file_system.h"
 
-#include <filesystem>
 #include <utility>
 
 namespace files {
@@ -64,19 +63,6 @@ void RaiseSystem(const std::error_code& code, const std::string& path, std::stri
 
 namespace {
 
-namespace fs = std::filesystem;
-
-fs::path ToPath(std::string_view utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
-
-std::string FromPath(const fs::path& path) {
-  const std::u8string utf8 = path.u8string();
-  return std::string(utf8.begin(), utf8.end());
-}
-
-void Check(const std::error_code& code, const std::string& path, std::string_view failure) {
-  if (code) os::RaiseSystem(code, path, failure);
-}
-
 class OperatingSystemFiles final : public FileSystem {
  public:
   std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
@@ -88,36 +74,17 @@ class OperatingSystemFiles final : public FileSystem {
 
   std::uint64_t NameCount(const std::string& path) override { return os::NameCount(path); }
 
-  bool Exists(const std::string& path) override {
-    std::error_code code;
-    return fs::exists(ToPath(path), code);
-  }
+  bool Exists(const std::string& path) override { return os::Exists(path); }
 
-  bool IsDirectory(const std::string& path) override {
-    std::error_code code;
-    return fs::is_directory(ToPath(path), code);
-  }
+  bool IsDirectory(const std::string& path) override { return os::IsFolder(path); }
 
   std::optional<FileStamp> Stamp(const std::string& path) override { return os::StampOf(path); }
 
   std::vector<DirectoryEntry> List(const std::string& folder) override {
-    std::error_code code;
-    std::vector<DirectoryEntry> entries;
-    fs::directory_iterator it(ToPath(folder.empty() ? "." : folder), code);
-    for (; !code && it != fs::directory_iterator(); it.increment(code)) {
-      std::error_code vanished;  // an entry may go while we look; it is listed all the same
-      entries.push_back(
-          {FromPath(it->path().filename()), it->is_directory(vanished), it->is_symlink(vanished)});
-    }
-    Check(code, folder, "cannot be listed");
-    return entries;
+    return os::ListFolder(folder.empty() ? "." : folder);
   }
 
-  void Rename(const std::string& from, const std::string& to) override {
-    std::error_code code;
-    fs::rename(ToPath(from), ToPath(to), code);
-    Check(code, from, "cannot be renamed to " + to);
-  }
+  void Rename(const std::string& from, const std::string& to) override { os::RenameFile(from, to); }
 
   void RenameNew(const std::string& from, const std::string& to) override {
     os::RenameNew(from, to);
@@ -127,29 +94,15 @@ class OperatingSystemFiles final : public FileSystem {
     return os::Exchange(one, other);
   }
 
-  void Remove(const std::string& path) override {
-    std::error_code code;
-    const bool removed = fs::remove(ToPath(path), code);
-    if (!code && !removed) code = std::make_error_code(std::errc::no_such_file_or_directory);
-    Check(code, path, "cannot be removed");
-  }
+  void Remove(const std::string& path) override { os::RemoveName(path); }
 
-  void CreateDirectories(const std::string& folder) override {
-    std::error_code code;
-    fs::create_directories(ToPath(folder), code);
-    Check(code, folder, "cannot be created");
-  }
+  void CreateDirectories(const std::string& folder) override { os::CreateFolders(folder); }
 
   void SyncDirectory(const std::string& folder) override {
     os::SyncFolder(folder.empty() ? "." : folder);
   }
 
-  std::string Canonical(const std::string& path) override {
-    std::error_code code;
-    const fs::path canonical = fs::canonical(ToPath(path), code);
-    Check(code, path, "cannot be found");
-    return FromPath(canonical);
-  }
+  std::string Canonical(const std::string& path) override { return os::CanonicalPath(path); }
 
   bool IsWritable(const std::string& path) override { return os::MayWrite(path); }
 
@@ -159,19 +112,15 @@ class OperatingSystemFiles final : public FileSystem {
 
   std::string Join(std::string_view folder, std::string_view name) const override {
     std::string path(folder);
-    if (!path.empty() && os::Separators().find(path.back()) == std::string_view::npos) {
+    if (!path.empty() && !os::TakesNameAtOnce(path)) {
       path += os::Separators().front();
     }
     return path.append(name);
   }
 
-  std::string Folder(std::string_view path) const override {
-    return FromPath(ToPath(path).parent_path());
-  }
+  std::string Folder(std::string_view path) const override { return os::FolderOf(path); }
 
-  std::string FileName(std::string_view path) const override {
-    return FromPath(ToPath(path).filename());
-  }
+  std::string FileName(std::string_view path) const override { return os::FileNameOf(path); }
 };
 
 }  // namespace

@@ -6,7 +6,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "files/file_system.h"
 
@@ -25,6 +27,13 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
 bool IsLink(const std::string& path);
 std::uint64_t NameCount(const std::string& path);
 std::optional<FileStamp> StampOf(const std::string& path);
+bool Exists(const std::string& path);
+bool IsFolder(const std::string& path);
+std::vector<DirectoryEntry> ListFolder(const std::string& folder);
+void RenameFile(const std::string& from, const std::string& to);
+void RemoveName(const std::string& path);
+void CreateFolders(const std::string& folder);
+std::string CanonicalPath(const std::string& path);
 void RenameNew(const std::string& from, const std::string& to);
 bool Exchange(const std::string& one, const std::string& other);
 void SyncFolder(const std::string& folder);
@@ -33,5 +42,9 @@ void CopyFileAttributes(const std::string& from, const std::string& to);
 
 // Characters that separate the names of a path; the first is used to join.
 std::string_view Separators();
+// Whether a name is put behind the folder without a separator.
+bool TakesNameAtOnce(std::string_view folder);
+std::string FolderOf(std::string_view path);
+std::string FileNameOf(std::string_view path);
 
 }  // namespace files::os

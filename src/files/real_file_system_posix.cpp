@@ -342,4 +342,6 @@ void CopyFileAttributes(const std::string& from, const std::string& to) {
 
 std::string_view Separators() { return "/"; }
 
+bool TakesNameAtOnce(std::string_view folder) { return folder.ends_with('/'); }
+
 }  // namespace files::os

@@ -1,188 +1,16 @@
 // SPDX-License-Identifier: MIT
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#define WIN32_LEAN_AND_MEAN
-#include <windows.h>
+#include "files/real_file_system.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <utility>
+#include <optional>
 #include <vector>
 
-#include "files/real_file_system.h"
+#include "files/windows_handle.h"
+#include "files/windows_path.h"
 
 namespace files::os {
 namespace {
 
-std::wstring Wide(const std::string& utf8) {
-  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
-}
-
-[[noreturn]] void RaiseLast(const std::string& path, std::string_view failure) {
-  const DWORD last = ::GetLastError();
-  if (last == ERROR_SHARING_VIOLATION || last == ERROR_LOCK_VIOLATION) {
-    Raise(ErrorKind::kLocked, path, failure, "another program uses it");
-  }
-  RaiseSystem(std::error_code(static_cast<int>(last), std::system_category()), path, failure);
-}
-
-class Handle {
- public:
-  explicit Handle(HANDLE handle) : handle_(handle) {}
-  ~Handle() {
-    if (valid()) ::CloseHandle(handle_);
-  }
-  Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
-  Handle(const Handle&) = delete;
-  Handle& operator=(const Handle&) = delete;
-  Handle& operator=(Handle&&) = delete;
-  HANDLE get() const { return handle_; }
-  bool valid() const { return handle_ != INVALID_HANDLE_VALUE; }
-
- private:
-  HANDLE handle_;
-};
-
-std::uint64_t Join(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
-DWORD Low(std::uint64_t value) { return static_cast<DWORD>(value); }
-DWORD High(std::uint64_t value) { return static_cast<DWORD>(value >> 32); }
-
-FileStamp StampOfHandle(HANDLE handle, const std::string& path) {
-  BY_HANDLE_FILE_INFORMATION info;
-  if (!::GetFileInformationByHandle(handle, &info)) RaiseLast(path, "cannot be examined");
-  // File times count 100 ns since 1601-01-01.
-  constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
-  const auto ticks = static_cast<std::int64_t>(
-      Join(info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime));
-  return {Join(info.nFileSizeHigh, info.nFileSizeLow), (ticks - kUnixEpoch) * 100,
-          Join(info.nFileIndexHigh, info.nFileIndexLow)};
-}
-
-OVERLAPPED At(std::uint64_t offset) {
-  OVERLAPPED place = {};
-  place.Offset = Low(offset);
-  place.OffsetHigh = High(offset);
-  return place;
-}
-
-class WindowsFile final : public RandomAccessFile {
- public:
-  WindowsFile(Handle handle, std::string path, bool read_only)
-      : handle_(std::move(handle)), path_(std::move(path)), read_only_(read_only) {}
-
-  const std::string& path() const override { return path_; }
-  bool read_only() const override { return read_only_; }
-
-  std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
-    std::size_t done = 0;
-    while (done < out.size()) {
-      OVERLAPPED place = At(offset + done);
-      DWORD count = 0;
-      if (!::ReadFile(handle_.get(), out.data() + done, Step(out.size() - done), &count, &place)) {
-        if (::GetLastError() == ERROR_HANDLE_EOF) break;
-        RaiseLast(path_, "cannot be read");
-      }
-      if (count == 0) break;
-      done += count;
-    }
-    return done;
-  }
-
-  void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
-    while (!data.empty()) {
-      OVERLAPPED place = At(offset);
-      DWORD count = 0;
-      if (!::WriteFile(handle_.get(), data.data(), Step(data.size()), &count, &place)) {
-        RaiseLast(path_, "cannot be written");
-      }
-      offset += count;
-      data = data.subspan(count);
-    }
-  }
-
-  std::uint64_t Size() override {
-    LARGE_INTEGER size;
-    if (!::GetFileSizeEx(handle_.get(), &size)) RaiseLast(path_, "cannot be examined");
-    return static_cast<std::uint64_t>(size.QuadPart);
-  }
-
-  void Truncate(std::uint64_t size) override {
-    FILE_END_OF_FILE_INFO end;
-    end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
-    if (!::SetFileInformationByHandle(handle_.get(), FileEndOfFileInfo, &end, sizeof end)) {
-      RaiseLast(path_, "cannot be set to another size");
-    }
-  }
-
-  void Sync() override {
-    if (!::FlushFileBuffers(handle_.get())) RaiseLast(path_, "cannot be written to the medium");
-  }
-
-  FileStamp Stamp() override { return StampOfHandle(handle_.get(), path_); }
-
-  bool TryLock(std::uint64_t offset, std::uint64_t length, LockMode mode) override {
-    // The system adds a second lock of the same handle instead of replacing the first.
-    const auto own = std::find(own_.begin(), own_.end(), std::pair(offset, length));
-    if (own != own_.end()) Unlock(offset, length);
-    if (!Lock(offset, length, mode)) return false;
-    own_.emplace_back(offset, length);
-    return true;
-  }
-
-  void Unlock(std::uint64_t offset, std::uint64_t length) override {
-    const auto own = std::find(own_.begin(), own_.end(), std::pair(offset, length));
-    if (own == own_.end()) return;
-    own_.erase(own);
-    Release(offset, length);
-  }
-
-  // Bytes that this object holds itself are passed over.
-  bool IsLockedByOthers(std::uint64_t offset, std::uint64_t length) override {
-    std::sort(own_.begin(), own_.end());
-    const std::uint64_t end = offset + length;
-    for (const auto& [own_offset, own_length] : own_) {
-      if (own_offset + own_length <= offset || own_offset >= end) continue;
-      if (own_offset > offset && IsTaken(offset, own_offset - offset)) return true;
-      offset = own_offset + own_length;
-    }
-    return offset < end && IsTaken(offset, end - offset);
-  }
-
- private:
-  static DWORD Step(std::size_t count) {
-    constexpr std::size_t kMost = 1 << 30;
-    return static_cast<DWORD>(std::min(count, kMost));
-  }
-
-  bool Lock(std::uint64_t offset, std::uint64_t length, LockMode mode) {
-    OVERLAPPED place = At(offset);
-    const DWORD flags = LOCKFILE_FAIL_IMMEDIATELY |
-                        (mode == LockMode::kExclusive ? DWORD{LOCKFILE_EXCLUSIVE_LOCK} : DWORD{0});
-    if (::LockFileEx(handle_.get(), flags, 0, Low(length), High(length), &place)) return true;
-    const DWORD last = ::GetLastError();
-    if (last == ERROR_LOCK_VIOLATION || last == ERROR_IO_PENDING) return false;
-    RaiseLast(path_, "cannot be locked");
-  }
-
-  void Release(std::uint64_t offset, std::uint64_t length) {
-    OVERLAPPED place = At(offset);
-    if (!::UnlockFileEx(handle_.get(), 0, Low(length), High(length), &place)) {
-      RaiseLast(path_, "cannot be unlocked");
-    }
-  }
-
-  bool IsTaken(std::uint64_t offset, std::uint64_t length) {
-    if (!Lock(offset, length, LockMode::kExclusive)) return true;
-    Release(offset, length);
-    return false;
-  }
-
-  Handle handle_;
-  std::string path_;
-  bool read_only_;
-  std::vector<std::pair<std::uint64_t, std::uint64_t>> own_;  // offset and length
-};
+constexpr DWORD kAnyFolder = FILE_FLAG_BACKUP_SEMANTICS;
 
 DWORD Disposition(OpenMode mode) {
   switch (mode) {
@@ -197,101 +25,151 @@ DWORD Disposition(OpenMode mode) {
   return OPEN_EXISTING;
 }
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+// The access list of a file as the system keeps it, inherited entries included; empty on a medium
+// without permissions.
+std::vector<std::byte> PermissionsOf(const std::wstring& path) {
+  std::vector<std::byte> descriptor(256);
+  DWORD needed = 0;
+  while (!::GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor.data(),
+                             static_cast<DWORD>(descriptor.size()), &needed)) {
+    if (::GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed <= descriptor.size()) return {};
+    descriptor.resize(needed);
+  }
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  ::GetSecurityDescriptorControl(descriptor.data(), &control, &revision);
+  if ((control & SE_DACL_AUTO_INHERITED) != 0) {
+    // Who sets a list says so again, or its entries no longer follow the folder's.
+    ::SetSecurityDescriptorControl(descriptor.data(), SE_DACL_AUTO_INHERIT_REQ,
+                                   SE_DACL_AUTO_INHERIT_REQ);
+  }
+  return descriptor;
+}
+
+// Who may write the file but not its permissions keeps those that it has.
+void CopyPermissions(const std::wstring& from, const std::wstring& to) {
+  std::vector<std::byte> descriptor = PermissionsOf(from);
+  if (descriptor.empty()) return;
+  ::SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, descriptor.data());
+}
+
+bool CopyStream(const std::wstring& from, const std::wstring& to) {
+  const Handle source(
+      ::CreateFileW(from.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  const Handle target(
+      ::CreateFileW(to.c_str(), GENERIC_WRITE, kShareAll, nullptr, CREATE_ALWAYS, 0, nullptr));
+  if (!source.valid() || !target.valid()) return false;
+  std::vector<std::byte> block(std::size_t{1} << 16);
+  for (;;) {
+    DWORD count = 0, written = 0;
+    if (!::ReadFile(source.get(), block.data(), static_cast<DWORD>(block.size()), &count,
+                    nullptr)) {
+      return false;
+    }
+    if (count == 0) return true;
+    if (!::WriteFile(target.get(), block.data(), count, &written, nullptr)) return false;
+  }
+}
+
+// What other programs keep beside a file's contents, such as where it was downloaded from.
+void CopyStreams(const std::wstring& from, const std::wstring& to, const std::string& from_path) {
+  WIN32_FIND_STREAM_DATA stream;
+  const HANDLE search = ::FindFirstStreamW(from.c_str(), FindStreamInfoStandard, &stream, 0);
+  if (search == INVALID_HANDLE_VALUE) return;  // none, or a medium without streams
+  bool copied = true;
+  do {
+    const std::wstring name = stream.cStreamName;
+    if (name != L"::$DATA") copied = CopyStream(from + name, to + name) && copied;
+  } while (::FindNextStreamW(search, &stream));
+  ::FindClose(search);
+  if (!copied) RaiseLast(PlainPath(to), "cannot be given the attributes of " + from_path);
+}
 
 }  // namespace
 
-// New files take their permissions from their folder.
 std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode,
-                                           const std::string& /*like*/) {
+                                           const std::string& like) {
   const bool read_only = mode == OpenMode::kRead;
-  if (!read_only && IsLink(path)) {
+  const bool creates = mode == OpenMode::kCreateNew || mode == OpenMode::kCreateOrOpen;
+  if (creates) CheckNewName(path);
+  if (!read_only && mode != OpenMode::kCreateNew && IsLink(path)) {
     Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
   }
+  std::vector<std::byte> permissions;
+  if (creates && !like.empty()) permissions = PermissionsOf(SystemPath(like));
+  SECURITY_ATTRIBUTES security = {sizeof security, permissions.data(), FALSE};
   const DWORD access = read_only ? GENERIC_READ : (GENERIC_READ | GENERIC_WRITE);
-  Handle handle(::CreateFileW(Wide(path).c_str(), access, kShareAll, nullptr, Disposition(mode),
-                              FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!handle.valid()) RaiseLast(path, "cannot be opened");
+  const std::wstring system_path = SystemPath(path);
+  Handle handle(INVALID_HANDLE_VALUE);
+  const DWORD code = Retry(
+      [&]() -> DWORD {
+        handle = Handle(::CreateFileW(system_path.c_str(), access, kShareAll,
+                                      permissions.empty() ? nullptr : &security, Disposition(mode),
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+        return handle.valid() ? ERROR_SUCCESS : ::GetLastError();
+      },
+      // A file that somebody removes while it is open refuses even to be looked at.
+      [&](DWORD last) {
+        return last == ERROR_ACCESS_DENIED && (AttributesOf(path) != INVALID_FILE_ATTRIBUTES ||
+                                               ::GetLastError() != ERROR_ACCESS_DENIED);
+      });
+  if (!handle.valid()) {
+    if (code == ERROR_ACCESS_DENIED && IsFolder(path)) {
+      Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
+    }
+    RaiseCode(code, path, "cannot be opened");
+  }
   if (::GetFileType(handle.get()) != FILE_TYPE_DISK) {
     Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is not a regular file");
   }
-  return std::make_unique<WindowsFile>(std::move(handle), path, read_only);
+  return MakeFile(std::move(handle), path, read_only);
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {
-  const Handle handle(::CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const Handle handle = OpenExisting(path, FILE_READ_ATTRIBUTES, kAnyFolder);
   if (!handle.valid()) return std::nullopt;
   return StampOfHandle(handle.get(), path);
 }
 
-// Placeholders of synchronised folders are marked like links but are files.
-bool IsLink(const std::string& path) {
-  WIN32_FIND_DATAW found;
-  const HANDLE search = ::FindFirstFileW(Wide(path).c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return false;
-  ::FindClose(search);
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
-          found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
-}
-
-std::uint64_t NameCount(const std::string& path) {
-  const Handle handle(::CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  BY_HANDLE_FILE_INFORMATION info;
-  return handle.valid() && ::GetFileInformationByHandle(handle.get(), &info) ? info.nNumberOfLinks
-                                                                             : 0;
-}
-
-void RenameNew(const std::string& from, const std::string& to) {
-  if (::MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), 0)) return;
-  RaiseLast(from, "cannot be renamed to " + to);
-}
-
-// The system replaces a file and keeps what it replaced under a third name.
-bool Exchange(const std::string& one, const std::string& other) {
-  const std::wstring first = Wide(one), second = Wide(other), third = Wide(one + kExchanging);
-  constexpr DWORD kKeepGoing = REPLACEFILE_IGNORE_MERGE_ERRORS;
-  if (!::ReplaceFileW(second.c_str(), first.c_str(), third.c_str(), kKeepGoing, nullptr, nullptr)) {
-    const DWORD last = ::GetLastError();
-    if (last == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) {
-      ::MoveFileExW(third.c_str(), second.c_str(), 0);
-    }
-    if (last == ERROR_INVALID_FUNCTION || last == ERROR_NOT_SUPPORTED) return false;
-    ::SetLastError(last);
-    RaiseLast(one, "cannot be exchanged with " + other);
-  }
-  if (!::MoveFileExW(third.c_str(), first.c_str(), 0)) {
-    RaiseLast(one + kExchanging, "cannot be renamed to " + one);
-  }
-  return true;
-}
-
 // The system writes names with the file's own flush; a folder's handle is flushed where allowed.
 void SyncFolder(const std::string& folder) {
-  const Handle handle(::CreateFileW(Wide(folder).c_str(), GENERIC_WRITE, kShareAll, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const Handle handle = OpenExisting(folder, GENERIC_WRITE, kAnyFolder);
   if (handle.valid()) {
     ::FlushFileBuffers(handle.get());
-  } else if (::GetFileAttributesW(Wide(folder).c_str()) == INVALID_FILE_ATTRIBUTES) {
+  } else if (AttributesOf(folder) == INVALID_FILE_ATTRIBUTES) {
     RaiseLast(folder, "cannot be opened");
   }
 }
 
+// The attribute of a folder says nothing: permissions do.
 bool MayWrite(const std::string& path) {
-  const DWORD attributes = ::GetFileAttributesW(Wide(path).c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) == 0;
-}
-
-void CopyFileAttributes(const std::string& from, const std::string& to) {
-  const DWORD attributes = ::GetFileAttributesW(Wide(from).c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) RaiseLast(from, "cannot be examined");
-  if (!::SetFileAttributesW(Wide(to).c_str(), attributes)) {
-    RaiseLast(to, "cannot be given the attributes of " + from);
+  try {
+    if (!IsFolder(path) && IsWriteProtected(path)) return false;
+    // Data of a file is to a folder its entries.
+    const Handle handle = OpenExisting(path, FILE_WRITE_DATA, kAnyFolder);
+    return handle.valid() || ::GetLastError() == ERROR_SHARING_VIOLATION;
+  } catch (const Error&) {
+    return false;
   }
 }
 
-std::string_view Separators() { return "\\/"; }
+// What the system's own replacing of a file would carry over. That one takes two steps, between
+// which neither file has the name; so it is done before, and the renaming stays one step.
+void CopyFileAttributes(const std::string& from, const std::string& to) {
+  const std::wstring source = SystemPath(from);
+  const std::wstring target = SystemPath(to);
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!::GetFileAttributesExW(source.c_str(), GetFileExInfoStandard, &data)) {
+    RaiseLast(from, "cannot be examined");
+  }
+  CopyStreams(source, target, from);
+  CopyPermissions(source, target);
+  if (const Handle handle = OpenExisting(to, FILE_WRITE_ATTRIBUTES); handle.valid()) {
+    ::SetFileTime(handle.get(), &data.ftCreationTime, nullptr, nullptr);
+  }
+  if (!::SetFileAttributesW(target.c_str(), data.dwFileAttributes)) {
+    RaiseLast(to, "cannot be given the attributes of " + from);
+  }
+}
 
 }  // namespace files::os
