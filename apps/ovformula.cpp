@@ -1,26 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The command line program.
-#include <atomic>
-#include <csignal>
 #include <cstdlib>
-#include <iostream>
+#include <istream>
+#include <ostream>
 #include <string>
 #include <vector>
 
-#include "apps/terminal.h"
+#include "apps/process.h"
+#include "apps/standard_buffer.h"
 #include "cli/run.h"
 #include "files/real_file_system.h"
 
 namespace {
-
-std::atomic<bool> interrupted = false;
-static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
-
-// The first Ctrl+C asks the operation to stop and put everything back; the second ends at once
-// (the next start recovers).
-void OnInterrupt(int signal) {
-  if (interrupted.exchange(true)) std::_Exit(128 + signal);
-}
 
 std::string Environment(const std::string& name) {
   const char* value = std::getenv(name.c_str());
@@ -30,19 +21,23 @@ std::string Environment(const std::string& name) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
-  std::signal(SIGINT, OnInterrupt);
-  cli::Console console{std::cin,
-                       std::cout,
-                       std::cerr,
+  apps::PrepareProcess();
+  apps::StandardBuffer in_buffer(apps::kStandardInput), out_buffer(apps::kStandardOutput),
+      err_buffer(apps::kStandardError);
+  std::istream in(&in_buffer);
+  std::ostream out(&out_buffer), err(&err_buffer);
+  err.setf(std::ios::unitbuf);
+  cli::Console console{in,
+                       out,
+                       err,
+                       err,
                        files::RealFileSystem(),
-                       apps::IsTerminal(apps::StandardStream::kOut),
-                       apps::IsTerminal(apps::StandardStream::kError),
+                       apps::IsTerminal(apps::kStandardOutput),
+                       apps::IsTerminal(apps::kStandardError),
                        Environment,
                        apps::ProgramFolder(argv[0]),
-                       &interrupted};
-  const int code = cli::Run(std::vector<std::string>(argv + 1, argv + argc), console);
-  std::cout.flush();
-  // A reader that went away or a full disk must not look like success.
-  return code == 0 && !std::cout ? 3 : code;
+                       &apps::CatchInterrupts(),
+                       &in_buffer.failure(),
+                       &out_buffer.failure()};
+  return cli::Run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc), console);
 }

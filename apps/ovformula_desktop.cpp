@@ -11,6 +11,7 @@
 #include <string>
 #include <typeinfo>
 
+#include "apps/process.h"
 #include "desktop/crash_log.h"
 #include "desktop/program.h"
 #include "desktop/reading_options.h"
@@ -139,4 +140,9 @@ class App : public wxApp {
 
 }  // namespace
 
-wxIMPLEMENT_APP(App);
+wxIMPLEMENT_APP_NO_MAIN(App);
+
+int main(int argc, char** argv) {
+  apps::PrepareProcess();
+  return wxEntry(argc, argv);
+}

@@ -11,5 +11,4 @@ function(ov_header_library name header)
   target_include_directories(${name} SYSTEM INTERFACE ${root})
 endfunction()
 
-ov_header_library(cli11 CLI/CLI.hpp)
 ov_header_library(nlohmann_json nlohmann/json.hpp)

@@ -36,7 +36,7 @@ std::vector<store::AliasValues> GivenAliases(Invocation& invocation) {
 void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
   store::AliasProposals proposals(session.operations());
   for (store::AliasValues& alias : values) {
-    if (session.Interrupted()) throw Interrupted();
+    if (session.Interrupted()) throw InterruptedError();
     if (alias.vb_alias.empty()) {
       alias.vb_alias = proposals.Propose(alias.item_id);
     } else {
@@ -70,9 +70,7 @@ int RunEdit(Invocation& invocation) {
 
 int RunDelete(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
-  std::vector<std::int32_t> ids;
-  for (const std::string& name : invocation.Arguments("ALIAS"))
-    ids.push_back(session.Alias(name).id);
+  const auto ids = session.AliasIds(invocation.Arguments("ALIAS"));
   session.Report(session.operations().DeleteAliases(ids, session.MakeOptions()));
   return kDone;
 }

@@ -28,9 +28,8 @@ int RunAdd(Invocation& invocation) {
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
   const std::vector<std::string> names = invocation.Arguments("ALIAS");
   std::vector<store::ArgumentValues> values;
-  values.reserve(names.size());
-  for (const std::string& name : names) {
-    values.push_back({session.Alias(name).id, invocation.Has("--in"), invocation.Has("--out")});
+  for (const std::int32_t id : session.AliasIds(names)) {
+    values.push_back({id, invocation.Has("--in"), invocation.Has("--out")});
   }
   const auto result = session.operations().AddArguments(formula.id, values, session.MakeOptions());
   session.Report(result);
@@ -60,9 +59,7 @@ int RunEdit(Invocation& invocation) {
 int RunDelete(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
-  std::vector<std::int32_t> ids;
-  for (const std::string& name : invocation.Arguments("ALIAS"))
-    ids.push_back(session.Argument(formula, name).id);
+  const auto ids = session.ArgumentIds(formula, invocation.Arguments("ALIAS"));
   session.Report(session.operations().DeleteArguments(ids, session.MakeOptions()));
   return kDone;
 }

@@ -2,6 +2,7 @@
 #include <map>
 
 #include "cli/help.h"
+#include "cli/parser.h"
 
 namespace cli {
 
@@ -20,8 +21,10 @@ std::map<std::string, std::string> SecondWords() {
 }
 
 std::string OptionNames(const CommandSpec& command) {
-  std::string names = "--help --lang";
-  for (const OptionSpec& option : command.options) names += " " + std::string(option.name);
+  std::string names;
+  for (const OptionSpec& option : CommonOptions()) names += std::string(option.name) + " ";
+  for (const OptionSpec& option : command.options) names += std::string(option.name) + " ";
+  names.pop_back();
   return names;
 }
 

@@ -117,7 +117,7 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
     if (text.size() >= kBufferSize || !more) {
       out << text;
       text.clear();
-      if (invocation.Interrupted()) throw Interrupted();
+      if (invocation.Interrupted()) throw InterruptedError();
     }
   }
   out.flush();
@@ -167,7 +167,7 @@ int RunVerify(Invocation& invocation) {
   Progress progress(invocation);
   const jet::VerifyResult result = database->Verify([&](std::uint64_t done, std::uint64_t total) {
     progress.Show(done, total);
-    if (invocation.Interrupted()) throw Interrupted();
+    if (invocation.Interrupted()) throw InterruptedError();
   });
   progress.End();
   std::ostream& out = invocation.console().out;

@@ -51,6 +51,9 @@ int ReportException(Console& console, const texts::TextTable& texts, std::except
     ReportError(console, texts,
                 texts.Text(kTextInternal, {{"<Text>", texts.Translated(failed.what())}}));
     return kFile;
+  } catch (...) {
+    ReportError(console, texts, texts.Text(kTextInternal, {{"<Text>", "?"}}));
+    return kFile;
   }
 }
 

@@ -161,9 +161,7 @@ int RunEdit(Invocation& invocation) {
 
 int RunDelete(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
-  std::vector<std::int32_t> ids;
-  for (const std::string& name : invocation.Arguments("FORMULA"))
-    ids.push_back(session.Formula(name).id);
+  const auto ids = session.FormulaIds(invocation.Arguments("FORMULA"));
   session.Report(session.operations().DeleteFormulas(ids, session.MakeOptions()));
   return kDone;
 }

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/parser.h"
 #include "cli/text_numbers.h"
 
 namespace cli {
@@ -34,8 +35,9 @@ Lines OptionLines(const CommandSpec& command, const texts::TextTable& texts) {
   for (const OptionSpec& option : command.options) {
     lines.emplace_back(OptionForm(option), texts.Text(option.text));
   }
-  lines.emplace_back("--lang de|en", texts.Text(kTextOptLang));
-  lines.emplace_back("--help", texts.Text(kTextOptHelp));
+  for (const OptionSpec& option : CommonOptions()) {
+    lines.emplace_back(OptionForm(option), texts.Text(option.text));
+  }
   return lines;
 }
 
@@ -77,6 +79,16 @@ std::string CommandHelp(const CommandSpec& command, const texts::TextTable& text
   for (const std::string_view example : command.examples)
     text += "  " + std::string(example) + "\n";
   return text;
+}
+
+std::string GroupHelp(std::string_view group, const texts::TextTable& texts) {
+  const std::string prefix = std::string(group) + " ";
+  std::string text;
+  for (const CommandSpec& command : Commands()) {
+    if (!command.path.starts_with(prefix)) continue;
+    text += "  " + Synopsis(command) + "\n      " + texts.Text(command.text) + "\n";
+  }
+  return text.empty() ? text : texts.Text(kTextUsage) + "\n" + text;
 }
 
 }  // namespace cli

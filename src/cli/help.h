@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "cli/command.h"
 #include "texts/text_table.h"
@@ -13,6 +14,8 @@ namespace cli {
 std::string Overview(const texts::TextTable& texts);
 // One command: call, arguments, options, examples.
 std::string CommandHelp(const CommandSpec& command, const texts::TextTable& texts);
+// The commands of a group such as "formula"; "" when there is none.
+std::string GroupHelp(std::string_view group, const texts::TextTable& texts);
 // "ovformula formula add PROJECT.ovs [--name NAME] ...".
 std::string Synopsis(const CommandSpec& command);
 

@@ -17,6 +17,10 @@ int RunHelp(Invocation& invocation) {
     return kDone;
   }
   const CommandSpec* command = FindCommand(path);
+  if (const std::string group = GroupHelp(path, invocation.texts()); !command && !group.empty()) {
+    invocation.console().out << group;
+    return kDone;
+  }
   if (!command) throw UsageError(invocation.Text(kTextUnknownCommand, {{"<Word>", path}}));
   invocation.console().out << CommandHelp(*command, invocation.texts());
   return kDone;

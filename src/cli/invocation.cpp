@@ -3,6 +3,8 @@
 
 #include <charconv>
 
+#include "files/real_file_system.h"
+
 namespace cli {
 
 std::string Invocation::Argument(std::string_view name) const {
@@ -17,12 +19,24 @@ std::vector<std::string> Invocation::Arguments(std::string_view name) {
       all.push_back(value);
       continue;
     }
-    for (std::string line; std::getline(console_.in, line);) {
-      if (line.ends_with('\r')) line.pop_back();
-      if (!line.empty()) all.push_back(line);
-    }
+    for (InputLine& line : InputLines()) all.push_back(std::move(line.text));
   }
   return all;
+}
+
+std::vector<InputLine> Invocation::InputLines() {
+  std::vector<InputLine> lines;
+  std::size_t number = 0;
+  for (std::string line; std::getline(console_.in, line);) {
+    ++number;
+    if (line.ends_with('\r')) line.pop_back();
+    if (!line.empty()) lines.push_back({number, std::move(line)});
+  }
+  if (Interrupted()) throw InterruptedError();
+  if (console_.in_failure && *console_.in_failure) {
+    files::os::RaiseSystem(*console_.in_failure, Text(kTextStandardInput), "cannot be read");
+  }
+  return lines;
 }
 
 bool Invocation::Has(std::string_view option) const { return values_.contains(option); }

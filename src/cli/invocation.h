@@ -2,17 +2,17 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <initializer_list>
-#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "cli/command.h"
 #include "cli/console.h"
+#include "cli/parser.h"
 #include "cli/row_writer.h"
 #include "cli/text_numbers.h"
 #include "texts/text_table.h"
@@ -36,13 +36,24 @@ class CommandError : public std::runtime_error {
   ExitCode code_;
 };
 
+// Raised where Ctrl+C is noticed; ends the call with code 130.
+class InterruptedError : public CommandError {
+ public:
+  InterruptedError() : CommandError(kInterrupted, {}) {}
+};
+
+// A line of standard input that is not empty, and its number.
+struct InputLine {
+  std::size_t number;
+  std::string text;
+};
+
 // One call of a command: its arguments and options, and where its output goes.
 class Invocation {
  public:
-  using Values = std::map<std::string, std::vector<std::string>, std::less<>>;
-
-  Invocation(Console& console, const CommandSpec& command, const texts::TextTable& table)
-      : console_(console), command_(command), texts_(table) {}
+  Invocation(Console& console, const CommandSpec& command, const texts::TextTable& table,
+             Values values)
+      : console_(console), command_(command), texts_(table), values_(std::move(values)) {}
 
   Console& console() { return console_; }
   const CommandSpec& command() const { return command_; }
@@ -52,13 +63,12 @@ class Invocation {
     return texts_.Text(number, values);
   }
 
-  // What the parser found, by argument or option name.
-  void SetValues(Values values) { values_ = std::move(values); }
-
   // Value of an argument, "" when it was left out.
   std::string Argument(std::string_view name) const;
   // All values of a repeatable argument; "-" is replaced by the lines of standard input.
   std::vector<std::string> Arguments(std::string_view name);
+  // The lines of standard input up to its end.
+  std::vector<InputLine> InputLines();
   bool Has(std::string_view option) const;
   // Last value of an option; nothing when it was not given.
   std::optional<std::string> Option(std::string_view option) const;

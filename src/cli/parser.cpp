@@ -1,92 +1,122 @@
 // SPDX-License-Identifier: MIT
 #include "cli/parser.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 
 #include "cli/suggest.h"
+#include "cli/text_numbers.h"
 
 namespace cli {
 
 namespace {
 
-constexpr int kManyValues = 1 << 20;
+using Words = std::vector<std::string>;
 
-// A word that no option or argument takes.
-[[noreturn]] void RaiseExtra(const std::string& word, const Invocation& invocation) {
-  if (!word.starts_with('-')) {
-    throw UsageError(invocation.Text(kTextSurplusArgument, {{"<Word>", word}}));
-  }
-  std::vector<std::string> names = {"--help", "--lang"};
-  for (const OptionSpec& option : invocation.command().options) names.emplace_back(option.name);
-  const std::string nearest = Nearest(word.substr(0, word.find('=')), names);
-  throw UsageError(invocation.Text(nearest.empty() ? kTextUnknownOption : kTextUnknownOptionNear,
-                                   {{"<Word>", word}, {"<Near>", nearest}}));
-}
+constexpr OptionSpec kLanguage{"--lang", "de|en", kTextOptLang};
+constexpr OptionSpec kHelp{"--help", "", kTextOptHelp};
+constexpr OptionSpec kVersion{"--version", "", kTextOptVersion};
+constexpr std::array kCommon = {kLanguage, kHelp};
 
-// The option that stands last without its value.
-std::string OptionWithoutValue(const std::vector<std::string>& words, const CommandSpec& command) {
-  for (auto word = words.rbegin(); word != words.rend(); ++word) {
-    for (const OptionSpec& option : command.options) {
-      if (!option.value.empty() && option.name == *word) return *word;
+bool IsOption(std::string_view word) { return word.size() > 1 && word.starts_with('-'); }
+
+// Reads options of that table, one at a time.
+class OptionReader {
+ public:
+  OptionReader(std::vector<OptionSpec> options, Values& values)
+      : options_(std::move(options)), values_(values) {}
+
+  // Takes the option at `word` and its value, and moves on behind them.
+  std::optional<Complaint> Take(Words::const_iterator& word, Words::const_iterator end) {
+    const std::string given = *word++;
+    const auto equals = given.find('=');
+    const std::string name = given == "-h" ? "--help" : given.substr(0, equals);
+    const auto option = std::find_if(options_.begin(), options_.end(),
+                                     [&](const OptionSpec& known) { return known.name == name; });
+    if (option == options_.end()) return Unknown(given, name);
+    const bool inline_value = equals != std::string::npos;
+    if (option->value.empty()) {
+      if (inline_value) return Complaint{kTextOptionTakesNoValue, name, {}};
+      values_[name] = {""};
+      return std::nullopt;
     }
+    if (!inline_value && word == end) return Complaint{kTextOptionNeedsValue, name, {}};
+    values_[name].push_back(inline_value ? given.substr(equals + 1) : *word++);
+    return std::nullopt;
   }
-  return words.empty() ? std::string() : words.back();
-}
+
+ private:
+  Complaint Unknown(const std::string& given, const std::string& name) const {
+    Words names;
+    for (const OptionSpec& option : options_) names.emplace_back(option.name);
+    const std::string near = Nearest(name, names);
+    return {near.empty() ? kTextUnknownOption : kTextUnknownOptionNear, given, near};
+  }
+
+  std::vector<OptionSpec> options_;
+  Values& values_;
+};
 
 // Gives the words to the arguments in their order; a repeatable argument, the last one, takes the
 // rest.
-void AssignArguments(const std::vector<std::string>& words, const Invocation& invocation,
-                     Invocation::Values& values) {
+std::optional<Complaint> AssignArguments(const CommandSpec& command, const Words& words,
+                                         Values& values) {
   auto word = words.begin();
-  for (const ArgumentSpec& argument : invocation.command().arguments) {
-    std::vector<std::string>& taken = values[std::string(argument.name)];
-    while (word != words.end() && (taken.empty() || argument.repeatable)) taken.push_back(*word++);
-    if (argument.required && taken.empty()) {
-      throw UsageError(invocation.Text(kTextMissingArgument, {{"<Word>", argument.name}}));
+  for (const ArgumentSpec& argument : command.arguments) {
+    if (word == words.end()) {
+      if (!argument.required) break;
+      return Complaint{kTextMissingArgument, std::string(argument.name), {}};
     }
+    const auto end = argument.repeatable ? words.end() : word + 1;
+    values[std::string(argument.name)].assign(word, end);
+    word = end;
   }
-  if (word != words.end()) RaiseExtra(*word, invocation);
+  if (word == words.end()) return std::nullopt;
+  return Complaint{kTextSurplusArgument, *word, {}};
 }
 
 }  // namespace
 
-void ParseArguments(const std::vector<std::string>& words, Invocation& invocation) {
-  const CommandSpec& command = invocation.command();
-  CLI::App app;
-  app.set_help_flag();
-  app.allow_extras();
-  Invocation::Values values;
-  std::vector<std::pair<std::string, CLI::Option*>> flags;
-  std::vector<std::string> positionals;
-  app.add_option("arguments", positionals)->expected(0, kManyValues);
-  for (const OptionSpec& option : command.options) {
-    const std::string name(option.name);
-    if (option.value.empty()) {
-      flags.emplace_back(name, app.add_flag(name));
-    } else {
-      app.add_option(name, values[name])
-          ->expected(1)
-          ->allow_extra_args(false)
-          ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+std::span<const OptionSpec> CommonOptions() { return kCommon; }
+
+Call ParseCall(const CommandSpec& command, const Words& words) {
+  Call call;
+  std::vector<OptionSpec> options(kCommon.begin(), kCommon.end());
+  options.insert(options.end(), command.options.begin(), command.options.end());
+  OptionReader reader(std::move(options), call.values);
+  Words arguments;
+  bool options_ended = false;
+  for (auto word = words.begin(); word != words.end();) {
+    if (options_ended || !IsOption(*word)) {
+      arguments.push_back(*word++);
+    } else if (*word == "--") {
+      options_ended = true;
+      ++word;
+    } else if (auto complaint = reader.Take(word, words.end()); !call.complaint) {
+      call.complaint = std::move(complaint);
     }
   }
-  try {
-    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
-  } catch (const CLI::ArgumentMismatch&) {
-    throw UsageError(
-        invocation.Text(kTextOptionNeedsValue, {{"<Word>", OptionWithoutValue(words, command)}}));
-  } catch (const CLI::ParseError& error) {
-    throw UsageError(error.what());
+  auto complaint = AssignArguments(command, arguments, call.values);
+  if (!call.complaint) call.complaint = std::move(complaint);
+  return call;
+}
+
+bool Changes(const CommandSpec& command, const Call& call) {
+  constexpr std::string_view kDryRun = "--dry-run";
+  return !call.values.contains(kDryRun) &&
+         std::any_of(command.options.begin(), command.options.end(),
+                     [&](const OptionSpec& option) { return option.name == kDryRun; });
+}
+
+std::optional<Complaint> TakeCommonOptions(Words& words, Values& values) {
+  OptionReader reader({kLanguage, kHelp, kVersion}, values);
+  std::optional<Complaint> complaint;
+  auto word = words.cbegin();
+  while (word != words.cend() && IsOption(*word) && *word != "--" && !complaint) {
+    complaint = reader.Take(word, words.cend());
   }
-  const auto extras = app.remaining();
-  if (!extras.empty()) RaiseExtra(extras.front(), invocation);
-  AssignArguments(positionals, invocation, values);
-  for (const auto& [name, option] : flags) {
-    if (option->count() > 0) values[name] = {""};
-  }
-  std::erase_if(values, [](const auto& entry) { return entry.second.empty(); });
-  invocation.SetValues(std::move(values));
+  words.erase(words.cbegin(), word);
+  return complaint;
 }
 
 }  // namespace cli

@@ -8,12 +8,6 @@
 
 namespace cli {
 
-// Raised where Ctrl+C is noticed; ends the call with code 130.
-class Interrupted : public CommandError {
- public:
-  Interrupted() : CommandError(kInterrupted, {}) {}
-};
-
 // A line on standard error for work over a second, when that is a terminal.
 class Progress {
  public:

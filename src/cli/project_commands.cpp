@@ -73,7 +73,7 @@ int RunReport(Invocation& invocation) {
   Progress progress(invocation);
   const auto show = [&](std::size_t done, std::size_t total) {
     progress.Show(done, total);
-    if (invocation.Interrupted()) throw Interrupted();
+    if (invocation.Interrupted()) throw InterruptedError();
     return true;
   };
   const std::string html = workbench::MakeReport(
@@ -133,7 +133,9 @@ int RunRecover(Invocation& invocation) {
   Console& console = invocation.console();
   const std::string path = invocation.Argument("PROJECT.ovs");
   const files::Reach reach = workbench::ReachOf(console.files, path, OptionsOf(invocation));
-  if (!choice) return ShowPlan(invocation, files::ExamineJournal(console.files, path, reach));
+  const files::RecoveryPlan plan = files::ExamineJournal(console.files, path, reach);
+  if (!choice || plan.condition == files::JournalCondition::kNone)
+    return ShowPlan(invocation, plan);
   files::Resolve(console.files, path, *choice, reach);
   console.out << invocation.Text(kTextRecovered) << '\n';
   return kDone;

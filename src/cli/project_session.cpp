@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "cli/commands.h"
@@ -161,7 +163,7 @@ void ProjectSession::Report(const store::OperationResult& result) {
     if (dry_run()) PrintRows(result);
     return;
   }
-  if (result.outcome == store::Outcome::kCancelled) throw Interrupted();
+  if (result.outcome == store::Outcome::kCancelled) throw InterruptedError();
   const std::string message =
       result.detail.empty() ? result.message : result.message + "\n" + result.detail;
   throw CommandError(result.outcome == store::Outcome::kFileProblem ? kFile : kRefused, message);
@@ -213,12 +215,43 @@ store::AliasRecord ProjectSession::Alias(const std::string& name) {
 
 store::ArgumentRecord ProjectSession::Argument(const store::FormulaRecord& formula,
                                                const std::string& alias) {
-  for (const store::ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
-    if (platform::EqualsIgnoringCase(argument.vb_alias, alias)) return argument;
+  const std::int32_t id = ArgumentIds(formula, {alias}).front();
+  return operations().FindArgument(id).value();
+}
+
+template <typename Find>
+std::vector<std::int32_t> ProjectSession::Ids(const std::vector<std::string>& names, Find find) {
+  std::vector<std::int32_t> ids;
+  std::unordered_set<std::int32_t> known;
+  for (const std::string& name : names) {
+    if (Interrupted()) throw InterruptedError();
+    const std::int32_t id = find(name);
+    if (known.insert(id).second) ids.push_back(id);
   }
-  throw CommandError(kRefused,
-                     invocation_.Text(kTextUnknownArgument,
-                                      {{"<Alias>", alias}, {"<Formula>", FullName(formula)}}));
+  return ids;
+}
+
+std::vector<std::int32_t> ProjectSession::FormulaIds(const std::vector<std::string>& names) {
+  return Ids(names, [&](const std::string& name) { return Formula(name).id; });
+}
+
+std::vector<std::int32_t> ProjectSession::AliasIds(const std::vector<std::string>& names) {
+  return Ids(names, [&](const std::string& name) { return Alias(name).id; });
+}
+
+std::vector<std::int32_t> ProjectSession::ArgumentIds(const store::FormulaRecord& formula,
+                                                      const std::vector<std::string>& aliases) {
+  std::unordered_map<std::string, std::int32_t> by_alias;
+  for (const store::ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
+    by_alias.emplace(platform::FoldCase(argument.vb_alias), argument.id);
+  }
+  return Ids(aliases, [&](const std::string& alias) {
+    const auto found = by_alias.find(platform::FoldCase(alias));
+    if (found != by_alias.end()) return found->second;
+    throw CommandError(kRefused,
+                       invocation_.Text(kTextUnknownArgument,
+                                        {{"<Alias>", alias}, {"<Formula>", FullName(formula)}}));
+  });
 }
 
 }  // namespace cli

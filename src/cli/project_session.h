@@ -52,7 +52,16 @@ class ProjectSession {
   // The argument of the formula that passes the alias.
   store::ArgumentRecord Argument(const store::FormulaRecord& formula, const std::string& alias);
 
+  // The IDs of all that are named, each once, in that order. Raise CommandError also when Ctrl+C
+  // was pressed.
+  std::vector<std::int32_t> FormulaIds(const std::vector<std::string>& names);
+  std::vector<std::int32_t> AliasIds(const std::vector<std::string>& names);
+  std::vector<std::int32_t> ArgumentIds(const store::FormulaRecord& formula,
+                                        const std::vector<std::string>& aliases);
+
  private:
+  template <typename Find>
+  std::vector<std::int32_t> Ids(const std::vector<std::string>& names, Find find);
   store::OperationOptions BaseOptions();
   void KeepCode();
   void PrintRows(const store::OperationResult& result);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/visible_text.h"
+
 namespace cli {
 
 namespace {
@@ -76,7 +78,8 @@ void RowWriter::Write(const std::vector<Cell>& row) {
     out_ << '\n';
   } else {
     std::vector<std::string> texts;
-    std::transform(row.begin(), row.end(), std::back_inserter(texts), PlainText);
+    std::transform(row.begin(), row.end(), std::back_inserter(texts),
+                   [](const Cell& cell) { return VisibleText(PlainText(cell)); });
     held_.push_back(std::move(texts));
   }
   ++rows_;

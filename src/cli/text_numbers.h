@@ -35,6 +35,7 @@ enum TextNumber : int {
   kTextExitUsage,
   kTextExitFile,
   kTextExitInterrupted,
+  kTextOptionTakesNoValue,
 
   // What each command does.
   kTextCommandOpen = 1230,
@@ -144,6 +145,9 @@ enum TextNumber : int {
   kTextReplacedCharacters,
   kTextOutputOfProject,
   kTextOutputExists,
+  kTextStandardInput,
+  kTextStandardOutput,
+  kTextChangedAllTheSame,
 };
 
 }  // namespace cli

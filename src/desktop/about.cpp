@@ -44,8 +44,7 @@ wxString Licences() {
           ", Lexilla: Historical Permission Notice and Disclaimer\n";
   text += "NanoSVG: zlib licence\n";
   text += "libstdc++: GNU GPL 3 with the runtime library exception\n";
-  text += "JSON for Modern C++ (command line): MIT licence\n";
-  text += "CLI11 (command line): BSD 3-clause licence";
+  text += "JSON for Modern C++ (command line): MIT licence";
   return text;
 }
 

@@ -47,6 +47,7 @@ constexpr Row kRows[] = {
      "A file cannot be opened, read or written, is locked or damaged."},
     {1228, "Mit Strg+C abgebrochen; es wurde nichts geändert.",
      "Interrupted by Ctrl+C; nothing was changed."},
+    {1229, "<Word> nimmt keinen Wert.", "<Word> takes no value."},
     {1230, "Öffnet das Projekt im Fenster.", "Opens the project in the window."},
     {1231, "Legt eine Projektdatenbank und ein Formelserver-Projekt an.",
      "Creates a project database and a formula server project."},
@@ -215,6 +216,10 @@ constexpr Row kRows[] = {
      "<File> ist schon da und kein Bericht. Nennen Sie eine andere, oder ersetzen Sie sie mit "
      "--force.",
      "<File> exists and is no report. Name another file, or replace it with --force."},
+    {1346, "Die Standardeingabe", "Standard input"},
+    {1347, "Die Standardausgabe", "Standard output"},
+    {1348, "Was zu ändern war, ist geändert; nur die Ausgabe darüber fehlt.",
+     "What was to be changed is changed; only the output about it is missing."},
 };
 
 }  // namespace

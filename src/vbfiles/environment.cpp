@@ -203,7 +203,11 @@ std::vector<std::string> FindProjectFiles(files::FileSystem& system, const std::
     std::vector<files::DirectoryEntry> entries;
     try {
       entries = system.List(at);
-    } catch (const files::Error&) {
+    } catch (const files::Error& error) {
+      // A folder that may not be looked into, or went away meanwhile, holds nothing for us.
+      if (error.kind() != files::ErrorKind::kReadOnly &&
+          error.kind() != files::ErrorKind::kNotFound)
+        throw FromFileError(error);
       continue;
     }
     std::ranges::sort(entries, {}, &files::DirectoryEntry::name);

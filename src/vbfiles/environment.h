@@ -74,8 +74,8 @@ class Environment final : public platform::VBE, public files::Participant {
 };
 
 // Every .vbp and .vbg in the folder and below it, links not followed, the folder's own files
-// first. Folders that cannot be listed are left out. Open each to get the projects; a project
-// that a group names counts once.
+// first. Folders that may not be listed are left out; raises platform::Error for another failure.
+// Open each to get the projects; a project that a group names counts once.
 std::vector<std::string> FindProjectFiles(files::FileSystem& system, const std::string& folder);
 
 }  // namespace vbfiles
