@@ -7,10 +7,16 @@ jobs=${JOBS:-$(nproc)}
 
 say() { printf '\n== %s\n' "$*" >&2; }
 
-# The packages that a list names; scripts/packages unless told otherwise.
-packages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "${1:-scripts/packages}"; }
+# packages SECTION...: the packages of these sections of scripts/packages; "all" is every section.
+packages() {
+  awk -v wanted=" $* " '
+    { sub(/#.*/, ""); gsub(/[[:space:]]/, "") }
+    /^\[/ { on = index(wanted, " all ") || index(wanted, " " substr($0, 2, length($0) - 2) " "); next }
+    on && $0 != ""' scripts/packages
+}
 
-# Installs the packages of a list that are missing; says what and why it asks for rights.
+# install_packages SECTION...: installs what is missing of them; says what and why it asks for
+# rights.
 install_packages() {
   local missing=()
   local name
@@ -39,4 +45,15 @@ configure_and_build() {
   say "Building: $preset"
   cmake --preset "$preset" "$@" >&2
   cmake --build --preset "$preset" -j "$jobs" >&2
+}
+
+# What only tests and benchmarks need is left out of a first build of the programs; a build that
+# has it keeps it.
+programs_only=()
+[ -f build/CMakeCache.txt ] || programs_only=(-DOV_TESTS=OFF -DOV_BENCH=OFF)
+
+# All of it: programs, tests, benchmarks.
+build_everything() {
+  install_packages build display test bench
+  configure_and_build release -DOV_TESTS=ON -DOV_BENCH=ON
 }
