@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 // ovformula alias ...
+#include <unordered_set>
+
+#include "cli/alias_list.h"
 #include "cli/commands.h"
 #include "cli/project_session.h"
+#include "platform/text.h"
 #include "store/alias_proposals.h"
 
 namespace cli {
@@ -20,16 +24,10 @@ int RunList(Invocation& invocation) {
   return kDone;
 }
 
-// The item and its alias, or for "-" one of both a line of standard input; the alias behind a tab.
-std::vector<store::AliasValues> GivenAliases(Invocation& invocation) {
-  if (invocation.Argument("ITEM") != "-")
-    return {{invocation.Argument("ITEM"), invocation.Argument("ALIAS")}};
-  std::vector<store::AliasValues> values;
-  for (const std::string& line : invocation.Arguments("ITEM")) {
-    const auto tab = line.find('\t');
-    values.push_back({line.substr(0, tab), tab == std::string::npos ? "" : line.substr(tab + 1)});
-  }
-  return values;
+AliasList GivenAliases(Invocation& invocation) {
+  const std::string item = invocation.Argument("ITEM");
+  if (item == "-") return ReadAliasList(invocation);
+  return {{{item, invocation.Argument("ALIAS")}}, {{item}}};
 }
 
 // Proposes the aliases that are missing, each free of those before it.
@@ -47,10 +45,14 @@ void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
 
 int RunAdd(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
-  std::vector<store::AliasValues> values = GivenAliases(invocation);
-  Propose(session, values);
+  auto [values, given] = GivenAliases(invocation);
+  if (!invocation.Has("ALIAS")) Propose(session, values);
   const auto result = session.operations().AddAliases(values, session.MakeOptions());
-  session.Report(result);
+  std::unordered_set<std::string> before;
+  session.ReportList(result, given, [&](std::size_t i) {
+    return !before.insert(platform::FoldCase(values[i].vb_alias)).second ||
+           !session.operations().CheckAlias(values[i]).success();
+  });
   if (session.dry_run()) return kDone;
   for (std::size_t i = 0; i < result.ids.size(); ++i) {
     invocation.console().out << result.ids[i] << '\t' << PlainText(values[i].vb_alias) << '\n';
@@ -64,14 +66,18 @@ int RunEdit(Invocation& invocation) {
   store::AliasValues values = alias;
   if (const auto item = invocation.Option("--item")) values.item_id = *item;
   if (const auto name = invocation.Option("--alias")) values.vb_alias = *name;
-  session.Report(session.operations().EditAlias(alias.id, values, session.MakeOptions()));
+  session.ReportEdit(session.operations().EditAlias(alias.id, values, session.MakeOptions()));
   return kDone;
 }
 
 int RunDelete(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
-  const auto ids = session.AliasIds(invocation.Arguments("ALIAS"));
-  session.Report(session.operations().DeleteAliases(ids, session.MakeOptions()));
+  const auto names = invocation.Arguments("ALIAS");
+  const auto ids = session.AliasIds(names);
+  session.ReportList(
+      session.operations().DeleteAliases(ids, session.MakeOptions()), names, [&](std::size_t i) {
+        return !session.operations().UsesOfAlias(session.Alias(names[i].text).id).empty();
+      });
   return kDone;
 }
 

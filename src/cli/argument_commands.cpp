@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // ovformula argument ...
+#include <unordered_set>
+
 #include "cli/commands.h"
 #include "cli/project_session.h"
+#include "platform/text.h"
 
 namespace cli {
 
@@ -26,18 +29,25 @@ int RunList(Invocation& invocation) {
 int RunAdd(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
-  const std::vector<std::string> names = invocation.Arguments("ALIAS");
+  const std::vector<Given> names = invocation.Arguments("ALIAS");
   std::vector<store::ArgumentValues> values;
   for (const std::int32_t id : session.AliasIds(names)) {
     values.push_back({id, invocation.Has("--in"), invocation.Has("--out")});
   }
   const auto result = session.operations().AddArguments(formula.id, values, session.MakeOptions());
-  session.Report(result);
+  std::unordered_set<std::string> passed;
+  if (!result.success()) {
+    for (const auto& argument : session.operations().ArgumentsOf(formula.id))
+      passed.insert(platform::FoldCase(argument.vb_alias));
+  }
+  session.ReportList(result, names, [&](std::size_t i) {
+    return passed.contains(platform::FoldCase(names[i].text));
+  });
   if (session.dry_run()) return kDone;
   for (std::size_t i = 0; i < result.ids.size(); ++i) {
     const auto alias = session.operations().FindAlias(values[i].alias_id);
     invocation.console().out << result.ids[i] << '\t'
-                             << PlainText(alias ? alias->vb_alias : names[i]) << '\n';
+                             << PlainText(alias ? alias->vb_alias : names[i].text) << '\n';
   }
   return kDone;
 }
@@ -52,7 +62,7 @@ int RunEdit(Invocation& invocation) {
   if (const auto alias = invocation.Option("--alias")) values.alias_id = session.Alias(*alias).id;
   values.in = in.value_or(values.in);
   values.out = out.value_or(values.out);
-  session.Report(session.operations().EditArgument(argument.id, values, session.MakeOptions()));
+  session.ReportEdit(session.operations().EditArgument(argument.id, values, session.MakeOptions()));
   return kDone;
 }
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // ovformula db: any Jet 4.0 file.
+#include <deque>
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -85,7 +87,51 @@ jet::Table& FindTable(Invocation& invocation, jet::Database& database) {
                                 {{"<File>", database.path()}, {"<Name>", name}, {"<Near>", near}}));
 }
 
-using AppendRow = void (*)(std::string&, std::span<const jet::Value>, std::span<const jet::Column>);
+using AppendRow =
+    std::function<void(std::string&, std::span<const jet::Value>, std::span<const jet::Column>)>;
+
+// Rows of CSV. Texts that a spreadsheet would run are counted, and made harmless when that is
+// wanted.
+class CsvRows {
+ public:
+  explicit CsvRows(bool safe) : safe_(safe) {}
+
+  std::string Head(std::span<const jet::Column> columns) {
+    std::string head;
+    for (const jet::Column& column : columns) {
+      if (!head.empty()) head += ',';
+      AppendCsvText(head, Treat(column.name) ? "'" + column.name : column.name);
+    }
+    return head + "\r\n";
+  }
+
+  void Append(std::string& text, std::span<const jet::Value> row,
+              std::span<const jet::Column> columns) {
+    values_.assign(row.begin(), row.end());
+    texts_.clear();
+    for (jet::Value& value : values_) {
+      if (value.kind() != jet::ValueKind::kText || !Treat(value.text())) continue;
+      value = jet::Value::Text(texts_.emplace_back("'" + std::string(value.text())));
+    }
+    AppendCsvRow(text, values_, columns);
+  }
+
+  // Cells left as they are.
+  std::size_t unsafe() const { return unsafe_; }
+
+ private:
+  // Whether an apostrophe goes before the text.
+  bool Treat(std::string_view text) {
+    if (!IsUnsafeCell(text)) return false;
+    if (!safe_) ++unsafe_;
+    return safe_;
+  }
+
+  bool safe_;
+  std::size_t unsafe_ = 0;
+  std::vector<jet::Value> values_;  // of the row at hand
+  std::deque<std::string> texts_;   // what its values with an apostrophe refer to
+};
 
 void AppendJsonRow(std::string& text, std::span<const jet::Value> row,
                    std::span<const jet::Column> columns) {
@@ -99,7 +145,7 @@ void AppendJsonRow(std::string& text, std::span<const jet::Value> row,
 
 // Writes all rows that can be read; returns what was wrong with the others.
 std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, std::string text,
-                                   AppendRow append) {
+                                   const AppendRow& append) {
   std::ostream& out = invocation.console().out;
   std::vector<std::string> gaps;
   jet::Scan scan = table.OpenScan();
@@ -118,6 +164,7 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
       out << text;
       text.clear();
       if (invocation.Interrupted()) throw InterruptedError();
+      if (!out) break;  // what is missing is said at the end
     }
   }
   out.flush();
@@ -134,18 +181,21 @@ int RunExport(Invocation& invocation) {
         kTextBadChoice,
         {{"<Option>", "--format"}, {"<Word>", format}, {"<Choices>", "csv, jsonl"}}));
   }
+  const bool csv = format == "csv";
+  if (!csv && invocation.Has("--safe-cells")) {
+    throw UsageError(invocation.Text(
+        kTextContradiction, {{"<First>", "--safe-cells"}, {"<Second>", "--format jsonl"}}));
+  }
   auto database = OpenReadOnly(invocation);
   jet::Table& table = FindTable(invocation, *database);
-  std::string head;
-  if (format == "csv") {
-    for (const jet::Column& column : table.columns()) {
-      if (!head.empty()) head += ',';
-      AppendCsvText(head, column.name);
-    }
-    head += "\r\n";
+  CsvRows rows(invocation.Has("--safe-cells"));
+  const auto gaps = csv ? WriteRows(invocation, table, rows.Head(table.columns()),
+                                    std::bind_front(&CsvRows::Append, &rows))
+                        : WriteRows(invocation, table, "", AppendJsonRow);
+  if (rows.unsafe() > 0 && invocation.console().err_is_terminal) {
+    invocation.Warn(
+        invocation.Text(kTextUnsafeCells, {{"<Count>", std::to_string(rows.unsafe())}}));
   }
-  const auto gaps =
-      WriteRows(invocation, table, head, format == "csv" ? AppendCsvRow : AppendJsonRow);
   for (const std::string& gap : gaps) {
     invocation.Warn(invocation.Text(
         kTextExportGap,
@@ -213,7 +263,7 @@ std::vector<CommandSpec> DatabaseCommands() {
       {"db export",
        kTextCommandDbExport,
        {file, {"TABLE", kTextArgTable}},
-       {{"--format", "FORMAT", kTextOptFormat}},
+       {{"--format", "FORMAT", kTextOptFormat}, {"--safe-cells", "", kTextOptSafeCells}},
        {"ovformula db export Plant.ovs TvbfAlias > aliases.csv",
         "ovformula db export Plant.ovs TvbfAlias --format jsonl"},
        RunExport},

@@ -51,17 +51,6 @@ std::optional<std::int32_t> TypeOption(Invocation& invocation) {
   throw UsageError(invocation.Text(kTextUnknownType, {{"<Word>", *given}, {"<Choices>", choices}}));
 }
 
-// The full ProgID of a class that is given as CLASS or PROJECT.CLASS; a class that is not in the
-// list is passed on as it is, the operation refuses it by name.
-std::string ClassOption(ProjectSession& session, const std::string& given) {
-  if (given.find('.') != std::string::npos) return given;
-  for (const store::ClassEntry& entry : session.operations().Classes().classes) {
-    const auto point = entry.prog_id.find('.');
-    if (platform::EqualsIgnoringCase(entry.prog_id.substr(point + 1), given)) return entry.prog_id;
-  }
-  return given;
-}
-
 std::string OnlyClass(Invocation& invocation, ProjectSession& session) {
   const auto classes = session.operations().Classes().classes;
   if (classes.size() == 1) return classes.front().prog_id;
@@ -73,8 +62,7 @@ std::string OnlyClass(Invocation& invocation, ProjectSession& session) {
 
 void ReadValues(Invocation& invocation, ProjectSession& session, FormulaValues& values) {
   if (const auto name = invocation.Option("--name")) values.name = *name;
-  if (const auto prog_id = invocation.Option("--class"))
-    values.prog_id = ClassOption(session, *prog_id);
+  if (const auto prog_id = invocation.Option("--class")) values.prog_id = session.Class(*prog_id);
   if (const auto type = TypeOption(invocation)) values.type = *type;
   if (const auto scan_time = invocation.NumberOption("--scan-time")) values.scan_time = *scan_time;
   if (const auto enabled = invocation.Switch("--enabled", "--disabled")) values.enabled = *enabled;
@@ -139,8 +127,8 @@ int RunAdd(Invocation& invocation) {
   ProjectSession session(invocation, Use::kChange);
   FormulaValues values;
   ReadValues(invocation, session, values);
-  if (values.prog_id.empty()) values.prog_id = OnlyClass(invocation, session);
-  if (values.name.empty()) values.name = session.operations().ProposeFormulaName();
+  if (!invocation.Has("--class")) values.prog_id = OnlyClass(invocation, session);
+  if (!invocation.Has("--name")) values.name = session.operations().ProposeFormulaName();
   const auto result = session.operations().AddFormula(values, session.MakeOptions());
   session.Report(result);
   if (!session.dry_run())
@@ -155,7 +143,7 @@ int RunEdit(Invocation& invocation) {
   ReadValues(invocation, session, values);
   auto options = session.MakeOptions<store::EditFormulaOptions>();
   options.with_code = invocation.Has("--with-code");
-  session.Report(session.operations().EditFormula(formula.id, values, options));
+  session.ReportEdit(session.operations().EditFormula(formula.id, values, options));
   return kDone;
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 int RunHelp(Invocation& invocation) {
   std::string path;
-  for (const std::string& word : invocation.Arguments("COMMAND"))
+  for (const std::string& word : invocation.Options("COMMAND"))
     path += (path.empty() ? "" : " ") + word;
   if (path.empty()) {
     invocation.console().out << Overview(invocation.texts());

@@ -12,31 +12,35 @@ std::string Invocation::Argument(std::string_view name) const {
   return found == values_.end() ? std::string() : found->second.front();
 }
 
-std::vector<std::string> Invocation::Arguments(std::string_view name) {
-  std::vector<std::string> all;
+std::vector<Given> Invocation::Arguments(std::string_view name) {
+  std::vector<Given> all;
   for (const std::string& value : Options(name)) {
     if (value != "-") {
-      all.push_back(value);
+      all.push_back({value});
       continue;
     }
-    for (InputLine& line : InputLines()) all.push_back(std::move(line.text));
+    for (Given& line : InputLines()) all.push_back(std::move(line));
   }
   return all;
 }
 
-std::vector<InputLine> Invocation::InputLines() {
-  std::vector<InputLine> lines;
+std::vector<Given> Invocation::InputLines() {
+  std::vector<Given> lines;
   std::size_t number = 0;
   for (std::string line; std::getline(console_.in, line);) {
     ++number;
     if (line.ends_with('\r')) line.pop_back();
-    if (!line.empty()) lines.push_back({number, std::move(line)});
+    if (!line.empty()) lines.push_back({std::move(line), number});
   }
   if (Interrupted()) throw InterruptedError();
   if (console_.in_failure && *console_.in_failure) {
     files::os::RaiseSystem(*console_.in_failure, Text(kTextStandardInput), "cannot be read");
   }
   return lines;
+}
+
+std::string Invocation::AtLine(std::size_t line, const std::string& text) const {
+  return line == 0 ? text : Text(kTextAtLine, {{"<Line>", std::to_string(line)}, {"<Text>", text}});
 }
 
 bool Invocation::Has(std::string_view option) const { return values_.contains(option); }

@@ -42,10 +42,10 @@ class InterruptedError : public CommandError {
   InterruptedError() : CommandError(kInterrupted, {}) {}
 };
 
-// A line of standard input that is not empty, and its number.
-struct InputLine {
-  std::size_t number;
+// A word of the call, or a line of standard input and its number there.
+struct Given {
   std::string text;
+  std::size_t line = 0;  // 0 for a word of the call
 };
 
 // One call of a command: its arguments and options, and where its output goes.
@@ -66,9 +66,11 @@ class Invocation {
   // Value of an argument, "" when it was left out.
   std::string Argument(std::string_view name) const;
   // All values of a repeatable argument; "-" is replaced by the lines of standard input.
-  std::vector<std::string> Arguments(std::string_view name);
-  // The lines of standard input up to its end.
-  std::vector<InputLine> InputLines();
+  std::vector<Given> Arguments(std::string_view name);
+  // The lines of standard input up to its end, without the empty ones.
+  std::vector<Given> InputLines();
+  // The text with the place of what it is about in front.
+  std::string AtLine(std::size_t line, const std::string& text) const;
   bool Has(std::string_view option) const;
   // Last value of an option; nothing when it was not given.
   std::optional<std::string> Option(std::string_view option) const;

@@ -4,8 +4,10 @@
 #include "cli/desktop.h"
 #include "cli/progress.h"
 #include "cli/project_session.h"
+#include "cli/unified_diff.h"
 #include "files/recovery.h"
 #include "files/replace_file.h"
+#include "platform/text.h"
 #include "workbench/new_project.h"
 #include "workbench/report.h"
 #include "workbench/report_file.h"
@@ -18,6 +20,14 @@ using Use = ProjectSession::Use;
 
 int RunOpen(Invocation& invocation) { return OpenDesktop(invocation); }
 
+void PrintPlan(Invocation& invocation, const workbench::NewProjectPlan& plan) {
+  std::ostream& out = invocation.console().out;
+  for (const std::string& added : plan.added) out << "+\t" << PlainText(added) << '\n';
+  for (const workbench::NewFile& file : plan.files) {
+    out << UnifiedDiff(file.path, "", platform::Windows1252ToUtf8(file.bytes));
+  }
+}
+
 int RunNew(Invocation& invocation) {
   workbench::NewProjectOptions options;
   options.into = invocation.Has("--into");
@@ -28,6 +38,10 @@ int RunNew(Invocation& invocation) {
     throw CommandError(kRefused, invocation.Text(kTextFileExists, {{"<File>", path}}));
   }
   try {
+    if (invocation.Has("--dry-run")) {
+      PrintPlan(invocation, workbench::PlanProject(console.files, path, options));
+      return kDone;
+    }
     for (const std::string& file : workbench::MakeProject(console.files, path, options)) {
       console.err << invocation.Text(kTextProjectMade, {{"<File>", file}}) << '\n';
     }
@@ -156,7 +170,9 @@ std::vector<CommandSpec> ProjectCommands() {
       {"new",
        kTextCommandNew,
        {project},
-       {{"--into", "", kTextOptInto}, {"--vbp", "FILE", kTextOptVbp, true}},
+       {{"--into", "", kTextOptInto},
+        {"--vbp", "FILE", kTextOptVbp, true},
+        {"--dry-run", "", kTextOptDryRun}},
        {"ovformula new Plant.ovs", "ovformula new Plant.ovs --vbp server/PumpServer.vbp",
         "ovformula new Old.ovs --into"},
        RunNew},

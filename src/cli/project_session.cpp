@@ -169,6 +169,28 @@ void ProjectSession::Report(const store::OperationResult& result) {
   throw CommandError(result.outcome == store::Outcome::kFileProblem ? kFile : kRefused, message);
 }
 
+void ProjectSession::ReportList(const store::OperationResult& result,
+                                const std::vector<Given>& given,
+                                const std::function<bool(std::size_t)>& refused) {
+  try {
+    Report(result);
+  } catch (const CommandError& error) {
+    if (error.code() != kRefused) throw;
+    for (std::size_t i = 0; i < given.size(); ++i) {
+      if (given[i].line > 0 && refused(i))
+        throw CommandError(kRefused, invocation_.AtLine(given[i].line, error.what()));
+    }
+    throw;
+  }
+}
+
+void ProjectSession::ReportEdit(const store::OperationResult& result) {
+  Report(result);
+  if (result.rows.empty()) {
+    invocation_.console().err << invocation_.Text(kTextNothingToChange) << '\n';
+  }
+}
+
 store::FormulaRecord ProjectSession::Formula(const std::string& name) {
   // A name may itself hold no point, so the last part is the procedure.
   const auto point = name.rfind('.');
@@ -213,34 +235,45 @@ store::AliasRecord ProjectSession::Alias(const std::string& name) {
                                       {{"<Name>", name}, {"<Near>", near}}));
 }
 
+std::string ProjectSession::Class(const std::string& name) {
+  for (const store::ClassEntry& entry : operations().Classes().classes) {
+    if (NamesClass(name, entry.prog_id)) return entry.prog_id;
+  }
+  return name;
+}
+
 store::ArgumentRecord ProjectSession::Argument(const store::FormulaRecord& formula,
                                                const std::string& alias) {
-  const std::int32_t id = ArgumentIds(formula, {alias}).front();
+  const std::int32_t id = ArgumentIds(formula, {{alias}}).front();
   return operations().FindArgument(id).value();
 }
 
 template <typename Find>
-std::vector<std::int32_t> ProjectSession::Ids(const std::vector<std::string>& names, Find find) {
+std::vector<std::int32_t> ProjectSession::Ids(const std::vector<Given>& names, Find find) {
   std::vector<std::int32_t> ids;
   std::unordered_set<std::int32_t> known;
-  for (const std::string& name : names) {
+  for (const Given& name : names) {
     if (Interrupted()) throw InterruptedError();
-    const std::int32_t id = find(name);
-    if (known.insert(id).second) ids.push_back(id);
+    try {
+      const std::int32_t id = find(name.text);
+      if (known.insert(id).second) ids.push_back(id);
+    } catch (const CommandError& error) {
+      throw CommandError(error.code(), invocation_.AtLine(name.line, error.what()));
+    }
   }
   return ids;
 }
 
-std::vector<std::int32_t> ProjectSession::FormulaIds(const std::vector<std::string>& names) {
+std::vector<std::int32_t> ProjectSession::FormulaIds(const std::vector<Given>& names) {
   return Ids(names, [&](const std::string& name) { return Formula(name).id; });
 }
 
-std::vector<std::int32_t> ProjectSession::AliasIds(const std::vector<std::string>& names) {
+std::vector<std::int32_t> ProjectSession::AliasIds(const std::vector<Given>& names) {
   return Ids(names, [&](const std::string& name) { return Alias(name).id; });
 }
 
 std::vector<std::int32_t> ProjectSession::ArgumentIds(const store::FormulaRecord& formula,
-                                                      const std::vector<std::string>& aliases) {
+                                                      const std::vector<Given>& aliases) {
   std::unordered_map<std::string, std::int32_t> by_alias;
   for (const store::ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
     by_alias.emplace(platform::FoldCase(argument.vb_alias), argument.id);

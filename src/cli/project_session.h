@@ -2,6 +2,7 @@
 // What the commands on projects share: opening, names, results.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -42,6 +43,11 @@ class ProjectSession {
 
   // Prints warnings, the rows and code of a dry run, and raises CommandError unless it is done.
   void Report(const store::OperationResult& result);
+  // The same for a list; a refusal has the line of the first word that `refused` says it is about.
+  void ReportList(const store::OperationResult& result, const std::vector<Given>& given,
+                  const std::function<bool(std::size_t)>& refused);
+  // The same for an edit; says when there was nothing to change.
+  void ReportEdit(const store::OperationResult& result);
   bool Interrupted() const { return invocation_.Interrupted(); }
   bool dry_run() const { return invocation_.Has("--dry-run"); }
 
@@ -49,19 +55,22 @@ class ProjectSession {
   // with suggestions or candidates.
   store::FormulaRecord Formula(const std::string& name);
   store::AliasRecord Alias(const std::string& name);
+  // The ProgID of the class that CLASS or PROJECT.CLASS means, as it is written in the project; a
+  // class that is not in the list is passed on, the operation refuses it by name.
+  std::string Class(const std::string& name);
   // The argument of the formula that passes the alias.
   store::ArgumentRecord Argument(const store::FormulaRecord& formula, const std::string& alias);
 
-  // The IDs of all that are named, each once, in that order. Raise CommandError also when Ctrl+C
-  // was pressed.
-  std::vector<std::int32_t> FormulaIds(const std::vector<std::string>& names);
-  std::vector<std::int32_t> AliasIds(const std::vector<std::string>& names);
+  // The IDs of all that are named, each once, in that order. Raise CommandError with the line of
+  // an unknown name, also when Ctrl+C was pressed.
+  std::vector<std::int32_t> FormulaIds(const std::vector<Given>& names);
+  std::vector<std::int32_t> AliasIds(const std::vector<Given>& names);
   std::vector<std::int32_t> ArgumentIds(const store::FormulaRecord& formula,
-                                        const std::vector<std::string>& aliases);
+                                        const std::vector<Given>& aliases);
 
  private:
   template <typename Find>
-  std::vector<std::int32_t> Ids(const std::vector<std::string>& names, Find find);
+  std::vector<std::int32_t> Ids(const std::vector<Given>& names, Find find);
   store::OperationOptions BaseOptions();
   void KeepCode();
   void PrintRows(const store::OperationResult& result);

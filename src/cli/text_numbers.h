@@ -148,6 +148,12 @@ enum TextNumber : int {
   kTextStandardInput,
   kTextStandardOutput,
   kTextChangedAllTheSame,
+  kTextAtLine,
+  kTextNothingToChange,
+  kTextSeparator,
+  kTextOpenQuote,
+  kTextUnsafeCells,
+  kTextOptSafeCells,
 };
 
 }  // namespace cli

@@ -56,8 +56,8 @@ constexpr Row kRows[] = {
     {1233, "Listet die Formeln.", "Lists the formulas."},
     {1234, "Zeigt eine Formel mit ihren Argumenten.", "Shows a formula with its arguments."},
     {1235, "Legt eine Formel und ihre Prozedur an.", "Creates a formula and its procedure."},
-    {1236, "Ändert eine Formel; Name und Klasse werden im Code nachgeführt.",
-     "Changes a formula; the code follows name and class."},
+    {1236, "Ändert eine Formel; der Code folgt dem Namen, mit --with-code auch der Klasse.",
+     "Changes a formula; the code follows the name, with --with-code the class, too."},
     {1237, "Löscht Formeln; ihr Code bleibt auskommentiert stehen.",
      "Deletes formulas; their code stays, commented out."},
     {1238, "Zeigt die Prozedur einer Formel mit ihrem Kopf, wie sie im Modul steht.",
@@ -100,8 +100,11 @@ constexpr Row kRows[] = {
     {1268, "Alias", "alias"},
     {1269, "Aliase; \"-\" liest Namen von der Standardeingabe",
      "aliases; \"-\" reads names from standard input"},
-    {1270, "Item; \"-\" liest Zeilen \"ITEM\" oder \"ITEM<Tab>ALIAS\" von der Standardeingabe",
-     "item; \"-\" reads lines \"ITEM\" or \"ITEM<Tab>ALIAS\" from standard input"},
+    {1270,
+     "Item; \"-\" liest Zeilen \"ITEM\" oder \"ITEM<Tab>ALIAS\" oder eine Tabelle mit der "
+     "Kopfzeile \"item,alias\" von der Standardeingabe",
+     "item; \"-\" reads lines \"ITEM\" or \"ITEM<Tab>ALIAS\", or a table with the header "
+     "\"item,alias\", from standard input"},
     {1271, "Alias; fehlt er, wird er aus dem Item gebildet",
      "alias; made from the item when left out"},
     {1272, "eine Jet-4.0-Datenbank (.ovs, .mdb)", "a Jet 4.0 database (.ovs, .mdb)"},
@@ -220,6 +223,24 @@ constexpr Row kRows[] = {
     {1347, "Die Standardausgabe", "Standard output"},
     {1348, "Was zu ändern war, ist geändert; nur die Ausgabe darüber fehlt.",
      "What was to be changed is changed; only the output about it is missing."},
+    {1349, "Zeile <Line>: <Text>", "line <Line>: <Text>"},
+    {1350, "Nichts zu ändern: Die Werte sind schon so.",
+     "Nothing to change: the values are so already."},
+    {1351,
+     "Die Zeile enthält \"<Text>\". Ist das eine Tabelle, stellen Sie ihr die Kopfzeile "
+     "\"item,alias\" voran (mit dem Trennzeichen der Tabelle); gehört das Zeichen zum Item, "
+     "schließen Sie es mit einem Tabulator ab.",
+     "The line holds \"<Text>\". If this is a table, put the header \"item,alias\" in front of it "
+     "(with the table's separator); if the character belongs to the item, end the item with a "
+     "tab."},
+    {1352, "Ein Anführungszeichen wird nicht geschlossen.", "A quotation mark is never closed."},
+    {1353,
+     "<Count> Felder beginnen mit =, +, - oder @; eine Tabellenkalkulation könnte sie ausführen. "
+     "--safe-cells stellt ihnen ein Hochkomma voran.",
+     "<Count> fields begin with =, +, - or @; a spreadsheet could run them. --safe-cells puts an "
+     "apostrophe before them."},
+    {1354, "Texten, die eine Tabellenkalkulation ausführen könnte, ein Hochkomma voranstellen",
+     "put an apostrophe before texts that a spreadsheet could run"},
 };
 
 }  // namespace

@@ -31,8 +31,9 @@ std::span<const Row> SourceMessageRows() {
        "The character (<Code>) for <MessagePlace> is not in code page <Number>."},
       {2812,
        "Nehmen Sie ein anderes Zeichen, oder öffnen Sie das Projekt mit der Codepage, in der es "
-       "geschrieben ist.",
-       "Use another character, or open the project with the code page that it is written in."},
+       "geschrieben ist (--code-page).",
+       "Use another character, or open the project with the code page that it is written in "
+       "(--code-page)."},
       {2813,
        "Der Text für <MessagePlace> hat <Count> Zeichen; Visual Basic erlaubt 1023 in einer Zeile.",
        "The text for <MessagePlace> has <Count> characters; Visual Basic allows 1023 in a line."},
@@ -49,8 +50,10 @@ std::span<const Row> SourceMessageRows() {
        "Restore it, or correct the project file."},
       {2821, "<Path> liegt außerhalb von <Folder>, dem Ordner ihres Projekts.",
        "<Path> lies outside <Folder>, the folder of its project."},
-      {2822, "Stimmen Sie Änderungen in ihrem Ordner zu, oder verschieben Sie sie in das Projekt.",
-       "Agree to changes in its folder, or move it into the project."},
+      {2822,
+       "Stimmen Sie Änderungen in ihrem Ordner zu (--allow-folder), oder verschieben Sie sie in "
+       "das Projekt.",
+       "Agree to changes in its folder (--allow-folder), or move it into the project."},
       {2823, "<Path> ist schreibgeschützt.", "<Path> is read-only."},
       {2824,
        "Heben Sie den Schreibschutz auf, oder checken Sie die Datei aus der Versionsverwaltung "

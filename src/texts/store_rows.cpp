@@ -16,10 +16,10 @@ std::span<const Row> StoreRows() {
       {1003, "Das Argument mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
        "There is no argument with the ID <ID> (any more). Refresh the view."},
       {1004,
-       "Es ist kein Visual-Basic-Projekt geöffnet. Öffnen Sie das Formelserver-Projekt, oder "
-       "ändern Sie nur die Datensätze.",
-       "No Visual Basic project is open. Open the formula server project, or change the rows "
-       "only."},
+       "Es ist kein Visual-Basic-Projekt geöffnet. Öffnen Sie das Formelserver-Projekt (--vbp), "
+       "oder ändern Sie nur die Datensätze (--no-code).",
+       "No Visual Basic project is open. Open the formula server project (--vbp), or change "
+       "the rows only (--no-code)."},
       {1005,
        "<Class> kann keine Formeln enthalten. Nötig ist eine Klasse mit Instancing MultiUse oder "
        "GlobalMultiUse in einem geöffneten ActiveX-DLL-Projekt.",

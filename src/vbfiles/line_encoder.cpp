@@ -33,7 +33,7 @@ std::string PlaceText(const LinePlace& place) {
                             PlaceText(place) + " is not in code page " +
                             std::to_string(page.number()) +
                             ". Use another character, or open the project with the code page "
-                            "that it is written in.");
+                            "that it is written in (--code-page).");
 }
 
 std::string EncodeLine(std::string_view text, const LinePlace& place, const CodePage& page,

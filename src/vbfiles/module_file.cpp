@@ -78,8 +78,8 @@ void ModuleFile::CheckWritable() {
   if (!IsInsideTrees()) {
     throw platform::Error(ErrorKind::kRefused, kErrModuleNotEditable,
                           path_ + " lies outside " + trees_.front() +
-                              ", the folder of its project. Agree to changes in its folder, or "
-                              "move it into the project.");
+                              ", the folder of its project. Agree to changes in its folder "
+                              "(--allow-folder), or move it into the project.");
   }
   if (!session_.system.IsWritable(path_)) {
     throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable,

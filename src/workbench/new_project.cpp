@@ -14,13 +14,18 @@ namespace workbench {
 
 namespace {
 
-void CompleteDatabase(files::FileSystem& system, const std::string& path) {
+// Returns what was added, or with `dry_run` would be.
+std::vector<std::string> CompleteDatabase(files::FileSystem& system, const std::string& path,
+                                          bool dry_run) {
   jet::OpenOptions engine;
   engine.reach = ReachOf(system, path, {});
   recordset::JetConnection connection(system, engine);
   connection.Open(store::ProjectConnectionString(path));
-  store::CompleteSchema(connection);
+  if (dry_run) connection.BeginTrans();
+  const std::vector<std::string> added = store::CompleteSchema(connection);
+  if (dry_run) connection.RollbackTrans();
   connection.Close();
+  return added;
 }
 
 [[noreturn]] void RaiseExists(const std::string& path) {
@@ -67,7 +72,7 @@ std::vector<std::string> MakeProject(files::FileSystem& system, const std::strin
                                      const NewProjectOptions& options) {
   MadeFiles made(system);
   if (options.into) {
-    CompleteDatabase(system, database_path);
+    CompleteDatabase(system, database_path, false);
   } else {
     if (system.Exists(database_path)) RaiseExists(database_path);
     MakeDatabase(system, made, database_path);
@@ -76,6 +81,30 @@ std::vector<std::string> MakeProject(files::FileSystem& system, const std::strin
     MakeVisualBasicProject(system, made, path, FormulaProjectName(system, database_path));
   }
   return made.Keep();
+}
+
+NewProjectPlan PlanProject(files::FileSystem& system, const std::string& database_path,
+                           const NewProjectOptions& options) {
+  NewProjectPlan plan;
+  if (options.into) {
+    plan.added = CompleteDatabase(system, database_path, true);
+  } else {
+    if (system.Exists(database_path)) RaiseExists(database_path);
+    const std::string folder = system.Folder(database_path);
+    if (!folder.empty() && !system.IsDirectory(folder)) {
+      files::Raise(files::ErrorKind::kNotFound, database_path, "cannot be opened",
+                   "no such file or folder");
+    }
+    plan.added = {database_path};
+  }
+  for (const std::string& path : MissingProjects(system, database_path, options)) {
+    for (NewFile& file :
+         VisualBasicProjectFiles(system, path, FormulaProjectName(system, database_path))) {
+      if (system.Exists(file.path)) RaiseExists(file.path);
+      plan.files.push_back(std::move(file));
+    }
+  }
+  return plan;
 }
 
 }  // namespace workbench

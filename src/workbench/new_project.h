@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "files/file_system.h"
+#include "workbench/new_visual_basic_project.h"
 
 namespace workbench {
 
@@ -19,5 +20,15 @@ struct NewProjectOptions {
 // platform::Error or files::Error; what was made until then is removed again.
 std::vector<std::string> MakeProject(files::FileSystem& system, const std::string& database_path,
                                      const NewProjectOptions& options);
+
+// What MakeProject would do.
+struct NewProjectPlan {
+  std::vector<std::string> added;  // the database, or with `into` tables and "Table.Index"
+  std::vector<NewFile> files;      // of Visual Basic projects
+};
+
+// Finds that out and changes nothing. Raises what MakeProject would raise.
+NewProjectPlan PlanProject(files::FileSystem& system, const std::string& database_path,
+                           const NewProjectOptions& options);
 
 }  // namespace workbench

@@ -104,13 +104,20 @@ std::string FormulaProjectPath(const files::FileSystem& system, const std::strin
   return system.Join(system.Folder(database_path), base + "Formulas.vbp");
 }
 
+std::vector<NewFile> VisualBasicProjectFiles(const files::FileSystem& system,
+                                             const std::string& vbp_path, const std::string& name) {
+  return {{vbp_path, ToWindows1252(Replaced(kProjectText, name))},
+          {system.Join(system.Folder(vbp_path), std::string(kClassName) + ".cls"),
+           std::string(kClassText)}};
+}
+
 void MakeVisualBasicProject(files::FileSystem& system, MadeFiles& made, const std::string& vbp_path,
                             const std::string& name) {
   const std::string folder = system.Folder(vbp_path);
-  const std::string class_path = system.Join(folder, std::string(kClassName) + ".cls");
   if (!folder.empty()) system.CreateDirectories(folder);
-  made.Make(vbp_path, ToWindows1252(Replaced(kProjectText, name)));
-  made.Make(class_path, kClassText);
+  for (const NewFile& file : VisualBasicProjectFiles(system, vbp_path, name)) {
+    made.Make(file.path, file.bytes);
+  }
 }
 
 }  // namespace workbench

@@ -50,6 +50,10 @@ TEST(Project, SaysWhatTheDatabaseLacksAndNewAddsIt) {
   }
   NewProjectOptions into;
   into.into = true;
+  const auto before = system.Snapshot();
+  EXPECT_EQ(PlanProject(system, path, into).added,
+            (std::vector<std::string>{"TvbfFormulas", "TvbfAlias", "TvbfParams"}));
+  EXPECT_EQ(system.Snapshot(), before);
   MakeProject(system, path, into);
   Project project(system, path, {}, texts);
   EXPECT_EQ(project.operations().Count().formulas, 0);
