@@ -219,27 +219,27 @@ constexpr Row kRows[] = {
      "<File> ist schon da und kein Bericht. Nennen Sie eine andere, oder ersetzen Sie sie mit "
      "--force.",
      "<File> exists and is no report. Name another file, or replace it with --force."},
-    {1346, "Die Standardeingabe", "Standard input"},
-    {1347, "Die Standardausgabe", "Standard output"},
-    {1348, "Was zu ändern war, ist geändert; nur die Ausgabe darüber fehlt.",
+    {1348, "Die Standardeingabe", "Standard input"},
+    {1349, "Die Standardausgabe", "Standard output"},
+    {1350, "Was zu ändern war, ist geändert; nur die Ausgabe darüber fehlt.",
      "What was to be changed is changed; only the output about it is missing."},
-    {1349, "Zeile <Line>: <Text>", "line <Line>: <Text>"},
-    {1350, "Nichts zu ändern: Die Werte sind schon so.",
+    {1351, "Zeile <Line>: <Text>", "line <Line>: <Text>"},
+    {1352, "Nichts zu ändern: Die Werte sind schon so.",
      "Nothing to change: the values are so already."},
-    {1351,
+    {1353,
      "Die Zeile enthält \"<Text>\". Ist das eine Tabelle, stellen Sie ihr die Kopfzeile "
      "\"item,alias\" voran (mit dem Trennzeichen der Tabelle); gehört das Zeichen zum Item, "
      "schließen Sie es mit einem Tabulator ab.",
      "The line holds \"<Text>\". If this is a table, put the header \"item,alias\" in front of it "
      "(with the table's separator); if the character belongs to the item, end the item with a "
      "tab."},
-    {1352, "Ein Anführungszeichen wird nicht geschlossen.", "A quotation mark is never closed."},
-    {1353,
+    {1354, "Ein Anführungszeichen wird nicht geschlossen.", "A quotation mark is never closed."},
+    {1355,
      "<Count> Felder beginnen mit =, +, - oder @; eine Tabellenkalkulation könnte sie ausführen. "
      "--safe-cells stellt ihnen ein Hochkomma voran.",
      "<Count> fields begin with =, +, - or @; a spreadsheet could run them. --safe-cells puts an "
      "apostrophe before them."},
-    {1354, "Texten, die eine Tabellenkalkulation ausführen könnte, ein Hochkomma voranstellen",
+    {1356, "Texten, die eine Tabellenkalkulation ausführen könnte, ein Hochkomma voranstellen",
      "put an apostrophe before texts that a spreadsheet could run"},
 };
 
