@@ -31,7 +31,7 @@ class OpenProject {
                        texts::Language language = texts::Language::kEnglish)
       : texts(language),
         environment(std::make_shared<vbfiles::Environment>(system)),
-        connection(std::make_shared<recordset::JetConnection>(system)),
+        connection(std::make_shared<recordset::JetConnection>(system, AnyFileOptions())),
         unit(system, kDatabasePath, kAnyFile),
         code(texts, &items, &components) {
     connection->Open(store::ProjectConnectionString(kDatabasePath));

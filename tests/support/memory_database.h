@@ -12,14 +12,22 @@
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
 #include "store/schema.h"
+#include "tests/support/any_file.h"
 
 namespace support {
+
+// A connection that puts back whatever an interrupted operation of the plant left.
+inline jet::OpenOptions AnyFileOptions() {
+  jet::OpenOptions options;
+  options.reach = kAnyFile;
+  return options;
+}
 
 inline constexpr const char* kDatabasePath = "/plant/Plant.ovs";
 
 // An empty project database in those files.
 inline void PutDatabase(files::FileSystem& system) {
-  recordset::JetConnection connection(system);
+  recordset::JetConnection connection(system, AnyFileOptions());
   connection.Create(store::ProjectConnectionString(kDatabasePath));
   store::CompleteSchema(connection);
 }
@@ -27,7 +35,8 @@ inline void PutDatabase(files::FileSystem& system) {
 // A project database that lives in memory, made by the engine itself, with its three empty tables.
 class MemoryDatabase {
  public:
-  MemoryDatabase() : connection_(std::make_shared<recordset::JetConnection>(system_)) {
+  MemoryDatabase()
+      : connection_(std::make_shared<recordset::JetConnection>(system_, AnyFileOptions())) {
     system_.CreateDirectories(system_.Folder(path_));
     connection_->Create(store::ProjectConnectionString(path_));
     store::CompleteSchema(*connection_);
@@ -39,7 +48,7 @@ class MemoryDatabase {
 
   // A second connection to the same file, as another program has it.
   std::shared_ptr<recordset::JetConnection> Connect() {
-    auto other = std::make_shared<recordset::JetConnection>(system_);
+    auto other = std::make_shared<recordset::JetConnection>(system_, AnyFileOptions());
     other->Open(store::ProjectConnectionString(path_));
     return other;
   }

@@ -34,7 +34,7 @@ class SamplePlant {
     PutProject(system, {{"CHelper", code}, {"CPump", code}, {"CTank", code}});
     system.Put(ClassPath("CHelper"), ClassHeader("CHelper", false) + code);
     PutDatabase(system);
-    connection = std::make_shared<recordset::JetConnection>(system);
+    connection = std::make_shared<recordset::JetConnection>(system, AnyFileOptions());
     environment = std::make_shared<vbfiles::Environment>(system);
     environment->Open(kProjectPath);
     database_ = std::make_unique<workbench::ConnectionParticipant>(connection);
@@ -49,7 +49,7 @@ class SamplePlant {
 
   // All rows of a table in the order of ID, their values with bars between them.
   std::vector<std::string> Rows(const std::string& table, const std::vector<std::string>& fields) {
-    recordset::JetConnection reader(system);
+    recordset::JetConnection reader(system, AnyFileOptions());
     reader.Open(store::ProjectConnectionString(kPlantDatabase));
     const auto recordset = reader.CreateRecordset();
     recordset->SetSource("SELECT * FROM " + table + " ORDER BY ID");
