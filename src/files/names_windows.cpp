@@ -109,6 +109,31 @@ DWORD RemoveOnce(const std::string& path) {
   return done ? ERROR_SUCCESS : ::GetLastError();
 }
 
+// Where files have no second names and open files cannot be replaced: the system takes the old one
+// away first, and for a moment nobody has the name.
+DWORD ReplaceInSteps(const std::string& from, const std::string& to, const std::string& kept) {
+  if (::ReplaceFileW(SystemPath(to).c_str(), SystemPath(from).c_str(), SystemPath(kept).c_str(),
+                     REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) {
+    return ERROR_SUCCESS;
+  }
+  const DWORD code = ::GetLastError();
+  if (code == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) MoveOnce(kept, to);
+  return code;
+}
+
+// `from` takes the place of `to`, which is named `kept` then. Nobody finds the name missing: the
+// old file gets the third name before it loses the first.
+DWORD ReplaceAndKeep(const std::string& from, const std::string& to, const std::string& kept) {
+  if (!::CreateHardLinkW(SystemPath(kept).c_str(), SystemPath(to).c_str(), nullptr)) {
+    const DWORD code = ::GetLastError();
+    return IsUnknownThere(code) ? ReplaceInSteps(from, to, kept) : code;
+  }
+  const DWORD code = RenamePosix(from, SystemPath(to));
+  if (code == ERROR_SUCCESS) return code;
+  RemoveOnce(kept);
+  return IsUnknownThere(code) ? ReplaceInSteps(from, to, kept) : code;
+}
+
 // Whether somebody has the file open in a way that keeps others out.
 bool IsInUse(const std::string& path) {
   const Handle handle(::CreateFileW(SystemPath(path).c_str(), GENERIC_READ, 0, nullptr,
@@ -229,23 +254,14 @@ void RenameNew(const std::string& from, const std::string& to) {
   if (code != ERROR_SUCCESS) RaiseCode(code, from, "cannot be renamed to " + to);
 }
 
-// The system replaces a file and keeps what it replaced under a third name.
 bool Exchange(const std::string& one, const std::string& other) {
   const std::string third = one + kExchanging;
-  const std::wstring names[] = {SystemPath(one), SystemPath(other), SystemPath(third)};
-  const auto replace = [&]() -> DWORD {
-    return ::ReplaceFileW(names[1].c_str(), names[0].c_str(), names[2].c_str(),
-                          REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)
-               ? ERROR_SUCCESS
-               : ::GetLastError();
-  };
-  const DWORD code = Retry(replace, [&](DWORD) { return Exists(third); });
-  if (code == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) MoveOnce(third, other);
+  DWORD code = Retry([&] { return ReplaceAndKeep(one, other, third); },
+                     [&](DWORD) { return !Exists(other) || Exists(third); });
   if (IsUnknownThere(code)) return false;
   if (code != ERROR_SUCCESS) RaiseCode(code, one, "cannot be exchanged with " + other);
-  const DWORD last =
-      Retry([&] { return MoveOnce(third, one); }, [&](DWORD) { return Exists(one); });
-  if (last != ERROR_SUCCESS) RaiseCode(last, third, "cannot be renamed to " + one);
+  code = Retry([&] { return MoveOnce(third, one); }, [&](DWORD) { return Exists(one); });
+  if (code != ERROR_SUCCESS) RaiseCode(code, third, "cannot be renamed to " + one);
   return true;
 }
 
