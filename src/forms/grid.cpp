@@ -69,18 +69,9 @@ std::vector<std::size_t> Grid::DisplayOrder() const {
   return order;
 }
 
-void Grid::MoveColumn(std::size_t column, std::size_t place) {
-  std::size_t split = SplitOfColumn(column);
-  std::vector<std::size_t> order;
-  for (std::size_t c : DisplayOrder()) {
-    if (c != column) order.push_back(c);
-  }
-  auto first = std::find_if(order.begin(), order.end(),
-                            [&](std::size_t c) { return SplitOfColumn(c) >= split; });
-  place = std::min(place, splits_[split]->Columns().size() - 1);
-  order.insert(first + static_cast<std::ptrdiff_t>(place), column);
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    ColumnAt(order[i]).SetOrder(static_cast<std::int32_t>(i));
+void Grid::SetDisplayOrder(const std::vector<std::size_t>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    ColumnAt(columns[i]).SetOrder(static_cast<std::int32_t>(i));
   }
 }
 

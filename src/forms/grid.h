@@ -48,9 +48,9 @@ class Grid : public RowView {
   std::size_t SplitOfColumn(std::size_t column) const;
   // Column numbers from left to right, split by split, hidden columns included.
   std::vector<std::size_t> DisplayOrder() const;
-  // Puts a column at a place among the columns of its split (0 is the leftmost) and numbers the
-  // orders of all columns by their places.
-  void MoveColumn(std::size_t column, std::size_t place);
+  // Numbers the orders of all columns by their places in `columns`, which names each of them once.
+  // A column stays in its split all the same.
+  void SetDisplayOrder(const std::vector<std::size_t>& columns);
 
   // Column with the keyboard.
   std::size_t CurrentColumn() const { return current_column_; }

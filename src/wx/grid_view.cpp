@@ -28,10 +28,6 @@ GridView::GridView(forms::Grid& grid, wxWindow* parent, const ViewContext& conte
       Native().Redraw();
     });
   };
-  List().Bind(wxEVT_DATAVIEW_COLUMN_REORDERED, [this](wxDataViewEvent& event) {
-    wxDataViewColumn* moved = event.GetDataViewColumn();
-    if (moved) OnReordered(*moved);
-  });
   Start();
 }
 
@@ -56,6 +52,11 @@ void GridView::BuildColumns() {
   has_rest_ = false;
   AppendRestIfNeeded();
   built_ = Columns();
+  Native().WatchOrder(
+      [this] { Later([this] { TakeOrder(); }); },
+      [this](std::size_t column, NativeList::Neighbour left, NativeList::Neighbour right) {
+        return StaysInSplit(column, left, right);
+      });
 }
 
 bool GridView::ResizeColumns() {
@@ -132,21 +133,23 @@ std::vector<std::size_t> GridView::ShownColumns() const {
   return shown;
 }
 
-// The user dropped a column somewhere; it takes that place among the columns of its split.
-void GridView::OnReordered(const wxDataViewColumn& moved) {
-  std::size_t number = NumberOf(&moved);
-  std::size_t split = grid_.SplitOfColumn(number);
-  int position = List().GetColumnPosition(&moved);
-  std::size_t place = 0;
-  for (unsigned i = 0; i < List().GetColumnCount(); ++i) {
-    wxDataViewColumn* other = List().GetColumn(i);
-    if (NumberOf(other) >= grid_.ColumnCount()) continue;
-    bool same_split = grid_.SplitOfColumn(NumberOf(other)) == split;
-    if (same_split && List().GetColumnPosition(other) < position) ++place;
-  }
-  grid_.MoveColumn(number, place);
-  built_.clear();
-  Show(forms::Property::kColumns);  // puts back what the split does not allow
+// The splits lie side by side; what is behind the columns of the model lies behind all of them.
+bool GridView::StaysInSplit(std::size_t column, NativeList::Neighbour left,
+                            NativeList::Neighbour right) const {
+  const auto split = [this](std::size_t number) {
+    return number < grid_.ColumnCount() ? grid_.SplitOfColumn(number) : grid_.SplitCount();
+  };
+  return column < grid_.ColumnCount() && (!left || split(*left) <= split(column)) &&
+         (!right || split(*right) >= split(column));
+}
+
+// The user put a column somewhere else.
+void GridView::TakeOrder() {
+  std::vector<std::size_t> order = Native().Order();
+  std::erase_if(order, [this](std::size_t number) { return number >= grid_.ColumnCount(); });
+  if (order == grid_.DisplayOrder() || order.size() != grid_.ColumnCount()) return;
+  grid_.SetDisplayOrder(order);
+  built_ = order == grid_.DisplayOrder() ? Columns() : std::string();
 }
 
 bool GridView::OnPress(const CellPress& press) {

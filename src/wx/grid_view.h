@@ -26,7 +26,9 @@ class GridView : public RowsView {
   int ShownWidth(std::size_t number) const;
   std::string Columns() const;
   bool OnPress(const CellPress& press);
-  void OnReordered(const wxDataViewColumn& moved);
+  bool StaysInSplit(std::size_t column, NativeList::Neighbour left,
+                    NativeList::Neighbour right) const;
+  void TakeOrder();
   std::size_t NumberOf(const wxDataViewColumn* column) const;
 
   forms::Grid& grid_;

@@ -9,7 +9,9 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace wx {
 
@@ -43,6 +45,15 @@ class NativeList {
   void WatchEditing(wxDataViewRenderer& renderer, CellEditing editing);
   // The user dragged the border of the column; the width is in pixels.
   void WatchWidth(wxDataViewColumn& column, std::function<void(int width)> on_width);
+  // The user dragged a column to another place. `may_stand` says whether a column may be put
+  // between two others, all by their numbers in the model; nothing stands for the border of the
+  // list.
+  using Neighbour = std::optional<std::size_t>;
+  void WatchOrder(
+      std::function<void()> on_order,
+      std::function<bool(std::size_t column, Neighbour left, Neighbour right)> may_stand);
+  // The numbers of all columns in the model, from left to right.
+  std::vector<std::size_t> Order() const;
   // Columns that were watched are gone.
   void ForgetColumns();
 

@@ -50,6 +50,8 @@ struct NativeList::State {
   wxDataViewCtrl* list = nullptr;
   GtkTreeView* tree = nullptr;
   std::function<bool(const CellPress&)> on_press;
+  std::function<void()> on_order;
+  std::function<bool(std::size_t, Neighbour, Neighbour)> may_stand;
   std::string empty_text;
   std::vector<std::unique_ptr<Watched>> watched;
   std::vector<std::unique_ptr<Width>> widths;
@@ -58,6 +60,7 @@ struct NativeList::State {
   std::vector<std::unique_ptr<Handler>> entry_handlers;
   std::unique_ptr<Handler> draw;
   std::unique_ptr<Handler> press;
+  std::unique_ptr<Handler> order;
   GtkEntry* entry = nullptr;
   bool escaped = false;
 
@@ -121,6 +124,18 @@ struct NativeList::State {
     }
     return 0;
   }
+  static void OnColumns(GtkTreeView*, gpointer data) {
+    auto& state = *static_cast<State*>(data);
+    if (state.on_order) state.on_order();
+  }
+  static gboolean MayDrop(GtkTreeView*, GtkTreeViewColumn* column, GtkTreeViewColumn* left,
+                          GtkTreeViewColumn* right, gpointer data) {
+    auto& state = *static_cast<State*>(data);
+    const auto number = [&](GtkTreeViewColumn* native) {
+      return native ? Neighbour(state.NumberOf(native)) : Neighbour();
+    };
+    return state.may_stand(state.NumberOf(column), number(left), number(right)) ? TRUE : FALSE;
+  }
   bool IsOnButton(GtkTreeViewColumn* column, int cell_x) const {
     for (const Button& button : buttons) {
       if (button.column != column) continue;
@@ -159,6 +174,8 @@ NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>())
   gtk_tree_view_set_enable_search(state_->tree, FALSE);  // typing belongs to the cells
   state_->press = std::make_unique<Handler>(state_->tree, "button-press-event",
                                             G_CALLBACK(State::OnPress), state_.get());
+  state_->order = std::make_unique<Handler>(state_->tree, "columns-changed",
+                                            G_CALLBACK(State::OnColumns), state_.get());
   state_->draw = std::make_unique<Handler>(state_->tree, "draw", G_CALLBACK(State::OnDraw),
                                            state_.get(), G_CONNECT_AFTER);
 }
@@ -180,8 +197,29 @@ void NativeList::WatchWidth(wxDataViewColumn& column, std::function<void(int)> o
                                 G_CALLBACK(State::OnWidth), state_->widths.back().get()));
 }
 
+void NativeList::WatchOrder(std::function<void()> on_order,
+                            std::function<bool(std::size_t, Neighbour, Neighbour)> may_stand) {
+  state_->on_order = std::move(on_order);
+  state_->may_stand = std::move(may_stand);
+  gtk_tree_view_set_column_drag_function(state_->tree, State::MayDrop, state_.get(), nullptr);
+}
+
+std::vector<std::size_t> NativeList::Order() const {
+  std::vector<std::size_t> order;
+  GList* columns = gtk_tree_view_get_columns(state_->tree);
+  for (GList* column = columns; column; column = column->next) {
+    order.push_back(state_->NumberOf(GTK_TREE_VIEW_COLUMN(column->data)));
+  }
+  g_list_free(columns);
+  return order;
+}
+
 void NativeList::ForgetColumns() {
   state_->on_press = nullptr;
+  if (state_->on_order) {
+    gtk_tree_view_set_column_drag_function(state_->tree, nullptr, nullptr, nullptr);
+    state_->on_order = nullptr;
+  }
   state_->column_handlers.clear();
   state_->entry_handlers.clear();
   state_->watched.clear();

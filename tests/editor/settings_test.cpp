@@ -30,8 +30,7 @@ TEST(EditorSettings, LayoutSurvivesThreeRestarts) {
     bench.Reopen();
   }
   EXPECT_EQ(bench.Setting("tdbPColOrders"), ",0,1,2");
-  bench.Window().tdbP.MoveColumn(2, 1);
-  bench.Window().tdbP.MoveColumn(2, 0);
+  bench.Window().tdbP.SetDisplayOrder({0, 2, 1});
   bench.Window().tdbP.ColumnAt(1).SetWidth(1234.5);
   bench.Window().tdbA.ColumnAt(0).SetWidth(2222);
   bench.Window().SetWindowState(forms::WindowState::kNormal);

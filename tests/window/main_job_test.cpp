@@ -131,12 +131,16 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
     Input({"key alt+e sleep 0.3 key --delay 80 Up Return sleep 0.8 key alt+s key Return"});
     EXPECT_NE(settings().find("sb.Visible=False"), std::string::npos) << settings();
     wxDataViewCtrl& grid = program.Grid();
+    window_tests::Wait::For([&] { return grid.GetColumn(0)->GetWidth() > 0; });
     width = grid.GetColumn(0)->GetWidth();
     EXPECT_GT(width, 300) << "it takes the room that there is";
     display::Drag(grid, {width, 10}, {width + 60, 10});
     width += 60;
     EXPECT_NEAR(grid.GetColumn(0)->GetWidth(), width, 4);
     width = grid.GetColumn(0)->GetWidth();
+    const int in = width + grid.GetColumn(1)->GetWidth() / 2;
+    display::Drag(grid, {in + grid.GetColumn(1)->GetWidth(), 10}, {in - 20, 10});
+    EXPECT_EQ(grid.GetColumn(1)->GetModelColumn(), 2u);
   }
   const std::string kept = settings();
   EXPECT_NE(kept.find("sb.Visible=False"), std::string::npos);
@@ -144,6 +148,7 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
     DesktopProgram program(plant.system, GetParam());
     ASSERT_TRUE(program.Open());
     EXPECT_EQ(program.Grid().GetColumn(0)->GetWidth(), width) << "restart " << restart;
+    EXPECT_EQ(program.Grid().GetColumn(1)->GetModelColumn(), 2u) << "restart " << restart;
     EXPECT_EQ(settings(), kept) << "restart " << restart;
   }
   EXPECT_EQ(settings(), kept);

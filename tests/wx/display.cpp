@@ -156,10 +156,11 @@ void Drag(wxWindow& window, wxPoint from, wxPoint to) {
   Pump(60);
   simulator.MouseDown();
   Pump(60);
-  simulator.MouseMove((start.x + end.x) / 2, (start.y + end.y) / 2);
-  Pump(60);
-  simulator.MouseMove(end);
-  Pump(60);
+  constexpr int kSteps = 8;
+  for (int step = 1; step <= kSteps; ++step) {
+    simulator.MouseMove(start + (end - start) * step / kSteps);
+    Pump(30);
+  }
   simulator.MouseUp();
   Pump(120);
 }

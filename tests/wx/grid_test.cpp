@@ -156,7 +156,7 @@ TEST_F(GridTest, KeysAndMouseReachTheModel) {
 TEST_F(GridTest, CopiesSelectedRowsAsTabSeparatedText) {
   Focus(form.tdbP, 0);
   form.tdbP.SetSelection({10, 11});
-  form.tdbP.MoveColumn(2, 0);
+  form.tdbP.SetDisplayOrder({0, 2, 1});
   display::Pump(100);
   Press('C', wxMOD_CONTROL);
   ASSERT_TRUE(wxTheClipboard->Open());
@@ -188,6 +188,41 @@ TEST_F(GridTest, TheUserSizesColumnsAndTheModelKnows) {
   display::Pump(200);
   EXPECT_EQ(form.tdbP.ColumnAt(0).Width(), 1500);
   EXPECT_EQ(list.GetColumn(0)->GetWidth(), 100);
+}
+
+TEST_F(GridTest, TheUserMovesColumnsInTheirSplit) {
+  using Order = std::vector<std::size_t>;
+  wxDataViewCtrl& list = List("tdbP");
+  const auto drag = [&](unsigned from, unsigned to, int beside) {
+    const auto header = [&](unsigned column) {
+      const wxRect cell = list.GetItemRect(list.GetTopItem(), list.GetColumn(column));
+      return wxPoint(cell.x + cell.width / 2, 10);
+    };
+    const wxPoint start = header(from), end = header(to);
+    display::Drag(list, start, {end.x + beside, end.y});
+    display::Pump(300);
+  };
+  const auto shown = [&] {
+    Order order;
+    for (unsigned i = 0; i < 3; ++i) order.push_back(list.GetColumn(i)->GetModelColumn());
+    return order;
+  };
+  struct Case {
+    unsigned from, to;
+    int beside;
+    Order order;
+  };
+  const Case cases[] = {
+      {2, 1, -20, {0, 2, 1}},
+      {0, 1, 40, {0, 2, 1}},   // the only one of its split
+      {2, 0, -20, {0, 1, 2}},  // as far as its split reaches
+      {1, 2, 20, {0, 2, 1}},
+  };
+  for (const Case& c : cases) {
+    drag(c.from, c.to, c.beside);
+    EXPECT_EQ(form.tdbP.DisplayOrder(), c.order) << c.from << " to " << c.to;
+    EXPECT_EQ(shown(), c.order) << c.from << " to " << c.to;
+  }
 }
 
 TEST_F(GridTest, MenusShowWhatTheBandShowsNow) {
