@@ -4,11 +4,13 @@
 #include <wx/cmdline.h>
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
+#include <wx/utils.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <typeinfo>
 
 #include "apps/process.h"
@@ -32,7 +34,9 @@ std::string Environment(const std::string& name) {
 
 class App : public wxApp {
  public:
-  void OnInitCmdLine(wxCmdLineParser& parser) override {
+  void OnInitCmdLine(wxCmdLineParser& parser) override { Describe(parser); }
+
+  static void Describe(wxCmdLineParser& parser) {
     parser.AddLongOption("lang", "de or en");
     parser.AddLongOption("vbp", "Visual Basic project or group; may be repeated");
     parser.AddLongOption("items", "item catalogue");
@@ -44,10 +48,15 @@ class App : public wxApp {
     parser.AddParam("PROJECT.ovs", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
   }
 
+  bool OnCmdLineError(wxCmdLineParser& parser) override {
+    bad_usage_ = true;
+    return wxApp::OnCmdLineError(parser);
+  }
+  static bool BadUsage() { return bad_usage_; }
+
   bool OnCmdLineParsed(wxCmdLineParser& parser) override {
     wxString language;
     if (parser.Found("lang", &language)) language_ = wx::FromWx(language);
-    version_ = parser.Found("version");
     if (parser.GetParamCount() > 0) project_ = wx::FromWx(parser.GetParam(0));
     for (const wxCmdLineArg& argument : parser.GetArguments()) TakeReadingOption(argument);
     return true;
@@ -59,10 +68,6 @@ class App : public wxApp {
     wx::SilenceDiagnostics();
 #endif
     if (!wxApp::OnInit()) return false;
-    if (version_) {
-      std::printf("ovformula-desktop %s\n", desktop::kVersion);
-      return false;
-    }
     Start();
     return true;
   }
@@ -134,7 +139,7 @@ class App : public wxApp {
   std::string language_;
   std::string project_;
   desktop::ReadingOptions reading_;
-  bool version_ = false;
+  static inline bool bad_usage_ = false;
   std::unique_ptr<desktop::Program> program_;
 };
 
@@ -142,7 +147,37 @@ class App : public wxApp {
 
 wxIMPLEMENT_APP_NO_MAIN(App);
 
+// What needs no window is answered without a display.
 int main(int argc, char** argv) {
   apps::PrepareProcess();
-  return wxEntry(argc, argv);
+  std::string language;
+  for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--version") {
+      std::printf("ovformula-desktop %s\n", desktop::kVersion);
+      return EXIT_SUCCESS;
+    }
+    if (argument == "--help" || argument == "-h") {
+      wxCmdLineParser parser(1, argv);
+      App::Describe(parser);
+      std::fputs(parser.GetUsageString().utf8_str(), stdout);
+      return EXIT_SUCCESS;
+    }
+    if (argument == "--lang" && i + 1 < argc) language = argv[i + 1];
+    if (argument.starts_with("--lang=")) language = argument.substr(7);
+  }
+  const texts::Language chosen =
+      workbench::ChooseLanguage(language, files::RealFileSystem(), Environment);
+#ifdef __WXGTK__
+  if (Environment("DISPLAY").empty() && Environment("WAYLAND_DISPLAY").empty()) {
+    const texts::TextTable texts(chosen);
+    std::fprintf(stderr, "%s\n", texts.Text(workbench::kTextNoDisplay).c_str());
+    return EXIT_FAILURE;
+  }
+#endif
+  // The toolkit's own menus speak the same language.
+  wxSetEnv("LANGUAGE", chosen == texts::Language::kGerman ? "de" : "en");
+  const int result = wxEntry(argc, argv);
+  constexpr int kUsage = 2;
+  return App::BadUsage() ? kUsage : result;
 }

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/code_editor.h"
 
+#include <wx/menu.h>
 #include <wx/settings.h>
 
 #include <algorithm>
 
 #include "desktop/colours.h"
 #include "workbench/line_diff.h"
+#include "workbench/text_numbers.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -34,7 +36,8 @@ constexpr const char* kKeywords =
 
 }  // namespace
 
-CodeEditor::CodeEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
+CodeEditor::CodeEditor(wxWindow* parent, const texts::TextTable& texts)
+    : wxStyledTextCtrl(parent), texts_(texts) {
   SetLexer(wxSTC_LEX_VB);
   SetKeyWords(0, kKeywords);
   SetTabWidth(kTabWidth);
@@ -48,6 +51,8 @@ CodeEditor::CodeEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetScrollWidthTracking(true);
   // Tab indents, so the keyboard does not get here by it: by a click or by F6.
   DisableFocusFromKeyboard();
+  UsePopUp(wxSTC_POPUP_NEVER);  // its texts would follow the system's language
+  Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { ShowMenu(); });
   ApplyColours();
   wx::KeepScrollbarsBeside(*this);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -82,6 +87,45 @@ void CodeEditor::ApplyColours() {
   StyleSetBackground(wxSTC_STYLE_LINENUMBER, wxColour(palette.margin));
   SetSelBackground(true, wxColour(palette.selection));
   SetCaretForeground(wxColour(palette.ink));
+}
+
+void CodeEditor::ShowMenu() {
+  using workbench::TextNumber;
+  wxMenu menu;
+  const auto add = [&](int text, bool enabled, auto action) {
+    menu.Append(text, wx::ToWx(texts_.Text(text)))->Enable(enabled);
+    menu.Bind(
+        wxEVT_MENU, [action](wxCommandEvent&) { action(); }, text);
+  };
+  const bool selection = GetSelectionStart() != GetSelectionEnd();
+  add(TextNumber::kTextUndo, CanUndo(), [this] { Undo(); });
+  add(TextNumber::kTextRedo, CanRedo(), [this] { Redo(); });
+  menu.AppendSeparator();
+  add(TextNumber::kTextCut, selection, [this] { Cut(); });
+  add(TextNumber::kTextCopy, selection, [this] { Copy(); });
+  add(TextNumber::kTextPaste, CanPaste(), [this] { Paste(); });
+  add(TextNumber::kTextDelete, selection, [this] { Clear(); });
+  menu.AppendSeparator();
+  add(TextNumber::kTextSelectAll, GetLength() > 0, [this] { SelectAll(); });
+  PopupMenu(&menu);
+}
+
+bool CodeEditor::Find(std::string_view text, bool behind, bool backward) {
+  const wxString wanted = wx::ToWx(text);
+  const auto search = [&](int from, int to) {
+    SetTargetRange(from, to);
+    SetSearchFlags(0);
+    return SearchInTarget(wanted);
+  };
+  const int start = backward ? GetSelectionStart()
+                    : behind ? GetSelectionEnd()
+                             : GetSelectionStart();
+  int found = search(start, backward ? 0 : GetLength());
+  if (found < 0) found = backward ? search(GetLength(), 0) : search(0, GetLength());
+  if (found < 0) return false;
+  SetSelection(GetTargetStart(), GetTargetEnd());
+  EnsureCaretVisible();
+  return true;
 }
 
 std::string CodeEditor::Text() const { return wx::FromWx(GetText()); }

@@ -7,13 +7,14 @@
 #include <string_view>
 
 #include "platform/vbide.h"
+#include "texts/text_table.h"
 
 namespace desktop {
 
 // A text field for Visual Basic code, in its colours. Lines end with LF; the last line has no end.
 class CodeEditor : public wxStyledTextCtrl {
  public:
-  explicit CodeEditor(wxWindow* parent);
+  CodeEditor(wxWindow* parent, const texts::TextTable& texts);
 
   std::string Text() const;
   // Shows another text: nothing can be undone, and it counts as saved.
@@ -28,10 +29,16 @@ class CodeEditor : public wxStyledTextCtrl {
   void SelectLines(const platform::CodeSelection& selection);
   void ShowLineNumbers(bool show);
 
+  // Selects the next place of a text behind the selection, or from where it begins, without regard
+  // to case; goes on at the other end. False when there is none.
+  bool Find(std::string_view text, bool behind, bool backward = false);
+
  private:
+  void ShowMenu();
   void ApplyColours();
   void FitScrollWidth();
 
+  const texts::TextTable& texts_;
   bool changing_ = false;
   bool line_numbers_ = false;
 };

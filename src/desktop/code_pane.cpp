@@ -3,6 +3,7 @@
 
 #include <wx/clipbrd.h>
 #include <wx/sizer.h>
+#include <wx/srchctrl.h>
 #include <wx/stattext.h>
 
 #include "desktop/code_editor.h"
@@ -27,10 +28,13 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
       texts_(texts),
       title_(new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
-      editor_(new CodeEditor(this)) {
+      find_(new wxSearchCtrl(this, wxID_ANY)),
+      editor_(new CodeEditor(this, texts)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(title_, wxSizerFlags().Expand().Border(wxALL, FromDIP(6)));
+  sizer->Add(find_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(6)));
   sizer->Add(editor_, wxSizerFlags(1).Expand());
+  SetUpFind();
   SetSizer(sizer);
   SetTitle(texts.Text(TextNumber::kTextNoModule));
   wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(TextNumber::kTextCodeName)));
@@ -48,6 +52,60 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
   });
   copy_timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { KeepCopy(); });
 }
+
+// --- Finding ---
+
+void CodePane::SetUpFind() {
+  const wxString name = wx::ToWx(texts_.Text(TextNumber::kTextFindInCode));
+  find_->SetDescriptiveText(name);
+  wx::SetAccessibleName(*find_, name);
+  find_->ShowCancelButton(true);
+  find_->Hide();
+  find_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Find(false); });
+  find_->Bind(wxEVT_SEARCHCTRL_CANCEL_BTN, [this](wxCommandEvent&) { CloseFind(); });
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { event.Skip(!OnFindKey(event)); });
+}
+
+bool CodePane::OnFindKey(const wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  const bool shift = event.GetModifiers() == wxMOD_SHIFT, plain = !event.HasAnyModifiers();
+  const bool finding = find_->IsShown() && !editor_->HasFocus();
+  if (key == 'F' && event.GetModifiers() == wxMOD_CONTROL) {
+    OpenFind();
+  } else if ((plain || shift) && (key == WXK_F3 || (finding && key == WXK_RETURN))) {
+    if (!find_->IsShown()) return OpenFind(), true;
+    Find(true, shift);
+  } else if (plain && finding && key == WXK_ESCAPE) {
+    CloseFind();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void CodePane::OpenFind() {
+  if (!editor_->IsEnabled()) return;
+  find_->Show();
+  Layout();
+  find_->SetFocus();
+  find_->SelectAll();
+}
+
+void CodePane::CloseFind() {
+  find_->Hide();
+  Layout();
+  TakeKeyboard();
+}
+
+void CodePane::Find(bool behind, bool backward) {
+  const std::string text = wx::FromWx(find_->GetValue());
+  if (text.empty()) return;
+  const bool found = editor_->Find(text, behind, backward);
+  if (on_status)
+    on_status(found ? "" : texts_.Text(TextNumber::kTextNotInCode, {{"<Text>", text}}));
+}
+
+// --- The module ---
 
 bool CodePane::ShowModule(std::shared_ptr<platform::VBComponent> component,
                           platform::UnitOfWork& unit) {

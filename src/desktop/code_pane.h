@@ -14,6 +14,7 @@
 #include "workbench/code_document.h"
 #include "workbench/unsaved_code.h"
 
+class wxSearchCtrl;
 class wxStaticText;
 
 namespace desktop {
@@ -72,6 +73,11 @@ class CodePane : public wxPanel {
   std::function<Answer(const std::string& module)> on_unsaved;
 
  private:
+  void SetUpFind();
+  bool OnFindKey(const wxKeyEvent& event);
+  void OpenFind();
+  void CloseFind();
+  void Find(bool behind, bool backward = false);
   void Discard();
   void SetTitle(const std::string& text);
   void ShowName();
@@ -83,6 +89,7 @@ class CodePane : public wxPanel {
 
   const texts::TextTable& texts_;
   wxStaticText* title_;
+  wxSearchCtrl* find_;
   CodeEditor* editor_;
   std::shared_ptr<platform::VBComponent> component_;
   std::unique_ptr<workbench::CodeDocument> document_;

@@ -39,6 +39,7 @@ constexpr int kTitleBar = 30;            // pixels that the window manager adds 
 constexpr int kTitleMiddle = 10;
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
+constexpr std::int32_t kItemsTopic = 90032;
 constexpr std::int32_t kRefreshView = 162;
 
 wxSize LeastSize() { return wxWindow::FromDIP(wxSize(640, 420), nullptr); }
@@ -52,23 +53,11 @@ wxRect PlaceOnScreen(const DesktopState::Place& place) {
   wxSize size(place.width, place.height);
   size.IncTo(LeastSize());
   size.DecTo(wxSize(screen.width, screen.height - kTitleBar));
-  const wxRect wanted(wxPoint(place.left, place.top), size);
-  return gone ? wxRect(size).CentreIn(screen) : wanted;
-}
-
-// Some window managers choose a place of their own for a new window. It can be moved once it is on
-// the screen.
-void InsistOnPlace(wxTopLevelWindow& window) {
-  auto move = [&window, place = window.GetPosition(),
-               done = false](wxActivateEvent& event) mutable {
-    event.Skip();
-    if (done || !event.GetActive()) return;
-    done = true;
-    window.CallAfter([&window, place] {
-      if (!window.IsMaximized()) window.Move(place);
-    });
-  };
-  window.Bind(wxEVT_ACTIVATE, move);
+  if (gone) return wxRect(size).CentreIn(screen);
+  const wxPoint last(screen.GetRight() + 1 - size.x, screen.GetBottom() + 1 - kTitleBar - size.y);
+  return {wxPoint(std::clamp(place.left, screen.x, std::max(screen.x, last.x)),
+                  std::clamp(place.top, screen.y, std::max(screen.y, last.y))),
+          size};
 }
 
 bool HasKeyboard(const wxWindow& window) {
@@ -83,9 +72,9 @@ MainWindow::MainWindow(const Parts& parts) : MainWindow(parts, PlaceOnScreen(par
 MainWindow::MainWindow(const Parts& parts, const wxRect& place)
     : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(TextNumber::kTextProduct)),
               place.GetPosition(), place.GetSize()),
-      parts_(parts) {
+      parts_(parts),
+      wanted_(place) {
   SetMinSize(LeastSize());
-  InsistOnPlace(*this);
   SetIcons(ProgramIcons());
   CreateStatusBar();
   CreateMenus();
@@ -93,6 +82,7 @@ MainWindow::MainWindow(const Parts& parts, const wxRect& place)
   ShowRecent();
   Bind();
   if (parts.state.window.maximised) Maximize();
+  InsistOnPlace();
   parts_.toolkit.SetMainWindow(this);
   parts_.toolkit.SetEditorHost(editor_host_);
 }
@@ -100,6 +90,44 @@ MainWindow::MainWindow(const Parts& parts, const wxRect& place)
 MainWindow::~MainWindow() {
   parts_.toolkit.SetEditorHost(nullptr);
   parts_.toolkit.SetMainWindow(nullptr);
+}
+
+// Some window managers choose a place of their own for a new window. It can be moved once it is on
+// the screen, and gets its size in steps: until it has settled, each step would share the new room
+// between table and code.
+void MainWindow::InsistOnPlace() {
+  wxFrame::Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+    event.Skip();
+    if (placed_ || !event.GetActive()) return;
+    placed_ = true;
+    CallAfter([this] {
+      if (!IsMaximized()) Move(wanted_.GetPosition());
+    });
+  });
+  rows_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    if (!arranged_) CallAfter([this] { RestoreCodeHeight(); });
+  });
+}
+
+void MainWindow::RestoreCodeHeight() {
+  const int height = rows_->GetSashSize() + FromDIP(parts_.state.window.code_height);
+  rows_->SetSashPosition(std::max(1, rows_->GetClientSize().GetHeight() - height));
+}
+
+// What the user did to the place. Window managers differ in whether borders count, so only
+// differences do.
+void MainWindow::KeepPlace() {
+  DesktopState::Place& place = parts_.state.window;
+  place.maximised = IsMaximized();
+  place.tree_width = ToDIP(columns_->GetSashPosition());
+  place.code_height = ToDIP(code_->GetSize().GetHeight());
+  if (place.maximised || IsIconized() || settled_.IsEmpty()) return;
+  const wxRect now = GetRect();
+  place.left = wanted_.x + now.x - settled_.x;
+  place.top = wanted_.y + now.y - settled_.y;
+  place.width = wanted_.width + now.width - settled_.width;
+  place.height = wanted_.height + now.height - settled_.height;
 }
 
 // The number of its text is the entry's ID. IDs that the toolkit knows would bring its English
@@ -303,23 +331,15 @@ void MainWindow::OnClose(wxCloseEvent& event) {
   parts_.state.node = tree_->SelectedKey();
   if (!event.CanVeto()) code_->LeaveUnsaved();
   if (!CloseProject() && event.CanVeto()) return event.Veto();
-  DesktopState::Place& place = parts_.state.window;
-  place.maximised = IsMaximized();
-  if (!place.maximised && !IsIconized()) {
-    const wxRect now = GetRect();
-    place.left = now.x;
-    place.top = now.y;
-    place.width = now.width;
-    place.height = now.height;
-  }
-  place.tree_width = ToDIP(columns_->GetSashPosition());
-  place.code_height = ToDIP(code_->GetSize().GetHeight());
+  KeepPlace();
   parts_.state.Save();
   timer_.Stop();
   Destroy();
 }
 
 void MainWindow::OnTimer() {
+  arranged_ = placed_;
+  if (arranged_ && settled_.IsEmpty() && !IsMaximized()) settled_ = GetRect();
   if (!session_ || session_->unit().IsOpen()) return;
   code_->Refresh();
   session_->items().Refresh();
@@ -444,6 +464,7 @@ std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
   const auto skipped = workbench::SkippedItems(items.Catalogue(), items.path(), parts_.texts);
   if (!skipped.empty()) ShowStatus(skipped.front());
   workbench::ItemChooser chooser(parts_.toolkit, parts_.texts, items.Catalogue(), items.path());
+  chooser.on_help = [&] { parts_.help.ShowTopic(parts_.toolkit.Handle(chooser), kItemsTopic); };
   return chooser.Choose(current, nullptr);
 }
 

@@ -55,6 +55,9 @@ class MainWindow : public wxFrame {
 
  private:
   MainWindow(const Parts& parts, const wxRect& place);
+  void InsistOnPlace();
+  void RestoreCodeHeight();
+  void KeepPlace();
   void CreateMenus();
   void CreatePanes();
   void ConnectTree();
@@ -114,6 +117,9 @@ class MainWindow : public wxFrame {
   std::vector<workbench::Backups::Backup> backups_;  // in the order of their menu
   std::string backed_up_;                            // the project that they are of
   bool restoring_ = false;
+  const wxRect wanted_;  // where the window was to be
+  wxRect settled_;       // where that is in the window manager's eyes; empty as long as unknown
+  bool placed_ = false, arranged_ = false;
   wxTimer timer_{this};
   std::unique_ptr<workbench::DailyBackup> backup_;     // of the session's project; outlives it
   std::unique_ptr<workbench::UnsavedCopies> unsaved_;  // of the session's project

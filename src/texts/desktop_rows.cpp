@@ -74,6 +74,13 @@ constexpr Row kRows[] = {
      "The log <File> holds version and steps, nothing of the project's contents."},
     {1546, "Das Programm wurde beim letzten Mal unerwartet beendet.",
      "The program ended unexpectedly the last time."},
+    {1547,
+     "Das Fenster braucht eine Anzeige (DISPLAY oder WAYLAND_DISPLAY). Ohne sie arbeitet das "
+     "Programm ovformula; ovformula --help zeigt seine Befehle.",
+     "The window needs a display (DISPLAY or WAYLAND_DISPLAY). The program ovformula works without "
+     "one; ovformula --help shows its commands."},
+    {1548, "Im Code suchen", "Find in the code"},
+    {1549, "Der Code enthält \"<Text>\" nicht.", "The code does not contain \"<Text>\"."},
 
     {1550,
      "<File>:<Line>: \"<Text>\" nennt kein Item; die Zeile wurde übergangen. Schreiben Sie zuerst "
@@ -129,11 +136,9 @@ constexpr Row kRows[] = {
      "Code in the module <Name> was not saved any more before the program ended."},
     {1588,
      "\"Zurückholen\" zeigt ihn; gespeichert wird er erst, wenn Sie es tun. \"Abbrechen\" lässt "
-     "die "
-     "Kopie bis zum nächsten Öffnen liegen.",
+     "die Kopie bis zum nächsten Öffnen liegen.",
      "\"Bring Back\" shows it; it is not saved until you do so. \"Cancel\" leaves the copy until "
-     "the "
-     "project is opened the next time."},
+     "the project is opened the next time."},
     {1589, "&Zurückholen", "&Bring Back"},
     {1590, "Das Modul <File> gehört nicht mehr zum Projekt. Der Text liegt in der Zwischenablage.",
      "The module <File> is no longer part of the project. The text is in the clipboard."},
@@ -141,6 +146,13 @@ constexpr Row kRows[] = {
      "No copy of unsaved code can be made: <Text>"},
     {1592, "<Name>: die Datei fehlt oder lässt sich nicht lesen. Ihr ungespeicherter Text bleibt.",
      "<Name>: the file is missing or cannot be read. Your unsaved text stays."},
+    {1593, "&Rückgängig", "&Undo"},
+    {1594, "&Wiederholen", "&Redo"},
+    {1595, "&Ausschneiden", "Cu&t"},
+    {1596, "&Kopieren", "&Copy"},
+    {1597, "&Einfügen", "&Paste"},
+    {1598, "&Löschen", "&Delete"},
+    {1599, "A&lles auswählen", "Select &All"},
 };
 
 }  // namespace

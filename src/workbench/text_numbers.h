@@ -52,6 +52,9 @@ enum TextNumber : int {
   kTextFault,
   kTextFaultDetail,
   kTextCrashedBefore,
+  kTextNoDisplay,
+  kTextFindInCode,
+  kTextNotInCode,
 
   kTextItemNoName = 1550,
   kTextItemUnknownType,
@@ -85,6 +88,13 @@ enum TextNumber : int {
   kTextModuleGone,
   kTextNoUnsavedCopy,
   kTextModuleUnreadable,
+  kTextUndo,
+  kTextRedo,
+  kTextCut,
+  kTextCopy,
+  kTextPaste,
+  kTextDelete,
+  kTextSelectAll,
 };
 
 }  // namespace workbench

@@ -99,6 +99,21 @@ TEST_F(CodePaneTest, TabPassesIt) {
   Input({"key ctrl+z"});
 }
 
+TEST_F(CodePaneTest, FindsInTheCode) {
+  const std::string code = program.Code().Text();
+  program.GoToCode();
+  Input({"key ctrl+Home key ctrl+f sleep 0.3", "type --delay 40 FILL", "key Return"});
+  EXPECT_EQ(program.Code().GetSelectedText(), "Fill");
+  const int second = program.Code().GetSelectionStart();
+  Input({"key shift+F3"});
+  EXPECT_LT(program.Code().GetSelectionStart(), second);
+  Input({"key ctrl+a", "type --delay 40 xyzzy"});
+  EXPECT_NE(program.Status().find("xyzzy"), std::string::npos);
+  Input({"key Escape"});
+  EXPECT_TRUE(program.Code().HasFocus());
+  EXPECT_EQ(program.Code().Text(), code) << "nothing of it was typed into the code";
+}
+
 TEST_F(CodePaneTest, KeepsWhatOperationsAndOthersDoBesideIt) {
   Write("mine");
   Input({"key Escape key F9 sleep 0.8", "type --delay 40 FillTank", "key Return"});

@@ -94,6 +94,7 @@ TEST_P(MainJobTest, LeavesRowsAndCode) {
 
 TEST_P(MainJobTest, ComesBackAsItWasLeft) {
   wxRect place;
+  int code_height = 0;
   {
     DesktopProgram program(plant.system, GetParam());
     ASSERT_TRUE(program.Open());
@@ -109,11 +110,13 @@ TEST_P(MainJobTest, ComesBackAsItWasLeft) {
     program.window().SetSize(wxRect(60, 60, 900, 700));
     window_tests::Wait::For([] { return true; });
     place = program.window().GetRect();
+    code_height = program.Code().GetParent()->GetSize().GetHeight();
   }
   DesktopProgram program(plant.system, GetParam());
   EXPECT_EQ(program.state().project, support::kPlantDatabase);
   ASSERT_TRUE(program.Open());
   EXPECT_EQ(program.window().GetRect(), place);
+  EXPECT_EQ(program.Code().GetParent()->GetSize().GetHeight(), code_height);
   EXPECT_NEAR(program.state().window.tree_width, 350, 3);
   EXPECT_EQ(program.state().node, "FORF1");
   EXPECT_NE(program.Title().find("Fill"), std::string::npos) << program.Title();
