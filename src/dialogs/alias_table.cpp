@@ -85,7 +85,7 @@ bool AliasTable::Open() {
     problem_.clear();
     return true;
   } catch (const platform::Error& error) {
-    problem_ = error.description();
+    if (problem_.empty()) problem_ = error.description();
     return false;
   }
 }
@@ -111,7 +111,7 @@ std::vector<store::AliasRecord> AliasTable::Records(std::size_t first, std::size
       record.vb_alias = TextOf(rows.At(2, row));
     }
   } catch (const platform::Error& error) {
-    problem_ = error.description();
+    if (problem_.empty()) problem_ = error.description();
     records.clear();
   }
   return records;

@@ -63,6 +63,12 @@ void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner)
   }
 }
 
+void CheckSlotCount(const Pager& pager, const PageRef& page) {
+  if (const char* fault = FindHeadFault(page.data(), DataPageOwner(page.data()))) {
+    ThrowDamaged(pager.path(), {page.number(), -1}, fault);
+  }
+}
+
 void CheckSlot(const Pager& pager, const PageRef& page, std::size_t slot) {
   const Slot bounds = GetSlot(page.data(), slot);
   const std::size_t floor = kDataSlotsOffset + 2 * SlotCount(page.data());

@@ -69,6 +69,9 @@ inline Slot GetSlot(const std::byte* page, std::size_t slot) {
 std::size_t FreeBytes(const std::byte* page);
 std::size_t StatedFreeBytes(const std::byte* page);
 
+// Raises kDamaged when a data page counts more rows than it can hold.
+void CheckSlotCount(const Pager& pager, const PageRef& page);
+
 // Raises kDamaged when the bounds of a slot, which the page has, make no sense. Enough to read its
 // row from a page that nobody checked yet.
 void CheckSlot(const Pager& pager, const PageRef& page, std::size_t slot);

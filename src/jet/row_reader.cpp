@@ -15,6 +15,7 @@ std::optional<StoredRow> RowReader::Find(RowId id) const {
   if (id.page >= pager_.page_count()) return std::nullopt;
   const PageRef page = pager_.Read(id.page);
   if (!IsDataPageOf(page.data(), definition_.page)) return std::nullopt;
+  CheckSlotCount(pager_, page);
   if (id.slot >= SlotCount(page.data())) return std::nullopt;
   if ((GetSlot(page.data(), id.slot).state & kSlotTarget) != 0) return std::nullopt;
   CheckSlot(pager_, page, id.slot);
