@@ -13,17 +13,8 @@ bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 bool IsTypeCharacter(char c) {
   return c == '%' || c == '&' || c == '@' || c == '!' || c == '#' || c == '$';
 }
+bool IsHigh(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 char WithoutCase(char c) { return static_cast<char>(c | 0x20); }  // of a letter
-
-constexpr std::array<bool, 256> MakeWordCharacters() {
-  std::array<bool, 256> is_word{};
-  for (std::size_t c = 0; c < 256; ++c) {
-    is_word[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                 c == '_' || c >= 0x80;
-  }
-  return is_word;
-}
-constexpr std::array<bool, 256> kWordCharacters = MakeWordCharacters();
 
 // A word between the number signs of a date: AM, PM or the name of a month, also shortened.
 bool IsDateWord(std::string_view word) {
@@ -47,8 +38,6 @@ class OneLine final : public SourceLines {
 };
 
 }  // namespace
-
-bool IsWordCharacter(char c) { return kWordCharacters[static_cast<unsigned char>(c)]; }
 
 Lexer::Lexer(const SourceLines& lines, const LeadBytes& lead_bytes, std::int32_t line,
              std::size_t column)
@@ -75,59 +64,75 @@ void Lexer::SkipComment() {
   continued_ = false;
 }
 
-Token Lexer::Take(TokenKind kind, std::size_t length) {
-  const Token token{kind, text_.substr(position_, length), line_, position_, false, glued_};
+void Lexer::Take(Token& token, TokenKind kind, std::size_t length) {
+  token.kind = kind;
+  token.text = text_.substr(position_, length);
+  token.line = line_;
+  token.column = position_;
+  token.glued = glued_;
   position_ += length;
   statement_start_ = kind == TokenKind::kColon || (kind == TokenKind::kNumber && first_token_);
   first_token_ = false;
-  return token;
 }
 
-Token Lexer::Next() {
+void Lexer::Next(Token& token) {
   const std::int32_t line_before = line_;
   const std::size_t position_before = position_;
   for (;;) {
     position_ = SkipBlanks(text_, position_);
     if (position_ < text_.size()) break;
-    if (!continued_ || !EnterLine(line_ + 1)) return Token{};
+    if (!continued_ || !EnterLine(line_ + 1)) return;
   }
   glued_ = line_ == line_before && position_ == position_before;
   const char c = text_[position_];
-  if (c == '\'') {
-    SkipComment();
-    return Token{};
-  }
-  if (c == '"') return TakeString();
-  if (c == '[') return TakeBracketed();
   if (IsWordCharacter(c) && !IsDigit(c)) {
-    const std::string_view word = text_.substr(position_, WordLength());
-    const std::size_t behind = position_ + word.size();
-    if (statement_start_ && IsKeyword(word, "rem") &&
-        (behind == text_.size() || IsBlank(text_[behind]))) {
-      SkipComment();
-      return Token{};
-    }
-    return word == "_" ? Take(TokenKind::kOther, 1) : TakeWord();
+    if (statement_start_ && AtRem()) return SkipComment();
+    return TakeWord(token);
   }
-  if (IsDigit(c)) return Take(TokenKind::kNumber, NumberLength());
-  if (c == ':' && (position_ + 1 == text_.size() || text_[position_ + 1] != '=')) {
-    return Take(TokenKind::kColon, 1);
+  if (IsDigit(c)) return Take(token, TokenKind::kNumber, NumberLength());
+  switch (c) {
+    case '\'':
+      return SkipComment();
+    case '"':
+      return TakeString(token);
+    case '[':
+      return TakeBracketed(token);
+    case ':':
+      if (position_ + 1 < text_.size() && text_[position_ + 1] == '=') break;
+      return Take(token, TokenKind::kColon, 1);
+    case '#':
+      return Take(token, TokenKind::kOther, DateLength());
+    case '&':
+      if (const std::size_t length = BasedNumberLength(); length > 0) {
+        return Take(token, TokenKind::kNumber, length);
+      }
+      break;
+    default:
+      break;
   }
-  if (c == '#') return Take(TokenKind::kOther, DateLength());
-  if (c == '&' && BasedNumberLength() > 0) return Take(TokenKind::kNumber, BasedNumberLength());
-  return Take(TokenKind::kOther, 1);
+  Take(token, TokenKind::kOther, 1);
 }
 
-Token Lexer::TakeWord() {
-  const Token token = Take(TokenKind::kWord, WordLength());
+bool Lexer::AtRem() const {
+  constexpr std::size_t kRem = 3;
+  const std::size_t behind = position_ + kRem;
+  return IsKeyword(text_.substr(position_, kRem), "rem") &&
+         (behind == text_.size() || IsBlank(text_[behind]));
+}
+
+void Lexer::TakeWord(Token& token) {
+  const std::size_t length = WordLength();
+  const bool name = length > 1 || text_[position_] != '_';
+  Take(token, name ? TokenKind::kWord : TokenKind::kOther, length);
   // A comment can be all that a branch of a single-line If holds.
-  statement_start_ = IsKeyword(token.text, "then") || IsKeyword(token.text, "else");
+  statement_start_ =
+      length == 4 && (IsKeyword(token.text, "then") || IsKeyword(token.text, "else"));
   // Collection!Key names a member.
   if (position_ < text_.size() && IsTypeCharacter(text_[position_]) &&
       !(text_[position_] == '!' && IsWordStart(position_ + 1))) {
+    token.type_character = true;
     ++position_;
   }
-  return token;
 }
 
 bool Lexer::IsWordStart(std::size_t position) const {
@@ -136,30 +141,36 @@ bool Lexer::IsWordStart(std::size_t position) const {
   return c == '[' || (IsWordCharacter(c) && !IsDigit(c));
 }
 
-Token Lexer::TakeBracketed() {
-  const std::size_t close = text_.find(']', position_);
-  if (close == std::string_view::npos) return Take(TokenKind::kOther, 1);
+void Lexer::TakeBracketed(Token& token) {
+  const std::size_t close =
+      unclosed_line_ == line_ ? std::string_view::npos : text_.find(']', position_);
+  if (close == std::string_view::npos) {
+    unclosed_line_ = line_;
+    return Take(token, TokenKind::kOther, 1);
+  }
   ++position_;
-  Token token = Take(TokenKind::kWord, close - position_);
+  Take(token, TokenKind::kWord, close - position_);
   token.bracketed = true;
   ++position_;
-  return token;
 }
 
-Token Lexer::TakeString() {
+void Lexer::TakeString(Token& token) {
   std::size_t end = position_ + 1;
   for (;; end += 2) {
     end = text_.find('"', end);
-    if (end == std::string_view::npos) return Take(TokenKind::kString, text_.size() - position_);
+    if (end == std::string_view::npos) {
+      return Take(token, TokenKind::kString, text_.size() - position_);
+    }
     if (end + 1 == text_.size() || text_[end + 1] != '"') break;
   }
-  return Take(TokenKind::kString, end + 1 - position_);
+  Take(token, TokenKind::kString, end + 1 - position_);
 }
 
 std::size_t Lexer::WordLength() const {
   std::size_t end = position_;
   while (end < text_.size() && IsWordCharacter(text_[end])) {
-    end += lead_bytes_[static_cast<unsigned char>(text_[end])] ? 2 : 1;
+    const bool lead = IsHigh(text_[end]) && lead_bytes_[static_cast<unsigned char>(text_[end])];
+    end += lead ? 2 : 1;
   }
   return std::min(end, text_.size()) - position_;
 }

@@ -15,8 +15,17 @@ using LeadBytes = std::array<bool, 256>;
 // UTF-8 and pages of one byte a character: every byte of a character is a word's.
 inline constexpr LeadBytes kNoLeadBytes{};
 
+inline constexpr std::array<bool, 256> kWordCharacters = [] {
+  std::array<bool, 256> is_word{};
+  for (std::size_t c = 0; c < 256; ++c) {
+    is_word[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                 c == '_' || c >= 0x80;
+  }
+  return is_word;
+}();
+
 // Whether the byte can be part of a word: an ASCII letter or digit, "_", all from 0x80 on.
-bool IsWordCharacter(char c);
+inline bool IsWordCharacter(char c) { return kWordCharacters[static_cast<unsigned char>(c)]; }
 
 enum class TokenKind {
   kWord,    // identifier or keyword, type character and brackets left off
@@ -31,9 +40,10 @@ struct Token {
   TokenKind kind = TokenKind::kEnd;
   std::string_view text;
   std::int32_t line = 0;
-  std::size_t column = 0;  // of text in the line, from 0
-  bool bracketed = false;  // a word in brackets is never a keyword
-  bool glued = false;      // nothing stands between it and the token in front, in the same line
+  std::size_t column = 0;       // of text in the line, from 0
+  bool bracketed = false;       // a word in brackets is never a keyword
+  bool type_character = false;  // one stands behind the word
+  bool glued = false;  // nothing stands between it and the token in front, in the same line
 };
 
 // The tokens of one logical line: physical lines joined by " _". Comments yield no token; one
@@ -43,7 +53,13 @@ class Lexer {
   Lexer(const SourceLines& lines, const LeadBytes& lead_bytes, std::int32_t line,
         std::size_t column = 0);
 
-  Token Next();
+  Token Next() {
+    Token token;
+    Next(token);
+    return token;
+  }
+  // The same into a new Token, for who keeps many.
+  void Next(Token& token);
 
   // After kEnd was delivered:
   std::int32_t last_line() const { return line_; }
@@ -55,11 +71,12 @@ class Lexer {
  private:
   bool EnterLine(std::int32_t line);
   void SkipComment();
-  Token Take(TokenKind kind, std::size_t length);
-  Token TakeWord();
-  Token TakeBracketed();
-  Token TakeString();
+  void Take(Token& token, TokenKind kind, std::size_t length);
+  void TakeWord(Token& token);
+  void TakeBracketed(Token& token);
+  void TakeString(Token& token);
   std::size_t WordLength() const;
+  bool AtRem() const;
   bool IsWordStart(std::size_t position) const;
   std::size_t NumberLength() const;
   std::size_t BasedNumberLength() const;
@@ -69,7 +86,8 @@ class Lexer {
   const LeadBytes& lead_bytes_;
   std::int32_t line_;
   std::size_t position_ = 0;
-  std::string_view text_;  // of the line, without the continuation mark
+  std::string_view text_;           // of the line, without the continuation mark
+  std::int32_t unclosed_line_ = 0;  // has no closing bracket any more
   bool continued_ = false;
   bool glued_ = false;  // the token that comes next
   bool statement_start_ = true;

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// What a procedure reads and writes: itself, and through what it calls.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "vbcode/program.h"
+
+namespace vbcode {
+
+// One variable, property or procedure outside of procedures that a procedure touches.
+struct Touched {
+  std::int32_t declaration = kNone;  // numbered through all modules; kNone for a name that nobody
+                                     // declares
+  NameId name = kNoName;
+  Effect effect = 0;          // kReads, kWrites, kCalls, kUndecided
+  bool direct = false;        // in the procedure itself
+  bool other_object = false;  // only of other objects than the one the procedure runs in
+  Use first;                  // where, first of all
+};
+
+struct Effects {
+  std::vector<Touched> touched;  // in the order of their first places
+  // More may be done than is seen: Me is handed out, a member is called by a computed name.
+  bool open = false;
+};
+
+// Of the module's procedure. Follows calls into all modules of the program; each procedure once,
+// so that cycles end.
+Effects FindEffects(const Program& program, std::int32_t module, std::int32_t procedure);
+
+}  // namespace vbcode
