@@ -63,7 +63,7 @@ class ModuleReader {
   void ReadStatements(std::int32_t line, std::int32_t last_line) {
     if (mode_ == Mode::kProcedure) {
       statements_.ReadLabel();
-    } else if (tokens_.Peek().kind == TokenKind::kNumber) {
+    } else if (tokens_.Peek().kind == TokenKind::kNumber && tokens_.Peek().text[0] != '&') {
       tokens_.Advance();
     }
     while (mode_ != Mode::kProcedure && !tokens_.AtLineEnd()) {
@@ -73,7 +73,6 @@ class ModuleReader {
       }
       if (mode_ == Mode::kModule) {
         ReadModuleStatement(line);
-        if (mode_ == Mode::kProcedure) break;
       } else {
         ReadBlockStatement();
       }

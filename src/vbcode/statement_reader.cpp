@@ -32,7 +32,7 @@ void StatementReader::ForgetWith(WithMark before) {
 
 void StatementReader::ReadLabel() {
   const CodeToken& token = tokens_.Peek();
-  if (token.kind == TokenKind::kNumber) {
+  if (token.kind == TokenKind::kNumber && token.text[0] != '&') {
     tokens_.Advance();
   } else if (token.kind == TokenKind::kWord && !HasFlag(token.keyword, kReserved) &&
              tokens_.Peek(1).kind == TokenKind::kColon) {
