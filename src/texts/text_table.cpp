@@ -65,6 +65,16 @@ std::string TextTable::Text(std::int32_t number) const {
   return found == slots_.end() ? NotFound(number) : std::string(found->second);
 }
 
+std::string TextTable::Sentence(const messages::Message& message) const {
+  return message.Sentence([this](const messages::Pattern& pattern) {
+    const bool is_ours = pattern.english.empty();
+    const bool stays = !is_ours && (pattern.number == 0 || language_ == Language::kEnglish);
+    if (stays || (!is_ours && !slots_.contains(pattern.number)))
+      return std::string(pattern.english);
+    return Text(pattern.number);
+  });
+}
+
 std::string TextTable::Text(std::int32_t number,
                             std::initializer_list<Replacement> replacements) const {
   std::string pattern = Text(number);

@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "messages/message.h"
+
 namespace platform {
 class SettingsService;
 }
@@ -47,6 +49,9 @@ class TextTable {
   std::string Text(std::int32_t number) const;
   // The same with placeholders replaced in one pass: a value may hold what looks like one.
   std::string Text(std::int32_t number, std::initializer_list<Replacement> replacements) const;
+
+  // The sentence of a message. What the table lacks is said in the words of its layer.
+  std::string Sentence(const messages::Message& message) const;
 
   // A message of a layer that knows no text table and speaks English: the description of a
   // failure, a finding. Sentences that the table lacks stay English.

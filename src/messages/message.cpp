@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "messages/message.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace messages {
+
+struct Message::Data {
+  Pattern pattern;
+  std::vector<Value> values;
+
+  const Value* Find(std::string_view placeholder) const {
+    const auto found = std::ranges::find(values, placeholder, &Value::name);
+    return found == values.end() ? nullptr : &*found;
+  }
+};
+
+namespace {
+
+constexpr Pattern kVerbatim{0, "<Words>"};
+constexpr Pattern kJoined{0, "<First> <Second>"};
+
+}  // namespace
+
+Message::Message(const Pattern& pattern, std::initializer_list<Value> values)
+    : data_(std::make_shared<const Data>(Data{pattern, values})) {}
+
+Message Message::Verbatim(std::string_view words) {
+  return words.empty() ? Message() : Message(kVerbatim, {{"<Words>", words}});
+}
+
+std::int32_t Message::number() const { return data_ ? data_->pattern.number : 0; }
+
+std::string Message::Text(std::string_view placeholder) const {
+  const Value* value = data_ ? data_->Find(placeholder) : nullptr;
+  return value ? value->text : std::string();
+}
+
+Message Message::Part(std::string_view placeholder) const {
+  const Value* value = data_ ? data_->Find(placeholder) : nullptr;
+  return value ? value->message : Message();
+}
+
+std::string Message::Sentence(const Lookup& lookup) const {
+  if (!data_) return {};
+  const std::string text = lookup(data_->pattern);
+  std::string sentence;
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::size_t open = std::min(rest.find('<'), rest.size());
+    sentence += rest.substr(0, open);
+    rest.remove_prefix(open);
+    if (rest.empty()) break;
+    const std::size_t close = rest.find('>');
+    const Value* value =
+        close == std::string_view::npos ? nullptr : data_->Find(rest.substr(0, close + 1));
+    if (value) sentence += value->message.empty() ? value->text : value->message.Sentence(lookup);
+    const std::size_t taken = value ? close + 1 : 1;
+    if (!value) sentence += rest.substr(0, taken);
+    rest.remove_prefix(taken);
+  }
+  return sentence;
+}
+
+std::string Message::English() const {
+  return Sentence([](const Pattern& pattern) { return std::string(pattern.english); });
+}
+
+Message Joined(const Message& first, const Message& second) {
+  if (first.empty()) return second;
+  if (second.empty()) return first;
+  return Message(kJoined, {{"<First>", first}, {"<Second>", second}});
+}
+
+}  // namespace messages

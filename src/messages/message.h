@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// What a layer has to say, as a value: a number, the values that belong to it, and messages inside
+// it (a cause, a remedy, a place). Its sentence is made where it is shown, in the language of that
+// moment.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace messages {
+
+// One text of a layer, defined once, in the list of that layer ("<layer>/messages.def"). <Name>
+// stands for a value. The views are of literals.
+struct Pattern {
+  std::int32_t number = 0;        // of the text table; 0: the same in every language
+  std::string_view english = {};  // empty: only the text table has it
+};
+
+// A copy costs a reference. Nothing of it changes after it was made.
+class Message {
+ public:
+  struct Value;
+  // The text to be filled in for a pattern.
+  using Lookup = std::function<std::string(const Pattern&)>;
+
+  Message() = default;  // says nothing
+  Message(const Pattern& pattern,
+          std::initializer_list<Value> values = {});  // NOLINT: a text alone
+
+  // Words that stand as they are in every language: of the operating system, of a host.
+  static Message Verbatim(std::string_view words);
+
+  bool empty() const { return data_ == nullptr; }
+  // 0 when empty, verbatim, or the same in every language.
+  std::int32_t number() const;
+  // The text or the message under the placeholder, angle brackets included; empty when there is
+  // none.
+  std::string Text(std::string_view placeholder) const;
+  Message Part(std::string_view placeholder) const;
+
+  // The sentence. Values are filled in in one pass: a value may hold what looks like a placeholder.
+  std::string Sentence(const Lookup& lookup) const;
+  std::string English() const;
+
+ private:
+  struct Data;
+  std::shared_ptr<const Data> data_;
+};
+
+// What stands for a placeholder: text as it is, a number, or a message.
+struct Message::Value {
+  Value(std::string_view placeholder, std::string_view words) : name(placeholder), text(words) {}
+  Value(std::string_view placeholder, const std::string& words) : name(placeholder), text(words) {}
+  Value(std::string_view placeholder, const char* words) : name(placeholder), text(words) {}
+  Value(std::string_view placeholder, std::integral auto number)
+      : name(placeholder), text(std::to_string(number)) {}
+  Value(std::string_view placeholder, Message inside)
+      : name(placeholder), message(std::move(inside)) {}
+
+  std::string_view name;  // of a literal, with its angle brackets
+  std::string text;
+  Message message;
+};
+
+// Two messages as sentences side by side, either of which may be empty.
+Message Joined(const Message& first, const Message& second);
+
+}  // namespace messages
