@@ -125,8 +125,7 @@ bool Connect::ConnectToDataBase() {
     if (missing.empty()) return true;
     return RefuseDataBase(store::DescribeMissing(missing, texts_));
   } catch (const platform::Error& error) {
-    return RefuseDataBase(std::to_string(error.number()) + "   " +
-                          texts_.Translated(error.description()));
+    return RefuseDataBase(std::to_string(error.number()) + "   " + texts_.Sentence(error));
   }
 }
 

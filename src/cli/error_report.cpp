@@ -39,17 +39,16 @@ int ReportException(Console& console, const texts::TextTable& texts, std::except
     ReportError(console, texts, interrupted ? texts.Text(kTextInterrupted) : refused.what());
     return refused.code();
   } catch (const platform::Error& failed) {
-    ReportError(console, texts, texts.Translated(failed.what()));
+    ReportError(console, texts, texts.Sentence(failed));
     return failed.kind() == platform::ErrorKind::kIo ? kFile : kRefused;
   } catch (const jet::Error& failed) {
-    ReportError(console, texts, texts.Translated(failed.what()));
+    ReportError(console, texts, texts.Sentence(failed));
     return CodeOf(failed.kind());
   } catch (const files::Error& failed) {
-    ReportError(console, texts, texts.Translated(failed.what()));
+    ReportError(console, texts, texts.Sentence(failed));
     return kFile;
   } catch (const std::exception& failed) {
-    ReportError(console, texts,
-                texts.Text(kTextInternal, {{"<Text>", texts.Translated(failed.what())}}));
+    ReportError(console, texts, texts.Text(kTextInternal, {{"<Text>", texts.Sentence(failed)}}));
     return kFile;
   } catch (...) {
     ReportError(console, texts, texts.Text(kTextInternal, {{"<Text>", "?"}}));

@@ -195,7 +195,7 @@ void CVBFormulaCode::Impl::CommitComponents() {
     components_->Commit();
   } catch (const std::exception& error) {
     // The list is no part of the operation's result; the next operation of the class mends it.
-    report_.Warn(kTextComponentList, {{"<Cause>", report_.texts().Translated(error.what())}});
+    report_.Warn(kTextComponentList, {{"<Cause>", report_.texts().Sentence(error)}});
   }
 }
 

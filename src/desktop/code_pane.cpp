@@ -302,7 +302,7 @@ bool CodePane::KeepCopy() {
   } catch (const std::exception& error) {
     if (on_status) {
       on_status(texts_.Text(TextNumber::kTextNoUnsavedCopy,
-                            {{"<Text>", texts_.Translated(error.what())}}));
+                            {{"<Text>", texts_.Sentence(error)}}));
     }
     return false;
   }

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "messages/error.h"
+
 namespace messages {
 
 struct Message::Data {
@@ -72,6 +74,11 @@ Message Joined(const Message& first, const Message& second) {
   if (first.empty()) return second;
   if (second.empty()) return first;
   return Message(kJoined, {{"<First>", first}, {"<Second>", second}});
+}
+
+Message MessageOf(const std::exception& error) {
+  const auto* ours = dynamic_cast<const Error*>(&error);
+  return ours ? ours->message() : Message::Verbatim(error.what());
 }
 
 }  // namespace messages

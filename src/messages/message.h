@@ -30,8 +30,7 @@ class Message {
   using Lookup = std::function<std::string(const Pattern&)>;
 
   Message() = default;  // says nothing
-  Message(const Pattern& pattern,
-          std::initializer_list<Value> values = {});  // NOLINT: a text alone
+  Message(const Pattern& pattern, std::initializer_list<Value> values = {});
 
   // Words that stand as they are in every language: of the operating system, of a host.
   static Message Verbatim(std::string_view words);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
+#include <utility>
+
+#include "messages/error.h"
 
 namespace platform {
 
@@ -19,13 +21,17 @@ enum class ErrorKind {
 // A failure reported by an implementation of a platform interface, as the error object of the
 // object models carries it: number, source and description. The description is a whole sentence
 // that names the place and the remedy.
-class Error : public std::runtime_error {
+class Error : public messages::Error {
  public:
+  Error(ErrorKind kind, std::int32_t number, messages::Message message)
+      : messages::Error(std::move(message)), kind_(kind), number_(number) {}
+  // Words of another program: they stand in every language.
   Error(ErrorKind kind, std::int32_t number, const std::string& description)
-      : std::runtime_error(description), kind_(kind), number_(number) {}
+      : Error(kind, number, messages::Message::Verbatim(description)) {}
 
   ErrorKind kind() const { return kind_; }
   std::int32_t number() const { return number_; }
+  // The message in English.
   std::string description() const { return what(); }
 
  private:

@@ -120,8 +120,7 @@ Condition ConditionBinder::Bind(const ConditionSyntax& syntax) {
     CheckComparable(condition.left, condition.right, syntax.left.offset);
   } else if (syntax.kind == Condition::Kind::kIsTrue &&
              FamilyOf(TypeOf(condition.left)) != Family::kNumber) {
-    ThrowAt(platform::kErrTypeMismatch, source_, syntax.left.offset,
-            "a text is not true or false; compare it with a value");
+    ThrowAt(platform::kErrTypeMismatch, source_, syntax.left.offset, message::kTextIsNoCondition);
   }
   for (const Operand* operand : {&condition.left, &condition.right}) {
     if (operand->is_column) condition.tables |= 1u << operand->column.table;
@@ -140,12 +139,11 @@ Operand ConditionBinder::BindOperand(const OperandSyntax& syntax) {
   const bool parameter = syntax.kind == OperandSyntax::Kind::kParameter;
   if (parameter &&
       (syntax.parameter >= parameters_.size() || parameters_[syntax.parameter].IsMissing())) {
-    ThrowAt(platform::kErrParameter, source_, syntax.offset, "no value was given for this \"?\"");
+    ThrowAt(platform::kErrParameter, source_, syntax.offset, message::kParameterMissing);
   }
   const auto value = ToConstant(parameter ? parameters_[syntax.parameter] : syntax.literal);
   if (!value) {
-    ThrowAt(platform::kErrTypeMismatch, source_, syntax.offset,
-            "a value of this type cannot be compared; give a text, a number, a date or a boolean");
+    ThrowAt(platform::kErrTypeMismatch, source_, syntax.offset, message::kCannotCompareValue);
   }
   operand.value = *value;
   return operand;
@@ -164,12 +162,10 @@ void ConditionBinder::CheckComparable(const Operand& left, const Operand& right,
   };
   const auto a = family(left), b = family(right);
   if (a == Family::kBytes || b == Family::kBytes) {
-    ThrowAt(platform::kErrTypeMismatch, source_, offset,
-            "columns of this type cannot be compared, only tested for Null");
+    ThrowAt(platform::kErrTypeMismatch, source_, offset, message::kCannotCompareColumn);
   }
   if (a && b && *a != *b) {
-    ThrowAt(platform::kErrTypeMismatch, source_, offset,
-            "a text is compared with a number; put texts in quotes and numbers in none");
+    ThrowAt(platform::kErrTypeMismatch, source_, offset, message::kTextWithNumber);
   }
 }
 

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::string_view kProvider = "Microsoft.Jet.OLEDB.4.0";
 
-[[noreturn]] void Fail(const std::string& cause) {
-  Refuse(platform::kErrInvalidArgument, "The connection string " + cause);
+[[noreturn]] void Fail(const messages::Message& cause) {
+  Refuse(platform::kErrInvalidArgument, cause);
 }
 
 // Takes a value in quotes, doubled quotes standing for one, off the front of the text.
@@ -29,7 +29,7 @@ std::string TakeQuoted(std::string_view& text) {
     }
     value += text[i];
   }
-  Fail("has a value without its closing quote.");
+  Fail(message::kUnclosedValue);
 }
 
 // Takes a value off the front of the text, up to and including its semicolon.
@@ -39,7 +39,7 @@ std::string TakeValue(std::string_view& text) {
   if (!text.empty() && (text.front() == '"' || text.front() == '\'')) {
     value = TakeQuoted(text);
     if (!TrimBlanks(text.substr(0, text.find(';'))).empty()) {
-      Fail("has something behind a value in quotes; put a semicolon between.");
+      Fail(message::kTextBehindValue);
     }
   } else {
     value = TrimBlanks(text.substr(0, text.find(';')));
@@ -67,14 +67,13 @@ ConnectionSettings ParseConnectionString(std::string_view text) {
   ConnectionSettings settings;
   while (!TrimBlanks(text).empty()) {
     const std::size_t equals = text.find('=');
-    if (equals == std::string_view::npos) Fail("has a part without \"=\".");
+    if (equals == std::string_view::npos) Fail(message::kPartWithoutEquals);
     const std::string_view name = TrimBlanks(text.substr(0, equals));
     text.remove_prefix(equals + 1);
     const std::string value = TakeValue(text);
     if (SameName(name, "Provider")) {
       if (!SameName(value, kProvider)) {
-        Fail("names the provider \"" + value + "\"; only " + std::string(kProvider) +
-             " is available.");
+        Fail({message::kOtherProvider, {{"<Name>", value}, {"<Provider>", kProvider}}});
       }
     } else if (SameName(name, "Data Source")) {
       settings.data_source = value;
@@ -82,7 +81,7 @@ ConnectionSettings ParseConnectionString(std::string_view text) {
       settings.read_only = IsReadOnly(value);
     }
   }
-  if (settings.data_source.empty()) Fail("names no file; give it as \"Data Source\".");
+  if (settings.data_source.empty()) Fail(message::kNoDataSource);
   return settings;
 }
 

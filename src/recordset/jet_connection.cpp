@@ -30,8 +30,7 @@ jet::ColumnSpec ToSpec(const platform::Connection::ColumnInfo& column) {
   spec.type = ColumnTypeOf(column.type);
   spec.auto_number = column.auto_increment;
   if (column.defined_size < 0 || column.defined_size > std::numeric_limits<std::uint16_t>::max()) {
-    Refuse(platform::kErrInvalidArgument,
-           "The column \"" + column.name + "\" cannot be that long.");
+    Refuse(platform::kErrInvalidArgument, {message::kColumnTooLong, {{"<Column>", column.name}}});
   }
   spec.length = static_cast<std::uint16_t>(column.defined_size);
   return spec;
@@ -46,7 +45,7 @@ JetConnection::~JetConnection() { CloseDatabase(); }
 
 void JetConnection::Open(std::string_view connection_string) {
   if (session_->database) {
-    Refuse(platform::kErrObjectOpen, "The connection is open already; close it first.");
+    Refuse(platform::kErrObjectOpen, message::kConnectionOpen);
   }
   const ConnectionSettings settings = ParseConnectionString(connection_string);
   jet::OpenOptions options = options_;
@@ -57,7 +56,7 @@ void JetConnection::Open(std::string_view connection_string) {
 
 void JetConnection::Create(std::string_view connection_string) {
   if (session_->database) {
-    Refuse(platform::kErrObjectOpen, "The connection is open already; close it first.");
+    Refuse(platform::kErrObjectOpen, message::kConnectionOpen);
   }
   const ConnectionSettings settings = ParseConnectionString(connection_string);
   session_->Guarded(
@@ -84,7 +83,7 @@ jet::Database& JetConnection::database() { return session_->OpenDatabase(); }
 void JetConnection::RequireTransaction() const {
   session_->OpenDatabase();
   if (transactions_ > 0) return;
-  Refuse(platform::kErrNotAllowedHere, "No transaction is open; begin one first.");
+  Refuse(platform::kErrNotAllowedHere, message::kNoTransaction);
 }
 
 void JetConnection::BeginTrans() {
@@ -121,7 +120,7 @@ jet::Table& JetConnection::Table(std::string_view name) {
   jet::Database& database = session_->OpenDatabase();
   if (!database.HasTable(name)) {
     Refuse(platform::kErrNoSuchTable,
-           "The database " + database.path() + " has no table \"" + std::string(name) + "\".");
+           {message::kNoTable, {{"<Path>", database.path()}, {"<Table>", name}}});
   }
   return database.OpenTable(name);
 }

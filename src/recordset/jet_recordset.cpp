@@ -23,20 +23,19 @@ JetRecordset::~JetRecordset() = default;
 
 void JetRecordset::CheckClosed() const {
   if (query_) {
-    Refuse(platform::kErrObjectOpen,
-           "The recordset is open; close it before changing its settings.");
+    Refuse(platform::kErrObjectOpen, message::kRecordsetOpen);
   }
 }
 
 void JetRecordset::CheckOpen() const {
-  if (!query_) Refuse(platform::kErrObjectClosed, "The recordset is closed; open it first.");
+  if (!query_) Refuse(platform::kErrObjectClosed, message::kRecordsetClosed);
 }
 
-void JetRecordset::CheckNoEdit(const char* action) const {
+void JetRecordset::CheckNoEdit(const messages::Pattern& action) const {
   CheckOpen();
   if (edit_mode_ == EditMode::kNone) return;
   Refuse(platform::kErrNotAllowedHere,
-         std::string("A changed row is pending; update or cancel it before ") + action + ".");
+         {message::kRowPending, {{"<MessageAction>", messages::Message(action)}}});
 }
 
 void JetRecordset::SetSource(std::string_view source) {
@@ -86,16 +85,17 @@ std::unique_ptr<Query> JetRecordset::TableQuery() const {
   jet::Database& database = session_->OpenDatabase();
   if (!database.HasTable(settings_.source)) {
     Refuse(platform::kErrNoSuchTable,
-           "The database " + database.path() + " has no table \"" + settings_.source + "\".");
+           {message::kNoTable, {{"<Path>", database.path()}, {"<Table>", settings_.source}}});
   }
   jet::Table& table = database.OpenTable(settings_.source);
   std::optional<std::size_t> index;
   if (!settings_.index.empty()) {
     index = table.FindIndex(settings_.index);
     if (!index) {
-      Refuse(platform::kErrNoSuchIndex, "The table \"" + settings_.source + "\" of the database " +
-                                            database.path() + " has no index \"" + settings_.index +
-                                            "\".");
+      Refuse(platform::kErrNoSuchIndex, {message::kNoIndex,
+                                         {{"<Table>", settings_.source},
+                                          {"<Path>", database.path()},
+                                          {"<Index>", settings_.index}}});
     }
   }
   return Query::OfTable(database, table, index);
@@ -127,7 +127,7 @@ void JetRecordset::Restart() {
 }
 
 void JetRecordset::Close() {
-  CheckNoEdit("closing");
+  CheckNoEdit(message::kClosing);
   Abandon();
 }
 
@@ -183,8 +183,7 @@ void JetRecordset::RequireRow() const {
   CheckOpen();
   if (edit_mode_ == EditMode::kAdd || cursor_->OnRow()) return;
   Refuse(platform::kErrNoCurrentRecord,
-         cursor_->OnRemoved() ? "The current row was deleted; move to another row first."
-                              : "There is no current row; move to a row first.");
+         cursor_->OnRemoved() ? message::kCurrentRowDeleted : message::kNoCurrentRow);
 }
 
 void JetRecordset::RequireValues() const {
@@ -194,7 +193,7 @@ void JetRecordset::RequireValues() const {
 
 void JetRecordset::ThrowDeleted() {
   throw platform::Error(platform::ErrorKind::kConflict, platform::kErrRowDeleted,
-                        "The row was deleted by somebody else meanwhile; read the rows again.");
+                        message::kRowGone);
 }
 
 void JetRecordset::MoveFirst() {
@@ -249,9 +248,8 @@ void JetRecordset::SetAbsolutePosition(std::int32_t position) {
       [&] {
         const std::size_t count = cursor_->Count();
         if (position < 1 || static_cast<std::size_t>(position) > count) {
-          Refuse(platform::kErrInvalidArgument, "There is no row at position " +
-                                                    std::to_string(position) + "; there are " +
-                                                    std::to_string(count) + " rows.");
+          Refuse(platform::kErrInvalidArgument,
+                 {message::kNoSuchPosition, {{"<Position>", position}, {"<Count>", count}}});
         }
         cursor_->MoveTo(static_cast<std::size_t>(position) - 1);
       },
@@ -261,7 +259,7 @@ void JetRecordset::SetAbsolutePosition(std::int32_t position) {
 platform::Bookmark JetRecordset::GetBookmark() const {
   Ask([&] { RequireRow(); });
   if (edit_mode_ == EditMode::kAdd) {
-    Refuse(platform::kErrNoCurrentRecord, "A new row has no bookmark before it is updated.");
+    Refuse(platform::kErrNoCurrentRecord, message::kNoBookmarkYet);
   }
   const std::span<const jet::RowId> row = cursor_->Row();
   if (row.size() == 1) return {row.front().Reference()};
@@ -280,8 +278,7 @@ void JetRecordset::SetBookmark(platform::Bookmark bookmark) {
   MoveBy(
       [&] {
         if (!row.empty() && cursor_->MoveToRow(row)) return;
-        Refuse(platform::kErrInvalidArgument,
-               "The bookmark names no row of this recordset, as it is filtered now.");
+        Refuse(platform::kErrInvalidArgument, message::kBookmarkUnknown);
       },
       SearchDirection::kForward);
 }
@@ -299,8 +296,7 @@ std::size_t JetRecordset::FieldIndex(std::string_view name) const {
   CheckOpen();
   if (const auto field = query_->FindOutput(name)) return *field;
   throw platform::Error(platform::ErrorKind::kNotFound, platform::kErrItemNotFound,
-                        "The recordset has no field \"" + std::string(name) +
-                            "\", or several; write the table's name and a point before it.");
+                        messages::Message(message::kNoField, {{"<Field>", name}}));
 }
 
 const jet::Column& JetRecordset::ColumnOf(std::size_t field) const {
@@ -321,7 +317,7 @@ platform::Field& JetRecordset::Fields(std::size_t index) {
   CheckOpen();
   if (index >= query_->output().size()) {
     throw platform::Error(platform::ErrorKind::kNotFound, platform::kErrItemNotFound,
-                          "The recordset has no field number " + std::to_string(index) + ".");
+                          messages::Message(message::kNoFieldNumber, {{"<Number>", index}}));
   }
   fields_.resize(query_->output().size());
   if (!fields_[index]) fields_[index] = std::make_unique<JetField>(*this, index);
@@ -334,7 +330,7 @@ std::size_t JetRecordset::FieldCount() const {
 }
 
 void JetRecordset::Requery() {
-  CheckNoEdit("reading the rows again");
+  CheckNoEdit(message::kRequerying);
   session_->Reading([&] {
     Restart();
     reader_->Forget();
@@ -342,7 +338,7 @@ void JetRecordset::Requery() {
 }
 
 void JetRecordset::Resync() {
-  CheckNoEdit("reading the row again");
+  CheckNoEdit(message::kResyncing);
   session_->Reading([&] {
     reader_->Forget();
     RequireValues();

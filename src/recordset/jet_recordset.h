@@ -98,7 +98,7 @@ class JetRecordset final : public platform::Recordset,
 
   void CheckClosed() const;
   void CheckOpen() const;
-  void CheckNoEdit(const char* action) const;
+  void CheckNoEdit(const messages::Pattern& action) const;
   std::unique_ptr<Query> MakeQuery() const;
   std::unique_ptr<Query> TableQuery() const;
   jet::Table& OnlyTable() const { return *query_->tables().front(); }

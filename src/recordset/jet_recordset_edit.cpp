@@ -34,7 +34,7 @@ void JetRecordset::SetFieldValue(std::size_t field, const Variant& value) {
   const jet::Column& column = ColumnOf(field);
   if (column.auto_number) {
     Refuse(platform::kErrFeatureNotAvailable,
-           "The field \"" + column.name + "\" is numbered by the database and cannot be set.");
+           {message::kFieldNumbered, {{"<Field>", column.name}}});
   }
   if (edit_mode_ == EditMode::kNone && !reader_->holds_row()) {
     session_->Reading([&] { RequireValues(); });
@@ -48,22 +48,20 @@ void JetRecordset::SetFieldValue(std::size_t field, const Variant& value) {
 void JetRecordset::CheckUpdatable() const {
   CheckOpen();
   if (settings_.lock == LockType::kReadOnly || settings_.lock == LockType::kUnspecified) {
-    Refuse(platform::kErrFeatureNotAvailable,
-           "The recordset was opened read-only; open it with optimistic locking.");
+    Refuse(platform::kErrFeatureNotAvailable, message::kReadOnlyRecordset);
   }
   if (query_->tables().size() > 1) {
-    Refuse(platform::kErrFeatureNotAvailable,
-           "Rows of joined tables cannot be changed; open the table itself.");
+    Refuse(platform::kErrFeatureNotAvailable, message::kJoinedRows);
   }
   const std::string reason = OnlyTable().ReadOnlyReason();
-  if (!reason.empty()) Refuse(platform::kErrPermissionDenied, reason);
+  if (!reason.empty()) Refuse(platform::kErrPermissionDenied, messages::Message::Verbatim(reason));
 }
 
 void JetRecordset::AddNew(const std::vector<std::string>& fields,
                           const std::vector<Variant>& values) {
   CheckUpdatable();
   if (fields.size() != values.size()) {
-    Refuse(platform::kErrInvalidArgument, "A new row needs a value for each of its fields.");
+    Refuse(platform::kErrInvalidArgument, message::kValueForEachField);
   }
   AddNew();
   try {
@@ -124,8 +122,7 @@ void JetRecordset::RequireUnchanged() const {
   if (!now.Read(cursor_->Row())) ThrowDeleted();
   if (!reader_->holds_row() || now.SameValues(*reader_)) return;
   throw platform::Error(ErrorKind::kConflict, platform::kErrWriteConflict,
-                        "The row was changed by somebody else since it was read; nothing was "
-                        "written. Read the row again and repeat the change.");
+                        Joined(message::kRowChanged, message::kReadAgain));
 }
 
 void JetRecordset::WriteChanges() {
@@ -148,7 +145,7 @@ void JetRecordset::CancelUpdate() {
 
 void JetRecordset::Delete() {
   CheckUpdatable();
-  CheckNoEdit("deleting");
+  CheckNoEdit(message::kDeleting);
   session_->Reading([&] {
     RequireValues();
     cursor_->Place();

@@ -32,7 +32,7 @@ std::size_t LikelyRows(jet::Database& database, jet::Table& table) {
 }  // namespace
 
 void JetRecordset::SetFilter(std::string_view criterion) {
-  CheckNoEdit("filtering");
+  CheckNoEdit(message::kFiltering);
   session_->Reading([&] {
     query_->SetFilter(criterion);
     reader_.emplace(*query_);
@@ -121,9 +121,8 @@ std::optional<std::vector<jet::Value>> JetRecordset::SeekKey(
   const jet::Index& index = table.indexes()[*query_->row_index()];
   const std::vector<jet::IndexColumn>& columns = table.physical_indexes()[index.physical].columns;
   if (key.empty() || key.size() > columns.size()) {
-    Refuse(platform::kErrInvalidArgument, "The index \"" + index.name + "\" has " +
-                                              std::to_string(columns.size()) +
-                                              " columns; give a value for the first ones or all.");
+    Refuse(platform::kErrInvalidArgument,
+           {message::kIndexColumns, {{"<Index>", index.name}, {"<Count>", columns.size()}}});
   }
   std::vector<jet::Value> values;
   for (std::size_t i = 0; i < key.size(); ++i) {
@@ -134,8 +133,7 @@ std::optional<std::vector<jet::Value>> JetRecordset::SeekKey(
       continue;
     }
     if (!IsSearchable(column.type) || FamilyOf(value) != FamilyOf(column.type)) {
-      Refuse(platform::kErrTypeMismatch, "A value of this type cannot be sought in the field \"" +
-                                             column.name + "\"; give one of the field's type.");
+      Refuse(platform::kErrTypeMismatch, {message::kCannotSeekType, {{"<Field>", column.name}}});
     }
     const auto held = AsColumnValue(column.type, value);
     if (!held) return std::nullopt;
@@ -147,14 +145,13 @@ std::optional<std::vector<jet::Value>> JetRecordset::SeekKey(
 void JetRecordset::Seek(const std::vector<Variant>& key, SeekOption option) {
   CheckOpen();
   if (settings_.index.empty() || !query_->row_index() || !query_->IsWholeTable()) {
-    Refuse(platform::kErrFeatureNotAvailable,
-           "Seek needs a table opened with an index and without a filter.");
+    Refuse(platform::kErrFeatureNotAvailable, message::kSeekNeedsIndex);
   }
   UpdatePending();
   session_->Reading([&] {
     const auto values = SeekKey(key);
     if (!values && option == SeekOption::kAfterEqual) {
-      Refuse(platform::kErrDataOverflow, "No row of the table can hold the value that is sought.");
+      Refuse(platform::kErrDataOverflow, message::kValueNeverFits);
     }
     if (!seek_cursor_) seek_cursor_.emplace(OnlyTable().OpenCursor(*query_->row_index()));
     reader_->Forget();

@@ -14,12 +14,6 @@ namespace {
 
 constexpr std::size_t kMaxTables = 32;  // bits of Condition::tables
 
-std::string Quoted(std::string_view name) {
-  std::string quoted = "\"";
-  quoted.append(name).append("\"");
-  return quoted;
-}
-
 }  // namespace
 
 std::unique_ptr<Query> Query::Select(jet::Database& database, std::string text,
@@ -64,12 +58,12 @@ std::unique_ptr<Query> Query::OfTable(jet::Database& database, jet::Table& table
 
 void Query::OpenTables() {
   if (syntax_.tables.size() > kMaxTables) {
-    ThrowSyntax(text_, syntax_.tables[kMaxTables].offset, "at most 32 tables can be joined");
+    ThrowSyntax(text_, syntax_.tables[kMaxTables].offset, message::kTooManyTables);
   }
   for (const SourceTable& source : syntax_.tables) {
     if (!database_.HasTable(source.name)) {
       ThrowAt(platform::kErrNoSuchTable, text_, source.offset,
-              "the database " + database_.path() + " has no table " + Quoted(source.name));
+              {message::kNoTableInFrom, {{"<Path>", database_.path()}, {"<Table>", source.name}}});
     }
     tables_.push_back(&database_.OpenTable(source.name));
   }
@@ -86,7 +80,7 @@ std::size_t Query::FindTable(const ColumnName& name) const {
     if (SameName(NameOf(i), name.table)) return i;
   }
   ThrowAt(platform::kErrParameter, text_, name.offset,
-          "the table " + Quoted(name.table) + " is not named in FROM");
+          {message::kTableNotNamed, {{"<Table>", name.table}}});
 }
 
 TableColumn Query::Resolve(const ColumnName& name) const {
@@ -94,7 +88,7 @@ TableColumn Query::Resolve(const ColumnName& name) const {
     const std::size_t table = FindTable(name);
     if (const auto column = tables_[table]->FindColumn(name.name)) return {table, *column};
     ThrowAt(platform::kErrParameter, text_, name.offset,
-            "the table " + Quoted(name.table) + " has no column " + Quoted(name.name));
+            {message::kTableHasNoColumn, {{"<Table>", name.table}, {"<Column>", name.name}}});
   }
   std::optional<TableColumn> found;
   for (std::size_t table = 0; table < tables_.size(); ++table) {
@@ -102,14 +96,13 @@ TableColumn Query::Resolve(const ColumnName& name) const {
     if (!column) continue;
     if (found) {
       ThrowAt(platform::kErrParameter, text_, name.offset,
-              "several tables have a column " + Quoted(name.name) +
-                  "; write the table's name and a point before it");
+              {message::kColumnAmbiguous, {{"<Column>", name.name}}});
     }
     found = TableColumn{table, *column};
   }
   if (found) return *found;
   ThrowAt(platform::kErrParameter, text_, name.offset,
-          "no table has a column " + Quoted(name.name) + "; put texts in quotes");
+          {message::kNoTableHasColumn, {{"<Column>", name.name}}});
 }
 
 void Query::AddOutput(const SelectItem& item) {
@@ -189,7 +182,7 @@ TableColumn Query::ResolveOutput(std::string_view criterion, const ColumnName& n
   const auto found = name.table.empty() ? FindOutput(name.name) : FindOutput(name.table, name.name);
   if (!found) {
     ThrowAt(platform::kErrInvalidArgument, criterion, name.offset,
-            "the recordset has no field " + Quoted(name.name));
+            {message::kFieldUnknown, {{"<Field>", name.name}}});
   }
   return output_[*found].source;
 }

@@ -51,7 +51,7 @@ platform::Error FromFiles(const files::Error& error) {
 }  // namespace
 
 jet::Database& Session::OpenDatabase() {
-  if (!database) Refuse(platform::kErrObjectClosed, "The connection is closed; open it first.");
+  if (!database) Refuse(platform::kErrObjectClosed, message::kConnectionClosed);
   return *database;
 }
 
@@ -95,7 +95,7 @@ void Session::Rethrow() {
   std::terminate();
 }
 
-void Refuse(std::int32_t number, const std::string& description) {
+void Refuse(std::int32_t number, const messages::Message& description) {
   throw platform::Error(platform::ErrorKind::kRefused, number, description);
 }
 

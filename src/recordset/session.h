@@ -9,6 +9,7 @@
 
 #include "jet/database.h"
 #include "platform/ado.h"
+#include "recordset/messages.h"
 
 namespace recordset {
 
@@ -59,6 +60,6 @@ class Session {
 };
 
 // Raises a platform::Error for a call that the object's state or the arguments forbid.
-[[noreturn]] void Refuse(std::int32_t number, const std::string& description);
+[[noreturn]] void Refuse(std::int32_t number, const messages::Message& description);
 
 }  // namespace recordset

@@ -36,18 +36,22 @@ bool Token::IsKeyword(std::string_view keyword) const {
 }
 
 void ThrowAt(std::int32_t number, std::string_view source, std::size_t offset,
-             const std::string& cause) {
+             const messages::Message& cause) {
   offset = std::min(offset, source.size());
   const auto characters = 1 + std::count_if(source.begin(), source.begin() + offset, [](char c) {
                             return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
                           });
-  std::string place = "at character " + std::to_string(characters);
-  place += offset == source.size() ? " (the end)" : " (\"" + Excerpt(source, offset) + "\")";
-  throw platform::Error(platform::ErrorKind::kRefused, number,
-                        "Error in the query or criterion " + place + ": " + cause + ".");
+  const messages::Message place =
+      offset == source.size()
+          ? messages::Message(message::kAtEnd, {{"<Position>", characters}})
+          : messages::Message(message::kAtCharacter,
+                              {{"<Position>", characters}, {"<Excerpt>", Excerpt(source, offset)}});
+  throw platform::Error(
+      platform::ErrorKind::kRefused, number,
+      messages::Message(message::kSyntax, {{"<MessagePlace>", place}, {"<MessageCause>", cause}}));
 }
 
-void ThrowSyntax(std::string_view source, std::size_t offset, const std::string& cause) {
+void ThrowSyntax(std::string_view source, std::size_t offset, const messages::Message& cause) {
   ThrowAt(platform::kErrSyntax, source, offset, cause);
 }
 
@@ -83,7 +87,7 @@ Token Lexer::Next() {
   if (std::string_view("(),.*=<>?;-+").find(c) != std::string_view::npos) {
     return Make(TokenKind::kSymbol, begin, begin + 1);
   }
-  ThrowSyntax(source_, begin, "this character has no meaning here");
+  ThrowSyntax(source_, begin, message::kNoMeaning);
 }
 
 Token Lexer::Make(TokenKind kind, std::size_t begin, std::size_t end) {
@@ -101,15 +105,13 @@ Token Lexer::Quoted(std::size_t begin) {
       return Make(TokenKind::kText, begin, end + 1);
     }
   }
-  ThrowSyntax(source_, begin,
-              "the text that begins here has no closing quote; write a quote "
-              "inside a text twice");
+  ThrowSyntax(source_, begin, message::kUnclosedText);
 }
 
 Token Lexer::Bracketed(std::size_t begin) {
   const std::size_t end = source_.find(']', begin);
   if (end == std::string_view::npos || end == begin + 1) {
-    ThrowSyntax(source_, begin, "a name in brackets needs letters and a closing bracket");
+    ThrowSyntax(source_, begin, message::kUnclosedName);
   }
   Token token = Make(TokenKind::kName, begin, end + 1);
   token.text = source_.substr(begin + 1, end - begin - 1);
@@ -137,7 +139,7 @@ Token Lexer::Number(std::size_t begin) {
     }
   }
   if (end < source_.size() && IsWordPart(source_[end])) {
-    ThrowSyntax(source_, begin, "a number must not run into a name; put a text in quotes");
+    ThrowSyntax(source_, begin, message::kNumberRunsIntoName);
   }
   return Make(TokenKind::kNumber, begin, end);
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "recordset/messages.h"
+
 namespace recordset {
 
 enum class TokenKind : std::uint8_t {
@@ -54,9 +56,9 @@ std::string Unquote(std::string_view quoted);
 // Raises kErrSyntax with the place, given in characters from 1 on, and the cause, a sentence
 // without its full stop.
 [[noreturn]] void ThrowSyntax(std::string_view source, std::size_t offset,
-                              const std::string& cause);
+                              const messages::Message& cause);
 // The same with another error number.
 [[noreturn]] void ThrowAt(std::int32_t number, std::string_view source, std::size_t offset,
-                          const std::string& cause);
+                          const messages::Message& cause);
 
 }  // namespace recordset

@@ -40,7 +40,7 @@ class Parser {
   class Depth {
    public:
     explicit Depth(Parser& parser) : parser_(parser) {
-      if (++parser_.depth_ > kMaxDepth) parser_.Fail("the brackets are nested too deep");
+      if (++parser_.depth_ > kMaxDepth) parser_.Fail(message::kTooDeep);
     }
     ~Depth() { --parser_.depth_; }
     Depth(const Depth&) = delete;
@@ -51,7 +51,7 @@ class Parser {
   };
 
   void Advance() { token_ = lexer_.Next(); }
-  [[noreturn]] void Fail(const std::string& cause) const {
+  [[noreturn]] void Fail(const messages::Message& cause) const {
     ThrowSyntax(lexer_.source(), token_.offset, cause);
   }
   bool TakeSymbol(std::string_view symbol) {
@@ -65,14 +65,14 @@ class Parser {
     return true;
   }
   void ExpectSymbol(std::string_view symbol) {
-    if (!TakeSymbol(symbol)) Fail("\"" + std::string(symbol) + "\" was expected");
+    if (!TakeSymbol(symbol)) Fail({message::kSymbolExpected, {{"<Symbol>", symbol}}});
   }
   void ExpectKeyword(std::string_view keyword) {
-    if (!TakeKeyword(keyword)) Fail(std::string(keyword) + " was expected");
+    if (!TakeKeyword(keyword)) Fail({message::kKeywordExpected, {{"<Keyword>", keyword}}});
   }
   void ExpectEnd() {
     if (token_.kind != TokenKind::kEnd) {
-      Fail("the text must end here; write a quote inside a text twice");
+      Fail(message::kTextMustEnd);
     }
   }
 
@@ -104,7 +104,7 @@ class Parser {
 };
 
 std::string_view Parser::Name() {
-  if (!AtName()) Fail("a name was expected");
+  if (!AtName()) Fail(message::kNameExpected);
   const std::string_view name = token_.text;
   Advance();
   return name;
@@ -151,7 +151,7 @@ SelectSyntax Parser::Select() {
   if (TakeKeyword("WHERE")) AddConjuncts(Or(), select.conditions);
   if (TakeKeyword("ORDER")) Order(select);
   TakeSymbol(";");
-  if (token_.kind != TokenKind::kEnd) Fail("only one statement is possible and it must end here");
+  if (token_.kind != TokenKind::kEnd) Fail(message::kOneStatement);
   select.parameters = parameters_;
   return select;
 }
@@ -179,8 +179,7 @@ void Parser::Source(SelectSyntax& select) {
   const SourceTable source{name, offset, TakeKeyword("AS") ? Name() : std::string_view()};
   for (const SourceTable& table : select.tables) {
     if (SameName(table.Name(), source.Name())) {
-      ThrowSyntax(lexer_.source(), offset,
-                  "a name can stand only once in FROM; give the table another with AS");
+      ThrowSyntax(lexer_.source(), offset, message::kNameTwiceInFrom);
     }
   }
   select.tables.push_back(source);
@@ -253,7 +252,7 @@ ConditionSyntax Parser::Test() {
     ExpectKeyword("NULL");
     condition.kind = ConditionSyntax::Kind::kIsNull;
     if (!has_column) {
-      ThrowSyntax(lexer_.source(), condition.left.offset, "only a column can be tested for Null");
+      ThrowSyntax(lexer_.source(), condition.left.offset, message::kOnlyColumnIsNull);
     }
     if (!negated) return condition;
     ConditionSyntax not_null;
@@ -266,12 +265,11 @@ ConditionSyntax Parser::Test() {
     condition.right = Operand();
     // Two constants have nothing to say of a row; it is what a quote leaves that was not doubled.
     if (!has_column && condition.right.kind != OperandSyntax::Kind::kColumn) {
-      ThrowSyntax(lexer_.source(), condition.left.offset,
-                  "a comparison needs a column; write a quote inside a text twice");
+      ThrowSyntax(lexer_.source(), condition.left.offset, message::kComparisonNeedsColumn);
     }
     return condition;
   }
-  if (!has_column) Fail("a comparison was expected");
+  if (!has_column) Fail(message::kComparisonExpected);
   condition.kind = ConditionSyntax::Kind::kIsTrue;
   return condition;
 }
@@ -315,11 +313,11 @@ OperandSyntax Parser::Operand() {
 }
 
 platform::Variant Parser::Number(bool negative) {
-  if (token_.kind != TokenKind::kNumber) Fail("a column, a text or a number was expected");
+  if (token_.kind != TokenKind::kNumber) Fail(message::kOperandExpected);
   double value = 0;
   const char* end = token_.text.data() + token_.text.size();
   const auto result = std::from_chars(token_.text.data(), end, value);
-  if (result.ec != std::errc() || result.ptr != end) Fail("the number is too large");
+  if (result.ec != std::errc() || result.ptr != end) Fail(message::kNumberTooLarge);
   Advance();
   if (negative) value = -value;
   constexpr double kMin = std::numeric_limits<std::int32_t>::min();
@@ -343,11 +341,11 @@ std::vector<ConditionSyntax> Parser::Filter() {
 }
 
 ConditionSyntax Parser::Find() {
-  if (!AtName()) Fail("a criterion begins with the name of a column");
+  if (!AtName()) Fail(message::kCriterionNeedsColumn);
   ConditionSyntax condition = Test();
   if (condition.kind != ConditionSyntax::Kind::kCompare ||
       condition.right.kind != OperandSyntax::Kind::kLiteral) {
-    Fail("a criterion compares columns with values");
+    Fail(message::kCriterionComparesColumns);
   }
   const bool equal = condition.comparison == Comparison::kEqual;
   if (!condition.right.literal.IsNull() ||
@@ -374,7 +372,7 @@ std::vector<ConditionSyntax> ParseFilter(std::string_view source) {
 ConditionSyntax ParseFind(std::string_view source) {
   const std::vector<ConditionSyntax> conditions = ParseFilter(source);
   if (conditions.size() != 1) {
-    ThrowSyntax(source, 0, "a criterion for searching is exactly one comparison");
+    ThrowSyntax(source, 0, message::kOneComparison);
   }
   return conditions.front();
 }

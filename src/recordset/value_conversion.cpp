@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "recordset/ascii_text.h"
+#include "recordset/session.h"
 
 namespace recordset {
 namespace {
@@ -25,14 +26,13 @@ using platform::Variant;
 constexpr double kCurrencyUnit = 10000;
 constexpr double kMaxCurrency = 922337203685477.0;
 
-[[noreturn]] void Throw(std::int32_t number, const jet::Column& column, const std::string& cause) {
-  throw platform::Error(platform::ErrorKind::kRefused, number,
-                        "The field \"" + column.name + "\" " + cause);
+[[noreturn]] void Throw(std::int32_t number, const jet::Column& column,
+                        const messages::Pattern& what) {
+  Refuse(number, {what, {{"<Field>", column.name}}});
 }
 
 [[noreturn]] void ThrowMismatch(const jet::Column& column) {
-  Throw(platform::kErrTypeMismatch, column,
-        "cannot hold a value of this type; give a value of the field's type.");
+  Throw(platform::kErrTypeMismatch, column, message::kTypeMismatch);
 }
 
 constexpr char kHexDigits[] = "0123456789ABCDEF";
@@ -83,7 +83,7 @@ double NumberFor(const jet::Column& column, const Variant& value, double least, 
   const auto number = NumberOf(value);
   if (!number) ThrowMismatch(column);
   if (!(*number >= least && *number <= most)) {
-    Throw(platform::kErrDataOverflow, column, "cannot hold a number of this size.");
+    Throw(platform::kErrDataOverflow, column, message::kNumberOverflow);
   }
   return *number;
 }
@@ -114,8 +114,8 @@ Variant TextFor(const jet::Column& column, const Variant& value) {
   std::string text = value.ToText();
   const auto limit = static_cast<std::size_t>(DefinedSizeOf(column));
   if (limit != 0 && Utf16Length(text) > limit) {
-    Throw(platform::kErrDataOverflow, column,
-          "holds at most " + std::to_string(limit) + " characters; shorten the text.");
+    Refuse(platform::kErrDataOverflow,
+           {message::kTextTooLong, {{"<Field>", column.name}, {"<Limit>", limit}}});
   }
   return text;
 }
@@ -167,9 +167,8 @@ ColumnType ColumnTypeOf(DataType type) {
   for (ColumnType candidate : kTypes) {
     if (DataTypeOf(candidate) == type) return candidate;
   }
-  throw platform::Error(
-      platform::ErrorKind::kRefused, platform::kErrFeatureNotAvailable,
-      "No column of data type " + std::to_string(static_cast<int>(type)) + " can be created.");
+  Refuse(platform::kErrFeatureNotAvailable,
+         {message::kCannotCreateType, {{"<Type>", static_cast<int>(type)}}});
 }
 
 std::int32_t DefinedSizeOf(const jet::Column& column) {
@@ -252,7 +251,7 @@ Variant Coerce(const jet::Column& column, const Variant& value) {
       if (!value.Get<std::vector<std::uint8_t>>()) ThrowMismatch(column);
       return value;
     default:
-      Throw(platform::kErrFeatureNotAvailable, column, "has a type that cannot be written.");
+      Throw(platform::kErrFeatureNotAvailable, column, message::kCannotWriteType);
   }
 }
 

@@ -133,13 +133,13 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
   warnings_.clear();
   rows_.TakeChanges();
   OperationResult result;
-  const auto fail = [&](Outcome outcome, std::int32_t number, const char* cause) {
+  const auto fail = [&](Outcome outcome, std::int32_t number, const std::exception& cause) {
     // Refusals of the generator name themselves; all else is the cause of the general failure.
     const bool named = outcome == Outcome::kRefused && number >= 1100 && number < 1200;
     result.outcome = outcome;
     result.text_id = named ? number : failure_text;
-    result.message = named ? cause : texts().Text(failure_text);
-    result.detail = named ? "" : texts().Translated(cause);
+    result.message = named ? cause.what() : texts().Text(failure_text);
+    result.detail = named ? "" : texts().Sentence(cause);
   };
   try {
     RunUnit(steps, result);
@@ -147,9 +147,9 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
   } catch (const Refusal& refusal) {
     refusal.FillIn(result);
   } catch (const platform::Error& error) {
-    fail(OutcomeOf(error.kind()), error.number(), error.what());
+    fail(OutcomeOf(error.kind()), error.number(), error);
   } catch (const std::exception& error) {
-    fail(Outcome::kFileProblem, 0, error.what());
+    fail(Outcome::kFileProblem, 0, error);
   }
   rows_.CloseTables();
   TakeWarnings();

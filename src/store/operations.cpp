@@ -110,7 +110,7 @@ OperationResult Operations::Impl::CheckAlias(const AliasValues& values, std::int
     result.outcome = Outcome::kFileProblem;
     result.text_id = kTextNothingChanged;
     result.message = run_.texts().Text(kTextNothingChanged);
-    result.detail = run_.texts().Translated(error.description());
+    result.detail = run_.texts().Sentence(error);
   }
   return result;
 }

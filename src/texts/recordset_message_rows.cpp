@@ -111,8 +111,8 @@ std::span<const Row> RecordsetMessageRows() {
       {2650, "Eine Spalte vom Datentyp <Type> lässt sich nicht anlegen.",
        "No column of data type <Type> can be created."},
       // Queries and criteria.
-      {2660, "Fehler in der Abfrage oder im Kriterium <MessagePlace>",
-       "Error in the query or criterion <MessagePlace>"},
+      {2660, "Fehler in der Abfrage oder im Kriterium <MessagePlace>: <MessageCause>.",
+       "Error in the query or criterion <MessagePlace>: <MessageCause>."},
       {2661, "bei Zeichen <Position> (\"<Excerpt>\")", "at character <Position> (\"<Excerpt>\")"},
       {2662, "bei Zeichen <Position> (am Ende)", "at character <Position> (the end)"},
       {2663,

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "messages/error.h"
 #include "platform/studio.h"
 #include "texts/message_translator.h"
 #include "texts/rows.h"
@@ -66,13 +67,18 @@ std::string TextTable::Text(std::int32_t number) const {
 }
 
 std::string TextTable::Sentence(const messages::Message& message) const {
-  return message.Sentence([this](const messages::Pattern& pattern) {
+  const std::string sentence = message.Sentence([this](const messages::Pattern& pattern) {
     const bool is_ours = pattern.english.empty();
     const bool stays = !is_ours && (pattern.number == 0 || language_ == Language::kEnglish);
     if (stays || (!is_ours && !slots_.contains(pattern.number)))
       return std::string(pattern.english);
     return Text(pattern.number);
   });
+  return Translated(sentence);
+}
+
+std::string TextTable::Sentence(const std::exception& error) const {
+  return Sentence(messages::MessageOf(error));
 }
 
 std::string TextTable::Text(std::int32_t number,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -52,6 +53,8 @@ class TextTable {
 
   // The sentence of a message. What the table lacks is said in the words of its layer.
   std::string Sentence(const messages::Message& message) const;
+  // What an exception has to say.
+  std::string Sentence(const std::exception& error) const;
 
   // A message of a layer that knows no text table and speaks English: the description of a
   // failure, a finding. Sentences that the table lacks stay English.
