@@ -88,7 +88,7 @@ TEST(GridEditing, TakenValuesReachRowsAndCode) {
   bench.studio->chosen_items = {"Tank2.Level"};
   aliases.on_button_click(kItemIdColumn);
   EXPECT_EQ(bench.Aliases().front(), "1|Tank2.Level|Height");
-  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("Public Height as Variant 'Tank2.Level\r\n"));
+  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("Public Height as Double 'Tank2.Level\r\n"));
   bench.studio->chosen_items = {"  "};
   aliases.on_button_click(kItemIdColumn);
   EXPECT_EQ(bench.Aliases().front(), "1|Tank2.Level|Height");
