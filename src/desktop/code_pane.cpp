@@ -301,8 +301,7 @@ bool CodePane::KeepCopy() {
     return true;
   } catch (const std::exception& error) {
     if (on_status) {
-      on_status(texts_.Text(TextNumber::kTextNoUnsavedCopy,
-                            {{"<Text>", texts_.Sentence(error)}}));
+      on_status(texts_.Text(TextNumber::kTextNoUnsavedCopy, {{"<Text>", texts_.Sentence(error)}}));
     }
     return false;
   }
