@@ -27,11 +27,6 @@
 
 namespace {
 
-std::string Environment(const std::string& name) {
-  const char* value = std::getenv(name.c_str());
-  return value ? value : "";
-}
-
 class App : public wxApp {
  public:
   void OnInitCmdLine(wxCmdLineParser& parser) override { Describe(parser); }
@@ -115,10 +110,10 @@ class App : public wxApp {
 
   void Start() {
     files::FileSystem& files = files::RealFileSystem();
-    const workbench::UserFolders folders = workbench::FindUserFolders(files, Environment);
+    const workbench::UserFolders folders = workbench::FindUserFolders(files, apps::Environment);
     if (!folders.state.empty()) StartCrashLog(files, folders.state);
     program_ = std::make_unique<desktop::Program>(
-        files, folders, workbench::ChooseLanguage(language_, files, Environment));
+        files, folders, workbench::ChooseLanguage(language_, files, apps::Environment));
     desktop::MainWindow* window = &program_->window();
     const std::string path = project_.empty() ? program_->state().project : project_;
     window->CallAfter([window, path, reading = reading_] {

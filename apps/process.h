@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace apps {
 
@@ -27,6 +28,13 @@ bool IsTerminal(StandardStream stream);
 std::size_t Read(StandardStream stream, char* data, std::size_t size, std::error_code& failure);
 // Writes all bytes, or sets `failure`.
 void Write(StandardStream stream, const char* data, std::size_t size, std::error_code& failure);
+
+// What `main` was given, without the program's name, as UTF-8.
+std::vector<std::string> Arguments(int argc, char** argv);
+
+// A variable of the environment as UTF-8, "" when it is unset. Where no variable says the language
+// of the user, the system's own setting stands for LANG.
+std::string Environment(const std::string& name);
 
 // The folder that the running program stands in.
 std::string ProgramFolder(const char* argv0);

@@ -86,6 +86,15 @@ void Write(StandardStream stream, const char* data, std::size_t size, std::error
   }
 }
 
+std::vector<std::string> Arguments(int argc, char** argv) {
+  return std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc);
+}
+
+std::string Environment(const std::string& name) {
+  const char* value = std::getenv(name.c_str());
+  return value ? value : "";
+}
+
 std::string ProgramFolder(const char* argv0) {
   char buffer[4096];
   const ssize_t length = readlink("/proc/self/exe", buffer, sizeof buffer);

@@ -39,12 +39,15 @@ install_packages() {
 }
 
 # configure_and_build PRESET [cmake -D options...]
-configure_and_build() {
-  local preset=$1
-  shift
+configure_and_build() { configure_and_build_target "$1" all "${@:2}"; }
+
+# configure_and_build_target PRESET TARGET [cmake -D options...]
+configure_and_build_target() {
+  local preset=$1 target=$2
+  shift 2
   say "Building: $preset"
   cmake --preset "$preset" "$@" >&2
-  cmake --build --preset "$preset" -j "$jobs" >&2
+  cmake --build --preset "$preset" --target "$target" -j "$jobs" >&2
 }
 
 # What only tests and benchmarks need is left out of a first build of the programs; a build that

@@ -1,43 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "cli/desktop.h"
 
-#ifdef _WIN32
-#include <process.h>
-#else
-#include <unistd.h>
-#endif
+#include "cli/execute.h"
 
 #include <string>
 #include <vector>
 
 namespace cli {
 
-namespace {
-
-#ifdef _WIN32
-constexpr const char* kProgram = "ovformula-desktop.exe";
-#else
-constexpr const char* kProgram = "ovformula-desktop";
-#endif
-
-// Returns only when the program cannot be started.
-void Execute(const std::string& program, const std::vector<std::string>& given) {
-  std::vector<const char*> arguments = {program.c_str()};
-  for (const std::string& argument : given) arguments.push_back(argument.c_str());
-  arguments.push_back(nullptr);
-#ifdef _WIN32
-  const auto code = _spawnv(_P_WAIT, program.c_str(), arguments.data());
-  if (code >= 0) exit(static_cast<int>(code));
-#else
-  execv(program.c_str(), const_cast<char* const*>(arguments.data()));
-#endif
-}
-
-}  // namespace
-
 int OpenDesktop(Invocation& invocation) {
   Console& console = invocation.console();
-  const std::string program = console.files.Join(console.program_folder, kProgram);
+  const std::string program = console.files.Join(console.program_folder, kDesktopProgram);
   const bool german = invocation.texts().GetLanguage() == texts::Language::kGerman;
   console.out.flush();
   if (console.files.Exists(program)) {

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -35,13 +36,30 @@ std::string Lines(const std::string& text, const std::string& prefix) {
   return result;
 }
 
+// A folder with a program `ovformula` that is that for Windows, tried in place of the one beside
+// the tests; it shows our paths below drive Z:.
+const char* WindowsPrograms() { return std::getenv("OV_WINDOWS_PROGRAMS"); }
+
+// Paths below the folder in the form that they have here.
+void TurnWindowsPaths(std::string& text, const std::string& folder) {
+  std::string there = "Z:" + folder;
+  std::replace(there.begin(), there.end(), '/', '\\');
+  for (auto at = text.find(there); at != std::string::npos; at = text.find(there, at)) {
+    const auto end = std::min(text.find_first_of(" \t\n\"'<>:;,", at + there.size()), text.size());
+    std::string here = folder + text.substr(at + there.size(), end - at - there.size());
+    std::replace(here.begin(), here.end(), '\\', '/');
+    text.replace(at, end - at, here);
+    at += here.size();
+  }
+}
+
 void Prepare(const std::filesystem::path& folder) {
-  const std::string environment = "export HOME='" + folder.string() + "' XDG_CONFIG_HOME='" +
-                                  folder.string() + "/.config' XDG_STATE_HOME='" + folder.string() +
-                                  "/.state' XDG_DATA_HOME= LC_ALL=C.UTF-8 " +
-                                  "LANG=C.UTF-8 TZ=UTC EXAMPLE='" OV_SOURCE_DIR
-                                  "/examples/plant' PATH='" OV_PROGRAM_FOLDER "':\"$PATH\"\ncd '" +
-                                  (folder / "room").string() + "'\n";
+  const std::string programs = WindowsPrograms() ? WindowsPrograms() : OV_PROGRAM_FOLDER;
+  const std::string environment =
+      "export HOME='" + folder.string() + "' XDG_CONFIG_HOME='" + folder.string() +
+      "/.config' XDG_STATE_HOME='" + folder.string() + "/.state' XDG_DATA_HOME= LC_ALL=C.UTF-8 " +
+      "LANG=C.UTF-8 TZ=UTC EXAMPLE='" OV_SOURCE_DIR "/examples/plant' PATH='" + programs +
+      "':\"$PATH\"\ncd '" + (folder / "room").string() + "'\n";
   std::filesystem::create_directory(folder / "room");
   std::ofstream(folder / "environment", std::ios::binary) << environment;
 }
@@ -103,6 +121,7 @@ std::string Room::Run(const std::string& command) const {
   std::string answer =
       Lines(ReadFile(folder_ / "out"), "") + Lines(ReadFile(folder_ / "err"), "! ");
   if (code != 0) answer += "[" + std::to_string(code) + "]\n";
+  if (WindowsPrograms()) TurnWindowsPaths(answer, (folder_ / "room").string());
   ReplaceAll(answer, (folder_ / "room").string(), "FOLDER");
   ReplaceAll(answer, "\r", "");
   return answer;
