@@ -124,14 +124,15 @@ DWORD ReplaceInSteps(const std::string& from, const std::string& to, const std::
 // `from` takes the place of `to`, which is named `kept` then. Nobody finds the name missing: the
 // old file gets the third name before it loses the first.
 DWORD ReplaceAndKeep(const std::string& from, const std::string& to, const std::string& kept) {
+  // To its own name nothing is renamed, but the medium says whether it knows how.
+  if (IsUnknownThere(RenamePosix(from, SystemPath(from)))) return ReplaceInSteps(from, to, kept);
   if (!::CreateHardLinkW(SystemPath(kept).c_str(), SystemPath(to).c_str(), nullptr)) {
     const DWORD code = ::GetLastError();
     return IsUnknownThere(code) ? ReplaceInSteps(from, to, kept) : code;
   }
   const DWORD code = RenamePosix(from, SystemPath(to));
-  if (code == ERROR_SUCCESS) return code;
-  RemoveOnce(kept);
-  return IsUnknownThere(code) ? ReplaceInSteps(from, to, kept) : code;
+  if (code != ERROR_SUCCESS) RemoveOnce(kept);
+  return code;
 }
 
 // Whether somebody has the file open in a way that keeps others out.
