@@ -49,8 +49,8 @@ void CheckUses(const vbcode::Program& program, const std::string& name) {
 
 void CheckRename(const vbcode::Program& program, const std::string& name) {
   constexpr const char* kNew = "RenamedByTest";
-  const vbcode::Renaming there =
-      vbcode::RenameMember(program, {0, name, kNew, false, false, /*declarations=*/true});
+  const vbcode::Renaming there = vbcode::RenameMember(
+      program, {{0}, name, kNew, vbcode::kNone, false, false, /*declarations=*/true});
   if (!there.refusals.empty() || there.edits.empty()) return;
   const vbcode::Program renamed =
       Read(TextOf(program, 0, there.edits), TextOf(program, 1, there.edits));

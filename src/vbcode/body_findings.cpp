@@ -15,7 +15,8 @@ std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number)
 
 class Check {
  public:
-  Check(const Program& program, const std::vector<std::string>& aliases) : program_(program) {
+  Check(const Program& program, const std::vector<std::string>& aliases)
+      : program_(program), effects_(program) {
     for (const std::string& alias : aliases) {
       const NameId name = program.names().Find(alias);
       if (name != kNoName) aliases_.emplace(name, &alias);
@@ -25,7 +26,7 @@ class Check {
   void Formula(std::size_t index, const FormulaCode& formula) {
     const std::int32_t procedure = program_.FindProcedure(formula.module, formula.procedure);
     if (procedure == kNone) return;
-    const Effects effects = FindEffects(program_, formula.module, procedure);
+    const Effects effects = effects_.Find(formula.module, procedure);
     std::unordered_map<NameId, Used> used;
     for (const Touched& touched : effects.touched) Note(formula.module, touched, used);
     std::unordered_map<NameId, bool> is_argument;
@@ -113,6 +114,7 @@ class Check {
   }
 
   const Program& program_;
+  EffectFinder effects_;
   std::unordered_map<NameId, const std::string*> aliases_;
   std::vector<BodyFinding> findings_;
 };

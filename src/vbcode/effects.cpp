@@ -15,9 +15,12 @@ using platform::ProcKind;
 
 std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
 
-class Walk {
+}  // namespace
+
+// From one procedure through what it calls.
+class EffectWalk {
  public:
-  explicit Walk(const Program& program) : program_(program) {}
+  explicit EffectWalk(const EffectFinder& finder) : finder_(finder), program_(finder.program_) {}
 
   Effects Run(std::int32_t module, std::int32_t procedure) {
     Visit(module, procedure, false);
@@ -133,6 +136,9 @@ class Walk {
   void Follow(const Reference& reference, const Meaning& meaning, bool other) {
     const Declaration& declaration = program_.declaration(meaning.declaration);
     const std::int32_t owner = program_.PlaceOf(meaning.declaration).module;
+    const auto key = static_cast<std::uint64_t>(meaning.declaration) << 8 |
+                     static_cast<std::uint64_t>(meaning.effect) << 1 | (other ? 1 : 0);
+    if (!followed_.insert(key).second) return;
     if (declaration.as_new) FollowNew(owner, declaration);
     const bool into_other = other && program_.module(owner).source.kind == ModuleKind::kClass;
     switch (declaration.kind) {
@@ -163,10 +169,10 @@ class Walk {
   }
 
   void FollowNew(std::int32_t module, const Declaration& variable) {
-    const NameId name = variable.type.name;
-    for (std::int32_t m = 0; m < program_.ModuleCount(); ++m) {
-      if (program_.module(m).name == name &&
-          program_.module(m).project == program_.module(module).project) {
+    const auto found = finder_.classes_.find(variable.type.name);
+    if (found == finder_.classes_.end()) return;
+    for (const std::int32_t m : found->second) {
+      if (program_.module(m).project == program_.module(module).project) {
         VisitNamed(m, "Class_Initialize", true);
       }
     }
@@ -174,18 +180,16 @@ class Walk {
 
   // Who implements the class runs in its place.
   void FollowInterface(std::int32_t module, NameId member) {
-    ListClasses();
-    const auto found = implementers_.find(program_.module(module).name);
-    if (found == implementers_.end()) return;
+    const auto found = finder_.implementers_.find(program_.module(module).name);
+    if (found == finder_.implementers_.end()) return;
     const std::string name =
         program_.module(module).source.name + '_' + std::string(program_.Text(member));
     for (const std::int32_t m : found->second) VisitNamed(m, name, true);
   }
 
   void FollowEvent(std::int32_t module, NameId event) {
-    ListClasses();
-    const auto found = listeners_.find(program_.module(module).name);
-    if (found == listeners_.end()) return;
+    const auto found = finder_.listeners_.find(program_.module(module).name);
+    if (found == finder_.listeners_.end()) return;
     for (const auto& [m, variable] : found->second) {
       VisitNamed(m, std::string(program_.Text(variable)) + '_' + std::string(program_.Text(event)),
                  true);
@@ -201,36 +205,33 @@ class Walk {
     }
   }
 
-  void ListClasses() {
-    if (listed_) return;
-    listed_ = true;
-    for (std::int32_t m = 0; m < program_.ModuleCount(); ++m) {
-      const ModuleCode& code = program_.module(m).code;
-      for (const TypeName& interface : code.interfaces) implementers_[interface.name].push_back(m);
-      for (const Declaration& declaration : code.declarations) {
-        if (declaration.with_events) {
-          listeners_[declaration.type.name].push_back({m, declaration.name});
-        }
-      }
-    }
-  }
-
+  const EffectFinder& finder_;
   const Program& program_;
   ColumnCounter columns_;
   Effects effects_;
   std::vector<Step> work_;
-  std::unordered_set<std::uint64_t> seen_;
+  std::unordered_set<std::uint64_t> seen_;      // procedures
+  std::unordered_set<std::uint64_t> followed_;  // declarations, with what is done with them
   std::unordered_map<std::uint64_t, std::size_t> places_;
-  bool listed_ = false;
-  // By the name of the class.
-  std::unordered_map<NameId, std::vector<std::int32_t>> implementers_;
-  std::unordered_map<NameId, std::vector<std::pair<std::int32_t, NameId>>> listeners_;
 };
 
-}  // namespace
+EffectFinder::EffectFinder(const Program& program) : program_(program) {
+  for (std::int32_t m = 0; m < program.ModuleCount(); ++m) {
+    const Program::Module& module = program.module(m);
+    classes_[module.name].push_back(m);
+    for (const TypeName& interface : module.code.interfaces) {
+      implementers_[interface.name].push_back(m);
+    }
+    for (const Declaration& declaration : module.code.declarations) {
+      if (declaration.with_events) {
+        listeners_[declaration.type.name].push_back({m, declaration.name});
+      }
+    }
+  }
+}
 
-Effects FindEffects(const Program& program, std::int32_t module, std::int32_t procedure) {
-  return Walk(program).Run(module, procedure);
+Effects EffectFinder::Find(std::int32_t module, std::int32_t procedure) const {
+  return EffectWalk(*this).Run(module, procedure);
 }
 
 }  // namespace vbcode

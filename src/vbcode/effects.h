@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "vbcode/program.h"
@@ -26,8 +27,29 @@ struct Effects {
   bool open = false;
 };
 
-// Of the module's procedure. Follows calls into all modules of the program; each procedure once,
-// so that cycles end.
-Effects FindEffects(const Program& program, std::int32_t module, std::int32_t procedure);
+// Looks for the effects of one procedure after the other. The program must outlive it, unchanged.
+class EffectFinder {
+ public:
+  explicit EffectFinder(const Program& program);
+
+  // Of the module's procedure. Follows calls into all modules of the program; each procedure once,
+  // so that cycles end.
+  Effects Find(std::int32_t module, std::int32_t procedure) const;
+
+ private:
+  friend class EffectWalk;
+
+  // A variable that takes the events of its object.
+  struct Listener {
+    std::int32_t module = 0;
+    NameId variable = kNoName;
+  };
+
+  const Program& program_;
+  // By the name of the class.
+  std::unordered_map<NameId, std::vector<std::int32_t>> classes_;
+  std::unordered_map<NameId, std::vector<std::int32_t>> implementers_;
+  std::unordered_map<NameId, std::vector<Listener>> listeners_;
+};
 
 }  // namespace vbcode

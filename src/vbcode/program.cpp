@@ -182,6 +182,26 @@ std::int32_t Program::ProcedureOfLine(std::int32_t index, std::int32_t line) con
   return static_cast<std::int32_t>(behind - procedures.begin()) - 1;
 }
 
+std::int32_t Program::FindReference(std::int32_t index, std::int32_t line,
+                                    std::int32_t column) const {
+  const Module& owner = module(index);
+  if (line < 1 || line > owner.lines->LineCount()) return kNone;
+  ColumnCounter columns;
+  const std::size_t byte = columns.ByteOf(owner.lines->Line(line), column - 1);
+  const auto& references = owner.code.references;
+  // What CallByName takes as a text comes behind its call, and so do all others.
+  const auto behind =
+      std::upper_bound(references.begin(), references.end(), std::pair(line, byte),
+                       [](const auto& wanted, const Reference& r) {
+                         return wanted < std::pair<std::int32_t, std::size_t>(r.line, r.column);
+                       });
+  if (behind == references.begin()) return kNone;
+  const Reference& found = *(behind - 1);
+  const std::size_t end = found.column + Text(found.name).size();
+  if (found.line != line || byte > end) return kNone;
+  return static_cast<std::int32_t>(behind - references.begin()) - 1;
+}
+
 Program::DeclarationPlace Program::PlaceOf(std::int32_t number) const {
   const auto behind = std::upper_bound(
       modules_.begin(), modules_.end(), number,

@@ -98,6 +98,9 @@ class Program {
   // module does not declare: where it uses it all the same.
   std::vector<Use> Uses(std::int32_t module, std::string_view name) const;
 
+  // The module's reference that stands at the place, or right behind it ends; kNone for none.
+  std::int32_t FindReference(std::int32_t module, std::int32_t line, std::int32_t column) const;
+
   const Names& names() const { return names_; }
   std::string_view Text(NameId name) const { return names_.Text(name); }
   DeclarationPlace PlaceOf(std::int32_t declaration) const;

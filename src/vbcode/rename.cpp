@@ -34,25 +34,38 @@ class Rename {
         request_(request),
         edits_(program),
         old_(program.names().Find(request.old_name)),
-        new_(program.names().Find(request.new_name)),
-        member_(old_ == kNoName ? kNone : program.FindMember(request.module, old_)) {}
+        new_(program.names().Find(request.new_name)) {}
 
   Renaming Run() {
     if (!IsName(request_.new_name)) {
-      Refuse(RenameProblem::kNotAName, request_.module, 0, 0);
+      const std::int32_t module = request_.modules.empty() ? kNone : request_.modules.front();
+      Refuse(RenameProblem::kNotAName, module, 0, 0);
       return std::move(result_);
     }
-    ListUses();
-    if (old_ != new_ && member_ != kNone) {
-      if (new_ != kNoName) CheckNewName();
-      CheckNamedAfter();
+    if (old_ != kNoName) {
+      for (const std::int32_t module : request_.modules) RenameIn(module);
     }
-    if (result_.refusals.empty()) Edit();
+    if (result_.refusals.empty()) {
+      result_.edits = edits_.Lines();
+      CheckLengths();
+    }
     if (!result_.refusals.empty()) result_.edits.clear();
     return std::move(result_);
   }
 
  private:
+  bool IsLimited() const { return request_.procedure != kNone; }
+
+  void RenameIn(std::int32_t module) {
+    module_ = module;
+    member_ = program_.FindMember(module, old_);
+    ListUses();
+    if (member_ == kNone) return;
+    if (old_ != new_ && new_ != kNoName) IsLimited() ? CheckNewNameHere() : CheckNewName();
+    if (old_ != new_ && !IsLimited()) CheckNamedAfter();
+    Edit();
+  }
+
   void Refuse(RenameProblem problem, std::int32_t module, std::int32_t line, std::int32_t column) {
     result_.refusals.push_back({problem, module, line, column});
   }
@@ -65,13 +78,15 @@ class Rename {
   }
 
   void ListUses() {
-    if (old_ == kNoName) return;
-    for (const auto& place : program_.References(request_.module, old_)) {
+    places_.clear();
+    for (const auto& place : program_.References(module_, old_)) {
       const Use use = program_.MakeUse(place.module, place.reference, columns_);
-      if (use.binding == Binding::kMember) {
+      if (IsLimited() && (use.module != module_ || use.procedure != request_.procedure)) continue;
+      const bool same_object = !IsLimited() || !use.other_object;
+      if (use.binding == Binding::kMember && same_object) {
         result_.changed.push_back(use);
         places_.push_back(place);
-      } else {
+      } else if (left_.insert({place.module, place.reference}).second) {
         result_.left.push_back(use);
       }
     }
@@ -81,8 +96,21 @@ class Rename {
     return program_.module(place.module).code.references[Index(place.reference)];
   }
 
+  // Where only one procedure takes the other name, a variable of it may be there.
+  void CheckNewNameHere() {
+    const std::int32_t member = program_.FindMember(module_, new_);
+    if (member != kNone && program_.declaration(member).kind != DeclarationKind::kVariable) {
+      RefuseDeclaration(RenameProblem::kMemberName, member);
+    }
+    for (const auto& place : places_) {
+      if (At(place).previous != kNothing) continue;
+      CheckLocals(module_, request_.procedure);
+      return;
+    }
+  }
+
   void CheckNewName() {
-    CheckMembers(request_.module);
+    CheckMembers(module_);
     std::set<std::pair<std::int32_t, std::int32_t>> procedures;
     std::set<std::int32_t> modules;
     for (const auto& place : places_) {
@@ -91,7 +119,7 @@ class Rename {
       procedures.insert({place.module, program_.ProcedureOfLine(place.module, At(place).line)});
     }
     for (const std::int32_t module : modules) {
-      if (module != request_.module) CheckMembers(module);
+      if (module != module_) CheckMembers(module);
     }
     for (const auto& [module, procedure] : procedures) {
       if (procedure != kNone) CheckLocals(module, procedure);
@@ -119,22 +147,20 @@ class Rename {
 
   bool IsShared() const {
     const Declaration& declaration = program_.declaration(member_);
-    return program_.module(request_.module).source.kind == ModuleKind::kStandard &&
+    return program_.module(module_).source.kind == ModuleKind::kStandard &&
            declaration.scope == platform::MemberScope::kPublic;
   }
 
   // What would no longer reach what it means, or mean the renamed all of a sudden.
   void CheckOtherMeanings() {
-    const NameId project = program_.module(request_.module).project;
+    const NameId project = program_.module(module_).project;
     for (const auto& place : program_.ReferencesNamed(new_)) {
       const Program::Module& module = program_.module(place.module);
-      const bool within =
-          place.module == request_.module || (IsShared() && module.project == project);
+      const bool within = place.module == module_ || (IsShared() && module.project == project);
       if (!within || At(place).role == Role::kNew || At(place).in_text) continue;
       const Meaning& meaning = module.meanings[Index(place.reference)];
       const bool own_member = At(place).previous != kNothing;
-      if (own_member &&
-          (meaning.sureness != Sureness::kUndeclared || place.module != request_.module)) {
+      if (own_member && (meaning.sureness != Sureness::kUndeclared || place.module != module_)) {
         continue;
       }
       if (meaning.sureness == Sureness::kSure && meaning.declaration != kNone &&
@@ -150,7 +176,7 @@ class Rename {
   // Handlers of events and the members of an interface bear the name in their own.
   void CheckNamedAfter() {
     const Declaration& declaration = program_.declaration(member_);
-    const Program::Module& owner = program_.module(request_.module);
+    const Program::Module& owner = program_.module(module_);
     for (std::int32_t m = 0; m < program_.ModuleCount(); ++m) {
       const ModuleCode& code = program_.module(m).code;
       for (const TypeName& interface : code.interfaces) {
@@ -168,7 +194,7 @@ class Rename {
     for (const Procedure& procedure : owner.code.procedures) {
       const Declaration& handler = owner.code.declarations[Index(procedure.declaration)];
       const TextPlace place = FindInLine(program_.Text(handler.name), 0, prefix, {});
-      if (place.begin == 0) Refuse(RenameProblem::kNamedAfter, request_.module, handler.place);
+      if (place.begin == 0) Refuse(RenameProblem::kNamedAfter, module_, handler.place);
     }
   }
 
@@ -182,18 +208,19 @@ class Rename {
       edits_.Replace(place.module, At(place).line, At(place).column,
                      program_.Text(At(place).name).size(), request_.new_name);
     }
-    if (member_ != kNone && request_.declarations) {
+    if (request_.declarations && !IsLimited()) {
       for (const std::int32_t same : program_.SameMember(member_)) {
         const Place& place = program_.declaration(same).place;
-        edits_.Replace(request_.module, place.line, place.column, place.length, request_.new_name);
+        edits_.Replace(module_, place.line, place.column, place.length, request_.new_name);
       }
     }
-    if (member_ != kNone && (request_.in_comments || request_.in_literals)) EditTexts();
-    result_.edits = edits_.Lines();
+    if (request_.in_comments || request_.in_literals) EditTexts();
+  }
+
+  void CheckLengths() {
     for (const LineEdit& edit : result_.edits) {
-      if (CountCharacters(edit.text) <= kLongestLine) continue;
       const std::string_view before = program_.module(edit.module).lines->Line(edit.line);
-      if (edit.text.size() > before.size()) {
+      if (edit.text.size() > before.size() && CountCharacters(edit.text) > kLongestLine) {
         Refuse(RenameProblem::kLineTooLong, edit.module, edit.line, 1);
       }
     }
@@ -201,8 +228,16 @@ class Rename {
 
   // The old name in comments and literals of the module.
   void EditTexts() {
-    const TextLines& lines = *program_.module(request_.module).lines;
-    for (std::int32_t number = 1; number <= lines.LineCount();) {
+    const TextLines& lines = *program_.module(module_).lines;
+    std::int32_t number = 1;
+    std::int32_t last = lines.LineCount();
+    if (IsLimited()) {
+      const Procedure& procedure =
+          program_.module(module_).code.procedures[Index(request_.procedure)];
+      number = procedure.first_line;
+      last = procedure.last_line;
+    }
+    while (number <= last) {
       Lexer lexer(lines, kNoLeadBytes, number);
       for (Token token = lexer.Next(); token.kind != TokenKind::kEnd; token = lexer.Next()) {
         if (request_.in_literals && token.kind == TokenKind::kString) {
@@ -222,12 +257,11 @@ class Rename {
 
   void EditText(std::int32_t number, std::size_t begin, std::size_t end) {
     constexpr SearchOptions kWholeWord = {true, false};
-    const std::string_view line =
-        program_.module(request_.module).lines->Line(number).substr(0, end);
+    const std::string_view line = program_.module(module_).lines->Line(number).substr(0, end);
     for (;;) {
       const TextPlace place = FindInLine(line, begin, request_.old_name, kWholeWord);
       if (place.begin == std::string_view::npos) return;
-      edits_.Replace(request_.module, number, place.begin, place.length, request_.new_name);
+      edits_.Replace(module_, number, place.begin, place.length, request_.new_name);
       begin = place.begin + place.length;
     }
   }
@@ -235,10 +269,13 @@ class Rename {
   const Program& program_;
   const RenameRequest& request_;
   LineEdits edits_;
+  ColumnCounter columns_;
   NameId old_;
   NameId new_;
-  std::int32_t member_;
-  ColumnCounter columns_;
+  std::set<std::pair<std::int32_t, std::int32_t>> left_;  // module and reference
+  // While a module is worked on:
+  std::int32_t module_ = 0;
+  std::int32_t member_ = kNone;
   std::vector<Program::ReferencePlace> places_;  // that are changed
   Renaming result_;
 };

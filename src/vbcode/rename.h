@@ -12,10 +12,13 @@
 namespace vbcode {
 
 struct RenameRequest {
-  std::int32_t module = 0;  // which declares the name
+  std::vector<std::int32_t> modules;  // which declare the name
   std::string old_name;
   std::string new_name;
-  // Where the name stands as a word of its own; in that module.
+  // Only the uses in this procedure of the first module, which takes another of its names instead:
+  // a variable of the new name may be there already.
+  std::int32_t procedure = kNone;
+  // Where the name stands as a word of its own; in those modules.
   bool in_comments = false;
   bool in_literals = false;
   // The declarations themselves, too. They are left to whoever writes them otherwise.

@@ -10,6 +10,8 @@ namespace {
 
 // How far outward branches of #If are compared; beyond it nothing is said about them.
 constexpr int kMaxBranches = 32;
+// Visual Basic takes no more.
+constexpr std::int32_t kMostParameters = 60;
 
 inline std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
 
@@ -623,10 +625,11 @@ std::int32_t Resolver::FindParameter(const Argument& argument, Effect& effect) c
   }
   std::int32_t position = argument.position;
   if (argument.name != kNoName) {
-    for (position = 0; position < declaration->parts; ++position) {
+    const std::int32_t count = std::min(declaration->parts, kMostParameters);
+    for (position = 0; position < count; ++position) {
       if (DeclarationAt(number + 1 + position).name == argument.name) break;
     }
-    if (position == declaration->parts) return kNone;
+    if (position == count) return kNone;
   }
   position = std::min(position, declaration->parts - 1);
   const std::int32_t parameter = number + 1 + position;

@@ -25,7 +25,7 @@ std::string EffectName(Effect effect) {
 // "Name effect" of all that the procedure of the first module touches; "*" for what calls do, "'"
 // for other objects.
 std::string ListEffects(const Program& program, const std::string& procedure) {
-  const Effects effects = FindEffects(program, 0, program.FindProcedure(0, procedure));
+  const Effects effects = EffectFinder(program).Find(0, program.FindProcedure(0, procedure));
   std::string list;
   for (const Touched& touched : effects.touched) {
     if (!list.empty()) list += ", ";
@@ -98,7 +98,7 @@ TEST(Rename, ChangesNamesAlone) {
       "End Sub\n"
       "Sub T(Level): Level = 1: End Sub\n",
       {{"D", "Proj", ModuleKind::kClass, "Sub S(c As C): c.Level = Level: End Sub"}});
-  RenameRequest request{0, "level", "Stand"};
+  RenameRequest request{{0}, "level", "Stand"};
   Renaming renaming = RenameMember(program, request);
   EXPECT_TRUE(renaming.refusals.empty());
   EXPECT_EQ(Apply(program, renaming.edits),
@@ -147,7 +147,7 @@ TEST(Rename, RefusesWhatWouldMeanSomethingElse) {
       {"Public WithEvents Level As X\nSub Level_Tick()\nEnd Sub", "Old", Problem::kNamedAfter, 2},
   };
   for (const auto& row : rows) {
-    const Renaming renaming = RenameMember(MakeProgram(row.text), {0, "Level", row.to});
+    const Renaming renaming = RenameMember(MakeProgram(row.text), {{0}, "Level", row.to});
     ASSERT_EQ(renaming.refusals.size(), 1u) << row.text;
     EXPECT_EQ(renaming.refusals[0].problem, row.problem) << row.text;
     EXPECT_EQ(renaming.refusals[0].line, row.line) << row.text;
@@ -163,7 +163,7 @@ TEST(Rename, RefusesWhatWouldMeanSomethingElse) {
       {"Public Level\nSub S()\nSet x = New Old: Level = 1\nEnd Sub", "Old"},
   };
   for (const auto& row : fine) {
-    const Renaming renaming = RenameMember(MakeProgram(row.text), {0, "Level", row.to});
+    const Renaming renaming = RenameMember(MakeProgram(row.text), {{0}, "Level", row.to});
     EXPECT_TRUE(renaming.refusals.empty()) << row.text;
     EXPECT_FALSE(renaming.edits.empty()) << row.text;
   }
@@ -172,19 +172,39 @@ TEST(Rename, RefusesWhatWouldMeanSomethingElse) {
                   {{"M", "Proj", ModuleKind::kStandard, "Public Level"},
                    {"I", "Proj", ModuleKind::kClass, "Sub Run(): End Sub"},
                    {"D", "Proj", ModuleKind::kClass, "Implements I\nSub I_Run(): End Sub"}});
-  const auto captured = RenameMember(shared, {1, "Level", "Old"}).refusals;
+  const auto captured = RenameMember(shared, {{1}, "Level", "Old"}).refusals;
   ASSERT_EQ(captured.size(), 1u);
   EXPECT_EQ(captured[0], (RenameRefusal{Problem::kOtherMeaning, 0, 2, 14}));
-  EXPECT_EQ(RenameMember(shared, {2, "Run", "Go"}).refusals.at(0),
+  EXPECT_EQ(RenameMember(shared, {{2}, "Run", "Go"}).refusals.at(0),
             (RenameRefusal{Problem::kNamedAfter, 3, 2, 5}));
+}
+
+TEST(Rename, SeveralModulesAndOneProcedure) {
+  const Program program = MakeProgram(
+      "Public Level, Pump\nSub S(c As C, d As D): Level = c.Level + d.Level + o.Level: End Sub\n"
+      "Sub T(): Level = 1 ' Level\nEnd Sub\nSub Go(): End Sub",
+      {{"D", "Proj", ModuleKind::kClass, "Public Level\nSub S(): Level = 1: End Sub"}});
+  const Renaming both = RenameMember(program, {{0, 1}, "Level", "Stand"});
+  EXPECT_EQ(both.edits.size(), 3u);
+  EXPECT_EQ(both.edits.at(0).text,
+            "Sub S(c As C, d As D): Stand = c.Stand + d.Stand + o.Level: End Sub");
+  EXPECT_EQ(both.left.size(), 1u);
+  const Renaming one = RenameMember(program, {{0}, "Level", "Pump", /*procedure=*/0});
+  ASSERT_EQ(one.edits.size(), 1u);
+  EXPECT_EQ(one.edits[0].text,
+            "Sub S(c As C, d As D): Pump = c.Level + d.Level + o.Level: End Sub");
+  const Renaming other = RenameMember(program, {{0}, "Level", "Pump", 1, /*in_comments=*/true});
+  ASSERT_EQ(other.edits.size(), 1u);
+  EXPECT_EQ(other.edits[0].text, "Sub T(): Pump = 1 ' Pump");
+  EXPECT_EQ(RenameMember(program, {{0}, "Level", "Go", 1}).refusals.size(), 1u);
 }
 
 TEST(Rename, KeepsToTheLongestLine) {
   const std::string padding(1015, ' ');
   const Program program =
       MakeProgram("Public A\nSub S()\nA = 1" + padding + "'\n\xC3\x84 = A\nEnd Sub\n");
-  EXPECT_EQ(RenameMember(program, {0, "A", "BBB"}).edits.size(), 2u);
-  const Renaming renaming = RenameMember(program, {0, "A", "BBBB"});
+  EXPECT_EQ(RenameMember(program, {{0}, "A", "BBB"}).edits.size(), 2u);
+  const Renaming renaming = RenameMember(program, {{0}, "A", "BBBB"});
   ASSERT_EQ(renaming.refusals.size(), 1u);
   EXPECT_EQ(renaming.refusals[0], (RenameRefusal{RenameProblem::kLineTooLong, 0, 3, 1}));
   EXPECT_TRUE(renaming.edits.empty());

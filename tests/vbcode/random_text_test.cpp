@@ -129,7 +129,7 @@ void ExpectUsesStandThere(const Program& program, const std::string& name) {
 // Twice is there and back: the text is the same, and so are the uses in between.
 void ExpectRenamedBack(const Program& program) {
   const Renaming there =
-      RenameMember(program, {0, "Level", "Stand", false, false, /*declarations=*/true});
+      RenameMember(program, {{0}, "Level", "Stand", kNone, false, false, /*declarations=*/true});
   if (!there.refusals.empty()) return;
   const Program renamed = MakeProgram(TextOf(program, there.edits));
   std::vector<Use> sure;
@@ -138,7 +138,7 @@ void ExpectRenamedBack(const Program& program) {
   }
   ASSERT_EQ(sure.size(), there.changed.size()) << TextOf(program, {});
   const Renaming back =
-      RenameMember(renamed, {0, "Stand", "Level", false, false, /*declarations=*/true});
+      RenameMember(renamed, {{0}, "Stand", "Level", kNone, false, false, /*declarations=*/true});
   if (!back.refusals.empty()) return;
   EXPECT_EQ(TextOf(renamed, back.edits), TextOf(program, {}));
 }

@@ -258,5 +258,26 @@ TEST(Uses, ArgumentsOfCalls) {
   }
 }
 
+TEST(Uses, WordUnderACursor) {
+  const Program program =
+      MakeProgram("Public Level\nSub S(x)\n\xC3\xA4 = [Level] + Me.Level: x\nEnd Sub");
+  const auto name_at = [&](std::int32_t line, std::int32_t column) {
+    const std::int32_t found = program.FindReference(0, line, column);
+    if (found == kNone) return std::string("-");
+    return std::string(
+        program.Text(program.module(0).code.references[static_cast<std::size_t>(found)].name));
+  };
+  const struct {
+    std::int32_t line, column;
+    const char* name;
+  } rows[] = {{3, 1, "\xC3\xA4"}, {3, 2, "\xC3\xA4"}, {3, 3, "-"},   {3, 6, "Level"},
+              {3, 11, "Level"},   {3, 12, "-"},       {3, 16, "me"}, {3, 18, "Level"},
+              {3, 25, "x"},       {3, 99, "x"},       {1, 9, "-"},   {0, 1, "-"},
+              {9, 1, "-"}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(name_at(row.line, row.column), row.name) << row.line << ':' << row.column;
+  }
+}
+
 }  // namespace
 }  // namespace vbcode
