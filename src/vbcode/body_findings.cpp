@@ -11,8 +11,6 @@ namespace vbcode {
 
 namespace {
 
-std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
-
 class Check {
  public:
   Check(const Program& program, const std::vector<std::string>& aliases)

@@ -13,8 +13,6 @@ namespace {
 
 using platform::ProcKind;
 
-std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
-
 }  // namespace
 
 // From one procedure through what it calls.

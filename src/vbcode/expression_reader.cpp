@@ -83,9 +83,8 @@ void ExpressionReader::ReadMembers(Chain& chain, Role role) {
         continue;
       }
       chain.parentheses_begin = static_cast<std::int32_t>(code_.references.size());
-      if (chain.last >= 0 &&
-          code_.references[static_cast<std::size_t>(chain.last)].parentheses < 2) {
-        ++code_.references[static_cast<std::size_t>(chain.last)].parentheses;
+      if (chain.last >= 0 && code_.references[Index(chain.last)].parentheses < 2) {
+        ++code_.references[Index(chain.last)].parentheses;
       }
       ReadParenthesized(chain.last);
     } else if (AtMember() && tokens_.IsAttached()) {
@@ -107,24 +106,24 @@ void ExpressionReader::ReadMembers(Chain& chain, Role role) {
 
 void ExpressionReader::TakeEmptyParentheses(const Chain& chain) {
   if (chain.last >= 0) {
-    code_.references[static_cast<std::size_t>(chain.last)].empty_parentheses = true;
+    code_.references[Index(chain.last)].empty_parentheses = true;
   }
   tokens_.Advance();
   tokens_.Advance();
 }
 
 void ExpressionReader::SetRole(const Chain& chain, Role role) {
-  if (chain.last >= 0) code_.references[static_cast<std::size_t>(chain.last)].role = role;
+  if (chain.last >= 0) code_.references[Index(chain.last)].role = role;
 }
 
 void ExpressionReader::DetachParentheses(const Chain& chain) {
   if (chain.parentheses_begin == kNone || chain.last < 0) return;
-  --code_.references[static_cast<std::size_t>(chain.last)].parentheses;
+  --code_.references[Index(chain.last)].parentheses;
   for (auto i = static_cast<std::size_t>(chain.parentheses_begin); i < code_.references.size();
        ++i) {
     Reference& reference = code_.references[i];
     if (reference.role == Role::kArgument &&
-        code_.arguments[static_cast<std::size_t>(reference.argument)].callee == chain.last) {
+        code_.arguments[Index(reference.argument)].callee == chain.last) {
       reference.role = Role::kRead;
       reference.argument = kNone;
     }
@@ -158,7 +157,7 @@ void ExpressionReader::ReadArgument(std::int32_t callee, std::int32_t position) 
   if (ReadSpecialArgument(callee, position)) return;
   const std::int32_t whole = ReadExpression();
   if (whole < 0 || callee < 0 || by_value) return;
-  Reference& reference = code_.references[static_cast<std::size_t>(whole)];
+  Reference& reference = code_.references[Index(whole)];
   reference.role = Role::kArgument;
   reference.argument = static_cast<std::int32_t>(code_.arguments.size());
   code_.arguments.push_back(argument);
@@ -167,7 +166,7 @@ void ExpressionReader::ReadArgument(std::int32_t callee, std::int32_t position) 
 // The member that CallByName takes as a text; B and BF of the Line method, which are no names.
 bool ExpressionReader::ReadSpecialArgument(std::int32_t callee, std::int32_t position) {
   if (callee < 0) return false;
-  const NameId name = code_.references[static_cast<std::size_t>(callee)].name;
+  const NameId name = code_.references[Index(callee)].name;
   const CodeToken token = tokens_.Peek();
   if (name == Keyword("callbyname") && position == 1 && token.kind == TokenKind::kString &&
       token.text.size() > 2) {
@@ -281,7 +280,7 @@ bool ExpressionReader::ReadOperand(std::int32_t& chain) {
 void ExpressionReader::ReadNewObject() {
   std::int32_t last = kSomeExpression;
   while (tokens_.AtWord()) {
-    if (last >= 0) code_.references[static_cast<std::size_t>(last)].role = Role::kObject;
+    if (last >= 0) code_.references[Index(last)].role = Role::kObject;
     last = AddReference(last >= 0 ? last : kNothing, Role::kNew);
     if (!AtMember()) break;
     tokens_.Advance();

@@ -17,6 +17,9 @@ namespace vbcode {
 
 inline constexpr std::int32_t kNone = -1;
 
+// References, declarations and the like are numbered; kNone is none of them.
+inline std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
+
 // Where a name stands. Brackets and type character do not belong to it.
 struct Place {
   std::int32_t line = 0;     // from 1
@@ -45,6 +48,13 @@ enum class DeclarationKind : std::uint8_t {
 };
 
 enum class Passing : std::uint8_t { kByRef, kByVal, kParamArray };
+
+// Whether parameters belong to it.
+inline bool HasParameters(DeclarationKind kind) {
+  return kind == DeclarationKind::kSub || kind == DeclarationKind::kFunction ||
+         kind == DeclarationKind::kProperty || kind == DeclarationKind::kExternal ||
+         kind == DeclarationKind::kEvent;
+}
 
 // A type as it is written: "Library.Name", or "Name".
 struct TypeName {

@@ -11,8 +11,6 @@ namespace vbcode {
 
 namespace {
 
-std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
-
 // Whether the name of the declaration is one of the module's own.
 bool IsMember(const Declaration& declaration) {
   switch (declaration.kind) {

@@ -16,8 +16,6 @@ namespace {
 
 constexpr std::int32_t kLongestName = 255;
 
-std::size_t Index(std::int32_t number) { return static_cast<std::size_t>(number); }
-
 bool IsName(std::string_view name) {
   if (name.empty() || CountCharacters(name) > kLongestName) return false;
   if ((name[0] >= '0' && name[0] <= '9') || name[0] == '_') return false;

@@ -12,8 +12,7 @@ void StatementReader::Begin() {
 
 void StatementReader::set_with_mark(WithMark mark) {
   with_ = mark;
-  expressions_.set_with_object(mark == kNone ? kNothing
-                                             : withs_[static_cast<std::size_t>(mark)].object);
+  expressions_.set_with_object(mark == kNone ? kNothing : withs_[Index(mark)].object);
 }
 
 void StatementReader::PushWith(std::int32_t object) {
@@ -22,7 +21,7 @@ void StatementReader::PushWith(std::int32_t object) {
 }
 
 void StatementReader::PopWith() {
-  if (with_ != kNone) set_with_mark(withs_[static_cast<std::size_t>(with_)].outer);
+  if (with_ != kNone) set_with_mark(withs_[Index(with_)].outer);
 }
 
 void StatementReader::ForgetWith(WithMark before) {
