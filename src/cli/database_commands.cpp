@@ -46,7 +46,7 @@ int RunInfo(Invocation& invocation) {
       {"CodePage", std::int64_t{header.code_page}},
       {"LCID", std::int64_t{header.lcid}},
       {"Tables", static_cast<std::int64_t>(database->Tables().size())},
-      {"OpenBy", database->ForeignUser()},
+      {"OpenBy", database->ForeignUser().English()},
   };
   std::ostream& out = invocation.console().out;
   if (invocation.Has("--json")) {
@@ -144,10 +144,10 @@ void AppendJsonRow(std::string& text, std::span<const jet::Value> row,
 }
 
 // Writes all rows that can be read; returns what was wrong with the others.
-std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, std::string text,
-                                   const AppendRow& append) {
+std::vector<messages::Message> WriteRows(Invocation& invocation, jet::Table& table,
+                                         std::string text, const AppendRow& append) {
   std::ostream& out = invocation.console().out;
-  std::vector<std::string> gaps;
+  std::vector<messages::Message> gaps;
   jet::Scan scan = table.OpenScan();
   const std::span<const jet::Column> columns = table.columns();
   jet::RowBuffer row;
@@ -156,7 +156,7 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
       more = scan.Next(row);
     } catch (const jet::Error& error) {
       if (error.kind() != jet::ErrorKind::kDamaged || gaps.size() == 100) throw;
-      gaps.emplace_back(error.what());
+      gaps.push_back(error.message());
       continue;
     }
     if (more) append(text, row.values(), columns);
@@ -168,7 +168,7 @@ std::vector<std::string> WriteRows(Invocation& invocation, jet::Table& table, st
     }
   }
   out.flush();
-  if (std::string shortfall = scan.Shortfall(); gaps.empty() && !shortfall.empty()) {
+  if (messages::Message shortfall = scan.Shortfall(); gaps.empty() && !shortfall.empty()) {
     gaps.push_back(std::move(shortfall));
   }
   return gaps;
@@ -196,20 +196,11 @@ int RunExport(Invocation& invocation) {
     invocation.Warn(
         invocation.Text(kTextUnsafeCells, {{"<Count>", std::to_string(rows.unsafe())}}));
   }
-  for (const std::string& gap : gaps) {
+  for (const messages::Message& gap : gaps) {
     invocation.Warn(invocation.Text(
-        kTextExportGap,
-        {{"<Name>", table.name()}, {"<Text>", invocation.texts().Translated(gap)}}));
+        kTextExportGap, {{"<Name>", table.name()}, {"<Text>", invocation.texts().Sentence(gap)}}));
   }
   return gaps.empty() ? kDone : kFile;
-}
-
-std::string PlaceText(const jet::Finding& finding) {
-  std::string text;
-  if (!finding.table.empty()) text += finding.table + ": ";
-  if (finding.place.page != jet::kNoPage) text += "page " + std::to_string(finding.place.page);
-  if (finding.place.row >= 0) text += ", row " + std::to_string(finding.place.row);
-  return text + (text.empty() || text.ends_with(": ") ? "" : ": ") + finding.text;
 }
 
 int RunVerify(Invocation& invocation) {
@@ -223,7 +214,7 @@ int RunVerify(Invocation& invocation) {
   std::ostream& out = invocation.console().out;
   if (!result.ok()) {
     for (const jet::Finding& finding : result.findings)
-      out << invocation.texts().Translated(PlaceText(finding)) << '\n';
+      out << invocation.texts().Sentence(jet::Describe(finding)) << '\n';
     throw CommandError(kRefused,
                        invocation.Text(kTextVerifyFindings,
                                        {{"<Count>", std::to_string(result.findings.size())}}));

@@ -54,7 +54,8 @@ Json TableJson(jet::Database& database, const std::string& name) {
         {{"Column", property.column}, {"Name", property.name}, {"Value", property.text}});
   }
   // That it was opened for reading here is no news.
-  if (const std::string reason = table.ReadOnlyReason(); reason != database.read_only_reason()) {
+  if (const std::string reason = table.ReadOnlyReason().English();
+      reason != database.read_only_reason().English()) {
     json["ReadOnly"] = reason;
   }
   return json;

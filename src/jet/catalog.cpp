@@ -31,7 +31,7 @@ Catalog::Catalog(Session& session) : table_(session, "MSysObjects", kObjectsDefi
 std::size_t Catalog::Position(std::string_view column) const {
   if (const auto position = table_.FindColumn(column)) return *position;
   ThrowDamaged(table_.path(), {kObjectsDefinition, -1},
-               "The catalog has no column " + std::string(column) + ".");
+               {message::kCatalogLacksColumn, {{"<Column>", column}}});
 }
 
 CatalogEntry Catalog::Entry(const RowBuffer& row) const {

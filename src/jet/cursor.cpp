@@ -17,8 +17,8 @@ struct IndexCursor::State {
     bytes.clear();
     const PhysicalIndex& index = table.definition().physical[physical];
     if (key.size() > index.columns.size()) {
-      throw Error(ErrorKind::kInvalid, table.session().path(), {},
-                  "The key has more values than the index has columns.", "Give fewer values.");
+      throw Error(ErrorKind::kInvalid, table.session().path(), {}, message::kTooManyKeyValues,
+                  message::kGiveFewerValues);
     }
     for (std::size_t i = 0; i < key.size(); ++i) {
       const IndexColumn& part = index.columns[i];
@@ -57,8 +57,8 @@ bool IndexCursor::Seek(std::span<const Value> key) {
 bool IndexCursor::SeekAtLeast(std::span<const Value> key) {
   const ReadHold hold(state_->table.session());
   if (!state_->Encode(key)) {
-    throw Error(ErrorKind::kInvalid, state_->table.session().path(), {},
-                "The index cannot order this value.", "Choose another value.");
+    throw Error(ErrorKind::kInvalid, state_->table.session().path(), {}, message::kCannotOrder,
+                message::kChooseOtherValue);
   }
   return state_->entries.Seek(state_->bytes, Bound::kFirst);
 }

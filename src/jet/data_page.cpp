@@ -25,13 +25,13 @@ std::size_t LowestRow(const std::byte* page) {
 }
 
 // A zero-filled page that was never written is no data page either, but says less.
-const char* FindHeadFault(const std::byte* page, std::uint32_t owner) {
+const messages::Pattern* FindHeadFault(const std::byte* page, std::uint32_t owner) {
   if (Load8(page) != static_cast<std::uint8_t>(PageType::kData)) {
-    return "The page should hold data, but its type byte says otherwise.";
+    return &message::kNoDataPage;
   }
-  if (DataPageOwner(page) != owner) return "The data page belongs to another owner.";
+  if (DataPageOwner(page) != owner) return &message::kOtherOwner;
   if (kDataSlotsOffset + 2 * SlotCount(page) > kPageSize) {
-    return "The data page counts more rows than it can hold.";
+    return &message::kTooManyRows;
   }
   return nullptr;
 }
@@ -44,28 +44,28 @@ std::size_t FreeBytes(const std::byte* page) {
 
 std::size_t StatedFreeBytes(const std::byte* page) { return Load16(page + kDataFreeOffset); }
 
-const char* FindDataPageFault(const std::byte* page, std::uint32_t owner) {
-  if (const char* fault = FindHeadFault(page, owner)) return fault;
+const messages::Pattern* FindDataPageFault(const std::byte* page, std::uint32_t owner) {
+  if (const messages::Pattern* fault = FindHeadFault(page, owner)) return fault;
   const std::size_t count = SlotCount(page);
   const std::size_t floor = kDataSlotsOffset + 2 * count;
   std::size_t end = kPageSize;
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t begin = SlotOffset(page, i);
-    if (begin > end || begin < floor) return "The rows of the data page overlap.";
+    if (begin > end || begin < floor) return &message::kRowsOverlap;
     end = begin;
   }
   return nullptr;
 }
 
 void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner) {
-  if (const char* fault = FindDataPageFault(page.data(), owner)) {
-    ThrowDamaged(pager.path(), {page.number(), -1}, fault);
+  if (const messages::Pattern* fault = FindDataPageFault(page.data(), owner)) {
+    ThrowDamaged(pager.path(), {page.number(), -1}, *fault);
   }
 }
 
 void CheckSlotCount(const Pager& pager, const PageRef& page) {
-  if (const char* fault = FindHeadFault(page.data(), DataPageOwner(page.data()))) {
-    ThrowDamaged(pager.path(), {page.number(), -1}, fault);
+  if (const messages::Pattern* fault = FindHeadFault(page.data(), DataPageOwner(page.data()))) {
+    ThrowDamaged(pager.path(), {page.number(), -1}, *fault);
   }
 }
 
@@ -73,19 +73,18 @@ void CheckSlot(const Pager& pager, const PageRef& page, std::size_t slot) {
   const Slot bounds = GetSlot(page.data(), slot);
   const std::size_t floor = kDataSlotsOffset + 2 * SlotCount(page.data());
   if (bounds.begin > bounds.end || bounds.begin < floor || bounds.end > kPageSize) {
-    ThrowDamaged(pager.path(), {page.number(), static_cast<int>(slot)},
-                 "The bounds of the row make no sense.");
+    ThrowDamaged(pager.path(), {page.number(), static_cast<int>(slot)}, message::kRowBounds);
   }
 }
 
 std::span<const std::byte> RowBytes(const Pager& pager, const PageRef& page, std::size_t slot,
                                     std::uint32_t owner) {
   const Place place{page.number(), static_cast<int>(slot)};
-  if (const char* fault = FindHeadFault(page.data(), owner)) {
-    ThrowDamaged(pager.path(), place, fault);
+  if (const messages::Pattern* fault = FindHeadFault(page.data(), owner)) {
+    ThrowDamaged(pager.path(), place, *fault);
   }
   if (slot >= SlotCount(page.data())) {
-    ThrowDamaged(pager.path(), place, "Something refers to this row, but the page lacks it.");
+    ThrowDamaged(pager.path(), place, message::kRowLacking);
   }
   CheckSlot(pager, page, slot);
   const Slot bounds = GetSlot(page.data(), slot);

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "jet/bytes.h"
+#include "jet/messages.h"
 #include "jet/page.h"
 #include "jet/pager.h"
 
@@ -47,7 +48,7 @@ struct Slot {
 // slot order without gaps. Raises kDamaged.
 void CheckDataPage(const Pager& pager, const PageRef& page, std::uint32_t owner);
 // The same without raising: what is wrong, or null.
-const char* FindDataPageFault(const std::byte* page, std::uint32_t owner);
+const messages::Pattern* FindDataPageFault(const std::byte* page, std::uint32_t owner);
 
 inline std::uint32_t DataPageOwner(const std::byte* page) {
   return Load32(page + kDataOwnerOffset);

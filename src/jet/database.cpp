@@ -7,6 +7,7 @@
 #include "files/change_journal.h"
 #include "jet/catalog.h"
 #include "jet/lock_file.h"
+#include "jet/messages.h"
 #include "jet/new_database.h"
 #include "jet/properties.h"
 #include "jet/session.h"
@@ -40,12 +41,10 @@ std::unique_ptr<Database> Database::Open(files::FileSystem& system, const std::s
 std::unique_ptr<Database> Database::Create(files::FileSystem& system, const std::string& path,
                                            const OpenOptions& options) {
   if (system.Exists(path)) {
-    throw Error(ErrorKind::kExists, path, {}, "The file exists already.",
-                "Choose another name, or open it.");
+    throw Error(ErrorKind::kExists, path, {}, message::kFileExists, message::kChooseNameOrOpen);
   }
   if (LockFile::PathFor(path) == path) {
-    throw Error(ErrorKind::kInvalid, path, {}, "A database cannot have the name of a lock file.",
-                "Choose another extension than .ldb.");
+    throw Error(ErrorKind::kInvalid, path, {}, message::kNameOfLockFile, message::kChooseExtension);
   }
   files::ChangeSet changes;
   changes.files.push_back({path, std::nullopt, NewDatabase(DateNow())});
@@ -54,9 +53,9 @@ std::unique_ptr<Database> Database::Create(files::FileSystem& system, const std:
 }
 
 const std::string& Database::path() const { return session_->path(); }
-const std::string& Database::read_only_reason() const { return session_->read_only_reason(); }
+const messages::Message& Database::read_only_reason() const { return session_->read_only_reason(); }
 
-std::string Database::ForeignUser() { return session_->ForeignUser(); }
+messages::Message Database::ForeignUser() { return session_->ForeignUser(); }
 
 HeaderInfo Database::Header() {
   const ReadHold hold(*session_);
@@ -84,13 +83,12 @@ Table& Database::OpenTable(std::string_view name) {
   const ReadHold hold(*session_);
   const auto entry = catalog_->FindTable(name);
   if (!entry) {
-    throw Error(ErrorKind::kNotFound, path(), {}, "There is no table " + std::string(name) + ".",
-                "Look at the names of the tables and try again.");
+    throw Error(ErrorKind::kNotFound, path(), {}, {message::kNoTable, {{"<Table>", name}}},
+                message::kLookAtTables);
   }
   if (entry->type != ObjectType::kLocalTable) {
     throw Error(ErrorKind::kUnsupported, path(), {},
-                "The table " + entry->name + " is only a link to another database.",
-                "Open the database that holds it.");
+                {message::kLinkedTable, {{"<Table>", entry->name}}}, message::kOpenHoldingDatabase);
   }
   const auto page = static_cast<PageNumber>(entry->id);
   std::unique_ptr<Table>& table = tables_[page];
@@ -112,8 +110,8 @@ Table& Database::CreateTable(const TableSpec& spec) {
 void Database::CreateIndex(std::string_view table, const IndexSpec& spec) {
   Transaction transaction(*this);
   Table& opened = OpenTable(table);
-  if (const std::string reason = opened.ReadOnlyReason(); !reason.empty()) {
-    throw Error(ErrorKind::kReadOnly, path(), {}, reason, "Change the table in Access.");
+  if (const messages::Message reason = opened.ReadOnlyReason(); !reason.empty()) {
+    throw Error(ErrorKind::kReadOnly, path(), {}, reason, message::kChangeInAccess);
   }
   TableCreator(*session_, *catalog_).CreateIndex(*opened.state_, spec);
   transaction.Commit();
@@ -128,7 +126,7 @@ std::vector<Relation> Database::Relations() {
     const auto position = table.FindColumn(name);
     if (!position) {
       ThrowDamaged(path(), {kRelationshipsDefinition, -1},
-                   "The table of relations has no column " + std::string(name) + ".");
+                   {message::kRelationsLackColumn, {{"<Column>", name}}});
     }
     columns.push_back(*position);
   }
@@ -163,8 +161,8 @@ std::vector<Property> Database::Properties(std::string_view table) {
   TableState& catalog = catalog_->table();
   const auto stored = entry ? catalog.reader().Find(entry->row) : std::nullopt;
   if (!stored) {
-    throw Error(ErrorKind::kNotFound, path(), {}, "There is no table " + std::string(table) + ".",
-                "Look at the names of the tables and try again.");
+    throw Error(ErrorKind::kNotFound, path(), {}, {message::kNoTable, {{"<Table>", table}}},
+                message::kLookAtTables);
   }
   RowBuffer row;
   catalog.reader().Decode(entry->row, *stored, columns, row);
@@ -172,7 +170,7 @@ std::vector<Property> Database::Properties(std::string_view table) {
   auto properties = DecodeProperties(row[0].bytes());
   if (!properties) {
     ThrowDamaged(path(), {entry->row.page, entry->row.slot},
-                 "The properties of table " + entry->name + " cannot be read.");
+                 {message::kPropertiesUnreadable, {{"<Table>", entry->name}}});
   }
   return std::move(*properties);
 }

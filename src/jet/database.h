@@ -17,6 +17,7 @@
 #include "jet/schema.h"
 #include "jet/table.h"
 #include "jet/value.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -101,8 +102,11 @@ struct HeaderInfo {
 struct Finding {
   Place place;
   std::string table;  // empty when no table is concerned
-  std::string text;
+  messages::Message text;
 };
+// The fault with its table and its place in the file.
+messages::Message Describe(const Finding& finding);
+
 struct VerifyResult {
   std::uint64_t pages = 0, tables = 0, rows = 0, indexes = 0, entries = 0, long_values = 0;
   std::uint64_t free_pages = 0, leaked_pages = 0;
@@ -132,9 +136,9 @@ class Database final : public files::Participant {
 
   const std::string& path() const;
   // Why nothing can be changed; empty when changes are possible.
-  const std::string& read_only_reason() const;
+  const messages::Message& read_only_reason() const;
   // "COMPUTER (Account)" of a program that is not ours and has the database open, or empty.
-  std::string ForeignUser();
+  messages::Message ForeignUser();
   HeaderInfo Header();
 
   // The user's tables, by name. With `system`, also those of the engine and of Access.

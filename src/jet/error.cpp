@@ -4,29 +4,29 @@
 namespace jet {
 namespace {
 
-std::string Message(const std::string& path, Place place, const std::string& cause,
-                    const std::string& remedy) {
-  std::string text = path;
-  if (place.page != kNoPage) text += ", page " + std::to_string(place.page);
-  if (place.row >= 0) text += ", row " + std::to_string(place.row);
-  text += ": " + cause;
-  if (!remedy.empty()) text += ' ' + remedy;
-  return text;
+using messages::Message;
+
+constexpr messages::Pattern kPlaceAndCause{0, "<Place>: <Cause>"};
+
+Message PlaceOf(const std::string& path, Place place) {
+  if (place.page == kNoPage) return Message::Verbatim(path);
+  if (place.row < 0) return {message::kPathPage, {{"<Path>", path}, {"<Page>", place.page}}};
+  return {message::kPathPageRow, {{"<Path>", path}, {"<Page>", place.page}, {"<Row>", place.row}}};
 }
 
 }  // namespace
 
-Error::Error(ErrorKind kind, const std::string& path, Place place, const std::string& cause,
-             const std::string& remedy)
-    : std::runtime_error(Message(path, place, cause, remedy)),
+Error::Error(ErrorKind kind, const std::string& path, Place place, const Message& cause,
+             const Message& remedy)
+    : messages::Error({kPlaceAndCause,
+                       {{"<Place>", PlaceOf(path, place)}, {"<Cause>", Joined(cause, remedy)}}}),
       kind_(kind),
       path_(path),
       place_(place),
       cause_(cause) {}
 
-void ThrowDamaged(const std::string& path, Place place, const std::string& cause) {
-  throw Error(ErrorKind::kDamaged, path, place, cause,
-              "Restore the file from a backup, or let Access compact and repair it.");
+void ThrowDamaged(const std::string& path, Place place, const Message& cause) {
+  throw Error(ErrorKind::kDamaged, path, place, cause, message::kRestoreOrRepair);
 }
 
 }  // namespace jet

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 
+#include "jet/messages.h"
 #include "jet/page.h"
+#include "messages/error.h"
 
 namespace jet {
 
@@ -30,25 +31,26 @@ struct Place {
   int row = -1;
 };
 
-// A failed database operation. what() is a whole message: path, place, cause and remedy.
-class Error : public std::runtime_error {
+// A failed database operation. Its message is whole: path, place, cause and remedy.
+class Error : public messages::Error {
  public:
-  Error(ErrorKind kind, const std::string& path, Place place, const std::string& cause,
-        const std::string& remedy = {});
+  Error(ErrorKind kind, const std::string& path, Place place, const messages::Message& cause,
+        const messages::Message& remedy = {});
 
   ErrorKind kind() const { return kind_; }
   const std::string& path() const { return path_; }
   Place place() const { return place_; }
-  const std::string& cause() const { return cause_; }
+  const messages::Message& cause() const { return cause_; }
 
  private:
   ErrorKind kind_;
   std::string path_;
   Place place_;
-  std::string cause_;
+  messages::Message cause_;
 };
 
 // Raises kDamaged with the remedy that fits any damage.
-[[noreturn]] void ThrowDamaged(const std::string& path, Place place, const std::string& cause);
+[[noreturn]] void ThrowDamaged(const std::string& path, Place place,
+                               const messages::Message& cause);
 
 }  // namespace jet

@@ -28,10 +28,9 @@ void SetBit(std::byte* bits, std::size_t bit) {
   bits[bit / 8] |= std::byte{static_cast<std::uint8_t>(1u << (bit % 8))};
 }
 
-[[noreturn]] void ThrowWrongMap(const Pager& pager, PageNumber page, const std::string& cause) {
-  throw Error(ErrorKind::kDamaged, pager.path(), {page, -1}, cause,
-              "Nothing was written. Let \"ovformula db verify\" show what else is damaged, and "
-              "restore the file from a backup.");
+[[noreturn]] void ThrowWrongMap(const Pager& pager, PageNumber page,
+                                const messages::Message& cause) {
+  throw Error(ErrorKind::kDamaged, pager.path(), {page, -1}, cause, message::kNothingWritten);
 }
 
 bool TestBit(std::span<const std::byte> bits, std::size_t bit) {
@@ -66,8 +65,7 @@ PageNumber FreePageMap::Take(PageNumber from) {
   if (page == kNoPage) page = TakeReferenced(from);
   if (page >= kMaxPageCount) return kMaxPageCount;
   if (page > pager_.page_count() + kWidestGap) {
-    ThrowDamaged(pager_.path(), {record_.page, record_.slot},
-                 "The map of free pages counts pages as used that the file does not have.");
+    ThrowDamaged(pager_.path(), {record_.page, record_.slot}, message::kFreeMapBeyondFile);
   }
   return page;
 }
@@ -157,7 +155,7 @@ PageNumber FreePageMap::AddBitmap(std::size_t index) {
 
 void FreePageMap::Give(PageNumber page) {
   if (IsFree(page)) {
-    ThrowWrongMap(pager_, page, "The page is marked free, but it was in use until now.");
+    ThrowWrongMap(pager_, page, message::kFreeWasInUse);
   }
   const MapRecord record(pager_, record_, kFreeMapOwner);
   if (record.is_inline()) {
@@ -184,7 +182,7 @@ void Pager::RequireUnused(PageNumber page) {
     in_use_generation_ = generation_;
   }
   if (page < in_use_.size() && in_use_[page]) {
-    ThrowWrongMap(*this, page, "The page is marked free, but it is in use.");
+    ThrowWrongMap(*this, page, message::kFreeButInUse);
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include "jet/page.h"
 #include "jet/pager.h"
+#include "messages/message.h"
 
 namespace jet {
 

@@ -34,11 +34,8 @@ constexpr std::size_t kBuildOffset = 0x6A;
 constexpr std::size_t kCollationOffset = 0x6E;
 constexpr std::size_t kCreatedOffset = 0x72;
 
-constexpr const char* kConvert =
-    "Open it in Access and save a copy as an Access 2002-2003 database (.mdb).";
-
-[[noreturn]] void Refuse(ErrorKind kind, const std::string& path, const std::string& cause,
-                         const std::string& remedy) {
+[[noreturn]] void Refuse(ErrorKind kind, const std::string& path, const messages::Message& cause,
+                         const messages::Message& remedy) {
   throw Error(kind, path, {}, cause, remedy);
 }
 
@@ -47,22 +44,18 @@ void CheckEngine(const std::string& path, const std::byte* page) {
   const std::string_view name(reinterpret_cast<const char*>(page + kEngineNameOffset),
                               kEngineNameSize);
   if (name.starts_with("Standard ACE DB"sv)) {
-    Refuse(ErrorKind::kUnsupported, path,
-           "This is a database of Access 2007 or later, not of the Jet 4.0 format.", kConvert);
+    Refuse(ErrorKind::kUnsupported, path, message::kLaterAccess, message::kConvertInAccess);
   }
   if (Load32(page) != 0x100 || name != "Standard Jet DB\0"sv) {
-    Refuse(ErrorKind::kForeign, path, "This is not a Jet database.",
-           "Choose a project database (.ovs) or an Access 2000-2003 database (.mdb).");
+    Refuse(ErrorKind::kForeign, path, message::kNoJetDatabase, message::kChooseDatabase);
   }
   const std::uint32_t version = Load8(page + kVersionOffset);
   if (version == 0) {
-    Refuse(ErrorKind::kUnsupported, path, "This is an Access 97 database (Jet 3).", kConvert);
+    Refuse(ErrorKind::kUnsupported, path, message::kAccess97, message::kConvertInAccess);
   }
   if (version != 1) {
-    Refuse(ErrorKind::kUnsupported, path,
-           "The database has the format version " + std::to_string(version) +
-               ", which is newer than Jet 4.0.",
-           kConvert);
+    Refuse(ErrorKind::kUnsupported, path, {message::kNewerFormat, {{"<Version>", version}}},
+           message::kConvertInAccess);
   }
 }
 
@@ -96,28 +89,23 @@ RowId HeaderFreeMap(const std::byte* page) {
 HeaderFields CheckHeader(const std::string& path, std::span<const std::byte> first_page,
                          std::uint64_t file_size) {
   if (first_page.size() < kPageSize) {
-    Refuse(ErrorKind::kForeign, path, "The file is too short for a Jet database.",
-           "Choose another file, or restore this one from a backup.");
+    Refuse(ErrorKind::kForeign, path, message::kTooShortForDatabase, message::kChooseOtherFile);
   }
   std::array<std::byte, kPageSize> page;
   std::memcpy(page.data(), first_page.data(), kPageSize);
   CheckEngine(path, page.data());
   MaskHeader(page);
   if (file_size % kPageSize != 0) {
-    ThrowDamaged(path, {static_cast<PageNumber>(file_size / kPageSize), -1},
-                 "The file is cut off within this page.");
+    ThrowDamaged(path, {static_cast<PageNumber>(file_size / kPageSize), -1}, message::kCutOff);
   }
   if (file_size > kMaxFileSize) {
-    Refuse(ErrorKind::kTooLarge, path, "The file is larger than 2 GiB, the limit of its format.",
-           "Restore it from a backup.");
+    Refuse(ErrorKind::kTooLarge, path, message::kFileTooLarge, message::kRestoreFromBackup);
   }
   if (Load32(&page[kDatabaseKeyOffset]) != 0) {
-    Refuse(ErrorKind::kUnsupported, path, "The database is encrypted.",
-           "Open it in Access and decrypt it there.");
+    Refuse(ErrorKind::kUnsupported, path, message::kEncrypted, message::kDecryptInAccess);
   }
   if (HasPassword(page.data())) {
-    Refuse(ErrorKind::kUnsupported, path, "The database is protected by a password.",
-           "Open it in Access and remove the database password there.");
+    Refuse(ErrorKind::kUnsupported, path, message::kPassword, message::kRemovePassword);
   }
   HeaderFields fields;
   fields.build = Load32(&page[kBuildOffset]);

@@ -21,8 +21,8 @@ bool SetsBitAbove(const PageRef& page, std::size_t used) {
   return false;
 }
 
-std::string RowName(RowId row) {
-  return "row " + std::to_string(row.slot) + " of page " + std::to_string(row.page);
+messages::Message RowName(RowId row) {
+  return {message::kRowOfPage, {{"<Row>", row.slot}, {"<Page>", row.page}}};
 }
 
 }  // namespace
@@ -36,23 +36,23 @@ IndexChecker::IndexChecker(Pager& pager, IndexTree::Location location, bool uniq
       found_(std::move(found)),
       reached_(pager.page_count()) {}
 
-void IndexChecker::Report(PageNumber page, const std::string& text) { found_(page, text); }
+void IndexChecker::Report(PageNumber page, const messages::Message& text) { found_(page, text); }
 
 void IndexChecker::Walk(const Reached& reached) {
   WalkPage(tree_.location().root, 0, reached);
-  if (announced_leaf_ != 0) Report(last_leaf_, "The last leaf of the index names a next one.");
+  if (announced_leaf_ != 0) Report(last_leaf_, message::kLastLeafNamesNext);
   CheckUsageMap();
 }
 
 // Whether the page can be walked: readable, not too deep, not met before.
 bool IndexChecker::Enter(PageNumber number, std::size_t depth, const Reached& reached) {
   if (depth >= IndexPath::kMaxDepth) {
-    Report(number, "The index has too many levels.");
+    Report(number, message::kTheTooManyLevels);
     broken_ = true;
     return false;
   }
   if (number < reached_.size() && reached_[number]) {
-    Report(number, "The page is reached twice in the index.");
+    Report(number, message::kReachedTwice);
     broken_ = true;
     return false;
   }
@@ -82,7 +82,7 @@ void IndexChecker::WalkPage(PageNumber number, std::size_t depth, const Reached&
 void IndexChecker::CheckMask(const PageRef& page) {
   const IndexPage view(page.data());
   if (SetsBitAbove(page, view.Used())) {
-    Report(page.number(), "The entry mask of the index page goes on behind the entries.");
+    Report(page.number(), message::kMaskGoesOn);
   }
 }
 
@@ -93,21 +93,20 @@ void IndexChecker::WalkNode(const PageRef& page, std::size_t depth, const Reache
     node.Read(at, separator);
     const PageNumber child = node.Child(at);
     if (separator.size() < kRowReferenceSize + kChildSize || child == 0) {
-      Report(page.number(), "An entry of the index node is too short.");
+      Report(page.number(), message::kNodeEntryTooShort);
       broken_ = true;
       continue;
     }
     separator.resize(separator.size() - kChildSize);
     WalkPage(child, depth + 1, reached);
     if (separator != last_) {
-      Report(page.number(), "An entry of the index node is not the last entry of page " +
-                                std::to_string(child) + ".");
+      Report(page.number(), {message::kNodeEntryNotLast, {{"<Page>", child}}});
     }
   }
   if (node.Tail() != 0) {
     WalkPage(node.Tail(), depth + 1, reached);
   } else if (node.Used() == 0) {
-    Report(page.number(), "The index node has no child.");
+    Report(page.number(), message::kNodeWithoutChild);
   }
 }
 
@@ -115,18 +114,18 @@ void IndexChecker::WalkLeaf(const PageRef& page, std::size_t depth) {
   const IndexPage leaf(page.data());
   const bool first = last_leaf_ == 0;
   if (!first && depth != leaf_depth_) {
-    Report(page.number(), "The leaves of the index are not on one level.");
+    Report(page.number(), message::kLeavesNotLevel);
   }
   leaf_depth_ = depth;
   if (leaf.Previous() != last_leaf_) {
-    Report(page.number(), "The leaf of the index does not name its previous one.");
+    Report(page.number(), message::kLeafPrevious);
   }
   if (!first && announced_leaf_ != page.number()) {
-    Report(last_leaf_, "The leaf of the index does not name its next one.");
+    Report(last_leaf_, message::kLeafNext);
   }
   last_leaf_ = page.number();
   announced_leaf_ = leaf.Next();
-  if (leaf.Used() == 0 && depth > 0) Report(page.number(), "The leaf of the index is empty.");
+  if (leaf.Used() == 0 && depth > 0) Report(page.number(), message::kLeafEmpty);
   std::vector<std::byte> entry;
   for (std::size_t at = 0; at < leaf.Used(); at = leaf.After(at)) {
     leaf.Read(at, entry);
@@ -138,18 +137,18 @@ void IndexChecker::WalkLeaf(const PageRef& page, std::size_t depth) {
 
 void IndexChecker::CheckEntry(PageNumber page, ByteView entry) {
   if (entry.size() <= kRowReferenceSize) {
-    Report(page, "An entry of the index is too short.");
+    Report(page, message::kEntryTooShort);
     return;
   }
   if (last_.size() <= kRowReferenceSize) return;
   if (CompareBytes(last_, entry) >= 0) {
-    Report(page, "The entries of the index are out of order.");
+    Report(page, message::kTheEntriesOutOfOrder);
     return;
   }
   const ByteView key = entry.first(entry.size() - kRowReferenceSize);
   const ByteView last = ByteView(last_).first(last_.size() - kRowReferenceSize);
   if (unique_ && !IsAllNull(key) && CompareBytes(key, last) == 0) {
-    Report(page, "The unique index holds the key of " + RowName(RowOfEntry(entry)) + " twice.");
+    Report(page, {message::kKeyTwice, {{"<MessageRow>", RowName(RowOfEntry(entry))}}});
   }
 }
 
@@ -166,13 +165,13 @@ void IndexChecker::CheckUsageMap() {
     PageNumber number = 0;
     for (auto page = map.Next(0); page; page = map.Next(*page + 1)) {
       for (; number < *page && number < reached_.size(); ++number) {
-        if (reached_[number]) Report(number, "The usage map of the index lacks the page.");
+        if (reached_[number]) Report(number, message::kMapLacksPage);
       }
       if (number == *page && number < reached_.size() && reached_[number++]) continue;
-      if (!broken_) Report(*page, "The usage map of the index names a page that it lacks.");
+      if (!broken_) Report(*page, message::kMapNamesPage);
     }
     for (; number < reached_.size(); ++number) {
-      if (reached_[number]) Report(number, "The usage map of the index lacks the page.");
+      if (reached_[number]) Report(number, message::kMapLacksPage);
     }
   } catch (const Error& error) {
     Report(error.place().page, error.cause());
@@ -192,7 +191,7 @@ void IndexChecker::ExpectEntry(ByteView key, RowId row) {
       ++expected_;
       return;
     }
-    Report(page.number(), "The index lacks the entry of " + RowName(row) + ".");
+    Report(page.number(), {message::kEntryLacking, {{"<MessageRow>", RowName(row)}}});
   } catch (const Error& error) {
     if (!broken_) Report(error.place().page, error.cause());
     broken_ = true;
@@ -215,7 +214,7 @@ int IndexChecker::FindUnexpected(const KeyOf& key_of) {
     if (key && CompareBytes(*key, cursor.key()) == 0) continue;
     ++unexpected;
     Report(tree_.location().root,
-           "The index holds an entry that is not that of " + RowName(cursor.row()) + ".");
+           {message::kEntryWrong, {{"<MessageRow>", RowName(cursor.row())}}});
   }
   return unexpected;
 }
@@ -225,11 +224,11 @@ void IndexChecker::Finish(const KeyOf& key_of) {
   try {
     const int unexpected = FindUnexpected(key_of);
     for (const RowId row : any_key_) {
-      Report(tree_.location().root, "The index lacks the entry of " + RowName(row) + ".");
+      Report(tree_.location().root, {message::kEntryLacking, {{"<MessageRow>", RowName(row)}}});
     }
     if (entries_ <= expected_ || unexpected > 0) return;
-    Report(tree_.location().root, "The index holds " + std::to_string(entries_) + " entries, but " +
-                                      std::to_string(expected_) + " of them are those of rows.");
+    Report(tree_.location().root,
+           {message::kEntryCount, {{"<Count>", entries_}, {"<Rows>", expected_}}});
   } catch (const Error& error) {
     if (!broken_) Report(error.place().page, error.cause());
     broken_ = true;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "jet/index_tree.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -23,8 +24,8 @@ namespace jet {
 // Nothing that the file holds makes it fail; what is wrong is reported.
 class IndexChecker {
  public:
-  // A fault, as a sentence, and the page where it was met.
-  using Found = std::function<void(PageNumber page, const std::string& text)>;
+  // A fault and the page where it was met.
+  using Found = std::function<void(PageNumber page, const messages::Message& text)>;
   using Reached = std::function<void(PageNumber page)>;
   // The key of a row as it is now; nothing when there is no such row, or none with an entry.
   using KeyOf = std::function<std::optional<std::vector<std::byte>>(RowId row)>;
@@ -55,7 +56,7 @@ class IndexChecker {
   void CheckUsageMap();
   bool IsAllNull(ByteView key) const;
   int FindUnexpected(const KeyOf& key_of);
-  void Report(PageNumber page, const std::string& text);
+  void Report(PageNumber page, const messages::Message& text);
 
   Pager& pager_;
   IndexTree tree_;

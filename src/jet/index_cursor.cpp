@@ -58,7 +58,7 @@ bool EntryCursor::PositionHolds() const { return stamp_ == tree_->Stamp(); }
 PageRef EntryCursor::Neighbour(PageNumber number) const {
   PageRef page = tree_->Read(number);
   if (!IndexPage(page.data()).IsLeaf()) {
-    ThrowDamaged(tree_->pager().path(), {number, -1}, "A leaf of an index is linked to a node.");
+    ThrowDamaged(tree_->pager().path(), {number, -1}, message::kLeafLinkedToNode);
   }
   return page;
 }
@@ -96,15 +96,14 @@ bool EntryCursor::TakeBackward(PageRef page, std::size_t position) {
 void EntryCursor::Take(const PageRef& page, std::size_t position, Way way) {
   const IndexPage leaf(page.data());
   if (leaf.Size(position) < kRowReferenceSize) {
-    ThrowDamaged(tree_->pager().path(), {page.number(), -1}, "An entry of an index names no row.");
+    ThrowDamaged(tree_->pager().path(), {page.number(), -1}, message::kEntryWithoutRow);
   }
   leaf.Read(position, next_);
   // Entries of a sound index rise; where they do not, a walk could go in circles.
   const bool rises =
       way == Way::kForward ? CompareBytes(entry_, next_) < 0 : CompareBytes(next_, entry_) < 0;
   if (state_ == State::kOnEntry && !rises) {
-    ThrowDamaged(tree_->pager().path(), {page.number(), -1},
-                 "The entries of an index are out of order.");
+    ThrowDamaged(tree_->pager().path(), {page.number(), -1}, message::kEntriesOutOfOrder);
   }
   std::swap(entry_, next_);
   state_ = State::kOnEntry;

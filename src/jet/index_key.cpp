@@ -17,24 +17,25 @@ std::string NameOf(char32_t character) {
 }
 
 [[noreturn]] void Refuse(const KeyFault& fault, const Column& column, const std::string& path) {
-  const std::string name = "Column \"" + column.name + "\" ";
   switch (fault.reason) {
     case KeyFault::Reason::kWrongKind:
-      throw Error(ErrorKind::kInvalid, path, {}, name + "holds values of another kind.",
-                  "Give a value of the column's type.");
+      throw Error(ErrorKind::kInvalid, path, {},
+                  {message::kKeyOfOtherKind, {{"<Column>", column.name}}},
+                  message::kGiveColumnType);
     case KeyFault::Reason::kOutOfRange:
-      throw Error(ErrorKind::kInvalid, path, {}, name + "cannot hold a number of this size.",
-                  "Give a number within the range of the column's type.");
+      throw Error(ErrorKind::kInvalid, path, {},
+                  {message::kKeyOutOfRange, {{"<Column>", column.name}}},
+                  message::kGiveNumberInRange);
     case KeyFault::Reason::kNoCharacter:
       throw Error(ErrorKind::kInvalid, path, {},
-                  name + "is indexed, and the character " + NameOf(fault.character) +
-                      " has no place in the sort order of the index.",
-                  "Replace the character.");
+                  {message::kNoSortOrder,
+                   {{"<Column>", column.name}, {"<Character>", NameOf(fault.character)}}},
+                  message::kReplaceCharacter);
     case KeyFault::Reason::kNoIndex:
       break;
   }
-  throw Error(ErrorKind::kUnsupported, path, {}, name + "is of a type that has no index keys.",
-              "Leave the column out of the index.");
+  throw Error(ErrorKind::kUnsupported, path, {},
+              {message::kNoIndexKeys, {{"<Column>", column.name}}}, message::kLeaveOutColumn);
 }
 
 }  // namespace

@@ -63,21 +63,21 @@ bool IsBefore(ByteView entry, ByteView target, Bound bound) {
 
 }  // namespace
 
-const char* IndexPage::Fault(const std::byte* page) {
+const messages::Pattern* IndexPage::Fault(const std::byte* page) {
   const std::uint8_t type = Load8(page);
   if (type != static_cast<std::uint8_t>(PageType::kIndexNode) &&
       type != static_cast<std::uint8_t>(PageType::kIndexLeaf)) {
-    return "the page is not an index page";
+    return &message::kNoIndexPage;
   }
-  if (Load16(page + 2) > kIndexCapacity) return "the free bytes exceed the index page";
+  if (Load16(page + 2) > kIndexCapacity) return &message::kFreeBytesExceed;
   const IndexPage view(page);
   const std::size_t used = view.Used();
   if (used == 0) return nullptr;
-  if (!HasBit(page, used)) return "the entry mask does not end with the entries";
+  if (!HasBit(page, used)) return &message::kEntryMask;
   // Entries differ, so what several share is shorter than the first of them.
   const std::size_t first = NextBit(page, 0);
   if (view.Prefix() > first || (view.Prefix() == first && first < used)) {
-    return "the prefix is not shorter than the first entry";
+    return &message::kPrefixTooLong;
   }
   return nullptr;
 }

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "jet/bytes.h"
+#include "jet/messages.h"
 #include "jet/page.h"
 
 namespace jet {
@@ -43,7 +44,7 @@ class IndexPage {
   explicit IndexPage(const std::byte* page) : page_(page) {}
 
   // What makes the page unreadable as an index page, or null.
-  static const char* Fault(const std::byte* page);
+  static const messages::Pattern* Fault(const std::byte* page);
 
   bool IsLeaf() const { return Load8(page_) == static_cast<std::uint8_t>(PageType::kIndexLeaf); }
   PageNumber Owner() const { return Load32(page_ + 4); }

@@ -15,11 +15,11 @@ IndexTree::IndexTree(Pager& pager, Location location, std::size_t capacity)
 
 PageRef IndexTree::Read(PageNumber number) const {
   PageRef page = pager_.Read(number);
-  if (const char* fault = IndexPage::Fault(page.data())) {
-    ThrowDamaged(pager_.path(), {number, -1}, std::string("In an index, ") + fault + ".");
+  if (const messages::Pattern* fault = IndexPage::Fault(page.data())) {
+    ThrowDamaged(pager_.path(), {number, -1}, {message::kInIndex, {{"<MessageFault>", *fault}}});
   }
   if (IndexPage(page.data()).Owner() != location_.table) {
-    ThrowDamaged(pager_.path(), {number, -1}, "An index refers to a page of another table.");
+    ThrowDamaged(pager_.path(), {number, -1}, message::kIndexOfOtherTable);
   }
   return page;
 }
@@ -56,7 +56,7 @@ PageRef IndexTree::Descend(ByteView target, Bound bound, IndexPath& path) const 
     if (view.IsLeaf()) return page;
     number = ChildAt(view, position);
   }
-  ThrowDamaged(pager_.path(), {location_.root, -1}, "The pages of an index form a circle.");
+  ThrowDamaged(pager_.path(), {location_.root, -1}, message::kIndexCircle);
 }
 
 PageRef IndexTree::DescendFirst() const {
@@ -71,7 +71,7 @@ PageRef IndexTree::DescendLast(PageNumber number) const {
     if (view.IsLeaf()) return page;
     number = ChildAt(view, ChildPosition(view, view.Used()));
   }
-  ThrowDamaged(pager_.path(), {location_.root, -1}, "The pages of an index form a circle.");
+  ThrowDamaged(pager_.path(), {location_.root, -1}, message::kIndexCircle);
 }
 
 std::optional<RowId> IndexTree::Find(ByteView key) const {
@@ -87,7 +87,7 @@ std::optional<RowId> IndexTree::Find(ByteView key) const {
   }
   if (position == leaf.Used() || !leaf.StartsWith(position, key)) return std::nullopt;
   if (leaf.Size(position) < kRowReferenceSize) {
-    ThrowDamaged(pager_.path(), {page.number(), -1}, "An entry of an index names no row.");
+    ThrowDamaged(pager_.path(), {page.number(), -1}, message::kEntryWithoutRow);
   }
   return leaf.Row(position);
 }
@@ -99,7 +99,7 @@ std::vector<RowId> IndexTree::Rows() const {
   for (PageNumber left = pager_.page_count(); left > 0; --left) {
     const IndexPage leaf(page.data());
     if (!leaf.IsLeaf()) {
-      ThrowDamaged(pager_.path(), {page.number(), -1}, "A leaf of an index is linked to a node.");
+      ThrowDamaged(pager_.path(), {page.number(), -1}, message::kLeafLinkedToNode);
     }
     if (leaf.Used() > 0) {
       leaf.Read(0, first);
@@ -122,7 +122,7 @@ void IndexTree::AppendRows(const PageRef& page, std::vector<RowId>& rows) const 
     const ByteView suffix = leaf.Suffix(position);
     if (position > 0 && CompareBytes(before, suffix) >= 0) ThrowOutOfOrder(page.number());
     if (leaf.Prefix() + suffix.size() < kRowReferenceSize) {
-      ThrowDamaged(pager_.path(), {page.number(), -1}, "An entry of an index names no row.");
+      ThrowDamaged(pager_.path(), {page.number(), -1}, message::kEntryWithoutRow);
     }
     rows.push_back(leaf.Row(position));
     before = suffix;
@@ -131,7 +131,7 @@ void IndexTree::AppendRows(const PageRef& page, std::vector<RowId>& rows) const 
 }
 
 void IndexTree::ThrowOutOfOrder(PageNumber page) const {
-  ThrowDamaged(pager_.path(), {page, -1}, "The entries of an index are out of order.");
+  ThrowDamaged(pager_.path(), {page, -1}, message::kEntriesOutOfOrder);
 }
 
 // Whether the leaf is where the entry at the position belongs, as far as the leaf alone tells.
@@ -178,9 +178,8 @@ bool IndexTree::Contains(ByteView key) {
 
 bool IndexTree::Insert(ByteView key, RowId row) {
   if (key.size() > kMaxIndexKey || 2 * (key.size() + kRowReferenceSize + kChildSize) > capacity_) {
-    throw Error(ErrorKind::kInvalid, pager_.path(), {location_.root, -1},
-                "The values of the index's columns are too long for an index.",
-                "Shorten one of them.");
+    throw Error(ErrorKind::kInvalid, pager_.path(), {location_.root, -1}, message::kKeysTooLong,
+                message::kShortenOne);
   }
   entry_.assign(key.begin(), key.end());
   AppendRow(row, entry_);
@@ -192,7 +191,7 @@ bool IndexTree::Insert(ByteView key, RowId row) {
   const IndexPage leaf(page.data());
   const std::size_t position = path_.leaf().position;
   if (position < leaf.Used() && leaf.StartsWith(position, entry_)) {
-    ThrowDamaged(pager_.path(), {page.number(), -1}, "An index holds an entry of a new row.");
+    ThrowDamaged(pager_.path(), {page.number(), -1}, message::kEntryOfNewRow);
   }
   const bool is_new = !HasKeyBeside(leaf, position, key);
   ++version_;

@@ -49,7 +49,7 @@ void IndexTree::CorrectSeparators(ByteView last) {
     if (!step) return;
     ReplaceSeparator(path, *step, last);
   }
-  ThrowDamaged(pager_.path(), {location_.root, -1}, "The entries of an index are out of order.");
+  ThrowDamaged(pager_.path(), {location_.root, -1}, message::kEntriesOutOfOrder);
 }
 
 void IndexTree::ReplaceSeparator(IndexPath& path, std::size_t step, ByteView last) {
@@ -75,7 +75,7 @@ void IndexTree::RemovePage(const IndexPath& path, std::size_t step) {
   Unlink(IndexPage(Read(number).data()));
   UsageMap pages(pager_, location_.usage_map);
   if (!pages.Contains(number)) {
-    ThrowDamaged(pager_.path(), {number, -1}, "An index uses a page that its map does not name.");
+    ThrowDamaged(pager_.path(), {number, -1}, message::kIndexPageNotInMap);
   }
   pages.Remove(number);
   pager_.Free(number);
@@ -124,7 +124,7 @@ void IndexTree::KeepOnlyTail(PageEdit& page) {
   AppendChild(child, entry);
   SetTail(page.data(), 0);
   if (!InsertEntry(page.data(), 0, entry, capacity_)) {
-    ThrowDamaged(pager_.path(), {end.number(), -1}, "An entry of an index is too long.");
+    ThrowDamaged(pager_.path(), {end.number(), -1}, message::kEntryTooLong);
   }
 }
 

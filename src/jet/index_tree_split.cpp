@@ -85,7 +85,7 @@ void IndexTree::SplitAndInsert(IndexPath& path, std::size_t step, ByteView entry
   const Cut cuts(entries, leaf, capacity_);
   const std::size_t cut = at_end ? cuts.AtEnd() : cuts.Middle();
   if (cut == 0) {
-    ThrowDamaged(pager_.path(), {number, -1}, "The entries of an index page cannot be divided.");
+    ThrowDamaged(pager_.path(), {number, -1}, message::kEntriesIndivisible);
   }
   const std::size_t right_begin = cuts.RightBegin(cut);
   const PageEdit right = NewRightNeighbour(left);
@@ -115,7 +115,7 @@ bool IndexTree::EndsTree(const IndexPath& path, std::size_t step) const {
 // Moves the root's content to a new page, its only child for now.
 void IndexTree::PushDownRoot(IndexPath& path) {
   if (path.depth == IndexPath::kMaxDepth) {
-    ThrowDamaged(pager_.path(), {location_.root, -1}, "An index has too many levels.");
+    ThrowDamaged(pager_.path(), {location_.root, -1}, message::kTooManyLevels);
   }
   const PageEdit root = Modify(location_.root);
   const PageEdit child = pager_.Allocate();

@@ -11,7 +11,9 @@
 namespace jet {
 namespace {
 
-std::string RecordText(files::RandomAccessFile& file, int user) {
+constexpr messages::Pattern kPlaceAndAccount{0, "<Computer> (<Account>)"};
+
+messages::Message UserOf(files::RandomAccessFile& file, int user) {
   std::array<std::byte, kUserRecordSize> record{};
   file.ReadAt(static_cast<std::uint64_t>(user - 1) * kUserRecordSize, record);
   const auto field = [&](std::size_t at) {
@@ -20,18 +22,20 @@ std::string RecordText(files::RandomAccessFile& file, int user) {
   };
   const std::string computer = field(0);
   const std::string account = field(kUserNameSize);
-  return (computer.empty() ? "unknown computer" : computer) +
-         (account.empty() ? "" : " (" + account + ")");
+  const messages::Message place = computer.empty() ? messages::Message(message::kUnknownComputer)
+                                                   : messages::Message::Verbatim(computer);
+  if (account.empty()) return place;
+  return {kPlaceAndAccount, {{"<Computer>", place}, {"<Account>", account}}};
 }
 
 // One question covers all users in the usual case that there is no other.
-std::string Find(files::RandomAccessFile& file, files::RandomAccessFile& database) {
+messages::Message Find(files::RandomAccessFile& file, files::RandomAccessFile& database) {
   if (!file.IsLockedByOthers(kUserLockBase + 1, kMostUsers)) return {};
   for (int n = 1; n <= kMostUsers; ++n) {
     const auto offset = static_cast<std::uint64_t>(n);
     if (file.IsLockedByOthers(kUserLockBase + offset, 1) &&
         !database.IsLockedByOthers(kOwnUserBase + offset, 1)) {
-      return RecordText(file, n);
+      return UserOf(file, n);
     }
   }
   return {};
@@ -60,8 +64,8 @@ LockFile::LockFile(files::FileSystem& system, const std::string& database_path,
     file_->Unlock(kUserLockBase + place, 1);
     database_.Unlock(kOwnUserBase + place, 1);
   }
-  throw Error(ErrorKind::kLocked, database_path, {}, "The lock file " + path_ + " does not stay.",
-              "Try again.");
+  throw Error(ErrorKind::kLocked, database_path, {},
+              {message::kLockFileVanishes, {{"<Path>", path_}}}, message::kTryAgain);
 }
 
 // What else stands under the name is not touched: the database, somebody's own file.
@@ -99,8 +103,8 @@ void LockFile::TakePlace(const std::string& computer, const std::string& user) {
     user_ = n;
     return;
   }
-  throw Error(ErrorKind::kLocked, database_.path(), {}, "The database has 255 users already.",
-              "Close it somewhere and try again.");
+  throw Error(ErrorKind::kLocked, database_.path(), {}, message::kTooManyUsers,
+              message::kCloseSomewhere);
 }
 
 LockFile::~LockFile() {
@@ -114,10 +118,10 @@ LockFile::~LockFile() {
   }
 }
 
-std::string LockFile::ForeignUser() { return Find(*file_, database_); }
+messages::Message LockFile::ForeignUser() { return Find(*file_, database_); }
 
-std::string FindForeignUser(files::FileSystem& system, const std::string& database_path,
-                            files::RandomAccessFile& database) {
+messages::Message FindForeignUser(files::FileSystem& system, const std::string& database_path,
+                                  files::RandomAccessFile& database) {
   const std::string path = LockFile::PathFor(database_path);
   if (!system.Exists(path) || system.IsLink(path)) return {};
   const auto file = system.Open(path, files::OpenMode::kRead);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "files/file_system.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -37,7 +38,7 @@ class LockFile {
 
   int user() const { return user_; }
   // "COMPUTER (Account)" of a user who is not one of ours, or empty.
-  std::string ForeignUser();
+  messages::Message ForeignUser();
 
   static std::string PathFor(const std::string& database_path);
 
@@ -54,7 +55,7 @@ class LockFile {
 };
 
 // The same for somebody who only reads: looks at a .ldb file without becoming a user.
-std::string FindForeignUser(files::FileSystem& system, const std::string& database_path,
-                            files::RandomAccessFile& database);
+messages::Message FindForeignUser(files::FileSystem& system, const std::string& database_path,
+                                  files::RandomAccessFile& database);
 
 }  // namespace jet

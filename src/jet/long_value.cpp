@@ -19,30 +19,29 @@ void Walk(Pager& pager, Place place, std::span<const std::byte> stored, Visit vi
   RowId record = RowId::FromReference(Load32(stored.data() + 4));
   const bool single = (head & kLongValueSingle) != 0;
   if (left > std::size_t{pager.page_count()} * kPageSize) {
-    ThrowDamaged(pager.path(), place, "A long value is longer than the file.");
+    ThrowDamaged(pager.path(), place, message::kLongValueTooLong);
   }
   while (left != 0) {
     const PageRef page = pager.Read(record.page);
     std::span<const std::byte> bytes = RowBytes(pager, page, record.slot, kLongValueOwner);
     const Place at{record.page, record.slot};
     if (GetSlot(page.data(), record.slot).state == kSlotDeleted) {
-      ThrowDamaged(pager.path(), place,
-                   "The long value of this row refers to a deleted record on page " +
-                       std::to_string(at.page) + ".");
+      ThrowDamaged(pager.path(), place, {message::kLongValueDeleted, {{"<Page>", at.page}}});
     }
     RowId next;
     if (!single) {
       if (bytes.size() <= kNextReferenceSize) {
-        ThrowDamaged(pager.path(), at, "A record of a long value is empty.");
+        ThrowDamaged(pager.path(), at, message::kLongValueRecordEmpty);
       }
       next = RowId::FromReference(Load32(bytes.data()));
       bytes = bytes.subspan(kNextReferenceSize);
     }
     const bool last = single || next == RowId{};
     if (bytes.size() > left || (last && bytes.size() != left)) {
-      ThrowDamaged(pager.path(), at,
-                   "A long value is " + std::string(bytes.size() > left ? "longer" : "shorter") +
-                       " than its row says.");
+      ThrowDamaged(
+          pager.path(), at,
+          {message::kLongValueLength,
+           {{"<MessageLength>", bytes.size() > left ? message::kLonger : message::kShorter}}});
     }
     visit(record, bytes);
     left -= bytes.size();
@@ -52,7 +51,7 @@ void Walk(Pager& pager, Place place, std::span<const std::byte> stored, Visit vi
 
 void CheckHead(const Pager& pager, Place place, std::span<const std::byte> stored) {
   if (stored.size() < kLongValueHead) {
-    ThrowDamaged(pager.path(), place, "The head of a long value is cut off.");
+    ThrowDamaged(pager.path(), place, message::kLongValueHead);
   }
 }
 
@@ -69,7 +68,7 @@ std::span<const std::byte> ReadLongValue(Pager& pager, Place place,
   if (IsInline(stored)) {
     const std::size_t length = Load32(stored.data()) & kLongValueLengthMask;
     if (length > stored.size() - kLongValueHead) {
-      ThrowDamaged(pager.path(), place, "An inline long value is shorter than it says.");
+      ThrowDamaged(pager.path(), place, message::kInlineTooShort);
     }
     return stored.subspan(kLongValueHead, length);
   }

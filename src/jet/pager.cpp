@@ -34,7 +34,7 @@ void Pager::DropCache() {
 
 PageFrame* Pager::Load(PageNumber page) {
   if (page >= page_count_) {
-    ThrowDamaged(path(), {page, -1}, "Something refers to this page, but the file ends before it.");
+    ThrowDamaged(path(), {page, -1}, message::kEndsBeforePage);
   }
   PageFrame* frame = AddFrame(page);
   std::size_t size = 0;
@@ -46,7 +46,7 @@ PageFrame* Pager::Load(PageNumber page) {
   }
   if (size != kPageSize) {
     Drop(frame);
-    ThrowDamaged(path(), {page, -1}, "The file ends within this page.");
+    ThrowDamaged(path(), {page, -1}, message::kEndsWithinPage);
   }
   return frame;
 }
@@ -162,9 +162,8 @@ PageFrame* Pager::Touch(PageNumber page) {
 PageEdit Pager::Append() {
   assert(level_ > 0);
   if (page_count_ >= kMaxPageCount) {
-    throw Error(ErrorKind::kTooLarge, path(), {},
-                "The database has reached 2 GiB, the limit of its format.",
-                "Delete what is no longer needed and let Access compact the file.");
+    throw Error(ErrorKind::kTooLarge, path(), {}, message::kDatabaseFull,
+                message::kDeleteAndCompact);
   }
   const PageNumber page = page_count_;
   if (frame_of_page_.size() <= page) frame_of_page_.resize(page + 1, nullptr);

@@ -90,7 +90,7 @@ class Search {
       if (SameName(catalog.columns[i].name, name)) return i;
     }
     ThrowDamaged(pager_.path(), {catalog.page, -1},
-                 "The catalog has no column " + std::string(name) + ".");
+                 {message::kCatalogLacksColumn, {{"<Column>", name}}});
   }
 
   Pager& pager_;

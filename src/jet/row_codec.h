@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "jet/bytes.h"
+#include "jet/messages.h"
 #include "jet/schema.h"
 #include "jet/table_definition.h"
 
@@ -47,7 +48,7 @@ inline std::size_t FixedSize(const Column& column) {
 class RowView {
  public:
   // Says what is wrong with the row, or null.
-  const char* Parse(std::span<const std::byte> row);
+  const messages::Pattern* Parse(std::span<const std::byte> row);
 
   std::uint16_t column_count() const { return columns_; }
   std::span<const std::byte> row() const { return row_; }
@@ -75,12 +76,12 @@ class RowView {
 // End of the fixed area, counted from its start: behind the highest fixed column.
 std::size_t FixedAreaSize(const TableDefinition& definition);
 
-inline const char* RowView::Parse(std::span<const std::byte> row) {
+inline const messages::Pattern* RowView::Parse(std::span<const std::byte> row) {
   row_ = row;
-  if (row.size() < kRowHead) return "The row is too short.";
+  if (row.size() < kRowHead) return &message::kRowTooShort;
   columns_ = Load16(row.data());
   const std::size_t mask_size = (std::size_t{columns_} + 7) / 8;
-  if (row.size() < kRowHead + mask_size) return "The row is too short for its columns.";
+  if (row.size() < kRowHead + mask_size) return &message::kRowTooShortForColumns;
   mask_at_ = row.size() - mask_size;
   mask_ = row.data() + mask_at_;
   variable_count_ = mask_at_ < kRowHead + 2 ? 0 : Load16(mask_ - 2);

@@ -29,21 +29,19 @@ StoredRow RowReader::At(const PageRef& page, std::size_t slot) const {
   const RowId place{page.number(), static_cast<std::uint8_t>(slot)};
   if (bounds.state != kSlotMoved) return {page, place, bytes};
   if (bytes.size() < 4) {
-    ThrowDamaged(pager_.path(), {place.page, place.slot},
-                 "The row moved, but does not say where to.");
+    ThrowDamaged(pager_.path(), {place.page, place.slot}, message::kMovedNowhere);
   }
   const RowId target = RowId::FromReference(Load32(bytes.data()));
   PageRef other = pager_.Read(target.page);
   const std::span<const std::byte> moved = RowBytes(pager_, other, target.slot, definition_.page);
   if (GetSlot(other.data(), target.slot).state != kSlotTarget) {
     ThrowDamaged(pager_.path(), {place.page, place.slot},
-                 "The row moved to page " + std::to_string(target.page) + ", row " +
-                     std::to_string(target.slot) + ", where no moved row lies.");
+                 {message::kMovedToNoRow, {{"<Page>", target.page}, {"<Row>", target.slot}}});
   }
   return {std::move(other), target, moved};
 }
 
-void RowReader::Fail(const StoredRow& stored, const std::string& cause) const {
+void RowReader::Fail(const StoredRow& stored, const messages::Message& cause) const {
   ThrowDamaged(pager_.path(), {stored.place.page, stored.place.slot}, cause);
 }
 
@@ -51,7 +49,7 @@ void RowReader::Decode(RowId id, const StoredRow& stored, std::span<const std::s
                        RowBuffer& row) {
   row.Reset(id, columns.size());
   RowView view;
-  if (const char* fault = view.Parse(stored.bytes)) Fail(stored, fault);
+  if (const messages::Pattern* fault = view.Parse(stored.bytes)) Fail(stored, *fault);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     DecodeColumn(stored, view, definition_.columns[columns[i]], row.arena(), row.Mutable(i));
   }
@@ -69,11 +67,11 @@ void RowReader::DecodeColumn(const StoredRow& stored, const RowView& view, const
     return;
   }
   const auto bytes = view.Bytes(column);
-  if (!bytes) Fail(stored, "Column " + column.name + " lies outside its row.");
+  if (!bytes) Fail(stored, {message::kColumnOutsideRow, {{"<Column>", column.name}}});
   if (column.IsLongValue()) {
     DecodeLongValue(stored, column, *bytes, arena, value);
   } else if (!DecodeValue(column, *bytes, arena, value)) {
-    Fail(stored, "Column " + column.name + " has a value of the wrong length.");
+    Fail(stored, {message::kWrongLength, {{"<Column>", column.name}}});
   }
 }
 

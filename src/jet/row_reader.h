@@ -42,7 +42,7 @@ class RowReader {
                     Arena& arena, Value& value);
   void DecodeLongValue(const StoredRow& stored, const Column& column,
                        std::span<const std::byte> bytes, Arena& arena, Value& value);
-  [[noreturn]] void Fail(const StoredRow& stored, const std::string& cause) const;
+  [[noreturn]] void Fail(const StoredRow& stored, const messages::Message& cause) const;
 
   Pager& pager_;
   const TableDefinition& definition_;

@@ -91,8 +91,7 @@ void RowStore::Replace(RowId id, const StoredRow& stored, std::span<const std::b
   if (ReplaceOnPage(stored.place, stored.bytes.size(), row)) return;
   if (stored.place == id && stored.bytes.size() < kReferenceSize) {
     throw Error(ErrorKind::kUnsupported, pager_.path(), {id.page, id.slot},
-                "The row is too short to be moved to another page.",
-                "Delete the row and insert it again.");
+                message::kTooShortToMove, message::kDeleteAndInsert);
   }
   const RowId target = Add(row, kSlotTarget);
   if (stored.place != id) Discard(stored.place, false);
@@ -114,8 +113,7 @@ void RowStore::Discard(RowId id, bool squeeze) {
   const PageEdit page = pager_.Modify(id.page);
   CheckDataPage(pager_, page, owner_.owner);
   if (!UsageMap(pager_, owner_.owned_map).Contains(id.page)) {
-    ThrowDamaged(pager_.path(), {id.page, id.slot},
-                 "The row lies on a page that its table or column does not own.");
+    ThrowDamaged(pager_.path(), {id.page, id.slot}, message::kRowOnForeignPage);
   }
   SetSlotState(page.data(), id.slot, kSlotDeleted);
   if (IsEmpty(page.data())) {

@@ -44,23 +44,23 @@ Session::~Session() {
 // Writing needs the file, its folder (for the journal and the .ldb) and no foreign user.
 void Session::OpenFile() {
   if (options_.read_only) {
-    read_only_reason_ = "The database was opened for reading only.";
+    read_only_reason_ = message::kOpenedReadOnly;
   } else {
     try {
       file_ = system_.Open(path_, files::OpenMode::kReadWrite);
     } catch (const files::Error& error) {
       if (error.kind() != files::ErrorKind::kReadOnly) throw;
-      read_only_reason_ = "The file is write-protected, or you may not change it.";
-      read_only_remedy_ = files::Remedy(error.kind());
+      read_only_reason_ = message::kWriteProtected;
+      read_only_remedy_ = messages::Message::Verbatim(files::Remedy(error.kind()));
     }
   }
   if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);
   if (!MayWrite()) return;
   try {
     files::CheckOneName(system_, path_, "cannot be written");
-    if (const std::string user = ForeignUser(); !user.empty()) {
-      read_only_reason_ = "Another program has the database open on " + user + ".";
-      read_only_remedy_ = "Close the database there and try again.";
+    if (const messages::Message user = ForeignUser(); !user.empty()) {
+      read_only_reason_ = {message::kOpenElsewhere, {{"<MessageComputer>", user}}};
+      read_only_remedy_ = message::kCloseThere;
       return;
     }
     lock_file_ =
@@ -68,11 +68,11 @@ void Session::OpenFile() {
   } catch (const files::Error& error) {
     using enum files::ErrorKind;
     if (error.kind() != kReadOnly && error.kind() != kManyNames && error.kind() != kInTheWay) throw;
-    read_only_reason_ = error.what();
+    read_only_reason_ = messages::MessageOf(error);
   }
 }
 
-std::string Session::ForeignUser() {
+messages::Message Session::ForeignUser() {
   return lock_file_ ? lock_file_->ForeignUser() : FindForeignUser(system_, path_, *file_);
 }
 
@@ -128,8 +128,7 @@ void Session::BeginRead() {
 
 void Session::LockCommitByte() {
   if (Wait(kCommitByte, files::LockMode::kShared)) return;
-  throw Error(ErrorKind::kLocked, path_, {}, "Another program does not finish writing.",
-              "Close the program that uses the database, and try again.");
+  throw Error(ErrorKind::kLocked, path_, {}, message::kWritesTooLong, message::kCloseProgram);
 }
 
 void Session::LockForReading() {
@@ -158,8 +157,7 @@ void Session::LookForChanges() {
   if (stamp == stamp_ && counters == counters_) return;
   if (stamp_ != files::FileStamp{} && IsInterrupted()) FinishInterrupted();
   if (file_->Size() % kPageSize != 0) {
-    ThrowDamaged(path_, {static_cast<PageNumber>(file_->Size() / kPageSize), -1},
-                 "The file is cut off within this page.");
+    ThrowDamaged(path_, {static_cast<PageNumber>(file_->Size() / kPageSize), -1}, message::kCutOff);
   }
   pager_->DropCache();
   counters_.resize(kCountersSize);
@@ -175,16 +173,13 @@ void Session::Begin() {
   CheckUsable();
   if (pager_->level() == 0) {
     if (!Wait(kWriteByte, files::LockMode::kExclusive)) {
-      throw Error(ErrorKind::kLocked, path_, {},
-                  "Another program is changing the database and does not finish.",
-                  "Wait until it is done, or close it, and try again.");
+      throw Error(ErrorKind::kLocked, path_, {}, message::kChangesTooLong, message::kWaitOrClose);
     }
     write_locked_ = true;
     try {
-      if (const std::string user = ForeignUser(); !user.empty()) {
+      if (const messages::Message user = ForeignUser(); !user.empty()) {
         throw Error(ErrorKind::kLocked, path_, {},
-                    "Another program has the database open on " + user + ".",
-                    "Close the database there and try again.");
+                    {message::kOpenElsewhere, {{"<MessageComputer>", user}}}, message::kCloseThere);
       }
       if (readers_ == 0) {
         LockForReading();
@@ -205,8 +200,7 @@ void Session::Doom() {
 
 void Session::CheckUsable() const {
   if (doomed_level_ == 0) return;
-  throw Error(ErrorKind::kConflict, path_, {},
-              "The transaction failed before and can only be rolled back.", "Roll it back.");
+  throw Error(ErrorKind::kConflict, path_, {}, message::kTransactionFailed, message::kRollBack);
 }
 
 void Session::RaiseCounter() {
@@ -219,8 +213,7 @@ void Session::RaiseCounter() {
 
 void Session::LockForCommit() {
   if (!Wait(kCommitByte, files::LockMode::kExclusive)) {
-    throw Error(ErrorKind::kLocked, path_, {}, "Another program reads the database all the time.",
-                "Wait until it is done, or close it, and try again.");
+    throw Error(ErrorKind::kLocked, path_, {}, message::kReadsTooLong, message::kWaitOrClose);
   }
   commit_locked_ = true;
 }

@@ -13,6 +13,7 @@
 #include "jet/database.h"
 #include "jet/header_page.h"
 #include "jet/lock_file.h"
+#include "jet/messages.h"
 #include "jet/pager.h"
 
 namespace jet {
@@ -35,8 +36,8 @@ class Session {
   const std::string& path() const { return path_; }
   Pager& pager() { return *pager_; }
   const HeaderFields& header() const { return header_; }
-  const std::string& read_only_reason() const { return read_only_reason_; }
-  std::string ForeignUser();
+  const messages::Message& read_only_reason() const { return read_only_reason_; }
+  messages::Message ForeignUser();
 
   // Reads may nest. Raises kLocked when another process does not finish its commit in time.
   void BeginRead();
@@ -80,8 +81,8 @@ class Session {
   std::unique_ptr<LockFile> lock_file_;
   std::optional<files::ChangeJournal> journal_;
   HeaderFields header_;
-  std::string read_only_reason_;
-  std::string read_only_remedy_ = "Nothing was changed.";
+  messages::Message read_only_reason_;
+  messages::Message read_only_remedy_ = message::kNothingChanged;
   files::FileStamp stamp_;
   std::vector<std::byte> counters_;  // of the header page, as last seen
   std::uint64_t generation_ = 0;

@@ -37,7 +37,7 @@ std::optional<std::size_t> Table::PrimaryKey() const {
   return std::nullopt;
 }
 
-std::string Table::ReadOnlyReason() const { return state_->ReadOnlyReason(); }
+messages::Message Table::ReadOnlyReason() const { return state_->ReadOnlyReason(); }
 
 std::uint32_t Table::RowCount() {
   const ReadHold hold(state_->session());
@@ -68,11 +68,10 @@ void InTransaction(TableState& table, Change change) {
     table.Refresh();
     if (table.definition().type != kUserTable) {
       throw Error(ErrorKind::kReadOnly, table.path(), {},
-                  "The table " + table.name() + " belongs to the database itself.",
-                  "Change the user tables instead.");
+                  {message::kSystemTable, {{"<Table>", table.name()}}}, message::kChangeUserTables);
     }
-    if (const std::string& reason = table.ReadOnlyReason(); !reason.empty()) {
-      throw Error(ErrorKind::kReadOnly, table.path(), {}, reason, "Change the table in Access.");
+    if (const messages::Message& reason = table.ReadOnlyReason(); !reason.empty()) {
+      throw Error(ErrorKind::kReadOnly, table.path(), {}, reason, message::kChangeInAccess);
     }
     change();
     if (own) session.Commit();

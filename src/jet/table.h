@@ -12,6 +12,7 @@
 #include "jet/row_buffer.h"
 #include "jet/schema.h"
 #include "jet/value.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -40,7 +41,7 @@ class Scan {
   bool Next(RowBuffer& row);
   // At the end, when nothing was changed meanwhile: a sentence when fewer rows were read than the
   // definition counts, so that rows are missing; else empty.
-  std::string Shortfall();
+  messages::Message Shortfall();
 
  private:
   friend class Table;
@@ -104,7 +105,7 @@ class Table {
 
   // Why rows of this table cannot be changed; empty when they can. A reason that lies in the table
   // comes before the database's own.
-  std::string ReadOnlyReason() const;
+  messages::Message ReadOnlyReason() const;
 
   // As the definition counts them, without reading rows.
   std::uint32_t RowCount();

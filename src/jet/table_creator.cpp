@@ -56,48 +56,47 @@ std::optional<std::size_t> PositionOf(const TableDefinition& definition, std::st
 
 }  // namespace
 
-void TableCreator::Refuse(const std::string& cause, const std::string& remedy) const {
+void TableCreator::Refuse(const messages::Message& cause, const messages::Message& remedy) const {
   throw Error(ErrorKind::kInvalid, session_.path(), {}, cause, remedy);
 }
 
-void TableCreator::CheckName(std::string_view what, const std::string& name) const {
+void TableCreator::CheckName(const messages::Message& what, const std::string& name) const {
   const bool bad = name.empty() || name.front() == ' ' || Utf16Length(name) > kLongestName ||
                    std::any_of(name.begin(), name.end(), [](char c) {
                      return static_cast<unsigned char>(c) < 0x20 ||
                             std::string_view(".!`[]").find(c) != std::string_view::npos;
                    });
   if (!bad) return;
-  Refuse("\"" + name + "\" is no name for " + std::string(what) + ".",
-         "Give a name of 1 to 64 characters without . ! ` [ ] and leading blanks.");
+  Refuse({message::kNoName, {{"<Name>", name}, {"<MessageKind>", what}}}, message::kGiveName);
 }
 
 void TableCreator::CheckIndex(const TableDefinition& definition, const IndexSpec& spec) const {
-  CheckName("an index", spec.name);
+  CheckName(message::kAnIndex, spec.name);
   if (spec.columns.empty() || spec.columns.size() > kMaxIndexColumns) {
-    Refuse("Index " + spec.name + " has " + std::to_string(spec.columns.size()) + " columns.",
-           "Give 1 to 10 columns.");
+    Refuse({message::kIndexColumns, {{"<Index>", spec.name}, {"<Count>", spec.columns.size()}}},
+           message::kGiveIndexColumns);
   }
   if (definition.physical.size() >= kMaxIndexes) {
-    Refuse("The table has 32 indexes already.", "Delete an index first.");
+    Refuse(message::kTooManyIndexes, message::kDeleteIndex);
   }
   for (const Index& other : definition.indexes) {
     if (SameName(other.name, spec.name)) {
-      Refuse("The table has an index " + spec.name + " already.", "Choose another name.");
+      Refuse({message::kIndexExists, {{"<Index>", spec.name}}}, message::kChooseOtherName);
     }
     if (spec.primary && other.kind == IndexKind::kPrimaryKey) {
-      Refuse("The table has a primary key already.", "Make the index an ordinary one.");
+      Refuse(message::kPrimaryKeyExists, message::kMakeOrdinary);
     }
   }
   for (const IndexSpec::Part& part : spec.columns) {
     const auto position = PositionOf(definition, part.column);
     if (!position) {
-      Refuse("Index " + spec.name + " names the column " + part.column + ", which is missing.",
-             "Name a column of the table.");
+      Refuse({message::kIndexColumnMissing, {{"<Index>", spec.name}, {"<Column>", part.column}}},
+             message::kNameColumn);
     }
     const ColumnType type = definition.columns[*position].type;
     if (type == ColumnType::kOle || type == ColumnType::kOpaque || type == ColumnType::kMemo) {
-      Refuse("Column " + part.column + " is of a type that cannot be indexed.",
-             "Leave the column out of index " + spec.name + ".");
+      Refuse({message::kCannotBeIndexed, {{"<Column>", part.column}}},
+             {message::kLeaveOutOfIndex, {{"<Index>", spec.name}}});
     }
   }
 }
@@ -123,13 +122,12 @@ TableDefinition TableCreator::Define(const TableSpec& spec) {
   TableDefinition definition;
   std::uint16_t fixed_offset = 0;
   for (const ColumnSpec& wanted : spec.columns) {
-    CheckName("a column", wanted.name);
+    CheckName(message::kAColumn, wanted.name);
     if (PositionOf(definition, wanted.name)) {
-      Refuse("The table has two columns " + wanted.name + ".", "Choose another name.");
+      Refuse({message::kColumnTwice, {{"<Column>", wanted.name}}}, message::kChooseOtherName);
     }
     if (wanted.auto_number && wanted.type != ColumnType::kLong) {
-      Refuse("The AutoNumber column " + wanted.name + " is no 32-bit integer.",
-             "Give it the type long.");
+      Refuse({message::kAutoNumberNotLong, {{"<Column>", wanted.name}}}, message::kGiveTypeLong);
     }
     Column column;
     column.name = wanted.name;
@@ -138,7 +136,7 @@ TableDefinition TableCreator::Define(const TableSpec& spec) {
     column.display_position = column.id;
     column.length = LengthOf(wanted);
     if (column.length > kLongestText) {
-      Refuse("Column " + wanted.name + " is too long.", "Give at most 255 characters.");
+      Refuse({message::kColumnTooLong, {{"<Column>", wanted.name}}}, message::kGiveLength);
     }
     column.fixed = !IsVariable(wanted.type);
     column.auto_number = wanted.auto_number;
@@ -155,18 +153,17 @@ TableDefinition TableCreator::Define(const TableSpec& spec) {
   const auto numbered = std::count_if(spec.columns.begin(), spec.columns.end(),
                                       [](const ColumnSpec& c) { return c.auto_number; });
   if (spec.columns.empty() || spec.columns.size() > kMaxColumns || numbered > 1) {
-    Refuse("Table " + spec.name + " has no column, more than 255, or two AutoNumber columns.",
-           "Give it 1 to 255 columns and at most one AutoNumber.");
+    Refuse({message::kWrongColumns, {{"<Table>", spec.name}}}, message::kGiveColumns);
   }
   definition.max_columns = static_cast<std::uint16_t>(definition.columns.size());
   return definition;
 }
 
 void TableCreator::CreateTable(const TableSpec& spec) {
-  CheckName("a table", spec.name);
+  CheckName(message::kATable, spec.name);
   if (catalog_.FindTable(spec.name)) {
     throw Error(ErrorKind::kExists, session_.path(), {},
-                "There is a table " + spec.name + " already.", "Choose another name.");
+                {message::kTableExists, {{"<Table>", spec.name}}}, message::kChooseOtherName);
   }
   Pager& pager = session_.pager();
   TableDefinition definition = Define(spec);
@@ -205,7 +202,7 @@ std::vector<std::byte> TableCreator::OwnerOfNewObjects() {
     if (row[0].integer() != kDatabaseObject || row[1].is_null()) continue;
     return {row[1].bytes().begin(), row[1].bytes().end()};
   }
-  ThrowDamaged(session_.path(), {}, "The catalog has no entry of the database itself.");
+  ThrowDamaged(session_.path(), {}, message::kCatalogLacksDatabase);
 }
 
 void TableCreator::AddToCatalog(const TableDefinition& definition, const std::string& name) {
@@ -250,7 +247,7 @@ void TableCreator::AddAccessRows(PageNumber table, std::span<const std::byte> ow
   TableState access(session_, "MSysACEs", kAccessDefinition);
   const auto position = [&](std::string_view name) {
     const auto found = access.FindColumn(name);
-    if (!found) ThrowDamaged(session_.path(), {kAccessDefinition, -1}, "A column is missing.");
+    if (!found) ThrowDamaged(session_.path(), {kAccessDefinition, -1}, message::kColumnMissing);
     return *found;
   };
   const std::size_t columns[] = {position("ObjectId"), position("SID"), position("ACM"),

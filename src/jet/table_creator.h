@@ -25,11 +25,11 @@ class TableCreator {
   PhysicalIndex MakePhysical(const TableDefinition& definition, const IndexSpec& spec,
                              PageNumber& map_page);
   void CheckIndex(const TableDefinition& definition, const IndexSpec& spec) const;
-  void CheckName(std::string_view what, const std::string& name) const;
+  void CheckName(const messages::Message& what, const std::string& name) const;
   void AddToCatalog(const TableDefinition& definition, const std::string& name);
   void AddAccessRows(PageNumber table, std::span<const std::byte> owner);
   std::vector<std::byte> OwnerOfNewObjects();
-  [[noreturn]] void Refuse(const std::string& cause, const std::string& remedy) const;
+  [[noreturn]] void Refuse(const messages::Message& cause, const messages::Message& remedy) const;
 
   Session& session_;
   Catalog& catalog_;

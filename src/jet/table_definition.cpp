@@ -22,7 +22,7 @@ class Reader {
       : pager_(pager), page_(page), bytes_(bytes) {}
 
   const std::byte* Take(std::size_t size) {
-    if (size > bytes_.size() - position_) Fail("The table definition ends too early.");
+    if (size > bytes_.size() - position_) Fail(message::kDefinitionEnds);
     const std::byte* p = bytes_.data() + position_;
     position_ += size;
     return p;
@@ -31,7 +31,7 @@ class Reader {
     const std::size_t size = Load16(Take(2));
     return DecodeUtf16({Take(size), size});
   }
-  [[noreturn]] void Fail(const std::string& cause) const {
+  [[noreturn]] void Fail(const messages::Message& cause) const {
     ThrowDamaged(pager_.path(), {page_, -1}, cause);
   }
 
@@ -94,15 +94,14 @@ void CheckColumns(const Reader& reader, const TableDefinition& definition) {
   std::vector<bool> variable(definition.variable_columns);
   for (const Column& column : definition.columns) {
     if (!IsSound(column)) {
-      reader.Fail("Column " + column.name +
-                  " of the table has a size, scale or kind that its type cannot have.");
+      reader.Fail({message::kColumnUnsound, {{"<Column>", column.name}}});
     }
     std::vector<bool>& places = column.fixed ? area : variable;
     const std::size_t first = column.fixed ? column.fixed_offset : column.variable_index;
     const std::size_t size = column.fixed ? FixedSize(column) : 1;
     for (std::size_t i = first; i < first + size; ++i) {
       if (places[i]) {
-        reader.Fail("Column " + column.name + " of the table lies on the place of another.");
+        reader.Fail({message::kColumnPlaceTaken, {{"<Column>", column.name}}});
       }
       places[i] = true;
     }
@@ -114,24 +113,24 @@ void ReadColumns(Reader& reader, std::size_t count, TableDefinition& definition)
     const std::byte* record = reader.Take(kColumnRecordSize);
     Column column = ReadColumn(record);
     if (column.id >= definition.max_columns) {
-      reader.Fail("A column of the table has a number above the highest.");
+      reader.Fail(message::kColumnNumberTooHigh);
     }
     if (!column.fixed && column.variable_index >= definition.variable_columns) {
-      reader.Fail("A column of the table has a variable index above the highest.");
+      reader.Fail(message::kVariableIndexTooHigh);
     }
     if (!IsKnownType(static_cast<std::uint8_t>(column.type))) {
-      definition.unknown =
-          "a column of the unknown type " + std::to_string(static_cast<unsigned>(column.type));
+      definition.unknown = {message::kUnknownColumnType,
+                            {{"<Type>", static_cast<unsigned>(column.type)}}};
     }
     if ((record[kColumnExtendedFlagsOffset] & ~std::byte{kColumnCompressed}) != std::byte{0}) {
-      definition.unknown = "a calculated column, or one of another kind of later versions";
+      definition.unknown = message::kCalculatedColumn;
     }
     definition.columns.push_back(std::move(column));
   }
   for (Column& column : definition.columns) column.name = reader.TakeName();
   std::vector<bool> seen(definition.max_columns);
   for (const Column& column : definition.columns) {
-    if (seen[column.id]) reader.Fail("Two columns of the table have the same number.");
+    if (seen[column.id]) reader.Fail(message::kColumnNumberTwice);
     seen[column.id] = true;
   }
   CheckColumns(reader, definition);
@@ -152,10 +151,10 @@ void ReadPhysicalIndexes(Reader& reader, std::size_t count, TableDefinition& def
       const std::uint16_t id = Load16(p + 4 + 3 * k);
       if (id == kNoColumn) continue;
       const auto position = PositionOf(definition, id);
-      if (!position) reader.Fail("An index of the table names a column that does not exist.");
+      if (!position) reader.Fail(message::kIndexNamesNoColumn);
       index.columns.push_back({*position, Load8(p + 6 + 3 * k) != 0});
     }
-    if (index.columns.empty()) reader.Fail("An index of the table has no column.");
+    if (index.columns.empty()) reader.Fail(message::kIndexWithoutColumn);
     index.usage_map = RowId::FromReference(Load32(p + 34));
     index.root = Load32(p + 38);
     const std::uint8_t flags = Load8(p + 46);
@@ -177,9 +176,9 @@ void ReadIndexes(Reader& reader, std::size_t count, TableDefinition& definition)
     index.related_table = Load32(p + 17);
     const std::uint8_t kind = Load8(p + 23);
     if (index.physical >= definition.physical.size()) {
-      reader.Fail("An index of the table refers to a tree that does not exist.");
+      reader.Fail(message::kIndexWithoutTree);
     }
-    if (kind > 2) reader.Fail("An index of the table is of no known kind.");
+    if (kind > 2) reader.Fail(message::kIndexKind);
     index.kind = static_cast<IndexKind>(kind);
     if (index.kind == IndexKind::kRelation) {
       index.cascade_updates = Load8(p + 21) == 1;
@@ -210,12 +209,11 @@ std::vector<std::byte> ReadDefinitionBytes(Pager& pager, PageNumber first,
   for (PageNumber page = first; page != 0;) {
     if (std::find(pages.begin(), pages.end(), page) != pages.end() ||
         bytes.size() > kLongestDefinition) {
-      ThrowDamaged(pager.path(), {page, -1}, "The pages of a table definition form a circle.");
+      ThrowDamaged(pager.path(), {page, -1}, message::kDefinitionCircle);
     }
     const PageRef ref = pager.Read(page);
     if (Load8(ref.data()) != static_cast<std::uint8_t>(PageType::kTableDefinition)) {
-      ThrowDamaged(pager.path(), {page, -1},
-                   "The page should hold a table definition, but its type byte says otherwise.");
+      ThrowDamaged(pager.path(), {page, -1}, message::kNoDefinition);
     }
     const std::size_t head = page == first ? 0 : kContinuationHead;
     bytes.insert(bytes.end(), ref.data() + head, ref.data() + kPageSize);
@@ -225,7 +223,7 @@ std::vector<std::byte> ReadDefinitionBytes(Pager& pager, PageNumber first,
   const std::size_t length =
       bytes.empty() ? 0 : std::size_t{Load32(&bytes[kDefinitionLengthOffset])};
   if (length < kDefinitionCountersOffset || length > bytes.size()) {
-    ThrowDamaged(pager.path(), {first, -1}, "The length of the table definition makes no sense.");
+    ThrowDamaged(pager.path(), {first, -1}, message::kDefinitionLength);
   }
   bytes.resize(length);
   return bytes;
@@ -248,7 +246,7 @@ TableDefinition ReadTableDefinition(Pager& pager, PageNumber page) {
   if (columns > kMaxColumns || columns > definition.max_columns ||
       definition.max_columns > kMaxColumns || definition.variable_columns > kMaxColumns ||
       physical > kMaxIndexes || logical > bytes.size() / kLogicalRecordSize) {
-    reader.Fail("The table definition counts more columns or indexes than a table can have.");
+    reader.Fail(message::kDefinitionCounts);
   }
   reader.Take(physical * kDefinitionCounterSize);
   ReadColumns(reader, columns, definition);

@@ -10,6 +10,7 @@
 #include "jet/page.h"
 #include "jet/pager.h"
 #include "jet/schema.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -94,7 +95,7 @@ struct TableDefinition {
   RowId free_map;
   std::vector<LongValueMaps> long_values;  // in the order of the columns
   // Features that are not understood; such a table is not written.
-  std::string unknown;
+  messages::Message unknown;
 };
 
 // Reads and checks a definition. Raises kDamaged.

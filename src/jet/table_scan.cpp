@@ -3,6 +3,7 @@
 
 #include "jet/bytes.h"
 #include "jet/data_page.h"
+#include "jet/messages.h"
 #include "jet/table.h"
 #include "jet/usage_map.h"
 
@@ -49,14 +50,17 @@ bool TableScan::NextPage() {
   return true;
 }
 
-std::string TableScan::Shortfall() {
+messages::Message TableScan::Shortfall() {
   const TableDefinition& definition = table_.definition();
   if (definition.type != kUserTable) return {};
   const std::uint32_t counted =
       Load32(table_.pager().Read(definition.page).data() + kDefinitionRowsOffset);
   if (counted <= found_) return {};
-  return table_.path() + ": table " + table_.name() + " should have " + std::to_string(counted) +
-         " rows, but only " + std::to_string(found_) + " were found.";
+  return {message::kRowsMissing,
+          {{"<Path>", table_.path()},
+           {"<Table>", table_.name()},
+           {"<Count>", counted},
+           {"<Found>", found_}}};
 }
 
 struct Scan::State {
@@ -69,7 +73,7 @@ Scan::Scan(Scan&&) noexcept = default;
 Scan::~Scan() = default;
 
 bool Scan::Next(RowBuffer& row) { return state_->scan.Next(row); }
-std::string Scan::Shortfall() { return state_->scan.Shortfall(); }
+messages::Message Scan::Shortfall() { return state_->scan.Shortfall(); }
 
 Scan Table::OpenScan(std::span<const std::size_t> columns) {
   return Scan(std::make_unique<Scan::State>(*state_, columns));

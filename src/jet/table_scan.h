@@ -8,6 +8,7 @@
 
 #include "jet/row_buffer.h"
 #include "jet/table_state.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -20,7 +21,7 @@ class TableScan {
   bool Next(RowBuffer& row);
   // A sentence when fewer rows were read than a user table's definition counts, else empty. To be
   // asked at the end, when nothing was changed meanwhile.
-  std::string Shortfall();
+  messages::Message Shortfall();
 
  private:
   bool HasSlot() const;

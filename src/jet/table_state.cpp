@@ -91,14 +91,13 @@ void TableState::Refresh() {
   generation_ = session_.generation();
 }
 
-std::string TableState::FindReadOnlyReason() const {
+messages::Message TableState::FindReadOnlyReason() const {
   if (!definition_.unknown.empty()) {
-    return "The table has " + definition_.unknown + ", which only Access can maintain.";
+    return {message::kOnlyAccessMaintains, {{"<MessageKind>", definition_.unknown}}};
   }
   for (const Index& index : definition_.indexes) {
     if (index.kind == IndexKind::kRelation) {
-      return "The table takes part in the enforced relation of index " + index.name +
-             ", which only Access checks.";
+      return {message::kEnforcedRelation, {{"<Index>", index.name}}};
     }
   }
   for (std::size_t i = 0; i < definition_.columns.size(); ++i) {
@@ -106,8 +105,7 @@ std::string TableState::FindReadOnlyReason() const {
     const bool text = column.type == ColumnType::kText || column.type == ColumnType::kMemo;
     if (text && IsIndexed(definition_, i) &&
         (column.lcid != kGeneralLegacy || column.collation_version != 0)) {
-      return "The indexed column " + column.name + " is sorted by the rules of language " +
-             std::to_string(column.lcid) + ", whose keys only Access can make.";
+      return {message::kOtherLanguage, {{"<Column>", column.name}, {"<Language>", column.lcid}}};
     }
   }
   return session_.read_only_reason();

@@ -14,6 +14,7 @@
 #include "jet/session.h"
 #include "jet/table_definition.h"
 #include "jet/table_writer.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -40,11 +41,11 @@ class TableState {
   void Refresh();
   // Reads the definition anew, because we changed it.
   void Reload();
-  const std::string& ReadOnlyReason() const { return read_only_reason_; }
+  const messages::Message& ReadOnlyReason() const { return read_only_reason_; }
 
  private:
   void RenewTrees();
-  std::string FindReadOnlyReason() const;
+  messages::Message FindReadOnlyReason() const;
 
   Session& session_;
   std::string name_;
@@ -56,7 +57,7 @@ class TableState {
   std::vector<std::unique_ptr<IndexTree>> trees_;
   std::vector<std::unique_ptr<IndexTree>> retired_trees_;  // of indexes that are gone
   std::vector<std::size_t> all_columns_;
-  std::string read_only_reason_;
+  messages::Message read_only_reason_;
   std::uint64_t generation_ = 0;
 };
 

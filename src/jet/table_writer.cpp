@@ -14,6 +14,17 @@
 #include "jet/value_codec.h"
 
 namespace jet {
+namespace {
+
+constexpr messages::Pattern kTableAndCause{0, "<Table>: <Cause>"};
+constexpr messages::Pattern kColumnAndFault{0, "<Column>: <Fault>."};
+
+messages::Message CannotHold(const Column& column, const messages::Message& fault) {
+  const messages::Message refusal(message::kColumnCannotHold, {{"<Column>", column.name}});
+  return {kColumnAndFault, {{"<Column>", refusal}, {"<Fault>", fault}}};
+}
+
+}  // namespace
 
 TableWriter::TableWriter(TableState& table)
     : table_(table),
@@ -53,15 +64,18 @@ void TableWriter::CheckPlaces() {
   std::sort(maps.begin(), maps.end());
   std::sort(roots.begin(), roots.end());
   if (std::adjacent_find(maps.begin(), maps.end()) != maps.end()) {
-    ThrowDamaged(session_.path(), {definition_.page, -1}, "The usage map is used twice.");
+    ThrowDamaged(session_.path(), {definition_.page, -1}, message::kUsageMapTwice);
   }
   if (std::adjacent_find(roots.begin(), roots.end()) != roots.end()) {
-    ThrowDamaged(session_.path(), {definition_.page, -1}, "Two indexes have the same pages.");
+    ThrowDamaged(session_.path(), {definition_.page, -1}, message::kSamePages);
   }
 }
 
-void TableWriter::Refuse(ErrorKind kind, const std::string& cause, const std::string& remedy) {
-  throw Error(kind, session_.path(), {}, "Table " + table_.name() + ": " + cause, remedy);
+void TableWriter::Refuse(ErrorKind kind, const messages::Message& cause,
+                         const messages::Message& remedy) {
+  const messages::Message table(message::kTable, {{"<Table>", table_.name()}});
+  throw Error(kind, session_.path(), {}, {kTableAndCause, {{"<Table>", table}, {"<Cause>", cause}}},
+              remedy);
 }
 
 // Runs what changes pages. What fails in there leaves a part of the change behind.
@@ -78,16 +92,13 @@ void TableWriter::Apply(Change change) {
 void TableWriter::TakeValues(std::span<const ColumnValue> values) {
   for (const ColumnValue& given : values) {
     if (given.column >= definition_.columns.size()) {
-      Refuse(ErrorKind::kNotFound,
-             "There is no column number " + std::to_string(given.column) + ".",
-             "Look at the columns of the table.");
+      Refuse(ErrorKind::kNotFound, {message::kNoColumnNumber, {{"<Number>", given.column}}},
+             message::kLookAtColumns);
     }
     const Column& column = definition_.columns[given.column];
     Value value = given.value;
-    if (const std::string fault = Conform(column, value); !fault.empty()) {
-      Refuse(ErrorKind::kInvalid,
-             "Column " + column.name + " cannot hold the value: " + fault + ".",
-             "Give another value.");
+    if (const messages::Message fault = Conform(column, value); !fault.empty()) {
+      Refuse(ErrorKind::kInvalid, CannotHold(column, fault), message::kGiveOtherValue);
     }
     values_[given.column] = value;
     given_[given.column] = true;
@@ -142,8 +153,7 @@ std::int32_t TableWriter::GiveAutoNumber() {
   const PageRef page = table_.pager().Read(definition_.page);
   const auto last = static_cast<std::int32_t>(Load32(page.data() + kDefinitionAutoNumberOffset));
   if (last == std::numeric_limits<std::int32_t>::max()) {
-    Refuse(ErrorKind::kTooLarge, "All AutoNumber values have been given out.",
-           "Copy the rows into a new table.");
+    Refuse(ErrorKind::kTooLarge, message::kAutoNumbersUsedUp, message::kCopyRows);
   }
   values_[column] = Value::Integer(last + 1);
   return last + 1;
@@ -183,16 +193,16 @@ void TableWriter::CheckKey(std::size_t index, const IndexKey& key) {
         return logical.physical == index && logical.kind == IndexKind::kPrimaryKey;
       });
   if (key.any_null && (physical.required || primary)) {
-    Refuse(ErrorKind::kRequired, "Index " + name() + " needs a value in each of its columns.",
-           "Give the missing value.");
+    Refuse(ErrorKind::kRequired, {message::kIndexNeedsValue, {{"<Index>", name()}}},
+           message::kGiveMissingValue);
   }
   if (key.bytes.size() > kMaxIndexKey) {
-    Refuse(ErrorKind::kInvalid, "The value is too long for index " + name() + ".",
-           "Give a shorter value.");
+    Refuse(ErrorKind::kInvalid, {message::kTooLongForIndex, {{"<Index>", name()}}},
+           message::kGiveShorterValue);
   }
   if (key.MustBeUnique(physical) && table_.tree(index).Contains(key.bytes)) {
-    Refuse(ErrorKind::kDuplicate, "Index " + name() + " holds this value already.",
-           "Give another value; case and trailing blanks do not count.");
+    Refuse(ErrorKind::kDuplicate, {message::kDuplicate, {{"<Index>", name()}}},
+           message::kGiveDistinctValue);
   }
 }
 
@@ -214,10 +224,9 @@ void TableWriter::EncodeCell(std::size_t position, const Value& value) {
   if (column.type != ColumnType::kBoolean && !value.is_null()) {
     if (column.IsLongValue()) {
       EncodeLongValue(position, value);
-    } else if (const std::string fault = EncodeValue(column, value, scratch_); !fault.empty()) {
-      Refuse(ErrorKind::kInvalid,
-             "Column " + column.name + " cannot hold the value: " + fault + ".",
-             "Shorten or change the value.");
+    } else if (const messages::Message fault = EncodeValue(column, value, scratch_);
+               !fault.empty()) {
+      Refuse(ErrorKind::kInvalid, CannotHold(column, fault), message::kShortenOrChange);
     }
   }
   cell_bytes_[position] = {begin, scratch_.size() - begin};
@@ -230,17 +239,16 @@ void TableWriter::EncodeLongValue(std::size_t position, const Value& value) {
   if (value.kind() == ValueKind::kText) {
     const bool is_short = Utf16Length(value.text()) * 2 <= kMostInline;
     if (!AppendStoredText(value.text(), is_short, pending_bytes_)) {
-      Refuse(ErrorKind::kInvalid,
-             "Column " + column.name + " cannot hold a text that begins with a byte order mark.",
-             "Remove the first character.");
+      Refuse(ErrorKind::kInvalid, {message::kByteOrderMarkInColumn, {{"<Column>", column.name}}},
+             message::kRemoveFirstCharacter);
     }
   } else {
     pending_bytes_.insert(pending_bytes_.end(), value.bytes().begin(), value.bytes().end());
   }
   const std::size_t size = pending_bytes_.size() - begin;
   if (size > kLongValueLengthMask) {
-    Refuse(ErrorKind::kInvalid, "The value of column " + column.name + " is longer than 1 GiB.",
-           "Shorten the value.");
+    Refuse(ErrorKind::kInvalid, {message::kValueTooLong, {{"<Column>", column.name}}},
+           message::kShortenValue);
   }
   if (size <= kMostInline) {
     AppendInline({pending_bytes_.data() + begin, size}, scratch_);
@@ -264,9 +272,8 @@ std::span<const std::byte> TableWriter::WriteRow(std::span<const std::byte> fixe
   const std::span<const std::byte> row = rows_.Write(cells_, fixed_area, min_size);
   if (row.size() > kMaxRowSize) {
     Refuse(ErrorKind::kInvalid,
-           "The row has " + std::to_string(row.size()) + " bytes; the format allows " +
-               std::to_string(kMaxRowSize) + ".",
-           "Shorten its texts.");
+           {message::kRowTooLong, {{"<Count>", row.size()}, {"<Limit>", kMaxRowSize}}},
+           message::kShortenTexts);
   }
   return row;
 }
@@ -288,13 +295,13 @@ LongValueStore& TableWriter::StoreFor(std::size_t column) {
     if (definition_.long_values[i].column == column) return long_stores_[i];
   }
   ThrowDamaged(session_.path(), {definition_.page, -1},
-               "Column " + definition_.columns[column].name + " has no map for its long values.");
+               {message::kNoLongValueMap, {{"<Column>", definition_.columns[column].name}}});
 }
 
 StoredRow TableWriter::FindRow(RowId id) {
   auto stored = table_.reader().Find(id);
   if (!stored) {
-    Refuse(ErrorKind::kNotFound, "The row is no longer there.", "Read the rows again.");
+    Refuse(ErrorKind::kNotFound, message::kRowGone, message::kReadRowsAgain);
   }
   return std::move(*stored);
 }
@@ -312,7 +319,7 @@ void TableWriter::KeepCell(std::size_t position, const RowView& view) {
   const auto bytes = view.Bytes(column);
   if (!bytes) {
     ThrowDamaged(session_.path(), {definition_.page, -1},
-                 "Column " + column.name + " lies outside a row of the table.");
+                 {message::kColumnOutsideRowOfTable, {{"<Column>", column.name}}});
   }
   cells_[position].bytes = *bytes;
 }
@@ -328,8 +335,7 @@ void TableWriter::Update(RowId id, std::span<const ColumnValue> values) {
   }
   const auto number = static_cast<std::size_t>(auto_number_);
   if (auto_number_ >= 0 && given_[number] && values_[number] != old_values_[number]) {
-    Refuse(ErrorKind::kInvalid, "The AutoNumber of a row cannot be changed.",
-           "Insert a new row instead.");
+    Refuse(ErrorKind::kInvalid, message::kAutoNumberStays, message::kInsertInstead);
   }
   std::vector<bool> changed(keys_.size());
   for (std::size_t i = 0; i < keys_.size(); ++i) {
@@ -379,7 +385,7 @@ void TableWriter::Update(RowId id, std::span<const ColumnValue> values) {
 void TableWriter::EraseOldKey(std::size_t index, RowId id) {
   if (table_.tree(index).Erase(old_keys_[index].bytes, id)) return;
   ThrowDamaged(session_.path(), {id.page, id.slot},
-               "An index of table " + table_.name() + " has no entry of this row.");
+               {message::kRowWithoutEntry, {{"<Table>", table_.name()}}});
 }
 
 void TableWriter::Delete(RowId id) {

@@ -72,7 +72,8 @@ class TableWriter {
   LongValueStore& StoreFor(std::size_t column);
   template <class Change>
   void Apply(Change change);
-  [[noreturn]] void Refuse(ErrorKind kind, const std::string& cause, const std::string& remedy);
+  [[noreturn]] void Refuse(ErrorKind kind, const messages::Message& cause,
+                           const messages::Message& remedy);
 
   TableState& table_;
   Session& session_;

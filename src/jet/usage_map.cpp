@@ -40,7 +40,7 @@ std::optional<std::size_t> FindBit(std::span<const std::byte> bits, std::size_t 
 PageRef ReadBitmapPage(Pager& pager, PageNumber page) {
   PageRef bitmap = pager.Read(page);
   if (Load8(bitmap.data()) != static_cast<std::uint8_t>(PageType::kUsageBitmap)) {
-    ThrowDamaged(pager.path(), {page, -1}, "A usage map names this page, which is no bitmap.");
+    ThrowDamaged(pager.path(), {page, -1}, message::kNoBitmap);
   }
   return bitmap;
 }
@@ -57,7 +57,7 @@ MapRecord::MapRecord(Pager& pager, RowId record, std::uint32_t owner)
   const bool sound = row_.size() >= kMapHead &&
                      (Load8(row_.data()) == kInlineMap || Load8(row_.data()) == kReferenceMap);
   if (!sound) {
-    ThrowDamaged(pager.path(), {record.page, record.slot}, "The usage map is of no known kind.");
+    ThrowDamaged(pager.path(), {record.page, record.slot}, message::kUsageMapKind);
   }
 }
 
@@ -147,8 +147,7 @@ void UsageMap::ConvertToReferences() {
 }
 
 void UsageMap::ThrowTooShort() const {
-  ThrowDamaged(pager_.path(), {record_.page, record_.slot},
-               "The usage map is too short for the pages of this file.");
+  ThrowDamaged(pager_.path(), {record_.page, record_.slot}, message::kUsageMapTooShort);
 }
 
 void UsageMap::SetReferenced(PageNumber page, bool member) {

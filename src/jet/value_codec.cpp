@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "jet/bytes.h"
+#include "jet/messages.h"
 #include "jet/row_codec.h"
 #include "jet/text_codec.h"
 
@@ -98,11 +99,11 @@ void AppendLittle(std::uint64_t v, std::size_t size, std::vector<std::byte>& out
   for (std::size_t i = 0; i < size; ++i) out.push_back(static_cast<std::byte>(v >> (8 * i)));
 }
 
-std::string EncodeText(const Column& column, std::string_view text, std::vector<std::byte>& out) {
+messages::Message EncodeText(const Column& column, std::string_view text,
+                             std::vector<std::byte>& out) {
   const std::size_t units = Utf16Length(text);
   if (units * 2 > column.length) {
-    return "the text has " + std::to_string(units) + " characters, the column holds " +
-           std::to_string(column.length / 2);
+    return {message::kTextTooLong, {{"<Count>", units}, {"<Limit>", column.length / 2}}};
   }
   if (column.fixed) {
     const std::size_t start = out.size();
@@ -112,7 +113,7 @@ std::string EncodeText(const Column& column, std::string_view text, std::vector<
     return {};
   }
   if (!AppendStoredText(text, column.compressed, out)) {
-    return "a text that begins with a byte order mark cannot hold this character";
+    return message::kByteOrderMarkInText;
   }
   return {};
 }
@@ -178,30 +179,31 @@ bool DecodeAnyValue(const Column& column, std::span<const std::byte> stored, Are
   }
 }
 
-std::string Conform(const Column& column, Value& value) {
+messages::Message Conform(const Column& column, Value& value) {
   if (value.is_null()) {
     if (column.type == ColumnType::kBoolean) value = Value::Boolean(false);
     return {};
   }
   if (value.kind() == ValueKind::kInteger) Widen(column.type, value);
-  if (value.kind() != KindOf(column.type)) return "the value is of another type";
+  if (value.kind() != KindOf(column.type)) return message::kOtherType;
   if (const auto range = RangeOfType(column.type)) {
     if (value.integer() < range->least || value.integer() > range->most) {
-      return std::to_string(value.integer()) + " is outside " + std::to_string(range->least) +
-             " to " + std::to_string(range->most);
+      return {message::kOutOfRange,
+              {{"<Value>", value.integer()}, {"<Least>", range->least}, {"<Most>", range->most}}};
     }
   }
   if (column.type == ColumnType::kSingle) {
     if (std::isfinite(value.real()) &&
         std::abs(value.real()) > static_cast<double>(std::numeric_limits<float>::max())) {
-      return "the number is too large for a single";
+      return message::kTooLargeForSingle;
     }
     value = Value::Real(static_cast<double>(static_cast<float>(value.real())));
   }
   return {};
 }
 
-std::string EncodeValue(const Column& column, const Value& value, std::vector<std::byte>& out) {
+messages::Message EncodeValue(const Column& column, const Value& value,
+                              std::vector<std::byte>& out) {
   switch (value.kind()) {
     case ValueKind::kInteger:
       AppendLittle(static_cast<std::uint64_t>(value.integer()), FixedSize(column), out);
@@ -225,8 +227,7 @@ std::string EncodeValue(const Column& column, const Value& value, std::vector<st
   }
   const std::span<const std::byte> bytes = value.bytes();
   if (value.kind() == ValueKind::kBinary && bytes.size() > column.length) {
-    return "the value has " + std::to_string(bytes.size()) + " bytes, the column holds " +
-           std::to_string(column.length);
+    return {message::kTooManyBytes, {{"<Count>", bytes.size()}, {"<Limit>", column.length}}};
   }
   out.insert(out.end(), bytes.begin(), bytes.end());
   if (column.fixed) out.resize(out.size() + FixedSize(column) - bytes.size());

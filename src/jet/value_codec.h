@@ -12,6 +12,7 @@
 #include "jet/schema.h"
 #include "jet/text_codec.h"
 #include "jet/value.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -25,12 +26,13 @@ bool DecodeAnyValue(const Column& column, std::span<const std::byte> stored, Are
 
 // The value in the kind that the column reads back: an integer given for a real column becomes a
 // real, a real for a single column loses what a single cannot hold. Returns why the column cannot
-// hold the value, or an empty text.
-std::string Conform(const Column& column, Value& value);
+// hold the value, or an empty message.
+messages::Message Conform(const Column& column, Value& value);
 
 // Appends the stored bytes of a conforming value that is neither Null nor Yes/No nor a long value.
-// Returns why the column cannot hold it, or an empty text.
-std::string EncodeValue(const Column& column, const Value& value, std::vector<std::byte>& out);
+// Returns why the column cannot hold it, or an empty message.
+messages::Message EncodeValue(const Column& column, const Value& value,
+                              std::vector<std::byte>& out);
 
 inline bool DecodeValue(const Column& column, std::span<const std::byte> stored, Arena& arena,
                         Value& value) {

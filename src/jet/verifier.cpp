@@ -19,9 +19,10 @@ namespace {
 constexpr std::size_t kMostFindings = 5000;
 constexpr std::uint64_t kProgressStep = 256;
 constexpr std::uint16_t kGeneralLegacy = 0x0409;
+constexpr messages::Pattern kPlaceAndFault{0, "<Place>: <Fault>"};
 
-std::string RowName(RowId id) {
-  return "page " + std::to_string(id.page) + ", row " + std::to_string(id.slot);
+messages::Message RowName(RowId id) {
+  return {message::kPageRow, {{"<Page>", id.page}, {"<Row>", id.slot}}};
 }
 
 }  // namespace
@@ -45,6 +46,7 @@ struct Verifier::TableWalk {
   RowBuffer row;
   IndexKey key;
   std::vector<Value> values;
+  std::vector<Use> long_values;  // by column: the use of the pages of its long values
 };
 
 Verifier::Verifier(Session& session, Catalog& catalog, Progress progress)
@@ -55,7 +57,7 @@ Verifier::Verifier(Session& session, Catalog& catalog, Progress progress)
       uses_(1),
       use_of_page_(pager_.page_count()) {}
 
-void Verifier::Report(Place place, const std::string& text) {
+void Verifier::Report(Place place, const messages::Message& text) {
   if (result_.findings.size() < kMostFindings) result_.findings.push_back({place, table_, text});
 }
 
@@ -70,30 +72,34 @@ bool Verifier::Try(Step step) {
   }
 }
 
-void Verifier::Reach(PageNumber page, const std::string& use) {
+Verifier::Use Verifier::UseOf(const messages::Message& name) {
+  Use& use = use_numbers_[name.English()];
+  if (use == 0) {
+    use = static_cast<Use>(uses_.size());
+    uses_.push_back(name);
+  }
+  return use;
+}
+
+void Verifier::Reach(PageNumber page, Use use) {
   if (page >= use_of_page_.size()) {
-    Report({page, -1}, "The file ends before this page, which is used for " + use + ".");
+    Report({page, -1}, {message::kUsedBeyondFile, {{"<MessageUse>", uses_[use]}}});
     return;
   }
-  std::uint32_t& id = ids_[use];
-  if (id == 0) {
-    id = static_cast<std::uint32_t>(uses_.size());
-    uses_.push_back(use);
-  }
-  if (use_of_page_[page] != 0) {
+  if (const Use other = use_of_page_[page]; other != 0) {
     Report({page, -1},
-           "The page is used twice: for " + uses_[use_of_page_[page]] + " and for " + use + ".");
+           {message::kUsedTwice, {{"<MessageUse>", uses_[other]}, {"<MessageOther>", uses_[use]}}});
     return;
   }
-  use_of_page_[page] = id;
+  use_of_page_[page] = use;
   if (progress_ && ++reached_ % kProgressStep == 0) progress_(reached_, use_of_page_.size());
 }
 
 VerifyResult Verifier::Run() {
   const ReadHold hold(session_);
   result_.pages = pager_.page_count();
-  Reach(0, "the header");
-  Reach(1, "the map of free pages");
+  Reach(0, UseOf(message::kHeader));
+  Reach(1, UseOf(message::kFreePageMap));
   std::vector<CatalogEntry> tables;
   Try([&] {
     TableScan scan(catalog_.table(), catalog_.columns());
@@ -118,26 +124,27 @@ VerifyResult Verifier::Run() {
 
 void Verifier::VerifyTable(const CatalogEntry& entry) {
   ++result_.tables;
-  const std::string prefix = entry.name;
+  const messages::Message name = messages::Message::Verbatim(entry.name);
   TableWalk walk(session_, entry);
   const TableDefinition& definition = walk.definition();
-  for (const PageNumber page : definition.pages) Reach(page, prefix + ", definition");
-  ReachMap(definition.owned_map, prefix);
-  ReachMap(definition.free_map, prefix);
+  const Use own = UseOf({message::kUseDefinition, {{"<Table>", entry.name}}});
+  for (const PageNumber page : definition.pages) Reach(page, own);
+  ReachMap(definition.owned_map, name);
+  ReachMap(definition.free_map, name);
   for (std::size_t i = 0; i < definition.physical.size(); ++i) {
     const PhysicalIndex& index = definition.physical[i];
     ++result_.indexes;
-    ReachMap(index.usage_map, prefix);
+    ReachMap(index.usage_map, name);
     walk.key_known.push_back(
         std::none_of(index.columns.begin(), index.columns.end(), [&](const IndexColumn& part) {
           const Column& column = definition.columns[part.column];
           const bool text = column.type == ColumnType::kText || column.type == ColumnType::kMemo;
           return text && (column.lcid != kGeneralLegacy || column.collation_version != 0);
         }));
-    const std::string use = prefix + ", index " + std::to_string(i);
+    const Use use = UseOf({message::kUseIndex, {{"<Table>", entry.name}, {"<Index>", i}}});
     walk.checkers.push_back(std::make_unique<IndexChecker>(
         pager_, IndexTree::Location{definition.page, index.root, index.usage_map}, index.unique,
-        index.columns.size(), [this](PageNumber page, const std::string& text) {
+        index.columns.size(), [this](PageNumber page, const messages::Message& text) {
           Report({page, -1}, text);
         }));
     Try([&] {
@@ -145,7 +152,7 @@ void Verifier::VerifyTable(const CatalogEntry& entry) {
       walk.checkers[i]->Walk([&](PageNumber page) {
         Reach(page, use);
         if (!pages.Contains(page)) {
-          Report({page, -1}, "An index uses a page that its map does not name.");
+          Report({page, -1}, message::kIndexPageNotInMap);
         }
       });
     });
@@ -174,22 +181,21 @@ void Verifier::VerifyTable(const CatalogEntry& entry) {
 }
 
 // The page of a map record holds records of many tables; each record is used once.
-void Verifier::ReachMap(RowId record, const std::string& use) {
+void Verifier::ReachMap(RowId record, const messages::Message& user) {
   if (record == RowId{}) return;
   if (!map_records_.insert(record).second) {
-    Report({record.page, record.slot}, "The usage map is used twice.");
+    Report({record.page, record.slot}, message::kUsageMapTwice);
     return;
   }
   Try([&] {
     const MapRecord map(pager_, record, 0);
-    const std::string pages = "usage maps";
-    if (use_of_page_[record.page] == 0 || uses_[use_of_page_[record.page]] != pages) {
-      Reach(record.page, pages);
-    }
+    const Use maps = UseOf(message::kUsageMaps);
+    if (use_of_page_[record.page] != maps) Reach(record.page, maps);
     if (map.is_inline()) return;
+    const Use use = UseOf({message::kUseUsageMap, {{"<MessageUse>", user}}});
     for (std::size_t i = 0; i < map.reference_count(); ++i) {
       const PageNumber bitmap = map.reference(i);
-      if (bitmap != 0 && bitmap < pager_.page_count()) Reach(bitmap, use + ", usage map");
+      if (bitmap != 0 && bitmap < pager_.page_count()) Reach(bitmap, use);
     }
   });
 }
@@ -205,11 +211,16 @@ std::vector<PageNumber> Verifier::Members(RowId record) {
 
 void Verifier::ReachLongValuePages(TableWalk& walk) {
   const TableDefinition& definition = walk.definition();
+  for (const Column& column : definition.columns) {
+    Use& use = walk.long_values.emplace_back(0);
+    if (!column.IsLongValue()) continue;
+    use = UseOf(
+        {message::kUseLongValues, {{"<Table>", walk.state.name()}, {"<Column>", column.name}}});
+  }
   for (const LongValueMaps& maps : definition.long_values) {
-    const std::string use =
-        walk.state.name() + ", long values of " + definition.columns[maps.column].name;
-    ReachMap(maps.owned, use);
-    ReachMap(maps.free, use);
+    const Use use = walk.long_values[maps.column];
+    ReachMap(maps.owned, uses_[use]);
+    ReachMap(maps.free, uses_[use]);
     for (const PageNumber number : Members(maps.owned)) {
       Reach(number, use);
       Try([&] { CheckDataPage(pager_, pager_.Read(number), kLongValueOwner); });
@@ -218,9 +229,10 @@ void Verifier::ReachLongValuePages(TableWalk& walk) {
 }
 
 void Verifier::WalkRows(TableWalk& walk) {
+  const Use use = UseOf({message::kUseRows, {{"<Table>", walk.state.name()}}});
   for (const PageNumber number : Members(walk.definition().owned_map)) {
     walk.pages.insert(number);
-    Reach(number, walk.state.name() + ", rows");
+    Reach(number, use);
     Try([&] { WalkPage(walk, number); });
   }
   result_.rows += walk.rows;
@@ -230,7 +242,7 @@ void Verifier::WalkPage(TableWalk& walk, PageNumber number) {
   const PageRef page = pager_.Read(number);
   CheckDataPage(pager_, page, walk.definition().page);
   if (StatedFreeBytes(page.data()) != FreeBytes(page.data())) {
-    Report({number, -1}, "The page states a wrong number of free bytes.");
+    Report({number, -1}, message::kWrongFreeBytes);
   }
   for (std::size_t i = 0; i < SlotCount(page.data()); ++i) {
     const RowId id{number, static_cast<std::uint8_t>(i)};
@@ -247,7 +259,8 @@ void Verifier::VerifyRow(TableWalk& walk, RowId id, const PageRef& page) {
   try {
     const StoredRow stored = walk.state.reader().At(page, id.slot);
     if (stored.place != id && !walk.references.insert(stored.place).second) {
-      Report({id.page, id.slot}, "Two rows moved to " + RowName(stored.place) + ".");
+      Report({id.page, id.slot},
+             {message::kMovedTwice, {{"<MessagePlace>", RowName(stored.place)}}});
     }
     walk.state.reader().Decode(id, stored, walk.state.all_columns(), walk.row);
     VerifyLongValues(walk, id, stored);
@@ -261,19 +274,20 @@ void Verifier::VerifyRow(TableWalk& walk, RowId id, const PageRef& page) {
 void Verifier::VerifyLongValues(TableWalk& walk, RowId id, const StoredRow& stored) {
   RowView view;
   view.Parse(stored.bytes);
-  for (const Column& column : walk.definition().columns) {
+  const std::vector<Column>& columns = walk.definition().columns;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Column& column = columns[i];
     if (!column.IsLongValue() || !view.HasValue(column)) continue;
     ++result_.long_values;
-    const std::string use = walk.state.name() + ", long values of " + column.name;
     const Place place{id.page, id.slot};
     ForEachLongValueRecord(pager_, place, *view.Bytes(column), [&](RowId record) {
       if (!long_records_.insert(record).second) {
-        Report(place, "The long value of column " + column.name + " uses " + RowName(record) +
-                          ", which another value uses too.");
+        Report(place, {message::kLongValueShared,
+                       {{"<Column>", column.name}, {"<MessagePlace>", RowName(record)}}});
       }
-      if (uses_[use_of_page_[record.page]] != use) {
-        Report(place, "The long value of column " + column.name + " lies on page " +
-                          std::to_string(record.page) + ", which the column does not own.");
+      if (use_of_page_[record.page] != walk.long_values[i]) {
+        Report(place, {message::kLongValueForeignPage,
+                       {{"<Column>", column.name}, {"<Page>", record.page}}});
       }
     });
   }
@@ -307,7 +321,7 @@ void Verifier::ExpectEntries(TableWalk& walk, RowId id, const RowBuffer& row) {
 void Verifier::CheckTargets(TableWalk& walk) {
   for (const RowId target : walk.targets) {
     if (walk.references.count(target) == 0) {
-      Report({target.page, target.slot}, "The data of a moved row, which no row refers to.");
+      Report({target.page, target.slot}, message::kMovedDataUnused);
     }
   }
 }
@@ -315,7 +329,7 @@ void Verifier::CheckTargets(TableWalk& walk) {
 void Verifier::CheckFreeMap(TableWalk& walk) {
   for (const PageNumber page : Members(walk.definition().free_map)) {
     if (walk.pages.count(page) == 0) {
-      Report({page, -1}, "The map of pages with free space names a page the table does not own.");
+      Report({page, -1}, message::kFreeSpaceForeignPage);
     }
   }
 }
@@ -325,15 +339,13 @@ void Verifier::CheckCounters(TableWalk& walk) {
   const PageRef page = pager_.Read(walk.definition().page);
   const std::uint32_t counted = Load32(page.data() + kDefinitionRowsOffset);
   if (walk.user && counted != walk.rows) {
-    Report({walk.definition().page, -1}, "The definition counts " + std::to_string(counted) +
-                                             " rows, but there are " + std::to_string(walk.rows) +
-                                             ".");
+    Report({walk.definition().page, -1},
+           {message::kRowCount, {{"<Count>", counted}, {"<Found>", walk.rows}}});
   }
   const auto last = static_cast<std::int32_t>(Load32(page.data() + kDefinitionAutoNumberOffset));
   if (walk.largest_number > last) {
-    Report({walk.definition().page, -1}, "The last AutoNumber is " + std::to_string(last) +
-                                             ", but a row has " +
-                                             std::to_string(walk.largest_number) + ".");
+    Report({walk.definition().page, -1},
+           {message::kLastAutoNumber, {{"<Last>", last}, {"<Found>", walk.largest_number}}});
   }
 }
 
@@ -342,19 +354,31 @@ void Verifier::CheckFreePages() {
   if (!map.is_inline()) {
     for (std::size_t i = 0; i < map.reference_count(); ++i) {
       const PageNumber bitmap = map.reference(i);
-      if (bitmap != 0 && bitmap < pager_.page_count()) Reach(bitmap, "the map of free pages");
+      if (bitmap != 0 && bitmap < pager_.page_count()) Reach(bitmap, UseOf(message::kFreePageMap));
     }
   }
   const FreePageMap free(pager_);
   for (PageNumber page = 0; page < pager_.page_count(); ++page) {
     const bool is_free = free.IsFree(page);
     if (is_free && use_of_page_[page] != 0) {
-      Report({page, -1},
-             "The page is marked free, but used for " + uses_[use_of_page_[page]] + ".");
+      Report({page, -1}, {message::kFreeButUsed, {{"<MessageUse>", uses_[use_of_page_[page]]}}});
     }
     if (is_free) ++result_.free_pages;
     if (!is_free && use_of_page_[page] == 0) ++result_.leaked_pages;
   }
+}
+
+messages::Message Describe(const Finding& finding) {
+  messages::Message text = finding.text;
+  const Place place = finding.place;
+  if (place.page != kNoPage) {
+    const messages::Message where =
+        place.row < 0 ? messages::Message(message::kPage, {{"<Page>", place.page}})
+                      : RowName({place.page, static_cast<std::uint8_t>(place.row)});
+    text = {kPlaceAndFault, {{"<Place>", where}, {"<Fault>", text}}};
+  }
+  if (finding.table.empty()) return text;
+  return {kPlaceAndFault, {{"<Place>", finding.table}, {"<Fault>", text}}};
 }
 
 }  // namespace jet

@@ -14,6 +14,7 @@
 #include "jet/index_key.h"
 #include "jet/session.h"
 #include "jet/table_state.h"
+#include "messages/message.h"
 
 namespace jet {
 
@@ -27,9 +28,10 @@ class Verifier {
 
  private:
   struct TableWalk;
+  using Use = std::uint32_t;  // position in uses_
 
   void VerifyTable(const CatalogEntry& entry);
-  void ReachMap(RowId record, const std::string& use);
+  void ReachMap(RowId record, const messages::Message& user);
   std::vector<PageNumber> Members(RowId record);
   void WalkRows(TableWalk& walk);
   void WalkPage(TableWalk& walk, PageNumber number);
@@ -41,9 +43,11 @@ class Verifier {
   void CheckTargets(TableWalk& walk);
   void CheckCounters(TableWalk& walk);
   void CheckFreePages();
+  // The number of a use of pages; uses of the same name are one.
+  Use UseOf(const messages::Message& name);
   // Notes that a page is in use; a page must be used once.
-  void Reach(PageNumber page, const std::string& use);
-  void Report(Place place, const std::string& text);
+  void Reach(PageNumber page, Use use);
+  void Report(Place place, const messages::Message& text);
   // Runs a step; what it raises about the file becomes a finding.
   template <class Step>
   bool Try(Step step);
@@ -53,10 +57,10 @@ class Verifier {
   Catalog& catalog_;
   Progress progress_;
   VerifyResult result_;
-  std::string table_;                         // the table that is being walked
-  std::vector<std::string> uses_;             // what pages are used for
-  std::map<std::string, std::uint32_t> ids_;  // positions in uses_
-  std::vector<std::uint32_t> use_of_page_;    // 0: not reached
+  std::string table_;                    // the table that is being walked
+  std::vector<messages::Message> uses_;  // what pages are used for
+  std::map<std::string, Use> use_numbers_;
+  std::vector<Use> use_of_page_;  // 0: not reached
   std::uint64_t reached_ = 0;
   std::set<RowId> map_records_;
   std::set<RowId> long_records_;

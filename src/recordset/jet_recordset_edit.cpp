@@ -53,8 +53,8 @@ void JetRecordset::CheckUpdatable() const {
   if (query_->tables().size() > 1) {
     Refuse(platform::kErrFeatureNotAvailable, message::kJoinedRows);
   }
-  const std::string reason = OnlyTable().ReadOnlyReason();
-  if (!reason.empty()) Refuse(platform::kErrPermissionDenied, messages::Message::Verbatim(reason));
+  const messages::Message reason = OnlyTable().ReadOnlyReason();
+  if (!reason.empty()) Refuse(platform::kErrPermissionDenied, reason);
 }
 
 void JetRecordset::AddNew(const std::vector<std::string>& fields,

@@ -15,36 +15,38 @@ using platform::ErrorKind;
 constexpr std::int32_t kNativeDuplicate = 3022;  // the engine's own number for a duplicate key
 
 platform::Error FromEngine(const jet::Error& error) {
+  const messages::Message& message = error.message();
   switch (error.kind()) {
     case jet::ErrorKind::kDuplicate:
-      return {ErrorKind::kRefused, platform::kErrErrorsOccurred, error.what()};
+      return {ErrorKind::kRefused, platform::kErrErrorsOccurred, message};
     case jet::ErrorKind::kRequired:
-      return {ErrorKind::kRefused, platform::kErrNullNotAllowed, error.what()};
+      return {ErrorKind::kRefused, platform::kErrNullNotAllowed, message};
     case jet::ErrorKind::kInvalid:
-      return {ErrorKind::kRefused, platform::kErrDataOverflow, error.what()};
+      return {ErrorKind::kRefused, platform::kErrDataOverflow, message};
     case jet::ErrorKind::kExists:
-      return {ErrorKind::kRefused, platform::kErrObjectExists, error.what()};
+      return {ErrorKind::kRefused, platform::kErrObjectExists, message};
     case jet::ErrorKind::kNotFound:
-      return {ErrorKind::kNotFound, platform::kErrItemNotFound, error.what()};
+      return {ErrorKind::kNotFound, platform::kErrItemNotFound, message};
     case jet::ErrorKind::kConflict:
-      return {ErrorKind::kConflict, platform::kErrWriteConflict, error.what()};
+      return {ErrorKind::kConflict, platform::kErrWriteConflict, message};
     case jet::ErrorKind::kReadOnly:
-      return {ErrorKind::kRefused, platform::kErrPermissionDenied, error.what()};
+      return {ErrorKind::kRefused, platform::kErrPermissionDenied, message};
     default:
-      return {ErrorKind::kIo, platform::kErrUnspecified, error.what()};
+      return {ErrorKind::kIo, platform::kErrUnspecified, message};
   }
 }
 
 platform::Error FromFiles(const files::Error& error) {
+  const messages::Message message = messages::MessageOf(error);
   switch (error.kind()) {
     case files::ErrorKind::kConflict:
-      return {ErrorKind::kConflict, platform::kErrWriteConflict, error.what()};
+      return {ErrorKind::kConflict, platform::kErrWriteConflict, message};
     case files::ErrorKind::kReadOnly:
-      return {ErrorKind::kIo, platform::kErrPermissionDenied, error.what()};
+      return {ErrorKind::kIo, platform::kErrPermissionDenied, message};
     case files::ErrorKind::kExists:
-      return {ErrorKind::kRefused, platform::kErrObjectExists, error.what()};
+      return {ErrorKind::kRefused, platform::kErrObjectExists, message};
     default:
-      return {ErrorKind::kIo, platform::kErrUnspecified, error.what()};
+      return {ErrorKind::kIo, platform::kErrUnspecified, message};
   }
 }
 
@@ -90,7 +92,7 @@ void Session::Rethrow() {
   } catch (const files::Error& error) {
     raise(FromFiles(error));
   } catch (const std::exception& error) {
-    raise({ErrorKind::kInternal, platform::kErrUnspecified, error.what()});
+    raise({ErrorKind::kInternal, platform::kErrUnspecified, messages::MessageOf(error)});
   }
   std::terminate();
 }

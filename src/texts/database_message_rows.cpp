@@ -49,6 +49,7 @@ std::span<const Row> DatabaseMessageRows() {
       {2225, "Eine Datenbank kann nicht heißen wie eine Sperrdatei.",
        "A database cannot have the name of a lock file."},
       {2226, "Wählen Sie eine andere Endung als .ldb.", "Choose another extension than .ldb."},
+      {2227, "Stellen Sie sie aus einer Sicherung wieder her.", "Restore it from a backup."},
       // Use by several programs.
       {2230, "Die Datenbank wurde nur zum Lesen geöffnet.",
        "The database was opened for reading only."},
@@ -57,9 +58,9 @@ std::span<const Row> DatabaseMessageRows() {
       {2232, "Ein anderes Programm hat die Datenbank auf <MessageComputer> geöffnet.",
        "Another program has the database open on <MessageComputer>."},
       {2233, "einem unbekannten Rechner", "unknown computer"},
-      {2234, "einem unbekannten Rechner (<Account>)", "unknown computer (<Account>)"},
       {2235, "Schließen Sie die Datenbank dort, und versuchen Sie es noch einmal.",
        "Close the database there and try again."},
+      {2236, "Es wurde nichts geändert.", "Nothing was changed."},
       {2237, "Ein anderes Programm wird mit dem Schreiben nicht fertig.",
        "Another program does not finish writing."},
       {2238,

@@ -43,7 +43,7 @@ class SoleUser {
   SoleUser(files::FileSystem& system, const std::string& path) {
     if (!system.Exists(path)) return;
     file_ = system.Open(path, files::OpenMode::kReadWrite);
-    const std::string foreign = jet::FindForeignUser(system, path, *file_);
+    const std::string foreign = jet::FindForeignUser(system, path, *file_).English();
     if (!foreign.empty()) Refuse(path, "another program has it open on " + foreign);
     if (file_->IsLockedByOthers(jet::kOwnUserBase + 1, jet::kMostUsers)) {
       Refuse(path, "it is open in another window");

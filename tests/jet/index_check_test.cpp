@@ -110,8 +110,9 @@ TEST(IndexCheck, ComparesEntriesWithRows) {
     Fill(file);
     row.change(file.tree());
     std::string text;
-    IndexChecker checker(file.pager(), file.location(), false, 1,
-                         [&](PageNumber, const std::string& fault) { text += fault + "\n"; });
+    IndexChecker checker(
+        file.pager(), file.location(), false, 1,
+        [&](PageNumber, const messages::Message& fault) { text += fault.English() + "\n"; });
     checker.Walk([](PageNumber) {});
     for (int i = 0; i < kRowCount; ++i) checker.ExpectEntry(Key(i), Row(i));
     checker.Finish([](RowId id) -> std::optional<Bytes> {

@@ -28,7 +28,7 @@ TEST(IndexSamples, EveryPageHasTheFormOfItsEntries) {
       const TableDefinition table = ReadTableDefinition(pager, info.definition_page);
       for (const PhysicalIndex& index : table.physical) {
         IndexChecker checker(pager, {table.page, index.root, index.usage_map}, index.unique,
-                             index.columns.size(), [](PageNumber, const std::string&) {});
+                             index.columns.size(), [](PageNumber, const messages::Message&) {});
         checker.Walk([&](PageNumber number) {
           const PageRef page = pager.Read(number);
           const IndexPage view(page.data());

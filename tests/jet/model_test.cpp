@@ -184,7 +184,7 @@ class Model {
     const VerifyResult result = database_->Verify();
     for (const Finding& finding : result.findings) {
       ADD_FAILURE() << finding.table << ", page " << finding.place.page << ", row "
-                    << finding.place.row << ": " << finding.text;
+                    << finding.place.row << ": " << finding.text.English();
     }
     ASSERT_TRUE(result.ok());
     EXPECT_EQ(result.leaked_pages, 0u);
@@ -193,7 +193,7 @@ class Model {
   void Reopen() {
     database_.reset();
     database_ = Database::Open(system_, kPath);
-    EXPECT_EQ(database_->read_only_reason(), "");
+    EXPECT_EQ(database_->read_only_reason().English(), "");
   }
 
   std::mt19937 random_;

@@ -46,7 +46,7 @@ inline std::string Faults(Database& database) {
   std::string text;
   for (const Finding& finding : database.Verify().findings) {
     text += finding.table + ", page " + std::to_string(finding.place.page) + ", row " +
-            std::to_string(finding.place.row) + ": " + finding.text + "\n";
+            std::to_string(finding.place.row) + ": " + finding.text.English() + "\n";
   }
   return text;
 }

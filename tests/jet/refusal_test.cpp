@@ -136,7 +136,8 @@ void ExpectReadOnly(files::MemoryFileSystem& system, const std::string& path,
   {
     const auto database = Database::Open(system, path);
     Table& table = database->OpenTable(table_name);
-    EXPECT_NE(table.ReadOnlyReason().find(says), std::string::npos) << table.ReadOnlyReason();
+    const std::string reason = table.ReadOnlyReason().English();
+    EXPECT_NE(reason.find(says), std::string::npos) << reason;
     RowBuffer row;
     Scan scan = table.OpenScan();
     EXPECT_TRUE(scan.Next(row));

@@ -72,7 +72,7 @@ class Rebuild {
         cells[i].bytes = *view.Bytes(column);
         continue;
       }
-      ASSERT_EQ(EncodeValue(column, row[i], bytes[i]), "");
+      ASSERT_TRUE(EncodeValue(column, row[i], bytes[i]).empty());
       cells[i].bytes = bytes[i];
     }
     ++rows;

@@ -92,11 +92,11 @@ TEST_F(Sharing, OfForeignSoftware) {
   {
     const auto foreign = ForeignUser(1);
     const auto database = Open();
-    EXPECT_NE(database->read_only_reason().find("PLANT7 (Admin)"), std::string::npos);
+    EXPECT_NE(database->read_only_reason().English().find("PLANT7 (Admin)"), std::string::npos);
     EXPECT_EQ(Items(*database).size(), 1u);
     EXPECT_THROW(AddItem(database->OpenTable("Items"), "Valve", ""), Error);
   }
-  EXPECT_EQ(Open()->read_only_reason(), "");  // a record without a lock is stale
+  EXPECT_EQ(Open()->read_only_reason().English(), "");  // a record without a lock is stale
   const auto database = Open();
   {
     const auto foreign = ForeignUser(2);  // comes later
@@ -215,8 +215,8 @@ TEST_F(Sharing, WhatHasNoPlaceOfItsOwnIsOnlyRead) {
     {
       const auto opened = Database::Open(system_, c.path, options_);
       EXPECT_EQ(Items(*opened).size(), 1u);
-      EXPECT_NE(opened->read_only_reason().find(c.reason), std::string::npos)
-          << opened->read_only_reason();
+      EXPECT_NE(opened->read_only_reason().English().find(c.reason), std::string::npos)
+          << opened->read_only_reason().English();
       EXPECT_THROW(AddItem(opened->OpenTable("Items"), "Valve", ""), Error);
     }
     EXPECT_TRUE(system_.Snapshot() == before);
@@ -239,14 +239,14 @@ TEST_F(Sharing, TheLockFileLivesAsLongAsItsUsers) {
 TEST_F(Sharing, ReadOnlyFilesAndFoldersCanBeRead) {
   system_.SetReadOnly(kPath, true);
   auto database = Open();
-  EXPECT_NE(database->read_only_reason(), "");
+  EXPECT_NE(database->read_only_reason().English(), "");
   EXPECT_EQ(Items(*database).size(), 1u);
-  EXPECT_NE(database->OpenTable("Items").ReadOnlyReason(), "");
+  EXPECT_FALSE(database->OpenTable("Items").ReadOnlyReason().empty());
   database.reset();
   system_.SetReadOnly(kPath, false);
   system_.SetReadOnly("/", true);
   database = Open();
-  EXPECT_NE(database->read_only_reason(), "");
+  EXPECT_NE(database->read_only_reason().English(), "");
   EXPECT_EQ(Items(*database).size(), 1u);
 }
 

@@ -123,7 +123,7 @@ TEST(Transactions, FailureOfEveryOperation) {
       database.reset();
       failing.Disarm();
       database = Database::Open(system, kPath, Impatient());
-      ASSERT_EQ(database->read_only_reason(), "");
+      ASSERT_EQ(database->read_only_reason().English(), "");
       const Rows found = Items(*database);
       if (length == Fault::Length::kCrash || !undone) {
         EXPECT_TRUE(found == before || found == after);

@@ -59,7 +59,7 @@ class TreeFile {
 
   std::vector<PageNumber> Pages() {
     std::vector<PageNumber> pages;
-    IndexChecker checker(*pager_, location_, false, 1, [](PageNumber, const std::string&) {});
+    IndexChecker checker(*pager_, location_, false, 1, [](PageNumber, const messages::Message&) {});
     checker.Walk([&](PageNumber page) { pages.push_back(page); });
     return pages;
   }
@@ -67,9 +67,10 @@ class TreeFile {
   // What the check of the tree finds, a line each.
   std::string Faults(bool unique = false) {
     std::string text;
-    IndexChecker checker(*pager_, location_, unique, 1, [&](PageNumber page, const std::string& t) {
-      text += std::to_string(page) + ": " + t + "\n";
-    });
+    IndexChecker checker(*pager_, location_, unique, 1,
+                         [&](PageNumber page, const messages::Message& t) {
+                           text += std::to_string(page) + ": " + t.English() + "\n";
+                         });
     checker.Walk([](PageNumber) {});
     return text;
   }

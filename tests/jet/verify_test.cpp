@@ -36,7 +36,7 @@ TEST(Verify, FindsNothingInRealFiles) {
     const VerifyResult result = database->Verify();
     for (const Finding& finding : result.findings) {
       ADD_FAILURE() << finding.table << ", page " << finding.place.page << ", row "
-                    << finding.place.row << ": " << finding.text;
+                    << finding.place.row << ": " << finding.text.English();
     }
     entries += result.entries;
   }
