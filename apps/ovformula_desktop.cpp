@@ -19,9 +19,9 @@
 #include "desktop/reading_options.h"
 #include "desktop/version.h"
 #include "files/real_file_system.h"
-#include "workbench/language.h"
-#include "workbench/text_numbers.h"
-#include "workbench/user_folders.h"
+#include "project/language.h"
+#include "project/user_folders.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -79,8 +79,8 @@ class App : public wxApp {
     }
     const std::string log = desktop::WriteCrashLog(text);
     const texts::TextTable& texts = program_->texts();
-    program_->toolkit().Show({texts.Text(workbench::kTextFault),
-                              texts.Text(workbench::kTextFaultDetail, {{"<File>", log}}), "",
+    program_->toolkit().Show({texts.Text(studio::kTextFault),
+                              texts.Text(studio::kTextFaultDetail, {{"<File>", log}}), "",
                               platform::MessageButtons::kOk, platform::MessageResult::kOk,
                               platform::MessageIcon::kError});
     return true;
@@ -110,10 +110,10 @@ class App : public wxApp {
 
   void Start() {
     files::FileSystem& files = files::RealFileSystem();
-    const workbench::UserFolders folders = workbench::FindUserFolders(files, apps::Environment);
+    const project::UserFolders folders = project::FindUserFolders(files, apps::Environment);
     if (!folders.state.empty()) StartCrashLog(files, folders.state);
     program_ = std::make_unique<desktop::Program>(
-        files, folders, workbench::ChooseLanguage(language_, files, apps::Environment));
+        files, folders, project::ChooseLanguage(language_, files, apps::Environment));
     desktop::MainWindow* window = &program_->window();
     const std::string path = project_.empty() ? program_->state().project : project_;
     window->CallAfter([window, path, reading = reading_] {
@@ -162,11 +162,11 @@ int main(int argc, char** argv) {
     if (argument.starts_with("--lang=")) language = argument.substr(7);
   }
   const texts::Language chosen =
-      workbench::ChooseLanguage(language, files::RealFileSystem(), Environment);
+      project::ChooseLanguage(language, files::RealFileSystem(), Environment);
 #ifdef __WXGTK__
   if (Environment("DISPLAY").empty() && Environment("WAYLAND_DISPLAY").empty()) {
     const texts::TextTable texts(chosen);
-    std::fprintf(stderr, "%s\n", texts.Text(workbench::kTextNoDisplay).c_str());
+    std::fprintf(stderr, "%s\n", texts.Text(studio::kTextNoDisplay).c_str());
     return EXIT_FAILURE;
   }
 #endif

@@ -12,7 +12,7 @@
 #include "bench/report.h"
 #include "bench/sqlite.h"
 #include "files/replace_file.h"
-#include "workbench/project.h"
+#include "project/project.h"
 
 namespace bench {
 namespace {
@@ -29,7 +29,7 @@ void Expect(const OperationResult& result, const char* what) {
 class OpenedProject {
  public:
   explicit OpenedProject(const ProjectSize& size) : files_(size) {
-    workbench::ProjectOptions options;
+    project::ProjectOptions options;
     options.state_folder = files_.folder.File("state");
     project_.emplace(files::RealFileSystem(), files_.path, options, texts_);
   }
@@ -102,7 +102,7 @@ class OpenedProject {
  private:
   FileProject files_;
   texts::TextTable texts_{texts::Language::kEnglish};
-  std::optional<workbench::Project> project_;
+  std::optional<project::Project> project_;
   std::int32_t alias_ = 0, formula_ = 0, argument_ = 0;
 };
 

@@ -24,7 +24,7 @@
 #include "bench/process.h"
 #include "bench/report.h"
 #include "desktop/program.h"
-#include "workbench/new_project.h"
+#include "project/new_project.h"
 
 namespace bench {
 namespace {
@@ -64,7 +64,7 @@ class MeasuredApp : public wxApp {
 
   bool OnInit() override {
     program_ = std::make_unique<desktop::Program>(
-        files::RealFileSystem(), workbench::UserFolders{folder_ + "/config", folder_ + "/state"},
+        files::RealFileSystem(), project::UserFolders{folder_ + "/config", folder_ + "/state"},
         texts::Language::kEnglish);
     window_ = &program_->window();
     window_->CallAfter([this] {
@@ -251,7 +251,7 @@ int Compare() {
   Subject empty{folder.File("empty")}, few{folder.File("few"), true},
       many{folder.File("many"), true};
   for (const Subject* subject : {&empty, &few, &many}) files.CreateDirectories(subject->folder);
-  workbench::MakeProject(files, empty.folder + "/Plant.ovs", {});
+  project::MakeProject(files, empty.folder + "/Plant.ovs", {});
   ProjectSize small;
   small.formulas = 10;
   small.aliases = small.arguments = 100;

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/text.h"
-#include "workbench/item_catalogue.h"
+#include "project/item_catalogue.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ void Require(bool condition) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kLookedAt = 50;
-  auto catalogue = workbench::ItemCatalogue::Parse({reinterpret_cast<const char*>(data), size});
+  auto catalogue = project::ItemCatalogue::Parse({reinterpret_cast<const char*>(data), size});
   Require(catalogue.size() <= size + 1);
   Require(catalogue.Search("", size + 1).size() == catalogue.size());
   for (std::size_t i = 0; i < std::min(catalogue.size(), kLookedAt); ++i) {
@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto holds = catalogue.Search(item.name, catalogue.size());
     Require(std::ranges::find(holds, i) != holds.end());
   }
-  Require(catalogue.problems().size() <= workbench::ItemCatalogue::kMaxProblems);
+  Require(catalogue.problems().size() <= project::ItemCatalogue::kMaxProblems);
   Require(catalogue.problems().size() <= catalogue.problem_count());
   return 0;
 }

@@ -8,9 +8,9 @@
 #include "files/recovery.h"
 #include "files/replace_file.h"
 #include "platform/text.h"
-#include "workbench/new_project.h"
-#include "workbench/report.h"
-#include "workbench/report_file.h"
+#include "project/new_project.h"
+#include "project/report.h"
+#include "project/report_file.h"
 
 namespace cli {
 
@@ -20,16 +20,16 @@ using Use = ProjectSession::Use;
 
 int RunOpen(Invocation& invocation) { return OpenDesktop(invocation); }
 
-void PrintPlan(Invocation& invocation, const workbench::NewProjectPlan& plan) {
+void PrintPlan(Invocation& invocation, const project::NewProjectPlan& plan) {
   std::ostream& out = invocation.console().out;
   for (const std::string& added : plan.added) out << "+\t" << PlainText(added) << '\n';
-  for (const workbench::NewFile& file : plan.files) {
+  for (const project::NewFile& file : plan.files) {
     out << UnifiedDiff(file.path, "", platform::Windows1252ToUtf8(file.bytes));
   }
 }
 
 int RunNew(Invocation& invocation) {
-  workbench::NewProjectOptions options;
+  project::NewProjectOptions options;
   options.into = invocation.Has("--into");
   options.vb_files = invocation.Options("--vbp");
   Console& console = invocation.console();
@@ -39,10 +39,10 @@ int RunNew(Invocation& invocation) {
   }
   try {
     if (invocation.Has("--dry-run")) {
-      PrintPlan(invocation, workbench::PlanProject(console.files, path, options));
+      PrintPlan(invocation, project::PlanProject(console.files, path, options));
       return kDone;
     }
-    for (const std::string& file : workbench::MakeProject(console.files, path, options)) {
+    for (const std::string& file : project::MakeProject(console.files, path, options)) {
       console.err << invocation.Text(kTextProjectMade, {{"<File>", file}}) << '\n';
     }
   } catch (const files::Error& error) {
@@ -63,24 +63,24 @@ int RunClassList(Invocation& invocation) {
 }
 
 // Before the work, and again before the file is written.
-void CheckOutput(Invocation& invocation, workbench::Project& project, const std::string& output) {
+void CheckOutput(Invocation& invocation, project::Project& project, const std::string& output) {
   files::FileSystem& files = invocation.console().files;
-  std::vector<std::string> own = workbench::FilesOfProject(project.path(), project.vb().get());
+  std::vector<std::string> own = project::FilesOfProject(project.path(), project.vb().get());
   own.push_back(project.items().path());
-  switch (workbench::LookAtReportPlace(files, output, own)) {
-    case workbench::ReportPlace::kProject:
+  switch (project::LookAtReportPlace(files, output, own)) {
+    case project::ReportPlace::kProject:
       throw CommandError(kRefused, invocation.Text(kTextOutputOfProject, {{"<File>", output}}));
-    case workbench::ReportPlace::kOther:
+    case project::ReportPlace::kOther:
       if (invocation.Has("--force")) return;
       throw CommandError(kRefused, invocation.Text(kTextOutputExists, {{"<File>", output}}));
-    case workbench::ReportPlace::kFree:
+    case project::ReportPlace::kFree:
       return;
   }
 }
 
 int RunReport(Invocation& invocation) {
   ProjectSession session(invocation, Use::kCode);
-  workbench::Project& project = session.project();
+  project::Project& project = session.project();
   Console& console = invocation.console();
   const auto output = invocation.Option("--output");
   if (output) CheckOutput(invocation, project, *output);
@@ -90,7 +90,7 @@ int RunReport(Invocation& invocation) {
     if (invocation.Interrupted()) throw InterruptedError();
     return true;
   };
-  const std::string html = workbench::MakeReport(
+  const std::string html = project::MakeReport(
       {project.path(), project.operations(), project.code(), project.items(), show},
       invocation.texts());
   progress.End();
@@ -146,7 +146,7 @@ int RunRecover(Invocation& invocation) {
   const auto choice = ChoiceOption(invocation);
   Console& console = invocation.console();
   const std::string path = invocation.Argument("PROJECT.ovs");
-  const files::Reach reach = workbench::ReachOf(console.files, path, OptionsOf(invocation));
+  const files::Reach reach = project::ReachOf(console.files, path, OptionsOf(invocation));
   const files::RecoveryPlan plan = files::ExamineJournal(console.files, path, reach);
   if (!choice || plan.condition == files::JournalCondition::kNone)
     return ShowPlan(invocation, plan);

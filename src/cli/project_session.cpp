@@ -13,8 +13,8 @@
 #include "cli/unified_diff.h"
 #include "files/change_set.h"
 #include "platform/text.h"
-#include "workbench/skipped_items.h"
-#include "workbench/user_folders.h"
+#include "project/skipped_items.h"
+#include "project/user_folders.h"
 
 namespace cli {
 
@@ -23,8 +23,8 @@ namespace {
 constexpr OptionSpec kVbp{"--vbp", "FILE", kTextOptVbp, true};
 constexpr OptionSpec kCodePage{"--code-page", "NUMBER", kTextOptCodePage};
 
-workbench::ProjectOptions OptionsFor(Invocation& invocation, ProjectSession::Use use) {
-  workbench::ProjectOptions options = OptionsOf(invocation);
+project::ProjectOptions OptionsFor(Invocation& invocation, ProjectSession::Use use) {
+  project::ProjectOptions options = OptionsOf(invocation);
   options.with_code = use != ProjectSession::Use::kRows && !invocation.Has("--no-code");
   options.read_only = use != ProjectSession::Use::kChange;
   return options;
@@ -32,13 +32,12 @@ workbench::ProjectOptions OptionsFor(Invocation& invocation, ProjectSession::Use
 
 }  // namespace
 
-workbench::ProjectOptions OptionsOf(Invocation& invocation) {
-  workbench::ProjectOptions options;
+project::ProjectOptions OptionsOf(Invocation& invocation) {
+  project::ProjectOptions options;
   options.vb_files = invocation.Options("--vbp");
   options.items_file = invocation.Option("--items").value_or("");
   options.state_folder =
-      workbench::FindUserFolders(invocation.console().files, invocation.console().environment)
-          .state;
+      project::FindUserFolders(invocation.console().files, invocation.console().environment).state;
   options.vb.code_page = invocation.NumberOption("--code-page").value_or(options.vb.code_page);
   options.vb.writable_folders = invocation.Options("--allow-folder");
   return options;
@@ -97,9 +96,9 @@ std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
 
 ProjectSession::ProjectSession(Invocation& invocation, Use use)
     : invocation_(invocation),
-      project_(std::make_unique<workbench::Project>(
-          invocation.console().files, invocation.Argument("PROJECT.ovs"),
-          OptionsFor(invocation, use), invocation.texts())),
+      project_(std::make_unique<project::Project>(invocation.console().files,
+                                                  invocation.Argument("PROJECT.ovs"),
+                                                  OptionsFor(invocation, use), invocation.texts())),
       progress_(invocation) {
   if (!project_->vb()) return;
   for (const std::string& problem : project_->vb()->Problems()) {
@@ -145,7 +144,7 @@ void ProjectSession::PrintRows(const store::OperationResult& result) {
 void ProjectSession::Report(const store::OperationResult& result) {
   progress_.End();
   for (const codegen::Warning& warning : result.warnings) invocation_.Warn(warning.message);
-  const workbench::ItemFile& items = project_->items();
+  const project::ItemFile& items = project_->items();
   if (const auto* catalogue = items.Loaded()) {
     for (const auto& skipped : SkippedItems(*catalogue, items.path(), invocation_.texts())) {
       invocation_.Warn(skipped);

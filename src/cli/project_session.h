@@ -10,15 +10,15 @@
 
 #include "cli/invocation.h"
 #include "cli/progress.h"
+#include "project/project.h"
 #include "store/operations.h"
-#include "workbench/project.h"
 
 namespace cli {
 
 // Options that say how a project is to be read.
 std::vector<OptionSpec> OpenOptions(std::vector<OptionSpec> own);
 // What they say.
-workbench::ProjectOptions OptionsOf(Invocation& invocation);
+project::ProjectOptions OptionsOf(Invocation& invocation);
 // Options of every command that changes something.
 std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own);
 // Options of commands that look at code without changing it.
@@ -30,7 +30,7 @@ class ProjectSession {
   enum class Use { kRows, kCode, kChange };
   ProjectSession(Invocation& invocation, Use use);
 
-  workbench::Project& project() { return *project_; }
+  project::Project& project() { return *project_; }
   store::Operations& operations() { return project_->operations(); }
 
   // Options for an operation: --no-code, --dry-run, progress and Ctrl+C.
@@ -76,7 +76,7 @@ class ProjectSession {
   void PrintRows(const store::OperationResult& result);
 
   Invocation& invocation_;
-  std::unique_ptr<workbench::Project> project_;
+  std::unique_ptr<project::Project> project_;
   Progress progress_;
   std::string diff_;  // of the code, in a dry run
 };

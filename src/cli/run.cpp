@@ -16,7 +16,7 @@
 #include "cli/visible_text.h"
 #include "files/real_file_system.h"
 #include "platform/text.h"
-#include "workbench/language.h"
+#include "project/language.h"
 
 namespace cli {
 
@@ -172,8 +172,8 @@ int RunLine(const Line& line, Console& console) {
   const auto found = values.find("--lang");
   const std::string language = found == values.end() ? "" : found->second.back();
   const texts::TextTable texts(
-      workbench::ChooseLanguage(language, console.files, console.environment));
-  if (found != values.end() && !workbench::ParseLanguage(language)) {
+      project::ChooseLanguage(language, console.files, console.environment));
+  if (found != values.end() && !project::ParseLanguage(language)) {
     ReportError(console, texts, texts.Text(kTextUnknownLanguage, {{"<Word>", language}}));
     return kUsage;
   }

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "workbench/line_diff.h"
+#include "project/line_diff.h"
 
 namespace cli {
 
@@ -18,8 +18,8 @@ std::string Span(std::size_t start, std::size_t count) {
 
 std::string UnifiedDiff(std::string_view path, std::string_view before, std::string_view after) {
   constexpr std::size_t kContext = 3;
-  const std::vector<workbench::LineEdit> script =
-      workbench::DiffLines(workbench::SplitLines(before), workbench::SplitLines(after));
+  const std::vector<project::LineEdit> script =
+      project::DiffLines(project::SplitLines(before), project::SplitLines(after));
   std::string out;
   std::size_t old_line = 0, new_line = 0;  // lines before script[i]
   for (std::size_t i = 0; i < script.size();) {

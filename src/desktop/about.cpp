@@ -14,7 +14,7 @@
 #include <wx/versioninfo.h>
 
 #include "desktop/version.h"
-#include "workbench/text_numbers.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 #include "wx/pictures.h"
@@ -62,17 +62,17 @@ wxIconBundle ProgramIcons() {
 
 void ShowAboutBox(wxWindow* parent, const texts::TextTable& texts) {
   const auto text = [&](int number) { return wx::ToLabel(texts.Text(number)); };
-  wxDialog dialog(parent, wxID_ANY, wx::ToWx(texts.Text(workbench::kTextAboutTitle)),
+  wxDialog dialog(parent, wxID_ANY, wx::ToWx(texts.Text(studio::kTextAboutTitle)),
                   wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   const int gap = dialog.FromDIP(12);
-  auto* name = new wxStaticText(&dialog, wxID_ANY, text(workbench::kTextProduct));
+  auto* name = new wxStaticText(&dialog, wxID_ANY, text(studio::kTextProduct));
   name->SetFont(name->GetFont().Bold().Scaled(1.3f));
   auto* lines = new wxBoxSizer(wxVERTICAL);
   lines->Add(name);
   lines->Add(new wxStaticText(
       &dialog, wxID_ANY,
-      wx::ToLabel(texts.Text(workbench::kTextAboutVersion, {{"<Version>", kVersion}}))));
-  lines->Add(new wxStaticText(&dialog, wxID_ANY, text(workbench::kTextAboutDescription)));
+      wx::ToLabel(texts.Text(studio::kTextAboutVersion, {{"<Version>", kVersion}}))));
+  lines->Add(new wxStaticText(&dialog, wxID_ANY, text(studio::kTextAboutDescription)));
   auto* head = new wxBoxSizer(wxHORIZONTAL);
   head->Add(new wxStaticBitmap(&dialog, wxID_ANY, wx::Picture("program", 64)),
             wxSizerFlags().Border(wxRIGHT, gap));
@@ -80,9 +80,9 @@ void ShowAboutBox(wxWindow* parent, const texts::TextTable& texts) {
 
   auto* licences = new wxTextCtrl(&dialog, wxID_ANY, Licences(), wxDefaultPosition,
                                   dialog.FromDIP(wxSize(520, 200)), wxTE_MULTILINE | wxTE_READONLY);
-  auto* label = new wxStaticText(&dialog, wxID_ANY, wx::ToWx(texts.Text(workbench::kTextLicences)));
+  auto* label = new wxStaticText(&dialog, wxID_ANY, wx::ToWx(texts.Text(studio::kTextLicences)));
   wx::SetAccessibleName(*licences, label->GetLabelText());
-  auto* close = new wxButton(&dialog, wxID_CANCEL, wx::ToWx(texts.Text(workbench::kTextClose)));
+  auto* close = new wxButton(&dialog, wxID_CANCEL, wx::ToWx(texts.Text(studio::kTextClose)));
   close->SetDefault();
   close->SetFocus();
 

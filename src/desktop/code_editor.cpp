@@ -7,8 +7,8 @@
 #include <algorithm>
 
 #include "desktop/colours.h"
-#include "workbench/line_diff.h"
-#include "workbench/text_numbers.h"
+#include "project/line_diff.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -90,7 +90,7 @@ void CodeEditor::ApplyColours() {
 }
 
 void CodeEditor::ShowMenu() {
-  using workbench::TextNumber;
+  using studio::TextNumber;
   wxMenu menu;
   const auto add = [&](int text, bool enabled, auto action) {
     menu.Append(text, wx::ToWx(texts_.Text(text)))->Enable(enabled);
@@ -143,8 +143,7 @@ void CodeEditor::ShowText(std::string_view text) {
 // From the last change to the first, so that the lines above keep their numbers.
 void CodeEditor::ChangeText(std::string_view text) {
   const std::string old = Text();
-  const auto changes =
-      workbench::LineChanges(workbench::EditorLines(old), workbench::EditorLines(text));
+  const auto changes = project::LineChanges(project::EditorLines(old), project::EditorLines(text));
   if (changes.empty()) return;
   changing_ = true;
   BeginUndoAction();

@@ -9,7 +9,7 @@
 #include "desktop/code_editor.h"
 #include "files/error.h"
 #include "platform/error.h"
-#include "workbench/text_numbers.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -17,7 +17,7 @@ namespace desktop {
 
 namespace {
 
-using workbench::TextNumber;
+using studio::TextNumber;
 
 constexpr int kCopyMs = 1000;  // how much typing a program that is killed may take with it
 
@@ -116,7 +116,7 @@ bool CodePane::ShowModule(std::shared_ptr<platform::VBComponent> component,
   platform::CodeModule* module = component->Module();
   if (asking_ || !module || !MayLeave()) return false;
   component_ = std::move(component);
-  document_ = std::make_unique<workbench::CodeDocument>(unit, *module);
+  document_ = std::make_unique<studio::CodeDocument>(unit, *module);
   LoadModule();
   return true;
 }
@@ -315,7 +315,7 @@ void CodePane::DropCopy() {
   }
 }
 
-bool CodePane::BringBack(const workbench::UnsavedCode& code) {
+bool CodePane::BringBack(const studio::UnsavedCode& code) {
   document_->Resume(code.base);
   editor_->ChangeText(code.text);
   Refresh();

@@ -10,9 +10,9 @@
 
 #include "platform/unit_of_work.h"
 #include "platform/vbide.h"
+#include "studio/code_document.h"
+#include "studio/unsaved_code.h"
 #include "texts/text_table.h"
-#include "workbench/code_document.h"
-#include "workbench/unsaved_code.h"
 
 class wxSearchCtrl;
 class wxStaticText;
@@ -36,10 +36,10 @@ class CodePane : public wxPanel {
   // Whether a module is shown that can be read.
   bool Readable() const { return document_ && problem_.empty(); }
   // Where copies of unsaved code are kept; null keeps none. They outlive the module.
-  void KeepCopiesIn(workbench::UnsavedCopies* copies) { copies_ = copies; }
+  void KeepCopiesIn(studio::UnsavedCopies* copies) { copies_ = copies; }
   // Shows code that was left unsaved in place of what the shown module holds, unsaved as it is.
   // False when there is no copy of it.
-  bool BringBack(const workbench::UnsavedCode& code);
+  bool BringBack(const studio::UnsavedCode& code);
   // Nobody can be asked any more: unsaved code stays in its copy.
   void LeaveUnsaved();
 
@@ -92,8 +92,8 @@ class CodePane : public wxPanel {
   wxSearchCtrl* find_;
   CodeEditor* editor_;
   std::shared_ptr<platform::VBComponent> component_;
-  std::unique_ptr<workbench::CodeDocument> document_;
-  workbench::UnsavedCopies* copies_ = nullptr;
+  std::unique_ptr<studio::CodeDocument> document_;
+  studio::UnsavedCopies* copies_ = nullptr;
   wxTimer copy_timer_;
   std::string problem_;    // why the module cannot be read now
   bool conflict_ = false;  // the module and the unsaved changes exclude each other

@@ -26,7 +26,7 @@ std::string SectionOf(const std::string& path) {
 
 }  // namespace
 
-DesktopState::DesktopState(workbench::FileSettingsService& settings, files::FileSystem& files,
+DesktopState::DesktopState(project::FileSettingsService& settings, files::FileSystem& files,
                            const std::string& folder)
     : settings_(settings),
       files_(files),
@@ -43,10 +43,10 @@ DesktopState::DesktopState(workbench::FileSettingsService& settings, files::File
   node = settings.ReadIni(file_, kSection, "Node", "");
   told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
   std::string paths;
-  for (std::size_t i = 0; i < workbench::RecentProjects::kMost; ++i) {
+  for (std::size_t i = 0; i < project::RecentProjects::kMost; ++i) {
     paths += settings.ReadIni(file_, kSection, "Recent" + std::to_string(i), "") + "\n";
   }
-  recent = workbench::RecentProjects(paths);
+  recent = project::RecentProjects(paths);
 }
 
 int DesktopState::Number(std::string_view entry, int fallback) {
@@ -77,7 +77,7 @@ bool DesktopState::Save() {
       {"ToldCrashLog", told_crash_log},
   };
   const auto& paths = recent.Paths();
-  for (std::size_t i = 0; i < workbench::RecentProjects::kMost; ++i) {
+  for (std::size_t i = 0; i < project::RecentProjects::kMost; ++i) {
     entries.push_back({"Recent" + std::to_string(i), i < paths.size() ? paths[i] : ""});
   }
   return settings_.WriteIniSection(file_, kSection, entries);

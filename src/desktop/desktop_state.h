@@ -4,8 +4,8 @@
 #include <string>
 
 #include "desktop/reading_options.h"
-#include "workbench/file_settings_service.h"
-#include "workbench/recent_projects.h"
+#include "project/file_settings_service.h"
+#include "project/recent_projects.h"
 
 namespace desktop {
 
@@ -14,7 +14,7 @@ namespace desktop {
 class DesktopState {
  public:
   // `folder` is "" when the user has no state folder: nothing is remembered then.
-  DesktopState(workbench::FileSettingsService& settings, files::FileSystem& files,
+  DesktopState(project::FileSettingsService& settings, files::FileSystem& files,
                const std::string& folder);
 
   struct Place {
@@ -26,7 +26,7 @@ class DesktopState {
   };
 
   Place window;
-  workbench::RecentProjects recent;
+  project::RecentProjects recent;
   std::string project;  // that was open, "" for none
   std::string node;     // that was selected in it
   std::string told_crash_log;
@@ -42,7 +42,7 @@ class DesktopState {
  private:
   int Number(std::string_view entry, int fallback);
 
-  workbench::FileSettingsService& settings_;
+  project::FileSettingsService& settings_;
   files::FileSystem& files_;
   std::string folder_;
   std::string file_;

@@ -19,10 +19,10 @@
 #include "editor/node_key.h"
 #include "files/replace_file.h"
 #include "platform/error.h"
-#include "workbench/item_chooser.h"
-#include "workbench/report_file.h"
-#include "workbench/skipped_items.h"
-#include "workbench/text_numbers.h"
+#include "project/report_file.h"
+#include "project/skipped_items.h"
+#include "studio/item_chooser.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
 
@@ -30,7 +30,7 @@ namespace desktop {
 
 namespace {
 
-using workbench::TextNumber;
+using studio::TextNumber;
 
 constexpr int kTimerMs = 700;            // how often files changed by others are looked for
 constexpr int kLeastPane = 120;          // pixels at 100 %
@@ -156,7 +156,7 @@ void MainWindow::CreateMenus() {
   AddItem(*project, TextNumber::kTextMenuSaveCode, "Ctrl+S", [this] { SaveCode(); });
   backup_menu_ = new ChoiceMenu;
   backup_menu_->on_choice = [this](std::size_t i) {
-    const workbench::Backups::Backup backup = backups_[i];  // restoring makes another
+    const project::Backups::Backup backup = backups_[i];  // restoring makes another
     RestoreBackup(backup);
   };
   project->AppendSubMenu(backup_menu_, wx::ToWx(Text(TextNumber::kTextMenuBackups)));
@@ -220,23 +220,23 @@ void MainWindow::CreatePanes() {
 }
 
 void MainWindow::ConnectTree() {
-  tree_->on_select_node = [this](const workbench::StudioNode& node) { SelectNode(node); };
-  tree_->on_change = [this](const workbench::StudioNode& node) {
+  tree_->on_select_node = [this](const studio::StudioNode& node) { SelectNode(node); };
+  tree_->on_change = [this](const studio::StudioNode& node) {
     if (node.key == tree_->SelectedKey()) ShowCodeOfNode(node.key);  // its class may be another
   };
-  tree_->on_expand_node = [this](const workbench::StudioNode& node) {
+  tree_->on_expand_node = [this](const studio::StudioNode& node) {
     session_->add_in().NodeExpand(session_->studio().project(), node.key, node.text);
   };
-  tree_->on_activate_node = [this](const workbench::StudioNode& node) {
+  tree_->on_activate_node = [this](const studio::StudioNode& node) {
     session_->add_in().NodeDblClick(session_->studio().project(), node.key, node.text);
   };
-  tree_->on_key = [this](const workbench::StudioNode& node, forms::KeyEvent& event) {
+  tree_->on_key = [this](const studio::StudioNode& node, forms::KeyEvent& event) {
     std::int16_t code = event.key_code, shift = event.shift;
     const std::string key = node.key, text = node.text;  // the node may go
     session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
     event.handled = code == 0 || event.key_code == forms::kKeyF1;
   };
-  tree_->on_menu = [this](const workbench::StudioNode& node) {
+  tree_->on_menu = [this](const studio::StudioNode& node) {
     const std::string key = node.key, text = node.text;
     session_->add_in().NodeMouseUp(session_->studio().project(), key, text, forms::kRightButton, 0,
                                    0, 0);
@@ -244,7 +244,7 @@ void MainWindow::ConnectTree() {
 }
 
 void MainWindow::ConnectStudio() {
-  workbench::Studio::Window& window = session_->studio().window;
+  studio::Studio::Window& window = session_->studio().window;
   window.handle = [this] { return wx::HandleOf(this); };
   window.select_node = [this](std::string_view key) { tree_->SelectKey(std::string(key)); };
   window.activate_tree = [this] { tree_->SetFocus(); };
@@ -385,7 +385,7 @@ void MainWindow::ShowTitle() {
       wx::ToWx(editor ? parts_.files.FileName(session_->database_path()) + " – " + shown : shown));
 }
 
-void MainWindow::SelectNode(const workbench::StudioNode& node) {
+void MainWindow::SelectNode(const studio::StudioNode& node) {
   const std::string key = node.key, text = node.text;
   RememberStep("node " + std::string(editor::KeyKind(key)));
   session_->studio().SetSelectedKey(key);
@@ -459,11 +459,11 @@ void MainWindow::ShowFailure(const std::string& message, const std::string& deta
 }
 
 std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
-  workbench::ItemFile& items = session_->items();
+  project::ItemFile& items = session_->items();
   items.Refresh();
-  const auto skipped = workbench::SkippedItems(items.Catalogue(), items.path(), parts_.texts);
+  const auto skipped = project::SkippedItems(items.Catalogue(), items.path(), parts_.texts);
   if (!skipped.empty()) ShowStatus(skipped.front());
-  workbench::ItemChooser chooser(parts_.toolkit, parts_.texts, items.Catalogue(), items.path());
+  studio::ItemChooser chooser(parts_.toolkit, parts_.texts, items.Catalogue(), items.path());
   chooser.on_help = [&] { parts_.help.ShowTopic(parts_.toolkit.Handle(chooser), kItemsTopic); };
   return chooser.Choose(current, nullptr);
 }
@@ -475,8 +475,8 @@ void MainWindow::ShowReport(const std::string& html) {
   const std::string path = parts_.files.Join(folder, "report.html");
   try {
     parts_.files.CreateDirectories(folder);
-    const auto own = workbench::FilesOfProject(session_->database_path(), &session_->vb());
-    if (workbench::LookAtReportPlace(parts_.files, path, own) != workbench::ReportPlace::kFree) {
+    const auto own = project::FilesOfProject(session_->database_path(), &session_->vb());
+    if (project::LookAtReportPlace(parts_.files, path, own) != project::ReportPlace::kFree) {
       files::Raise(files::ErrorKind::kExists, path, "cannot be written", "it exists already");
     }
     files::ReplaceFile(parts_.files, path, html);

@@ -16,9 +16,9 @@
 #include "desktop/desktop_state.h"
 #include "desktop/desktop_toolkit.h"
 #include "desktop/project_tree.h"
-#include "workbench/add_in_session.h"
-#include "workbench/backups.h"
-#include "workbench/daily_backup.h"
+#include "project/backups.h"
+#include "project/daily_backup.h"
+#include "studio/add_in_session.h"
 
 class wxSplitterWindow;
 
@@ -36,10 +36,10 @@ class MainWindow : public wxFrame {
     DesktopToolkit& toolkit;
     platform::WindowSystem& window_system;
     platform::Help& help;
-    workbench::FileSettingsService& settings;
+    project::FileSettingsService& settings;
     const texts::TextTable& texts;
     DesktopState& state;
-    workbench::ProjectOptions options;
+    project::ProjectOptions options;
   };
 
   explicit MainWindow(const Parts& parts);
@@ -72,7 +72,7 @@ class MainWindow : public wxFrame {
   // Those of the project that is open or could not be opened.
   void FillBackups(const std::string& path);
   void OfferBackup(const std::string& path);
-  void RestoreBackup(const workbench::Backups::Backup& backup);
+  void RestoreBackup(const project::Backups::Backup& backup);
   void ShowAbout();
   void ForgetMissing(const std::string& path);
   bool CloseProject();
@@ -90,7 +90,7 @@ class MainWindow : public wxFrame {
   void ShowTitle();
   bool RunShortcut(const wxKeyEvent& event);
   bool MoveKeyboard(const wxKeyEvent& event);
-  void SelectNode(const workbench::StudioNode& node);
+  void SelectNode(const studio::StudioNode& node);
   void ShowCodeOfNode(const std::string& key);
   void FindCodeOfNode(const std::string& key);
   void SaveCode();
@@ -114,17 +114,17 @@ class MainWindow : public wxFrame {
   ChoiceMenu* backup_menu_ = nullptr;
   std::map<int, std::function<void()>> actions_;  // by menu ID
   std::vector<std::pair<wxAcceleratorEntry, std::function<void()>>> shortcuts_;
-  std::vector<workbench::Backups::Backup> backups_;  // in the order of their menu
-  std::string backed_up_;                            // the project that they are of
+  std::vector<project::Backups::Backup> backups_;  // in the order of their menu
+  std::string backed_up_;                          // the project that they are of
   bool restoring_ = false;
   const wxRect wanted_;  // where the window was to be
   wxRect settled_;       // where that is in the window manager's eyes; empty as long as unknown
   bool placed_ = false, arranged_ = false;
   wxTimer timer_{this};
-  std::unique_ptr<workbench::DailyBackup> backup_;     // of the session's project; outlives it
-  std::unique_ptr<workbench::UnsavedCopies> unsaved_;  // of the session's project
+  std::unique_ptr<project::DailyBackup> backup_;    // of the session's project; outlives it
+  std::unique_ptr<studio::UnsavedCopies> unsaved_;  // of the session's project
   forms::Subscription title_;
-  std::unique_ptr<workbench::AddInSession> session_;
+  std::unique_ptr<studio::AddInSession> session_;
 };
 
 }  // namespace desktop

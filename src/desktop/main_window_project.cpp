@@ -12,15 +12,15 @@
 #include "desktop/notice_bar.h"
 #include "desktop/welcome.h"
 #include "files/error.h"
-#include "workbench/new_project.h"
-#include "workbench/text_numbers.h"
+#include "project/new_project.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 
 namespace desktop {
 
 namespace {
 
-using workbench::TextNumber;
+using studio::TextNumber;
 
 constexpr const char* kExtension = ".ovs";
 constexpr const char* kRoot = "FOR0";
@@ -40,7 +40,7 @@ void MainWindow::AskNew() {
   std::string path = wx::FromWx(dialog.GetPath());
   if (!dialog.GetPath().Lower().EndsWith(kExtension)) path += kExtension;
   try {
-    workbench::MakeProject(parts_.files, path, {});
+    project::MakeProject(parts_.files, path, {});
     OpenProject(path);
   } catch (const std::exception& error) {
     ShowFailure(parts_.texts.Text(TextNumber::kTextCannotCreate, {{"<File>", path}}), error.what());
@@ -60,14 +60,14 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   const wxBusyCursor busy;
   if (!CloseProject()) return false;
   try {
-    workbench::ProjectOptions options = parts_.options;
+    project::ProjectOptions options = parts_.options;
     options.vb.on_pane = [this](const vbfiles::PaneEvent& event) { OnPane(event); };
     const std::string full = parts_.files.Canonical(path);
     (given.Empty() ? parts_.state.OptionsOf(full) : given).ApplyTo(options);
-    session_ = std::make_unique<workbench::AddInSession>(
-        workbench::AddInSession::Outside{parts_.files, parts_.toolkit, parts_.window_system,
-                                         parts_.help, parts_.settings, parts_.texts,
-                                         [this](const std::string& html) { ShowReport(html); }},
+    session_ = std::make_unique<studio::AddInSession>(
+        studio::AddInSession::Outside{parts_.files, parts_.toolkit, parts_.window_system,
+                                      parts_.help, parts_.settings, parts_.texts,
+                                      [this](const std::string& html) { ShowReport(html); }},
         full, options);
   } catch (const std::exception& error) {
     ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
@@ -155,7 +155,7 @@ bool MainWindow::CloseProject() {
 
 void MainWindow::KeepUnsavedCode() {
   if (parts_.state.folder().empty()) return;
-  unsaved_ = std::make_unique<workbench::UnsavedCopies>(
+  unsaved_ = std::make_unique<studio::UnsavedCopies>(
       parts_.files, StateFolderOf("unsaved", session_->database_path()));
   code_->KeepCopiesIn(unsaved_.get());
 }
@@ -206,24 +206,24 @@ std::shared_ptr<platform::VBComponent> MainWindow::FindComponentOf(const std::st
 
 // What is kept of one project in the user's state.
 std::string MainWindow::StateFolderOf(const char* kind, const std::string& path) {
-  return parts_.files.Join(parts_.files.Join(parts_.state.folder(), kind),
-                           parts_.files.FileName(workbench::ComponentListPath(
-                               parts_.files, parts_.state.folder(), path)));
+  return parts_.files.Join(
+      parts_.files.Join(parts_.state.folder(), kind),
+      parts_.files.FileName(project::ComponentListPath(parts_.files, parts_.state.folder(), path)));
 }
 
 // Before the first change of a day the project's files are copied.
 void MainWindow::EnlistBackup() {
   if (parts_.state.folder().empty()) return;
-  backup_ = std::make_unique<workbench::DailyBackup>(
+  backup_ = std::make_unique<project::DailyBackup>(
       parts_.files, StateFolderOf("backups", session_->database_path()),
-      workbench::DailyBackup::Outside{[] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
-                                      [this] { return session_->Files(); },
-                                      [this] { CallAfter([this] { FillBackups(backed_up_); }); },
-                                      [this](const std::string& reason) {
-                                        ShowStatus(parts_.texts.Text(
-                                            TextNumber::kTextBackupFailed,
-                                            {{"<Text>", parts_.texts.Translated(reason)}}));
-                                      }});
+      project::DailyBackup::Outside{[] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
+                                    [this] { return session_->Files(); },
+                                    [this] { CallAfter([this] { FillBackups(backed_up_); }); },
+                                    [this](const std::string& reason) {
+                                      ShowStatus(parts_.texts.Text(
+                                          TextNumber::kTextBackupFailed,
+                                          {{"<Text>", parts_.texts.Translated(reason)}}));
+                                    }});
   session_->unit().Enlist(*backup_);
 }
 
@@ -238,7 +238,7 @@ void MainWindow::FillBackups(const std::string& path) {
   backed_up_ = path;
   if (!path.empty() && !parts_.state.folder().empty()) {
     try {
-      backups_ = workbench::Backups(parts_.files, StateFolderOf("backups", path)).List();
+      backups_ = project::Backups(parts_.files, StateFolderOf("backups", path)).List();
     } catch (const files::Error& error) {
       ShowStatus(parts_.texts.Translated(error.what()));
     }
@@ -250,13 +250,13 @@ void MainWindow::FillBackups(const std::string& path) {
 
 // For a project that cannot be shown: the last state from which a day's work began.
 void MainWindow::OfferBackup(const std::string& path) {
-  const auto daily = std::ranges::find_if(backups_, &workbench::Backups::Backup::IsDaily);
+  const auto daily = std::ranges::find_if(backups_, &project::Backups::Backup::IsDaily);
   if (restoring_ || backed_up_ != path || daily == backups_.end()) return;
-  const workbench::Backups::Backup backup = *daily;
+  const project::Backups::Backup backup = *daily;
   RestoreBackup(backup);
 }
 
-void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
+void MainWindow::RestoreBackup(const project::Backups::Backup& backup) {
   const auto answer = parts_.toolkit.Show(
       {parts_.texts.Text(TextNumber::kTextRestoreQuestion, {{"<Date>", backup.name}}),
        Text(TextNumber::kTextRestoreDetail), "", platform::MessageButtons::kYesNo,
@@ -268,7 +268,7 @@ void MainWindow::RestoreBackup(const workbench::Backups::Backup& backup) {
   restoring_ = true;
   std::string failure;
   try {
-    workbench::Backups(parts_.files, StateFolderOf("backups", path))
+    project::Backups(parts_.files, StateFolderOf("backups", path))
         .Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
   } catch (const std::exception& error) {
     failure = error.what();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/program.h"
 
-#include "workbench/language.h"
+#include "project/language.h"
 
 namespace desktop {
 
@@ -12,7 +12,7 @@ constexpr const char* kModule = "OVFormulaEditor.dll";
 
 }  // namespace
 
-Program::Program(files::FileSystem& files, const workbench::UserFolders& folders,
+Program::Program(files::FileSystem& files, const project::UserFolders& folders,
                  texts::Language language)
     : settings_(files, folders.config),
       texts_(language),
@@ -20,8 +20,8 @@ Program::Program(files::FileSystem& files, const workbench::UserFolders& folders
       window_system_(kModule),
       help_(texts_),
       state_(settings_, files, folders.state) {
-  settings_.Override(texts::kLanguageKey, texts::kLanguageValue, workbench::LcidOf(language));
-  workbench::ProjectOptions options;
+  settings_.Override(texts::kLanguageKey, texts::kLanguageValue, project::LcidOf(language));
+  project::ProjectOptions options;
   options.state_folder = folders.state;
   window_ =
       new MainWindow({files, toolkit_, window_system_, help_, settings_, texts_, state_, options});

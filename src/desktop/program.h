@@ -10,9 +10,9 @@
 #include "desktop/desktop_toolkit.h"
 #include "desktop/help_viewer.h"
 #include "desktop/main_window.h"
+#include "project/file_settings_service.h"
+#include "project/user_folders.h"
 #include "texts/text_table.h"
-#include "workbench/file_settings_service.h"
-#include "workbench/user_folders.h"
 #include "wx/window_system.h"
 
 namespace desktop {
@@ -21,8 +21,7 @@ namespace desktop {
 class Program {
  public:
   // Shows the window, with no project yet. The file system must outlive the program.
-  Program(files::FileSystem& files, const workbench::UserFolders& folders,
-          texts::Language language);
+  Program(files::FileSystem& files, const project::UserFolders& folders, texts::Language language);
   // The window goes too when it is still open.
   ~Program();
   Program(const Program&) = delete;
@@ -34,7 +33,7 @@ class Program {
   DesktopState& state() { return state_; }
 
  private:
-  workbench::FileSettingsService settings_;
+  project::FileSettingsService settings_;
   texts::TextTable texts_;
   DesktopToolkit toolkit_;
   wx::WindowSystem window_system_;

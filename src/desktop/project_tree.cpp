@@ -10,7 +10,7 @@ namespace desktop {
 
 namespace {
 
-using workbench::StudioNode;
+using studio::StudioNode;
 
 const StudioNode* ToNode(wx::TreeSource::Node node) { return static_cast<const StudioNode*>(node); }
 
@@ -74,7 +74,7 @@ void ProjectTree::OnKeyDown(wxKeyEvent& event) {
 
 const StudioNode* ProjectTree::SelectedNode() const { return tree_ ? ToNode(Selected()) : nullptr; }
 
-void ProjectTree::ShowTree(workbench::StudioTree* tree) {
+void ProjectTree::ShowTree(studio::StudioTree* tree) {
   if (tree_) tree_->observers = {};
   tree_ = nullptr;
   ShowSource(nullptr);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "forms/keys.h"
-#include "workbench/studio_tree.h"
+#include "studio/studio_tree.h"
 #include "wx/native_tree.h"
 
 namespace desktop {
@@ -19,24 +19,24 @@ class ProjectTree : public wx::NativeTree {
   ~ProjectTree() override;
 
   // Shows a tree; null shows none. The tree must outlive its showing.
-  void ShowTree(workbench::StudioTree* tree);
-  const workbench::StudioTree* Tree() const { return tree_; }
+  void ShowTree(studio::StudioTree* tree);
+  const studio::StudioTree* Tree() const { return tree_; }
   // Selects a node as the user would.
   void SelectKey(const std::string& key);
   std::string SelectedKey() const;
   void ExpandKey(const std::string& key);
 
-  std::function<void(const workbench::StudioNode&)> on_select_node;
-  std::function<void(const workbench::StudioNode&)> on_change;  // told by the model
-  std::function<void(const workbench::StudioNode&)> on_expand_node;
-  std::function<void(const workbench::StudioNode&)> on_activate_node;  // double click or Enter
-  std::function<void(const workbench::StudioNode&, forms::KeyEvent&)> on_key;
-  std::function<void(const workbench::StudioNode&)> on_menu;
+  std::function<void(const studio::StudioNode&)> on_select_node;
+  std::function<void(const studio::StudioNode&)> on_change;  // told by the model
+  std::function<void(const studio::StudioNode&)> on_expand_node;
+  std::function<void(const studio::StudioNode&)> on_activate_node;  // double click or Enter
+  std::function<void(const studio::StudioNode&, forms::KeyEvent&)> on_key;
+  std::function<void(const studio::StudioNode&)> on_menu;
 
  private:
   class Source : public wx::TreeSource {
    public:
-    void SetTree(const workbench::StudioTree* tree) { tree_ = tree; }
+    void SetTree(const studio::StudioTree* tree) { tree_ = tree; }
 
     Node ParentOf(Node node) const override;
     std::size_t ChildCount(Node parent) const override;
@@ -46,20 +46,20 @@ class ProjectTree : public wx::NativeTree {
     std::string PictureOf(Node node) const override;
 
    private:
-    const std::vector<workbench::StudioNode*>& ChildrenOf(Node parent) const;
+    const std::vector<studio::StudioNode*>& ChildrenOf(Node parent) const;
 
-    const workbench::StudioTree* tree_ = nullptr;
+    const studio::StudioTree* tree_ = nullptr;
   };
 
-  const workbench::StudioNode* SelectedNode() const;
+  const studio::StudioNode* SelectedNode() const;
   void Report();
   void OnKeyDown(wxKeyEvent& event);
-  void OnAdded(const workbench::StudioNode& node);
-  void OnRemoved(const workbench::StudioNode& node, std::size_t index);
+  void OnAdded(const studio::StudioNode& node);
+  void OnRemoved(const studio::StudioNode& node, std::size_t index);
   void OpenAgain();
 
   Source source_;
-  workbench::StudioTree* tree_ = nullptr;
+  studio::StudioTree* tree_ = nullptr;
   std::string reported_;           // the node that on_select_node was told last
   std::vector<std::string> open_;  // keys of nodes that closed by a removal and may come back
   bool opening_ = false;           // they are looked for soon

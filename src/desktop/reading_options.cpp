@@ -36,14 +36,14 @@ bool ReadingOptions::Empty() const {
   return vb_files.empty() && items_file.empty() && writable_folders.empty() && code_page == 0;
 }
 
-void ReadingOptions::ApplyTo(workbench::ProjectOptions& options) const {
+void ReadingOptions::ApplyTo(project::ProjectOptions& options) const {
   options.vb_files = vb_files;
   options.items_file = items_file;
   options.vb.writable_folders = writable_folders;
   if (code_page != 0) options.vb.code_page = code_page;
 }
 
-ReadingOptions ReadingOptions::Read(workbench::FileSettingsService& settings, std::string_view file,
+ReadingOptions ReadingOptions::Read(project::FileSettingsService& settings, std::string_view file,
                                     std::string_view section) {
   const auto entry = [&](std::string_view name) {
     return settings.ReadIni(file, section, name, "");
@@ -57,7 +57,7 @@ ReadingOptions ReadingOptions::Read(workbench::FileSettingsService& settings, st
   return options;
 }
 
-bool ReadingOptions::Write(workbench::FileSettingsService& settings, std::string_view file,
+bool ReadingOptions::Write(project::FileSettingsService& settings, std::string_view file,
                            std::string_view section) const {
   return settings.WriteIniSection(file, section,
                                   {{"VisualBasic", Join(vb_files)},

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/file_settings_service.h"
-#include "workbench/project.h"
+#include "project/file_settings_service.h"
+#include "project/project.h"
 
 namespace desktop {
 
@@ -19,13 +19,13 @@ struct ReadingOptions {
   int code_page = 0;                          // of Visual Basic source; 0: the usual one
 
   bool Empty() const;
-  void ApplyTo(workbench::ProjectOptions& options) const;
+  void ApplyTo(project::ProjectOptions& options) const;
 
   // The section of an INI file holds them.
-  static ReadingOptions Read(workbench::FileSettingsService& settings, std::string_view file,
+  static ReadingOptions Read(project::FileSettingsService& settings, std::string_view file,
                              std::string_view section);
   // False when it cannot be written.
-  bool Write(workbench::FileSettingsService& settings, std::string_view file,
+  bool Write(project::FileSettingsService& settings, std::string_view file,
              std::string_view section) const;
 };
 

@@ -7,14 +7,14 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
-#include "workbench/text_numbers.h"
+#include "studio/window_texts.h"
 #include "wx/convert.h"
 
 namespace desktop {
 
 namespace {
 
-using workbench::TextNumber;
+using studio::TextNumber;
 
 constexpr int kScrollStep = 10;
 constexpr int kMargin = 12;

@@ -12,7 +12,7 @@
 #include <string>
 
 #include "desktop/colours.h"
-#include "workbench/report_style.h"
+#include "project/report_style.h"
 
 namespace {
 
@@ -72,7 +72,7 @@ TEST(Contrast, OfTheHelpIsEnough) {
 
 // The report's colours are the custom properties of its style sheet: screen, dark screen, print.
 TEST(Contrast, OfTheReportIsEnough) {
-  const std::string style = workbench::kReportStyle;
+  const std::string style = project::kReportStyle;
   const std::regex block(":root \\{([^}]*)\\}"), property("--([a-z]+): (#[0-9a-f]+)");
   int blocks = 0;
   for (std::sregex_iterator found(style.begin(), style.end(), block), end; found != end; ++found) {

@@ -14,11 +14,11 @@
 #include "dialogs/fparameter.h"
 #include "editor/fconfig_editor.h"
 #include "platform/text.h"
+#include "project/item_catalogue.h"
+#include "studio/item_chooser.h"
+#include "studio/window_texts.h"
 #include "tests/dialogs/dialog_bench.h"
 #include "tests/support/editor_bench.h"
-#include "workbench/item_catalogue.h"
-#include "workbench/item_chooser.h"
-#include "workbench/text_numbers.h"
 
 namespace {
 
@@ -69,13 +69,13 @@ INSTANTIATE_TEST_SUITE_P(Languages, Mnemonics,
 
 TEST_P(Mnemonics, OfTheDialogsDoNotClash) {
   dialogs::DialogBench bench(GetParam());
-  const workbench::ItemCatalogue items;
+  const project::ItemCatalogue items;
   dialogs::FFunction formula(*bench.surroundings);
   dialogs::FParameter argument(*bench.surroundings);
   dialogs::FAlias alias(*bench.surroundings, 0);
   dialogs::FChooseAlias choose_alias(*bench.surroundings);
   editor::FConfigEditor options(*bench.surroundings);
-  workbench::ItemChooser choose_item(bench.toolkit, bench.texts, items, "items.csv");
+  studio::ItemChooser choose_item(bench.toolkit, bench.texts, items, "items.csv");
   for (forms::Form* form : std::initializer_list<forms::Form*>{
            &formula, &argument, &alias, &choose_alias, &options, &choose_item}) {
     SCOPED_TRACE(form->Name());
@@ -103,14 +103,14 @@ TEST_P(Mnemonics, OfTheMenusDoNotClash) {
       if (band->Name() != bench.Window().abr.MenuBar()) continue;
       // The workbench's menus stand in the same bar.
       const texts::TextTable texts(GetParam());
-      for (const int menu : {workbench::kTextMenuProject, workbench::kTextMenuHelp})
+      for (const int menu : {studio::kTextMenuProject, studio::kTextMenuHelp})
         letters.Add(std::to_string(menu), texts.Text(menu));
     }
   }
 }
 
 TEST_P(Mnemonics, OfTheWorkbenchMenusAreThereAndDoNotClash) {
-  using namespace workbench;
+  using namespace studio;
   const texts::TextTable texts(GetParam());
   const std::vector<int> menus[] = {{kTextMenuNew, kTextMenuOpen, kTextMenuRecent,
                                      kTextMenuSaveCode, kTextMenuBackups, kTextMenuQuit},

@@ -14,7 +14,7 @@ namespace {
 TEST(DesktopState, KeepsHowEachProjectIsRead) {
   files::MemoryFileSystem files;
   files.CreateDirectories("/state");
-  workbench::FileSettingsService settings(files, "/config");
+  project::FileSettingsService settings(files, "/config");
   ReadingOptions russian;
   russian.code_page = 1251;
   ReadingOptions chosen;
@@ -30,7 +30,7 @@ TEST(DesktopState, KeepsHowEachProjectIsRead) {
     state.KeepOptions("/a/Three.ovs", russian);
     EXPECT_TRUE(state.Save());
   }
-  workbench::FileSettingsService again(files, "/config");
+  project::FileSettingsService again(files, "/config");
   const DesktopState state(again, files, "/state");
   EXPECT_EQ(state.project, "/a/One.ovs");
   EXPECT_EQ(state.OptionsOf("/a/[One]=;.ovs").code_page, 1251);
@@ -45,7 +45,7 @@ TEST(DesktopState, KeepsHowEachProjectIsRead) {
 
 TEST(DesktopState, WithoutAFolderNothingIsKept) {
   files::MemoryFileSystem files;
-  workbench::FileSettingsService settings(files, "/config");
+  project::FileSettingsService settings(files, "/config");
   DesktopState state(settings, files, "");
   ReadingOptions options;
   options.code_page = 1251;

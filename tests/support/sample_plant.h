@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "files/unit_of_work.h"
+#include "project/connection_participant.h"
 #include "recordset/jet_connection.h"
 #include "tests/support/any_file.h"
 #include "tests/support/memory_database.h"
 #include "tests/support/project_files.h"
 #include "vbfiles/environment.h"
-#include "workbench/connection_participant.h"
 
 namespace support {
 
@@ -37,7 +37,7 @@ class SamplePlant {
     connection = std::make_shared<recordset::JetConnection>(system, AnyFileOptions());
     environment = std::make_shared<vbfiles::Environment>(system);
     environment->Open(kProjectPath);
-    database_ = std::make_unique<workbench::ConnectionParticipant>(connection);
+    database_ = std::make_unique<project::ConnectionParticipant>(connection);
     unit.Enlist(*database_);
     unit.Enlist(*environment);
   }
@@ -70,7 +70,7 @@ class SamplePlant {
   }
 
  private:
-  std::unique_ptr<workbench::ConnectionParticipant> database_;
+  std::unique_ptr<project::ConnectionParticipant> database_;
 };
 
 }  // namespace support

@@ -3,8 +3,8 @@
 // the class meanwhile.
 #include <gtest/gtest.h>
 
+#include "project/project.h"
 #include "tests/window/desktop_program.h"
-#include "workbench/project.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ using window_tests::Wait;
 struct PlantWithFormulas : support::SamplePlant {
   PlantWithFormulas() {
     const texts::TextTable texts(texts::Language::kEnglish);
-    workbench::Project project(system, support::kPlantDatabase, {}, texts);
+    project::Project project(system, support::kPlantDatabase, {}, texts);
     for (const auto& [name, prog_id] :
          {std::pair("Drain", "PumpServer.CTank"), std::pair("Fill", "PumpServer.CPump")})
       EXPECT_TRUE(project.operations().AddFormula({name, prog_id, 0, 0, true, ""}).success());

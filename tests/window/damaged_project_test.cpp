@@ -7,9 +7,9 @@
 #include <cstring>
 
 #include "jet/database.h"
+#include "project/backups.h"
+#include "project/project.h"
 #include "tests/window/desktop_program.h"
-#include "workbench/backups.h"
-#include "workbench/project.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ class Said : public wxModalDialogHook {
 
 void Fill(files::FileSystem& system) {
   const texts::TextTable texts(texts::Language::kEnglish);
-  workbench::Project project(system, kPlantDatabase, {}, texts);
+  project::Project project(system, kPlantDatabase, {}, texts);
   const store::AliasValues aliases[] = {{"Tank.Level", "Level"}};
   ASSERT_TRUE(project.operations().AddAliases(aliases).success());
   ASSERT_TRUE(project.operations().AddFormula({"Kept", "PumpServer.CPump"}).success());
@@ -66,9 +66,9 @@ class DamagedProject : public testing::Test {
     Fill(plant_.system);
     good_ = plant_.system.Get(kPlantDatabase);
     const std::string list =
-        workbench::ComponentListPath(plant_.system, "/home/state", kPlantDatabase);
+        project::ComponentListPath(plant_.system, "/home/state", kPlantDatabase);
     backups_ = "/home/state/backups/" + plant_.system.FileName(list);
-    workbench::Backups(plant_.system, backups_).MakeDaily("2026-11-20", {kPlantDatabase});
+    project::Backups(plant_.system, backups_).MakeDaily("2026-11-20", {kPlantDatabase});
   }
 
   // Opens the project while the keys are typed.
@@ -102,7 +102,7 @@ TEST_F(DamagedProject, SaysSoAndOffersABackup) {
   EXPECT_TRUE(Open(program, "key Return sleep 0.8 key alt+y"));
   EXPECT_EQ(plant_.system.Get(kPlantDatabase), good_);
   EXPECT_EQ(program.FormulaNodes(), std::vector<std::string>{"Kept"});
-  const auto backups = workbench::Backups(plant_.system, backups_).List();
+  const auto backups = project::Backups(plant_.system, backups_).List();
   ASSERT_EQ(backups.size(), 2u);
   EXPECT_EQ(plant_.system.Get(backups[0].folder + "/0.bak"), damaged);
 }

@@ -4,8 +4,8 @@
 #include <wx/button.h>
 
 #include "desktop/notice_bar.h"
+#include "project/project.h"
 #include "tests/window/desktop_program.h"
-#include "workbench/project.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ void ClickNotice(const DesktopProgram& program, int n) {
 
 void AddElsewhere(files::FileSystem& system, const std::string& name) {
   const texts::TextTable texts(texts::Language::kEnglish);
-  workbench::Project project(system, support::kPlantDatabase, {}, texts);
+  project::Project project(system, support::kPlantDatabase, {}, texts);
   const auto result = project.operations().AddFormula({name, "PumpServer.CPump", 0, 0, true, ""});
   ASSERT_TRUE(result.success()) << result.message << result.detail;
 }

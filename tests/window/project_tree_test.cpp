@@ -34,7 +34,7 @@ class ProjectTreeTest : public ::testing::Test {
   }
 
   void Add(const std::string& parent, const std::string& key) {
-    workbench::StudioNode node;
+    studio::StudioNode node;
     node.key = node.text = key;
     ASSERT_TRUE(model.Add(parent, std::move(node)));
   }
@@ -43,7 +43,7 @@ class ProjectTreeTest : public ::testing::Test {
     return tree->SelectedKey();
   }
 
-  workbench::StudioTree model;
+  studio::StudioTree model;
   wxFrame* frame;
   desktop::ProjectTree* tree;
   Keys selected;

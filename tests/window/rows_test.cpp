@@ -2,8 +2,8 @@
 // Mouse and keys in the tables: what is done is done to the row that was meant.
 #include <gtest/gtest.h>
 
+#include "project/project.h"
 #include "tests/window/desktop_program.h"
-#include "workbench/project.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ using Lines = std::vector<std::string>;
 struct PlantWithRows : support::SamplePlant {
   PlantWithRows() {
     const texts::TextTable texts(texts::Language::kEnglish);
-    workbench::Project project(system, support::kPlantDatabase, {}, texts);
+    project::Project project(system, support::kPlantDatabase, {}, texts);
     auto& operations = project.operations();
     EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
     const std::vector<store::AliasValues> aliases = {{"Plant.One", "One"},

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "codegen/vb_formula_code.h"
+#include "files/file_system.h"
+#include "files/unit_of_work.h"
+#include "platform/ado.h"
+#include "project/component_list_file.h"
+#include "project/connection_participant.h"
+#include "project/item_file.h"
+#include "store/operations.h"
+#include "texts/text_table.h"
+#include "vbfiles/environment.h"
+
+namespace project {
+
+struct ProjectOptions {
+  bool with_code = true;  // false: no Visual Basic project is looked at
+  bool read_only = false;
+  std::vector<std::string> vb_files;  // empty: all .vbp and .vbg beside and below the database
+  std::string items_file;             // "": items.csv beside the database, which may be missing
+  std::string state_folder;           // of the user; "" keeps no component list
+  vbfiles::Options vb;
+};
+
+// A project database with its Visual Basic projects, item catalogue and component list, wired to
+// the operations. What one operation changes of all of them is one unit of work.
+class Project {
+ public:
+  // A path that is a link means the file that it leads to, with what stands beside that. Raises
+  // platform::Error or files::Error: a file that cannot be opened, a database that lacks one of the
+  // tables, two Visual Basic projects of one name. The text table must outlive the project.
+  Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
+          const texts::TextTable& texts);
+  ~Project();
+  Project(const Project&) = delete;
+  Project& operator=(const Project&) = delete;
+
+  const std::string& path() const { return path_; }
+  store::Operations& operations() { return *operations_; }
+  codegen::CVBFormulaCode& code() { return code_; }
+  std::shared_ptr<platform::Connection> connection() { return connection_; }
+  // Null without code.
+  std::shared_ptr<vbfiles::Environment> vb() { return vb_; }
+  ItemFile& items() { return items_; }
+  files::JournalledUnitOfWork& unit() { return unit_; }
+
+ private:
+  std::string path_;
+  std::shared_ptr<recordset::JetConnection> connection_;
+  ConnectionParticipant database_;
+  ItemFile items_;
+  std::unique_ptr<ComponentListFile> components_;  // null without a state folder or code
+  std::shared_ptr<vbfiles::Environment> vb_;
+  files::JournalledUnitOfWork unit_;
+  codegen::CVBFormulaCode code_;
+  std::unique_ptr<store::Operations> operations_;
+};
+
+// The name of the studio project where there is no studio: the database's file name without its
+// extension.
+std::string StudioProjectName(const files::FileSystem& system, const std::string& database_path);
+
+// The files that an operation of the project may write besides its database, and that the journal
+// of an interrupted one may name: modules in the folder of the database, of the Visual Basic files
+// that the options name and in those that the engineer agreed to.
+files::Reach ReachOf(files::FileSystem& system, const std::string& database_path,
+                     const ProjectOptions& options);
+
+// The Visual Basic projects of a database. Raises platform::Error or files::Error.
+std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
+                                                      const std::string& database_path,
+                                                      const ProjectOptions& options);
+std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
+                      const ProjectOptions& options);
+// Null without a state folder or code.
+std::unique_ptr<ComponentListFile> OpenComponents(files::FileSystem& system,
+                                                  const std::string& database_path,
+                                                  const ProjectOptions& options);
+
+// Where the component list of a database is kept in the user's state folder.
+std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,
+                              const std::string& database_path);
+
+}  // namespace project
