@@ -162,7 +162,7 @@ int main(int argc, char** argv) {
     if (argument.starts_with("--lang=")) language = argument.substr(7);
   }
   const texts::Language chosen =
-      project::ChooseLanguage(language, files::RealFileSystem(), Environment);
+      project::ChooseLanguage(language, files::RealFileSystem(), apps::Environment);
 #ifdef __WXGTK__
   if (Environment("DISPLAY").empty() && Environment("WAYLAND_DISPLAY").empty()) {
     const texts::TextTable texts(chosen);
