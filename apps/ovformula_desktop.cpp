@@ -164,7 +164,7 @@ int main(int argc, char** argv) {
   const texts::Language chosen =
       project::ChooseLanguage(language, files::RealFileSystem(), apps::Environment);
 #ifdef __WXGTK__
-  if (Environment("DISPLAY").empty() && Environment("WAYLAND_DISPLAY").empty()) {
+  if (apps::Environment("DISPLAY").empty() && apps::Environment("WAYLAND_DISPLAY").empty()) {
     const texts::TextTable texts(chosen);
     std::fprintf(stderr, "%s\n", texts.Text(studio::kTextNoDisplay).c_str());
     return EXIT_FAILURE;
