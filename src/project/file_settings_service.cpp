@@ -53,20 +53,19 @@ bool FileSettingsService::WriteIni(std::string_view file, std::string_view secti
 bool FileSettingsService::WriteIniSection(std::string_view file, std::string_view section,
                                           const std::vector<IniEntry>& entries) {
   const std::string path(file);
-  settings::IniDocument* document = Read(path);
-  if (!document) return false;
-  const std::string before = document->Bytes();
-  for (const IniEntry& entry : entries) document->Set(section, entry.entry, entry.value);
-  const std::string after = document->Bytes();
-  if (after == before && system_.Exists(path)) return true;
+  if (!Read(path)) return false;
+  // What other windows write meanwhile stays.
+  cache_.erase(path);
   try {
     if (const std::string folder = system_.Folder(path); !folder.empty())
       system_.CreateDirectories(folder);
-    files::ReplaceFile(system_, path, after);
-    cache_[path].stamp = system_.Stamp(path);
+    files::UpdateFile(system_, path, [&](const std::string& before) {
+      settings::IniDocument document(before);
+      for (const IniEntry& entry : entries) document.Set(section, entry.entry, entry.value);
+      return document.Bytes();
+    });
     return true;
   } catch (const files::Error&) {
-    cache_.erase(path);
     return false;
   }
 }

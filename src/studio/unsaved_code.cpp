@@ -60,7 +60,7 @@ void UnsavedCopies::TakeName() {
 
 void UnsavedCopies::Keep(const UnsavedCode& code) {
   if (path_.empty()) TakeName();
-  files::ReplaceFile(system_, path_ + std::string(kCopy), Encoded(code));
+  files::ReplaceFile(system_, path_ + std::string(kCopy), Encoded(code), code.module);
 }
 
 void UnsavedCopies::Drop() {

@@ -25,7 +25,8 @@ class UnsavedCopies {
   UnsavedCopies(files::FileSystem& system, std::string folder)
       : system_(system), folder_(std::move(folder)) {}
 
-  // Keeps the code in place of what this object kept before.
+  // Keeps the code in place of what this object kept before. A new file lets in whom the module's
+  // lets in.
   void Keep(const UnsavedCode& code);
   // It was saved or given up.
   void Drop();

@@ -75,12 +75,13 @@ class NumberedProject {
   std::vector<std::string> files_;
 };
 
-// Increments without an end.
+// Increments without an end; tells of the first time.
 const support::Work increment("increment", [](const Arguments& arguments) -> int {
   FileSystem& system = RealFileSystem();
   const NumberedProject project(arguments[0]);
   const auto file = system.Open(project.database(), OpenMode::kReadWrite);
   ChangeJournal journal(system, project.database(), kAnyFile);
+  project.Increment(journal, *file);
   support::Tell();
   for (;;) project.Increment(journal, *file);
 });
@@ -122,11 +123,13 @@ TEST(Processes, KilledAtAnyTimeLeaveOneState) {
   project.Create();
   FileSystem& system = RealFileSystem();
   std::mt19937 random(11);
+  const int rounds = Rounds(25, 2000);
   int recovered = 0;
-  for (int round = 0; round < Rounds(25, 2000); ++round) {
+  // On a busy machine a process may stand still for long; some time one dies in a commit.
+  for (int round = 0; round < rounds || (recovered == 0 && round < 20 * rounds); ++round) {
     ChildProcess child("increment", {folder.path()});
     ASSERT_TRUE(child.Hear());
-    support::Sleep(1000 + random() % 40'000);
+    support::Sleep(random() % 40'000);
     child.Kill();
     ASSERT_EQ(child.Wait(), ChildProcess::kKilled);
     if (Recover(system, project.database(), kAnyFile).condition != JournalCondition::kNone)
@@ -134,7 +137,7 @@ TEST(Processes, KilledAtAnyTimeLeaveOneState) {
     ASSERT_TRUE(project.Number().has_value()) << "round " << round;
     ASSERT_EQ(system.List(folder.path()).size(), 3u) << "a stray file in round " << round;
   }
-  EXPECT_GT(*project.Number(), 0);
+  EXPECT_GE(*project.Number(), rounds);
   EXPECT_GT(recovered, 0) << "no process was killed in a commit";
 }
 
