@@ -62,7 +62,7 @@ std::int32_t Connect::Event(const std::function<void()>& body) {
   try {
     body();
   } catch (const std::exception& error) {
-    messages_.Warn(texts_.Translated(error.what()));
+    messages_.Warn(error);
   }
   return 0;
 }

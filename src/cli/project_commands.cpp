@@ -47,7 +47,7 @@ int RunNew(Invocation& invocation) {
     }
   } catch (const files::Error& error) {
     if (error.kind() != files::ErrorKind::kExists) throw;
-    throw CommandError(kRefused, invocation.texts().Translated(error.what()));
+    throw CommandError(kRefused, invocation.texts().Sentence(error));
   }
   return kDone;
 }

@@ -101,8 +101,8 @@ ProjectSession::ProjectSession(Invocation& invocation, Use use)
                                                   OptionsFor(invocation, use), invocation.texts())),
       progress_(invocation) {
   if (!project_->vb()) return;
-  for (const std::string& problem : project_->vb()->Problems()) {
-    invocation.Warn(invocation.texts().Translated(problem));
+  for (const messages::Message& problem : project_->vb()->Problems()) {
+    invocation.Warn(invocation.texts().Sentence(problem));
   }
 }
 

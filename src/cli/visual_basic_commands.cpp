@@ -92,8 +92,8 @@ std::unique_ptr<vbfiles::Environment> OpenFile(Invocation& invocation) {
   options.code_page = invocation.NumberOption("--code-page").value_or(options.code_page);
   auto environment = std::make_unique<vbfiles::Environment>(invocation.console().files, options);
   environment->Open(invocation.Argument("FILE"));
-  for (const std::string& problem : environment->Problems()) {
-    invocation.Warn(invocation.texts().Translated(problem));
+  for (const messages::Message& problem : environment->Problems()) {
+    invocation.Warn(invocation.texts().Sentence(problem));
   }
   return environment;
 }
@@ -132,7 +132,7 @@ bool WarnOfUnreadable(Invocation& invocation,
     try {
       if (component->Module()) component->Module()->RequireSource();
     } catch (const platform::Error& error) {
-      invocation.Warn(invocation.texts().Translated(error.description()));
+      invocation.Warn(invocation.texts().Sentence(error));
       all = false;
     }
   }

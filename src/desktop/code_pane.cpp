@@ -131,10 +131,10 @@ void CodePane::LoadModule() {
     conflict_ = false;
     ShowName();
   } catch (const std::exception& error) {
-    problem_ = error.what();
+    problem_ = texts_.Sentence(error);
     editor_->ShowText("");
     editor_->Enable(false);
-    SetTitle(texts_.Translated(problem_));
+    SetTitle(problem_);
   }
   Layout();
 }
@@ -150,9 +150,9 @@ void CodePane::CloseModule() {
   SetTitle(texts_.Text(TextNumber::kTextNoModule));
 }
 
-void CodePane::ShowProblem(const std::string& text) {
+void CodePane::ShowProblem(const std::exception& failure) {
   CloseModule();
-  SetTitle(texts_.Translated(text));
+  SetTitle(texts_.Sentence(failure));
 }
 
 bool CodePane::TakeKeyboard() {
@@ -202,13 +202,13 @@ bool CodePane::Save() {
     if (on_status) on_status(texts_.Text(TextNumber::kTextSaved, {{"<Name>", name}}));
     return true;
   } catch (const platform::Error& error) {
-    cause = error.what();
+    cause = texts_.Sentence(error);
     if (error.kind() == platform::ErrorKind::kConflict && conflict_) {
       ResolveConflict();
       return false;
     }
   } catch (const std::exception& error) {
-    cause = error.what();
+    cause = texts_.Sentence(error);
   }
   if (on_failure) on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), cause);
   return false;
@@ -266,10 +266,10 @@ void CodePane::Refresh() {
       ShowName();
     }
   } catch (const std::exception& error) {  // its file is gone, or cannot be read for a while
-    const bool told = problem_ == error.what();
-    if (told) return;
+    const std::string problem = texts_.Sentence(error);
+    if (problem == problem_) return;
     if (!Modified()) return LoadModule();
-    problem_ = error.what();
+    problem_ = problem;
     SetTitle(texts_.Text(TextNumber::kTextModuleUnreadable, {{"<Name>", component_->Name()}}));
   }
 }

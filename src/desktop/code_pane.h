@@ -4,6 +4,7 @@
 #include <wx/panel.h>
 #include <wx/timer.h>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -53,7 +54,7 @@ class CodePane : public wxPanel {
   // Asks whether unsaved changes are to be saved or given up; false when the user wants to stay.
   bool MayLeave();
   // Shows why there is no code to show.
-  void ShowProblem(const std::string& text);
+  void ShowProblem(const std::exception& failure);
   // False when there is no code that could take it.
   bool TakeKeyboard();
   // Takes over what the module holds now.

@@ -399,7 +399,7 @@ void MainWindow::ShowCodeOfNode(const std::string& key) {
   try {
     FindCodeOfNode(key);
   } catch (const platform::Error& error) {  // a module whose file is gone, for one
-    if (!code_->Modified()) code_->ShowProblem(error.what());
+    if (!code_->Modified()) code_->ShowProblem(error);
   }
 }
 
@@ -454,7 +454,7 @@ void MainWindow::TellLastCrash() {
 void MainWindow::ShowStatus(const std::string& text) { SetStatusText(wx::ToWx(text)); }
 
 void MainWindow::ShowFailure(const std::string& message, const std::string& detail) {
-  parts_.toolkit.Show({message, parts_.texts.Translated(detail), "", platform::MessageButtons::kOk,
+  parts_.toolkit.Show({message, detail, "", platform::MessageButtons::kOk,
                        platform::MessageResult::kOk, platform::MessageIcon::kError});
 }
 
@@ -483,7 +483,7 @@ void MainWindow::ShowReport(const std::string& html) {
     wxLaunchDefaultBrowser(wxFileSystem::FileNameToURL(wxFileName(wx::ToWx(path))));
     ShowStatus(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));
   } catch (const std::exception& error) {
-    ShowFailure(Text(TextNumber::kTextReportTitle), error.what());
+    ShowFailure(Text(TextNumber::kTextReportTitle), parts_.texts.Sentence(error));
   }
 }
 

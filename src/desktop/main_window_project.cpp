@@ -43,7 +43,8 @@ void MainWindow::AskNew() {
     project::MakeProject(parts_.files, path, {});
     OpenProject(path);
   } catch (const std::exception& error) {
-    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotCreate, {{"<File>", path}}), error.what());
+    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotCreate, {{"<File>", path}}),
+                parts_.texts.Sentence(error));
   }
 }
 
@@ -70,7 +71,8 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
                                       [this](const std::string& html) { ShowReport(html); }},
         full, options);
   } catch (const std::exception& error) {
-    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}), error.what());
+    ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}),
+                parts_.texts.Sentence(error));
     ForgetMissing(path);
     FillBackups(path);
     if (!before.empty() && before != path) OpenProject(before);
@@ -114,8 +116,8 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
 void MainWindow::TellProblems() {
   if (!session_) return;
   std::string problems;
-  for (const std::string& problem : session_->vb().Problems())
-    problems += (problems.empty() ? "" : "\n") + parts_.texts.Translated(problem);
+  for (const messages::Message& problem : session_->vb().Problems())
+    problems += (problems.empty() ? "" : "\n") + parts_.texts.Sentence(problem);
   if (problems.empty()) return;
   parts_.toolkit.Show(
       {parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", session_->database_path()}}),
@@ -192,7 +194,7 @@ void MainWindow::OfferUnsavedCode() try {
   ShowFailure(parts_.texts.Text(TextNumber::kTextModuleGone, {{"<File>", left->module}}), "");
 } catch (const files::Error& error) {
   ShowStatus(parts_.texts.Text(TextNumber::kTextNoUnsavedCopy,
-                               {{"<Text>", parts_.texts.Translated(error.what())}}));
+                               {{"<Text>", parts_.texts.Sentence(error)}}));
 }
 
 std::shared_ptr<platform::VBComponent> MainWindow::FindComponentOf(const std::string& file) {
@@ -219,10 +221,10 @@ void MainWindow::EnlistBackup() {
       project::DailyBackup::Outside{[] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
                                     [this] { return session_->Files(); },
                                     [this] { CallAfter([this] { FillBackups(backed_up_); }); },
-                                    [this](const std::string& reason) {
+                                    [this](const std::exception& reason) {
                                       ShowStatus(parts_.texts.Text(
                                           TextNumber::kTextBackupFailed,
-                                          {{"<Text>", parts_.texts.Translated(reason)}}));
+                                          {{"<Text>", parts_.texts.Sentence(reason)}}));
                                     }});
   session_->unit().Enlist(*backup_);
 }
@@ -240,7 +242,7 @@ void MainWindow::FillBackups(const std::string& path) {
     try {
       backups_ = project::Backups(parts_.files, StateFolderOf("backups", path)).List();
     } catch (const files::Error& error) {
-      ShowStatus(parts_.texts.Translated(error.what()));
+      ShowStatus(parts_.texts.Sentence(error));
     }
   }
   std::vector<std::string> names;
@@ -266,15 +268,15 @@ void MainWindow::RestoreBackup(const project::Backups::Backup& backup) {
   const wxBusyCursor busy;
   if (!CloseProject()) return;
   restoring_ = true;
-  std::string failure;
+  bool restored = false;
   try {
     project::Backups(parts_.files, StateFolderOf("backups", path))
         .Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
+    restored = true;
   } catch (const std::exception& error) {
-    failure = error.what();
-    ShowFailure(Text(TextNumber::kTextCannotRestore), failure);
+    ShowFailure(Text(TextNumber::kTextCannotRestore), parts_.texts.Sentence(error));
   }
-  if (OpenProject(path) && failure.empty())
+  if (OpenProject(path) && restored)
     ShowStatus(parts_.texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
   restoring_ = false;
 }

@@ -66,7 +66,7 @@ bool AliasTable::Open() {
       if (!stale_) return true;
       recordset_->Requery();
       stale_ = false;
-      problem_.clear();
+      problem_ = {};
       return true;
     }
     if (connection_->State() != platform::ObjectState::kOpen) return false;
@@ -82,10 +82,10 @@ bool AliasTable::Open() {
     recordset_->SetIndex(index);
     recordset_->Open();
     stale_ = false;
-    problem_.clear();
+    problem_ = {};
     return true;
   } catch (const platform::Error& error) {
-    if (problem_.empty()) problem_ = error.description();
+    if (problem_.empty()) problem_ = error.message();
     return false;
   }
 }
@@ -111,7 +111,7 @@ std::vector<store::AliasRecord> AliasTable::Records(std::size_t first, std::size
       record.vb_alias = TextOf(rows.At(2, row));
     }
   } catch (const platform::Error& error) {
-    if (problem_.empty()) problem_ = error.description();
+    if (problem_.empty()) problem_ = error.message();
     records.clear();
   }
   return records;

@@ -11,6 +11,7 @@
 
 #include "forms/combo_box.h"
 #include "forms/row_source.h"
+#include "messages/message.h"
 #include "platform/ado.h"
 #include "store/operations.h"
 
@@ -32,8 +33,8 @@ class AliasTable {
   // The next look sees the rows that were added, changed and deleted meanwhile.
   void Requery() { stale_ = true; }
 
-  // What kept the last look from being answered, a sentence; "" when nothing did.
-  const std::string& Problem() const { return problem_; }
+  // What kept the last look from being answered; empty when nothing did.
+  const messages::Message& Problem() const { return problem_; }
 
   std::size_t Count();
   // Up to `count` records from position `first` (from 0) on.
@@ -54,7 +55,7 @@ class AliasTable {
   AliasOrder order_;
   bool has_index_ = false;  // of the order; while open
   bool stale_ = false;
-  std::string problem_;
+  messages::Message problem_;
 };
 
 // The entries of a drop-down: alias names with their IDs as item data.

@@ -34,7 +34,7 @@ std::int32_t AddArgument(const Surroundings& surroundings, std::int32_t formula_
   }
   return 0;
 } catch (const platform::Error& error) {
-  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error.description());
+  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error);
   return 0;
 }
 
@@ -56,7 +56,7 @@ bool EditArgument(const Surroundings& surroundings, std::int32_t argument_id) tr
   }
   return false;
 } catch (const platform::Error& error) {
-  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error.description());
+  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error);
   return false;
 }
 
@@ -87,7 +87,7 @@ bool EditAlias(const Surroundings& surroundings, std::int32_t alias_id) try {
   }
   return false;
 } catch (const platform::Error& error) {
-  surroundings.messages.Warn(error.description());
+  surroundings.messages.Warn(error);
   return false;
 }
 

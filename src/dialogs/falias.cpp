@@ -67,7 +67,7 @@ void FAlias::OnChooseItem() {
   try {
     txtVBAlias.SetText(surroundings().operations.ProposeAlias(*item, alias_id_));
   } catch (const platform::Error& error) {
-    surroundings().messages.Warn(error.description());
+    surroundings().messages.Warn(error);
   }
 }
 

@@ -81,7 +81,7 @@ bool EditFormula(const Surroundings& surroundings, std::int32_t formula_id) {
   try {
     record = surroundings.operations.FindFormula(formula_id);
   } catch (const platform::Error& error) {
-    surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error.description());
+    surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error);
     return false;
   }
   if (!record) return false;

@@ -30,10 +30,16 @@ platform::MessageResult MessageBoxes::Show(platform::MessageBox box) {
 
 void MessageBoxes::Warn(std::string_view prompt, std::string_view detail) {
   platform::MessageBox box;
-  box.prompt = texts_.Translated(prompt);
-  box.detail = texts_.Translated(detail);
+  box.prompt = prompt;
+  box.detail = detail;
   box.icon = platform::MessageIcon::kWarning;
   Show(std::move(box));
+}
+
+void MessageBoxes::Warn(const std::exception& failure) { Warn(texts_.Sentence(failure)); }
+
+void MessageBoxes::Warn(std::string_view prompt, const std::exception& failure) {
+  Warn(prompt, texts_.Sentence(failure));
 }
 
 bool MessageBoxes::Ask(std::string_view prompt, std::string_view detail) {
@@ -48,7 +54,7 @@ bool MessageBoxes::Ask(std::string_view prompt, std::string_view detail) {
 
 void MessageBoxes::ShowHostError(platform::AddIn& studio, std::string_view text) {
   const Guard guard(*this);
-  studio.ShowError(texts_.Translated(text));
+  studio.ShowError(text);
 }
 
 }  // namespace dialogs

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <string_view>
 
@@ -23,8 +24,11 @@ class MessageBoxes {
 
   // An empty title is replaced by the application's.
   platform::MessageResult Show(platform::MessageBox box);
-  // An OK button only. Here and in an error text descriptions of failures are translated.
+  // An OK button only.
   void Warn(std::string_view prompt, std::string_view detail = {});
+  // What a failure has to say, alone or as the detail.
+  void Warn(const std::exception& failure);
+  void Warn(std::string_view prompt, const std::exception& failure);
   // Yes and No, No being the default. Whether Yes was chosen.
   bool Ask(std::string_view prompt, std::string_view detail);
   // An error text shown by the studio.

@@ -101,7 +101,7 @@ void Commands::Run(std::string_view tool_name) {
   try {
     (this->*row->command)(row->action);
   } catch (const std::exception& error) {
-    window_.messages().Warn(error.what());
+    window_.messages().Warn(error);
   }
 }
 
@@ -329,8 +329,9 @@ void Commands::ShowReport() {
   try {
     created = window_.services().objects.Create("OVProjectReport.Connect");
   } catch (const platform::Error& error) {
-    window_.messages().Warn(std::to_string(error.number()) + "\r\n" + error.description(),
-                            window_.Text(kReportRemedy));
+    window_.messages().Warn(
+        std::to_string(error.number()) + "\r\n" + window_.texts().Sentence(error),
+        window_.Text(kReportRemedy));
     return;
   }
   const auto report = std::dynamic_pointer_cast<platform::ReportAddIn>(created);

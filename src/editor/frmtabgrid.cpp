@@ -195,10 +195,10 @@ void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
 
 void frmtabgrid::TellUnreadable() {
   if (!operations_) return;
-  const std::string& by_id = aliases_by_id_->Problem();
-  const std::string problem = by_id.empty() ? aliases_by_name_->Problem() : by_id;
+  const messages::Message& by_id = aliases_by_id_->Problem();
+  const std::string problem = texts_.Sentence(by_id.empty() ? aliases_by_name_->Problem() : by_id);
   if (problem == std::exchange(told_problem_, problem) || problem.empty()) return;
-  messages_.Warn(texts_.Translated(problem));
+  messages_.Warn(problem);
 }
 
 void frmtabgrid::Reload() {
@@ -214,7 +214,7 @@ void frmtabgrid::ReadArguments() {
   try {
     arguments_->Read(*operations_, formula_id);
   } catch (const platform::Error& error) {
-    messages_.Warn(error.description());
+    messages_.Warn(error);
   }
 }
 
@@ -282,7 +282,7 @@ void frmtabgrid::VerifyAdds(std::string_view key) {
   grid_editing_.SetSilent(false);
   if (written) return;
   grid->CancelUpdate();
-  std::string error = grid->ErrorText();
+  std::string error = texts_.Sentence(grid->Problem());
   if (const std::string detail = grid_editing_.TakeDetail(); !detail.empty())
     error += "\n" + detail;
   messages_.ShowHostError(*studio_, error);

@@ -208,7 +208,7 @@ void GridEditing::OnError(forms::Grid& grid, const forms::GridError& error) {
   if (silent_) return;
   const std::string detail = TakeDetail();
   if (error.number == kDataError) {
-    std::string cause = error.description;
+    std::string cause = window_.texts().Sentence(error.message);
     AppendLine(cause, detail);
     window_.messages().Warn(
         window_.texts().Text(kDataErrorText, {{"<DataError>", std::to_string(error.number)}}),
@@ -220,7 +220,7 @@ void GridEditing::OnError(forms::Grid& grid, const forms::GridError& error) {
   }
   window_.services().toolkit.Beep();
   grid.CancelUpdate();
-  window_.messages().Warn(error.description, detail);
+  window_.messages().Warn(window_.texts().Sentence(error.message), detail);
   window_.Reload();
 }
 

@@ -145,8 +145,8 @@ bool Grid::Update() {
   try {
     if (on_write) on_write(*CurrentId(), changes);
   } catch (const platform::Error& error) {
-    error_text_ = error.description();
-    if (on_error) on_error({error.number(), error.description()});
+    problem_ = error.message();
+    if (on_error) on_error({error.number(), error.message()});
     return false;
   }
   changes_.clear();

@@ -12,6 +12,7 @@
 
 #include "forms/grid_columns.h"
 #include "forms/row_view.h"
+#include "messages/message.h"
 
 namespace forms {
 
@@ -26,7 +27,7 @@ struct CellChange {
 // The failure of writing a row.
 struct GridError {
   std::int32_t number = 0;
-  std::string description;
+  messages::Message message;
 };
 
 // A table with splits and columns over virtual rows. A cell is edited in the current row:
@@ -84,7 +85,7 @@ class Grid : public RowView {
   // Drops the cell's edit and the pending values.
   void CancelUpdate();
   // Description of the last failure of Update.
-  const std::string& ErrorText() const { return error_text_; }
+  const messages::Message& Problem() const { return problem_; }
 
   // Splits(n) and Columns(field or number) are sub-objects.
   PropertyObject* SubObject(std::string_view name,
@@ -109,7 +110,7 @@ class Grid : public RowView {
   bool edit_active_ = false;
   platform::Variant edit_value_;
   std::map<std::size_t, platform::Variant> changes_;  // by column
-  std::string error_text_;
+  messages::Message problem_;
 };
 
 }  // namespace forms

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "project/daily_backup.h"
 
-#include <exception>
 #include <utility>
 
 namespace project {
@@ -17,7 +16,7 @@ void DailyBackup::Collect(files::ChangeSet& changes) {
   try {
     if (backups_.MakeDaily(today, outside_.files())) outside_.made();
   } catch (const std::exception& error) {
-    outside_.failed(error.what());
+    outside_.failed(error);
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <string>
 #include <vector>
@@ -18,7 +19,7 @@ class DailyBackup final : public files::Participant {
     std::function<std::string()> today;               // "2026-11-21"
     std::function<std::vector<std::string>()> files;  // of the project
     std::function<void()> made;
-    std::function<void(const std::string& reason)> failed;
+    std::function<void(const std::exception& reason)> failed;
   };
 
   // `folder`: of the project's backups.

@@ -219,8 +219,7 @@ class Report {
     }
     const auto failure = source_.code.TakeFailure();
     html_ += "<p class=\"none\">" +
-             (failure ? EscapeHtml(texts_.Translated(failure->description())) : Text(kNoCode)) +
-             "</p>\n";
+             (failure ? EscapeHtml(texts_.Sentence(*failure)) : Text(kNoCode)) + "</p>\n";
   }
 
   std::string UsesOf(std::int32_t alias_id) const {

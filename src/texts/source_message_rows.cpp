@@ -27,8 +27,6 @@ std::span<const Row> SourceMessageRows() {
       {2810,
        "Das Zeichen<Character> (<Code>) für <MessagePlace> ist nicht in der Codepage <Number>.",
        "The character<Character> (<Code>) for <MessagePlace> is not in code page <Number>."},
-      {2811, "Das Zeichen (<Code>) für <MessagePlace> ist nicht in der Codepage <Number>.",
-       "The character (<Code>) for <MessagePlace> is not in code page <Number>."},
       {2812,
        "Nehmen Sie ein anderes Zeichen, oder öffnen Sie das Projekt mit der Codepage, in der es "
        "geschrieben ist (--code-page).",
@@ -78,6 +76,7 @@ std::span<const Row> SourceMessageRows() {
        "<Path> holds a zero byte in line <Line> of the file and is left alone."},
       {2835, "Stellen Sie sie aus einer Sicherung wieder her, oder entfernen Sie das Byte.",
        "Restore it from a backup, or remove the byte."},
+      {2836, "Stellen Sie sie aus einer Sicherung wieder her.", "Restore it from a backup."},
       // The workbench.
       {2840, "Das Modul wurde inzwischen von jemand anderem geändert.",
        "The module was changed by somebody else meanwhile."},

@@ -8,6 +8,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 #include "vbfiles/code_page_tables.h"
+#include "vbfiles/messages.h"
 
 namespace vbfiles {
 
@@ -56,9 +57,9 @@ const CodePage& CodePage::Get(int number) {
   for (const CodePage& page : pages) {
     if (page.number_ == number) return page;
   }
-  throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                        "Code page " + std::to_string(number) +
-                            " is unknown. Choose one of 874, 932, 936, 949, 950, 1250 to 1258.");
+  throw platform::Error(
+      platform::ErrorKind::kRefused, kErrInvalidCall,
+      Joined({message::kUnknownCodePage, {{"<Number>", number}}}, message::kChooseCodePage));
 }
 
 std::string CodePage::ToUtf8(std::string_view bytes) const {

@@ -27,8 +27,8 @@ class Component final : public platform::VBComponent {
   platform::CodeModule* Module() override { return module_ ? &*module_ : nullptr; }
   void Activate() override;
 
-  // Why the file cannot be used, in a sentence; "" when it can.
-  const std::string& Problem() const { return File().problem(); }
+  // Why the file cannot be used; empty when it can.
+  const messages::Message& Problem() const { return File().problem(); }
 
   void AddTree(const std::string& folder) { document_->file().AddTree(folder); }
   void RefreshHeader() { document_->file().RefreshHeader(); }

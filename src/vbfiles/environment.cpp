@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 #include "vbfiles/errors.h"
+#include "vbfiles/messages.h"
 #include "vbfiles/path_resolver.h"
 #include "vbfiles/project_file.h"
 
@@ -51,10 +52,9 @@ Environment::Contents Environment::Read(const std::vector<std::string>& paths) c
     } else if (HasExtension(path, ".vbp") || SourceTypeOf(path)) {
       ReadProject(path, session_->system.Folder(path), contents);
     } else {
-      throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                            path +
-                                " is no Visual Basic file. Name a .vbp, a .vbg or a source "
-                                "file such as a .cls.");
+      throw platform::Error(
+          platform::ErrorKind::kRefused, kErrInvalidCall,
+          Joined({message::kNoVisualBasicFile, {{"<Path>", path}}}, message::kNameVisualBasicFile));
     }
   }
   return contents;
@@ -74,11 +74,13 @@ void Environment::ReadGroup(const std::string& path, Contents& contents) const {
   for (const std::string& written : ParseGroupFile(text)) {
     const std::string project = resolver.Resolve(folder, page_.ToUtf8(written));
     if (!system.Exists(project)) {
-      contents.problems.push_back(project + " does not exist, although " + path +
-                                  " names it. Restore it, or correct the group.");
+      contents.problems.push_back(
+          Joined({message::kGroupNamesMissing, {{"<Path>", project}, {"<Group>", path}}},
+                 message::kRestoreOrCorrectGroup));
     } else if (!HasExtension(project, ".vbp")) {
-      contents.problems.push_back(project + " is no project, although " + path +
-                                  " names it. Correct the group.");
+      contents.problems.push_back(
+          Joined({message::kGroupNamesNoProject, {{"<Path>", project}, {"<Group>", path}}},
+                 message::kCorrectGroup));
     } else {
       ReadProject(CanonicalPath(system, project), folder, contents);
     }
@@ -95,9 +97,11 @@ void Environment::ReadProject(const std::string& path, const std::string& tree,
   const std::shared_ptr<Project> opened = ProjectAt(path, tree);
   for (const auto& project : contents.projects) {
     if (!platform::EqualsIgnoringCase(project->Name(), opened->Name())) continue;
-    throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                          project->FileName() + " and " + path + " both are the project " +
-                              opened->Name() + ". Name the one that is meant (--vbp).");
+    throw platform::Error(
+        platform::ErrorKind::kRefused, kErrInvalidCall,
+        Joined({message::kSameProject,
+                {{"<Path>", project->FileName()}, {"<Other>", path}, {"<Name>", opened->Name()}}},
+               message::kNameOneProject));
   }
   contents.projects.push_back(opened);
 }
@@ -136,8 +140,8 @@ std::shared_ptr<platform::VBProject> Environment::FindProject(std::string_view n
   return nullptr;
 }
 
-std::vector<std::string> Environment::Problems() {
-  std::vector<std::string> problems = contents_.problems;
+std::vector<messages::Message> Environment::Problems() {
+  std::vector<messages::Message> problems = contents_.problems;
   for (const auto& project : contents_.projects) {
     std::ranges::move(project->Problems(), std::back_inserter(problems));
   }

@@ -9,6 +9,7 @@
 
 #include "files/file_system.h"
 #include "files/unit_of_work.h"
+#include "messages/message.h"
 #include "platform/vbide.h"
 #include "vbfiles/project.h"
 #include "vbfiles/session.h"
@@ -36,7 +37,7 @@ class Environment final : public platform::VBE, public files::Participant {
   const std::vector<std::shared_ptr<Project>>& Projects() const { return contents_.projects; }
 
   // What is wrong with the open files, a sentence each.
-  std::vector<std::string> Problems();
+  std::vector<messages::Message> Problems();
   // Characters of comments that became "?" since the last call.
   std::vector<ReplacedCharacters> TakeReplacedCharacters();
   // The group files (.vbg) that are open.
@@ -55,7 +56,7 @@ class Environment final : public platform::VBE, public files::Participant {
  private:
   struct Contents {
     std::vector<std::shared_ptr<Project>> projects;
-    std::vector<std::string> problems;               // of groups
+    std::vector<messages::Message> problems;         // of groups
     std::map<std::string, files::FileStamp> groups;  // by path, as they were read
   };
 

@@ -40,11 +40,11 @@ platform::Error FromFileError(const files::Error& error) {
       error.kind() == files::ErrorKind::kNotFound   ? platform::ErrorKind::kNotFound
       : error.kind() == files::ErrorKind::kConflict ? platform::ErrorKind::kConflict
                                                     : platform::ErrorKind::kIo;
-  return platform::Error(kind, NumberOf(error.kind()), error.what());
+  return platform::Error(kind, NumberOf(error.kind()), messages::MessageOf(error));
 }
 
-platform::Error SubscriptError(const std::string& description) {
-  return platform::Error(platform::ErrorKind::kRefused, platform::kErrSubscript, description);
+platform::Error SubscriptError(const messages::Message& message) {
+  return platform::Error(platform::ErrorKind::kRefused, platform::kErrSubscript, message);
 }
 
 }  // namespace vbfiles

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "files/error.h"
+#include "messages/message.h"
 #include "platform/vbide.h"
 
 namespace vbfiles {
@@ -14,6 +15,6 @@ inline constexpr std::int32_t kErrInvalidCall = 5;  // invalid procedure call or
 platform::Error FromFileError(const files::Error& error);
 
 // Error 9: a line number or an index that does not exist.
-platform::Error SubscriptError(const std::string& description);
+platform::Error SubscriptError(const messages::Message& message);
 
 }  // namespace vbfiles

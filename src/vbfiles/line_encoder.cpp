@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "vbcode/source_lexer.h"
 #include "vbfiles/errors.h"
+#include "vbfiles/messages.h"
 #include "vbfiles/physical_lines.h"
 
 namespace vbfiles {
@@ -21,19 +22,20 @@ std::string CodePointName(char32_t character) {
   return name;
 }
 
-std::string PlaceText(const LinePlace& place) {
-  return "line " + std::to_string(place.line) + " of " + place.file;
+messages::Message PlaceOf(const LinePlace& place) {
+  return {message::kLineOf, {{"<Line>", place.line}, {"<Path>", place.file}}};
 }
 
 [[noreturn]] void RefuseCharacter(std::string_view text, char32_t character, const LinePlace& place,
                                   const CodePage& page) {
   const std::string shown = character < 0x20 ? "" : " " + std::string(text);
   throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                        "The character" + shown + " (" + CodePointName(character) + ") for " +
-                            PlaceText(place) + " is not in code page " +
-                            std::to_string(page.number()) +
-                            ". Use another character, or open the project with the code page "
-                            "that it is written in (--code-page).");
+                        Joined({message::kNotInCodePage,
+                                {{"<Character>", shown},
+                                 {"<Code>", CodePointName(character)},
+                                 {"<MessagePlace>", PlaceOf(place)},
+                                 {"<Number>", page.number()}}},
+                               message::kUseOtherCharacter));
 }
 
 std::string EncodeLine(std::string_view text, const LinePlace& place, const CodePage& page,
@@ -50,9 +52,9 @@ std::string EncodeLine(std::string_view text, const LinePlace& place, const Code
   }
   if (bytes.size() > kLongestLine) {
     throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                          "The text for " + PlaceText(place) + " has " +
-                              std::to_string(bytes.size()) +
-                              " characters; Visual Basic allows 1023 in a line. Shorten it.");
+                          Joined({message::kLineTooLong,
+                                  {{"<MessagePlace>", PlaceOf(place)}, {"<Count>", bytes.size()}}},
+                                 message::kShorten));
   }
   return bytes;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "vbfiles/errors.h"
+#include "vbfiles/messages.h"
 
 namespace vbfiles {
 
@@ -31,16 +32,16 @@ bool IsUtf16(std::string_view bytes) {
 
 // What keeps the file from being read as source text; `zero` is the place of a zero byte among
 // its lines, if there is one.
-std::string WhyNoSource(const std::string& path, std::string_view bytes, std::size_t zero) {
+messages::Message WhyNoSource(const std::string& path, std::string_view bytes, std::size_t zero) {
   if (IsUtf16(bytes)) {
-    return path + " is stored as UTF-16, which Visual Basic does not read. Save it as ANSI text.";
+    return Joined({message::kUtf16, {{"<Path>", path}}}, message::kSaveAsAnsi);
   }
   if (zero == std::string_view::npos) {
-    return path + " holds no Visual Basic source text and is left alone. Restore it from a backup.";
+    return Joined({message::kNoSourceText, {{"<Path>", path}}}, message::kRestoreFromBackup);
   }
   const auto line = 1 + std::ranges::count(bytes.substr(0, zero), '\n');
-  return path + " holds a zero byte in line " + std::to_string(line) +
-         " of the file and is left alone. Restore it from a backup, or remove the byte.";
+  return Joined({message::kZeroByte, {{"<Path>", path}, {"<Line>", line}}},
+                message::kRestoreOrRemoveByte);
 }
 
 }  // namespace
@@ -61,7 +62,7 @@ void ModuleDocument::Load() {
 }
 
 void ModuleDocument::RequireSource() {
-  const std::string& problem = ForReading().not_source;
+  const messages::Message& problem = ForReading().not_source;
   if (!problem.empty()) throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable, problem);
 }
 
@@ -91,9 +92,8 @@ ModuleDocument::Edit ModuleDocument::BeginEdit() {
   if (!IsUnchangedOnDisk()) {
     if (!loaded_->text.edited()) loaded_.reset();
     throw platform::Error(ErrorKind::kConflict, kErrModuleNotEditable,
-                          file_.path() +
-                              " was changed by another program after it was read. Nothing was "
-                              "changed in it; repeat the operation.");
+                          Joined({message::kChangedMeanwhile, {{"<Path>", file_.path()}}},
+                                 message::kRepeatOperation));
   }
   return Edit{loaded_->text, loaded_->index};
 }

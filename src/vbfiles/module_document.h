@@ -6,6 +6,7 @@
 #include <string>
 
 #include "files/change_set.h"
+#include "messages/message.h"
 #include "vbfiles/module_file.h"
 #include "vbfiles/module_text.h"
 #include "vbfiles/session.h"
@@ -55,8 +56,8 @@ class ModuleDocument {
     ModuleText text;
     SourceIndex index;  // of text
     files::FileStamp stamp;
-    std::string not_source;     // why it is no source text, presented without lines; else empty
-    bool seen_in_unit = false;  // the open unit of work looked at the file
+    messages::Message not_source;  // why it is no source text, presented without lines; else empty
+    bool seen_in_unit = false;     // the open unit of work looked at the file
   };
 
   Loaded& ForReading();

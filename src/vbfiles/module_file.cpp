@@ -6,6 +6,7 @@
 
 #include "files/error.h"
 #include "vbfiles/errors.h"
+#include "vbfiles/messages.h"
 #include "vbfiles/path_resolver.h"
 
 namespace vbfiles {
@@ -30,11 +31,11 @@ void ModuleFile::RefreshHeader() {
   if (header_stamp_ && Stamp() == header_stamp_) return;
   try {
     ReadHeader();
-    problem_.clear();
+    problem_ = {};
   } catch (const files::Error& error) {
     header_ = ModuleHeader{};
     header_stamp_.reset();
-    problem_ = error.what();
+    problem_ = messages::MessageOf(error);
   }
 }
 
@@ -72,20 +73,20 @@ void ModuleFile::CheckWritable() {
   using platform::ErrorKind;
   using platform::kErrModuleNotEditable;
   if (!Stamp()) {
-    throw platform::Error(ErrorKind::kNotFound, kErrModuleNotEditable,
-                          path_ + " does not exist. Restore it, or correct the project file.");
+    throw platform::Error(
+        ErrorKind::kNotFound, kErrModuleNotEditable,
+        Joined({message::kFileMissing, {{"<Path>", path_}}}, message::kRestoreOrCorrectProject));
   }
   if (!IsInsideTrees()) {
-    throw platform::Error(ErrorKind::kRefused, kErrModuleNotEditable,
-                          path_ + " lies outside " + trees_.front() +
-                              ", the folder of its project. Agree to changes in its folder "
-                              "(--allow-folder), or move it into the project.");
+    throw platform::Error(
+        ErrorKind::kRefused, kErrModuleNotEditable,
+        Joined({message::kOutsideProject, {{"<Path>", path_}, {"<Folder>", trees_.front()}}},
+               message::kAllowFolder));
   }
   if (!session_.system.IsWritable(path_)) {
-    throw platform::Error(ErrorKind::kIo, kErrModuleNotEditable,
-                          path_ +
-                              " is read-only. Remove the write protection, or check the file "
-                              "out of version control.");
+    throw platform::Error(
+        ErrorKind::kIo, kErrModuleNotEditable,
+        Joined({message::kReadOnly, {{"<Path>", path_}}}, message::kRemoveProtection));
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "files/contents.h"
 #include "files/file_system.h"
+#include "messages/message.h"
 #include "vbfiles/code_page.h"
 #include "vbfiles/module_header.h"
 #include "vbfiles/session.h"
@@ -27,7 +28,7 @@ class ModuleFile {
   const CodePage& page() const { return page_; }
   const ModuleHeader& header() const { return header_; }
   // Why the file cannot be used, in a sentence; "" when it can.
-  const std::string& problem() const { return problem_; }
+  const messages::Message& problem() const { return problem_; }
 
   // Reads the header unless the file is as it was. Never raises; sets problem().
   void RefreshHeader();
@@ -57,7 +58,7 @@ class ModuleFile {
   std::vector<std::string> trees_;
   ModuleHeader header_;
   std::optional<files::FileStamp> header_stamp_;
-  std::string problem_;
+  messages::Message problem_;
 };
 
 }  // namespace vbfiles

@@ -4,11 +4,12 @@
 #include <algorithm>
 
 #include "vbfiles/errors.h"
+#include "vbfiles/messages.h"
 
 namespace vbfiles {
 
 void Pane::SetTopLine(std::int32_t line) {
-  if (line < 1) throw SubscriptError("The first line of a code pane has the number 1.");
+  if (line < 1) throw SubscriptError(message::kFirstPaneLine);
   top_line_ = std::clamp(line, 1, std::max(1, component_.Module()->CountOfLines()));
   Tell(PaneEvent::Kind::kScrolled);
 }
@@ -16,7 +17,7 @@ void Pane::SetTopLine(std::int32_t line) {
 void Pane::SetSelection(const platform::CodeSelection& selection) {
   if (selection.start_line < 1 || selection.start_column < 1 || selection.end_line < 1 ||
       selection.end_column < 0) {
-    throw SubscriptError("Lines and columns of a selection begin at 1.");
+    throw SubscriptError(message::kFirstSelectionLine);
   }
   selection_ = selection;
   Tell(PaneEvent::Kind::kSelected);

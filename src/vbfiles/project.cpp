@@ -7,6 +7,7 @@
 
 #include "platform/text.h"
 #include "vbfiles/errors.h"
+#include "vbfiles/messages.h"
 #include "vbfiles/path_resolver.h"
 
 namespace vbfiles {
@@ -120,18 +121,21 @@ std::shared_ptr<platform::VBComponent> Project::FindComponent(std::string_view n
   return nullptr;
 }
 
-std::vector<std::string> Project::Problems() {
+std::vector<messages::Message> Project::Problems() {
   RefreshHeaders();
-  std::vector<std::string> problems;
+  std::vector<messages::Message> problems;
   std::map<std::string, std::string> paths;  // by name
   for (const auto& component : components_) {
     if (!component->Problem().empty()) problems.push_back(component->Problem());
     const auto [first, is_new] =
         paths.emplace(platform::FoldCase(component->Name()), component->FileName());
     if (!is_new) {
-      problems.push_back(first->second + " and " + component->FileName() + " both are " +
-                         component->Name() + " in " + path_ +
-                         "; the first is used. Rename one of them.");
+      problems.push_back(Joined({message::kSameName,
+                                 {{"<Path>", first->second},
+                                  {"<Other>", component->FileName()},
+                                  {"<Name>", component->Name()},
+                                  {"<Project>", path_}}},
+                                message::kRenameOne));
     }
   }
   return problems;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "messages/message.h"
 #include "platform/vbide.h"
 #include "vbfiles/component.h"
 #include "vbfiles/project_file.h"
@@ -34,7 +35,7 @@ class Project final : public platform::VBProject {
   const std::vector<std::shared_ptr<Component>>& Components() const { return components_; }
   // What is wrong with the project's files, a sentence each: files that cannot be read, names
   // that two components claim.
-  std::vector<std::string> Problems();
+  std::vector<messages::Message> Problems();
 
   // Reads the project file again if it changed; components of unchanged paths stay the same
   // objects. Raises platform::Error and leaves the project as it was.

@@ -6,6 +6,7 @@
 #include "vbfiles/attribute_carrier.h"
 #include "vbfiles/errors.h"
 #include "vbfiles/member_list.h"
+#include "vbfiles/messages.h"
 #include "vbfiles/word_search.h"
 
 namespace vbfiles {
@@ -20,7 +21,7 @@ std::string_view WithoutLastLineEnd(std::string_view text) {
 }
 
 void CheckCount(std::int32_t count) {
-  if (count < 0) throw SubscriptError("A count of lines cannot be negative.");
+  if (count < 0) throw SubscriptError(message::kNegativeCount);
 }
 
 std::int32_t CountOf(const std::vector<std::string>& lines) {
@@ -31,8 +32,9 @@ std::int32_t CountOf(const std::vector<std::string>& lines) {
 
 void SourceModule::CheckLine(std::int32_t line, std::int32_t line_count) const {
   if (line >= 1 && line <= line_count) return;
-  throw SubscriptError(document_.file().path() + " has no line " + std::to_string(line) +
-                       "; it has " + std::to_string(line_count) + " lines.");
+  throw SubscriptError(
+      {message::kNoLine,
+       {{"<Path>", document_.file().path()}, {"<Line>", line}, {"<Count>", line_count}}});
 }
 
 std::vector<std::string> SourceModule::Encode(const LinePlace& place, std::string_view text) {
@@ -106,8 +108,8 @@ const Procedure& SourceModule::Require(const SourceIndex& index, std::string_vie
   const Procedure* procedure = FindProcedure(index, name, kind);
   if (procedure != nullptr) return *procedure;
   throw platform::Error(platform::ErrorKind::kNotFound, platform::kErrProcNotDefined,
-                        document_.file().path() + " declares no procedure " + std::string(name) +
-                            " of the kind asked for.");
+                        messages::Message(message::kNoProcedure,
+                                          {{"<Path>", document_.file().path()}, {"<Name>", name}}));
 }
 
 std::int32_t SourceModule::ProcStartLine(std::string_view name, platform::ProcKind kind) {

@@ -68,7 +68,9 @@ class GridTest : public ::testing::Test {
         for (const auto& change : changes) row.cells[change.column] = change.new_value;
       }
     };
-    grid.on_error = [this](const GridError& error) { log += "error:" + error.description + " "; };
+    grid.on_error = [this](const GridError& error) {
+      log += "error:" + error.message.English() + " ";
+    };
   }
 
   Form form{"form"};
@@ -101,7 +103,7 @@ TEST_F(GridTest, KeepsTheRowWhenWritingFails) {
   EXPECT_FALSE(grid.SetCurrentId(12));
   EXPECT_EQ(grid.CurrentId(), 11);
   EXPECT_EQ(log, "before after write error:duplicate ");
-  EXPECT_EQ(grid.ErrorText(), "duplicate");
+  EXPECT_EQ(grid.Problem().English(), "duplicate");
   EXPECT_TRUE(grid.DataChanged());
   grid.CancelUpdate();
   EXPECT_FALSE(grid.DataChanged());

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -140,7 +141,7 @@ class DailyBackupTest : public testing::Test {
       "/state/a",
       {[this] { return day_; }, [] { return std::vector<std::string>{"/p/a"}; },
        [this] { told_.push_back("made"); },
-       [this](const std::string&) { told_.push_back("failed"); }}};
+       [this](const std::exception&) { told_.push_back("failed"); }}};
 };
 
 TEST_F(DailyBackupTest, IsMadeBeforeTheFirstChangeOfEachDay) {

@@ -43,6 +43,14 @@ std::vector<std::string> Names(platform::VBProject& project) {
   return names;
 }
 
+std::vector<std::string> ProblemsOf(Environment& environment) {
+  std::vector<std::string> problems;
+  for (const messages::Message& problem : environment.Problems()) {
+    problems.push_back(problem.English());
+  }
+  return problems;
+}
+
 TEST(Environment, ListsEveryKindOfComponent) {
   files::MemoryFileSystem system;
   system.Put("/plant/server/Pump.vbp",
@@ -87,7 +95,7 @@ TEST(Environment, ListsEveryKindOfComponent) {
   EXPECT_EQ(project->FindComponent("COld"), nullptr);
   EXPECT_EQ(project->FindComponent("FRMMAIN")->Module()->Lines(1, 9), "Dim a");
   EXPECT_EQ(project->FindComponent("CPump")->FileName(), "/plant/common/cpump.cls");
-  EXPECT_THAT(environment.Problems(), ElementsAre(HasSubstr("C:\\old\\gone.cls")));
+  EXPECT_THAT(ProblemsOf(environment), ElementsAre(HasSubstr("C:\\old\\gone.cls")));
   platform::CodeModule& gone = *project->FindComponent("CGone")->Module();
   ErrorOf([&] { gone.CountOfLines(); }, "gone.cls");
   EXPECT_EQ(ErrorOf([&] { gone.AddFromString("x"); }, "gone.cls").number(),
@@ -149,7 +157,7 @@ TEST(Environment, GroupsAndTheProjectsTheyName) {
   environment.Open(FindProjectFiles(system, "/p"));
   ASSERT_EQ(environment.VBProjects().size(), 2u);
   EXPECT_EQ(environment.VBProjects()[0]->Name(), "Pump");
-  EXPECT_THAT(environment.Problems(),
+  EXPECT_THAT(ProblemsOf(environment),
               ElementsAre(HasSubstr("/p/All.vbg is no project"), HasSubstr("/p/gone.vbp")));
 
   // Both projects name the class's file: one document, and inside the group's tree.
@@ -189,7 +197,7 @@ TEST(Environment, ProjectFilesAreReadAgain) {
   const auto server = project.environment.FindProject("PumpServer");
   EXPECT_THAT(Names(*server), ElementsAre("CTank 2 5", "CPump 2 5", "CTank 2 1"));
   EXPECT_EQ(server->FindComponent("CPump"), component);
-  EXPECT_THAT(project.environment.Problems(),
+  EXPECT_THAT(ProblemsOf(project.environment),
               ElementsAre(HasSubstr("CPump2.cls"), HasSubstr("/plant/CTank.cls and")));
   project.system.Put(ClassProject::kPath, ClassProject::Header("CRenamed"));
   EXPECT_NE(server->FindComponent("crenamed"), nullptr);
