@@ -48,7 +48,10 @@ bool Table::Read(RowId id, std::span<const std::size_t> columns, RowBuffer& row)
   const ReadHold hold(state_->session());
   state_->Refresh();
   const auto stored = state_->reader().Find(id);
-  if (!stored) return false;
+  if (!stored) {
+    state_->CheckGone(id);
+    return false;
+  }
   state_->reader().Decode(id, *stored, columns, row);
   return true;
 }

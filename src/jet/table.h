@@ -113,7 +113,8 @@ class Table {
   // `columns` are positions in columns(); all columns when left out.
   Scan OpenScan(std::span<const std::size_t> columns);
   Scan OpenScan();
-  // False when there is no such row (any more).
+  // False when there is no such row (any more). Raises kDamaged when an index names it and its page
+  // is none of the table's.
   bool Read(RowId id, std::span<const std::size_t> columns, RowBuffer& row);
   bool Read(RowId id, RowBuffer& row);
   IndexCursor OpenCursor(std::size_t index);

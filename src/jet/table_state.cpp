@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "jet/bytes.h"
+#include "jet/data_page.h"
 #include "jet/error.h"
 #include "jet/text_codec.h"
 
@@ -69,6 +71,7 @@ TableWriter& TableState::writer() {
 void TableState::RenewTrees() {
   std::vector<std::unique_ptr<IndexTree>> old = std::move(trees_);
   trees_.clear();
+  indexed_stamp_.reset();
   for (const PhysicalIndex& index : definition_.physical) {
     const auto same = std::find_if(old.begin(), old.end(), [&](const auto& tree) {
       return tree && tree->location().root == index.root;
@@ -80,6 +83,30 @@ void TableState::RenewTrees() {
   }
   for (auto& tree : old) {
     if (tree) retired_trees_.push_back(std::move(tree));
+  }
+}
+
+// A page that was released, or still is the table's, is what a deleted row leaves. Many rows
+// may be asked for one after the other, so what the indexes name is gathered once.
+void TableState::CheckGone(RowId id) {
+  if (id.page < pager().page_count()) {
+    const PageRef page = pager().Read(id.page);
+    const std::uint8_t type = Load8(page.data());
+    if ((type & kReleasedPage) != 0 || IsDataPageOf(page.data(), page_)) return;
+  }
+  std::uint64_t stamp = 0;
+  for (const auto& tree : trees_) stamp += tree->Stamp();
+  if (indexed_stamp_ != stamp) {
+    indexed_.clear();
+    for (const auto& tree : trees_) {
+      const std::vector<RowId> rows = tree->Rows();
+      indexed_.insert(indexed_.end(), rows.begin(), rows.end());
+    }
+    std::ranges::sort(indexed_);
+    indexed_stamp_ = stamp;
+  }
+  if (std::ranges::binary_search(indexed_, id)) {
+    ThrowDamaged(path(), {id.page, id.slot}, message::kEntryWithoutRow);
   }
 }
 

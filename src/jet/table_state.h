@@ -37,6 +37,10 @@ class TableState {
   IndexTree& tree(std::size_t physical) { return *trees_[physical]; }
   const std::vector<std::size_t>& all_columns() const { return all_columns_; }
 
+  // To be called where there is no row: raises kDamaged when its page holds something else and an
+  // index still names it.
+  void CheckGone(RowId id);
+
   // To be called under a ReadHold or in a transaction, before anything else is asked.
   void Refresh();
   // Reads the definition anew, because we changed it.
@@ -56,6 +60,9 @@ class TableState {
   std::unique_ptr<TableWriter> writer_;  // made when first asked for
   std::vector<std::unique_ptr<IndexTree>> trees_;
   std::vector<std::unique_ptr<IndexTree>> retired_trees_;  // of indexes that are gone
+  // What all indexes name, in rising order, when their stamps had that sum.
+  std::vector<RowId> indexed_;
+  std::optional<std::uint64_t> indexed_stamp_;
   std::vector<std::size_t> all_columns_;
   messages::Message read_only_reason_;
   std::uint64_t generation_ = 0;

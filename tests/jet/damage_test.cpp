@@ -157,6 +157,55 @@ std::pair<std::size_t, unsigned char> FreeBit(std::string& bytes, PageNumber pag
   return {begin + kMapHead + bit / 8, static_cast<unsigned char>(1u << (bit % 8))};
 }
 
+// A row that an index names and whose page holds something else was not deleted by anybody.
+TEST(Damage, ARowWhosePageIsAnothersIsNotTakenForDeleted) {
+  files::MemoryFileSystem system;
+  const std::string path = "/items.mdb";
+  const auto add = [](Database& database, const std::string& table) {
+    Transaction transaction(database);
+    for (int i = 0; i < 60; ++i) {
+      AddItem(database.OpenTable(table), std::string(200, 'i') + std::to_string(i), "");
+    }
+    transaction.Commit();
+  };
+  std::vector<RowId> ids;
+  {
+    const auto database = Database::Create(system, path);
+    TableSpec others = ItemsSpec();
+    others.name = "Others";
+    database->CreateTable(ItemsSpec());
+    database->CreateTable(others);
+    add(*database, "Items");
+    ids = database->OpenTable("Items").IndexedRows(0);
+  }
+  const std::string whole = system.Get(path);
+  RowBuffer row;
+  const auto change = [&](RowId id, std::size_t offset, char byte) {
+    std::string bytes = whole;
+    bytes[id.page * kPageSize + offset] = byte;
+    system.Put(path, bytes);
+  };
+  for (const RowId id : {ids.front(), ids.back()}) {
+    for (const auto& [offset, byte] : {std::pair{0, '\2'}, std::pair{4, '\3'}}) {
+      change(id, static_cast<std::size_t>(offset), byte);
+      const auto database = Database::Open(system, path);
+      try {
+        EXPECT_FALSE(database->OpenTable("Items").Read(id, row));
+        ADD_FAILURE() << "page " << id.page << ", byte " << offset;
+      } catch (const Error& error) {
+        EXPECT_EQ(error.kind(), ErrorKind::kDamaged);
+        EXPECT_EQ(error.place().page, id.page);
+      }
+    }
+  }
+  system.Put(path, whole);
+  const auto reader = Database::Open(system, path), other = Database::Open(system, path);
+  for (const RowId id : ids) other->OpenTable("Items").Delete(id);
+  add(*other, "Others");
+  EXPECT_EQ(other->OpenTable("Others").IndexedRows(0).front().page, ids.front().page);
+  for (const RowId id : ids) EXPECT_FALSE(reader->OpenTable("Items").Read(id, row));
+}
+
 // Every page in use is marked free, one at a time: whoever needs pages is told before it is given
 // away, or when he releases it, and the file stays as it was.
 TEST(Damage, AUsedPageThatIsMarkedFreeIsNotGivenAway) {
