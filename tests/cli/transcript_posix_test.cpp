@@ -34,6 +34,17 @@ std::string MissingProgram(const std::vector<transcript::Step>& steps) {
              : needs[1].str();
 }
 
+// Whether the program for Windows is tried and cannot do the step here: its command has a word that
+// tests/not_under_wine.txt names.
+bool IsLeftOut(const std::string& command) {
+  if (std::getenv("OV_WINDOWS_PROGRAMS") == nullptr) return false;
+  std::ifstream in(OV_SOURCE_DIR "/tests/not_under_wine.txt");
+  for (std::string kind, word, rest; in >> kind && std::getline(in >> word, rest);) {
+    if (kind == "step" && command.find(word) != std::string::npos) return true;
+  }
+  return false;
+}
+
 class Transcript : public testing::TestWithParam<std::string> {};
 
 INSTANTIATE_TEST_SUITE_P(Sessions, Transcript, testing::ValuesIn(Names()),
@@ -48,6 +59,7 @@ TEST_P(Transcript, AnswersWordForWord) {
   const bool update = std::getenv("OV_UPDATE") != nullptr;
   const transcript::Room room;
   for (transcript::Step& step : steps) {
+    if (IsLeftOut(step.command)) continue;
     const std::string answer = room.Run(step.command);
     if (!update) {
       EXPECT_EQ(answer, step.answer) << "$ " << step.command;
