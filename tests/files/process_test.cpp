@@ -82,6 +82,7 @@ const support::Work increment("increment", [](const Arguments& arguments) -> int
   const auto file = system.Open(project.database(), OpenMode::kReadWrite);
   ChangeJournal journal(system, project.database(), kAnyFile);
   project.Increment(journal, *file);
+  project.Increment(journal, *file);
   support::Tell();
   for (;;) project.Increment(journal, *file);
 });
