@@ -141,18 +141,15 @@ bool Connect::RefuseDataBase(const std::string& prompt) {
 
 void Connect::OpenEditor() {
   store::ADOFRO& data = store::ADOFRO::Instance();
-  editor_ =
-      std::make_shared<editor::frmtabgrid>(*this, services_, texts_, messages_,
-                                           editor::Project{data.cnnFormulas(), data.rstabvbAlias(),
-                                                           database_path_, studio_project_name_});
+  editor_ = std::make_shared<editor::frmtabgrid>(
+      *this, services_, texts_, messages_,
+      editor::Project{data.cnnFormulas(), data.rstabvbAlias(), ide_, database_path_,
+                      studio_project_name_});
   services_.toolkit.Load(*editor_);
   const platform::WindowHandle window = services_.toolkit.Handle(*editor_);
   embed_result_ = embedding_.Embed(window, *host_add_in_);
   editor_->ApplyPosition();
   BuildBranches(*host_add_in_, texts_, ReadFormulaNodes(*data.rsFormulas()));
-  editor_->InitializeGrids();
-  if (ide_) editor_->SetVBInstance(ide_);
-  editor_->InitializeCodeGenerator();
   if (embedding_.IsCompiledModule()) {
     editor_->SetHooked(true);
     embedding_.Hook(window, [editor = editor_.get()](bool active) {

@@ -12,24 +12,16 @@ namespace addin {
 
 namespace {
 
-struct TreeCommand {
-  std::int16_t key_code;
-  std::int16_t shift;
-  bool (*applies)(std::string_view key);
-  const char* tool;
-};
-
 bool IsFormulaFolder(std::string_view key) { return key == editor::kFormulasKey; }
 
 bool IsStoredFormula(std::string_view key) {
   return editor::KeyKind(key) == editor::kFormulaKind && editor::KeyNumber(key) > 0;
 }
 
-constexpr TreeCommand kTreeCommands[] = {
-    {forms::kKeyF8, 0, IsFormulaFolder, "mnuFunctionNew"},
-    {forms::kKeyF9, 0, IsStoredFormula, "mnuFunctionEdit"},
-    {forms::kKeyDelete, forms::kControl, IsStoredFormula, "mnuFunctionDelete"},
-};
+// New formulas are made on the folder, the other commands concern a formula.
+bool Applies(const editor::ToolRow& tool, std::string_view key) {
+  return tool.action == editor::kNew ? IsFormulaFolder(key) : IsStoredFormula(key);
+}
 
 }  // namespace
 
@@ -111,11 +103,8 @@ void Connect::HandleKey(std::string_view key, std::int16_t& key_code, std::int16
     services_.help.ShowTopic(owner, editor::HelpTopic(key));
     return;
   }
-  for (const TreeCommand& command : kTreeCommands) {
-    if (key_code == command.key_code && shift == command.shift && command.applies(key)) {
-      RunTreeTool(key, command.tool);
-    }
-  }
+  const editor::ToolRow* tool = editor::FindToolOfKey(editor::kFunctionBand, key_code, shift);
+  if (tool && Applies(*tool, key)) RunTreeTool(key, tool->name);
 }
 
 void Connect::ShowTreeMenu(std::string_view key) {

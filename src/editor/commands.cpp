@@ -8,17 +8,13 @@
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/formula_dialogs.h"
 #include "dialogs/outcome.h"
-#include "editor/fconfig_editor.h"
-#include "editor/frmtabgrid.h"
 #include "editor/name_list.h"
 #include "editor/node_key.h"
+#include "editor/tools.h"
 
 namespace editor {
 
 namespace {
-
-enum Action : std::int16_t { kNew = 0, kEdit = 1, kDelete = 2, kShowCode = 3 };
-enum Extra : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, kReport = 7 };
 
 constexpr std::int32_t kAskAliases = 190;
 constexpr std::int32_t kAskArguments = 191;
@@ -40,29 +36,6 @@ constexpr std::size_t kMessagesShown = 10;
 // German in every language, on purpose.
 constexpr const char* kAliasInUse =
     "Der zu löschende Alias wird in einer Funktion benutzt. Er kann nicht gelöscht werden";
-
-struct CommandRow {
-  const char* tool;
-  void (Commands::*command)(std::int16_t);
-  std::int16_t action;
-};
-
-constexpr CommandRow kCommands[] = {
-    {"mnuFunctionNew", &Commands::mnuFunction, kNew},
-    {"mnuFunctionEdit", &Commands::mnuFunction, kEdit},
-    {"mnuFunctionDelete", &Commands::mnuFunction, kDelete},
-    {"mnuFunctionShowCode", &Commands::mnuFunction, kShowCode},
-    {"mnuParameterNew", &Commands::mnuParameter, kNew},
-    {"mnuParameterEdit", &Commands::mnuParameter, kEdit},
-    {"mnuParameterDelete", &Commands::mnuParameter, kDelete},
-    {"mnuAliasNew", &Commands::mnuAlias, kNew},
-    {"mnuAliasEdit", &Commands::mnuAlias, kEdit},
-    {"mnuAliasDelete", &Commands::mnuAlias, kDelete},
-    {"mnuOptionActualize", &Commands::mnuExtra, kRefresh},
-    {"mnuOptionStatistik", &Commands::mnuExtra, kStatistics},
-    {"mnuOptionOption", &Commands::mnuExtra, kOptions},
-    {"mnuOptionReport", &Commands::mnuExtra, kReport},
-};
 
 std::int32_t CurrentIdOf(const forms::Grid& grid) {
   return static_cast<std::int32_t>(grid.CurrentId().value_or(0));
@@ -89,19 +62,17 @@ std::string Neighbour(platform::AddIn& studio, const std::string& key) {
 }  // namespace
 
 void Commands::Run(std::string_view tool_name) {
-  if (tool_name == "mnuShowEditor") {
-    window_.host().ActivateEditor();
+  if (tool_name == kShowEditorTool) {
+    context_.host.ActivateEditor();
     return;
   }
-  const auto row =
-      std::find_if(std::begin(kCommands), std::end(kCommands),
-                   [&](const CommandRow& command) { return tool_name == command.tool; });
-  if (row == std::end(kCommands)) return;
-  window_.VerifyAdds(window_.CurrentKey());
+  const ToolRow* row = FindToolRow(tool_name);
+  if (!row || !row->command) return;
+  view_.VerifyAdds(view_.CurrentKey());
   try {
     (this->*row->command)(row->action);
   } catch (const std::exception& error) {
-    window_.messages().Warn(error);
+    context_.messages.Warn(error);
   }
 }
 
@@ -110,8 +81,8 @@ void Commands::mnuFunction(std::int16_t action) {
     NewFormula();
     return;
   }
-  const std::int32_t id = KeyNumber(window_.ContextKey());
-  if (!window_.operations().FindFormula(id)) return;
+  const std::int32_t id = KeyNumber(view_.ContextKey());
+  if (!context_.operations.FindFormula(id)) return;
   if (action == kEdit) EditFormula(id);
   if (action == kDelete) DeleteFormula(id);
   if (action == kShowCode) ShowCode(id);
@@ -130,130 +101,130 @@ void Commands::mnuAlias(std::int16_t action) {
 }
 
 void Commands::mnuExtra(std::int16_t action) {
-  if (action == kRefresh) window_.host().RebuildViews();
+  if (action == kRefresh) context_.host.RebuildViews();
   if (action == kStatistics) ShowStatistics();
-  if (action == kOptions && OpenOptions(window_)) window_.host().RebuildViews();
+  if (action == kOptions && view_.ChangeOptions()) context_.host.RebuildViews();
   if (action == kReport) ShowReport();
 }
 
 bool Commands::Confirmed(std::int32_t question, const std::string& detail) {
-  return !window_.SettingIsOn("RequestOnDelete") ||
-         window_.messages().Ask(window_.Text(question), detail);
+  return !context_.SettingIsOn("RequestOnDelete") ||
+         context_.messages.Ask(context_.Text(question), detail);
 }
 
 // --- Formulas ---
 
 void Commands::NewFormula() {
-  const dialogs::AddedFormula added = dialogs::AddFormula(window_.surroundings());
+  const dialogs::AddedFormula added = dialogs::AddFormula(context_.surroundings);
   if (!added.added) return;
   const std::string key = FormulaKey(added.id);
-  platform::AddIn& studio = window_.studio();
+  platform::AddIn& studio = *context_.studio;
   studio.AddNode(kFormulasKey, added.name, key, "", KeyIcon(key), {0, 0, 0, 0});
   studio.SelectNode(key);
-  window_.ShowNode(key, added.name);
-  window_.tdbP.SetFocus();  // arguments come next
+  view_.ShowNode(key, added.name);
+  arguments_.SetFocus();  // arguments come next
 }
 
 void Commands::EditFormula(std::int32_t id) {
-  if (!dialogs::EditFormula(window_.surroundings(), id)) return;
-  const auto record = window_.operations().FindFormula(id);
+  if (!dialogs::EditFormula(context_.surroundings, id)) return;
+  const auto record = context_.operations.FindFormula(id);
   if (!record) return;
   const std::string key = FormulaKey(id);
-  window_.studio().SetNodeText(key, record->name);
-  if (window_.CurrentKey() != key) return;
-  window_.MakeMyCaption(key, record->name);
-  window_.Reload();
+  context_.studio->SetNodeText(key, record->name);
+  if (view_.CurrentKey() != key) return;
+  view_.MakeMyCaption(key, record->name);
+  view_.Reload();
 }
 
 void Commands::DeleteFormula(std::int32_t id) {
-  store::Operations& operations = window_.operations();
+  store::Operations& operations = context_.operations;
   const store::FormulaRecord formula = operations.FindFormula(id).value();
   const std::size_t arguments = operations.ArgumentsOf(id).size();
   const std::int32_t detail = arguments == 0   ? kFormulaAlone
                               : arguments == 1 ? kFormulaWithArgument
                                                : kFormulaWithArguments;
   if (!Confirmed(kAskFormula,
-                 window_.texts().Text(detail, {{"<Name>", formula.name},
-                                               {"<Class>", formula.prog_id},
-                                               {"<Count>", std::to_string(arguments)}}))) {
+                 context_.texts.Text(detail, {{"<Name>", formula.name},
+                                              {"<Class>", formula.prog_id},
+                                              {"<Count>", std::to_string(arguments)}}))) {
     return;
   }
   const std::array ids = {id};
   const store::OperationResult result =
-      dialogs::Carry(window_.surroundings(), [&] { return operations.DeleteFormulas(ids); });
+      dialogs::Carry(context_.surroundings, [&] { return operations.DeleteFormulas(ids); });
   if (!result.success()) {
-    dialogs::WarnFailure(window_.surroundings(), result);
+    dialogs::WarnFailure(context_.surroundings, result);
     return;
   }
   const std::string key = FormulaKey(id);
-  platform::AddIn& studio = window_.studio();
+  platform::AddIn& studio = *context_.studio;
   const std::string neighbour = Neighbour(studio, key);
   studio.RemoveNode(key);
   const auto next = operations.FindFormula(KeyNumber(neighbour));
-  if (window_.CurrentKey() == key) {
+  if (view_.CurrentKey() == key) {
     studio.SelectNode(neighbour);
-    window_.ShowNode(neighbour, next ? next->name : std::string());
+    view_.ShowNode(neighbour, next ? next->name : std::string());
   }
-  if (next) window_.cVBF.ShowFunction(window_, next->prog_id, next->name);
+  if (next) context_.ShowFunction(next->prog_id, next->name);
 }
 
 void Commands::ShowCode(std::int32_t id) {
-  const store::FormulaRecord formula = window_.operations().FindFormula(id).value();
-  if (window_.cVBF.ShowFunction(window_, formula.prog_id, formula.name)) return;
+  const store::FormulaRecord formula = context_.operations.FindFormula(id).value();
+  if (context_.ShowFunction(formula.prog_id, formula.name)) return;
   constexpr std::int32_t kNoCode = 1629;
-  window_.messages().Warn(
-      window_.texts().Text(kNoCode, {{"<Name>", formula.name}, {"<Class>", formula.prog_id}}));
+  context_.messages.Warn(
+      context_.texts.Text(kNoCode, {{"<Name>", formula.name}, {"<Class>", formula.prog_id}}));
 }
 
 // --- Arguments ---
 
 void Commands::NewArgument() {
   const std::int32_t id =
-      dialogs::AddArgument(window_.surroundings(), KeyNumber(window_.CurrentKey()));
+      dialogs::AddArgument(context_.surroundings, KeyNumber(view_.CurrentKey()));
   if (id == 0) return;
-  window_.Reload();
-  window_.tdbP.SetCurrentId(id);
+  view_.Reload();
+  arguments_.SetCurrentId(id);
 }
 
 void Commands::EditArgument() {
-  if (dialogs::EditArgument(window_.surroundings(), CurrentIdOf(window_.tdbP))) window_.Reload();
+  if (dialogs::EditArgument(context_.surroundings, CurrentIdOf(arguments_))) view_.Reload();
 }
 
 void Commands::DeleteArguments() {
-  store::Operations& operations = window_.operations();
-  const std::vector<std::int32_t> ids = SelectedIdsOf(window_.tdbP);
+  store::Operations& operations = context_.operations;
+  const std::vector<std::int32_t> ids = SelectedIdsOf(arguments_);
   if (ids.empty()) return;
   std::vector<std::string> names;
   for (const std::int32_t id : ids) {
     if (const auto argument = operations.FindArgument(id)) names.push_back(argument->vb_alias);
   }
-  const auto formula = operations.FindFormula(KeyNumber(window_.CurrentKey()));
-  const std::string detail = window_.texts().Text(
+  const auto formula = operations.FindFormula(KeyNumber(view_.CurrentKey()));
+  const std::string detail = context_.texts.Text(
       kArgumentsDetail, {{"<Names>", NameList(names)}, {"<Name>", formula ? formula->name : ""}});
   if (!Confirmed(kAskArguments, detail)) return;
   const store::OperationResult result = dialogs::CarryList(
-      window_.surroundings(), kDeletingArguments,
+      context_.surroundings, kDeletingArguments,
       [&](const auto& options) { return operations.DeleteArguments(ids, options); });
-  if (!result.success()) dialogs::WarnFailure(window_.surroundings(), result);
-  window_.Reload();
+  if (!result.success()) dialogs::WarnFailure(context_.surroundings, result);
+  view_.Reload();
 }
 
 // --- Aliases ---
 
 void Commands::NewAlias() {
-  const std::int32_t id = dialogs::AddAlias(window_.surroundings());
+  const std::int32_t id = dialogs::AddAlias(context_.surroundings);
   if (id == 0) return;
-  window_.Reload();
-  window_.tdbA.SetCurrentId(id);
+  view_.Reload();
+  aliases_.SetCurrentId(id);
 }
 
 void Commands::EditAlias() {
-  if (dialogs::EditAlias(window_.surroundings(), CurrentIdOf(window_.tdbA))) window_.Reload();
+  if (dialogs::EditAlias(context_.surroundings, CurrentIdOf(aliases_))) view_.Reload();
 }
 
 void Commands::DeleteAliases() {
-  store::Operations& operations = window_.operations();
-  const std::vector<std::int32_t> selected = SelectedIdsOf(window_.tdbA);
+  store::Operations& operations = context_.operations;
+  const std::vector<std::int32_t> selected = SelectedIdsOf(aliases_);
   if (selected.empty()) return;
   std::vector<std::string> names;
   for (const std::int32_t id : selected) {
@@ -261,27 +232,27 @@ void Commands::DeleteAliases() {
     if (const auto alias = operations.FindAlias(id)) names.push_back(alias->vb_alias);
   }
   const std::string detail =
-      window_.texts().Text(kAliasesDetail, {{"<Names>", NameList(names, selected.size())}});
+      context_.texts.Text(kAliasesDetail, {{"<Names>", NameList(names, selected.size())}});
   if (!Confirmed(kAskAliases, detail)) return;
   const std::optional<AliasUses> uses = FindUses(selected);
   if (!uses) return;
   WarnOfUses(uses->used);
   if (uses->unused.empty()) return;
   const store::OperationResult result = dialogs::CarryList(
-      window_.surroundings(), kDeletingAliases,
+      context_.surroundings, kDeletingAliases,
       [&](const auto& options) { return operations.DeleteAliases(uses->unused, options); });
-  if (!result.success()) dialogs::WarnFailure(window_.surroundings(), result);
-  window_.Reload();
+  if (!result.success()) dialogs::WarnFailure(context_.surroundings, result);
+  view_.Reload();
 }
 
 std::optional<Commands::AliasUses> Commands::FindUses(const std::vector<std::int32_t>& aliases) {
-  const dialogs::MessageBoxes::Guard guard(window_.messages());
-  const dialogs::BusyPointer busy(window_.services().toolkit);
-  const auto progress = window_.services().toolkit.StartProgress(window_.Text(kDeletingAliases));
+  const dialogs::MessageBoxes::Guard guard(context_.messages);
+  const dialogs::BusyPointer busy(context_.services.toolkit);
+  const auto progress = context_.services.toolkit.StartProgress(context_.Text(kDeletingAliases));
   AliasUses uses;
   for (std::size_t i = 0; i < aliases.size(); ++i) {
     if (!progress->Show(i, aliases.size())) return std::nullopt;
-    std::vector<store::FormulaRecord> formulas = window_.operations().UsesOfAlias(aliases[i]);
+    std::vector<store::FormulaRecord> formulas = context_.operations.UsesOfAlias(aliases[i]);
     if (formulas.empty()) {
       uses.unused.push_back(aliases[i]);
     } else {
@@ -294,53 +265,52 @@ std::optional<Commands::AliasUses> Commands::FindUses(const std::vector<std::int
 // One message for each alias; one for all of them where that would be a flood.
 void Commands::WarnOfUses(const std::vector<AliasUse>& used) {
   const auto name_of = [this](const AliasUse& use) {
-    const auto alias = window_.operations().FindAlias(use.first);
+    const auto alias = context_.operations.FindAlias(use.first);
     return alias ? alias->vb_alias : std::string();
   };
   if (used.size() > kMessagesShown) {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < kNamesShown; ++i) names.push_back(name_of(used[i]));
-    window_.messages().Warn(
-        kAliasInUse, window_.texts().Text(kManyInUse, {{"<Names>", NameList(names, used.size())}}));
+    context_.messages.Warn(
+        kAliasInUse, context_.texts.Text(kManyInUse, {{"<Names>", NameList(names, used.size())}}));
     return;
   }
   for (const AliasUse& use : used) {
     std::vector<std::string> users;
     for (const store::FormulaRecord& formula : use.second)
       users.push_back(formula.prog_id + "." + formula.name);
-    window_.messages().Warn(
-        kAliasInUse, window_.texts().Text(
-                         kInUseDetail, {{"<Name>", name_of(use)}, {"<Names>", NameList(users)}}));
+    context_.messages.Warn(
+        kAliasInUse, context_.texts.Text(kInUseDetail,
+                                         {{"<Name>", name_of(use)}, {"<Names>", NameList(users)}}));
   }
 }
 
 // --- Extras ---
 
 void Commands::ShowStatistics() {
-  const dialogs::BusyPointer busy(window_.services().toolkit);
-  const store::Statistics statistics = window_.operations().Count();
+  const dialogs::BusyPointer busy(context_.services.toolkit);
+  const store::Statistics statistics = context_.operations.Count();
   Counts counts{statistics.aliases, statistics.formulas, statistics.arguments};
-  window_.Counters().Update(CounterMode::kSet, counts,
-                            [this](std::int32_t number) { return window_.Text(number); });
+  counters_.Update(CounterMode::kSet, counts, context_.Lookup());
 }
 
 void Commands::ShowReport() {
   std::shared_ptr<platform::Object> created;
   try {
-    created = window_.services().objects.Create("OVProjectReport.Connect");
+    created = context_.services.objects.Create("OVProjectReport.Connect");
   } catch (const platform::Error& error) {
-    window_.messages().Warn(
-        std::to_string(error.number()) + "\r\n" + window_.texts().Sentence(error),
-        window_.Text(kReportRemedy));
+    context_.messages.Warn(std::to_string(error.number()) + "\r\n" + context_.texts.Sentence(error),
+                           context_.Text(kReportRemedy));
     return;
   }
   const auto report = std::dynamic_pointer_cast<platform::ReportAddIn>(created);
   if (!report) return;
-  const dialogs::MessageBoxes::Guard guard(window_.messages());
-  const dialogs::BusyPointer busy(window_.services().toolkit);
-  std::string database_path = window_.project().database_path;
-  report->Show("OVFormula", database_path,
-               static_cast<std::int32_t>(window_.services().toolkit.Handle(window_)));
+  const dialogs::MessageBoxes::Guard guard(context_.messages);
+  const dialogs::BusyPointer busy(context_.services.toolkit);
+  std::string database_path = context_.project.database_path;
+  report->Show(
+      "OVFormula", database_path,
+      static_cast<std::int32_t>(context_.services.toolkit.Handle(*context_.surroundings.owner)));
 }
 
 }  // namespace editor

@@ -8,26 +8,37 @@
 #include <utility>
 #include <vector>
 
+#include "editor/editor_context.h"
+#include "editor/editor_view.h"
+#include "editor/status_counters.h"
+#include "forms/grid.h"
 #include "store/formula_records.h"
 
 namespace editor {
 
-class frmtabgrid;
+// Actions of the commands of formulas (all), arguments and aliases.
+enum Action : std::int16_t { kNew = 0, kEdit = 1, kDelete = 2, kShowCode = 3 };
+enum ExtraAction : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, kReport = 7 };
 
 // The commands behind the tools. Formula commands concern the node of the tree's context, argument
-// and alias commands what the window shows.
+// and alias commands what the two grids show.
 class Commands {
  public:
-  explicit Commands(frmtabgrid& window) : window_(window) {}
+  // All of it outlives the commands.
+  Commands(EditorContext& context, EditorView& view, forms::Grid& arguments, forms::Grid& aliases,
+           StatusCounters& counters)
+      : context_(context),
+        view_(view),
+        arguments_(arguments),
+        aliases_(aliases),
+        counters_(counters) {}
 
   // Runs the command of a tool; any other name does nothing.
   void Run(std::string_view tool_name);
 
-  // Actions: 0 new, 1 edit, 2 delete, 3 show code (formulas only).
   void mnuFunction(std::int16_t action);
   void mnuParameter(std::int16_t action);
   void mnuAlias(std::int16_t action);
-  // Actions: 0 refresh, 1 statistics, 2 options, 7 report.
   void mnuExtra(std::int16_t action);
 
  private:
@@ -54,7 +65,11 @@ class Commands {
   void ShowReport();
   bool Confirmed(std::int32_t question, const std::string& detail);
 
-  frmtabgrid& window_;
+  EditorContext& context_;
+  EditorView& view_;
+  forms::Grid& arguments_;
+  forms::Grid& aliases_;
+  StatusCounters& counters_;
 };
 
 }  // namespace editor

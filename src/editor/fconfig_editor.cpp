@@ -92,8 +92,9 @@ bool OpenOptions(frmtabgrid& window) {
   LoadOptions(window, dialog);
   if (!dialog.Run()) return false;
   if (StoreOptions(window, dialog)) return true;
-  window.messages().Warn(kStorageFailed, window.texts().Text(kSettingsNotWritten,
-                                                             {{"<File>", window.SettingsFile()}}));
+  window.messages().Warn(
+      kStorageFailed, window.context().texts.Text(kSettingsNotWritten,
+                                                  {{"<File>", window.context().SettingsFile()}}));
   return false;
 }
 

@@ -6,7 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "dialogs/alias_table.h"
 #include "dialogs/dialog_form.h"
+#include "editor/fconfig_editor.h"
 #include "editor/menu_switcher.h"
 #include "editor/node_key.h"
 #include "editor/tools.h"
@@ -36,25 +38,10 @@ constexpr double kWidthPrecision = 1;  // of what is kept; the user's changes ar
 frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::TextTable& texts,
                        dialogs::MessageBoxes& messages, Project project)
     : Form("frmtabgrid", forms::FormLayout::kFixed),
-      inits(services.settings),
-      cVBF(texts, services.items, services.components),
-      host_(host),
-      studio_(host.HostAddIn()),
-      services_(services),
-      texts_(texts),
-      messages_(messages),
-      project_(std::move(project)),
-      dummy_var_ocx_(services.items),
+      context_(host, services, texts, messages, std::move(project), *this),
       parameter_splitter_(pctParamTabSplit, tdbP),
       alias_splitter_(pctAliasTabSplit, tdbA) {
-  BuildBands(abr, Lookup());
-  abr.on_tool_click = [this](forms::Tool& tool) { abr_ToolClick(tool); };
-  abr.on_band_open = [this](forms::Band& band) {
-    // A menu of the tree has its own node as context, which must stay.
-    const bool opened_by_bar =
-        band.Name() == kFunctionBand || band.Name() == kParameterBand || band.Name() == kAliasBand;
-    if (opened_by_bar && !toolbar_flag_) MenuSwitcher(key_, toolbar_flag_);
-  };
+  BuildBands(abr, context_.Lookup());
   tdbP.AddSplit(kIdentifierWidth).AddColumn("AliasID", kIdentifierWidth);
   forms::Split& flags = tdbP.AddSplit(0);
   flags.AddColumn("In", kColumnWidth).SetKind(forms::ColumnKind::kCheckBox);
@@ -70,6 +57,27 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   SetResizable(true);
   SetMinimumSize(kMinimumWidth, kMinimumHeight);
   SetHelpContextId(dialogs::kEditorHelpTopic);
+  WireEvents();
+  tdbP.ColumnAt(kAliasIdColumn)
+      .SetList(std::make_shared<dialogs::AliasList>(context_.rows.AliasesByName()));
+  tdbP.SetRowSource(context_.rows.Arguments());
+  tdbA.SetRowSource(std::make_shared<dialogs::AliasRows>(context_.rows.AliasesById(),
+                                                         dialogs::AliasRows::Columns::kItemAlias));
+}
+
+frmtabgrid::~frmtabgrid() = default;
+
+void frmtabgrid::WireEvents() {
+  abr.on_tool_click = [this](forms::Tool& tool) { abr_ToolClick(tool); };
+  abr.on_band_open = [this](forms::Band& band) {
+    // A menu of the tree has its own node as context, which must stay.
+    const bool opened_by_bar =
+        band.Name() == kFunctionBand || band.Name() == kParameterBand || band.Name() == kAliasBand;
+    if (opened_by_bar && !toolbar_flag_) MenuSwitcher(key_, toolbar_flag_);
+  };
+  cVBF.SetNeedFunctionName([this](std::string& name) {
+    name = context_.studio->NodeInformation(key_, platform::kNodeInformationText);
+  });
   on_load = [this] { OnLoad(); };
   on_query_unload = [this](bool& cancel, forms::CloseReason reason) {
     OnQueryUnload(cancel, reason);
@@ -81,9 +89,11 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   on_deactivate = [this] {
     if (!hooked_) Deactivated();
   };
-  on_help = [this] { services_.help.ShowTopic(services_.toolkit.Handle(*this), HelpTopic(key_)); };
+  on_help = [this] {
+    context_.services.help.ShowTopic(context_.services.toolkit.Handle(*this), HelpTopic(key_));
+  };
   txtFind.on_change = [this] {
-    const dialogs::BusyPointer busy(services_.toolkit);  // the first letter reads all rows
+    const dialogs::BusyPointer busy(context_.services.toolkit);  // the first letter reads all rows
     CurrentGrid().SetFilter(txtFind.Text());
     ShowEmptyText();
   };
@@ -101,24 +111,19 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   };
 }
 
-frmtabgrid::~frmtabgrid() = default;
-
-forms::TextLookup frmtabgrid::Lookup() const {
-  return [this](std::int32_t number) { return Text(number); };
-}
-
 void frmtabgrid::OnLoad() {
   Counts none;
-  counters_.Update(CounterMode::kReset, none, Lookup());
+  counters_.Update(CounterMode::kReset, none, context_.Lookup());
   SetCaption(Text(kProductCaption));
-  abr.LocaliseTools(Lookup());
-  forms::LocaliseCaptions(*this, Lookup());
-  counters_.ShowLabels(Lookup());
+  abr.LocaliseTools(context_.Lookup());
+  forms::LocaliseCaptions(*this, context_.Lookup());
+  counters_.ShowLabels(context_.Lookup());
   inits.LoadDefaultInit(settings::kEditorSettings);
-  inits.LoadInits(SettingsFile());
+  inits.LoadInits(context_.SettingsFile());
   inits.SetInitToControl(*this, "sb");
   inits.SetInitToMotherObject(*this);
   ShowEditorTools(abr, toolbar_flag_);
+  InitializeGrids();
   SwitchGrids(kRootKey);
   MenuSwitcher(kRootKey, toolbar_flag_);
 }
@@ -152,31 +157,6 @@ void frmtabgrid::InitializeGrids() {
   ShowEmptyText();
 }
 
-void frmtabgrid::SetVBInstance(std::shared_ptr<platform::VBE> vb_instance) {
-  vb_instance_ = std::move(vb_instance);
-}
-
-void frmtabgrid::InitializeCodeGenerator() {
-  const std::shared_ptr<platform::Connection>& connection = project_.connection;
-  cVBF.Initialize(connection, vb_instance_, project_.name);
-  cVBF.SetNeedFunctionName([this](std::string& name) {
-    name = studio_->NodeInformation(key_, platform::kNodeInformationText);
-  });
-  operations_ = std::make_unique<store::Operations>(
-      store::Operations::Parts{connection, vb_instance_, &cVBF, &services_.unit, &texts_});
-  aliases_by_id_ = std::make_shared<dialogs::AliasTable>(connection, project_.grid_aliases,
-                                                         *operations_, dialogs::AliasOrder::kId);
-  aliases_by_name_ = std::make_shared<dialogs::AliasTable>(
-      connection, connection->CreateRecordset(), *operations_, dialogs::AliasOrder::kName);
-  surroundings_.emplace(dialogs::Surroundings{services_.toolkit, texts_, messages_, *operations_,
-                                              aliases_by_name_, dummy_var_ocx_, studio_.get(),
-                                              &services_.help, this});
-  tdbP.ColumnAt(kAliasIdColumn).SetList(std::make_shared<dialogs::AliasList>(aliases_by_name_));
-  tdbP.SetRowSource(arguments_);
-  tdbA.SetRowSource(std::make_shared<dialogs::AliasRows>(aliases_by_id_,
-                                                         dialogs::AliasRows::Columns::kItemAlias));
-}
-
 forms::Grid& frmtabgrid::CurrentGrid() { return KeyKind(key_) == kAliasKind ? tdbA : tdbP; }
 
 void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
@@ -187,41 +167,29 @@ void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
   context_key_ = key;
   SwitchGrids(key);
   AliasesChanged();
-  ReadArguments();
+  context_.ReadArguments(key_);
   RebindGrid(CurrentGrid(), other_node);
   MakeMyCaption(key, text);
   MenuSwitcher(key, toolbar_flag_);
 }
 
 void frmtabgrid::TellUnreadable() {
-  if (!operations_) return;
-  const messages::Message& by_id = aliases_by_id_->Problem();
-  const std::string problem = texts_.Sentence(by_id.empty() ? aliases_by_name_->Problem() : by_id);
+  const std::string problem = context_.texts.Sentence(context_.rows.Problem());
   if (problem == std::exchange(told_problem_, problem) || problem.empty()) return;
-  messages_.Warn(problem);
+  context_.messages.Warn(problem);
 }
 
 void frmtabgrid::Reload() {
-  if (!operations_) return;
   AliasesChanged();
-  ReadArguments();
+  context_.ReadArguments(key_);
   RebindGrid(CurrentGrid(), false);
   MenuSwitcher(key_, toolbar_flag_);
-}
-
-void frmtabgrid::ReadArguments() {
-  const std::int32_t formula_id = KeyKind(key_) == kFormulaKind ? KeyNumber(key_) : 0;
-  try {
-    arguments_->Read(*operations_, formula_id);
-  } catch (const platform::Error& error) {
-    messages_.Warn(error);
-  }
 }
 
 void frmtabgrid::RebindGrid(forms::Grid& grid, bool other_rows) {
   refreshing_grid_ = true;
   if (other_rows && &grid == &tdbP) {
-    grid.SetRowSource(arguments_);
+    grid.SetRowSource(context_.rows.Arguments());
   } else {
     grid.Rebind();
   }
@@ -232,16 +200,11 @@ void frmtabgrid::RebindGrid(forms::Grid& grid, bool other_rows) {
 
 void frmtabgrid::ShowEmptyText() {
   if (!CurrentGrid().Filter().empty()) {
-    CurrentGrid().SetEmptyText(texts_.Text(kNothingFound, {{"<Text>", txtFind.Text()}}));
+    CurrentGrid().SetEmptyText(context_.texts.Text(kNothingFound, {{"<Text>", txtFind.Text()}}));
     return;
   }
   tdbP.SetEmptyText(Text(IsFormulaKey(key_) ? kNoArguments : kNoFormulaSelected));
   tdbA.SetEmptyText(Text(kNoAliases));
-}
-
-void frmtabgrid::AliasesChanged() {
-  aliases_by_id_->Requery();
-  aliases_by_name_->Requery();
 }
 
 void frmtabgrid::SetTreeContext(std::string_view key, bool toolbar_flag) {
@@ -276,22 +239,15 @@ void frmtabgrid::MakeMyCaption(std::string_view key, std::string_view formula_na
 void frmtabgrid::VerifyAdds(std::string_view key) {
   const std::string_view kind = KeyKind(key);
   forms::Grid* grid = kind == kFormulaKind ? &tdbP : kind == kAliasKind ? &tdbA : nullptr;
-  if (!grid || (!grid->DataChanged() && !grid->EditActive())) return;
-  grid_editing_.SetSilent(true);
-  const bool written = grid->Update();
-  grid_editing_.SetSilent(false);
-  if (written) return;
-  grid->CancelUpdate();
-  std::string error = texts_.Sentence(grid->Problem());
-  if (const std::string detail = grid_editing_.TakeDetail(); !detail.empty())
-    error += "\n" + detail;
-  messages_.ShowHostError(*studio_, error);
+  if (!grid) return;
+  if (const auto error = grid_editing_.WritePending(*grid))
+    context_.messages.ShowHostError(*context_.studio, *error);
 }
 
 void frmtabgrid::MenuSwitcher(std::string_view key, bool toolbar_flag) {
   const MenuContext context{key, toolbar_flag, tdbP.SelectedCount(), tdbA.SelectedCount(),
                             tdbA.CurrentId().has_value()};
-  ApplyToolStates(abr, ToolStates(context), Lookup());
+  ApplyToolStates(abr, ToolStates(context), context_.Lookup());
   if (toolbar_flag == toolbar_flag_) return;
   toolbar_flag_ = toolbar_flag;
   ShowEditorTools(abr, toolbar_flag);
@@ -305,19 +261,32 @@ void frmtabgrid::abr_ToolClick(forms::Tool& tool) {
   // The add-in may end while a command runs; the window stays until the command has returned.
   const std::shared_ptr<frmtabgrid> self = weak_from_this().lock();
   if (!tool.Enabled()) {
-    services_.toolkit.Beep();
+    context_.services.toolkit.Beep();
     return;
   }
   commands_.Run(tool.Name());
-  if (self.use_count() == 1) services_.toolkit.CallLater([self] {});
+  if (self.use_count() == 1) context_.services.toolkit.CallLater([self] {});
 }
 
+void frmtabgrid::RunTool(std::string_view name) {
+  MenuSwitcher(key_, false);
+  abr_ToolClick(*abr.FindTool(name));
+}
+
+void frmtabgrid::PopupBand(std::string_view name) {
+  MenuSwitcher(key_, false);
+  const dialogs::MessageBoxes::Guard guard(context_.messages);
+  context_.services.toolkit.PopupMenu(*abr.FindBand(name));
+}
+
+bool frmtabgrid::ChangeOptions() { return OpenOptions(*this); }
+
 void frmtabgrid::Activated() {
-  if (!messages_.Guarded()) Reload();
+  if (!context_.messages.Guarded()) Reload();
 }
 
 void frmtabgrid::Deactivated() {
-  if (!messages_.Guarded()) VerifyAdds(key_);
+  if (!context_.messages.Guarded()) VerifyAdds(key_);
 }
 
 void frmtabgrid::ShowFind() {

@@ -41,11 +41,12 @@ void frmtabgrid::ApplyChangedSettings() { abr_Resize(ClientWidth(), ClientHeight
 
 frmtabgrid::Position frmtabgrid::CurrentPosition() const {
   auto& self = const_cast<frmtabgrid&>(*this);
-  const platform::WindowHandle handle = services_.toolkit.Handle(self);
+  const platform::WindowHandle handle = context_.services.toolkit.Handle(self);
   if (handle == 0 || GetWindowState() != forms::WindowState::kNormal) return position_;
   try {
-    const platform::Rectangle window = services_.window_system.WindowRectangle(handle);
-    const platform::Rectangle studio = services_.window_system.WindowRectangle(host_.HostWindow());
+    const platform::Rectangle window = context_.services.window_system.WindowRectangle(handle);
+    const platform::Rectangle studio =
+        context_.services.window_system.WindowRectangle(context_.host.HostWindow());
     return {window.left - studio.left, window.top - studio.top};
   } catch (const platform::Error&) {
     return position_;
@@ -54,13 +55,14 @@ frmtabgrid::Position frmtabgrid::CurrentPosition() const {
 
 void frmtabgrid::MoveTo(const Position& position) {
   position_ = position;
-  const platform::WindowHandle handle = services_.toolkit.Handle(*this);
+  const platform::WindowHandle handle = context_.services.toolkit.Handle(*this);
   if (handle == 0 || GetWindowState() != forms::WindowState::kNormal) return;
-  const platform::Rectangle window = services_.window_system.WindowRectangle(handle);
-  const platform::Rectangle studio = services_.window_system.WindowRectangle(host_.HostWindow());
+  const platform::Rectangle window = context_.services.window_system.WindowRectangle(handle);
+  const platform::Rectangle studio =
+      context_.services.window_system.WindowRectangle(context_.host.HostWindow());
   const std::int32_t left = studio.left + position.left;
   const std::int32_t top = studio.top + position.top;
-  services_.window_system.MoveWindow(
+  context_.services.window_system.MoveWindow(
       handle, {left, top, left + window.right - window.left, top + window.bottom - window.top});
 }
 
@@ -91,25 +93,11 @@ bool frmtabgrid::SetProperty(std::string_view name, const platform::Variant& val
 
 // --- Settings and closing ---
 
-std::string frmtabgrid::SettingsFile() const {
-  const std::string& path = project_.database_path;
-  // A path from the root has no other separator; elsewhere both kinds are met.
-  const std::size_t end = path.find_last_of(path.starts_with('/') ? "/" : "\\/");
-  const std::string folder = end == std::string::npos ? std::string() : path.substr(0, end + 1);
-  return folder + std::string(settings::kSettingsFile);
-}
-
-bool frmtabgrid::SettingIsOn(std::string_view key) const {
-  const platform::Variant value = inits.ReadAValueFromCInits(key);
-  const bool* on = value.Get<bool>();
-  return value.IsEmpty() || (on && *on);
-}
-
 void frmtabgrid::OnQueryUnload(bool& cancel, forms::CloseReason reason) {
   if (reason == forms::CloseReason::kUser) {
     cancel = true;
     VerifyAdds(key_);
-    if (platform::HostWindow* window = services_.host_window) {
+    if (platform::HostWindow* window = context_.services.host_window) {
       const std::string type = window->TypeName();
       if (type == "Window") window->SetVisible(true);
       if (type == "MDIEdit") window->Show();
@@ -127,7 +115,8 @@ void frmtabgrid::SaveSettings() {
   inits.WriteAValueToCInits("tdbAColOrders", ColumnOrder(tdbA));
   inits.GetInitFromControl(*this, "Me");
   if (!inits.SaveInits()) {
-    studio_->ShowWarnings({texts_.Text(kSettingsNotWritten, {{"<File>", SettingsFile()}})});
+    context_.studio->ShowWarnings(
+        {context_.texts.Text(kSettingsNotWritten, {{"<File>", context_.SettingsFile()}})});
   }
 }
 

@@ -5,7 +5,6 @@
 
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/outcome.h"
-#include "editor/frmtabgrid.h"
 #include "editor/tools.h"
 #include "store/text_numbers.h"
 
@@ -34,30 +33,28 @@ void AppendLine(std::string& text, const std::string& line) {
 
 }  // namespace
 
-GridEditing::GridEditing(frmtabgrid& window) : window_(window) {
-  Wire(window_.tdbP, {"mnuParameterNew", "mnuParameterEdit", "mnuParameterDelete", kParameterBand,
-                      kAliasIdColumn});
-  Wire(window_.tdbA, {"mnuAliasNew", "mnuAliasEdit", "mnuAliasDelete", kAliasBand, kItemIdColumn});
-  window_.tdbP.on_write = [this](std::int64_t id, const std::vector<forms::CellChange>& changes) {
+GridEditing::GridEditing(EditorContext& context, GridOwner& owner, forms::Grid& arguments,
+                         forms::Grid& aliases)
+    : context_(context), owner_(owner), aliases_(aliases) {
+  Wire(arguments, {kParameterBand, kAliasIdColumn});
+  Wire(aliases, {kAliasBand, kItemIdColumn});
+  arguments.on_write = [this](std::int64_t id, const std::vector<forms::CellChange>& changes) {
     WriteArgument(id, changes);
   };
-  window_.tdbA.on_write = [this](std::int64_t id, const std::vector<forms::CellChange>& changes) {
+  aliases.on_write = [this](std::int64_t id, const std::vector<forms::CellChange>& changes) {
     WriteAlias(id, changes);
   };
 }
 
-void GridEditing::Wire(forms::Grid& grid, const GridCommands& commands) {
-  grid.on_key_down = [this, &grid, commands](forms::KeyEvent& event) {
-    OnKey(grid, commands, event);
+void GridEditing::Wire(forms::Grid& grid, const GridKind& kind) {
+  grid.on_key_down = [this, &grid, kind](forms::KeyEvent& event) { OnKey(grid, kind, event); };
+  grid.on_selection = [this] { owner_.SelectionChanged(); };
+  grid.on_current_row = [this] { owner_.SelectionChanged(); };
+  grid.on_mouse_up = [this, kind](const forms::MouseEvent& event) {
+    if (event.button == forms::kRightButton) owner_.PopupBand(kind.band);
   };
-  grid.on_selection = [this] { window_.SelectionChanged(); };
-  grid.on_current_row = [this] { window_.SelectionChanged(); };
-  grid.on_mouse_up = [this, commands](const forms::MouseEvent& event) {
-    OnMouseUp(commands, event);
-  };
-  grid.on_double_click = [this, commands] {
-    window_.MenuSwitcher(window_.CurrentKey(), false);
-    Click(commands.edit_tool);
+  grid.on_double_click = [this, kind] {
+    owner_.RunTool(FindToolOfKey(kind.band, forms::kKeyF9, 0)->name);
   };
   grid.on_button_click = [this, &grid](std::size_t column) { ChooseCell(grid, column); };
   grid.on_after_column_update = [&grid](std::size_t) { grid.Update(); };
@@ -66,22 +63,10 @@ void GridEditing::Wire(forms::Grid& grid, const GridCommands& commands) {
 
 // --- Keys and mouse ---
 
-void GridEditing::OnKey(forms::Grid& grid, const GridCommands& commands, forms::KeyEvent& event) {
-  struct KeyCommand {
-    std::int16_t key_code;
-    std::int16_t shift;
-    const char* tool;
-  };
-  const KeyCommand keys[] = {
-      {forms::kKeyF8, 0, commands.new_tool},
-      {forms::kKeyF9, 0, commands.edit_tool},
-      {forms::kKeyDelete, forms::kControl, commands.delete_tool},
-  };
-  for (const KeyCommand& key : keys) {
-    if (event.key_code != key.key_code || event.shift != key.shift) continue;
+void GridEditing::OnKey(forms::Grid& grid, const GridKind& kind, forms::KeyEvent& event) {
+  if (const ToolRow* tool = FindToolOfKey(kind.band, event.key_code, event.shift)) {
     event.handled = true;
-    window_.MenuSwitcher(window_.CurrentKey(), false);
-    Click(key.tool);
+    owner_.RunTool(tool->name);
     return;
   }
   const bool up = event.key_code == forms::kKeyUp;
@@ -90,29 +75,18 @@ void GridEditing::OnKey(forms::Grid& grid, const GridCommands& commands, forms::
     ExtendSelection(grid, up);
   } else if (event.shift == forms::kControl && event.key_code == kKeyO) {
     event.handled = true;
-    if (grid.CurrentColumn() == commands.chooser_column) {
-      ChooseCell(grid, commands.chooser_column);
+    if (grid.CurrentColumn() == kind.chooser_column) {
+      ChooseCell(grid, kind.chooser_column);
     } else {
-      window_.services().toolkit.Beep();
+      context_.services.toolkit.Beep();
     }
   } else if (event.shift == forms::kControl && event.key_code == kKeyF) {
     event.handled = true;
-    window_.ShowFind();
+    owner_.ShowFind();
   } else if (event.shift == forms::kAlt && event.key_code == forms::kKeyF6) {
     event.handled = true;
-    window_.studio().ActivateTree();
+    context_.studio->ActivateTree();
   }
-}
-
-void GridEditing::OnMouseUp(const GridCommands& commands, const forms::MouseEvent& event) {
-  if (event.button != forms::kRightButton) return;
-  window_.MenuSwitcher(window_.CurrentKey(), false);
-  const dialogs::MessageBoxes::Guard guard(window_.messages());
-  window_.services().toolkit.PopupMenu(*window_.abr.FindBand(commands.band));
-}
-
-void GridEditing::Click(const char* tool_name) {
-  window_.abr_ToolClick(*window_.abr.FindTool(tool_name));
 }
 
 // The row that becomes current joins the selection; going back over a selected row takes the row
@@ -138,20 +112,32 @@ void GridEditing::ExtendSelection(forms::Grid& grid, bool up) {
 void GridEditing::ChooseCell(forms::Grid& grid, std::size_t column) {
   const auto current = grid.CurrentPosition();
   if (!current) return;
-  if (&grid == &window_.tdbA) {
-    const auto item = window_.studio().ChooseItem(grid.ShownCell(*current, column).ToText());
+  if (&grid == &aliases_) {
+    const auto item = context_.studio->ChooseItem(grid.ShownCell(*current, column).ToText());
     if (item && item->find_first_not_of(' ') != std::string::npos) grid.EditCell(column, *item);
     return;
   }
-  store::Operations& operations = window_.operations();
+  store::Operations& operations = context_.operations;
   const auto argument = operations.FindArgument(static_cast<std::int32_t>(*grid.CurrentId()));
   const auto chosen =
-      dialogs::ChooseAlias(window_.surroundings(), argument ? argument->alias_id : 0);
+      dialogs::ChooseAlias(context_.surroundings, argument ? argument->alias_id : 0);
   if (!chosen) return;
   if (const auto alias = operations.FindAlias(*chosen)) grid.EditCell(column, alias->vb_alias);
 }
 
 // --- Writing ---
+
+std::optional<std::string> GridEditing::WritePending(forms::Grid& grid) {
+  if (!grid.DataChanged() && !grid.EditActive()) return std::nullopt;
+  silent_ = true;
+  const bool written = grid.Update();
+  silent_ = false;
+  if (written) return std::nullopt;
+  grid.CancelUpdate();
+  std::string error = context_.texts.Sentence(grid.Problem());
+  AppendLine(error, TakeDetail());
+  return error;
+}
 
 void GridEditing::Fail(std::int32_t number, const std::string& prompt, const std::string& detail) {
   detail_ = detail;
@@ -168,10 +154,10 @@ void GridEditing::FailUnlessDone(const store::OperationResult& result) {
 }
 
 void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellChange>& changes) {
-  store::Operations& operations = window_.operations();
+  store::Operations& operations = context_.operations;
   const auto argument_id = static_cast<std::int32_t>(id);
   const auto argument = operations.FindArgument(argument_id);
-  if (!argument) Fail(platform::kErrNoCurrentRecord, window_.Text(kRowGone), {});
+  if (!argument) Fail(platform::kErrNoCurrentRecord, context_.Text(kRowGone), {});
   store::ArgumentValues values = *argument;
   for (const forms::CellChange& change : changes) {
     if (change.column == kInColumn) values.in = change.new_value.ToBool();
@@ -180,48 +166,48 @@ void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellCh
     const std::string name = change.new_value.ToText();
     const auto alias = operations.FindAliasByName(name);
     if (!alias) {
-      Fail(platform::kErrUnspecified, window_.texts().Text(kUnknownAlias, {{"<Name>", name}}), {});
+      Fail(platform::kErrUnspecified, context_.texts.Text(kUnknownAlias, {{"<Name>", name}}), {});
     }
     values.alias_id = alias->id;
   }
-  FailUnlessDone(dialogs::Carry(window_.surroundings(),
+  FailUnlessDone(dialogs::Carry(context_.surroundings,
                                 [&] { return operations.EditArgument(argument_id, values); }));
-  window_.ReadArguments();
+  context_.ReadArguments(owner_.CurrentKey());
 }
 
 void GridEditing::WriteAlias(std::int64_t id, const std::vector<forms::CellChange>& changes) {
-  store::Operations& operations = window_.operations();
+  store::Operations& operations = context_.operations;
   const auto alias_id = static_cast<std::int32_t>(id);
   const auto alias = operations.FindAlias(alias_id);
-  if (!alias) Fail(platform::kErrNoCurrentRecord, window_.Text(kRowGone), {});
+  if (!alias) Fail(platform::kErrNoCurrentRecord, context_.Text(kRowGone), {});
   store::AliasValues values = *alias;
   for (const forms::CellChange& change : changes) {
     if (change.column == kItemIdColumn) values.item_id = change.new_value.ToText();
     if (change.column == kVBAliasColumn) values.vb_alias = change.new_value.ToText();
   }
-  FailUnlessDone(dialogs::Carry(window_.surroundings(),
+  FailUnlessDone(dialogs::Carry(context_.surroundings,
                                 [&] { return operations.EditAlias(alias_id, values); }));
-  window_.AliasesChanged();
+  context_.rows.AliasesChanged();
 }
 
 void GridEditing::OnError(forms::Grid& grid, const forms::GridError& error) {
   if (silent_) return;
   const std::string detail = TakeDetail();
   if (error.number == kDataError) {
-    std::string cause = window_.texts().Sentence(error.message);
+    std::string cause = context_.texts.Sentence(error.message);
     AppendLine(cause, detail);
-    window_.messages().Warn(
-        window_.texts().Text(kDataErrorText, {{"<DataError>", std::to_string(error.number)}}),
+    context_.messages.Warn(
+        context_.texts.Text(kDataErrorText, {{"<DataError>", std::to_string(error.number)}}),
         cause);
     grid.CancelUpdate();
-    window_.Reload();
+    owner_.Reload();
     if (grid.RowCount() > 0) grid.SetCurrentId(grid.IdAt(0));
     return;
   }
-  window_.services().toolkit.Beep();
+  context_.services.toolkit.Beep();
   grid.CancelUpdate();
-  window_.messages().Warn(window_.texts().Sentence(error.message), detail);
-  window_.Reload();
+  context_.messages.Warn(context_.texts.Sentence(error.message), detail);
+  owner_.Reload();
 }
 
 }  // namespace editor

@@ -67,7 +67,7 @@ void ApplyToolStates(forms::MenuControl& menu, const std::vector<ToolState>& sta
 }
 
 void ShowEditorTools(forms::MenuControl& menu, bool shown) {
-  for (const char* name : {"mnuShowEditorHelper", "mnuShowEditorSep", "mnuShowEditor"}) {
+  for (const char* name : {"mnuShowEditorHelper", "mnuShowEditorSep", kShowEditorTool}) {
     if (forms::Tool* tool = menu.FindTool(name)) tool->SetVisible(shown).SetEnabled(shown);
   }
 }

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "editor/tools.h"
 
+#include <algorithm>
 #include <initializer_list>
+#include <string>
+
+#include "editor/commands.h"
+#include "forms/keys.h"
 
 namespace editor {
 
@@ -9,81 +14,102 @@ namespace {
 
 using forms::ToolKind;
 
-struct ToolRow {
-  const char* name;
-  const char* tag;  // number of the caption's text
-  ToolKind kind = ToolKind::kCommand;
-  const char* shortcut = "";
-  const char* icon = "";
-  const char* sub_band = "";
-  const char* tip = "";  // number of the explanation's text
+constexpr ToolKey kNoKey;
+constexpr ToolKey kNewKey{"F8", forms::kKeyF8, 0};
+constexpr ToolKey kEditKey{"F9", forms::kKeyF9, 0};
+constexpr ToolKey kDeleteKey{"Ctrl+Del", forms::kKeyDelete, forms::kControl};
+constexpr ToolKey kEditorKey{"Alt+F6", forms::kKeyF6, forms::kAlt};
+
+constexpr auto kCommand = ToolKind::kCommand;
+constexpr auto kFunction = &Commands::mnuFunction;
+constexpr auto kParameter = &Commands::mnuParameter;
+constexpr auto kAlias = &Commands::mnuAlias;
+constexpr auto kExtra = &Commands::mnuExtra;
+
+// Every tool once.
+constexpr ToolRow kTools[] = {
+    {"mnuFunctionDescriptor", 140, ToolKind::kLabel},
+    {"mnuFunctionNew", 141, kCommand, kNewKey, "new", 1640, kFunction, kNew},
+    {"mnuFunctionEdit", 142, kCommand, kEditKey, "edit", 1641, kFunction, kEdit},
+    {"mnuFunctionDelete", 143, kCommand, kDeleteKey, "delete", 1642, kFunction, kDelete},
+    {"mnuFunctionShowCode", 144, kCommand, kNoKey, "code", 1643, kFunction, kShowCode},
+    {"mnuShowEditorSep", 0, ToolKind::kSeparator},
+    {kShowEditorTool, 170, kCommand, kEditorKey},
+    {"mnuParameterDescriptor", 150, ToolKind::kLabel},
+    {"mnuParameterNew", 151, kCommand, kNewKey, "new", 1644, kParameter, kNew},
+    {"mnuParameterEdit", 152, kCommand, kEditKey, "edit", 1645, kParameter, kEdit},
+    {"mnuParameterDelete", 153, kCommand, kDeleteKey, "delete", 1646, kParameter, kDelete},
+    {"mnuAliasDescriptor", 131, ToolKind::kLabel},
+    {"mnuAliasNew", 132, kCommand, kNewKey, "new", 1647, kAlias, kNew},
+    {"mnuAliasEdit", 133, kCommand, kEditKey, "edit", 1648, kAlias, kEdit},
+    {"mnuAliasDelete", 134, kCommand, kDeleteKey, "delete", 1649, kAlias, kDelete},
+    {"mnuOptionActualize", 162, kCommand, kNoKey, "refresh", 0, kExtra, kRefresh},
+    {"mnuOptionsSep0", 0, ToolKind::kSeparator},
+    {"mnuOptionStatistik", 161, kCommand, kNoKey, "statistics", 0, kExtra, kStatistics},
+    {"mnuOptionReport", 165, kCommand, kNoKey, "report", 0, kExtra, kReport},
+    {"mnuOptionSep1", 0, ToolKind::kSeparator},
+    {"mnuOptionOption", 163, kCommand, kNoKey, "options", 0, kExtra, kOptions},
+    {"mnuFunctions", 121, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kFunctionBand},
+    {"mnuParameters", 150, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kParameterBand},
+    {"mnuAliases", 131, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kAliasBand},
+    {"mnuOptions", 160, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kOptionBand},
+    {"mnuShowEditorHelper", 170, ToolKind::kLabel},
+    {"tbrSep0", 0, ToolKind::kSeparator},
+    {"tbrSep1", 0, ToolKind::kSeparator},
 };
 
 struct BandRow {
   const char* name;
-  std::initializer_list<ToolRow> tools;
+  std::initializer_list<const char*> tools;
 };
 
 const BandRow kBands[] = {
     {kFunctionBand,
-     {{"mnuFunctionDescriptor", "140", ToolKind::kLabel},
-      {"mnuFunctionNew", "141", ToolKind::kCommand, "F8", "new", "", "1640"},
-      {"mnuFunctionEdit", "142", ToolKind::kCommand, "F9", "edit", "", "1641"},
-      {"mnuFunctionDelete", "143", ToolKind::kCommand, "Ctrl+Del", "delete", "", "1642"},
-      {"mnuFunctionShowCode", "144", ToolKind::kCommand, "", "code", "", "1643"},
-      {"mnuShowEditorSep", "", ToolKind::kSeparator},
-      {"mnuShowEditor", "170", ToolKind::kCommand, "Alt+F6"}}},
+     {"mnuFunctionDescriptor", "mnuFunctionNew", "mnuFunctionEdit", "mnuFunctionDelete",
+      "mnuFunctionShowCode", "mnuShowEditorSep", kShowEditorTool}},
     {kParameterBand,
-     {{"mnuParameterDescriptor", "150", ToolKind::kLabel},
-      {"mnuParameterNew", "151", ToolKind::kCommand, "F8", "new", "", "1644"},
-      {"mnuParameterEdit", "152", ToolKind::kCommand, "F9", "edit", "", "1645"},
-      {"mnuParameterDelete", "153", ToolKind::kCommand, "Ctrl+Del", "delete", "", "1646"}}},
-    {kAliasBand,
-     {{"mnuAliasDescriptor", "131", ToolKind::kLabel},
-      {"mnuAliasNew", "132", ToolKind::kCommand, "F8", "new", "", "1647"},
-      {"mnuAliasEdit", "133", ToolKind::kCommand, "F9", "edit", "", "1648"},
-      {"mnuAliasDelete", "134", ToolKind::kCommand, "Ctrl+Del", "delete", "", "1649"}}},
+     {"mnuParameterDescriptor", "mnuParameterNew", "mnuParameterEdit", "mnuParameterDelete"}},
+    {kAliasBand, {"mnuAliasDescriptor", "mnuAliasNew", "mnuAliasEdit", "mnuAliasDelete"}},
     {kOptionBand,
-     {{"mnuOptionActualize", "162", ToolKind::kCommand, "", "refresh"},
-      {"mnuOptionsSep0", "", ToolKind::kSeparator},
-      {"mnuOptionStatistik", "161", ToolKind::kCommand, "", "statistics"},
-      {"mnuOptionReport", "165", ToolKind::kCommand, "", "report"},
-      {"mnuOptionSep1", "", ToolKind::kSeparator},
-      {"mnuOptionOption", "163", ToolKind::kCommand, "", "options"}}},
-    {kMainBand,
-     {{"mnuFunctions", "121", ToolKind::kSubmenu, "", "", kFunctionBand},
-      {"mnuParameters", "150", ToolKind::kSubmenu, "", "", kParameterBand},
-      {"mnuAliases", "131", ToolKind::kSubmenu, "", "", kAliasBand},
-      {"mnuOptions", "160", ToolKind::kSubmenu, "", "", kOptionBand}}},
-    {kShowEditorBand, {{"mnuShowEditorHelper", "170", ToolKind::kLabel}, {"mnuShowEditor", ""}}},
+     {"mnuOptionActualize", "mnuOptionsSep0", "mnuOptionStatistik", "mnuOptionReport",
+      "mnuOptionSep1", "mnuOptionOption"}},
+    {kMainBand, {"mnuFunctions", "mnuParameters", "mnuAliases", "mnuOptions"}},
+    {kShowEditorBand, {"mnuShowEditorHelper", kShowEditorTool}},
     {kArgumentToolbar,
-     {{"mnuFunctionNew", ""},
-      {"mnuFunctionShowCode", ""},
-      {"tbrSep0", "", ToolKind::kSeparator},
-      {"mnuParameterNew", ""},
-      {"mnuParameterEdit", ""},
-      {"mnuParameterDelete", ""},
-      {"tbrSep1", "", ToolKind::kSeparator},
-      {"mnuOptionActualize", ""}}},
+     {"mnuFunctionNew", "mnuFunctionShowCode", "tbrSep0", "mnuParameterNew", "mnuParameterEdit",
+      "mnuParameterDelete", "tbrSep1", "mnuOptionActualize"}},
     {kAliasToolbar,
-     {{"mnuAliasNew", ""},
-      {"mnuAliasEdit", ""},
-      {"mnuAliasDelete", ""},
-      {"tbrSep1", ""},
-      {"mnuOptionActualize", ""}}},
+     {"mnuAliasNew", "mnuAliasEdit", "mnuAliasDelete", "tbrSep1", "mnuOptionActualize"}},
 };
 
 }  // namespace
 
+const ToolRow* FindToolRow(std::string_view name) {
+  const auto row = std::ranges::find(kTools, name, &ToolRow::name);
+  return row == std::end(kTools) ? nullptr : row;
+}
+
+const ToolRow* FindToolOfKey(std::string_view band, std::int16_t code, std::int16_t shift) {
+  const auto found = std::ranges::find(kBands, band, &BandRow::name);
+  if (code == 0 || found == std::end(kBands)) return nullptr;
+  for (const char* name : found->tools) {
+    const ToolRow* row = FindToolRow(name);
+    if (row && row->command && row->key.code == code && row->key.shift == shift) return row;
+  }
+  return nullptr;
+}
+
 void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text) {
   for (const BandRow& band_row : kBands) {
     forms::Band& band = menu.AddBand(band_row.name);
-    for (const ToolRow& row : band_row.tools) {
-      const bool shown_again = menu.FindTool(row.name) != nullptr;
-      forms::Tool& tool = band.AddTool(row.name, row.kind);
+    for (const char* name : band_row.tools) {
+      const ToolRow& row = *FindToolRow(name);
+      const bool shown_again = menu.FindTool(name) != nullptr;
+      forms::Tool& tool = band.AddTool(name, row.kind);
       if (shown_again) continue;
-      tool.SetTag(row.tag).SetShortcut(row.shortcut).SetIcon(row.icon).SetSubBand(row.sub_band);
-      if (*row.tip) tool.SetToolTip(text(platform::Variant(row.tip).ToLong()));
+      tool.SetShortcut(row.key.text).SetIcon(row.icon).SetSubBand(row.sub_band);
+      if (row.caption != 0) tool.SetTag(std::to_string(row.caption));
+      if (row.tip != 0) tool.SetToolTip(text(row.tip));
     }
   }
   menu.SetMenuBar(kMainBand);

@@ -2,6 +2,9 @@
 // The bands and tools of the editor window's menu and toolbar control.
 #pragma once
 
+#include <cstdint>
+#include <string_view>
+
 #include "forms/menu_control.h"
 
 namespace editor {
@@ -16,6 +19,36 @@ inline constexpr const char* kShowEditorBand = "mnuShowEditorHelper";
 // What the function toolbar shows in the two views.
 inline constexpr const char* kArgumentToolbar = "tbrArguments";
 inline constexpr const char* kAliasToolbar = "tbrAliases";
+
+// Shows the editor from the tree's menus; it is no command of the window.
+inline constexpr const char* kShowEditorTool = "mnuShowEditor";
+
+class Commands;
+
+// A key as the menu names it and as it is pressed.
+struct ToolKey {
+  const char* text = "";
+  std::int16_t code = 0;
+  std::int16_t shift = 0;
+};
+
+// Everything that is known of a tool. Texts are numbers of the text table, 0 for none.
+struct ToolRow {
+  const char* name;
+  std::int32_t caption = 0;
+  forms::ToolKind kind = forms::ToolKind::kCommand;
+  ToolKey key{};
+  const char* icon = "";
+  std::int32_t tip = 0;
+  void (Commands::*command)(std::int16_t) = nullptr;
+  std::int16_t action = 0;
+  const char* sub_band = "";
+};
+
+// Null when there is no tool of that name.
+const ToolRow* FindToolRow(std::string_view name);
+// The command of a band that a key stands for; null when there is none.
+const ToolRow* FindToolOfKey(std::string_view band, std::int16_t code, std::int16_t shift);
 
 // Builds all bands. Captions are the tools' tags, which LocaliseTools turns into texts.
 void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text);

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "editor/editor_context.h"
+
+#include <utility>
+
+#include "platform/error.h"
+
+namespace editor {
+
+EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
+                             const texts::TextTable& its_texts, dialogs::MessageBoxes& its_messages,
+                             Project its_project, forms::Form& owner)
+    : host(its_host),
+      studio(host.HostAddIn()),
+      services(its_services),
+      texts(its_texts),
+      messages(its_messages),
+      project(std::move(its_project)),
+      inits(services.settings),
+      code(texts, services.items, services.components),
+      operations({project.connection, project.vbe, &code, &services.unit, &texts}),
+      rows(project.connection, project.grid_aliases, operations),
+      items(services.items),
+      surroundings{
+          services.toolkit, texts,          messages, operations, rows.AliasesByName(), items,
+          studio.get(),     &services.help, &owner} {
+  code.Initialize(project.connection, project.vbe, project.name);
+}
+
+forms::TextLookup EditorContext::Lookup() const {
+  return [this](std::int32_t number) { return Text(number); };
+}
+
+bool EditorContext::SettingIsOn(std::string_view key) const {
+  const platform::Variant value = inits.ReadAValueFromCInits(key);
+  const bool* on = value.Get<bool>();
+  return value.IsEmpty() || (on && *on);
+}
+
+std::string EditorContext::SettingsFile() const {
+  const std::string& path = project.database_path;
+  // A path from the root has no other separator; elsewhere both kinds are met.
+  const std::size_t end = path.find_last_of(path.starts_with('/') ? "/" : "\\/");
+  const std::string folder = end == std::string::npos ? std::string() : path.substr(0, end + 1);
+  return folder + std::string(settings::kSettingsFile);
+}
+
+void EditorContext::ReadArguments(std::string_view key) {
+  try {
+    rows.ReadArguments(key);
+  } catch (const platform::Error& error) {
+    messages.Warn(error);
+  }
+}
+
+bool EditorContext::ShowFunction(std::string_view prog_id, std::string_view name) {
+  return code.ShowFunction(*this, prog_id, name);
+}
+
+}  // namespace editor
