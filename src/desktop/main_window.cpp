@@ -269,7 +269,7 @@ void MainWindow::ConnectStudio() {
     editor_host_->Show();
     welcome_->Hide();
     editor_host_->GetParent()->Layout();
-    session_->foreign_changes().Accept();
+    project_->foreign_changes().Accept();
     notice_->Dismiss();
   };
 }
@@ -340,9 +340,9 @@ void MainWindow::OnClose(wxCloseEvent& event) {
 void MainWindow::OnTimer() {
   arranged_ = placed_;
   if (arranged_ && settled_.IsEmpty() && !IsMaximized()) settled_ = GetRect();
-  if (!session_ || session_->unit().IsOpen()) return;
+  if (!session_ || project_->unit().IsOpen()) return;
   code_->Refresh();
-  session_->items().Refresh();
+  project_->items().Refresh();
   LookForForeignChanges();
   TellReplacedCharacters();
   if (editor::frmtabgrid* editor = session_->add_in().EditorWindow()) editor->TellUnreadable();
@@ -351,17 +351,16 @@ void MainWindow::OnTimer() {
 // What the tree shows may be out of date then. Everything that the user does works on what the
 // database holds, so reading it anew can wait until they want it.
 void MainWindow::LookForForeignChanges() {
-  if (notice_->IsShown() || !session_->foreign_changes().Look()) return;
-  session_->foreign_changes().Accept();
-  notice_->Tell(
-      wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
-                                 {{"<File>", parts_.files.FileName(session_->database_path())}})));
+  if (notice_->IsShown() || !project_->foreign_changes().Look()) return;
+  project_->foreign_changes().Accept();
+  notice_->Tell(wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
+                                           {{"<File>", parts_.files.FileName(project_->path())}})));
 }
 
 // Characters that an operation could not write in a comment.
 void MainWindow::TellReplacedCharacters() {
   std::string places;
-  for (const auto& replaced : session_->vb().TakeReplacedCharacters()) {
+  for (const auto& replaced : project_->vb()->TakeReplacedCharacters()) {
     places +=
         (places.empty() ? "" : "\n") +
         parts_.texts.Text(TextNumber::kTextReplacedAt, {{"<File>", replaced.file},
@@ -381,8 +380,7 @@ void MainWindow::ShowTitle() {
   const editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
   const bool root = tree_->SelectedKey() == editor::kRootKey;
   const std::string shown = editor && !root ? editor->Caption() : Text(TextNumber::kTextProduct);
-  SetTitle(
-      wx::ToWx(editor ? parts_.files.FileName(session_->database_path()) + " – " + shown : shown));
+  SetTitle(wx::ToWx(editor ? parts_.files.FileName(project_->path()) + " – " + shown : shown));
 }
 
 void MainWindow::SelectNode(const studio::StudioNode& node) {
@@ -410,12 +408,12 @@ void MainWindow::FindCodeOfNode(const std::string& key) {
   const auto formula = editor->operations().FindFormula(id);
   const auto point = formula ? formula->prog_id.find('.') : std::string::npos;
   if (point == std::string::npos) return;
-  const auto project = session_->vb().FindProject(formula->prog_id.substr(0, point));
+  const auto project = project_->vb()->FindProject(formula->prog_id.substr(0, point));
   const auto component =
       project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
   if (!component || !component->Module()) return;
   component->Module()->RequireSource();
-  if (!code_->ShowModule(component, session_->unit()) || !code_->Readable()) return;
+  if (!code_->ShowModule(component, project_->unit()) || !code_->Readable()) return;
   const auto member = component->Module()->FindMember(formula->name);
   if (member && member->type == platform::MemberType::kMethod) {
     code_->ScrollTo(component->Module()->ProcStartLine(formula->name, platform::ProcKind::kProc));
@@ -431,7 +429,7 @@ void MainWindow::OnPane(const vbfiles::PaneEvent& event) {
   using Kind = vbfiles::PaneEvent::Kind;
   if (event.kind == Kind::kActivated) {
     const auto component = FindComponentOf(event.component.FileName());
-    if (component) code_->ShowModule(component, session_->unit());
+    if (component) code_->ShowModule(component, project_->unit());
     return;
   }
   platform::CodePane& pane = event.component.Module()->Pane();
@@ -459,7 +457,7 @@ void MainWindow::ShowFailure(const std::string& message, const std::string& deta
 }
 
 std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
-  project::ItemFile& items = session_->items();
+  project::ItemFile& items = project_->items();
   items.Refresh();
   const auto skipped = project::SkippedItems(items.Catalogue(), items.path(), parts_.texts);
   if (!skipped.empty()) ShowStatus(skipped.front());
@@ -469,13 +467,12 @@ std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
 }
 
 void MainWindow::ShowReport(const std::string& html) {
-  const std::string folder = parts_.state.folder().empty()
-                                 ? parts_.files.Folder(session_->database_path())
-                                 : parts_.state.folder();
+  const std::string folder =
+      parts_.state.folder().empty() ? parts_.files.Folder(project_->path()) : parts_.state.folder();
   const std::string path = parts_.files.Join(folder, "report.html");
   try {
     parts_.files.CreateDirectories(folder);
-    const auto own = project::FilesOfProject(session_->database_path(), &session_->vb());
+    const auto own = project::FilesOfProject(project_->path(), project_->vb().get());
     if (project::LookAtReportPlace(parts_.files, path, own) != project::ReportPlace::kFree) {
       files::Raise(files::ErrorKind::kExists, path, "cannot be written", "it exists already");
     }

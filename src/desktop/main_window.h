@@ -18,7 +18,9 @@
 #include "desktop/project_tree.h"
 #include "project/backups.h"
 #include "project/daily_backup.h"
+#include "project/project.h"
 #include "studio/add_in_session.h"
+#include "studio/unsaved_code.h"
 
 class wxSplitterWindow;
 
@@ -124,6 +126,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<project::DailyBackup> backup_;    // of the session's project; outlives it
   std::unique_ptr<studio::UnsavedCopies> unsaved_;  // of the session's project
   forms::Subscription title_;
+  std::unique_ptr<project::Project> project_;
   std::unique_ptr<studio::AddInSession> session_;
 };
 

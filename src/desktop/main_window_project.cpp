@@ -13,6 +13,7 @@
 #include "desktop/welcome.h"
 #include "files/error.h"
 #include "project/new_project.h"
+#include "project/state_files.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 
@@ -30,7 +31,7 @@ constexpr const char* kFormulas = "FORF0";
 
 // Where the user works; "" leaves the choice to the system.
 wxString MainWindow::ProjectFolder() const {
-  return session_ ? wx::ToWx(parts_.files.Folder(session_->database_path())) : wxString();
+  return session_ ? wx::ToWx(parts_.files.Folder(project_->path())) : wxString();
 }
 
 void MainWindow::AskNew() {
@@ -57,7 +58,7 @@ void MainWindow::AskOpen() {
 
 bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& given) {
   RememberStep("open project");
-  const std::string before = session_ ? session_->database_path() : std::string();
+  const std::string before = session_ ? project_->path() : std::string();
   const wxBusyCursor busy;
   if (!CloseProject()) return false;
   try {
@@ -65,11 +66,12 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
     options.vb.on_pane = [this](const vbfiles::PaneEvent& event) { OnPane(event); };
     const std::string full = parts_.files.Canonical(path);
     (given.Empty() ? parts_.state.OptionsOf(full) : given).ApplyTo(options);
+    options.open_database = false;
+    project_ = std::make_unique<project::Project>(parts_.files, full, options, parts_.texts);
     session_ = std::make_unique<studio::AddInSession>(
-        studio::AddInSession::Outside{parts_.files, parts_.toolkit, parts_.window_system,
-                                      parts_.help, parts_.settings, parts_.texts,
-                                      [this](const std::string& html) { ShowReport(html); }},
-        full, options);
+        *project_, studio::AddInSession::Dependencies{
+                       parts_.toolkit, parts_.window_system, parts_.help, parts_.settings,
+                       parts_.texts, [this](const std::string& html) { ShowReport(html); }});
   } catch (const std::exception& error) {
     ShowFailure(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}),
                 parts_.texts.Sentence(error));
@@ -85,7 +87,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   session_->Start();
   tree_->SelectKey(kRoot);
   if (!session_->add_in().Initialised()) {
-    const std::string full = session_->database_path();
+    const std::string full = project_->path();
     CloseProject();
     FillBackups(full);
     OfferBackup(full);
@@ -95,15 +97,15 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   }
   tree_->ExpandKey(kRoot);
   tree_->ExpandKey(kFormulas);
-  const bool same = parts_.state.project == session_->database_path();
+  const bool same = parts_.state.project == project_->path();
   if (same && !parts_.state.node.empty()) tree_->SelectKey(parts_.state.node);
-  if (!given.Empty()) parts_.state.KeepOptions(session_->database_path(), given);
-  parts_.state.project = session_->database_path();
-  parts_.state.recent.Add(session_->database_path());
+  if (!given.Empty()) parts_.state.KeepOptions(project_->path(), given);
+  parts_.state.project = project_->path();
+  parts_.state.recent.Add(project_->path());
   parts_.state.Save();
   ShowRecent();
-  FillBackups(session_->database_path());
-  ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", session_->database_path()}}));
+  FillBackups(project_->path());
+  ShowStatus(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", project_->path()}}));
   tree_->SetFocus();
   CallAfter([this] {
     TellProblems();
@@ -116,12 +118,12 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
 void MainWindow::TellProblems() {
   if (!session_) return;
   std::string problems;
-  for (const messages::Message& problem : session_->vb().Problems())
+  for (const messages::Message& problem : project_->vb()->Problems())
     problems += (problems.empty() ? "" : "\n") + parts_.texts.Sentence(problem);
   if (problems.empty()) return;
   parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", session_->database_path()}}),
-       problems, "", platform::MessageButtons::kOk, platform::MessageResult::kOk,
+      {parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", project_->path()}}), problems, "",
+       platform::MessageButtons::kOk, platform::MessageResult::kOk,
        platform::MessageIcon::kWarning});
 }
 
@@ -147,6 +149,7 @@ bool MainWindow::CloseProject() {
   title_ = {};
   notice_->Dismiss();
   session_.reset();
+  project_.reset();
   editor_host_->Hide();
   welcome_->Show();
   editor_host_->GetParent()->Layout();
@@ -157,8 +160,8 @@ bool MainWindow::CloseProject() {
 
 void MainWindow::KeepUnsavedCode() {
   if (parts_.state.folder().empty()) return;
-  unsaved_ = std::make_unique<studio::UnsavedCopies>(
-      parts_.files, StateFolderOf("unsaved", session_->database_path()));
+  unsaved_ = std::make_unique<studio::UnsavedCopies>(parts_.files,
+                                                     StateFolderOf("unsaved", project_->path()));
   code_->KeepCopiesIn(unsaved_.get());
 }
 
@@ -186,7 +189,7 @@ void MainWindow::OfferUnsavedCode() try {
   if (answer == platform::MessageResult::kCancel) return;
   if (answer == platform::MessageResult::kNo) return unsaved_->RemoveLeft();
   const auto component = FindComponentOf(left->module);
-  if (component && code_->ShowModule(component, session_->unit())) {
+  if (component && code_->ShowModule(component, project_->unit())) {
     if (code_->BringBack(*left)) unsaved_->RemoveLeft();
     return;
   }
@@ -198,7 +201,7 @@ void MainWindow::OfferUnsavedCode() try {
 }
 
 std::shared_ptr<platform::VBComponent> MainWindow::FindComponentOf(const std::string& file) {
-  for (const auto& project : session_->vb().VBProjects()) {
+  for (const auto& project : project_->vb()->VBProjects()) {
     for (const auto& component : project->VBComponents()) {
       if (component->FileName() == file) return component;
     }
@@ -208,25 +211,23 @@ std::shared_ptr<platform::VBComponent> MainWindow::FindComponentOf(const std::st
 
 // What is kept of one project in the user's state.
 std::string MainWindow::StateFolderOf(const char* kind, const std::string& path) {
-  return parts_.files.Join(
-      parts_.files.Join(parts_.state.folder(), kind),
-      parts_.files.FileName(project::ComponentListPath(parts_.files, parts_.state.folder(), path)));
+  return project::ProjectStateFolder(parts_.files, parts_.state.folder(), kind, path);
 }
 
 // Before the first change of a day the project's files are copied.
 void MainWindow::EnlistBackup() {
   if (parts_.state.folder().empty()) return;
   backup_ = std::make_unique<project::DailyBackup>(
-      parts_.files, StateFolderOf("backups", session_->database_path()),
-      project::DailyBackup::Outside{[] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
-                                    [this] { return session_->Files(); },
-                                    [this] { CallAfter([this] { FillBackups(backed_up_); }); },
-                                    [this](const std::exception& reason) {
-                                      ShowStatus(parts_.texts.Text(
-                                          TextNumber::kTextBackupFailed,
-                                          {{"<Text>", parts_.texts.Sentence(reason)}}));
-                                    }});
-  session_->unit().Enlist(*backup_);
+      parts_.files, StateFolderOf("backups", project_->path()),
+      project::DailyBackup::Dependencies{
+          [] { return wx::FromWx(wxDateTime::Now().FormatISODate()); },
+          [this] { return project_->ChangeableFiles(); },
+          [this] { CallAfter([this] { FillBackups(backed_up_); }); },
+          [this](const std::exception& reason) {
+            ShowStatus(parts_.texts.Text(TextNumber::kTextBackupFailed,
+                                         {{"<Text>", parts_.texts.Sentence(reason)}}));
+          }});
+  project_->unit().Enlist(*backup_);
 }
 
 void MainWindow::ShowRecent() {

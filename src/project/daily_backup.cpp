@@ -5,18 +5,18 @@
 
 namespace project {
 
-DailyBackup::DailyBackup(files::FileSystem& system, std::string folder, Outside outside)
-    : backups_(system, std::move(folder)), outside_(std::move(outside)) {}
+DailyBackup::DailyBackup(files::FileSystem& system, std::string folder, Dependencies dependencies)
+    : backups_(system, std::move(folder)), dependencies_(std::move(dependencies)) {}
 
 void DailyBackup::Collect(files::ChangeSet& changes) {
   if (changes.empty()) return;
-  const std::string today = outside_.today();
+  const std::string today = dependencies_.today();
   if (day_ == today) return;
   day_ = today;
   try {
-    if (backups_.MakeDaily(today, outside_.files())) outside_.made();
+    if (backups_.MakeDaily(today, dependencies_.files())) dependencies_.made();
   } catch (const std::exception& error) {
-    outside_.failed(error);
+    dependencies_.failed(error);
   }
 }
 

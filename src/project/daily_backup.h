@@ -15,7 +15,7 @@ namespace project {
 // day before the first change is written. A backup that fails stops no change.
 class DailyBackup final : public files::Participant {
  public:
-  struct Outside {
+  struct Dependencies {
     std::function<std::string()> today;               // "2026-11-21"
     std::function<std::vector<std::string>()> files;  // of the project
     std::function<void()> made;
@@ -23,7 +23,7 @@ class DailyBackup final : public files::Participant {
   };
 
   // `folder`: of the project's backups.
-  DailyBackup(files::FileSystem& system, std::string folder, Outside outside);
+  DailyBackup(files::FileSystem& system, std::string folder, Dependencies dependencies);
 
   void Save() override {}
   void Collect(files::ChangeSet& changes) override;
@@ -32,7 +32,7 @@ class DailyBackup final : public files::Participant {
 
  private:
   Backups backups_;
-  Outside outside_;
+  Dependencies dependencies_;
   std::string day_;  // that was looked after
 };
 

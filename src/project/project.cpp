@@ -2,9 +2,9 @@
 #include "project/project.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "files/replace_file.h"
+#include "project/state_files.h"
 #include "store/ado_fro.h"
 #include "store/schema.h"
 #include "vbfiles/path_resolver.h"
@@ -13,34 +13,6 @@
 namespace project {
 
 namespace {
-
-std::shared_ptr<recordset::JetConnection> OpenConnection(files::FileSystem& system,
-                                                         const std::string& path,
-                                                         const ProjectOptions& options,
-                                                         const texts::TextTable& texts) {
-  jet::OpenOptions engine;
-  engine.reach = ReachOf(system, path, options);
-  auto connection = std::make_shared<recordset::JetConnection>(system, engine);
-  connection->Open(store::ProjectConnectionString(
-      path, options.read_only ? store::Access::kRead : store::Access::kReadWrite));
-  const std::vector<std::string> missing = store::MissingFromSchema(*connection);
-  if (!missing.empty()) {
-    throw platform::Error(platform::ErrorKind::kRefused, platform::kErrNoSuchTable,
-                          path + ": " + store::DescribeMissing(missing, texts));
-  }
-  return connection;
-}
-
-// FNV-1a: short, and the same on every machine.
-std::string HashText(std::string_view text) {
-  std::uint64_t hash = 14695981039346656037u;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
-  std::string digits(16, '0');
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, hash >>= 4) {
-    *digit = "0123456789abcdef"[hash & 15];
-  }
-  return digits;
-}
 
 // The folder with links resolved, when it is there.
 void AddFolder(files::FileSystem& system, const std::string& folder,
@@ -73,6 +45,29 @@ std::string StudioProjectName(const files::FileSystem& system, const std::string
   return point == std::string::npos || point == 0 ? name : name.substr(0, point);
 }
 
+namespace {
+
+void OpenDatabase(recordset::JetConnection& connection, const std::string& path, bool read_only,
+                  const texts::TextTable& texts) {
+  connection.Open(store::ProjectConnectionString(
+      path, read_only ? store::Access::kRead : store::Access::kReadWrite));
+  const std::vector<std::string> missing = store::MissingFromSchema(connection);
+  if (missing.empty()) return;
+  throw platform::Error(platform::ErrorKind::kRefused, platform::kErrNoSuchTable,
+                        path + ": " + store::DescribeMissing(missing, texts));
+}
+
+std::shared_ptr<recordset::JetConnection> MakeConnection(files::FileSystem& system,
+                                                         const std::string& path,
+                                                         const ProjectOptions& options,
+                                                         const texts::TextTable& texts) {
+  jet::OpenOptions engine;
+  engine.reach = ReachOf(system, path, options);
+  auto connection = std::make_shared<recordset::JetConnection>(system, engine);
+  if (options.open_database) OpenDatabase(*connection, path, options.read_only, texts);
+  return connection;
+}
+
 std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
                       const ProjectOptions& options) {
   if (!options.items_file.empty()) return options.items_file;
@@ -99,33 +94,43 @@ std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
   return environment;
 }
 
-std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,
-                              const std::string& database_path) {
-  const std::string name = StudioProjectName(system, database_path);
-  return system.Join(
-      state_folder,
-      "components-" + name + "-" + HashText(files::ResolveTarget(system, database_path)) + ".txt");
-}
+}  // namespace
 
 Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
                  const texts::TextTable& texts)
     : path_(files::FollowLink(system, path)),
-      connection_(OpenConnection(system, path_, options, texts)),
+      name_(StudioProjectName(system, path_)),
+      connection_(MakeConnection(system, path_, options, texts)),
       database_(connection_),
       items_(system, ItemsPath(system, path_, options), !options.items_file.empty()),
       components_(OpenComponents(system, path_, options)),
       unit_(system, path_, ReachOf(system, path_, options)),
+      foreign_changes_(system, path_),
       code_(texts, &items_, components_.get()) {
   unit_.Enlist(database_);
   if (options.with_code) {
     vb_ = OpenVisualBasic(system, path_, options);
     unit_.Enlist(*vb_);
   }
-  code_.Initialize(connection_, vb_, StudioProjectName(system, path_));
+  unit_.Enlist(foreign_changes_);
+  if (!options.open_database) return;
+  code_.Initialize(connection_, vb_, name_);
   operations_ = std::make_unique<store::Operations>(
       store::Operations::Parts{connection_, vb_, &code_, &unit_, &texts});
 }
 
 Project::~Project() = default;
+
+std::vector<std::string> Project::ChangeableFiles() {
+  std::vector<std::string> files = {path_};
+  if (!vb_) return files;
+  for (const auto& project : vb_->VBProjects()) {
+    for (const auto& component : project->VBComponents()) {
+      if (component->Type() == platform::ComponentType::kClassModule)
+        files.push_back(component->FileName());
+    }
+  }
+  return files;
+}
 
 }  // namespace project

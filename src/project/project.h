@@ -13,6 +13,7 @@
 #include "platform/ado.h"
 #include "project/component_list_file.h"
 #include "project/connection_participant.h"
+#include "project/foreign_changes.h"
 #include "project/item_file.h"
 #include "store/operations.h"
 #include "texts/text_table.h"
@@ -23,6 +24,8 @@ namespace project {
 struct ProjectOptions {
   bool with_code = true;  // false: no Visual Basic project is looked at
   bool read_only = false;
+  // False: whoever uses the connection first opens it; the project itself then has no operations.
+  bool open_database = true;
   std::vector<std::string> vb_files;  // empty: all .vbp and .vbg beside and below the database
   std::string items_file;             // "": items.csv beside the database, which may be missing
   std::string state_folder;           // of the user; "" keeps no component list
@@ -43,22 +46,33 @@ class Project {
   Project& operator=(const Project&) = delete;
 
   const std::string& path() const { return path_; }
+  // Of the studio project.
+  const std::string& name() const { return name_; }
+  // Only where the project opens its database, both.
   store::Operations& operations() { return *operations_; }
   codegen::CVBFormulaCode& code() { return code_; }
   std::shared_ptr<platform::Connection> connection() { return connection_; }
   // Null without code.
   std::shared_ptr<vbfiles::Environment> vb() { return vb_; }
   ItemFile& items() { return items_; }
+  // Null without a state folder or code.
+  ComponentListFile* components() { return components_.get(); }
   files::JournalledUnitOfWork& unit() { return unit_; }
+  // What other programs do to the database.
+  ForeignChanges& foreign_changes() { return foreign_changes_; }
+  // The database and every Visual Basic file that an operation may change.
+  std::vector<std::string> ChangeableFiles();
 
  private:
   std::string path_;
+  std::string name_;
   std::shared_ptr<recordset::JetConnection> connection_;
   ConnectionParticipant database_;
   ItemFile items_;
-  std::unique_ptr<ComponentListFile> components_;  // null without a state folder or code
+  std::unique_ptr<ComponentListFile> components_;
   std::shared_ptr<vbfiles::Environment> vb_;
   files::JournalledUnitOfWork unit_;
+  ForeignChanges foreign_changes_;
   codegen::CVBFormulaCode code_;
   std::unique_ptr<store::Operations> operations_;
 };
@@ -72,20 +86,5 @@ std::string StudioProjectName(const files::FileSystem& system, const std::string
 // that the options name and in those that the engineer agreed to.
 files::Reach ReachOf(files::FileSystem& system, const std::string& database_path,
                      const ProjectOptions& options);
-
-// The Visual Basic projects of a database. Raises platform::Error or files::Error.
-std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
-                                                      const std::string& database_path,
-                                                      const ProjectOptions& options);
-std::string ItemsPath(files::FileSystem& system, const std::string& database_path,
-                      const ProjectOptions& options);
-// Null without a state folder or code.
-std::unique_ptr<ComponentListFile> OpenComponents(files::FileSystem& system,
-                                                  const std::string& database_path,
-                                                  const ProjectOptions& options);
-
-// Where the component list of a database is kept in the user's state folder.
-std::string ComponentListPath(files::FileSystem& system, const std::string& state_folder,
-                              const std::string& database_path);
 
 }  // namespace project

@@ -35,14 +35,15 @@ class AddInSession::Reports final : public platform::ObjectFactory {
     void Show(std::string_view, std::string&, std::int32_t) override {
       editor::frmtabgrid* editor = session_.add_in_->EditorWindow();
       if (!editor) return;
-      const Outside& outside = session_.outside_;
-      auto progress = outside.toolkit.StartProgress(outside.texts.Text(kTextReportTitle));
+      const Dependencies& own = session_.dependencies_;
+      project::Project& project = session_.project_;
+      auto progress = own.toolkit.StartProgress(own.texts.Text(kTextReportTitle));
       const std::string html = project::MakeReport(
-          {session_.database_path_, editor->operations(), editor->cVBF, session_.items_,
+          {project.path(), editor->operations(), editor->cVBF, project.items(),
            [&](std::size_t done, std::size_t total) { return progress->Show(done, total); }},
-          outside.texts);
+          own.texts);
       progress.reset();
-      if (!html.empty()) outside.show_report(html);
+      if (!html.empty()) own.show_report(html);
     }
 
    private:
@@ -52,63 +53,28 @@ class AddInSession::Reports final : public platform::ObjectFactory {
   AddInSession& session_;
 };
 
-namespace {
-
-jet::OpenOptions EngineOptions(files::FileSystem& system, const std::string& database_path,
-                               const project::ProjectOptions& options) {
-  jet::OpenOptions engine;
-  engine.reach = project::ReachOf(system, database_path, options);
-  return engine;
-}
-
-}  // namespace
-
-AddInSession::AddInSession(const Outside& outside, const std::string& database_path,
-                           const project::ProjectOptions& options)
-    : outside_(outside),
-      database_path_(database_path),
-      connection_(std::make_shared<recordset::JetConnection>(
-          outside.files, EngineOptions(outside.files, database_path, options))),
-      database_(connection_),
-      vb_(project::OpenVisualBasic(outside.files, database_path, options)),
-      items_(outside.files, project::ItemsPath(outside.files, database_path, options),
-             !options.items_file.empty()),
-      components_(project::OpenComponents(outside.files, database_path, options)),
-      foreign_changes_(outside.files, database_path),
-      unit_(outside.files, database_path, project::ReachOf(outside.files, database_path, options)),
+AddInSession::AddInSession(project::Project& project, const Dependencies& dependencies)
+    : project_(project),
+      dependencies_(dependencies),
       reports_(std::make_unique<Reports>(*this)),
-      studio_(std::make_shared<Studio>(project::StudioProjectName(outside.files, database_path))) {
-  unit_.Enlist(database_);
-  unit_.Enlist(*vb_);
-  unit_.Enlist(foreign_changes_);
-  add_in_ = std::make_unique<addin::Connect>(
-      editor::Services{outside.toolkit, outside.window_system, outside.settings, outside.help,
-                       *reports_, unit_, &items_, components_.get(), nullptr});
+      studio_(std::make_shared<Studio>(project.name())) {
+  add_in_ = std::make_unique<addin::Connect>(editor::Services{
+      dependencies.toolkit, dependencies.window_system, dependencies.settings, dependencies.help,
+      *reports_, project.unit(), &project.items(), project.components(), nullptr});
 }
 
 AddInSession::~AddInSession() { Stop(); }
 
 void AddInSession::Start() {
   started_ = true;
-  store::ADOFRO::SetConnectionFactory([this] { return connection_; });
-  add_in_->Initialize(database_path_, studio_->project(), studio_, vb_);
+  store::ADOFRO::SetConnectionFactory([this] { return project_.connection(); });
+  add_in_->Initialize(project_.path(), studio_->project(), studio_, project_.vb());
 }
 
 void AddInSession::Stop() {
   if (!started_) return;
   started_ = false;
   add_in_->Terminate();
-}
-
-std::vector<std::string> AddInSession::Files() {
-  std::vector<std::string> files = {database_path_};
-  for (const auto& project : vb_->VBProjects()) {
-    for (const auto& component : project->VBComponents()) {
-      if (component->Type() == platform::ComponentType::kClassModule)
-        files.push_back(component->FileName());
-    }
-  }
-  return files;
 }
 
 }  // namespace studio

@@ -5,10 +5,12 @@
 
 #include <string>
 
+#include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
 #include "project/new_project.h"
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
+#include "tests/support/sample_plant.h"
 
 namespace project {
 namespace {
@@ -58,6 +60,38 @@ TEST(Project, SaysWhatTheDatabaseLacksAndNewAddsIt) {
   Project project(system, path, {}, texts);
   EXPECT_EQ(project.operations().Count().formulas, 0);
   EXPECT_EQ(project.connection()->TableNames().front(), "Other");
+}
+
+// What a killed program left is put right by whoever opens the database, if the code was read
+// before.
+TEST(Project, ShowsRowsAndCodeInStepAfterAnInterruptedOperation) {
+  const texts::TextTable texts(texts::Language::kEnglish);
+  bool fired = true;
+  int repaired = 0;
+  for (int n = 1; fired; ++n) {
+    support::SamplePlant plant;
+    files::FailingFileSystem failing(plant.system);
+    try {
+      Project project(failing, support::kPlantDatabase, {}, texts);
+      failing.Arm({{files::Operation::kWrite, files::Operation::kRename, files::Operation::kSync},
+                   n,
+                   files::Fault::Length::kCrash});
+      project.operations().AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""});
+    } catch (const std::exception&) {
+    }
+    fired = failing.fired();
+    const auto before = plant.system.Snapshot();
+    ProjectOptions later;
+    later.open_database = false;
+    Project project(plant.system, support::kPlantDatabase, later, texts);
+    project.connection()->Open(store::ProjectConnectionString(support::kPlantDatabase));
+    repaired += plant.system.Snapshot() != before;
+    const auto pump = project.vb()->FindProject("PumpServer")->FindComponent("CPump");
+    const std::string code = pump->Module()->Lines(1, pump->Module()->CountOfLines());
+    const bool has_row = !plant.Rows("TvbfFormulas", {"Name"}).empty();
+    EXPECT_EQ(code.find("Sub Fill") != std::string::npos, has_row) << n;
+  }
+  EXPECT_GT(repaired, 0);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "jet/database.h"
 #include "project/backups.h"
 #include "project/project.h"
+#include "project/state_files.h"
 #include "tests/window/desktop_program.h"
 
 namespace {
@@ -65,9 +66,7 @@ class DamagedProject : public testing::Test {
   DamagedProject() {
     Fill(plant_.system);
     good_ = plant_.system.Get(kPlantDatabase);
-    const std::string list =
-        project::ComponentListPath(plant_.system, "/home/state", kPlantDatabase);
-    backups_ = "/home/state/backups/" + plant_.system.FileName(list);
+    backups_ = project::ProjectStateFolder(plant_.system, "/home/state", "backups", kPlantDatabase);
     project::Backups(plant_.system, backups_).MakeDaily("2026-11-20", {kPlantDatabase});
   }
 
