@@ -116,12 +116,12 @@ std::optional<files::RecoveryChoice> ChoiceOption(Invocation& invocation) {
 void PrintWay(Invocation& invocation, std::string_view option,
               const files::RecoveryPlan::Way& way) {
   std::ostream& out = invocation.console().out;
-  const auto print = [&](const std::string& sentence) {
-    out << "  " << invocation.texts().Translated(sentence) << '\n';
+  const auto print = [&](const messages::Message& message) {
+    out << "  " << invocation.texts().Sentence(message) << '\n';
   };
   out << option << '\n';
   if (!way.possible) print(way.reason);
-  for (const std::string& step : way.steps) print(step);
+  for (const messages::Message& step : way.steps) print(step);
 }
 
 // Shows the plan; 1 when there is something to decide.
@@ -131,9 +131,9 @@ int ShowPlan(Invocation& invocation, const files::RecoveryPlan& plan) {
     out << invocation.Text(kTextNothingToRecover) << '\n';
     return kDone;
   }
-  out << invocation.texts().Translated(plan.message) << '\n';
+  out << invocation.texts().Sentence(plan.message) << '\n';
   for (const files::RecoveryFile& file : plan.files) {
-    out << invocation.texts().Translated(file.path + ' ' + file.description) << '\n';
+    out << invocation.texts().Sentence(file.message) << '\n';
   }
   PrintWay(invocation, "--before", plan.before);
   PrintWay(invocation, "--after", plan.after);

@@ -474,7 +474,8 @@ void MainWindow::ShowReport(const std::string& html) {
     parts_.files.CreateDirectories(folder);
     const auto own = project::FilesOfProject(project_->path(), project_->vb().get());
     if (project::LookAtReportPlace(parts_.files, path, own) != project::ReportPlace::kFree) {
-      files::Raise(files::ErrorKind::kExists, path, "cannot be written", "it exists already");
+      files::Raise(files::ErrorKind::kExists, path, files::message::kCannotBeWritten,
+                   files::message::kExistsAlready);
     }
     files::ReplaceFile(parts_.files, path, html);
     wxLaunchDefaultBrowser(wxFileSystem::FileNameToURL(wxFileName(wx::ToWx(path))));

@@ -59,7 +59,7 @@ class CommitRun {
 
   void Run() {
     assert(journal_.locked());  // 1
-    CheckOneName(system_, database_, "cannot be written");
+    CheckOneName(system_, database_, message::kCannotBeWritten);
     CheckWholeFiles();
     WriteJournal();
     journal_.SyncName();
@@ -95,13 +95,13 @@ class CommitRun {
     stage_ = to;
   }
 
-  [[noreturn]] static void RaiseConflict(const std::string& path, std::string_view cause) {
-    Raise(ErrorKind::kConflict, path, "is not changed", cause);
+  [[noreturn]] static void RaiseConflict(const std::string& path, const messages::Pattern& cause) {
+    Raise(ErrorKind::kConflict, path, message::kIsNotChanged, cause);
   }
 
   // Recovery would not believe the journal.
   [[noreturn]] static void RaiseOutside(const std::string& path) {
-    Raise(ErrorKind::kOutside, path, "is not changed", "it is no file of the project");
+    Raise(ErrorKind::kOutside, path, message::kIsNotChanged, message::kNoFileOfProject);
   }
 
   void CheckWholeFiles() {
@@ -110,7 +110,7 @@ class CommitRun {
       WholeFile file{&change, {}, {}};
       file.record.path = ResolveTarget(system_, change.path);
       if (!seen.insert(file.record.path).second) {
-        RaiseConflict(change.path, "it is changed twice at once");
+        RaiseConflict(change.path, message::kChangedTwice);
       }
       if (change.before != change.after) Claim(file);
       file.stamp = system_.Stamp(file.record.path);
@@ -127,22 +127,23 @@ class CommitRun {
   void Claim(WholeFile& file) {
     const std::string& path = file.record.path;
     if (path != database_ && !(reach_ && reach_(path))) RaiseOutside(path);
-    CheckOneName(system_, path, "cannot be written");
+    CheckOneName(system_, path, message::kCannotBeWritten);
     if (!system_.Exists(path)) return;
     if (!system_.IsWritable(path)) {
-      Raise(ErrorKind::kReadOnly, file.change->path, "cannot be written", "it is write-protected");
+      Raise(ErrorKind::kReadOnly, file.change->path, message::kCannotBeWritten,
+            message::kWriteProtected);
     }
     file.lock = std::make_unique<ChangeLock>(system_, path);
   }
 
   void CheckBefore(const FileChange& change, const WholeFile& file) {
     if (change.before.has_value() != file.stamp.has_value()) {
-      RaiseConflict(change.path, file.stamp ? "another program created it meanwhile"
-                                            : "another program removed it meanwhile");
+      RaiseConflict(change.path,
+                    file.stamp ? message::kCreatedMeanwhile : message::kRemovedMeanwhile);
     }
     if (change.before && (file.stamp->size != change.before->size() ||
                           !HoldsBytes(system_, file.record.path, *change.before))) {
-      RaiseConflict(change.path, "another program changed it meanwhile");
+      RaiseConflict(change.path, message::kChangedMeanwhile);
     }
   }
 
@@ -168,15 +169,15 @@ class CommitRun {
     const std::string path = system_.Canonical(file.path());
     if (!IsSamePath(system_, path, database_)) RaiseOutside(path);
     if (file.read_only()) {
-      Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is open for reading only");
+      Raise(ErrorKind::kReadOnly, path, message::kCannotBeWritten, message::kOpenForReadingOnly);
     }
     const FileStamp stamp = file.Stamp();
     const std::optional<FileStamp> named = system_.Stamp(path);
     if (!named || named->identity != stamp.identity) {
-      RaiseConflict(path, "another program replaced it meanwhile");
+      RaiseConflict(path, message::kReplacedMeanwhile);
     }
     if (stamp.size != source.SizeBefore()) {
-      RaiseConflict(path, "another program changed its size meanwhile");
+      RaiseConflict(path, message::kResizedMeanwhile);
     }
     writer.AddRangedFile({path, source.SizeBefore(), source.SizeAfter()});
     std::vector<std::byte> now;
@@ -185,7 +186,7 @@ class CommitRun {
       now.resize(range.after.size());
       now.resize(file.ReadAt(range.offset, now));
       if (!std::equal(now.begin(), now.end(), range.before.begin(), range.before.end())) {  // 3
-        RaiseConflict(path, "another program changed it meanwhile");
+        RaiseConflict(path, message::kChangedMeanwhile);
       }
       writer.AddRange(range.offset, range.before, range.after);
     });
@@ -199,7 +200,7 @@ class CommitRun {
       const std::uint64_t wanted =
           std::min<std::uint64_t>(tail.size(), source.SizeBefore() - offset);
       const std::size_t count = source.File().ReadAt(offset, std::span(tail).first(wanted));
-      if (count == 0) RaiseConflict(source.File().path(), "another program cut it meanwhile");
+      if (count == 0) RaiseConflict(source.File().path(), message::kCutMeanwhile);
       writer.AddRange(offset, std::span(tail).first(count), {});
       offset += count;
     }
@@ -260,8 +261,8 @@ class CommitRun {
   // A version that somebody else made is in its place.
   [[noreturn]] void RaiseMoved(const WholeFile& file) {
     moved_.erase(file.record.path);
-    RaiseConflict(file.record.path, file.change->before ? "another program changed it meanwhile"
-                                                        : "another program created it meanwhile");
+    RaiseConflict(file.record.path,
+                  file.change->before ? message::kChangedMeanwhile : message::kCreatedMeanwhile);
   }
 
   IsExpected HoldsBefore(const WholeFile& file) {
@@ -314,13 +315,13 @@ class CommitRun {
   Stage stage_ = Stage::kPreparing;
 };
 
-std::string TextOf(const std::exception_ptr& cause) {
+messages::Message MessageOf(const std::exception_ptr& cause) {
   try {
     std::rethrow_exception(cause);
   } catch (const std::exception& error) {
-    return error.what();
+    return messages::MessageOf(error);
   } catch (...) {
-    return "The change failed.";
+    return message::kChangeFailed;
   }
 }
 
@@ -368,9 +369,9 @@ void GiveUp(JournalFile& journal) {
     }
   } catch (const Error& error) {
     if (run.touched()) {
-      throw NotUndoneError(error.kind(), error.path(),
-                           TextOf(cause) + " What was changed could not be put back: " +
-                               error.what() + " The next start brings all files to one state.");
+      const messages::Message left =
+          Joined(CausedBy(message::kCouldNotPutBack, error.message()), message::kNextStartRecovers);
+      throw NotUndoneError(error.kind(), error.path(), Joined(MessageOf(cause), left));
     }
   }
   std::rethrow_exception(cause);
@@ -391,8 +392,7 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   const bool was_begun = left.condition == JournalCondition::kInterrupted ||
                          left.condition == JournalCondition::kComplete;
   if (was_begun && left.header.salt != last_salt_) {
-    Raise(ErrorKind::kConflict, database, "is not changed",
-          "an interrupted change of another program was put in order just now");
+    Raise(ErrorKind::kConflict, database, message::kIsNotChanged, message::kOtherChangeRecovered);
   }
   last_salt_ = RandomNumber();
   CommitRun run(system_, *journal_, database, reach_, changes, last_salt_);

@@ -2,44 +2,59 @@
 #include "files/error.h"
 
 namespace files {
+namespace {
 
-std::string_view Remedy(ErrorKind kind) {
+using messages::Message;
+using messages::Pattern;
+
+constexpr Pattern kFailure{0, "<What>. <Remedy>"};
+constexpr Pattern kFailureWithCause{0, "<What>: <Cause>. <Remedy>"};
+constexpr Pattern kCausedBy{0, "<What>: <Cause>"};
+
+}  // namespace
+
+const Pattern& Remedy(ErrorKind kind) {
   switch (kind) {
     case ErrorKind::kNotFound:
-      return "Check the path.";
+      return message::kCheckPath;
     case ErrorKind::kExists:
-      return "Choose another name, or move the existing file away.";
+      return message::kChooseOtherName;
     case ErrorKind::kReadOnly:
-      return "Remove the write protection, or ask for the right to write there.";
+      return message::kRemoveProtection;
     case ErrorKind::kLocked:
-      return "Close the other program that uses it, or wait until it has finished.";
+      return message::kCloseProgram;
     case ErrorKind::kFull:
-      return "Free some space on the medium and try again.";
+      return message::kFreeSpace;
     case ErrorKind::kDamaged:
-      return "Restore it from a backup.";
+      return message::kRestoreFromBackup;
     case ErrorKind::kConflict:
-      return "Read it again and repeat the change.";
+      return message::kReadAgain;
     case ErrorKind::kNotAFile:
-      return "Name a file.";
+      return message::kNameAFile;
     case ErrorKind::kInTheWay:
-      return "Remove or rename it.";
+      return message::kRemoveOrRename;
     case ErrorKind::kManyNames:
-      return "Leave it one name, and make copies or symbolic links of the others.";
+      return message::kLeaveOneName;
     case ErrorKind::kOutside:
-      return "Agree to changes in its folder (--allow-folder), or move it into the project.";
+      return message::kAgreeOrMove;
     case ErrorKind::kIo:
       break;
   }
-  return "Check the medium and the connection to it, and try again.";
+  return message::kCheckMedium;
 }
 
-void Raise(ErrorKind kind, const std::string& path, std::string_view failure,
-           std::string_view cause) {
-  std::string text = path;
-  text.append(" ").append(failure);
-  if (!cause.empty()) text.append(": ").append(cause);
-  text.append(". ").append(Remedy(kind));
-  throw Error(kind, path, text);
+void Raise(ErrorKind kind, const std::string& path, const Failure& failure, const Message& cause) {
+  const Message what(failure.pattern, {{"<Path>", path}, {failure.placeholder, failure.value}});
+  const Message remedy = Remedy(kind);
+  if (cause.empty()) {
+    throw Error(kind, path, {kFailure, {{"<What>", what}, {"<Remedy>", remedy}}});
+  }
+  throw Error(kind, path,
+              {kFailureWithCause, {{"<What>", what}, {"<Cause>", cause}, {"<Remedy>", remedy}}});
+}
+
+Message CausedBy(const Message& what, const Message& cause) {
+  return {kCausedBy, {{"<What>", what}, {"<Cause>", cause}}};
 }
 
 }  // namespace files

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "files/messages.h"
+#include "messages/error.h"
 
 namespace files {
 
@@ -23,11 +25,11 @@ enum class ErrorKind {
   kIo,         // any other failure of the operating system
 };
 
-// A failed file operation. The text is a whole sentence: path, what failed, cause, remedy.
-class Error : public std::runtime_error {
+// A failed file operation. The message is a whole sentence: path, what failed, cause, remedy.
+class Error : public messages::Error {
  public:
-  Error(ErrorKind kind, std::string path, const std::string& text)
-      : std::runtime_error(text), kind_(kind), path_(std::move(path)) {}
+  Error(ErrorKind kind, std::string path, messages::Message message)
+      : messages::Error(std::move(message)), kind_(kind), path_(std::move(path)) {}
 
   ErrorKind kind() const { return kind_; }
   const std::string& path() const { return path_; }
@@ -45,11 +47,26 @@ class NotUndoneError : public Error {
 };
 
 // What a user can do about a failure of this kind, one sentence.
-std::string_view Remedy(ErrorKind kind);
+const messages::Pattern& Remedy(ErrorKind kind);
 
-// Throws Error with the text "<path> <failure>: <cause>. <remedy>", such as
-// "/p/a.cls cannot be written: no space left on device. Free some space ...".
-[[noreturn]] void Raise(ErrorKind kind, const std::string& path, std::string_view failure,
-                        std::string_view cause = {});
+// What failed: "<Path> cannot be read", with another value beside the path or none.
+struct Failure {
+  Failure(const messages::Pattern& failure)  // NOLINT(google-explicit-constructor)
+      : pattern(failure) {}
+  Failure(const messages::Pattern& failure, std::string_view name, std::string_view text)
+      : pattern(failure), placeholder(name), value(text) {}
+
+  messages::Pattern pattern;
+  std::string_view placeholder = {};  // of a literal, with its angle brackets
+  std::string value = {};
+};
+
+// Throws Error with the message "<failure>: <cause>. <remedy>", such as
+// "/p/a.cls cannot be written: no space left on the medium. Free some space ...".
+[[noreturn]] void Raise(ErrorKind kind, const std::string& path, const Failure& failure,
+                        const messages::Message& cause = {});
+
+// "<What>: <Cause>", the cause a sentence of its own.
+messages::Message CausedBy(const messages::Message& what, const messages::Message& cause);
 
 }  // namespace files

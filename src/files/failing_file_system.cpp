@@ -33,7 +33,7 @@ struct FailingFileSystem::Counter {
   }
 
   [[noreturn]] void Fail(const std::string& path) const {
-    Raise(fault->error, path, "fails", "a fault was set");
+    Raise(fault->error, path, message::kCannotBeUsed, message::kMediumError);
   }
 
   void Check(Operation operation, const std::string& path) {

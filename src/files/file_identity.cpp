@@ -17,7 +17,7 @@ bool DiffersInCaseOnly(const std::string& one, const std::string& other) {
 std::string FollowLink(FileSystem& system, const std::string& path) {
   if (!system.IsLink(path)) return path;
   if (system.Exists(path)) return system.Canonical(path);
-  Raise(ErrorKind::kInTheWay, path, "cannot be used", "it is a link that leads nowhere");
+  Raise(ErrorKind::kInTheWay, path, message::kCannotBeUsed, message::kLinkLeadsNowhere);
 }
 
 std::string ResolveTarget(FileSystem& system, const std::string& path) {
@@ -35,9 +35,9 @@ bool IsSamePath(FileSystem& system, const std::string& one, const std::string& o
   return first && second && first->identity == second->identity;
 }
 
-void CheckOneName(FileSystem& system, const std::string& path, std::string_view failure) {
+void CheckOneName(FileSystem& system, const std::string& path, const Failure& failure) {
   if (system.NameCount(path) <= 1) return;
-  Raise(ErrorKind::kManyNames, path, failure, "it has several names (hard links)");
+  Raise(ErrorKind::kManyNames, path, failure, message::kHasSeveralNames);
 }
 
 }  // namespace files

@@ -28,6 +28,6 @@ bool IsSamePath(FileSystem& system, const std::string& one, const std::string& o
 
 // Raises kManyNames for a file with several names (hard links): they cannot be kept as one file
 // when it is replaced, and what stands beside one of them does not stand beside the others.
-void CheckOneName(FileSystem& system, const std::string& path, std::string_view failure);
+void CheckOneName(FileSystem& system, const std::string& path, const Failure& failure);
 
 }  // namespace files

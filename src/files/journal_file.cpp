@@ -40,8 +40,7 @@ bool JournalFile::Lock(bool create) {
     if (!file_ && !Open(create)) return false;
     if (file_) {
       if (!file_->TryLock(kWorkByte, 1, LockMode::kExclusive)) {
-        Raise(ErrorKind::kLocked, path_, "cannot be used",
-              "another program is changing the project or putting back an interrupted change");
+        Raise(ErrorKind::kLocked, path_, message::kCannotBeUsed, message::kProjectBusy);
       }
       locked_ = true;
       if (BearsName()) return true;
@@ -50,7 +49,7 @@ bool JournalFile::Lock(bool create) {
     }
     std::this_thread::yield();
   }
-  Raise(ErrorKind::kLocked, path_, "cannot be used", "other programs create and remove it");
+  Raise(ErrorKind::kLocked, path_, message::kCannotBeUsed, message::kCreatedAndRemoved);
 }
 
 bool JournalFile::BearsName() {
@@ -117,9 +116,10 @@ void JournalFile::RemoveIfUnused() noexcept {
 
 std::unique_ptr<RandomAccessFile> OpenIfExists(FileSystem& system, const std::string& path,
                                                OpenMode mode) {
-  if (system.IsLink(path)) Raise(ErrorKind::kInTheWay, path, "cannot be used", "it is a link");
+  if (system.IsLink(path))
+    Raise(ErrorKind::kInTheWay, path, message::kCannotBeUsed, message::kIsLink);
   if (!system.Exists(path)) return nullptr;
-  CheckOneName(system, path, "cannot be used");
+  CheckOneName(system, path, message::kCannotBeUsed);
   try {
     return system.Open(path, mode);
   } catch (const Error& error) {

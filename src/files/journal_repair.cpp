@@ -41,7 +41,7 @@ void MoveInPlace(FileSystem& system, const std::string& from, const InspectedFil
   };
   const ChangeLock lock(system, file.path);
   if (PutInPlace(system, from, file.path, is_inspected)) return;
-  Raise(ErrorKind::kConflict, file.path, "is not changed", "another program changed it meanwhile");
+  Raise(ErrorKind::kConflict, file.path, message::kIsNotChanged, message::kChangedMeanwhile);
 }
 
 // Where contents before are written that the file gets back.
@@ -106,8 +106,7 @@ class Restorer {
     }
     if (file_->temporary_now == whole.before) return Move(whole.temporary);
     if (VersionOf(std::as_bytes(std::span(contents_))) != whole.before) {
-      Raise(ErrorKind::kDamaged, whole.path, "cannot be put back",
-            "the journal does not hold its contents");
+      Raise(ErrorKind::kDamaged, whole.path, message::kCannotBePutBack, message::kContentsMissing);
     }
     // The file that is replaced, and the new contents, may be needed once more.
     const std::string restored = RestoredName(whole);
@@ -157,8 +156,8 @@ void PutOthersBack(FileSystem& system, const Inspection& inspection) {
     if (!system.Exists(file.path)) {
       system.RenameNew(file.displaced, file.path);
     } else if (!system.Exchange(file.displaced, file.path)) {
-      Raise(ErrorKind::kConflict, file.path, "is not changed",
-            "what another program wrote is " + file.displaced);
+      Raise(ErrorKind::kConflict, file.path, message::kIsNotChanged,
+            {message::kOtherVersionIs, {{"<Name>", file.displaced}}});
     } else if (file.displaced != file.whole.temporary) {
       system.Rename(file.displaced, file.whole.temporary);
     }
@@ -174,7 +173,7 @@ void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspect
     Reader::Result read;
     while ((read = reader.Next(record)) == Reader::Result::kRecord) restorer.Take(record);
     if (read == Reader::Result::kDamaged) {
-      Raise(ErrorKind::kDamaged, journal.path(), "cannot be read", "it changed meanwhile");
+      Raise(ErrorKind::kDamaged, journal.path(), message::kCannotBeRead, message::kJournalChanged);
     }
     restorer.End();
   }

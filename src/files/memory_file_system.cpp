@@ -55,7 +55,7 @@ struct MemoryFileSystem::Node {
   void Resize(std::uint64_t size, const std::string& path) {
     const std::uint64_t used = medium->used - contents.size() + size;
     if (size > contents.size() && used > medium->capacity) {
-      Raise(ErrorKind::kFull, path, "cannot be written", "no space left on the medium");
+      Raise(ErrorKind::kFull, path, message::kCannotBeWritten, message::kNoSpace);
     }
     contents.resize(size);
     medium->used = used;
@@ -94,7 +94,7 @@ class MemoryFileSystem::OpenFile final : public RandomAccessFile {
   }
 
   void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
-    CheckWritable("cannot be written");
+    CheckWritable(message::kCannotBeWritten);
     if (data.empty()) return;
     node_->Resize(std::max<std::uint64_t>(node_->contents.size(), offset + data.size()), path_);
     std::memcpy(node_->contents.data() + offset, data.data(), data.size());
@@ -103,7 +103,7 @@ class MemoryFileSystem::OpenFile final : public RandomAccessFile {
   std::uint64_t Size() override { return node_->contents.size(); }
 
   void Truncate(std::uint64_t size) override {
-    CheckWritable("cannot be set to another size");
+    CheckWritable(message::kCannotBeResized);
     node_->Resize(size, path_);
   }
 
@@ -111,7 +111,7 @@ class MemoryFileSystem::OpenFile final : public RandomAccessFile {
   FileStamp Stamp() override { return node_->Stamp(); }
 
   bool TryLock(std::uint64_t offset, std::uint64_t length, LockMode mode) override {
-    if (mode == LockMode::kExclusive) CheckWritable("cannot be locked");
+    if (mode == LockMode::kExclusive) CheckWritable(message::kCannotBeLocked);
     if (Conflicts(offset, length, mode)) return false;
     Unlock(offset, length);
     node_->locks.push_back({this, offset, End(offset, length), mode});
@@ -143,8 +143,8 @@ class MemoryFileSystem::OpenFile final : public RandomAccessFile {
                : offset + length;
   }
 
-  void CheckWritable(std::string_view failure) const {
-    if (read_only_) Raise(ErrorKind::kReadOnly, path_, failure, "it is open for reading only");
+  void CheckWritable(const Failure& failure) const {
+    if (read_only_) Raise(ErrorKind::kReadOnly, path_, failure, message::kOpenForReadingOnly);
   }
 
   bool Conflicts(std::uint64_t offset, std::uint64_t length, LockMode mode) const {
@@ -196,18 +196,18 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::Find(const std::string
 
 void MemoryFileSystem::MakeLink(const std::string& target, const std::string& path) {
   const std::string name = Resolve(path, LastStep::kKeep);
-  CheckFolder(name, "cannot be created");
-  if (nodes_.contains(name)) Raise(ErrorKind::kExists, path, "cannot be created");
+  CheckFolder(name, message::kCannotBeCreated);
+  if (nodes_.contains(name)) Raise(ErrorKind::kExists, path, message::kCannotBeCreated);
   nodes_[name] = std::make_shared<Node>(medium_);
   nodes_[name]->link = target;
 }
 
 void MemoryFileSystem::AddName(const std::string& file, const std::string& name) {
   const std::shared_ptr<Node> node = Find(file);
-  if (!node) Raise(ErrorKind::kNotFound, file, "cannot be given another name");
+  if (!node) Raise(ErrorKind::kNotFound, file, message::kCannotBeUsed);
   const std::string path = Resolve(name, LastStep::kKeep);
-  CheckFolder(path, "cannot be created");
-  if (nodes_.contains(path)) Raise(ErrorKind::kExists, name, "cannot be created");
+  CheckFolder(path, message::kCannotBeCreated);
+  if (nodes_.contains(path)) Raise(ErrorKind::kExists, name, message::kCannotBeCreated);
   nodes_[path] = node;
 }
 
@@ -223,13 +223,13 @@ std::uint64_t MemoryFileSystem::NameCount(const std::string& path) {
 }
 
 // Raises unless names in the folder of `path` may be changed.
-void MemoryFileSystem::CheckFolder(const std::string& path, std::string_view failure) const {
+void MemoryFileSystem::CheckFolder(const std::string& path, const Failure& failure) const {
   const std::shared_ptr<Node> folder = Find(Folder(Normal(path)));
   if (!folder || !folder->is_folder) {
-    Raise(ErrorKind::kNotFound, path, failure, "the folder does not exist");
+    Raise(ErrorKind::kNotFound, path, failure, message::kNoSuchFile);
   }
   if (folder->read_only) {
-    Raise(ErrorKind::kReadOnly, path, failure, "the folder is write-protected");
+    Raise(ErrorKind::kReadOnly, path, failure, message::kWriteProtected);
   }
 }
 
@@ -252,13 +252,13 @@ std::map<std::string, std::string> MemoryFileSystem::Snapshot() const {
 
 void MemoryFileSystem::SetReadOnly(const std::string& path, bool read_only) {
   const std::shared_ptr<Node> node = Find(path);
-  if (!node) Raise(ErrorKind::kNotFound, path, "cannot be write-protected");
+  if (!node) Raise(ErrorKind::kNotFound, path, message::kCannotBeUsed);
   node->read_only = read_only;
 }
 
 void MemoryFileSystem::SetModified(const std::string& path, std::int64_t modified_ns) {
   const std::shared_ptr<Node> node = Find(path);
-  if (!node) Raise(ErrorKind::kNotFound, path, "cannot be given a time");
+  if (!node) Raise(ErrorKind::kNotFound, path, message::kCannotBeUsed);
   node->modified = modified_ns;
 }
 
@@ -275,23 +275,24 @@ void MemoryFileSystem::RemoveTree(const std::string& folder) {
 std::unique_ptr<RandomAccessFile> MemoryFileSystem::OpenLike(const std::string& path, OpenMode mode,
                                                              const std::string& /*like*/) {
   if (mode != OpenMode::kRead && mode != OpenMode::kCreateNew && IsLink(path)) {
-    Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
+    Raise(ErrorKind::kInTheWay, path, message::kCannotBeOpened, message::kIsLink);
   }
   std::shared_ptr<Node> node =
       Find(path, mode == OpenMode::kCreateNew ? LastStep::kKeep : LastStep::kFollow);
   if (node && mode == OpenMode::kCreateNew) {
-    Raise(ErrorKind::kExists, path, "cannot be created", "it exists already");
+    Raise(ErrorKind::kExists, path, message::kCannotBeCreated, message::kExistsAlready);
   }
   if (!node) {
     if (mode == OpenMode::kRead || mode == OpenMode::kReadWrite) {
-      Raise(ErrorKind::kNotFound, path, "cannot be opened", "it does not exist");
+      Raise(ErrorKind::kNotFound, path, message::kCannotBeOpened, message::kDoesNotExist);
     }
-    CheckFolder(path, "cannot be created");
+    CheckFolder(path, message::kCannotBeCreated);
     node = nodes_[Resolve(path)] = std::make_shared<Node>(medium_);
   }
-  if (node->is_folder) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
+  if (node->is_folder)
+    Raise(ErrorKind::kNotAFile, path, message::kCannotBeOpened, message::kIsFolder);
   if (node->read_only && mode != OpenMode::kRead) {
-    Raise(ErrorKind::kReadOnly, path, "cannot be opened for writing", "it is write-protected");
+    Raise(ErrorKind::kReadOnly, path, message::kCannotBeOpenedForWriting, message::kWriteProtected);
   }
   return std::make_unique<OpenFile>(node, path, mode == OpenMode::kRead);
 }
@@ -310,7 +311,7 @@ std::optional<FileStamp> MemoryFileSystem::Stamp(const std::string& path) {
 }
 
 std::vector<DirectoryEntry> MemoryFileSystem::List(const std::string& folder) {
-  if (!IsDirectory(folder)) Raise(ErrorKind::kNotFound, folder, "cannot be listed");
+  if (!IsDirectory(folder)) Raise(ErrorKind::kNotFound, folder, message::kCannotBeListed);
   const std::string root = Resolve(folder);
   std::vector<DirectoryEntry> entries;
   for (const auto& [path, node] : nodes_) {
@@ -322,15 +323,15 @@ std::vector<DirectoryEntry> MemoryFileSystem::List(const std::string& folder) {
 }
 
 void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
-  const std::string failure = "cannot be renamed to " + to;
+  const Failure failure{message::kCannotBeRenamed, "<Name>", to};
   const std::shared_ptr<Node> node = Find(from, LastStep::kKeep);
-  if (!node) Raise(ErrorKind::kNotFound, from, failure, "it does not exist");
+  if (!node) Raise(ErrorKind::kNotFound, from, failure, message::kDoesNotExist);
   CheckFolder(from, failure);
   CheckFolder(to, failure);
   const std::string source = Resolve(from, LastStep::kKeep);
   const std::string target = Resolve(to, LastStep::kKeep);
   if (source == target) return;
-  if (!IsLink(to) && IsDirectory(to)) Raise(ErrorKind::kExists, from, failure, "that is a folder");
+  if (!IsLink(to) && IsDirectory(to)) Raise(ErrorKind::kExists, from, failure, message::kIsFolder);
   std::map<std::string, std::shared_ptr<Node>> moved;
   for (const auto& [path, inner] : nodes_) {
     if (path == source || IsInside(path, source)) {
@@ -345,7 +346,8 @@ void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
 
 void MemoryFileSystem::RenameNew(const std::string& from, const std::string& to) {
   if (Find(to)) {
-    Raise(ErrorKind::kExists, from, "cannot be renamed to " + to, "it exists already");
+    Raise(ErrorKind::kExists, from, {message::kCannotBeRenamed, "<Name>", to},
+          message::kExistsAlready);
   }
   Rename(from, to);
 }
@@ -356,9 +358,9 @@ bool MemoryFileSystem::Exchange(const std::string& one, const std::string& other
     others_.pop_front();
     act();
   }
-  const std::string failure = "cannot be exchanged with " + other;
+  const Failure failure{message::kCannotBeExchanged, "<Other>", other};
   for (const std::string& path : {one, other}) {
-    if (!Find(path)) Raise(ErrorKind::kNotFound, path, failure, "it does not exist");
+    if (!Find(path)) Raise(ErrorKind::kNotFound, path, failure, message::kDoesNotExist);
     CheckFolder(path, failure);
   }
   std::swap(nodes_[Normal(one)], nodes_[Normal(other)]);
@@ -367,11 +369,11 @@ bool MemoryFileSystem::Exchange(const std::string& one, const std::string& other
 
 void MemoryFileSystem::Remove(const std::string& path) {
   if (!Find(path, LastStep::kKeep)) {
-    Raise(ErrorKind::kNotFound, path, "cannot be removed", "it does not exist");
+    Raise(ErrorKind::kNotFound, path, message::kCannotBeRemoved, message::kDoesNotExist);
   }
-  CheckFolder(path, "cannot be removed");
+  CheckFolder(path, message::kCannotBeRemoved);
   if (!IsLink(path) && IsDirectory(path) && !List(path).empty()) {
-    Raise(ErrorKind::kIo, path, "cannot be removed", "the folder is not empty");
+    Raise(ErrorKind::kIo, path, message::kCannotBeRemoved, message::kFolderNotEmpty);
   }
   nodes_.erase(Resolve(path, LastStep::kKeep));
 }
@@ -380,21 +382,22 @@ void MemoryFileSystem::CreateDirectories(const std::string& folder) {
   const std::string path = Normal(folder);
   if (const std::shared_ptr<Node> node = Find(path)) {
     if (!node->is_folder) {
-      Raise(ErrorKind::kExists, folder, "cannot be created", "a file has that name");
+      Raise(ErrorKind::kExists, folder, message::kCannotBeCreated, message::kExistsAlready);
     }
     return;
   }
   CreateDirectories(Folder(path));
-  CheckFolder(path, "cannot be created");
+  CheckFolder(path, message::kCannotBeCreated);
   nodes_[Resolve(path)] = std::make_shared<Node>(medium_, true);
 }
 
 void MemoryFileSystem::SyncDirectory(const std::string& folder) {
-  if (!IsDirectory(folder)) Raise(ErrorKind::kNotFound, folder, "cannot be synced");
+  if (!IsDirectory(folder)) Raise(ErrorKind::kNotFound, folder, message::kCannotReachMedium);
 }
 
 std::string MemoryFileSystem::Canonical(const std::string& path) {
-  if (!Find(path)) Raise(ErrorKind::kNotFound, path, "cannot be found", "it does not exist");
+  if (!Find(path))
+    Raise(ErrorKind::kNotFound, path, message::kCannotBeFound, message::kDoesNotExist);
   return Resolve(path);
 }
 
@@ -406,7 +409,7 @@ bool MemoryFileSystem::IsWritable(const std::string& path) {
 void MemoryFileSystem::CopyAttributes(const std::string& from, const std::string& to) {
   const std::shared_ptr<Node> source = Find(from);
   const std::shared_ptr<Node> target = Find(to);
-  if (!source || !target) Raise(ErrorKind::kNotFound, source ? to : from, "cannot be found");
+  if (!source || !target) Raise(ErrorKind::kNotFound, source ? to : from, message::kCannotBeFound);
   target->read_only = source->read_only;
 }
 

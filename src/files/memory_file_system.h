@@ -75,7 +75,7 @@ class MemoryFileSystem final : public FileSystem {
   // The key of nodes_ that a path means, links followed; there need not be such a file.
   std::string Resolve(const std::string& path, LastStep last = LastStep::kFollow) const;
   std::shared_ptr<Node> Find(const std::string& path, LastStep last = LastStep::kFollow) const;
-  void CheckFolder(const std::string& path, std::string_view failure) const;
+  void CheckFolder(const std::string& path, const Failure& failure) const;
 
   std::deque<std::function<void()>> others_;
   std::shared_ptr<Medium> medium_;

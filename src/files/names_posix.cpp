@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void Check(const std::error_code& code, const std::string& path, std::string_view failure) {
+void Check(const std::error_code& code, const std::string& path, const Failure& failure) {
   if (code) RaiseSystem(code, path, failure);
 }
 
@@ -34,33 +34,33 @@ std::vector<DirectoryEntry> ListFolder(const std::string& folder) {
     entries.push_back(
         {it->path().filename(), it->is_directory(vanished), it->is_symlink(vanished)});
   }
-  Check(code, folder, "cannot be listed");
+  Check(code, folder, message::kCannotBeListed);
   return entries;
 }
 
 void RenameFile(const std::string& from, const std::string& to) {
   std::error_code code;
   fs::rename(from, to, code);
-  Check(code, from, "cannot be renamed to " + to);
+  Check(code, from, {message::kCannotBeRenamed, "<Name>", to});
 }
 
 void RemoveName(const std::string& path) {
   std::error_code code;
   const bool removed = fs::remove(path, code);
   if (!code && !removed) code = std::make_error_code(std::errc::no_such_file_or_directory);
-  Check(code, path, "cannot be removed");
+  Check(code, path, message::kCannotBeRemoved);
 }
 
 void CreateFolders(const std::string& folder) {
   std::error_code code;
   fs::create_directories(folder, code);
-  Check(code, folder, "cannot be created");
+  Check(code, folder, message::kCannotBeCreated);
 }
 
 std::string CanonicalPath(const std::string& path) {
   std::error_code code;
   const fs::path canonical = fs::canonical(path, code);
-  Check(code, path, "cannot be found");
+  Check(code, path, message::kCannotBeFound);
   return canonical;
 }
 

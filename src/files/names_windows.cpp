@@ -149,7 +149,7 @@ void CreateBelow(const std::string& folder) {
   if (::CreateDirectoryW(SystemPath(folder).c_str(), nullptr)) return;
   const DWORD code = ::GetLastError();
   if (code != ERROR_ALREADY_EXISTS || !IsFolder(folder)) {
-    RaiseCode(code, folder, "cannot be created");
+    RaiseCode(code, folder, message::kCannotBeCreated);
   }
 }
 
@@ -175,7 +175,7 @@ void CheckNewName(const std::string& path) {
   if (path.empty() || (path.back() != '.' && path.back() != ' ')) return;
   const std::string name = FileNameOf(path);
   if (name == "." || name == "..") return;
-  Raise(ErrorKind::kNotAFile, path, "cannot be created", "its name ends in a dot or a blank");
+  Raise(ErrorKind::kNotAFile, path, message::kCannotBeCreated, message::kNameEndsInDot);
 }
 
 bool IsLink(const std::string& path) {
@@ -230,21 +230,22 @@ std::vector<DirectoryEntry> ListFolder(const std::string& folder) {
   }
   const bool complete = code == ERROR_NO_MORE_FILES ||
                         (code == ERROR_FILE_NOT_FOUND && IsFolder(folder));  // an empty medium
-  if (!complete) RaiseCode(code, folder, "cannot be listed");
+  if (!complete) RaiseCode(code, folder, message::kCannotBeListed);
   return entries;
 }
 
 void RenameFile(const std::string& from, const std::string& to) {
   CheckNewName(to);
-  const std::string failure = "cannot be renamed to " + to;
+  const Failure failure{message::kCannotBeRenamed, "<Name>", to};
   if (!IsFolder(to) && IsWriteProtected(to)) {
-    Raise(ErrorKind::kReadOnly, from, failure, "it is write-protected");
+    Raise(ErrorKind::kReadOnly, from, failure, message::kWriteProtected);
   }
   const DWORD code = Retry([&] { return RenameOnce(from, to); },
                            [&](DWORD) { return IsFolder(to) || !Exists(from); });
   if (code == ERROR_SUCCESS) return;
   for (const std::string& path : {to, from}) {
-    if (IsMomentary(code) && IsInUse(path)) RaiseCode(ERROR_SHARING_VIOLATION, path, "is in use");
+    if (IsMomentary(code) && IsInUse(path))
+      RaiseCode(ERROR_SHARING_VIOLATION, path, message::kIsInUse);
   }
   RaiseCode(code, from, failure);
 }
@@ -252,7 +253,7 @@ void RenameFile(const std::string& from, const std::string& to) {
 void RenameNew(const std::string& from, const std::string& to) {
   CheckNewName(to);
   const DWORD code = Retry([&] { return MoveOnce(from, to); }, [&](DWORD) { return Exists(to); });
-  if (code != ERROR_SUCCESS) RaiseCode(code, from, "cannot be renamed to " + to);
+  if (code != ERROR_SUCCESS) RaiseCode(code, from, {message::kCannotBeRenamed, "<Name>", to});
 }
 
 bool Exchange(const std::string& one, const std::string& other) {
@@ -260,16 +261,16 @@ bool Exchange(const std::string& one, const std::string& other) {
   DWORD code = Retry([&] { return ReplaceAndKeep(one, other, third); },
                      [&](DWORD) { return !Exists(other) || Exists(third); });
   if (IsUnknownThere(code)) return false;
-  if (code != ERROR_SUCCESS) RaiseCode(code, one, "cannot be exchanged with " + other);
+  if (code != ERROR_SUCCESS) RaiseCode(code, one, {message::kCannotBeExchanged, "<Other>", other});
   code = Retry([&] { return MoveOnce(third, one); }, [&](DWORD) { return Exists(one); });
-  if (code != ERROR_SUCCESS) RaiseCode(code, third, "cannot be renamed to " + one);
+  if (code != ERROR_SUCCESS) RaiseCode(code, third, {message::kCannotBeRenamed, "<Name>", one});
   return true;
 }
 
 void RemoveName(const std::string& path) {
   const DWORD code =
       Retry([&] { return RemoveOnce(path); }, [&](DWORD) { return IsWriteProtected(path); });
-  if (code != ERROR_SUCCESS) RaiseCode(code, path, "cannot be removed");
+  if (code != ERROR_SUCCESS) RaiseCode(code, path, message::kCannotBeRemoved);
 }
 
 void CreateFolders(const std::string& folder) {
@@ -279,7 +280,7 @@ void CreateFolders(const std::string& folder) {
 
 std::string CanonicalPath(const std::string& path) {
   const Handle handle = OpenExisting(path, 0, kAnyFolder);
-  if (!handle.valid()) RaiseLast(path, "cannot be found");
+  if (!handle.valid()) RaiseLast(path, message::kCannotBeFound);
   // A medium without a letter has a name of another kind.
   for (const DWORD form : {DWORD{VOLUME_NAME_DOS}, DWORD{VOLUME_NAME_GUID}}) {
     std::wstring final_path(MAX_PATH, L'\0');

@@ -27,9 +27,10 @@ void TakeBack(FileSystem& system, const std::string& temporary, const std::strin
     system.Exchange(temporary, path);
     system.RenameNew(temporary, AsideName(system, path));
   } catch (const Error& error) {
-    throw NotUndoneError(error.kind(), path,
-                         path + " was changed by another program meanwhile; that version is now " +
-                             temporary + ". " + error.what());
+    throw NotUndoneError(
+        error.kind(), path,
+        Joined({message::kOtherVersionIsNow, {{"<Path>", path}, {"<Name>", temporary}}},
+               error.message()));
   }
 }
 
@@ -40,7 +41,7 @@ ChangeLock::ChangeLock(FileSystem& system, const std::string& path)
   const bool locked = file_->TryLock(kChangeByte, 1, LockMode::kExclusive);
   const std::optional<FileStamp> named = system.Stamp(path);
   if (locked && named && named->identity == file_->Stamp().identity) return;
-  Raise(ErrorKind::kConflict, path, "is not changed", "another program is changing it just now");
+  Raise(ErrorKind::kConflict, path, message::kIsNotChanged, message::kBeingChanged);
 }
 
 bool PutInPlace(FileSystem& system, const std::string& temporary, const std::string& path,

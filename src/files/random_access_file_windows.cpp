@@ -40,7 +40,7 @@ class WindowsFile final : public RandomAccessFile {
       DWORD count = 0;
       if (!::ReadFile(handle_.get(), out.data() + done, Step(out.size() - done), &count, &place)) {
         if (::GetLastError() == ERROR_HANDLE_EOF) break;
-        RaiseLast(path_, "cannot be read");
+        RaiseLast(path_, message::kCannotBeRead);
       }
       if (count == 0) break;
       done += count;
@@ -53,7 +53,7 @@ class WindowsFile final : public RandomAccessFile {
       OVERLAPPED place = At(offset);
       DWORD count = 0;
       if (!::WriteFile(handle_.get(), data.data(), Step(data.size()), &count, &place)) {
-        RaiseLast(path_, "cannot be written");
+        RaiseLast(path_, message::kCannotBeWritten);
       }
       offset += count;
       data = data.subspan(count);
@@ -62,7 +62,7 @@ class WindowsFile final : public RandomAccessFile {
 
   std::uint64_t Size() override {
     LARGE_INTEGER size;
-    if (!::GetFileSizeEx(handle_.get(), &size)) RaiseLast(path_, "cannot be examined");
+    if (!::GetFileSizeEx(handle_.get(), &size)) RaiseLast(path_, message::kCannotBeExamined);
     return static_cast<std::uint64_t>(size.QuadPart);
   }
 
@@ -70,12 +70,12 @@ class WindowsFile final : public RandomAccessFile {
     FILE_END_OF_FILE_INFO end;
     end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
     if (!::SetFileInformationByHandle(handle_.get(), FileEndOfFileInfo, &end, sizeof end)) {
-      RaiseLast(path_, "cannot be set to another size");
+      RaiseLast(path_, message::kCannotBeResized);
     }
   }
 
   void Sync() override {
-    if (!::FlushFileBuffers(handle_.get())) RaiseLast(path_, "cannot be written to the medium");
+    if (!::FlushFileBuffers(handle_.get())) RaiseLast(path_, message::kCannotReachMedium);
   }
 
   FileStamp Stamp() override { return StampOfHandle(handle_.get(), path_); }
@@ -166,7 +166,7 @@ class WindowsFile final : public RandomAccessFile {
       }
       ::Sleep(1);
     }
-    RaiseCode(ERROR_LOCK_VIOLATION, path_, "cannot be locked");
+    RaiseCode(ERROR_LOCK_VIOLATION, path_, message::kCannotBeLocked);
   }
 
   bool Lock(const Held& lock) {
@@ -179,14 +179,14 @@ class WindowsFile final : public RandomAccessFile {
     }
     const DWORD last = ::GetLastError();
     if (last == ERROR_LOCK_VIOLATION || last == ERROR_IO_PENDING) return false;
-    RaiseCode(last, path_, "cannot be locked");
+    RaiseCode(last, path_, message::kCannotBeLocked);
   }
 
   void Release(const Held& lock) {
     OVERLAPPED place = At(lock.begin);
     const std::uint64_t length = lock.end - lock.begin;
     if (!::UnlockFileEx(handle_.get(), 0, Low(length), High(length), &place)) {
-      RaiseLast(path_, "cannot be unlocked");
+      RaiseLast(path_, message::kCannotBeUnlocked);
     }
   }
 
@@ -213,7 +213,7 @@ std::unique_ptr<RandomAccessFile> MakeFile(Handle handle, std::string path, bool
 
 FileStamp StampOfHandle(HANDLE handle, const std::string& path) {
   BY_HANDLE_FILE_INFORMATION info;
-  if (!::GetFileInformationByHandle(handle, &info)) RaiseLast(path, "cannot be examined");
+  if (!::GetFileInformationByHandle(handle, &info)) RaiseLast(path, message::kCannotBeExamined);
   // File times count 100 ns since 1601-01-01.
   constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
   constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;  // keeps equal numbers of two media apart

@@ -27,36 +27,36 @@ ErrorKind KindOf(const std::error_code& code) {
 namespace {
 
 // The system's own words depend on its language and, on Windows, on its code page.
-std::string Cause(const std::error_code& code) {
-  static constexpr std::pair<std::errc, const char*> kCauses[] = {
-      {std::errc::no_such_file_or_directory, "no such file or folder"},
-      {std::errc::not_a_directory, "a part of the path is no folder"},
-      {std::errc::file_exists, "it exists already"},
-      {std::errc::permission_denied, "permission denied"},
-      {std::errc::operation_not_permitted, "permission denied"},
-      {std::errc::read_only_file_system, "the medium is read-only"},
-      {std::errc::no_space_on_device, "no space left on the medium"},
-      {std::errc::file_too_large, "it is too large for the medium or the limit (ulimit -f)"},
-      {std::errc::bad_file_descriptor, "it is closed"},
-      {std::errc::is_a_directory, "it is a folder"},
-      {std::errc::directory_not_empty, "the folder is not empty"},
-      {std::errc::text_file_busy, "another program uses it"},
-      {std::errc::device_or_resource_busy, "another program uses it"},
-      {std::errc::too_many_files_open, "too many files are open (ulimit -n)"},
-      {std::errc::too_many_files_open_in_system, "too many files are open (ulimit -n)"},
-      {std::errc::filename_too_long, "the name is too long"},
-      {std::errc::not_enough_memory, "the memory does not suffice"},
-      {std::errc::io_error, "the medium reports an error"},
+messages::Message Cause(const std::error_code& code) {
+  static constexpr std::pair<std::errc, messages::Pattern> kCauses[] = {
+      {std::errc::no_such_file_or_directory, message::kNoSuchFile},
+      {std::errc::not_a_directory, message::kPartIsNoFolder},
+      {std::errc::file_exists, message::kExistsAlready},
+      {std::errc::permission_denied, message::kPermissionDenied},
+      {std::errc::operation_not_permitted, message::kPermissionDenied},
+      {std::errc::read_only_file_system, message::kMediumReadOnly},
+      {std::errc::no_space_on_device, message::kNoSpace},
+      {std::errc::file_too_large, message::kTooLarge},
+      {std::errc::bad_file_descriptor, message::kIsClosed},
+      {std::errc::is_a_directory, message::kIsFolder},
+      {std::errc::directory_not_empty, message::kFolderNotEmpty},
+      {std::errc::text_file_busy, message::kUsedByAnother},
+      {std::errc::device_or_resource_busy, message::kUsedByAnother},
+      {std::errc::too_many_files_open, message::kTooManyOpen},
+      {std::errc::too_many_files_open_in_system, message::kTooManyOpen},
+      {std::errc::filename_too_long, message::kNameTooLong},
+      {std::errc::not_enough_memory, message::kNoMemory},
+      {std::errc::io_error, message::kMediumError},
   };
   for (const auto& [condition, cause] : kCauses) {
     if (code == condition) return cause;
   }
-  return code.message();
+  return messages::Message::Verbatim(code.message());
 }
 
 }  // namespace
 
-void RaiseSystem(const std::error_code& code, const std::string& path, std::string_view failure) {
+void RaiseSystem(const std::error_code& code, const std::string& path, const Failure& failure) {
   Raise(KindOf(code), path, failure, Cause(code));
 }
 
@@ -135,9 +135,8 @@ std::string ReadFile(FileSystem& system, const std::string& path, std::uint64_t 
   const std::unique_ptr<RandomAccessFile> file = system.Open(path, OpenMode::kRead);
   const std::uint64_t size = file->Size();
   if (size > limit) {
-    Raise(ErrorKind::kIo, path, "cannot be read",
-          "its " + std::to_string(size) + " bytes are more than the " + std::to_string(limit) +
-              " that are read at once");
+    Raise(ErrorKind::kIo, path, message::kCannotBeRead,
+          {message::kTooLargeToRead, {{"<Size>", size}, {"<Limit>", limit}}});
   }
   std::string contents(size, '\0');
   contents.resize(file->ReadAt(0, std::as_writable_bytes(std::span(contents))));

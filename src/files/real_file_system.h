@@ -19,7 +19,7 @@ ErrorKind KindOf(const std::error_code& code);
 
 // Throws Error for a failed call: "<path> <failure>: <message of the code>. <remedy>".
 [[noreturn]] void RaiseSystem(const std::error_code& code, const std::string& path,
-                              std::string_view failure);
+                              const Failure& failure);
 
 // As FileSystem::OpenLike.
 std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode,

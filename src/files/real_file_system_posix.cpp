@@ -15,7 +15,7 @@ namespace {
 // Bytes from which on a write is on its way to the medium while its writer does other things.
 constexpr std::size_t kLargeWrite = std::size_t{1} << 19;
 
-[[noreturn]] void RaiseErrno(const std::string& path, std::string_view failure) {
+[[noreturn]] void RaiseErrno(const std::string& path, const Failure& failure) {
   RaiseSystem(std::error_code(errno, std::generic_category()), path, failure);
 }
 
@@ -71,7 +71,7 @@ class PosixFile final : public RandomAccessFile {
         return ::pread(fd_.get(), out.data() + done, out.size() - done,
                        static_cast<off_t>(offset + done));
       });
-      if (n < 0) RaiseErrno(path_, "cannot be read");
+      if (n < 0) RaiseErrno(path_, message::kCannotBeRead);
       if (n == 0) break;
       done += static_cast<std::size_t>(n);
     }
@@ -84,7 +84,7 @@ class PosixFile final : public RandomAccessFile {
       const ssize_t n = Retry([&] {
         return ::pwrite(fd_.get(), data.data(), data.size(), static_cast<off_t>(offset));
       });
-      if (n < 0) RaiseErrno(path_, "cannot be written");
+      if (n < 0) RaiseErrno(path_, message::kCannotBeWritten);
       offset += static_cast<std::uint64_t>(n);
       data = data.subspan(static_cast<std::size_t>(n));
     }
@@ -95,13 +95,13 @@ class PosixFile final : public RandomAccessFile {
 
   void Truncate(std::uint64_t size) override {
     if (Retry([&] { return ::ftruncate(fd_.get(), static_cast<off_t>(size)); }) < 0) {
-      RaiseErrno(path_, "cannot be set to another size");
+      RaiseErrno(path_, message::kCannotBeResized);
     }
   }
 
   void Sync() override {
     if (Retry([&] { return ::fdatasync(fd_.get()); }) < 0) {
-      RaiseErrno(path_, "cannot be written to the medium");
+      RaiseErrno(path_, message::kCannotReachMedium);
     }
   }
 
@@ -114,7 +114,7 @@ class PosixFile final : public RandomAccessFile {
 
   FileStamp Stamp() override {
     struct stat info;
-    if (::fstat(fd_.get(), &info) < 0) RaiseErrno(path_, "cannot be examined");
+    if (::fstat(fd_.get(), &info) < 0) RaiseErrno(path_, message::kCannotBeExamined);
     return ToStamp(info);
   }
 
@@ -122,20 +122,20 @@ class PosixFile final : public RandomAccessFile {
     struct flock lock = Range(offset, length, mode == LockMode::kShared ? F_RDLCK : F_WRLCK);
     if (Retry([&] { return ::fcntl(fd_.get(), F_OFD_SETLK, &lock); }) == 0) return true;
     if (errno == EAGAIN || errno == EACCES) return false;
-    RaiseErrno(path_, "cannot be locked");
+    RaiseErrno(path_, message::kCannotBeLocked);
   }
 
   void Unlock(std::uint64_t offset, std::uint64_t length) override {
     struct flock lock = Range(offset, length, F_UNLCK);
     if (Retry([&] { return ::fcntl(fd_.get(), F_OFD_SETLK, &lock); }) < 0) {
-      RaiseErrno(path_, "cannot be unlocked");
+      RaiseErrno(path_, message::kCannotBeUnlocked);
     }
   }
 
   bool IsLockedByOthers(std::uint64_t offset, std::uint64_t length) override {
     struct flock lock = Range(offset, length, F_WRLCK);
     if (Retry([&] { return ::fcntl(fd_.get(), F_OFD_GETLK, &lock); }) < 0) {
-      RaiseErrno(path_, "cannot be asked for locks");
+      RaiseErrno(path_, message::kCannotBeAskedForLocks);
     }
     return lock.l_type != F_UNLCK;
   }
@@ -250,20 +250,22 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
   Descriptor fd = OpenAs(mode, path, like);
   if (fd.get() < 0) {
     const int error = errno;
-    if (error == EISDIR) Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
-    if (error == ELOOP) Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
+    if (error == EISDIR)
+      Raise(ErrorKind::kNotAFile, path, message::kCannotBeOpened, message::kIsFolder);
+    if (error == ELOOP)
+      Raise(ErrorKind::kInTheWay, path, message::kCannotBeOpened, message::kIsLink);
     errno = error;
-    RaiseErrno(path, "cannot be opened");
+    RaiseErrno(path, message::kCannotBeOpened);
   }
   struct stat info;
-  if (::fstat(fd.get(), &info) < 0) RaiseErrno(path, "cannot be examined");
+  if (::fstat(fd.get(), &info) < 0) RaiseErrno(path, message::kCannotBeExamined);
   if (!S_ISREG(info.st_mode)) {
-    Raise(ErrorKind::kNotAFile, path, "cannot be opened",
-          S_ISDIR(info.st_mode) ? "it is a folder" : "it is not a regular file");
+    Raise(ErrorKind::kNotAFile, path, message::kCannotBeOpened,
+          S_ISDIR(info.st_mode) ? message::kIsFolder : message::kNoRegularFile);
   }
   const bool may_be_old = mode == OpenMode::kReadWrite || mode == OpenMode::kCreateOrOpen;
   if (may_be_old && IsMarkedReadOnly(info)) {
-    Raise(ErrorKind::kReadOnly, path, "cannot be opened for writing", "it is write-protected");
+    Raise(ErrorKind::kReadOnly, path, message::kCannotBeOpenedForWriting, message::kWriteProtected);
   }
   return std::make_unique<PosixFile>(std::move(fd), path, mode == OpenMode::kRead);
 }
@@ -285,18 +287,18 @@ std::uint64_t NameCount(const std::string& path) {
 }
 
 void RenameNew(const std::string& from, const std::string& to) {
-  const std::string failure = "cannot be renamed to " + to;
+  const Failure failure{message::kCannotBeRenamed, "<Name>", to};
 #ifdef RENAME_NOREPLACE
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
   if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP) RaiseErrno(from, failure);
 #endif
   // A second name does not replace a file either.
   if (::link(from.c_str(), to.c_str()) == 0) {
-    if (::unlink(from.c_str()) < 0) RaiseErrno(from, "cannot be removed");
+    if (::unlink(from.c_str()) < 0) RaiseErrno(from, message::kCannotBeRemoved);
     return;
   }
   if (errno == EEXIST || ::access(to.c_str(), F_OK) == 0) {
-    Raise(ErrorKind::kExists, to, "cannot be created", "it exists already");
+    Raise(ErrorKind::kExists, to, message::kCannotBeCreated, message::kExistsAlready);
   }
   if (::rename(from.c_str(), to.c_str()) < 0) RaiseErrno(from, failure);
 }
@@ -307,7 +309,7 @@ bool Exchange(const std::string& one, const std::string& other) {
     return true;
   }
   if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP) {
-    RaiseErrno(one, "cannot be exchanged with " + other);
+    RaiseErrno(one, {message::kCannotBeExchanged, "<Other>", other});
   }
 #endif
   return false;
@@ -316,10 +318,10 @@ bool Exchange(const std::string& one, const std::string& other) {
 void SyncFolder(const std::string& folder) {
   const Descriptor fd(
       Retry([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-  if (fd.get() < 0) RaiseErrno(folder, "cannot be opened");
+  if (fd.get() < 0) RaiseErrno(folder, message::kCannotBeOpened);
   // EINVAL: the file system does not sync folders.
   if (Retry([&] { return ::fsync(fd.get()); }) < 0 && errno != EINVAL) {
-    RaiseErrno(folder, "cannot be written to the medium");
+    RaiseErrno(folder, message::kCannotReachMedium);
   }
 }
 
@@ -331,11 +333,11 @@ bool MayWrite(const std::string& path) {
 
 void CopyFileAttributes(const std::string& from, const std::string& to) {
   struct stat info;
-  if (::stat(from.c_str(), &info) < 0) RaiseErrno(from, "cannot be examined");
+  if (::stat(from.c_str(), &info) < 0) RaiseErrno(from, message::kCannotBeExamined);
   const Descriptor fd = OpenDescriptor(to, O_RDONLY | O_NOFOLLOW);
   constexpr mode_t kPermissions = 07777;
   if (fd.get() < 0 || !GiveAccess(fd.get(), info, info.st_mode & kPermissions)) {
-    RaiseErrno(to, "cannot be given the permissions of " + from);
+    RaiseErrno(to, {message::kCannotBeGivenPermissions, "<Other>", from});
   }
   CopyExtendedAttributes(from, fd.get());
 }

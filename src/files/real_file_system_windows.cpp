@@ -82,7 +82,7 @@ void CopyStreams(const std::wstring& from, const std::wstring& to, const std::st
     if (name != L"::$DATA") copied = CopyStream(from + name, to + name) && copied;
   } while (::FindNextStreamW(search, &stream));
   ::FindClose(search);
-  if (!copied) RaiseLast(PlainPath(to), "cannot be given the attributes of " + from_path);
+  if (!copied) RaiseLast(PlainPath(to), {message::kCannotBeGivenAttributes, "<Other>", from_path});
 }
 
 }  // namespace
@@ -93,7 +93,7 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
   const bool creates = mode == OpenMode::kCreateNew || mode == OpenMode::kCreateOrOpen;
   if (creates) CheckNewName(path);
   if (!read_only && mode != OpenMode::kCreateNew && IsLink(path)) {
-    Raise(ErrorKind::kInTheWay, path, "cannot be opened", "it is a link");
+    Raise(ErrorKind::kInTheWay, path, message::kCannotBeOpened, message::kIsLink);
   }
   std::vector<std::byte> permissions;
   if (creates && !like.empty()) permissions = PermissionsOf(SystemPath(like));
@@ -115,12 +115,12 @@ std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mod
       });
   if (!handle.valid()) {
     if (code == ERROR_ACCESS_DENIED && IsFolder(path)) {
-      Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is a folder");
+      Raise(ErrorKind::kNotAFile, path, message::kCannotBeOpened, message::kIsFolder);
     }
-    RaiseCode(code, path, "cannot be opened");
+    RaiseCode(code, path, message::kCannotBeOpened);
   }
   if (::GetFileType(handle.get()) != FILE_TYPE_DISK) {
-    Raise(ErrorKind::kNotAFile, path, "cannot be opened", "it is not a regular file");
+    Raise(ErrorKind::kNotAFile, path, message::kCannotBeOpened, message::kNoRegularFile);
   }
   return MakeFile(std::move(handle), path, read_only);
 }
@@ -137,7 +137,7 @@ void SyncFolder(const std::string& folder) {
   if (handle.valid()) {
     ::FlushFileBuffers(handle.get());
   } else if (AttributesOf(folder) == INVALID_FILE_ATTRIBUTES) {
-    RaiseLast(folder, "cannot be opened");
+    RaiseLast(folder, message::kCannotBeOpened);
   }
 }
 
@@ -160,7 +160,7 @@ void CopyFileAttributes(const std::string& from, const std::string& to) {
   const std::wstring target = SystemPath(to);
   WIN32_FILE_ATTRIBUTE_DATA data;
   if (!::GetFileAttributesExW(source.c_str(), GetFileExInfoStandard, &data)) {
-    RaiseLast(from, "cannot be examined");
+    RaiseLast(from, message::kCannotBeExamined);
   }
   CopyStreams(source, target, from);
   CopyPermissions(source, target);
@@ -168,7 +168,7 @@ void CopyFileAttributes(const std::string& from, const std::string& to) {
     ::SetFileTime(handle.get(), &data.ftCreationTime, nullptr, nullptr);
   }
   if (!::SetFileAttributesW(target.c_str(), data.dwFileAttributes)) {
-    RaiseLast(to, "cannot be given the attributes of " + from);
+    RaiseLast(to, {message::kCannotBeGivenAttributes, "<Other>", from});
   }
 }
 

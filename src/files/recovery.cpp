@@ -62,8 +62,9 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, c
         is(ErrorKind::kOutside)) {
       throw;
     }
-    throw Error(error.kind(), error.path(),
-                "An interrupted change of " + database + " cannot be put back: " + error.what());
+    throw Error(
+        error.kind(), error.path(),
+        CausedBy({message::kChangeCannotBePutBack, {{"<Path>", database}}}, error.message()));
   }
 }
 
@@ -73,8 +74,7 @@ journal::Inspection InspectUnused(FileSystem& system, const std::string& databas
   const auto file = OpenIfExists(system, JournalPath(system, database), OpenMode::kRead);
   if (!file) return {};
   if (JournalFile::IsInUse(*file)) {
-    Raise(ErrorKind::kLocked, database, "cannot be examined",
-          "another program is changing the project or putting back an interrupted change");
+    Raise(ErrorKind::kLocked, database, message::kCannotBeExamined, message::kProjectBusy);
   }
   return journal::Inspect(system, *file, database, reach, scope);
 }
@@ -100,9 +100,8 @@ void CheckReadable(FileSystem& system, const std::string& database_path) {
       (inspection.condition == JournalCondition::kComplete && !inspection.passed_over);
   if (is_decided) return;
   throw Error(ErrorKind::kConflict, path,
-              "A change of " + database +
-                  " was interrupted in the middle. A command that only reads does not put it back."
-                  " Choose with recover --before, --after or --discard what is to stay.");
+              Joined({message::kInterruptedInTheMiddle, {{"<Path>", database}}},
+                     Joined(message::kReaderDoesNotPutBack, message::kChooseState)));
 }
 
 RecoveryPlan Recover(FileSystem& system, const std::string& database_path, const Reach& reach) {
@@ -132,8 +131,9 @@ RecoveryPlan Resolve(FileSystem& system, const std::string& database_path, Recov
                                        : choice == RecoveryChoice::kAfter ? plan.after
                                                                           : plan.discard;
         if (plan.condition != JournalCondition::kNone && !way.possible) {
-          throw Error(ErrorKind::kConflict, journal.path(),
-                      "This cannot be done: " + way.reason + " Choose another way.");
+          throw Error(
+              ErrorKind::kConflict, journal.path(),
+              Joined(CausedBy(message::kCannotBeDone, way.reason), message::kChooseAnotherWay));
         }
         if (plan.condition == JournalCondition::kNone) return;
         switch (choice) {

@@ -7,6 +7,7 @@
 
 #include "files/file_identity.h"
 #include "files/file_system.h"
+#include "messages/message.h"
 
 namespace files {
 
@@ -28,7 +29,7 @@ enum class FileState { kBefore, kAfter, kPartly, kEdited, kMissing };
 struct RecoveryFile {
   std::string path;
   FileState state = FileState::kBefore;
-  std::string description;  // what is to be said of its versions: "is as before the change."
+  messages::Message message;  // what is to be said of its versions
 };
 
 enum class RecoveryChoice {
@@ -40,15 +41,15 @@ enum class RecoveryChoice {
 struct RecoveryPlan {
   JournalCondition condition = JournalCondition::kNone;
   std::vector<RecoveryFile> files;
-  std::string journal;  // its path
-  std::string message;  // what there is and what can be done; "" for kNone
+  std::string journal;        // its path
+  messages::Message message;  // what there is and what can be done; empty for kNone
 
   // What a choice would do, one sentence per step. A choice that is not possible has no steps
   // and a reason.
   struct Way {
     bool possible = false;
-    std::string reason;
-    std::vector<std::string> steps;
+    messages::Message reason;
+    std::vector<messages::Message> steps;
   };
   Way before;
   Way after;

@@ -13,6 +13,7 @@ namespace {
 
 using journal::InspectedFile;
 using journal::Inspection;
+using messages::Message;
 
 std::string Utc(std::int64_t nanoseconds) {
   using namespace std::chrono;
@@ -29,116 +30,124 @@ std::string Utc(std::int64_t nanoseconds) {
   return text.data();
 }
 
-std::string Bytes(const journal::Version& version) {
-  return version.exists ? std::to_string(version.size) + " bytes" : "no file";
+Message Bytes(const journal::Version& version) {
+  if (!version.exists) return message::kNoFile;
+  return {message::kBytes, {{"<Count>", version.size}}};
 }
 
-std::string Describe(const InspectedFile& file) {
+Message Describe(const InspectedFile& file) {
   switch (file.State()) {
     case FileState::kBefore:
-      return "is as before the change.";
+      return {message::kIsAsBefore, {{"<Path>", file.path}}};
     case FileState::kAfter:
-      return "is as after the change.";
+      return {message::kIsAsAfter, {{"<Path>", file.path}}};
     case FileState::kPartly:
-      return "was written in part.";
+      return {message::kWrittenInPart, {{"<Path>", file.path}}};
     case FileState::kMissing:
-      return "is missing.";
+      return {message::kIsMissing, {{"<Path>", file.path}}};
     case FileState::kEdited:
       break;
   }
   if (file.ranged) {
-    return "was changed by another program since (" + std::to_string(file.size_now) +
-           " bytes; the change was to take it from " + std::to_string(file.sizes.size_before) +
-           " to " + std::to_string(file.sizes.size_after) + " bytes; " +
-           std::to_string(file.edited_sectors) +
-           " places are in neither state, the first at byte " + std::to_string(file.first_edited) +
-           ").";
+    return {message::kRangesEdited,
+            {{"<Path>", file.path},
+             {"<Size>", file.size_now},
+             {"<Before>", file.sizes.size_before},
+             {"<After>", file.sizes.size_after},
+             {"<Count>", file.edited_sectors},
+             {"<First>", file.first_edited}}};
   }
-  return "was changed by another program at " + Utc(file.modified_ns) + " (now " + Bytes(file.now) +
-         "; " + Bytes(file.whole.before) + " before the change, " + Bytes(file.whole.after) +
-         " after it).";
+  return {message::kFileEdited,
+          {{"<Path>", file.path},
+           {"<Time>", Utc(file.modified_ns)},
+           {"<MessageNow>", Bytes(file.now)},
+           {"<MessageBefore>", Bytes(file.whole.before)},
+           {"<MessageAfter>", Bytes(file.whole.after)}}};
 }
 
-constexpr const char* kChoose =
-    " Nothing was changed. Choose with recover --before, --after or --discard what is to stay.";
+Message DescribeConflict(const std::string& database, const Inspection& inspection) {
+  Message files;
+  for (const InspectedFile& file : inspection.files) {
+    const FileState state = file.State();
+    if (state == FileState::kEdited || state == FileState::kMissing) {
+      files = Joined(files, Describe(file));
+    }
+  }
+  const Message choice = Joined(message::kNothingChanged, message::kChooseState);
+  return CausedBy({message::kNotPutBackByItself, {{"<Path>", database}}}, Joined(files, choice));
+}
 
-std::string Message(const std::string& journal, const std::string& database,
-                    const Inspection& inspection) {
-  std::string text;
+Message Describe(const std::string& journal, const std::string& database,
+                 const Inspection& inspection) {
+  const auto refused = [](const Message& finding, const Message& remedy) {
+    return Joined(finding, Joined(remedy, message::kNothingChanged));
+  };
   switch (inspection.condition) {
     case JournalCondition::kNone:
-      return "";
+      return {};
     case JournalCondition::kUntouched:
-      return "A change of " + database + " was interrupted before it began.";
+      return {message::kBeforeItBegan, {{"<Path>", database}}};
     case JournalCondition::kComplete:
-      return "A change of " + database + " was complete when it was interrupted.";
+      return {message::kWasComplete, {{"<Path>", database}}};
     case JournalCondition::kInterrupted:
-      return "A change of " + database + " was interrupted; the state before it is put back.";
+      return {message::kStateBeforePutBack, {{"<Path>", database}}};
     case JournalCondition::kConflict:
-      text = "A change of " + database + " was interrupted and is not put back by itself:";
-      for (const InspectedFile& file : inspection.files) {
-        const FileState state = file.State();
-        if (state == FileState::kEdited || state == FileState::kMissing) {
-          text += " " + file.path + " " + Describe(file);
-        }
-      }
-      return text + kChoose;
+      return DescribeConflict(database, inspection);
     case JournalCondition::kElsewhere:
-      return journal + " belongs to " + inspection.database + ", not to " + database +
-             ". Move the project back there to put its interrupted change back, or give the"
-             " journal up with recover --discard. Nothing was changed.";
+      return refused(
+          {message::kBelongsElsewhere,
+           {{"<Path>", journal}, {"<Owner>", inspection.database}, {"<Database>", database}}},
+          message::kMoveProjectBack);
     case JournalCondition::kOutside:
-      return journal + " names " + inspection.outside +
-             ", which is no file of this project; it is not used. If the change was yours, agree to"
-             " the folder with recover --allow-folder; otherwise give the journal up with recover"
-             " --discard. Nothing was changed.";
+      return refused(
+          {message::kJournalNamesOther, {{"<Path>", journal}, {"<Other>", inspection.outside}}},
+          message::kAgreeToFolder);
     case JournalCondition::kDamaged:
       break;
   }
-  return journal + " is damaged or is no change journal; it is not used. If a change of " +
-         database +
-         " was interrupted, restore the project from a backup; give the journal up with recover"
-         " --discard. Nothing was changed.";
+  return refused({message::kNoJournal, {{"<Path>", journal}}},
+                 {message::kRestoreProject, {{"<Path>", database}}});
 }
 
-void AddAside(FileSystem& system, const InspectedFile& file, RecoveryPlan::Way& way) {
-  if (file.State() != FileState::kEdited) return;
-  way.steps.push_back(file.path + " is kept as " + AsideName(system, file.path) + ".");
+Message KeptAs(const std::string& path, const std::string& name) {
+  return {message::kIsKeptAs, {{"<Path>", path}, {"<Name>", name}}};
 }
+
+void AddPreserved(FileSystem& system, const InspectedFile& file, RecoveryPlan::Way& way) {
+  if (file.State() != FileState::kEdited) return;
+  way.steps.push_back(KeptAs(file.path, AsideName(system, file.path)));
+}
+
+RecoveryPlan::Way Impossible(const Message& reason) { return {false, reason, {}}; }
 
 RecoveryPlan::Way PlanBefore(FileSystem& system, const Inspection& inspection) {
-  RecoveryPlan::Way way;
+  RecoveryPlan::Way way{true, {}, {}};
   for (const InspectedFile& file : inspection.files) {
     if (!file.CanPutBack()) {
-      way.reason = file.path + (file.is_missing ? " is missing" : " was changed since") +
-                   ", and the journal holds only parts of it.";
-      way.steps.clear();
-      return way;
+      return Impossible(
+          {file.is_missing ? message::kMissingAndKeptInPart : message::kChangedAndKeptInPart,
+           {{"<Path>", file.path}}});
     }
     if (file.is_before) continue;
-    AddAside(system, file, way);
-    way.steps.push_back(file.path + (file.ranged || file.whole.before.exists
-                                         ? " is put back to the state before the change."
-                                         : " is removed."));
+    AddPreserved(system, file, way);
+    const bool stays = file.ranged || file.whole.before.exists;
+    way.steps.push_back(
+        {stays ? message::kIsPutBack : message::kIsRemoved, {{"<Path>", file.path}}});
   }
-  way.possible = true;
   return way;
 }
 
 RecoveryPlan::Way PlanAfter(FileSystem& system, const Inspection& inspection) {
-  RecoveryPlan::Way way;
+  RecoveryPlan::Way way{true, {}, {}};
   for (const InspectedFile& file : inspection.files) {
     if (file.is_after) continue;
     if (!journal::CanFinish(file)) {
-      way.reason = file.path + " was not written completely, and its new contents are not kept.";
-      way.steps.clear();
-      return way;
+      return Impossible({message::kNewContentsLost, {{"<Path>", file.path}}});
     }
-    AddAside(system, file, way);
-    way.steps.push_back(file.path +
-                        (file.whole.after.exists ? " gets its new contents." : " is removed."));
+    AddPreserved(system, file, way);
+    way.steps.push_back({file.whole.after.exists ? message::kGetsNewContents : message::kIsRemoved,
+                         {{"<Path>", file.path}}});
   }
-  way.possible = true;
   return way;
 }
 
@@ -151,26 +160,23 @@ RecoveryPlan MakePlan(FileSystem& system, const std::string& journal, const std:
   RecoveryPlan plan;
   plan.condition = inspection.condition;
   plan.journal = journal;
-  plan.message = Message(journal, database, inspection);
+  plan.message = Describe(journal, database, inspection);
   for (const InspectedFile& file : inspection.files) {
     plan.files.push_back({file.path, file.State(), Describe(file)});
   }
   if (plan.condition == JournalCondition::kNone) return plan;
-  plan.discard.possible = true;
-  plan.discard.steps = {"All files stay as they are.",
-                        journal + " is kept as " + DiscardedName(journal) + "."};
+  plan.discard = {true, {}, {message::kAllFilesStay, KeptAs(journal, DiscardedName(journal))}};
   if (plan.condition == JournalCondition::kElsewhere) {
-    plan.before.reason = plan.after.reason = "The journal belongs to another place.";
+    plan.before = plan.after = Impossible(message::kJournalElsewhere);
   } else if (plan.condition == JournalCondition::kOutside) {
-    plan.before.reason = plan.after.reason =
-        "The journal names " + inspection.outside + ", which is no file of this project.";
+    plan.before = plan.after =
+        Impossible({message::kOutsideProject, {{"<Path>", inspection.outside}}});
   } else if (plan.condition == JournalCondition::kDamaged) {
-    plan.before.reason = plan.after.reason = "The journal cannot be read.";
+    plan.before = plan.after = Impossible(message::kJournalUnreadable);
   } else {
     plan.before = PlanBefore(system, inspection);
-    plan.after = inspection.readable_to_end
-                     ? PlanAfter(system, inspection)
-                     : RecoveryPlan::Way{false, "The change was not begun.", {}};
+    plan.after = inspection.readable_to_end ? PlanAfter(system, inspection)
+                                            : Impossible(message::kChangeNotBegun);
   }
   return plan;
 }
@@ -180,11 +186,11 @@ void CheckRecoverable(const std::string& journal, const std::string& database,
   switch (inspection.condition) {
     case JournalCondition::kConflict:
     case JournalCondition::kElsewhere:
-      throw Error(ErrorKind::kConflict, journal, Message(journal, database, inspection));
+      throw Error(ErrorKind::kConflict, journal, Describe(journal, database, inspection));
     case JournalCondition::kOutside:
-      throw Error(ErrorKind::kOutside, journal, Message(journal, database, inspection));
+      throw Error(ErrorKind::kOutside, journal, Describe(journal, database, inspection));
     case JournalCondition::kDamaged:
-      throw Error(ErrorKind::kDamaged, journal, Message(journal, database, inspection));
+      throw Error(ErrorKind::kDamaged, journal, Describe(journal, database, inspection));
     default:
       break;
   }

@@ -30,24 +30,19 @@ std::unique_ptr<RandomAccessFile> OpenTemporary(FileSystem& system, const std::s
     return system.OpenLike(temporary, OpenMode::kCreateNew, system.Exists(target) ? target : like);
   } catch (const Error& error) {
     if (error.kind() == ErrorKind::kReadOnly) {
-      Raise(error.kind(), target, "cannot be written", "no file can be made in its folder");
+      Raise(error.kind(), target, message::kCannotBeWritten, message::kNoFileInFolder);
     }
-    throw Error(error.kind(), target, WithName(error.what(), temporary, target));
+    throw Error(error.kind(), target, error.message().Exchanged(temporary, target));
   }
 }
 
 void CheckWritable(FileSystem& system, const std::string& target, const std::string& path) {
   if (system.Exists(target) && !system.IsWritable(target)) {
-    Raise(ErrorKind::kReadOnly, path, "cannot be written", "it is write-protected");
+    Raise(ErrorKind::kReadOnly, path, message::kCannotBeWritten, message::kWriteProtected);
   }
 }
 
 }  // namespace
-
-std::string WithName(std::string text, const std::string& name, const std::string& other) {
-  const std::size_t at = text.find(name);
-  return at == std::string::npos ? text : text.replace(at, name.size(), other);
-}
 
 void RemoveQuietly(FileSystem& system, const std::string& path) noexcept {
   try {
@@ -102,7 +97,7 @@ void TemporaryFile::OrRemove(Action action) {
   } catch (const Error& error) {
     file_.reset();
     RemoveQuietly(system_, temporary_);
-    throw Error(error.kind(), target_, WithName(error.what(), temporary_, target_));
+    throw Error(error.kind(), target_, error.message().Exchanged(temporary_, target_));
   } catch (...) {
     file_.reset();
     RemoveQuietly(system_, temporary_);
@@ -114,7 +109,7 @@ void ReplaceFile(FileSystem& system, const std::string& path, std::string_view c
                  const std::string& like) {
   const std::string target = ResolveTarget(system, path);
   CheckWritable(system, target, path);
-  CheckOneName(system, target, "cannot be written");
+  CheckOneName(system, target, message::kCannotBeWritten);
   const std::string temporary = TemporaryName(system, target);
   WriteTemporary(system, temporary, target, contents, like);
   try {
@@ -130,7 +125,7 @@ void ReplaceVersion(FileSystem& system, const std::string& path, std::string_vie
                     std::string_view contents) {
   const std::string target = ResolveTarget(system, path);
   CheckWritable(system, target, path);
-  CheckOneName(system, target, "cannot be written");
+  CheckOneName(system, target, message::kCannotBeWritten);
   const ChangeLock lock(system, target);
   const std::string temporary = TemporaryName(system, target);
   WriteTemporary(system, temporary, target, contents);
@@ -146,7 +141,7 @@ void ReplaceVersion(FileSystem& system, const std::string& path, std::string_vie
   }
   if (system.Exists(temporary)) system.Remove(temporary);
   if (!done) {
-    Raise(ErrorKind::kConflict, path, "is not changed", "another program changed it meanwhile");
+    Raise(ErrorKind::kConflict, path, message::kIsNotChanged, message::kChangedMeanwhile);
   }
   system.SyncDirectory(system.Folder(target));
 }

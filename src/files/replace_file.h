@@ -57,9 +57,6 @@ class TemporaryFile {
 void WriteTemporary(FileSystem& system, const std::string& temporary, const std::string& target,
                     std::string_view contents, const std::string& like = "");
 
-// The text with the first `name` in it exchanged for the `other`: nobody knows temporary files.
-std::string WithName(std::string text, const std::string& name, const std::string& other);
-
 // For a temporary file of something that failed.
 void RemoveQuietly(FileSystem& system, const std::string& path) noexcept;
 

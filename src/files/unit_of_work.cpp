@@ -28,9 +28,9 @@ platform::ErrorKind ToPlatform(ErrorKind kind) {
   } catch (const platform::Error&) {
     throw;
   } catch (const Error& error) {
-    throw platform::Error(ToPlatform(error.kind()), 0, error.what());
+    throw platform::Error(ToPlatform(error.kind()), 0, error.message());
   } catch (const std::exception& error) {
-    throw platform::Error(platform::ErrorKind::kIo, 0, error.what());
+    throw platform::Error(platform::ErrorKind::kIo, 0, messages::MessageOf(error));
   }
 }
 
@@ -65,15 +65,14 @@ void JournalledUnitOfWork::Commit() {
   if (--depth_ > 0) return;
   if (rolled_back_) {
     Undo();
-    throw platform::Error(platform::ErrorKind::kRefused, 0,
-                          "A step of the operation was rolled back, so nothing was changed.");
+    throw platform::Error(platform::ErrorKind::kRefused, 0, message::kStepRolledBack);
   }
   try {
     ChangeSet changes;
     for (Participant* participant : participants_) participant->Collect(changes);
     journal_.Commit(changes);
   } catch (const NotUndoneError& error) {
-    not_undone_.push_back(error.what());
+    not_undone_.push_back(error.message());
     Undo();
     RaiseAsPlatform();
   } catch (...) {
@@ -95,6 +94,6 @@ void JournalledUnitOfWork::Undo() noexcept {
 
 bool JournalledUnitOfWork::IsOpen() const { return depth_ > 0; }
 
-std::vector<std::string> JournalledUnitOfWork::NotUndone() const { return not_undone_; }
+std::vector<messages::Message> JournalledUnitOfWork::NotUndone() const { return not_undone_; }
 
 }  // namespace files

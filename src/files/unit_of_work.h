@@ -41,7 +41,7 @@ class JournalledUnitOfWork final : public platform::UnitOfWork {
   void Commit() override;
   void Rollback() noexcept override;
   bool IsOpen() const override;
-  std::vector<std::string> NotUndone() const override;
+  std::vector<messages::Message> NotUndone() const override;
 
  private:
   void Undo() noexcept;
@@ -50,7 +50,7 @@ class JournalledUnitOfWork final : public platform::UnitOfWork {
   std::vector<Participant*> participants_;
   int depth_ = 0;
   bool rolled_back_ = false;  // at some depth of the open unit
-  std::vector<std::string> not_undone_;
+  std::vector<messages::Message> not_undone_;
 };
 
 }  // namespace files

@@ -13,51 +13,51 @@ namespace {
 struct Cause {
   DWORD code;
   ErrorKind kind;
-  const char* text;
+  messages::Pattern message;
 };
 
 constexpr DWORD kDiskQuotaExceeded = 1295;  // not in every header
 
 constexpr Cause kCauses[] = {
-    {ERROR_FILE_NOT_FOUND, ErrorKind::kNotFound, "no such file or folder"},
-    {ERROR_PATH_NOT_FOUND, ErrorKind::kNotFound, "no such file or folder"},
-    {ERROR_INVALID_DRIVE, ErrorKind::kNotFound, "no such file or folder"},
-    {ERROR_DIRECTORY, ErrorKind::kNotFound, "a part of the path is no folder"},
-    {ERROR_INVALID_NAME, ErrorKind::kNotFound, "it is no name that a file can have"},
-    {ERROR_BAD_PATHNAME, ErrorKind::kNotFound, "it is no name that a file can have"},
-    {ERROR_CANT_RESOLVE_FILENAME, ErrorKind::kNotFound, "its links lead in a circle"},
-    {ERROR_FILE_EXISTS, ErrorKind::kExists, "it exists already"},
-    {ERROR_ALREADY_EXISTS, ErrorKind::kExists, "it exists already"},
-    {ERROR_ACCESS_DENIED, ErrorKind::kReadOnly, "permission denied"},
-    {ERROR_NETWORK_ACCESS_DENIED, ErrorKind::kReadOnly, "permission denied"},
-    {ERROR_PRIVILEGE_NOT_HELD, ErrorKind::kReadOnly, "permission denied"},
-    {ERROR_WRITE_PROTECT, ErrorKind::kReadOnly, "the medium is read-only"},
-    {ERROR_SHARING_VIOLATION, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_LOCK_VIOLATION, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_USER_MAPPED_FILE, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_UNABLE_TO_REMOVE_REPLACED, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_UNABLE_TO_MOVE_REPLACEMENT, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_UNABLE_TO_MOVE_REPLACEMENT_2, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_BUSY, ErrorKind::kLocked, "another program uses it"},
-    {ERROR_DELETE_PENDING, ErrorKind::kLocked, "it was removed, but another program still uses it"},
-    {ERROR_DISK_FULL, ErrorKind::kFull, "no space left on the medium"},
-    {ERROR_HANDLE_DISK_FULL, ErrorKind::kFull, "no space left on the medium"},
-    {kDiskQuotaExceeded, ErrorKind::kFull, "no space left on the medium"},
-    {ERROR_FILE_TOO_LARGE, ErrorKind::kFull, "no space left on the medium"},
-    {ERROR_DIR_NOT_EMPTY, ErrorKind::kIo, "the folder is not empty"},
-    {ERROR_FILENAME_EXCED_RANGE, ErrorKind::kIo, "the name is too long"},
-    {ERROR_TOO_MANY_OPEN_FILES, ErrorKind::kIo, "more files are open than the system allows"},
-    {ERROR_NOT_ENOUGH_MEMORY, ErrorKind::kIo, "the memory does not suffice"},
-    {ERROR_OUTOFMEMORY, ErrorKind::kIo, "the memory does not suffice"},
-    {ERROR_NOT_READY, ErrorKind::kIo, "the medium is not ready"},
-    {ERROR_CRC, ErrorKind::kIo, "the medium reports an error"},
-    {ERROR_IO_DEVICE, ErrorKind::kIo, "the medium reports an error"},
-    {ERROR_BAD_NETPATH, ErrorKind::kIo, "the other computer cannot be reached"},
-    {ERROR_BAD_NET_NAME, ErrorKind::kIo, "the other computer cannot be reached"},
-    {ERROR_NETNAME_DELETED, ErrorKind::kIo, "the other computer cannot be reached"},
-    {ERROR_UNEXP_NET_ERR, ErrorKind::kIo, "the other computer cannot be reached"},
-    {ERROR_SEM_TIMEOUT, ErrorKind::kIo, "the other computer cannot be reached"},
-    {ERROR_NETWORK_UNREACHABLE, ErrorKind::kIo, "the other computer cannot be reached"},
+    {ERROR_FILE_NOT_FOUND, ErrorKind::kNotFound, message::kNoSuchFile},
+    {ERROR_PATH_NOT_FOUND, ErrorKind::kNotFound, message::kNoSuchFile},
+    {ERROR_INVALID_DRIVE, ErrorKind::kNotFound, message::kNoSuchFile},
+    {ERROR_DIRECTORY, ErrorKind::kNotFound, message::kPartIsNoFolder},
+    {ERROR_INVALID_NAME, ErrorKind::kNotFound, message::kNoFileName},
+    {ERROR_BAD_PATHNAME, ErrorKind::kNotFound, message::kNoFileName},
+    {ERROR_CANT_RESOLVE_FILENAME, ErrorKind::kNotFound, message::kLinksInCircle},
+    {ERROR_FILE_EXISTS, ErrorKind::kExists, message::kExistsAlready},
+    {ERROR_ALREADY_EXISTS, ErrorKind::kExists, message::kExistsAlready},
+    {ERROR_ACCESS_DENIED, ErrorKind::kReadOnly, message::kPermissionDenied},
+    {ERROR_NETWORK_ACCESS_DENIED, ErrorKind::kReadOnly, message::kPermissionDenied},
+    {ERROR_PRIVILEGE_NOT_HELD, ErrorKind::kReadOnly, message::kPermissionDenied},
+    {ERROR_WRITE_PROTECT, ErrorKind::kReadOnly, message::kMediumReadOnly},
+    {ERROR_SHARING_VIOLATION, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_LOCK_VIOLATION, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_USER_MAPPED_FILE, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_UNABLE_TO_REMOVE_REPLACED, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_UNABLE_TO_MOVE_REPLACEMENT, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_UNABLE_TO_MOVE_REPLACEMENT_2, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_BUSY, ErrorKind::kLocked, message::kUsedByAnother},
+    {ERROR_DELETE_PENDING, ErrorKind::kLocked, message::kRemovedButUsed},
+    {ERROR_DISK_FULL, ErrorKind::kFull, message::kNoSpace},
+    {ERROR_HANDLE_DISK_FULL, ErrorKind::kFull, message::kNoSpace},
+    {kDiskQuotaExceeded, ErrorKind::kFull, message::kNoSpace},
+    {ERROR_FILE_TOO_LARGE, ErrorKind::kFull, message::kNoSpace},
+    {ERROR_DIR_NOT_EMPTY, ErrorKind::kIo, message::kFolderNotEmpty},
+    {ERROR_FILENAME_EXCED_RANGE, ErrorKind::kIo, message::kNameTooLong},
+    {ERROR_TOO_MANY_OPEN_FILES, ErrorKind::kIo, message::kTooManyOpenInSystem},
+    {ERROR_NOT_ENOUGH_MEMORY, ErrorKind::kIo, message::kNoMemory},
+    {ERROR_OUTOFMEMORY, ErrorKind::kIo, message::kNoMemory},
+    {ERROR_NOT_READY, ErrorKind::kIo, message::kMediumNotReady},
+    {ERROR_CRC, ErrorKind::kIo, message::kMediumError},
+    {ERROR_IO_DEVICE, ErrorKind::kIo, message::kMediumError},
+    {ERROR_BAD_NETPATH, ErrorKind::kIo, message::kComputerUnreachable},
+    {ERROR_BAD_NET_NAME, ErrorKind::kIo, message::kComputerUnreachable},
+    {ERROR_NETNAME_DELETED, ErrorKind::kIo, message::kComputerUnreachable},
+    {ERROR_UNEXP_NET_ERR, ErrorKind::kIo, message::kComputerUnreachable},
+    {ERROR_SEM_TIMEOUT, ErrorKind::kIo, message::kComputerUnreachable},
+    {ERROR_NETWORK_UNREACHABLE, ErrorKind::kIo, message::kComputerUnreachable},
 };
 
 // The name of a program that has the file open; "" when the system does not know.
@@ -83,16 +83,17 @@ std::string UserOf(const std::string& path) {
 
 }  // namespace
 
-void RaiseCode(DWORD code, const std::string& path, std::string_view failure) {
+void RaiseCode(DWORD code, const std::string& path, const Failure& failure) {
   for (const Cause& cause : kCauses) {
     if (cause.code != code) continue;
     const std::string user = cause.kind == ErrorKind::kLocked ? UserOf(path) : "";
-    Raise(cause.kind, path, failure, user.empty() ? cause.text : "it is in use by " + user);
+    if (user.empty()) Raise(cause.kind, path, failure, cause.message);
+    Raise(cause.kind, path, failure, {message::kUsedBy, {{"<Name>", user}}});
   }
-  Raise(ErrorKind::kIo, path, failure, "the system reports error " + std::to_string(code));
+  Raise(ErrorKind::kIo, path, failure, {message::kSystemError, {{"<Number>", code}}});
 }
 
-void RaiseLast(const std::string& path, std::string_view failure) {
+void RaiseLast(const std::string& path, const Failure& failure) {
   RaiseCode(::GetLastError(), path, failure);
 }
 

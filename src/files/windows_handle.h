@@ -39,8 +39,8 @@ Handle OpenExisting(const std::string& path, DWORD access, DWORD flags = 0);
 
 // Throws Error for the system's error `code`: "<path> <failure>: <cause>. <remedy>". Names the
 // program that uses the file, where the system can tell.
-[[noreturn]] void RaiseCode(DWORD code, const std::string& path, std::string_view failure);
-[[noreturn]] void RaiseLast(const std::string& path, std::string_view failure);
+[[noreturn]] void RaiseCode(DWORD code, const std::string& path, const Failure& failure);
+[[noreturn]] void RaiseLast(const std::string& path, const Failure& failure);
 
 // Of the name itself, not of what a link leads to; INVALID_FILE_ATTRIBUTES and the last error when
 // there is none.

@@ -59,16 +59,15 @@ std::string Utf8Text(std::wstring_view wide) {
 std::wstring SystemPath(const std::string& path) {
   std::optional<std::wstring> wide = WideText(path);
   if (!wide || wide->find(L'\0') != std::wstring::npos) {
-    Raise(ErrorKind::kNotFound, path, "cannot be used", "the path is not valid text");
+    Raise(ErrorKind::kNotFound, path, message::kCannotBeUsed, message::kPathNotText);
   }
   if (wide->empty() || wide->starts_with(kLong)) return *wide;
   if (path.find(':', IsDrive(path) ? 2 : 0) != std::string::npos) {
-    Raise(ErrorKind::kNotAFile, path, "cannot be used",
-          "a colon stands only behind a drive's letter");
+    Raise(ErrorKind::kNotAFile, path, message::kCannotBeUsed, message::kColonInPath);
   }
   std::wstring full = FullPath(*wide);
   if (full.starts_with(kDevice)) {
-    Raise(ErrorKind::kNotAFile, path, "cannot be used", "it is the name of a device");
+    Raise(ErrorKind::kNotAFile, path, message::kCannotBeUsed, message::kDeviceName);
   }
   if (full.size() <= kShortPath) return full;
   if (full.starts_with(LR"(\\)")) return std::wstring(kLongShare) + full.substr(2);

@@ -73,12 +73,13 @@ void LockFile::Open() {
   file_ = system_.OpenLike(path_, files::OpenMode::kCreateOrOpen, database_.path());
   const files::FileStamp stamp = file_->Stamp();
   if (stamp.identity == database_.Stamp().identity) {
-    files::Raise(files::ErrorKind::kInTheWay, path_, "cannot be used",
-                 "it is the database, not its lock file");
+    files::Raise(files::ErrorKind::kInTheWay, path_, files::message::kCannotBeUsed,
+                 files::message::kIsDatabase);
   }
-  files::CheckOneName(system_, path_, "cannot be used");
+  files::CheckOneName(system_, path_, files::message::kCannotBeUsed);
   if (stamp.size > kMostUsers * kUserRecordSize) {
-    files::Raise(files::ErrorKind::kInTheWay, path_, "cannot be used", "it is no lock file");
+    files::Raise(files::ErrorKind::kInTheWay, path_, files::message::kCannotBeUsed,
+                 files::message::kNoLockFile);
   }
 }
 

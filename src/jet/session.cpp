@@ -51,13 +51,13 @@ void Session::OpenFile() {
     } catch (const files::Error& error) {
       if (error.kind() != files::ErrorKind::kReadOnly) throw;
       read_only_reason_ = message::kWriteProtected;
-      read_only_remedy_ = messages::Message::Verbatim(files::Remedy(error.kind()));
+      read_only_remedy_ = files::Remedy(error.kind());
     }
   }
   if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);
   if (!MayWrite()) return;
   try {
-    files::CheckOneName(system_, path_, "cannot be written");
+    files::CheckOneName(system_, path_, files::message::kCannotBeWritten);
     if (const messages::Message user = ForeignUser(); !user.empty()) {
       read_only_reason_ = {message::kOpenElsewhere, {{"<MessageComputer>", user}}};
       read_only_remedy_ = message::kCloseThere;

@@ -45,6 +45,21 @@ Message Message::Part(std::string_view placeholder) const {
   return value ? value->message : Message();
 }
 
+Message Message::Exchanged(std::string_view words, std::string_view others) const {
+  if (!data_) return {};
+  Data data = *data_;
+  for (Value& value : data.values) {
+    value.message = value.message.Exchanged(words, others);
+    for (std::size_t at = 0; (at = value.text.find(words, at)) != std::string::npos;) {
+      value.text.replace(at, words.size(), others);
+      at += others.size();
+    }
+  }
+  Message message;
+  message.data_ = std::make_shared<const Data>(std::move(data));
+  return message;
+}
+
 std::string Message::Sentence(const Lookup& lookup) const {
   if (!data_) return {};
   const std::string text = lookup(data_->pattern);

@@ -42,6 +42,8 @@ class Message {
   // none.
   std::string Text(std::string_view placeholder) const;
   Message Part(std::string_view placeholder) const;
+  // The same with `words` exchanged for `others` wherever they stand in a value.
+  Message Exchanged(std::string_view words, std::string_view others) const;
 
   // The sentence. Values are filled in in one pass: a value may hold what looks like a placeholder.
   std::string Sentence(const Lookup& lookup) const;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
 #include <vector>
+
+#include "messages/message.h"
 
 namespace platform {
 
@@ -30,7 +31,7 @@ class UnitOfWork {
 
   // What the last Commit or Rollback could not put back: one sentence each that names the file
   // and the remedy. Empty when all is well.
-  virtual std::vector<std::string> NotUndone() const = 0;
+  virtual std::vector<messages::Message> NotUndone() const = 0;
 };
 
 // Rolls back unless Commit was called.

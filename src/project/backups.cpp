@@ -43,20 +43,22 @@ class SoleUser {
   SoleUser(files::FileSystem& system, const std::string& path) {
     if (!system.Exists(path)) return;
     file_ = system.Open(path, files::OpenMode::kReadWrite);
-    const std::string foreign = jet::FindForeignUser(system, path, *file_).English();
-    if (!foreign.empty()) Refuse(path, "another program has it open on " + foreign);
+    const messages::Message foreign = jet::FindForeignUser(system, path, *file_);
+    if (!foreign.empty()) {
+      Refuse(path, {files::message::kOpenElsewhere, {{"<User>", foreign}}});
+    }
     if (file_->IsLockedByOthers(jet::kOwnUserBase + 1, jet::kMostUsers)) {
-      Refuse(path, "it is open in another window");
+      Refuse(path, files::message::kOpenInAnotherWindow);
     }
     for (const std::uint64_t byte : {jet::kWriteByte, jet::kCommitByte}) {
       if (file_->TryLock(byte, 1, files::LockMode::kExclusive)) continue;
-      Refuse(path, "another program uses it");
+      Refuse(path, files::message::kUsedByAnother);
     }
   }
 
  private:
-  [[noreturn]] static void Refuse(const std::string& path, const std::string& cause) {
-    files::Raise(files::ErrorKind::kLocked, path, "cannot be put back", cause);
+  [[noreturn]] static void Refuse(const std::string& path, const messages::Message& cause) {
+    files::Raise(files::ErrorKind::kLocked, path, files::message::kCannotBePutBack, cause);
   }
   std::unique_ptr<files::RandomAccessFile> file_;
 };

@@ -30,7 +30,8 @@ std::vector<std::string> CompleteDatabase(files::FileSystem& system, const std::
 
 [[noreturn]] void RaiseExists(const std::string& path) {
   throw files::Error(files::ErrorKind::kExists, path,
-                     path + ": The file exists already. Choose another name, or open it.");
+                     messages::Message::Verbatim(
+                         path + ": The file exists already. Choose another name, or open it."));
 }
 
 // Complete before it bears its name, so that of several who make it at once one succeeds, and the
@@ -51,8 +52,7 @@ void MakeDatabase(files::FileSystem& system, MadeFiles& made, const std::string&
     throw;
   } catch (const platform::Error& error) {
     files::RemoveQuietly(system, temporary);
-    throw platform::Error(error.kind(), error.number(),
-                          files::WithName(error.description(), temporary, path));
+    throw platform::Error(error.kind(), error.number(), error.message().Exchanged(temporary, path));
   }
 }
 
@@ -92,8 +92,8 @@ NewProjectPlan PlanProject(files::FileSystem& system, const std::string& databas
     if (system.Exists(database_path)) RaiseExists(database_path);
     const std::string folder = system.Folder(database_path);
     if (!folder.empty() && !system.IsDirectory(folder)) {
-      files::Raise(files::ErrorKind::kNotFound, database_path, "cannot be opened",
-                   "no such file or folder");
+      files::Raise(files::ErrorKind::kNotFound, database_path, files::message::kCannotBeOpened,
+                   files::message::kNoSuchFile);
     }
     plan.added = {database_path};
   }

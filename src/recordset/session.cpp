@@ -37,16 +37,15 @@ platform::Error FromEngine(const jet::Error& error) {
 }
 
 platform::Error FromFiles(const files::Error& error) {
-  const messages::Message message = messages::MessageOf(error);
   switch (error.kind()) {
     case files::ErrorKind::kConflict:
-      return {ErrorKind::kConflict, platform::kErrWriteConflict, message};
+      return {ErrorKind::kConflict, platform::kErrWriteConflict, error.message()};
     case files::ErrorKind::kReadOnly:
-      return {ErrorKind::kIo, platform::kErrPermissionDenied, message};
+      return {ErrorKind::kIo, platform::kErrPermissionDenied, error.message()};
     case files::ErrorKind::kExists:
-      return {ErrorKind::kRefused, platform::kErrObjectExists, message};
+      return {ErrorKind::kRefused, platform::kErrObjectExists, error.message()};
     default:
-      return {ErrorKind::kIo, platform::kErrUnspecified, message};
+      return {ErrorKind::kIo, platform::kErrUnspecified, error.message()};
   }
 }
 

@@ -117,10 +117,10 @@ void OperationRun::RunUnit(const std::function<void(OperationResult&)>& steps,
 
 // What could not be put back was changed, whatever the cause says.
 void OperationRun::TellNotUndone(OperationResult& result) {
-  for (const std::string& sentence : parts_.unit->NotUndone()) {
+  for (const messages::Message& message : parts_.unit->NotUndone()) {
     result.text_id = kTextNotUndone;
     result.message = texts().Text(kTextNotUndone);
-    const std::string text = texts().Translated(sentence);
+    const std::string text = texts().Sentence(message);
     if (result.detail.find(text) != std::string::npos) continue;
     result.detail += (result.detail.empty() ? "" : "\r\n") + text;
   }

@@ -127,7 +127,7 @@ TEST_P(ChangeJournalWithClass, SurvivesPowerCuts) {
     medium.CreateDirectories("/p/sub");
     SCOPED_TRACE(place);
     ASSERT_EQ(KindRaised([&] { Recover(medium, kDatabase, kAnyFile); }), std::nullopt)
-        << ExamineJournal(medium, kDatabase, kAnyFile).message;
+        << ExamineJournal(medium, kDatabase, kAnyFile).message.English();
     ASSERT_TRUE(change.IsBefore(medium) || change.IsAfter(medium)) << change.Difference(medium);
   };
   constexpr int kCuts = 12;

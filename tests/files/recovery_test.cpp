@@ -63,9 +63,9 @@ TEST(Recovery, TellsHowFarAChangeCame) {
     EXPECT_EQ(plan.condition, c.condition);
     ASSERT_EQ(plan.files.size(), 4u);
     EXPECT_EQ(plan.files[0].path, kDatabase);
-    EXPECT_EQ(plan.files[0].state, c.database) << plan.files[0].description;
+    EXPECT_EQ(plan.files[0].state, c.database) << plan.files[0].message.English();
     EXPECT_TRUE(plan.before.possible);
-    EXPECT_EQ(plan.after.possible, c.can_finish) << plan.after.reason;
+    EXPECT_EQ(plan.after.possible, c.can_finish) << plan.after.reason.English();
     EXPECT_NE(plan.after.possible, !plan.after.reason.empty());
     EXPECT_EQ(Recover(medium, kDatabase, kAnyFile).condition, c.condition);
     EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
