@@ -10,10 +10,10 @@
 //   4. While the journal is active, every sector of a range is as before or as after (or zero,
 //      where the file grows), and every whole file is the old one or the new one. Whole files
 //      change by rename only, from temporary files that are synced and that the journal names.
-//   5. The journal is put to rest, synced, only when all files are synced in one of the two
-//      states. That mark decides: a journal at rest is never looked into again.
-//   6. No temporary file is left when the journal is at rest.
-//   7. The body of a journal is overwritten only while the mark that puts it to rest is on the
+//   5. The journal is marked idle, synced, only when all files are synced in one of the two
+//      states. That mark decides: an idle journal is never looked into again.
+//   6. No temporary file is left when the journal is idle.
+//   7. The body of a journal is overwritten only while the mark that makes it idle is on the
 //      medium, so that what is active is never mixed with what was.
 //
 // Syncs, in order: the journal (2), its folder when the journal is new (2), each file with ranges,
@@ -83,9 +83,9 @@ class CommitRun {
   bool moved(const std::string& path) const { return moved_.contains(path); }
 
   // All files are in their state after: notes the end.
-  void PutToRest() {
+  void MarkIdle() {
     assert(stage_ == Stage::kMoved);  // 5
-    journal_.PutToRest();
+    journal_.MarkIdle();
   }
 
  private:
@@ -341,7 +341,7 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
     file.is_before = true;
     file.is_missing = false;
   }
-  inspection.condition = journal::Judge(inspection, /*database_written=*/true);
+  inspection.condition = journal::Classify(inspection, /*database_written=*/true);
   CheckRecoverable(journal.path(), database, inspection);
   journal::PutBack(system, journal, inspection);
 }
@@ -365,7 +365,7 @@ void GiveUp(JournalFile& journal) {
       GiveUp(journal);
       Undo(system, journal, database, reach, run);
     } else {
-      journal.PutToRest();
+      journal.MarkIdle();
     }
   } catch (const Error& error) {
     if (run.touched()) {
@@ -388,7 +388,7 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   if (!journal_) journal_ = std::make_unique<JournalFile>(system_, database);
   const JournalLock lock(*journal_, /*create=*/true);
   const journal::Inspection left = journal::Inspect(system_, journal_->file(), database, reach_);
-  RecoverLocked(system_, *journal_, database, left);
+  journal::Repair(system_, *journal_, database, left);
   const bool was_begun = left.condition == JournalCondition::kInterrupted ||
                          left.condition == JournalCondition::kComplete;
   if (was_begun && left.header.salt != last_salt_) {
@@ -403,7 +403,7 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
     UndoAndRaise(system_, *journal_, database, reach_, run);
   }
   try {
-    run.PutToRest();
+    run.MarkIdle();
   } catch (const Error&) {
     // Everything is on the medium; the next commit or start finds that and notes it.
   }

@@ -12,7 +12,7 @@ namespace {
 constexpr std::uint64_t kWorkByte = std::uint64_t{1} << 62;
 constexpr std::uint64_t kPresenceByte = kWorkByte + 1;
 // Room kept for the next commit: that of two classes of 30,000 lines.
-constexpr std::uint64_t kKeptAtRest = std::uint64_t{4} << 20;
+constexpr std::uint64_t kKeptWhileIdle = std::uint64_t{4} << 20;
 constexpr const char* kExtension = ".journal";
 
 }  // namespace
@@ -88,11 +88,11 @@ void JournalFile::GiveUp() {
   file_->Sync();
 }
 
-void JournalFile::PutToRest() {
-  journal::WriteAtRest(*file_);
+void JournalFile::MarkIdle() {
+  journal::WriteIdle(*file_);
   file_->Sync();
   try {
-    if (file_->Size() > kKeptAtRest) file_->Truncate(journal::kHeaderSize);
+    if (file_->Size() > kKeptWhileIdle) file_->Truncate(journal::kHeaderSize);
   } catch (const Error&) {
     // Only room is lost, until the next commit.
   }
@@ -105,11 +105,11 @@ void JournalFile::RemoveIfUnused() noexcept {
     // the last one succeeds.
     file_->Unlock(kPresenceByte, 1);
     if (file_->TryLock(kPresenceByte, 1, LockMode::kExclusive) && BearsName() &&
-        journal::IsAtRest(*file_)) {
+        journal::IsIdle(*file_)) {
       system_.Remove(path_);
     }
   } catch (const Error&) {
-    // A journal at rest that stays harms nobody; the next program removes it.
+    // An idle journal that stays harms nobody; the next program removes it.
   }
   file_.reset();
 }

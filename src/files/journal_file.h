@@ -10,7 +10,7 @@
 namespace files {
 
 // The file of a change journal: who may write it, and when it may go. It exists while a program
-// of ours has the database open for writing, at rest between commits (so that a commit need not
+// of ours has the database open for writing, idle between commits (so that a commit need not
 // create a name and sync it), and is removed by the last that used it.
 //
 // Two bytes far behind its contents are locked: one exclusively by who commits or recovers, one
@@ -43,9 +43,9 @@ class JournalFile {
   // Writes the mark that the change is given up, and syncs it.
   void GiveUp();
   // Writes the mark that nothing is under way, syncs it, and gives much room back.
-  void PutToRest();
+  void MarkIdle();
 
-  // Removes the file unless another program uses it or it is not at rest. Not while locked.
+  // Removes the file unless another program uses it or it is not idle. Not while locked.
   void RemoveIfUnused() noexcept;
 
  private:

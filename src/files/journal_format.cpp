@@ -179,7 +179,7 @@ std::array<std::byte, kHeaderSize> Encode(const Header& header) {
   return bytes;
 }
 
-void WriteAtRest(RandomAccessFile& file) {
+void WriteIdle(RandomAccessFile& file) {
   file.WriteAt(kStateAt, std::array<std::byte, kActive.size()>{});
 }
 
@@ -187,7 +187,7 @@ void WriteGivenUp(RandomAccessFile& file) {
   file.WriteAt(kStateAt, std::as_bytes(std::span(kGivenUp)));
 }
 
-bool IsAtRest(RandomAccessFile& file) {
+bool IsIdle(RandomAccessFile& file) {
   Header header;
   const HeaderCondition condition = ReadHeader(file, header);
   return condition == HeaderCondition::kNone ||

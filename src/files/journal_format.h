@@ -3,8 +3,9 @@
 //
 // Header, 512 bytes (one sector: it is on the medium whole or not at all):
 //   0    8  "CHGJRNL1"
-//   8    8  state: "ACTIVE>>", "UNDOING>" once the change is given up, or zeros at rest. Zeros are
-//           written only when all is done, so that a mixture means at rest, too.
+//   8    8  state: "ACTIVE>>", "UNDOING>" once the change is given up, or zeros when idle. Zeros
+//   are
+//           written only when all is done, so that a mixture means idle, too.
 //   16   8  salt: a random number per commit; seeds all checksums of the body
 //   24   8  length of the body in bytes
 //   32   8  number of records in the body
@@ -71,14 +72,14 @@ enum class HeaderCondition {
   kDamaged,
 };
 
-// Writes the mark that the journal is at rest. Not synced.
-void WriteAtRest(RandomAccessFile& file);
+// Writes the mark that the journal is idle. Not synced.
+void WriteIdle(RandomAccessFile& file);
 
 // Writes the mark that an active change is given up. Not synced.
 void WriteGivenUp(RandomAccessFile& file);
 
 // Whether nothing is under way according to the header.
-bool IsAtRest(RandomAccessFile& file);
+bool IsIdle(RandomAccessFile& file);
 
 // Reads the header; `header` is set when the condition is kValid.
 HeaderCondition ReadHeader(RandomAccessFile& file, Header& header);

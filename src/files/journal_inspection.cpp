@@ -17,7 +17,7 @@ class Inspector {
       : system_(system), reach_(reach), scope_(scope), result_(result) {}
 
   // False when the record cannot stand where it stands, or names what it must not.
-  bool Take(const Record& record) {
+  bool Accept(const Record& record) {
     if (!NamesOwnFiles(record)) return false;
     if (skipping_) return true;
     if (const auto* file = std::get_if<RangedFileRecord>(&record)) return Begin(*file);
@@ -199,7 +199,7 @@ bool WasWritten(FileSystem& system, const std::string& database, const Header& h
 
 }  // namespace
 
-JournalCondition Judge(const Inspection& inspection, bool database_written) {
+JournalCondition Classify(const Inspection& inspection, bool database_written) {
   const std::vector<InspectedFile>& files = inspection.files;
   const auto all = [&files](auto test) { return std::all_of(files.begin(), files.end(), test); };
   const bool all_before = all([](const InspectedFile& file) { return file.is_before; });
@@ -257,7 +257,7 @@ Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::str
     }
     Inspector inspector(system, reach, scope, result);
     while ((read = reader.Next(record)) == Reader::Result::kRecord) {
-      if (!inspector.Take(record)) {
+      if (!inspector.Accept(record)) {
         result.condition =
             result.outside.empty() ? JournalCondition::kDamaged : JournalCondition::kOutside;
         result.files.clear();
@@ -266,7 +266,7 @@ Inspection Inspect(FileSystem& system, RandomAccessFile& journal, const std::str
     }
   }
   result.readable_to_end = read == Reader::Result::kEnd;
-  result.condition = Judge(result, WasWritten(system, database_path, result.header));
+  result.condition = Classify(result, WasWritten(system, database_path, result.header));
   return result;
 }
 

@@ -53,7 +53,7 @@ struct Inspection {
 
 // What the states of the files say together. `database_written`: the database was written since
 // the journal was begun, as far as its time and size tell.
-JournalCondition Judge(const Inspection& inspection, bool database_written);
+JournalCondition Classify(const Inspection& inspection, bool database_written);
 
 enum class Scope {
   kAllFiles,

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "files/put_in_place.h"
+#include "files/recovery_plan.h"
 #include "files/replace_file.h"
 
 namespace files::journal {
@@ -25,7 +26,7 @@ void CopyFile(FileSystem& system, const std::string& from, const std::string& to
 }
 
 // Keeps what somebody else made of a file before it is overwritten.
-void KeepAside(FileSystem& system, const InspectedFile& file) {
+void PreserveEdited(FileSystem& system, const InspectedFile& file) {
   if (file.State() != FileState::kEdited) return;
   const std::string aside = AsideName(system, file.path);
   CopyFile(system, file.path, aside);
@@ -53,7 +54,7 @@ class Restorer {
   Restorer(FileSystem& system, const Inspection& inspection)
       : system_(system), inspection_(inspection) {}
 
-  void Take(const Record& record) {
+  void Apply(const Record& record) {
     if (const auto* range = std::get_if<RangeRecord>(&record)) {
       if (writer_) writer_->Write(range->offset, range->before);
     } else if (const auto* part = std::get_if<ContentsRecord>(&record)) {
@@ -79,7 +80,7 @@ class Restorer {
     after_.reset();
     if (!file_->ranged) folders_.insert(system_.Folder(file_->path));
     if (file_->is_before) return;
-    KeepAside(system_, *file_);
+    PreserveEdited(system_, *file_);
     if (file_->ranged) {
       open_ = system_.Open(file_->path, OpenMode::kReadWrite);
       writer_.emplace(*open_);
@@ -171,13 +172,13 @@ void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspect
     Reader reader(journal.file(), inspection.header);
     Record record;
     Reader::Result read;
-    while ((read = reader.Next(record)) == Reader::Result::kRecord) restorer.Take(record);
+    while ((read = reader.Next(record)) == Reader::Result::kRecord) restorer.Apply(record);
     if (read == Reader::Result::kDamaged) {
       Raise(ErrorKind::kDamaged, journal.path(), message::kCannotBeRead, message::kJournalChanged);
     }
     restorer.End();
   }
-  journal.PutToRest();
+  journal.MarkIdle();
 }
 
 bool CanFinish(const InspectedFile& file) {
@@ -195,7 +196,7 @@ void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspecti
     }
     folders.insert(system.Folder(file.path));
     if (file.is_after) continue;
-    KeepAside(system, file);
+    PreserveEdited(system, file);
     if (!file.whole.after.exists) {
       system.Remove(file.path);
     } else if (file.now.exists) {
@@ -206,7 +207,17 @@ void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspecti
   }
   RemoveTemporaries(system, inspection);
   for (const std::string& folder : folders) system.SyncDirectory(folder);
-  journal.PutToRest();
+  journal.MarkIdle();
+}
+
+void Repair(FileSystem& system, JournalFile& journal, const std::string& database,
+            const Inspection& inspection) {
+  CheckRecoverable(journal.path(), database, inspection);
+  if (inspection.condition == JournalCondition::kComplete) {
+    Finish(system, journal, inspection);
+  } else if (inspection.condition != JournalCondition::kNone) {
+    PutBack(system, journal, inspection);
+  }
 }
 
 }  // namespace files::journal

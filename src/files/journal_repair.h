@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+// Who repairs: brings the files of an interrupted change to one of their two states. What there is
+// was found by Inspect (journal_inspection.h); who decides is the caller (recovery.h).
 #pragma once
 
 #include "files/journal_file.h"
@@ -6,8 +8,13 @@
 
 namespace files::journal {
 
+// Finishes a change that is complete, puts back any other. Raises as CheckRecoverable does, with
+// nothing changed. The journal is locked.
+void Repair(FileSystem& system, JournalFile& journal, const std::string& database,
+            const Inspection& inspection);
+
 // Brings every file of a journal to its state before the change, makes that last, removes
-// temporary files and puts the journal to rest. Files that are in that state are left alone. A
+// temporary files and marks the journal idle. Files that are in that state are left alone. A
 // version that somebody else made is kept aside first. The journal is locked and readable.
 void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspection);
 
@@ -15,7 +22,7 @@ void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspect
 bool CanFinish(const InspectedFile& file);
 
 // Brings every file to its state after the change, makes that last, removes temporary files and
-// puts the journal to rest. Every file satisfies CanFinish.
+// marks the journal idle. Every file satisfies CanFinish.
 void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspection);
 
 // Gives versions of files that somebody else made, and that were just taken out of their place when

@@ -10,7 +10,7 @@
 namespace files {
 namespace {
 
-// A journal at rest says nothing; it goes unless somebody uses it or it is protected.
+// An idle journal says nothing; it goes unless somebody uses it or it is protected.
 void RemoveLeftOver(FileSystem& system, const std::string& database) {
   try {
     JournalFile journal(system, database);
@@ -40,7 +40,7 @@ RecoveryPlan WithLockedJournal(FileSystem& system, const std::string& database, 
   return plan;
 }
 
-// The same for the journal of a database, if there is one that is not at rest.
+// The same for the journal of a database, if there is one that is not idle.
 template <typename Act>
 RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, const Reach& reach,
                          Act act) {
@@ -48,9 +48,9 @@ RecoveryPlan WithJournal(FileSystem& system, const std::string& database_path, c
   const std::string path = JournalPath(system, database_path);
   auto file = OpenIfExists(system, path, OpenMode::kRead);
   if (!file) return MakePlan(system, path, database, {});
-  const bool at_rest = journal::IsAtRest(*file);
+  const bool is_idle = journal::IsIdle(*file);
   file.reset();
-  if (at_rest) {
+  if (is_idle) {
     RemoveLeftOver(system, database);
     return MakePlan(system, path, database, {});
   }
@@ -108,18 +108,8 @@ RecoveryPlan Recover(FileSystem& system, const std::string& database_path, const
   return WithJournal(
       system, database_path, reach,
       [&](JournalFile& journal, const journal::Inspection& inspection, const RecoveryPlan&) {
-        RecoverLocked(system, journal, database_path, inspection);
+        journal::Repair(system, journal, database_path, inspection);
       });
-}
-
-void RecoverLocked(FileSystem& system, JournalFile& journal, const std::string& database,
-                   const journal::Inspection& inspection) {
-  CheckRecoverable(journal.path(), database, inspection);
-  if (inspection.condition == JournalCondition::kComplete) {
-    journal::Finish(system, journal, inspection);
-  } else if (inspection.condition != JournalCondition::kNone) {
-    journal::PutBack(system, journal, inspection);
-  }
 }
 
 RecoveryPlan Resolve(FileSystem& system, const std::string& database_path, RecoveryChoice choice,

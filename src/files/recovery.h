@@ -13,7 +13,7 @@ namespace files {
 
 // What the journal beside a database says, compared with the files as they are.
 enum class JournalCondition {
-  kNone,         // no journal, or one at rest
+  kNone,         // no journal, or an idle one
   kUntouched,    // the change was interrupted before the first file was touched
   kComplete,     // everything was written; only the end was not noted
   kInterrupted,  // part was written; the state before can be put back
@@ -67,7 +67,7 @@ RecoveryPlan ExamineJournal(FileSystem& system, const std::string& database_path
 void CheckReadable(FileSystem& system, const std::string& database_path);
 
 // Finishes or puts back an interrupted change when every file concerned is in its state before
-// or after (sector by sector for a database); removes a journal at rest. Returns what was found.
+// or after (sector by sector for a database); removes an idle journal. Returns what was found.
 // Raises kConflict, with nothing changed, when somebody else changed a file or the journal is of
 // another place, kOutside when it names a file outside the reach, kDamaged when the journal cannot
 // be trusted, kLocked while another program changes the project or recovers it. May be repeated at
