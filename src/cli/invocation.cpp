@@ -34,7 +34,8 @@ std::vector<Given> Invocation::InputLines() {
   }
   if (Interrupted()) throw InterruptedError();
   if (console_.in_failure && *console_.in_failure) {
-    files::os::RaiseSystem(*console_.in_failure, Text(kTextStandardInput), "cannot be read");
+    files::os::RaiseSystem(*console_.in_failure, Text(kTextStandardInput),
+                           files::message::kCannotBeRead);
   }
   return lines;
 }

@@ -141,7 +141,7 @@ int FinishOutput(const Line& line, int code, Console& console, const texts::Text
   try {
     files::os::RaiseSystem(
         console.out_failure ? *console.out_failure : std::make_error_code(std::errc::io_error),
-        texts.Text(kTextStandardOutput), "cannot be written");
+        texts.Text(kTextStandardOutput), files::message::kCannotBeWritten);
   } catch (...) {
     ReportException(console, texts, std::current_exception());
   }
