@@ -3,6 +3,7 @@
 
 #include "files/error.h"
 #include "files/replace_file.h"
+#include "jet/error.h"
 #include "project/made_files.h"
 #include "project/new_visual_basic_project.h"
 #include "project/project.h"
@@ -30,8 +31,9 @@ std::vector<std::string> CompleteDatabase(files::FileSystem& system, const std::
 
 [[noreturn]] void RaiseExists(const std::string& path) {
   throw files::Error(files::ErrorKind::kExists, path,
-                     messages::Message::Verbatim(
-                         path + ": The file exists already. Choose another name, or open it."));
+                     jet::Error(jet::ErrorKind::kExists, path, {}, jet::message::kFileExists,
+                                jet::message::kChooseNameOrOpen)
+                         .message());
 }
 
 // Complete before it bears its name, so that of several who make it at once one succeeds, and the

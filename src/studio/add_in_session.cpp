@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "studio/add_in_session.h"
 
+#include "files/error.h"
 #include "platform/error.h"
 #include "project/report.h"
 #include "store/ado_fro.h"
 #include "studio/window_texts.h"
+#include "vbfiles/messages.h"
 
 namespace studio {
 
@@ -23,7 +25,8 @@ class AddInSession::Reports final : public platform::ObjectFactory {
   std::shared_ptr<platform::Object> Create(std::string_view prog_id) override {
     if (prog_id != kReportProgId) {
       throw platform::Error(platform::ErrorKind::kNotFound, kCannotCreateObject,
-                            "ActiveX component can't create object: " + std::string(prog_id));
+                            files::CausedBy(vbfiles::message::kCannotCreateObject,
+                                            messages::Message::Verbatim(prog_id)));
     }
     return std::make_shared<Report>(session_);
   }

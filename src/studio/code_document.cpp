@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "project/line_diff.h"
+#include "vbfiles/messages.h"
 
 namespace studio {
 
@@ -50,7 +51,7 @@ void CodeDocument::Save(std::string_view text) {
   platform::UnitOfWorkScope scope(unit_);
   if (ChangedMeanwhile()) {
     throw platform::Error(platform::ErrorKind::kConflict, platform::kErrModuleNotEditable,
-                          "The module was changed by somebody else meanwhile.");
+                          vbfiles::message::kModuleChanged);
   }
   const project::Lines before =
       module_.CountOfLines() == 0 ? project::Lines() : project::EditorLines(text_);

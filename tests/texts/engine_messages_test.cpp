@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "files/messages.h"
+#include "jet/messages.h"
 #include "recordset/messages.h"
 #include "texts/message_translator.h"
 #include "texts/rows.h"
@@ -106,7 +107,8 @@ TEST(EngineMessages, HaveAGermanRowWithTheSameEnglish) {
   for (const Area& area : Areas()) {
     for (const Row& row : area.rows) rows.emplace(row.number, &row);
   }
-  for (const auto& layer : {files::Messages(), recordset::Messages(), vbfiles::Messages()}) {
+  for (const auto& layer :
+       {files::Messages(), jet::Messages(), recordset::Messages(), vbfiles::Messages()}) {
     for (const messages::Pattern& pattern : layer) {
       ASSERT_TRUE(rows.contains(pattern.number)) << pattern.number << ' ' << pattern.english;
       EXPECT_EQ(rows[pattern.number]->english, pattern.english);
