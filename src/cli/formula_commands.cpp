@@ -158,7 +158,6 @@ int RunCode(Invocation& invocation) {
   ProjectSession session(invocation, Use::kCode);
   const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
   std::string text = session.project().code().FunctionText(formula.prog_id, formula.name, true);
-  if (const auto failure = session.project().code().TakeFailure()) throw platform::Error(*failure);
   if (text.empty()) {
     throw CommandError(kRefused, invocation.Text(kTextNoCode, {{"<Class>", formula.prog_id},
                                                                {"<Name>", formula.name}}));

@@ -15,7 +15,7 @@ constexpr std::string_view kUses =
     "SELECT TvbfFormulas.ID, TvbfFormulas.Name, TvbfFormulas.ProgID "
     "FROM TvbfParams INNER JOIN TvbfFormulas ON TvbfParams.ParentID = TvbfFormulas.ID "
     "WHERE TvbfParams.AliasID = ?";
-constexpr std::string_view kArgumentsBeside =
+constexpr std::string_view kArgumentsOfUsers =
     "SELECT Uses.ParentID, TvbfAlias.VBAlias "
     "FROM (TvbfParams AS Uses INNER JOIN TvbfParams AS Arguments "
     "ON Uses.ParentID = Arguments.ParentID) "
@@ -31,7 +31,7 @@ constexpr std::string_view kUsesInClass =
 FormulaRows::FormulaRows(std::shared_ptr<platform::Connection> connection)
     : connection_(std::move(connection)),
       arguments_(*connection_, kArguments),
-      arguments_beside_(*connection_, kArgumentsBeside),
+      arguments_of_users_(*connection_, kArgumentsOfUsers),
       uses_(*connection_, kUses),
       uses_in_class_(*connection_, kUsesInClass),
       formulas_(*connection_, "SELECT ID FROM TvbfFormulas WHERE ProgID = ?"),
@@ -46,13 +46,14 @@ std::vector<std::string> FormulaRows::ArgumentsOf(std::string_view name, std::st
   return aliases;
 }
 
-void FormulaRows::ReadArgumentsBeside(std::int32_t alias_id, ArgumentsById& arguments) {
-  ArgumentsById found;
-  arguments_beside_.ForEachRow(
+std::unordered_map<std::int32_t, std::vector<std::string>> FormulaRows::ReadArgumentsOfUsers(
+    std::int32_t alias_id) {
+  std::unordered_map<std::int32_t, std::vector<std::string>> arguments;
+  arguments_of_users_.ForEachRow(
       {alias_id}, {"ParentID", "VBAlias"}, [&](const platform::RowBlock& rows, std::size_t row) {
-        found[rows.At(0, row).ToLong()].push_back(rows.At(1, row).ToText());
+        arguments[rows.At(0, row).ToLong()].push_back(rows.At(1, row).ToText());
       });
-  arguments.merge(found);
+  return arguments;
 }
 
 std::vector<FormulaRows::Use> FormulaRows::UsesOf(std::int32_t alias_id) {
@@ -66,9 +67,9 @@ std::vector<FormulaRows::Use> FormulaRows::UsesOf(std::int32_t alias_id) {
 }
 
 bool FormulaRows::IsUsedInClass(std::string_view prog_id, std::int32_t alias_id,
-                                std::int32_t but_of) {
+                                std::int32_t excluded_id) {
   const platform::RowBlock rows = uses_in_class_.Read({alias_id, prog_id}, {"ID"}, 2);
-  return rows.RowCount() > 1 || (rows.RowCount() == 1 && rows.At(0, 0).ToLong() != but_of);
+  return rows.RowCount() > 1 || (rows.RowCount() == 1 && rows.At(0, 0).ToLong() != excluded_id);
 }
 
 bool FormulaRows::HasFormulas(std::string_view prog_id) {

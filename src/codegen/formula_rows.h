@@ -32,14 +32,14 @@ class FormulaRows {
 
   // The aliases of the arguments of the formula of that name in that class.
   std::vector<std::string> ArgumentsOf(std::string_view name, std::string_view prog_id);
-  using ArgumentsById = std::unordered_map<std::int32_t, std::vector<std::string>>;
-  // Adds, by formula ID, the aliases of all arguments of the formulas that use the alias.
-  void ReadArgumentsBeside(std::int32_t alias_id, ArgumentsById& arguments);
+  // The aliases of all arguments of the formulas that use the alias, by formula ID.
+  std::unordered_map<std::int32_t, std::vector<std::string>> ReadArgumentsOfUsers(
+      std::int32_t alias_id);
   // One entry for each argument that uses the alias.
   std::vector<Use> UsesOf(std::int32_t alias_id);
-  // Whether an argument of the class's formulas uses the alias, one argument of the formula
-  // `but_of` left out.
-  bool IsUsedInClass(std::string_view prog_id, std::int32_t alias_id, std::int32_t but_of);
+  // Whether an argument of the class's formulas uses the alias; one argument of the formula
+  // `excluded_id` does not count.
+  bool IsUsedInClass(std::string_view prog_id, std::int32_t alias_id, std::int32_t excluded_id = 0);
   bool HasFormulas(std::string_view prog_id);
   std::optional<Alias> FindAlias(std::int32_t id);
   // ID of the alias of that name.
@@ -48,7 +48,7 @@ class FormulaRows {
  private:
   std::shared_ptr<platform::Connection> connection_;
   Query arguments_;
-  Query arguments_beside_;
+  Query arguments_of_users_;
   Query uses_;
   Query uses_in_class_;
   Query formulas_;

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "platform/error.h"
+
 namespace codegen {
 
 std::string NamesInShort(const std::vector<std::string>& names) {
@@ -20,21 +22,13 @@ void Report::Warn(std::int32_t text, Replacements values) {
   if (messages_.insert(message).second) warnings_.push_back({text, std::move(message)});
 }
 
-void Report::Refuse(std::int32_t text, Replacements values) {
-  Fail(platform::Error(platform::ErrorKind::kRefused, text, texts_.Text(text, values)));
-}
-
-void Report::Fail(const platform::Error& error) {
-  if (!failure_) failure_ = error;
+void Report::Refuse(std::int32_t text, Replacements values) const {
+  throw platform::Error(platform::ErrorKind::kRefused, text, texts_.Text(text, values));
 }
 
 std::vector<Warning> Report::TakeWarnings() {
   messages_.clear();
   return std::exchange(warnings_, {});
-}
-
-std::optional<platform::Error> Report::TakeFailure() {
-  return std::exchange(failure_, std::nullopt);
 }
 
 }  // namespace codegen

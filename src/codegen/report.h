@@ -2,23 +2,26 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <initializer_list>
-#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
 
-#include "codegen/vb_formula_code.h"
-#include "platform/error.h"
 #include "texts/text_table.h"
 
 namespace codegen {
 
+// A step that was left out, or something else that the engineer should know.
+struct Warning {
+  std::int32_t text_id = 0;  // of the text table, 1100 to 1199
+  std::string message;       // that text in the table's language, values filled in
+  friend bool operator==(const Warning&, const Warning&) = default;
+};
+
 // The names with commas between them; of a long list the first ones and the number of all.
 std::string NamesInShort(const std::vector<std::string>& names);
 
-// What the steps of operations leave behind: warnings, each once, and the first failure.
+// The warnings of an operation, each once.
 class Report {
  public:
   explicit Report(const texts::TextTable& texts) : texts_(texts) {}
@@ -29,32 +32,16 @@ class Report {
 
   // Keeps a text of the table as a warning, unless it is kept already.
   void Warn(std::int32_t text, Replacements values);
-  // Keeps it as the failure: what was asked for cannot be done.
-  void Refuse(std::int32_t text, Replacements values);
+  // Raises it as a platform::Error: what was asked for cannot be done.
+  [[noreturn]] void Refuse(std::int32_t text, Replacements values) const;
 
-  // Runs one step. A step that fails is skipped; the failure is kept.
-  template <class F>
-  void Step(F&& step) {
-    try {
-      step();
-    } catch (const platform::Error& error) {
-      Fail(error);
-    } catch (const std::exception& error) {
-      Fail(platform::Error(platform::ErrorKind::kInternal, 0, error.what()));
-    }
-  }
-
-  // Hand out what is kept and forget it.
+  // Hands out what is kept and forgets it.
   std::vector<Warning> TakeWarnings();
-  std::optional<platform::Error> TakeFailure();
 
  private:
-  void Fail(const platform::Error& error);
-
   const texts::TextTable& texts_;
   std::vector<Warning> warnings_;
   std::unordered_set<std::string> messages_;  // of the warnings
-  std::optional<platform::Error> failure_;
 };
 
 }  // namespace codegen

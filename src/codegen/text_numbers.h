@@ -9,6 +9,7 @@
 namespace codegen {
 
 // Steps left out, and things the engineer should know.
+inline constexpr std::int32_t kTextCodeLeftBehind = 1013;
 inline constexpr std::int32_t kTextNoClass = 1100;
 inline constexpr std::int32_t kTextNoSub = 1101;
 inline constexpr std::int32_t kTextSubAdded = 1102;

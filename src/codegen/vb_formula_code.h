@@ -5,27 +5,18 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "codegen/code_context.h"
+#include "codegen/report.h"
 #include "platform/ado.h"
-#include "platform/studio.h"
-#include "platform/vbide.h"
-
-namespace texts {
-class TextTable;
-}
 
 namespace codegen {
 
-// A step that was left out, or something else that the engineer should know.
-struct Warning {
-  std::int32_t text_id = 0;  // of the text table, 1100 to 1199
-  std::string message;       // that text in the table's language, values filled in
-  friend bool operator==(const Warning&, const Warning&) = default;
-};
+class CodeSync;
 
 // A formula that uses an alias.
 struct AliasUse {
@@ -45,19 +36,9 @@ class CodeWindowCaller {
   virtual void BringCodeWindowForward() = 0;
 };
 
-// What stands under a name in a class.
-enum class MemberUse {
-  kNoClass,   // project or class is not open
-  kFree,      // the class declares nothing of that name
-  kSub,       // a Sub with a body
-  kVariable,  // a public variable
-  kOther,     // anything else
-};
-
-// The operations never raise. What an operation could not do although the thing is there (a
-// module that cannot be written, a database that fails) is kept as the failure; steps that were
-// left out because a project, class or procedure is missing are kept as warnings. Both stay until
-// they are taken.
+// The operations never raise. A step that fails is left out, and so is one whose project, class or
+// procedure is missing; warnings say so and stay until they are taken. Operations of the store use
+// CodeSync instead.
 //
 // A class is named by its ProgID: project name, ".", class name. Names match without regard to
 // case. Nothing that an engineer wrote is ever removed: text is commented out, moved or kept.
@@ -66,8 +47,8 @@ class CVBFormulaCode {
   // `items` and `components` may be null: every item is a Variant then, and no component list is
   // kept. All referenced objects must outlive the generator.
   CVBFormulaCode(const texts::TextTable& texts, platform::OVItems* items,
-                 platform::ComponentList* components);
-  ~CVBFormulaCode();
+                 platform::ComponentList* components)
+      : context_{texts, items, components} {}
   CVBFormulaCode(const CVBFormulaCode&) = delete;
   CVBFormulaCode& operator=(const CVBFormulaCode&) = delete;
 
@@ -93,10 +74,9 @@ class CVBFormulaCode {
   void DeactivateFunction(std::string_view prog_id, std::string_view function_name);
 
   // Declares the alias in the class unless it is declared, and rebuilds the header of the formula
-  // that NeedFunctionName names. An item that the item browser does not know is a Variant, or what
-  // the class `moved_from` declares it as.
+  // that NeedFunctionName names. An item that the item browser does not know is a Variant.
   void AddParameter(std::string_view prog_id, std::string_view parameter_alias,
-                    std::string_view item_name, std::string_view moved_from = {});
+                    std::string_view item_name);
   // The formula and the aliases that a changed or deleted argument concerns.
   struct ParameterIds {
     std::int32_t formula_id = 0;
@@ -129,36 +109,33 @@ class CVBFormulaCode {
   void RenameAlias(std::int32_t actual_id, std::string_view old_alias, std::string_view new_alias,
                    std::string_view old_item = {});
 
-  // The answer to NeedFunctionName; returns the one before, so that an operation can answer
-  // itself and put the window's answer back.
-  NeedFunctionName SetNeedFunctionName(NeedFunctionName answer);
+  void SetNeedFunctionName(NeedFunctionName answer) { need_function_name_ = std::move(answer); }
+  std::vector<Warning> TakeWarnings() { return std::exchange(warnings_, {}); }
 
-  // Between these, changes of declarations and headers wait until the outermost EndBatch and are
-  // then made once for each class and formula, from the rows as they are then. Changes of the
-  // host's component list wait until CommitComponents or DropComponents. Outside of a batch
-  // everything is done at once.
-  void BeginBatch();
-  void EndBatch();
-  // Forgets what waits and ends the batch, at any depth.
-  void CancelBatch();
-  void CommitComponents();
-  void DropComponents();
-
-  // Looks at the code; nothing changes.
-  bool HasEnvironment() const;
-  bool HasProjects();
-  MemberUse LookUp(std::string_view prog_id, std::string_view name);
   // The procedure from declaration to end, joined by CR LF; with its header region above it when
-  // asked. Empty when there is none.
+  // asked. Empty when there is none. Raises platform::Error when the class cannot be read.
   std::string FunctionText(std::string_view prog_id, std::string_view function_name,
-                           bool with_header);
-
-  std::vector<Warning> TakeWarnings();
-  std::optional<platform::Error> TakeFailure();
+                           bool with_header) const {
+    return SubText(Locate(context_, prog_id), function_name, with_header);
+  }
+  // For CodeSync.
+  const CodeContext& context() const { return context_; }
 
  private:
-  class Impl;
-  std::unique_ptr<Impl> impl_;
+  // Runs the step. One that fails is left out, with a warning.
+  template <class Step>
+  void Try(Step&& step);
+  // Runs the steps one after the other as an operation of its own.
+  template <class... Steps>
+  void Run(Steps&&... steps);
+  // The item of the alias; empty when there is none.
+  std::string ItemOf(std::int32_t alias_id) const;
+  void LoseArgument(CodeSync& sync, std::string_view prog_id, std::string_view alias,
+                    const ParameterIds& ids) const;
+
+  CodeContext context_;
+  NeedFunctionName need_function_name_;
+  std::vector<Warning> warnings_;
 };
 
 }  // namespace codegen

@@ -212,14 +212,17 @@ class Report {
   }
 
   void AddCode(const store::FormulaRecord& record) {
-    const std::string code = source_.code.FunctionText(record.prog_id, record.name, false);
-    if (!code.empty()) {
-      html_ += "<pre>" + HighlightVisualBasic(code) + "</pre>\n";
-      return;
+    std::string problem = Text(kNoCode);
+    try {
+      const std::string code = source_.code.FunctionText(record.prog_id, record.name, false);
+      if (!code.empty()) {
+        html_ += "<pre>" + HighlightVisualBasic(code) + "</pre>\n";
+        return;
+      }
+    } catch (const platform::Error& error) {
+      problem = EscapeHtml(texts_.Sentence(error));
     }
-    const auto failure = source_.code.TakeFailure();
-    html_ += "<p class=\"none\">" +
-             (failure ? EscapeHtml(texts_.Sentence(*failure)) : Text(kNoCode)) + "</p>\n";
+    html_ += "<p class=\"none\">" + problem + "</p>\n";
   }
 
   std::string UsesOf(std::int32_t alias_id) const {

@@ -5,7 +5,7 @@
 #include "codegen/report.h"
 #include "codegen/text_numbers.h"
 #include "platform/text.h"
-#include "store/operations_impl.h"
+#include "store/operation_run.h"
 #include "store/text_numbers.h"
 
 namespace store {
@@ -27,16 +27,16 @@ std::string NamesOf(const std::vector<FormulaRecord>& formulas) {
 
 }  // namespace
 
-std::string Operations::Impl::ProposeAlias(std::string_view item, std::int32_t actual_id) {
+std::string Operations::ProposeAlias(std::string_view item, std::int32_t actual_id) {
   return codegen::FirstFreeName(codegen::CleanIdentifier(item), [&](const std::string& name) {
     const auto other = rows().FindAliasByName(name);
     return other && other->id != actual_id;
   });
 }
 
-void Operations::Impl::RequireAliasText(const AliasValues& values, std::int32_t actual_id) {
+void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual_id) {
   const std::string& name = values.vb_alias;
-  if (IsBlank(values.item_id) || IsBlank(name)) run_.Refuse(kTextAliasEmpty);
+  if (IsBlank(values.item_id) || IsBlank(name)) run_->Refuse(kTextAliasEmpty);
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
   const bool reserved = codegen::IsReservedWord(name);
   const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;
@@ -45,30 +45,31 @@ void Operations::Impl::RequireAliasText(const AliasValues& values, std::int32_t 
     const auto problem =
         clean == name && too_long ? codegen::IdentifierProblem::kTooLong : hint.problem;
     const std::string valid = ProposeAlias(codegen::ValidIdentifier(name), actual_id);
-    run_.Refuse(kTextAliasMalformed, {},
-                run_.texts().Text(codegen::HintText(problem),
-                                  {{"<Name>", name}, {"<Character>", hint.character}}) +
-                    " " + run_.texts().Text(kTextAliasValid, {{"<Name>", valid}}));
+    run_->Refuse(kTextAliasMalformed, {},
+                 run_->texts().Text(codegen::HintText(problem),
+                                    {{"<Name>", name}, {"<Character>", hint.character}}) +
+                     " " + run_->texts().Text(kTextAliasValid, {{"<Name>", valid}}));
   }
   const auto other = rows().FindAliasByName(name);
   if (!other || other->id == actual_id) return;
-  run_.Refuse(
+  run_->Refuse(
       kTextAliasTaken,
       {{"<Name>", name}, {"<Item>", other->item_id}, {"<Free>", ProposeAlias(name, actual_id)}});
 }
 
-void Operations::Impl::WarnOfAlias(std::string_view name) {
+void Operations::WarnOfAlias(std::string_view name) {
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
   if (hint) {
-    run_.Warn(codegen::HintText(hint.problem), {{"<Name>", name}, {"<Character>", hint.character}});
+    run_->Warn(codegen::HintText(hint.problem),
+               {{"<Name>", name}, {"<Character>", hint.character}});
   }
 }
 
-OperationResult Operations::Impl::AddAliases(std::span<const AliasValues> values,
-                                             const OperationOptions& options) {
-  return run_.Run(options, kTextNothingChanged, [&](OperationResult& result) {
+OperationResult Operations::AddAliases(std::span<const AliasValues> values,
+                                       const OperationOptions& options) {
+  return run_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     for (std::size_t i = 0; i < values.size(); ++i) {
-      run_.Progress(i, values.size());
+      run_->Progress(i, values.size());
       RequireAliasText(values[i], 0);
       WarnOfAlias(values[i].vb_alias);
       result.ids.push_back(rows().Add(kAliasTable, {{"ItemID", FieldText(values[i].item_id)},
@@ -77,15 +78,15 @@ OperationResult Operations::Impl::AddAliases(std::span<const AliasValues> values
   });
 }
 
-OperationResult Operations::Impl::EditAlias(std::int32_t id, const AliasValues& values,
-                                            const OperationOptions& options) {
-  return run_.Run(options, kTextNothingChanged, [&](OperationResult& result) {
+OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values,
+                                      const OperationOptions& options) {
+  return run_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     const AliasRecord old = RequireAlias(id);
     result.ids.push_back(id);
     if (values == old) return;
     ProjectRows::Values fields;
     if (values.item_id != old.item_id) {
-      if (IsBlank(values.item_id)) run_.Refuse(kTextAliasEmpty);
+      if (IsBlank(values.item_id)) run_->Refuse(kTextAliasEmpty);
       fields.emplace_back("ItemID", FieldText(values.item_id));
     }
     const bool renamed = values.vb_alias != old.vb_alias;
@@ -95,7 +96,7 @@ OperationResult Operations::Impl::EditAlias(std::int32_t id, const AliasValues& 
       fields.emplace_back("VBAlias", FieldText(values.vb_alias));
     }
     const std::vector<FormulaRecord> uses = rows().UsesOfAlias(id);
-    if (!uses.empty()) run_.RequireProjects();
+    if (!uses.empty()) run_->RequireProjects();
     if (renamed && !platform::EqualsIgnoringCase(values.vb_alias, old.vb_alias)) {
       std::unordered_set<std::string> classes;
       for (const FormulaRecord& use : uses) {
@@ -103,23 +104,22 @@ OperationResult Operations::Impl::EditAlias(std::int32_t id, const AliasValues& 
       }
     }
     rows().Change(kAliasTable, id, fields);
-    if (!uses.empty() && run_.code()) {
-      run_.code()->RenameAlias(id, old.vb_alias, values.vb_alias, old.item_id);
-    }
+    if (!uses.empty())
+      run_->touched().aliases.push_back({id, old.vb_alias, old.item_id, values.vb_alias});
   });
 }
 
-OperationResult Operations::Impl::DeleteAliases(std::span<const std::int32_t> ids,
-                                                const OperationOptions& options) {
-  return run_.Run(options, kTextNothingChanged, [&](OperationResult&) {
+OperationResult Operations::DeleteAliases(std::span<const std::int32_t> ids,
+                                          const OperationOptions& options) {
+  return run_->Run(options, kTextNothingChanged, [&](OperationResult&) {
     for (std::size_t i = 0; i < ids.size(); ++i) {
-      run_.Progress(i, ids.size());
+      run_->Progress(i, ids.size());
       const AliasRecord alias = RequireAlias(ids[i]);
       const std::vector<FormulaRecord> uses = rows().UsesOfAlias(ids[i]);
       if (!uses.empty()) {
         throw Refusal(Outcome::kRefused, kTextAliasUsedBy, kAliasInUse,
-                      run_.texts().Text(kTextAliasUsedBy, {{"<Name>", alias.vb_alias},
-                                                           {"<Formulas>", NamesOf(uses)}}));
+                      run_->texts().Text(kTextAliasUsedBy, {{"<Name>", alias.vb_alias},
+                                                            {"<Formulas>", NamesOf(uses)}}));
       }
       rows().Remove(kAliasTable, ids[i]);
     }

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "codegen/vb_formula_code.h"
+#include "codegen/report.h"
 #include "platform/variant.h"
 
 namespace store {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "store/operation_run.h"
 
+#include <algorithm>
 #include <iterator>
 
+#include "codegen/vb_formula_code.h"
 #include "store/text_numbers.h"
 
 namespace store {
@@ -21,36 +23,6 @@ Outcome OutcomeOf(platform::ErrorKind kind) {
   return Outcome::kFileProblem;
 }
 
-// The generator's batch, with the operation's own answer to NeedFunctionName.
-class CodeBatch {
- public:
-  CodeBatch(codegen::CVBFormulaCode* code, codegen::NeedFunctionName answer) : code_(code) {
-    if (!code_) return;
-    code_->TakeWarnings();
-    code_->TakeFailure();
-    window_answer_ = code_->SetNeedFunctionName(std::move(answer));
-    code_->BeginBatch();
-  }
-  ~CodeBatch() {
-    if (!code_) return;
-    if (open_) code_->CancelBatch();
-    code_->DropComponents();
-    code_->SetNeedFunctionName(std::move(window_answer_));
-  }
-  CodeBatch(const CodeBatch&) = delete;
-  CodeBatch& operator=(const CodeBatch&) = delete;
-
-  void End() {
-    open_ = false;
-    if (code_) code_->EndBatch();
-  }
-
- private:
-  codegen::CVBFormulaCode* code_;
-  codegen::NeedFunctionName window_answer_;
-  bool open_ = true;
-};
-
 }  // namespace
 
 void Refusal::FillIn(OperationResult& result) const {
@@ -63,25 +35,15 @@ void Refusal::FillIn(OperationResult& result) const {
 OperationRun::OperationRun(Operations::Parts parts)
     : parts_(std::move(parts)), rows_(parts_.connection) {}
 
-codegen::CVBFormulaCode* OperationRun::code() {
-  const bool has_code = parts_.code && parts_.code->HasEnvironment();
-  return has_code && !options_->with_rows_only ? parts_.code : nullptr;
-}
-
 void OperationRun::RequireProjects() {
   if (options_->with_rows_only) return;
-  if (!code() || !code()->HasProjects()) Refuse(kTextNoProject);
+  if (!code_ || parts_.code->context().vbe->VBProjects().empty()) Refuse(kTextNoProject);
 }
 
 void OperationRun::Progress(std::size_t done, std::size_t total) {
   if (options_->progress && !options_->progress(done, total)) {
     throw Refusal(Outcome::kCancelled, kTextCancelled, texts().Text(kTextCancelled), {});
   }
-}
-
-void OperationRun::CheckCode() {
-  if (!parts_.code) return;
-  if (const auto failure = parts_.code->TakeFailure()) throw platform::Error(*failure);
 }
 
 void OperationRun::Warn(std::int32_t text, Replacements values) {
@@ -92,27 +54,17 @@ void OperationRun::Refuse(std::int32_t text, Replacements values, std::string de
   throw Refusal(Outcome::kRefused, text, texts().Text(text, values), std::move(detail));
 }
 
-void OperationRun::TakeWarnings() {
-  if (!parts_.code) return;
-  std::vector<codegen::Warning> more = parts_.code->TakeWarnings();
-  warnings_.insert(warnings_.end(), std::make_move_iterator(more.begin()),
-                   std::make_move_iterator(more.end()));
-}
-
 void OperationRun::RunUnit(const std::function<void(OperationResult&)>& steps,
                            OperationResult& result) {
   platform::UnitOfWorkScope unit(*parts_.unit);
-  CodeBatch batch(code(), [this](std::string& name) { name = function_name_; });
   steps(result);
-  batch.End();
-  CheckCode();
-  TakeWarnings();
+  if (code_) code_->Follow(touched_);
   rows_.CloseTables();
   if (options_->inspect) options_->inspect();
   // A scope that is not committed puts everything back.
   if (options_->dry_run) return;
   unit.Commit();
-  if (code()) code()->CommitComponents();
+  if (code_) code_->CommitComponents();
 }
 
 // What could not be put back was changed, whatever the cause says.
@@ -126,12 +78,9 @@ void OperationRun::TellNotUndone(OperationResult& result) {
   }
 }
 
-OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t failure_text,
-                                  const std::function<void(OperationResult&)>& steps) {
-  options_ = &options;
-  function_name_.clear();
+OperationResult OperationRun::Answer(std::int32_t failure_text,
+                                     const std::function<void(OperationResult&)>& steps) {
   warnings_.clear();
-  rows_.TakeChanges();
   OperationResult result;
   const auto fail = [&](Outcome outcome, std::int32_t number, const std::exception& cause) {
     // Refusals of the generator name themselves; all else is the cause of the general failure.
@@ -142,8 +91,7 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
     result.detail = named ? "" : texts().Sentence(cause);
   };
   try {
-    RunUnit(steps, result);
-    result.rows = rows_.TakeChanges();
+    steps(result);
   } catch (const Refusal& refusal) {
     refusal.FillIn(result);
   } catch (const platform::Error& error) {
@@ -151,16 +99,31 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
   } catch (const std::exception& error) {
     fail(Outcome::kFileProblem, 0, error);
   }
-  rows_.CloseTables();
-  TakeWarnings();
-  result.warnings = std::exchange(warnings_, {});
-  if (!result.success()) {
-    result.rows.clear();
+  if (result.success()) {
+    result.warnings = std::exchange(warnings_, {});
+  } else {
     result.ids.clear();
-    result.warnings.clear();
-    if (parts_.code) parts_.code->TakeFailure();
+  }
+  return result;
+}
+
+OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t failure_text,
+                                  const std::function<void(OperationResult&)>& steps) {
+  options_ = &options;
+  touched_ = {};
+  const bool has_code = parts_.code && parts_.code->context().vbe && !options.with_rows_only;
+  if (has_code) code_.emplace(parts_.code->context());
+  rows_.TakeChanges();
+  OperationResult result =
+      Answer(failure_text, [&](OperationResult& answer) { RunUnit(steps, answer); });
+  rows_.CloseTables();
+  if (result.success()) {
+    result.rows = rows_.TakeChanges();
+    if (code_) std::ranges::move(code_->TakeWarnings(), std::back_inserter(result.warnings));
+  } else {
     TellNotUndone(result);
   }
+  code_.reset();
   options_ = nullptr;
   return result;
 }

@@ -5,12 +5,15 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "codegen/code_sync.h"
+#include "codegen/touched.h"
 #include "store/operation_result.h"
 #include "store/operations.h"
 #include "store/project_rows.h"
@@ -40,22 +43,23 @@ class OperationRun {
  public:
   explicit OperationRun(Operations::Parts parts);
 
-  // Runs `steps` as one unit of work. A failure that is not refused by a step is answered with
-  // `failure_text`, its cause as the detail.
+  // The answer to `steps`, which look something up. A failure that is not refused by a step is
+  // answered with `failure_text`, its cause as the detail.
+  OperationResult Answer(std::int32_t failure_text,
+                         const std::function<void(OperationResult&)>& steps);
+  // The same as one unit of work over rows and code.
   OperationResult Run(const OperationOptions& options, std::int32_t failure_text,
                       const std::function<void(OperationResult&)>& steps);
 
   // Of the operation that runs.
   const OperationOptions& options() const { return *options_; }
-  // The generator, or null when only rows change.
-  codegen::CVBFormulaCode* code();
+  // Of the operation that runs, or null when only rows change.
+  codegen::CodeSync* code() { return code_ ? &*code_ : nullptr; }
+  // What the steps change in the rows; code follows at their end.
+  codegen::Touched& touched() { return touched_; }
   // Raises unless there is code to change; for operations that need it.
   void RequireProjects();
-  // Answers NeedFunctionName from now on.
-  void SetFunctionName(std::string_view name) { function_name_ = name; }
   void Progress(std::size_t done, std::size_t total);
-  // Raises what the generator could not do.
-  void CheckCode();
   void Warn(std::int32_t text, std::initializer_list<texts::TextTable::Replacement> values);
 
   using Replacements = std::initializer_list<texts::TextTable::Replacement>;
@@ -68,12 +72,12 @@ class OperationRun {
  private:
   void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);
   void TellNotUndone(OperationResult& result);
-  void TakeWarnings();
 
   Operations::Parts parts_;
   ProjectRows rows_;
   const OperationOptions* options_ = nullptr;
-  std::string function_name_;
+  std::optional<codegen::CodeSync> code_;
+  codegen::Touched touched_;
   std::vector<codegen::Warning> warnings_;
 };
 

@@ -4,9 +4,8 @@
 #include <charconv>
 
 #include "codegen/identifier.h"
-#include "codegen/text_numbers.h"
 #include "platform/text.h"
-#include "store/operations_impl.h"
+#include "store/operation_run.h"
 #include "store/text_numbers.h"
 
 namespace store {
@@ -32,8 +31,13 @@ std::int32_t NumberOf(std::string_view name, std::string_view base) {
 
 }  // namespace
 
-std::string Operations::Impl::ProposeFormulaName() {
-  const std::string base = run_.texts().Text(kTextFormulaBase);
+Operations::Operations(Parts parts) : run_(std::make_unique<OperationRun>(std::move(parts))) {}
+Operations::~Operations() = default;
+
+ProjectRows& Operations::rows() { return run_->rows(); }
+
+std::string Operations::ProposeFormulaName() {
+  const std::string base = run_->texts().Text(kTextFormulaBase);
   std::vector<bool> taken(kMaxNameNumber + 1, false);
   rows().ForEachFormulaName([&](const std::string& name) {
     const std::int32_t number = NumberOf(name, base);
@@ -43,14 +47,14 @@ std::string Operations::Impl::ProposeFormulaName() {
     if (!taken[static_cast<std::size_t>(i)]) return base + std::to_string(i);
   }
   throw platform::Error(platform::ErrorKind::kRefused, kErrOverflow,
-                        run_.texts().Text(kTextNoFreeName, {{"<Base>", base}}));
+                        run_->texts().Text(kTextNoFreeName, {{"<Base>", base}}));
 }
 
-ClassList Operations::Impl::Classes() {
+ClassList Operations::Classes() {
   ClassList list;
-  if (!run_.parts().vbe) return list;
+  if (!run_->parts().vbe) return list;
   std::string too_long;
-  for (const auto& project : run_.parts().vbe->VBProjects()) {
+  for (const auto& project : run_->parts().vbe->VBProjects()) {
     if (project->Type() != platform::ProjectType::kActiveXDll) continue;
     for (const auto& component : project->VBComponents()) {
       if (component->Type() != platform::ComponentType::kClassModule ||
@@ -65,16 +69,17 @@ ClassList Operations::Impl::Classes() {
     }
   }
   if (!too_long.empty()) {
-    list.warnings.push_back({kTextLongClassNames,
-                             run_.texts().Text(kTextLongClassNames, {{"<ClassNames>", too_long}})});
+    list.warnings.push_back(
+        {kTextLongClassNames,
+         run_->texts().Text(kTextLongClassNames, {{"<ClassNames>", too_long}})});
   }
   return list;
 }
 
-bool Operations::Impl::IsFormulaClass(std::string_view prog_id) {
+bool Operations::IsFormulaClass(std::string_view prog_id) {
   const std::size_t point = prog_id.find('.');
-  if (!run_.parts().vbe || point == std::string_view::npos) return false;
-  const auto project = run_.parts().vbe->FindProject(prog_id.substr(0, point));
+  if (!run_->parts().vbe || point == std::string_view::npos) return false;
+  const auto project = run_->parts().vbe->FindProject(prog_id.substr(0, point));
   if (!project || project->Type() != platform::ProjectType::kActiveXDll) return false;
   const auto component = project->FindComponent(prog_id.substr(point + 1));
   if (!component || component->Type() != platform::ComponentType::kClassModule) return false;
@@ -84,130 +89,57 @@ bool Operations::Impl::IsFormulaClass(std::string_view prog_id) {
   return false;
 }
 
-OperationResult Operations::Impl::CheckFormulaName(std::string_view name) {
-  OperationResult result;
-  try {
-    RequireFormulaName(name);
-  } catch (const Refusal& refusal) {
-    refusal.FillIn(result);
-  }
-  return result;
-}
-
-OperationResult Operations::Impl::CheckAlias(const AliasValues& values, std::int32_t actual_id) {
-  OperationResult result;
-  try {
-    RequireAliasText(values, actual_id);
-    const codegen::IdentifierHint hint = codegen::CheckIdentifier(values.vb_alias);
-    if (hint) {
-      const std::int32_t text = codegen::HintText(hint.problem);
-      result.warnings.push_back({text, run_.texts().Text(text, {{"<Name>", values.vb_alias},
-                                                                {"<Character>", hint.character}})});
-    }
-  } catch (const Refusal& refusal) {
-    refusal.FillIn(result);
-  } catch (const platform::Error& error) {
-    result.outcome = Outcome::kFileProblem;
-    result.text_id = kTextNothingChanged;
-    result.message = run_.texts().Text(kTextNothingChanged);
-    result.detail = run_.texts().Sentence(error);
-  }
-  return result;
-}
-
-FormulaRecord Operations::Impl::RequireFormula(std::int32_t id) {
-  if (auto record = rows().FindFormula(id)) return *record;
-  run_.Refuse(kTextNoFormula, {{"<ID>", std::to_string(id)}});
-}
-AliasRecord Operations::Impl::RequireAlias(std::int32_t id) {
-  if (auto record = rows().FindAlias(id)) return *record;
-  run_.Refuse(kTextNoAlias, {{"<ID>", std::to_string(id)}});
-}
-ArgumentRecord Operations::Impl::RequireArgument(std::int32_t id) {
-  if (auto record = rows().FindArgument(id)) return *record;
-  run_.Refuse(kTextNoArgument, {{"<ID>", std::to_string(id)}});
-}
-
-// --- The public face ---
-
-Operations::Operations(Parts parts) : impl_(std::make_unique<Impl>(std::move(parts))) {}
-Operations::~Operations() = default;
-
-std::string Operations::ProposeFormulaName() { return impl_->ProposeFormulaName(); }
-ClassList Operations::Classes() { return impl_->Classes(); }
-OperationResult Operations::AddFormula(const FormulaValues& values,
-                                       const OperationOptions& options) {
-  return impl_->AddFormula(values, options);
-}
-OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& values,
-                                        const EditFormulaOptions& options) {
-  return impl_->EditFormula(id, values, options);
-}
-OperationResult Operations::DeleteFormulas(std::span<const std::int32_t> ids,
-                                           const OperationOptions& options) {
-  return impl_->DeleteFormulas(ids, options);
-}
-OperationResult Operations::AddArguments(std::int32_t formula_id,
-                                         std::span<const ArgumentValues> values,
-                                         const OperationOptions& options) {
-  return impl_->AddArguments(formula_id, values, options);
-}
-OperationResult Operations::EditArgument(std::int32_t argument_id, const ArgumentValues& values,
-                                         const OperationOptions& options) {
-  return impl_->EditArgument(argument_id, values, options);
-}
-OperationResult Operations::DeleteArguments(std::span<const std::int32_t> argument_ids,
-                                            const OperationOptions& options) {
-  return impl_->DeleteArguments(argument_ids, options);
-}
-std::string Operations::ProposeAlias(std::string_view item, std::int32_t actual_id) {
-  return impl_->ProposeAlias(item, actual_id);
-}
-OperationResult Operations::AddAliases(std::span<const AliasValues> values,
-                                       const OperationOptions& options) {
-  return impl_->AddAliases(values, options);
-}
-OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values,
-                                      const OperationOptions& options) {
-  return impl_->EditAlias(id, values, options);
-}
-OperationResult Operations::DeleteAliases(std::span<const std::int32_t> ids,
-                                          const OperationOptions& options) {
-  return impl_->DeleteAliases(ids, options);
-}
-std::vector<FormulaRecord> Operations::UsesOfAlias(std::int32_t alias_id) {
-  return impl_->rows().UsesOfAlias(alias_id);
-}
 OperationResult Operations::CheckFormulaName(std::string_view name) {
-  return impl_->CheckFormulaName(name);
+  return run_->Answer(kTextNothingChanged, [&](OperationResult&) { RequireFormulaName(name); });
 }
+
 OperationResult Operations::CheckAlias(const AliasValues& values, std::int32_t actual_id) {
-  return impl_->CheckAlias(values, actual_id);
+  return run_->Answer(kTextNothingChanged, [&](OperationResult&) {
+    RequireAliasText(values, actual_id);
+    WarnOfAlias(values.vb_alias);
+  });
+}
+
+FormulaRecord Operations::RequireFormula(std::int32_t id) {
+  if (auto record = rows().FindFormula(id)) return *record;
+  run_->Refuse(kTextNoFormula, {{"<ID>", std::to_string(id)}});
+}
+AliasRecord Operations::RequireAlias(std::int32_t id) {
+  if (auto record = rows().FindAlias(id)) return *record;
+  run_->Refuse(kTextNoAlias, {{"<ID>", std::to_string(id)}});
+}
+ArgumentRecord Operations::RequireArgument(std::int32_t id) {
+  if (auto record = rows().FindArgument(id)) return *record;
+  run_->Refuse(kTextNoArgument, {{"<ID>", std::to_string(id)}});
+}
+
+// --- Look-ups ---
+
+std::vector<FormulaRecord> Operations::UsesOfAlias(std::int32_t alias_id) {
+  return rows().UsesOfAlias(alias_id);
 }
 std::optional<FormulaRecord> Operations::FindFormula(std::int32_t id) {
-  return impl_->rows().FindFormula(id);
+  return rows().FindFormula(id);
 }
 std::vector<FormulaRecord> Operations::FindFormulasByName(std::string_view name) {
-  return impl_->rows().FindFormulasByName(name);
+  return rows().FindFormulasByName(name);
 }
-std::optional<AliasRecord> Operations::FindAlias(std::int32_t id) {
-  return impl_->rows().FindAlias(id);
-}
+std::optional<AliasRecord> Operations::FindAlias(std::int32_t id) { return rows().FindAlias(id); }
 std::optional<AliasRecord> Operations::FindAliasByName(std::string_view vb_alias) {
-  return impl_->rows().FindAliasByName(vb_alias);
+  return rows().FindAliasByName(vb_alias);
 }
 std::optional<ArgumentRecord> Operations::FindArgument(std::int32_t id) {
-  return impl_->rows().FindArgument(id);
+  return rows().FindArgument(id);
 }
 std::vector<ArgumentRecord> Operations::ArgumentsOf(std::int32_t formula_id) {
-  return impl_->rows().ArgumentsOf(formula_id);
+  return rows().ArgumentsOf(formula_id);
 }
 void Operations::ForEachFormula(const std::function<void(const FormulaRecord&)>& visit) {
-  impl_->rows().ForEachFormula(visit);
+  rows().ForEachFormula(visit);
 }
 void Operations::ForEachAlias(const std::function<void(const AliasRecord&)>& visit) {
-  impl_->rows().ForEachAlias(visit);
+  rows().ForEachAlias(visit);
 }
-Statistics Operations::Count() { return impl_->rows().Count(); }
+Statistics Operations::Count() { return rows().Count(); }
 
 }  // namespace store

@@ -11,18 +11,25 @@
 #include <string_view>
 #include <vector>
 
-#include "codegen/vb_formula_code.h"
+#include "codegen/report.h"
+#include "codegen/touched.h"
 #include "platform/ado.h"
 #include "platform/unit_of_work.h"
 #include "platform/vbide.h"
 #include "store/formula_records.h"
 #include "store/operation_result.h"
 
+namespace codegen {
+class CVBFormulaCode;
+}
 namespace texts {
 class TextTable;
 }
 
 namespace store {
+
+class OperationRun;
+class ProjectRows;
 
 struct EditFormulaOptions : OperationOptions {
   // A move takes the old procedure's text along; otherwise the new procedure is empty and a
@@ -108,8 +115,35 @@ class Operations {
   Statistics Count();
 
  private:
-  class Impl;
-  std::unique_ptr<Impl> impl_;
+  // Raise a refusal, or platform::Error when the database fails.
+  FormulaRecord RequireFormula(std::int32_t id);
+  AliasRecord RequireAlias(std::int32_t id);
+  ArgumentRecord RequireArgument(std::int32_t id);
+  void RequireFormulaName(std::string_view name);
+  void RequireFormulaClass(std::string_view prog_id);
+  void RequireFreeInClass(std::string_view prog_id, std::string_view name, std::int32_t but_id);
+  void RequireNoInAndOut(std::int32_t formula_id);
+  void RequireAliasText(const AliasValues& values, std::int32_t actual_id);
+  // The class must not hold the name as anything else than an alias.
+  void RequireDeclarable(std::string_view prog_id, std::string_view alias);
+  void RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias);
+  void RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
+                      std::string_view alias);
+  // Raises platform::Error when the class cannot be read.
+  bool IsFormulaClass(std::string_view prog_id);
+
+  // Warns of a name that is stored although Visual Basic may not take it.
+  void WarnOfAlias(std::string_view name);
+  // The alias of an argument that a class's formula gained or lost; without the formula's name when
+  // its header follows anyway.
+  void Touch(const codegen::FormulaName& formula, const ArgumentRecord& argument, bool gained,
+             std::string_view moved_from = {});
+  void TouchMovedArguments(const FormulaRecord& formula, const std::string& new_class);
+  void DeleteFormula(std::int32_t id);
+
+  ProjectRows& rows();
+
+  std::unique_ptr<OperationRun> run_;
 };
 
 }  // namespace store

@@ -29,7 +29,6 @@ inline constexpr std::int32_t kTextCallType = 1009;
 inline constexpr std::int32_t kTextAliasTaken = 1010;
 inline constexpr std::int32_t kTextArgumentExists = 1011;
 inline constexpr std::int32_t kTextAliasUsedBy = 1012;
-inline constexpr std::int32_t kTextCodeLeftBehind = 1013;
 inline constexpr std::int32_t kTextNoFreeName = 1014;
 inline constexpr std::int32_t kTextCancelled = 1015;
 inline constexpr std::int32_t kTextNameTaken = 1016;

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// Brings code into step with rows: code_sync.cpp classes, their declarations and headers,
+// sub_sync.cpp single subs.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "codegen/class_differences.h"
+#include "codegen/code_context.h"
+#include "codegen/report.h"
+#include "codegen/sub_lines.h"
+#include "codegen/touched.h"
+
+namespace codegen {
+
+// The code's part of one operation. What an operation cannot do although the thing is there (a
+// module that cannot be written, a database that fails, a name that is taken) is raised as a
+// platform::Error; what is left out because a class or procedure is missing is a warning. Nothing
+// that an engineer wrote is ever removed: text is commented out, moved or kept.
+class CodeSync {
+ public:
+  // The context must outlive it.
+  explicit CodeSync(const CodeContext& context) : context_(context), report_(context.texts) {}
+
+  // Whether the class holds nothing of that name but a public variable, or is not there.
+  bool CanDeclare(std::string_view prog_id, std::string_view alias);
+  // The aliases that the header of that formula lists, by the rows as they are.
+  std::vector<std::string> ArgumentsOf(std::string_view prog_id, std::string_view name) const;
+
+  // Brings everything touched into step with the rows, which are changed already. Only what was
+  // touched is read. The host's component list follows with CommitComponents.
+  void Follow(const Touched& touched);
+  void CommitComponents();
+  std::vector<Warning> TakeWarnings() { return report_.TakeWarnings(); }
+
+  // The steps of Follow.
+  void AddSub(std::string_view prog_id, std::string_view name, std::string_view code,
+              const std::vector<std::string>& aliases);
+  void RenameSub(std::string_view prog_id, std::string_view old_name, std::string_view new_name,
+                 const std::vector<std::string>& aliases);
+  void DeleteSub(std::string_view prog_id, std::string_view name);
+  void SwitchOff(std::string_view prog_id, std::string_view name);
+  void RebuildHeader(std::string_view prog_id, std::string_view name,
+                     const std::vector<std::string>& aliases);
+  // Puts these lines in place of the header region.
+  void ReplaceHeader(std::string_view prog_id, std::string_view name,
+                     const std::vector<std::string>& lines);
+  // One argument of the formula `leaving_id` does not count although its row is still there.
+  void FollowArgument(const Touched::Argument& argument, std::int32_t leaving_id = 0);
+  void FollowAlias(const Touched::Alias& alias);
+  void RegisterClass(std::string_view prog_id);
+  // Takes the class from the component list when no formula of it is left.
+  void UnregisterClass(std::string_view prog_id);
+  // What the steps left for the end: declarations, headers, and warnings of lines, which have
+  // their final numbers then.
+  void Finish();
+
+ private:
+  // One class's part.
+  struct ClassWork {
+    WantedClass wanted;
+    std::unordered_set<std::string> formulas;  // names of the wanted ones, case folded
+    // Warnings that name a sub and its line.
+    std::vector<std::pair<std::int32_t, std::string>> sub_warnings;
+  };
+
+  // Locate, with a warning when there is no such class.
+  Place LocateOrWarn(std::string_view prog_id);
+  ClassWork& WorkOn(std::string_view prog_id);
+  void WantHeader(std::string_view prog_id, std::string_view name,
+                  const std::vector<std::string>* aliases = nullptr);
+  // The type of an unknown item is that of the old declaration.
+  void WantDeclaration(std::string_view prog_id, std::string_view alias, std::string_view item,
+                       std::string_view old_prog_id, std::string_view old_alias);
+  void Mend(const Place& place, const Difference& difference);
+  // Returns the aliases whose type is that of an older declaration.
+  std::vector<std::string> FinishClass(const Place& place, const ClassWork& work);
+
+  void FollowFormula(const Touched::Formula& formula);
+  void Move(const Touched::Formula& formula, const std::vector<std::string>& aliases);
+  // Warns when a move leaves a procedure's text in the old class only.
+  void WarnOfCodeLeft(const Touched::Formula& formula);
+  // Appends code that is to hold the sub, and gives it its first header.
+  void AppendSub(const Place& place, std::string_view name, std::string_view code,
+                 const std::vector<std::string>& aliases);
+  void RenameDeclaration(const Place& place, const SubLocation& sub, std::string_view new_name);
+  void CommentOut(const Place& place, const SubLocation& sub);
+  // Refuses a sub that the server cannot call; warns unless its header names one of the formulas.
+  void RequireAdoptable(const Place& place, const SubLocation& sub,
+                        std::initializer_list<std::string_view> formulas);
+  // Refuses a name under which no sub can be added.
+  void RequireFree(const Place& place, std::string_view name);
+  // Whether the class has a type, enumeration or element of one of that name.
+  bool IsTypeName(const Place& place, std::string_view name);
+  // Whether the procedure cuts an #If block, so that its directives have to stay; with a warning.
+  bool KeepsDirectives(const Place& place, const SubLocation& sub,
+                       const std::vector<std::string>& lines);
+
+  void WarnNoSub(std::string_view prog_id, std::string_view name);
+  void WarnAt(const Place& place, std::int32_t text, std::int32_t line, std::string_view name);
+  // Warn when the module nears the limits of Visual Basic.
+  void WarnOfLimits(const Place& place);
+  void WarnOfLongLine(const Place& place, std::int32_t line, std::string_view text);
+
+  const CodeContext& context_;
+  Report report_;
+  std::map<std::string, ClassWork> classes_;  // by ProgID without case
+  // Of the classes asked about, by ProgID without case. No operation changes them.
+  std::map<std::string, std::unordered_set<std::string>> type_names_;
+  struct ComponentChange {
+    bool add = false;
+    std::string prog_id;
+    friend bool operator==(const ComponentChange&, const ComponentChange&) = default;
+  };
+  std::vector<ComponentChange> component_changes_;
+};
+
+}  // namespace codegen
