@@ -21,6 +21,11 @@ void Operations::RequireFormulaClass(std::string_view prog_id) {
   if (!fits) run_->Refuse(kTextNoFormulaClass, {{"<Class>", prog_id}});
 }
 
+void Operations::RequireCallType(std::int32_t type) {
+  if (type >= 0 && type < kCallTypes) return;
+  run_->Refuse(kTextCallType, {{"<Type>", std::to_string(type)}});
+}
+
 void Operations::RequireFreeInClass(std::string_view prog_id, std::string_view name,
                                     std::int32_t but_id) {
   const auto other = rows().FindFormulaInClass(prog_id, name);
@@ -43,9 +48,7 @@ OperationResult Operations::AddFormula(const FormulaValues& values,
     RequireFormulaName(values.name);
     RequireFormulaClass(values.prog_id);
     RequireFreeInClass(values.prog_id, values.name, 0);
-    if (values.type < 0 || values.type >= kCallTypes) {
-      run_->Refuse(kTextCallType, {{"<Type>", std::to_string(values.type)}});
-    }
+    RequireCallType(values.type);
     const std::int32_t id = rows().Add(kFormulasTable, {{"Name", FieldText(values.name)},
                                                         {"ProgID", FieldText(values.prog_id)},
                                                         {"Type", values.type},
@@ -81,9 +84,7 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
     }
     ProjectRows::Values fields;
     if (values.type != old.type) {
-      if (values.type < 0 || values.type >= kCallTypes) {
-        run_->Refuse(kTextCallType, {{"<Type>", std::to_string(values.type)}});
-      }
+      RequireCallType(values.type);
       if (values.type == kOnVariableChange) RequireNoInAndOut(id);
       fields.emplace_back("Type", values.type);
     }

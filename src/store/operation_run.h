@@ -60,9 +60,8 @@ class OperationRun {
   // Raises unless there is code to change; for operations that need it.
   void RequireProjects();
   void Progress(std::size_t done, std::size_t total);
-  void Warn(std::int32_t text, std::initializer_list<texts::TextTable::Replacement> values);
-
   using Replacements = std::initializer_list<texts::TextTable::Replacement>;
+  void Warn(std::int32_t text, Replacements values);
   [[noreturn]] void Refuse(std::int32_t text, Replacements values = {}, std::string detail = {});
 
   ProjectRows& rows() { return rows_; }

@@ -121,6 +121,7 @@ class Operations {
   ArgumentRecord RequireArgument(std::int32_t id);
   void RequireFormulaName(std::string_view name);
   void RequireFormulaClass(std::string_view prog_id);
+  void RequireCallType(std::int32_t type);
   void RequireFreeInClass(std::string_view prog_id, std::string_view name, std::int32_t but_id);
   void RequireNoInAndOut(std::int32_t formula_id);
   void RequireAliasText(const AliasValues& values, std::int32_t actual_id);
