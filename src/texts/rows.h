@@ -16,7 +16,7 @@ inline constexpr const char* kOmitted = nullptr;
 struct Row {
   std::int32_t number;
   const char* german;
-  const char* english;
+  const char* english = kOmitted;
   const char* third = nullptr;  // slot 2, where a row has one
 };
 
@@ -38,13 +38,12 @@ std::span<const Row> DialogRows();     // 1600 to 1699: dialogs and editor windo
 std::span<const Row> HelpRows();       // 1700 to 1799: report and help
 std::span<const Row> EngineRows();     // 1800 to 1899: database and source files
 
-// Messages of the layers below that know no text table; their English texts are the keys.
+// German texts of the layers below. Their English ones stand in "<layer>/messages.def", by the same
+// numbers.
 std::span<const Row> FileMessageRows();       // 2000 to 2199: file layer
 std::span<const Row> DatabaseMessageRows();   // 2200 to 2599: database engine
 std::span<const Row> RecordsetMessageRows();  // 2600 to 2799: connections, recordsets, queries
 std::span<const Row> SourceMessageRows();     // 2800 to 2899: Visual Basic files
-inline constexpr std::int32_t kFirstMessage = 2000;
-inline constexpr std::int32_t kLastMessage = 2899;
 
 std::span<const Area> Areas();
 

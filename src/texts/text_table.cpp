@@ -5,7 +5,6 @@
 
 #include "messages/error.h"
 #include "platform/studio.h"
-#include "texts/message_translator.h"
 #include "texts/rows.h"
 
 namespace texts {
@@ -37,10 +36,10 @@ std::span<const Area> Areas() {
       {"dialogs", 1600, 1699, DialogRows()},
       {"help", 1700, 1799, HelpRows()},
       {"engine", 1800, 1899, EngineRows()},
-      {"messages of files", kFirstMessage, 2199, FileMessageRows()},
+      {"messages of files", 2000, 2199, FileMessageRows()},
       {"messages of databases", 2200, 2599, DatabaseMessageRows()},
       {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},
-      {"messages of sources", 2800, kLastMessage, SourceMessageRows()},
+      {"messages of sources", 2800, 2899, SourceMessageRows()},
   }};
   return areas;
 }
@@ -67,14 +66,13 @@ std::string TextTable::Text(std::int32_t number) const {
 }
 
 std::string TextTable::Sentence(const messages::Message& message) const {
-  const std::string sentence = message.Sentence([this](const messages::Pattern& pattern) {
+  return message.Sentence([this](const messages::Pattern& pattern) {
     const bool is_ours = pattern.english.empty();
     const bool stays = !is_ours && (pattern.number == 0 || language_ == Language::kEnglish);
     if (stays || (!is_ours && !slots_.contains(pattern.number)))
       return std::string(pattern.english);
     return Text(pattern.number);
   });
-  return Translated(sentence);
 }
 
 std::string TextTable::Sentence(const std::exception& error) const {
@@ -95,12 +93,6 @@ std::string TextTable::Text(std::int32_t number,
     rest.remove_prefix(match ? match->first.size() : 1);
   }
   return out;
-}
-
-std::string TextTable::Translated(std::string_view message) const {
-  if (language_ == Language::kEnglish) return std::string(message);
-  static const MessageTranslator translator(kFirstMessage, kLastMessage);
-  return translator.Translate(message).text;
 }
 
 }  // namespace texts

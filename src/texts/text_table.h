@@ -56,10 +56,6 @@ class TextTable {
   // What an exception has to say.
   std::string Sentence(const std::exception& error) const;
 
-  // A message of a layer that knows no text table and speaks English: the description of a
-  // failure, a finding. Sentences that the table lacks stay English.
-  std::string Translated(std::string_view message) const;
-
  private:
   Language language_;
   std::unordered_map<std::int32_t, std::string_view> slots_;  // by number + slot * kSlotDistance
