@@ -12,11 +12,9 @@
 #include <vector>
 
 #include "cli/command.h"
-#include "cli/invocation.h"
 #include "cli/parser.h"
 #include "cli/run.h"
 #include "files/memory_file_system.h"
-#include "texts/text_table.h"
 
 namespace {
 
@@ -30,9 +28,13 @@ void Require(bool condition) {
 int Call(files::FileSystem& system, const Words& words, const std::string& input) {
   std::istringstream in(input);
   std::ostringstream out, err;
-  cli::Console console{
-      .in = in, .out = out, .err = err, .files = system, .environment = {}, .program_folder = {}};
-  console.environment = [](const std::string&) { return std::string(); };
+  cli::Console console{.in = in,
+                       .out = out,
+                       .err = err,
+                       .status = err,
+                       .files = system,
+                       .environment = [](const std::string&) { return std::string(); },
+                       .program_folder = {}};
   return cli::Run(words, console);
 }
 
@@ -52,24 +54,16 @@ const std::map<std::string, std::string>& Project() {
 
 // Each command that takes as many arguments gets the words behind "--".
 void ParseAll(const Words& words) {
-  std::istringstream in;
-  std::ostringstream out, err;
-  files::MemoryFileSystem system;
-  cli::Console console{
-      .in = in, .out = out, .err = err, .files = system, .environment = {}, .program_folder = {}};
-  const texts::TextTable texts(texts::Language::kEnglish);
+  Words typed = words;
+  typed.insert(typed.begin(), "--");
   for (const cli::CommandSpec& command : cli::Commands()) {
-    Words typed = words;
-    typed.insert(typed.begin(), "--");
-    cli::Invocation invocation(console, command, texts);
-    try {
-      cli::ParseArguments(typed, invocation);
-    } catch (const cli::UsageError&) {
-      continue;
-    }
+    const cli::Call call = cli::ParseCall(command, typed);
+    if (call.complaint) continue;
     std::size_t next = 0;
     for (const cli::ArgumentSpec& argument : command.arguments) {
-      for (const std::string& value : invocation.Options(argument.name)) {
+      const auto values = call.values.find(argument.name);
+      if (values == call.values.end()) continue;
+      for (const std::string& value : values->second) {
         Require(next < words.size() && words[next++] == value);
       }
     }
