@@ -5,8 +5,11 @@
 #include "cli/progress.h"
 #include "cli/project_session.h"
 #include "cli/unified_diff.h"
+#include "files/file_identity.h"
 #include "files/recovery.h"
 #include "files/replace_file.h"
+#include "jet/error.h"
+#include "jet/lock_file.h"
 #include "platform/text.h"
 #include "project/new_project.h"
 #include "project/report.h"
@@ -142,6 +145,18 @@ int ShowPlan(Invocation& invocation, const files::RecoveryPlan& plan) {
   return kRefused;
 }
 
+// Who does not know the journal would go on with what he read before.
+void RefuseForeignUser(files::FileSystem& system, const std::string& path) {
+  if (!system.Exists(path)) return;
+  const std::string database = files::FollowLink(system, path);
+  const auto file = system.Open(database, files::OpenMode::kRead);
+  const messages::Message user = jet::FindForeignUser(system, database, *file);
+  if (user.empty()) return;
+  throw jet::Error(jet::ErrorKind::kLocked, path, {},
+                   {jet::message::kOpenElsewhere, {{"<MessageComputer>", user}}},
+                   jet::message::kCloseThere);
+}
+
 int RunRecover(Invocation& invocation) {
   const auto choice = ChoiceOption(invocation);
   Console& console = invocation.console();
@@ -150,6 +165,7 @@ int RunRecover(Invocation& invocation) {
   const files::RecoveryPlan plan = files::ExamineJournal(console.files, path, reach);
   if (!choice || plan.condition == files::JournalCondition::kNone)
     return ShowPlan(invocation, plan);
+  RefuseForeignUser(console.files, path);
   files::Resolve(console.files, path, *choice, reach);
   console.out << invocation.Text(kTextRecovered) << '\n';
   return kDone;

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "files/file_identity.h"
 #include "files/put_in_place.h"
 #include "files/recovery_plan.h"
 #include "files/replace_file.h"
@@ -43,6 +44,16 @@ void MoveInPlace(FileSystem& system, const std::string& from, const InspectedFil
   const ChangeLock lock(system, file.path);
   if (PutInPlace(system, from, file.path, is_inspected)) return;
   Raise(ErrorKind::kConflict, file.path, message::kIsNotChanged, message::kChangedMeanwhile);
+}
+
+// A file that got another name since would become two when it is replaced. A temporary file may be
+// the same one, where the program died between the two steps of a renaming.
+void CheckOneName(FileSystem& system, const InspectedFile& file) {
+  if (file.ranged || !system.Exists(file.path)) return;
+  const std::optional<FileStamp> own = system.Stamp(file.path);
+  const std::optional<FileStamp> temporary = system.Stamp(file.whole.temporary);
+  if (own && temporary && own->identity == temporary->identity) return;
+  files::CheckOneName(system, file.path, message::kCannotBePutBack);
 }
 
 // Where contents before are written that the file gets back.
@@ -166,6 +177,9 @@ void PutOthersBack(FileSystem& system, const Inspection& inspection) {
 }
 
 void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspection) {
+  for (const InspectedFile& file : inspection.files) {
+    if (!file.is_before) CheckOneName(system, file);
+  }
   PutOthersBack(system, inspection);
   if (inspection.readable_to_end) {
     Restorer restorer(system, inspection);
@@ -187,6 +201,9 @@ bool CanFinish(const InspectedFile& file) {
 }
 
 void Finish(FileSystem& system, JournalFile& journal, const Inspection& inspection) {
+  for (const InspectedFile& file : inspection.files) {
+    if (!file.is_after) CheckOneName(system, file);
+  }
   PutOthersBack(system, inspection);
   std::set<std::string> folders;
   for (const InspectedFile& file : inspection.files) {

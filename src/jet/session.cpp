@@ -95,7 +95,7 @@ void Session::FinishInterrupted() {
   const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
   while (files::HasJournal(system_, path_)) {
     try {
-      if (MayWrite()) {
+      if (MayWrite() && ForeignUser().empty()) {
         files::Recover(system_, path_, options_.reach);
       } else {
         files::CheckReadable(system_, path_);

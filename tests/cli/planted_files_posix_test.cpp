@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <span>
 #include <string>
 
 #include "files/file_system.h"
 #include "files/journal_format.h"
+#include "jet/lock_file.h"
 #include "tests/cli/transcript.h"
 
 namespace {
@@ -64,6 +66,28 @@ TEST_F(PlantedFiles, AForgedJournalIsNotBelieved) {
     EXPECT_EQ(room_.Run("ovformula recover Plant.ovs --discard >/dev/null"), "");
     EXPECT_EQ(room_.Run("ovformula alias list Plant.ovs"), "1\tTank1\tTank1\n");
   }
+}
+
+// A change that was interrupted is left alone while somebody who does not know the journal has the
+// database open.
+TEST_F(PlantedFiles, NothingIsRecoveredUnderAForeignUser) {
+  EXPECT_EQ(room_.Run("cp ../victim CPump.cls"), "");
+  Forge(Path("room/Plant.ovs"), Path("room/CPump.cls"));
+  {
+    const auto foreign =
+        files::RealFileSystem().Open(Path("room/Plant.ldb"), files::OpenMode::kCreateOrOpen);
+    const std::string computer = "DESK7";
+    foreign->WriteAt(0, std::as_bytes(std::span(computer)));
+    ASSERT_TRUE(foreign->TryLock(jet::kUserLockBase + 1, 1, files::LockMode::kExclusive));
+    for (const char* choice : {"--before", "--after", "--discard"}) {
+      const std::string answer = room_.Run(std::string("ovformula recover Plant.ovs ") + choice);
+      EXPECT_NE(answer.find("open on DESK7"), std::string::npos) << answer;
+      EXPECT_NE(answer.find("[3]"), std::string::npos) << answer;
+    }
+    EXPECT_EQ(room_.Run("cmp CPump.cls ../victim"), "");
+  }
+  EXPECT_EQ(room_.Run("ovformula recover Plant.ovs --before"), "Recovered.\n");
+  EXPECT_EQ(room_.Run("cat CPump.cls"), "mine\n[no line end]\n");
 }
 
 // Links under the names of the files that the program makes are not followed.

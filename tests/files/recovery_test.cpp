@@ -159,6 +159,26 @@ TEST(Recovery, AsksWhenAFileWasEditedSince) {
   EXPECT_EQ(stays, discarded);
 }
 
+// A class that was given another name since stays one file: whoever did that is told.
+TEST(Recovery, ReplacesNoFileOfSeveralNames) {
+  const ProjectChange change;
+  MemoryFileSystem medium;
+  InterruptAfterDatabase(change, medium);
+  const auto files = ExamineJournal(medium, kDatabase, kAnyFile).files;
+  const auto changed = std::ranges::find_if(files, [](const RecoveryFile& file) {
+    return file.path != kDatabase && file.state == FileState::kAfter;
+  });
+  ASSERT_NE(changed, files.end());
+  medium.AddName(changed->path, "/p/Twin.cls");
+  const Snapshot linked = medium.Snapshot();
+  const auto recover = [&] { Recover(medium, kDatabase, kAnyFile); };
+  EXPECT_EQ(KindRaised(recover), ErrorKind::kManyNames);
+  EXPECT_EQ(medium.Snapshot(), linked);
+  medium.Remove("/p/Twin.cls");
+  recover();
+  EXPECT_TRUE(change.IsBefore(medium)) << change.Difference(medium);
+}
+
 // Of a large class the journal holds what the change replaces: with the new version at hand the
 // state before can be made, whatever became of the file; without it nothing is tried.
 TEST(Recovery, AsksWhenALargeClassWasEditedSince) {
