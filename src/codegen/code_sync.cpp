@@ -2,6 +2,7 @@
 #include "codegen/code_sync.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "codegen/data_type.h"
 #include "codegen/declaration.h"

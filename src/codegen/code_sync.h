@@ -45,6 +45,8 @@ class CodeSync {
   // The steps of Follow.
   void AddSub(std::string_view prog_id, std::string_view name, std::string_view code,
               const std::vector<std::string>& aliases);
+  // The declaration becomes "Public Sub NAME()". Of a static sub only the name is exchanged, and so
+  // of one with parameters, with a warning: their bodies rest on what the declaration says.
   void RenameSub(std::string_view prog_id, std::string_view old_name, std::string_view new_name,
                  const std::vector<std::string>& aliases);
   void DeleteSub(std::string_view prog_id, std::string_view name);

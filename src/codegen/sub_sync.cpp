@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <iterator>
+#include <utility>
 
 #include "codegen/code_sync.h"
 #include "codegen/declaration.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
+#include <unordered_set>
 
 #include "codegen/identifier.h"
 #include "codegen/report.h"
