@@ -58,7 +58,7 @@ bool FreePageMap::IsFree(PageNumber page) const {
                  page % kPagesPerBitmap);
 }
 
-PageNumber FreePageMap::Take(PageNumber from) {
+PageNumber FreePageMap::Acquire(PageNumber from) {
   from = std::max<PageNumber>(from, 2);
   PageNumber page = kNoPage;
   if (MapRecord(pager_, record_, kFreeMapOwner).is_inline()) page = TakeInline(from);
@@ -153,7 +153,7 @@ PageNumber FreePageMap::AddBitmap(std::size_t index) {
   return base;
 }
 
-void FreePageMap::Give(PageNumber page) {
+void FreePageMap::Release(PageNumber page) {
   if (IsFree(page)) {
     ThrowWrongMap(pager_, page, message::kFreeWasInUse);
   }
@@ -187,7 +187,7 @@ void Pager::RequireUnused(PageNumber page) {
 }
 
 PageEdit Pager::Allocate() {
-  const PageNumber page = FreePageMap(*this).Take(lowest_free_);
+  const PageNumber page = FreePageMap(*this).Acquire(lowest_free_);
   lowest_free_ = page + 1;
   if (page < page_count_) {
     RequireUnused(page);
@@ -200,7 +200,7 @@ PageEdit Pager::Allocate() {
 }
 
 void Pager::Free(PageNumber page) {
-  FreePageMap(*this).Give(page);
+  FreePageMap(*this).Release(page);
   const PageEdit released = Modify(page);
   Store8(released.data(), Load8(released.data()) | kReleasedPage);
   lowest_free_ = std::min(lowest_free_, page);

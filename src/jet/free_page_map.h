@@ -17,9 +17,9 @@ class FreePageMap {
   bool IsFree(PageNumber page) const;
   // The lowest free page that is not below `from`; it is no longer free. May lie behind the end
   // of the file.
-  PageNumber Take(PageNumber from);
+  PageNumber Acquire(PageNumber from);
   // Marks a page free. Raises kDamaged when it is marked already.
-  void Give(PageNumber page);
+  void Release(PageNumber page);
 
  private:
   PageNumber TakeInline(PageNumber from);

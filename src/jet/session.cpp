@@ -25,10 +25,10 @@ Session::Session(files::FileSystem& system, const std::string& path, const OpenO
       path_(files::FollowLink(system, path)),
       options_(options),
       counters_(kCountersSize) {
-  if (!options_.read_only && !system_.Exists(path_)) FinishInterrupted();  // its creation, perhaps
+  if (!options_.read_only && !system_.Exists(path_)) RecoverJournal();  // its creation, perhaps
   OpenFile();
   LockCommitByte();
-  FinishInterrupted();
+  RecoverJournal();
   std::vector<std::byte> first(kPageSize);
   first.resize(file_->ReadAt(0, first));
   header_ = CheckHeader(path_, first, file_->Size());
@@ -78,7 +78,7 @@ messages::Message Session::ForeignUser() {
 
 // Whether somebody died in the middle of a commit, or is putting such a file in order just now.
 // Whoever lives and commits holds the commit byte, so he is not taken for dead.
-bool Session::IsInterrupted() {
+bool Session::HasActiveJournal() {
   if (!files::HasJournal(system_, path_)) return false;
   try {
     return files::ExamineJournal(system_, path_, options_.reach).condition !=
@@ -91,7 +91,7 @@ bool Session::IsInterrupted() {
 
 // Several may come to do this at once; the others wait for the first. Who only reads writes
 // nothing for that either.
-void Session::FinishInterrupted() {
+void Session::RecoverJournal() {
   const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
   while (files::HasJournal(system_, path_)) {
     try {
@@ -155,7 +155,7 @@ void Session::LookForChanges() {
   counters.resize(file_->ReadAt(kHeaderCountersOffset, counters));
   const files::FileStamp stamp = file_->Stamp();
   if (stamp == stamp_ && counters == counters_) return;
-  if (stamp_ != files::FileStamp{} && IsInterrupted()) FinishInterrupted();
+  if (stamp_ != files::FileStamp{} && HasActiveJournal()) RecoverJournal();
   if (file_->Size() % kPageSize != 0) {
     ThrowDamaged(path_, {static_cast<PageNumber>(file_->Size() / kPageSize), -1}, message::kCutOff);
   }

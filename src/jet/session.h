@@ -68,8 +68,8 @@ class Session {
   bool Wait(std::uint64_t byte, files::LockMode mode);
   void LookForChanges();
   bool MayWrite() const { return read_only_reason_.empty(); }
-  bool IsInterrupted();
-  void FinishInterrupted();
+  bool HasActiveJournal();
+  void RecoverJournal();
   void RaiseCounter();
   void EndTransaction() noexcept;
 

@@ -6,11 +6,11 @@
 #include <functional>
 #include <random>
 
-#include "files/failing_file_system.h"
-#include "files/forgetting_file_system.h"
 #include "files/recovery.h"
 #include "files/replace_file.h"
 #include "project_change.h"
+#include "tests/support/failing_file_system.h"
+#include "tests/support/forgetting_file_system.h"
 
 namespace files {
 namespace {

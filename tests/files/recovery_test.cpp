@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "files/failing_file_system.h"
 #include "project_change.h"
+#include "tests/support/failing_file_system.h"
 
 namespace files {
 namespace {

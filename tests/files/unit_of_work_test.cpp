@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
 #include "platform/error.h"
 #include "tests/support/any_file.h"
+#include "tests/support/failing_file_system.h"
 
 namespace files {
 namespace {

@@ -4,11 +4,11 @@
 
 #include <functional>
 
-#include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
 #include "files/recovery.h"
 #include "jet/database.h"
 #include "tests/jet/plant_tables.h"
+#include "tests/support/failing_file_system.h"
 
 namespace jet {
 namespace {

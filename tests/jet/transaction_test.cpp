@@ -4,11 +4,11 @@
 
 #include <random>
 
-#include "files/failing_file_system.h"
-#include "files/forgetting_file_system.h"
 #include "files/memory_file_system.h"
 #include "jet/database.h"
 #include "tests/jet/plant_tables.h"
+#include "tests/support/failing_file_system.h"
+#include "tests/support/forgetting_file_system.h"
 
 namespace jet {
 namespace {

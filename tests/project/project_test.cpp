@@ -5,11 +5,11 @@
 
 #include <string>
 
-#include "files/failing_file_system.h"
 #include "files/memory_file_system.h"
 #include "project/new_project.h"
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
+#include "tests/support/failing_file_system.h"
 #include "tests/support/sample_plant.h"
 
 namespace project {

@@ -7,8 +7,8 @@
 #include <string>
 #include <tuple>
 
-#include "files/failing_file_system.h"
 #include "tests/recordset/row_text.h"
+#include "tests/support/failing_file_system.h"
 #include "tests/support/memory_database.h"
 
 namespace recordset {

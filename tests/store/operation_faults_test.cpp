@@ -10,9 +10,9 @@
 #include <random>
 #include <string>
 
-#include "files/failing_file_system.h"
-#include "files/forgetting_file_system.h"
 #include "tests/support/code_model_wrappers.h"
+#include "tests/support/failing_file_system.h"
+#include "tests/support/forgetting_file_system.h"
 #include "tests/support/formula_project.h"
 
 namespace store {

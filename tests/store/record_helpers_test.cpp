@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "files/failing_file_system.h"
 #include "store/ado_fro.h"
+#include "tests/support/failing_file_system.h"
 #include "tests/support/memory_database.h"
 
 namespace store {

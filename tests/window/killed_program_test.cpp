@@ -12,8 +12,8 @@
 #include <set>
 #include <string>
 
-#include "files/failing_file_system.h"
 #include "files/replace_file.h"
+#include "tests/support/failing_file_system.h"
 #include "tests/window/desktop_program.h"
 
 namespace {

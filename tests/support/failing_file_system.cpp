@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "files/failing_file_system.h"
+#include "tests/support/failing_file_system.h"
 
 #include <algorithm>
 #include <optional>

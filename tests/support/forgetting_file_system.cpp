@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "files/forgetting_file_system.h"
+#include "tests/support/forgetting_file_system.h"
 
 #include <algorithm>
 
