@@ -52,6 +52,25 @@ std::int32_t WhyNoFormula(platform::CodeModule& module, const SubLocation& sub) 
   return 0;
 }
 
+// The text that says what a member is.
+std::int32_t KindText(platform::CodeModule& module, const platform::Member& member) {
+  switch (member.type) {
+    case platform::MemberType::kProperty:
+      return kTextProperty;
+    case platform::MemberType::kVariable:
+      return kTextVariable;
+    case platform::MemberType::kEvent:
+      return kTextEvent;
+    case platform::MemberType::kConst:
+      return kTextConstant;
+    case platform::MemberType::kMethod:
+      break;
+  }
+  if (FindSub(module, member.name)) return kTextSub;
+  const bool is_declared = member.code_location <= module.CountOfDeclarationLines();
+  return is_declared ? kTextExternalProcedure : kTextFunction;
+}
+
 }  // namespace
 
 // --- Formulas whose rows changed ---
@@ -125,8 +144,11 @@ void CodeSync::RequireFree(const Place& place, std::string_view name) {
   if (member || IsTypeName(place, name)) {
     const std::string where =
         member ? " (" + place.File() + ":" + std::to_string(member->code_location) + ")" : "";
-    report_.Refuse(kTextNameTaken,
-                   {{"<Class>", place.prog_id}, {"<Name>", name}, {"<Where>", where}});
+    const std::string kind =
+        report_.texts().Text(member ? KindText(*place.module, *member) : kTextTypeOrEnumeration);
+    report_.Refuse(
+        kTextNameTaken,
+        {{"<Class>", place.prog_id}, {"<Name>", name}, {"<Kind>", kind}, {"<Where>", where}});
   }
   if (const IdentifierHint hint = CheckIdentifier(name)) {
     report_.Refuse(HintText(hint.problem), {{"<Name>", name}, {"<Character>", hint.character}});

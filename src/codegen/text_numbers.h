@@ -32,6 +32,16 @@ inline constexpr std::int32_t kTextHasParameters = 1114;
 inline constexpr std::int32_t kTextNotPublic = 1115;
 inline constexpr std::int32_t kTextInConditionalBlock = 1116;
 
+// What a name stands for, behind "as".
+inline constexpr std::int32_t kTextSub = 1140;
+inline constexpr std::int32_t kTextFunction = 1141;
+inline constexpr std::int32_t kTextExternalProcedure = 1142;
+inline constexpr std::int32_t kTextProperty = 1143;
+inline constexpr std::int32_t kTextVariable = 1144;
+inline constexpr std::int32_t kTextEvent = 1145;
+inline constexpr std::int32_t kTextConstant = 1146;
+inline constexpr std::int32_t kTextTypeOrEnumeration = 1147;
+
 // Says what is wrong with the name <Name>, because of its <Character>.
 // REQUIRES: problem is not kNone.
 constexpr std::int32_t HintText(IdentifierProblem problem) {

@@ -21,9 +21,9 @@ std::span<const Row> CodegenRows() {
        "stehen.",
        "<File>:<Line> does not declare <Name> alone as a public variable; the line was left."},
       {1105,
-       "<Class> enthält <Name> schon als etwas anderes<Where>. Wählen Sie einen "
+       "<Class> enthält <Name> schon als <Kind><Where>. Wählen Sie einen "
        "anderen Namen, oder benennen Sie es in der Klasse um.",
-       "<Class> already holds <Name> as something else<Where>. Choose another name, "
+       "<Class> already holds <Name> as <Kind><Where>. Choose another name, "
        "or rename it in the class."},
       {1106,
        "<File>:<Line> hat <Count> Zeichen; Visual Basic nimmt höchstens 1023 an. Kürzen Sie die "
@@ -101,6 +101,14 @@ std::span<const Row> CodegenRows() {
        "einen Alias mit einem Buchstaben.",
        "<Name> is no name for Visual Basic and is declared in no class. Choose an alias with a "
        "letter."},
+      {1140, "Sub", "a Sub"},
+      {1141, "Function", "a Function"},
+      {1142, "externe Prozedur", "an external procedure"},
+      {1143, "Eigenschaft", "a property"},
+      {1144, "Variable", "a variable"},
+      {1145, "Ereignis", "an event"},
+      {1146, "Konstante", "a constant"},
+      {1147, "Typ oder Aufzählung", "a type or an enumeration"},
   });
   return kRows;
 }

@@ -98,10 +98,10 @@ TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
       {"formula: name is there", add({"filltank", kClass}), 1006, kClass},
       {"formula: no such class", add({"A", "PumpServer.CX"}), 1005, "PumpServer.CX"},
       {"formula: no class", add({"A", ""}), 1005, ""},
-      {"formula: variable of that name", add({"mCount", kClass}), 1105, "mCount"},
-      {"formula: alias of that name", add({"Level", kClass}), 1105, "Level"},
+      {"formula: variable of that name", add({"mCount", kClass}), 1105, "mCount as a variable"},
+      {"formula: alias of that name", add({"Level", kClass}), 1105, "as a variable"},
       {"formula: call type", add({"A", kClass, 8}), 1009, "8"},
-      {"rename: onto another sub", edit(1, [](auto& v) { v.name = "Tick"; }), 1105, "Tick"},
+      {"rename: onto another sub", edit(1, [](auto& v) { v.name = "Tick"; }), 1105, "as a Sub"},
       {"rename: onto another formula", edit(1, [](auto& v) { v.name = "DRAINTANK"; }), 1006,
        "DRAINTANK"},
       {"move: no such class", edit(1, [](auto& v) { v.prog_id = "X.Y"; }), 1005, "X.Y"},
@@ -434,7 +434,9 @@ TEST_F(OperationsTest, RefusesNamesOfTypesAndElements) {
   const std::int32_t formula = Do(operations().AddFormula({"Mix", "PumpServer.CTank"})).id();
   const ArgumentValues values[] = {{manual, true, false}};
   EXPECT_EQ(operations().AddArguments(formula, values).text_id, 1016);
-  EXPECT_EQ(operations().AddFormula({"emode", "PumpServer.CTank"}).text_id, 1105);
+  const auto refused = operations().AddFormula({"emode", "PumpServer.CTank"});
+  EXPECT_EQ(refused.text_id, 1105);
+  EXPECT_NE(refused.message.find("a type or an enumeration"), std::string::npos) << refused.message;
 }
 
 TEST_F(OperationsTest, MovesOntoASubOnlyIfItCanBeAFormula) {
