@@ -24,7 +24,7 @@ int Run(files::FileSystem& system, const std::string& folder) {
   const files::Reach is_ours = [target = files::ResolveTarget(system, two)](
                                    const std::string& path) { return path == target; };
   const files::RecoveryPlan found = files::Recover(system, one, is_ours);
-  if (!found.message.empty()) std::cout << found.message << '\n';
+  if (!found.message.empty()) std::cout << found.message.English() << '\n';
 
   files::ChangeSet changes;
   for (const std::string& path : {one, two}) {
