@@ -3,12 +3,18 @@
 # found only by targets that state the folder as a dependency: each target publishes an include
 # root of its own that holds nothing but a link to its folder.
 
-# ov_layer(NAME [CORE] SOURCES... DEPENDS targets... PRIVATE_DEPENDS targets...)
+# ov_layer(NAME [CORE] SOURCES... DEPENDS targets... PRIVATE_DEPENDS targets... NEVER layers...)
+# DEPENDS names what the layer's headers include, PRIVATE_DEPENDS what only its sources do, NEVER
+# what it does not even link through others; tests/layers compares all three with the sources.
 # A layer without sources is an interface library. A CORE layer finds cmake/forbidden before the
 # system's headers: what it holds are the toolkit, file-system and operating-system headers, each
 # an error. (Not on Windows, whose standard library includes some of them itself.)
 function(ov_layer name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "CORE" "" "SOURCES;DEPENDS;PRIVATE_DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "CORE" "" "SOURCES;DEPENDS;PRIVATE_DEPENDS;NEVER")
+  set_property(GLOBAL APPEND PROPERTY OV_LAYERS ${name})
+  foreach(kind DEPENDS PRIVATE_DEPENDS NEVER)
+    set_property(GLOBAL PROPERTY OV_${name}_${kind} "${arg_${kind}}")
+  endforeach()
   set(root ${CMAKE_BINARY_DIR}/include/${name})
   file(MAKE_DIRECTORY ${root})
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${name} ${root}/${name} SYMBOLIC)

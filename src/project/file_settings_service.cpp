@@ -21,7 +21,7 @@ FileSettingsService::FileSettingsService(files::FileSystem& system,
 
 FileSettingsService::~FileSettingsService() = default;
 
-settings::IniDocument* FileSettingsService::Read(const std::string& path) {
+IniDocument* FileSettingsService::Read(const std::string& path) {
   // The user's own file may be a link; what stands in a project's folder may come from anybody.
   if (path.empty() || (path != registry_file_ && system_.IsLink(path))) return nullptr;
   Cached& cached = cache_[path];
@@ -30,7 +30,7 @@ settings::IniDocument* FileSettingsService::Read(const std::string& path) {
     if (cached.document && stamp == cached.stamp) return cached.document.get();
     cached.document.reset();
     const std::string bytes = stamp ? files::ReadFile(system_, path, kLargestFile) : std::string();
-    cached.document = std::make_unique<settings::IniDocument>(bytes);
+    cached.document = std::make_unique<IniDocument>(bytes);
     cached.stamp = stamp;
     return cached.document.get();
   } catch (const files::Error&) {
@@ -40,7 +40,7 @@ settings::IniDocument* FileSettingsService::Read(const std::string& path) {
 
 std::string FileSettingsService::ReadIni(std::string_view file, std::string_view section,
                                          std::string_view entry, std::string_view fallback) {
-  const settings::IniDocument* document = Read(std::string(file));
+  const IniDocument* document = Read(std::string(file));
   const auto value = document ? document->Get(section, entry) : std::nullopt;
   return value.value_or(std::string(fallback));
 }
@@ -60,7 +60,7 @@ bool FileSettingsService::WriteIniSection(std::string_view file, std::string_vie
     if (const std::string folder = system_.Folder(path); !folder.empty())
       system_.CreateDirectories(folder);
     files::UpdateFile(system_, path, [&](const std::string& before) {
-      settings::IniDocument document(before);
+      IniDocument document(before);
       for (const IniEntry& entry : entries) document.Set(section, entry.entry, entry.value);
       return document.Bytes();
     });

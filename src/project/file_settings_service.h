@@ -11,7 +11,7 @@
 
 #include "files/file_system.h"
 #include "platform/studio.h"
-#include "settings/ini_document.h"
+#include "project/ini_document.h"
 
 namespace project {
 
@@ -46,11 +46,11 @@ class FileSettingsService final : public platform::SettingsService {
  private:
   struct Cached {
     std::optional<files::FileStamp> stamp;
-    std::unique_ptr<settings::IniDocument> document;
+    std::unique_ptr<IniDocument> document;
   };
 
   // The document as the file is now; null when it cannot be read.
-  settings::IniDocument* Read(const std::string& path);
+  IniDocument* Read(const std::string& path);
 
   files::FileSystem& system_;
   std::string registry_file_;  // "" without a configuration folder

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "settings/ini_encoding.h"
+#include "project/ini_encoding.h"
 
 #include <algorithm>
 #include <cstdint>
 
 #include "platform/text.h"
 
-namespace settings {
+namespace project {
 
 namespace {
 
@@ -111,4 +111,4 @@ std::optional<std::string> Encode(std::string_view text, IniEncoding encoding) {
   return std::string(text);
 }
 
-}  // namespace settings
+}  // namespace project

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "settings/ini_document.h"
+#include "project/ini_document.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "platform/text.h"
 
-namespace settings {
+namespace project {
 
 namespace {
 
@@ -156,4 +156,4 @@ std::string IniDocument::Bytes() const {
   return bytes;
 }
 
-}  // namespace settings
+}  // namespace project

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace settings {
+namespace project {
 
 // Encodings of INI files. Without a mark a file is Windows-1252.
 enum class IniEncoding { kWindows1252, kUtf8, kUtf16Le, kUtf16Be };
@@ -22,4 +22,4 @@ std::string Decode(std::string_view bytes, IniEncoding encoding);
 // Encoded form of UTF-8 text; nothing when a character does not exist in Windows-1252.
 std::optional<std::string> Encode(std::string_view text, IniEncoding encoding);
 
-}  // namespace settings
+}  // namespace project

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/ini_document.h"
+#include "project/ini_document.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace settings {
+namespace project {
 namespace {
 
 std::string Utf16(std::string_view text) {
@@ -153,4 +153,4 @@ TEST(IniDocument, StaysFastInAHugeFile) {
 }
 
 }  // namespace
-}  // namespace settings
+}  // namespace project

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "settings/ini_encoding.h"
+#include "project/ini_encoding.h"
 
-namespace settings {
+namespace project {
 
 // An INI file: bytes in, bytes out, without the file. Every line that is not set keeps its bytes,
 // whatever they are. Names of sections and entries compare without regard to case; of repeated
@@ -54,4 +54,4 @@ class IniDocument {
   std::unordered_map<std::string, Section> sections_;  // by folded name
 };
 
-}  // namespace settings
+}  // namespace project
