@@ -60,9 +60,9 @@ Message Describe(const InspectedFile& file) {
   return {message::kFileEdited,
           {{"<Path>", file.path},
            {"<Time>", Utc(file.modified_ns)},
-           {"<MessageNow>", Bytes(file.now)},
-           {"<MessageBefore>", Bytes(file.whole.before)},
-           {"<MessageAfter>", Bytes(file.whole.after)}}};
+           {"<Now>", Bytes(file.now)},
+           {"<Before>", Bytes(file.whole.before)},
+           {"<After>", Bytes(file.whole.after)}}};
 }
 
 Message DescribeConflict(const std::string& database, const Inspection& inspection) {

@@ -148,7 +148,7 @@ void IndexChecker::CheckEntry(PageNumber page, ByteView entry) {
   const ByteView key = entry.first(entry.size() - kRowReferenceSize);
   const ByteView last = ByteView(last_).first(last_.size() - kRowReferenceSize);
   if (unique_ && !IsAllNull(key) && CompareBytes(key, last) == 0) {
-    Report(page, {message::kKeyTwice, {{"<MessageRow>", RowName(RowOfEntry(entry))}}});
+    Report(page, {message::kKeyTwice, {{"<Row>", RowName(RowOfEntry(entry))}}});
   }
 }
 
@@ -191,7 +191,7 @@ void IndexChecker::ExpectEntry(ByteView key, RowId row) {
       ++expected_;
       return;
     }
-    Report(page.number(), {message::kEntryLacking, {{"<MessageRow>", RowName(row)}}});
+    Report(page.number(), {message::kEntryLacking, {{"<Row>", RowName(row)}}});
   } catch (const Error& error) {
     if (!broken_) Report(error.place().page, error.cause());
     broken_ = true;
@@ -213,8 +213,7 @@ int IndexChecker::FindUnexpected(const KeyOf& key_of) {
     const auto key = key_of(cursor.row());
     if (key && CompareBytes(*key, cursor.key()) == 0) continue;
     ++unexpected;
-    Report(tree_.location().root,
-           {message::kEntryWrong, {{"<MessageRow>", RowName(cursor.row())}}});
+    Report(tree_.location().root, {message::kEntryWrong, {{"<Row>", RowName(cursor.row())}}});
   }
   return unexpected;
 }
@@ -224,7 +223,7 @@ void IndexChecker::Finish(const KeyOf& key_of) {
   try {
     const int unexpected = FindUnexpected(key_of);
     for (const RowId row : any_key_) {
-      Report(tree_.location().root, {message::kEntryLacking, {{"<MessageRow>", RowName(row)}}});
+      Report(tree_.location().root, {message::kEntryLacking, {{"<Row>", RowName(row)}}});
     }
     if (entries_ <= expected_ || unexpected > 0) return;
     Report(tree_.location().root,

@@ -16,7 +16,7 @@ IndexTree::IndexTree(Pager& pager, Location location, std::size_t capacity)
 PageRef IndexTree::Read(PageNumber number) const {
   PageRef page = pager_.Read(number);
   if (const messages::Pattern* fault = IndexPage::Fault(page.data())) {
-    ThrowDamaged(pager_.path(), {number, -1}, {message::kInIndex, {{"<MessageFault>", *fault}}});
+    ThrowDamaged(pager_.path(), {number, -1}, {message::kInIndex, {{"<Fault>", *fault}}});
   }
   if (IndexPage(page.data()).Owner() != location_.table) {
     ThrowDamaged(pager_.path(), {number, -1}, message::kIndexOfOtherTable);

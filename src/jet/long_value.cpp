@@ -38,10 +38,9 @@ void Walk(Pager& pager, Place place, std::span<const std::byte> stored, Visit vi
     }
     const bool last = single || next == RowId{};
     if (bytes.size() > left || (last && bytes.size() != left)) {
-      ThrowDamaged(
-          pager.path(), at,
-          {message::kLongValueLength,
-           {{"<MessageLength>", bytes.size() > left ? message::kLonger : message::kShorter}}});
+      ThrowDamaged(pager.path(), at,
+                   {message::kLongValueLength,
+                    {{"<Length>", bytes.size() > left ? message::kLonger : message::kShorter}}});
     }
     visit(record, bytes);
     left -= bytes.size();

@@ -59,7 +59,7 @@ void Session::OpenFile() {
   try {
     files::CheckOneName(system_, path_, files::message::kCannotBeWritten);
     if (const messages::Message user = ForeignUser(); !user.empty()) {
-      read_only_reason_ = {message::kOpenElsewhere, {{"<MessageComputer>", user}}};
+      read_only_reason_ = {message::kOpenElsewhere, {{"<Computer>", user}}};
       read_only_remedy_ = message::kCloseThere;
       return;
     }
@@ -179,7 +179,7 @@ void Session::Begin() {
     try {
       if (const messages::Message user = ForeignUser(); !user.empty()) {
         throw Error(ErrorKind::kLocked, path_, {},
-                    {message::kOpenElsewhere, {{"<MessageComputer>", user}}}, message::kCloseThere);
+                    {message::kOpenElsewhere, {{"<Computer>", user}}}, message::kCloseThere);
       }
       if (readers_ == 0) {
         LockForReading();

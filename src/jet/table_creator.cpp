@@ -67,7 +67,7 @@ void TableCreator::CheckName(const messages::Message& what, const std::string& n
                             std::string_view(".!`[]").find(c) != std::string_view::npos;
                    });
   if (!bad) return;
-  Refuse({message::kNoName, {{"<Name>", name}, {"<MessageKind>", what}}}, message::kGiveName);
+  Refuse({message::kNoName, {{"<Name>", name}, {"<Kind>", what}}}, message::kGiveName);
 }
 
 void TableCreator::CheckIndex(const TableDefinition& definition, const IndexSpec& spec) const {

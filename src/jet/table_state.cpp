@@ -120,7 +120,7 @@ void TableState::Refresh() {
 
 messages::Message TableState::FindReadOnlyReason() const {
   if (!definition_.unknown.empty()) {
-    return {message::kOnlyAccessMaintains, {{"<MessageKind>", definition_.unknown}}};
+    return {message::kOnlyAccessMaintains, {{"<Kind>", definition_.unknown}}};
   }
   for (const Index& index : definition_.indexes) {
     if (index.kind == IndexKind::kRelation) {

@@ -83,12 +83,11 @@ Verifier::Use Verifier::UseOf(const messages::Message& name) {
 
 void Verifier::Reach(PageNumber page, Use use) {
   if (page >= use_of_page_.size()) {
-    Report({page, -1}, {message::kUsedBeyondFile, {{"<MessageUse>", uses_[use]}}});
+    Report({page, -1}, {message::kUsedBeyondFile, {{"<Use>", uses_[use]}}});
     return;
   }
   if (const Use other = use_of_page_[page]; other != 0) {
-    Report({page, -1},
-           {message::kUsedTwice, {{"<MessageUse>", uses_[other]}, {"<MessageOther>", uses_[use]}}});
+    Report({page, -1}, {message::kUsedTwice, {{"<Use>", uses_[other]}, {"<Other>", uses_[use]}}});
     return;
   }
   use_of_page_[page] = use;
@@ -192,7 +191,7 @@ void Verifier::ReachMap(RowId record, const messages::Message& user) {
     const Use maps = UseOf(message::kUsageMaps);
     if (use_of_page_[record.page] != maps) Reach(record.page, maps);
     if (map.is_inline()) return;
-    const Use use = UseOf({message::kUseUsageMap, {{"<MessageUse>", user}}});
+    const Use use = UseOf({message::kUseUsageMap, {{"<Use>", user}}});
     for (std::size_t i = 0; i < map.reference_count(); ++i) {
       const PageNumber bitmap = map.reference(i);
       if (bitmap != 0 && bitmap < pager_.page_count()) Reach(bitmap, use);
@@ -259,8 +258,7 @@ void Verifier::VerifyRow(TableWalk& walk, RowId id, const PageRef& page) {
   try {
     const StoredRow stored = walk.state.reader().At(page, id.slot);
     if (stored.place != id && !walk.references.insert(stored.place).second) {
-      Report({id.page, id.slot},
-             {message::kMovedTwice, {{"<MessagePlace>", RowName(stored.place)}}});
+      Report({id.page, id.slot}, {message::kMovedTwice, {{"<Place>", RowName(stored.place)}}});
     }
     walk.state.reader().Decode(id, stored, walk.state.all_columns(), walk.row);
     VerifyLongValues(walk, id, stored);
@@ -283,7 +281,7 @@ void Verifier::VerifyLongValues(TableWalk& walk, RowId id, const StoredRow& stor
     ForEachLongValueRecord(pager_, place, *view.Bytes(column), [&](RowId record) {
       if (!long_records_.insert(record).second) {
         Report(place, {message::kLongValueShared,
-                       {{"<Column>", column.name}, {"<MessagePlace>", RowName(record)}}});
+                       {{"<Column>", column.name}, {"<Place>", RowName(record)}}});
       }
       if (use_of_page_[record.page] != walk.long_values[i]) {
         Report(place, {message::kLongValueForeignPage,
@@ -361,7 +359,7 @@ void Verifier::CheckFreePages() {
   for (PageNumber page = 0; page < pager_.page_count(); ++page) {
     const bool is_free = free.IsFree(page);
     if (is_free && use_of_page_[page] != 0) {
-      Report({page, -1}, {message::kFreeButUsed, {{"<MessageUse>", uses_[use_of_page_[page]]}}});
+      Report({page, -1}, {message::kFreeButUsed, {{"<Use>", uses_[use_of_page_[page]]}}});
     }
     if (is_free) ++result_.free_pages;
     if (!is_free && use_of_page_[page] == 0) ++result_.leaked_pages;

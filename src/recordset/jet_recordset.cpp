@@ -35,7 +35,7 @@ void JetRecordset::CheckNoEdit(const messages::Pattern& action) const {
   CheckOpen();
   if (edit_mode_ == EditMode::kNone) return;
   Refuse(platform::kErrNotAllowedHere,
-         {message::kRowPending, {{"<MessageAction>", messages::Message(action)}}});
+         {message::kRowPending, {{"<Action>", messages::Message(action)}}});
 }
 
 void JetRecordset::SetSource(std::string_view source) {

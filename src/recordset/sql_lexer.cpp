@@ -48,7 +48,7 @@ void ThrowAt(std::int32_t number, std::string_view source, std::size_t offset,
                               {{"<Position>", characters}, {"<Excerpt>", Excerpt(source, offset)}});
   throw platform::Error(
       platform::ErrorKind::kRefused, number,
-      messages::Message(message::kSyntax, {{"<MessagePlace>", place}, {"<MessageCause>", cause}}));
+      messages::Message(message::kSyntax, {{"<Place>", place}, {"<Cause>", cause}}));
 }
 
 void ThrowSyntax(std::string_view source, std::size_t offset, const messages::Message& cause) {

@@ -115,8 +115,8 @@ std::span<const Row> FileMessageRows() {
        "sie von <Before> auf <After> Byte gebracht; <Count> Stellen sind in keinem der beiden "
        "Stände, die erste bei Byte <First>)."},
       {2075,
-       "<Path> wurde am <Time> von einem anderen Programm geändert (jetzt <MessageNow>; vor der "
-       "Änderung <MessageBefore>, danach <MessageAfter>)."},
+       "<Path> wurde am <Time> von einem anderen Programm geändert (jetzt <Now>; vor der "
+       "Änderung <Before>, danach <After>)."},
       {2076, "<Count> Byte"},
       {2077, "keine Datei"},
       {2078, "Es wurde nichts geändert."},

@@ -30,7 +30,7 @@ std::span<const Row> RecordsetMessageRows() {
       {2621, "Die Datensatzgruppe ist geschlossen; öffnen Sie sie zuerst."},
       {2622,
        "Eine geänderte Zeile ist noch nicht gespeichert; speichern oder verwerfen Sie sie zuerst "
-       "(<MessageAction>)."},
+       "(<Action>)."},
       {2623, "Schließen"},
       {2624, "Löschen"},
       {2625, "Filtern"},
@@ -74,7 +74,7 @@ std::span<const Row> RecordsetMessageRows() {
       {2649, "Das Feld \"<Field>\" hat einen Typ, der sich nicht schreiben lässt."},
       {2650, "Eine Spalte vom Datentyp <Type> lässt sich nicht anlegen."},
       // Queries and criteria.
-      {2660, "Fehler in der Abfrage oder im Kriterium <MessagePlace>: <MessageCause>."},
+      {2660, "Fehler in der Abfrage oder im Kriterium <Place>: <Cause>."},
       {2661, "bei Zeichen <Position> (\"<Excerpt>\")"},
       {2662, "bei Zeichen <Position> (am Ende)"},
       {2663,

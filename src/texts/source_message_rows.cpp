@@ -18,13 +18,12 @@ std::span<const Row> SourceMessageRows() {
       {2807, "Berichtigen Sie die Gruppe."},
       {2808, "<Path> und <Other> sind beide das Projekt <Name>."},
       {2809, "Nennen Sie das gemeinte (--vbp)."},
-      {2810,
-       "Das Zeichen<Character> (<Code>) für <MessagePlace> ist nicht in der Codepage <Number>."},
+      {2810, "Das Zeichen<Character> (<Code>) für <Place> ist nicht in der Codepage <Number>."},
       {2812,
        "Nehmen Sie ein anderes Zeichen, oder öffnen Sie das Projekt mit der Codepage, in der es "
        "geschrieben ist (--code-page)."},
       {2813,
-       "Der Text für <MessagePlace> hat <Count> Zeichen; Visual Basic erlaubt 1023 in einer "
+       "Der Text für <Place> hat <Count> Zeichen; Visual Basic erlaubt 1023 in einer "
        "Zeile."},
       {2814, "Zeile <Line> von <Path>"},
       {2815, "Kürzen Sie ihn."},

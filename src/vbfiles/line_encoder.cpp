@@ -33,7 +33,7 @@ messages::Message PlaceOf(const LinePlace& place) {
                         Joined({message::kNotInCodePage,
                                 {{"<Character>", shown},
                                  {"<Code>", CodePointName(character)},
-                                 {"<MessagePlace>", PlaceOf(place)},
+                                 {"<Place>", PlaceOf(place)},
                                  {"<Number>", page.number()}}},
                                message::kUseOtherCharacter));
 }
@@ -51,10 +51,10 @@ std::string EncodeLine(std::string_view text, const LinePlace& place, const Code
     lacking += shown;
   }
   if (bytes.size() > kLongestLine) {
-    throw platform::Error(platform::ErrorKind::kRefused, kErrInvalidCall,
-                          Joined({message::kLineTooLong,
-                                  {{"<MessagePlace>", PlaceOf(place)}, {"<Count>", bytes.size()}}},
-                                 message::kShorten));
+    throw platform::Error(
+        platform::ErrorKind::kRefused, kErrInvalidCall,
+        Joined({message::kLineTooLong, {{"<Place>", PlaceOf(place)}, {"<Count>", bytes.size()}}},
+               message::kShorten));
   }
   return bytes;
 }
