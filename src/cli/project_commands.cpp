@@ -153,7 +153,7 @@ void RefuseForeignUser(files::FileSystem& system, const std::string& path) {
   const messages::Message user = jet::FindForeignUser(system, database, *file);
   if (user.empty()) return;
   throw jet::Error(jet::ErrorKind::kLocked, path, {},
-                   {jet::message::kOpenElsewhere, {{"<MessageComputer>", user}}},
+                   {jet::message::kOpenElsewhere, {{"<Computer>", user}}},
                    jet::message::kCloseThere);
 }
 
