@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "files/replace_file.h"
 
+#include <algorithm>
+#include <chrono>
 #include <span>
 #include <thread>
 
@@ -148,7 +150,7 @@ void ReplaceVersion(FileSystem& system, const std::string& path, std::string_vie
 
 void UpdateFile(FileSystem& system, const std::string& path,
                 const std::function<std::string(const std::string& before)>& change) {
-  constexpr int kAttempts = 100;
+  constexpr int kAttempts = 100, kLongestPauseMs = 20;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const bool exists = system.Exists(path);
     const std::string before = exists ? ReadFile(system, path) : std::string();
@@ -161,7 +163,8 @@ void UpdateFile(FileSystem& system, const std::string& path,
       const bool again = error.kind() == ErrorKind::kConflict || error.kind() == ErrorKind::kExists;
       if (!again || attempt + 1 == kAttempts) throw;
     }
-    std::this_thread::yield();
+    // Whoever has the file waits for the medium.
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(attempt, kLongestPauseMs)));
   }
 }
 
