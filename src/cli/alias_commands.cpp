@@ -4,7 +4,7 @@
 
 #include "cli/alias_list.h"
 #include "cli/commands.h"
-#include "cli/project_session.h"
+#include "cli/opened_project.h"
 #include "platform/text.h"
 #include "store/alias_proposals.h"
 
@@ -12,10 +12,10 @@ namespace cli {
 
 namespace {
 
-using Use = ProjectSession::Use;
+using Use = OpenedProject::Use;
 
 int RunList(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kRows);
+  OpenedProject session(invocation, Use::kRows);
   RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ID", "ItemID", "VBAlias"});
   session.operations().ForEachAlias([&](const store::AliasRecord& alias) {
     writer.Write({std::int64_t{alias.id}, alias.item_id, alias.vb_alias});
@@ -31,7 +31,7 @@ AliasList GivenAliases(Invocation& invocation) {
 }
 
 // Proposes the aliases that are missing, each free of those before it.
-void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
+void Propose(OpenedProject& session, std::vector<store::AliasValues>& values) {
   store::AliasProposals proposals(session.operations());
   for (store::AliasValues& alias : values) {
     if (session.Interrupted()) throw InterruptedError();
@@ -44,7 +44,7 @@ void Propose(ProjectSession& session, std::vector<store::AliasValues>& values) {
 }
 
 int RunAdd(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   auto [values, given] = GivenAliases(invocation);
   if (!invocation.Has("ALIAS")) Propose(session, values);
   const auto result = session.operations().AddAliases(values, session.MakeOptions());
@@ -61,7 +61,7 @@ int RunAdd(Invocation& invocation) {
 }
 
 int RunEdit(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const auto alias = session.Alias(invocation.Argument("ALIAS"));
   store::AliasValues values = alias;
   if (const auto item = invocation.Option("--item")) values.item_id = *item;
@@ -71,7 +71,7 @@ int RunEdit(Invocation& invocation) {
 }
 
 int RunDelete(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const auto names = invocation.Arguments("ALIAS");
   const auto ids = session.AliasIds(names);
   session.ReportList(
@@ -82,7 +82,7 @@ int RunDelete(Invocation& invocation) {
 }
 
 int RunUses(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kRows);
+  OpenedProject session(invocation, Use::kRows);
   const auto alias = session.Alias(invocation.Argument("ALIAS"));
   RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ID", "Name", "ProgID"});
   for (const store::FormulaRecord& formula : session.operations().UsesOfAlias(alias.id)) {

@@ -3,17 +3,17 @@
 #include <unordered_set>
 
 #include "cli/commands.h"
-#include "cli/project_session.h"
+#include "cli/opened_project.h"
 #include "platform/text.h"
 
 namespace cli {
 
 namespace {
 
-using Use = ProjectSession::Use;
+using Use = OpenedProject::Use;
 
 int RunList(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kRows);
+  OpenedProject session(invocation, Use::kRows);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
   RowWriter writer(invocation.console().out, invocation.ListFormat(),
                    {"ID", "ParentID", "AliasID", "VBAlias", "ItemID", "In", "Out"});
@@ -27,7 +27,7 @@ int RunList(Invocation& invocation) {
 }
 
 int RunAdd(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
   const std::vector<Given> names = invocation.Arguments("ALIAS");
   std::vector<store::ArgumentValues> values;
@@ -55,7 +55,7 @@ int RunAdd(Invocation& invocation) {
 int RunEdit(Invocation& invocation) {
   const auto in = invocation.Switch("--in", "--no-in"),
              out = invocation.Switch("--out", "--no-out");
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
   const auto argument = session.Argument(formula, invocation.Argument("ALIAS"));
   store::ArgumentValues values = argument;
@@ -67,7 +67,7 @@ int RunEdit(Invocation& invocation) {
 }
 
 int RunDelete(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
   const auto ids = session.ArgumentIds(formula, invocation.Arguments("ALIAS"));
   session.Report(session.operations().DeleteArguments(ids, session.MakeOptions()));

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "cli/command.h"
-#include "cli/text_numbers.h"
+#include "cli/command_texts.h"
 
 namespace cli {
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "cli/commands.h"
-#include "cli/project_session.h"
+#include "cli/opened_project.h"
+#include "platform/prog_id.h"
 #include "platform/text.h"
 
 namespace cli {
@@ -12,7 +13,7 @@ namespace {
 
 using store::FormulaRecord;
 using store::FormulaValues;
-using Use = ProjectSession::Use;
+using Use = OpenedProject::Use;
 
 const std::vector<std::string> kColumns = {"ID",       "Name",    "ProgID", "Type",
                                            "ScanTime", "Enabled", "Comment"};
@@ -51,7 +52,7 @@ std::optional<std::int32_t> TypeOption(Invocation& invocation) {
   throw UsageError(invocation.Text(kTextUnknownType, {{"<Word>", *given}, {"<Choices>", choices}}));
 }
 
-std::string OnlyClass(Invocation& invocation, ProjectSession& session) {
+std::string OnlyClass(Invocation& invocation, OpenedProject& session) {
   const auto classes = session.operations().Classes().classes;
   if (classes.size() == 1) return classes.front().prog_id;
   if (classes.empty()) throw CommandError(kRefused, invocation.Text(kTextNoClasses));
@@ -60,7 +61,7 @@ std::string OnlyClass(Invocation& invocation, ProjectSession& session) {
   throw CommandError(kRefused, invocation.Text(kTextClassNeeded, {{"<Choices>", choices}}));
 }
 
-void ReadValues(Invocation& invocation, ProjectSession& session, FormulaValues& values) {
+void ReadValues(Invocation& invocation, OpenedProject& session, FormulaValues& values) {
   if (const auto name = invocation.Option("--name")) values.name = *name;
   if (const auto prog_id = invocation.Option("--class")) values.prog_id = session.Class(*prog_id);
   if (const auto type = TypeOption(invocation)) values.type = *type;
@@ -72,15 +73,11 @@ void ReadValues(Invocation& invocation, ProjectSession& session, FormulaValues& 
 int RunList(Invocation& invocation) {
   const auto type = TypeOption(invocation);
   const auto prog_id = invocation.Option("--class");
-  ProjectSession session(invocation, Use::kRows);
+  OpenedProject session(invocation, Use::kRows);
   RowWriter writer(invocation.console().out, invocation.ListFormat(), kColumns);
   session.operations().ForEachFormula([&](const FormulaRecord& formula) {
-    const std::string class_name = formula.prog_id.substr(formula.prog_id.find('.') + 1);
     if (type && formula.type != *type) return;
-    if (prog_id && !platform::EqualsIgnoringCase(*prog_id, formula.prog_id) &&
-        !platform::EqualsIgnoringCase(*prog_id, class_name)) {
-      return;
-    }
+    if (prog_id && !platform::ProgId(formula.prog_id).IsNamed(*prog_id)) return;
     writer.Write(FormulaCells(formula));
   });
   writer.Finish();
@@ -98,7 +95,7 @@ std::string ArgumentJson(const store::ArgumentRecord& argument) {
 }
 
 int RunShow(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kRows);
+  OpenedProject session(invocation, Use::kRows);
   const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
   const auto arguments = session.operations().ArgumentsOf(formula.id);
   const auto cells = FormulaCells(formula);
@@ -124,7 +121,7 @@ int RunShow(Invocation& invocation) {
 }
 
 int RunAdd(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   FormulaValues values;
   ReadValues(invocation, session, values);
   if (!invocation.Has("--class")) values.prog_id = OnlyClass(invocation, session);
@@ -137,7 +134,7 @@ int RunAdd(Invocation& invocation) {
 }
 
 int RunEdit(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
   FormulaValues values = formula;
   ReadValues(invocation, session, values);
@@ -148,14 +145,14 @@ int RunEdit(Invocation& invocation) {
 }
 
 int RunDelete(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kChange);
+  OpenedProject session(invocation, Use::kChange);
   const auto ids = session.FormulaIds(invocation.Arguments("FORMULA"));
   session.Report(session.operations().DeleteFormulas(ids, session.MakeOptions()));
   return kDone;
 }
 
 int RunCode(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kCode);
+  OpenedProject session(invocation, Use::kCode);
   const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
   std::string text = session.project().code().FunctionText(formula.prog_id, formula.name, true);
   if (text.empty()) {

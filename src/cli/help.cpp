@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "cli/command_texts.h"
 #include "cli/parser.h"
-#include "cli/text_numbers.h"
 
 namespace cli {
 

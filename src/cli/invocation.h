@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/command_texts.h"
 #include "cli/console.h"
 #include "cli/parser.h"
 #include "cli/row_writer.h"
-#include "cli/text_numbers.h"
 #include "texts/text_table.h"
 
 namespace cli {

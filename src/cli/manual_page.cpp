@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "cli/command_texts.h"
 #include "cli/help.h"
-#include "cli/text_numbers.h"
 
 namespace cli {
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/command_texts.h"
 #include "cli/suggest.h"
-#include "cli/text_numbers.h"
 
 namespace cli {
 

@@ -2,8 +2,8 @@
 // ovformula open, new, class, report, recover.
 #include "cli/commands.h"
 #include "cli/desktop.h"
+#include "cli/opened_project.h"
 #include "cli/progress.h"
-#include "cli/project_session.h"
 #include "cli/unified_diff.h"
 #include "files/file_identity.h"
 #include "files/recovery.h"
@@ -19,7 +19,7 @@ namespace cli {
 
 namespace {
 
-using Use = ProjectSession::Use;
+using Use = OpenedProject::Use;
 
 int RunOpen(Invocation& invocation) { return OpenDesktop(invocation); }
 
@@ -56,7 +56,7 @@ int RunNew(Invocation& invocation) {
 }
 
 int RunClassList(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kCode);
+  OpenedProject session(invocation, Use::kCode);
   const store::ClassList list = session.operations().Classes();
   RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ProgID", "File"});
   for (const store::ClassEntry& entry : list.classes) writer.Write({entry.prog_id, entry.file});
@@ -82,7 +82,7 @@ void CheckOutput(Invocation& invocation, project::Project& project, const std::s
 }
 
 int RunReport(Invocation& invocation) {
-  ProjectSession session(invocation, Use::kCode);
+  OpenedProject session(invocation, Use::kCode);
   project::Project& project = session.project();
   Console& console = invocation.console();
   const auto output = invocation.Option("--output");

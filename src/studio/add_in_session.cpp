@@ -3,6 +3,7 @@
 
 #include "files/error.h"
 #include "platform/error.h"
+#include "platform/prog_id.h"
 #include "project/report.h"
 #include "store/ado_fro.h"
 #include "studio/window_texts.h"
@@ -23,7 +24,7 @@ class AddInSession::Reports final : public platform::ObjectFactory {
   explicit Reports(AddInSession& session) : session_(session) {}
 
   std::shared_ptr<platform::Object> Create(std::string_view prog_id) override {
-    if (prog_id != kReportProgId) {
+    if (!(platform::ProgId(prog_id) == platform::ProgId(kReportProgId))) {
       throw platform::Error(platform::ErrorKind::kNotFound, kCannotCreateObject,
                             files::CausedBy(vbfiles::message::kCannotCreateObject,
                                             messages::Message::Verbatim(prog_id)));

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "cli/command_texts.h"
 #include "cli/parser.h"
-#include "cli/text_numbers.h"
 #include "tests/cli/transcript.h"
 
 using namespace cli;

@@ -25,10 +25,10 @@ std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own);
 std::vector<OptionSpec> CodeOptions(std::vector<OptionSpec> own);
 
 // An open project and the call it serves.
-class ProjectSession {
+class OpenedProject {
  public:
   enum class Use { kRows, kCode, kChange };
-  ProjectSession(Invocation& invocation, Use use);
+  OpenedProject(Invocation& invocation, Use use);
 
   project::Project& project() { return *project_; }
   store::Operations& operations() { return project_->operations(); }

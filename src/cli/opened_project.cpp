@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/project_session.h"
+#include "cli/opened_project.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,6 +12,7 @@
 #include "cli/suggest.h"
 #include "cli/unified_diff.h"
 #include "files/change_set.h"
+#include "platform/prog_id.h"
 #include "platform/text.h"
 #include "project/skipped_items.h"
 #include "project/user_folders.h"
@@ -23,10 +24,10 @@ namespace {
 constexpr OptionSpec kVbp{"--vbp", "FILE", kTextOptVbp, true};
 constexpr OptionSpec kCodePage{"--code-page", "NUMBER", kTextOptCodePage};
 
-project::ProjectOptions OptionsFor(Invocation& invocation, ProjectSession::Use use) {
+project::ProjectOptions OptionsFor(Invocation& invocation, OpenedProject::Use use) {
   project::ProjectOptions options = OptionsOf(invocation);
-  options.with_code = use != ProjectSession::Use::kRows && !invocation.Has("--no-code");
-  options.read_only = use != ProjectSession::Use::kChange;
+  options.with_code = use != OpenedProject::Use::kRows && !invocation.Has("--no-code");
+  options.read_only = use != OpenedProject::Use::kChange;
   return options;
 }
 
@@ -55,14 +56,6 @@ std::optional<std::int32_t> ParseId(std::string_view name) {
 
 std::string FullName(const store::FormulaRecord& formula) {
   return formula.prog_id.empty() ? formula.name : formula.prog_id + "." + formula.name;
-}
-
-// Whether "CLASS" or "PROJECT.CLASS" names the class of a ProgID.
-bool NamesClass(std::string_view given, std::string_view prog_id) {
-  if (platform::EqualsIgnoringCase(given, prog_id)) return true;
-  const auto point = prog_id.find('.');
-  return point != std::string_view::npos &&
-         platform::EqualsIgnoringCase(given, prog_id.substr(point + 1));
 }
 
 // A value as JSON-like plain text of the dry run.
@@ -94,7 +87,7 @@ std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
   return own;
 }
 
-ProjectSession::ProjectSession(Invocation& invocation, Use use)
+OpenedProject::OpenedProject(Invocation& invocation, Use use)
     : invocation_(invocation),
       project_(std::make_unique<project::Project>(invocation.console().files,
                                                   invocation.Argument("PROJECT.ovs"),
@@ -106,7 +99,7 @@ ProjectSession::ProjectSession(Invocation& invocation, Use use)
   }
 }
 
-store::OperationOptions ProjectSession::BaseOptions() {
+store::OperationOptions OpenedProject::BaseOptions() {
   store::OperationOptions options;
   options.with_rows_only = invocation_.Has("--no-code");
   options.dry_run = dry_run();
@@ -119,7 +112,7 @@ store::OperationOptions ProjectSession::BaseOptions() {
 }
 
 // The code as the operation would leave it, compared with the files.
-void ProjectSession::KeepCode() {
+void OpenedProject::KeepCode() {
   if (!project_->vb()) return;
   files::ChangeSet changes;
   project_->vb()->Collect(changes);
@@ -131,7 +124,7 @@ void ProjectSession::KeepCode() {
   }
 }
 
-void ProjectSession::PrintRows(const store::OperationResult& result) {
+void OpenedProject::PrintRows(const store::OperationResult& result) {
   std::ostream& out = invocation_.console().out;
   for (const store::RowChange& row : result.rows) {
     out << static_cast<char>(row.kind) << '\t' << row.table;
@@ -141,7 +134,7 @@ void ProjectSession::PrintRows(const store::OperationResult& result) {
   out << diff_;
 }
 
-void ProjectSession::Report(const store::OperationResult& result) {
+void OpenedProject::Report(const store::OperationResult& result) {
   progress_.End();
   for (const codegen::Warning& warning : result.warnings) invocation_.Warn(warning.message);
   const project::ItemFile& items = project_->items();
@@ -168,9 +161,9 @@ void ProjectSession::Report(const store::OperationResult& result) {
   throw CommandError(result.outcome == store::Outcome::kFileProblem ? kFile : kRefused, message);
 }
 
-void ProjectSession::ReportList(const store::OperationResult& result,
-                                const std::vector<Given>& given,
-                                const std::function<bool(std::size_t)>& refused) {
+void OpenedProject::ReportList(const store::OperationResult& result,
+                               const std::vector<Given>& given,
+                               const std::function<bool(std::size_t)>& refused) {
   try {
     Report(result);
   } catch (const CommandError& error) {
@@ -183,21 +176,21 @@ void ProjectSession::ReportList(const store::OperationResult& result,
   }
 }
 
-void ProjectSession::ReportEdit(const store::OperationResult& result) {
+void OpenedProject::ReportEdit(const store::OperationResult& result) {
   Report(result);
   if (result.rows.empty()) {
     invocation_.console().err << invocation_.Text(kTextNothingToChange) << '\n';
   }
 }
 
-store::FormulaRecord ProjectSession::Formula(const std::string& name) {
+store::FormulaRecord OpenedProject::Formula(const std::string& name) {
   // A name may itself hold no point, so the last part is the procedure.
   const auto point = name.rfind('.');
   const std::string procedure = point == std::string::npos ? name : name.substr(point + 1);
   std::vector<store::FormulaRecord> found = operations().FindFormulasByName(procedure);
   if (point != std::string::npos) {
     std::erase_if(found, [&](const auto& formula) {
-      return !NamesClass(name.substr(0, point), formula.prog_id);
+      return !platform::ProgId(formula.prog_id).IsNamed(name.substr(0, point));
     });
   }
   if (found.size() == 1) return found.front();
@@ -223,7 +216,7 @@ store::FormulaRecord ProjectSession::Formula(const std::string& name) {
                                       {{"<Name>", name}, {"<Near>", near}}));
 }
 
-store::AliasRecord ProjectSession::Alias(const std::string& name) {
+store::AliasRecord OpenedProject::Alias(const std::string& name) {
   if (auto alias = operations().FindAliasByName(name)) return *alias;
   std::vector<std::string> names;
   operations().ForEachAlias(
@@ -234,21 +227,21 @@ store::AliasRecord ProjectSession::Alias(const std::string& name) {
                                       {{"<Name>", name}, {"<Near>", near}}));
 }
 
-std::string ProjectSession::Class(const std::string& name) {
+std::string OpenedProject::Class(const std::string& name) {
   for (const store::ClassEntry& entry : operations().Classes().classes) {
-    if (NamesClass(name, entry.prog_id)) return entry.prog_id;
+    if (platform::ProgId(entry.prog_id).IsNamed(name)) return entry.prog_id;
   }
   return name;
 }
 
-store::ArgumentRecord ProjectSession::Argument(const store::FormulaRecord& formula,
-                                               const std::string& alias) {
+store::ArgumentRecord OpenedProject::Argument(const store::FormulaRecord& formula,
+                                              const std::string& alias) {
   const std::int32_t id = ArgumentIds(formula, {{alias}}).front();
   return operations().FindArgument(id).value();
 }
 
 template <typename Find>
-std::vector<std::int32_t> ProjectSession::Ids(const std::vector<Given>& names, Find find) {
+std::vector<std::int32_t> OpenedProject::Ids(const std::vector<Given>& names, Find find) {
   std::vector<std::int32_t> ids;
   std::unordered_set<std::int32_t> known;
   for (const Given& name : names) {
@@ -263,16 +256,16 @@ std::vector<std::int32_t> ProjectSession::Ids(const std::vector<Given>& names, F
   return ids;
 }
 
-std::vector<std::int32_t> ProjectSession::FormulaIds(const std::vector<Given>& names) {
+std::vector<std::int32_t> OpenedProject::FormulaIds(const std::vector<Given>& names) {
   return Ids(names, [&](const std::string& name) { return Formula(name).id; });
 }
 
-std::vector<std::int32_t> ProjectSession::AliasIds(const std::vector<Given>& names) {
+std::vector<std::int32_t> OpenedProject::AliasIds(const std::vector<Given>& names) {
   return Ids(names, [&](const std::string& name) { return Alias(name).id; });
 }
 
-std::vector<std::int32_t> ProjectSession::ArgumentIds(const store::FormulaRecord& formula,
-                                                      const std::vector<Given>& aliases) {
+std::vector<std::int32_t> OpenedProject::ArgumentIds(const store::FormulaRecord& formula,
+                                                     const std::vector<Given>& aliases) {
   std::unordered_map<std::string, std::int32_t> by_alias;
   for (const store::ArgumentRecord& argument : operations().ArgumentsOf(formula.id)) {
     by_alias.emplace(platform::FoldCase(argument.vb_alias), argument.id);
