@@ -11,8 +11,8 @@
 #include <string>
 
 #include "files/change_journal.h"
-#include "files/failing_file_system.h"
 #include "files/recovery.h"
+#include "support/failing_file_system.h"
 
 namespace {
 
