@@ -2,6 +2,7 @@
 #include "desktop/desktop_state.h"
 
 #include "platform/variant.h"
+#include "project/state_files.h"
 
 namespace desktop {
 
@@ -81,6 +82,10 @@ bool DesktopState::Save() {
     entries.push_back({"Recent" + std::to_string(i), i < paths.size() ? paths[i] : ""});
   }
   return settings_.WriteIniSection(file_, kSection, entries);
+}
+
+std::string DesktopState::FolderOf(const char* kind, const std::string& path) const {
+  return project::ProjectStateFolder(files_, folder_, kind, path);
 }
 
 }  // namespace desktop

@@ -36,6 +36,8 @@ class DesktopState {
   void KeepOptions(const std::string& path, const ReadingOptions& options);
 
   const std::string& folder() const { return folder_; }
+  // What is kept of one project, by kind: "backups", "unsaved".
+  std::string FolderOf(const char* kind, const std::string& path) const;
   // False when it cannot be written.
   bool Save();
 

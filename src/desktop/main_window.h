@@ -1,48 +1,34 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/accel.h>
 #include <wx/frame.h>
 #include <wx/timer.h>
 
-#include <functional>
-#include <map>
 #include <memory>
+#include <optional>
 #include <string>
-#include <utility>
-#include <vector>
+#include <string_view>
 
-#include "desktop/code_pane.h"
-#include "desktop/desktop_state.h"
-#include "desktop/desktop_toolkit.h"
-#include "desktop/project_tree.h"
-#include "project/backups.h"
-#include "project/daily_backup.h"
+#include "desktop/backup_keeper.h"
+#include "desktop/change_watch.h"
+#include "desktop/code_lookup.h"
+#include "desktop/main_menu.h"
+#include "desktop/unsaved_code_keeper.h"
+#include "desktop/window_messages.h"
+#include "desktop/window_panes.h"
+#include "desktop/window_parts.h"
+#include "desktop/window_place.h"
 #include "project/project.h"
 #include "studio/add_in_session.h"
 #include "studio/unsaved_code.h"
 
-class wxSplitterWindow;
-
 namespace desktop {
 
-class ChoiceMenu;
-class NoticeBar;
-class Welcome;
-
-// The window that stands in for the studio: project tree, editor and code.
+// The window that stands in for the studio: project tree, editor and code. It opens and closes
+// projects and passes events on; what it is made of has classes of its own.
 class MainWindow : public wxFrame {
  public:
-  struct Parts {
-    files::FileSystem& files;
-    DesktopToolkit& toolkit;
-    platform::WindowSystem& window_system;
-    platform::Help& help;
-    project::FileSettingsService& settings;
-    const texts::TextTable& texts;
-    DesktopState& state;
-    project::ProjectOptions options;
-  };
+  using Parts = WindowParts;
 
   explicit MainWindow(const Parts& parts);
   ~MainWindow() override;
@@ -53,81 +39,54 @@ class MainWindow : public wxFrame {
   // Tells of the log that the last start left behind, once.
   void TellLastCrash();
   // The editor's window takes this panel.
-  wxWindow* EditorHost() const { return editor_host_; }
+  wxWindow* EditorHost() const { return &panes_.editor_host(); }
 
  private:
   MainWindow(const Parts& parts, const wxRect& place);
-  void InsistOnPlace();
-  void RestoreCodeHeight();
-  void KeepPlace();
-  void CreateMenus();
-  void CreatePanes();
+  MainMenu::Commands MenuCommands();
+  BackupKeeper::Dependencies BackupDependencies();
+  void ConnectPanes();
   void ConnectTree();
   void ConnectStudio();
   void Bind();
-  void AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action);
 
   wxString ProjectFolder() const;
   void AskNew();
   void AskOpen();
   void ShowRecent();
-  // Those of the project that is open or could not be opened.
-  void FillBackups(const std::string& path);
-  void OfferBackup(const std::string& path);
-  void RestoreBackup(const project::Backups::Backup& backup);
-  void ShowAbout();
   void ForgetMissing(const std::string& path);
+  void StartSession(const std::string& path, const project::ProjectOptions& options);
+  // Gives a new session what goes with it in this window.
+  void EquipSession();
   bool CloseProject();
   CodePane::Answer AskAboutCode(const std::string& module);
-  void KeepUnsavedCode();
-  void OfferUnsavedCode();
-  std::shared_ptr<platform::VBComponent> FindComponentOf(const std::string& file);
-  std::string StateFolderOf(const char* kind, const std::string& path);
-  void TellProblems();
-  void TellReplacedCharacters();
   void OnClose(wxCloseEvent& event);
   void OnTimer();
-  void LookForForeignChanges();
 
   void ShowTitle();
-  bool RunShortcut(const wxKeyEvent& event);
   bool MoveKeyboard(const wxKeyEvent& event);
   void SelectNode(const studio::StudioNode& node);
-  void ShowCodeOfNode(const std::string& key);
-  void FindCodeOfNode(const std::string& key);
   void SaveCode();
-  void OnPane(const vbfiles::PaneEvent& event);
-  void ShowStatus(const std::string& text);
-  void ShowFailure(const std::string& message, const std::string& detail);
   std::optional<std::string> ChooseItem(std::string_view current);
   void ShowReport(const std::string& html);
-  void EnlistBackup();
-  std::string Text(int number) const { return parts_.texts.Text(number); }
+  std::string Text(int number) const { return parts_.Text(number); }
 
-  Parts parts_;
-  NoticeBar* notice_ = nullptr;  // that another program changed the database
-  wxSplitterWindow* columns_ = nullptr;
-  wxSplitterWindow* rows_ = nullptr;
-  ProjectTree* tree_ = nullptr;
-  wxPanel* editor_host_ = nullptr;
-  Welcome* welcome_ = nullptr;
-  CodePane* code_ = nullptr;
-  ChoiceMenu* recent_menu_ = nullptr;
-  ChoiceMenu* backup_menu_ = nullptr;
-  std::map<int, std::function<void()>> actions_;  // by menu ID
-  std::vector<std::pair<wxAcceleratorEntry, std::function<void()>>> shortcuts_;
-  std::vector<project::Backups::Backup> backups_;  // in the order of their menu
-  std::string backed_up_;                          // the project that they are of
-  bool restoring_ = false;
-  const wxRect wanted_;  // where the window was to be
-  wxRect settled_;       // where that is in the window manager's eyes; empty as long as unknown
-  bool placed_ = false, arranged_ = false;
+  const Parts parts_;
+  const WindowMessages messages_{*this, parts_};
+  MainMenu menu_;
+  WindowPanes panes_;
+  ProjectTree& tree_ = panes_.tree();
+  CodePane& code_ = panes_.code();
+  WindowPlace place_;
+  BackupKeeper backups_;
   wxTimer timer_{this};
-  std::unique_ptr<project::DailyBackup> backup_;    // of the session's project; outlives it
-  std::unique_ptr<studio::UnsavedCopies> unsaved_;  // of the session's project
   forms::Subscription title_;
+  // Of the project that is open.
   std::unique_ptr<project::Project> project_;
   std::unique_ptr<studio::AddInSession> session_;
+  std::unique_ptr<CodeLookup> lookup_;
+  std::unique_ptr<UnsavedCodeKeeper> unsaved_;  // null when the user has no state folder
+  std::unique_ptr<ChangeWatch> watch_;
 };
 
 }  // namespace desktop

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/change_watch.h"
+
+#include <string>
+
+#include "studio/window_texts.h"
+#include "wx/convert.h"
+
+namespace desktop {
+
+using studio::TextNumber;
+
+void ChangeWatch::TellProblems() {
+  std::string problems;
+  for (const messages::Message& problem : project_.vb()->Problems())
+    problems += (problems.empty() ? "" : "\n") + parts_.texts.Sentence(problem);
+  if (problems.empty()) return;
+  messages_.Warn(parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", project_.path()}}),
+                 problems);
+}
+
+void ChangeWatch::Look() {
+  project_.items().Refresh();
+  LookForForeignChanges();
+  TellReplacedCharacters();
+  if (editor::frmtabgrid* editor = session_.add_in().EditorWindow()) editor->TellUnreadable();
+}
+
+// What the tree shows may be out of date then. Everything that the user does works on what the
+// database holds, so reading it anew can wait until they want it.
+void ChangeWatch::LookForForeignChanges() {
+  if (notice_.IsShown() || !project_.foreign_changes().Look()) return;
+  project_.foreign_changes().Accept();
+  notice_.Tell(wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
+                                          {{"<File>", parts_.files.FileName(project_.path())}})));
+}
+
+// Characters that an operation could not write in a comment.
+void ChangeWatch::TellReplacedCharacters() {
+  std::string places;
+  for (const auto& replaced : project_.vb()->TakeReplacedCharacters()) {
+    places +=
+        (places.empty() ? "" : "\n") +
+        parts_.texts.Text(TextNumber::kTextReplacedAt, {{"<File>", replaced.file},
+                                                        {"<Line>", std::to_string(replaced.line)},
+                                                        {"<Text>", replaced.characters}});
+  }
+  if (places.empty()) return;
+  messages_.Warn(parts_.Text(TextNumber::kTextReplacedCharacters),
+                 places + "\n" + parts_.Text(TextNumber::kTextNameCodePage));
+}
+
+}  // namespace desktop

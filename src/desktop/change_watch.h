@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/notice_bar.h"
+#include "desktop/window_messages.h"
+#include "desktop/window_parts.h"
+#include "project/project.h"
+#include "studio/add_in_session.h"
+
+namespace desktop {
+
+// What happens to an open project beside the user's own commands, and what of it they are told.
+class ChangeWatch {
+ public:
+  // All of it outlives this object.
+  ChangeWatch(const WindowParts& parts, const WindowMessages& messages, project::Project& opened,
+              studio::AddInSession& session, NoticeBar& notice)
+      : parts_(parts), messages_(messages), project_(opened), session_(session), notice_(notice) {}
+
+  // What of the Visual Basic projects cannot be read.
+  void TellProblems();
+  // Called now and then while no operation runs.
+  void Look();
+
+ private:
+  void LookForForeignChanges();
+  void TellReplacedCharacters();
+
+  const WindowParts& parts_;
+  const WindowMessages& messages_;
+  project::Project& project_;
+  studio::AddInSession& session_;
+  NoticeBar& notice_;  // that another program changed the database
+};
+
+}  // namespace desktop

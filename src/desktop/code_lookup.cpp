@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/code_lookup.h"
+
+#include "editor/node_key.h"
+#include "platform/error.h"
+
+namespace desktop {
+
+void CodeLookup::ShowNode(const std::string& key) {
+  try {
+    FindNode(key);
+  } catch (const platform::Error& error) {  // a module whose file is gone, for one
+    if (!pane_.Modified()) pane_.ShowProblem(error);
+  }
+}
+
+void CodeLookup::FindNode(const std::string& key) {
+  editor::frmtabgrid* editor = session_.add_in().EditorWindow();
+  const std::int32_t id = editor::KeyNumber(key);
+  if (!editor || !editor::IsFormulaKey(key) || id <= 0) return;
+  const auto formula = editor->operations().FindFormula(id);
+  const auto point = formula ? formula->prog_id.find('.') : std::string::npos;
+  if (point == std::string::npos) return;
+  const auto project = project_.vb()->FindProject(formula->prog_id.substr(0, point));
+  const auto component =
+      project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
+  if (!component || !component->Module()) return;
+  component->Module()->RequireSource();
+  if (!pane_.ShowModule(component, project_.unit()) || !pane_.Readable()) return;
+  const auto member = component->Module()->FindMember(formula->name);
+  if (member && member->type == platform::MemberType::kMethod) {
+    pane_.ScrollTo(component->Module()->ProcStartLine(formula->name, platform::ProcKind::kProc));
+  }
+}
+
+void CodeLookup::OnPane(const vbfiles::PaneEvent& event) {
+  using Kind = vbfiles::PaneEvent::Kind;
+  if (event.kind == Kind::kActivated) {
+    ShowFile(event.component.FileName());
+    return;
+  }
+  platform::CodePane& pane = event.component.Module()->Pane();
+  pane_.Refresh();
+  if (event.kind == Kind::kScrolled) pane_.ScrollTo(pane.TopLine());
+  if (event.kind == Kind::kSelected) pane_.SelectLines(pane.GetSelection());
+}
+
+bool CodeLookup::ShowFile(const std::string& file) {
+  const auto component = FindComponent(file);
+  return component && pane_.ShowModule(component, project_.unit());
+}
+
+std::shared_ptr<platform::VBComponent> CodeLookup::FindComponent(const std::string& file) {
+  for (const auto& project : project_.vb()->VBProjects()) {
+    for (const auto& component : project->VBComponents()) {
+      if (component->FileName() == file) return component;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace desktop

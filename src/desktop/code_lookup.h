@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desktop/code_pane.h"
+#include "project/project.h"
+#include "studio/add_in_session.h"
+#include "vbfiles/environment.h"
+
+namespace desktop {
+
+// Finds the code that belongs to a node or to a request of the development environment, and shows
+// it in the code pane.
+class CodeLookup {
+ public:
+  // All of it outlives this object.
+  CodeLookup(project::Project& opened, studio::AddInSession& session, CodePane& pane)
+      : project_(opened), session_(session), pane_(pane) {}
+
+  // The procedure of a formula is shown beside its arguments, without taking the keyboard.
+  void ShowNode(const std::string& key);
+  // What the development environment's own window would do.
+  void OnPane(const vbfiles::PaneEvent& event);
+  // Shows the module of a file. False when there is none or the user stays at another one.
+  bool ShowFile(const std::string& file);
+
+ private:
+  void FindNode(const std::string& key);
+  std::shared_ptr<platform::VBComponent> FindComponent(const std::string& file);
+
+  project::Project& project_;
+  studio::AddInSession& session_;
+  CodePane& pane_;
+};
+
+}  // namespace desktop

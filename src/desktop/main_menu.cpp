@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/main_menu.h"
+
+#include <wx/menu.h>
+
+#include <memory>
+
+#include "desktop/choice_menu.h"
+#include "desktop/crash_log.h"
+#include "studio/window_texts.h"
+#include "wx/convert.h"
+
+namespace desktop {
+
+using studio::TextNumber;
+
+MainMenu::MainMenu(wxFrame& frame, const texts::TextTable& texts, Commands commands)
+    : texts_(texts) {
+  auto* bar = new wxMenuBar;
+  bar->Append(ProjectMenu(commands), wx::ToWx(texts_.Text(TextNumber::kTextMenuProject)));
+  bar->Append(HelpMenu(commands), wx::ToWx(texts_.Text(TextNumber::kTextMenuHelp)));
+  frame.SetMenuBar(bar);
+  ShowRecent({});
+  ShowBackups({});
+  frame.Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
+    const auto found = actions_.find(event.GetId());
+    if (found == actions_.end()) return event.Skip();
+    RememberStep("menu " + std::to_string(event.GetId()));
+    found->second();
+  });
+}
+
+wxMenu* MainMenu::ProjectMenu(const Commands& commands) {
+  auto* menu = new wxMenu;
+  AddItem(*menu, TextNumber::kTextMenuNew, "Ctrl+N", commands.create);
+  AddItem(*menu, TextNumber::kTextMenuOpen, "Ctrl+Shift+O", commands.open);
+  recent_ = new ChoiceMenu;
+  recent_->on_choice = commands.open_recent;
+  menu->AppendSubMenu(recent_, wx::ToWx(texts_.Text(TextNumber::kTextMenuRecent)));
+  menu->AppendSeparator();
+  AddItem(*menu, TextNumber::kTextMenuSaveCode, "Ctrl+S", commands.save_code);
+  backups_ = new ChoiceMenu;
+  backups_->on_choice = commands.restore_backup;
+  menu->AppendSubMenu(backups_, wx::ToWx(texts_.Text(TextNumber::kTextMenuBackups)));
+  menu->AppendSeparator();
+  AddItem(*menu, TextNumber::kTextMenuQuit, "Ctrl+Q", commands.quit);
+  return menu;
+}
+
+wxMenu* MainMenu::HelpMenu(const Commands& commands) {
+  auto* menu = new wxMenu;
+  AddItem(*menu, TextNumber::kTextMenuContents, "", commands.contents);
+  AddItem(*menu, TextNumber::kTextMenuAbout, "", commands.about);
+  return menu;
+}
+
+// The number of its text is the entry's ID. IDs that the toolkit knows would bring its English
+// help.
+void MainMenu::AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action) {
+  wxString label = wx::ToWx(texts_.Text(text));
+  if (*shortcut) label += wxString("\t") + shortcut;
+  wxMenuItem* item = menu.Append(text, label);
+  const std::unique_ptr<wxAcceleratorEntry> keys(item->GetAccel());
+  if (keys) shortcuts_.emplace_back(*keys, action);
+  actions_[text] = std::move(action);
+}
+
+void MainMenu::ShowRecent(const std::vector<std::string>& paths) {
+  recent_->Fill(paths, texts_.Text(TextNumber::kTextNoRecent));
+}
+
+void MainMenu::ShowBackups(const std::vector<std::string>& names) {
+  backups_->Fill(names, texts_.Text(TextNumber::kTextNoBackups));
+}
+
+bool MainMenu::RunShortcut(const wxKeyEvent& event) const {
+  for (const auto& [keys, action] : shortcuts_) {
+    if (event.GetKeyCode() != keys.GetKeyCode() || event.GetModifiers() != keys.GetFlags())
+      continue;
+    action();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace desktop

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/window_panes.h"
+
+#include <wx/sizer.h>
+#include <wx/splitter.h>
+
+#include <algorithm>
+
+#include "studio/window_texts.h"
+#include "wx/convert.h"
+
+namespace desktop {
+
+namespace {
+
+using studio::TextNumber;
+
+constexpr int kLeastPane = 120;  // pixels at 100 %
+constexpr double kUpperShare = 0.55;
+constexpr std::int32_t kRefreshView = 162;
+constexpr long kSplitterStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
+
+wxSplitterWindow* MakeSplitter(wxWindow* parent) {
+  return new wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, kSplitterStyle);
+}
+
+}  // namespace
+
+WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place)
+    : frame_(frame),
+      place_(place),
+      notice_(new NoticeBar(&frame, wx::ToWx(texts.Text(kRefreshView)),
+                            wx::ToWx(texts.Text(TextNumber::kTextLater)))),
+      columns_(MakeSplitter(&frame)),
+      tree_(new ProjectTree(columns_, wx::ToWx(texts.Text(TextNumber::kTextTreeName)))),
+      rows_(MakeSplitter(columns_)),
+      upper_(new wxPanel(rows_)),
+      editor_host_(new wxPanel(upper_)),
+      welcome_(new Welcome(upper_, texts)),
+      code_(new CodePane(rows_, texts)) {
+  auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(editor_host_, wxSizerFlags(1).Expand());
+  sizer->Add(welcome_, wxSizerFlags(1).Expand());
+  upper_->SetSizer(sizer);
+  editor_host_->Hide();
+  columns_->SetMinimumPaneSize(frame.FromDIP(kLeastPane));
+  rows_->SetMinimumPaneSize(frame.FromDIP(kLeastPane));
+  rows_->SetSashGravity(kUpperShare);
+  rows_->SplitHorizontally(upper_, code_, -frame.FromDIP(place.code_height));
+  columns_->SplitVertically(tree_, rows_, frame.FromDIP(place.tree_width));
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(notice_, wxSizerFlags().Expand());
+  all->Add(columns_, wxSizerFlags(1).Expand());
+  frame.SetSizer(all);
+}
+
+void WindowPanes::ShowEditor(bool shown) {
+  editor_host_->Show(shown);
+  welcome_->Show(!shown);
+  upper_->Layout();
+}
+
+void WindowPanes::RestoreCodeHeight() {
+  const int height = rows_->GetSashSize() + frame_.FromDIP(place_.code_height);
+  rows_->SetSashPosition(std::max(1, rows_->GetClientSize().GetHeight() - height));
+}
+
+void WindowPanes::Keep() {
+  place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
+  place_.code_height = frame_.ToDIP(code_->GetSize().GetHeight());
+}
+
+}  // namespace desktop

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/frame.h>
+
+#include "desktop/code_pane.h"
+#include "desktop/desktop_state.h"
+#include "desktop/notice_bar.h"
+#include "desktop/project_tree.h"
+#include "desktop/welcome.h"
+
+class wxSplitterWindow;
+
+namespace desktop {
+
+// What fills the main window: the tree at the left, at the right the editor (or the welcome while
+// no project is open) over the code, a notice above all of it.
+class WindowPanes {
+ public:
+  // The frame owns the panes; it and the rest outlive this object.
+  WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place);
+
+  NoticeBar& notice() const { return *notice_; }  // that another program changed the database
+  ProjectTree& tree() const { return *tree_; }
+  wxPanel& editor_host() const { return *editor_host_; }
+  Welcome& welcome() const { return *welcome_; }
+  CodePane& code() const { return *code_; }
+
+  void ShowEditor(bool shown);
+  // As long as the window changes its size by itself, each step would share the new room between
+  // table and code.
+  void RestoreCodeHeight();
+  // Writes down how the panes share the window.
+  void Keep();
+
+ private:
+  wxFrame& frame_;
+  DesktopState::Place& place_;
+  NoticeBar* notice_;
+  wxSplitterWindow* columns_;
+  ProjectTree* tree_;
+  wxSplitterWindow* rows_;
+  wxPanel* upper_;
+  wxPanel* editor_host_;
+  Welcome* welcome_;
+  CodePane* code_;
+};
+
+}  // namespace desktop
