@@ -61,8 +61,6 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   tdbP.ColumnAt(kAliasIdColumn)
       .SetList(std::make_shared<dialogs::AliasList>(context_.rows.AliasesByName()));
   tdbP.SetRowSource(context_.rows.Arguments());
-  tdbA.SetRowSource(std::make_shared<dialogs::AliasRows>(context_.rows.AliasesById(),
-                                                         dialogs::AliasRows::Columns::kItemAlias));
 }
 
 frmtabgrid::~frmtabgrid() = default;
@@ -219,6 +217,11 @@ void frmtabgrid::SwitchGrids(std::string_view key) {
     pctParamTabSplit.BringToFront();
     tbrfunc.SetBand(abr.FindBand(kArgumentToolbar));
   } else if (kind == kAliasKind) {
+    // Not before: a project may have 100,000 aliases, and they may be unreadable.
+    if (!std::exchange(aliases_seen_, true)) {
+      tdbA.SetRowSource(std::make_shared<dialogs::AliasRows>(
+          context_.rows.AliasesById(), dialogs::AliasRows::Columns::kItemAlias));
+    }
     tdbA.BringToFront();
     pctAliasTabSplit.BringToFront();
     tbrfunc.SetBand(abr.FindBand(kAliasToolbar));

@@ -133,6 +133,7 @@ class frmtabgrid : public forms::Form,
   std::string context_key_;
   std::string told_problem_;
   bool toolbar_flag_ = false;
+  bool aliases_seen_ = false;
   bool refreshing_grid_ = false;
   bool hooked_ = false;
   Position position_;  // while there is no native window, or it is not in its normal state
