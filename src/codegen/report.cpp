@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/error.h"
+#include "codegen/refused.h"
 
 namespace codegen {
 
@@ -23,7 +23,7 @@ void Report::Warn(std::int32_t text, Replacements values) {
 }
 
 void Report::Refuse(std::int32_t text, Replacements values) const {
-  throw platform::Error(platform::ErrorKind::kRefused, text, texts_.Text(text, values));
+  throw Refused(platform::ErrorKind::kRefused, text, texts_.Text(text, values));
 }
 
 std::vector<Warning> Report::TakeWarnings() {

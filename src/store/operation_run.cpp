@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "codegen/refused.h"
 #include "codegen/vb_formula_code.h"
 #include "store/text_numbers.h"
 
@@ -82,22 +83,25 @@ OperationResult OperationRun::Answer(std::int32_t failure_text,
                                      const std::function<void(OperationResult&)>& steps) {
   warnings_.clear();
   OperationResult result;
-  const auto fail = [&](Outcome outcome, std::int32_t number, const std::exception& cause) {
-    // Refusals of the generator name themselves; all else is the cause of the general failure.
-    const bool named = outcome == Outcome::kRefused && number >= 1100 && number < 1200;
+  const auto fail = [&](Outcome outcome, const std::exception& cause) {
     result.outcome = outcome;
-    result.text_id = named ? number : failure_text;
-    result.message = named ? cause.what() : texts().Text(failure_text);
-    result.detail = named ? "" : texts().Sentence(cause);
+    result.text_id = failure_text;
+    result.message = texts().Text(failure_text);
+    result.detail = texts().Sentence(cause);
   };
   try {
     steps(result);
   } catch (const Refusal& refusal) {
     refusal.FillIn(result);
+  } catch (const codegen::Refused& refused) {
+    // It names itself; all else is the cause of the general failure.
+    result.outcome = Outcome::kRefused;
+    result.text_id = refused.number();
+    result.message = refused.what();
   } catch (const platform::Error& error) {
-    fail(OutcomeOf(error.kind()), error.number(), error);
+    fail(OutcomeOf(error.kind()), error);
   } catch (const std::exception& error) {
-    fail(Outcome::kFileProblem, 0, error);
+    fail(Outcome::kFileProblem, error);
   }
   if (result.success()) {
     result.warnings = std::exchange(warnings_, {});
