@@ -11,7 +11,7 @@ namespace apps {
 namespace {
 
 constexpr wchar_t kControlZ = 0x1A;
-constexpr DWORD kLargestPiece = 8192;  // characters; older systems refuse larger ones
+constexpr DWORD kMaxPiece = 8192;  // characters; older systems refuse larger ones
 
 bool IsHigh(wchar_t c) { return (c & 0xFC00) == 0xD800; }
 
@@ -67,7 +67,7 @@ bool ConsoleOutput::Write(HANDLE console, const char* data, std::size_t size) {
   const std::wstring wide = Shown(part_.substr(0, whole));
   part_.erase(0, whole);
   for (std::size_t at = 0; at < wide.size();) {
-    const auto piece = static_cast<DWORD>(std::min<std::size_t>(wide.size() - at, kLargestPiece));
+    const auto piece = static_cast<DWORD>(std::min<std::size_t>(wide.size() - at, kMaxPiece));
     DWORD written = 0;
     if (!::WriteConsoleW(console, wide.data() + at, piece, &written, nullptr)) return false;
     at += written;

@@ -118,7 +118,7 @@ class App : public wxApp {
     const std::string path = project_.empty() ? program_->state().project : project_;
     window->CallAfter([window, path, reading = reading_] {
       if (!path.empty()) window->OpenProject(path, reading);
-      window->TellLastCrash();
+      window->ShowLastCrash();
     });
   }
 

@@ -14,7 +14,7 @@ namespace apps {
 
 namespace {
 
-constexpr std::size_t kLargestBlock = 1 << 16;
+constexpr std::size_t kMaxBlock = 1 << 16;
 constexpr int kInterruptedCode = 130;
 
 std::atomic<bool> interrupted = false;
@@ -86,7 +86,7 @@ std::size_t Read(StandardStream stream, char* data, std::size_t size, std::error
     return count;
   }
   DWORD count = 0;
-  const auto block = static_cast<DWORD>(std::min(size, kLargestBlock));
+  const auto block = static_cast<DWORD>(std::min(size, kMaxBlock));
   if (::ReadFile(handle, data, block, &count, nullptr)) return count;
   // The other end of a pipe was closed: so ends its text.
   if (::GetLastError() != ERROR_BROKEN_PIPE && !interrupted) failure = LastFailure();
@@ -102,7 +102,7 @@ void Write(StandardStream stream, const char* data, std::size_t size, std::error
   }
   while (size > 0) {
     DWORD count = 0;
-    const auto block = static_cast<DWORD>(std::min(size, kLargestBlock));
+    const auto block = static_cast<DWORD>(std::min(size, kMaxBlock));
     if (!::WriteFile(handle, data, block, &count, nullptr)) {
       failure = LastFailure();
       return;

@@ -89,13 +89,13 @@ std::vector<Action> Actions() {
        filter("12"), 0},
       {"open the argument dialog", Nothing,
        [](Opened& opened) {
-         dialogs::FParameter dialog(opened.Window().surroundings());
+         dialogs::FParameter dialog(opened.Window().dialog_context());
          for (int i = 0; i < 30; ++i) dialog.cmbVBAlias.List(i);
        },
        0},
       {"type ahead in its list", Nothing,
        [](Opened& opened) {
-         dialogs::FParameter dialog(opened.Window().surroundings());
+         dialogs::FParameter dialog(opened.Window().dialog_context());
          const auto name = dialog.cmbVBAlias.List(dialog.cmbVBAlias.ListCount() - 1);
          dialog.cmbVBAlias.Source()->FindPrefix(name);
        },

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "addin/tree_nodes.h"
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 #include "editor/node_key.h"
 #include "platform/text.h"
 #include "store/ado_fro.h"

@@ -3,7 +3,7 @@
 #include <exception>
 
 #include "addin/connect.h"
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 #include "editor/node_key.h"
 #include "editor/tools.h"
 #include "forms/keys.h"

@@ -138,7 +138,7 @@ void AppendPlain(std::string& line, const Value& value, const jet::Column& colum
   }
 }
 
-constexpr std::size_t kMostPlain = 64;  // characters of a number, date or GUID
+constexpr std::size_t kMaxPlain = 64;  // characters of a number, date or GUID
 
 // Room that a field needs at most.
 std::size_t CsvRoom(const Value& value) {
@@ -148,7 +148,7 @@ std::size_t CsvRoom(const Value& value) {
     case ValueKind::kBinary:
       return 2 * value.bytes().size();
     default:
-      return kMostPlain;
+      return kMaxPlain;
   }
 }
 
@@ -200,7 +200,7 @@ char* PutCsv(char* out, const Value& value, const jet::Column& column) {
       *out++ = value.boolean() ? '1' : '0';
       return out;
     case ValueKind::kInteger:  // of 32 bits at most
-      return std::to_chars(out, out + kMostPlain, static_cast<std::int32_t>(value.integer())).ptr;
+      return std::to_chars(out, out + kMaxPlain, static_cast<std::int32_t>(value.integer())).ptr;
     case ValueKind::kText:
       return PutCsvText(out, value.text());
     default: {

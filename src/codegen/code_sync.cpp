@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <iterator>
 
+#include "codegen/code_texts.h"
 #include "codegen/data_type.h"
 #include "codegen/declaration.h"
 #include "codegen/identifier.h"
 #include "codegen/name_uses.h"
 #include "codegen/source_line.h"
-#include "codegen/text_numbers.h"
 #include "platform/text.h"
 
 namespace codegen {

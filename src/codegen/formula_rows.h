@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "codegen/query.h"
+#include "codegen/prepared_query.h"
 #include "platform/ado.h"
 
 namespace codegen {
@@ -47,13 +47,13 @@ class FormulaRows {
 
  private:
   std::shared_ptr<platform::Connection> connection_;
-  Query arguments_;
-  Query arguments_of_users_;
-  Query uses_;
-  Query uses_in_class_;
-  Query formulas_;
-  Query alias_by_id_;
-  Query alias_by_name_;
+  PreparedQuery arguments_;
+  PreparedQuery arguments_of_users_;
+  PreparedQuery uses_;
+  PreparedQuery uses_in_class_;
+  PreparedQuery formulas_;
+  PreparedQuery alias_by_id_;
+  PreparedQuery alias_by_name_;
 };
 
 }  // namespace codegen

@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "codegen/code_sync.h"
+#include "codegen/code_texts.h"
 #include "codegen/declaration.h"
 #include "codegen/identifier.h"
 #include "codegen/source_line.h"
-#include "codegen/text_numbers.h"
 #include "platform/text.h"
 
 namespace codegen {

@@ -10,7 +10,7 @@ namespace desktop {
 
 using studio::TextNumber;
 
-void ChangeWatch::TellProblems() {
+void ChangeWatch::ShowProblems() {
   std::string problems;
   for (const messages::Message& problem : project_.vb()->Problems())
     problems += (problems.empty() ? "" : "\n") + parts_.texts.Sentence(problem);
@@ -22,8 +22,8 @@ void ChangeWatch::TellProblems() {
 void ChangeWatch::Look() {
   project_.items().Refresh();
   LookForForeignChanges();
-  TellReplacedCharacters();
-  if (editor::frmtabgrid* editor = session_.add_in().EditorWindow()) editor->TellUnreadable();
+  ShowReplacedCharacters();
+  if (editor::frmtabgrid* editor = session_.add_in().EditorWindow()) editor->ShowUnreadable();
 }
 
 // What the tree shows may be out of date then. Everything that the user does works on what the
@@ -36,7 +36,7 @@ void ChangeWatch::LookForForeignChanges() {
 }
 
 // Characters that an operation could not write in a comment.
-void ChangeWatch::TellReplacedCharacters() {
+void ChangeWatch::ShowReplacedCharacters() {
   std::string places;
   for (const auto& replaced : project_.vb()->TakeReplacedCharacters()) {
     places +=

@@ -18,13 +18,13 @@ class ChangeWatch {
       : parts_(parts), messages_(messages), project_(opened), session_(session), notice_(notice) {}
 
   // What of the Visual Basic projects cannot be read.
-  void TellProblems();
+  void ShowProblems();
   // Called now and then while no operation runs.
   void Look();
 
  private:
   void LookForForeignChanges();
-  void TellReplacedCharacters();
+  void ShowReplacedCharacters();
 
   const WindowParts& parts_;
   const WindowMessages& messages_;

@@ -23,7 +23,7 @@ namespace {
 
 constexpr int kSignals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
 constexpr std::size_t kStepLength = 60;
-constexpr int kMostFrames = 64;
+constexpr int kMaxFrames = 64;
 constexpr std::string_view kPrefix = "crash-";
 constexpr std::string_view kSuffix = ".log";
 
@@ -77,8 +77,8 @@ bool WriteLog(std::string_view fault) {
     Write(file, "\n");
   }
   Write(file, "places:\n");
-  void* frames[kMostFrames];
-  backtrace_symbols_fd(frames, backtrace(frames, kMostFrames), file);
+  void* frames[kMaxFrames];
+  backtrace_symbols_fd(frames, backtrace(frames, kMaxFrames), file);
   Write(file, "\n");
   close(file);
   return true;

@@ -44,7 +44,7 @@ DesktopState::DesktopState(project::FileSettingsService& settings, files::FileSy
   node = settings.ReadIni(file_, kSection, "Node", "");
   told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
   std::string paths;
-  for (std::size_t i = 0; i < project::RecentProjects::kMost; ++i) {
+  for (std::size_t i = 0; i < project::RecentProjects::kMaxCount; ++i) {
     paths += settings.ReadIni(file_, kSection, "Recent" + std::to_string(i), "") + "\n";
   }
   recent = project::RecentProjects(paths);
@@ -78,7 +78,7 @@ bool DesktopState::Save() {
       {"ToldCrashLog", told_crash_log},
   };
   const auto& paths = recent.Paths();
-  for (std::size_t i = 0; i < project::RecentProjects::kMost; ++i) {
+  for (std::size_t i = 0; i < project::RecentProjects::kMaxCount; ++i) {
     entries.push_back({"Recent" + std::to_string(i), i < paths.size() ? paths[i] : ""});
   }
   return settings_.WriteIniSection(file_, kSection, entries);

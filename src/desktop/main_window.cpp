@@ -238,7 +238,7 @@ void MainWindow::SaveCode() {
   code_.Save();
 }
 
-void MainWindow::TellLastCrash() {
+void MainWindow::ShowLastCrash() {
   const std::string log = NewestCrashLog(parts_.files, parts_.state.folder());
   if (log.empty() || log == parts_.state.told_crash_log) return;
   parts_.state.told_crash_log = log;

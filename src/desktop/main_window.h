@@ -37,7 +37,7 @@ class MainWindow : public wxFrame {
   // is open afterwards. Options that were given are kept for the project.
   bool OpenProject(const std::string& path, const ReadingOptions& given = {});
   // Tells of the log that the last start left behind, once.
-  void TellLastCrash();
+  void ShowLastCrash();
   // The editor's window takes this panel.
   wxWindow* EditorHost() const { return &panes_.editor_host(); }
 

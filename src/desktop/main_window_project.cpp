@@ -94,7 +94,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   messages_.Status(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", project_->path()}}));
   tree_.SetFocus();
   CallAfter([this] {
-    if (watch_) watch_->TellProblems();
+    if (watch_) watch_->ShowProblems();
     if (unsaved_) unsaved_->Offer();
   });
   return true;

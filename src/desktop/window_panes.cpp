@@ -15,7 +15,7 @@ namespace {
 
 using studio::TextNumber;
 
-constexpr int kLeastPane = 120;  // pixels at 100 %
+constexpr int kMinPane = 120;  // pixels at 100 %
 constexpr double kUpperShare = 0.55;
 constexpr std::int32_t kRefreshView = 162;
 constexpr long kSplitterStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
@@ -43,8 +43,8 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   sizer->Add(welcome_, wxSizerFlags(1).Expand());
   upper_->SetSizer(sizer);
   editor_host_->Hide();
-  columns_->SetMinimumPaneSize(frame.FromDIP(kLeastPane));
-  rows_->SetMinimumPaneSize(frame.FromDIP(kLeastPane));
+  columns_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
+  rows_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetSashGravity(kUpperShare);
   rows_->SplitHorizontally(upper_, code_, -frame.FromDIP(place.code_height));
   columns_->SplitVertically(tree_, rows_, frame.FromDIP(place.tree_width));

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 #include "store/formula_records.h"
 
 namespace dialogs {
@@ -18,7 +18,7 @@ struct Refusal {
 
 // Why an alias cannot be stored under these values; nothing when it can. `alias_id` is the alias
 // that is edited, 0 for a new one.
-std::optional<Refusal> RefuseAlias(const Surroundings& surroundings,
-                                   const store::AliasValues& values, std::int32_t alias_id);
+std::optional<Refusal> RefuseAlias(const DialogContext& context, const store::AliasValues& values,
+                                   std::int32_t alias_id);
 
 }  // namespace dialogs

@@ -15,84 +15,84 @@ namespace {
 constexpr std::int32_t kInitialisationFailed = 550;
 constexpr std::int32_t kStorageFailed = 551;
 
-bool IsOnVariableChange(const Surroundings& surroundings, std::int32_t formula_id) {
-  const auto formula = surroundings.operations.FindFormula(formula_id);
+bool IsOnVariableChange(const DialogContext& context, std::int32_t formula_id) {
+  const auto formula = context.operations.FindFormula(formula_id);
   return formula && formula->type == store::kOnVariableChange;
 }
 
 }  // namespace
 
-std::int32_t AddArgument(const Surroundings& surroundings, std::int32_t formula_id) try {
-  FParameter dialog(surroundings);
-  dialog.SetOnVariableChange(IsOnVariableChange(surroundings, formula_id));
-  while (dialog.Run()) {
-    const std::array values = {dialog.Values()};
-    const store::OperationResult result = Carry(
-        surroundings, [&] { return surroundings.operations.AddArguments(formula_id, values); });
-    if (result.success()) return result.id();
-    WarnFailure(surroundings, result);
-  }
-  return 0;
-} catch (const platform::Error& error) {
-  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error);
-  return 0;
-}
-
-bool EditArgument(const Surroundings& surroundings, std::int32_t argument_id) try {
-  const auto record = surroundings.operations.FindArgument(argument_id);
-  if (!record) return false;
-  FParameter dialog(surroundings);
-  if (!dialog.Load(*record)) {
-    surroundings.messages.Warn(surroundings.Text(kInitialisationFailed));
-    return false;
-  }
-  dialog.SetOnVariableChange(IsOnVariableChange(surroundings, record->parent_id));
-  while (dialog.Run()) {
-    const store::ArgumentValues values = dialog.Values();
-    const store::OperationResult result = Carry(
-        surroundings, [&] { return surroundings.operations.EditArgument(argument_id, values); });
-    if (result.success()) return true;
-    WarnFailure(surroundings, result, kStorageFailed);
-  }
-  return false;
-} catch (const platform::Error& error) {
-  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error);
-  return false;
-}
-
-std::int32_t AddAlias(const Surroundings& surroundings) {
-  FAlias dialog(surroundings, 0);
+std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id) try {
+  FParameter dialog(context);
+  dialog.SetOnVariableChange(IsOnVariableChange(context, formula_id));
   while (dialog.Run()) {
     const std::array values = {dialog.Values()};
     const store::OperationResult result =
-        Carry(surroundings, [&] { return surroundings.operations.AddAliases(values); });
+        RunOperation(context, [&] { return context.operations.AddArguments(formula_id, values); });
     if (result.success()) return result.id();
-    WarnFailure(surroundings, result);
+    WarnFailure(context, result);
+  }
+  return 0;
+} catch (const platform::Error& error) {
+  context.messages.Warn(context.Text(kInitialisationFailed), error);
+  return 0;
+}
+
+bool EditArgument(const DialogContext& context, std::int32_t argument_id) try {
+  const auto record = context.operations.FindArgument(argument_id);
+  if (!record) return false;
+  FParameter dialog(context);
+  if (!dialog.Load(*record)) {
+    context.messages.Warn(context.Text(kInitialisationFailed));
+    return false;
+  }
+  dialog.SetOnVariableChange(IsOnVariableChange(context, record->parent_id));
+  while (dialog.Run()) {
+    const store::ArgumentValues values = dialog.Values();
+    const store::OperationResult result =
+        RunOperation(context, [&] { return context.operations.EditArgument(argument_id, values); });
+    if (result.success()) return true;
+    WarnFailure(context, result, kStorageFailed);
+  }
+  return false;
+} catch (const platform::Error& error) {
+  context.messages.Warn(context.Text(kInitialisationFailed), error);
+  return false;
+}
+
+std::int32_t AddAlias(const DialogContext& context) {
+  FAlias dialog(context, 0);
+  while (dialog.Run()) {
+    const std::array values = {dialog.Values()};
+    const store::OperationResult result =
+        RunOperation(context, [&] { return context.operations.AddAliases(values); });
+    if (result.success()) return result.id();
+    WarnFailure(context, result);
   }
   return 0;
 }
 
-bool EditAlias(const Surroundings& surroundings, std::int32_t alias_id) try {
+bool EditAlias(const DialogContext& context, std::int32_t alias_id) try {
   if (alias_id == 0) return false;
-  const auto record = surroundings.operations.FindAlias(alias_id);
+  const auto record = context.operations.FindAlias(alias_id);
   if (!record) return false;
-  FAlias dialog(surroundings, alias_id);
+  FAlias dialog(context, alias_id);
   dialog.Load(*record);
   while (dialog.Run()) {
     const store::AliasValues values = dialog.Values();
     const store::OperationResult result =
-        Carry(surroundings, [&] { return surroundings.operations.EditAlias(alias_id, values); });
+        RunOperation(context, [&] { return context.operations.EditAlias(alias_id, values); });
     if (result.success()) return true;
-    WarnFailure(surroundings, result);
+    WarnFailure(context, result);
   }
   return false;
 } catch (const platform::Error& error) {
-  surroundings.messages.Warn(error);
+  context.messages.Warn(error);
   return false;
 }
 
-std::optional<std::int32_t> ChooseAlias(const Surroundings& surroundings, std::int32_t current) {
-  FChooseAlias dialog(surroundings);
+std::optional<std::int32_t> ChooseAlias(const DialogContext& context, std::int32_t current) {
+  FChooseAlias dialog(context);
   return dialog.Choose(current);
 }
 

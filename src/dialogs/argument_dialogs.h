@@ -6,23 +6,23 @@
 #include <cstdint>
 #include <optional>
 
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 
 namespace dialogs {
 
 // New argument of the formula; its ID, or 0 when none was created.
-std::int32_t AddArgument(const Surroundings& surroundings, std::int32_t formula_id);
+std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id);
 
 // Whether the argument was changed. False too when there is none of that ID.
-bool EditArgument(const Surroundings& surroundings, std::int32_t argument_id);
+bool EditArgument(const DialogContext& context, std::int32_t argument_id);
 
 // ID of the new alias, or 0.
-std::int32_t AddAlias(const Surroundings& surroundings);
+std::int32_t AddAlias(const DialogContext& context);
 
 // Whether the alias was changed; nothing happens when there is no current alias (0).
-bool EditAlias(const Surroundings& surroundings, std::int32_t alias_id);
+bool EditAlias(const DialogContext& context, std::int32_t alias_id);
 
 // Lets the user pick an alias from the list of all.
-std::optional<std::int32_t> ChooseAlias(const Surroundings& surroundings, std::int32_t current);
+std::optional<std::int32_t> ChooseAlias(const DialogContext& context, std::int32_t current);
 
 }  // namespace dialogs

@@ -3,9 +3,8 @@
 
 namespace dialogs {
 
-DialogForm::DialogForm(std::string_view name, const Surroundings& surroundings,
-                       std::int32_t help_topic)
-    : Form(name), surroundings_(surroundings) {
+DialogForm::DialogForm(std::string_view name, const DialogContext& context, std::int32_t help_topic)
+    : Form(name), context_(context) {
   SetHelpContextId(help_topic);
   on_load = [this] {
     forms::LocaliseCaptions(*this, [this](std::int32_t number) { return Text(number); });
@@ -16,16 +15,16 @@ DialogForm::DialogForm(std::string_view name, const Surroundings& surroundings,
     Dismiss();
   };
   on_help = [this] {
-    if (surroundings_.help) {
-      surroundings_.help->ShowTopic(surroundings_.toolkit.Handle(*this), HelpContextId());
+    if (context_.help) {
+      context_.help->ShowTopic(context_.toolkit.Handle(*this), HelpContextId());
     }
   };
 }
 
 bool DialogForm::Run() {
   cancelled_ = true;
-  surroundings_.toolkit.ShowModal(*this, surroundings_.owner);
-  surroundings_.toolkit.Unload(*this);
+  context_.toolkit.ShowModal(*this, context_.owner);
+  context_.toolkit.Unload(*this);
   return !cancelled_;
 }
 
@@ -37,7 +36,7 @@ void DialogForm::WireButtons(forms::Button& ok, forms::Button& cancel, forms::Bu
   cancel.SetCancel(true);
   cancel.on_click = [this] { Dismiss(); };
   help.SetTag("C12");
-  help.on_click = [this] { surroundings_.toolkit.SendKeys("{F1}"); };
+  help.on_click = [this] { context_.toolkit.SendKeys("{F1}"); };
 }
 
 void DialogForm::Confirm() {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 #include "forms/fields.h"
 #include "forms/form.h"
 
@@ -22,7 +22,7 @@ inline constexpr std::int32_t kChooseAliasHelpTopic = 90031;
 // answer. A dialog lives for one operation; it may be shown again with what the user entered.
 class DialogForm : public forms::Form {
  public:
-  DialogForm(std::string_view name, const Surroundings& surroundings, std::int32_t help_topic);
+  DialogForm(std::string_view name, const DialogContext& context, std::int32_t help_topic);
 
   // Shows the dialog until it is closed. Whether it was confirmed.
   bool Run();
@@ -37,13 +37,13 @@ class DialogForm : public forms::Form {
   virtual void Accept() { Confirm(); }
   void Confirm();
 
-  const Surroundings& surroundings() const { return surroundings_; }
-  std::string Text(std::int32_t number) const { return surroundings_.Text(number); }
+  const DialogContext& context() const { return context_; }
+  std::string Text(std::int32_t number) const { return context_.Text(number); }
 
  private:
   void Dismiss();
 
-  const Surroundings& surroundings_;
+  const DialogContext& context_;
   bool cancelled_ = true;
 };
 

@@ -14,8 +14,8 @@ bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std:
 
 }  // namespace
 
-FAlias::FAlias(const Surroundings& surroundings, std::int32_t alias_id)
-    : DialogForm("FAlias", surroundings, kAliasHelpTopic), alias_id_(alias_id) {
+FAlias::FAlias(const DialogContext& context, std::int32_t alias_id)
+    : DialogForm("FAlias", context, kAliasHelpTopic), alias_id_(alias_id) {
   SetCaption("VBAlias");
   lblItemName.SetTag("C401");
   lblVBAlias.SetTag("C402");
@@ -41,8 +41,8 @@ void FAlias::Load(const store::AliasValues& values) {
 }
 
 void FAlias::OnItem() {
-  const std::string type = surroundings().items.GetDataType(txtItemname.Text());
-  lblItemHint.SetCaption(surroundings().texts.Text(kDataType, {{"<Type>", type}}));
+  const std::string type = context().items.GetDataType(txtItemname.Text());
+  lblItemHint.SetCaption(context().texts.Text(kDataType, {{"<Type>", type}}));
   lblItemHint.SetVisible(!IsBlank(txtItemname.Text()));
 }
 
@@ -51,7 +51,7 @@ void FAlias::OnAlias() {
   std::string hint;
   if (!IsBlank(text)) {
     const store::AliasValues values{txtItemname.Text().empty() ? text : txtItemname.Text(), text};
-    const store::OperationResult check = surroundings().operations.CheckAlias(values, alias_id_);
+    const store::OperationResult check = context().operations.CheckAlias(values, alias_id_);
     hint = check.detail.empty() ? check.message : check.detail;
     if (hint.empty() && !check.warnings.empty()) hint = check.warnings.front().message;
   }
@@ -60,24 +60,24 @@ void FAlias::OnAlias() {
 }
 
 void FAlias::OnChooseItem() {
-  if (!surroundings().studio) return;
-  const auto item = surroundings().studio->ChooseItem(txtItemname.Text());
+  if (!context().studio) return;
+  const auto item = context().studio->ChooseItem(txtItemname.Text());
   if (!item || IsBlank(*item)) return;
   txtItemname.SetText(*item);
   try {
-    txtVBAlias.SetText(surroundings().operations.ProposeAlias(*item, alias_id_));
+    txtVBAlias.SetText(context().operations.ProposeAlias(*item, alias_id_));
   } catch (const platform::Error& error) {
-    surroundings().messages.Warn(error);
+    context().messages.Warn(error);
   }
 }
 
 void FAlias::Accept() {
-  const auto refusal = RefuseAlias(surroundings(), Values(), alias_id_);
+  const auto refusal = RefuseAlias(context(), Values(), alias_id_);
   if (!refusal) {
     Confirm();
     return;
   }
-  surroundings().messages.Warn(refusal->prompt, refusal->detail);
+  context().messages.Warn(refusal->prompt, refusal->detail);
   (refusal->field == Refusal::Field::kItem ? txtItemname : txtVBAlias).SetFocus();
 }
 

@@ -11,7 +11,7 @@ namespace dialogs {
 class FAlias : public DialogForm {
  public:
   // `alias_id` is the alias that is edited, 0 for a new one.
-  FAlias(const Surroundings& surroundings, std::int32_t alias_id);
+  FAlias(const DialogContext& context, std::int32_t alias_id);
 
   void Load(const store::AliasValues& values);
   store::AliasValues Values() const { return {txtItemname.Text(), txtVBAlias.Text()}; }

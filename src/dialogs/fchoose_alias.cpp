@@ -17,8 +17,8 @@ constexpr std::int32_t kAliases = 1634;
 
 }  // namespace
 
-FChooseAlias::FChooseAlias(const Surroundings& surroundings)
-    : DialogForm("FChooseAlias", surroundings, kChooseAliasHelpTopic) {
+FChooseAlias::FChooseAlias(const DialogContext& context)
+    : DialogForm("FChooseAlias", context, kChooseAliasHelpTopic) {
   SetTag("C1610");
   lblSearch.SetTag("C1611");
   SetResizable(true);
@@ -28,9 +28,9 @@ FChooseAlias::FChooseAlias(const Surroundings& surroundings)
   lvwAlias.SetAccessibleName(Text(kAliases));
   lvwAlias.SetLayout({.stretch = true, .min_chars = 60, .min_lines = 15});
   lvwAlias.SetEmptyText(Text(kNoAliases));
-  surroundings.aliases->Requery();
+  context.aliases->Requery();
   lvwAlias.SetRowSource(
-      std::make_shared<AliasRows>(surroundings.aliases, AliasRows::Columns::kAliasItem));
+      std::make_shared<AliasRows>(context.aliases, AliasRows::Columns::kAliasItem));
   cmdOk.SetDisabledReason(Text(kChooseAliasReason));
   cmdOk.SetEnabled(false);
   WireButtons(cmdOk, cmdCancel, cmdHelp);
@@ -52,10 +52,9 @@ void FChooseAlias::Accept() {
 
 void FChooseAlias::OnSearch() {
   lvwAlias.SetFilter(txtSearch.Text());
-  lvwAlias.SetEmptyText(
-      txtSearch.Text().empty()
-          ? Text(kNoAliases)
-          : surroundings().texts.Text(kNothingFound, {{"<Text>", txtSearch.Text()}}));
+  lvwAlias.SetEmptyText(txtSearch.Text().empty()
+                            ? Text(kNoAliases)
+                            : context().texts.Text(kNothingFound, {{"<Text>", txtSearch.Text()}}));
   if (!lvwAlias.CurrentId() && lvwAlias.RowCount() > 0) lvwAlias.SetCurrentId(lvwAlias.IdAt(0));
 }
 

@@ -13,7 +13,7 @@ namespace dialogs {
 // that contain the text.
 class FChooseAlias : public DialogForm {
  public:
-  explicit FChooseAlias(const Surroundings& surroundings);
+  explicit FChooseAlias(const DialogContext& context);
 
   // Lets the user choose, starting at an alias (0: none). The chosen alias's ID.
   std::optional<std::int32_t> Choose(std::int32_t current);

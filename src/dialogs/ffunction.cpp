@@ -12,9 +12,8 @@ constexpr std::int32_t kScanTimeUse = 1606;
 
 }  // namespace
 
-FFunction::FFunction(const Surroundings& surroundings)
-    : DialogForm("FFunction", surroundings, kFormulaHelpTopic),
-      scan_time_check_(surroundings.toolkit) {
+FFunction::FFunction(const DialogContext& context)
+    : DialogForm("FFunction", context, kFormulaHelpTopic), scan_time_check_(context.toolkit) {
   SetTag("C301");
   lblName.SetTag("C302");
   lblProgID.SetTag("C303");
@@ -43,7 +42,7 @@ FFunction::FFunction(const Surroundings& surroundings)
   cmbType.on_click = [this] { OnType(); };
   txtName.on_change = [this] {
     const store::OperationResult check =
-        this->surroundings().operations.CheckFormulaName(txtName.Text());
+        this->context().operations.CheckFormulaName(txtName.Text());
     lblNameHint.SetCaption(check.detail.empty() ? check.message : check.detail);
     lblNameHint.SetVisible(!check.success() && !txtName.Text().empty());
   };
@@ -80,7 +79,7 @@ void FFunction::OnType() {
 void FFunction::ShowClassHint(std::string_view missing_class) {
   std::string hint = class_warnings_;
   if (!missing_class.empty()) {
-    hint = surroundings().texts.Text(kClassNotOpen, {{"<Class>", missing_class}});
+    hint = context().texts.Text(kClassNotOpen, {{"<Class>", missing_class}});
   } else if (cmbProgID.ListCount() == 0) {
     hint = Text(kNoClasses);
   }

@@ -14,7 +14,7 @@ namespace dialogs {
 // time belongs to asynchronous calls.
 class FFunction : public DialogForm {
  public:
-  explicit FFunction(const Surroundings& surroundings);
+  explicit FFunction(const DialogContext& context);
 
   // Fills the class list; texts of the warnings explain classes that cannot be used as they are.
   void SetClasses(const store::ClassList& classes);

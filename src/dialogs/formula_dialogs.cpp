@@ -12,31 +12,31 @@ namespace {
 constexpr std::int32_t kInitialisationFailed = 340;
 constexpr std::int32_t kStorageFailed = 341;
 
-void WarnInitialisation(const Surroundings& surroundings) {
-  surroundings.messages.Warn(surroundings.Text(kInitialisationFailed));
+void WarnInitialisation(const DialogContext& context) {
+  context.messages.Warn(context.Text(kInitialisationFailed));
 }
 
 }  // namespace
 
-bool PrepareFormulaDialog(FFunction& dialog, const Surroundings& surroundings) {
-  const BusyPointer busy(surroundings.toolkit);
+bool PrepareFormulaDialog(FFunction& dialog, const DialogContext& context) {
+  const BusyPointer busy(context.toolkit);
   dialog.cmbType.Clear();
   for (std::int32_t type = 0; type < store::kCallTypes; ++type) {
-    dialog.cmbType.AddItem(surroundings.Text(store::kFirstCallTypeText + type), type);
+    dialog.cmbType.AddItem(context.Text(store::kFirstCallTypeText + type), type);
   }
   dialog.cmbType.SetListIndex(0);
   try {
-    dialog.SetClasses(surroundings.operations.Classes());
-    dialog.txtName.SetText(surroundings.operations.ProposeFormulaName());
+    dialog.SetClasses(context.operations.Classes());
+    dialog.txtName.SetText(context.operations.ProposeFormulaName());
     return true;
   } catch (const platform::Error&) {
     return false;
   }
 }
 
-bool LoadFormulaIntoDialog(FFunction& dialog, const Surroundings& surroundings,
+bool LoadFormulaIntoDialog(FFunction& dialog, const DialogContext& context,
                            const store::FormulaRecord& record) {
-  if (!PrepareFormulaDialog(dialog, surroundings)) return false;
+  if (!PrepareFormulaDialog(dialog, context)) return false;
   dialog.txtName.SetText(record.name);
   dialog.ChooseClass(record.prog_id);
   dialog.cmbType.SetListIndex(dialog.cmbType.FindData(record.type));
@@ -59,42 +59,42 @@ store::FormulaValues SaveFormulaFromDialog(const FFunction& dialog,
   return values;
 }
 
-AddedFormula AddFormula(const Surroundings& surroundings) {
-  FFunction dialog(surroundings);
-  if (!PrepareFormulaDialog(dialog, surroundings)) {
-    WarnInitialisation(surroundings);
+AddedFormula AddFormula(const DialogContext& context) {
+  FFunction dialog(context);
+  if (!PrepareFormulaDialog(dialog, context)) {
+    WarnInitialisation(context);
     return {};
   }
   while (dialog.Run()) {
     const store::FormulaValues values = SaveFormulaFromDialog(dialog, {});
     const store::OperationResult result =
-        Carry(surroundings, [&] { return surroundings.operations.AddFormula(values); });
+        RunOperation(context, [&] { return context.operations.AddFormula(values); });
     if (result.success()) return {true, values.name, result.id()};
-    WarnFailure(surroundings, result);
+    WarnFailure(context, result);
   }
   return {};
 }
 
-bool EditFormula(const Surroundings& surroundings, std::int32_t formula_id) {
-  FFunction dialog(surroundings);
+bool EditFormula(const DialogContext& context, std::int32_t formula_id) {
+  FFunction dialog(context);
   std::optional<store::FormulaRecord> record;
   try {
-    record = surroundings.operations.FindFormula(formula_id);
+    record = context.operations.FindFormula(formula_id);
   } catch (const platform::Error& error) {
-    surroundings.messages.Warn(surroundings.Text(kInitialisationFailed), error);
+    context.messages.Warn(context.Text(kInitialisationFailed), error);
     return false;
   }
   if (!record) return false;
-  if (!LoadFormulaIntoDialog(dialog, surroundings, *record)) {
-    WarnInitialisation(surroundings);
+  if (!LoadFormulaIntoDialog(dialog, context, *record)) {
+    WarnInitialisation(context);
     return false;
   }
   while (dialog.Run()) {
     const store::FormulaValues values = SaveFormulaFromDialog(dialog, *record);
-    const store::OperationResult result = Carry(
-        surroundings, [&] { return surroundings.operations.EditFormula(formula_id, values); });
+    const store::OperationResult result =
+        RunOperation(context, [&] { return context.operations.EditFormula(formula_id, values); });
     if (result.success()) return true;
-    WarnFailure(surroundings, result, kStorageFailed);
+    WarnFailure(context, result, kStorageFailed);
   }
   return false;
 }

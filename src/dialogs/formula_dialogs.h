@@ -5,18 +5,18 @@
 #include <cstdint>
 #include <string>
 
+#include "dialogs/dialog_context.h"
 #include "dialogs/ffunction.h"
-#include "dialogs/surroundings.h"
 #include "store/formula_records.h"
 
 namespace dialogs {
 
 // Fills call types and classes, chooses the first call type and proposes a name. False when the
 // database or the development environment fails.
-bool PrepareFormulaDialog(FFunction& dialog, const Surroundings& surroundings);
+bool PrepareFormulaDialog(FFunction& dialog, const DialogContext& context);
 
 // Prepares the dialog and shows the record in it.
-bool LoadFormulaIntoDialog(FFunction& dialog, const Surroundings& surroundings,
+bool LoadFormulaIntoDialog(FFunction& dialog, const DialogContext& context,
                            const store::FormulaRecord& record);
 
 // What the dialog holds. A call type that the list does not have stays that of `before`.
@@ -30,9 +30,9 @@ struct AddedFormula {
 };
 
 // Creates a formula. One that cannot be stored is shown again with what was entered.
-AddedFormula AddFormula(const Surroundings& surroundings);
+AddedFormula AddFormula(const DialogContext& context);
 
 // Edits the formula; whether it was changed. False too when there is none of that ID.
-bool EditFormula(const Surroundings& surroundings, std::int32_t formula_id);
+bool EditFormula(const DialogContext& context, std::int32_t formula_id);
 
 }  // namespace dialogs

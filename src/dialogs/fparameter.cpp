@@ -12,8 +12,8 @@ constexpr std::int32_t kItemOfAlias = 1605;
 
 }  // namespace
 
-FParameter::FParameter(const Surroundings& surroundings)
-    : DialogForm("FParameter", surroundings, kArgumentHelpTopic) {
+FParameter::FParameter(const DialogContext& context)
+    : DialogForm("FParameter", context, kArgumentHelpTopic) {
   SetTag("C500");
   lblVBAlias.SetTag("C501");
   chkIn.SetTag("C502");
@@ -24,8 +24,8 @@ FParameter::FParameter(const Surroundings& surroundings)
   cmdOk.SetEnabled(false);
   SetResizable(true);
   WireButtons(cmdOk, cmdCancel, cmdHelp);
-  surroundings.aliases->Requery();
-  cmbVBAlias.SetSource(std::make_shared<AliasList>(surroundings.aliases));
+  context.aliases->Requery();
+  cmbVBAlias.SetSource(std::make_shared<AliasList>(context.aliases));
   cmbVBAlias.on_click = [this] { OnAlias(); };
   chkIn.on_click = [this] { OnFlag(chkIn); };
   chkOut.on_click = [this] { OnFlag(chkOut); };
@@ -46,18 +46,18 @@ store::ArgumentValues FParameter::Values() const {
 void FParameter::OnFlag(forms::CheckBox& clicked) {
   if (!on_variable_change_ || !chkIn.Checked() || !chkOut.Checked()) return;
   clicked.SetChecked(false);
-  surroundings().messages.Warn(Text(kNotBothFlags));
+  context().messages.Warn(Text(kNotBothFlags));
 }
 
 void FParameter::OnAlias() {
   const std::int32_t index = cmbVBAlias.ListIndex();
   cmdOk.SetEnabled(index != -1);
   if (index != -1) {
-    const auto records = surroundings().aliases->Records(static_cast<std::size_t>(index), 1);
+    const auto records = context().aliases->Records(static_cast<std::size_t>(index), 1);
     lblVBAliasHint.SetCaption(
         records.empty()
             ? std::string()
-            : surroundings().texts.Text(kItemOfAlias, {{"<Item>", records.front().item_id}}));
+            : context().texts.Text(kItemOfAlias, {{"<Item>", records.front().item_id}}));
   } else {
     lblVBAliasHint.SetCaption(cmbVBAlias.ListCount() == 0 ? Text(kNoAliases) : std::string());
   }

@@ -11,7 +11,7 @@ namespace dialogs {
 // variable change is input or return value, not both.
 class FParameter : public DialogForm {
  public:
-  explicit FParameter(const Surroundings& surroundings);
+  explicit FParameter(const DialogContext& context);
 
   // Shows the argument; false when its alias is not in the list.
   bool Load(const store::ArgumentValues& values);

@@ -3,39 +3,39 @@
 
 namespace dialogs {
 
-store::OperationResult Carry(const Surroundings& surroundings,
-                             const std::function<store::OperationResult()>& operation) {
+store::OperationResult RunOperation(const DialogContext& context,
+                                    const std::function<store::OperationResult()>& operation) {
   store::OperationResult result;
   {
-    const BusyPointer busy(surroundings.toolkit);
+    const BusyPointer busy(context.toolkit);
     result = operation();
   }
-  surroundings.ShowWarnings(result.warnings);
+  context.ShowWarnings(result.warnings);
   return result;
 }
 
-store::OperationResult CarryList(
-    const Surroundings& surroundings, std::int32_t task,
+store::OperationResult RunListOperation(
+    const DialogContext& context, std::int32_t task,
     const std::function<store::OperationResult(const store::OperationOptions&)>& operation) {
-  const MessageBoxes::Guard guard(surroundings.messages);
-  const auto progress = surroundings.toolkit.StartProgress(surroundings.Text(task));
+  const MessageBoxes::Guard guard(context.messages);
+  const auto progress = context.toolkit.StartProgress(context.Text(task));
   store::OperationOptions options;
   options.progress = [&](std::size_t done, std::size_t total) {
     return progress->Show(done, total);
   };
-  return Carry(surroundings, [&] { return operation(options); });
+  return RunOperation(context, [&] { return operation(options); });
 }
 
-void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
+void WarnFailure(const DialogContext& context, const store::OperationResult& result,
                  std::int32_t text) {
   if (result.outcome == store::Outcome::kCancelled) {
-    if (surroundings.studio) surroundings.studio->ShowWarnings({result.message});
+    if (context.studio) context.studio->ShowWarnings({result.message});
     return;
   }
   if (text == 0 || text == result.text_id) {
-    surroundings.messages.Warn(result.message, result.detail);
+    context.messages.Warn(result.message, result.detail);
   } else {
-    surroundings.messages.Warn(surroundings.Text(text), Explanation(result));
+    context.messages.Warn(context.Text(text), Explanation(result));
   }
 }
 

@@ -6,24 +6,24 @@
 #include <functional>
 #include <string>
 
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 #include "store/operation_result.h"
 
 namespace dialogs {
 
 // Carries an operation out under the hourglass and shows its warnings.
-store::OperationResult Carry(const Surroundings& surroundings,
-                             const std::function<store::OperationResult()>& operation);
+store::OperationResult RunOperation(const DialogContext& context,
+                                    const std::function<store::OperationResult()>& operation);
 
 // The same for a list of objects that may take long: shows how far it is, and the user may stop
 // it, which leaves everything as it was.
-store::OperationResult CarryList(
-    const Surroundings& surroundings, std::int32_t task,
+store::OperationResult RunListOperation(
+    const DialogContext& context, std::int32_t task,
     const std::function<store::OperationResult(const store::OperationOptions&)>& operation);
 
 // Says why an operation failed. With a text number that text is the message, and the operation's
 // own goes to the detail line. What the user stopped is told in the studio's status line.
-void WarnFailure(const Surroundings& surroundings, const store::OperationResult& result,
+void WarnFailure(const DialogContext& context, const store::OperationResult& result,
                  std::int32_t text = 0);
 
 // Message and detail in one text.

@@ -115,7 +115,7 @@ bool Commands::Confirmed(std::int32_t question, const std::string& detail) {
 // --- Formulas ---
 
 void Commands::NewFormula() {
-  const dialogs::AddedFormula added = dialogs::AddFormula(context_.surroundings);
+  const dialogs::AddedFormula added = dialogs::AddFormula(context_.dialog_context);
   if (!added.added) return;
   const std::string key = FormulaKey(added.id);
   platform::AddIn& studio = *context_.studio;
@@ -126,7 +126,7 @@ void Commands::NewFormula() {
 }
 
 void Commands::EditFormula(std::int32_t id) {
-  if (!dialogs::EditFormula(context_.surroundings, id)) return;
+  if (!dialogs::EditFormula(context_.dialog_context, id)) return;
   const auto record = context_.operations.FindFormula(id);
   if (!record) return;
   const std::string key = FormulaKey(id);
@@ -150,10 +150,10 @@ void Commands::DeleteFormula(std::int32_t id) {
     return;
   }
   const std::array ids = {id};
-  const store::OperationResult result =
-      dialogs::Carry(context_.surroundings, [&] { return operations.DeleteFormulas(ids); });
+  const store::OperationResult result = dialogs::RunOperation(
+      context_.dialog_context, [&] { return operations.DeleteFormulas(ids); });
   if (!result.success()) {
-    dialogs::WarnFailure(context_.surroundings, result);
+    dialogs::WarnFailure(context_.dialog_context, result);
     return;
   }
   const std::string key = FormulaKey(id);
@@ -180,14 +180,14 @@ void Commands::ShowCode(std::int32_t id) {
 
 void Commands::NewArgument() {
   const std::int32_t id =
-      dialogs::AddArgument(context_.surroundings, KeyNumber(view_.CurrentKey()));
+      dialogs::AddArgument(context_.dialog_context, KeyNumber(view_.CurrentKey()));
   if (id == 0) return;
   view_.Reload();
   arguments_.SetCurrentId(id);
 }
 
 void Commands::EditArgument() {
-  if (dialogs::EditArgument(context_.surroundings, CurrentIdOf(arguments_))) view_.Reload();
+  if (dialogs::EditArgument(context_.dialog_context, CurrentIdOf(arguments_))) view_.Reload();
 }
 
 void Commands::DeleteArguments() {
@@ -202,24 +202,24 @@ void Commands::DeleteArguments() {
   const std::string detail = context_.texts.Text(
       kArgumentsDetail, {{"<Names>", NameList(names)}, {"<Name>", formula ? formula->name : ""}});
   if (!Confirmed(kAskArguments, detail)) return;
-  const store::OperationResult result = dialogs::CarryList(
-      context_.surroundings, kDeletingArguments,
+  const store::OperationResult result = dialogs::RunListOperation(
+      context_.dialog_context, kDeletingArguments,
       [&](const auto& options) { return operations.DeleteArguments(ids, options); });
-  if (!result.success()) dialogs::WarnFailure(context_.surroundings, result);
+  if (!result.success()) dialogs::WarnFailure(context_.dialog_context, result);
   view_.Reload();
 }
 
 // --- Aliases ---
 
 void Commands::NewAlias() {
-  const std::int32_t id = dialogs::AddAlias(context_.surroundings);
+  const std::int32_t id = dialogs::AddAlias(context_.dialog_context);
   if (id == 0) return;
   view_.Reload();
   aliases_.SetCurrentId(id);
 }
 
 void Commands::EditAlias() {
-  if (dialogs::EditAlias(context_.surroundings, CurrentIdOf(aliases_))) view_.Reload();
+  if (dialogs::EditAlias(context_.dialog_context, CurrentIdOf(aliases_))) view_.Reload();
 }
 
 void Commands::DeleteAliases() {
@@ -238,10 +238,10 @@ void Commands::DeleteAliases() {
   if (!uses) return;
   WarnOfUses(uses->used);
   if (uses->unused.empty()) return;
-  const store::OperationResult result = dialogs::CarryList(
-      context_.surroundings, kDeletingAliases,
+  const store::OperationResult result = dialogs::RunListOperation(
+      context_.dialog_context, kDeletingAliases,
       [&](const auto& options) { return operations.DeleteAliases(uses->unused, options); });
-  if (!result.success()) dialogs::WarnFailure(context_.surroundings, result);
+  if (!result.success()) dialogs::WarnFailure(context_.dialog_context, result);
   view_.Reload();
 }
 
@@ -310,7 +310,7 @@ void Commands::ShowReport() {
   std::string database_path = context_.project.database_path;
   report->Show(
       "OVFormula", database_path,
-      static_cast<std::int32_t>(context_.services.toolkit.Handle(*context_.surroundings.owner)));
+      static_cast<std::int32_t>(context_.services.toolkit.Handle(*context_.dialog_context.owner)));
 }
 
 }  // namespace editor

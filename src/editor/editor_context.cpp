@@ -21,7 +21,7 @@ EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
       operations({project.connection, project.vbe, &code, &services.unit, &texts}),
       rows(project.connection, project.grid_aliases, operations),
       items(services.items),
-      surroundings{
+      dialog_context{
           services.toolkit, texts,          messages, operations, rows.AliasesByName(), items,
           studio.get(),     &services.help, &owner} {
   code.Initialize(project.connection, project.vbe, project.name);

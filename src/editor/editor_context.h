@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "codegen/vb_formula_code.h"
+#include "dialogs/dialog_context.h"
 #include "dialogs/dummy_var_ocx.h"
 #include "dialogs/message_boxes.h"
-#include "dialogs/surroundings.h"
 #include "editor/editor_host.h"
 #include "editor/editor_rows.h"
 #include "platform/ado.h"
@@ -49,7 +49,7 @@ class EditorContext : private codegen::CodeWindowCaller {
   store::Operations operations;
   EditorRows rows;
   dialogs::FDummyVarOCX items;
-  const dialogs::Surroundings surroundings;
+  const dialogs::DialogContext dialog_context;
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }
   forms::TextLookup Lookup() const;

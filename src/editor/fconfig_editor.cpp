@@ -37,8 +37,8 @@ bool WriteOptions(settings::CInit& inits) {
 
 }  // namespace
 
-FConfigEditor::FConfigEditor(const dialogs::Surroundings& surroundings)
-    : DialogForm("FConfigEditor", surroundings, dialogs::kOptionsHelpTopic) {
+FConfigEditor::FConfigEditor(const dialogs::DialogContext& dialog_context)
+    : DialogForm("FConfigEditor", dialog_context, dialogs::kOptionsHelpTopic) {
   SetTag("C163");
   lblEditorFont.SetTag("C701");
   chkDelQuestion.SetTag("C702");
@@ -49,7 +49,7 @@ FConfigEditor::FConfigEditor(const dialogs::Surroundings& surroundings)
   cmdEditorFont.SetCaption("...");
   cmdEditorFont.SetLayout({.same_row = true});
   cmdEditorFont.on_click = [this] {
-    const auto font = this->surroundings().toolkit.ChooseFont(txtEditorFont.GetFont());
+    const auto font = context().toolkit.ChooseFont(txtEditorFont.GetFont());
     if (!font) return;
     txtEditorFont.SetFont(*font);
     txtEditorFont.SetText(font->name);
@@ -88,7 +88,7 @@ bool StoreOptions(frmtabgrid& window, const FConfigEditor& dialog) {
 }
 
 bool OpenOptions(frmtabgrid& window) {
-  FConfigEditor dialog(window.surroundings());
+  FConfigEditor dialog(window.dialog_context());
   LoadOptions(window, dialog);
   if (!dialog.Run()) return false;
   if (StoreOptions(window, dialog)) return true;

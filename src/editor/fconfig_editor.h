@@ -11,7 +11,7 @@ class frmtabgrid;
 // The options dialog: the editor's font and three switches.
 class FConfigEditor : public dialogs::DialogForm {
  public:
-  explicit FConfigEditor(const dialogs::Surroundings& surroundings);
+  explicit FConfigEditor(const dialogs::DialogContext& dialog_context);
 
   forms::Label lblEditorFont{this, "lblEditorFont"};
   forms::TextBox txtEditorFont{this, "txtEditorFont"};

@@ -171,7 +171,7 @@ void frmtabgrid::ShowNode(std::string_view key, std::string_view text) {
   MenuSwitcher(key, toolbar_flag_);
 }
 
-void frmtabgrid::TellUnreadable() {
+void frmtabgrid::ShowUnreadable() {
   const std::string problem = context_.texts.Sentence(context_.rows.Problem());
   if (problem == std::exchange(told_problem_, problem) || problem.empty()) return;
   context_.messages.Warn(problem);

@@ -60,7 +60,7 @@ class frmtabgrid : public forms::Form,
   void VerifyAdds(std::string_view key) override;
   void MakeMyCaption(std::string_view key, std::string_view formula_name) override;
   // Says once why a list that is shown cannot be read.
-  void TellUnreadable();
+  void ShowUnreadable();
   // The node that the next command of the tree concerns, and whether labels are shown.
   void SetTreeContext(std::string_view key, bool toolbar_flag);
 
@@ -95,7 +95,7 @@ class frmtabgrid : public forms::Form,
   EditorContext& context() { return context_; }
   const EditorContext& context() const { return context_; }
   store::Operations& operations() { return context_.operations; }
-  const dialogs::Surroundings& surroundings() const { return context_.surroundings; }
+  const dialogs::DialogContext& dialog_context() const { return context_.dialog_context; }
   dialogs::MessageBoxes& messages() { return context_.messages; }
   bool SettingIsOn(std::string_view key) const { return context_.SettingIsOn(key); }
   void AliasesChanged() { context_.rows.AliasesChanged(); }

@@ -6,7 +6,7 @@
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/outcome.h"
 #include "editor/tools.h"
-#include "store/text_numbers.h"
+#include "store/operation_texts.h"
 
 namespace editor {
 
@@ -120,7 +120,7 @@ void GridEditing::ChooseCell(forms::Grid& grid, std::size_t column) {
   store::Operations& operations = context_.operations;
   const auto argument = operations.FindArgument(static_cast<std::int32_t>(*grid.CurrentId()));
   const auto chosen =
-      dialogs::ChooseAlias(context_.surroundings, argument ? argument->alias_id : 0);
+      dialogs::ChooseAlias(context_.dialog_context, argument ? argument->alias_id : 0);
   if (!chosen) return;
   if (const auto alias = operations.FindAlias(*chosen)) grid.EditCell(column, alias->vb_alias);
 }
@@ -170,8 +170,8 @@ void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellCh
     }
     values.alias_id = alias->id;
   }
-  FailUnlessDone(dialogs::Carry(context_.surroundings,
-                                [&] { return operations.EditArgument(argument_id, values); }));
+  FailUnlessDone(dialogs::RunOperation(
+      context_.dialog_context, [&] { return operations.EditArgument(argument_id, values); }));
   context_.ReadArguments(owner_.CurrentKey());
 }
 
@@ -185,8 +185,8 @@ void GridEditing::WriteAlias(std::int64_t id, const std::vector<forms::CellChang
     if (change.column == kItemIdColumn) values.item_id = change.new_value.ToText();
     if (change.column == kVBAliasColumn) values.vb_alias = change.new_value.ToText();
   }
-  FailUnlessDone(dialogs::Carry(context_.surroundings,
-                                [&] { return operations.EditAlias(alias_id, values); }));
+  FailUnlessDone(dialogs::RunOperation(context_.dialog_context,
+                                       [&] { return operations.EditAlias(alias_id, values); }));
   context_.rows.AliasesChanged();
 }
 

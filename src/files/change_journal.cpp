@@ -254,7 +254,7 @@ class CommitRun {
     } else {
       // Moved aside first: a failure later on brings it back with all its attributes.
       system_.Rename(record.path, record.temporary);
-      if (!HoldsBefore(file)(record.temporary)) GiveBack(file);
+      if (!HoldsBefore(file)(record.temporary)) PutBack(file);
     }
   }
 
@@ -290,11 +290,11 @@ class CommitRun {
   // Removes what was replaced, unless somebody who had it open has written it since.
   void RemoveReplaced(WholeFile& file) {
     if (!file.change->before || !system_.Exists(file.record.temporary)) return;
-    if (system_.Stamp(file.record.temporary) != file.stamp) GiveBack(file);
+    if (system_.Stamp(file.record.temporary) != file.stamp) PutBack(file);
     system_.Remove(file.record.temporary);  // 6
   }
 
-  [[noreturn]] void GiveBack(WholeFile& file) {
+  [[noreturn]] void PutBack(WholeFile& file) {
     if (file.change->after) {
       system_.Exchange(file.record.temporary, file.record.path);
     } else {
@@ -347,9 +347,9 @@ void Undo(FileSystem& system, JournalFile& journal, const std::string& database,
 }
 
 // What was told to have failed is not found done at the next start, should putting it back fail.
-void GiveUp(JournalFile& journal) {
+void Abandon(JournalFile& journal) {
   try {
-    journal.GiveUp();
+    journal.Abandon();
   } catch (const Error&) {
     // A medium that takes nothing any more: what is there stays, and the failure says so.
   }
@@ -362,7 +362,7 @@ void GiveUp(JournalFile& journal) {
   const std::exception_ptr cause = std::current_exception();
   try {
     if (run.touched()) {
-      GiveUp(journal);
+      Abandon(journal);
       Undo(system, journal, database, reach, run);
     } else {
       journal.MarkIdle();

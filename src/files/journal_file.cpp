@@ -83,7 +83,7 @@ void JournalFile::SyncName() {
   name_synced_ = true;
 }
 
-void JournalFile::GiveUp() {
+void JournalFile::Abandon() {
   journal::WriteGivenUp(*file_);
   file_->Sync();
 }

@@ -41,7 +41,7 @@ class JournalFile {
   // Makes the file's name last, once.
   void SyncName();
   // Writes the mark that the change is given up, and syncs it.
-  void GiveUp();
+  void Abandon();
   // Writes the mark that nothing is under way, syncs it, and gives much room back.
   void MarkIdle();
 

@@ -22,7 +22,7 @@ constexpr std::uint64_t kFarthest = std::uint64_t{1} << 62;  // sums of two stay
 constexpr std::uint64_t kExisted = 1;
 constexpr std::uint64_t kWillExist = 2;
 // Smaller parts are copied: the journal alone can then put them back, whatever became of the file.
-constexpr std::uint64_t kLeastKept = std::uint64_t{1} << 16;
+constexpr std::uint64_t kMinKept = std::uint64_t{1} << 16;
 
 enum Kind : std::uint32_t {
   kDatabase = 1,
@@ -161,7 +161,7 @@ bool IsKept(const KeptRange& kept, const FileChange& change) {
     return inside ? std::string_view(*contents).substr(offset, kept.length) : std::string_view();
   };
   const std::string_view before = part(change.before, kept.before);
-  return before.size() >= kLeastKept && before == part(change.after, kept.after);
+  return before.size() >= kMinKept && before == part(change.after, kept.after);
 }
 
 }  // namespace

@@ -167,7 +167,7 @@ MemoryFileSystem::MemoryFileSystem() : medium_(std::make_shared<Medium>()) {
 MemoryFileSystem::~MemoryFileSystem() = default;
 
 std::string MemoryFileSystem::Resolve(const std::string& path, LastStep last) const {
-  constexpr int kMostLinks = 40;
+  constexpr int kMaxLinks = 40;
   std::string rest = Normal(path);
   std::string resolved = "/";
   for (int links = 0; !rest.empty();) {
@@ -176,7 +176,7 @@ std::string MemoryFileSystem::Resolve(const std::string& path, LastStep last) co
     rest.erase(0, end);
     const auto it = nodes_.find(at);
     const bool follow = it != nodes_.end() && !it->second->link.empty() &&
-                        (!rest.empty() || last == LastStep::kFollow) && ++links < kMostLinks;
+                        (!rest.empty() || last == LastStep::kFollow) && ++links < kMaxLinks;
     if (!follow) {
       resolved = at == "/" ? at : Normal(at);
       continue;

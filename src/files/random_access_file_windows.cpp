@@ -118,8 +118,8 @@ class WindowsFile final : public RandomAccessFile {
 
  private:
   static DWORD Step(std::size_t count) {
-    constexpr std::size_t kMost = 1 << 30;
-    return static_cast<DWORD>(std::min(count, kMost));
+    constexpr std::size_t kMaxCount = 1 << 30;
+    return static_cast<DWORD>(std::min(count, kMaxCount));
   }
 
   std::vector<Held> TakeOverlapping(const Held& range) {

@@ -150,7 +150,7 @@ void ReplaceVersion(FileSystem& system, const std::string& path, std::string_vie
 
 void UpdateFile(FileSystem& system, const std::string& path,
                 const std::function<std::string(const std::string& before)>& change) {
-  constexpr int kAttempts = 100, kLongestPauseMs = 20;
+  constexpr int kAttempts = 100, kMaxPauseMs = 20;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const bool exists = system.Exists(path);
     const std::string before = exists ? ReadFile(system, path) : std::string();
@@ -164,7 +164,7 @@ void UpdateFile(FileSystem& system, const std::string& path,
       if (!again || attempt + 1 == kAttempts) throw;
     }
     // Whoever has the file waits for the medium.
-    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(attempt, kLongestPauseMs)));
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(attempt, kMaxPauseMs)));
   }
 }
 

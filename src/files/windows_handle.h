@@ -57,10 +57,10 @@ bool IsMomentary(DWORD code);
 // every new file (virus scanners, indexers) hold it for a moment.
 template <typename Call, typename IsFinal>
 DWORD Retry(Call call, IsFinal is_final) {
-  constexpr DWORD kFirstPause = 1, kLongestPause = 256;  // ms, twice as long each time
+  constexpr DWORD kFirstPause = 1, kMaxPause = 256;  // ms, twice as long each time
   for (DWORD pause = kFirstPause;; pause *= 2) {
     const DWORD code = call();
-    if (!IsMomentary(code) || pause > kLongestPause || is_final(code)) return code;
+    if (!IsMomentary(code) || pause > kMaxPause || is_final(code)) return code;
     ::Sleep(pause);
   }
 }

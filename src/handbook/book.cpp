@@ -20,7 +20,7 @@ constexpr std::size_t kBefore = 60;  // bytes of an excerpt before and behind th
 constexpr std::size_t kBehind = 140;
 constexpr int kTitleScore = 100;
 constexpr int kWordScore = 30;
-constexpr int kMostTextScore = 10;
+constexpr int kMaxTextScore = 10;
 
 std::vector<std::string_view> Split(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
@@ -158,7 +158,7 @@ std::vector<Hit> Book::Search(std::string_view query) const {
     int score = 0;
     bool all = true;
     for (const std::string_view word : words) {
-      int points = std::min(Count(pages_[i].folded, word), kMostTextScore);
+      int points = std::min(Count(pages_[i].folded, word), kMaxTextScore);
       if (title.find(word) != std::string::npos) points += kTitleScore;
       for (const std::string_view index_word : topic.words) {
         if (platform::FoldCase(index_word).find(word) == std::string::npos) continue;

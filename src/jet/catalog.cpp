@@ -73,7 +73,7 @@ std::optional<RowId> Catalog::FindByIndex(std::string_view name) {
 }
 
 std::optional<CatalogEntry> Catalog::FindTable(std::string_view name) {
-  const ReadHold hold(table_.session());
+  const ReadLock lock(table_.session());
   table_.Refresh();
   if (const auto id = FindByIndex(name)) {
     if (const auto stored = table_.reader().Find(*id)) {

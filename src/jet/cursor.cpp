@@ -48,14 +48,14 @@ void IndexCursor::Rewind(Direction direction) {
 }
 
 bool IndexCursor::Seek(std::span<const Value> key) {
-  const ReadHold hold(state_->table.session());
+  const ReadLock lock(state_->table.session());
   if (!state_->Encode(key)) return false;
   return state_->entries.Seek(state_->bytes, Bound::kFirst) &&
          state_->entries.KeyStartsWith(state_->bytes);
 }
 
 bool IndexCursor::SeekAtLeast(std::span<const Value> key) {
-  const ReadHold hold(state_->table.session());
+  const ReadLock lock(state_->table.session());
   if (!state_->Encode(key)) {
     throw Error(ErrorKind::kInvalid, state_->table.session().path(), {}, message::kCannotOrder,
                 message::kChooseOtherValue);
@@ -64,12 +64,12 @@ bool IndexCursor::SeekAtLeast(std::span<const Value> key) {
 }
 
 bool IndexCursor::Next() {
-  const ReadHold hold(state_->table.session());
+  const ReadLock lock(state_->table.session());
   return state_->entries.Next();
 }
 
 bool IndexCursor::Previous() {
-  const ReadHold hold(state_->table.session());
+  const ReadLock lock(state_->table.session());
   return state_->entries.Previous();
 }
 
@@ -78,14 +78,14 @@ bool IndexCursor::NextEqual() { return Next() && state_->entries.KeyStartsWith(s
 RowId IndexCursor::row() const { return state_->entries.row(); }
 
 IndexCursor Table::OpenCursor(std::size_t index) {
-  const ReadHold hold(state_->session());
+  const ReadLock lock(state_->session());
   state_->Refresh();
   return IndexCursor(std::make_unique<IndexCursor::State>(
       *state_, state_->definition().indexes.at(index).physical));
 }
 
 std::vector<RowId> Table::IndexedRows(std::size_t index) {
-  const ReadHold hold(state_->session());
+  const ReadLock lock(state_->session());
   state_->Refresh();
   return state_->tree(state_->definition().indexes.at(index).physical).Rows();
 }

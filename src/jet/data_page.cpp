@@ -139,7 +139,7 @@ void ResizeRow(std::byte* page, std::size_t slot, std::size_t size) {
           static_cast<std::uint16_t>(LowestRow(page) - (kDataSlotsOffset + 2 * count)));
 }
 
-void Squeeze(std::byte* page) {
+void Compact(std::byte* page) {
   const std::size_t count = SlotCount(page);
   for (std::size_t i = 0; i < count; ++i) {
     const Slot slot = GetSlot(page, i);

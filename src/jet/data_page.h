@@ -92,6 +92,6 @@ void SetSlotState(std::byte* page, std::size_t slot, std::uint16_t state);
 // zeros, or bytes are cut off at the end.
 void ResizeRow(std::byte* page, std::size_t slot, std::size_t size);
 // Removes the bytes of every deleted row. Slots keep their numbers.
-void Squeeze(std::byte* page);
+void Compact(std::byte* page);
 
 }  // namespace jet

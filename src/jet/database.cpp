@@ -27,7 +27,7 @@ constexpr std::uint32_t kRelationCascadeDeletes = 0x1000;
 }  // namespace
 
 Database::Database(std::unique_ptr<Session> session) : session_(std::move(session)) {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   catalog_ = std::make_unique<Catalog>(*session_);
 }
 
@@ -58,7 +58,7 @@ const messages::Message& Database::read_only_reason() const { return session_->r
 messages::Message Database::ForeignUser() { return session_->ForeignUser(); }
 
 HeaderInfo Database::Header() {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   const HeaderFields& fields = session_->header();
   return {session_->pager().page_count(), fields.build, fields.code_page, fields.lcid,
           fields.created};
@@ -80,7 +80,7 @@ std::vector<TableInfo> Database::Tables(bool system) {
 bool Database::HasTable(std::string_view name) { return catalog_->FindTable(name).has_value(); }
 
 Table& Database::OpenTable(std::string_view name) {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   const auto entry = catalog_->FindTable(name);
   if (!entry) {
     throw Error(ErrorKind::kNotFound, path(), {}, {message::kNoTable, {{"<Table>", name}}},
@@ -118,7 +118,7 @@ void Database::CreateIndex(std::string_view table, const IndexSpec& spec) {
 }
 
 std::vector<Relation> Database::Relations() {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   TableState table(*session_, "MSysRelationships", kRelationshipsDefinition);
   std::vector<std::size_t> columns;
   for (const char* name : {"szRelationship", "szObject", "szColumn", "szReferencedObject",
@@ -155,7 +155,7 @@ std::vector<Relation> Database::Relations() {
 }
 
 std::vector<Property> Database::Properties(std::string_view table) {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   const auto entry = catalog_->FindTable(table);
   const std::size_t columns[] = {catalog_->Position("LvProp")};
   TableState& catalog = catalog_->table();
@@ -180,12 +180,12 @@ void Database::Commit() { session_->Commit(); }
 void Database::Rollback() noexcept { session_->Rollback(); }
 bool Database::InTransaction() const { return session_->InTransaction(); }
 std::uint64_t Database::Generation() {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   return session_->generation();
 }
 
 VerifyResult Database::Verify(const std::function<void(std::uint64_t, std::uint64_t)>& progress) {
-  const ReadHold hold(*session_);
+  const ReadLock lock(*session_);
   return Verifier(*session_, *catalog_, progress).Run();
 }
 

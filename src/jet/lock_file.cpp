@@ -30,8 +30,8 @@ messages::Message UserOf(files::RandomAccessFile& file, int user) {
 
 // One question covers all users in the usual case that there is no other.
 messages::Message Find(files::RandomAccessFile& file, files::RandomAccessFile& database) {
-  if (!file.IsLockedByOthers(kUserLockBase + 1, kMostUsers)) return {};
-  for (int n = 1; n <= kMostUsers; ++n) {
+  if (!file.IsLockedByOthers(kUserLockBase + 1, kMaxUsers)) return {};
+  for (int n = 1; n <= kMaxUsers; ++n) {
     const auto offset = static_cast<std::uint64_t>(n);
     if (file.IsLockedByOthers(kUserLockBase + offset, 1) &&
         !database.IsLockedByOthers(kOwnUserBase + offset, 1)) {
@@ -56,7 +56,7 @@ LockFile::LockFile(files::FileSystem& system, const std::string& database_path,
     : system_(system), database_(database), path_(PathFor(database_path)) {
   // The last user who leaves removes the file, perhaps between our opening it and our locking a
   // place; then we hold a file that nobody sees, and begin again.
-  for (int attempt = 0; attempt < kMostUsers; ++attempt) {
+  for (int attempt = 0; attempt < kMaxUsers; ++attempt) {
     Open();
     TakePlace(computer, user);
     if (BearsName()) return;
@@ -77,7 +77,7 @@ void LockFile::Open() {
                  files::message::kIsDatabase);
   }
   files::CheckOneName(system_, path_, files::message::kCannotBeUsed);
-  if (stamp.size > kMostUsers * kUserRecordSize) {
+  if (stamp.size > kMaxUsers * kUserRecordSize) {
     files::Raise(files::ErrorKind::kInTheWay, path_, files::message::kCannotBeUsed,
                  files::message::kNoLockFile);
   }
@@ -90,7 +90,7 @@ bool LockFile::BearsName() {
 
 // Our own byte first, so that whoever sees the user byte can tell that it is one of ours.
 void LockFile::TakePlace(const std::string& computer, const std::string& user) {
-  for (int n = 1; n <= kMostUsers; ++n) {
+  for (int n = 1; n <= kMaxUsers; ++n) {
     const auto offset = static_cast<std::uint64_t>(n);
     if (!database_.TryLock(kOwnUserBase + offset, 1, files::LockMode::kExclusive)) continue;
     if (!file_->TryLock(kUserLockBase + offset, 1, files::LockMode::kExclusive)) {
@@ -110,7 +110,7 @@ void LockFile::TakePlace(const std::string& computer, const std::string& user) {
 
 LockFile::~LockFile() {
   try {
-    const bool is_last = !file_->IsLockedByOthers(kUserLockBase + 1, kMostUsers);
+    const bool is_last = !file_->IsLockedByOthers(kUserLockBase + 1, kMaxUsers);
     if (is_last && BearsName()) system_.Remove(path_);
     const auto place = static_cast<std::uint64_t>(user_);
     database_.Unlock(kOwnUserBase + place, 1);

@@ -16,7 +16,7 @@ namespace jet {
 inline constexpr std::uint64_t kUserLockBase = 0x10000000;
 inline constexpr std::size_t kUserRecordSize = 64;
 inline constexpr std::size_t kUserNameSize = 32;
-inline constexpr int kMostUsers = 255;
+inline constexpr int kMaxUsers = 255;
 
 // Bytes that our own processes lock in the database file. They lie behind the largest file, where
 // nobody else looks.

@@ -21,9 +21,9 @@ inline constexpr std::size_t kLongValueHead = 12;
 inline constexpr std::uint32_t kLongValueInline = 0x80000000;
 inline constexpr std::uint32_t kLongValueSingle = 0x40000000;
 inline constexpr std::uint32_t kLongValueLengthMask = 0x3FFFFFFF;
-inline constexpr std::size_t kMostInline = 64;
-inline constexpr std::size_t kMostInSingle = 4076;
-inline constexpr std::size_t kMostInChainRecord = 4072;
+inline constexpr std::size_t kMaxInline = 64;
+inline constexpr std::size_t kMaxInSingle = 4076;
+inline constexpr std::size_t kMaxInChainRecord = 4072;
 
 // The bytes of a long value whose part in the row at `place` is `stored`. `scratch` may hold
 // them. Raises kDamaged.

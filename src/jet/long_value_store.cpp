@@ -13,14 +13,14 @@ void LongValueStore::Write(std::span<const std::byte> bytes, std::byte* head) {
   std::memset(head, 0, kLongValueHead);
   auto kind = static_cast<std::uint32_t>(bytes.size());
   RowId first;
-  if (bytes.size() <= kMostInSingle) {
+  if (bytes.size() <= kMaxInSingle) {
     kind |= kLongValueSingle;
     first = store_.Add(bytes, kSlotLive);
   } else {
     std::vector<std::byte> record;
     std::size_t end = bytes.size();
     while (end > 0) {
-      const std::size_t begin = (end - 1) / kMostInChainRecord * kMostInChainRecord;
+      const std::size_t begin = (end - 1) / kMaxInChainRecord * kMaxInChainRecord;
       record.assign(4, std::byte{0});
       Store32(record.data(), first.Reference());
       record.insert(record.end(), bytes.begin() + static_cast<std::ptrdiff_t>(begin),

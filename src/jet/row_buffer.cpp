@@ -5,11 +5,11 @@
 
 namespace jet {
 namespace {
-constexpr std::size_t kSmallestBlock = 8192;
+constexpr std::size_t kMinBlock = 8192;
 }  // namespace
 
 void Arena::Shrink() {
-  if (capacity_ > kLargestKept) {
+  if (capacity_ > kMaxKept) {
     blocks_.clear();
     capacity_ = 0;
     block_ = nullptr;
@@ -19,7 +19,7 @@ void Arena::Shrink() {
 }
 
 void Arena::Grow(std::size_t size) {
-  const std::size_t capacity = std::max({size, 2 * capacity_, kSmallestBlock});
+  const std::size_t capacity = std::max({size, 2 * capacity_, kMinBlock});
   blocks_.push_back(std::make_unique_for_overwrite<char[]>(capacity));
   block_ = blocks_.back().get();
   capacity_ = capacity;

@@ -23,12 +23,12 @@ class Arena {
   void Keep(std::size_t size) { used_ += size; }
   void Clear() {
     used_ = 0;
-    if (blocks_.size() > 1 || capacity_ > kLargestKept) Shrink();
+    if (blocks_.size() > 1 || capacity_ > kMaxKept) Shrink();
   }
 
  private:
   // A larger block, which some long value needed, is given back.
-  static constexpr std::size_t kLargestKept = 1 << 20;
+  static constexpr std::size_t kMaxKept = 1 << 20;
 
   void Shrink();
   void Grow(std::size_t size);

@@ -16,7 +16,7 @@ constexpr std::size_t kReferenceSize = 4;
 // A page whose free space a row misses by much stays in the map for smaller rows; only so many of
 // them are tried for one row.
 constexpr std::size_t kLittleSpace = 400;
-constexpr int kMostTries = 4;
+constexpr int kMaxTries = 4;
 
 std::size_t LiveBytes(const std::byte* page) {
   std::size_t bytes = 0;
@@ -53,7 +53,7 @@ PageNumber RowStore::PageFor(std::size_t size) {
   }
   UsageMap free(pager_, owner_.free_map);
   int tries = 0;
-  for (auto number = free.Next(0); number && tries < kMostTries; number = free.Next(*number + 1)) {
+  for (auto number = free.Next(0); number && tries < kMaxTries; number = free.Next(*number + 1)) {
     const PageRef page = pager_.Read(*number);
     CheckDataPage(pager_, page, owner_.owner);
     const bool owned = UsageMap(pager_, owner_.owned_map).Contains(*number);
@@ -126,7 +126,7 @@ void RowStore::Discard(RowId id, bool squeeze) {
   const std::size_t slots = kDataSlotsOffset + 2 * SlotCount(page.data());
   const std::size_t reclaimed = kPageSize - slots - LiveBytes(page.data());
   if (!squeeze && reclaimed < free + kPageSize / 4) return;
-  Squeeze(page.data());
+  Compact(page.data());
   if (reclaimed >= kLittleSpace && SlotCount(page.data()) < kMaxSlots) {
     UsageMap(pager_, owner_.free_map).Add(id.page);
   }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kCountersSize = 2 * kUserCount;
 constexpr auto kFirstPause = std::chrono::microseconds(200);
-constexpr auto kLongestPause = std::chrono::milliseconds(20);
+constexpr auto kMaxPause = std::chrono::milliseconds(20);
 
 }  // namespace
 
@@ -105,7 +105,7 @@ void Session::RecoverJournal() {
       if (error.kind() != files::ErrorKind::kLocked) throw;
       if (std::chrono::steady_clock::now() >= until) throw;
     }
-    std::this_thread::sleep_for(kLongestPause);
+    std::this_thread::sleep_for(kMaxPause);
   }
 }
 
@@ -116,7 +116,7 @@ bool Session::Wait(std::uint64_t byte, files::LockMode mode) {
   while (std::chrono::steady_clock::now() < until) {
     std::this_thread::sleep_for(pause);
     if (file_->TryLock(byte, 1, mode)) return true;
-    pause = std::min<std::chrono::microseconds>(2 * pause, kLongestPause);
+    pause = std::min<std::chrono::microseconds>(2 * pause, kMaxPause);
   }
   return false;
 }

@@ -93,12 +93,12 @@ class Session {
 };
 
 // Holds a session's file for reading.
-class ReadHold {
+class ReadLock {
  public:
-  explicit ReadHold(Session& session) : session_(session) { session_.BeginRead(); }
-  ~ReadHold() { session_.EndRead(); }
-  ReadHold(const ReadHold&) = delete;
-  ReadHold& operator=(const ReadHold&) = delete;
+  explicit ReadLock(Session& session) : session_(session) { session_.BeginRead(); }
+  ~ReadLock() { session_.EndRead(); }
+  ReadLock(const ReadLock&) = delete;
+  ReadLock& operator=(const ReadLock&) = delete;
 
  private:
   Session& session_;

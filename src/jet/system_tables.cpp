@@ -8,7 +8,7 @@
 namespace jet {
 namespace {
 
-constexpr std::uint16_t kLongestText = 510;
+constexpr std::uint16_t kMaxTextLength = 510;
 
 struct ColumnRow {
   const char* name;
@@ -36,38 +36,38 @@ constexpr ColumnRow kObjects[] = {{"Connect", kMemo, 9, 3, 0, 0},
                                   {"DateCreate", kDate, 4, -1, 10, 8},
                                   {"DateUpdate", kDate, 5, -1, 18, 8},
                                   {"Flags", kLong, 7, -1, 26, 4},
-                                  {"ForeignName", kText, 10, 4, 0, kLongestText},
+                                  {"ForeignName", kText, 10, 4, 0, kMaxTextLength},
                                   {"Id", kLong, 0, -1, 0, 4},
                                   {"Lv", kOle, 13, 7, 0, 0},
                                   {"LvExtra", kOle, 16, 10, 0, 0},
                                   {"LvModule", kOle, 15, 9, 0, 0},
                                   {"LvProp", kOle, 14, 8, 0, 0},
-                                  {"Name", kText, 2, 0, 0, kLongestText},
-                                  {"Owner", kBinary, 6, 1, 0, kLongestText, true},
+                                  {"Name", kText, 2, 0, 0, kMaxTextLength},
+                                  {"Owner", kBinary, 6, 1, 0, kMaxTextLength, true},
                                   {"ParentId", kLong, 1, -1, 4, 4},
                                   {"RmtInfoLong", kOle, 12, 6, 0, 0},
-                                  {"RmtInfoShort", kBinary, 11, 5, 0, kLongestText},
+                                  {"RmtInfoShort", kBinary, 11, 5, 0, kMaxTextLength},
                                   {"Type", kInteger, 3, -1, 8, 2}};
 
 constexpr ColumnRow kAccess[] = {{"ACM", kLong, 2, -1, 4, 4},
                                  {"FInheritable", kBoolean, 3, -1, 0, 1},
                                  {"ObjectId", kLong, 0, -1, 0, 4},
-                                 {"SID", kBinary, 1, 0, 0, kLongestText, true}};
+                                 {"SID", kBinary, 1, 0, 0, kMaxTextLength, true}};
 
 constexpr ColumnRow kQueries[] = {
-    {"Attribute", kByte, 1, -1, 4, 1},       {"Expression", kMemo, 5, 3, 0, 0},
-    {"Flag", kInteger, 6, -1, 5, 2},         {"LvExtra", kLong, 7, -1, 7, 4},
-    {"Name1", kText, 3, 1, 0, kLongestText}, {"Name2", kText, 4, 2, 0, kLongestText},
-    {"ObjectId", kLong, 0, -1, 0, 4},        {"Order", kBinary, 2, 0, 0, kLongestText}};
+    {"Attribute", kByte, 1, -1, 4, 1},         {"Expression", kMemo, 5, 3, 0, 0},
+    {"Flag", kInteger, 6, -1, 5, 2},           {"LvExtra", kLong, 7, -1, 7, 4},
+    {"Name1", kText, 3, 1, 0, kMaxTextLength}, {"Name2", kText, 4, 2, 0, kMaxTextLength},
+    {"ObjectId", kLong, 0, -1, 0, 4},          {"Order", kBinary, 2, 0, 0, kMaxTextLength}};
 
 constexpr ColumnRow kRelationships[] = {{"ccolumn", kLong, 2, -1, 4, 4},
                                         {"grbit", kLong, 1, -1, 0, 4},
                                         {"icolumn", kLong, 3, -1, 8, 4},
-                                        {"szColumn", kText, 5, 2, 0, kLongestText},
-                                        {"szObject", kText, 4, 1, 0, kLongestText},
-                                        {"szReferencedColumn", kText, 7, 4, 0, kLongestText},
-                                        {"szReferencedObject", kText, 6, 3, 0, kLongestText},
-                                        {"szRelationship", kText, 0, 0, 0, kLongestText}};
+                                        {"szColumn", kText, 5, 2, 0, kMaxTextLength},
+                                        {"szObject", kText, 4, 1, 0, kMaxTextLength},
+                                        {"szReferencedColumn", kText, 7, 4, 0, kMaxTextLength},
+                                        {"szReferencedObject", kText, 6, 3, 0, kMaxTextLength},
+                                        {"szRelationship", kText, 0, 0, 0, kMaxTextLength}};
 
 // Hands out the rows of the map page and the index roots in their order.
 struct Numbering {

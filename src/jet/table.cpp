@@ -40,12 +40,12 @@ std::optional<std::size_t> Table::PrimaryKey() const {
 messages::Message Table::ReadOnlyReason() const { return state_->ReadOnlyReason(); }
 
 std::uint32_t Table::RowCount() {
-  const ReadHold hold(state_->session());
+  const ReadLock lock(state_->session());
   return Load32(state_->pager().Read(definition_page()).data() + kDefinitionRowsOffset);
 }
 
 bool Table::Read(RowId id, std::span<const std::size_t> columns, RowBuffer& row) {
-  const ReadHold hold(state_->session());
+  const ReadLock lock(state_->session());
   state_->Refresh();
   const auto stored = state_->reader().Find(id);
   if (!stored) {

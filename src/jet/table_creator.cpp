@@ -16,7 +16,7 @@
 namespace jet {
 namespace {
 
-constexpr std::size_t kLongestName = 64;
+constexpr std::size_t kMaxName = 64;
 constexpr std::int32_t kDatabaseObject = 0x10000000;
 constexpr std::int32_t kFullRights = 1048575;
 constexpr PageNumber kAccessDefinition = 3;
@@ -33,9 +33,9 @@ std::uint16_t LengthOf(const ColumnSpec& spec) {
     case ColumnType::kBoolean:
       return 1;
     case ColumnType::kText:
-      return spec.length == 0 ? kLongestText : static_cast<std::uint16_t>(2 * spec.length);
+      return spec.length == 0 ? kMaxTextLength : static_cast<std::uint16_t>(2 * spec.length);
     case ColumnType::kBinary:
-      return spec.length == 0 ? kLongestText : spec.length;
+      return spec.length == 0 ? kMaxTextLength : spec.length;
     case ColumnType::kMemo:
     case ColumnType::kOle:
       return 0;
@@ -61,7 +61,7 @@ void TableCreator::Refuse(const messages::Message& cause, const messages::Messag
 }
 
 void TableCreator::CheckName(const messages::Message& what, const std::string& name) const {
-  const bool bad = name.empty() || name.front() == ' ' || Utf16Length(name) > kLongestName ||
+  const bool bad = name.empty() || name.front() == ' ' || Utf16Length(name) > kMaxName ||
                    std::any_of(name.begin(), name.end(), [](char c) {
                      return static_cast<unsigned char>(c) < 0x20 ||
                             std::string_view(".!`[]").find(c) != std::string_view::npos;
@@ -135,7 +135,7 @@ TableDefinition TableCreator::Define(const TableSpec& spec) {
     column.id = static_cast<std::uint16_t>(definition.columns.size());
     column.display_position = column.id;
     column.length = LengthOf(wanted);
-    if (column.length > kLongestText) {
+    if (column.length > kMaxTextLength) {
       Refuse({message::kColumnTooLong, {{"<Column>", wanted.name}}}, message::kGiveLength);
     }
     column.fixed = !IsVariable(wanted.type);

@@ -12,7 +12,7 @@
 namespace jet {
 namespace {
 
-constexpr std::size_t kLongestDefinition = std::size_t{256} * 1024;
+constexpr std::size_t kMaxDefinition = std::size_t{256} * 1024;
 constexpr std::size_t kMapListEntry = 10;
 
 // Reads the logical string from front to back; a read behind the end is damage.
@@ -76,10 +76,10 @@ bool IsSound(const Column& column) {
   if (column.fixed && kRowHead + column.fixed_offset + FixedSize(column) > kPageSize) return false;
   switch (column.type) {
     case ColumnType::kDecimal:
-      return column.precision <= kMostDecimalDigits && column.scale <= kMostDecimalDigits;
+      return column.precision <= kMaxDecimalDigits && column.scale <= kMaxDecimalDigits;
     case ColumnType::kText:
     case ColumnType::kBinary:
-      return column.length <= kLongestText;
+      return column.length <= kMaxTextLength;
     case ColumnType::kMemo:
     case ColumnType::kOle:
       return !column.fixed;
@@ -208,7 +208,7 @@ std::vector<std::byte> ReadDefinitionBytes(Pager& pager, PageNumber first,
   std::vector<std::byte> bytes;
   for (PageNumber page = first; page != 0;) {
     if (std::find(pages.begin(), pages.end(), page) != pages.end() ||
-        bytes.size() > kLongestDefinition) {
+        bytes.size() > kMaxDefinition) {
       ThrowDamaged(pager.path(), {page, -1}, message::kDefinitionCircle);
     }
     const PageRef ref = pager.Read(page);

@@ -51,8 +51,8 @@ inline constexpr std::uint8_t kUserTable = 0x4E;
 inline constexpr std::uint8_t kSystemTable = 0x53;
 inline constexpr std::size_t kMaxColumns = 255;
 inline constexpr std::size_t kMaxIndexes = 32;
-inline constexpr std::uint16_t kLongestText = 510;  // bytes of a text or binary column
-inline constexpr std::uint8_t kMostDecimalDigits = 28;
+inline constexpr std::uint16_t kMaxTextLength = 510;  // bytes of a text or binary column
+inline constexpr std::uint8_t kMaxDecimalDigits = 28;
 
 inline constexpr std::size_t kColumnRecordSize = 25;
 inline constexpr std::size_t kColumnExtendedFlagsOffset = 16;

@@ -10,7 +10,7 @@
 namespace jet {
 
 TableScan::TableScan(TableState& table, std::span<const std::size_t> columns)
-    : hold_(table.session()), table_(table), columns_(columns.begin(), columns.end()) {
+    : lock_(table.session()), table_(table), columns_(columns.begin(), columns.end()) {
   table_.Refresh();
 }
 

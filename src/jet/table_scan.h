@@ -27,7 +27,7 @@ class TableScan {
   bool HasSlot() const;
   bool NextPage();
 
-  ReadHold hold_;
+  ReadLock lock_;
   TableState& table_;
   std::vector<std::size_t> columns_;
   PageRef page_;

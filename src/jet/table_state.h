@@ -41,7 +41,7 @@ class TableState {
   // index still names it.
   void CheckGone(RowId id);
 
-  // To be called under a ReadHold or in a transaction, before anything else is asked.
+  // To be called under a ReadLock or in a transaction, before anything else is asked.
   void Refresh();
   // Reads the definition anew, because we changed it.
   void Reload();

@@ -116,7 +116,7 @@ InsertResult TableWriter::Insert(std::span<const ColumnValue> values) {
     }
   }
   InsertResult result;
-  const std::int32_t auto_number = auto_number_ >= 0 ? GiveAutoNumber() : 0;
+  const std::int32_t auto_number = auto_number_ >= 0 ? AssignAutoNumber() : 0;
   MakeGuids();
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     MakeKey(i, values_, keys_[i]);
@@ -145,7 +145,7 @@ InsertResult TableWriter::Insert(std::span<const ColumnValue> values) {
 }
 
 // The number of the AutoNumber column, which is given or the next one.
-std::int32_t TableWriter::GiveAutoNumber() {
+std::int32_t TableWriter::AssignAutoNumber() {
   const auto column = static_cast<std::size_t>(auto_number_);
   if (given_[column] && !values_[column].is_null()) {
     return static_cast<std::int32_t>(values_[column].integer());
@@ -237,7 +237,7 @@ void TableWriter::EncodeLongValue(std::size_t position, const Value& value) {
   const Column& column = definition_.columns[position];
   const std::size_t begin = pending_bytes_.size();
   if (value.kind() == ValueKind::kText) {
-    const bool is_short = Utf16Length(value.text()) * 2 <= kMostInline;
+    const bool is_short = Utf16Length(value.text()) * 2 <= kMaxInline;
     if (!AppendStoredText(value.text(), is_short, pending_bytes_)) {
       Refuse(ErrorKind::kInvalid, {message::kByteOrderMarkInColumn, {{"<Column>", column.name}}},
              message::kRemoveFirstCharacter);
@@ -250,7 +250,7 @@ void TableWriter::EncodeLongValue(std::size_t position, const Value& value) {
     Refuse(ErrorKind::kInvalid, {message::kValueTooLong, {{"<Column>", column.name}}},
            message::kShortenValue);
   }
-  if (size <= kMostInline) {
+  if (size <= kMaxInline) {
     AppendInline({pending_bytes_.data() + begin, size}, scratch_);
     pending_bytes_.resize(begin);
     return;

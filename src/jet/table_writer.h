@@ -50,7 +50,7 @@ class TableWriter {
 
   void CheckPlaces();
   void TakeValues(std::span<const ColumnValue> values);
-  std::int32_t GiveAutoNumber();
+  std::int32_t AssignAutoNumber();
   void MakeGuids();
   void MakeKey(std::size_t index, std::span<const Value> row, IndexKey& key);
   void CheckKey(std::size_t index, const IndexKey& key);

@@ -10,8 +10,8 @@ namespace jet {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
-constexpr std::size_t kMostUtf8PerUnit = 3;
-constexpr std::size_t kSmallestCompressed = 3;
+constexpr std::size_t kMaxUtf8PerUnit = 3;
+constexpr std::size_t kMinCompressed = 3;
 
 bool IsHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 bool IsLowSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
@@ -149,8 +149,8 @@ std::uint32_t NextCodePoint(std::string_view text, std::size_t& i) {
     if ((byte(i + k) & 0xC0) != 0x80) return kReplacement;
     c = c << 6 | (byte(i + k) & 0x3F);
   }
-  constexpr std::uint32_t kSmallest[] = {0x80, 0x800, 0x10000};
-  if (c < kSmallest[more - 1] || c > 0x10FFFF) return kReplacement;
+  constexpr std::uint32_t kMinimum[] = {0x80, 0x800, 0x10000};
+  if (c < kMinimum[more - 1] || c > 0x10FFFF) return kReplacement;
   i += more;
   return c;
 }
@@ -181,7 +181,7 @@ std::uint32_t FoldCase(std::uint32_t c) {
 }  // namespace
 
 std::string_view DecodeText(std::span<const std::byte> stored, Arena& arena) {
-  char* begin = arena.Reserve(stored.size() * kMostUtf8PerUnit);
+  char* begin = arena.Reserve(stored.size() * kMaxUtf8PerUnit);
   const char* end = Decode(stored, begin);
   const auto size = static_cast<std::size_t>(end - begin);
   arena.Keep(size);
@@ -189,13 +189,13 @@ std::string_view DecodeText(std::span<const std::byte> stored, Arena& arena) {
 }
 
 std::string DecodeText(std::span<const std::byte> stored) {
-  std::string text(stored.size() * kMostUtf8PerUnit, '\0');
+  std::string text(stored.size() * kMaxUtf8PerUnit, '\0');
   text.resize(static_cast<std::size_t>(Decode(stored, text.data()) - text.data()));
   return text;
 }
 
 std::string DecodeUtf16(std::span<const std::byte> stored) {
-  std::string text(stored.size() * kMostUtf8PerUnit, '\0');
+  std::string text(stored.size() * kMaxUtf8PerUnit, '\0');
   const char* end = DecodePlain(stored.data(), stored.size(), text.data());
   text.resize(static_cast<std::size_t>(end - text.data()));
   return text;
@@ -203,7 +203,7 @@ std::string DecodeUtf16(std::span<const std::byte> stored) {
 
 std::size_t FirstUtf16Units(std::string_view text, std::span<char16_t> out) {
   std::size_t size = 0;
-  ForEachUnit(text.substr(0, kMostUtf8PerUnit * out.size()), [&](std::uint16_t unit) {
+  ForEachUnit(text.substr(0, kMaxUtf8PerUnit * out.size()), [&](std::uint16_t unit) {
     if (size < out.size()) out[size++] = unit;
   });
   return size;
@@ -231,7 +231,7 @@ bool AppendStoredText(std::string_view text, bool compress, std::vector<std::byt
       narrow = c - 1u < 0xFF;
       out.push_back(static_cast<std::byte>(c));
     }
-    if (narrow && units >= kSmallestCompressed) return true;
+    if (narrow && units >= kMinCompressed) return true;
     out.resize(start);
   }
   AppendUtf16(text, out);

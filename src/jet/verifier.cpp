@@ -16,7 +16,7 @@
 namespace jet {
 namespace {
 
-constexpr std::size_t kMostFindings = 5000;
+constexpr std::size_t kMaxFindings = 5000;
 constexpr std::uint64_t kProgressStep = 256;
 constexpr std::uint16_t kGeneralLegacy = 0x0409;
 constexpr messages::Pattern kPlaceAndFault{0, "<Place>: <Fault>"};
@@ -58,7 +58,7 @@ Verifier::Verifier(Session& session, Catalog& catalog, Progress progress)
       use_of_page_(pager_.page_count()) {}
 
 void Verifier::Report(Place place, const messages::Message& text) {
-  if (result_.findings.size() < kMostFindings) result_.findings.push_back({place, table_, text});
+  if (result_.findings.size() < kMaxFindings) result_.findings.push_back({place, table_, text});
 }
 
 template <class Step>
@@ -95,7 +95,7 @@ void Verifier::Reach(PageNumber page, Use use) {
 }
 
 VerifyResult Verifier::Run() {
-  const ReadHold hold(session_);
+  const ReadLock lock(session_);
   result_.pages = pager_.page_count();
   Reach(0, UseOf(message::kHeader));
   Reach(1, UseOf(message::kFreePageMap));

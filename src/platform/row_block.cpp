@@ -30,11 +30,11 @@ Variant BlockValue::ToVariant() const {
 // The first piece is small: most blocks hold a few rows.
 void RowBlock::Grow(std::size_t size) {
   constexpr std::size_t kFirstSize = 512;
-  constexpr std::size_t kMostAtOnce = (std::size_t{1} << 29) - 1;
-  constexpr std::uint64_t kMostInAll = std::numeric_limits<std::uint32_t>::max();
+  constexpr std::size_t kMaxAtOnce = (std::size_t{1} << 29) - 1;
+  constexpr std::uint64_t kMaxInAll = std::numeric_limits<std::uint32_t>::max();
   const std::size_t room = std::max(size, pieces_.empty() ? kFirstSize : kPieceSize);
   const std::uint64_t place = std::uint64_t{pieces_.size()} * kPieceSize;
-  if (size > kMostAtOnce || place + room > kMostInAll) {
+  if (size > kMaxAtOnce || place + room > kMaxInAll) {
     throw std::length_error("The rows hold more text than can be read at once.");
   }
   memory_.push_back(std::make_unique_for_overwrite<char[]>(room));

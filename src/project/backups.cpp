@@ -47,7 +47,7 @@ class SoleUser {
     if (!foreign.empty()) {
       Refuse(path, {files::message::kOpenElsewhere, {{"<User>", foreign}}});
     }
-    if (file_->IsLockedByOthers(jet::kOwnUserBase + 1, jet::kMostUsers)) {
+    if (file_->IsLockedByOthers(jet::kOwnUserBase + 1, jet::kMaxUsers)) {
       Refuse(path, files::message::kOpenInAnotherWindow);
     }
     for (const std::uint64_t byte : {jet::kWriteByte, jet::kCommitByte}) {

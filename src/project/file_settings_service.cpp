@@ -10,7 +10,7 @@ namespace project {
 
 namespace {
 
-constexpr std::uint64_t kLargestFile = 4 << 20;
+constexpr std::uint64_t kMaxFile = 4 << 20;
 
 }  // namespace
 
@@ -29,7 +29,7 @@ IniDocument* FileSettingsService::Read(const std::string& path) {
     const auto stamp = system_.Stamp(path);
     if (cached.document && stamp == cached.stamp) return cached.document.get();
     cached.document.reset();
-    const std::string bytes = stamp ? files::ReadFile(system_, path, kLargestFile) : std::string();
+    const std::string bytes = stamp ? files::ReadFile(system_, path, kMaxFile) : std::string();
     cached.document = std::make_unique<IniDocument>(bytes);
     cached.stamp = stamp;
     return cached.document.get();

@@ -8,7 +8,7 @@
 #include "store/ado_fro.h"
 #include "store/schema.h"
 #include "vbfiles/path_resolver.h"
-#include "vbfiles/project.h"
+#include "vbfiles/vb_project.h"
 
 namespace project {
 

@@ -10,7 +10,7 @@ namespace project {
 // The projects that were opened last, the latest first: the lines of a text.
 class RecentProjects {
  public:
-  static constexpr std::size_t kMost = 10;
+  static constexpr std::size_t kMaxCount = 10;
 
   explicit RecentProjects(std::string_view text = {});
   void Add(const std::string& path);

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "recordset/ascii_text.h"
-#include "recordset/session.h"
+#include "recordset/connection_state.h"
 
 namespace recordset {
 namespace {

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "recordset/connection_state.h"
 #include "recordset/connection_string.h"
 #include "recordset/jet_field.h"
 #include "recordset/jet_recordset.h"
-#include "recordset/session.h"
 #include "recordset/value_conversion.h"
 
 namespace recordset {
@@ -39,7 +39,7 @@ jet::ColumnSpec ToSpec(const platform::Connection::ColumnInfo& column) {
 }  // namespace
 
 JetConnection::JetConnection(files::FileSystem& system, const jet::OpenOptions& options)
-    : system_(system), options_(options), session_(std::make_shared<Session>()) {}
+    : system_(system), options_(options), session_(std::make_shared<ConnectionState>()) {}
 
 JetConnection::~JetConnection() { CloseDatabase(); }
 
@@ -166,8 +166,8 @@ std::vector<platform::Connection::ColumnInfo> JetConnection::Columns(std::string
 
 std::int32_t JetConnection::TableRowCount(std::string_view table) {
   return session_->Reading([&] {
-    constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::min(Table(table).RowCount(), kMost));
+    constexpr std::uint32_t kMaxCount = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min(Table(table).RowCount(), kMaxCount));
   });
 }
 

@@ -13,7 +13,7 @@
 
 namespace recordset {
 
-class Session;
+class ConnectionState;
 
 // A connection to a database file of the Jet engine. Outside a transaction every change of a row
 // is a transaction of its own. Destroying it closes it; its recordsets are closed then, and what
@@ -56,7 +56,7 @@ class JetConnection final : public platform::Connection {
 
   files::FileSystem& system_;
   jet::OpenOptions options_;
-  std::shared_ptr<Session> session_;
+  std::shared_ptr<ConnectionState> session_;
   int transactions_ = 0;
 };
 

@@ -17,7 +17,8 @@ using platform::ObjectState;
 using platform::SearchDirection;
 using platform::Variant;
 
-JetRecordset::JetRecordset(std::shared_ptr<Session> session) : session_(std::move(session)) {}
+JetRecordset::JetRecordset(std::shared_ptr<ConnectionState> session)
+    : session_(std::move(session)) {}
 
 JetRecordset::~JetRecordset() = default;
 

@@ -11,10 +11,10 @@
 
 #include "jet/table.h"
 #include "platform/ado.h"
+#include "recordset/connection_state.h"
 #include "recordset/query.h"
+#include "recordset/record_reader.h"
 #include "recordset/row_cursor.h"
-#include "recordset/row_reader.h"
-#include "recordset/session.h"
 
 namespace recordset {
 
@@ -28,7 +28,7 @@ class JetField;
 class JetRecordset final : public platform::Recordset,
                            public std::enable_shared_from_this<JetRecordset> {
  public:
-  explicit JetRecordset(std::shared_ptr<Session> session);
+  explicit JetRecordset(std::shared_ptr<ConnectionState> session);
   ~JetRecordset() override;
 
   void SetSource(std::string_view source) override;
@@ -141,12 +141,12 @@ class JetRecordset final : public platform::Recordset,
   void RequireUnchanged() const;
   void EndEdit() noexcept;
 
-  std::shared_ptr<Session> session_;
+  std::shared_ptr<ConnectionState> session_;
   Settings settings_;
-  std::unique_ptr<Query> query_;             // null while closed, as are the next three
-  mutable std::optional<RowCursor> cursor_;  // mutable: finds its rows when they are asked for
-  mutable std::optional<RowReader> reader_;  // holds the row as it was read, what a change of
-                                             // it is judged by
+  std::unique_ptr<Query> query_;                // null while closed, as are the next three
+  mutable std::optional<RowCursor> cursor_;     // mutable: finds its rows when they are asked for
+  mutable std::optional<RecordReader> reader_;  // holds the row as it was read, what a change of
+                                                // it is judged by
   std::optional<jet::IndexCursor> seek_cursor_;
   std::vector<std::unique_ptr<JetField>> fields_;  // made when they are first asked for
   std::shared_ptr<BookmarkedRows> bookmarked_;

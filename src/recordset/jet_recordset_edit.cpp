@@ -118,7 +118,7 @@ void JetRecordset::WriteNewRow() {
 
 // The row as it is now must be the one that was read. What was not read is not judged.
 void JetRecordset::RequireUnchanged() const {
-  RowReader now(*query_);
+  RecordReader now(*query_);
   if (!now.Read(cursor_->Row())) ThrowDeleted();
   if (!reader_->holds_row() || now.SameValues(*reader_)) return;
   throw platform::Error(ErrorKind::kConflict, platform::kErrWriteConflict,

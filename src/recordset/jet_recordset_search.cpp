@@ -24,9 +24,9 @@ constexpr std::size_t kMaxRowsPicked = 64;
 // What the definition counts, as far as the file can hold so many rows: it may be damaged. More
 // rows than a million need no room beforehand.
 std::size_t LikelyRows(jet::Database& database, jet::Table& table) {
-  constexpr std::size_t kMaxRowsOfPage = 255, kMostRows = 1 << 20;
+  constexpr std::size_t kMaxRowsOfPage = 255, kMaxRows = 1 << 20;
   const std::size_t held = database.Header().page_count * kMaxRowsOfPage;
-  return std::min({std::size_t{table.RowCount()}, held, kMostRows});
+  return std::min({std::size_t{table.RowCount()}, held, kMaxRows});
 }
 
 }  // namespace

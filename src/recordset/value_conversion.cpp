@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "recordset/ascii_text.h"
-#include "recordset/session.h"
+#include "recordset/connection_state.h"
 
 namespace recordset {
 namespace {

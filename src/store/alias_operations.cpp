@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <unordered_set>
 
+#include "codegen/code_texts.h"
 #include "codegen/identifier.h"
 #include "codegen/report.h"
-#include "codegen/text_numbers.h"
 #include "platform/text.h"
-#include "store/operation_run.h"
-#include "store/text_numbers.h"
+#include "store/operation_context.h"
+#include "store/operation_texts.h"
 
 namespace store {
 namespace {
@@ -36,7 +36,7 @@ std::string Operations::ProposeAlias(std::string_view item, std::int32_t actual_
 
 void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual_id) {
   const std::string& name = values.vb_alias;
-  if (IsBlank(values.item_id) || IsBlank(name)) run_->Refuse(kTextAliasEmpty);
+  if (IsBlank(values.item_id) || IsBlank(name)) context_->Refuse(kTextAliasEmpty);
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
   const bool reserved = codegen::IsReservedWord(name);
   const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;
@@ -45,14 +45,14 @@ void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual
     const auto problem =
         clean == name && too_long ? codegen::IdentifierProblem::kTooLong : hint.problem;
     const std::string valid = ProposeAlias(codegen::ValidIdentifier(name), actual_id);
-    run_->Refuse(kTextAliasMalformed, {},
-                 run_->texts().Text(codegen::HintText(problem),
-                                    {{"<Name>", name}, {"<Character>", hint.character}}) +
-                     " " + run_->texts().Text(kTextAliasValid, {{"<Name>", valid}}));
+    context_->Refuse(kTextAliasMalformed, {},
+                     context_->texts().Text(codegen::HintText(problem),
+                                            {{"<Name>", name}, {"<Character>", hint.character}}) +
+                         " " + context_->texts().Text(kTextAliasValid, {{"<Name>", valid}}));
   }
   const auto other = rows().FindAliasByName(name);
   if (!other || other->id == actual_id) return;
-  run_->Refuse(
+  context_->Refuse(
       kTextAliasTaken,
       {{"<Name>", name}, {"<Item>", other->item_id}, {"<Free>", ProposeAlias(name, actual_id)}});
 }
@@ -60,16 +60,16 @@ void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual
 void Operations::WarnOfAlias(std::string_view name) {
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
   if (hint) {
-    run_->Warn(codegen::HintText(hint.problem),
-               {{"<Name>", name}, {"<Character>", hint.character}});
+    context_->Warn(codegen::HintText(hint.problem),
+                   {{"<Name>", name}, {"<Character>", hint.character}});
   }
 }
 
 OperationResult Operations::AddAliases(std::span<const AliasValues> values,
                                        const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     for (std::size_t i = 0; i < values.size(); ++i) {
-      run_->Progress(i, values.size());
+      context_->Progress(i, values.size());
       RequireAliasText(values[i], 0);
       WarnOfAlias(values[i].vb_alias);
       result.ids.push_back(rows().Add(kAliasTable, {{"ItemID", FieldText(values[i].item_id)},
@@ -80,13 +80,13 @@ OperationResult Operations::AddAliases(std::span<const AliasValues> values,
 
 OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values,
                                       const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     const AliasRecord old = RequireAlias(id);
     result.ids.push_back(id);
     if (values == old) return;
     ProjectRows::Values fields;
     if (values.item_id != old.item_id) {
-      if (IsBlank(values.item_id)) run_->Refuse(kTextAliasEmpty);
+      if (IsBlank(values.item_id)) context_->Refuse(kTextAliasEmpty);
       fields.emplace_back("ItemID", FieldText(values.item_id));
     }
     const bool renamed = values.vb_alias != old.vb_alias;
@@ -96,7 +96,7 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
       fields.emplace_back("VBAlias", FieldText(values.vb_alias));
     }
     const std::vector<FormulaRecord> uses = rows().UsesOfAlias(id);
-    if (!uses.empty()) run_->RequireProjects();
+    if (!uses.empty()) context_->RequireProjects();
     if (renamed && !platform::EqualsIgnoringCase(values.vb_alias, old.vb_alias)) {
       std::unordered_set<std::string> classes;
       for (const FormulaRecord& use : uses) {
@@ -105,21 +105,22 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
     }
     rows().Change(kAliasTable, id, fields);
     if (!uses.empty())
-      run_->touched().aliases.push_back({id, old.vb_alias, old.item_id, values.vb_alias});
+      context_->touched().aliases.push_back({id, old.vb_alias, old.item_id, values.vb_alias});
   });
 }
 
 OperationResult Operations::DeleteAliases(std::span<const std::int32_t> ids,
                                           const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult&) {
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult&) {
     for (std::size_t i = 0; i < ids.size(); ++i) {
-      run_->Progress(i, ids.size());
+      context_->Progress(i, ids.size());
       const AliasRecord alias = RequireAlias(ids[i]);
       const std::vector<FormulaRecord> uses = rows().UsesOfAlias(ids[i]);
       if (!uses.empty()) {
-        throw Refusal(Outcome::kRefused, kTextAliasUsedBy, kAliasInUse,
-                      run_->texts().Text(kTextAliasUsedBy, {{"<Name>", alias.vb_alias},
-                                                            {"<Formulas>", NamesOf(uses)}}));
+        throw OperationRefusal(
+            Outcome::kRefused, kTextAliasUsedBy, kAliasInUse,
+            context_->texts().Text(kTextAliasUsedBy,
+                                   {{"<Name>", alias.vb_alias}, {"<Formulas>", NamesOf(uses)}}));
       }
       rows().Remove(kAliasTable, ids[i]);
     }

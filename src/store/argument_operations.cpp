@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "store/operation_run.h"
-#include "store/text_numbers.h"
+#include "store/operation_context.h"
+#include "store/operation_texts.h"
 
 namespace store {
 namespace {
@@ -20,21 +20,22 @@ ArgumentRecord ArgumentOf(const AliasRecord& alias) {
 }  // namespace
 
 void Operations::RequireDeclarable(std::string_view prog_id, std::string_view alias) {
-  if (!run_->code() || run_->code()->CanDeclare(prog_id, alias)) return;
-  run_->Refuse(kTextNameTaken, {{"<Class>", prog_id}, {"<Name>", alias}});
+  if (!context_->code() || context_->code()->CanDeclare(prog_id, alias)) return;
+  context_->Refuse(kTextNameTaken, {{"<Class>", prog_id}, {"<Name>", alias}});
 }
 
 void Operations::Touch(const codegen::FormulaName& formula, const ArgumentRecord& argument,
                        bool gained, std::string_view moved_from) {
   // The alias's row may be missing.
   if (argument.vb_alias.empty() && !gained) return;
-  run_->touched().arguments.push_back({formula, argument.alias_id, argument.vb_alias,
-                                       argument.item_id, gained, std::string(moved_from)});
+  context_->touched().arguments.push_back({formula, argument.alias_id, argument.vb_alias,
+                                           argument.item_id, gained, std::string(moved_from)});
 }
 
 void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias) {
   if (rows().HasArgument(formula.id, alias.id)) {
-    run_->Refuse(kTextArgumentExists, {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}});
+    context_->Refuse(kTextArgumentExists,
+                     {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}});
   }
   RequireDeclarable(formula.prog_id, alias.vb_alias);
 }
@@ -42,17 +43,18 @@ void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRec
 void Operations::RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
                                 std::string_view alias) {
   if (formula.type != kOnVariableChange || !values.in || !values.out) return;
-  run_->Refuse(kTextInAndOut, {}, run_->texts().Text(kTextInAndOutDetail, {{"<Names>", alias}}));
+  context_->Refuse(kTextInAndOut, {},
+                   context_->texts().Text(kTextInAndOutDetail, {{"<Names>", alias}}));
 }
 
 OperationResult Operations::AddArguments(std::int32_t formula_id,
                                          std::span<const ArgumentValues> values,
                                          const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
-    run_->RequireProjects();
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+    context_->RequireProjects();
     const FormulaRecord formula = RequireFormula(formula_id);
     for (std::size_t i = 0; i < values.size(); ++i) {
-      run_->Progress(i, values.size());
+      context_->Progress(i, values.size());
       const AliasRecord alias = RequireAlias(values[i].alias_id);
       RequireNewArgument(formula, alias);
       RequireInOrOut(formula, values[i], alias.vb_alias);
@@ -67,7 +69,7 @@ OperationResult Operations::AddArguments(std::int32_t formula_id,
 
 OperationResult Operations::EditArgument(std::int32_t argument_id, const ArgumentValues& values,
                                          const OperationOptions& options) {
-  return run_->Run(options, kTextArgumentNotStored, [&](OperationResult& result) {
+  return context_->Run(options, kTextArgumentNotStored, [&](OperationResult& result) {
     const ArgumentRecord old = RequireArgument(argument_id);
     const FormulaRecord formula = RequireFormula(old.parent_id);
     const AliasRecord alias = RequireAlias(values.alias_id);
@@ -75,7 +77,7 @@ OperationResult Operations::EditArgument(std::int32_t argument_id, const Argumen
     const bool exchanged = values.alias_id != old.alias_id;
     ProjectRows::Values fields;
     if (exchanged) {
-      run_->RequireProjects();
+      context_->RequireProjects();
       RequireNewArgument(formula, alias);
       fields.emplace_back("AliasID", values.alias_id);
     }
@@ -92,11 +94,11 @@ OperationResult Operations::EditArgument(std::int32_t argument_id, const Argumen
 
 OperationResult Operations::DeleteArguments(std::span<const std::int32_t> argument_ids,
                                             const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult&) {
-    run_->RequireProjects();
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult&) {
+    context_->RequireProjects();
     FormulaRecord formula;
     for (std::size_t i = 0; i < argument_ids.size(); ++i) {
-      run_->Progress(i, argument_ids.size());
+      context_->Progress(i, argument_ids.size());
       const ArgumentRecord argument = RequireArgument(argument_ids[i]);
       if (formula.id != argument.parent_id) formula = RequireFormula(argument.parent_id);
       rows().Remove(kArgumentsTable, argument.id);

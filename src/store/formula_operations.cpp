@@ -1,36 +1,36 @@
 // SPDX-License-Identifier: MIT
+#include "codegen/code_texts.h"
 #include "codegen/identifier.h"
-#include "codegen/text_numbers.h"
 #include "platform/text.h"
-#include "store/operation_run.h"
-#include "store/text_numbers.h"
+#include "store/operation_context.h"
+#include "store/operation_texts.h"
 
 namespace store {
 
 void Operations::RequireFormulaName(std::string_view name) {
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
   if (!hint) return;
-  run_->Refuse(kTextFormulaMalformed, {{"<Name>", name}},
-               run_->texts().Text(codegen::HintText(hint.problem),
-                                  {{"<Name>", name}, {"<Character>", hint.character}}));
+  context_->Refuse(kTextFormulaMalformed, {{"<Name>", name}},
+                   context_->texts().Text(codegen::HintText(hint.problem),
+                                          {{"<Name>", name}, {"<Character>", hint.character}}));
 }
 
 void Operations::RequireFormulaClass(std::string_view prog_id) {
-  run_->RequireProjects();
-  const bool fits = run_->options().with_rows_only ? !prog_id.empty() : IsFormulaClass(prog_id);
-  if (!fits) run_->Refuse(kTextNoFormulaClass, {{"<Class>", prog_id}});
+  context_->RequireProjects();
+  const bool fits = context_->options().with_rows_only ? !prog_id.empty() : IsFormulaClass(prog_id);
+  if (!fits) context_->Refuse(kTextNoFormulaClass, {{"<Class>", prog_id}});
 }
 
 void Operations::RequireCallType(std::int32_t type) {
   if (type >= 0 && type < kCallTypes) return;
-  run_->Refuse(kTextCallType, {{"<Type>", std::to_string(type)}});
+  context_->Refuse(kTextCallType, {{"<Type>", std::to_string(type)}});
 }
 
 void Operations::RequireFreeInClass(std::string_view prog_id, std::string_view name,
-                                    std::int32_t but_id) {
+                                    std::int32_t excluded_id) {
   const auto other = rows().FindFormulaInClass(prog_id, name);
-  if (!other || other->id == but_id) return;
-  run_->Refuse(kTextFormulaExists, {{"<Class>", prog_id}, {"<Name>", name}});
+  if (!other || other->id == excluded_id) return;
+  context_->Refuse(kTextFormulaExists, {{"<Class>", prog_id}, {"<Name>", name}});
 }
 
 void Operations::RequireNoInAndOut(std::int32_t formula_id) {
@@ -39,12 +39,13 @@ void Operations::RequireNoInAndOut(std::int32_t formula_id) {
     if (argument.in && argument.out) names += (names.empty() ? "" : ", ") + argument.vb_alias;
   }
   if (names.empty()) return;
-  run_->Refuse(kTextInAndOut, {}, run_->texts().Text(kTextInAndOutDetail, {{"<Names>", names}}));
+  context_->Refuse(kTextInAndOut, {},
+                   context_->texts().Text(kTextInAndOutDetail, {{"<Names>", names}}));
 }
 
 OperationResult Operations::AddFormula(const FormulaValues& values,
                                        const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     RequireFormulaName(values.name);
     RequireFormulaClass(values.prog_id);
     RequireFreeInClass(values.prog_id, values.name, 0);
@@ -56,7 +57,7 @@ OperationResult Operations::AddFormula(const FormulaValues& values,
                                                         {"Enabled", values.enabled},
                                                         {"Comment", FieldText(values.comment)}});
     result.ids.push_back(id);
-    run_->touched().formulas.push_back({{}, {{values.prog_id, values.name}}});
+    context_->touched().formulas.push_back({{}, {{values.prog_id, values.name}}});
   });
 }
 
@@ -71,7 +72,7 @@ void Operations::TouchMovedArguments(const FormulaRecord& formula, const std::st
 
 OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& values,
                                         const EditFormulaOptions& options) {
-  return run_->Run(options, kTextFormulaNotStored, [&](OperationResult& result) {
+  return context_->Run(options, kTextFormulaNotStored, [&](OperationResult& result) {
     const FormulaRecord old = RequireFormula(id);
     result.ids.push_back(id);
     const bool renamed = values.name != old.name;
@@ -79,7 +80,7 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
     if (renamed) RequireFormulaName(values.name);
     if (moved) RequireFormulaClass(values.prog_id);
     if (renamed || moved) {
-      run_->RequireProjects();
+      context_->RequireProjects();
       RequireFreeInClass(values.prog_id, values.name, id);
     }
     ProjectRows::Values fields;
@@ -98,9 +99,9 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
 
     if (!fields.empty()) rows().Change(kFormulasTable, id, fields);
     if (!renamed && !moved) return;
-    run_->touched().formulas.push_back({{{old.prog_id, old.name}},
-                                        {{moved ? values.prog_id : old.prog_id, values.name}},
-                                        options.with_code});
+    context_->touched().formulas.push_back({{{old.prog_id, old.name}},
+                                            {{moved ? values.prog_id : old.prog_id, values.name}},
+                                            options.with_code});
     if (moved) TouchMovedArguments(old, values.prog_id);
   });
 }
@@ -108,21 +109,22 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
 void Operations::DeleteFormula(std::int32_t id) {
   const FormulaRecord formula = RequireFormula(id);
   codegen::Touched::Formula touched = {{{formula.prog_id, formula.name}}, {}};
-  if (run_->code()) touched.arguments = run_->code()->ArgumentsOf(formula.prog_id, formula.name);
+  if (context_->code())
+    touched.arguments = context_->code()->ArgumentsOf(formula.prog_id, formula.name);
   for (const ArgumentRecord& argument : rows().ArgumentsOf(id)) {
     rows().Remove(kArgumentsTable, argument.id);
     Touch({formula.prog_id, {}}, argument, false);
   }
   rows().Remove(kFormulasTable, id);
-  run_->touched().formulas.push_back(std::move(touched));
+  context_->touched().formulas.push_back(std::move(touched));
 }
 
 OperationResult Operations::DeleteFormulas(std::span<const std::int32_t> ids,
                                            const OperationOptions& options) {
-  return run_->Run(options, kTextNothingChanged, [&](OperationResult&) {
-    run_->RequireProjects();
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult&) {
+    context_->RequireProjects();
     for (std::size_t i = 0; i < ids.size(); ++i) {
-      run_->Progress(i, ids.size());
+      context_->Progress(i, ids.size());
       DeleteFormula(ids[i]);
     }
   });

@@ -5,8 +5,8 @@
 
 #include "codegen/identifier.h"
 #include "platform/text.h"
-#include "store/operation_run.h"
-#include "store/text_numbers.h"
+#include "store/operation_context.h"
+#include "store/operation_texts.h"
 
 namespace store {
 namespace {
@@ -31,13 +31,14 @@ std::int32_t NumberOf(std::string_view name, std::string_view base) {
 
 }  // namespace
 
-Operations::Operations(Parts parts) : run_(std::make_unique<OperationRun>(std::move(parts))) {}
+Operations::Operations(Parts parts)
+    : context_(std::make_unique<OperationContext>(std::move(parts))) {}
 Operations::~Operations() = default;
 
-ProjectRows& Operations::rows() { return run_->rows(); }
+ProjectRows& Operations::rows() { return context_->rows(); }
 
 std::string Operations::ProposeFormulaName() {
-  const std::string base = run_->texts().Text(kTextFormulaBase);
+  const std::string base = context_->texts().Text(kTextFormulaBase);
   std::vector<bool> taken(kMaxNameNumber + 1, false);
   rows().ForEachFormulaName([&](const std::string& name) {
     const std::int32_t number = NumberOf(name, base);
@@ -47,14 +48,14 @@ std::string Operations::ProposeFormulaName() {
     if (!taken[static_cast<std::size_t>(i)]) return base + std::to_string(i);
   }
   throw platform::Error(platform::ErrorKind::kRefused, kErrOverflow,
-                        run_->texts().Text(kTextNoFreeName, {{"<Base>", base}}));
+                        context_->texts().Text(kTextNoFreeName, {{"<Base>", base}}));
 }
 
 ClassList Operations::Classes() {
   ClassList list;
-  if (!run_->parts().vbe) return list;
+  if (!context_->parts().vbe) return list;
   std::string too_long;
-  for (const auto& project : run_->parts().vbe->VBProjects()) {
+  for (const auto& project : context_->parts().vbe->VBProjects()) {
     if (project->Type() != platform::ProjectType::kActiveXDll) continue;
     for (const auto& component : project->VBComponents()) {
       if (component->Type() != platform::ComponentType::kClassModule ||
@@ -71,15 +72,15 @@ ClassList Operations::Classes() {
   if (!too_long.empty()) {
     list.warnings.push_back(
         {kTextLongClassNames,
-         run_->texts().Text(kTextLongClassNames, {{"<ClassNames>", too_long}})});
+         context_->texts().Text(kTextLongClassNames, {{"<ClassNames>", too_long}})});
   }
   return list;
 }
 
 bool Operations::IsFormulaClass(std::string_view prog_id) {
   const std::size_t point = prog_id.find('.');
-  if (!run_->parts().vbe || point == std::string_view::npos) return false;
-  const auto project = run_->parts().vbe->FindProject(prog_id.substr(0, point));
+  if (!context_->parts().vbe || point == std::string_view::npos) return false;
+  const auto project = context_->parts().vbe->FindProject(prog_id.substr(0, point));
   if (!project || project->Type() != platform::ProjectType::kActiveXDll) return false;
   const auto component = project->FindComponent(prog_id.substr(point + 1));
   if (!component || component->Type() != platform::ComponentType::kClassModule) return false;
@@ -90,11 +91,11 @@ bool Operations::IsFormulaClass(std::string_view prog_id) {
 }
 
 OperationResult Operations::CheckFormulaName(std::string_view name) {
-  return run_->Answer(kTextNothingChanged, [&](OperationResult&) { RequireFormulaName(name); });
+  return context_->Answer(kTextNothingChanged, [&](OperationResult&) { RequireFormulaName(name); });
 }
 
 OperationResult Operations::CheckAlias(const AliasValues& values, std::int32_t actual_id) {
-  return run_->Answer(kTextNothingChanged, [&](OperationResult&) {
+  return context_->Answer(kTextNothingChanged, [&](OperationResult&) {
     RequireAliasText(values, actual_id);
     WarnOfAlias(values.vb_alias);
   });
@@ -102,15 +103,15 @@ OperationResult Operations::CheckAlias(const AliasValues& values, std::int32_t a
 
 FormulaRecord Operations::RequireFormula(std::int32_t id) {
   if (auto record = rows().FindFormula(id)) return *record;
-  run_->Refuse(kTextNoFormula, {{"<ID>", std::to_string(id)}});
+  context_->Refuse(kTextNoFormula, {{"<ID>", std::to_string(id)}});
 }
 AliasRecord Operations::RequireAlias(std::int32_t id) {
   if (auto record = rows().FindAlias(id)) return *record;
-  run_->Refuse(kTextNoAlias, {{"<ID>", std::to_string(id)}});
+  context_->Refuse(kTextNoAlias, {{"<ID>", std::to_string(id)}});
 }
 ArgumentRecord Operations::RequireArgument(std::int32_t id) {
   if (auto record = rows().FindArgument(id)) return *record;
-  run_->Refuse(kTextNoArgument, {{"<ID>", std::to_string(id)}});
+  context_->Refuse(kTextNoArgument, {{"<ID>", std::to_string(id)}});
 }
 
 // --- Look-ups ---

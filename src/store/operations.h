@@ -28,7 +28,7 @@ class TextTable;
 
 namespace store {
 
-class OperationRun;
+class OperationContext;
 class ProjectRows;
 
 struct EditFormulaOptions : OperationOptions {
@@ -122,7 +122,8 @@ class Operations {
   void RequireFormulaName(std::string_view name);
   void RequireFormulaClass(std::string_view prog_id);
   void RequireCallType(std::int32_t type);
-  void RequireFreeInClass(std::string_view prog_id, std::string_view name, std::int32_t but_id);
+  void RequireFreeInClass(std::string_view prog_id, std::string_view name,
+                          std::int32_t excluded_id);
   void RequireNoInAndOut(std::int32_t formula_id);
   void RequireAliasText(const AliasValues& values, std::int32_t actual_id);
   // The class must not hold the name as anything else than an alias.
@@ -144,7 +145,7 @@ class Operations {
 
   ProjectRows& rows();
 
-  std::unique_ptr<OperationRun> run_;
+  std::unique_ptr<OperationContext> context_;
 };
 
 }  // namespace store

@@ -94,7 +94,7 @@ ProjectRows::ProjectRows(std::shared_ptr<platform::Connection> connection)
 
 // --- Reading ---
 
-std::vector<FormulaRecord> ProjectRows::Formulas(codegen::Query& query,
+std::vector<FormulaRecord> ProjectRows::Formulas(codegen::PreparedQuery& query,
                                                  std::vector<Variant> parameters) {
   std::vector<FormulaRecord> records;
   query.ForEachRow(
@@ -103,7 +103,7 @@ std::vector<FormulaRecord> ProjectRows::Formulas(codegen::Query& query,
   return records;
 }
 
-std::vector<AliasRecord> ProjectRows::Aliases(codegen::Query& query,
+std::vector<AliasRecord> ProjectRows::Aliases(codegen::PreparedQuery& query,
                                               std::vector<Variant> parameters) {
   std::vector<AliasRecord> records;
   query.ForEachRow(std::move(parameters), kAliasFields, [&](const RowBlock& rows, std::size_t row) {
@@ -112,7 +112,7 @@ std::vector<AliasRecord> ProjectRows::Aliases(codegen::Query& query,
   return records;
 }
 
-std::vector<ArgumentRecord> ProjectRows::Arguments(codegen::Query& query, std::int32_t id) {
+std::vector<ArgumentRecord> ProjectRows::Arguments(codegen::PreparedQuery& query, std::int32_t id) {
   std::vector<ArgumentRecord> records;
   query.ForEachRow({id}, kArgumentFields, [&](const RowBlock& rows, std::size_t row) {
     ArgumentRecord record;

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "codegen/query.h"
+#include "codegen/prepared_query.h"
 #include "platform/ado.h"
 #include "store/formula_records.h"
 #include "store/operation_result.h"
@@ -62,25 +62,25 @@ class ProjectRows {
   std::shared_ptr<platform::Recordset> OpenRow(std::string_view table, std::int32_t id);
   void Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row);
 
-  std::vector<FormulaRecord> Formulas(codegen::Query& query,
+  std::vector<FormulaRecord> Formulas(codegen::PreparedQuery& query,
                                       std::vector<platform::Variant> parameters);
-  std::vector<AliasRecord> Aliases(codegen::Query& query,
+  std::vector<AliasRecord> Aliases(codegen::PreparedQuery& query,
                                    std::vector<platform::Variant> parameters);
-  std::vector<ArgumentRecord> Arguments(codegen::Query& query, std::int32_t id);
+  std::vector<ArgumentRecord> Arguments(codegen::PreparedQuery& query, std::int32_t id);
 
   std::shared_ptr<platform::Connection> connection_;
-  codegen::Query formula_by_id_;
-  codegen::Query formulas_by_name_;
-  codegen::Query formula_in_class_;
-  codegen::Query all_formulas_;
-  codegen::Query formula_names_;
-  codegen::Query uses_of_alias_;
-  codegen::Query alias_by_id_;
-  codegen::Query alias_by_name_;
-  codegen::Query all_aliases_;
-  codegen::Query argument_by_id_;
-  codegen::Query argument_of_alias_;
-  codegen::Query arguments_of_formula_;
+  codegen::PreparedQuery formula_by_id_;
+  codegen::PreparedQuery formulas_by_name_;
+  codegen::PreparedQuery formula_in_class_;
+  codegen::PreparedQuery all_formulas_;
+  codegen::PreparedQuery formula_names_;
+  codegen::PreparedQuery uses_of_alias_;
+  codegen::PreparedQuery alias_by_id_;
+  codegen::PreparedQuery alias_by_name_;
+  codegen::PreparedQuery all_aliases_;
+  codegen::PreparedQuery argument_by_id_;
+  codegen::PreparedQuery argument_of_alias_;
+  codegen::PreparedQuery arguments_of_formula_;
   // Stay open from one added row to the next.
   std::map<std::string, std::shared_ptr<platform::Recordset>, std::less<>> tables_;
   std::vector<RowChange> changes_;

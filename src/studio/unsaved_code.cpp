@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kFormat = "unsaved code 1";
 constexpr std::string_view kCopy = ".code", kLock = ".lock";
-constexpr int kMostWindows = 100;
+constexpr int kMaxWindows = 100;
 
 std::string Encoded(const UnsavedCode& code) {
   std::string bytes(kFormat);
@@ -52,7 +52,7 @@ std::unique_ptr<files::RandomAccessFile> Lock(files::FileSystem& system, const s
 // Where nothing can be locked the last name has to do.
 void UnsavedCopies::TakeName() {
   system_.CreateDirectories(folder_);
-  for (int i = 0; i < kMostWindows && !lock_; ++i) {
+  for (int i = 0; i < kMaxWindows && !lock_; ++i) {
     path_ = system_.Join(folder_, std::to_string(i));
     if (!system_.Exists(path_ + std::string(kCopy))) lock_ = Lock(system_, path_);
   }

@@ -14,7 +14,7 @@
 namespace vbcode {
 
 // Visual Basic takes no longer line.
-inline constexpr std::int32_t kLongestLine = 1023;
+inline constexpr std::int32_t kMaxLineLength = 1023;
 
 // A line of a module as it becomes.
 struct LineEdit {

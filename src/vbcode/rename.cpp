@@ -14,10 +14,10 @@ namespace vbcode {
 
 namespace {
 
-constexpr std::int32_t kLongestName = 255;
+constexpr std::int32_t kMaxName = 255;
 
 bool IsName(std::string_view name) {
-  if (name.empty() || CountCharacters(name) > kLongestName) return false;
+  if (name.empty() || CountCharacters(name) > kMaxName) return false;
   if ((name[0] >= '0' && name[0] <= '9') || name[0] == '_') return false;
   for (const char c : name) {
     if (!IsWordCharacter(c)) return false;
@@ -218,7 +218,7 @@ class Rename {
   void CheckLengths() {
     for (const LineEdit& edit : result_.edits) {
       const std::string_view before = program_.module(edit.module).lines->Line(edit.line);
-      if (edit.text.size() > before.size() && CountCharacters(edit.text) > kLongestLine) {
+      if (edit.text.size() > before.size() && CountCharacters(edit.text) > kMaxLineLength) {
         Refuse(RenameProblem::kLineTooLong, edit.module, edit.line, 1);
       }
     }

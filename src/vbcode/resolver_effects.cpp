@@ -8,7 +8,7 @@ namespace vbcode {
 namespace {
 
 // Visual Basic takes no more.
-constexpr std::int32_t kMostParameters = 60;
+constexpr std::int32_t kMaxParameters = 60;
 
 bool IsVariable(DeclarationKind kind) {
   return kind == DeclarationKind::kVariable || kind == DeclarationKind::kLocal ||
@@ -176,7 +176,7 @@ std::int32_t Resolver::FindParameter(const Argument& argument, Effect& effect) c
   }
   std::int32_t position = argument.position;
   if (argument.name != kNoName) {
-    const std::int32_t count = std::min(declaration->parts, kMostParameters);
+    const std::int32_t count = std::min(declaration->parts, kMaxParameters);
     for (position = 0; position < count; ++position) {
       if (DeclarationAt(number + 1 + position).name == argument.name) break;
     }

@@ -5,14 +5,14 @@ namespace vbfiles {
 
 using platform::ComponentType;
 
-Component::Component(std::shared_ptr<Session> session, const CodePage& page, ComponentType type,
-                     std::string name, const std::string& path)
-    : session_(std::move(session)),
+Component::Component(std::shared_ptr<EnvironmentState> state, const CodePage& page,
+                     ComponentType type, std::string name, const std::string& path)
+    : state_(std::move(state)),
       type_(type),
       written_name_(std::move(name)),
-      document_(OpenDocument(*session_, page, path)) {
+      document_(OpenDocument(*state_, page, path)) {
   if (type != ComponentType::kResFile && type != ComponentType::kRelatedDocument) {
-    module_.emplace(*session_, *document_, *this);
+    module_.emplace(*state_, *document_, *this);
   }
 }
 
@@ -21,7 +21,7 @@ std::string Component::Name() const {
   if (!File().header().name.empty()) return page.ToUtf8(File().header().name);
   if (!written_name_.empty()) return written_name_;
   if (!File().header().object_name.empty()) return page.ToUtf8(File().header().object_name);
-  const std::string file_name = session_->system.FileName(File().path());
+  const std::string file_name = state_->system.FileName(File().path());
   return module_ ? file_name.substr(0, file_name.rfind('.')) : file_name;
 }
 
@@ -36,8 +36,8 @@ platform::Instancing Component::GetInstancing() const {
 }
 
 void Component::Activate() {
-  if (session_->options.on_pane) {
-    session_->options.on_pane(PaneEvent{PaneEvent::Kind::kActivated, *this});
+  if (state_->options.on_pane) {
+    state_->options.on_pane(PaneEvent{PaneEvent::Kind::kActivated, *this});
   }
 }
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "platform/vbide.h"
+#include "vbfiles/environment_state.h"
 #include "vbfiles/module_document.h"
-#include "vbfiles/session.h"
 #include "vbfiles/source_module.h"
 
 namespace vbfiles {
@@ -17,8 +17,8 @@ namespace vbfiles {
 class Component final : public platform::VBComponent {
  public:
   // `name` is the project file's copy of the name, used where the file has none.
-  Component(std::shared_ptr<Session> session, const CodePage& page, platform::ComponentType type,
-            std::string name, const std::string& path);
+  Component(std::shared_ptr<EnvironmentState> state, const CodePage& page,
+            platform::ComponentType type, std::string name, const std::string& path);
 
   std::string Name() const override;
   platform::ComponentType Type() const override;
@@ -36,7 +36,7 @@ class Component final : public platform::VBComponent {
  private:
   const ModuleFile& File() const { return document_->file(); }
 
-  std::shared_ptr<Session> session_;
+  std::shared_ptr<EnvironmentState> state_;
   platform::ComponentType type_;
   std::string written_name_;
   std::shared_ptr<ModuleDocument> document_;

@@ -14,7 +14,7 @@ namespace vbfiles {
 
 namespace {
 
-constexpr std::uint64_t kLargestGroupFile = std::uint64_t{1} << 24;
+constexpr std::uint64_t kMaxGroupFile = std::uint64_t{1} << 24;
 
 bool HasExtension(const std::string& path, std::string_view extension) {
   return platform::FoldCase(path).ends_with(extension);
@@ -31,13 +31,14 @@ std::string CanonicalPath(files::FileSystem& system, const std::string& path) {
 }  // namespace
 
 Environment::Environment(files::FileSystem& system, Options options)
-    : session_(std::make_shared<Session>(Session{system, std::move(options), false, {}, {}})),
-      page_(CodePage::Get(session_->options.code_page)) {}
+    : state_(std::make_shared<EnvironmentState>(
+          EnvironmentState{system, std::move(options), false, {}, {}})),
+      page_(CodePage::Get(state_->options.code_page)) {}
 
 void Environment::Open(const std::vector<std::string>& paths) {
   std::vector<std::string> all = paths_;
   for (const std::string& path : paths) {
-    const std::string canonical = CanonicalPath(session_->system, path);
+    const std::string canonical = CanonicalPath(state_->system, path);
     if (std::ranges::find(all, canonical) == all.end()) all.push_back(canonical);
   }
   contents_ = Read(all);
@@ -50,7 +51,7 @@ Environment::Contents Environment::Read(const std::vector<std::string>& paths) c
     if (HasExtension(path, ".vbg")) {
       ReadGroup(path, contents);
     } else if (HasExtension(path, ".vbp") || SourceTypeOf(path)) {
-      ReadProject(path, session_->system.Folder(path), contents);
+      ReadProject(path, state_->system.Folder(path), contents);
     } else {
       throw platform::Error(
           platform::ErrorKind::kRefused, kErrInvalidCall,
@@ -61,11 +62,11 @@ Environment::Contents Environment::Read(const std::vector<std::string>& paths) c
 }
 
 void Environment::ReadGroup(const std::string& path, Contents& contents) const {
-  files::FileSystem& system = session_->system;
+  files::FileSystem& system = state_->system;
   std::string text;
   try {
     contents.groups[path] = system.Stamp(path).value_or(files::FileStamp{});
-    text = files::ReadFile(system, path, kLargestGroupFile);
+    text = files::ReadFile(system, path, kMaxGroupFile);
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
@@ -94,7 +95,7 @@ void Environment::ReadProject(const std::string& path, const std::string& tree,
     project->AddTree(tree);
     return;
   }
-  const std::shared_ptr<Project> opened = ProjectAt(path, tree);
+  const std::shared_ptr<VbProject> opened = ProjectAt(path, tree);
   for (const auto& project : contents.projects) {
     if (!platform::EqualsIgnoringCase(project->Name(), opened->Name())) continue;
     throw platform::Error(
@@ -107,21 +108,21 @@ void Environment::ReadProject(const std::string& path, const std::string& tree,
 }
 
 // The project that is open, or a new one.
-std::shared_ptr<Project> Environment::ProjectAt(const std::string& path,
-                                                const std::string& tree) const {
+std::shared_ptr<VbProject> Environment::ProjectAt(const std::string& path,
+                                                  const std::string& tree) const {
   for (const auto& project : contents_.projects) {
     if (project->FileName() == path) return project;
   }
-  const auto& pages = session_->options.project_code_pages;
+  const auto& pages = state_->options.project_code_pages;
   const auto page = pages.find(path);
-  return std::make_shared<Project>(
-      session_, page == pages.end() ? page_ : CodePage::Get(page->second), path, tree);
+  return std::make_shared<VbProject>(
+      state_, page == pages.end() ? page_ : CodePage::Get(page->second), path, tree);
 }
 
 void Environment::Refresh() {
-  if (session_->in_unit) return;
+  if (state_->in_unit) return;
   const bool groups_changed = std::ranges::any_of(contents_.groups, [&](const auto& group) {
-    return session_->system.Stamp(group.first) != group.second;
+    return state_->system.Stamp(group.first) != group.second;
   });
   if (groups_changed) contents_ = Read(paths_);
   for (const auto& project : contents_.projects) project->Refresh();
@@ -149,7 +150,7 @@ std::vector<messages::Message> Environment::Problems() {
 }
 
 std::vector<ReplacedCharacters> Environment::TakeReplacedCharacters() {
-  return std::exchange(session_->replaced, {});
+  return std::exchange(state_->replaced, {});
 }
 
 std::vector<std::string> Environment::GroupFiles() const {
@@ -159,21 +160,21 @@ std::vector<std::string> Environment::GroupFiles() const {
 }
 
 void Environment::AllowWritesIn(const std::string& folder) {
-  session_->options.writable_folders.push_back(folder);
+  state_->options.writable_folders.push_back(folder);
 }
 
 template <typename Action>
 void Environment::ForEachDocument(Action action) const {
-  for (const auto& [path, document] : session_->documents) {
+  for (const auto& [path, document] : state_->documents) {
     if (const auto open = document.lock()) action(*open);
   }
 }
 
 void Environment::Save() {
-  session_->in_unit = false;
+  state_->in_unit = false;
   Refresh();
   ForEachDocument([](ModuleDocument& document) { document.Save(); });
-  session_->in_unit = true;
+  state_->in_unit = true;
 }
 
 std::string Environment::ToUtf8(std::string_view path, std::string_view bytes) {
@@ -189,12 +190,12 @@ void Environment::Collect(files::ChangeSet& changes) {
 }
 
 void Environment::Committed() noexcept {
-  session_->in_unit = false;
+  state_->in_unit = false;
   ForEachDocument([](ModuleDocument& document) { document.Committed(); });
 }
 
 void Environment::Restore() noexcept {
-  session_->in_unit = false;
+  state_->in_unit = false;
   ForEachDocument([](ModuleDocument& document) { document.Restore(); });
 }
 

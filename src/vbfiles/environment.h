@@ -11,8 +11,8 @@
 #include "files/unit_of_work.h"
 #include "messages/message.h"
 #include "platform/vbide.h"
-#include "vbfiles/project.h"
-#include "vbfiles/session.h"
+#include "vbfiles/environment_state.h"
+#include "vbfiles/vb_project.h"
 
 namespace vbfiles {
 
@@ -34,7 +34,7 @@ class Environment final : public platform::VBE, public files::Participant {
 
   std::vector<std::shared_ptr<platform::VBProject>> VBProjects() override;
   std::shared_ptr<platform::VBProject> FindProject(std::string_view name) override;
-  const std::vector<std::shared_ptr<Project>>& Projects() const { return contents_.projects; }
+  const std::vector<std::shared_ptr<VbProject>>& Projects() const { return contents_.projects; }
 
   // What is wrong with the open files, a sentence each.
   std::vector<messages::Message> Problems();
@@ -55,7 +55,7 @@ class Environment final : public platform::VBE, public files::Participant {
 
  private:
   struct Contents {
-    std::vector<std::shared_ptr<Project>> projects;
+    std::vector<std::shared_ptr<VbProject>> projects;
     std::vector<messages::Message> problems;         // of groups
     std::map<std::string, files::FileStamp> groups;  // by path, as they were read
   };
@@ -63,12 +63,12 @@ class Environment final : public platform::VBE, public files::Participant {
   Contents Read(const std::vector<std::string>& paths) const;
   void ReadGroup(const std::string& path, Contents& contents) const;
   void ReadProject(const std::string& path, const std::string& tree, Contents& contents) const;
-  std::shared_ptr<Project> ProjectAt(const std::string& path, const std::string& tree) const;
+  std::shared_ptr<VbProject> ProjectAt(const std::string& path, const std::string& tree) const;
   void Refresh();
   template <typename Action>
   void ForEachDocument(Action action) const;
 
-  std::shared_ptr<Session> session_;
+  std::shared_ptr<EnvironmentState> state_;
   const CodePage& page_;            // unless a project has its own
   std::vector<std::string> paths_;  // that were opened, canonical
   Contents contents_;

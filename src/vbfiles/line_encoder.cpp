@@ -14,7 +14,7 @@ namespace vbfiles {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 1023;
+constexpr std::size_t kMaxLineLength = 1023;
 
 std::string CodePointName(char32_t character) {
   char name[16];
@@ -50,7 +50,7 @@ std::string EncodeLine(std::string_view text, const LinePlace& place, const Code
     bytes += '?';
     lacking += shown;
   }
-  if (bytes.size() > kLongestLine) {
+  if (bytes.size() > kMaxLineLength) {
     throw platform::Error(
         platform::ErrorKind::kRefused, kErrInvalidCall,
         Joined({message::kLineTooLong, {{"<Place>", PlaceOf(place)}, {"<Count>", bytes.size()}}},

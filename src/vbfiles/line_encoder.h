@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "vbfiles/code_page.h"
-#include "vbfiles/session.h"
+#include "vbfiles/environment_state.h"
 
 namespace vbfiles {
 

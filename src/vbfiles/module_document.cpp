@@ -69,7 +69,7 @@ void ModuleDocument::RequireSource() {
 ModuleDocument::Loaded& ModuleDocument::ForReading() {
   if (!loaded_ || !IsCurrent()) {
     Load();
-    loaded_->seen_in_unit = session_.in_unit;
+    loaded_->seen_in_unit = state_.in_unit;
   }
   return *loaded_;
 }
@@ -77,9 +77,9 @@ ModuleDocument::Loaded& ModuleDocument::ForReading() {
 // Edited lines stay. A unit of work looks at the file once: what it changes is compared again,
 // byte by byte, before it is written.
 bool ModuleDocument::IsCurrent() {
-  if (loaded_->text.edited() || (session_.in_unit && loaded_->seen_in_unit)) return true;
+  if (loaded_->text.edited() || (state_.in_unit && loaded_->seen_in_unit)) return true;
   if (!IsUnchangedOnDisk()) return false;
-  loaded_->seen_in_unit = session_.in_unit;
+  loaded_->seen_in_unit = state_.in_unit;
   return true;
 }
 
@@ -159,11 +159,11 @@ void ModuleDocument::Restore() noexcept {
   }
 }
 
-std::shared_ptr<ModuleDocument> OpenDocument(Session& session, const CodePage& page,
+std::shared_ptr<ModuleDocument> OpenDocument(EnvironmentState& state, const CodePage& page,
                                              const std::string& path) {
-  std::weak_ptr<ModuleDocument>& known = session.documents[path];
+  std::weak_ptr<ModuleDocument>& known = state.documents[path];
   std::shared_ptr<ModuleDocument> document = known.lock();
-  if (!document) known = document = std::make_shared<ModuleDocument>(session, page, path);
+  if (!document) known = document = std::make_shared<ModuleDocument>(state, page, path);
   return document;
 }
 

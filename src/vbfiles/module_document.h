@@ -7,9 +7,9 @@
 
 #include "files/change_set.h"
 #include "messages/message.h"
+#include "vbfiles/environment_state.h"
 #include "vbfiles/module_file.h"
 #include "vbfiles/module_text.h"
-#include "vbfiles/session.h"
 #include "vbfiles/source_index.h"
 
 namespace vbfiles {
@@ -19,8 +19,8 @@ namespace vbfiles {
 // them. Components of several projects that name the same file share its document.
 class ModuleDocument {
  public:
-  ModuleDocument(Session& session, const CodePage& page, std::string path)
-      : file_(session, page, std::move(path)), session_(session) {}
+  ModuleDocument(EnvironmentState& state, const CodePage& page, std::string path)
+      : file_(state, page, std::move(path)), state_(state) {}
 
   ModuleFile& file() { return file_; }
   const ModuleFile& file() const { return file_; }
@@ -67,7 +67,7 @@ class ModuleDocument {
   bool AdoptCollected() noexcept;
 
   ModuleFile file_;
-  Session& session_;
+  EnvironmentState& state_;
   std::unique_ptr<Loaded> loaded_;
   std::unique_ptr<Loaded> saved_;  // edits that were there before the unit of work began
   files::Contents collected_;      // what the unit of work writes
@@ -75,7 +75,7 @@ class ModuleDocument {
 };
 
 // The document of a file: the one that is open, or a new one.
-std::shared_ptr<ModuleDocument> OpenDocument(Session& session, const CodePage& page,
+std::shared_ptr<ModuleDocument> OpenDocument(EnvironmentState& state, const CodePage& page,
                                              const std::string& path);
 
 }  // namespace vbfiles

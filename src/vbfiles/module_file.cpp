@@ -15,7 +15,7 @@ namespace {
 
 // Headers of classes are hardly longer; forms describe their controls there.
 constexpr std::size_t kFirstRead = 1024;
-constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 28;
+constexpr std::uint64_t kMaxFile = std::uint64_t{1} << 28;
 
 std::size_t ReadAt(files::RandomAccessFile& file, std::uint64_t offset, std::span<char> out) {
   return file.ReadAt(offset, std::as_writable_bytes(out));
@@ -40,7 +40,7 @@ void ModuleFile::RefreshHeader() {
 }
 
 void ModuleFile::ReadHeader() {
-  const auto file = session_.system.Open(path_, files::OpenMode::kRead);
+  const auto file = state_.system.Open(path_, files::OpenMode::kRead);
   const files::FileStamp stamp = file->Stamp();
   std::string text;
   do {
@@ -54,8 +54,8 @@ void ModuleFile::ReadHeader() {
 
 ModuleFile::Version ModuleFile::Read() {
   try {
-    const files::FileStamp stamp = session_.system.Stamp(path_).value_or(files::FileStamp{});
-    return {files::ReadFile(session_.system, path_, kLargestFile), stamp};
+    const files::FileStamp stamp = state_.system.Stamp(path_).value_or(files::FileStamp{});
+    return {files::ReadFile(state_.system, path_, kMaxFile), stamp};
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
@@ -63,7 +63,7 @@ ModuleFile::Version ModuleFile::Read() {
 
 bool ModuleFile::Holds(std::string_view bytes) {
   try {
-    return files::HoldsBytes(session_.system, path_, bytes);
+    return files::HoldsBytes(state_.system, path_, bytes);
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }
@@ -83,7 +83,7 @@ void ModuleFile::CheckWritable() {
         Joined({message::kOutsideProject, {{"<Path>", path_}, {"<Folder>", trees_.front()}}},
                message::kAllowFolder));
   }
-  if (!session_.system.IsWritable(path_)) {
+  if (!state_.system.IsWritable(path_)) {
     throw platform::Error(
         ErrorKind::kIo, kErrModuleNotEditable,
         Joined({message::kReadOnly, {{"<Path>", path_}}}, message::kRemoveProtection));
@@ -91,13 +91,13 @@ void ModuleFile::CheckWritable() {
 }
 
 bool ModuleFile::IsInsideTrees() {
-  files::FileSystem& system = session_.system;
+  files::FileSystem& system = state_.system;
   try {
     const std::string target = system.Canonical(path_);
     auto holds = [&](const std::string& folder) {
       return system.Exists(folder) && IsInside(system, target, system.Canonical(folder));
     };
-    const auto& agreed = session_.options.writable_folders;
+    const auto& agreed = state_.options.writable_folders;
     return std::ranges::any_of(trees_, holds) || std::ranges::any_of(agreed, holds);
   } catch (const files::Error& error) {
     throw FromFileError(error);

@@ -10,16 +10,16 @@
 #include "files/file_system.h"
 #include "messages/message.h"
 #include "vbfiles/code_page.h"
+#include "vbfiles/environment_state.h"
 #include "vbfiles/module_header.h"
-#include "vbfiles/session.h"
 
 namespace vbfiles {
 
 // The file of a component: where it is, what its header says, and whether it may be written.
 class ModuleFile {
  public:
-  ModuleFile(Session& session, const CodePage& page, std::string path)
-      : session_(session), page_(page), path_(std::move(path)) {}
+  ModuleFile(EnvironmentState& state, const CodePage& page, std::string path)
+      : state_(state), page_(page), path_(std::move(path)) {}
 
   // Takes the folder for the tree of a project that the file belongs to.
   void AddTree(const std::string& folder);
@@ -42,7 +42,7 @@ class ModuleFile {
   // Whether the file holds exactly these bytes. Raises platform::Error.
   bool Holds(std::string_view bytes);
   // Nothing when the file is not there.
-  std::optional<files::FileStamp> Stamp() { return session_.system.Stamp(path_); }
+  std::optional<files::FileStamp> Stamp() { return state_.system.Stamp(path_); }
 
   // Raises platform::Error (kErrModuleNotEditable) when the file is read-only or lies outside
   // the folder trees of its projects and the folders that the engineer agreed to.
@@ -52,7 +52,7 @@ class ModuleFile {
   void ReadHeader();
   bool IsInsideTrees();
 
-  Session& session_;
+  EnvironmentState& state_;
   const CodePage& page_;
   std::string path_;
   std::vector<std::string> trees_;

@@ -19,7 +19,7 @@ std::string_view FirstWord(std::string_view text) {
 }
 
 // A longer line is no header's; it is not read to its end to find that out.
-constexpr std::size_t kLongestLine = 65536;
+constexpr std::size_t kMaxLineLength = 65536;
 
 class HeaderReader {
  public:
@@ -55,7 +55,7 @@ class HeaderReader {
         line = TextOf(text_, current_);
         return true;
       }
-      if (text_.size() - position_ > kLongestLine) return false;
+      if (text_.size() - position_ > kMaxLineLength) return false;
     }
     ran_out_ = true;
     return false;

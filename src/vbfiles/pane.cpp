@@ -26,7 +26,7 @@ void Pane::SetSelection(const platform::CodeSelection& selection) {
 void Pane::Show() { Tell(PaneEvent::Kind::kShown); }
 
 void Pane::Tell(PaneEvent::Kind kind) {
-  if (session_.options.on_pane) session_.options.on_pane(PaneEvent{kind, component_});
+  if (state_.options.on_pane) state_.options.on_pane(PaneEvent{kind, component_});
 }
 
 }  // namespace vbfiles

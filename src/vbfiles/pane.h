@@ -2,15 +2,15 @@
 #pragma once
 
 #include "platform/vbide.h"
-#include "vbfiles/session.h"
+#include "vbfiles/environment_state.h"
 
 namespace vbfiles {
 
-// The code pane of a module: keeps what it is told and tells the session's listener.
+// The code pane of a module: keeps what it is told and tells the environment's listener.
 class Pane final : public platform::CodePane {
  public:
-  Pane(Session& session, platform::VBComponent& component)
-      : session_(session), component_(component) {}
+  Pane(EnvironmentState& state, platform::VBComponent& component)
+      : state_(state), component_(component) {}
 
   std::int32_t TopLine() const override { return top_line_; }
   // A line below the last one means the last one.
@@ -22,7 +22,7 @@ class Pane final : public platform::CodePane {
  private:
   void Tell(PaneEvent::Kind kind);
 
-  Session& session_;
+  EnvironmentState& state_;
   platform::VBComponent& component_;
   std::int32_t top_line_ = 1;
   platform::CodeSelection selection_;

@@ -38,7 +38,7 @@ void SourceModule::CheckLine(std::int32_t line, std::int32_t line_count) const {
 }
 
 std::vector<std::string> SourceModule::Encode(const LinePlace& place, std::string_view text) {
-  return EncodeLines(text, place, document_.file().page(), session_.replaced);
+  return EncodeLines(text, place, document_.file().page(), state_.replaced);
 }
 
 std::int32_t SourceModule::CountOfLines() { return document_.Text().LineCount(); }

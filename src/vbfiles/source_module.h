@@ -8,18 +8,18 @@
 #include <vector>
 
 #include "platform/vbide.h"
+#include "vbfiles/environment_state.h"
 #include "vbfiles/line_encoder.h"
 #include "vbfiles/module_document.h"
 #include "vbfiles/pane.h"
-#include "vbfiles/session.h"
 
 namespace vbfiles {
 
 // The code module of a component: the operations of the object model on its document.
 class SourceModule final : public platform::CodeModule {
  public:
-  SourceModule(Session& session, ModuleDocument& document, platform::VBComponent& component)
-      : session_(session), document_(document), pane_(session, component) {}
+  SourceModule(EnvironmentState& state, ModuleDocument& document, platform::VBComponent& component)
+      : state_(state), document_(document), pane_(state, component) {}
 
   void RequireSource() override { document_.RequireSource(); }
   std::int32_t CountOfLines() override;
@@ -45,7 +45,7 @@ class SourceModule final : public platform::CodeModule {
   const Procedure& Require(const SourceIndex& index, std::string_view name,
                            platform::ProcKind kind) const;
 
-  Session& session_;
+  EnvironmentState& state_;
   ModuleDocument& document_;
   vbfiles::Pane pane_;
 };

@@ -10,7 +10,7 @@ namespace wx {
 namespace {
 
 constexpr int kRows = 9;
-constexpr int kLeastWidth = 220;
+constexpr int kMinWidth = 220;
 
 }  // namespace
 
@@ -39,7 +39,7 @@ CellList::~CellList() {
 void CellList::Open(const wxRect& cell) {
   int rows = std::clamp(static_cast<int>(model_->GetCount()), 1, kRows);
   int height = rows * (list_->GetCharHeight() + popup_->FromDIP(8)) + popup_->FromDIP(4);
-  popup_->SetSize(std::max(cell.width, popup_->FromDIP(kLeastWidth)), height);
+  popup_->SetSize(std::max(cell.width, popup_->FromDIP(kMinWidth)), height);
   popup_->Position(cell.GetPosition(), wxSize(0, cell.height));
   popup_->Layout();
   popup_->Show();

@@ -10,7 +10,7 @@ namespace wx {
 
 namespace {
 
-constexpr int kLeastWidth = 20;  // of a column, in pixels at 100 %
+constexpr int kMinWidth = 20;  // of a column, in pixels at 100 %
 
 using platform::Variant;
 
@@ -74,7 +74,7 @@ bool GridView::ResizeColumns() {
 
 int GridView::ShownWidth(std::size_t number) const {
   const forms::Column& column = grid_.ColumnAt(number);
-  return std::max(ToPixels(List(), column.Width() + column.Extra()), List().FromDIP(kLeastWidth));
+  return std::max(ToPixels(List(), column.Width() + column.Extra()), List().FromDIP(kMinWidth));
 }
 
 // All of the native columns but their widths.
@@ -121,7 +121,7 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
   auto* column =
       new wxDataViewColumn(ToWx(model.Caption()), renderer, static_cast<unsigned>(number),
                            ShownWidth(number), alignment, flags);
-  column->SetMinWidth(List().FromDIP(kLeastWidth));
+  column->SetMinWidth(List().FromDIP(kMinWidth));
   return column;
 }
 

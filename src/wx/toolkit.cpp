@@ -87,9 +87,9 @@ class PointerForAnswer {
   int depth_ = 0;
 };
 
-bool Lives(const wxWindow* window, const wxWindowList& among) {
+bool IsAlive(const wxWindow* window, const wxWindowList& among) {
   for (const wxWindow* candidate : among) {
-    if (candidate == window || Lives(window, candidate->GetChildren())) return true;
+    if (candidate == window || IsAlive(window, candidate->GetChildren())) return true;
   }
   return false;
 }
@@ -102,7 +102,7 @@ platform::WindowHandle HandleOf(wxWindow* window) {
 
 wxWindow* WindowOfHandle(platform::WindowHandle handle) {
   auto* window = reinterpret_cast<wxWindow*>(handle);
-  return window && Lives(window, wxTopLevelWindows) ? window : nullptr;
+  return window && IsAlive(window, wxTopLevelWindows) ? window : nullptr;
 }
 
 Toolkit::~Toolkit() = default;

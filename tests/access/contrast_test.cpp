@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr double kLeast = 4.5;
+constexpr double kMinimum = 4.5;
 
 // "#rrggbb" or "#rgb".
 double Luminance(const std::string& colour) {
@@ -40,7 +40,7 @@ double Contrast(const std::string& a, const std::string& b) {
 }
 
 void ExpectReadable(const std::string& text, const std::string& paper) {
-  EXPECT_GE(Contrast(text, paper), kLeast) << text << " on " << paper;
+  EXPECT_GE(Contrast(text, paper), kMinimum) << text << " on " << paper;
 }
 
 TEST(Contrast, IsReckonedAsTheGuidelinesSay) {

@@ -70,11 +70,11 @@ INSTANTIATE_TEST_SUITE_P(Languages, Mnemonics,
 TEST_P(Mnemonics, OfTheDialogsDoNotClash) {
   dialogs::DialogBench bench(GetParam());
   const project::ItemCatalogue items;
-  dialogs::FFunction formula(*bench.surroundings);
-  dialogs::FParameter argument(*bench.surroundings);
-  dialogs::FAlias alias(*bench.surroundings, 0);
-  dialogs::FChooseAlias choose_alias(*bench.surroundings);
-  editor::FConfigEditor options(*bench.surroundings);
+  dialogs::FFunction formula(*bench.context);
+  dialogs::FParameter argument(*bench.context);
+  dialogs::FAlias alias(*bench.context, 0);
+  dialogs::FChooseAlias choose_alias(*bench.context);
+  editor::FConfigEditor options(*bench.context);
   studio::ItemChooser choose_item(bench.toolkit, bench.texts, items, "items.csv");
   for (forms::Form* form : std::initializer_list<forms::Form*>{
            &formula, &argument, &alias, &choose_alias, &options, &choose_item}) {

@@ -8,11 +8,11 @@
 
 #include "codegen/vb_formula_code.h"
 #include "dialogs/argument_dialogs.h"
+#include "dialogs/dialog_context.h"
 #include "dialogs/falias.h"
 #include "dialogs/fchoose_alias.h"
 #include "dialogs/formula_dialogs.h"
 #include "dialogs/fparameter.h"
-#include "dialogs/surroundings.h"
 #include "store/ado_fro.h"
 #include "tests/support/plant_bench.h"
 #include "tests/support/recording_add_in.h"
@@ -27,7 +27,7 @@ struct DialogBench : support::PlantBench {
   codegen::CVBFormulaCode code{texts, &items, &components};
   std::unique_ptr<store::Operations> operations;
   std::shared_ptr<AliasTable> aliases;
-  std::unique_ptr<Surroundings> surroundings;
+  std::unique_ptr<DialogContext> context;
 
   explicit DialogBench(texts::Language language) : texts(language) {
     items.types = {{"Tank1.Level", 5}, {"Pump.Running", 11}, {"Valve.Open", 11}};
@@ -37,7 +37,7 @@ struct DialogBench : support::PlantBench {
         store::Operations::Parts{plant.connection, plant.environment, &code, &plant.unit, &texts});
     aliases = std::make_shared<AliasTable>(plant.connection, plant.connection->CreateRecordset(),
                                            *operations, AliasOrder::kName);
-    surroundings = std::make_unique<Surroundings>(Surroundings{
+    context = std::make_unique<DialogContext>(DialogContext{
         toolkit, texts, messages, *operations, aliases, dummy, &studio, &help, nullptr});
   }
 

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 class DialogFlows : public testing::TestWithParam<texts::Language> {
  protected:
   DialogBench bench{GetParam()};
-  const Surroundings& surroundings = *bench.surroundings;
+  const DialogContext& context = *bench.context;
 
   bool German() const { return GetParam() == texts::Language::kGerman; }
   std::string In(const char* german, const char* english) const {
@@ -47,7 +47,7 @@ TEST_P(DialogFlows, MainJob) {
     EXPECT_EQ(dialog.txtScanTime.Text(), "250");
     dialog.cmdOk.Click();
   });
-  const AddedFormula formula = AddFormula(surroundings);
+  const AddedFormula formula = AddFormula(context);
   EXPECT_TRUE(formula.added);
   EXPECT_EQ(formula.name, proposed);
   EXPECT_THAT(bench.Formulas(), ElementsAre("1|" + proposed + "|PumpServer.CPump|7|250|True|"));
@@ -63,7 +63,7 @@ TEST_P(DialogFlows, MainJob) {
     EXPECT_THAT(dialog.lblItemHint.Caption(), HasSubstr("Double"));
     dialog.cmdOk.Click();
   });
-  EXPECT_EQ(AddAlias(surroundings), 1);
+  EXPECT_EQ(AddAlias(context), 1);
   EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank1.Level|Tank1_Level"));
 
   bench.In<FParameter>([&](FParameter& dialog) {
@@ -74,7 +74,7 @@ TEST_P(DialogFlows, MainJob) {
     dialog.chkIn.SetChecked(true);
     dialog.cmdOk.Click();
   });
-  EXPECT_EQ(AddArgument(surroundings, formula.id), 1);
+  EXPECT_EQ(AddArgument(context, formula.id), 1);
   EXPECT_THAT(bench.Arguments(), ElementsAre("1|1|1|True|False"));
   EXPECT_EQ(bench.plant.Code("CPump"),
             "Option Explicit\r\nPublic Tank1_Level as Double 'Tank1.Level\r\n" +
@@ -84,7 +84,7 @@ TEST_P(DialogFlows, MainJob) {
     dialog.txtName.SetText("FillTank");
     dialog.cmdOk.Click();
   });
-  EXPECT_TRUE(EditFormula(surroundings, formula.id));
+  EXPECT_TRUE(EditFormula(context, formula.id));
   EXPECT_THAT(bench.Formulas(), ElementsAre("1|FillTank|PumpServer.CPump|7|250|True|"));
   EXPECT_EQ(bench.plant.Code("CPump"),
             "Option Explicit\r\nPublic Tank1_Level as Double 'Tank1.Level\r\n" +
@@ -105,13 +105,13 @@ TEST_P(DialogFlows, LeavingADialogChangesNothing) {
       [](DialogForm& dialog) { dialog.Close(forms::CloseReason::kUser); },
   };
   const std::vector<std::function<bool()>> starts = {
-      [&] { return AddFormula(surroundings).added; },
-      [&] { return EditFormula(surroundings, formula); },
-      [&] { return AddAlias(surroundings) != 0; },
-      [&] { return EditAlias(surroundings, alias); },
-      [&] { return AddArgument(surroundings, formula) != 0; },
-      [&] { return EditArgument(surroundings, argument); },
-      [&] { return ChooseAlias(surroundings, alias).has_value(); },
+      [&] { return AddFormula(context).added; },
+      [&] { return EditFormula(context, formula); },
+      [&] { return AddAlias(context) != 0; },
+      [&] { return EditAlias(context, alias); },
+      [&] { return AddArgument(context, formula) != 0; },
+      [&] { return EditArgument(context, argument); },
+      [&] { return ChooseAlias(context, alias).has_value(); },
   };
   for (std::size_t start = 0; start < starts.size(); ++start) {
     for (const auto& exit : exits) {
@@ -143,7 +143,7 @@ TEST_P(DialogFlows, ConfirmingADisabledFormulaChangesNothing) {
     EXPECT_EQ(dialog.txtComment.Text(), "Füllt");
     dialog.cmdOk.Click();
   });
-  EXPECT_TRUE(EditFormula(surroundings, added.id()));
+  EXPECT_TRUE(EditFormula(context, added.id()));
   EXPECT_EQ(bench.Formulas(), rows);
   EXPECT_EQ(bench.plant.Code("CPump"), code);
 }
@@ -169,7 +169,7 @@ TEST_P(DialogFlows, RefusedFormulaCanBeCorrected) {
     EXPECT_FALSE(dialog.lblNameHint.Visible());
     dialog.cmdOk.Click();
   });
-  EXPECT_EQ(AddFormula(surroundings).name, "DrainTank");
+  EXPECT_EQ(AddFormula(context).name, "DrainTank");
   EXPECT_THAT(bench.toolkit.TakePrompts(), ElementsAre(HasSubstr("FillTank"), HasSubstr("Next")));
   EXPECT_THAT(bench.Formulas(), ElementsAre("1|FillTank|PumpServer.CPump|0|0|True|",
                                             "2|DrainTank|PumpServer.CPump|0|0|True|kept"));
@@ -191,7 +191,7 @@ TEST_P(DialogFlows, StoredClassThatIsGoneIsNamed) {
     EXPECT_FALSE(dialog.lblProgIDHint.Visible());
     dialog.cmdOk.Click();
   });
-  EXPECT_TRUE(EditFormula(surroundings, id));
+  EXPECT_TRUE(EditFormula(context, id));
   EXPECT_THAT(bench.Formulas(), ElementsAre("1|FillTank|PumpServer.CTank|0|0|True|"));
 }
 
@@ -241,7 +241,7 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
     EXPECT_FALSE(dialog.lblVBAliasHint.Visible());
     dialog.cmdOk.Click();
   });
-  EXPECT_EQ(AddAlias(surroundings), 2);
+  EXPECT_EQ(AddAlias(context), 2);
   EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank1.Level|Level", "2|Pump.Running|Running"));
 }
 
@@ -255,14 +255,14 @@ TEST_P(DialogFlows, RenamedAliasReachesEveryClassThatUsesIt) {
     dialog.txtVBAlias.SetText("Height");
     dialog.cmdOk.Click();
   });
-  EXPECT_TRUE(EditAlias(surroundings, level));
+  EXPECT_TRUE(EditAlias(context, level));
   EXPECT_EQ(bench.plant.Code("CPump"),
             "Option Explicit\r\nPublic Height as Double 'Tank1.Level\r\n" +
                 bench.Procedure("FillTank", {"Height"}));
   EXPECT_EQ(bench.plant.Code("CTank"),
             "Option Explicit\r\nPublic Height as Double 'Tank1.Level\r\n" +
                 bench.Procedure("Drain", {"Height"}));
-  EXPECT_FALSE(EditAlias(surroundings, 0)) << "no current alias";
+  EXPECT_FALSE(EditAlias(context, 0)) << "no current alias";
 }
 
 TEST_P(DialogFlows, VariableChangeForbidsBothFlags) {
@@ -280,7 +280,7 @@ TEST_P(DialogFlows, VariableChangeForbidsBothFlags) {
     dialog.chkIn.SetChecked(true);
     dialog.cmdOk.Click();
   });
-  EXPECT_TRUE(EditArgument(surroundings, argument));
+  EXPECT_TRUE(EditArgument(context, argument));
   EXPECT_THAT(bench.toolkit.TakePrompts(),
               ElementsAre(In("Ein Parameter kann bei dem gewählten Funktionstyp (bei "
                              "Variablenänderung) \r\nnicht gleichzeitig Übergabe- und Rückgabewert "
@@ -293,7 +293,7 @@ TEST_P(DialogFlows, VariableChangeForbidsBothFlags) {
     dialog.chkOut.SetChecked(true);
     dialog.cmdOk.Click();
   });
-  EXPECT_NE(AddArgument(surroundings, cyclic), 0);
+  EXPECT_NE(AddArgument(context, cyclic), 0);
   EXPECT_THAT(bench.Arguments(), ElementsAre("1|1|1|True|False", "2|2|1|True|True"));
   EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
 }
@@ -318,7 +318,7 @@ TEST_P(DialogFlows, ChoiceOfAliasSearchesNamesAndItems) {
     EXPECT_EQ(dialog.lvwAlias.CurrentId(), level);
     dialog.cmdOk.Click();
   });
-  EXPECT_EQ(ChooseAlias(surroundings, level), level);
+  EXPECT_EQ(ChooseAlias(context, level), level);
 }
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, DialogFlows,

@@ -101,7 +101,7 @@ TEST_P(Pages, LinkToPagesAndPlacesThatExist) {
 }
 
 TEST_P(Pages, ShowPicturesThatExistAreDescribedAndSmall) {
-  constexpr std::size_t kMostBytes = 200 * 1024;
+  constexpr std::size_t kMaxBytes = 200 * 1024;
   for (const Topic& topic : book_.topics()) {
     for (const std::string& picture : Matches(topic.html, "<img([^>]*)>")) {
       SCOPED_TRACE(std::string(topic.file) + ": " + picture);
@@ -111,7 +111,7 @@ TEST_P(Pages, ShowPicturesThatExistAreDescribedAndSmall) {
       const EmbeddedFile* file = FindEmbeddedFile(source.front());
       ASSERT_TRUE(file);
       EXPECT_TRUE(file->bytes.starts_with("\x89PNG"));
-      EXPECT_LE(file->bytes.size(), kMostBytes);
+      EXPECT_LE(file->bytes.size(), kMaxBytes);
     }
   }
 }

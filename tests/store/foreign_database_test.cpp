@@ -10,9 +10,9 @@
 #include "files/unit_of_work.h"
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
+#include "store/operation_texts.h"
 #include "store/operations.h"
 #include "store/schema.h"
-#include "store/text_numbers.h"
 #include "tests/support/any_file.h"
 #include "texts/text_table.h"
 

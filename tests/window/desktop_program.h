@@ -33,7 +33,7 @@ class Wait : public wxTimer {
   }
 
  private:
-  static constexpr int kTick = 50, kQuietTicks = 8, kMostTicks = 100;
+  static constexpr int kTick = 50, kQuietTicks = 8, kMaxTicks = 100;
 
   explicit Wait(std::function<bool()> condition) : condition_(std::move(condition)) {}
   void Notify() override {
@@ -41,7 +41,7 @@ class Wait : public wxTimer {
     if (loop_.IsRunning() && wxEventLoopBase::GetActive() == &loop_) {
       Stop();
       loop_.ScheduleExit();
-    } else if (ticks_ > kMostTicks) {
+    } else if (ticks_ > kMaxTicks) {
       CloseModal();
     }
   }

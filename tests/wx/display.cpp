@@ -17,8 +17,8 @@ namespace {
 
 constexpr int kPatience = 5000;
 constexpr int kStep = 20;
-constexpr int kPause = 200;     // for a key to arrive
-constexpr int kMostTries = 60;  // of waiting for the keyboard or a condition
+constexpr int kPause = 200;    // for a key to arrive
+constexpr int kMaxTries = 60;  // of waiting for the keyboard or a condition
 
 bool HasKeyboard() {
   for (wxWindow* window : wxTopLevelWindows) {
@@ -55,12 +55,12 @@ class Script : public wxTimer {
 
  private:
   void Notify() override {
-    if (next_ == 0 && !HasKeyboard() && ++tries_ < kMostTries) {
+    if (next_ == 0 && !HasKeyboard() && ++tries_ < kMaxTries) {
       StartOnce(kStep);  // the window manager still has to give it the keyboard
     } else if (next_ < steps_.size()) {
       StartOnce(kPause);  // a step may open a modal window: the next one runs inside it
       RunStep();
-    } else if (ModalDialog() && ++tries_ < kMostTries) {
+    } else if (ModalDialog() && ++tries_ < kMaxTries) {
       StartOnce(kStep);
     } else {
       --running_scripts;
@@ -69,7 +69,7 @@ class Script : public wxTimer {
   }
   void RunStep() {
     std::size_t step = next_;
-    if (steps_[step].Run() || ++tries_ == kMostTries) {
+    if (steps_[step].Run() || ++tries_ == kMaxTries) {
       next_ = step + 1;
       tries_ = 0;
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "vbfiles/project.h"
+#include "vbfiles/vb_project.h"
 
 #include <array>
 #include <map>
@@ -16,7 +16,7 @@ using platform::ComponentType;
 
 namespace {
 
-constexpr std::uint64_t kLargestProjectFile = std::uint64_t{1} << 24;
+constexpr std::uint64_t kMaxProjectFile = std::uint64_t{1} << 24;
 
 std::string StemOf(const std::string& file_name) {
   return file_name.substr(0, file_name.rfind('.'));
@@ -41,19 +41,19 @@ std::optional<ComponentType> SourceTypeOf(const std::string& path) {
   return std::nullopt;
 }
 
-Project::Project(std::shared_ptr<Session> session, const CodePage& page, std::string path,
-                 std::string tree)
-    : session_(std::move(session)), page_(page), path_(std::move(path)), trees_{std::move(tree)} {
+VbProject::VbProject(std::shared_ptr<EnvironmentState> state, const CodePage& page,
+                     std::string path, std::string tree)
+    : state_(std::move(state)), page_(page), path_(std::move(path)), trees_{std::move(tree)} {
   Read();
 }
 
-void Project::AddTree(const std::string& folder) {
+void VbProject::AddTree(const std::string& folder) {
   trees_.push_back(folder);
   for (const auto& component : components_) component->AddTree(folder);
 }
 
-void Project::Read() {
-  files::FileSystem& system = session_->system;
+void VbProject::Read() {
+  files::FileSystem& system = state_->system;
   ProjectFile project;
   files::FileStamp stamp;
   PathResolver resolver(system);
@@ -64,7 +64,7 @@ void Project::Read() {
   } else {
     try {
       stamp = system.Stamp(path_).value_or(stamp);
-      project = ParseProjectFile(files::ReadFile(system, path_, kLargestProjectFile));
+      project = ParseProjectFile(files::ReadFile(system, path_, kMaxProjectFile));
     } catch (const files::Error& error) {
       throw FromFileError(error);
     }
@@ -83,37 +83,37 @@ void Project::Read() {
   stamp_ = stamp;
 }
 
-std::shared_ptr<Component> Project::MakeComponent(const ComponentEntry& entry,
-                                                  const std::string& path) const {
+std::shared_ptr<Component> VbProject::MakeComponent(const ComponentEntry& entry,
+                                                    const std::string& path) const {
   auto component =
-      std::make_shared<Component>(session_, page_, entry.type, page_.ToUtf8(entry.name), path);
+      std::make_shared<Component>(state_, page_, entry.type, page_.ToUtf8(entry.name), path);
   for (const std::string& tree : trees_) component->AddTree(tree);
   return component;
 }
 
-void Project::Refresh() {
+void VbProject::Refresh() {
   headers_read_ = false;
   if (SourceTypeOf(path_)) return;
-  const auto stamp = session_->system.Stamp(path_);
+  const auto stamp = state_->system.Stamp(path_);
   if (stamp != stamp_) Read();
 }
 
-void Project::RefreshHeaders() {
-  if (headers_read_ && session_->in_unit) return;
+void VbProject::RefreshHeaders() {
+  if (headers_read_ && state_->in_unit) return;
   for (const auto& component : components_) component->RefreshHeader();
   headers_read_ = true;
 }
 
-bool Project::IsNamed(const Component& component, std::string_view name) const {
+bool VbProject::IsNamed(const Component& component, std::string_view name) const {
   return platform::EqualsIgnoringCase(component.Name(), name);
 }
 
-std::vector<std::shared_ptr<platform::VBComponent>> Project::VBComponents() {
+std::vector<std::shared_ptr<platform::VBComponent>> VbProject::VBComponents() {
   RefreshHeaders();
   return {components_.begin(), components_.end()};
 }
 
-std::shared_ptr<platform::VBComponent> Project::FindComponent(std::string_view name) {
+std::shared_ptr<platform::VBComponent> VbProject::FindComponent(std::string_view name) {
   RefreshHeaders();
   for (const auto& component : components_) {
     if (IsNamed(*component, name)) return component;
@@ -121,7 +121,7 @@ std::shared_ptr<platform::VBComponent> Project::FindComponent(std::string_view n
   return nullptr;
 }
 
-std::vector<messages::Message> Project::Problems() {
+std::vector<messages::Message> VbProject::Problems() {
   RefreshHeaders();
   std::vector<messages::Message> problems;
   std::map<std::string, std::string> paths;  // by name

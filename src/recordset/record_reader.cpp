@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "recordset/row_reader.h"
+#include "recordset/record_reader.h"
 
 #include <algorithm>
 
 namespace recordset {
 
-RowReader::RowReader(const Query& query)
+RecordReader::RecordReader(const Query& query)
     : query_(query),
       columns_(query.needed()),
       rows_(std::make_unique<jet::RowBuffer[]>(query.tables().size())) {
@@ -13,7 +13,7 @@ RowReader::RowReader(const Query& query)
   for (const OutputColumn& output : query.output()) slots_.push_back(columns_.Slot(output.source));
 }
 
-bool RowReader::Read(std::span<const jet::RowId> ids) {
+bool RecordReader::Read(std::span<const jet::RowId> ids) {
   holds_row_ = false;
   for (std::size_t table = 0; table < ids.size(); ++table) {
     if (!query_.tables()[table]->Read(ids[table], columns_.Of(table), rows_[table])) return false;
@@ -22,7 +22,7 @@ bool RowReader::Read(std::span<const jet::RowId> ids) {
   return true;
 }
 
-bool RowReader::SameValues(const RowReader& other) const {
+bool RecordReader::SameValues(const RecordReader& other) const {
   for (std::size_t table = 0; table < query_.tables().size(); ++table) {
     if (!std::ranges::equal(rows_[table].values(), other.rows_[table].values())) return false;
   }

@@ -9,19 +9,19 @@
 #include "messages/message.h"
 #include "platform/vbide.h"
 #include "vbfiles/component.h"
+#include "vbfiles/environment_state.h"
 #include "vbfiles/project_file.h"
-#include "vbfiles/session.h"
 
 namespace vbfiles {
 
 // A project: a .vbp with the components that it names, or a single source file that stands for a
 // project of its own.
-class Project final : public platform::VBProject {
+class VbProject final : public platform::VBProject {
  public:
   // Reads the project file. `path` and `tree` are canonical; files outside the folder `tree` are
   // not written without agreement. Raises platform::Error.
-  Project(std::shared_ptr<Session> session, const CodePage& page, std::string path,
-          std::string tree);
+  VbProject(std::shared_ptr<EnvironmentState> state, const CodePage& page, std::string path,
+            std::string tree);
   // Takes another folder for one that the project may write in: that of a group naming it.
   void AddTree(const std::string& folder);
 
@@ -48,7 +48,7 @@ class Project final : public platform::VBProject {
   std::shared_ptr<Component> MakeComponent(const ComponentEntry& entry,
                                            const std::string& path) const;
 
-  std::shared_ptr<Session> session_;
+  std::shared_ptr<EnvironmentState> state_;
   const CodePage& page_;
   std::string path_;
   std::vector<std::string> trees_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "codegen/query.h"
+#include "codegen/prepared_query.h"
 
 #include <utility>
 
@@ -10,7 +10,7 @@ constexpr std::int32_t kBlock = 512;
 
 }  // namespace
 
-Query::Query(platform::Connection& connection, std::string_view sql)
+PreparedQuery::PreparedQuery(platform::Connection& connection, std::string_view sql)
     : recordset_(connection.CreateRecordset()) {
   recordset_->SetSource(sql);
   recordset_->SetCommandType(platform::CommandType::kText);
@@ -19,15 +19,15 @@ Query::Query(platform::Connection& connection, std::string_view sql)
   recordset_->SetLockType(platform::LockType::kReadOnly);
 }
 
-void Query::Open(std::vector<platform::Variant> parameters) {
+void PreparedQuery::Open(std::vector<platform::Variant> parameters) {
   // A failure may have left it open.
   if (recordset_->State() == platform::ObjectState::kOpen) recordset_->Close();
   recordset_->SetParameters(std::move(parameters));
   recordset_->Open();
 }
 
-platform::RowBlock Query::Read(std::vector<platform::Variant> parameters,
-                               const std::vector<std::string>& fields, std::int32_t count) {
+platform::RowBlock PreparedQuery::Read(std::vector<platform::Variant> parameters,
+                                       const std::vector<std::string>& fields, std::int32_t count) {
   Open(std::move(parameters));
   platform::RowBlock rows(fields.size());
   if (!recordset_->EOF_()) rows = recordset_->GetRows(count, fields);
@@ -35,7 +35,7 @@ platform::RowBlock Query::Read(std::vector<platform::Variant> parameters,
   return rows;
 }
 
-void Query::ForEachRow(
+void PreparedQuery::ForEachRow(
     std::vector<platform::Variant> parameters, const std::vector<std::string>& fields,
     const std::function<void(const platform::RowBlock& rows, std::size_t row)>& visit) {
   Open(std::move(parameters));

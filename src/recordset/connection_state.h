@@ -16,7 +16,7 @@ namespace recordset {
 class JetRecordset;
 
 // The open database of a connection, shared with its recordsets.
-class Session {
+class ConnectionState {
  public:
   // Null while the connection is closed.
   std::unique_ptr<jet::Database> database;

@@ -22,9 +22,10 @@
 namespace store {
 
 // Raised by a step that the operation cannot carry out; everything is put back.
-class Refusal : public std::runtime_error {
+class OperationRefusal : public std::runtime_error {
  public:
-  Refusal(Outcome outcome, std::int32_t text_id, const std::string& message, std::string detail)
+  OperationRefusal(Outcome outcome, std::int32_t text_id, const std::string& message,
+                   std::string detail)
       : std::runtime_error(message),
         outcome_(outcome),
         text_id_(text_id),
@@ -39,9 +40,9 @@ class Refusal : public std::runtime_error {
 };
 
 // What the steps of operations share: rows, code, texts. One for each Operations.
-class OperationRun {
+class OperationContext {
  public:
-  explicit OperationRun(Operations::Parts parts);
+  explicit OperationContext(Operations::Parts parts);
 
   // The answer to `steps`, which look something up. A failure that is not refused by a step is
   // answered with `failure_text`, its cause as the detail.
@@ -70,7 +71,7 @@ class OperationRun {
 
  private:
   void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);
-  void TellNotUndone(OperationResult& result);
+  void ShowNotUndone(OperationResult& result);
 
   Operations::Parts parts_;
   ProjectRows rows_;

@@ -44,7 +44,7 @@ struct Options {
 };
 
 // What the objects of one environment share.
-struct Session {
+struct EnvironmentState {
   files::FileSystem& system;
   Options options;
   bool in_unit = false;  // a unit of work is open: files are looked at once

@@ -14,9 +14,9 @@
 namespace codegen {
 
 // A query with parameters that is made once and opened again and again.
-class Query {
+class PreparedQuery {
  public:
-  Query(platform::Connection& connection, std::string_view sql);
+  PreparedQuery(platform::Connection& connection, std::string_view sql);
 
   // The named fields of all rows, or of the first ones.
   platform::RowBlock Read(std::vector<platform::Variant> parameters,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "recordset/session.h"
+#include "recordset/connection_state.h"
 
 #include <utility>
 
@@ -51,12 +51,12 @@ platform::Error FromFiles(const files::Error& error) {
 
 }  // namespace
 
-jet::Database& Session::OpenDatabase() {
+jet::Database& ConnectionState::OpenDatabase() {
   if (!database) Refuse(platform::kErrObjectClosed, message::kConnectionClosed);
   return *database;
 }
 
-void Session::Register(const std::shared_ptr<JetRecordset>& recordset) {
+void ConnectionState::Register(const std::shared_ptr<JetRecordset>& recordset) {
   std::erase_if(recordsets_, [&](const auto& other) {
     const auto alive = other.lock();
     return !alive || alive->State() == platform::ObjectState::kClosed || alive == recordset;
@@ -64,7 +64,7 @@ void Session::Register(const std::shared_ptr<JetRecordset>& recordset) {
   recordsets_.push_back(recordset);
 }
 
-std::vector<std::shared_ptr<JetRecordset>> Session::OpenRecordsets() {
+std::vector<std::shared_ptr<JetRecordset>> ConnectionState::OpenRecordsets() {
   std::vector<std::shared_ptr<JetRecordset>> open;
   for (const auto& recordset : recordsets_) {
     auto alive = recordset.lock();
@@ -73,13 +73,13 @@ std::vector<std::shared_ptr<JetRecordset>> Session::OpenRecordsets() {
   return open;
 }
 
-void Session::Keep(const platform::Error& error) {
+void ConnectionState::Keep(const platform::Error& error) {
   if (error.number() > 0) return;  // not from the engine: a misuse of the object
   const bool duplicate = error.number() == platform::kErrErrorsOccurred;
   errors = {{error.number(), duplicate ? kNativeDuplicate : 0, error.description()}};
 }
 
-void Session::Rethrow() {
+void ConnectionState::Rethrow() {
   auto raise = [this](const platform::Error& error) {
     Keep(error);
     throw error;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "store/operation_run.h"
+#include "store/operation_context.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "codegen/refused.h"
 #include "codegen/vb_formula_code.h"
-#include "store/text_numbers.h"
+#include "store/operation_texts.h"
 
 namespace store {
 namespace {
@@ -26,37 +26,37 @@ Outcome OutcomeOf(platform::ErrorKind kind) {
 
 }  // namespace
 
-void Refusal::FillIn(OperationResult& result) const {
+void OperationRefusal::FillIn(OperationResult& result) const {
   result.outcome = outcome_;
   result.text_id = text_id_;
   result.message = what();
   result.detail = detail_;
 }
 
-OperationRun::OperationRun(Operations::Parts parts)
+OperationContext::OperationContext(Operations::Parts parts)
     : parts_(std::move(parts)), rows_(parts_.connection) {}
 
-void OperationRun::RequireProjects() {
+void OperationContext::RequireProjects() {
   if (options_->with_rows_only) return;
   if (!code_ || parts_.code->context().vbe->VBProjects().empty()) Refuse(kTextNoProject);
 }
 
-void OperationRun::Progress(std::size_t done, std::size_t total) {
+void OperationContext::Progress(std::size_t done, std::size_t total) {
   if (options_->progress && !options_->progress(done, total)) {
-    throw Refusal(Outcome::kCancelled, kTextCancelled, texts().Text(kTextCancelled), {});
+    throw OperationRefusal(Outcome::kCancelled, kTextCancelled, texts().Text(kTextCancelled), {});
   }
 }
 
-void OperationRun::Warn(std::int32_t text, Replacements values) {
+void OperationContext::Warn(std::int32_t text, Replacements values) {
   warnings_.push_back({text, texts().Text(text, values)});
 }
 
-void OperationRun::Refuse(std::int32_t text, Replacements values, std::string detail) {
-  throw Refusal(Outcome::kRefused, text, texts().Text(text, values), std::move(detail));
+void OperationContext::Refuse(std::int32_t text, Replacements values, std::string detail) {
+  throw OperationRefusal(Outcome::kRefused, text, texts().Text(text, values), std::move(detail));
 }
 
-void OperationRun::RunUnit(const std::function<void(OperationResult&)>& steps,
-                           OperationResult& result) {
+void OperationContext::RunUnit(const std::function<void(OperationResult&)>& steps,
+                               OperationResult& result) {
   platform::UnitOfWorkScope unit(*parts_.unit);
   steps(result);
   if (code_) code_->Follow(touched_);
@@ -69,7 +69,7 @@ void OperationRun::RunUnit(const std::function<void(OperationResult&)>& steps,
 }
 
 // What could not be put back was changed, whatever the cause says.
-void OperationRun::TellNotUndone(OperationResult& result) {
+void OperationContext::ShowNotUndone(OperationResult& result) {
   for (const messages::Message& message : parts_.unit->NotUndone()) {
     result.text_id = kTextNotUndone;
     result.message = texts().Text(kTextNotUndone);
@@ -79,8 +79,8 @@ void OperationRun::TellNotUndone(OperationResult& result) {
   }
 }
 
-OperationResult OperationRun::Answer(std::int32_t failure_text,
-                                     const std::function<void(OperationResult&)>& steps) {
+OperationResult OperationContext::Answer(std::int32_t failure_text,
+                                         const std::function<void(OperationResult&)>& steps) {
   warnings_.clear();
   OperationResult result;
   const auto fail = [&](Outcome outcome, const std::exception& cause) {
@@ -91,7 +91,7 @@ OperationResult OperationRun::Answer(std::int32_t failure_text,
   };
   try {
     steps(result);
-  } catch (const Refusal& refusal) {
+  } catch (const OperationRefusal& refusal) {
     refusal.FillIn(result);
   } catch (const codegen::Refused& refused) {
     // It names itself; all else is the cause of the general failure.
@@ -111,8 +111,8 @@ OperationResult OperationRun::Answer(std::int32_t failure_text,
   return result;
 }
 
-OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t failure_text,
-                                  const std::function<void(OperationResult&)>& steps) {
+OperationResult OperationContext::Run(const OperationOptions& options, std::int32_t failure_text,
+                                      const std::function<void(OperationResult&)>& steps) {
   options_ = &options;
   touched_ = {};
   const bool has_code = parts_.code && parts_.code->context().vbe && !options.with_rows_only;
@@ -125,7 +125,7 @@ OperationResult OperationRun::Run(const OperationOptions& options, std::int32_t 
     result.rows = rows_.TakeChanges();
     if (code_) std::ranges::move(code_->TakeWarnings(), std::back_inserter(result.warnings));
   } else {
-    TellNotUndone(result);
+    ShowNotUndone(result);
   }
   code_.reset();
   options_ = nullptr;

@@ -19,7 +19,7 @@
 namespace dialogs {
 
 // What the dialogs work with: all of it belongs to whoever opens them and outlives them.
-struct Surroundings {
+struct DialogContext {
   platform::Toolkit& toolkit;
   const texts::TextTable& texts;
   MessageBoxes& messages;

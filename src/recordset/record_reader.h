@@ -13,10 +13,10 @@
 namespace recordset {
 
 // Reads the output of a query for one row after the other.
-class RowReader {
+class RecordReader {
  public:
   // The query must outlive the reader and keep its filter meanwhile.
-  explicit RowReader(const Query& query);
+  explicit RecordReader(const Query& query);
 
   // Reads the row that these IDs name, one per table. False when it is gone; then nothing is held.
   bool Read(std::span<const jet::RowId> ids);
@@ -31,7 +31,7 @@ class RowReader {
     return rows_[query_.output()[output].source.table][slots_[output]];
   }
   // Whether the other reader, of the same query, holds the same values.
-  bool SameValues(const RowReader& other) const;
+  bool SameValues(const RecordReader& other) const;
 
  private:
   const Query& query_;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "dialogs/surroundings.h"
+#include "dialogs/dialog_context.h"
 
 namespace dialogs {
 
-void Surroundings::ShowWarnings(const std::vector<codegen::Warning>& warnings) const {
+void DialogContext::ShowWarnings(const std::vector<codegen::Warning>& warnings) const {
   if (!studio || warnings.empty()) return;
   std::vector<std::string> lines;
   lines.reserve(warnings.size());
