@@ -85,13 +85,14 @@ void Backups::Make(const std::string& name, const std::vector<std::string>& file
   const std::uint64_t number = earlier.empty() ? 1 : earlier.front().number + 1;
   std::string list = std::string(kNumber) + std::to_string(number) + "\n";
   std::size_t count = 0;
+  const std::string database = files.empty() ? "" : files.front();
   for (const std::string& path : files) {
     if (!system_.Exists(path)) continue;
     files::ReplaceFile(system_, system_.Join(folder, CopyName(count++)),
-                       files::ReadFile(system_, path));
+                       files::ReadFile(system_, path), database);
     list += system_.Canonical(path) + "\n";
   }
-  files::ReplaceFile(system_, system_.Join(folder, kList), list);
+  files::ReplaceFile(system_, system_.Join(folder, kList), list, database);
   const auto backups = List();
   for (std::size_t i = kKept; i < backups.size(); ++i) {
     if (backups[i].folder != kept) RemoveFolder(backups[i].folder);

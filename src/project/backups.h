@@ -13,7 +13,8 @@ namespace project {
 // Copies of a project's files, made before the first change of a day, in a folder of the user's
 // state. Each backup is a folder with its name that holds numbered copies and a list of where
 // they belong; the list is written last, so that a folder without it is no backup. The list begins
-// with the backup's number: clocks go wrong, the order in which backups were made does not.
+// with the backup's number: clocks go wrong, the order in which backups were made does not. Copies
+// have the database's permissions.
 class Backups {
  public:
   static constexpr std::size_t kKept = 10;

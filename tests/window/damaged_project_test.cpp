@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A database of which a part cannot be read any more.
 #include <gtest/gtest.h>
+#include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 
 #include <cstring>
+#include <functional>
 
 #include "jet/database.h"
 #include "project/backups.h"
@@ -104,6 +106,43 @@ TEST_F(DamagedProject, SaysSoAndOffersABackup) {
   const auto backups = project::Backups(plant_.system, backups_).List();
   ASSERT_EQ(backups.size(), 2u);
   EXPECT_EQ(plant_.system.Get(backups[0].folder + "/0.bak"), damaged);
+}
+
+// Chooses the backup of that name in the menus, wherever it stands.
+void ChooseBackup(const DesktopProgram& program, const std::string& name) {
+  const std::function<int(const wxMenuItemList&)> find = [&](const wxMenuItemList& items) {
+    for (const wxMenuItem* item : items) {
+      if (item->GetItemLabelText() == name && item->IsEnabled()) return item->GetId();
+      if (const int id = item->GetSubMenu() ? find(item->GetSubMenu()->GetMenuItems()) : 0)
+        return id;
+    }
+    return 0;
+  };
+  int id = 0;
+  const wxMenuBar* bar = program.window().GetMenuBar();
+  for (std::size_t i = 0; i < bar->GetMenuCount() && id == 0; ++i)
+    id = find(bar->GetMenu(i)->GetMenuItems());
+  ASSERT_NE(id, 0) << "no backup " << name << " in the menus";
+  program.window().CallAfter([&program, id] { program.window().ProcessCommand(id); });
+}
+
+TEST_F(DamagedProject, IsRestoredFromTheMenuAlsoAfterAFailedTry) {
+  Damage(plant_.system, "TvbfFormulas");
+  DesktopProgram program(plant_.system, texts::Language::kEnglish);
+  EXPECT_FALSE(Open(program, "key Return sleep 0.8 key Return"));
+  {
+    const auto other = jet::Database::Open(plant_.system, kPlantDatabase);
+    Said said;
+    ChooseBackup(program, "2026-11-20");
+    Input({"sleep 0.8 key alt+y", "sleep 0.8 key Return", "sleep 0.8 key Return"});
+    ASSERT_GE(said.texts.size(), 2u);
+    EXPECT_NE(said.texts[1].find("open in another window"), std::string::npos) << said.texts[1];
+    EXPECT_NE(plant_.system.Get(kPlantDatabase), good_);
+  }
+  ChooseBackup(program, "2026-11-20");
+  Input({"sleep 0.8 key alt+y"});
+  EXPECT_EQ(plant_.system.Get(kPlantDatabase), good_);
+  EXPECT_EQ(program.FormulaNodes(), std::vector<std::string>{"Kept"});
 }
 
 TEST_F(DamagedProject, SaysThatTheAliasesCannotBeRead) {
