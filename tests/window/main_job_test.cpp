@@ -90,6 +90,13 @@ TEST_P(MainJobTest, LeavesRowsAndCode) {
                                      header("FillTank", "'\tRun\r\n'\tLevel\r\n") +
                                      "'Public Sub FillTank()\r\n'\r\n'End Sub\r\n\r\n" +
                                      header("Old", "") + "'Public Sub Old()\r\n'\r\n'End Sub\r\n");
+
+  std::vector<std::string> lists;  // of the classes that hold formulas
+  for (const files::DirectoryEntry& entry : plant.system.List("/home/state")) {
+    if (entry.name.starts_with("components-"))
+      lists.push_back(plant.system.Get("/home/state/" + entry.name));
+  }
+  EXPECT_EQ(lists, std::vector<std::string>{"FormulaComponents=PumpServer.CTank\n"});
 }
 
 TEST_P(MainJobTest, ComesBackAsItWasLeft) {
