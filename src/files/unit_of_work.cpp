@@ -48,6 +48,7 @@ void JournalledUnitOfWork::Enlist(Participant& participant) {
 void JournalledUnitOfWork::Begin() {
   if (depth_ == 0) {
     rolled_back_ = false;
+    title_ = {};
     not_undone_.clear();
     std::size_t saved = 0;
     try {
@@ -58,6 +59,11 @@ void JournalledUnitOfWork::Begin() {
     }
   }
   ++depth_;
+}
+
+void JournalledUnitOfWork::SetTitle(const messages::Message& title) {
+  assert(depth_ > 0);
+  if (title_.empty()) title_ = title;
 }
 
 void JournalledUnitOfWork::Commit() {

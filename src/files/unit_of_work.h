@@ -38,6 +38,9 @@ class JournalledUnitOfWork final : public platform::UnitOfWork {
   void Enlist(Participant& participant);
 
   void Begin() override;
+  void SetTitle(const messages::Message& title) override;
+  // Of the open unit; empty when it was given none.
+  const messages::Message& title() const { return title_; }
   void Commit() override;
   void Rollback() noexcept override;
   bool IsOpen() const override;
@@ -50,6 +53,7 @@ class JournalledUnitOfWork final : public platform::UnitOfWork {
   std::vector<Participant*> participants_;
   int depth_ = 0;
   bool rolled_back_ = false;  // at some depth of the open unit
+  messages::Message title_;
   std::vector<messages::Message> not_undone_;
 };
 

@@ -29,11 +29,21 @@ constexpr Pattern kJoined{0, "<First> <Second>"};
 Message::Message(const Pattern& pattern, std::initializer_list<Value> values)
     : data_(std::make_shared<const Data>(Data{pattern, values})) {}
 
+Message Message::WithValues(const Pattern& pattern, std::vector<Value> values) {
+  Message message;
+  message.data_ = std::make_shared<const Data>(Data{pattern, std::move(values)});
+  return message;
+}
+
 Message Message::Verbatim(std::string_view words) {
   return words.empty() ? Message() : Message(kVerbatim, {{"<Words>", words}});
 }
 
 std::int32_t Message::number() const { return data_ ? data_->pattern.number : 0; }
+
+std::span<const Message::Value> Message::values() const {
+  return data_ ? std::span<const Value>(data_->values) : std::span<const Value>();
+}
 
 std::string Message::Text(std::string_view placeholder) const {
   const Value* value = data_ ? data_->Find(placeholder) : nullptr;

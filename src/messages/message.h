@@ -9,9 +9,11 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace messages {
 
@@ -32,12 +34,17 @@ class Message {
   Message() = default;  // says nothing
   Message(const Pattern& pattern, std::initializer_list<Value> values = {});
 
+  // A message with values that were kept; the pattern must outlive it.
+  static Message WithValues(const Pattern& pattern, std::vector<Value> values);
+
   // Words that stand as they are in every language: of the operating system, of a host.
   static Message Verbatim(std::string_view words);
 
   bool empty() const { return data_ == nullptr; }
   // 0 when empty, verbatim, or the same in every language.
   std::int32_t number() const;
+  // What stands for its placeholders, in the order in which it was given.
+  std::span<const Value> values() const;
   // The text or the message under the placeholder, angle brackets included; empty when there is
   // none.
   std::string Text(std::string_view placeholder) const;
@@ -64,7 +71,7 @@ struct Message::Value {
   Value(std::string_view placeholder, Message inside)
       : name(placeholder), message(std::move(inside)) {}
 
-  std::string_view name;  // of a literal, with its angle brackets
+  std::string name;  // with its angle brackets
   std::string text;
   Message message;
 };

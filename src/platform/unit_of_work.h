@@ -19,6 +19,10 @@ class UnitOfWork {
   // cannot save its state; nothing is begun then.
   virtual void Begin() = 0;
 
+  // Names what the open unit does, for who looks at it later. The first name given counts: what
+  // joined it later is a part of that.
+  virtual void SetTitle(const messages::Message& title) = 0;
+
   // Makes the changes last. Raises platform::Error (kConflict when somebody else changed a file
   // meanwhile, kIo otherwise) after everything was put back. What could not be put back is
   // returned by NotUndone.

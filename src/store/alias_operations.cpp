@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
+#include "store/operation_titles.h"
 
 namespace store {
 namespace {
@@ -68,6 +69,9 @@ void Operations::WarnOfAlias(std::string_view name) {
 OperationResult Operations::AddAliases(std::span<const AliasValues> values,
                                        const OperationOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+    context_->SetTitle(values.size() == 1
+                           ? messages::Message(title::kAddAlias, {{"<Name>", values[0].vb_alias}})
+                           : messages::Message(title::kAddAliases, {{"<Count>", values.size()}}));
     for (std::size_t i = 0; i < values.size(); ++i) {
       context_->Progress(i, values.size());
       RequireAliasText(values[i], 0);
@@ -91,6 +95,8 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
     }
     const bool renamed = values.vb_alias != old.vb_alias;
     if (renamed) {
+      context_->SetTitle(
+          {title::kRenameAlias, {{"<Name>", old.vb_alias}, {"<New>", values.vb_alias}}});
       RequireAliasText(values, id);
       WarnOfAlias(values.vb_alias);
       fields.emplace_back("VBAlias", FieldText(values.vb_alias));
@@ -103,6 +109,7 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
         if (classes.insert(use.prog_id).second) RequireDeclarable(use.prog_id, values.vb_alias);
       }
     }
+    context_->SetTitle({title::kEditAlias, {{"<Name>", old.vb_alias}}});
     rows().Change(kAliasTable, id, fields);
     if (!uses.empty())
       context_->touched().aliases.push_back({id, old.vb_alias, old.item_id, values.vb_alias});
@@ -112,9 +119,11 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
 OperationResult Operations::DeleteAliases(std::span<const std::int32_t> ids,
                                           const OperationOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult&) {
+    if (ids.size() != 1) context_->SetTitle({title::kDeleteAliases, {{"<Count>", ids.size()}}});
     for (std::size_t i = 0; i < ids.size(); ++i) {
       context_->Progress(i, ids.size());
       const AliasRecord alias = RequireAlias(ids[i]);
+      if (ids.size() == 1) context_->SetTitle({title::kDeleteAlias, {{"<Name>", alias.vb_alias}}});
       const std::vector<FormulaRecord> uses = rows().UsesOfAlias(ids[i]);
       if (!uses.empty()) {
         throw OperationRefusal(

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
+#include "store/operation_titles.h"
 
 namespace store {
 namespace {
@@ -53,9 +54,15 @@ OperationResult Operations::AddArguments(std::int32_t formula_id,
   return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     context_->RequireProjects();
     const FormulaRecord formula = RequireFormula(formula_id);
+    if (values.size() != 1) {
+      context_->SetTitle(
+          {title::kAddArguments, {{"<Count>", values.size()}, {"<Formula>", formula.name}}});
+    }
     for (std::size_t i = 0; i < values.size(); ++i) {
       context_->Progress(i, values.size());
       const AliasRecord alias = RequireAlias(values[i].alias_id);
+      context_->SetTitle(
+          {title::kAddArgument, {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}}});
       RequireNewArgument(formula, alias);
       RequireInOrOut(formula, values[i], alias.vb_alias);
       result.ids.push_back(rows().Add(kArgumentsTable, {{"AliasID", values[i].alias_id},
@@ -77,6 +84,9 @@ OperationResult Operations::EditArgument(std::int32_t argument_id, const Argumen
     const bool exchanged = values.alias_id != old.alias_id;
     ProjectRows::Values fields;
     if (exchanged) {
+      context_->SetTitle(
+          {title::kExchangeArgument,
+           {{"<Name>", old.vb_alias}, {"<Formula>", formula.name}, {"<New>", alias.vb_alias}}});
       context_->RequireProjects();
       RequireNewArgument(formula, alias);
       fields.emplace_back("AliasID", values.alias_id);
@@ -85,6 +95,8 @@ OperationResult Operations::EditArgument(std::int32_t argument_id, const Argumen
     if (values.out != old.out) fields.emplace_back("Out", values.out);
     if (fields.empty()) return;
     RequireInOrOut(formula, values, alias.vb_alias);
+    context_->SetTitle(
+        {title::kEditArgument, {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}}});
     rows().Change(kArgumentsTable, argument_id, fields);
     if (!exchanged) return;
     Touch(NameOf(formula), old, false);
@@ -96,11 +108,16 @@ OperationResult Operations::DeleteArguments(std::span<const std::int32_t> argume
                                             const OperationOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult&) {
     context_->RequireProjects();
+    if (argument_ids.size() != 1) {
+      context_->SetTitle({title::kDeleteArguments, {{"<Count>", argument_ids.size()}}});
+    }
     FormulaRecord formula;
     for (std::size_t i = 0; i < argument_ids.size(); ++i) {
       context_->Progress(i, argument_ids.size());
       const ArgumentRecord argument = RequireArgument(argument_ids[i]);
       if (formula.id != argument.parent_id) formula = RequireFormula(argument.parent_id);
+      context_->SetTitle(
+          {title::kDeleteArgument, {{"<Name>", argument.vb_alias}, {"<Formula>", formula.name}}});
       rows().Remove(kArgumentsTable, argument.id);
       Touch(NameOf(formula), argument, false);
     }

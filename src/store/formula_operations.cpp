@@ -4,6 +4,7 @@
 #include "platform/text.h"
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
+#include "store/operation_titles.h"
 
 namespace store {
 
@@ -46,6 +47,7 @@ void Operations::RequireNoInAndOut(std::int32_t formula_id) {
 OperationResult Operations::AddFormula(const FormulaValues& values,
                                        const OperationOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+    context_->SetTitle({title::kAddFormula, {{"<Name>", values.name}}});
     RequireFormulaName(values.name);
     RequireFormulaClass(values.prog_id);
     RequireFreeInClass(values.prog_id, values.name, 0);
@@ -83,6 +85,13 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
       context_->RequireProjects();
       RequireFreeInClass(values.prog_id, values.name, id);
     }
+    if (renamed) {
+      context_->SetTitle({title::kRenameFormula, {{"<Name>", old.name}, {"<New>", values.name}}});
+    } else if (moved) {
+      context_->SetTitle(
+          {title::kMoveFormula, {{"<Name>", old.name}, {"<Class>", values.prog_id}}});
+    }
+    context_->SetTitle({title::kEditFormula, {{"<Name>", old.name}}});
     ProjectRows::Values fields;
     if (values.type != old.type) {
       RequireCallType(values.type);
@@ -108,6 +117,7 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
 
 void Operations::DeleteFormula(std::int32_t id) {
   const FormulaRecord formula = RequireFormula(id);
+  context_->SetTitle({title::kDeleteFormula, {{"<Name>", formula.name}}});
   codegen::Touched::Formula touched = {{{formula.prog_id, formula.name}}, {}};
   if (context_->code())
     touched.arguments = context_->code()->ArgumentsOf(formula.prog_id, formula.name);
@@ -123,6 +133,7 @@ OperationResult Operations::DeleteFormulas(std::span<const std::int32_t> ids,
                                            const OperationOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult&) {
     context_->RequireProjects();
+    if (ids.size() != 1) context_->SetTitle({title::kDeleteFormulas, {{"<Count>", ids.size()}}});
     for (std::size_t i = 0; i < ids.size(); ++i) {
       context_->Progress(i, ids.size());
       DeleteFormula(ids[i]);

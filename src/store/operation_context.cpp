@@ -2,7 +2,11 @@
 #include "store/operation_context.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <map>
+#include <optional>
+#include <utility>
 
 #include "codegen/refused.h"
 #include "codegen/vb_formula_code.h"
@@ -24,6 +28,47 @@ Outcome OutcomeOf(platform::ErrorKind kind) {
   return Outcome::kFileProblem;
 }
 
+// What two changes of one row, one after the other, come to; nothing when it is as it was.
+std::optional<RowChange::Kind> Together(RowChange::Kind first, RowChange::Kind then) {
+  using enum RowChange::Kind;
+  if (first == kAdded) return then == kDeleted ? std::nullopt : std::optional(kAdded);
+  if (first == kDeleted && then != kDeleted) return kChanged;
+  return then;
+}
+
+std::string IdOf(const RowChange& change) {
+  for (const auto& [name, value] : change.members) {
+    if (name == "ID") return value.ToText();
+  }
+  return {};
+}
+
+// The rows that several parts changed, each once: as the first found it and the last left it.
+std::vector<RowChange> EachOnce(std::vector<RowChange> changes) {
+  std::map<std::pair<std::string, std::string>, std::size_t> known;
+  std::vector<std::optional<RowChange>> rows;
+  for (RowChange& change : changes) {
+    const auto [place, is_new] = known.try_emplace({change.table, IdOf(change)}, rows.size());
+    if (is_new) {
+      rows.emplace_back(std::move(change));
+      continue;
+    }
+    std::optional<RowChange>& row = rows[place->second];
+    const auto kind = row ? Together(row->kind, change.kind) : change.kind;
+    row = std::move(change);
+    if (kind) {
+      row->kind = *kind;
+    } else {
+      row.reset();
+    }
+  }
+  std::vector<RowChange> left;
+  for (std::optional<RowChange>& row : rows) {
+    if (row) left.push_back(std::move(*row));
+  }
+  return left;
+}
+
 }  // namespace
 
 void OperationRefusal::FillIn(OperationResult& result) const {
@@ -42,7 +87,7 @@ void OperationContext::RequireProjects() {
 }
 
 void OperationContext::Progress(std::size_t done, std::size_t total) {
-  if (options_->progress && !options_->progress(done, total)) {
+  if (depth_ == 1 && options_->progress && !options_->progress(done, total)) {
     throw OperationRefusal(Outcome::kCancelled, kTextCancelled, texts().Text(kTextCancelled), {});
   }
 }
@@ -81,7 +126,14 @@ void OperationContext::ShowNotUndone(OperationResult& result) {
 
 OperationResult OperationContext::Answer(std::int32_t failure_text,
                                          const std::function<void(OperationResult&)>& steps) {
-  warnings_.clear();
+  if (depth_ == 0) warnings_.clear();
+  OperationResult result = Answered(failure_text, steps);
+  if (depth_ == 0 && result.success()) result.warnings = std::exchange(warnings_, {});
+  return result;
+}
+
+OperationResult OperationContext::Answered(std::int32_t failure_text,
+                                           const std::function<void(OperationResult&)>& steps) {
   OperationResult result;
   const auto fail = [&](Outcome outcome, const std::exception& cause) {
     result.outcome = outcome;
@@ -103,33 +155,85 @@ OperationResult OperationContext::Answer(std::int32_t failure_text,
   } catch (const std::exception& error) {
     fail(Outcome::kFileProblem, error);
   }
-  if (result.success()) {
-    result.warnings = std::exchange(warnings_, {});
-  } else {
-    result.ids.clear();
-  }
+  if (!result.success()) result.ids.clear();
   return result;
 }
 
 OperationResult OperationContext::Run(const OperationOptions& options, std::int32_t failure_text,
                                       const std::function<void(OperationResult&)>& steps) {
+  if (depth_ > 0) return RunPart(failure_text, steps);
   options_ = &options;
   touched_ = {};
+  part_rows_.clear();
   const bool has_code = parts_.code && parts_.code->context().vbe && !options.with_rows_only;
   if (has_code) code_.emplace(parts_.code->context());
   rows_.TakeChanges();
+  warnings_.clear();
+  ++depth_;
   OperationResult result =
-      Answer(failure_text, [&](OperationResult& answer) { RunUnit(steps, answer); });
+      Answered(failure_text, [&](OperationResult& answer) { RunUnit(steps, answer); });
+  --depth_;
   rows_.CloseTables();
   if (result.success()) {
-    result.rows = rows_.TakeChanges();
+    std::ranges::move(rows_.TakeChanges(), std::back_inserter(part_rows_));
+    result.rows = EachOnce(std::exchange(part_rows_, {}));
+    result.warnings = std::exchange(warnings_, {});
     if (code_) std::ranges::move(code_->TakeWarnings(), std::back_inserter(result.warnings));
   } else {
+    result.rows.clear();
+    result.warnings.clear();
     ShowNotUndone(result);
   }
   code_.reset();
   options_ = nullptr;
   return result;
+}
+
+// The code follows at the end of the whole, so that only rows have to be put back.
+OperationResult OperationContext::RunPart(std::int32_t failure_text,
+                                          const std::function<void(OperationResult&)>& steps) {
+  std::ranges::move(rows_.TakeChanges(), std::back_inserter(part_rows_));
+  const PartStart start = {touched_.formulas.size(), touched_.arguments.size(),
+                           touched_.aliases.size(), warnings_.size()};
+  parts_.connection->BeginTrans();
+  ++depth_;
+  OperationResult result = Answered(failure_text, [&](OperationResult& answer) {
+    steps(answer);
+    parts_.connection->CommitTrans();
+  });
+  --depth_;
+  if (!result.success()) {
+    PutPartBack(start);
+    return result;
+  }
+  result.rows = rows_.TakeChanges();
+  part_rows_.insert(part_rows_.end(), result.rows.begin(), result.rows.end());
+  result.warnings.assign(warnings_.begin() + static_cast<std::ptrdiff_t>(start.warnings),
+                         warnings_.end());
+  return result;
+}
+
+void OperationContext::PutPartBack(const PartStart& start) {
+  rows_.CloseTables();
+  parts_.connection->RollbackTrans();
+  rows_.TakeChanges();
+  touched_.formulas.resize(start.formulas);
+  touched_.arguments.resize(start.arguments);
+  touched_.aliases.resize(start.aliases);
+  warnings_.resize(start.warnings);
+}
+
+OperationResult Operations::AsOne(const messages::Message& title,
+                                  const std::function<OperationResult()>& steps,
+                                  const OperationOptions& options) {
+  return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
+    context_->SetTitle(title);
+    OperationResult answer = steps();
+    if (!answer.success()) {
+      throw OperationRefusal(answer.outcome, answer.text_id, answer.message, answer.detail);
+    }
+    result.ids = std::move(answer.ids);
+  });
 }
 
 }  // namespace store

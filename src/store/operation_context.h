@@ -14,6 +14,7 @@
 
 #include "codegen/code_sync.h"
 #include "codegen/touched.h"
+#include "messages/message.h"
 #include "store/operation_result.h"
 #include "store/operations.h"
 #include "store/project_rows.h"
@@ -48,10 +49,12 @@ class OperationContext {
   // answered with `failure_text`, its cause as the detail.
   OperationResult Answer(std::int32_t failure_text,
                          const std::function<void(OperationResult&)>& steps);
-  // The same as one unit of work over rows and code.
+  // The same as one unit of work over rows and code, or as a part of the one that runs.
   OperationResult Run(const OperationOptions& options, std::int32_t failure_text,
                       const std::function<void(OperationResult&)>& steps);
 
+  // Names the operation that runs, for the history.
+  void SetTitle(const messages::Message& title) { parts_.unit->SetTitle(title); }
   // Of the operation that runs.
   const OperationOptions& options() const { return *options_; }
   // Of the operation that runs, or null when only rows change.
@@ -60,6 +63,7 @@ class OperationContext {
   codegen::Touched& touched() { return touched_; }
   // Raises unless there is code to change; for operations that need it.
   void RequireProjects();
+  // Of the operation that runs; its parts are not told apart.
   void Progress(std::size_t done, std::size_t total);
   using Replacements = std::initializer_list<texts::TextTable::Replacement>;
   void Warn(std::int32_t text, Replacements values);
@@ -70,6 +74,16 @@ class OperationContext {
   const Operations::Parts& parts() const { return parts_; }
 
  private:
+  // How far the operation had come when a part of it began.
+  struct PartStart {
+    std::size_t formulas, arguments, aliases, warnings;
+  };
+
+  OperationResult RunPart(std::int32_t failure_text,
+                          const std::function<void(OperationResult&)>& steps);
+  void PutPartBack(const PartStart& start);
+  OperationResult Answered(std::int32_t failure_text,
+                           const std::function<void(OperationResult&)>& steps);
   void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);
   void ShowNotUndone(OperationResult& result);
 
@@ -79,6 +93,8 @@ class OperationContext {
   std::optional<codegen::CodeSync> code_;
   codegen::Touched touched_;
   std::vector<codegen::Warning> warnings_;
+  std::vector<RowChange> part_rows_;  // of the parts that are done
+  int depth_ = 0;                     // of operations that run in each other
 };
 
 }  // namespace store

@@ -13,6 +13,7 @@
 
 #include "codegen/report.h"
 #include "codegen/touched.h"
+#include "messages/message.h"
 #include "platform/ado.h"
 #include "platform/unit_of_work.h"
 #include "platform/vbide.h"
@@ -60,6 +61,15 @@ class Operations {
   ~Operations();
   Operations(const Operations&) = delete;
   Operations& operator=(const Operations&) = delete;
+
+  // --- Several as one ---
+  // Does what `steps` do as one unit of work with one title, in which code follows once, at the
+  // end. `steps` call operations of this object, whose own options and titles do not count then. A
+  // call that fails has changed nothing, and the steps may go on; unless what they answer is done,
+  // all of it is put back. The answer has the rows and warnings of all.
+  OperationResult AsOne(const messages::Message& title,
+                        const std::function<OperationResult()>& steps,
+                        const OperationOptions& options = {});
 
   // --- Formulas ---
   // "Formula1", "Formula2", ...: the first that no formula has. Raises platform::Error when all

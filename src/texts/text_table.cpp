@@ -26,7 +26,7 @@ Language ChooseLanguage(platform::SettingsService& settings) {
 }
 
 std::span<const Area> Areas() {
-  static const std::array<Area, 13> areas = {{
+  static const std::array<Area, 14> areas = {{
       {"shared", 10, 999, SharedRows()},
       {"store", 1000, 1099, StoreRows()},
       {"codegen", 1100, 1199, CodegenRows()},
@@ -40,6 +40,7 @@ std::span<const Area> Areas() {
       {"messages of databases", 2200, 2599, DatabaseMessageRows()},
       {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},
       {"messages of sources", 2800, 2899, SourceMessageRows()},
+      {"history", 3300, 3399, HistoryRows()},
   }};
   return areas;
 }
