@@ -6,11 +6,11 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <typeinfo>
 
 #include "apps/process.h"
@@ -138,6 +138,11 @@ class App : public wxApp {
   std::unique_ptr<desktop::Program> program_;
 };
 
+void Print(apps::StandardStream stream, const std::string& text) {
+  std::error_code failure;
+  apps::Write(stream, text.data(), text.size(), failure);
+}
+
 }  // namespace
 
 wxIMPLEMENT_APP_NO_MAIN(App);
@@ -149,13 +154,13 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
     const std::string_view argument = argv[i];
     if (argument == "--version") {
-      std::printf("ovformula-desktop %s\n", desktop::kVersion);
+      Print(apps::kStandardOutput, std::string("ovformula-desktop ") + desktop::kVersion + "\n");
       return EXIT_SUCCESS;
     }
     if (argument == "--help" || argument == "-h") {
       wxCmdLineParser parser(1, argv);
       App::Describe(parser);
-      std::fputs(parser.GetUsageString().utf8_str(), stdout);
+      Print(apps::kStandardOutput, wx::FromWx(parser.GetUsageString()));
       return EXIT_SUCCESS;
     }
     if (argument == "--lang" && i + 1 < argc) language = argv[i + 1];
@@ -166,13 +171,13 @@ int main(int argc, char** argv) {
 #ifdef __WXGTK__
   if (apps::Environment("DISPLAY").empty() && apps::Environment("WAYLAND_DISPLAY").empty()) {
     const texts::TextTable texts(chosen);
-    std::fprintf(stderr, "%s\n", texts.Text(studio::kTextNoDisplay).c_str());
+    Print(apps::kStandardError, texts.Text(studio::kTextNoDisplay) + "\n");
     return EXIT_FAILURE;
   }
 #endif
   // The toolkit's own menus speak the same language.
   wxSetEnv("LANGUAGE", chosen == texts::Language::kGerman ? "de" : "en");
-  const int result = wxEntry(argc, argv);
+  const int result = wx::RunApp(argc, argv);
   constexpr int kUsage = 2;
   return App::BadUsage() ? kUsage : result;
 }

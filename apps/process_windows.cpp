@@ -67,8 +67,11 @@ std::string LanguageOfUser() {
 
 }  // namespace
 
-// Files have handles of their own here; none gets that of a standard stream.
-void PrepareProcess() {}
+// Files have handles of their own here; none gets that of a standard stream. A program of windows
+// has no console of its own: it answers in that of its caller.
+void PrepareProcess() {
+  if (HandleOf(kStandardOutput) == nullptr) ::AttachConsole(ATTACH_PARENT_PROCESS);
+}
 
 const std::atomic<bool>& CatchInterrupts() {
   ::SetConsoleCtrlHandler(OnControl, TRUE);

@@ -4,7 +4,6 @@
 #include <wx/bmpbndl.h>
 #include <wx/button.h>
 #include <wx/dialog.h>
-#include <wx/platinfo.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
@@ -29,17 +28,11 @@ wxString Named(const wxVersionInfo& library) {
                           library.GetMicro());
 }
 
-wxString NamedGtk() {
-  const wxPlatformInfo& platform = wxPlatformInfo::Get();
-  return wxString::Format("GTK %d.%d.%d", platform.GetToolkitMajorVersion(),
-                          platform.GetToolkitMinorVersion(), platform.GetToolkitMicroVersion());
-}
-
 // The parts of both programs with their versions, where they tell them, and their licences.
 wxString Licences() {
   wxString text = wxString("OrvanaStudio formula editor ") + kVersion + ": MIT licence\n";
   text += Named(wxGetLibraryVersionInfo()) + ": wxWindows Library Licence 3.1\n";
-  text += NamedGtk() + ", GLib, Pango, Cairo: GNU LGPL 2.1 or later\n";
+  text += wx::NativeParts() + "\n";
   text += Named(wxStyledTextCtrl::GetLibraryVersionInfo()) +
           ", Lexilla: Historical Permission Notice and Disclaimer\n";
   text += "NanoSVG: zlib licence\n";

@@ -66,7 +66,8 @@ CodeEditor::CodeEditor(wxWindow* parent, const texts::TextTable& texts)
 }
 
 void CodeEditor::ApplyColours() {
-  const CodePalette& palette = wxSystemSettings::GetAppearance().IsDark() ? kDarkCode : kLightCode;
+  const bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
+  const CodePalette& palette = dark ? kDarkCode : kLightCode;
   wxFont font(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
                   .Family(wxFONTFAMILY_TELETYPE));
   StyleSetFont(wxSTC_STYLE_DEFAULT, font);

@@ -25,6 +25,9 @@ class HelpFrame : public wxFrame {
   // Book and texts must outlive the window.
   HelpFrame(wxWindow* parent, const handbook::Book& book, const texts::TextTable& texts);
 
+  // A dialog that waits for its answer disables the other windows: not this one.
+  bool Enable(bool) override { return false; }
+
   // The first page when there is none of that number.
   void ShowPage(std::int32_t topic);
 

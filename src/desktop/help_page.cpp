@@ -34,7 +34,8 @@ void ProvideHelpPictures() {
 }
 
 wxString HelpPage(std::string_view html) {
-  const HelpPalette& palette = wxSystemSettings::GetAppearance().IsDark() ? kDarkHelp : kLightHelp;
+  const bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
+  const HelpPalette& palette = dark ? kDarkHelp : kLightHelp;
   const wxString shade = palette.shade;
   wxString page = wx::ToWx(html);
   page.Replace(

@@ -32,7 +32,7 @@ bool CellEditor::CanEdit(std::size_t column) const {
 void CellEditor::Start() {
   const wxDataViewItem item = list_.GetCurrentItem();
   wxDataViewColumn* column = CurrentColumn();
-  if (item.IsOk() && column && CanEdit(column->GetModelColumn())) list_.EditItem(item, column);
+  if (item.IsOk() && column && CanEdit(column->GetModelColumn())) native_.Edit(item, *column);
 }
 
 // The column with the keyboard; the first one that can be edited while the user chose none.

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "wx/native_list.h"
+
 namespace wx {
 
 namespace {
@@ -23,9 +25,8 @@ CellList::CellList(wxWindow* parent, std::shared_ptr<forms::ListSource> source,
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(list_, wxSizerFlags(1).Expand());
   popup_->SetSizer(sizer);
-  list_->Bind(wxEVT_LEFT_UP, [this, on_chosen](wxMouseEvent&) {
-    wxDataViewItem item = list_->GetSelection();
-    if (item.IsOk()) on_chosen(source_->Item(model_->GetRow(item)).text);
+  WatchPicks(*list_, [this, on_chosen](const wxDataViewItem& item) {
+    on_chosen(source_->Item(model_->GetRow(item)).text);
   });
 }
 

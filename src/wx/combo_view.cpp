@@ -8,6 +8,7 @@
 
 #include "wx/convert.h"
 #include "wx/entries_model.h"
+#include "wx/native_list.h"
 
 namespace wx {
 
@@ -71,8 +72,9 @@ class EntriesPopup : public wxComboPopup {
 
   bool Create(wxWindow* parent) override {
     list_ = MakeEntriesList(parent, *model_);
-    list_->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { Choose(); });
-    list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { Choose(); });
+    WatchPicks(*list_, [this](const wxDataViewItem& item) { Choose(item); });
+    list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED,
+                [this](wxDataViewEvent& event) { Choose(event.GetItem()); });
     return true;
   }
   wxWindow* GetControl() override { return list_; }
@@ -90,10 +92,10 @@ class EntriesPopup : public wxComboPopup {
   void Detach() { model_->Detach(); }
 
  private:
-  void Choose() {
-    wxDataViewItem item = list_->GetSelection();
+  void Choose(const wxDataViewItem& item) {
+    const unsigned row = model_->GetRow(item);
     Dismiss();
-    if (item.IsOk()) combo_.SetListIndex(static_cast<std::int32_t>(model_->GetRow(item)));
+    combo_.SetListIndex(static_cast<std::int32_t>(row));
   }
 
   forms::ComboBox& combo_;

@@ -111,8 +111,7 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
         "bool", model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_ACTIVATABLE);
     alignment = wxALIGN_CENTER;
   } else {
-    renderer = new wxDataViewTextRenderer(
-        "string", model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_EDITABLE);
+    renderer = NewTextRenderer(model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_EDITABLE);
     renderer->EnableEllipsize(wxELLIPSIZE_END);
     editor_.Watch(*renderer, number);
   }

@@ -13,6 +13,12 @@
 
 namespace wx {
 
+// Runs the program's application object to its end; what `main` is to return.
+int RunApp(int argc, char** argv);
+
+// The libraries below wxWidgets and their licences, a line each.
+wxString NativeParts();
+
 // A label whose mnemonic moves to the control after it, and which is that control's name for
 // screen readers.
 wxStaticText* NewLabel(wxWindow* parent);

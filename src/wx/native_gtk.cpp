@@ -2,6 +2,8 @@
 #include <gtk/gtk.h>
 
 #include <wx/accel.h>
+#include <wx/init.h>
+#include <wx/platinfo.h>
 
 #include <algorithm>
 #include <memory>
@@ -67,6 +69,15 @@ gboolean OnKeyOfChoice(GtkWidget*, GdkEventKey* event, gpointer button) {
 }
 
 }  // namespace
+
+int RunApp(int argc, char** argv) { return wxEntry(argc, argv); }
+
+wxString NativeParts() {
+  const wxPlatformInfo& platform = wxPlatformInfo::Get();
+  return wxString::Format("GTK %d.%d.%d, GLib, Pango, Cairo: GNU LGPL 2.1 or later",
+                          platform.GetToolkitMajorVersion(), platform.GetToolkitMinorVersion(),
+                          platform.GetToolkitMicroVersion());
+}
 
 void SilenceDiagnostics() {
   g_log_set_writer_func(

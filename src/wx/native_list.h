@@ -15,6 +15,12 @@
 
 namespace wx {
 
+// A renderer of texts that NativeList can follow and put buttons in.
+wxDataViewRenderer* NewTextRenderer(wxDataViewCellMode mode);
+
+// Tells which row of a list in a popup is clicked; the list does not take the keyboard by it.
+void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& item)> on_pick);
+
 // Follows the editing of a column's cells in place.
 struct CellEditing {
   std::function<void(std::size_t row)> on_start;
@@ -57,6 +63,8 @@ class NativeList {
   // Columns that were watched are gone.
   void ForgetColumns();
 
+  // Begins the editing of a cell.
+  void Edit(const wxDataViewItem& item, wxDataViewColumn& column);
   // The text of the cell that is being edited.
   void SetEntryText(const std::string& text);
   // The same, with what follows the typed text selected.

@@ -34,6 +34,16 @@ class Handler {
 
 }  // namespace
 
+wxDataViewRenderer* NewTextRenderer(wxDataViewCellMode mode) {
+  return new wxDataViewTextRenderer("string", mode);
+}
+
+void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& item)> on_pick) {
+  list.Bind(wxEVT_LEFT_UP, [&list, on_pick](wxMouseEvent&) {
+    if (const wxDataViewItem item = list.GetSelection(); item.IsOk()) on_pick(item);
+  });
+}
+
 struct NativeList::State {
   struct Watched {
     State* state;
@@ -226,6 +236,10 @@ void NativeList::ForgetColumns() {
   state_->widths.clear();
   state_->buttons.clear();
   state_->entry = nullptr;
+}
+
+void NativeList::Edit(const wxDataViewItem& item, wxDataViewColumn& column) {
+  state_->list->EditItem(item, &column);
 }
 
 void NativeList::SetEntryText(const std::string& text) {

@@ -1,22 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/bitmap.h>
+#ifdef __WXGTK__
 #include <wx/nativewin.h>
+#else
+#include <wx/treectrl.h>
+#endif
 
 #include <functional>
-#include <map>
-#include <string>
+#include <memory>
 
 #include "wx/tree_source.h"
 
-typedef struct _GtkTreeModel GtkTreeModel;
-typedef struct _GtkTreeView GtkTreeView;
-
 namespace wx {
 
+#ifdef __WXGTK__
+using NativeTreeBase = wxNativeWindow;
+#else
+using NativeTreeBase = wxTreeCtrl;
+#endif
+
 // The system's tree over a source, whose changes it has to be told. One node can be selected.
-class NativeTree : public wxNativeWindow {
+class NativeTree : public NativeTreeBase {
  public:
   using Node = TreeSource::Node;
 
@@ -46,22 +51,19 @@ class NativeTree : public wxNativeWindow {
   std::function<void(Node)> on_activate;  // double click or Enter
   std::function<void()> on_context_menu;  // by the mouse, on the node that is selected then
 
+#ifdef __WXGTK__
  protected:
   GtkWidget* GetConnectWidget() override;
   GdkWindow* GTKGetWindow(wxArrayGdkWindows& windows) const override;
 
  private:
-  struct Signals;
-
   void Create(wxWindow* parent);
-  void AddColumn();
   bool MoveSideways(int key);
-  const wxBitmap& BitmapOf(const std::string& picture);
+#endif
 
-  const TreeSource* source_ = nullptr;
-  GtkTreeView* tree_ = nullptr;
-  GtkTreeModel* model_ = nullptr;
-  std::map<std::string, wxBitmap> bitmaps_;  // drawn once, for the colours that hold now
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace wx

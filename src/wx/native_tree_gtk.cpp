@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <gtk/gtk.h>
 
+#include <map>
 #include <memory>
+#include <string>
 
 #include "wx/accessible_tree_gtk.h"
 #include "wx/native_tree.h"
@@ -31,40 +33,53 @@ Path MakePath(const TreeSource& source, TreeSource::Node parent, std::size_t ind
 
 }  // namespace
 
-// What the tree view reports.
-struct NativeTree::Signals {
-  static NativeTree& Tree(gpointer data) { return *static_cast<NativeTree*>(data); }
+struct NativeTree::State {
+  const TreeSource* source = nullptr;
+  GtkTreeView* tree = GTK_TREE_VIEW(gtk_tree_view_new());
+  GtkTreeModel* model = nullptr;
+  std::map<std::string, wxBitmap> bitmaps;  // drawn once, for the colours that hold now
+
+  const wxBitmap& BitmapOf(const NativeTree& view, const std::string& picture) {
+    const auto [found, added] = bitmaps.try_emplace(picture);
+    if (added && !picture.empty()) found->second = Picture(picture).GetBitmapFor(&view);
+    return found->second;
+  }
+  void AddColumn(NativeTree& view);
+
+  // What the tree view reports.
+  static NativeTree& View(gpointer data) { return *static_cast<NativeTree*>(data); }
 
   static void OnSelection(GtkTreeSelection*, gpointer data) {
-    if (Tree(data).on_selection) Tree(data).on_selection();
+    if (View(data).on_selection) View(data).on_selection();
   }
   static void OnExpanded(GtkTreeView*, GtkTreeIter* iter, GtkTreePath*, gpointer data) {
-    if (Tree(data).on_expand) Tree(data).on_expand(NodeAt(*iter));
+    if (View(data).on_expand) View(data).on_expand(NodeAt(*iter));
   }
   static void OnActivated(GtkTreeView*, GtkTreePath* path, GtkTreeViewColumn*, gpointer data) {
     GtkTreeIter iter;
-    if (!gtk_tree_model_get_iter(Tree(data).model_, &iter, path)) return;
-    if (Tree(data).on_activate) Tree(data).on_activate(NodeAt(iter));
+    if (!gtk_tree_model_get_iter(View(data).state_->model, &iter, path)) return;
+    if (View(data).on_activate) View(data).on_activate(NodeAt(iter));
   }
   static gboolean OnPress(GtkWidget*, GdkEventButton* event, gpointer data) {
-    NativeTree& tree = Tree(data);
+    NativeTree& view = View(data);
+    GtkTreeView* tree = view.state_->tree;
     if (!gdk_event_triggers_context_menu(reinterpret_cast<GdkEvent*>(event))) return FALSE;
     GtkTreePath* found = nullptr;
-    if (!gtk_tree_view_get_path_at_pos(tree.tree_, static_cast<gint>(event->x),
+    if (!gtk_tree_view_get_path_at_pos(tree, static_cast<gint>(event->x),
                                        static_cast<gint>(event->y), &found, nullptr, nullptr,
                                        nullptr)) {
       return FALSE;
     }
     const Path path(found);
-    tree.SetFocus();
-    gtk_tree_view_set_cursor(tree.tree_, path.get(), nullptr, FALSE);
-    if (tree.on_context_menu) tree.on_context_menu();
+    view.SetFocus();
+    gtk_tree_view_set_cursor(tree, path.get(), nullptr, FALSE);
+    if (view.on_context_menu) view.on_context_menu();
     return TRUE;
   }
   static void SetPicture(GtkTreeViewColumn*, GtkCellRenderer* renderer, GtkTreeModel*,
                          GtkTreeIter* iter, gpointer data) {
-    NativeTree& tree = Tree(data);
-    const wxBitmap& bitmap = tree.BitmapOf(tree.source_->PictureOf(NodeAt(*iter)));
+    State& state = *View(data).state_;
+    const wxBitmap& bitmap = state.BitmapOf(View(data), state.source->PictureOf(NodeAt(*iter)));
     cairo_surface_t* surface =
         bitmap.IsOk() ? gdk_cairo_surface_create_from_pixbuf(
                             bitmap.GetPixbuf(), static_cast<int>(bitmap.GetScaleFactor()), nullptr)
@@ -74,150 +89,144 @@ struct NativeTree::Signals {
   }
 };
 
-NativeTree::NativeTree(wxWindow* parent, const wxString& name) {
-  tree_ = GTK_TREE_VIEW(gtk_tree_view_new());
-  AddColumn();
-  gtk_tree_view_set_headers_visible(tree_, FALSE);
-  gtk_tree_view_set_fixed_height_mode(tree_, TRUE);
-  gtk_tree_view_set_enable_search(tree_, FALSE);  // the keys belong to the commands
-  SetTreeViewName(tree_, name.utf8_str());
-  Create(parent);
-  GtkTreeSelection* selection = gtk_tree_view_get_selection(tree_);
-  g_signal_connect(selection, "changed", G_CALLBACK(Signals::OnSelection), this);
-  g_signal_connect(tree_, "row-expanded", G_CALLBACK(Signals::OnExpanded), this);
-  g_signal_connect(tree_, "row-activated", G_CALLBACK(Signals::OnActivated), this);
-  g_signal_connect(tree_, "button-press-event", G_CALLBACK(Signals::OnPress), this);
-  Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
-    event.Skip(event.HasAnyModifiers() || !MoveSideways(event.GetKeyCode()));
-  });
-  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
-    event.Skip();
-    bitmaps_.clear();
-    gtk_widget_queue_draw(GTK_WIDGET(tree_));
-  });
-}
-
-NativeTree::~NativeTree() {
-  g_signal_handlers_disconnect_by_data(gtk_tree_view_get_selection(tree_), this);
-  g_signal_handlers_disconnect_by_data(tree_, this);
-  ShowSource(nullptr);
-}
-
-void NativeTree::Create(wxWindow* parent) {
-  GtkWidget* pane = gtk_scrolled_window_new(nullptr, nullptr);
-  gtk_container_add(GTK_CONTAINER(pane), GTK_WIDGET(tree_));
-  gtk_widget_show_all(pane);
-  m_focusWidget = GTK_WIDGET(tree_);
-  g_object_ref_sink(pane);
-  wxNativeWindow::Create(parent, wxID_ANY, pane);
-  Disown();
-}
-
-void NativeTree::AddColumn() {
+void NativeTree::State::AddColumn(NativeTree& view) {
   GtkTreeViewColumn* column = gtk_tree_view_column_new();
   gtk_tree_view_column_set_sizing(column, GTK_TREE_VIEW_COLUMN_FIXED);
   gtk_tree_view_column_set_spacing(column, kSpacing);
   GtkCellRenderer* picture = gtk_cell_renderer_pixbuf_new();
   gtk_tree_view_column_pack_start(column, picture, FALSE);
-  gtk_tree_view_column_set_cell_data_func(column, picture, Signals::SetPicture, this, nullptr);
+  gtk_tree_view_column_set_cell_data_func(column, picture, SetPicture, &view, nullptr);
   GtkCellRenderer* text = gtk_cell_renderer_text_new();
   g_object_set(text, "ellipsize", PANGO_ELLIPSIZE_END, nullptr);
   gtk_tree_view_column_pack_start(column, text, TRUE);
   gtk_tree_view_column_add_attribute(column, text, "text", 0);
-  gtk_tree_view_append_column(tree_, column);
+  gtk_tree_view_append_column(tree, column);
 }
 
-GtkWidget* NativeTree::GetConnectWidget() { return GTK_WIDGET(tree_); }
+NativeTree::NativeTree(wxWindow* parent, const wxString& name) : state_(std::make_unique<State>()) {
+  GtkTreeView* tree = state_->tree;
+  state_->AddColumn(*this);
+  gtk_tree_view_set_headers_visible(tree, FALSE);
+  gtk_tree_view_set_fixed_height_mode(tree, TRUE);
+  gtk_tree_view_set_enable_search(tree, FALSE);  // the keys belong to the commands
+  SetTreeViewName(tree, name.utf8_str());
+  Create(parent);
+  GtkTreeSelection* selection = gtk_tree_view_get_selection(tree);
+  g_signal_connect(selection, "changed", G_CALLBACK(State::OnSelection), this);
+  g_signal_connect(tree, "row-expanded", G_CALLBACK(State::OnExpanded), this);
+  g_signal_connect(tree, "row-activated", G_CALLBACK(State::OnActivated), this);
+  g_signal_connect(tree, "button-press-event", G_CALLBACK(State::OnPress), this);
+  Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    event.Skip(event.HasAnyModifiers() || !MoveSideways(event.GetKeyCode()));
+  });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    event.Skip();
+    state_->bitmaps.clear();
+    gtk_widget_queue_draw(GTK_WIDGET(state_->tree));
+  });
+}
+
+NativeTree::~NativeTree() {
+  g_signal_handlers_disconnect_by_data(gtk_tree_view_get_selection(state_->tree), this);
+  g_signal_handlers_disconnect_by_data(state_->tree, this);
+  ShowSource(nullptr);
+}
+
+void NativeTree::Create(wxWindow* parent) {
+  GtkWidget* pane = gtk_scrolled_window_new(nullptr, nullptr);
+  gtk_container_add(GTK_CONTAINER(pane), GTK_WIDGET(state_->tree));
+  gtk_widget_show_all(pane);
+  m_focusWidget = GTK_WIDGET(state_->tree);
+  g_object_ref_sink(pane);
+  wxNativeWindow::Create(parent, wxID_ANY, pane);
+  Disown();
+}
+
+GtkWidget* NativeTree::GetConnectWidget() { return GTK_WIDGET(state_->tree); }
 
 GdkWindow* NativeTree::GTKGetWindow(wxArrayGdkWindows&) const {
-  return gtk_tree_view_get_bin_window(tree_);
-}
-
-const wxBitmap& NativeTree::BitmapOf(const std::string& picture) {
-  const auto [found, added] = bitmaps_.try_emplace(picture);
-  if (added && !picture.empty()) found->second = Picture(picture).GetBitmapFor(this);
-  return found->second;
+  return gtk_tree_view_get_bin_window(state_->tree);
 }
 
 void NativeTree::ShowSource(const TreeSource* source) {
-  gtk_tree_view_set_model(tree_, nullptr);
-  if (model_) g_object_unref(model_);
-  source_ = source;
-  model_ = source ? NewTreeModel(*source) : nullptr;
-  gtk_tree_view_set_model(tree_, model_);
+  gtk_tree_view_set_model(state_->tree, nullptr);
+  if (state_->model) g_object_unref(state_->model);
+  state_->source = source;
+  state_->model = source ? NewTreeModel(*source) : nullptr;
+  gtk_tree_view_set_model(state_->tree, state_->model);
 }
 
 // The tree view knows nothing of the nodes below one that is closed.
 void NativeTree::NodeAdded(Node parent, std::size_t index) {
   GtkTreeIter iter;
-  if (parent && source_->ChildCount(parent) == 1) {
-    const Path above = MakePath(*source_, parent);
-    gtk_tree_model_get_iter(model_, &iter, above.get());
-    gtk_tree_model_row_has_child_toggled(model_, above.get(), &iter);
+  if (parent && state_->source->ChildCount(parent) == 1) {
+    const Path above = MakePath(*state_->source, parent);
+    gtk_tree_model_get_iter(state_->model, &iter, above.get());
+    gtk_tree_model_row_has_child_toggled(state_->model, above.get(), &iter);
   }
   if (parent && !IsExpanded(parent)) return;
-  const Path path = MakePath(*source_, parent, index);
-  gtk_tree_model_get_iter(model_, &iter, path.get());
-  gtk_tree_model_row_inserted(model_, path.get(), &iter);
+  const Path path = MakePath(*state_->source, parent, index);
+  gtk_tree_model_get_iter(state_->model, &iter, path.get());
+  gtk_tree_model_row_inserted(state_->model, path.get(), &iter);
 }
 
 void NativeTree::NodeRemoved(Node parent, std::size_t index) {
   if (!parent || IsExpanded(parent)) {
-    gtk_tree_model_row_deleted(model_, MakePath(*source_, parent, index).get());
+    gtk_tree_model_row_deleted(state_->model, MakePath(*state_->source, parent, index).get());
   }
-  if (!parent || source_->ChildCount(parent) > 0) return;
-  const Path above = MakePath(*source_, parent);
+  if (!parent || state_->source->ChildCount(parent) > 0) return;
+  const Path above = MakePath(*state_->source, parent);
   GtkTreeIter iter;
-  gtk_tree_model_get_iter(model_, &iter, above.get());
-  gtk_tree_model_row_has_child_toggled(model_, above.get(), &iter);
+  gtk_tree_model_get_iter(state_->model, &iter, above.get());
+  gtk_tree_model_row_has_child_toggled(state_->model, above.get(), &iter);
 }
 
 void NativeTree::NodeChanged(Node node) {
-  const Path path = MakePath(*source_, node);
+  const Path path = MakePath(*state_->source, node);
   GtkTreeIter iter;
-  gtk_tree_model_get_iter(model_, &iter, path.get());
-  gtk_tree_model_row_changed(model_, path.get(), &iter);
+  gtk_tree_model_get_iter(state_->model, &iter, path.get());
+  gtk_tree_model_row_changed(state_->model, path.get(), &iter);
 }
 
 void NativeTree::Select(Node node) {
-  const Path path = MakePath(*source_, node);
-  if (const Node parent = source_->ParentOf(node)) {
-    gtk_tree_view_expand_to_path(tree_, MakePath(*source_, parent).get());
+  const Path path = MakePath(*state_->source, node);
+  if (const Node parent = state_->source->ParentOf(node)) {
+    gtk_tree_view_expand_to_path(state_->tree, MakePath(*state_->source, parent).get());
   }
-  gtk_tree_view_set_cursor(tree_, path.get(), nullptr, FALSE);
-  gtk_tree_view_scroll_to_cell(tree_, path.get(), nullptr, FALSE, 0, 0);
+  gtk_tree_view_set_cursor(state_->tree, path.get(), nullptr, FALSE);
+  gtk_tree_view_scroll_to_cell(state_->tree, path.get(), nullptr, FALSE, 0, 0);
 }
 
 NativeTree::Node NativeTree::Selected() const {
   GtkTreeIter iter;
-  GtkTreeSelection* selection = gtk_tree_view_get_selection(tree_);
+  GtkTreeSelection* selection = gtk_tree_view_get_selection(state_->tree);
   return gtk_tree_selection_get_selected(selection, nullptr, &iter) ? NodeAt(iter) : nullptr;
 }
 
 void NativeTree::Expand(Node node) {
-  gtk_tree_view_expand_row(tree_, MakePath(*source_, node).get(), FALSE);
+  gtk_tree_view_expand_row(state_->tree, MakePath(*state_->source, node).get(), FALSE);
 }
 
 void NativeTree::Collapse(Node node) {
-  gtk_tree_view_collapse_row(tree_, MakePath(*source_, node).get());
+  gtk_tree_view_collapse_row(state_->tree, MakePath(*state_->source, node).get());
 }
 
 bool NativeTree::IsExpanded(Node node) const {
-  return gtk_tree_view_row_expanded(tree_, MakePath(*source_, node).get());
+  return gtk_tree_view_row_expanded(state_->tree, MakePath(*state_->source, node).get());
 }
 
 bool NativeTree::IsExpanded(Node parent, std::size_t index) const {
-  return gtk_tree_view_row_expanded(tree_, MakePath(*source_, parent, index).get());
+  return gtk_tree_view_row_expanded(state_->tree, MakePath(*state_->source, parent, index).get());
 }
 
 // Right opens a node and goes on to what is below it, Left is the way back.
 bool NativeTree::MoveSideways(int key) {
   const Node node = Selected();
   if (!node || (key != WXK_LEFT && key != WXK_RIGHT)) return false;
-  const Node parent = source_->ParentOf(node);
+  const Node parent = state_->source->ParentOf(node);
   const bool open = IsExpanded(node);
   if (key == WXK_RIGHT) {
-    open ? Select(source_->ChildAt(node, 0)) : Expand(node);
+    open ? Select(state_->source->ChildAt(node, 0)) : Expand(node);
   } else if (open) {
     Collapse(node);
   } else if (parent) {

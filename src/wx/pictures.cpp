@@ -70,7 +70,7 @@ void ReplaceAll(std::string& text, std::string_view what, std::string_view with)
 }
 
 std::string Svg(std::string_view body) {
-  bool dark = wxSystemSettings::GetAppearance().IsDark();
+  bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
   std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16">)";
   svg.append(body).append("</svg>");
   ReplaceAll(svg, "FG", dark ? "#d8dce2" : "#3c434d");

@@ -66,7 +66,7 @@ void RowsView::Detach() {
 }
 
 void RowsView::Bind() {
-  list_->Bind(wxEVT_KEY_DOWN, &RowsView::OnKeyDown, this);
+  list_->GetMainWindow()->Bind(wxEVT_KEY_DOWN, &RowsView::OnKeyDown, this);
   list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { TakeSelection(); });
   list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
     TakeSelection();

@@ -21,7 +21,7 @@ class RowsView : public ControlView {
  public:
   RowsView(forms::RowView& rows, wxWindow* parent, const ViewContext& context);
 
-  wxWindow& FocusWindow() const override { return *list_; }
+  wxWindow& FocusWindow() const override { return *list_->GetMainWindow(); }
   void Detach() override;
   void SetCovered(bool covered) override;
 

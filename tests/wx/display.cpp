@@ -11,6 +11,8 @@
 
 #include <memory>
 
+#include "wx/native.h"
+
 namespace display {
 
 namespace {
@@ -178,5 +180,5 @@ wxIMPLEMENT_APP_NO_MAIN(display::TestApp);
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  return wxEntry(argc, argv);
+  return wx::RunApp(argc, argv);
 }

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include <wx/access.h>
+#include <wx/app.h>
+#include <wx/dataview.h>
+#include <wx/timer.h>
+#include <wx/treectrl.h>
+// Renames names that others use; wxWidgets' own header takes them back.
+#include <wx/msw/wrapwin.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "wx/native.h"
+
+namespace wx {
+
+namespace {
+
+// What a control says to screen readers besides what it says by itself.
+class Spoken : public wxAccessible {
+ public:
+  explicit Spoken(wxWindow* window) : wxAccessible(window) {}
+
+  wxString name, description;
+
+ private:
+  static wxAccStatus Answer(int child, const wxString& own, wxString* text) {
+    if (child != wxACC_SELF || own.empty()) return wxACC_NOT_IMPLEMENTED;
+    *text = own;
+    return wxACC_OK;
+  }
+  wxAccStatus GetName(int child, wxString* text) override { return Answer(child, name, text); }
+  wxAccStatus GetDescription(int child, wxString* text) override {
+    return Answer(child, description, text);
+  }
+};
+
+Spoken& SpokenOf(wxWindow& window) {
+  auto* spoken = dynamic_cast<Spoken*>(window.GetAccessible());
+  if (!spoken) {
+    spoken = new Spoken(&window);
+    window.SetAccessible(spoken);  // which it owns
+  }
+  return *spoken;
+}
+
+// Timers are told when nothing else waits.
+class IdleTask : public wxTimer {
+ public:
+  explicit IdleTask(std::function<void()> task) : task_(std::move(task)) { StartOnce(1); }
+
+ private:
+  void Notify() override {
+    const std::function<void()> task = std::move(task_);
+    delete this;
+    task();
+  }
+
+  std::function<void()> task_;
+};
+
+// The row with the keyboard, in the coordinates of the window; empty where there are no rows.
+wxRect CurrentRow(wxWindow& window) {
+  if (auto* tree = dynamic_cast<wxTreeCtrl*>(&window)) {
+    wxRect row;
+    return tree->GetBoundingRect(tree->GetSelection(), row) ? row : wxRect();
+  }
+  for (wxWindow* place = &window; place; place = place->GetParent()) {
+    auto* list = dynamic_cast<wxDataViewCtrl*>(place);
+    if (!list || !list->GetCurrentItem().IsOk()) continue;
+    wxRect row = list->GetItemRect(list->GetCurrentItem());
+    row.SetPosition(window.ScreenToClient(list->ClientToScreen(row.GetPosition())));
+    return row;
+  }
+  return {};
+}
+
+}  // namespace
+
+int RunApp(int, char**) { return wxEntry(::GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW); }
+
+wxString NativeParts() {
+  return "libpng: PNG Reference Library License 2\n"
+         "zlib: zlib licence\n"
+         "PCRE2: BSD licence\n"
+         "MinGW-w64 runtime: Zope Public License 2.1, MIT licence (winpthreads)";
+}
+
+void SilenceDiagnostics() {}
+
+wxStaticText* NewLabel(wxWindow* parent) {
+  return new wxStaticText(parent, wxID_ANY, wxEmptyString);
+}
+
+wxStaticText* NewHint(wxWindow* parent) { return NewLabel(parent); }
+
+int NativeHeight(const wxWindow& window) { return window.GetBestSize().GetHeight(); }
+
+int NativeWidth(const wxWindow& window) { return window.GetBestSize().GetWidth(); }
+
+void CallWhenIdle(std::function<void()> task) { new IdleTask(std::move(task)); }
+
+// A character without width keeps wxWidgets from making an accelerator of it.
+void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
+  item.SetItemLabel(item.GetItemLabel().BeforeFirst('\t') + "\t" + shortcut + wxUniChar(0x200B));
+}
+
+void SetAccessibleName(wxWindow& window, const wxString& name) {
+  // A list tells its rows by an object of its own, which takes the window's name.
+  if (dynamic_cast<wxDataViewCtrl*>(&window)) return window.SetName(name);
+  SpokenOf(window).name = name;
+}
+
+void SetAccessibleDescription(wxWindow& window, const wxString& description) {
+  if (!dynamic_cast<wxDataViewCtrl*>(&window)) SpokenOf(window).description = description;
+}
+
+void KeepScrollbarsBeside(wxWindow&) {}
+
+wxPoint PopupPlace(wxWindow& window) {
+  if (!wxGetKeyState(WXK_WINDOWS_MENU) && !wxGetKeyState(WXK_F10)) return wxDefaultPosition;
+  const wxRect row = CurrentRow(window);
+  if (row.IsEmpty()) return wxDefaultPosition;
+  const wxSize area = window.GetClientSize();
+  return {std::clamp(row.x, 0, area.GetWidth()),
+          std::clamp(row.GetBottom() + 1, 0, area.GetHeight())};
+}
+
+// Drop-downs leave Enter to the dialog here.
+void PressByEnter(wxChoice&, wxButton&) {}
+
+void KeepUsableDuringDialogs(wxTopLevelWindow&) {}
+
+}  // namespace wx
