@@ -21,7 +21,9 @@ using store::OperationResult;
 
 void Expect(const OperationResult& result, const char* what) {
   if (result.success()) return;
-  std::fprintf(stderr, "%s: %s %s\n", what, result.message.c_str(), result.detail.c_str());
+  const texts::TextTable texts(texts::Language::kEnglish);
+  std::fprintf(stderr, "%s: %s %s\n", what, texts.Sentence(result.message).c_str(),
+               texts.Sentence(result.detail).c_str());
   std::exit(1);
 }
 

@@ -123,7 +123,7 @@ bool Connect::ConnectToDataBase() {
     connection.Open(store::ProjectConnectionString(database_path_));
     const std::vector<std::string> missing = store::MissingFromSchema(connection);
     if (missing.empty()) return true;
-    return RefuseDataBase(store::DescribeMissing(missing, texts_));
+    return RefuseDataBase(texts_.Sentence(store::DescribeMissing(missing)));
   } catch (const platform::Error& error) {
     return RefuseDataBase(std::to_string(error.number()) + "   " + texts_.Sentence(error));
   }

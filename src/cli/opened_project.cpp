@@ -136,7 +136,8 @@ void OpenedProject::PrintRows(const store::OperationResult& result) {
 
 void OpenedProject::Report(const store::OperationResult& result) {
   progress_.End();
-  for (const codegen::Warning& warning : result.warnings) invocation_.Warn(warning.message);
+  for (const messages::Message& warning : result.warnings)
+    invocation_.Warn(invocation_.texts().Sentence(warning));
   const project::ItemFile& items = project_->items();
   if (const auto* catalogue = items.Loaded()) {
     for (const auto& skipped : SkippedItems(*catalogue, items.path(), invocation_.texts())) {
@@ -156,8 +157,8 @@ void OpenedProject::Report(const store::OperationResult& result) {
     return;
   }
   if (result.outcome == store::Outcome::kCancelled) throw InterruptedError();
-  const std::string message =
-      result.detail.empty() ? result.message : result.message + "\n" + result.detail;
+  std::string message = invocation_.texts().Sentence(result.message);
+  if (!result.detail.empty()) message += "\n" + invocation_.texts().Sentence(result.detail);
   throw CommandError(result.outcome == store::Outcome::kFileProblem ? kFile : kRefused, message);
 }
 

@@ -61,7 +61,8 @@ int RunClassList(Invocation& invocation) {
   RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ProgID", "File"});
   for (const store::ClassEntry& entry : list.classes) writer.Write({entry.prog_id, entry.file});
   writer.Finish();
-  for (const codegen::Warning& warning : list.warnings) invocation.Warn(warning.message);
+  for (const messages::Message& warning : list.warnings)
+    invocation.Warn(invocation.texts().Sentence(warning));
   return kDone;
 }
 

@@ -258,7 +258,7 @@ void CodeSync::CommitComponents() {
     context_.components->Commit();
   } catch (const std::exception& error) {
     // The list is no part of the operation's result; the next operation of the class mends it.
-    report_.Warn(kTextComponentList, {{"<Cause>", context_.texts.Sentence(error)}});
+    report_.Warn(kTextComponentList, {{"<Cause>", messages::MessageOf(error)}});
   }
 }
 

@@ -29,7 +29,7 @@ namespace codegen {
 class CodeSync {
  public:
   // The context must outlive it.
-  explicit CodeSync(const CodeContext& context) : context_(context), report_(context.texts) {}
+  explicit CodeSync(const CodeContext& context) : context_(context) {}
 
   // Whether the class holds nothing of that name but a public variable, or is not there.
   bool CanDeclare(std::string_view prog_id, std::string_view alias);
@@ -40,7 +40,7 @@ class CodeSync {
   // touched is read. The host's component list follows with CommitComponents.
   void Follow(const Touched& touched);
   void CommitComponents();
-  std::vector<Warning> TakeWarnings() { return report_.TakeWarnings(); }
+  std::vector<messages::Message> TakeWarnings() { return report_.TakeWarnings(); }
 
   // The steps of Follow.
   void AddSub(std::string_view prog_id, std::string_view name, std::string_view code,

@@ -5,8 +5,7 @@
 
 namespace codegen {
 
-// What was asked for cannot be done in the code; nothing changed. number() is the text's, what()
-// the text in the table's language with its values filled in.
+// What was asked for cannot be done in the code; nothing changed. number() is the text's.
 class Refused : public platform::Error {
  public:
   using platform::Error::Error;

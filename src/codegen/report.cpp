@@ -17,17 +17,19 @@ std::string NamesInShort(const std::vector<std::string>& names) {
   return text;
 }
 
-void Report::Warn(std::int32_t text, Replacements values) {
-  std::string message = texts_.Text(text, values);
-  if (messages_.insert(message).second) warnings_.push_back({text, std::move(message)});
+void Report::Warn(std::int32_t text, Values values) {
+  std::string key = std::to_string(text);
+  for (const messages::Message::Value& value : values)
+    key += '\n' + value.text + value.message.English();
+  if (known_.insert(std::move(key)).second) warnings_.push_back(messages::Message({text}, values));
 }
 
-void Report::Refuse(std::int32_t text, Replacements values) const {
-  throw Refused(platform::ErrorKind::kRefused, text, texts_.Text(text, values));
+void Report::Refuse(std::int32_t text, Values values) {
+  throw Refused(platform::ErrorKind::kRefused, text, messages::Message({text}, values));
 }
 
-std::vector<Warning> Report::TakeWarnings() {
-  messages_.clear();
+std::vector<messages::Message> Report::TakeWarnings() {
+  known_.clear();
   return std::exchange(warnings_, {});
 }
 

@@ -7,41 +7,30 @@
 #include <unordered_set>
 #include <vector>
 
-#include "texts/text_table.h"
+#include "messages/message.h"
 
 namespace codegen {
-
-// A step that was left out, or something else that the engineer should know.
-struct Warning {
-  std::int32_t text_id = 0;  // of the text table, 1100 to 1199
-  std::string message;       // that text in the table's language, values filled in
-  friend bool operator==(const Warning&, const Warning&) = default;
-};
 
 // The names with commas between them; of a long list the first ones and the number of all.
 std::string NamesInShort(const std::vector<std::string>& names);
 
-// The warnings of an operation, each once.
+// The warnings of an operation, each once: steps that were left out, and what else the engineer
+// should know.
 class Report {
  public:
-  explicit Report(const texts::TextTable& texts) : texts_(texts) {}
-
-  const texts::TextTable& texts() const { return texts_; }
-
-  using Replacements = std::initializer_list<texts::TextTable::Replacement>;
+  using Values = std::initializer_list<messages::Message::Value>;
 
   // Keeps a text of the table as a warning, unless it is kept already.
-  void Warn(std::int32_t text, Replacements values);
-  // Raises it as a platform::Error: what was asked for cannot be done.
-  [[noreturn]] void Refuse(std::int32_t text, Replacements values) const;
+  void Warn(std::int32_t text, Values values);
+  // Raises it as Refused: what was asked for cannot be done.
+  [[noreturn]] static void Refuse(std::int32_t text, Values values);
 
   // Hands out what is kept and forgets it.
-  std::vector<Warning> TakeWarnings();
+  std::vector<messages::Message> TakeWarnings();
 
  private:
-  const texts::TextTable& texts_;
-  std::vector<Warning> warnings_;
-  std::unordered_set<std::string> messages_;  // of the warnings
+  std::vector<messages::Message> warnings_;
+  std::unordered_set<std::string> known_;  // their numbers and values
 };
 
 }  // namespace codegen

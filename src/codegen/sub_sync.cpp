@@ -144,8 +144,8 @@ void CodeSync::RequireFree(const Place& place, std::string_view name) {
   if (member || IsTypeName(place, name)) {
     const std::string where =
         member ? " (" + place.File() + ":" + std::to_string(member->code_location) + ")" : "";
-    const std::string kind =
-        report_.texts().Text(member ? KindText(*place.module, *member) : kTextTypeOrEnumeration);
+    const messages::Message kind(
+        {member ? KindText(*place.module, *member) : kTextTypeOrEnumeration});
     report_.Refuse(
         kTextNameTaken,
         {{"<Class>", place.prog_id}, {"<Name>", name}, {"<Kind>", kind}, {"<Where>", where}});

@@ -13,16 +13,11 @@ namespace codegen {
 
 template <class Step>
 void CVBFormulaCode::Try(Step&& step) {
-  const auto keep = [&](std::int32_t number, const std::exception& error) {
-    const Warning warning = {number, context_.texts.Sentence(error)};
-    if (std::ranges::count(warnings_, warning) == 0) warnings_.push_back(warning);
-  };
   try {
     step();
-  } catch (const platform::Error& error) {
-    keep(error.number(), error);
   } catch (const std::exception& error) {
-    keep(0, error);
+    const messages::Message warning = messages::MessageOf(error);
+    if (std::ranges::count(warnings_, warning) == 0) warnings_.push_back(warning);
   }
 }
 

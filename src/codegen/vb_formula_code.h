@@ -110,7 +110,7 @@ class CVBFormulaCode {
                    std::string_view old_item = {});
 
   void SetNeedFunctionName(NeedFunctionName answer) { need_function_name_ = std::move(answer); }
-  std::vector<Warning> TakeWarnings() { return std::exchange(warnings_, {}); }
+  std::vector<messages::Message> TakeWarnings() { return std::exchange(warnings_, {}); }
 
   // The procedure from declaration to end, joined by CR LF; with its header region above it when
   // asked. Empty when there is none. Raises platform::Error when the class cannot be read.
@@ -135,7 +135,7 @@ class CVBFormulaCode {
 
   CodeContext context_;
   NeedFunctionName need_function_name_;
-  std::vector<Warning> warnings_;
+  std::vector<messages::Message> warnings_;
 };
 
 }  // namespace codegen

@@ -10,15 +10,15 @@
 
 namespace dialogs {
 
-struct Refusal {
-  std::string prompt;
-  std::string detail;
+struct FieldRefusal {
+  messages::Message prompt;
+  messages::Message detail;
   enum class Field { kItem, kAlias } field = Field::kAlias;
 };
 
 // Why an alias cannot be stored under these values; nothing when it can. `alias_id` is the alias
 // that is edited, 0 for a new one.
-std::optional<Refusal> RefuseAlias(const DialogContext& context, const store::AliasValues& values,
-                                   std::int32_t alias_id);
+std::optional<FieldRefusal> RefuseAlias(const DialogContext& context,
+                                        const store::AliasValues& values, std::int32_t alias_id);
 
 }  // namespace dialogs

@@ -3,11 +3,11 @@
 
 namespace dialogs {
 
-void DialogContext::ShowWarnings(const std::vector<codegen::Warning>& warnings) const {
+void DialogContext::ShowWarnings(const std::vector<messages::Message>& warnings) const {
   if (!studio || warnings.empty()) return;
   std::vector<std::string> lines;
   lines.reserve(warnings.size());
-  for (const codegen::Warning& warning : warnings) lines.push_back(warning.message);
+  for (const messages::Message& warning : warnings) lines.push_back(texts.Sentence(warning));
   studio->ShowWarnings(lines);
 }
 

@@ -32,7 +32,7 @@ struct DialogContext {
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }
   // Warnings of an operation go to the studio's status line.
-  void ShowWarnings(const std::vector<codegen::Warning>& warnings) const;
+  void ShowWarnings(const std::vector<messages::Message>& warnings) const;
 };
 
 // Shows the hourglass while it lives, whatever way its scope is left.

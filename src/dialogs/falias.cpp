@@ -52,8 +52,9 @@ void FAlias::OnAlias() {
   if (!IsBlank(text)) {
     const store::AliasValues values{txtItemname.Text().empty() ? text : txtItemname.Text(), text};
     const store::OperationResult check = context().operations.CheckAlias(values, alias_id_);
-    hint = check.detail.empty() ? check.message : check.detail;
-    if (hint.empty() && !check.warnings.empty()) hint = check.warnings.front().message;
+    messages::Message said = check.detail.empty() ? check.message : check.detail;
+    if (said.empty() && !check.warnings.empty()) said = check.warnings.front();
+    hint = context().texts.Sentence(said);
   }
   lblVBAliasHint.SetVisible(!hint.empty());
   lblVBAliasHint.SetCaption(hint);
@@ -77,8 +78,9 @@ void FAlias::Accept() {
     Confirm();
     return;
   }
-  context().messages.Warn(refusal->prompt, refusal->detail);
-  (refusal->field == Refusal::Field::kItem ? txtItemname : txtVBAlias).SetFocus();
+  const texts::TextTable& texts = context().texts;
+  context().messages.Warn(texts.Sentence(refusal->prompt), texts.Sentence(refusal->detail));
+  (refusal->field == FieldRefusal::Field::kItem ? txtItemname : txtVBAlias).SetFocus();
 }
 
 }  // namespace dialogs

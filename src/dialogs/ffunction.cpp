@@ -43,7 +43,8 @@ FFunction::FFunction(const DialogContext& context)
   txtName.on_change = [this] {
     const store::OperationResult check =
         this->context().operations.CheckFormulaName(txtName.Text());
-    lblNameHint.SetCaption(check.detail.empty() ? check.message : check.detail);
+    lblNameHint.SetCaption(
+        this->context().texts.Sentence(check.detail.empty() ? check.message : check.detail));
     lblNameHint.SetVisible(!check.success() && !txtName.Text().empty());
   };
 }
@@ -52,9 +53,9 @@ void FFunction::SetClasses(const store::ClassList& classes) {
   cmbProgID.Clear();
   for (const store::ClassEntry& entry : classes.classes) cmbProgID.AddItem(entry.prog_id);
   class_warnings_.clear();
-  for (const codegen::Warning& warning : classes.warnings) {
+  for (const messages::Message& warning : classes.warnings) {
     if (!class_warnings_.empty()) class_warnings_ += '\n';
-    class_warnings_ += warning.message;
+    class_warnings_ += context().texts.Sentence(warning);
   }
   ShowClassHint({});
 }

@@ -29,19 +29,21 @@ store::OperationResult RunListOperation(
 void WarnFailure(const DialogContext& context, const store::OperationResult& result,
                  std::int32_t text) {
   if (result.outcome == store::Outcome::kCancelled) {
-    if (context.studio) context.studio->ShowWarnings({result.message});
+    if (context.studio) context.studio->ShowWarnings({context.texts.Sentence(result.message)});
     return;
   }
-  if (text == 0 || text == result.text_id) {
-    context.messages.Warn(result.message, result.detail);
+  const auto sentence = [&](const messages::Message& message) {
+    return context.texts.Sentence(message);
+  };
+  if (text == 0 || text == result.message.number()) {
+    context.messages.Warn(sentence(result.message), sentence(result.detail));
   } else {
-    context.messages.Warn(context.Text(text), Explanation(result));
+    context.messages.Warn(context.Text(text), sentence(Explanation(result)));
   }
 }
 
-std::string Explanation(const store::OperationResult& result) {
-  if (result.message.empty() || result.detail.empty()) return result.message + result.detail;
-  return result.message + "\n" + result.detail;
+messages::Message Explanation(const store::OperationResult& result) {
+  return messages::Lines(result.message, result.detail);
 }
 
 }  // namespace dialogs

@@ -26,7 +26,7 @@ store::OperationResult RunListOperation(
 void WarnFailure(const DialogContext& context, const store::OperationResult& result,
                  std::int32_t text = 0);
 
-// Message and detail in one text.
-std::string Explanation(const store::OperationResult& result);
+// Message and detail in one, each on its line.
+messages::Message Explanation(const store::OperationResult& result);
 
 }  // namespace dialogs

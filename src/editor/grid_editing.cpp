@@ -139,15 +139,18 @@ std::optional<std::string> GridEditing::WritePending(forms::Grid& grid) {
   return error;
 }
 
-void GridEditing::Fail(std::int32_t number, const std::string& prompt, const std::string& detail) {
-  detail_ = detail;
+void GridEditing::Fail(std::int32_t number, const messages::Message& prompt,
+                       const messages::Message& detail) {
+  detail_ = context_.texts.Sentence(detail);
   throw platform::Error(platform::ErrorKind::kRefused, number, prompt);
 }
 
 void GridEditing::FailUnlessDone(const store::OperationResult& result) {
   if (result.success()) return;
-  if (result.text_id == store::kTextAliasTaken || result.text_id == store::kTextArgumentExists) {
-    Fail(platform::kErrErrorsOccurred, kDuplicateName, dialogs::Explanation(result));
+  const std::int32_t text = result.message.number();
+  if (text == store::kTextAliasTaken || text == store::kTextArgumentExists) {
+    Fail(platform::kErrErrorsOccurred, messages::Message::Verbatim(kDuplicateName),
+         dialogs::Explanation(result));
   }
   const bool file_problem = result.outcome == store::Outcome::kFileProblem;
   Fail(file_problem ? kDataError : platform::kErrUnspecified, result.message, result.detail);
@@ -157,7 +160,7 @@ void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellCh
   store::Operations& operations = context_.operations;
   const auto argument_id = static_cast<std::int32_t>(id);
   const auto argument = operations.FindArgument(argument_id);
-  if (!argument) Fail(platform::kErrNoCurrentRecord, context_.Text(kRowGone), {});
+  if (!argument) Fail(platform::kErrNoCurrentRecord, messages::Message({kRowGone}));
   store::ArgumentValues values = *argument;
   for (const forms::CellChange& change : changes) {
     if (change.column == kInColumn) values.in = change.new_value.ToBool();
@@ -166,7 +169,7 @@ void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellCh
     const std::string name = change.new_value.ToText();
     const auto alias = operations.FindAliasByName(name);
     if (!alias) {
-      Fail(platform::kErrUnspecified, context_.texts.Text(kUnknownAlias, {{"<Name>", name}}), {});
+      Fail(platform::kErrUnspecified, messages::Message({kUnknownAlias}, {{"<Name>", name}}));
     }
     values.alias_id = alias->id;
   }
@@ -179,7 +182,7 @@ void GridEditing::WriteAlias(std::int64_t id, const std::vector<forms::CellChang
   store::Operations& operations = context_.operations;
   const auto alias_id = static_cast<std::int32_t>(id);
   const auto alias = operations.FindAlias(alias_id);
-  if (!alias) Fail(platform::kErrNoCurrentRecord, context_.Text(kRowGone), {});
+  if (!alias) Fail(platform::kErrNoCurrentRecord, messages::Message({kRowGone}));
   store::AliasValues values = *alias;
   for (const forms::CellChange& change : changes) {
     if (change.column == kItemIdColumn) values.item_id = change.new_value.ToText();

@@ -39,7 +39,8 @@ class GridEditing {
   void WriteArgument(std::int64_t id, const std::vector<forms::CellChange>& changes);
   void WriteAlias(std::int64_t id, const std::vector<forms::CellChange>& changes);
   // Raises the error that OnError turns into a message.
-  [[noreturn]] void Fail(std::int32_t number, const std::string& prompt, const std::string& detail);
+  [[noreturn]] void Fail(std::int32_t number, const messages::Message& prompt,
+                         const messages::Message& detail = {});
   void FailUnlessDone(const store::OperationResult& result);
   void OnError(forms::Grid& grid, const forms::GridError& error);
   std::string TakeDetail() { return std::exchange(detail_, {}); }

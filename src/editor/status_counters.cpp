@@ -18,7 +18,8 @@ std::int32_t Sum(std::int32_t a, std::int32_t b) {
   const std::int64_t sum = std::int64_t{a} + b;
   if (sum > std::numeric_limits<std::int32_t>::max() ||
       sum < std::numeric_limits<std::int32_t>::min()) {
-    throw platform::Error(platform::ErrorKind::kInternal, kErrOverflow, "Overflow");
+    throw platform::Error(platform::ErrorKind::kInternal, kErrOverflow,
+                          messages::Message::Verbatim("Overflow"));
   }
   return static_cast<std::int32_t>(sum);
 }

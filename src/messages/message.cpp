@@ -23,6 +23,13 @@ namespace {
 
 constexpr Pattern kVerbatim{0, "<Words>"};
 constexpr Pattern kJoined{0, "<First> <Second>"};
+constexpr Pattern kLines{0, "<First>\n<Second>"};
+
+Message Together(const Pattern& pattern, const Message& first, const Message& second) {
+  if (first.empty()) return second;
+  if (second.empty()) return first;
+  return Message(pattern, {{"<First>", first}, {"<Second>", second}});
+}
 
 }  // namespace
 
@@ -53,6 +60,18 @@ std::string Message::Text(std::string_view placeholder) const {
 Message Message::Part(std::string_view placeholder) const {
   const Value* value = data_ ? data_->Find(placeholder) : nullptr;
   return value ? value->message : Message();
+}
+
+bool operator==(const Message& a, const Message& b) {
+  if (!a.data_ || !b.data_) return a.data_ == b.data_;
+  return a.data_->pattern == b.data_->pattern && a.data_->values == b.data_->values;
+}
+
+bool Message::Contains(const Message& part) const {
+  if (*this == part) return true;
+  return data_ && std::ranges::any_of(data_->values, [&](const Value& value) {
+           return !value.message.empty() && value.message.Contains(part);
+         });
 }
 
 Message Message::Exchanged(std::string_view words, std::string_view others) const {
@@ -96,9 +115,11 @@ std::string Message::English() const {
 }
 
 Message Joined(const Message& first, const Message& second) {
-  if (first.empty()) return second;
-  if (second.empty()) return first;
-  return Message(kJoined, {{"<First>", first}, {"<Second>", second}});
+  return Together(kJoined, first, second);
+}
+
+Message Lines(const Message& first, const Message& second) {
+  return Together(kLines, first, second);
 }
 
 Message MessageOf(const std::exception& error) {

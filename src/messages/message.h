@@ -22,6 +22,7 @@ namespace messages {
 struct Pattern {
   std::int32_t number = 0;        // of the text table; 0: the same in every language
   std::string_view english = {};  // empty: only the text table has it
+  friend bool operator==(const Pattern&, const Pattern&) = default;
 };
 
 // A copy costs a reference. Nothing of it changes after it was made.
@@ -49,6 +50,10 @@ class Message {
   // none.
   std::string Text(std::string_view placeholder) const;
   Message Part(std::string_view placeholder) const;
+  // Whether `part` is this message or stands in it, however deep.
+  bool Contains(const Message& part) const;
+  // Whether both say the same with the same values.
+  friend bool operator==(const Message& a, const Message& b);
   // The same with `words` exchanged for `others` wherever they stand in a value.
   Message Exchanged(std::string_view words, std::string_view others) const;
 
@@ -71,6 +76,8 @@ struct Message::Value {
   Value(std::string_view placeholder, Message inside)
       : name(placeholder), message(std::move(inside)) {}
 
+  friend bool operator==(const Value&, const Value&) = default;
+
   std::string name;  // with its angle brackets
   std::string text;
   Message message;
@@ -78,5 +85,7 @@ struct Message::Value {
 
 // Two messages as sentences side by side, either of which may be empty.
 Message Joined(const Message& first, const Message& second);
+// The same, each on a line of its own.
+Message Lines(const Message& first, const Message& second);
 
 }  // namespace messages

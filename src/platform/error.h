@@ -25,9 +25,6 @@ class Error : public messages::Error {
  public:
   Error(ErrorKind kind, std::int32_t number, messages::Message message)
       : messages::Error(std::move(message)), kind_(kind), number_(number) {}
-  // Words of another program: they stand in every language.
-  Error(ErrorKind kind, std::int32_t number, const std::string& description)
-      : Error(kind, number, messages::Message::Verbatim(description)) {}
 
   ErrorKind kind() const { return kind_; }
   std::int32_t number() const { return number_; }

@@ -47,24 +47,26 @@ std::string StudioProjectName(const files::FileSystem& system, const std::string
 
 namespace {
 
-void OpenDatabase(recordset::JetConnection& connection, const std::string& path, bool read_only,
-                  const texts::TextTable& texts) {
+constexpr messages::Pattern kAtPath{0, "<Path>: <Problem>"};
+
+void OpenDatabase(recordset::JetConnection& connection, const std::string& path, bool read_only) {
   connection.Open(store::ProjectConnectionString(
       path, read_only ? store::Access::kRead : store::Access::kReadWrite));
   const std::vector<std::string> missing = store::MissingFromSchema(connection);
   if (missing.empty()) return;
-  throw platform::Error(platform::ErrorKind::kRefused, platform::kErrNoSuchTable,
-                        path + ": " + store::DescribeMissing(missing, texts));
+  throw platform::Error(
+      platform::ErrorKind::kRefused, platform::kErrNoSuchTable,
+      messages::Message(kAtPath,
+                        {{"<Path>", path}, {"<Problem>", store::DescribeMissing(missing)}}));
 }
 
 std::shared_ptr<recordset::JetConnection> MakeConnection(files::FileSystem& system,
                                                          const std::string& path,
-                                                         const ProjectOptions& options,
-                                                         const texts::TextTable& texts) {
+                                                         const ProjectOptions& options) {
   jet::OpenOptions engine;
   engine.reach = ReachOf(system, path, options);
   auto connection = std::make_shared<recordset::JetConnection>(system, engine);
-  if (options.open_database) OpenDatabase(*connection, path, options.read_only, texts);
+  if (options.open_database) OpenDatabase(*connection, path, options.read_only);
   return connection;
 }
 
@@ -100,7 +102,7 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
                  const texts::TextTable& texts)
     : path_(files::FollowLink(system, path)),
       name_(StudioProjectName(system, path_)),
-      connection_(MakeConnection(system, path_, options, texts)),
+      connection_(MakeConnection(system, path_, options)),
       database_(connection_),
       items_(system, ItemsPath(system, path_, options), !options.items_file.empty()),
       components_(OpenComponents(system, path_, options)),

@@ -47,9 +47,9 @@ void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual
         clean == name && too_long ? codegen::IdentifierProblem::kTooLong : hint.problem;
     const std::string valid = ProposeAlias(codegen::ValidIdentifier(name), actual_id);
     context_->Refuse(kTextAliasMalformed, {},
-                     context_->texts().Text(codegen::HintText(problem),
-                                            {{"<Name>", name}, {"<Character>", hint.character}}) +
-                         " " + context_->texts().Text(kTextAliasValid, {{"<Name>", valid}}));
+                     messages::Joined({{codegen::HintText(problem)},
+                                       {{"<Name>", name}, {"<Character>", hint.character}}},
+                                      {{kTextAliasValid}, {{"<Name>", valid}}}));
   }
   const auto other = rows().FindAliasByName(name);
   if (!other || other->id == actual_id) return;
@@ -127,9 +127,8 @@ OperationResult Operations::DeleteAliases(std::span<const std::int32_t> ids,
       const std::vector<FormulaRecord> uses = rows().UsesOfAlias(ids[i]);
       if (!uses.empty()) {
         throw OperationRefusal(
-            Outcome::kRefused, kTextAliasUsedBy, kAliasInUse,
-            context_->texts().Text(kTextAliasUsedBy,
-                                   {{"<Name>", alias.vb_alias}, {"<Formulas>", NamesOf(uses)}}));
+            Outcome::kRefused, messages::Message::Verbatim(kAliasInUse),
+            {{kTextAliasUsedBy}, {{"<Name>", alias.vb_alias}, {"<Formulas>", NamesOf(uses)}}});
       }
       rows().Remove(kAliasTable, ids[i]);
     }

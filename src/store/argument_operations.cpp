@@ -44,8 +44,7 @@ void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRec
 void Operations::RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
                                 std::string_view alias) {
   if (formula.type != kOnVariableChange || !values.in || !values.out) return;
-  context_->Refuse(kTextInAndOut, {},
-                   context_->texts().Text(kTextInAndOutDetail, {{"<Names>", alias}}));
+  context_->Refuse(kTextInAndOut, {}, {{kTextInAndOutDetail}, {{"<Names>", alias}}});
 }
 
 OperationResult Operations::AddArguments(std::int32_t formula_id,

@@ -11,9 +11,9 @@ namespace store {
 void Operations::RequireFormulaName(std::string_view name) {
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
   if (!hint) return;
-  context_->Refuse(kTextFormulaMalformed, {{"<Name>", name}},
-                   context_->texts().Text(codegen::HintText(hint.problem),
-                                          {{"<Name>", name}, {"<Character>", hint.character}}));
+  context_->Refuse(
+      kTextFormulaMalformed, {{"<Name>", name}},
+      {{codegen::HintText(hint.problem)}, {{"<Name>", name}, {"<Character>", hint.character}}});
 }
 
 void Operations::RequireFormulaClass(std::string_view prog_id) {
@@ -40,8 +40,7 @@ void Operations::RequireNoInAndOut(std::int32_t formula_id) {
     if (argument.in && argument.out) names += (names.empty() ? "" : ", ") + argument.vb_alias;
   }
   if (names.empty()) return;
-  context_->Refuse(kTextInAndOut, {},
-                   context_->texts().Text(kTextInAndOutDetail, {{"<Names>", names}}));
+  context_->Refuse(kTextInAndOut, {}, {{kTextInAndOutDetail}, {{"<Names>", names}}});
 }
 
 OperationResult Operations::AddFormula(const FormulaValues& values,

@@ -73,8 +73,7 @@ std::vector<RowChange> EachOnce(std::vector<RowChange> changes) {
 
 void OperationRefusal::FillIn(OperationResult& result) const {
   result.outcome = outcome_;
-  result.text_id = text_id_;
-  result.message = what();
+  result.message = message();
   result.detail = detail_;
 }
 
@@ -88,16 +87,16 @@ void OperationContext::RequireProjects() {
 
 void OperationContext::Progress(std::size_t done, std::size_t total) {
   if (depth_ == 1 && options_->progress && !options_->progress(done, total)) {
-    throw OperationRefusal(Outcome::kCancelled, kTextCancelled, texts().Text(kTextCancelled), {});
+    throw OperationRefusal(Outcome::kCancelled, messages::Message({kTextCancelled}));
   }
 }
 
-void OperationContext::Warn(std::int32_t text, Replacements values) {
-  warnings_.push_back({text, texts().Text(text, values)});
+void OperationContext::Warn(std::int32_t text, Values values) {
+  warnings_.push_back(messages::Message({text}, values));
 }
 
-void OperationContext::Refuse(std::int32_t text, Replacements values, std::string detail) {
-  throw OperationRefusal(Outcome::kRefused, text, texts().Text(text, values), std::move(detail));
+void OperationContext::Refuse(std::int32_t text, Values values, messages::Message detail) {
+  throw OperationRefusal(Outcome::kRefused, messages::Message({text}, values), std::move(detail));
 }
 
 void OperationContext::RunUnit(const std::function<void(OperationResult&)>& steps,
@@ -116,11 +115,8 @@ void OperationContext::RunUnit(const std::function<void(OperationResult&)>& step
 // What could not be put back was changed, whatever the cause says.
 void OperationContext::ShowNotUndone(OperationResult& result) {
   for (const messages::Message& message : parts_.unit->NotUndone()) {
-    result.text_id = kTextNotUndone;
-    result.message = texts().Text(kTextNotUndone);
-    const std::string text = texts().Sentence(message);
-    if (result.detail.find(text) != std::string::npos) continue;
-    result.detail += (result.detail.empty() ? "" : "\r\n") + text;
+    result.message = messages::Message({kTextNotUndone});
+    if (!result.detail.Contains(message)) result.detail = messages::Lines(result.detail, message);
   }
 }
 
@@ -137,9 +133,8 @@ OperationResult OperationContext::Answered(std::int32_t failure_text,
   OperationResult result;
   const auto fail = [&](Outcome outcome, const std::exception& cause) {
     result.outcome = outcome;
-    result.text_id = failure_text;
-    result.message = texts().Text(failure_text);
-    result.detail = texts().Sentence(cause);
+    result.message = messages::Message({failure_text});
+    result.detail = messages::MessageOf(cause);
   };
   try {
     steps(result);
@@ -148,8 +143,7 @@ OperationResult OperationContext::Answered(std::int32_t failure_text,
   } catch (const codegen::Refused& refused) {
     // It names itself; all else is the cause of the general failure.
     result.outcome = Outcome::kRefused;
-    result.text_id = refused.number();
-    result.message = refused.what();
+    result.message = refused.message();
   } catch (const platform::Error& error) {
     fail(OutcomeOf(error.kind()), error);
   } catch (const std::exception& error) {
@@ -230,7 +224,7 @@ OperationResult Operations::AsOne(const messages::Message& title,
     context_->SetTitle(title);
     OperationResult answer = steps();
     if (!answer.success()) {
-      throw OperationRefusal(answer.outcome, answer.text_id, answer.message, answer.detail);
+      throw OperationRefusal(answer.outcome, answer.message, answer.detail);
     }
     result.ids = std::move(answer.ids);
   });

@@ -6,7 +6,6 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,7 +13,7 @@
 
 #include "codegen/code_sync.h"
 #include "codegen/touched.h"
-#include "messages/message.h"
+#include "messages/error.h"
 #include "store/operation_result.h"
 #include "store/operations.h"
 #include "store/project_rows.h"
@@ -23,21 +22,16 @@
 namespace store {
 
 // Raised by a step that the operation cannot carry out; everything is put back.
-class OperationRefusal : public std::runtime_error {
+class OperationRefusal : public messages::Error {
  public:
-  OperationRefusal(Outcome outcome, std::int32_t text_id, const std::string& message,
-                   std::string detail)
-      : std::runtime_error(message),
-        outcome_(outcome),
-        text_id_(text_id),
-        detail_(std::move(detail)) {}
+  OperationRefusal(Outcome outcome, messages::Message message, messages::Message detail = {})
+      : messages::Error(std::move(message)), outcome_(outcome), detail_(std::move(detail)) {}
 
   void FillIn(OperationResult& result) const;
 
  private:
   Outcome outcome_;
-  std::int32_t text_id_;
-  std::string detail_;
+  messages::Message detail_;
 };
 
 // What the steps of operations share: rows, code, texts. One for each Operations.
@@ -65,9 +59,10 @@ class OperationContext {
   void RequireProjects();
   // Of the operation that runs; its parts are not told apart.
   void Progress(std::size_t done, std::size_t total);
-  using Replacements = std::initializer_list<texts::TextTable::Replacement>;
-  void Warn(std::int32_t text, Replacements values);
-  [[noreturn]] void Refuse(std::int32_t text, Replacements values = {}, std::string detail = {});
+  using Values = std::initializer_list<messages::Message::Value>;
+  void Warn(std::int32_t text, Values values);
+  [[noreturn]] static void Refuse(std::int32_t text, Values values = {},
+                                  messages::Message detail = {});
 
   ProjectRows& rows() { return rows_; }
   const texts::TextTable& texts() const { return *parts_.texts; }
@@ -92,7 +87,7 @@ class OperationContext {
   const OperationOptions* options_ = nullptr;
   std::optional<codegen::CodeSync> code_;
   codegen::Touched touched_;
-  std::vector<codegen::Warning> warnings_;
+  std::vector<messages::Message> warnings_;
   std::vector<RowChange> part_rows_;  // of the parts that are done
   int depth_ = 0;                     // of operations that run in each other
 };

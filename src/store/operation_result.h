@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "codegen/report.h"
+#include "messages/message.h"
 #include "platform/variant.h"
 
 namespace store {
@@ -33,10 +33,9 @@ struct RowChange {
 // What an operation came to. Unless the outcome is kDone, rows and code are as they were before.
 struct OperationResult {
   Outcome outcome = Outcome::kDone;
-  std::int32_t text_id = 0;  // of the text table, 0 when done
-  std::string message;       // that text in the current language, values filled in
-  std::string detail;        // cause and remedy; may be empty
-  std::vector<codegen::Warning> warnings;
+  messages::Message message;  // why not; empty when done
+  messages::Message detail;   // cause and remedy; may be empty
+  std::vector<messages::Message> warnings;
   std::vector<RowChange> rows;
   std::vector<std::int32_t> ids;  // of the objects added or edited, in the order given
 

@@ -34,5 +34,6 @@ inline constexpr std::int32_t kTextCancelled = 1015;
 inline constexpr std::int32_t kTextNameTaken = 1016;
 inline constexpr std::int32_t kTextAliasValid = 1017;
 inline constexpr std::int32_t kTextNotUndone = 1018;
+inline constexpr std::int32_t kTextColumnMissing = 1019;
 
 }  // namespace store

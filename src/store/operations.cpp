@@ -48,7 +48,7 @@ std::string Operations::ProposeFormulaName() {
     if (!taken[static_cast<std::size_t>(i)]) return base + std::to_string(i);
   }
   throw platform::Error(platform::ErrorKind::kRefused, kErrOverflow,
-                        context_->texts().Text(kTextNoFreeName, {{"<Base>", base}}));
+                        messages::Message({kTextNoFreeName}, {{"<Base>", base}}));
 }
 
 ClassList Operations::Classes() {
@@ -70,9 +70,7 @@ ClassList Operations::Classes() {
     }
   }
   if (!too_long.empty()) {
-    list.warnings.push_back(
-        {kTextLongClassNames,
-         context_->texts().Text(kTextLongClassNames, {{"<ClassNames>", too_long}})});
+    list.warnings.push_back(messages::Message({kTextLongClassNames}, {{"<ClassNames>", too_long}}));
   }
   return list;
 }

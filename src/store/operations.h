@@ -11,7 +11,6 @@
 #include <string_view>
 #include <vector>
 
-#include "codegen/report.h"
 #include "codegen/touched.h"
 #include "messages/message.h"
 #include "platform/ado.h"
@@ -40,7 +39,7 @@ struct EditFormulaOptions : OperationOptions {
 
 struct ClassList {
   std::vector<ClassEntry> classes;
-  std::vector<codegen::Warning> warnings;  // text 311 when a ProgID is too long
+  std::vector<messages::Message> warnings;  // text 311 when a ProgID is too long
 };
 
 // Each operation is one unit of work over database and code: either all of it is done or nothing.

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/text.h"
-#include "texts/text_table.h"
+#include "store/operation_texts.h"
 
 namespace store {
 namespace {
@@ -50,8 +50,8 @@ void RequireColumns(Connection& connection, const TableDefinition& table) {
   const std::vector<std::string> missing = MissingColumns(connection, table);
   if (missing.empty()) return;
   throw platform::Error(platform::ErrorKind::kRefused, platform::kErrItemNotFound,
-                        "The table " + table.name + " lacks the column " + missing.front() +
-                            "; add it in the database. Nothing was changed.");
+                        messages::Message({kTextColumnMissing}, {{"<Table>", table.name},
+                                                                 {"<Column>", missing.front()}}));
 }
 
 void AddMissingIndexes(Connection& connection, const TableDefinition& table,
@@ -126,11 +126,11 @@ std::vector<std::string> MissingFromSchema(Connection& connection) {
   return missing;
 }
 
-std::string DescribeMissing(const std::vector<std::string>& missing,
-                            const texts::TextTable& texts) {
+messages::Message DescribeMissing(const std::vector<std::string>& missing) {
   std::string names;
   for (const std::string& name : missing) names += (names.empty() ? "" : ", ") + name;
-  return missing.empty() ? names : texts.Text(kTextMissing, {{"<Names>", names}});
+  if (missing.empty()) return {};
+  return messages::Message({kTextMissing}, {{"<Names>", names}});
 }
 
 std::vector<std::string> CompleteSchema(Connection& connection) {

@@ -5,11 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "messages/message.h"
 #include "platform/ado.h"
-
-namespace texts {
-class TextTable;
-}
 
 namespace store {
 
@@ -26,7 +23,7 @@ const std::vector<TableDefinition>& ProjectSchema();
 std::vector<std::string> MissingFromSchema(platform::Connection& connection);
 
 // What the user reads when something is missing; empty when all is there.
-std::string DescribeMissing(const std::vector<std::string>& missing, const texts::TextTable& texts);
+messages::Message DescribeMissing(const std::vector<std::string>& missing);
 
 // Adds the tables that are missing, and to tables that are there the indexes whose names are
 // missing; nothing else is touched. Returns what was added, as "Table" and "Table.Index". All or

@@ -55,6 +55,10 @@ std::span<const Row> StoreRows() {
       {1017, "Gültig wäre <Name>.", "<Name> would be valid."},
       {1018, "Die Änderung ist fehlgeschlagen und ließ sich noch nicht zurücknehmen.",
        "The change failed and could not be undone yet."},
+      {1019,
+       "Der Tabelle <Table> fehlt die Spalte <Column>; ergänzen Sie sie in der Datenbank. Es wurde "
+       "nichts geändert.",
+       "The table <Table> lacks the column <Column>; add it in the database. Nothing was changed."},
   });
   return kRows;
 }

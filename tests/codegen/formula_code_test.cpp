@@ -16,6 +16,7 @@
 #include "files/memory_file_system.h"
 #include "tests/support/code_model_wrappers.h"
 #include "tests/support/project_doubles.h"
+#include "tests/support/sentence.h"
 #include "texts/text_table.h"
 #include "vbfiles/environment.h"
 
@@ -334,9 +335,10 @@ TEST(FormulaCodeTest, ChangesExactlyWhatIsMeant) {
       const std::string text = fixture.Text();
       EXPECT_EQ(text, c.after);
       std::vector<std::int32_t> warnings;
-      for (const Warning& warning : fixture.generator.TakeWarnings()) {
-        warnings.push_back(warning.text_id);
-        EXPECT_EQ(warning.message.find("not found"), std::string::npos) << warning.message;
+      for (const messages::Message& warning : fixture.generator.TakeWarnings()) {
+        warnings.push_back(warning.number());
+        const std::string said = support::Sentence(warning);
+        EXPECT_EQ(said.find("not found"), std::string::npos) << said;
       }
       if (c.refused) {
         EXPECT_EQ(warnings.size(), 1u);
@@ -400,11 +402,11 @@ TEST(FormulaCodeTest, WarnsNearTheLimitsOfVisualBasic) {
   Fixture fixture(module, false);
   fixture.generator.DeactivateFunction(kClass, "A");
   fixture.generator.AddFunction(kClass, "B", "");
-  const std::vector<Warning> warnings = fixture.generator.TakeWarnings();
+  const std::vector<messages::Message> warnings = fixture.generator.TakeWarnings();
   ASSERT_EQ(warnings.size(), 2u);
-  EXPECT_EQ(warnings[0].message,
+  EXPECT_EQ(support::Sentence(warnings[0]),
             "CPump.cls:2 has 1011 characters; Visual Basic takes 1023 at most. Shorten the line.");
-  EXPECT_EQ(warnings[1].text_id, 1107);
+  EXPECT_EQ(warnings[1].number(), 1107);
 }
 
 TEST(FormulaCodeTest, HeaderEndsBelowSwitchedOffCode) {

@@ -62,7 +62,9 @@ class GridTest : public ::testing::Test {
     grid.on_after_column_update = [this](std::size_t) { log += "after "; };
     grid.on_write = [this](std::int64_t id, const std::vector<CellChange>& changes) {
       log += "write ";
-      if (fail) throw platform::Error(platform::ErrorKind::kRefused, 7, "duplicate");
+      if (fail)
+        throw platform::Error(platform::ErrorKind::kRefused, 7,
+                              messages::Message::Verbatim("duplicate"));
       for (auto& row : rows->All()) {
         if (row.id != id) continue;
         for (const auto& change : changes) row.cells[change.column] = change.new_value;

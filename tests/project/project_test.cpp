@@ -11,6 +11,7 @@
 #include "store/ado_fro.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/sample_plant.h"
+#include "tests/support/sentence.h"
 
 namespace project {
 namespace {
@@ -46,8 +47,9 @@ TEST(Project, SaysWhatTheDatabaseLacksAndNewAddsIt) {
     } catch (const platform::Error& error) {
       EXPECT_EQ(error.number(), platform::kErrNoSuchTable);
       EXPECT_TRUE(error.description().starts_with("/p.ovs: ")) << error.description();
-      EXPECT_NE(error.description().find("TvbfFormulas, TvbfAlias, TvbfParams"), std::string::npos);
-      EXPECT_NE(error.description().find("--into"), std::string::npos);
+      const std::string said = support::Sentence(error.message());
+      EXPECT_NE(said.find("TvbfFormulas, TvbfAlias, TvbfParams"), std::string::npos);
+      EXPECT_NE(said.find("--into"), std::string::npos);
     }
   }
   NewProjectOptions into;

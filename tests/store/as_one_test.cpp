@@ -71,7 +71,7 @@ TEST_F(AsOne, PutsAllBackWhenItsAnswerIsNotDoneOrItIsADryRun) {
     return operations().DeleteAliases(std::vector<std::int32_t>{99});
   });
   EXPECT_EQ(refused.outcome, Outcome::kRefused);
-  EXPECT_NE(refused.message.find("99"), std::string::npos) << refused.message;
+  EXPECT_NE(support::ToText(refused).find("99"), std::string::npos) << support::ToText(refused);
   EXPECT_TRUE(refused.rows.empty());
   EXPECT_EQ(Files(), before);
 

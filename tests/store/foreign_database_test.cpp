@@ -68,26 +68,27 @@ TEST_P(ForeignDatabaseTest, KeepsTheRulesItself) {
     ASSERT_TRUE(AddAlias(name).success()) << name;
   }
   for (const char* taken : {"level", "FLOW", "Strasse"}) {
-    EXPECT_EQ(AddAlias(taken).text_id, kTextAliasTaken) << taken;
+    EXPECT_EQ(AddAlias(taken).message.number(), kTextAliasTaken) << taken;
   }
   ASSERT_TRUE(AddFormula("F", "P.C").success());
   ASSERT_TRUE(AddFormula("F", "P.D").success());
   ASSERT_TRUE(AddFormula("G", "P.C").success());
-  EXPECT_EQ(AddFormula("f", "p.c").text_id, kTextFormulaExists);
-  EXPECT_EQ(operations_->EditFormula(3, {"F", "P.C"}, {options_, false}).text_id,
+  EXPECT_EQ(AddFormula("f", "p.c").message.number(), kTextFormulaExists);
+  EXPECT_EQ(operations_->EditFormula(3, {"F", "P.C"}, {options_, false}).message.number(),
             kTextFormulaExists);
 
   ASSERT_TRUE(AddArgument(1, 1).success());
   ASSERT_TRUE(AddArgument(1, 2).success());
   ASSERT_TRUE(AddArgument(2, 1).success());
-  EXPECT_EQ(AddArgument(1, 1).text_id, kTextArgumentExists);
-  EXPECT_EQ(operations_->EditArgument(2, {1, true, true}, options_).text_id, kTextArgumentExists);
+  EXPECT_EQ(AddArgument(1, 1).message.number(), kTextArgumentExists);
+  EXPECT_EQ(operations_->EditArgument(2, {1, true, true}, options_).message.number(),
+            kTextArgumentExists);
 
   std::string uses;
   for (const FormulaRecord& use : operations_->UsesOfAlias(1)) uses += use.prog_id + " ";
   EXPECT_EQ(uses, "P.C P.D ");
   const std::int32_t in_use[] = {1}, unused[] = {3}, formula[] = {1};
-  EXPECT_EQ(operations_->DeleteAliases(in_use, options_).text_id, kTextAliasUsedBy);
+  EXPECT_EQ(operations_->DeleteAliases(in_use, options_).detail.number(), kTextAliasUsedBy);
   EXPECT_TRUE(operations_->DeleteAliases(unused, options_).success());
   EXPECT_TRUE(operations_->DeleteFormulas(formula, options_).success());
   EXPECT_EQ(operations_->FindFormulasByName("F").size(), 1u);

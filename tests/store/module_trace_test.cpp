@@ -8,6 +8,7 @@
 
 #include "tests/support/code_model_wrappers.h"
 #include "tests/support/formula_project.h"
+#include "tests/support/sentence.h"
 
 namespace store {
 namespace {
@@ -162,7 +163,7 @@ TEST_P(ModuleTraceTest, MovesToAnotherClassAndBack) {
 
   const OperationResult moved = Move(fill, "PumpServer.CTank");
   ASSERT_EQ(moved.warnings.size(), 1u) << support::ToText(moved);
-  EXPECT_NE(moved.warnings[0].message.find("PumpServer.CPump"), std::string::npos);
+  EXPECT_NE(support::Sentence(moved.warnings[0]).find("PumpServer.CPump"), std::string::npos);
   const std::string off =
       "Option Explicit\n@FillTank\n'\tLevel\n@@\n'Public Sub FillTank()\n'    Level = 1\n'End "
       "Sub\n";

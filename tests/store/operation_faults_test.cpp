@@ -242,7 +242,7 @@ TEST_P(OperationFaultsTest, CodeFailsAtEveryEdit) {
         return std::make_unique<support::FailingModule>(inner, [&] {
           if (++edits == failing_edit) {
             throw platform::Error(platform::ErrorKind::kIo, platform::kErrModuleNotEditable,
-                                  "The module cannot be edited.");
+                                  messages::Message::Verbatim("The module cannot be edited."));
           }
         });
       }));
@@ -251,7 +251,7 @@ TEST_P(OperationFaultsTest, CodeFailsAtEveryEdit) {
     const OperationResult result = GetParam().operation(*project.operations);
     if (result.success()) break;
     ASSERT_EQ(result.outcome, Outcome::kFileProblem);
-    ASSERT_EQ(result.detail, "The module cannot be edited.");
+    ASSERT_EQ(result.detail, messages::Message::Verbatim("The module cannot be edited."));
     ASSERT_EQ(StateOf(memory_), before_) << "edit " << failing_edit;
   }
   EXPECT_EQ(StateOf(memory_), after_);

@@ -14,6 +14,7 @@
 #include "platform/text.h"
 #include "store/alias_proposals.h"
 #include "tests/support/formula_project.h"
+#include "tests/support/sentence.h"
 
 namespace store {
 namespace {
@@ -140,21 +141,22 @@ TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
   for (const auto& c : kCases) {
     const OperationResult result = c.operation();
     EXPECT_EQ(result.outcome, Outcome::kRefused) << c.what;
-    EXPECT_EQ(result.text_id, c.text) << c.what << ": " << support::ToText(result);
-    EXPECT_NE((result.message + result.detail).find(c.detail), std::string::npos)
+    EXPECT_EQ((c.text == 1012 ? result.detail : result.message).number(), c.text)
+        << c.what << ": " << support::ToText(result);
+    EXPECT_NE(support::ToText(result).find(c.detail), std::string::npos)
         << c.what << ": " << support::ToText(result);
     EXPECT_TRUE(result.rows.empty() && result.ids.empty()) << c.what;
     EXPECT_EQ(State(), before) << c.what;
   }
-  EXPECT_EQ(operations().DeleteAliases(Ids{1}).message,
+  EXPECT_EQ(support::Sentence(operations().DeleteAliases(Ids{1}).message),
             "Der zu löschende Alias wird in einer Funktion benutzt. Er kann nicht gelöscht werden");
 }
 
 TEST_F(OperationsTest, CallTypeSixForbidsInAndOut) {
   Do(Edit(2, [](auto& v) { v.type = 6; }));
   const ArgumentValues both[] = {{2, true, true}};
-  EXPECT_EQ(operations().AddArguments(2, both).text_id, 552);
-  EXPECT_EQ(operations().EditArgument(3, {1, true, true}).text_id, 552);
+  EXPECT_EQ(operations().AddArguments(2, both).message.number(), 552);
+  EXPECT_EQ(operations().EditArgument(3, {1, true, true}).message.number(), 552);
   Do(operations().EditArgument(3, {1, true, false}));
 }
 
@@ -231,7 +233,7 @@ TEST_F(OperationsTest, SharedDeclarationStaysUntilItsLastUse) {
   const std::string declaration = "Public Level as Double 'Tank1.Level\r\n";
   Do(operations().DeleteArguments(Ids{1}));
   EXPECT_NE(project_.Code("CPump").find(declaration), std::string::npos);
-  EXPECT_EQ(operations().DeleteAliases(Ids{1}).text_id, 1012);
+  EXPECT_EQ(operations().DeleteAliases(Ids{1}).detail.number(), 1012);
   Do(operations().DeleteFormulas(Ids{2}));
   EXPECT_EQ(project_.Code("CPump").find(declaration), std::string::npos);
   Do(operations().DeleteAliases(Ids{1}));
@@ -247,7 +249,8 @@ TEST_F(OperationsTest, AnItemThatNobodyKnowsKeepsItsType) {
     EXPECT_NE(project_.Code(cls).find(std::string(line) + "\r\n"), std::string::npos)
         << project_.Code(cls);
     std::string said;
-    for (const codegen::Warning& w : result.warnings) said += w.text_id == 1113 ? w.message : "";
+    for (const messages::Message& w : result.warnings)
+      said += w.number() == 1113 ? support::Sentence(w) : "";
     EXPECT_EQ(said.empty(), *warning == 0) << said;
     EXPECT_NE(said.find(warning), std::string::npos) << said;
   };
@@ -299,9 +302,9 @@ TEST_F(OperationsTest, WhatIsDeclaredIsFoundAgain) {
   const ArgumentValues values[] = {{added.id(), true, false}};
   const OperationResult used = Do(operations().AddArguments(1, values));
   ASSERT_EQ(added.warnings.size(), 1u);
-  EXPECT_EQ(added.warnings[0].text_id, 1128);
+  EXPECT_EQ(added.warnings[0].number(), 1128);
   ASSERT_EQ(used.warnings.size(), 1u);
-  EXPECT_EQ(used.warnings[0].text_id, 1109);
+  EXPECT_EQ(used.warnings[0].number(), 1109);
   Do(operations().DeleteArguments(used.ids));
   EXPECT_EQ(project_.Code("CPump"), before);
 }
@@ -396,15 +399,15 @@ TEST_F(OperationsTest, HintsSayWhyAValidNameMayNotDo) {
                 {"Next", 451, 0}, {"a b", 451, 0}, {" ", 450, 0}};
   for (const auto& c : kCases) {
     const OperationResult result = operations().CheckAlias({"item", c.name});
-    EXPECT_EQ(result.text_id, c.refused) << c.name;
-    EXPECT_EQ(result.warnings.empty() ? 0 : result.warnings[0].text_id, c.hint) << c.name;
+    EXPECT_EQ(result.message.number(), c.refused) << c.name;
+    EXPECT_EQ(result.warnings.empty() ? 0 : result.warnings[0].number(), c.hint) << c.name;
     const AliasValues values[] = {{"item", c.name}};
     const OperationResult added = operations().AddAliases(values);
-    EXPECT_EQ(added.text_id, c.refused) << c.name;
-    EXPECT_EQ(added.warnings.empty() ? 0 : added.warnings[0].text_id, c.hint) << c.name;
+    EXPECT_EQ(added.message.number(), c.refused) << c.name;
+    EXPECT_EQ(added.warnings.empty() ? 0 : added.warnings[0].number(), c.hint) << c.name;
   }
   EXPECT_TRUE(operations().CheckAlias({"item", "LEVEL"}, 1).success()) << "its own name";
-  EXPECT_EQ(operations().CheckFormulaName("Next").text_id, 1007);
+  EXPECT_EQ(operations().CheckFormulaName("Next").message.number(), 1007);
   EXPECT_TRUE(operations().CheckFormulaName("FillTank").success());
 }
 
@@ -425,7 +428,7 @@ TEST_F(OperationsTest, WarnsOfUsesOfANameThatIsGone) {
   project_.PutCode("CPump", code);
   const OperationResult result = Do(operations().DeleteArguments(Ids{2}));
   ASSERT_EQ(result.warnings.size(), 1u) << support::ToText(result);
-  EXPECT_EQ(result.warnings[0].message, "CPump.cls:13 still uses Pump");
+  EXPECT_EQ(support::Sentence(result.warnings[0]), "CPump.cls:13 still uses Pump");
 }
 
 TEST_F(OperationsTest, RefusesNamesOfTypesAndElements) {
@@ -433,10 +436,11 @@ TEST_F(OperationsTest, RefusesNamesOfTypesAndElements) {
   const std::int32_t manual = project_.AddAlias("Tank1.Manual", "Manual");
   const std::int32_t formula = Do(operations().AddFormula({"Mix", "PumpServer.CTank"})).id();
   const ArgumentValues values[] = {{manual, true, false}};
-  EXPECT_EQ(operations().AddArguments(formula, values).text_id, 1016);
+  EXPECT_EQ(operations().AddArguments(formula, values).message.number(), 1016);
   const auto refused = operations().AddFormula({"emode", "PumpServer.CTank"});
-  EXPECT_EQ(refused.text_id, 1105);
-  EXPECT_NE(refused.message.find("a type or an enumeration"), std::string::npos) << refused.message;
+  EXPECT_EQ(refused.message.number(), 1105);
+  EXPECT_NE(support::ToText(refused).find("a type or an enumeration"), std::string::npos)
+      << support::ToText(refused);
 }
 
 TEST_F(OperationsTest, MovesOntoASubOnlyIfItCanBeAFormula) {
@@ -448,7 +452,7 @@ TEST_F(OperationsTest, MovesOntoASubOnlyIfItCanBeAFormula) {
                                                            {"Private Sub FillTank()", 1115}};
   for (const auto& [declaration, text] : kRefused) {
     const std::string before = project_.Code("CPump");
-    EXPECT_EQ(move(declaration).text_id, text);
+    EXPECT_EQ(move(declaration).message.number(), text);
     EXPECT_EQ(Formula(1).prog_id, kClass);
     EXPECT_EQ(project_.Code("CPump"), before);
     EXPECT_EQ(project_.Code("CTank"), std::string(declaration) + "\r\nEnd Sub\r\n");
@@ -460,14 +464,14 @@ TEST_F(OperationsTest, AbsentCodeIsAWarningAndNoProjectARefusal) {
   project_.PutCode("CPump", "Option Explicit\r\n");
   const OperationResult result = Do(Edit(1, [](auto& v) { v.comment = "c", v.name = "Fill"; }));
   ASSERT_EQ(result.warnings.size(), 1u) << support::ToText(result);
-  EXPECT_EQ(result.warnings[0].text_id, 1102);
+  EXPECT_EQ(result.warnings[0].number(), 1102);
   EXPECT_EQ(Do(operations().DeleteFormulas(Ids{2})).warnings.size(), 1u);
 
   project_.open->Use(nullptr);
   const std::string before = State();
-  EXPECT_EQ(Edit(1, [](auto& v) { v.name = "Other"; }).text_id, 1004);
-  EXPECT_EQ(operations().DeleteFormulas(Ids{1}).text_id, 1004);
-  EXPECT_EQ(operations().EditAlias(1, {"x", "Other"}).text_id, 1004);
+  EXPECT_EQ(Edit(1, [](auto& v) { v.name = "Other"; }).message.number(), 1004);
+  EXPECT_EQ(operations().DeleteFormulas(Ids{1}).message.number(), 1004);
+  EXPECT_EQ(operations().EditAlias(1, {"x", "Other"}).message.number(), 1004);
   EXPECT_EQ(State(), before);
   Do(Edit(1, [](auto& v) { v.comment = "needs no code"; }));
   EditFormulaOptions rows_only;
@@ -544,7 +548,7 @@ TEST_F(OperationsTest, ManyObjectsAreOneUnit) {
 
   // One that cannot be done undoes all.
   aliases = {{"a", "Fresh"}, {"b", "Fresh"}};
-  EXPECT_EQ(operations().AddAliases(aliases).text_id, 1010);
+  EXPECT_EQ(operations().AddAliases(aliases).message.number(), 1010);
   EXPECT_FALSE(operations().FindAliasByName("Fresh"));
 }
 
@@ -555,7 +559,8 @@ TEST_F(OperationsTest, ALineThatCannotBecomeACommentStopsTheOperation) {
   const std::string before = State();
   const OperationResult result = operations().DeleteFormulas(Ids{1});
   EXPECT_EQ(result.outcome, Outcome::kRefused);
-  EXPECT_NE(result.detail.find("line 15 of /plant/CPump.cls has 1024"), std::string::npos)
+  EXPECT_NE(support::Sentence(result.detail).find("line 15 of /plant/CPump.cls has 1024"),
+            std::string::npos)
       << support::ToText(result);
   EXPECT_EQ(State(), before);
 }
@@ -567,7 +572,7 @@ TEST_F(OperationsTest, AStoredClassThatIsGoneCanBeLeft) {
       1, [](auto& v) { v.prog_id = "Gone.CPump"; }, rows_only));
   const OperationResult result = Do(Edit(1, [](auto& v) { v.prog_id = "PumpServer.CTank"; }));
   ASSERT_FALSE(result.warnings.empty());
-  EXPECT_EQ(result.warnings[0].text_id, 1100);
+  EXPECT_EQ(result.warnings[0].number(), 1100);
   EXPECT_NE(project_.Code("CTank").find("Public Sub FillTank()"), std::string::npos);
 }
 
@@ -583,8 +588,8 @@ TEST_F(OperationsTest, ClassListNamesWhatCanHoldFormulas) {
   EXPECT_EQ(list.classes[0].file, support::ClassPath("CPump"));
   EXPECT_EQ(list.classes[1].prog_id, "PumpServer." + long_name);
   ASSERT_EQ(list.warnings.size(), 1u);
-  EXPECT_NE(list.warnings[0].message.find(long_name), std::string::npos);
-  EXPECT_EQ(list.warnings[0].message.find("<ClassNames>"), std::string::npos);
+  EXPECT_NE(support::Sentence(list.warnings[0]).find(long_name), std::string::npos);
+  EXPECT_EQ(support::Sentence(list.warnings[0]).find("<ClassNames>"), std::string::npos);
 }
 
 TEST(NameProposalTest, TakesTheFirstFreeNumber) {

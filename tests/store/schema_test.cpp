@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tests/support/memory_database.h"
-#include "texts/text_table.h"
+#include "tests/support/sentence.h"
 
 namespace store {
 namespace {
@@ -108,15 +108,14 @@ TEST(Schema, NamesAMissingColumnAndAddsNothing) {
     ADD_FAILURE() << "a column cannot be added";
   } catch (const platform::Error& error) {
     EXPECT_EQ(error.number(), platform::kErrItemNotFound);
-    EXPECT_NE(error.description().find("ParentID"), std::string::npos);
+    EXPECT_NE(support::Sentence(error.message()).find("ParentID"), std::string::npos);
   }
   EXPECT_EQ(db.connection.TableNames(), Strings{"TvbfParams"});
 }
 
 TEST(Schema, SaysWhatIsMissing) {
-  const texts::TextTable english(texts::Language::kEnglish);
-  EXPECT_EQ(DescribeMissing({}, english), "");
-  const std::string text = DescribeMissing({"TvbfAlias", "TvbfParams.Out"}, english);
+  EXPECT_TRUE(DescribeMissing({}).empty());
+  const std::string text = support::Sentence(DescribeMissing({"TvbfAlias", "TvbfParams.Out"}));
   EXPECT_NE(text.find("TvbfAlias, TvbfParams.Out"), std::string::npos);
   EXPECT_NE(text.find("--into"), std::string::npos);
 }

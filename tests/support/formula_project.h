@@ -19,6 +19,7 @@
 #include "tests/support/memory_database.h"
 #include "tests/support/project_doubles.h"
 #include "tests/support/project_files.h"
+#include "tests/support/sentence.h"
 #include "texts/text_table.h"
 #include "vbfiles/environment.h"
 
@@ -88,8 +89,9 @@ class FormulaProject {
 };
 
 inline std::string ToText(const store::OperationResult& result) {
-  std::string text = result.success() ? "done" : result.message + " | " + result.detail;
-  for (const codegen::Warning& warning : result.warnings) text += "\n! " + warning.message;
+  std::string text =
+      result.success() ? "done" : Sentence(result.message) + " | " + Sentence(result.detail);
+  for (const messages::Message& warning : result.warnings) text += "\n! " + Sentence(warning);
   return text;
 }
 

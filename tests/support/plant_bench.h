@@ -13,6 +13,7 @@
 #include "tests/support/recording_help.h"
 #include "tests/support/sample_plant.h"
 #include "tests/support/scripted_toolkit.h"
+#include "tests/support/sentence.h"
 
 namespace support {
 
@@ -68,7 +69,7 @@ class PlantBench {
 
  private:
   static std::int32_t Done(const store::OperationResult& result) {
-    EXPECT_TRUE(result.success()) << result.message;
+    EXPECT_TRUE(result.success()) << Sentence(result.message);
     return result.id();
   }
 };

@@ -54,7 +54,7 @@ class ReportFactory : public platform::ObjectFactory {
   std::shared_ptr<platform::Object> Create(std::string_view prog_id) override {
     if (report && prog_id == "OVProjectReport.Connect") return report;
     throw platform::Error(platform::ErrorKind::kNotFound, 429,
-                          "ActiveX component can't create object");
+                          messages::Message::Verbatim("ActiveX component can't create object"));
   }
 };
 

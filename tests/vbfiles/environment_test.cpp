@@ -31,7 +31,7 @@ platform::Error ErrorOf(const std::function<void()>& call, const std::string& na
     return error;
   }
   ADD_FAILURE() << "no error that names " << named;
-  return platform::Error(ErrorKind::kInternal, 0, "");
+  return platform::Error(ErrorKind::kInternal, 0, messages::Message());
 }
 
 std::vector<std::string> Names(platform::VBProject& project) {

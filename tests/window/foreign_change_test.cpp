@@ -35,7 +35,7 @@ void AddElsewhere(files::FileSystem& system, const std::string& name) {
   const texts::TextTable texts(texts::Language::kEnglish);
   project::Project project(system, support::kPlantDatabase, {}, texts);
   const auto result = project.operations().AddFormula({name, "PumpServer.CPump", 0, 0, true, ""});
-  ASSERT_TRUE(result.success()) << result.message << result.detail;
+  ASSERT_TRUE(result.success()) << texts.Sentence(result.message) << texts.Sentence(result.detail);
 }
 
 TEST(ForeignChange, IsNoticedAndTakenOverWhenTheUserWantsIt) {
