@@ -31,7 +31,7 @@ void Expect(bool fine, const std::string& what) {
 
 void ExpectNothingLeftOut(codegen::CVBFormulaCode& code) {
   const auto warnings = code.TakeWarnings();
-  Expect(warnings.empty(), warnings.empty() ? "" : warnings.front().message);
+  Expect(warnings.empty(), warnings.empty() ? "" : support::Sentence(warnings.front()));
 }
 
 double Microseconds(const std::function<void()>& call) {
