@@ -11,7 +11,7 @@ namespace {
 std::vector<CommandSpec> MakeTable() {
   std::vector<CommandSpec> table;
   for (auto* area : {ProjectCommands, FormulaCommands, ArgumentCommands, AliasCommands,
-                     DatabaseCommands, VisualBasicCommands, HelpCommands}) {
+                     CheckCommands, DatabaseCommands, VisualBasicCommands, HelpCommands}) {
     auto commands = area();
     std::move(commands.begin(), commands.end(), std::back_inserter(table));
   }

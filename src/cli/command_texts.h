@@ -154,6 +154,16 @@ enum TextNumber : int {
   kTextOpenQuote,
   kTextUnsafeCells,
   kTextOptSafeCells,
+
+  // The check, see texts/check_rows.cpp.
+  kTextCommandCheck = 3200,
+  kTextOptRepair,
+  kTextOptSeverity,
+  kTextOptRule,
+  kTextUnknownRule,
+  kTextMended,
+  kTextFindings,
+  kTextInStep,
 };
 
 }  // namespace cli

@@ -14,6 +14,7 @@ std::vector<CommandSpec> ProjectCommands();  // open, new, class list, report, r
 std::vector<CommandSpec> FormulaCommands();
 std::vector<CommandSpec> ArgumentCommands();
 std::vector<CommandSpec> AliasCommands();
+std::vector<CommandSpec> CheckCommands();
 std::vector<CommandSpec> DatabaseCommands();
 std::vector<CommandSpec> VisualBasicCommands();
 std::vector<CommandSpec> HelpCommands();

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "codegen/comment_text.h"
-#include "codegen/declaration.h"
 #include "codegen/source_line.h"
 #include "codegen/sub_lines.h"
 #include "platform/text.h"
@@ -16,13 +15,6 @@ namespace codegen {
 namespace {
 
 using Kind = Difference::Kind;
-
-// Whether the line is this declaration, whatever blanks and letter case it is written with.
-bool IsWrittenIn(const VariableLine& line, const WantedClass::Declaration& declaration) {
-  return line.name == declaration.alias &&
-         platform::EqualsIgnoringCase(line.type, declaration.type) &&
-         ShowsText(line.comment, declaration.item);
-}
 
 // The line that declares what is gone, unless the same declaration is wanted.
 std::optional<Difference> FindGone(platform::CodeModule& module, const WantedClass::Gone& gone,
@@ -37,8 +29,9 @@ std::optional<Difference> FindGone(platform::CodeModule& module, const WantedCla
                      platform::EqualsIgnoringCase(variable->name, gone.alias) &&
                      (line == 1 || !IsContinued(module.Lines(line - 1, 1)));
   if (!alone) return Difference{Kind::kLeftDeclaration, {gone.alias}, line};
-  if (std::ranges::any_of(wanted.declared,
-                          [&](const auto& d) { return IsWrittenIn(*variable, d); })) {
+  if (std::ranges::any_of(wanted.declared, [&](const auto& d) {
+        return variable->name == d.alias && Says(*variable, d);
+      })) {
     return std::nullopt;
   }
   const bool ours = !variable->comment.empty() && std::ranges::any_of(gone.items, [&](auto& item) {
@@ -116,6 +109,12 @@ void CompareFormula(platform::CodeModule& module, const WantedClass::Formula& fo
 }
 
 }  // namespace
+
+bool Says(const VariableLine& line, const WantedClass::Declaration& declaration) {
+  return platform::EqualsIgnoringCase(line.name, declaration.alias) &&
+         platform::EqualsIgnoringCase(line.type, declaration.type) &&
+         ShowsText(line.comment, declaration.item);
+}
 
 void Compare(platform::CodeModule& module, const WantedClass& wanted, const Templates& templates,
              const std::function<void(const Difference&)>& visit) {

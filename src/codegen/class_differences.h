@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "codegen/declaration.h"
 #include "codegen/templates.h"
 #include "platform/vbide.h"
 
@@ -52,6 +53,10 @@ struct Difference {
   std::vector<std::string> now = {};
   std::vector<std::string> wanted = {};
 };
+
+// Whether the line declares the alias with that type for that item, whatever blanks and letter
+// case it is written with.
+bool Says(const VariableLine& line, const WantedClass::Declaration& declaration);
 
 // Visits each difference. Nothing changes unless the visitor mends what it is shown; the
 // differences that follow are then those of the changed module.

@@ -7,6 +7,7 @@
 #include "codegen/code_texts.h"
 #include "codegen/data_type.h"
 #include "codegen/declaration.h"
+#include "codegen/formula_sub.h"
 #include "codegen/identifier.h"
 #include "codegen/name_uses.h"
 #include "codegen/source_line.h"
@@ -54,8 +55,7 @@ bool CodeSync::CanDeclare(std::string_view prog_id, std::string_view alias) {
   if (!place) return true;
   const std::optional<platform::Member> member = place.module->FindMember(alias);
   if (!member) return !IsTypeName(place, alias);
-  return member->type == platform::MemberType::kVariable &&
-         member->scope == platform::MemberScope::kPublic;
+  return DeclaresAlias(*member);
 }
 
 std::vector<std::string> CodeSync::ArgumentsOf(std::string_view prog_id,

@@ -160,6 +160,33 @@ std::vector<std::string> WithHeader(const std::vector<std::string>& region,
   return result;
 }
 
+std::optional<GeneratedHeader> FindGeneratedHeader(const std::vector<std::string>& region,
+                                                   const Templates& templates) {
+  const std::vector<bool> generated = GeneratedLines(region, templates);
+  const auto first = std::ranges::find(generated, true);
+  if (first == generated.end()) return std::nullopt;
+  GeneratedHeader header;
+  header.is_whole = std::find(first, generated.end(), false) == generated.end();
+  const auto rule = static_cast<std::size_t>(std::distance(generated.begin(), first));
+  header.title = region[rule + 1];
+  for (std::size_t i = rule + 2; i < region.size(); ++i) {
+    if (!generated[i] || !Templates::IsArgument(region[i])) continue;
+    header.aliases.emplace_back(TrimBlanks(TrimBlanks(region[i]).substr(1)));
+  }
+  return header;
+}
+
+bool IsHeaderOf(const GeneratedHeader& header, std::string_view name,
+                const std::vector<std::string>& aliases, const Templates& templates) {
+  if (!header.is_whole || !templates.IsTitleOf(header.title, name)) return false;
+  std::vector<std::string> listed = header.aliases;
+  std::vector<std::string> wanted =
+      FindGeneratedHeader(templates.Header(name, aliases), templates)->aliases;
+  std::ranges::sort(listed);
+  std::ranges::sort(wanted);
+  return listed == wanted;
+}
+
 void RewriteLines(platform::CodeModule& module, std::int32_t first_line,
                   const std::vector<std::string>& old_lines,
                   const std::vector<std::string>& new_lines) {

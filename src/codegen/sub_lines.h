@@ -49,6 +49,21 @@ std::vector<std::string> WithHeader(const std::vector<std::string>& region,
                                     const std::vector<std::string>& header,
                                     const Templates& templates);
 
+// A header as the generator writes it, in whatever language: title and aliases of a formula.
+struct GeneratedHeader {
+  std::string title;
+  std::vector<std::string> aliases;
+  bool is_whole =
+      false;  // stands at the region's end with nothing in it that does not belong there
+};
+// The last one of a region.
+std::optional<GeneratedHeader> FindGeneratedHeader(const std::vector<std::string>& region,
+                                                   const Templates& templates);
+
+// Whether the header is that of the formula, its aliases in whatever order.
+bool IsHeaderOf(const GeneratedHeader& header, std::string_view name,
+                const std::vector<std::string>& aliases, const Templates& templates);
+
 // Turns `old_lines`, which begin at `first_line`, into `new_lines`; lines that stand already are
 // not touched.
 void RewriteLines(platform::CodeModule& module, std::int32_t first_line,

@@ -5,6 +5,7 @@
 #include "codegen/code_sync.h"
 #include "codegen/code_texts.h"
 #include "codegen/declaration.h"
+#include "codegen/formula_sub.h"
 #include "codegen/identifier.h"
 #include "codegen/source_line.h"
 #include "platform/text.h"
@@ -24,51 +25,6 @@ bool CutsConditionalBlock(const std::vector<std::string>& lines) {
     if (word.starts_with("else") && depth == 0) return true;
   }
   return depth != 0;
-}
-
-// Whether an #If block is open behind the lines.
-bool IsInConditionalBlock(const std::vector<std::string>& lines) {
-  int depth = 0;
-  bool continues = false;
-  for (const std::string& line : lines) {
-    if (!continues && IsDirective(line)) {
-      const std::string word = platform::FoldCase(TrimBlanks(TrimBlanks(line).substr(1)));
-      depth += word.starts_with("if") ? 1 : word.starts_with("end") ? -1 : 0;
-    }
-    continues = IsContinued(line);
-  }
-  return depth > 0;
-}
-
-// The text that says why the server cannot call the sub as a formula; 0 when it can.
-std::int32_t WhyNoFormula(platform::CodeModule& module, const SubLocation& sub) {
-  const std::optional<SubDeclaration> declaration = ParseSub(DeclarationLines(module, sub));
-  if (!declaration || !declaration->parameters.empty()) return kTextHasParameters;
-  if (!declaration->is_public) return kTextNotPublic;
-  const bool first = sub.body_line == 1;
-  if (!first && IsInConditionalBlock(SplitLines(module.Lines(1, sub.body_line - 1)))) {
-    return kTextInConditionalBlock;
-  }
-  return 0;
-}
-
-// The text that says what a member is.
-std::int32_t KindText(platform::CodeModule& module, const platform::Member& member) {
-  switch (member.type) {
-    case platform::MemberType::kProperty:
-      return kTextProperty;
-    case platform::MemberType::kVariable:
-      return kTextVariable;
-    case platform::MemberType::kEvent:
-      return kTextEvent;
-    case platform::MemberType::kConst:
-      return kTextConstant;
-    case platform::MemberType::kMethod:
-      break;
-  }
-  if (FindSub(module, member.name)) return kTextSub;
-  const bool is_declared = member.code_location <= module.CountOfDeclarationLines();
-  return is_declared ? kTextExternalProcedure : kTextFunction;
 }
 
 }  // namespace
@@ -126,7 +82,10 @@ void CodeSync::WarnOfCodeLeft(const Touched::Formula& formula) {
 
 void CodeSync::RequireAdoptable(const Place& place, const SubLocation& sub,
                                 std::initializer_list<std::string_view> formulas) {
-  if (const std::int32_t reason = WhyNoFormula(*place.module, sub)) {
+  const std::string above_sub =
+      sub.body_line > 1 ? place.module->Lines(1, sub.body_line - 1) : std::string();
+  const ConditionalBlocks blocks(SplitLines(above_sub));
+  if (const std::int32_t reason = WhyNoFormula(*place.module, sub, blocks)) {
     report_.Refuse(reason, {{"<File>", place.File()},
                             {"<Line>", std::to_string(sub.body_line)},
                             {"<Name>", sub.name}});

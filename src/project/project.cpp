@@ -123,6 +123,11 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
 
 Project::~Project() = default;
 
+std::size_t Project::CountFaults(
+    const std::function<void(std::uint64_t, std::uint64_t)>& progress) {
+  return connection_->database().Verify(progress).findings.size();
+}
+
 std::vector<std::string> Project::ChangeableFiles() {
   std::vector<std::string> files = {path_};
   if (!vb_) return files;

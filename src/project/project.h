@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -60,6 +63,8 @@ class Project {
   files::JournalledUnitOfWork& unit() { return unit_; }
   // What other programs do to the database.
   ForeignChanges& foreign_changes() { return foreign_changes_; }
+  // Walks the whole database file; how many faults it has.
+  std::size_t CountFaults(const std::function<void(std::uint64_t, std::uint64_t)>& progress);
   // The database and every Visual Basic file that an operation may change.
   std::vector<std::string> ChangeableFiles();
 

@@ -8,6 +8,7 @@
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
 #include "store/operation_titles.h"
+#include "store/rules.h"
 
 namespace store {
 namespace {
@@ -15,10 +16,6 @@ namespace {
 // German in every language, on purpose.
 constexpr const char* kAliasInUse =
     "Der zu löschende Alias wird in einer Funktion benutzt. Er kann nicht gelöscht werden";
-
-bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(' ') == std::string_view::npos;
-}
 
 std::string NamesOf(const std::vector<FormulaRecord>& formulas) {
   std::vector<std::string> names;
@@ -38,16 +35,10 @@ std::string Operations::ProposeAlias(std::string_view item, std::int32_t actual_
 void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual_id) {
   const std::string& name = values.vb_alias;
   if (IsBlank(values.item_id) || IsBlank(name)) context_->Refuse(kTextAliasEmpty);
-  const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
-  const bool reserved = codegen::IsReservedWord(name);
-  const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;
-  const std::string clean = codegen::CleanIdentifier(name);
-  if (clean != name || reserved || too_long) {
-    const auto problem =
-        clean == name && too_long ? codegen::IdentifierProblem::kTooLong : hint.problem;
+  if (const codegen::IdentifierHint hint = JudgeAlias(name)) {
     const std::string valid = ProposeAlias(codegen::ValidIdentifier(name), actual_id);
     context_->Refuse(kTextAliasMalformed, {},
-                     messages::Joined({{codegen::HintText(problem)},
+                     messages::Joined({{codegen::HintText(hint.problem)},
                                        {{"<Name>", name}, {"<Character>", hint.character}}},
                                       {{kTextAliasValid}, {{"<Name>", valid}}}));
   }

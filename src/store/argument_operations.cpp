@@ -2,6 +2,7 @@
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
 #include "store/operation_titles.h"
+#include "store/rules.h"
 
 namespace store {
 namespace {
@@ -43,7 +44,7 @@ void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRec
 
 void Operations::RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
                                 std::string_view alias) {
-  if (formula.type != kOnVariableChange || !values.in || !values.out) return;
+  if (TakesArgument(formula.type, values.in, values.out)) return;
   context_->Refuse(kTextInAndOut, {}, {{kTextInAndOutDetail}, {{"<Names>", alias}}});
 }
 

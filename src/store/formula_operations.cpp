@@ -5,6 +5,7 @@
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
 #include "store/operation_titles.h"
+#include "store/rules.h"
 
 namespace store {
 
@@ -23,7 +24,7 @@ void Operations::RequireFormulaClass(std::string_view prog_id) {
 }
 
 void Operations::RequireCallType(std::int32_t type) {
-  if (type >= 0 && type < kCallTypes) return;
+  if (IsCallType(type)) return;
   context_->Refuse(kTextCallType, {{"<Type>", std::to_string(type)}});
 }
 
@@ -37,7 +38,8 @@ void Operations::RequireFreeInClass(std::string_view prog_id, std::string_view n
 void Operations::RequireNoInAndOut(std::int32_t formula_id) {
   std::string names;
   for (const ArgumentRecord& argument : rows().ArgumentsOf(formula_id)) {
-    if (argument.in && argument.out) names += (names.empty() ? "" : ", ") + argument.vb_alias;
+    if (!TakesArgument(kOnVariableChange, argument.in, argument.out))
+      names += (names.empty() ? "" : ", ") + argument.vb_alias;
   }
   if (names.empty()) return;
   context_->Refuse(kTextInAndOut, {}, {{kTextInAndOutDetail}, {{"<Names>", names}}});

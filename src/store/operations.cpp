@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
+#include "store/rules.h"
 
 namespace store {
 namespace {
@@ -58,10 +59,7 @@ ClassList Operations::Classes() {
   for (const auto& project : context_->parts().vbe->VBProjects()) {
     if (project->Type() != platform::ProjectType::kActiveXDll) continue;
     for (const auto& component : project->VBComponents()) {
-      if (component->Type() != platform::ComponentType::kClassModule ||
-          component->GetInstancing() < platform::Instancing::kMultiUse) {
-        continue;
-      }
+      if (!CanHoldFormulas(*project, *component)) continue;
       const std::string prog_id = project->Name() + "." + component->Name();
       list.classes.push_back({prog_id, component->FileName()});
       if (codegen::CharacterCount(prog_id) > codegen::kMaxProgIdLength) {
@@ -82,7 +80,7 @@ bool Operations::IsFormulaClass(std::string_view prog_id) {
   if (!project || project->Type() != platform::ProjectType::kActiveXDll) return false;
   const auto component = project->FindComponent(prog_id.substr(point + 1));
   if (!component || component->Type() != platform::ComponentType::kClassModule) return false;
-  if (component->GetInstancing() >= platform::Instancing::kMultiUse) return true;
+  if (CanHoldFormulas(*project, *component)) return true;
   // A class that cannot be read says so here; any other just does not fit.
   if (component->Module()) component->Module()->RequireSource();
   return false;
@@ -138,6 +136,9 @@ void Operations::ForEachFormula(const std::function<void(const FormulaRecord&)>&
 }
 void Operations::ForEachAlias(const std::function<void(const AliasRecord&)>& visit) {
   rows().ForEachAlias(visit);
+}
+void Operations::ForEachArgument(const std::function<void(const ArgumentRecord&)>& visit) {
+  rows().ForEachArgument(visit);
 }
 Statistics Operations::Count() { return rows().Count(); }
 

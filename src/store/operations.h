@@ -121,6 +121,8 @@ class Operations {
   std::vector<ArgumentRecord> ArgumentsOf(std::int32_t formula_id);
   void ForEachFormula(const std::function<void(const FormulaRecord&)>& visit);
   void ForEachAlias(const std::function<void(const AliasRecord&)>& visit);
+  // Without name and item of the alias.
+  void ForEachArgument(const std::function<void(const ArgumentRecord&)>& visit);
   Statistics Count();
 
  private:

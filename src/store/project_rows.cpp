@@ -42,6 +42,16 @@ AliasRecord AliasOf(const RowBlock& rows, std::size_t row) {
   return record;
 }
 
+ArgumentRecord ArgumentOf(const RowBlock& rows, std::size_t row) {
+  ArgumentRecord record;
+  record.id = rows.At(0, row).ToLong();
+  record.parent_id = rows.At(1, row).ToLong();
+  record.alias_id = rows.At(2, row).ToLong();
+  record.in = rows.At(3, row).ToBool();
+  record.out = rows.At(4, row).ToBool();
+  return record;
+}
+
 template <class Record>
 std::optional<Record> FirstOf(std::vector<Record> records) {
   if (records.empty()) return std::nullopt;
@@ -90,7 +100,8 @@ ProjectRows::ProjectRows(std::shared_ptr<platform::Connection> connection)
       argument_of_alias_(*connection_,
                          "SELECT ID FROM TvbfParams WHERE (ParentID = ?) AND (AliasID = ?)"),
       arguments_of_formula_(*connection_,
-                            "SELECT * FROM TvbfParams WHERE ParentID = ? ORDER BY ID") {}
+                            "SELECT * FROM TvbfParams WHERE ParentID = ? ORDER BY ID"),
+      all_arguments_(*connection_, "SELECT * FROM TvbfParams") {}
 
 // --- Reading ---
 
@@ -115,13 +126,7 @@ std::vector<AliasRecord> ProjectRows::Aliases(codegen::PreparedQuery& query,
 std::vector<ArgumentRecord> ProjectRows::Arguments(codegen::PreparedQuery& query, std::int32_t id) {
   std::vector<ArgumentRecord> records;
   query.ForEachRow({id}, kArgumentFields, [&](const RowBlock& rows, std::size_t row) {
-    ArgumentRecord record;
-    record.id = rows.At(0, row).ToLong();
-    record.parent_id = rows.At(1, row).ToLong();
-    record.alias_id = rows.At(2, row).ToLong();
-    record.in = rows.At(3, row).ToBool();
-    record.out = rows.At(4, row).ToBool();
-    records.push_back(std::move(record));
+    records.push_back(ArgumentOf(rows, row));
   });
   for (ArgumentRecord& record : records) {
     if (const auto alias = FindAlias(record.alias_id)) {
@@ -174,6 +179,11 @@ void ProjectRows::ForEachFormulaName(const std::function<void(const std::string&
 void ProjectRows::ForEachAlias(const std::function<void(const AliasRecord&)>& visit) {
   all_aliases_.ForEachRow(
       {}, kAliasFields, [&](const RowBlock& rows, std::size_t row) { visit(AliasOf(rows, row)); });
+}
+void ProjectRows::ForEachArgument(const std::function<void(const ArgumentRecord&)>& visit) {
+  all_arguments_.ForEachRow({}, kArgumentFields, [&](const RowBlock& rows, std::size_t row) {
+    visit(ArgumentOf(rows, row));
+  });
 }
 
 Statistics ProjectRows::Count() {

@@ -43,6 +43,8 @@ class ProjectRows {
   std::optional<ArgumentRecord> FindArgument(std::int32_t id);
   bool HasArgument(std::int32_t formula_id, std::int32_t alias_id);
   std::vector<ArgumentRecord> ArgumentsOf(std::int32_t formula_id);
+  // Without name and item of the alias.
+  void ForEachArgument(const std::function<void(const ArgumentRecord&)>& visit);
 
   Statistics Count();
 
@@ -81,6 +83,7 @@ class ProjectRows {
   codegen::PreparedQuery argument_by_id_;
   codegen::PreparedQuery argument_of_alias_;
   codegen::PreparedQuery arguments_of_formula_;
+  codegen::PreparedQuery all_arguments_;
   // Stay open from one added row to the next.
   std::map<std::string, std::shared_ptr<platform::Recordset>, std::less<>> tables_;
   std::vector<RowChange> changes_;

@@ -54,13 +54,22 @@ void RequireColumns(Connection& connection, const TableDefinition& table) {
                                                                  {"<Column>", missing.front()}}));
 }
 
-void AddMissingIndexes(Connection& connection, const TableDefinition& table,
-                       std::vector<std::string>& added) {
+std::vector<Connection::IndexInfo> MissingIndexesOf(Connection& connection,
+                                                    const TableDefinition& table) {
   const auto present = connection.Indexes(table.name);
   const bool has_primary = std::ranges::any_of(present, [](const auto& e) { return e.primary; });
+  std::vector<Connection::IndexInfo> missing;
   for (const Connection::IndexInfo& index : table.indexes) {
     if (index.primary && has_primary) continue;
     if (Contains(present, index.name, [](const auto& e) { return e.name; })) continue;
+    missing.push_back(index);
+  }
+  return missing;
+}
+
+void AddMissingIndexes(Connection& connection, const TableDefinition& table,
+                       std::vector<std::string>& added) {
+  for (const Connection::IndexInfo& index : MissingIndexesOf(connection, table)) {
     connection.CreateIndex(table.name, index);
     added.push_back(table.name + "." + index.name);
   }
@@ -121,6 +130,16 @@ std::vector<std::string> MissingFromSchema(Connection& connection) {
     }
     for (const std::string& column : MissingColumns(connection, table)) {
       missing.push_back(table.name + "." + column);
+    }
+  }
+  return missing;
+}
+
+std::vector<std::string> MissingIndexes(Connection& connection) {
+  std::vector<std::string> missing;
+  for (const TableDefinition& table : ProjectSchema()) {
+    for (const Connection::IndexInfo& index : MissingIndexesOf(connection, table)) {
+      missing.push_back(table.name + "." + index.name);
     }
   }
   return missing;

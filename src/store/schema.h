@@ -22,6 +22,9 @@ const std::vector<TableDefinition>& ProjectSchema();
 // "Table", or "Table.Column", for what an operation cannot do without and the database lacks.
 std::vector<std::string> MissingFromSchema(platform::Connection& connection);
 
+// "Table.Index" for what nothing but speed and uniqueness rests on. The tables are there.
+std::vector<std::string> MissingIndexes(platform::Connection& connection);
+
 // What the user reads when something is missing; empty when all is there.
 messages::Message DescribeMissing(const std::vector<std::string>& missing);
 

@@ -26,7 +26,7 @@ Language ChooseLanguage(platform::SettingsService& settings) {
 }
 
 std::span<const Area> Areas() {
-  static const std::array<Area, 14> areas = {{
+  static const std::array<Area, 15> areas = {{
       {"shared", 10, 999, SharedRows()},
       {"store", 1000, 1099, StoreRows()},
       {"codegen", 1100, 1199, CodegenRows()},
@@ -36,6 +36,7 @@ std::span<const Area> Areas() {
       {"dialogs", 1600, 1699, DialogRows()},
       {"help", 1700, 1799, HelpRows()},
       {"engine", 1800, 1899, EngineRows()},
+      {"check", 3000, 3299, CheckRows()},
       {"messages of files", 2000, 2199, FileMessageRows()},
       {"messages of databases", 2200, 2599, DatabaseMessageRows()},
       {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},

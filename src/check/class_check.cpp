@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: MIT
+#include "check/class_check.h"
+
+#include <algorithm>
+
+#include "codegen/code_texts.h"
+#include "codegen/comment_text.h"
+#include "codegen/data_type.h"
+#include "codegen/identifier.h"
+#include "codegen/source_line.h"
+#include "platform/text.h"
+#include "store/project_rows.h"
+
+namespace check {
+
+using codegen::Difference;
+using messages::Message;
+using platform::FoldCase;
+using store::FormulaRecord;
+
+namespace {
+
+std::vector<std::string> NamesOf(const std::vector<const store::AliasRecord*>& aliases) {
+  std::vector<std::string> names;
+  names.reserve(aliases.size());
+  for (const store::AliasRecord* alias : aliases) names.push_back(alias->vb_alias);
+  return names;
+}
+
+}  // namespace
+
+ClassCheck::ClassCheck(std::string prog_id, std::vector<const FormulaRecord*> formulas,
+                       const Modules::Module& module, const vbcode::Program::Module& code,
+                       const Context& context)
+    : prog_id_(std::move(prog_id)),
+      formulas_(std::move(formulas)),
+      module_(module),
+      code_(code),
+      context_(context),
+      file_(module.component->FileName()),
+      lines_(codegen::SplitLines(code.lines->text())),
+      blocks_(lines_) {
+  for (const FormulaRecord* formula : formulas_) by_name_.emplace(FoldCase(formula->name), formula);
+}
+
+void ClassCheck::Run() {
+  wanted_.prog_id = prog_id_;
+  WantFormulas();
+  CheckTaken();
+  CheckOtherSubs();
+  CheckDeclarations();
+  codegen::Compare(module(), wanted_, context_.parts.code.templates,
+                   [this](const Difference& difference) { Visit(difference); });
+  for (const auto& formula : wanted_.formulas) CheckFormulaSub(*FormulaNamed(formula.name));
+  CheckTwice();
+  CheckSwitchedOff();
+}
+
+const FormulaRecord* ClassCheck::FormulaNamed(std::string_view name) const {
+  const auto found = by_name_.find(FoldCase(name));
+  return found == by_name_.end() ? nullptr : found->second;
+}
+
+// --- What the rows want ---
+
+void ClassCheck::WantFormulas() {
+  for (const FormulaRecord* formula : formulas_) {
+    const auto aliases = context_.rows.AliasesOf(*formula);
+    for (const Alias* alias : aliases) {
+      const auto [used, is_new] = used_.try_emplace(FoldCase(alias->vb_alias), Used{alias, {}});
+      if (!is_new) continue;
+      aliases_.push_back(alias);
+      used->second.declared = WantDeclaration(*alias);
+    }
+    if (FormulaNamed(formula->name) != formula) continue;
+    wanted_.formulas.push_back({formula->name, NamesOf(aliases)});
+  }
+}
+
+std::optional<std::size_t> ClassCheck::WantDeclaration(const Alias& alias) {
+  if (!codegen::IsDeclarable(alias.vb_alias)) return std::nullopt;
+  platform::OVItems* items = context_.parts.code.items;
+  const auto known = items ? items->VariantTypeOf(alias.item_id) : std::nullopt;
+  wanted_.declared.push_back(
+      {alias.vb_alias, alias.item_id,
+       known ? std::string(codegen::GetDataType(*known)) : std::string("Variant"), !known});
+  return wanted_.declared.size() - 1;
+}
+
+const ClassCheck::Used* ClassCheck::FindUsed(std::string_view name) const {
+  const auto found = used_.find(FoldCase(name));
+  return found == used_.end() ? nullptr : &found->second;
+}
+
+// --- Differences ---
+
+void ClassCheck::Visit(const Difference& difference) {
+  switch (difference.kind) {
+    case Difference::Kind::kLooseDeclaration:
+      return AddLoose(difference);
+    case Difference::Kind::kNoDeclaration:
+      return AddUndeclared(difference);
+    case Difference::Kind::kHeader:
+      return AddHeader(difference);
+    case Difference::Kind::kNoSub:               // see CheckFormulaSub
+    case Difference::Kind::kForeignDeclaration:  // an engineer's own
+    case Difference::Kind::kLeftDeclaration:
+      return;
+  }
+}
+
+Finding ClassCheck::AtLine(const Rule& rule, std::int32_t line, const Alias& alias) const {
+  const auto old = old_.find(FoldCase(alias.vb_alias));
+  const Used* used = FindUsed(alias.vb_alias);
+  const std::string comment =
+      old == old_.end()
+          ? ""
+          : old->second.comment.substr(std::min<std::size_t>(1, old->second.comment.size()));
+  Finding finding(rule, Line(file_, line),
+                  {{"<Name>", alias.vb_alias},
+                   {"<Class>", prog_id_},
+                   {"<Item>", alias.item_id},
+                   {"<Type>", used && used->declared ? wanted_.declared[*used->declared].type : ""},
+                   {"<OldType>", old == old_.end() ? "" : old->second.type},
+                   {"<OldItem>", comment}});
+  finding.subject.prog_id = prog_id_;
+  finding.subject.alias = alias.vb_alias;
+  finding.subject.alias_id = alias.id;
+  finding.subject.item = alias.item_id;
+  finding.subject.old_item = comment;
+  return finding;
+}
+
+void ClassCheck::AddUndeclared(const Difference& difference) {
+  for (const std::string& name : difference.names) {
+    if (types_.contains(FoldCase(name))) continue;  // see CheckTaken
+    context_.findings.Add(AtLine(rule::kNoDeclaration, difference.line, *FindUsed(name)->alias));
+  }
+}
+
+// The names stand from the bottom up.
+void ClassCheck::AddLoose(const Difference& difference) {
+  std::int32_t line = difference.line + static_cast<std::int32_t>(difference.names.size());
+  for (const std::string& name : difference.names) {
+    --line;
+    const Used* used = FindUsed(name);
+    if (!used) {
+      context_.findings.Add(AtLine(rule::kLooseDeclaration, line, {{"", name}, 0}));
+      continue;
+    }
+    const Alias& alias = *used->alias;
+    const bool same_item = codegen::ShowsText(old_.at(FoldCase(name)).comment, alias.item_id);
+    context_.findings.Add(AtLine(same_item ? rule::kOtherType : rule::kOtherItem, line, alias));
+  }
+}
+
+void ClassCheck::AddHeader(const Difference& difference) {
+  const std::string& name = difference.names.front();
+  const FormulaRecord& formula = *FormulaNamed(name);
+  const auto header = codegen::FindGeneratedHeader(difference.now, context_.parts.code.templates);
+  const auto aliases = NamesOf(context_.rows.AliasesOf(formula));
+  if (header && codegen::IsHeaderOf(*header, name, aliases, context_.parts.code.templates)) return;
+  const std::int32_t line = difference.line + static_cast<std::int32_t>(difference.now.size());
+  AddOfSub(header ? rule::kOtherHeader : rule::kNoHeader, line, formula);
+}
+
+// --- Procedures ---
+
+void ClassCheck::AddOfSub(const Rule& rule, std::int32_t line, const FormulaRecord& formula) {
+  Finding finding(rule,
+                  line > 0 ? Line(file_, line) : Row(store::kFormulasTable, formula.id, "Name"),
+                  {{"<Name>", formula.name}, {"<Class>", prog_id_}});
+  finding.subject.prog_id = prog_id_;
+  finding.subject.formula = formula.name;
+  finding.subject.formula_id = formula.id;
+  finding.repairable = rule.repairable && !codegen::CheckIdentifier(formula.name);
+  context_.findings.Add(std::move(finding));
+}
+
+void ClassCheck::CheckFormulaSub(const FormulaRecord& formula) {
+  if (const auto sub = codegen::FindSub(module(), formula.name)) return CheckSub(formula, *sub);
+  const auto member = module().FindMember(formula.name);
+  if (!member) return AddOfSub(rule::kNoSub, 0, formula);
+  AddOfSub(rule::kNotPublicSub, member->code_location, formula);
+}
+
+void ClassCheck::CheckSub(const FormulaRecord& formula, const codegen::SubLocation& sub) {
+  switch (codegen::WhyNoFormula(module(), sub, blocks_)) {
+    case codegen::kTextHasParameters:
+      return AddOfSub(rule::kParameters, sub.body_line, formula);
+    case codegen::kTextNotPublic:
+      return AddOfSub(rule::kNotPublicSub, sub.body_line, formula);
+    case codegen::kTextInConditionalBlock:
+      return AddOfSub(rule::kConditionalSub, sub.body_line, formula);
+    default:
+      return;
+  }
+}
+
+// Those with a generated header that belong to no formula.
+void ClassCheck::CheckOtherSubs() {
+  for (const vbcode::Procedure& procedure : code_.code.procedures) {
+    const vbcode::Declaration& declaration =
+        code_.code.declarations[vbcode::Index(procedure.declaration)];
+    if (declaration.kind != vbcode::DeclarationKind::kSub) continue;
+    const std::string_view line = code_.lines->Line(declaration.place.line);
+    const std::string name(line.substr(declaration.place.column, declaration.place.length));
+    if (FormulaNamed(name)) continue;
+    if (const auto sub = codegen::FindSub(module(), name)) CheckOtherSub(*sub);
+  }
+}
+
+void ClassCheck::CheckOtherSub(const codegen::SubLocation& sub) {
+  const auto header = codegen::FindGeneratedHeader(codegen::FindHeaderRegion(module(), sub).lines,
+                                                   context_.parts.code.templates);
+  if (!header) return;
+  for (const std::string& alias : header->aliases) listed_.insert(FoldCase(alias));
+  Finding finding(rule::kNoFormulaOfSub, Line(file_, sub.body_line),
+                  {{"<Name>", sub.name}, {"<Class>", prog_id_}});
+  finding.subject.prog_id = prog_id_;
+  finding.subject.formula = sub.name;
+  finding.subject.aliases = header->aliases;
+  finding.repairable = module_.can_hold_formulas && !codegen::CheckIdentifier(sub.name) &&
+                       codegen::WhyNoFormula(module(), sub, blocks_) == 0;
+  context_.findings.Add(std::move(finding));
+}
+
+void ClassCheck::CheckSwitchedOff() {
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    const std::string_view line = lines_[i];
+    if (!line.starts_with('\'') || line.find("Sub") == std::string_view::npos) continue;
+    const auto sub = codegen::ParseSub({std::string(line.substr(1))});
+    const FormulaRecord* formula = sub ? FormulaNamed(sub->name) : nullptr;
+    if (!formula || !codegen::FindSub(module(), formula->name)) continue;
+    AddOfSub(rule::kSwitchedOffCopy, static_cast<std::int32_t>(i) + 1, *formula);
+  }
+}
+
+}  // namespace check

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "store/formula_records.h"
+#include "store/operations.h"
+
+namespace check {
+
+// All rows of a project, each read once.
+class Rows {
+ public:
+  // Raises platform::Error when the database fails.
+  explicit Rows(store::Operations& operations);
+
+  const std::vector<store::FormulaRecord>& formulas() const { return formulas_; }  // by ID
+  const std::vector<store::AliasRecord>& aliases() const { return aliases_; }      // by ID
+  // By formula, alias and ID; name and item of the alias are not filled in.
+  const std::vector<store::ArgumentRecord>& arguments() const { return arguments_; }
+
+  // Null when there is none.
+  const store::FormulaRecord* FindFormula(std::int32_t id) const;
+  const store::AliasRecord* FindAlias(std::int32_t id) const;
+  // Letter case does not count; of several the first.
+  const store::AliasRecord* FindAlias(std::string_view name) const;
+  std::span<const store::ArgumentRecord> ArgumentsOf(std::int32_t formula_id) const;
+  // The aliases of a formula's arguments, each once, in the order of their IDs.
+  std::vector<const store::AliasRecord*> AliasesOf(const store::FormulaRecord& formula) const;
+  // Whether an alias stands for the item.
+  bool IsItem(std::string_view item) const { return items_.contains(item); }
+  // REQUIRES: IsItem(item).
+  const store::AliasRecord& FirstOfItem(std::string_view item) const {
+    return aliases_[items_.at(item)];
+  }
+
+ private:
+  std::vector<store::FormulaRecord> formulas_;
+  std::vector<store::AliasRecord> aliases_;
+  std::vector<store::ArgumentRecord> arguments_;
+  std::unordered_map<std::string, std::uint32_t> names_;       // folded; indexes of aliases
+  std::unordered_map<std::string_view, std::uint32_t> items_;  // the first alias of each
+};
+
+}  // namespace check

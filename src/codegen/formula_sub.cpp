@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/formula_sub.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "codegen/code_texts.h"
+#include "codegen/declaration.h"
+#include "codegen/source_line.h"
+#include "platform/text.h"
+
+namespace codegen {
+
+ConditionalBlocks::ConditionalBlocks(const std::vector<std::string>& lines) {
+  int depth = 0;
+  bool continues = false;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::string& line = lines[i];
+    if (!continues && IsDirective(line)) {
+      const std::string word = platform::FoldCase(TrimBlanks(TrimBlanks(line).substr(1)));
+      const int change = word.starts_with("if") ? 1 : word.starts_with("end") ? -1 : 0;
+      depth += change;
+      if (change != 0) depths_.emplace_back(static_cast<std::int32_t>(i) + 1, depth);
+    }
+    continues = IsContinued(line);
+  }
+}
+
+bool ConditionalBlocks::Hold(std::int32_t line) const {
+  const auto behind =
+      std::ranges::lower_bound(depths_, line, {}, &std::pair<std::int32_t, int>::first);
+  return behind != depths_.begin() && std::prev(behind)->second > 0;
+}
+
+std::int32_t WhyNoFormula(platform::CodeModule& module, const SubLocation& sub,
+                          const ConditionalBlocks& blocks) {
+  const std::optional<SubDeclaration> declaration = ParseSub(DeclarationLines(module, sub));
+  if (!declaration || !declaration->parameters.empty()) return kTextHasParameters;
+  if (!declaration->is_public) return kTextNotPublic;
+  return blocks.Hold(sub.body_line) ? kTextInConditionalBlock : 0;
+}
+
+std::int32_t KindText(platform::CodeModule& module, const platform::Member& member) {
+  switch (member.type) {
+    case platform::MemberType::kProperty:
+      return kTextProperty;
+    case platform::MemberType::kVariable:
+      return kTextVariable;
+    case platform::MemberType::kEvent:
+      return kTextEvent;
+    case platform::MemberType::kConst:
+      return kTextConstant;
+    case platform::MemberType::kMethod:
+      break;
+  }
+  if (FindSub(module, member.name)) return kTextSub;
+  const bool is_declared = member.code_location <= module.CountOfDeclarationLines();
+  return is_declared ? kTextExternalProcedure : kTextFunction;
+}
+
+}  // namespace codegen

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// What is found: each fault by its code and place, and nothing in a project that is in step.
+#include <gtest/gtest.h>
+
+#include "tests/check/faults.h"
+
+namespace check {
+namespace {
+
+TEST(Find, IsSilentWhereAllIsInStep) {
+  CheckedProject project;
+  EXPECT_EQ(Describe(project.Find()), "");
+  // What the development environment makes of the lines, and what engineers write around them.
+  project.Exchange("CTank", "Public Level as Double 'Tank.Level",
+                   "Public level  As Double   'Tank.Level");
+  project.Exchange("CTank", "'\tLevel", "'    Level");
+  project.Exchange(
+      "CTank", "' mine",
+      "Public Sub Mine(ByVal x As Long)\r\nEnd Sub\r\nPrivate mLog As Long ' Tank.Flow");
+  project.Append("CTank", "'Public Sub Old()\r\n'End Sub\r\n");
+  EXPECT_EQ(Describe(project.Find()), "");
+}
+
+TEST(Find, TakesHeadersInEitherLanguageAndAnyOrder) {
+  CheckedProject project;
+  project.Exchange("CPump",
+                   "'OrvanaStudio Formula 'Fill'\r\n'Arguments:\r\n'\tLevel\r\n'\tPump\r\n",
+                   "'OrvanaStudio Formel \"Fill\"\r\n'Argumente:\r\n'\tPump\r\n'\tLevel\r\n");
+  EXPECT_EQ(Describe(project.Find()), "");
+}
+
+class FaultTest : public testing::TestWithParam<Fault> {};
+
+TEST_P(FaultTest, IsFoundAtItsPlace) {
+  CheckedProject project;
+  GetParam().make(project);
+  const auto before = project.project().system.Snapshot();
+  EXPECT_EQ(Describe(project.Find()), GetParam().findings);
+  EXPECT_EQ(project.project().system.Snapshot(), before) << "something was changed";
+}
+
+INSTANTIATE_TEST_SUITE_P(Projects, FaultTest, testing::ValuesIn(Faults()),
+                         [](const auto& param) { return std::string(param.param.name); });
+
+TEST(Find, LeavesOutWhatNobodyWantsToKnow) {
+  CheckedProject project;
+  project.Exchange("CTank", "as Double", "As Long");
+  project.Append("CTank", "'Public Sub Drain()\r\n'End Sub\r\n");
+  EXPECT_EQ(Describe(project.Find()), "DCL003 CTank.cls:1\nSUB007 CTank.cls:12\n");
+  EXPECT_EQ(Describe(project.Find({Severity::kWarning, {}, {}})), "DCL003 CTank.cls:1\n");
+  EXPECT_EQ(Describe(project.Find({Severity::kHint, {&rule::kOtherType}, {}})),
+            "SUB007 CTank.cls:12\n");
+  // In the code: above the line or behind it.
+  project.Exchange("CTank", "Public Level", "'check: ignore DCL003, SUB001\r\nPublic Level");
+  EXPECT_EQ(Describe(project.Find()), "SUB007 CTank.cls:13\n");
+  project.Exchange("CTank", "'Public Sub Drain()", "'Public Sub Drain() 'check: ignore SUB007");
+  EXPECT_EQ(Describe(project.Find()), "");
+  project.Exchange("CTank", "SUB007", "SUB006");
+  EXPECT_EQ(Describe(project.Find()), "SUB007 CTank.cls:13\n");
+}
+
+TEST(Rules, HaveCodesOfTheirOwnAndTextsInBothLanguages) {
+  std::set<std::string_view> codes;
+  for (const Rule* rule : Rules()) {
+    EXPECT_EQ(rule->code.size(), 6u) << rule->code;
+    EXPECT_TRUE(codes.insert(rule->code).second) << rule->code;
+    EXPECT_EQ(FindRule(rule->code), rule);
+    for (const auto language : {texts::Language::kGerman, texts::Language::kEnglish}) {
+      const texts::TextTable table(language);
+      for (const std::int32_t number : {rule->text, rule->text + 1}) {
+        EXPECT_EQ(table.Text(number).find("not found"), std::string::npos) << number;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace check
