@@ -25,8 +25,7 @@ class Check {
     const std::int32_t procedure = program_.FindProcedure(formula.module, formula.procedure);
     if (procedure == kNone) return;
     const Effects effects = effects_.Find(formula.module, procedure);
-    std::unordered_map<NameId, Used> used;
-    for (const Touched& touched : effects.touched) Note(formula.module, touched, used);
+    const auto used = OwnVariables(program_, formula.module, effects);
     std::unordered_map<NameId, bool> is_argument;
     for (const FormulaCode::Argument& argument : formula.arguments) {
       const NameId name = program_.names().Find(argument.alias);
@@ -68,30 +67,6 @@ class Check {
   std::vector<BodyFinding> Take() { return std::move(findings_); }
 
  private:
-  struct Used {
-    Effect effect = 0;
-    bool is_sure = false;  // the variable of the formula's own class, or a name nobody declares
-    Use first;
-  };
-
-  void Note(std::int32_t module, const Touched& touched,
-            std::unordered_map<NameId, Used>& used) const {
-    bool own = touched.first.module == module && touched.first.binding == Binding::kUndeclared;
-    if (touched.declaration != kNone) {
-      if (program_.PlaceOf(touched.declaration).module != module) return;
-      // A procedure or constant of an alias's name is the engineer's own.
-      if (program_.declaration(touched.declaration).kind != DeclarationKind::kVariable) return;
-      own = touched.first.binding == Binding::kMember;
-    }
-    own = own && !touched.other_object;
-    Used& entry = used[touched.name];
-    entry.effect |= own ? touched.effect & ~kCalls : kUndecided;
-    if (own && !entry.is_sure) {
-      entry.is_sure = true;
-      entry.first = touched.first;
-    }
-  }
-
   Use Declared(std::int32_t module, std::int32_t procedure) const {
     const ModuleCode& code = program_.module(module).code;
     const Declaration& declaration =

@@ -232,4 +232,26 @@ Effects EffectFinder::Find(std::int32_t module, std::int32_t procedure) const {
   return EffectWalk(*this).Run(module, procedure);
 }
 
+std::unordered_map<NameId, OwnVariable> OwnVariables(const Program& program, std::int32_t module,
+                                                     const Effects& effects) {
+  std::unordered_map<NameId, OwnVariable> variables;
+  for (const Touched& touched : effects.touched) {
+    bool own = touched.first.module == module && touched.first.binding == Binding::kUndeclared;
+    if (touched.declaration != kNone) {
+      if (program.PlaceOf(touched.declaration).module != module) continue;
+      // A procedure or constant of that name is no variable.
+      if (program.declaration(touched.declaration).kind != DeclarationKind::kVariable) continue;
+      own = touched.first.binding == Binding::kMember;
+    }
+    own = own && !touched.other_object;
+    OwnVariable& variable = variables[touched.name];
+    variable.effect |= own ? touched.effect & ~kCalls : kUndecided;
+    if (own && !variable.is_sure) {
+      variable.is_sure = true;
+      variable.first = touched.first;
+    }
+  }
+  return variables;
+}
+
 }  // namespace vbcode

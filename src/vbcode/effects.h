@@ -27,6 +27,16 @@ struct Effects {
   bool open = false;
 };
 
+// What is done with a variable of a module's own, or with a name that nobody declares there.
+struct OwnVariable {
+  Effect effect = 0;     // kReads, kWrites, kUndecided
+  bool is_sure = false;  // false: only something that may be it
+  Use first;             // for sure, first of all
+};
+// Of the effects, by name, those on variables of the module that the procedure belongs to.
+std::unordered_map<NameId, OwnVariable> OwnVariables(const Program& program, std::int32_t module,
+                                                     const Effects& effects);
+
 // Looks for the effects of one procedure after the other. The program must outlive it, unchanged.
 class EffectFinder {
  public:

@@ -38,8 +38,10 @@ UseKind KindOf(Effect effect) {
 
 }  // namespace
 
-Program::Program(std::vector<ModuleSource> modules) {
-  modules_.reserve(modules.size());
+Program::Program(std::vector<ModuleSource> modules) { Add(std::move(modules)); }
+
+void Program::Add(std::vector<ModuleSource> modules) {
+  modules_.reserve(modules_.size() + modules.size());
   for (ModuleSource& source : modules) {
     Module module;
     std::string text = std::move(source.text);

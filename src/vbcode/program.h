@@ -76,6 +76,8 @@ class Program {
 
   explicit Program(std::vector<ModuleSource> modules);
 
+  // More modules, numbered behind those that are there. Everything is put together again.
+  void Add(std::vector<ModuleSource> modules);
   // The module's text is another. Everything is put together again.
   void Replace(std::int32_t module, std::string text);
 
