@@ -9,10 +9,12 @@
 
 namespace codegen {
 
-std::string Place::File() const {
-  const std::string path = component->FileName();
+std::string FileNameOf(const platform::VBComponent& component) {
+  const std::string path = component.FileName();
   return path.substr(path.find_last_of("/\\") + 1);
 }
+
+std::string Place::File() const { return FileNameOf(*component); }
 
 Place Locate(const CodeContext& context, std::string_view prog_id) {
   Place place{std::string(prog_id), nullptr};

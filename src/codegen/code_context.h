@@ -31,9 +31,11 @@ struct Place {
   platform::CodeModule* module = nullptr;
 
   explicit operator bool() const { return module != nullptr; }
-  // Name of the component's file without its folder, for messages.
-  std::string File() const;
+  std::string File() const;  // FileNameOf its component
 };
+
+// Name of the component's file without its folder, for messages.
+std::string FileNameOf(const platform::VBComponent& component);
 
 // The class of that ProgID. Raises platform::Error when it is there and cannot be read.
 Place Locate(const CodeContext& context, std::string_view prog_id);

@@ -64,6 +64,10 @@ std::vector<std::string> CodeSync::ArgumentsOf(std::string_view prog_id,
 }
 
 void CodeSync::Follow(const Touched& touched) {
+  for (const Touched::Replacement& replacement : touched.replacements) {
+    FollowReplacement(replacement);
+  }
+  for (const Touched::Uses& uses : touched.uses) FollowUses(uses);
   for (const Touched::Formula& formula : touched.formulas) FollowFormula(formula);
   for (const Touched::Argument& argument : touched.arguments) FollowArgument(argument);
   for (const Touched::Alias& alias : touched.aliases) FollowAlias(alias);
@@ -200,6 +204,7 @@ void CodeSync::Finish() {
   const auto twins = std::ranges::unique(kept_types);
   kept_types.erase(twins.begin(), twins.end());
   if (!kept_types.empty()) report_.Warn(kTextTypeKept, {{"<Names>", NamesInShort(kept_types)}});
+  WarnOfLeftUses();
 }
 
 // --- Warnings ---

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Brings code into step with rows: code_sync.cpp classes, their declarations and headers,
-// sub_sync.cpp single subs.
+// sub_sync.cpp single subs, uses_sync.cpp what stands in procedures.
 #pragma once
 
 #include <cstdint>
 #include <initializer_list>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,6 +17,7 @@
 
 #include "codegen/class_differences.h"
 #include "codegen/code_context.h"
+#include "codegen/project_code.h"
 #include "codegen/report.h"
 #include "codegen/sub_lines.h"
 #include "codegen/touched.h"
@@ -59,6 +61,10 @@ class CodeSync {
   // One argument of the formula `leaving_id` does not count although its row is still there.
   void FollowArgument(const Touched::Argument& argument, std::int32_t leaving_id = 0);
   void FollowAlias(const Touched::Alias& alias);
+  // Refuses what would not mean the same afterwards; warns of places that may use the name.
+  void FollowUses(const Touched::Uses& uses);
+  // Refuses when a line is another one since.
+  void FollowReplacement(const Touched::Replacement& replacement);
   void RegisterClass(std::string_view prog_id);
   // Takes the class from the component list when no formula of it is left.
   void UnregisterClass(std::string_view prog_id);
@@ -73,6 +79,15 @@ class CodeSync {
     std::unordered_set<std::string> formulas;  // names of the wanted ones, case folded
     // Warnings that name a sub and its line.
     std::vector<std::pair<std::int32_t, std::string>> sub_warnings;
+  };
+
+  // A place that may use a name and was left as it was.
+  struct LeftUse {
+    std::string prog_id;
+    std::string procedure;
+    platform::ProcKind kind = platform::ProcKind::kProc;
+    std::int32_t line = 0;  // behind the first of the procedure, or of the module
+    std::string name;
   };
 
   // Locate, with a warning when there is no such class.
@@ -107,6 +122,9 @@ class CodeSync {
   bool KeepsDirectives(const Place& place, const SubLocation& sub,
                        const std::vector<std::string>& lines);
 
+  void KeepLeftUses(const ProjectCode& code, std::span<const vbcode::Use> left,
+                    const Touched::Uses& uses);
+  void WarnOfLeftUses();
   void WarnNoSub(std::string_view prog_id, std::string_view name);
   void WarnAt(const Place& place, std::int32_t text, std::int32_t line, std::string_view name);
   // Warn when the module nears the limits of Visual Basic.
@@ -118,6 +136,7 @@ class CodeSync {
   std::map<std::string, ClassWork> classes_;  // by ProgID without case
   // Of the classes asked about, by ProgID without case. No operation changes them.
   std::map<std::string, std::unordered_set<std::string>> type_names_;
+  std::vector<LeftUse> left_uses_;
   struct ComponentChange {
     bool add = false;
     std::string prog_id;

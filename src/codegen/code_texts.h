@@ -26,7 +26,15 @@ inline constexpr std::int32_t kTextTypeKept = 1113;
 inline constexpr std::int32_t kTextAdopted = 1117;
 inline constexpr std::int32_t kTextParametersStay = 1118;
 
+inline constexpr std::int32_t kTextUseLeft = 3600;
+inline constexpr std::int32_t kTextMoreLeft = 3601;
+inline constexpr std::int32_t kTextNotSearched = 3602;
+
 // Refusals.
+inline constexpr std::int32_t kTextOneLine = 3603;
+inline constexpr std::int32_t kTextCodeChanged = 3604;
+// Why uses cannot follow a name; those of the other vbcode::RenameProblem follow.
+inline constexpr std::int32_t kTextFirstRenameProblem = 3605;
 inline constexpr std::int32_t kTextNameTaken = 1105;
 inline constexpr std::int32_t kTextHasParameters = 1114;
 inline constexpr std::int32_t kTextNotPublic = 1115;

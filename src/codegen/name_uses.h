@@ -15,9 +15,8 @@ struct NameUse {
   friend bool operator==(const NameUse&, const NameUse&) = default;
 };
 
-// The lines of a module that use one of the names as a variable: outside comments and string
-// literals, and not as a member of something else ("Pump.Level"; "Me.Level" counts). One entry for
-// a line and name.
+// The lines of a module that use one of the names for something that is no local name: one entry
+// for a line and name, in the order of names and lines. Declarations are no uses.
 std::vector<NameUse> FindNameUses(platform::CodeModule& module,
                                   const std::vector<std::string>& names);
 

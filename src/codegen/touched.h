@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "codegen/code_places.h"
+
 namespace codegen {
 
 struct FormulaName {
@@ -40,6 +42,24 @@ struct Touched {
     std::string name;
   };
 
+  // A name whose uses in procedures follow, before anything else of the code does.
+  struct Uses {
+    std::vector<std::string> prog_ids;  // classes that declare it
+    std::string old_name;
+    std::string name;
+    std::string procedure = {};  // of the first class, where alone it follows; empty: everywhere
+    bool in_comments = false;    // also as a word in comments of the classes
+    bool in_literals = false;    // the same in their literals
+  };
+
+  // Another text at places of the code, which are sorted.
+  struct Replacement {
+    std::vector<CodePlace> places;
+    std::string text;
+  };
+
+  std::vector<Replacement> replacements;
+  std::vector<Uses> uses;
   std::vector<Formula> formulas;
   std::vector<Argument> arguments;
   std::vector<Alias> aliases;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <unordered_set>
+#include <string>
+#include <vector>
 
 #include "codegen/code_texts.h"
 #include "codegen/identifier.h"
@@ -74,7 +75,7 @@ OperationResult Operations::AddAliases(std::span<const AliasValues> values,
 }
 
 OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values,
-                                      const OperationOptions& options) {
+                                      const RenameOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     const AliasRecord old = RequireAlias(id);
     result.ids.push_back(id);
@@ -94,16 +95,15 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
     }
     const std::vector<FormulaRecord> uses = rows().UsesOfAlias(id);
     if (!uses.empty()) context_->RequireProjects();
+    const std::vector<std::string> classes = ClassesOf(uses);
     if (renamed && !platform::EqualsIgnoringCase(values.vb_alias, old.vb_alias)) {
-      std::unordered_set<std::string> classes;
-      for (const FormulaRecord& use : uses) {
-        if (classes.insert(use.prog_id).second) RequireDeclarable(use.prog_id, values.vb_alias);
-      }
+      for (const std::string& prog_id : classes) RequireDeclarable(prog_id, values.vb_alias);
     }
     context_->SetTitle({title::kEditAlias, {{"<Name>", old.vb_alias}}});
     rows().Change(kAliasTable, id, fields);
-    if (!uses.empty())
-      context_->touched().aliases.push_back({id, old.vb_alias, old.item_id, values.vb_alias});
+    if (uses.empty()) return;
+    if (renamed) TouchUses(options, classes, old.vb_alias, values.vb_alias);
+    context_->touched().aliases.push_back({id, old.vb_alias, old.item_id, values.vb_alias});
   });
 }
 

@@ -75,7 +75,7 @@ OperationResult Operations::AddArguments(std::int32_t formula_id,
 }
 
 OperationResult Operations::EditArgument(std::int32_t argument_id, const ArgumentValues& values,
-                                         const OperationOptions& options) {
+                                         const RenameOptions& options) {
   return context_->Run(options, kTextArgumentNotStored, [&](OperationResult& result) {
     const ArgumentRecord old = RequireArgument(argument_id);
     const FormulaRecord formula = RequireFormula(old.parent_id);
@@ -99,6 +99,9 @@ OperationResult Operations::EditArgument(std::int32_t argument_id, const Argumen
         {title::kEditArgument, {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}}});
     rows().Change(kArgumentsTable, argument_id, fields);
     if (!exchanged) return;
+    if (!old.vb_alias.empty()) {
+      TouchUses(options, {formula.prog_id}, old.vb_alias, alias.vb_alias, formula.name);
+    }
     Touch(NameOf(formula), old, false);
     Touch(NameOf(formula), ArgumentOf(alias), true);
   });

@@ -109,6 +109,7 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
 
     if (!fields.empty()) rows().Change(kFormulasTable, id, fields);
     if (!renamed && !moved) return;
+    if (renamed) TouchUses(options, {old.prog_id}, old.name, values.name);
     context_->touched().formulas.push_back({{{old.prog_id, old.name}},
                                             {{moved ? values.prog_id : old.prog_id, values.name}},
                                             options.with_code});

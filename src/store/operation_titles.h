@@ -24,5 +24,6 @@ inline constexpr messages::Pattern kEditArgument{3315};
 inline constexpr messages::Pattern kExchangeArgument{3316};
 inline constexpr messages::Pattern kDeleteArgument{3317};
 inline constexpr messages::Pattern kDeleteArguments{3318};
+inline constexpr messages::Pattern kReplaceInCode{3612};
 
 }  // namespace store::title

@@ -9,8 +9,10 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "codegen/code_places.h"
 #include "codegen/touched.h"
 #include "messages/message.h"
 #include "platform/ado.h"
@@ -18,6 +20,7 @@
 #include "platform/vbide.h"
 #include "store/formula_records.h"
 #include "store/operation_result.h"
+#include "vbcode/text_search.h"
 
 namespace codegen {
 class CVBFormulaCode;
@@ -31,7 +34,21 @@ namespace store {
 class OperationContext;
 class ProjectRows;
 
-struct EditFormulaOptions : OperationOptions {
+// Of an operation that gives something another name in the code.
+struct RenameOptions : OperationOptions {
+  RenameOptions(OperationOptions options = {}) : OperationOptions(std::move(options)) {}
+
+  // The uses of the name in procedures change along. Refused, with the line, where the new name
+  // would mean something else; a place that may mean the name is left, with a warning. Without it
+  // the uses stay, with a warning each.
+  bool with_uses = false;
+  bool in_comments = false;  // with uses: also as a word in comments of the classes
+  bool in_literals = false;  // the same in their literals
+};
+
+struct EditFormulaOptions : RenameOptions {
+  using RenameOptions::RenameOptions;
+
   // A move takes the old procedure's text along; otherwise the new procedure is empty and a
   // warning says where the old code stands.
   bool with_code = false;
@@ -88,8 +105,9 @@ class Operations {
   // --- Arguments ---
   OperationResult AddArguments(std::int32_t formula_id, std::span<const ArgumentValues> values,
                                const OperationOptions& options = {});
+  // Another alias is a new name in the formula's own procedure.
   OperationResult EditArgument(std::int32_t argument_id, const ArgumentValues& values,
-                               const OperationOptions& options = {});
+                               const RenameOptions& options = {});
   OperationResult DeleteArguments(std::span<const std::int32_t> argument_ids,
                                   const OperationOptions& options = {});
 
@@ -99,13 +117,27 @@ class Operations {
   OperationResult AddAliases(std::span<const AliasValues> values,
                              const OperationOptions& options = {});
   OperationResult EditAlias(std::int32_t id, const AliasValues& values,
-                            const OperationOptions& options = {});
+                            const RenameOptions& options = {});
   // Refused as a whole when one of them is in use; a caller that wants the others deleted all
   // the same leaves out those that AliasInUse names.
   OperationResult DeleteAliases(std::span<const std::int32_t> ids,
                                 const OperationOptions& options = {});
   // The formulas that have the alias as argument.
   std::vector<FormulaRecord> UsesOfAlias(std::int32_t alias_id);
+
+  // --- Code: nothing without open projects; raise platform::Error also when a class concerned
+  // cannot be read ---
+  // Where procedures use the alias, and where they call the formula.
+  codegen::FoundPlaces CodeUsesOfAlias(std::int32_t id);
+  codegen::FoundPlaces CodeUsesOfFormula(std::int32_t id);
+  // Where the argument's own formula uses its alias.
+  codegen::FoundPlaces CodeUsesOfArgument(std::int32_t id);
+  // Where the text stands in all code.
+  codegen::FoundPlaces FindInCode(std::string_view text, const vbcode::SearchOptions& options);
+  // Puts another text at places that were found, in their order. Refused when one of their lines
+  // was changed since.
+  OperationResult ReplaceInCode(std::span<const codegen::CodePlace> places, std::string_view text,
+                                const OperationOptions& options = {});
 
   // What is wrong with a name that is being typed; nothing when it can be stored. The message is
   // what the operation would answer.
@@ -145,6 +177,9 @@ class Operations {
   // Raises platform::Error when the class cannot be read.
   bool IsFormulaClass(std::string_view prog_id);
 
+  // Lets the uses of a name in these classes, or in one procedure, follow when that was asked for.
+  void TouchUses(const RenameOptions& options, std::vector<std::string> prog_ids,
+                 std::string_view old_name, std::string_view name, std::string_view procedure = {});
   // Warns of a name that is stored although Visual Basic may not take it.
   void WarnOfAlias(std::string_view name);
   // The alias of an argument that a class's formula gained or lost; without the formula's name when

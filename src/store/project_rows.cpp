@@ -2,6 +2,10 @@
 #include "store/project_rows.h"
 
 #include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "platform/text.h"
 
 namespace store {
 namespace {
@@ -80,6 +84,15 @@ class PendingEdit {
 };
 
 }  // namespace
+
+std::vector<std::string> ClassesOf(const std::vector<FormulaRecord>& formulas) {
+  std::vector<std::string> classes;
+  std::unordered_set<std::string> seen;
+  for (const FormulaRecord& formula : formulas) {
+    if (seen.insert(platform::FoldCase(formula.prog_id)).second) classes.push_back(formula.prog_id);
+  }
+  return classes;
+}
 
 ProjectRows::ProjectRows(std::shared_ptr<platform::Connection> connection)
     : connection_(std::move(connection)),

@@ -24,6 +24,9 @@ inline constexpr std::string_view kFormulasTable = "TvbfFormulas";
 inline constexpr std::string_view kAliasTable = "TvbfAlias";
 inline constexpr std::string_view kArgumentsTable = "TvbfParams";
 
+// The classes of the formulas, each once.
+std::vector<std::string> ClassesOf(const std::vector<FormulaRecord>& formulas);
+
 // Everything raises platform::Error when the database fails.
 class ProjectRows {
  public:

@@ -26,7 +26,7 @@ Language ChooseLanguage(platform::SettingsService& settings) {
 }
 
 std::span<const Area> Areas() {
-  static const std::array<Area, 15> areas = {{
+  static const auto kAreas = std::to_array<Area>({
       {"shared", 10, 999, SharedRows()},
       {"store", 1000, 1099, StoreRows()},
       {"codegen", 1100, 1199, CodegenRows()},
@@ -42,8 +42,9 @@ std::span<const Area> Areas() {
       {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},
       {"messages of sources", 2800, 2899, SourceMessageRows()},
       {"history", 3300, 3399, HistoryRows()},
-  }};
-  return areas;
+      {"code", 3600, 3799, CodeRows()},
+  });
+  return kAreas;
 }
 
 TextTable::TextTable(Language language) : language_(language) {

@@ -191,13 +191,14 @@ TEST(DeclarationTest, KnowsTheNamesOfTypes) {
             (std::unordered_set<std::string>{"e", "a", "b c", "f"}));
 }
 
-TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {
+TEST(NameUsesTest, FindsLinesThatUseANameOfNobody) {
   files::MemoryFileSystem system;
   system.Put("/p/P.vbp", "Type=OleDll\r\nModule=MCode; MCode.bas\r\nName=\"P\"\r\n");
   system.Put("/p/MCode.bas",
              "Attribute VB_Name = \"MCode\"\r\n"
-             "Public Limit As Long 'Level\r\n"
-             "Sub A(): x = LEVEL + level: End Sub\r\n"
+             "Sub A(): x = LEVEL + level: y = Limit: End Sub\r\n"
+             "Sub B(Level): x = Level: End Sub\r\n"
+             "Sub C()\r\n"
              "  s = \"Level\" & \"a\"\"Level\"\r\n"
              "  ' Note _\r\n"
              "  Level = 1\r\n"
@@ -211,11 +212,12 @@ TEST(NameUsesTest, FindsVariablesOutsideCommentsAndStrings) {
   environment.Open("/p/P.vbp");
   platform::CodeModule& module = *environment.FindProject("P")->FindComponent("MCode")->Module();
   const std::vector<NameUse> uses = {
-      {1, "Limit"}, {2, "Level"}, {7, "Level"}, {9, "Level"}, {11, "Limit"}};
+      {1, "Level"}, {8, "Level"}, {10, "Level"}, {1, "Limit"}, {12, "Limit"}};
   std::vector<std::string> names = {"Level", "Limit"};
-  EXPECT_EQ(FindNameUses(module, names), uses) << "name by name";
+  EXPECT_EQ(FindNameUses(module, names), uses);
   while (names.size() < 100) names.push_back("Other" + std::to_string(names.size()));
-  EXPECT_EQ(FindNameUses(module, names), uses) << "line by line";
+  EXPECT_EQ(FindNameUses(module, names), uses) << "many names";
+  EXPECT_TRUE(FindNameUses(module, {"Other"}).empty());
   module.DeleteLines(1, module.CountOfLines());
   EXPECT_TRUE(FindNameUses(module, names).empty()) << "no line left";
 }

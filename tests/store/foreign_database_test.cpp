@@ -74,7 +74,7 @@ TEST_P(ForeignDatabaseTest, KeepsTheRulesItself) {
   ASSERT_TRUE(AddFormula("F", "P.D").success());
   ASSERT_TRUE(AddFormula("G", "P.C").success());
   EXPECT_EQ(AddFormula("f", "p.c").message.number(), kTextFormulaExists);
-  EXPECT_EQ(operations_->EditFormula(3, {"F", "P.C"}, {options_, false}).message.number(),
+  EXPECT_EQ(operations_->EditFormula(3, {"F", "P.C"}, options_).message.number(),
             kTextFormulaExists);
 
   ASSERT_TRUE(AddArgument(1, 1).success());

@@ -64,6 +64,16 @@ std::vector<Case> Cases() {
        [](Operations& o) {
          return o.EditAlias(1, {"New.Item", "NewName"});
        }},
+      {"EditAliasWithUses", true,
+       [](Operations& o) {
+         RenameOptions options;
+         options.with_uses = true;
+         return o.EditAlias(1, {"New.Item", "NewName"}, options);
+       }},
+      {"ReplaceInCode", true,
+       [](Operations& o) {
+         return o.ReplaceInCode(o.FindInCode("Level = 1", {}).places, "Flow = 2");
+       }},
       {"DeleteAliases", false, [](Operations& o) { return o.DeleteAliases(Ids{3}); }},
   };
 }
@@ -72,7 +82,9 @@ std::vector<Case> Cases() {
 // class with Level.
 std::map<std::string, std::string> StartFiles() {
   files::MemoryFileSystem system;
-  support::PutProject(system, {{"CPump", "Option Explicit\r\n"}, {"CTank", "' mine\r\n"}});
+  support::PutProject(system,
+                      {{"CPump", "Option Explicit\r\nSub Own()\r\n  Level = 1\r\nEnd Sub\r\n"},
+                       {"CTank", "' mine\r\nSub Own()\r\n  Level = 1\r\nEnd Sub\r\n"}});
   support::PutDatabase(system);
   {
     support::OpenProject project(system);

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "codegen/project_code.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "messages/error.h"
+#include "platform/prog_id.h"
+#include "platform/text.h"
+
+namespace codegen {
+
+namespace {
+
+bool IsStandard(platform::VBComponent& component) {
+  return component.Type() == platform::ComponentType::kStdModule;
+}
+
+}  // namespace
+
+ProjectCode::ProjectCode(platform::VBE& vbe) : program_({}) {
+  for (const auto& project : vbe.VBProjects()) {
+    const std::string name = project->Name();
+    for (auto& component : project->VBComponents()) {
+      if (component->Module() == nullptr) continue;
+      sources_.push_back({name, component->Name(), std::move(component)});
+    }
+  }
+}
+
+void ProjectCode::Read(Source& source, Failure failure,
+                       const std::function<bool(std::string_view)>& wanted) {
+  if (source.is_read) return;
+  platform::CodeModule& module = *source.component->Module();
+  try {
+    module.RequireSource();
+    const std::int32_t count = module.CountOfLines();
+    std::string text = count == 0 ? std::string() : module.Lines(1, count);
+    if (wanted && !wanted(text)) return;
+    source.is_read = true;
+    source_of_.push_back(static_cast<std::size_t>(&source - sources_.data()));
+    new_.push_back(
+        {source.name, source.project,
+         IsStandard(*source.component) ? vbcode::ModuleKind::kStandard : vbcode::ModuleKind::kClass,
+         std::move(text)});
+  } catch (const platform::Error& error) {
+    if (failure == Failure::kRaise) throw;
+    source.is_read = true;
+    unread_.push_back(messages::MessageOf(error));
+  }
+}
+
+void ProjectCode::AddRead() {
+  if (!new_.empty()) program_.Add(std::exchange(new_, {}));
+}
+
+void ProjectCode::Load(std::span<const std::string> prog_ids) {
+  for (const std::string& prog_id : prog_ids) {
+    const platform::ProgId wanted(prog_id);
+    for (Source& source : sources_) {
+      if (platform::EqualsIgnoringCase(source.name, wanted.class_name()) &&
+          platform::EqualsIgnoringCase(source.project, wanted.project())) {
+        Read(source, Failure::kRaise, nullptr);
+      }
+    }
+  }
+  Complete();
+}
+
+void ProjectCode::LoadHolders(std::string_view word) {
+  for (Source& source : sources_) {
+    if (source.is_read) continue;
+    platform::CodeModule& module = *source.component->Module();
+    try {
+      module.RequireSource();
+      const std::int32_t count = module.CountOfLines();
+      if (count == 0 || !module.Find(word, 1, count)) continue;
+    } catch (const platform::Error&) {
+      // Read() says so.
+    }
+    Read(source, Failure::kKeep, nullptr);
+  }
+  Complete();
+}
+
+void ProjectCode::LoadWhere(const std::function<bool(std::string_view)>& is_wanted) {
+  for (Source& source : sources_) Read(source, Failure::kKeep, is_wanted);
+  AddRead();
+}
+
+void ProjectCode::LoadAll() { LoadWhere(nullptr); }
+
+bool ProjectCode::MayBeCalled(const Source& source) const {
+  // What a standard module declares needs no name in front.
+  if (!IsStandard(*source.component)) {
+    return program_.names().Find(source.name) != vbcode::kNoName;
+  }
+  return std::ranges::any_of(
+      source_of_, [&](std::size_t read) { return sources_[read].project == source.project; });
+}
+
+void ProjectCode::Complete() {
+  for (AddRead();; AddRead()) {
+    for (Source& source : sources_) {
+      if (!source.is_read && MayBeCalled(source)) Read(source, Failure::kKeep, nullptr);
+    }
+    if (new_.empty()) return;
+  }
+}
+
+std::int32_t ProjectCode::FindClass(std::string_view prog_id) const {
+  const platform::ProgId wanted(prog_id);
+  return wanted.project().empty() ? vbcode::kNone
+                                  : program_.FindModule(wanted.class_name(), wanted.project());
+}
+
+std::string ProjectCode::NameOf(std::int32_t module) const {
+  return At(module).project + "." + At(module).name;
+}
+
+}  // namespace codegen
