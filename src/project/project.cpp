@@ -133,8 +133,7 @@ std::vector<std::string> Project::ChangeableFiles() {
   if (!vb_) return files;
   for (const auto& project : vb_->VBProjects()) {
     for (const auto& component : project->VBComponents()) {
-      if (component->Type() == platform::ComponentType::kClassModule)
-        files.push_back(component->FileName());
+      if (component->Module()) files.push_back(component->FileName());
     }
   }
   return files;

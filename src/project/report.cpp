@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "codegen/data_type.h"
+#include "project/data_flow.h"
+#include "project/data_flow_table.h"
+#include "project/flow_texts.h"
 #include "project/html.h"
 #include "project/report_style.h"
 
@@ -78,6 +81,8 @@ class Report {
     for (const auto& [prog_id, formulas] : classes_) {
       if (!AddClass(prog_id, formulas)) return {};
     }
+    AddExecution();
+    if (!AddDataFlow()) return {};
     if (!AddAliases()) return {};
     if (!aliases_.empty()) AddUnused();
     return html_ + "</body>\n</html>\n";
@@ -103,7 +108,7 @@ class Report {
 
   // One step more is done; false when it is to be the last.
   bool Step() {
-    const std::size_t total = 2 * formulas_.size() + aliases_.size() / kAliasesPerStep;
+    const std::size_t total = 3 * formulas_.size() + aliases_.size() / kAliasesPerStep;
     return !source_.progress || source_.progress(done_++, total);
   }
 
@@ -148,6 +153,10 @@ class Report {
                std::to_string(formulas.size()) + "</span>\n<ul class=\"names\">\n";
       for (const Formula* formula : formulas) html_ += "<li>" + Link(*formula) + "</li>\n";
       html_ += "</ul></li>\n";
+    }
+    for (const auto& [place, text] :
+         {std::pair("execution", kExecutionTitle), {"flow", kFlowTitle}}) {
+      html_ += std::string("<li><a href=\"#") + place + "\">" + Text(text) + "</a></li>\n";
     }
     html_ += "<li><a href=\"#aliases\">" + Text(kAliases) + "</a></li>\n";
     if (!aliases_.empty()) html_ += "<li><a href=\"#unused\">" + Text(kUnused) + "</a></li>\n";
@@ -223,6 +232,51 @@ class Report {
       problem = EscapeHtml(texts_.Sentence(error));
     }
     html_ += "<p class=\"none\">" + problem + "</p>\n";
+  }
+
+  // Which formulas run when, in the order of their IDs.
+  void AddExecution() {
+    html_ += "<section>\n<h2 id=\"execution\">" + Text(kExecutionTitle) + "</h2>\n";
+    for (std::int32_t type = 0; type < store::kCallTypes; ++type) {
+      html_ += "<h3>" + Text(store::kFirstCallTypeText + type) + "</h3>\n";
+      std::string list;
+      for (const Formula& formula : formulas_) {
+        if (formula.record.type == type) list += "<li>" + WhenItRuns(formula) + "</li>\n";
+      }
+      html_ += list.empty() ? "<p class=\"none\">" + Text(kExecutionNone) + "</p>\n"
+                            : "<ol>\n" + list + "</ol>\n";
+    }
+    html_ += "</section>\n";
+  }
+
+  std::string WhenItRuns(const Formula& formula) const {
+    const store::FormulaRecord& record = formula.record;
+    std::string text = Link(formula) + " <span class=\"number\">" + ClassTitle(record.prog_id);
+    if (record.type == store::kAsynchronous) {
+      text += ", " + EscapeHtml(texts_.Text(kFlowScanTime,
+                                            {{"<Time>", std::to_string(record.scan_time)}}));
+    }
+    if (!record.enabled) text += ", " + Text(kFlowDisabled);
+    return text + "</span>";
+  }
+
+  bool AddDataFlow() {
+    struct Stopped {};
+    try {
+      const DataFlow flow = ReadDataFlow(source_.operations, source_.code.context().vbe.get(),
+                                         [this](std::size_t, std::size_t) {
+                                           if (!Step()) throw Stopped();
+                                         });
+      html_ += "<section>\n<h2 id=\"flow\">" + Text(kFlowTitle) + "</h2>\n" +
+               DataFlowTable(flow, texts_,
+                             [](const store::FormulaRecord& record) {
+                               return Link('f', record.id, Name(record.name));
+                             }) +
+               "</section>\n";
+      return true;
+    } catch (const Stopped&) {
+      return false;
+    }
   }
 
   std::string UsesOf(std::int32_t alias_id) const {

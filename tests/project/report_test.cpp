@@ -75,6 +75,10 @@ TEST(Report, ShowsTheProjectWithEveryTextEscaped) {
   EXPECT_THAT(html, HasSubstr("<td>Valve</td><td>return value</td>"));
   EXPECT_THAT(html, HasSubstr("<li>Unused <span>Nobody&#39;s</span></li>"));
   EXPECT_THAT(html, HasSubstr("<b>Public</b> <b>Sub</b> Fill()"));
+  EXPECT_THAT(html, HasSubstr("<h3>asynchronous</h3>\n<ol>\n<li><a href=\"#f1\">Fill</a> "
+                              "<span class=\"number\">PumpServer.CPump, every 250 ms, disabled"
+                              "</span></li>\n</ol>"));
+  EXPECT_THAT(html, HasSubstr("<h2 id=\"flow\">Data flow</h2>\n<p class=\"none\">"));
   EXPECT_THAT(html, Not(HasSubstr("<script")));
 }
 

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "project/data_flow_picture.h"
+
+#include <charconv>
+#include <chrono>
+
+#include "project/data_flow_table.h"
+#include "project/filter_program.h"
+#include "project/flow_texts.h"
+#include "project/html.h"
+#include "project/report_style.h"
+
+namespace project {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto kLongest = std::chrono::minutes(1);
+
+// Graphviz reads entities, and backslashes as escapes of its own.
+std::string Quoted(std::string_view text) {
+  std::string quoted;
+  for (const char c : EscapeHtml(text)) {
+    if (c == '\\')
+      quoted += "\\\\";
+    else if (c == '\n')
+      quoted += ' ';
+    else
+      quoted += c;
+  }
+  return quoted;
+}
+
+class Description {
+ public:
+  Description(const DataFlow& flow, const texts::TextTable& texts) : flow_(flow), texts_(texts) {}
+
+  std::string Make() {
+    text_ =
+        "digraph dataflow {\n"
+        "  rankdir=LR; nodesep=0.25; ranksep=0.9;\n"
+        "  node [fontname=\"DejaVu Sans, sans-serif\", fontsize=11];\n"
+        "  edge [color=\"#54616e\", arrowsize=0.8];\n";
+    for (std::size_t i = 0; i < flow_.formulas.size(); ++i) AddFormula(i);
+    for (std::size_t i = 0; i < flow_.items.size(); ++i) AddItem(i);
+    for (const DataFlow::Edge& edge : flow_.edges) AddEdge(edge);
+    return text_ + "}\n";
+  }
+
+ private:
+  void AddNode(const std::string& name, const std::string& label, std::string_view attributes) {
+    text_ += "  " + name + " [id=\"" + name + "\", label=\"" + label + "\", ";
+    text_ += attributes;
+    text_ += "];\n";
+  }
+
+  void AddFormula(std::size_t index) {
+    const store::FormulaRecord& record = flow_.formulas[index].record;
+    std::string label = Quoted(record.name) + "\\n" + Quoted(record.prog_id) + "\\n" +
+                        Quoted(CallTypeText(record, texts_));
+    if (!record.enabled) label += "\\n" + Quoted(texts_.Text(kFlowDisabled));
+    AddNode("f" + std::to_string(index), label,
+            record.enabled ? "shape=box, style=filled, fillcolor=\"#dcebf7\", color=\"#0b5a8f\""
+                           : "shape=box, style=\"filled,dashed\", fillcolor=\"#f4f6f8\", "
+                             "color=\"#54616e\"");
+  }
+
+  void AddItem(std::size_t index) {
+    const DataFlow::Item& item = flow_.items[index];
+    std::string label = Quoted(item.item_id);
+    for (const std::string& alias : item.aliases) label += "\\n" + Quoted(alias);
+    const bool several = item.writers > 1;
+    if (several) label += "\\n" + Quoted(WritersText(item, texts_));
+    AddNode("i" + std::to_string(index), label,
+            several ? "shape=ellipse, peripheries=2, style=filled, fillcolor=\"#fbe3dd\", "
+                      "color=\"#8a3324\""
+                    : "shape=ellipse, style=filled, fillcolor=\"#ffffff\", color=\"#54616e\"");
+  }
+
+  void AddEdge(const DataFlow::Edge& edge) {
+    const std::string formula = "f" + std::to_string(edge.formula);
+    const std::string item = "i" + std::to_string(edge.item);
+    text_ += "  " + (edge.writes ? formula + " -> " + item : item + " -> " + formula) + " [";
+    if (edge.reads && edge.writes) text_ += "dir=both, ";
+    if (edge.writes) text_ += "color=\"#8a3324\", penwidth=1.6, ";
+    text_ += edge.from_code ? "style=solid];\n" : "style=dashed];\n";
+  }
+
+  const DataFlow& flow_;
+  const texts::TextTable& texts_;
+  std::string text_;
+};
+
+[[noreturn]] void Raise(FlowText text) {
+  throw platform::Error(platform::ErrorKind::kRefused, text,
+                        messages::Message(messages::Pattern{text}));
+}
+
+}  // namespace
+
+std::string DescribeForGraphviz(const DataFlow& flow, const texts::TextTable& texts) {
+  return Description(flow, texts).Make();
+}
+
+std::optional<PictureNode> NodeOfElement(std::string_view id) {
+  if (id.empty() || (id[0] != 'f' && id[0] != 'i')) return std::nullopt;
+  PictureNode node{id[0] == 'f'};
+  const auto [end, error] = std::from_chars(id.data() + 1, id.data() + id.size(), node.index);
+  if (error != std::errc() || end != id.data() + id.size()) return std::nullopt;
+  return node;
+}
+
+std::string LayOut(std::string_view description, const std::function<bool()>& goes_on) {
+  const Clock::time_point end = Clock::now() + kLongest;
+  bool is_late = false;
+  FilterResult result = RunFilter("dot", {"-Tsvg"}, description, [&] {
+    is_late = Clock::now() > end;
+    return !is_late && (!goes_on || goes_on());
+  });
+  switch (result.outcome) {
+    case FilterOutcome::kDone:
+      return std::move(result.output);
+    case FilterOutcome::kMissing:
+      Raise(kFlowNoGraphviz);
+    case FilterOutcome::kFailed:
+      if (goes_on && !goes_on()) return {};  // it heard of it first
+      Raise(kFlowGraphvizFailed);
+    case FilterOutcome::kStopped:
+      break;
+  }
+  if (is_late) Raise(kFlowTooLarge);
+  return {};
+}
+
+std::string DataFlowPage(const DataFlow& flow, std::string_view svg, std::string_view title,
+                         const texts::TextTable& texts) {
+  const std::string name = EscapeHtml(title);
+  // What stands in front of the element is for a file of its own.
+  const std::size_t begin = svg.find("<svg");
+  if (begin != std::string_view::npos) svg.remove_prefix(begin);
+  std::string html = "<!DOCTYPE html>\n<html lang=\"" + EscapeHtml(texts.Text(kFlowLanguage)) +
+                     "\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + name +
+                     "</title>\n<style>\n" + kReportStyle +
+                     ".picture { overflow: auto; background: #fff; }\n</style>\n</head>\n<body>\n"
+                     "<h1>" +
+                     name + "</h1>\n<p>" + EscapeHtml(texts.Text(kFlowLegend)) +
+                     "</p>\n<div class=\"picture\" aria-hidden=\"true\">\n";
+  html += svg;
+  return html + "</div>\n" + DataFlowTable(flow, texts) + "</body>\n</html>\n";
+}
+
+}  // namespace project

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "project/data_flow.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "project/data_flow_picture.h"
+#include "project/data_flow_table.h"
+#include "project/filter_program.h"
+#include "tests/support/formula_project.h"
+
+namespace project {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kClass = "PumpServer.CPump";
+
+// "Formula access alias (source)" of each edge, and the items with their writers.
+std::string ListFlow(const DataFlow& flow) {
+  std::string list;
+  for (const DataFlow::Edge& edge : flow.edges) {
+    list += flow.formulas[edge.formula].record.name + (edge.reads ? " r" : " ") +
+            (edge.writes ? "w " : " ") + edge.alias + (edge.from_code ? "" : " by argument") +
+            (edge.is_argument ? "" : " no argument") + '\n';
+  }
+  for (const DataFlow::Item& item : flow.items) {
+    list += item.item_id + ": " + std::to_string(item.writers) + '\n';
+  }
+  return list;
+}
+
+// Fill (before the cycle) calls a procedure that writes Level; Watch (asynchronous, disabled) reads
+// it; Report's code cannot tell; Blank has no code at all. Level and Height are the same item.
+class DataFlowTest : public testing::Test {
+ protected:
+  DataFlowTest() {
+    const std::int32_t level = project_.AddAlias("Tank1.Level", "Level");
+    const std::int32_t flow = project_.AddAlias("Tank1.Flow", "Flow");
+    const std::int32_t height = project_.AddAlias("Tank1.Level", "Height");
+    project_.AddAlias("Unused", "Unused");
+    Add({"Fill", kClass, 2}, {{level, true, true}, {flow, true, false}});
+    Add({"Watch", kClass, 7, 500, false}, {{level, true, false}});
+    Add({"Report", kClass, 3}, {{flow, true, true}, {height, false, true}});
+    Add({"Blank", kClass, 0}, {{flow, false, true}});
+    std::string code = project_.Code("CPump");
+    Put(code, "Fill", "  Raise Flow\r\n");
+    Put(code, "Watch", "  If Level > 3 Then Beep: Unused = 1\r\n");
+    Put(code, "Report", "  CallByName Me, \"Flow\": Height = 3\r\n");
+    code += "Private Sub Raise(ByVal by As Double)\r\n  Level = Level + by\r\nEnd Sub\r\n";
+    project_.PutCode("CPump", code.replace(code.find("Public Sub Blank"), 16, "Private Sub No"));
+  }
+
+  void Add(const store::FormulaValues& values, std::vector<store::ArgumentValues> arguments) {
+    const auto formula = project_.operations().AddFormula(values);
+    ASSERT_TRUE(formula.success()) << support::ToText(formula);
+    const auto added = project_.operations().AddArguments(formula.id(), arguments);
+    ASSERT_TRUE(added.success()) << support::ToText(added);
+  }
+  static void Put(std::string& code, const std::string& name, const std::string& body) {
+    const std::string head = "Public Sub " + name + "()\r\n";
+    code.insert(code.find(head) + head.size(), body);
+  }
+  DataFlow Read() { return ReadDataFlow(project_.operations(), project_.open->environment.get()); }
+
+  support::FormulaProject project_;
+};
+
+TEST_F(DataFlowTest, ComesFromTheCodeAndWhereThatCannotTellFromTheArguments) {
+  const std::string kEdges =
+      "Fill rw Level\n"
+      "Fill r Flow\n"
+      "Watch r Level\n"
+      "Watch w Unused no argument\n"
+      "Report w Height by argument\n"
+      "Report rw Flow by argument\n"
+      "Blank w Flow by argument\n";
+  EXPECT_EQ(ListFlow(Read()), kEdges + "Tank1.Level: 2\nTank1.Flow: 2\nUnused: 0\n");
+  // Without code the arguments alone say it.
+  EXPECT_EQ(ListFlow(ReadDataFlow(project_.operations(), nullptr)),
+            "Fill rw Level by argument\nFill r Flow by argument\nWatch r Level by argument\n"
+            "Report w Height by argument\nReport rw Flow by argument\nBlank w Flow by argument\n"
+            "Tank1.Level: 2\nTank1.Flow: 2\nUnused: 0\n");
+}
+
+TEST_F(DataFlowTest, ShowsTheNeighbourhoodOfANode) {
+  const DataFlow flow = Read();
+  EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 0)), "");
+  EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 1)),
+            "Watch r Level\nWatch w Unused no argument\nTank1.Level: 2\nUnused: 0\n");
+  EXPECT_EQ(Neighbourhood(flow, {{1}, {}}, 2).formulas.size(), 3u);
+  EXPECT_EQ(Neighbourhood(flow, {{}, {1}}, 1).formulas.size(), 3u) << "who uses Flow";
+  EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 9)), ListFlow(flow)) << "cycles end";
+}
+
+TEST_F(DataFlowTest, IsDescribedWithCallTypesAndSeveralWriters) {
+  const std::string dot = DescribeForGraphviz(Read(), project_.open->texts);
+  EXPECT_THAT(dot, HasSubstr("f0 [id=\"f0\", label=\"Fill\\nPumpServer.CPump\\nbefore Cycle\""));
+  EXPECT_THAT(dot, HasSubstr("asynchronous, every 500 ms\\ndisabled\""));
+  EXPECT_THAT(dot, HasSubstr("label=\"Tank1.Level\\nLevel\\nHeight\\n2 formulas write\""));
+  EXPECT_THAT(dot, HasSubstr("  f0 -> i0 [dir=both, "));
+  EXPECT_THAT(dot, HasSubstr("  i0 -> f1 [style=solid];"));
+  const std::string table = DataFlowTable(Read(), project_.open->texts);
+  EXPECT_THAT(table,
+              HasSubstr("<tr><td>Tank1.Level</td><td><strong>2 formulas write:</strong> "
+                        "PumpServer.CPump.Fill, PumpServer.CPump.Report (by its argument)</td>"
+                        "<td>PumpServer.CPump.Fill, PumpServer.CPump.Watch</td></tr>"));
+}
+
+TEST(DataFlowPictureTest, NamesCanDoNothingButBeShown) {
+  DataFlow flow;
+  DataFlow::Formula formula;
+  formula.record.name = "\"]; evil [label=\"";
+  formula.record.prog_id = "a\\N\\\"\n}\x01\xFF";
+  flow.formulas.push_back(formula);
+  flow.items.push_back({"</svg><script>&amp;\\", {"\\\""}});
+  flow.edges.push_back({0, 0, "x", true, true});
+  const texts::TextTable texts(texts::Language::kGerman);
+  const std::string dot = DescribeForGraphviz(flow, texts);
+  EXPECT_THAT(dot, HasSubstr("label=\"&quot;]; evil [label=&quot;\\na\\\\N\\\\&quot; }\xEF\xBF\xBD"
+                             "\xEF\xBF\xBD\\nvor Initialisierung\""));
+  EXPECT_THAT(dot, HasSubstr("label=\"&lt;/svg&gt;&lt;script&gt;&amp;amp;\\\\\\n\\\\&quot;\""));
+  EXPECT_TRUE(NodeOfElement("f12")->is_formula);
+  EXPECT_EQ(NodeOfElement("i7")->index, 7u);
+  for (const char* id : {"", "f", "x1", "i1x", "f-1"}) EXPECT_FALSE(NodeOfElement(id)) << id;
+  std::string svg;
+  try {
+    svg = LayOut(dot);
+  } catch (const platform::Error& error) {
+    GTEST_SKIP() << error.what();
+  }
+  EXPECT_THAT(svg, HasSubstr("<svg"));
+  EXPECT_THAT(svg, HasSubstr("&lt;script&gt;&amp;amp;\\"));
+  EXPECT_THAT(svg, Not(HasSubstr("<script")));
+  const std::string page = DataFlowPage(flow, svg, "<Plant>", texts);
+  EXPECT_THAT(page, HasSubstr("<h1>&lt;Plant&gt;</h1>"));
+  EXPECT_THAT(page, Not(HasSubstr("<?xml")));
+}
+
+TEST(FilterProgramTest, PassesTextThroughAndEnds) {
+  const auto go_on = [] { return true; };
+  const std::string large(1 << 20, 'x');
+  EXPECT_EQ(RunFilter("no-such-program-here", {}, "", go_on).outcome, FilterOutcome::kMissing);
+#ifndef _WIN32
+  const FilterResult same = RunFilter("cat", {}, large, go_on);
+  EXPECT_EQ(same.outcome, FilterOutcome::kDone);
+  EXPECT_EQ(same.output, large);
+  EXPECT_EQ(RunFilter("false", {}, large, go_on).outcome, FilterOutcome::kFailed);
+  EXPECT_EQ(RunFilter("sleep", {"60"}, "", [] { return false; }).outcome, FilterOutcome::kStopped);
+#endif
+}
+
+}  // namespace
+}  // namespace project
