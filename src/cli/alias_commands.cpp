@@ -5,6 +5,7 @@
 #include "cli/alias_list.h"
 #include "cli/commands.h"
 #include "cli/opened_project.h"
+#include "cli/place_list.h"
 #include "platform/text.h"
 #include "store/alias_proposals.h"
 
@@ -66,7 +67,7 @@ int RunEdit(Invocation& invocation) {
   store::AliasValues values = alias;
   if (const auto item = invocation.Option("--item")) values.item_id = *item;
   if (const auto name = invocation.Option("--alias")) values.vb_alias = *name;
-  session.ReportEdit(session.operations().EditAlias(alias.id, values, session.MakeOptions()));
+  session.ReportEdit(session.operations().EditAlias(alias.id, values, session.MakeRenameOptions()));
   return kDone;
 }
 
@@ -81,7 +82,15 @@ int RunDelete(Invocation& invocation) {
   return kDone;
 }
 
+int RunCodeUses(Invocation& invocation) {
+  OpenedProject session(invocation, Use::kCode);
+  const auto alias = session.Alias(invocation.Argument("ALIAS"));
+  WritePlaces(invocation, session.operations().CodeUsesOfAlias(alias.id));
+  return kDone;
+}
+
 int RunUses(Invocation& invocation) {
+  if (invocation.Has("--code")) return RunCodeUses(invocation);
   OpenedProject session(invocation, Use::kRows);
   const auto alias = session.Alias(invocation.Argument("ALIAS"));
   RowWriter writer(invocation.console().out, invocation.ListFormat(), {"ID", "Name", "ProgID"});
@@ -114,8 +123,9 @@ std::vector<CommandSpec> AliasCommands() {
       {"alias edit",
        kTextCommandAliasEdit,
        {project, alias},
-       ChangeOptions({{"--item", "ITEM", kTextOptItem}, {"--alias", "NEW", kTextOptAlias}}),
-       {"ovformula alias edit Plant.ovs Level --alias TankLevel"},
+       RenameOptions({{"--item", "ITEM", kTextOptItem}, {"--alias", "NEW", kTextOptAlias}}),
+       {"ovformula alias edit Plant.ovs Level --alias TankLevel",
+        "ovformula alias edit Plant.ovs Level --alias TankLevel --with-uses --dry-run"},
        RunEdit},
       {"alias delete",
        kTextCommandAliasDelete,
@@ -126,8 +136,8 @@ std::vector<CommandSpec> AliasCommands() {
       {"alias uses",
        kTextCommandAliasUses,
        {project, alias},
-       {kJsonOption},
-       {"ovformula alias uses Plant.ovs Level"},
+       CodeOptions({{"--code", "", kTextOptCode}, kJsonOption}),
+       {"ovformula alias uses Plant.ovs Level", "ovformula alias uses Plant.ovs Level --code"},
        RunUses},
   };
 }

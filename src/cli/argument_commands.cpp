@@ -62,7 +62,8 @@ int RunEdit(Invocation& invocation) {
   if (const auto alias = invocation.Option("--alias")) values.alias_id = session.Alias(*alias).id;
   values.in = in.value_or(values.in);
   values.out = out.value_or(values.out);
-  session.ReportEdit(session.operations().EditArgument(argument.id, values, session.MakeOptions()));
+  session.ReportEdit(
+      session.operations().EditArgument(argument.id, values, session.MakeRenameOptions()));
   return kDone;
 }
 
@@ -99,7 +100,7 @@ std::vector<CommandSpec> ArgumentCommands() {
       {"argument edit",
        kTextCommandArgumentEdit,
        {project, formula, alias},
-       ChangeOptions({{"--alias", "NEW", kTextOptAlias},
+       RenameOptions({{"--alias", "NEW", kTextOptAlias},
                       in,
                       {"--no-in", "", kTextOptNoIn},
                       out,

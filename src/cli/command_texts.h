@@ -164,6 +164,27 @@ enum TextNumber : int {
   kTextMended,
   kTextFindings,
   kTextInStep,
+
+  // Code between declarations (texts/code_rows.cpp).
+  kTextNotSearched = 3602,
+  kTextCommandFind = 3620,
+  kTextCommandFormulaUses,
+  kTextOptCode,
+  kTextOptWord,
+  kTextOptCase,
+  kTextOptReplace,
+  kTextOptWithUses,
+  kTextOptInComments,
+  kTextOptInLiterals,
+  kTextArgText,
+  kTextReplaced,
+  kTextCommandGraph,
+  kTextOptGraphFormula,
+  kTextOptGraphAlias,
+  kTextOptGraphClass,
+  kTextOptDepth,
+  kTextOptGraphFormat,
+  kTextGraphTooLarge,
 };
 
 }  // namespace cli

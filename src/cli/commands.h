@@ -15,6 +15,8 @@ std::vector<CommandSpec> FormulaCommands();
 std::vector<CommandSpec> ArgumentCommands();
 std::vector<CommandSpec> AliasCommands();
 std::vector<CommandSpec> CheckCommands();
+std::vector<CommandSpec> CodeCommands();  // find, graph
+CommandSpec GraphCommand();
 std::vector<CommandSpec> DatabaseCommands();
 std::vector<CommandSpec> VisualBasicCommands();
 std::vector<CommandSpec> HelpCommands();

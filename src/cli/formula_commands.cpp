@@ -4,6 +4,7 @@
 
 #include "cli/commands.h"
 #include "cli/opened_project.h"
+#include "cli/place_list.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
 
@@ -138,7 +139,7 @@ int RunEdit(Invocation& invocation) {
   const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
   FormulaValues values = formula;
   ReadValues(invocation, session, values);
-  auto options = session.MakeOptions<store::EditFormulaOptions>();
+  auto options = session.MakeRenameOptions<store::EditFormulaOptions>();
   options.with_code = invocation.Has("--with-code");
   session.ReportEdit(session.operations().EditFormula(formula.id, values, options));
   return kDone;
@@ -164,6 +165,14 @@ int RunCode(Invocation& invocation) {
   return kDone;
 }
 
+// With and without --code, as for an alias: nothing but code calls a formula by its name.
+int RunUses(Invocation& invocation) {
+  OpenedProject session(invocation, Use::kCode);
+  const FormulaRecord formula = session.Formula(invocation.Argument("FORMULA"));
+  WritePlaces(invocation, session.operations().CodeUsesOfFormula(formula.id));
+  return kDone;
+}
+
 std::vector<OptionSpec> ValueOptions() {
   return {{"--name", "NAME", kTextOptName},      {"--class", "CLASS", kTextOptClass},
           {"--type", "TYPE", kTextOptType},      {"--scan-time", "MS", kTextOptScanTime},
@@ -174,7 +183,7 @@ std::vector<OptionSpec> ValueOptions() {
 std::vector<OptionSpec> EditOptions() {
   std::vector<OptionSpec> options = ValueOptions();
   options.push_back({"--with-code", "", kTextOptWithCode});
-  return ChangeOptions(options);
+  return RenameOptions(options);
 }
 
 }  // namespace
@@ -225,6 +234,12 @@ std::vector<CommandSpec> FormulaCommands() {
        CodeOptions({}),
        {"ovformula formula code Plant.ovs FillTank"},
        RunCode},
+      {"formula uses",
+       kTextCommandFormulaUses,
+       {project, formula},
+       CodeOptions({{"--code", "", kTextOptCode}, kJsonOption}),
+       {"ovformula formula uses Plant.ovs FillTank --code"},
+       RunUses},
   };
 }
 

@@ -87,6 +87,13 @@ std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
   return own;
 }
 
+std::vector<OptionSpec> RenameOptions(std::vector<OptionSpec> own) {
+  own.insert(own.end(), {{"--with-uses", "", kTextOptWithUses},
+                         {"--in-comments", "", kTextOptInComments},
+                         {"--in-literals", "", kTextOptInLiterals}});
+  return ChangeOptions(std::move(own));
+}
+
 OpenedProject::OpenedProject(Invocation& invocation, Use use)
     : invocation_(invocation),
       project_(std::make_unique<project::Project>(invocation.console().files,
@@ -109,6 +116,17 @@ store::OperationOptions OpenedProject::BaseOptions() {
     return !invocation_.Interrupted();
   };
   return options;
+}
+
+void OpenedProject::TakeRenameOptions(store::RenameOptions& options) {
+  invocation_.Exclude("--no-code", "--with-uses");
+  options.with_uses = invocation_.Has("--with-uses");
+  for (const char* option : {"--in-comments", "--in-literals"}) {
+    if (options.with_uses || !invocation_.Has(option)) continue;
+    throw UsageError(invocation_.Text(kTextMissingArgument, {{"<Word>", "--with-uses"}}));
+  }
+  options.in_comments = invocation_.Has("--in-comments");
+  options.in_literals = invocation_.Has("--in-literals");
 }
 
 // The code as the operation would leave it, compared with the files.

@@ -21,6 +21,8 @@ std::vector<OptionSpec> OpenOptions(std::vector<OptionSpec> own);
 project::ProjectOptions OptionsOf(Invocation& invocation);
 // Options of every command that changes something.
 std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own);
+// The same of those that give something another name in the code.
+std::vector<OptionSpec> RenameOptions(std::vector<OptionSpec> own);
 // Options of commands that look at code without changing it.
 std::vector<OptionSpec> CodeOptions(std::vector<OptionSpec> own);
 
@@ -38,6 +40,14 @@ class OpenedProject {
   Options MakeOptions() {
     Options options;
     static_cast<store::OperationOptions&>(options) = BaseOptions();
+    return options;
+  }
+
+  // The same with --with-uses, --in-comments and --in-literals.
+  template <class Options = store::RenameOptions>
+  Options MakeRenameOptions() {
+    Options options(BaseOptions());
+    TakeRenameOptions(options);
     return options;
   }
 
@@ -72,6 +82,7 @@ class OpenedProject {
   template <typename Find>
   std::vector<std::int32_t> Ids(const std::vector<Given>& names, Find find);
   store::OperationOptions BaseOptions();
+  void TakeRenameOptions(store::RenameOptions& options);
   void KeepCode();
   void PrintRows(const store::OperationResult& result);
 
