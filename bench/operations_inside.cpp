@@ -176,6 +176,43 @@ void CompareManyArguments(OpenedProject& project) {
   PrintRatio("add arguments in one call", Median(many), Median(one), "ms", 20);
 }
 
+// Names between the declarations: an alias renamed with its uses beside one without, and a text
+// looked for in all classes beside reading their files.
+void CompareCode(OpenedProject& project) {
+  constexpr int kRounds = 10;
+  store::Operations& operations = project.operations();
+  store::RenameOptions with_uses;
+  with_uses.with_uses = true;
+  const auto time = [](const auto& step) {
+    const Stopwatch watch;
+    step();
+    return 1e3 * watch.Seconds();
+  };
+  std::vector<double> renamed, plain, found, read;
+  for (int round = 0; round < kRounds; ++round) {
+    const std::string name = "Renamed" + std::to_string(round);
+    const auto rename = [&](std::int32_t id, const store::RenameOptions& options) {
+      store::AliasValues values = *operations.FindAlias(id);
+      values.vb_alias = name + "_" + std::to_string(id);
+      Expect(operations.EditAlias(id, values, options), "an alias of a formula");
+    };
+    renamed.push_back(time([&] { rename(1, with_uses); }));
+    plain.push_back(time([&] { rename(2, {}); }));
+    found.push_back(time([&] { operations.FindInCode(name, {}); }));
+    read.push_back(time([&] {
+      const ProjectSize& size = project.files().size;
+      for (std::size_t i = 0; i < size.Classes(); ++i) {
+        files::ReadFile(files::RealFileSystem(),
+                        project.files().folder.File(ClassName(i) + ".cls"));
+      }
+    }));
+  }
+  PrintHeading("with uses", "without");
+  PrintRatio("rename an alias", Median(renamed), Median(plain), "ms", 0);
+  PrintHeading("find", "read files");
+  PrintRatio("a name in all code", Median(found), Median(read), "ms", 0);
+}
+
 }  // namespace
 
 void CompareOperationsInProcess() {
@@ -215,6 +252,7 @@ void CompareOperationsInProcess() {
     PrintRatio(names[i].what, Median(ours[i]), Median(smaller[i]), "ms", 1.5);
   }
   CompareManyArguments(large);
+  CompareCode(large);
 }
 
 }  // namespace bench
