@@ -7,6 +7,7 @@
 #include "codegen/comment_text.h"
 #include "codegen/data_type.h"
 #include "codegen/identifier.h"
+#include "codegen/report.h"
 #include "codegen/source_line.h"
 #include "platform/text.h"
 #include "store/project_rows.h"
@@ -216,7 +217,9 @@ void ClassCheck::CheckOtherSub(const codegen::SubLocation& sub) {
   if (!header) return;
   for (const std::string& alias : header->aliases) listed_.insert(FoldCase(alias));
   Finding finding(rule::kNoFormulaOfSub, Line(file_, sub.body_line),
-                  {{"<Name>", sub.name}, {"<Class>", prog_id_}});
+                  {{"<Name>", sub.name},
+                   {"<Class>", prog_id_},
+                   {"<Names>", codegen::NamesInShort(header->aliases)}});
   finding.subject.prog_id = prog_id_;
   finding.subject.formula = sub.name;
   finding.subject.aliases = header->aliases;

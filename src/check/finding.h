@@ -32,6 +32,7 @@ struct Subject {
   std::string prog_id;
   std::string formula;  // its name
   std::int32_t formula_id = 0;
+  std::int32_t argument_id = 0;  // of the first of several
   std::string alias;
   std::int32_t alias_id = 0;
   std::string item;

@@ -66,6 +66,11 @@ class RowCheck {
                        {"<ID>", first.id}});
       finding.subject.formula_id = argument.parent_id;
       finding.subject.alias_id = argument.alias_id;
+      finding.subject.argument_id = first.id;
+      if (&rule == &rule::kSameArgument) {
+        finding.repairable =
+            store::TakesArgument(formula->type, argument.in || first.in, argument.out || first.out);
+      }
       return findings_.Add(std::move(finding));
     };
     if (!formula) return add(rule::kNoFormulaOfArgument, "ParentID", argument);

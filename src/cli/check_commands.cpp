@@ -2,8 +2,11 @@
 // ovformula check.
 #include <algorithm>
 #include <array>
+#include <set>
+#include <sstream>
 
 #include "check/project_parts.h"
+#include "check/repair.h"
 #include "cli/commands.h"
 #include "cli/opened_project.h"
 #include "cli/progress.h"
@@ -120,18 +123,57 @@ std::vector<Finding> FindMissing(Invocation& invocation) {
   return missing;
 }
 
+// The rules that --repair names; all without a name.
+std::set<const Rule*> RulesToRepair(Invocation& invocation) {
+  std::set<const Rule*> rules;
+  for (const std::string& codes : invocation.Options("--repair")) {
+    std::istringstream words(codes);
+    for (std::string code; std::getline(words, code, ',');) {
+      if (!code.empty()) rules.insert(&RuleNamed(invocation, code));
+    }
+  }
+  return rules;
+}
+
+int Repair(Invocation& invocation, OpenedProject& session, const check::Parts& parts,
+           std::vector<Finding> findings, const check::Options& options) {
+  const std::set<const Rule*> rules = RulesToRepair(invocation);
+  const auto all = findings;
+  std::erase_if(findings, [&](const Finding& finding) {
+    return !finding.repairable || (!rules.empty() && !rules.contains(finding.rule));
+  });
+  if (findings.empty()) return Print(invocation, all);
+  const check::RepairResult result = check::Repair(parts, findings, options, session.MakeOptions());
+  session.Report(result.operation);
+  const int text = session.dry_run() ? kTextWouldBeMended : kTextMended;
+  for (const Finding& finding : result.mended) {
+    invocation.console().err << invocation.Text(
+                                    text,
+                                    {{"<Code>", finding.rule->code},
+                                     {"<Place>", PlaceOf(finding.where)},
+                                     {"<Text>", invocation.texts().Sentence(finding.message)}})
+                             << '\n';
+  }
+  if (session.dry_run()) return result.left.empty() ? kDone : kRefused;
+  return Print(invocation, result.left);
+}
+
 int RunCheck(Invocation& invocation) {
   check::Options options = ReadOptions(invocation);
+  const bool repair = invocation.Has("--repair");
+  if (repair) RulesToRepair(invocation);
   const std::vector<Finding> missing = FindMissing(invocation);
   if (!missing.empty()) return Print(invocation, missing);
-  OpenedProject session(invocation, Use::kCode);
+  OpenedProject session(invocation, repair ? Use::kChange : Use::kCode, false);
   Progress progress(invocation);
   options.progress = [&](std::size_t done, std::size_t total) {
     progress.Show(done, total);
     if (invocation.Interrupted()) throw InterruptedError();
   };
-  const auto findings = check::Find(check::PartsOf(session.project(), options.progress), options);
+  const check::Parts parts = check::PartsOf(session.project(), options.progress);
+  auto findings = check::Find(parts, options);
   progress.End();
+  if (repair) return Repair(invocation, session, parts, std::move(findings), options);
   return Print(invocation, findings);
 }
 
@@ -143,10 +185,12 @@ std::vector<CommandSpec> CheckCommands() {
       {"check",
        kTextCommandCheck,
        {project},
-       OpenOptions({{"--severity", "SEVERITY", kTextOptSeverity},
-                    {"--rule", "-CODE", kTextOptRule, true},
-                    kJsonOption}),
-       {"ovformula check Plant.ovs", "ovformula check Plant.ovs --severity warning --rule -DCL006"},
+       ChangeOptions({{"--repair", "[=CODES]", kTextOptRepair},
+                      {"--severity", "SEVERITY", kTextOptSeverity},
+                      {"--rule", "-CODE", kTextOptRule, true},
+                      kJsonOption}),
+       {"ovformula check Plant.ovs", "ovformula check Plant.ovs --severity warning --rule -DCL006",
+        "ovformula check Plant.ovs --repair=HDR001,HDR002 --dry-run"},
        RunCheck},
   };
 }

@@ -30,7 +30,7 @@ struct ArgumentSpec {
 
 struct OptionSpec {
   std::string_view name;   // "--scan-time"
-  std::string_view value;  // "MS"; empty for a switch
+  std::string_view value;  // "MS"; empty for a switch; "[=CODES]" may be left out
   int text;
   bool repeatable = false;
 };
@@ -43,6 +43,15 @@ struct CommandSpec {
   std::vector<std::string_view> examples;
   int (*run)(Invocation&);  // returns an ExitCode
 };
+
+// Whether a value may, and then only behind "=", be given.
+inline bool HasOptionalValue(const OptionSpec& option) { return option.value.starts_with('['); }
+
+// The option as help shows it.
+inline std::string OptionForm(const OptionSpec& option) {
+  const bool apart = !option.value.empty() && !HasOptionalValue(option);
+  return std::string(option.name) + (apart ? " " : "") + std::string(option.value);
+}
 
 // All commands, in the order of the help.
 std::span<const CommandSpec> Commands();

@@ -164,6 +164,7 @@ enum TextNumber : int {
   kTextMended,
   kTextFindings,
   kTextInStep,
+  kTextWouldBeMended = 3209,
 
   // Code between declarations (texts/code_rows.cpp).
   kTextNotSearched = 3602,

@@ -84,7 +84,8 @@ std::string FishCompletion() {
       condition += "; and __fish_seen_subcommand_from " + path.substr(blank + 1);
     for (const OptionSpec& option : command.options) {
       text += "complete -c ovformula -n '" + condition + "' -l " +
-              std::string(option.name.substr(2)) + (option.value.empty() ? "" : " -r") + "\n";
+              std::string(option.name.substr(2)) +
+              (option.value.empty() || HasOptionalValue(option) ? "" : " -r") + "\n";
     }
   }
   return text;

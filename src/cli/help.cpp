@@ -26,10 +26,6 @@ std::string Section(const std::string& heading, const Lines& lines) {
   return text;
 }
 
-std::string OptionForm(const OptionSpec& option) {
-  return std::string(option.name) + (option.value.empty() ? "" : " " + std::string(option.value));
-}
-
 Lines OptionLines(const CommandSpec& command, const texts::TextTable& texts) {
   Lines lines;
   for (const OptionSpec& option : command.options) {

@@ -32,8 +32,7 @@ void AppendCommand(std::string& page, const CommandSpec& command, const texts::T
     AppendItem(page, std::string(argument.name), texts.Text(argument.text));
   }
   for (const OptionSpec& option : command.options) {
-    const std::string value = option.value.empty() ? "" : " " + std::string(option.value);
-    AppendItem(page, std::string(option.name) + value, texts.Text(option.text));
+    AppendItem(page, OptionForm(option), texts.Text(option.text));
   }
   for (const std::string_view example : command.examples) {
     page += ".PP\n.RS\n" + Escape(example) + "\n.RE\n";

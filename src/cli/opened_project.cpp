@@ -94,13 +94,13 @@ std::vector<OptionSpec> RenameOptions(std::vector<OptionSpec> own) {
   return ChangeOptions(std::move(own));
 }
 
-OpenedProject::OpenedProject(Invocation& invocation, Use use)
+OpenedProject::OpenedProject(Invocation& invocation, Use use, bool tells_problems)
     : invocation_(invocation),
       project_(std::make_unique<project::Project>(invocation.console().files,
                                                   invocation.Argument("PROJECT.ovs"),
                                                   OptionsFor(invocation, use), invocation.texts())),
       progress_(invocation) {
-  if (!project_->vb()) return;
+  if (!project_->vb() || !tells_problems) return;
   for (const messages::Message& problem : project_->vb()->Problems()) {
     invocation.Warn(invocation.texts().Sentence(problem));
   }

@@ -30,7 +30,8 @@ std::vector<OptionSpec> CodeOptions(std::vector<OptionSpec> own);
 class OpenedProject {
  public:
   enum class Use { kRows, kCode, kChange };
-  OpenedProject(Invocation& invocation, Use use);
+  // Tells what is wrong with the files of Visual Basic projects, unless the caller does.
+  OpenedProject(Invocation& invocation, Use use, bool tells_problems = true);
 
   project::Project& project() { return *project_; }
   store::Operations& operations() { return project_->operations(); }

@@ -40,6 +40,10 @@ class OptionReader {
       values_[name] = {""};
       return std::nullopt;
     }
+    if (HasOptionalValue(*option)) {
+      values_[name].push_back(inline_value ? given.substr(equals + 1) : "");
+      return std::nullopt;
+    }
     if (!inline_value && word == end) return Complaint{kTextOptionNeedsValue, name, {}};
     values_[name].push_back(inline_value ? given.substr(equals + 1) : *word++);
     return std::nullopt;
@@ -102,10 +106,13 @@ Call ParseCall(const CommandSpec& command, const Words& words) {
 }
 
 bool Changes(const CommandSpec& command, const Call& call) {
-  constexpr std::string_view kDryRun = "--dry-run";
-  return !call.values.contains(kDryRun) &&
-         std::any_of(command.options.begin(), command.options.end(),
-                     [&](const OptionSpec& option) { return option.name == kDryRun; });
+  const auto has = [&](std::string_view name) {
+    return std::any_of(command.options.begin(), command.options.end(),
+                       [&](const OptionSpec& option) { return option.name == name; });
+  };
+  constexpr std::string_view kDryRun = "--dry-run", kRepair = "--repair";
+  if (has(kRepair) && !call.values.contains(kRepair)) return false;
+  return has(kDryRun) && !call.values.contains(kDryRun);
 }
 
 std::optional<Complaint> TakeCommonOptions(Words& words, Values& values) {

@@ -71,6 +71,10 @@ void CodeSync::Follow(const Touched& touched) {
   for (const Touched::Formula& formula : touched.formulas) FollowFormula(formula);
   for (const Touched::Argument& argument : touched.arguments) FollowArgument(argument);
   for (const Touched::Alias& alias : touched.aliases) FollowAlias(alias);
+  for (const Touched::Declaration& declaration : touched.declarations) {
+    FollowDeclaration(declaration);
+  }
+  for (const FormulaName& formula : touched.headers) WantHeader(formula.prog_id, formula.name);
   Finish();
 }
 
@@ -135,6 +139,12 @@ void CodeSync::FollowAlias(const Touched::Alias& alias) {
     const auto known = arguments.find(use.formula_id);
     WantHeader(use.prog_id, use.name, known != arguments.end() ? &known->second : nullptr);
   }
+}
+
+void CodeSync::FollowDeclaration(const Touched::Declaration& declaration) {
+  const auto& [prog_id, alias, item, old_item] = declaration;
+  WorkOn(prog_id).wanted.gone.push_back({alias, {old_item, item}});
+  if (!item.empty()) WantDeclaration(prog_id, alias, item, prog_id, alias);
 }
 
 // --- What the class gets ---

@@ -61,6 +61,7 @@ class CodeSync {
   // One argument of the formula `leaving_id` does not count although its row is still there.
   void FollowArgument(const Touched::Argument& argument, std::int32_t leaving_id = 0);
   void FollowAlias(const Touched::Alias& alias);
+  void FollowDeclaration(const Touched::Declaration& declaration);
   // Refuses what would not mean the same afterwards; warns of places that may use the name.
   void FollowUses(const Touched::Uses& uses);
   // Refuses when a line is another one since.

@@ -41,6 +41,13 @@ struct Touched {
     std::string old_item;
     std::string name;
   };
+  // The declaration of an alias in one class, whatever else of it the class declares.
+  struct Declaration {
+    std::string prog_id;
+    std::string alias;
+    std::string item;      // empty: no formula of the class uses the alias
+    std::string old_item;  // a declaration that names it is ours
+  };
 
   // A name whose uses in procedures follow, before anything else of the code does.
   struct Uses {
@@ -63,6 +70,8 @@ struct Touched {
   std::vector<Formula> formulas;
   std::vector<Argument> arguments;
   std::vector<Alias> aliases;
+  std::vector<Declaration> declarations;
+  std::vector<FormulaName> headers;  // of formulas of which nothing else changed
 };
 
 }  // namespace codegen

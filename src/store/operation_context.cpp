@@ -188,7 +188,8 @@ OperationResult OperationContext::RunPart(std::int32_t failure_text,
                                           const std::function<void(OperationResult&)>& steps) {
   std::ranges::move(rows_.TakeChanges(), std::back_inserter(part_rows_));
   const PartStart start = {touched_.formulas.size(),     touched_.arguments.size(),
-                           touched_.aliases.size(),      touched_.uses.size(),
+                           touched_.aliases.size(),      touched_.declarations.size(),
+                           touched_.headers.size(),      touched_.uses.size(),
                            touched_.replacements.size(), warnings_.size()};
   parts_.connection->BeginTrans();
   ++depth_;
@@ -215,6 +216,8 @@ void OperationContext::PutPartBack(const PartStart& start) {
   touched_.formulas.resize(start.formulas);
   touched_.arguments.resize(start.arguments);
   touched_.aliases.resize(start.aliases);
+  touched_.declarations.resize(start.declarations);
+  touched_.headers.resize(start.headers);
   touched_.uses.resize(start.uses);
   touched_.replacements.resize(start.replacements);
   warnings_.resize(start.warnings);

@@ -71,7 +71,7 @@ class OperationContext {
  private:
   // How far the operation had come when a part of it began.
   struct PartStart {
-    std::size_t formulas, arguments, aliases, uses, replacements, warnings;
+    std::size_t formulas, arguments, aliases, declarations, headers, uses, replacements, warnings;
   };
 
   OperationResult RunPart(std::int32_t failure_text,

@@ -54,6 +54,13 @@ struct EditFormulaOptions : RenameOptions {
   bool with_code = false;
 };
 
+// What brings rows and code into step where neither is as an operation would have left it.
+struct Mending {
+  std::vector<std::int32_t> arguments;  // IDs of those to delete, whatever they refer to
+  std::vector<std::pair<std::int32_t, ArgumentValues>> changed;  // In and Out of arguments, by ID
+  codegen::Touched code;                                         // what the code is to follow
+};
+
 struct ClassList {
   std::vector<ClassEntry> classes;
   std::vector<messages::Message> warnings;  // text 311 when a ProgID is too long
@@ -86,6 +93,9 @@ class Operations {
   OperationResult AsOne(const messages::Message& title,
                         const std::function<OperationResult()>& steps,
                         const OperationOptions& options = {});
+
+  // Nothing of it is judged: the caller looked at the rows and the code.
+  OperationResult Mend(const Mending& mending, const OperationOptions& options = {});
 
   // --- Formulas ---
   // "Formula1", "Formula2", ...: the first that no formula has. Raises platform::Error when all

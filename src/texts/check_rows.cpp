@@ -120,8 +120,11 @@ constexpr Row kRows[] = {
     {3068, "Die Sub <Name> in <Class> steht in einem #If-Block und fehlt womöglich im Server.",
      "The Sub <Name> in <Class> stands in an #If block and may be missing in the server."},
     {3069, "Nehmen Sie sie aus dem Block.", "Take it out of the block."},
-    {3070, "Die Sub <Name> in <Class> hat den Kommentarkopf einer Formel, aber keine Formel.",
-     "The Sub <Name> in <Class> has the header of a formula, but there is no such formula."},
+    {3070,
+     "Die Sub <Name> in <Class> hat den Kommentarkopf einer Formel, aber keine Formel (Argumente: "
+     "<Names>).",
+     "The Sub <Name> in <Class> has the header of a formula, but there is no such formula "
+     "(arguments: <Names>)."},
     {3071, "Lassen Sie die Formel anlegen (sie ist dann nicht aktiv), oder entfernen Sie den Kopf.",
      "Have the formula made (it is not enabled then), or remove the header."},
     {3072, "Hier steht <Name> auskommentiert, obwohl die Formel in <Class> lebt.",
@@ -201,9 +204,11 @@ constexpr Row kRows[] = {
     {3204, "Den Code <Code> gibt es nicht. Die Hilfeseite \"Das Projekt prüfen\" nennt alle.",
      "There is no code <Code>. The help page \"Checking the Project\" lists all."},
     {3205, "In Ordnung gebracht: <Code> <Place>: <Text>", "Mended: <Code> <Place>: <Text>"},
+    {3209, "Käme in Ordnung: <Code> <Place>: <Text>", "Would be mended: <Code> <Place>: <Text>"},
     {3206, "Fehler: <Errors>, Warnungen: <Warnings>, Hinweise: <Hints>",
      "Errors: <Errors>, warnings: <Warnings>, hints: <Hints>"},
     {3207, "Es passt alles zusammen.", "Everything is in step."},
+    {3208, "Projekt in Ordnung bringen (<Count>)", "Mend the project (<Count>)"},
 };
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -68,8 +70,35 @@ class CheckedProject {
     row->Close();
   }
 
-  Parts MakeParts() {
-    support::OpenProject& open = *project_.open;
+  // All rows and lines of code, a text each.
+  std::vector<std::string> Lines() {
+    std::vector<std::string> lines;
+    for (const std::string_view table :
+         {store::kFormulasTable, store::kAliasTable, store::kArgumentsTable}) {
+      const auto rows = support::MemoryDatabase::Open(
+          *project_.open->connection, "SELECT * FROM " + std::string(table) + " ORDER BY ID");
+      for (; !rows->EOF_(); rows->MoveNext()) {
+        std::string line(table);
+        for (std::size_t i = 0; i < rows->FieldCount(); ++i) {
+          line += ' ' + rows->Fields(i).Value().ToText();
+          std::erase(line, '\0');
+        }
+        lines.push_back(line);
+      }
+    }
+    for (const char* name : {"CPump", "CTank"}) {
+      if (!project_.system.Exists(support::ClassPath(name))) continue;
+      std::istringstream code(Code(name));
+      for (std::string line; std::getline(code, line);) {
+        std::erase(line, '\r');
+        lines.push_back(std::string(name) + ": " + line);
+      }
+    }
+    return lines;
+  }
+
+  Parts MakeParts() { return PartsOf(*project_.open); }
+  static Parts PartsOf(support::OpenProject& open) {
     Parts parts{support::kDatabasePath, *open.operations, open.code.context(), *open.connection};
     parts.files = open.environment.get();
     parts.has_item = [&open](std::string_view item) { return open.items.types.contains(item); };
@@ -87,6 +116,25 @@ class CheckedProject {
 
   support::FormulaProject project_;
 };
+
+// What went and what came, a line each, in their order.
+inline std::string Changes(const std::vector<std::string>& before,
+                           const std::vector<std::string>& after) {
+  std::string text;
+  const auto list = [&](const char* sign, const auto& lines, auto others) {
+    for (const std::string& line : lines) {
+      const auto same = std::ranges::find(others, line);
+      if (same == others.end()) {
+        text += sign + line + '\n';
+      } else {
+        others.erase(same);
+      }
+    }
+  };
+  list("-", before, after);
+  list("+", after, before);
+  return text;
+}
 
 // "ARG001 TvbfParams #3 ParentID", "SUB001 CPump.cls:12", a line each.
 inline std::string Describe(const std::vector<Finding>& findings) {

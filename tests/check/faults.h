@@ -13,7 +13,9 @@ namespace check {
 struct Fault {
   const char* name;
   std::function<void(CheckedProject&)> make;
-  const char* findings;  // as Describe shows them
+  const char* findings;        // as Describe shows them
+  const char* repaired = "";   // lines of rows and code that a repair changes
+  const char* left = nullptr;  // findings behind it; null: the same, or none when something changed
 };
 
 std::vector<Fault> Faults();

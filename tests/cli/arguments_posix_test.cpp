@@ -42,7 +42,8 @@ TEST(Arguments, EveryValueIsWhatWasTyped) {
       for (const OptionSpec& option : command.options) {
         const std::string name(option.name);
         words.push_back(option.value.empty() ? name : name + "=" + hostile);
-        if (!option.value.empty()) words.insert(words.end(), {name, hostile});
+        const bool apart = !option.value.empty() && !HasOptionalValue(option);
+        if (apart) words.insert(words.end(), {name, hostile});
       }
       words.push_back("--");
       words.insert(words.end(), arguments.begin(), arguments.end());
@@ -55,7 +56,8 @@ TEST(Arguments, EveryValueIsWhatWasTyped) {
         ++values;
       }
       for (const OptionSpec& option : command.options) {
-        const Words expected = option.value.empty() ? Words{""} : Words(2, hostile);
+        const std::size_t given = HasOptionalValue(option) ? 1 : 2;
+        const Words expected = option.value.empty() ? Words{""} : Words(given, hostile);
         EXPECT_EQ(call.values.find(option.name)->second, expected) << command.path;
         ++values;
       }

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "check/repair.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace check {
+namespace {
+
+using store::ArgumentRecord;
+using store::OperationResult;
+using store::Operations;
+
+constexpr messages::Pattern kTitle{3208};
+
+class Repairing {
+ public:
+  explicit Repairing(Operations& operations) : operations_(operations) {}
+
+  // Takes the finding over; false when nothing is to be done about it.
+  bool Take(const Finding& finding) {
+    if (!finding.repairable) return false;
+    const Subject& subject = finding.subject;
+    const Rule* rule = finding.rule;
+    if (rule == &rule::kNoFormulaOfArgument || rule == &rule::kNoAliasOfArgument) {
+      mending_.arguments.push_back(finding.where.id);
+    } else if (rule == &rule::kSameArgument) {
+      Join(subject.argument_id, finding.where.id);
+    } else if (rule == &rule::kNoSub) {
+      mending_.code.formulas.push_back({{}, {{subject.prog_id, subject.formula}}});
+    } else if (rule == &rule::kNoFormulaOfSub) {
+      adopted_.push_back(&finding);
+    } else if (rule == &rule::kNoHeader || rule == &rule::kOtherHeader) {
+      mending_.code.headers.push_back({subject.prog_id, subject.formula});
+    } else {
+      const bool loose = rule == &rule::kLooseDeclaration;
+      mending_.code.declarations.push_back(
+          {subject.prog_id, subject.alias, loose ? "" : subject.item, subject.old_item});
+    }
+    return true;
+  }
+
+  // Those that cannot be adopted are added to `left`.
+  OperationResult Run(std::set<const Finding*>& left) {
+    for (const Finding* finding : adopted_) {
+      if (!Adopt(finding->subject)) left.insert(finding);
+    }
+    return operations_.Mend(mending_);
+  }
+
+ private:
+  // Of two arguments of the same formula and alias the first becomes what both are.
+  void Join(std::int32_t first_id, std::int32_t second_id) {
+    const auto second = operations_.FindArgument(second_id);
+    const auto first = operations_.FindArgument(first_id);
+    if (!first || !second) return;
+    auto [both, is_new] = joined_.try_emplace(first_id, *first);
+    both->second.in |= second->in;
+    both->second.out |= second->out;
+    mending_.arguments.push_back(second_id);
+    if (both->second != *first) mending_.changed.emplace_back(first_id, both->second);
+  }
+
+  // Makes the formula that the procedure's header tells of. It does not run until somebody enables
+  // it: call type and direction of the arguments are known to nobody.
+  bool Adopt(const Subject& subject) {
+    store::FormulaValues values{subject.formula, subject.prog_id};
+    values.enabled = false;
+    const OperationResult formula = operations_.AddFormula(values);
+    if (!formula.success()) return false;
+    std::vector<store::ArgumentValues> arguments;
+    std::set<std::int32_t> known;
+    for (const std::string& name : subject.aliases) {
+      const auto alias = operations_.FindAliasByName(name);
+      if (alias && known.insert(alias->id).second) arguments.push_back({alias->id, true, false});
+    }
+    return arguments.empty() || operations_.AddArguments(formula.id(), arguments).success();
+  }
+
+  Operations& operations_;
+  store::Mending mending_;
+  std::map<std::int32_t, store::ArgumentValues> joined_;  // by ID
+  std::vector<const Finding*> adopted_;
+};
+
+}  // namespace
+
+RepairResult Repair(const Parts& parts, const std::vector<Finding>& findings,
+                    const Options& options, store::OperationOptions operation) {
+  RepairResult result;
+  Repairing repairing(parts.operations);
+  std::vector<const Finding*> taken;
+  std::set<const Finding*> refused;
+  const auto inspect = std::move(operation.inspect);
+  operation.inspect = [&] {
+    if (inspect) inspect();
+    // The file itself is as it was.
+    Parts rest = parts;
+    rest.count_faults = {};
+    result.left = Find(rest, {options.least, options.silenced, {}});
+  };
+  result.operation = parts.operations.AsOne(
+      {kTitle, {{"<Count>", findings.size()}}},
+      [&] {
+        for (const Finding& finding : findings) {
+          if (repairing.Take(finding)) taken.push_back(&finding);
+        }
+        return repairing.Run(refused);
+      },
+      operation);
+  if (!result.operation.success()) return result;
+  for (const Finding* finding : taken) {
+    if (!refused.contains(finding)) result.mended.push_back(*finding);
+  }
+  return result;
+}
+
+}  // namespace check
