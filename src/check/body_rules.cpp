@@ -48,7 +48,7 @@ void CheckBodies(const Rows& rows, const Modules& modules, Findings& findings) {
   const bool wanted =
       findings.Wants(rule::kNoArgumentOfUse) || findings.Wants(rule::kUnusedArgument) ||
       findings.Wants(rule::kInOnlyWritten) || findings.Wants(rule::kOutNeverWritten);
-  if (!wanted) return;
+  if (!wanted || modules.modules().empty()) return;
   const vbcode::Program& program = modules.program();
   std::vector<vbcode::FormulaCode> formulas;
   std::vector<const FormulaRecord*> records;

@@ -41,7 +41,7 @@ bool IsThere(const FormulasOfClass& formulas, const Modules::Module* module, Fin
     add(rule::kNoClass, {});
     return false;
   }
-  if (!module->problem.empty()) {
+  if (module->code == vbcode::kNone) {
     add(rule::kUnreadableClass, module->problem);
     return false;
   }
@@ -56,7 +56,7 @@ void CheckClasses(const Rows& rows, const Modules& modules, const Parts& parts, 
   if (!parts.code.vbe) return;
   std::map<std::string, FormulasOfClass> classes = GroupByClass(rows);
   for (const Modules::Module& module : modules.modules()) {
-    if (module.can_hold_formulas && module.problem.empty()) {
+    if (module.can_hold_formulas && module.code != vbcode::kNone) {
       classes[platform::FoldCase(module.prog_id)].prog_id = module.prog_id;
     }
   }

@@ -89,13 +89,27 @@ void CheckLines(const std::string& file, std::string_view text, Findings& findin
   if (LooksLikeUtf8(text)) findings.Add({rule::kOtherCodePage, Line(file, 0), {{"<File>", file}}});
 }
 
+// Why a module cannot be read.
+messages::Message ProblemOf(platform::VBComponent& component) {
+  try {
+    component.Module()->RequireSource();
+    return {};
+  } catch (const platform::Error& error) {
+    return messages::MessageOf(error);
+  }
+}
+
 }  // namespace
 
 Modules::Modules(const Parts& parts, Findings& findings, const Progress& progress) {
-  if (!parts.code.vbe) {
-    program_ = std::make_unique<vbcode::Program>(std::vector<vbcode::ModuleSource>());
-    return;
-  }
+  if (!parts.code.vbe) return;
+  code_ = std::make_unique<codegen::ProjectCode>(*parts.code.vbe);
+  std::size_t read = 0;
+  code_->LoadWhere([&](std::string_view) {
+    if (progress) progress(read, read + 1);
+    ++read;
+    return true;
+  });
   for (const auto& project : parts.code.vbe->VBProjects()) {
     for (const auto& component : project->VBComponents()) {
       if (!component->Module()) continue;
@@ -103,34 +117,16 @@ Modules::Modules(const Parts& parts, Findings& findings, const Progress& progres
       module.component = component;
       module.prog_id = project->Name() + "." + component->Name();
       module.can_hold_formulas = store::CanHoldFormulas(*project, *component);
-      if (progress) progress(modules_.size(), modules_.size() + 1);
-      Read(module, *project, findings);
+      module.code = code_->FindClass(module.prog_id);
+      if (module.code == vbcode::kNone) module.problem = ProblemOf(*component);
       modules_.push_back(std::move(module));
     }
   }
-  program_ = std::make_unique<vbcode::Program>(std::move(sources_));
-}
-
-void Modules::Read(Module& module, const platform::VBProject& project, Findings& findings) {
-  platform::CodeModule& code = *module.component->Module();
-  const std::string file = module.component->FileName();
-  std::string text;
-  try {
-    code.RequireSource();
-    const std::int32_t count = code.CountOfLines();
-    if (count > 0) text = code.Lines(1, count);
-  } catch (const platform::Error& error) {
-    module.problem = messages::MessageOf(error);
-    return;
+  for (std::int32_t code = 0; code < program().ModuleCount(); ++code) {
+    const std::string_view text = program().module(code).lines->text();
+    findings.Silence(File(code), FindSilenced(text));
+    CheckLines(File(code), text, findings);
   }
-  findings.Silence(file, FindSilenced(text));
-  CheckLines(file, text, findings);
-  module.code = static_cast<std::int32_t>(sources_.size());
-  module_of_code_.push_back(modules_.size());
-  const bool is_standard = module.component->Type() == platform::ComponentType::kStdModule;
-  sources_.push_back({module.component->Name(), project.Name(),
-                      is_standard ? vbcode::ModuleKind::kStandard : vbcode::ModuleKind::kClass,
-                      std::move(text)});
 }
 
 const Modules::Module* Modules::Find(std::string_view prog_id) const {
@@ -141,10 +137,6 @@ const Modules::Module* Modules::Find(std::string_view prog_id) const {
     return platform::EqualsIgnoringCase(module.prog_id, name);
   });
   return found == modules_.end() ? nullptr : &*found;
-}
-
-std::string Modules::File(std::int32_t code) const {
-  return modules_[module_of_code_[vbcode::Index(code)]].component->FileName();
 }
 
 }  // namespace check

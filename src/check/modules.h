@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,6 +9,8 @@
 
 #include "check/check.h"
 #include "check/findings.h"
+#include "codegen/project_code.h"
+#include "messages/message.h"
 #include "platform/vbide.h"
 #include "vbcode/program.h"
 
@@ -21,26 +23,23 @@ class Modules {
     std::shared_ptr<platform::VBComponent> component;
     std::string prog_id;
     bool can_hold_formulas = false;
-    messages::Message problem;          // why it cannot be read; empty when it can
     std::int32_t code = vbcode::kNone;  // number in the program
+    messages::Message problem;          // why it is not there
   };
 
   // Judges files and single lines on the way.
   Modules(const Parts& parts, Findings& findings, const Progress& progress);
 
   const std::vector<Module>& modules() const { return modules_; }
-  const vbcode::Program& program() const { return *program_; }
+  // REQUIRES: there is a development environment.
+  const vbcode::Program& program() const { return code_->program(); }
   // Null when no project has it.
   const Module* Find(std::string_view prog_id) const;
-  std::string File(std::int32_t code) const;
+  std::string File(std::int32_t code) const { return code_->ComponentOf(code).FileName(); }
 
  private:
-  void Read(Module& module, const platform::VBProject& project, Findings& findings);
-
+  std::unique_ptr<codegen::ProjectCode> code_;
   std::vector<Module> modules_;
-  std::vector<vbcode::ModuleSource> sources_;
-  std::vector<std::size_t> module_of_code_;
-  std::unique_ptr<vbcode::Program> program_;
 };
 
 }  // namespace check

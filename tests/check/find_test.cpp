@@ -2,6 +2,11 @@
 // What is found: each fault by its code and place, and nothing in a project that is in step.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
 #include "tests/check/faults.h"
 
 namespace check {
@@ -70,6 +75,24 @@ TEST(Rules, HaveCodesOfTheirOwnAndTextsInBothLanguages) {
       for (const std::int32_t number : {rule->text, rule->text + 1}) {
         EXPECT_EQ(table.Text(number).find("not found"), std::string::npos) << number;
       }
+    }
+  }
+}
+
+// The help has a row for each code, with its severity.
+TEST(Rules, AreExplainedInTheHelp) {
+  for (const char* language : {"de", "en"}) {
+    std::ifstream in(OV_SOURCE_DIR "/docs/help/" + std::string(language) + "/check.html");
+    const std::string page(std::istreambuf_iterator<char>(in), {});
+    std::size_t rows = 0;
+    for (std::size_t at = page.find("<tr><td><code>"); at != std::string::npos;
+         at = page.find("<tr><td><code>", at + 1)) {
+      ++rows;
+    }
+    EXPECT_EQ(rows, Rules().size()) << language;
+    for (const Rule* rule : Rules()) {
+      const std::string row = "<tr><td><code>" + std::string(rule->code) + "</code></td><td>";
+      EXPECT_NE(page.find(row), std::string::npos) << language << ' ' << rule->code;
     }
   }
 }
