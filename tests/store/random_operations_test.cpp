@@ -12,6 +12,7 @@
 #include <sstream>
 #include <string>
 
+#include "check/check.h"
 #include "platform/text.h"
 #include "tests/store/tagged_module.h"
 #include "tests/support/code_model_wrappers.h"
@@ -174,6 +175,7 @@ class RandomOperations {
       step_ = "step " + std::to_string(i) + ' ';
       Step();
       Check();
+      if (i % 5 == 0) CheckFindsNothing();
     }
   }
   int done() const { return done_; }
@@ -321,6 +323,22 @@ class RandomOperations {
       ASSERT_EQ(broken, "") << step_ << "\n" << project_->Code(name);
     }
     CheckCodeSaysWhatRowsSay(texts);
+  }
+
+  // What is wrong in the rows' and the code's own eyes; hints, and what procedures do with
+  // aliases, are the engineer's.
+  void CheckFindsNothing() {
+    support::OpenProject& open = *project_->open;
+    const check::Parts parts{support::kDatabasePath, *open.operations, open.code.context(),
+                             *open.connection};
+    check::Options options;
+    options.least = check::Severity::kWarning;
+    options.silenced = {&check::rule::kNoArgumentOfUse, &check::rule::kOutNeverWritten};
+    for (const check::Finding& finding : check::Find(parts, options)) {
+      ADD_FAILURE() << step_ << "\n"
+                    << finding.rule->code << ' ' << finding.where.file << ':' << finding.where.line
+                    << ' ' << open.texts.Sentence(finding.message);
+    }
   }
 
   void CheckTag(const std::string& tag, const std::string& name, const std::string& original,
