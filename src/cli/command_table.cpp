@@ -12,7 +12,7 @@ std::vector<CommandSpec> MakeTable() {
   std::vector<CommandSpec> table;
   for (auto* area :
        {ProjectCommands, FormulaCommands, ArgumentCommands, AliasCommands, CheckCommands,
-        CodeCommands, DatabaseCommands, VisualBasicCommands, HelpCommands}) {
+        HistoryCommands, CodeCommands, DatabaseCommands, VisualBasicCommands, HelpCommands}) {
     auto commands = area();
     std::move(commands.begin(), commands.end(), std::back_inserter(table));
   }

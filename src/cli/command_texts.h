@@ -186,6 +186,16 @@ enum TextNumber : int {
   kTextOptDepth,
   kTextOptGraphFormat,
   kTextGraphTooLarge,
+
+  // The history (texts/history_rows.cpp).
+  kTextCommandHistory = 3340,
+  kTextCommandHistoryShow,
+  kTextCommandUndo,
+  kTextCommandRedo,
+  kTextArgNumber,
+  kTextOptLimit,
+  kTextOptNoHistory,
+  kTextNoEntry,
 };
 
 }  // namespace cli

@@ -19,6 +19,7 @@ std::vector<CommandSpec> CodeCommands();  // find, graph
 CommandSpec GraphCommand();
 std::vector<CommandSpec> DatabaseCommands();
 std::vector<CommandSpec> VisualBasicCommands();
+std::vector<CommandSpec> HistoryCommands();
 std::vector<CommandSpec> HelpCommands();
 
 }  // namespace cli

@@ -14,6 +14,7 @@
 #include "files/change_set.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
+#include "project/history_setting.h"
 #include "project/skipped_items.h"
 #include "project/user_folders.h"
 
@@ -41,6 +42,10 @@ project::ProjectOptions OptionsOf(Invocation& invocation) {
       project::FindUserFolders(invocation.console().files, invocation.console().environment).state;
   options.vb.code_page = invocation.NumberOption("--code-page").value_or(options.vb.code_page);
   options.vb.writable_folders = invocation.Options("--allow-folder");
+  options.program = "ovformula";
+  options.with_history =
+      !invocation.Has("--no-history") &&
+      project::KeepsHistory(invocation.console().files, invocation.console().environment);
   return options;
 }
 
@@ -83,7 +88,9 @@ std::vector<OptionSpec> OpenOptions(std::vector<OptionSpec> own) {
 
 std::vector<OptionSpec> ChangeOptions(std::vector<OptionSpec> own) {
   own = OpenOptions(std::move(own));
-  own.insert(own.end(), {{"--no-code", "", kTextOptNoCode}, {"--dry-run", "", kTextOptDryRun}});
+  own.insert(own.end(), {{"--no-code", "", kTextOptNoCode},
+                         {"--dry-run", "", kTextOptDryRun},
+                         {"--no-history", "", kTextOptNoHistory}});
   return own;
 }
 
@@ -161,6 +168,9 @@ void OpenedProject::Report(const store::OperationResult& result) {
     for (const auto& skipped : SkippedItems(*catalogue, items.path(), invocation_.texts())) {
       invocation_.Warn(skipped);
     }
+  }
+  for (const messages::Message& problem : project_->history().TakeProblems()) {
+    invocation_.Warn(invocation_.texts().Sentence(problem));
   }
   if (project_->vb()) {
     for (const auto& replaced : project_->vb()->TakeReplacedCharacters()) {

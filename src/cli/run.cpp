@@ -31,6 +31,12 @@ bool IsDatabaseName(const std::string& word) {
 // The command that the first words name; they are taken off. "ovformula PROJECT.ovs" opens it.
 const CommandSpec* TakeCommand(Words& words, Values& common) {
   if (IsDatabaseName(words.front())) return FindCommand("open");
+  if (words.size() > 1) {
+    if (const CommandSpec* command = FindCommand(words[0] + " " + words[1])) {
+      words.erase(words.begin(), words.begin() + 2);
+      return command;
+    }
+  }
   if (const CommandSpec* command = FindCommand(words.front())) {
     words.erase(words.begin());
     return command;

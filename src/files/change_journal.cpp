@@ -26,6 +26,7 @@
 #include <set>
 #include <utility>
 
+#include "files/carried_append.h"
 #include "files/journal_inspection.h"
 #include "files/journal_repair.h"
 #include "files/put_in_place.h"
@@ -49,13 +50,15 @@ struct WholeFile {
 class CommitRun {
  public:
   CommitRun(FileSystem& system, JournalFile& journal, const std::string& database,
-            const Reach& reach, const ChangeSet& changes, std::uint64_t salt)
+            const Reach& reach, const ChangeSet& changes, std::uint64_t salt,
+            const journal::Carried& carried)
       : system_(system),
         journal_(journal),
         database_(database),
         reach_(reach),
         changes_(changes),
-        salt_(salt) {}
+        salt_(salt),
+        carried_(carried) {}
 
   void Run() {
     assert(journal_.locked());  // 1
@@ -153,7 +156,9 @@ class CommitRun {
   }
 
   void WriteJournal() {
-    journal::Writer writer(journal_.file(), salt_, system_.Stamp(database_).value_or(FileStamp()));
+    const bool appends = carried_.size_after > carried_.size_before;
+    journal::Writer writer(journal_.file(), salt_, system_.Stamp(database_).value_or(FileStamp()),
+                           carried_, appends ? changes_.append->bytes : std::string_view());
     writer.AddDatabase(database_);
     for (RangeSource* source : changes_.ranges) AddRanges(*source, writer);
     for (const WholeFile& file : files_) {
@@ -309,6 +314,7 @@ class CommitRun {
   const Reach& reach_;
   const ChangeSet& changes_;
   std::uint64_t salt_;
+  journal::Carried carried_;
   std::vector<WholeFile> files_;
   std::vector<TemporaryFile> staged_;
   std::set<std::string> moved_;
@@ -365,7 +371,7 @@ void Abandon(JournalFile& journal) {
       Abandon(journal);
       Undo(system, journal, database, reach, run);
     } else {
-      journal.MarkIdle();
+      journal.MarkPutBack();
     }
   } catch (const Error& error) {
     if (run.touched()) {
@@ -394,8 +400,18 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   if (was_begun && left.header.salt != last_salt_) {
     Raise(ErrorKind::kConflict, database, message::kIsNotChanged, message::kOtherChangeRecovered);
   }
+  CarriedAppend carrier(system_, database, journal_->file());
+  const FileAppend* append = changes.append ? &*changes.append : nullptr;
+  journal::Carried carried;
+  try {
+    carried = carrier.Next(append, appended_ && left.header.salt == last_salt_);
+  } catch (const Error& error) {
+    append->on_failure(error);
+    append = nullptr;
+    carried = carrier.Next(nullptr, false);
+  }
   last_salt_ = RandomNumber();
-  CommitRun run(system_, *journal_, database, reach_, changes, last_salt_);
+  CommitRun run(system_, *journal_, database, reach_, changes, last_salt_, carried);
   try {
     run.Run();
   } catch (...) {
@@ -406,6 +422,14 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
     run.MarkIdle();
   } catch (const Error&) {
     // Everything is on the medium; the next commit or start finds that and notes it.
+  }
+  if (!append) return;
+  try {
+    appended_ = false;
+    carrier.Write(*append);
+    appended_ = true;
+  } catch (const Error& error) {
+    append->on_failure(error);
   }
 }
 

@@ -33,6 +33,7 @@ class ChangeJournal {
   std::string database_path_;
   Reach reach_;
   std::uint64_t last_salt_ = 0;           // of the last journal that was ours
+  bool appended_ = false;                 // what that one carries stands in its file
   std::unique_ptr<JournalFile> journal_;  // once something was committed
 };
 

@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -52,10 +54,19 @@ struct FileChange {
   std::vector<KeptRange> kept = {};
 };
 
+// Bytes behind the end of the file beside the database that only grows (carried_append.h). They
+// follow a change that is made: that they cannot be written is told and changes nothing else.
+struct FileAppend {
+  std::uint64_t offset = 0;  // size of the file now; 0: there is none
+  std::string bytes;
+  std::function<void(const std::exception&)> on_failure;
+};
+
 // All that one commit changes.
 struct ChangeSet {
   std::vector<RangeSource*> ranges;  // not owned; alive until the commit returned
   std::vector<FileChange> files;
+  std::optional<FileAppend> append = {};
   bool empty() const { return ranges.empty() && files.empty(); }
 };
 

@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "files/carried_append.h"
 #include "files/file_identity.h"
 
 namespace files {
@@ -90,9 +91,21 @@ void JournalFile::Abandon() {
 
 void JournalFile::MarkIdle() {
   journal::WriteIdle(*file_);
+  SyncMark();
+}
+
+void JournalFile::MarkPutBack() {
+  journal::WritePutBack(*file_);
+  SyncMark();
+}
+
+void JournalFile::SyncMark() {
   file_->Sync();
   try {
-    if (file_->Size() > kKeptWhileIdle) file_->Truncate(journal::kHeaderSize);
+    if (file_->Size() <= kKeptWhileIdle) return;
+    journal::Header header;
+    journal::ReadHeader(*file_, header);
+    file_->Truncate(header.BodyAt());
   } catch (const Error&) {
     // Only room is lost, until the next commit.
   }
@@ -106,6 +119,7 @@ void JournalFile::RemoveIfUnused() noexcept {
     file_->Unlock(kPresenceByte, 1);
     if (file_->TryLock(kPresenceByte, 1, LockMode::kExclusive) && BearsName() &&
         journal::IsIdle(*file_)) {
+      CarriedAppend(system_, database_, *file_).Sync();
       system_.Remove(path_);
     }
   } catch (const Error&) {

@@ -42,14 +42,17 @@ class JournalFile {
   void SyncName();
   // Writes the mark that the change is given up, and syncs it.
   void Abandon();
-  // Writes the mark that nothing is under way, syncs it, and gives much room back.
+  // Writes the mark that nothing is under way, the change made, syncs it, and gives much room back.
   void MarkIdle();
+  // The same for a change that was put back.
+  void MarkPutBack();
 
   // Removes the file unless another program uses it or it is not idle. Not while locked.
   void RemoveIfUnused() noexcept;
 
  private:
   bool BearsName();
+  void SyncMark();
   // False when there is no file. Leaves file_ empty when somebody is removing it just now.
   bool Open(bool create);
 

@@ -16,6 +16,8 @@ constexpr std::string_view kActive = "ACTIVE>>";
 constexpr std::string_view kGivenUp = "UNDOING>";
 constexpr std::size_t kStateAt = 8;
 constexpr std::size_t kChecksumAt = 56;
+constexpr std::size_t kCarriedAt = 64;
+constexpr std::size_t kCarriedChecksumAt = 120;
 constexpr std::size_t kRecordHeader = 16;
 constexpr std::size_t kGathered = std::size_t{1} << 18;
 constexpr std::uint64_t kFarthest = std::uint64_t{1} << 62;  // sums of two stay in range
@@ -166,6 +168,41 @@ bool IsKept(const KeptRange& kept, const FileChange& change) {
 
 }  // namespace
 
+namespace {
+
+std::uint64_t CarriedChecksum(std::span<const std::byte> header) {
+  return Hash64(header.subspan(kCarriedAt, kCarriedChecksumAt - kCarriedAt));
+}
+
+void EncodeCarried(const Carried& carried, std::span<std::byte> header) {
+  if (carried.room == 0) return;
+  std::size_t at = kCarriedAt;
+  for (const std::uint64_t number :
+       {carried.room, carried.offset, carried.size_before, carried.size_after, carried.hash_before,
+        carried.hash_after, carried.head}) {
+    PutAt(header, at, number);
+    at += sizeof number;
+  }
+  PutAt(header, kCarriedChecksumAt, CarriedChecksum(header));
+}
+
+// False for damage.
+bool DecodeCarried(std::span<const std::byte> header, Carried& carried) {
+  Cursor in(header.subspan(kCarriedAt));
+  for (std::uint64_t* number :
+       {&carried.room, &carried.offset, &carried.size_before, &carried.size_after,
+        &carried.hash_before, &carried.hash_after, &carried.head}) {
+    *number = in.Take<std::uint64_t>();
+  }
+  const auto checksum = in.Take<std::uint64_t>();
+  if (carried.room == 0) return checksum == 0;
+  return checksum == CarriedChecksum(header) && carried.room <= kFarthest &&
+         carried.offset <= kFarthest && carried.size_before <= carried.size_after &&
+         carried.size_after <= carried.room;
+}
+
+}  // namespace
+
 std::array<std::byte, kHeaderSize> Encode(const Header& header) {
   std::array<std::byte, kHeaderSize> bytes = {};
   std::memcpy(bytes.data(), kMagic.data(), kMagic.size());
@@ -175,12 +212,22 @@ std::array<std::byte, kHeaderSize> Encode(const Header& header) {
   PutAt(bytes, 40, header.database_size);
   PutAt(bytes, 48, static_cast<std::uint64_t>(header.database_modified_ns));
   PutAt(bytes, kChecksumAt, Hash64(std::span(bytes).first(kChecksumAt)));
+  EncodeCarried(header.carried, bytes);
   if (header.active) std::memcpy(bytes.data() + kStateAt, kActive.data(), kActive.size());
   return bytes;
 }
 
 void WriteIdle(RandomAccessFile& file) {
   file.WriteAt(kStateAt, std::array<std::byte, kActive.size()>{});
+}
+
+void WritePutBack(RandomAccessFile& file) {
+  Header header;
+  if (ReadHeader(file, header) != HeaderCondition::kValid || !header.active) return WriteIdle(file);
+  header.active = false;
+  header.carried.size_after = header.carried.size_before;
+  header.carried.hash_after = header.carried.hash_before;
+  file.WriteAt(0, Encode(header));
 }
 
 void WriteGivenUp(RandomAccessFile& file) {
@@ -221,7 +268,7 @@ HeaderCondition ReadHeader(RandomAccessFile& file, Header& header) {
   header.database_size = in.Take<std::uint64_t>();
   header.database_modified_ns = static_cast<std::int64_t>(in.Take<std::uint64_t>());
   const bool sound = in.Take<std::uint64_t>() == Hash64(std::span(bytes).first(kChecksumAt)) &&
-                     header.body_size <= kFarthest;
+                     header.body_size <= kFarthest && DecodeCarried(bytes, header.carried);
   return sound ? HeaderCondition::kValid : HeaderCondition::kDamaged;
 }
 
@@ -248,13 +295,20 @@ void GatheringWriter::Flush() {
   buffer_.clear();
 }
 
-Writer::Writer(RandomAccessFile& file, std::uint64_t salt, const FileStamp& database) : out_(file) {
+Writer::Writer(RandomAccessFile& file, std::uint64_t salt, const FileStamp& database,
+               const Carried& carried, std::string_view appended)
+    : out_(file) {
   header_.active = true;
+  header_.carried = carried;
   header_.salt = salt;
   header_.database_size = database.size;
   header_.database_modified_ns = database.modified_ns;
-  // Room for the header, so that a small journal is one write.
-  out_.Write(0, std::array<std::byte, kHeaderSize>{});
+  // Room for the header, so that a small journal is one write. Where there is something carried the
+  // old header says so until the new one is written.
+  if (carried.room == 0) out_.Write(0, std::array<std::byte, kHeaderSize>{});
+  if (!appended.empty()) {
+    out_.Write(kHeaderSize + carried.size_before, std::as_bytes(std::span(appended)));
+  }
 }
 
 void Writer::AddDatabase(const std::string& path) {
@@ -377,15 +431,16 @@ void Writer::End() {
   PutAt(record, 4, static_cast<std::uint32_t>(record.size() - kRecordHeader));
   PutAt(record, 8,
         RecordChecksum(record, record.subspan(kRecordHeader), header_.salt + header_.record_count));
-  out_.Write(kHeaderSize + header_.body_size, record);
+  out_.Write(header_.BodyAt() + header_.body_size, record);
   header_.body_size += record.size();
   ++header_.record_count;
 }
 
-Reader::Reader(RandomAccessFile& file, const Header& header) : file_(file), header_(header) {}
+Reader::Reader(RandomAccessFile& file, const Header& header)
+    : file_(file), header_(header), position_(header.BodyAt()) {}
 
 Reader::Result Reader::Next(Record& record) {
-  const std::uint64_t end = kHeaderSize + header_.body_size;
+  const std::uint64_t end = header_.BodyAt() + header_.body_size;
   if (count_ == header_.record_count) {
     return position_ == end ? Result::kEnd : Result::kDamaged;
   }

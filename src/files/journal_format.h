@@ -12,7 +12,18 @@
 //   40   8  size of the database before the change, in bytes
 //   48   8  time of the database's last change before this one, in ns since 1970-01-01 UTC
 //   56   8  checksum of the bytes 0..55, with zeros for the state
-//   64      zeros
+//   64   8  room between header and body, in bytes, for what the journal carries
+//   72   8  where in the file beside the database the carried bytes belong
+//   80   8  how many bytes were carried before the commit
+//   88   8  how many with it; the same once it was put back
+//   96   8  hash of the former
+//  104   8  hash of the latter
+//  112   8  hash of the first bytes of that file
+//  120   8  checksum of the bytes 64..119; zeros throughout when nothing is carried
+//  128      zeros
+//
+// Room: the carried bytes. A commit adds to them; what it finds there stays as it is until the file
+// that it belongs to is synced.
 //
 // Body: records, one behind the other.
 //   0    4  kind (below)
@@ -53,6 +64,17 @@ inline constexpr std::uint64_t kSector = 512;
 inline constexpr std::size_t kMaxPayload = std::size_t{1} << 18;
 inline constexpr std::size_t kMaxRange = std::size_t{1} << 16;
 
+// What a journal carries for the file beside the database that only grows (carried_append.h).
+struct Carried {
+  std::uint64_t room = 0;
+  std::uint64_t offset = 0;
+  std::uint64_t size_before = 0;
+  std::uint64_t size_after = 0;
+  std::uint64_t hash_before = 0;
+  std::uint64_t hash_after = 0;
+  std::uint64_t head = 0;
+};
+
 struct Header {
   bool active = false;
   bool given_up = false;  // the state before is wanted, however much was done
@@ -61,6 +83,8 @@ struct Header {
   std::uint64_t record_count = 0;
   std::uint64_t database_size = 0;
   std::int64_t database_modified_ns = 0;
+  Carried carried;
+  std::uint64_t BodyAt() const { return kHeaderSize + carried.room; }
 };
 
 std::array<std::byte, kHeaderSize> Encode(const Header& header);
@@ -72,8 +96,11 @@ enum class HeaderCondition {
   kDamaged,
 };
 
-// Writes the mark that the journal is idle. Not synced.
+// Writes the mark that the journal is idle, its change made. Not synced.
 void WriteIdle(RandomAccessFile& file);
+
+// Writes the mark that the journal is idle, its change put back. Not synced.
+void WritePutBack(RandomAccessFile& file);
 
 // Writes the mark that an active change is given up. Not synced.
 void WriteGivenUp(RandomAccessFile& file);
@@ -158,8 +185,10 @@ class GatheringWriter {
 // Writes the body of a journal and, at last, its header. Nothing is synced.
 class Writer {
  public:
-  // `database` is its stamp before the change; empty when there is none.
-  Writer(RandomAccessFile& file, std::uint64_t salt, const FileStamp& database);
+  // `database` is its stamp before the change; empty when there is none. `appended`: the bytes that
+  // the commit adds to those carried.
+  Writer(RandomAccessFile& file, std::uint64_t salt, const FileStamp& database,
+         const Carried& carried = {}, std::string_view appended = {});
 
   void AddDatabase(const std::string& path);
   void AddRangedFile(const RangedFileRecord& file);
@@ -199,7 +228,7 @@ class Reader {
  private:
   RandomAccessFile& file_;
   Header header_;
-  std::uint64_t position_ = kHeaderSize;
+  std::uint64_t position_;
   std::uint64_t count_ = 0;
   std::vector<std::byte> payload_;
 };

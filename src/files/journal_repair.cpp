@@ -192,7 +192,7 @@ void PutBack(FileSystem& system, JournalFile& journal, const Inspection& inspect
     }
     restorer.End();
   }
-  journal.MarkIdle();
+  journal.MarkPutBack();
 }
 
 bool CanFinish(const InspectedFile& file) {

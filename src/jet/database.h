@@ -14,6 +14,7 @@
 #include "files/file_system.h"
 #include "files/unit_of_work.h"
 #include "jet/error.h"
+#include "jet/row_log.h"
 #include "jet/schema.h"
 #include "jet/table.h"
 #include "jet/value.h"
@@ -158,6 +159,11 @@ class Database final : public files::Participant {
   void Commit();
   void Rollback() noexcept;
   bool InTransaction() const;
+
+  // From now on the rows that transactions change are kept, until the next outermost one begins.
+  void KeepRowLog();
+  // What the open transaction, or the last, changed in the rows.
+  const std::vector<LoggedRow>& row_log() const;
 
   // Rises when rows may have changed by others: what was read before may be out of date.
   std::uint64_t Generation();

@@ -192,6 +192,7 @@ void Session::Begin() {
     }
   }
   pager_->Begin();
+  row_log_.Begin();
 }
 
 void Session::Doom() {
@@ -228,6 +229,7 @@ void Session::Collect(files::ChangeSet& changes) {
 
 void Session::Committed() noexcept {
   try {
+    row_log_.Commit();
     pager_->Commit();
     stamp_ = file_->Stamp();
     counters_.resize(kCountersSize);
@@ -241,6 +243,7 @@ void Session::Committed() noexcept {
 void Session::Commit() {
   CheckUsable();
   if (pager_->level() > 1) {
+    row_log_.Commit();
     pager_->Commit();
     return;
   }
@@ -255,6 +258,7 @@ void Session::Commit() {
 
 void Session::Rollback() noexcept {
   if (pager_->level() == 0) return;
+  row_log_.Rollback();
   pager_->Rollback();
   if (doomed_level_ > pager_->level()) doomed_level_ = 0;
   if (pager_->level() == 0) EndTransaction();

@@ -15,6 +15,7 @@
 #include "jet/lock_file.h"
 #include "jet/messages.h"
 #include "jet/pager.h"
+#include "jet/row_log.h"
 
 namespace jet {
 
@@ -57,6 +58,8 @@ class Session {
   void Collect(files::ChangeSet& changes);
   void Committed() noexcept;
 
+  RowLog& row_log() { return row_log_; }
+
   // Rises when others changed the file, and when a rollback took changes back.
   std::uint64_t generation() const { return generation_ + pager_->generation(); }
 
@@ -80,6 +83,7 @@ class Session {
   std::unique_ptr<Pager> pager_;
   std::unique_ptr<LockFile> lock_file_;
   std::optional<files::ChangeJournal> journal_;
+  RowLog row_log_;
   HeaderFields header_;
   messages::Message read_only_reason_;
   messages::Message read_only_remedy_ = message::kNothingChanged;

@@ -88,16 +88,39 @@ void InTransaction(TableState& table, Change change) {
 
 InsertResult Table::Insert(std::span<const ColumnValue> values) {
   InsertResult result;
-  InTransaction(*state_, [&] { result = state_->writer().Insert(values); });
+  InTransaction(*state_, [&] {
+    result = state_->writer().Insert(values);
+    if (KeepsLog()) Log(nullptr, ReadRow(result.id));
+  });
   return result;
 }
 
 void Table::Update(RowId id, std::span<const ColumnValue> values) {
-  InTransaction(*state_, [&] { state_->writer().Update(id, values); });
+  InTransaction(*state_, [&] {
+    std::unique_ptr<RowBuffer> before = KeepsLog() ? ReadRow(id) : nullptr;
+    state_->writer().Update(id, values);
+    if (KeepsLog()) Log(std::move(before), ReadRow(id));
+  });
 }
 
 void Table::Delete(RowId id) {
-  InTransaction(*state_, [&] { state_->writer().Delete(id); });
+  InTransaction(*state_, [&] {
+    std::unique_ptr<RowBuffer> before = KeepsLog() ? ReadRow(id) : nullptr;
+    state_->writer().Delete(id);
+    if (KeepsLog()) Log(std::move(before), nullptr);
+  });
+}
+
+bool Table::KeepsLog() const { return state_->session().row_log().kept; }
+
+// Null when there is no such row: the change fails then.
+std::unique_ptr<RowBuffer> Table::ReadRow(RowId id) {
+  auto row = std::make_unique<RowBuffer>();
+  return Read(id, *row) ? std::move(row) : nullptr;
+}
+
+void Table::Log(std::unique_ptr<RowBuffer> before, std::unique_ptr<RowBuffer> after) {
+  state_->session().row_log().Add({this, std::move(before), std::move(after)});
 }
 
 }  // namespace jet

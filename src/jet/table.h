@@ -130,6 +130,10 @@ class Table {
 
  private:
   friend class Database;
+  bool KeepsLog() const;
+  std::unique_ptr<RowBuffer> ReadRow(RowId id);
+  void Log(std::unique_ptr<RowBuffer> before, std::unique_ptr<RowBuffer> after);
+
   std::unique_ptr<TableState> state_;
 };
 

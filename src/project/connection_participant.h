@@ -15,6 +15,9 @@ class ConnectionParticipant final : public files::Participant {
   explicit ConnectionParticipant(std::shared_ptr<recordset::JetConnection> connection)
       : connection_(std::move(connection)) {}
 
+  // That takes part in the open unit, or took part in the last; null for none.
+  jet::Database* database() const { return database_; }
+
   void Save() override {
     database_ = nullptr;
     if (connection_->State() != platform::ObjectState::kOpen) return;

@@ -2,7 +2,9 @@
 #include "project/project.h"
 
 #include <algorithm>
+#include <chrono>
 
+#include "files/account.h"
 #include "files/replace_file.h"
 #include "project/state_files.h"
 #include "store/ado_fro.h"
@@ -96,18 +98,27 @@ std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
   return environment;
 }
 
+std::int64_t SecondsNow() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::seconds>(now).count();
+}
+
 }  // namespace
 
 Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
                  const texts::TextTable& texts)
-    : path_(files::FollowLink(system, path)),
+    : system_(system),
+      reach_(ReachOf(system, path, options)),
+      path_(files::FollowLink(system, path)),
       name_(StudioProjectName(system, path_)),
       connection_(MakeConnection(system, path_, options)),
       database_(connection_),
       items_(system, ItemsPath(system, path_, options), !options.items_file.empty()),
       components_(OpenComponents(system, path_, options)),
-      unit_(system, path_, ReachOf(system, path_, options)),
+      unit_(system, path_, reach_),
       foreign_changes_(system, path_),
+      history_(system, path_, unit_, [this] { return database_.database(); },
+               {files::AccountAtComputer(), options.program, SecondsNow}),
       code_(texts, &items_, components_.get()) {
   unit_.Enlist(database_);
   if (options.with_code) {
@@ -115,6 +126,8 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
     unit_.Enlist(*vb_);
   }
   unit_.Enlist(foreign_changes_);
+  unit_.Enlist(history_);
+  if (!options.with_history) history_.SwitchOff();
   if (!options.open_database) return;
   code_.Initialize(connection_, vb_, name_);
   operations_ = std::make_unique<store::Operations>(
@@ -126,6 +139,10 @@ Project::~Project() = default;
 std::size_t Project::CountFaults(
     const std::function<void(std::uint64_t, std::uint64_t)>& progress) {
   return connection_->database().Verify(progress).findings.size();
+}
+
+history::UndoRedo Project::MakeUndoRedo() {
+  return history::UndoRedo({system_, history_, *operations_, &code_.context(), reach_});
 }
 
 std::vector<std::string> Project::ChangeableFiles() {

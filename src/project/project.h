@@ -13,6 +13,8 @@
 #include "codegen/vb_formula_code.h"
 #include "files/file_system.h"
 #include "files/unit_of_work.h"
+#include "history/recorder.h"
+#include "history/undo.h"
 #include "platform/ado.h"
 #include "project/component_list_file.h"
 #include "project/connection_participant.h"
@@ -32,6 +34,8 @@ struct ProjectOptions {
   std::vector<std::string> vb_files;  // empty: all .vbp and .vbg beside and below the database
   std::string items_file;             // "": items.csv beside the database, which may be missing
   std::string state_folder;           // of the user; "" keeps no component list
+  bool with_history = true;           // operations leave a record that they can be undone by
+  std::string program = "ovformula-desktop";  // that works on the project, for the record
   vbfiles::Options vb;
 };
 
@@ -61,6 +65,9 @@ class Project {
   // Null without a state folder or code.
   ComponentListFile* components() { return components_.get(); }
   files::JournalledUnitOfWork& unit() { return unit_; }
+  history::Recorder& history() { return history_; }
+  // Takes operations back and does them again. The project must outlive it.
+  history::UndoRedo MakeUndoRedo();
   // What other programs do to the database.
   ForeignChanges& foreign_changes() { return foreign_changes_; }
   // Walks the whole database file; how many faults it has.
@@ -69,6 +76,8 @@ class Project {
   std::vector<std::string> ChangeableFiles();
 
  private:
+  files::FileSystem& system_;
+  files::Reach reach_;
   std::string path_;
   std::string name_;
   std::shared_ptr<recordset::JetConnection> connection_;
@@ -78,6 +87,7 @@ class Project {
   std::shared_ptr<vbfiles::Environment> vb_;
   files::JournalledUnitOfWork unit_;
   ForeignChanges foreign_changes_;
+  history::Recorder history_;
   codegen::CVBFormulaCode code_;
   std::unique_ptr<store::Operations> operations_;
 };

@@ -233,6 +233,7 @@ OperationResult Operations::AsOne(const messages::Message& title,
       throw OperationRefusal(answer.outcome, answer.message, answer.detail);
     }
     result.ids = std::move(answer.ids);
+    context_->NoteRows(std::move(answer.rows));
   });
 }
 

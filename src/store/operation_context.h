@@ -57,6 +57,10 @@ class OperationContext {
   codegen::Touched& touched() { return touched_; }
   // Raises unless there is code to change; for operations that need it.
   void RequireProjects();
+  // Rows that the steps changed by other means than operations, unless these changed some.
+  void NoteRows(std::vector<RowChange> rows) {
+    if (part_rows_.empty()) part_rows_ = std::move(rows);
+  }
   // Of the operation that runs; its parts are not told apart.
   void Progress(std::size_t done, std::size_t total);
   using Values = std::initializer_list<messages::Message::Value>;

@@ -90,6 +90,7 @@ class Operations {
   // end. `steps` call operations of this object, whose own options and titles do not count then. A
   // call that fails has changed nothing, and the steps may go on; unless what they answer is done,
   // all of it is put back. The answer has the rows and warnings of all.
+  // Steps that call no operation answer with the rows themselves.
   OperationResult AsOne(const messages::Message& title,
                         const std::function<OperationResult()>& steps,
                         const OperationOptions& options = {});

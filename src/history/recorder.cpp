@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "history/recorder.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "files/carried_append.h"
+#include "files/error.h"
+#include "files/file_identity.h"
+#include "history/line_ranges.h"
+#include "history/messages.h"
+
+namespace history {
+namespace {
+
+constexpr const char* kIdColumn = "ID";
+
+Row ImageOf(const jet::LoggedRow& logged, const jet::RowBuffer& values) {
+  Row row;
+  const std::vector<jet::Column>& columns = logged.table->columns();
+  for (std::size_t i = 0; i < columns.size() && i < values.size(); ++i) {
+    row.emplace_back(columns[i].name, ToCell(values[i]));
+  }
+  return row;
+}
+
+std::optional<std::int32_t> IdOf(const jet::LoggedRow& logged) {
+  const auto column = logged.table->FindColumn(kIdColumn);
+  const jet::RowBuffer* values = logged.after ? logged.after.get() : logged.before.get();
+  if (!column || !values || *column >= values->size()) return std::nullopt;
+  const jet::Value& id = (*values)[*column];
+  if (id.kind() != jet::ValueKind::kInteger) return std::nullopt;
+  return static_cast<std::int32_t>(id.integer());
+}
+
+// Each row once: as the unit found it and as it leaves it.
+std::vector<ChangedRow> RowsOf(const std::vector<jet::LoggedRow>& log) {
+  std::map<std::pair<std::string, std::int32_t>, std::size_t> known;
+  std::vector<ChangedRow> rows;
+  for (const jet::LoggedRow& logged : log) {
+    const auto id = IdOf(logged);
+    if (!id) continue;
+    const auto [place, is_new] = known.try_emplace({logged.table->name(), *id}, rows.size());
+    if (is_new) {
+      ChangedRow& row = rows.emplace_back(ChangedRow{logged.table->name(), *id, {}, {}});
+      if (logged.before) row.before = ImageOf(logged, *logged.before);
+    }
+    std::optional<Row>& after = rows[place->second].after;
+    after.reset();
+    if (logged.after) after = ImageOf(logged, *logged.after);
+  }
+  std::erase_if(rows, [](const ChangedRow& row) { return row.before == row.after; });
+  return rows;
+}
+
+// A database that is not there yet has no history either.
+std::string Resolved(files::FileSystem& system, const std::string& database_path) {
+  try {
+    return files::ResolveTarget(system, database_path);
+  } catch (const files::Error&) {
+    return database_path;
+  }
+}
+
+}  // namespace
+
+Recorder::Recorder(files::FileSystem& system, const std::string& database_path,
+                   const files::JournalledUnitOfWork& unit,
+                   std::function<jet::Database*()> database, Author author)
+    : system_(system),
+      unit_(unit),
+      database_(std::move(database)),
+      author_(std::move(author)),
+      file_(system, files::AppendedPath(system, Resolved(system, database_path))),
+      folder_(system.Folder(Resolved(system, database_path))) {}
+
+void Recorder::Tell(const messages::Message& problem) {
+  const std::string text =
+      std::to_string(problem.number()) + problem.Text("<Path>") + problem.Text("<Cause>");
+  if (std::ranges::count(told_, text) > 0) return;
+  told_.push_back(text);
+  problems_.push_back(problem);
+}
+
+std::vector<messages::Message> Recorder::TakeProblems() { return std::exchange(problems_, {}); }
+
+void Recorder::Save() {
+  Forget();
+  jet::Database* const database = on_ ? database_() : nullptr;
+  if (database) database->KeepRowLog();
+}
+
+void Recorder::Collect(files::ChangeSet& changes) {
+  std::ranges::copy(revert_.files, std::back_inserter(changes.files));
+  if (!on_ || changes.empty()) return;
+  try {
+    Record record = MakeRecord(changes);
+    if (!record.rows.empty() || !record.files.empty()) Append(std::move(record), changes);
+  } catch (const std::exception& error) {
+    Tell({message::kNotKept, {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});
+  }
+}
+
+Record Recorder::MakeRecord(const files::ChangeSet& changes) const {
+  Record record;
+  record.time = author_.now();
+  record.kind = revert_.kind;
+  record.target = revert_.target;
+  record.who = author_.who;
+  record.program = author_.program;
+  if (jet::Database* const database = database_()) record.rows = RowsOf(database->row_log());
+  for (const files::FileChange& change : changes.files) {
+    if (change.before == change.after) continue;
+    ChangedFile file{Shown(change.path), {}, {}, RangesOf(change)};
+    if (change.before) file.before = FileVersion{change.before->size(), change.before.Hash()};
+    if (change.after) file.after = FileVersion{change.after->size(), change.after.Hash()};
+    record.files.push_back(std::move(file));
+  }
+  record.title = unit_.title().empty() ? TitleOf(record) : unit_.title();
+  if (record.kind != Kind::kOperation) record.title = revert_.title;
+  return record;
+}
+
+// What nobody named.
+messages::Message Recorder::TitleOf(const Record& record) const {
+  if (record.files.empty()) return {message::kEditRows, {{"<Count>", record.rows.size()}}};
+  if (record.files.size() > 1) {
+    return {message::kEditCodeOfMany, {{"<Count>", record.files.size()}}};
+  }
+  return {message::kEditCode, {{"<File>", system_.FileName(record.files.front().path)}}};
+}
+
+// So that a project that moves keeps its history.
+std::string Recorder::Shown(const std::string& path) const {
+  const std::string inside = system_.Join(folder_, "");
+  return !folder_.empty() && path.starts_with(inside) ? path.substr(inside.size()) : path;
+}
+
+std::string Recorder::PathOf(const ChangedFile& file) const {
+  const bool is_whole =
+      file.path.starts_with('/') || file.path.find(':') == 1 || file.path.starts_with("\\\\");
+  return is_whole ? file.path : system_.Join(folder_, file.path);
+}
+
+void Recorder::Append(Record record, files::ChangeSet& changes) {
+  const std::string& path = file_.path();
+  if (system_.Exists(path) && !system_.IsWritable(path)) {
+    return Tell({message::kIsReadOnly, {{"<Path>", path}}});
+  }
+  auto ends = file_.ReadEnds();
+  if (!ends) {
+    Tell({message::kSetAside, {{"<Path>", path}, {"<Name>", file_.SetAside()}}});
+    ends.emplace();
+  }
+  file_.Shorten(*ends);
+  ends = file_.ReadEnds();
+  if (!ends) return;
+  changes.append = files::FileAppend{
+      ends->size, HistoryFile::Appended(*ends, record), [this](const std::exception& error) {
+        Tell({message::kNotKept,
+              {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});
+      }};
+}
+
+}  // namespace history

@@ -1,0 +1,350 @@
+// SPDX-License-Identifier: MIT
+#include "history/taking_back.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <list>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "files/error.h"
+#include "history/line_ranges.h"
+#include "history/messages.h"
+
+namespace history {
+namespace {
+
+constexpr std::string_view kFormulas = "TvbfFormulas";
+constexpr std::string_view kAliases = "TvbfAlias";
+constexpr std::string_view kArguments = "TvbfParams";
+constexpr const char* kIdColumn = "ID";
+
+// --- Rows ---
+
+// A cell as it is shown.
+std::string Shown(const Cell& cell) {
+  if (cell.empty() || cell == "n") return "Null";
+  const std::string text = cell.substr(1);
+  if (cell[0] == 'b') return text == "1" ? "true" : "false";
+  return text == std::string(1, '\0') ? std::string() : text;
+}
+
+std::string Shown(const Row& row) {
+  std::string text;
+  for (const auto& [name, cell] : row) text += (text.empty() ? "" : ", ") + Shown(cell);
+  return text;
+}
+
+const Cell* CellOf(const Row& row, std::string_view name) {
+  const auto found = std::ranges::find(row, name, &Row::value_type::first);
+  return found == row.end() ? nullptr : &found->second;
+}
+
+// Place of the row by its ID, through an index where there is one.
+std::optional<jet::RowId> FindRow(jet::Table& table, std::string_view column_name,
+                                  std::int32_t id) {
+  const auto column = table.FindColumn(column_name);
+  if (!column) return std::nullopt;
+  const jet::Value key[] = {jet::Value::Integer(id)};
+  for (std::size_t i = 0; i < table.indexes().size(); ++i) {
+    const auto& parts = table.physical_indexes()[table.indexes()[i].physical].columns;
+    if (parts.empty() || parts.front().column != *column) continue;
+    jet::IndexCursor cursor = table.OpenCursor(i);
+    return cursor.Seek(key) ? std::optional(cursor.row()) : std::nullopt;
+  }
+  const std::size_t columns[] = {*column};
+  jet::Scan scan = table.OpenScan(columns);
+  for (jet::RowBuffer row; scan.Next(row);) {
+    if (row[0] == key[0]) return row.id();
+  }
+  return std::nullopt;
+}
+
+// The row now; nothing when there is none.
+std::optional<Row> RowNow(jet::Table& table, std::int32_t id) {
+  const auto place = FindRow(table, kIdColumn, id);
+  jet::RowBuffer values;
+  if (!place || !table.Read(*place, values)) return std::nullopt;
+  Row row;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    row.emplace_back(table.columns()[i].name, ToCell(values[i]));
+  }
+  return row;
+}
+
+// Whether the row is as it was left. Columns that came since do not count.
+bool IsAsLeft(const Row& now, const Row& left) {
+  return std::ranges::all_of(left, [&](const auto& member) {
+    const Cell* cell = CellOf(now, member.first);
+    return cell && *cell == member.second;
+  });
+}
+
+messages::Message::Value Value(const char* name, const std::string& text) { return {name, text}; }
+
+std::optional<messages::Message> CheckRow(jet::Database& database, const ChangedRow& row) {
+  const std::string place = row.table + " #" + std::to_string(row.id);
+  if (!database.HasTable(row.table)) {
+    return messages::Message(message::kNoTable, {Value("<Table>", row.table)});
+  }
+  const auto now = RowNow(database.OpenTable(row.table), row.id);
+  if (!row.after) {
+    if (!now) return std::nullopt;
+    return messages::Message(message::kRowIsThere,
+                             {Value("<Place>", place), Value("<Found>", Shown(*now))});
+  }
+  if (!now) {
+    return messages::Message(message::kRowIsGone,
+                             {Value("<Place>", place), Value("<Expected>", Shown(*row.after))});
+  }
+  if (IsAsLeft(*now, *row.after)) return std::nullopt;
+  return messages::Message(message::kRowDiffers,
+                           {Value("<Place>", place), Value("<Expected>", Shown(*row.after)),
+                            Value("<Found>", Shown(*now))});
+}
+
+// The values that the row is to have; a change gives only those that differ.
+class Values {
+ public:
+  Values(const jet::Table& table, const Row& row, const Row* now) {
+    for (const auto& [name, cell] : row) {
+      const auto column = table.FindColumn(name);
+      const Cell* other = now ? CellOf(*now, name) : nullptr;
+      if (!column || (other && *other == cell)) continue;
+      const auto value = FromCell(cell, room_.emplace_back());
+      if (value) values_.push_back({*column, *value});
+    }
+  }
+  const std::vector<jet::ColumnValue>& get() const { return values_; }
+
+ private:
+  std::list<std::string> room_;
+  std::vector<jet::ColumnValue> values_;
+};
+
+platform::Variant ToVariant(const Cell& cell) {
+  std::string room;
+  const auto value = FromCell(cell, room);
+  if (!value || value->is_null()) return platform::Null{};
+  switch (value->kind()) {
+    case jet::ValueKind::kBoolean:
+      return value->boolean();
+    case jet::ValueKind::kInteger:
+      return static_cast<std::int32_t>(value->integer());
+    case jet::ValueKind::kReal:
+      return value->real();
+    default:
+      return cell.substr(1);
+  }
+}
+
+// --- Lines ---
+
+std::string FirstLines(std::string_view text) {
+  constexpr std::size_t kShown = 3;
+  std::size_t end = 0;
+  for (std::size_t i = 0; i < kShown && end < text.size(); ++i) {
+    end = std::min(text.find('\n', end), text.size() - 1) + 1;
+  }
+  std::string shown(text.substr(0, end));
+  while (shown.ends_with('\n') || shown.ends_with('\r')) shown.pop_back();
+  return end < text.size() ? shown + " ..." : shown;
+}
+
+std::string_view FromLine(std::string_view text, std::int64_t line) {
+  for (; line > 1 && !text.empty(); --line) {
+    const std::size_t end = text.find('\n');
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  }
+  return text;
+}
+
+class FileTaker {
+ public:
+  FileTaker(files::FileSystem& system, const ChangedFile& file, std::string path)
+      : system_(system), file_(file), path_(std::move(path)) {}
+
+  // Raises files::Error.
+  std::optional<messages::Message> Take(std::vector<files::FileChange>& changes) {
+    const bool exists = system_.Exists(path_);
+    const std::string now = exists ? files::ReadFile(system_, path_) : std::string();
+    files::FileChange change{path_, {}, {}};
+    if (exists) change.before = now;
+    if (file_.after && !exists) return Say(message::kFileIsMissing);
+    if (!file_.after && exists) return Say(message::kFileIsThere);
+    if (!file_.before && !(VersionOf(now) == *file_.after)) return Say(message::kFileDiffers);
+    if (file_.before) {
+      TakenBack back = TakeBack(now, file_);
+      if (back.failed) return NotFound(now, *back.failed);
+      change.after = std::move(back.contents);
+      change.kept = std::move(back.kept);
+    }
+    changes.push_back(std::move(change));
+    return std::nullopt;
+  }
+
+ private:
+  messages::Message Say(const messages::Pattern& pattern) const {
+    return {pattern, {{"<Path>", path_}}};
+  }
+  messages::Message NotFound(const std::string& now, const ChangedLines& range) const {
+    return {message::kLinesNotFound,
+            {{"<Path>", path_},
+             {"<Line>", range.line_after},
+             {"<Expected>", FirstLines(range.after.empty() ? range.below : range.after)},
+             {"<Found>", FirstLines(FromLine(now, range.line_after))}}};
+  }
+
+  files::FileSystem& system_;
+  const ChangedFile& file_;
+  std::string path_;
+};
+
+// --- What rests on what ---
+
+// Whether the change of the row concerns whoever refers to it: it came, went or got another name.
+bool ConcernsOthers(const ChangedRow& row) {
+  if (!row.before || !row.after) return true;
+  for (const char* name : {"Name", "ProgID", "VBAlias", "ItemID"}) {
+    const Cell* before = CellOf(*row.before, name);
+    const Cell* after = CellOf(*row.after, name);
+    if (before && after && *before != *after) return true;
+  }
+  return false;
+}
+
+bool Refers(const ChangedRow& row, const char* column, std::int32_t id) {
+  const Cell wanted = "i" + std::to_string(id);
+  const auto has = [&](const std::optional<Row>& image) {
+    const Cell* cell = image ? CellOf(*image, column) : nullptr;
+    return cell && *cell == wanted;
+  };
+  return has(row.before) || has(row.after);
+}
+
+// Whether an argument refers to the other row, which changed in a way that concerns it.
+bool RestsOn(const ChangedRow& argument, const ChangedRow& other) {
+  if (argument.table != kArguments || !ConcernsOthers(other)) return false;
+  return (other.table == kAliases && Refers(argument, "AliasID", other.id)) ||
+         (other.table == kFormulas && Refers(argument, "ParentID", other.id));
+}
+
+bool AreTied(const ChangedRow& one, const ChangedRow& other) {
+  return (one.table == other.table && one.id == other.id) || RestsOn(one, other) ||
+         RestsOn(other, one);
+}
+
+std::optional<std::int32_t> NumberIn(const Row& row, const char* column) {
+  const Cell* cell = CellOf(row, column);
+  std::int32_t number = 0;
+  if (!cell || cell->empty()) return std::nullopt;
+  std::from_chars(cell->data() + 1, cell->data() + cell->size(), number);
+  return number;
+}
+
+bool HasRow(jet::Database& database, std::string_view table, std::string_view column,
+            std::int32_t id) {
+  return database.HasTable(table) && FindRow(database.OpenTable(table), column, id).has_value();
+}
+
+}  // namespace
+
+Obstacles CheckRows(jet::Database& database, const Record& record) {
+  Obstacles obstacles;
+  for (const ChangedRow& row : record.rows) {
+    if (auto obstacle = CheckRow(database, row)) obstacles.push_back(std::move(*obstacle));
+  }
+  return obstacles;
+}
+
+// What goes makes room for what comes.
+void PutRowsBack(jet::Database& database, const Record& record) {
+  for (const ChangedRow& row : record.rows) {
+    jet::Table& table = database.OpenTable(row.table);
+    if (!row.before) table.Delete(FindRow(table, kIdColumn, row.id).value());
+  }
+  for (const ChangedRow& row : record.rows) {
+    jet::Table& table = database.OpenTable(row.table);
+    if (!row.before || !row.after) continue;
+    const Values values(table, *row.before, &*row.after);
+    table.Update(FindRow(table, kIdColumn, row.id).value(), values.get());
+  }
+  for (const ChangedRow& row : record.rows) {
+    jet::Table& table = database.OpenTable(row.table);
+    if (row.before && !row.after) table.Insert(Values(table, *row.before, nullptr).get());
+  }
+}
+
+std::vector<store::RowChange> RowChangesOf(const Record& record) {
+  using enum store::RowChange::Kind;
+  std::vector<store::RowChange> changes;
+  for (const ChangedRow& row : record.rows) {
+    store::RowChange& change = changes.emplace_back();
+    change.kind = !row.before ? kDeleted : !row.after ? kAdded : kChanged;
+    change.table = row.table;
+    for (const auto& [name, cell] : row.before ? *row.before : row.after.value_or(Row())) {
+      change.members.emplace_back(name, ToVariant(cell));
+    }
+  }
+  return changes;
+}
+
+Obstacles TakeFilesBack(files::FileSystem& system, const files::Reach& reach,
+                        const Recorder& recorder, const Record& record,
+                        std::vector<files::FileChange>& changes) {
+  Obstacles obstacles;
+  for (const ChangedFile& file : record.files) {
+    std::string path = recorder.PathOf(file);
+    try {
+      path = files::ResolveTarget(system, path);
+    } catch (const files::Error&) {
+      obstacles.push_back({message::kFileIsMissing, {{"<Path>", path}}});
+      continue;
+    }
+    if (!reach || !reach(path)) {
+      obstacles.push_back({message::kFileOutside, {{"<Path>", path}}});
+    } else if (auto obstacle = FileTaker(system, file, path).Take(changes)) {
+      obstacles.push_back(std::move(*obstacle));
+    }
+  }
+  return obstacles;
+}
+
+Obstacles CheckReferences(jet::Database& database, const Record& record) {
+  Obstacles obstacles;
+  const auto say = [&](const messages::Pattern& pattern, const ChangedRow& row) {
+    obstacles.push_back({pattern, {{"<Place>", row.table + " #" + std::to_string(row.id)}}});
+  };
+  for (const ChangedRow& row : record.rows) {
+    if (row.table == kArguments && row.before) {
+      const auto alias = NumberIn(*row.before, "AliasID");
+      const auto formula = NumberIn(*row.before, "ParentID");
+      const bool whole = alias && formula && HasRow(database, kAliases, kIdColumn, *alias) &&
+                         HasRow(database, kFormulas, kIdColumn, *formula);
+      if (!whole) say(message::kArgumentAlone, row);
+    } else if (!row.before && row.table == kAliases &&
+               HasRow(database, kArguments, "AliasID", row.id)) {
+      say(message::kStillUsed, row);
+    } else if (!row.before && row.table == kFormulas &&
+               HasRow(database, kArguments, "ParentID", row.id)) {
+      say(message::kStillUsed, row);
+    }
+  }
+  return obstacles;
+}
+
+std::vector<const Record*> Dependants(const Record& record, const std::vector<Record>& since) {
+  std::vector<const Record*> dependants;
+  for (const Record& later : since) {
+    const bool tied = std::ranges::any_of(record.rows, [&](const ChangedRow& row) {
+      return std::ranges::any_of(later.rows,
+                                 [&](const ChangedRow& other) { return AreTied(row, other); });
+    });
+    if (tied) dependants.push_back(&later);
+  }
+  return dependants;
+}
+
+}  // namespace history

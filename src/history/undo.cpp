@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "history/undo.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "codegen/code_sync.h"
+#include "history/course.h"
+#include "history/messages.h"
+#include "history/taking_back.h"
+#include "jet/error.h"
+
+namespace history {
+namespace {
+
+store::OperationResult Refused(messages::Message message, messages::Message detail = {}) {
+  store::OperationResult result;
+  result.outcome = store::Outcome::kRefused;
+  result.message = std::move(message);
+  result.detail = std::move(detail);
+  return result;
+}
+
+messages::Message WhyNot(const Course& course, bool undo, std::optional<std::uint64_t> number,
+                         const std::string& path) {
+  switch (course.found) {
+    case Course::Found::kNoEntry:
+      return {message::kNoEntry, {{"<Number>", number.value_or(0)}}};
+    case Course::Found::kAlready:
+      return {undo ? message::kUndoneAlready : message::kNotUndone,
+              {{"<Number>", number.value_or(0)}}};
+    case Course::Found::kDamaged:
+      return {message::kDamaged, {{"<Path>", path}}};
+    case Course::Found::kNothing:
+    case Course::Found::kYes:
+      break;
+  }
+  return undo ? message::kNothingToUndo : message::kNothingToRedo;
+}
+
+messages::Message NamesOf(const std::vector<const Record*>& records) {
+  messages::Message names;
+  for (const Record* record : records) {
+    const messages::Message name(message::kEntry,
+                                 {{"<Number>", record->number}, {"<Title>", record->title}});
+    names = names.empty()
+                ? name
+                : messages::Message(message::kList, {{"<First>", names}, {"<Next>", name}});
+  }
+  return names;
+}
+
+messages::Message AsLines(const Obstacles& obstacles) {
+  messages::Message lines;
+  for (const messages::Message& obstacle : obstacles) lines = messages::Lines(lines, obstacle);
+  return lines;
+}
+
+// What a step raises, when somebody else took a name meanwhile.
+Obstacles PutRowsBackOrSay(jet::Database& database, const Record& record) {
+  try {
+    PutRowsBack(database, record);
+    return CheckReferences(database, record);
+  } catch (const jet::Error& error) {
+    if (error.kind() != jet::ErrorKind::kDuplicate) throw;
+    return {messages::MessageOf(error)};
+  }
+}
+
+}  // namespace
+
+std::optional<Candidate> UndoRedo::NextUndo() {
+  bool undo = true;
+  Course course = FindCourse(parts_.recorder.file(), undo, std::nullopt);
+  if (course.found != Course::Found::kYes) return std::nullopt;
+  return Candidate{course.operation.number, course.operation.title};
+}
+
+std::optional<Candidate> UndoRedo::NextRedo() {
+  bool undo = false;
+  Course course = FindCourse(parts_.recorder.file(), undo, std::nullopt);
+  if (course.found != Course::Found::kYes) return std::nullopt;
+  return Candidate{course.operation.number, course.operation.title};
+}
+
+Reverted UndoRedo::Undo(std::optional<std::uint64_t> number,
+                        const store::OperationOptions& options) {
+  return Run(true, number, options);
+}
+
+Reverted UndoRedo::Redo(std::optional<std::uint64_t> number,
+                        const store::OperationOptions& options) {
+  return Run(false, number, options);
+}
+
+Reverted UndoRedo::Run(bool undo, std::optional<std::uint64_t> number,
+                       const store::OperationOptions& options) {
+  Reverted reverted;
+  Record last;
+  const auto steps = [&]() -> store::OperationResult {
+    // Inside the unit nobody else of us adds to the history.
+    Course course = FindCourse(parts_.recorder.file(), undo, number);
+    if (course.found != Course::Found::kYes) {
+      return Refused(WhyNot(course, undo, number, parts_.recorder.file().path()));
+    }
+    reverted.operation = {course.operation.number, course.operation.title};
+    const messages::Message refusal(undo ? message::kCannotUndo : message::kCannotRedo,
+                                    {{"<Title>", course.operation.title}});
+    const auto dependants = Dependants(course.last, course.since);
+    if (!dependants.empty()) {
+      return Refused(refusal, {message::kDependants, {{"<List>", NamesOf(dependants)}}});
+    }
+    jet::Database& database = *parts_.recorder.database();
+    Obstacles obstacles = CheckRows(database, course.last);
+    std::ranges::move(
+        TakeFilesBack(parts_.system, parts_.reach, parts_.recorder, course.last, reverted.files),
+        std::back_inserter(obstacles));
+    if (obstacles.empty()) obstacles = PutRowsBackOrSay(database, course.last);
+    if (!obstacles.empty()) return Refused(refusal, AsLines(obstacles));
+    last = std::move(course.last);
+    parts_.recorder.Reverting(
+        {undo ? Kind::kUndo : Kind::kRedo,
+         reverted.operation.number,
+         {undo ? message::kUndo : message::kRedo, {{"<Title>", reverted.operation.title}}},
+         reverted.files});
+    store::OperationResult result;
+    result.rows = RowChangesOf(last);
+    return result;
+  };
+  reverted.result = parts_.operations.AsOne({}, steps, options);
+  if (!reverted.result.success()) reverted.files.clear();
+  if (reverted.result.success() && !options.dry_run) FollowComponents(last);
+  return reverted;
+}
+
+// The list of components names the classes that have formulas.
+void UndoRedo::FollowComponents(const Record& record) {
+  if (!parts_.code || !parts_.code->components || !parts_.code->rows) return;
+  std::set<std::string> classes;
+  for (const ChangedRow& row : record.rows) {
+    for (const auto* image : {&row.before, &row.after}) {
+      for (const auto& [name, cell] : image->value_or(Row())) {
+        if (name == "ProgID" && cell.size() > 1) classes.insert(cell.substr(1));
+      }
+    }
+  }
+  codegen::CodeSync code(*parts_.code);
+  for (const std::string& prog_id : classes) {
+    if (parts_.code->rows->HasFormulas(prog_id)) {
+      code.RegisterClass(prog_id);
+    } else {
+      code.UnregisterClass(prog_id);
+    }
+  }
+  code.CommitComponents();
+}
+
+}  // namespace history

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "files/file_system.h"
+#include "project/user_folders.h"
+
+namespace project {
+
+// Whether the user wants operations to leave a record that they can be undone by: the number
+// "History" where the language is kept, 1 unless it was set to 0.
+bool KeepsHistory(files::FileSystem& system, const Environment& environment);
+
+}  // namespace project
