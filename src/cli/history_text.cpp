@@ -73,11 +73,14 @@ std::string RangeText(const history::ChangedFile& file, std::size_t at, const To
   const auto end_of = [&](const history::ChangedLines& other) {
     return other.line_after + std::count(other.after.begin(), other.after.end(), '\n');
   };
-  const std::size_t lead =
-      most(above, at == 0 ? kContext : range.line_after - end_of(file.ranges[at - 1]));
-  const std::size_t tail = most(below, at + 1 == file.ranges.size()
-                                           ? kContext
-                                           : (file.ranges[at + 1].line_after - end_of(range)) / 2);
+  // Of the lines between two ranges the upper one shows no more than half.
+  const auto upper_half = [=](std::int64_t gap) { return std::min(kContext, gap / 2); };
+  const std::int64_t gap_above =
+      at == 0 ? 2 * kContext : range.line_after - end_of(file.ranges[at - 1]);
+  const std::int64_t gap_below =
+      at + 1 == file.ranges.size() ? 2 * kContext : file.ranges[at + 1].line_after - end_of(range);
+  const std::size_t lead = most(above, gap_above - upper_half(gap_above));
+  const std::size_t tail = most(below, upper_half(gap_below));
   above.erase(above.begin(), above.end() - static_cast<std::ptrdiff_t>(lead));
   below.resize(tail);
   const auto shift = static_cast<std::int64_t>(lead);

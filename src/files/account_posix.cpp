@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <pwd.h>
 #include <unistd.h>
 
 #include <array>
@@ -14,6 +15,8 @@ std::string AccountAtComputer() {
     const char* const value = account.empty() ? std::getenv(variable) : nullptr;
     if (value) account = value;
   }
+  if (const passwd* entry = account.empty() ? getpwuid(geteuid()) : nullptr)
+    account = entry->pw_name;
   if (account.empty()) account = std::to_string(geteuid());
   std::array<char, 256> computer = {};
   if (gethostname(computer.data(), computer.size() - 1) != 0) return account;
