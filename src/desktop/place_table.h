@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/dataview.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+// Places that can be gone to, by double click or Enter: a row of texts for each.
+class PlaceTable : public wxDataViewCtrl {
+ public:
+  using Row = std::vector<std::string>;
+  struct Column {
+    std::string title;
+    int width = 0;  // characters; 0 takes what is left
+  };
+
+  // The name is for screen readers.
+  PlaceTable(wxWindow* parent, const std::string& name, const std::vector<Column>& columns);
+
+  // In place of those that are shown, each with a text for every column. The first is selected.
+  void ShowRows(std::vector<Row> rows);
+  std::size_t Count() const { return rows_.size(); }
+
+  std::function<void(std::size_t row)> on_activate;
+
+ private:
+  class Model;
+
+  std::vector<Row> rows_;
+  wxObjectDataPtr<Model> model_;
+};
+
+}  // namespace desktop
