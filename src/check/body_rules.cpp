@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "check/body_rules.h"
 
-#include <algorithm>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "codegen/source_line.h"
 #include "vbcode/body_findings.h"
 
 namespace check {
@@ -29,19 +27,6 @@ const Rule& RuleOf(vbcode::FindingKind kind) {
   return rule::kOutNeverWritten;
 }
 
-// Whether there is a statement in the procedure; nobody wrote the other ones yet.
-bool HasBody(const vbcode::Program& program, std::int32_t module, std::int32_t procedure) {
-  const vbcode::Program::Module& code = program.module(module);
-  const vbcode::Procedure& found = code.code.procedures[vbcode::Index(procedure)];
-  const std::int32_t end = std::min(found.last_line, code.lines->LineCount());
-  if (found.first_line == end) return true;
-  for (std::int32_t line = found.first_line + 1; line < end; ++line) {
-    const std::string_view text = code.lines->Line(line);
-    if (!codegen::IsBlankLine(text) && !codegen::IsCommentLine(text)) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 void CheckBodies(const Rows& rows, const Modules& modules, Findings& findings) {
@@ -57,7 +42,7 @@ void CheckBodies(const Rows& rows, const Modules& modules, Findings& findings) {
     const Modules::Module* module = modules.Find(formula.prog_id);
     if (!module || module->code == vbcode::kNone) continue;
     const std::int32_t procedure = program.FindProcedure(module->code, formula.name);
-    if (procedure == vbcode::kNone || !HasBody(program, module->code, procedure)) continue;
+    if (procedure == vbcode::kNone || !program.HasStatements(module->code, procedure)) continue;
     if (!seen.emplace(module->code, procedure).second) continue;
     vbcode::FormulaCode code{module->code, formula.name, {}};
     for (const store::ArgumentRecord& argument : rows.ArgumentsOf(formula.id)) {

@@ -16,6 +16,11 @@ bool IsStandard(platform::VBComponent& component) {
   return component.Type() == platform::ComponentType::kStdModule;
 }
 
+// What follows the class's name does not count.
+std::string_view ComponentName(const platform::ProgId& prog_id) {
+  return prog_id.class_name().substr(0, prog_id.class_name().find('.'));
+}
+
 }  // namespace
 
 ProjectCode::ProjectCode(platform::VBE& vbe) : program_({}) {
@@ -58,7 +63,7 @@ void ProjectCode::Load(std::span<const std::string> prog_ids) {
   for (const std::string& prog_id : prog_ids) {
     const platform::ProgId wanted(prog_id);
     for (Source& source : sources_) {
-      if (platform::EqualsIgnoringCase(source.name, wanted.class_name()) &&
+      if (platform::EqualsIgnoringCase(source.name, ComponentName(wanted)) &&
           platform::EqualsIgnoringCase(source.project, wanted.project())) {
         Read(source, Failure::kRaise, nullptr);
       }
@@ -111,7 +116,7 @@ void ProjectCode::Complete() {
 std::int32_t ProjectCode::FindClass(std::string_view prog_id) const {
   const platform::ProgId wanted(prog_id);
   return wanted.project().empty() ? vbcode::kNone
-                                  : program_.FindModule(wanted.class_name(), wanted.project());
+                                  : program_.FindModule(ComponentName(wanted), wanted.project());
 }
 
 std::string ProjectCode::NameOf(std::int32_t module) const {

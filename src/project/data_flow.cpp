@@ -88,7 +88,7 @@ class Reader {
     const std::int32_t module = code_->FindClass(formula.record.prog_id);
     const std::int32_t procedure =
         module == kNone ? kNone : program.FindProcedure(module, formula.record.name);
-    if (procedure == kNone) return;
+    if (procedure == kNone || !program.HasStatements(module, procedure)) return;
     formula.has_code = true;
     const vbcode::Effects effects = effects_->Find(module, procedure);
     is_open_ = effects.open;

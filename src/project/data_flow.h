@@ -17,7 +17,7 @@ namespace project {
 struct DataFlow {
   struct Formula {
     store::FormulaRecord record;
-    bool has_code = false;  // its procedure was found
+    bool has_code = false;  // its procedure is there and not empty
   };
   struct Item {
     std::string item_id;

@@ -6,6 +6,7 @@
 
 #include "vbcode/module_reader.h"
 #include "vbcode/resolver.h"
+#include "vbcode/source_lexer.h"
 
 namespace vbcode {
 
@@ -180,6 +181,27 @@ std::int32_t Program::ProcedureOfLine(std::int32_t index, std::int32_t line) con
       [](std::int32_t wanted, const Procedure& p) { return wanted < p.first_line; });
   if (behind == procedures.begin() || line > (behind - 1)->last_line) return kNone;
   return static_cast<std::int32_t>(behind - procedures.begin()) - 1;
+}
+
+bool Program::HasStatements(std::int32_t index, std::int32_t number) const {
+  const TextLines& lines = *module(index).lines;
+  const Procedure& procedure = module(index).code.procedures[Index(number)];
+  const std::int32_t end = std::min(procedure.last_line, lines.LineCount());
+  // All of it on one line.
+  if (procedure.first_line == end) return true;
+  const auto last_line_of = [&](std::int32_t line, bool& has_code) {
+    Lexer lexer(lines, kNoLeadBytes, line);
+    has_code = lexer.Next().kind != TokenKind::kEnd;
+    while (lexer.Next().kind != TokenKind::kEnd) {
+    }
+    return lexer.last_line();
+  };
+  bool has_code = false;
+  for (std::int32_t line = last_line_of(procedure.first_line, has_code) + 1; line < end; ++line) {
+    line = last_line_of(line, has_code);
+    if (has_code) return true;
+  }
+  return false;
 }
 
 std::int32_t Program::FindReference(std::int32_t index, std::int32_t line,

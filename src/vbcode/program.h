@@ -95,6 +95,9 @@ class Program {
   // The procedure whose declaration, body or end the line is; kNone for none.
   std::int32_t ProcedureOfLine(std::int32_t module, std::int32_t line) const;
 
+  // Whether anything but comments stands in the procedure.
+  bool HasStatements(std::int32_t module, std::int32_t procedure) const;
+
   // Where the name stands for what the module declares by it outside of procedures, or might: in
   // all modules, in their order. The declarations themselves are no uses. Of a name that the
   // module does not declare: where it uses it all the same.

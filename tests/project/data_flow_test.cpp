@@ -35,7 +35,8 @@ std::string ListFlow(const DataFlow& flow) {
 }
 
 // Fill (before the cycle) calls a procedure that writes Level; Watch (asynchronous, disabled) reads
-// it; Report's code cannot tell; Blank has no code at all. Level and Height are the same item.
+// it; Report's code cannot tell; Blank has no procedure, Fresh an empty one. Level and Height are
+// the same item.
 class DataFlowTest : public testing::Test {
  protected:
   DataFlowTest() {
@@ -47,7 +48,9 @@ class DataFlowTest : public testing::Test {
     Add({"Watch", kClass, 7, 500, false}, {{level, true, false}});
     Add({"Report", kClass, 3}, {{flow, true, true}, {height, false, true}});
     Add({"Blank", kClass, 0}, {{flow, false, true}});
+    Add({"Fresh", kClass, 0}, {{flow, true, false}});
     std::string code = project_.Code("CPump");
+    Put(code, "Fresh", "  'to be written _\r\n  soon\r\n");
     Put(code, "Fill", "  Raise Flow\r\n");
     Put(code, "Watch", "  If Level > 3 Then Beep: Unused = 1\r\n");
     Put(code, "Report", "  CallByName Me, \"Flow\": Height = 3\r\n");
@@ -78,12 +81,14 @@ TEST_F(DataFlowTest, ComesFromTheCodeAndWhereThatCannotTellFromTheArguments) {
       "Watch w Unused no argument\n"
       "Report w Height by argument\n"
       "Report rw Flow by argument\n"
-      "Blank w Flow by argument\n";
+      "Blank w Flow by argument\n"
+      "Fresh r Flow by argument\n";
   EXPECT_EQ(ListFlow(Read()), kEdges + "Tank1.Level: 2\nTank1.Flow: 2\nUnused: 0\n");
   // Without code the arguments alone say it.
   EXPECT_EQ(ListFlow(ReadDataFlow(project_.operations(), nullptr)),
             "Fill rw Level by argument\nFill r Flow by argument\nWatch r Level by argument\n"
             "Report w Height by argument\nReport rw Flow by argument\nBlank w Flow by argument\n"
+            "Fresh r Flow by argument\n"
             "Tank1.Level: 2\nTank1.Flow: 2\nUnused: 0\n");
 }
 
@@ -93,7 +98,7 @@ TEST_F(DataFlowTest, ShowsTheNeighbourhoodOfANode) {
   EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 1)),
             "Watch r Level\nWatch w Unused no argument\nTank1.Level: 2\nUnused: 0\n");
   EXPECT_EQ(Neighbourhood(flow, {{1}, {}}, 2).formulas.size(), 3u);
-  EXPECT_EQ(Neighbourhood(flow, {{}, {1}}, 1).formulas.size(), 3u) << "who uses Flow";
+  EXPECT_EQ(Neighbourhood(flow, {{}, {1}}, 1).formulas.size(), 4u) << "who uses Flow";
   EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 9)), ListFlow(flow)) << "cycles end";
 }
 

@@ -78,7 +78,9 @@ TEST(Report, ShowsTheProjectWithEveryTextEscaped) {
   EXPECT_THAT(html, HasSubstr("<h3>asynchronous</h3>\n<ol>\n<li><a href=\"#f1\">Fill</a> "
                               "<span class=\"number\">PumpServer.CPump, every 250 ms, disabled"
                               "</span></li>\n</ol>"));
-  EXPECT_THAT(html, HasSubstr("<h2 id=\"flow\">Data flow</h2>\n<p class=\"none\">"));
+  EXPECT_THAT(html,
+              HasSubstr("<tr><td>Valve</td><td><a href=\"#f1\">Fill</a> (by its argument)</td>"
+                        "<td></td></tr>"));
   EXPECT_THAT(html, Not(HasSubstr("<script")));
 }
 
