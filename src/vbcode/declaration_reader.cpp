@@ -91,7 +91,7 @@ std::int32_t DeclarationReader::ReadProcedure(const ProcedureHead& head, MemberS
 }
 
 void DeclarationReader::ReadSecondHead() {
-  tokens_.Advance();
+  if (!tokens_.AtStatementEnd()) tokens_.Advance();
   if (!tokens_.TakeSign('(')) return;
   while (!tokens_.AtStatementEnd() && !tokens_.TakeSign(')')) {
     const std::size_t before = tokens_.position();

@@ -55,12 +55,12 @@ class ModuleReader {
     if (directive) {
       ReadDirective(line);
     } else {
-      ReadStatements(line, lexer.last_line());
+      ReadStatements(lexer.last_line());
     }
     return lexer.last_line() + 1;
   }
 
-  void ReadStatements(std::int32_t line, std::int32_t last_line) {
+  void ReadStatements(std::int32_t last_line) {
     if (mode_ == Mode::kProcedure) {
       statements_.ReadLabel();
     } else if (tokens_.Peek().kind == TokenKind::kNumber && tokens_.Peek().text[0] != '&') {
@@ -72,7 +72,7 @@ class ModuleReader {
         continue;
       }
       if (mode_ == Mode::kModule) {
-        ReadModuleStatement(line);
+        ReadModuleStatement();
       } else {
         ReadBlockStatement();
       }
@@ -85,7 +85,8 @@ class ModuleReader {
     while (!tokens_.AtLineEnd() && tokens_.Peek().kind != TokenKind::kColon) tokens_.Advance();
   }
 
-  void ReadModuleStatement(std::int32_t line) {
+  void ReadModuleStatement() {
+    const std::int32_t line = tokens_.Peek().line;
     if (tokens_.Take(Keyword("option"))) return;
     if (tokens_.Take(Keyword("implements"))) return declarations_.ReadImplements();
     MemberScope scope = MemberScope::kPublic;

@@ -13,7 +13,8 @@ using platform::ProcKind;
 void StatementParser::Run() {
   Advance();
   has_tokens_ = token_.kind != TokenKind::kEnd;
-  if (token_.kind == TokenKind::kNumber) Advance();  // line number
+  // A line number, which is decimal.
+  if (token_.kind == TokenKind::kNumber && token_.text[0] != '&') Advance();
   while (token_.kind != TokenKind::kEnd) {
     if (token_.kind == TokenKind::kColon) {
       Advance();
