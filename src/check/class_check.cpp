@@ -39,8 +39,12 @@ ClassCheck::ClassCheck(std::string prog_id, std::vector<const FormulaRecord*> fo
       code_(code),
       context_(context),
       file_(module.component->FileName()),
-      lines_(codegen::SplitLines(code.lines->text())),
-      blocks_(lines_) {
+      blocks_(code.lines->text()),
+      members_(module.component->Module()->Members()) {
+  member_of_.reserve(members_.size());
+  for (std::size_t i = 0; i < members_.size(); ++i) {
+    member_of_.emplace(FoldCase(members_[i].name), i);
+  }
   for (const FormulaRecord* formula : formulas_) by_name_.emplace(FoldCase(formula->name), formula);
 }
 
@@ -124,11 +128,13 @@ Finding ClassCheck::AtLine(const Rule& rule, std::int32_t line, const Alias& ali
                    {"<Type>", used && used->declared ? wanted_.declared[*used->declared].type : ""},
                    {"<OldType>", old == old_.end() ? "" : old->second.type},
                    {"<OldItem>", comment}});
-  finding.subject.prog_id = prog_id_;
-  finding.subject.alias = alias.vb_alias;
-  finding.subject.alias_id = alias.id;
-  finding.subject.item = alias.item_id;
-  finding.subject.old_item = comment;
+  if (!rule.repairable) return finding;
+  Subject subject;
+  subject.prog_id = prog_id_;
+  subject.alias = alias.vb_alias;
+  subject.item = alias.item_id;
+  subject.old_item = comment;
+  finding.MakeRepairable(std::move(subject));
   return finding;
 }
 
@@ -171,10 +177,12 @@ void ClassCheck::AddOfSub(const Rule& rule, std::int32_t line, const FormulaReco
   Finding finding(rule,
                   line > 0 ? Line(file_, line) : Row(store::kFormulasTable, formula.id, "Name"),
                   {{"<Name>", formula.name}, {"<Class>", prog_id_}});
-  finding.subject.prog_id = prog_id_;
-  finding.subject.formula = formula.name;
-  finding.subject.formula_id = formula.id;
-  finding.repairable = rule.repairable && !codegen::CheckIdentifier(formula.name);
+  if (rule.repairable && !codegen::CheckIdentifier(formula.name)) {
+    Subject subject;
+    subject.prog_id = prog_id_;
+    subject.formula = formula.name;
+    finding.MakeRepairable(std::move(subject));
+  }
   context_.findings.Add(std::move(finding));
 }
 
@@ -220,22 +228,25 @@ void ClassCheck::CheckOtherSub(const codegen::SubLocation& sub) {
                   {{"<Name>", sub.name},
                    {"<Class>", prog_id_},
                    {"<Names>", codegen::NamesInShort(header->aliases)}});
-  finding.subject.prog_id = prog_id_;
-  finding.subject.formula = sub.name;
-  finding.subject.aliases = header->aliases;
-  finding.repairable = module_.can_hold_formulas && !codegen::CheckIdentifier(sub.name) &&
-                       codegen::WhyNoFormula(module(), sub, blocks_) == 0;
+  if (module_.can_hold_formulas && !codegen::CheckIdentifier(sub.name) &&
+      codegen::WhyNoFormula(module(), sub, blocks_) == 0) {
+    Subject subject;
+    subject.prog_id = prog_id_;
+    subject.formula = sub.name;
+    subject.aliases = header->aliases;
+    finding.MakeRepairable(std::move(subject));
+  }
   context_.findings.Add(std::move(finding));
 }
 
 void ClassCheck::CheckSwitchedOff() {
-  for (std::size_t i = 0; i < lines_.size(); ++i) {
-    const std::string_view line = lines_[i];
+  for (std::int32_t number = 1; number <= code_.lines->LineCount(); ++number) {
+    const std::string_view line = code_.lines->Line(number);
     if (!line.starts_with('\'') || line.find("Sub") == std::string_view::npos) continue;
     const auto sub = codegen::ParseSub({std::string(line.substr(1))});
     const FormulaRecord* formula = sub ? FormulaNamed(sub->name) : nullptr;
     if (!formula || !codegen::FindSub(module(), formula->name)) continue;
-    AddOfSub(rule::kSwitchedOffCopy, static_cast<std::int32_t>(i) + 1, *formula);
+    AddOfSub(rule::kSwitchedOffCopy, number, *formula);
   }
 }
 

@@ -53,7 +53,7 @@ class ClassCheck {
 
   // Declarations.
   void CheckDeclarations();
-  void CheckDeclaration(const platform::Member& member);
+  void CheckDeclaration(const platform::Member& member, const std::string& folded);
   void CheckTaken();
   void CheckTwice();
 
@@ -73,8 +73,9 @@ class ClassCheck {
   const vbcode::Program::Module& code_;
   Context context_;
   std::string file_;
-  std::vector<std::string> lines_;
   codegen::ConditionalBlocks blocks_;
+  std::vector<platform::Member> members_;
+  std::unordered_map<std::string, std::size_t> member_of_;                // by name, folded
   std::unordered_map<std::string, const store::FormulaRecord*> by_name_;  // folded
   // An alias of the formulas, and its place among the wanted declarations; none for a name that
   // cannot be declared.

@@ -31,48 +31,43 @@ bool LooksLikeItem(const codegen::VariableLine& line) {
 
 // Looks at each declaration that is, or was, one of an alias.
 void ClassCheck::CheckDeclarations() {
-  for (const platform::Member& member : module().Members()) {
-    if (codegen::DeclaresAlias(member)) CheckDeclaration(member);
+  for (const auto& [folded, index] : member_of_) {
+    if (codegen::DeclaresAlias(members_[index])) CheckDeclaration(members_[index], folded);
   }
 }
 
-void ClassCheck::CheckDeclaration(const platform::Member& member) {
-  const std::string name = FoldCase(member.name);
-  const Used* used = FindUsed(member.name);
-  const auto line =
-      codegen::ParseVariableLine(lines_[static_cast<std::size_t>(member.code_location) - 1]);
-  const bool alone = line && FoldCase(line->name) == name;
-  const std::string item = alone ? ItemShown(*line) : std::string();
-  const Alias* alias = used ? used->alias : context_.rows.FindAlias(member.name);
-  const bool shows_item = alias && alone && codegen::ShowsText(line->comment, alias->item_id);
-  const bool ours = alone && !item.empty() &&
-                    (shows_item || context_.rows.IsItem(item) ||
-                     (context_.parts.has_item && context_.parts.has_item(item)) ||
-                     (used && LooksLikeItem(*line)));
-  if (!used) {
-    if (!ours || listed_.contains(name)) return;
-    old_.emplace(name, *line);
-    wanted_.gone.push_back({member.name, {item}});
-    return;
-  }
-  if (!ours) {
-    context_.findings.Add(AtLine(rule::kOwnDeclaration, member.code_location, *alias));
-    return;
-  }
-  old_.emplace(name, *line);
-  if (!used->declared) return;
-  codegen::WantedClass::Declaration& declared = wanted_.declared[*used->declared];
+void ClassCheck::CheckDeclaration(const platform::Member& member, const std::string& folded) {
+  const auto found = used_.find(folded);
+  const Used* used = found == used_.end() ? nullptr : &found->second;
+  auto line = codegen::ParseVariableLine(code_.lines->Line(member.code_location));
+  if (line && FoldCase(line->name) != folded) line.reset();  // not alone
+  codegen::WantedClass::Declaration* wanted =
+      used && used->declared ? &wanted_.declared[*used->declared] : nullptr;
   // Nobody knows a better type.
-  if (declared.type_kept && !line->type.empty()) declared.type = line->type;
-  if (codegen::Says(*line, declared)) return;
+  if (line && wanted && wanted->type_kept && !line->type.empty()) wanted->type = line->type;
+  if (line && wanted && codegen::Says(*line, *wanted)) return;
+  const std::string item = line ? ItemShown(*line) : std::string();
+  const Alias* alias = used ? used->alias : context_.rows.FindAlias(member.name);
+  const bool shows_item = alias && line && codegen::ShowsText(line->comment, alias->item_id);
+  const bool ours = !item.empty() && (shows_item || context_.rows.IsItem(item) ||
+                                      (context_.parts.has_item && context_.parts.has_item(item)) ||
+                                      (used && LooksLikeItem(*line)));
+  if (used && !ours) {
+    return context_.findings.Add(AtLine(rule::kOwnDeclaration, member.code_location, *alias));
+  }
+  if (!ours || (!used && listed_.contains(folded)) || (used && !wanted)) return;
+  old_.emplace(folded, *line);
   wanted_.gone.push_back({member.name, {shows_item ? alias->item_id : item}});
 }
 
 // Names of aliases that stand for something else in the class.
 void ClassCheck::CheckTaken() {
   const std::int32_t count = module().CountOfDeclarationLines();
-  types_ = codegen::TypeNames(
-      {lines_.begin(), lines_.begin() + std::min<std::ptrdiff_t>(count, std::ssize(lines_))});
+  std::vector<std::string> lines;
+  for (std::int32_t line = 1; line <= std::min(count, code_.lines->LineCount()); ++line) {
+    lines.emplace_back(code_.lines->Line(line));
+  }
+  types_ = codegen::TypeNames(lines);
   for (const Alias* alias : aliases_) {
     const auto member = module().FindMember(alias->vb_alias);
     const bool taken =

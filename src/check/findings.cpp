@@ -2,6 +2,7 @@
 #include "check/findings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <tuple>
 
 namespace check {
@@ -21,7 +22,10 @@ std::vector<Finding> Findings::Take() {
     return std::tuple(finding.rule->severity, where.table.empty(), std::string_view(where.file),
                       where.line);
   });
-  return std::exchange(findings_, {});
+  std::vector<Finding> taken(std::make_move_iterator(findings_.begin()),
+                             std::make_move_iterator(findings_.end()));
+  findings_.clear();
+  return taken;
 }
 
 }  // namespace check

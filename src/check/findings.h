@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <deque>
 #include <map>
 #include <set>
 #include <string>
@@ -35,7 +36,7 @@ class Findings {
   Severity least_;
   std::set<const Rule*> silenced_;
   std::map<std::string, SilencedLines> lines_;  // by file
-  std::vector<Finding> findings_;
+  std::deque<Finding> findings_;
 };
 
 }  // namespace check

@@ -13,7 +13,8 @@
 namespace check {
 namespace {
 
-constexpr std::string_view kIgnore = "check: ignore ";
+constexpr std::string_view kCheck = "check";
+constexpr std::string_view kIgnore = ": ignore ";
 
 // The rules that the comment names.
 std::set<const Rule*> RulesIn(std::string_view codes) {
@@ -30,14 +31,16 @@ SilencedLines FindSilenced(std::string_view text) {
   SilencedLines lines;
   std::int32_t line = 1;
   std::size_t counted = 0;
+  // The colon is rare in code.
   for (std::size_t at = text.find(kIgnore); at != std::string_view::npos;
        at = text.find(kIgnore, at + 1)) {
     line += static_cast<std::int32_t>(std::ranges::count(text.substr(counted, at - counted), '\n'));
     counted = at;
-    const std::size_t break_before = text.rfind('\n', at);
-    const std::size_t begin = break_before == std::string_view::npos ? 0 : break_before + 1;
+    const std::size_t begin = text.substr(0, at).find_last_of("\r\n") + 1;
     const std::string_view whole = text.substr(begin, text.find_first_of("\r\n", at) - begin);
-    if (codegen::CommentStart(whole) >= at - begin) continue;
+    const std::size_t comment = codegen::CommentStart(whole);
+    const bool is_ours = comment < at - begin && text.substr(0, at).ends_with(kCheck);
+    if (!is_ours) continue;
     const auto rules = RulesIn(whole.substr(at - begin + kIgnore.size()));
     lines[line].insert(rules.begin(), rules.end());
     if (codegen::IsCommentLine(whole)) lines[line + 1].insert(rules.begin(), rules.end());

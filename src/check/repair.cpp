@@ -23,8 +23,8 @@ class Repairing {
 
   // Takes the finding over; false when nothing is to be done about it.
   bool Take(const Finding& finding) {
-    if (!finding.repairable) return false;
-    const Subject& subject = finding.subject;
+    if (!finding.IsRepairable()) return false;
+    const Subject& subject = *finding.subject;
     const Rule* rule = finding.rule;
     if (rule == &rule::kNoFormulaOfArgument || rule == &rule::kNoAliasOfArgument) {
       mending_.arguments.push_back(finding.where.id);
@@ -47,7 +47,7 @@ class Repairing {
   // Those that cannot be adopted are added to `left`.
   OperationResult Run(std::set<const Finding*>& left) {
     for (const Finding* finding : adopted_) {
-      if (!Adopt(finding->subject)) left.insert(finding);
+      if (!Adopt(*finding->subject)) left.insert(finding);
     }
     return operations_.Mend(mending_);
   }

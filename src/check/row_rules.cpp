@@ -64,12 +64,13 @@ class RowCheck {
                        {"<In>", Flag(argument.in)},
                        {"<Out>", Flag(argument.out)},
                        {"<ID>", first.id}});
-      finding.subject.formula_id = argument.parent_id;
-      finding.subject.alias_id = argument.alias_id;
-      finding.subject.argument_id = first.id;
-      if (&rule == &rule::kSameArgument) {
-        finding.repairable =
-            store::TakesArgument(formula->type, argument.in || first.in, argument.out || first.out);
+      // Joined with the first one it may be one that the formula does not take.
+      if (rule.repairable && (&rule != &rule::kSameArgument ||
+                              store::TakesArgument(formula->type, argument.in || first.in,
+                                                   argument.out || first.out))) {
+        Subject subject;
+        subject.argument_id = first.id;
+        finding.MakeRepairable(std::move(subject));
       }
       return findings_.Add(std::move(finding));
     };

@@ -78,8 +78,8 @@ std::vector<Cell> JsonCells(const Finding& finding, const texts::TextTable& text
           TextOrNull(where.file),
           NumberOrNull(where.line),
           texts.Sentence(finding.message),
-          texts.Sentence(finding.remedy),
-          finding.repairable};
+          texts.Sentence(finding.Remedy()),
+          finding.IsRepairable()};
 }
 
 // The findings as a list, and their counts for people; the exit code that belongs to them.
@@ -140,7 +140,7 @@ int Repair(Invocation& invocation, OpenedProject& session, const check::Parts& p
   const std::set<const Rule*> rules = RulesToRepair(invocation);
   const auto all = findings;
   std::erase_if(findings, [&](const Finding& finding) {
-    return !finding.repairable || (!rules.empty() && !rules.contains(finding.rule));
+    return !finding.IsRepairable() || (!rules.empty() && !rules.contains(finding.rule));
   });
   if (findings.empty()) return Print(invocation, all);
   const check::RepairResult result = check::Repair(parts, findings, options, session.MakeOptions());

@@ -11,16 +11,17 @@
 
 namespace codegen {
 
-ConditionalBlocks::ConditionalBlocks(const std::vector<std::string>& lines) {
+ConditionalBlocks::ConditionalBlocks(std::string_view text) {
   int depth = 0;
   bool continues = false;
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    const std::string& line = lines[i];
+  for (std::int32_t number = 1; !text.empty(); ++number) {
+    const std::string_view line = text.substr(0, text.find("\r\n"));
+    text.remove_prefix(std::min(line.size() + 2, text.size()));
     if (!continues && IsDirective(line)) {
       const std::string word = platform::FoldCase(TrimBlanks(TrimBlanks(line).substr(1)));
       const int change = word.starts_with("if") ? 1 : word.starts_with("end") ? -1 : 0;
       depth += change;
-      if (change != 0) depths_.emplace_back(static_cast<std::int32_t>(i) + 1, depth);
+      if (change != 0) depths_.emplace_back(number, depth);
     }
     continues = IsContinued(line);
   }

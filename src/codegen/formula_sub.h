@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,8 +15,8 @@ namespace codegen {
 // Where #If blocks are open in a module.
 class ConditionalBlocks {
  public:
-  // The module's lines from the first on, as far as it is asked about.
-  explicit ConditionalBlocks(const std::vector<std::string>& lines);
+  // The module's lines from the first on, as far as it is asked about, joined by CR LF.
+  explicit ConditionalBlocks(std::string_view text);
 
   // Whether a block is open in front of the line, which is numbered from 1.
   bool Hold(std::int32_t line) const;

@@ -84,7 +84,7 @@ void CodeSync::RequireAdoptable(const Place& place, const SubLocation& sub,
                                 std::initializer_list<std::string_view> formulas) {
   const std::string above_sub =
       sub.body_line > 1 ? place.module->Lines(1, sub.body_line - 1) : std::string();
-  const ConditionalBlocks blocks(SplitLines(above_sub));
+  const ConditionalBlocks blocks(above_sub);
   if (const std::int32_t reason = WhyNoFormula(*place.module, sub, blocks)) {
     report_.Refuse(reason, {{"<File>", place.File()},
                             {"<Line>", std::to_string(sub.body_line)},
