@@ -72,13 +72,24 @@ void ClassCheck::WantFormulas() {
   for (const FormulaRecord* formula : formulas_) {
     const auto aliases = context_.rows.AliasesOf(*formula);
     for (const Alias* alias : aliases) {
-      const auto [used, is_new] = used_.try_emplace(FoldCase(alias->vb_alias), Used{alias, {}});
+      const auto [used, is_new] =
+          used_.try_emplace(FoldCase(alias->vb_alias), Used{alias, {}, true});
       if (!is_new) continue;
       aliases_.push_back(alias);
       used->second.declared = WantDeclaration(*alias);
     }
     if (FormulaNamed(formula->name) != formula) continue;
     wanted_.formulas.push_back({formula->name, NamesOf(aliases)});
+  }
+}
+
+// What they declare is looked at as if the formula were there already.
+void ClassCheck::WantListed(const std::vector<std::string>& aliases) {
+  for (const std::string& name : aliases) {
+    const Alias* alias = context_.rows.FindAlias(name);
+    if (!alias) continue;
+    const auto [used, is_new] = used_.try_emplace(FoldCase(name), Used{alias, {}, false});
+    if (is_new) used->second.declared = WantDeclaration(*alias);
   }
 }
 
@@ -140,8 +151,9 @@ Finding ClassCheck::AtLine(const Rule& rule, std::int32_t line, const Alias& ali
 
 void ClassCheck::AddUndeclared(const Difference& difference) {
   for (const std::string& name : difference.names) {
-    if (types_.contains(FoldCase(name))) continue;  // see CheckTaken
-    context_.findings.Add(AtLine(rule::kNoDeclaration, difference.line, *FindUsed(name)->alias));
+    const Used& used = *FindUsed(name);
+    if (!used.by_formula || types_.contains(FoldCase(name))) continue;  // see CheckTaken
+    context_.findings.Add(AtLine(rule::kNoDeclaration, difference.line, *used.alias));
   }
 }
 
@@ -208,10 +220,12 @@ void ClassCheck::CheckSub(const FormulaRecord& formula, const codegen::SubLocati
 
 // Those with a generated header that belong to no formula.
 void ClassCheck::CheckOtherSubs() {
+  std::unordered_set<vbcode::NameId> names;
   for (const vbcode::Procedure& procedure : code_.code.procedures) {
     const vbcode::Declaration& declaration =
         code_.code.declarations[vbcode::Index(procedure.declaration)];
     if (declaration.kind != vbcode::DeclarationKind::kSub) continue;
+    if (!names.insert(declaration.name).second) continue;
     const std::string_view line = code_.lines->Line(declaration.place.line);
     const std::string name(line.substr(declaration.place.column, declaration.place.length));
     if (FormulaNamed(name)) continue;
@@ -223,7 +237,7 @@ void ClassCheck::CheckOtherSub(const codegen::SubLocation& sub) {
   const auto header = codegen::FindGeneratedHeader(codegen::FindHeaderRegion(module(), sub).lines,
                                                    context_.parts.code.templates);
   if (!header) return;
-  for (const std::string& alias : header->aliases) listed_.insert(FoldCase(alias));
+  WantListed(header->aliases);
   Finding finding(rule::kNoFormulaOfSub, Line(file_, sub.body_line),
                   {{"<Name>", sub.name},
                    {"<Class>", prog_id_},

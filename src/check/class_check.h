@@ -41,6 +41,7 @@ class ClassCheck {
 
   // What the rows want.
   void WantFormulas();
+  void WantListed(const std::vector<std::string>& aliases);
   std::optional<std::size_t> WantDeclaration(const Alias& alias);
 
   // Procedures.
@@ -82,12 +83,12 @@ class ClassCheck {
   struct Used {
     const Alias* alias = nullptr;
     std::optional<std::size_t> declared;
+    bool by_formula = true;  // false: only a header that no formula has lists it
   };
   const Used* FindUsed(std::string_view name) const;
 
-  std::vector<const Alias*> aliases_;           // of the formulas
-  std::unordered_map<std::string, Used> used_;  // the same by name, folded
-  std::unordered_set<std::string> listed_;      // by headers that no formula has; folded
+  std::vector<const Alias*> aliases_;                           // of the formulas
+  std::unordered_map<std::string, Used> used_;                  // the same by name, folded
   std::unordered_map<std::string, codegen::VariableLine> old_;  // declarations of ours, by name
   std::unordered_set<std::string> types_;  // types and enumerations, with their elements; folded
   codegen::WantedClass wanted_;

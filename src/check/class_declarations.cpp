@@ -47,15 +47,16 @@ void ClassCheck::CheckDeclaration(const platform::Member& member, const std::str
   if (line && wanted && wanted->type_kept && !line->type.empty()) wanted->type = line->type;
   if (line && wanted && codegen::Says(*line, *wanted)) return;
   const std::string item = line ? ItemShown(*line) : std::string();
+  const bool by_formula = used && used->by_formula;
   const Alias* alias = used ? used->alias : context_.rows.FindAlias(member.name);
   const bool shows_item = alias && line && codegen::ShowsText(line->comment, alias->item_id);
   const bool ours = !item.empty() && (shows_item || context_.rows.IsItem(item) ||
                                       (context_.parts.has_item && context_.parts.has_item(item)) ||
                                       (used && LooksLikeItem(*line)));
-  if (used && !ours) {
+  if (by_formula && !ours) {
     return context_.findings.Add(AtLine(rule::kOwnDeclaration, member.code_location, *alias));
   }
-  if (!ours || (!used && listed_.contains(folded)) || (used && !wanted)) return;
+  if (!ours || (used && !wanted)) return;
   old_.emplace(folded, *line);
   wanted_.gone.push_back({member.name, {shows_item ? alias->item_id : item}});
 }
@@ -91,7 +92,7 @@ void ClassCheck::CheckTwice() {
     const std::string name(line.substr(declaration.place.column, declaration.place.length));
     if (const store::FormulaRecord* formula = FormulaNamed(name)) {
       AddOfSub(rule::kSameSub, declaration.place.line, *formula);
-    } else if (const Used* used = FindUsed(name)) {
+    } else if (const Used* used = FindUsed(name); used && used->by_formula) {
       context_.findings.Add(AtLine(rule::kSameDeclaration, declaration.place.line, *used->alias));
     }
   }

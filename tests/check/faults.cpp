@@ -150,6 +150,18 @@ std::vector<Fault> SubFaults() {
 
 std::vector<Fault> DeclarationFaults() {
   return {
+      // Both are mended at once.
+      {"OtherItemInAClassWithoutFormulas",
+       [](P& p) {
+         p.Remove("TvbfParams", 3);
+         p.Remove("TvbfFormulas", 2);
+         p.Exchange("CTank", "'Tank.Level", "'Tank.Flow");
+       },
+       "DCL004 CTank.cls:1\nSUB006 CTank.cls:9\n",
+       "-CTank: Public Level as Double 'Tank.Flow\n"
+       "+TvbfFormulas 3 Drain PumpServer.CTank 0 0 False \n"
+       "+TvbfParams 4 3 1 True False\n"
+       "+CTank: Public Level as Double 'Tank.Level\n"},
       {"DeclarationIsMissing",
        [](P& p) { p.Exchange("CTank", "Public Level as Double 'Tank.Level\r\n", ""); },
        "DCL001 CTank.cls:1\n", "+CTank: Public Level as Double 'Tank.Level\n"},
