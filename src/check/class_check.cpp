@@ -144,7 +144,8 @@ Finding ClassCheck::AtLine(const Rule& rule, std::int32_t line, const Alias& ali
   subject.prog_id = prog_id_;
   subject.alias = alias.vb_alias;
   subject.item = alias.item_id;
-  subject.old_item = comment;
+  // A declaration that names none of the items is commented out, not deleted.
+  if (!alias.item_id.empty()) subject.old_item = comment;
   finding.MakeRepairable(std::move(subject));
   return finding;
 }
@@ -164,7 +165,12 @@ void ClassCheck::AddLoose(const Difference& difference) {
     --line;
     const Used* used = FindUsed(name);
     if (!used) {
-      context_.findings.Add(AtLine(rule::kLooseDeclaration, line, {{"", name}, 0}));
+      // Of an alias that does not name its item any more it may be an engineer's own.
+      const Alias* alias = context_.rows.FindAlias(name);
+      const bool sure =
+          alias && codegen::ShowsText(old_.at(FoldCase(name)).comment, alias->item_id);
+      context_.findings.Add(
+          AtLine(rule::kLooseDeclaration, line, sure ? *alias : Alias{{"", name}, 0}));
       continue;
     }
     const Alias& alias = *used->alias;

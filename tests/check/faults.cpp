@@ -210,11 +210,13 @@ std::vector<Fault> DeclarationFaults() {
        "-CPump: '\tLevel\n"
        "-CTank: Public Level as Double 'Tank.Level\n"
        "-CTank: '\tLevel\n"
+       "+CPump: 'Public Level as Double 'Tank.Level\n"
        "+CPump: Public Height as Double 'Tank.Level\n"
        "+CPump: '\tHeight\n"
        "+CTank: Public Height as Double 'Tank.Level\n"
+       "+CTank: 'Public Level as Double 'Tank.Level\n"
        "+CTank: '\tHeight\n",
-       "USE002 CPump.cls:11\n"},
+       "USE002 CPump.cls:12\n"},
       {"DeclaredByHand",
        [](P& p) { p.Exchange("CTank", "as Double 'Tank.Level", "As Double ' mine"); },
        "DCL007 CTank.cls:1\n"},
