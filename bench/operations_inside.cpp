@@ -30,8 +30,9 @@ void Expect(const OperationResult& result, const char* what) {
 // A project that stays open, and a formula's life in it.
 class OpenedProject {
  public:
-  explicit OpenedProject(const ProjectSize& size) : files_(size) {
+  explicit OpenedProject(const ProjectSize& size, bool with_history = true) : files_(size) {
     project::ProjectOptions options;
+    options.with_history = with_history;
     options.state_folder = files_.folder.File("state");
     project_.emplace(files::RealFileSystem(), files_.path, options, texts_);
   }
@@ -213,7 +214,38 @@ void CompareCode(OpenedProject& project) {
   PrintRatio("a name in all code", Median(found), Median(read), "ms", 0);
 }
 
+// The times of each step of a round.
+std::vector<double> TimesOf(OpenedProject& project, int round) {
+  std::vector<double> times;
+  for (const OpenedProject::Step& step : project.Round(round)) {
+    const Stopwatch watch;
+    const OperationResult result = step.run();
+    times.push_back(1e3 * watch.Seconds());
+    Expect(result, step.what);
+  }
+  return times;
+}
+
 }  // namespace
+
+// The record of an operation costs no sync of its own.
+void CompareHistory() {
+  constexpr int kRounds = 25;
+  OpenedProject kept(kSmallProject), none(kSmallProject, /*with_history=*/false);
+  const std::vector<OpenedProject::Step> steps = kept.Round(0);
+  std::vector<std::vector<double>> with(steps.size()), without(steps.size());
+  for (int round = 0; round < kRounds; ++round) {
+    const std::vector<double> one = TimesOf(kept, round), other = TimesOf(none, round);
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+      with[i].push_back(one[i]);
+      without[i].push_back(other[i]);
+    }
+  }
+  PrintHeading("history", "none");
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    PrintRatio(steps[i].what, Median(with[i]), Median(without[i]), "ms", 1.2);
+  }
+}
 
 void CompareOperationsInProcess() {
   constexpr int kRounds = 15;

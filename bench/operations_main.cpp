@@ -2,7 +2,7 @@
 // Operations on formulas, arguments and aliases, as whole processes and in one. All figures come
 // from one run, so their ratios mean something on a noisy machine; smaller is better.
 //
-//   bench_operations [start|processes|inside]...
+//   bench_operations [start|processes|inside|history]...
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -19,5 +19,6 @@ int main(int argc, char** argv) {
   if (wanted("start")) bench::CompareStart(folder + "ovformula", folder + "empty-program");
   if (wanted("processes")) bench::CompareOperationProcesses(folder + "ovformula");
   if (wanted("inside")) bench::CompareOperationsInProcess();
+  if (wanted("history")) bench::CompareHistory();
   return 0;
 }

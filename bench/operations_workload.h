@@ -29,5 +29,6 @@ inline constexpr ProjectSize kSmallProject{10, 100, 100, 2, 30000, 0};
 void CompareOperationProcesses(const std::string& program);
 void CompareStart(const std::string& program, const std::string& empty);
 void CompareOperationsInProcess();
+void CompareHistory();
 
 }  // namespace bench

@@ -39,16 +39,19 @@ messages::Message WhyNot(const Course& course, bool undo, std::optional<std::uin
   return undo ? message::kNothingToUndo : message::kNothingToRedo;
 }
 
+// Numbers and titles, of many the first ones.
 messages::Message NamesOf(const std::vector<const Record*>& records) {
+  constexpr std::size_t kShown = 5;
   messages::Message names;
-  for (const Record* record : records) {
-    const messages::Message name(message::kEntry,
-                                 {{"<Number>", record->number}, {"<Title>", record->title}});
+  for (std::size_t i = 0; i < std::min(records.size(), kShown); ++i) {
+    const messages::Message name(
+        message::kEntry, {{"<Number>", records[i]->number}, {"<Title>", records[i]->title}});
     names = names.empty()
                 ? name
                 : messages::Message(message::kList, {{"<First>", names}, {"<Next>", name}});
   }
-  return names;
+  if (records.size() <= kShown) return names;
+  return {message::kList, {{"<First>", names}, {"<Next>", "…"}}};
 }
 
 messages::Message AsLines(const Obstacles& obstacles) {

@@ -147,6 +147,7 @@ history::UndoRedo Project::MakeUndoRedo() {
 
 std::vector<std::string> Project::ChangeableFiles() {
   std::vector<std::string> files = {path_};
+  if (system_.Exists(history_.file().path())) files.push_back(history_.file().path());
   if (!vb_) return files;
   for (const auto& project : vb_->VBProjects()) {
     for (const auto& component : project->VBComponents()) {

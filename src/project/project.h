@@ -72,7 +72,7 @@ class Project {
   ForeignChanges& foreign_changes() { return foreign_changes_; }
   // Walks the whole database file; how many faults it has.
   std::size_t CountFaults(const std::function<void(std::uint64_t, std::uint64_t)>& progress);
-  // The database and every Visual Basic file that an operation may change.
+  // The database, its history and every Visual Basic file that an operation may change.
   std::vector<std::string> ChangeableFiles();
 
  private:

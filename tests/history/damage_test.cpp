@@ -48,7 +48,7 @@ TEST_F(DamagedHistory, CutAtEveryLength) {
 
 TEST_F(DamagedHistory, MutatedAtEveryPlace) {
   const std::string history = system_.Get(kHistory);
-  for (std::size_t at = 0; at < history.size(); at += at < 120 ? 3 : 17) {
+  for (std::size_t at = 0; at < history.size(); at += at < 120 ? 5 : 53) {
     std::string mutated = history;
     mutated[at] = static_cast<char>(mutated[at] ^ (1 << (at % 7)));
     Check(mutated, "byte " + std::to_string(at));
