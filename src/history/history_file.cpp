@@ -23,6 +23,7 @@ constexpr std::size_t kHex = 16;
 constexpr std::size_t kHeader = kMagic.size() + 3 * (kHex + 1);
 // Behind each record: "\t<number> <length of the record> <hash>\n".
 constexpr std::size_t kTrailer = 1 + 3 * (kHex + 1);
+constexpr std::uint64_t kLongestRecord = std::uint64_t{1} << 29;
 
 std::string Hex(std::uint64_t number) {
   std::array<char, kHex> digits;
@@ -119,7 +120,8 @@ class BackwardReader {
     const std::string text = Read(end - kTrailer, kTrailer);
     if (text.size() < kTrailer || text[0] != '\t') return std::nullopt;
     const auto numbers = ThreeNumbers(std::string_view(text).substr(1));
-    if (!numbers || (*numbers)[1] > end - kTrailer - kHeader) return std::nullopt;
+    const bool fits = numbers && (*numbers)[1] <= end - kTrailer - kHeader;
+    if (!fits || (*numbers)[1] > kLongestRecord) return std::nullopt;
     return Trailer{(*numbers)[0], (*numbers)[1], (*numbers)[2]};
   }
 
