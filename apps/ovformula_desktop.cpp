@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The desktop program.
-#include <wx/app.h>
 #include <wx/cmdline.h>
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
@@ -22,6 +21,7 @@
 #include "project/language.h"
 #include "project/user_folders.h"
 #include "studio/window_texts.h"
+#include "wx/application.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -32,6 +32,7 @@ class App : public wxApp {
   void OnInitCmdLine(wxCmdLineParser& parser) override { Describe(parser); }
 
   static void Describe(wxCmdLineParser& parser) {
+    parser.SetSwitchChars("-");  // a path may begin with a slash
     parser.AddLongOption("lang", "de or en");
     parser.AddLongOption("vbp", "Visual Basic project or group; may be repeated");
     parser.AddLongOption("items", "item catalogue");

@@ -105,8 +105,9 @@ Section "$(FileType)" file_type
   WriteRegStr HKCU "${CLASSES}\${PROJECT_CLASS}\shell\open\command" "" \
     '"$INSTDIR\ovformula-desktop.exe" "%1"'
   WriteRegNone HKCU "${CLASSES}\.ovs\OpenWithProgids" "${PROJECT_CLASS}"
-  ReadRegStr $0 HKCR ".ovs" ""
-  ${If} $0 == ""
+  ReadRegStr $0 HKCU "${CLASSES}\.ovs" ""
+  ReadRegStr $1 HKCR ".ovs" ""
+  ${If} "$0$1" == ""
     WriteRegStr HKCU "${CLASSES}\.ovs" "" "${PROJECT_CLASS}"
   ${EndIf}
   Call RefreshFileTypes

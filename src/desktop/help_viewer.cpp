@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/help_viewer.h"
 
-#include <wx/app.h>
+#include "wx/application.h"
 
 namespace desktop {
 

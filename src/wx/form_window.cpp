@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "wx/form_window.h"
 
-#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/dialog.h>
@@ -16,6 +15,7 @@
 #include "forms/combo_box.h"
 #include "forms/fields.h"
 #include "forms/menu_control.h"
+#include "wx/application.h"
 #include "wx/convert.h"
 #include "wx/field_views.h"
 #include "wx/flow_layout.h"

@@ -3,6 +3,8 @@
 #include <wx/headerctrl.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/toplevel.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 #include <utility>
@@ -30,6 +32,13 @@ class CellText : public wxDataViewTextRenderer {
     const wxWindow& list = *GetView();
     const int picture_width = picture.IsOk() ? picture.GetPreferredLogicalSizeFor(&list).x : 0;
     return picture_width > 0 ? picture_width + 2 * list.FromDIP(kButtonGap) : 0;
+  }
+
+  // A cell with a button is drawn as wide as its column.
+  wxSize GetSize() const override {
+    wxSize size = wxDataViewTextRenderer::GetSize();
+    if (ButtonWidth() > 0) size.x = std::max(size.x + ButtonWidth(), GetOwner()->GetWidth());
+    return size;
   }
 
   bool StartEditing(const wxDataViewItem& item, wxRect place) override {
@@ -86,6 +95,7 @@ void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& i
 
 struct NativeList::State {
   wxDataViewCtrl* list = nullptr;
+  wxWeakRef<wxWindow> top;
   wxStaticText* empty_text = nullptr;
   CellText* edited = nullptr;
   bool may_edit = false;     // nothing but Edit begins the editing
@@ -95,6 +105,12 @@ struct NativeList::State {
   std::function<void()> on_order;
   std::function<bool(std::size_t, Neighbour, Neighbour)> may_stand;
   std::vector<std::function<void(int)>> on_width;  // by the order in which columns were appended
+
+  // What was drawn while a dialog disabled the window is grey.
+  void OnActivate(wxActivateEvent& event) {
+    event.Skip();
+    if (event.GetActive()) Rows().Refresh();
+  }
 
   wxTextCtrl* Entry() const {
     return edited ? static_cast<wxTextCtrl*>(edited->GetEditorCtrl()) : nullptr;
@@ -192,9 +208,13 @@ NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>())
     if (state->on_order) state->on_order();
   });
   state->BindHeader();
+  state->top = wxGetTopLevelParent(&list);
+  state->top->Bind(wxEVT_ACTIVATE, &State::OnActivate, state);
 }
 
-NativeList::~NativeList() = default;
+NativeList::~NativeList() {
+  if (state_->top) state_->top->Unbind(wxEVT_ACTIVATE, &State::OnActivate, state_.get());
+}
 
 void NativeList::WatchEditing(wxDataViewRenderer& renderer, CellEditing editing) {
   auto& text = dynamic_cast<CellText&>(renderer);

@@ -2,6 +2,7 @@
 #include <wx/access.h>
 #include <wx/app.h>
 #include <wx/dataview.h>
+#include <wx/eventfilter.h>
 #include <wx/timer.h>
 #include <wx/treectrl.h>
 // Renames names that others use; wxWidgets' own header takes them back.
@@ -59,6 +60,19 @@ class IdleTask : public wxTimer {
   std::function<void()> task_;
 };
 
+// The release of Alt opens the menu, unless the system saw another key meanwhile: of a chord that
+// the program keeps for itself it saw none. This stands for it.
+class AltChords : public wxEventFilter {
+ public:
+  int FilterEvent(wxEvent& event) override {
+    if (event.GetEventType() != wxEVT_CHAR_HOOK) return Event_Skip;
+    const auto& key = static_cast<const wxKeyEvent&>(event);
+    if (key.AltDown() && key.GetKeyCode() != WXK_ALT)
+      ::DefWindowProcW(::GetFocus(), WM_SYSKEYDOWN, VK_NONAME, KF_ALTDOWN << 16);
+    return Event_Skip;
+  }
+};
+
 // The row with the keyboard, in the coordinates of the window; empty where there are no rows.
 wxRect CurrentRow(wxWindow& window) {
   if (auto* tree = dynamic_cast<wxTreeCtrl*>(&window)) {
@@ -77,7 +91,13 @@ wxRect CurrentRow(wxWindow& window) {
 
 }  // namespace
 
-int RunApp(int, char**) { return wxEntry(::GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW); }
+int RunApp(int, char**) {
+  AltChords chords;
+  wxEvtHandler::AddFilter(&chords);
+  const int result = wxEntry(::GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW);
+  wxEvtHandler::RemoveFilter(&chords);
+  return result;
+}
 
 wxString NativeParts() {
   return "libpng: PNG Reference Library License 2\n"

@@ -40,7 +40,7 @@ class ToolbarView : public ControlView {
  public:
   ToolbarView(forms::Toolbar& toolbar, wxWindow* parent) : ControlView(toolbar), toolbar_(toolbar) {
     bar_ = new wxToolBar(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                         wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT);
+                         wxTB_HORIZONTAL | wxTB_FLAT | wxTB_NODIVIDER | wxTB_HORZ_TEXT);
     Attach(bar_);
     bar_->Bind(wxEVT_TOOL, [this](wxCommandEvent& event) {
       auto found = tools_.find(event.GetId());

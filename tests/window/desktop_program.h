@@ -9,7 +9,6 @@
 #include <wx/timer.h>
 
 #include <atomic>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
@@ -18,6 +17,7 @@
 #include "desktop/code_editor.h"
 #include "desktop/program.h"
 #include "tests/support/sample_plant.h"
+#include "tests/window/input.h"
 #include "tests/wx/display.h"
 
 namespace window_tests {
@@ -59,22 +59,18 @@ class Wait : public wxTimer {
   int ticks_ = 0;
 };
 
-// Keys and clicks from another process, as xdotool's commands; ends when the program has handled
-// them. They must also close the modal windows that they open.
+// Plays keys and clicks, see PlayInput; ends when the program has handled them. They must also
+// close the modal windows that they open.
 inline void Input(const std::vector<std::string>& commands) {
-  std::string chain;
-  for (const std::string& command : commands) {
-    chain += (chain.empty() ? "xdotool " : " && sleep 0.1 && xdotool ") + command;
-  }
   std::atomic<bool> done = false;
   int result = 0;
   std::thread sender([&] {
-    result = std::system(chain.c_str());
+    result = PlayInput(commands);
     done = true;
   });
   Wait::For([&] { return done.load(); });
   sender.join();
-  EXPECT_EQ(result, 0) << chain;
+  EXPECT_EQ(result, 0) << commands.front();
 }
 
 // The list of the grid that is shown, with its rows; null when there is none.

@@ -2,7 +2,6 @@
 #include "tests/wx/display.h"
 
 #include <gtest/gtest.h>
-#include <wx/app.h>
 #include <wx/dialog.h>
 #include <wx/evtloop.h>
 #include <wx/log.h>
@@ -11,6 +10,7 @@
 
 #include <memory>
 
+#include "wx/application.h"
 #include "wx/native.h"
 
 namespace display {
