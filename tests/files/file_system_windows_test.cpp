@@ -146,7 +146,8 @@ TEST(WindowsErrors, AreToldApart) {
       {12345, ErrorKind::kIo},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(KindRaised([&] { os::RaiseCode(c.code, "C:\\a", "fails"); }), c.kind) << c.code;
+    EXPECT_EQ(KindRaised([&] { os::RaiseCode(c.code, "C:\\a", message::kCannotBeRead); }), c.kind)
+        << c.code;
   }
   const TemporaryFolder folder;
   System().CreateDirectories(folder / "p");
