@@ -154,6 +154,17 @@ Likeness Compare(std::string_view contents, std::size_t begin, std::size_t end,
   return likeness;
 }
 
+// Whether the line above or below a place is the one that was there; quick to tell.
+bool MayBeBetween(std::string_view contents, std::size_t at, const ChangedLines& range) {
+  const auto ends = [](std::string_view text, std::string_view lines) {
+    return text.ends_with(lines.substr(lines.empty() ? 0 : LineBegin(lines, lines.size() - 1)));
+  };
+  const auto begins = [](std::string_view text, std::string_view lines) {
+    return text.starts_with(lines.substr(0, lines.empty() ? 0 : NextLineBegin(lines, 1)));
+  };
+  return ends(contents.substr(0, at), range.above) || begins(contents.substr(at), range.below);
+}
+
 // Where the lines that the change made stand now: their only place, if something of what stood
 // around them is near, else the one with most of that. Nothing when there is none, or two are
 // alike.
@@ -173,7 +184,7 @@ std::optional<std::size_t> Find(std::string_view contents, const ChangedLines& r
   };
   if (range.after.empty()) {
     for (std::size_t at = 0;; at = NextLineBegin(contents, at + 1)) {
-      consider(at);
+      if (MayBeBetween(contents, at, range)) consider(at);
       if (at == contents.size()) break;
     }
   } else {
@@ -231,9 +242,8 @@ std::vector<ChangedLines> RangesOf(const files::FileChange& change) {
   }
   shared.push_back({before.size(), after.size(), 0});
   std::vector<ChangedLines> ranges;
-  std::size_t in_before = 0, in_after = 0;
-  std::size_t counted_before = 0, counted_after = 0;
-  std::int64_t line_before = 1, line_after = 1;
+  std::size_t in_before = 0, in_after = 0, counted = 0;
+  std::int64_t line_before = 1, shift = 0;  // of the lines after the change
   for (const Shared& next : shared) {
     std::string_view old_lines = before.substr(in_before, next.before - in_before);
     std::string_view new_lines = after.substr(in_after, next.after - in_after);
@@ -241,13 +251,12 @@ std::vector<ChangedLines> RangesOf(const files::FileChange& change) {
     Trim(old_lines, new_lines, skipped);
     if (!old_lines.empty() || !new_lines.empty()) {
       const std::size_t at_before = in_before + skipped, at_after = in_after + skipped;
-      line_before += LinesIn(before.substr(counted_before, at_before - counted_before));
-      line_after += LinesIn(after.substr(counted_after, at_after - counted_after));
-      counted_before = at_before;
-      counted_after = at_after;
-      ranges.push_back({line_before, line_after, std::string(old_lines), std::string(new_lines),
-                        std::string(Above(after, at_after)),
+      line_before += LinesIn(before.substr(counted, at_before - counted));
+      counted = at_before;
+      ranges.push_back({line_before, line_before + shift, std::string(old_lines),
+                        std::string(new_lines), std::string(Above(after, at_after)),
                         std::string(Below(after, at_after + new_lines.size()))});
+      shift += LinesIn(new_lines) - LinesIn(old_lines);
     }
     in_before = next.before + next.length;
     in_after = next.after + next.length;

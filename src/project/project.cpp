@@ -141,8 +141,9 @@ std::size_t Project::CountFaults(
   return connection_->database().Verify(progress).findings.size();
 }
 
-history::UndoRedo Project::MakeUndoRedo() {
-  return history::UndoRedo({system_, history_, *operations_, &code_.context(), reach_});
+history::UndoRedo Project::MakeUndoRedo(store::Operations& operations,
+                                        const codegen::CodeContext& code) {
+  return history::UndoRedo({system_, history_, operations, &code, reach_});
 }
 
 std::vector<std::string> Project::ChangeableFiles() {

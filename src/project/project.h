@@ -66,8 +66,10 @@ class Project {
   ComponentListFile* components() { return components_.get(); }
   files::JournalledUnitOfWork& unit() { return unit_; }
   history::Recorder& history() { return history_; }
-  // Takes operations back and does them again. The project must outlive it.
-  history::UndoRedo MakeUndoRedo();
+  // Takes operations back and does them again, by the project's own operations or by those that a
+  // host made over its connection and unit of work. What it is made from must outlive it.
+  history::UndoRedo MakeUndoRedo() { return MakeUndoRedo(*operations_, code_.context()); }
+  history::UndoRedo MakeUndoRedo(store::Operations& operations, const codegen::CodeContext& code);
   // What other programs do to the database.
   ForeignChanges& foreign_changes() { return foreign_changes_; }
   // Walks the whole database file; how many faults it has.
