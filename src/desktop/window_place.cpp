@@ -17,11 +17,11 @@ constexpr int kTitleMiddle = 10;
 wxSize LeastSize() { return wxWindow::FromDIP(wxSize(640, 420), nullptr); }
 
 wxRect WindowPlace::OnScreen(const DesktopState::Place& place) {
-  const wxPoint title(place.left + place.width / 2, place.top + kTitleMiddle);
+  wxSize size = wxWindow::FromDIP(wxSize(place.width, place.height), nullptr);
+  const wxPoint title(place.left + size.x / 2, place.top + kTitleMiddle);
   const int found = place.left < 0 ? wxNOT_FOUND : wxDisplay::GetFromPoint(title);
   const bool gone = found == wxNOT_FOUND;
   const wxRect screen = wxDisplay(gone ? 0u : static_cast<unsigned>(found)).GetClientArea();
-  wxSize size(place.width, place.height);
   size.IncTo(LeastSize());
   size.DecTo(wxSize(screen.width, screen.height - kTitleBar));
   if (gone) return wxRect(size).CentreIn(screen);
@@ -54,8 +54,8 @@ void WindowPlace::Keep() {
   const wxRect now = frame_.GetRect();
   place_.left = wanted_.x + now.x - settled_.x;
   place_.top = wanted_.y + now.y - settled_.y;
-  place_.width = wanted_.width + now.width - settled_.width;
-  place_.height = wanted_.height + now.height - settled_.height;
+  place_.width = frame_.ToDIP(wanted_.width + now.width - settled_.width);
+  place_.height = frame_.ToDIP(wanted_.height + now.height - settled_.height);
 }
 
 }  // namespace desktop
