@@ -35,6 +35,9 @@ class CodeSync {
 
   // Whether the class holds nothing of that name but a public variable, or is not there.
   bool CanDeclare(std::string_view prog_id, std::string_view alias);
+  // Raise what AddSub would refuse; RequireFree a sub of the name, too.
+  void RequireAddable(std::string_view prog_id, std::string_view name);
+  void RequireFree(std::string_view prog_id, std::string_view name);
   // The aliases that the header of that formula lists, by the rows as they are.
   std::vector<std::string> ArgumentsOf(std::string_view prog_id, std::string_view name) const;
 

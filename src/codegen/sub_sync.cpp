@@ -34,7 +34,7 @@ bool CutsConditionalBlock(const std::vector<std::string>& lines) {
 void CodeSync::FollowFormula(const Touched::Formula& formula) {
   if (!formula.before) {
     const auto& [prog_id, name] = *formula.now;
-    AddSub(prog_id, name, {}, ArgumentsOf(prog_id, name));
+    AddSub(prog_id, name, formula.code, ArgumentsOf(prog_id, name));
     return RegisterClass(prog_id);
   }
   const auto& [old_class, old_name] = *formula.before;
@@ -145,6 +145,20 @@ void CodeSync::AppendSub(const Place& place, std::string_view name, std::string_
   const Templates& templates = context_.templates;
   RewriteLines(*place.module, region.first_line, region.lines,
                WithHeader(region.lines, templates.Header(name, aliases), templates));
+}
+
+void CodeSync::RequireAddable(std::string_view prog_id, std::string_view name) {
+  const Place place = Locate(context_, prog_id);
+  if (!place) return;
+  if (const auto sub = FindSub(*place.module, name)) {
+    RequireAdoptable(place, *sub, {name});
+  } else {
+    RequireFree(place, name);
+  }
+}
+
+void CodeSync::RequireFree(std::string_view prog_id, std::string_view name) {
+  if (const Place place = Locate(context_, prog_id)) RequireFree(place, name);
 }
 
 void CodeSync::AddSub(std::string_view prog_id, std::string_view name, std::string_view code,

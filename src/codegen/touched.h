@@ -24,6 +24,7 @@ struct Touched {
     std::optional<FormulaName> now;        // nothing: deleted
     bool with_code = false;                // a move takes the old procedure's text along
     std::vector<std::string> arguments{};  // of a deleted one: the aliases that its header lists
+    std::string code{};  // of an added one: its procedure; empty: one without statements
   };
   // An argument that a class's formula gained or lost.
   struct Argument {

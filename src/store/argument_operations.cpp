@@ -42,7 +42,7 @@ void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRec
   RequireDeclarable(formula.prog_id, alias.vb_alias);
 }
 
-void Operations::RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
+void Operations::RequireInOrOut(const FormulaValues& formula, const ArgumentValues& values,
                                 std::string_view alias) {
   if (TakesArgument(formula.type, values.in, values.out)) return;
   context_->Refuse(kTextInAndOut, {}, {{kTextInAndOutDetail}, {{"<Names>", alias}}});

@@ -45,14 +45,24 @@ void Operations::RequireNoInAndOut(std::int32_t formula_id) {
   context_->Refuse(kTextInAndOut, {}, {{kTextInAndOutDetail}, {{"<Names>", names}}});
 }
 
+void Operations::RequireNewFormula(const FormulaValues& values, bool with_code) {
+  RequireFormulaName(values.name);
+  RequireFormulaClass(values.prog_id);
+  RequireFreeInClass(values.prog_id, values.name, 0);
+  RequireCallType(values.type);
+  if (with_code && context_->code()) context_->code()->RequireFree(values.prog_id, values.name);
+}
+
 OperationResult Operations::AddFormula(const FormulaValues& values,
                                        const OperationOptions& options) {
+  return AddFormulaWithCode(values, {}, options);
+}
+
+OperationResult Operations::AddFormulaWithCode(const FormulaValues& values, std::string_view code,
+                                               const OperationOptions& options) {
   return context_->Run(options, kTextNothingChanged, [&](OperationResult& result) {
     context_->SetTitle({title::kAddFormula, {{"<Name>", values.name}}});
-    RequireFormulaName(values.name);
-    RequireFormulaClass(values.prog_id);
-    RequireFreeInClass(values.prog_id, values.name, 0);
-    RequireCallType(values.type);
+    RequireNewFormula(values, !code.empty());
     const std::int32_t id = rows().Add(kFormulasTable, {{"Name", FieldText(values.name)},
                                                         {"ProgID", FieldText(values.prog_id)},
                                                         {"Type", values.type},
@@ -60,7 +70,9 @@ OperationResult Operations::AddFormula(const FormulaValues& values,
                                                         {"Enabled", values.enabled},
                                                         {"Comment", FieldText(values.comment)}});
     result.ids.push_back(id);
-    context_->touched().formulas.push_back({{}, {{values.prog_id, values.name}}});
+    codegen::Touched::Formula touched = {{}, {{values.prog_id, values.name}}};
+    touched.code = code;
+    context_->touched().formulas.push_back(std::move(touched));
   });
 }
 

@@ -153,14 +153,30 @@ OperationResult OperationContext::Answered(std::int32_t failure_text,
   return result;
 }
 
-OperationResult OperationContext::Run(const OperationOptions& options, std::int32_t failure_text,
-                                      const std::function<void(OperationResult&)>& steps) {
-  if (depth_ > 0) return RunPart(failure_text, steps);
+void OperationContext::Begin(const OperationOptions& options) {
   options_ = &options;
   touched_ = {};
   part_rows_.clear();
   const bool has_code = parts_.code && parts_.code->context().vbe && !options.with_rows_only;
   if (has_code) code_.emplace(parts_.code->context());
+}
+
+void OperationContext::Look(const OperationOptions& options, const std::function<void()>& steps) {
+  struct Scope {
+    OperationContext& context;
+    ~Scope() {
+      context.code_.reset();
+      context.options_ = nullptr;
+    }
+  } scope{*this};
+  Begin(options);
+  steps();
+}
+
+OperationResult OperationContext::Run(const OperationOptions& options, std::int32_t failure_text,
+                                      const std::function<void(OperationResult&)>& steps) {
+  if (depth_ > 0) return RunPart(failure_text, steps);
+  Begin(options);
   rows_.TakeChanges();
   warnings_.clear();
   ++depth_;

@@ -49,6 +49,9 @@ class OperationContext {
 
   // Names the operation that runs, for the history.
   void SetTitle(const messages::Message& title) { parts_.unit->SetTitle(title); }
+  // Calls `steps`, which look into rows and code as an operation does. Raises what they raise.
+  void Look(const OperationOptions& options, const std::function<void()>& steps);
+
   // Of the operation that runs.
   const OperationOptions& options() const { return *options_; }
   // Of the operation that runs, or null when only rows change.
@@ -83,6 +86,7 @@ class OperationContext {
   void PutPartBack(const PartStart& start);
   OperationResult Answered(std::int32_t failure_text,
                            const std::function<void(OperationResult&)>& steps);
+  void Begin(const OperationOptions& options);
   void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);
   void ShowNotUndone(OperationResult& result);
 

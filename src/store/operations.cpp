@@ -86,17 +86,6 @@ bool Operations::IsFormulaClass(std::string_view prog_id) {
   return false;
 }
 
-OperationResult Operations::CheckFormulaName(std::string_view name) {
-  return context_->Answer(kTextNothingChanged, [&](OperationResult&) { RequireFormulaName(name); });
-}
-
-OperationResult Operations::CheckAlias(const AliasValues& values, std::int32_t actual_id) {
-  return context_->Answer(kTextNothingChanged, [&](OperationResult&) {
-    RequireAliasText(values, actual_id);
-    WarnOfAlias(values.vb_alias);
-  });
-}
-
 FormulaRecord Operations::RequireFormula(std::int32_t id) {
   if (auto record = rows().FindFormula(id)) return *record;
   context_->Refuse(kTextNoFormula, {{"<ID>", std::to_string(id)}});

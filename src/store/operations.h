@@ -106,6 +106,10 @@ class Operations {
   ClassList Classes();
 
   OperationResult AddFormula(const FormulaValues& values, const OperationOptions& options = {});
+  // The same with a procedure of that name, from declaration to end, in place of an empty one.
+  // Refused when the class has one.
+  OperationResult AddFormulaWithCode(const FormulaValues& values, std::string_view code,
+                                     const OperationOptions& options = {});
   // A new name is carried out before a new class.
   OperationResult EditFormula(std::int32_t id, const FormulaValues& values,
                               const EditFormulaOptions& options = {});
@@ -155,6 +159,15 @@ class Operations {
   OperationResult CheckFormulaName(std::string_view name);
   OperationResult CheckAlias(const AliasValues& values, std::int32_t actual_id = 0);
 
+  // Calls `checks`, in which CheckFormula and CheckArgument may be asked about a list: one look at
+  // the code serves all of them. Raises what `checks` raises.
+  void WithChecks(const OperationOptions& options, const std::function<void()>& checks);
+  // What AddFormula, or AddFormulaWithCode, would refuse.
+  OperationResult CheckFormula(const FormulaValues& values, bool with_code = false);
+  // What AddArguments would refuse for a formula of these values that lacks the argument.
+  OperationResult CheckArgument(const FormulaValues& formula, std::string_view alias, bool in,
+                                bool out);
+
   // --- Look-ups, in the order of ID ---
   std::optional<FormulaRecord> FindFormula(std::int32_t id);
   std::vector<FormulaRecord> FindFormulasByName(std::string_view name);
@@ -176,6 +189,8 @@ class Operations {
   void RequireFormulaName(std::string_view name);
   void RequireFormulaClass(std::string_view prog_id);
   void RequireCallType(std::int32_t type);
+  // Of a formula that is to be added.
+  void RequireNewFormula(const FormulaValues& values, bool with_code);
   void RequireFreeInClass(std::string_view prog_id, std::string_view name,
                           std::int32_t excluded_id);
   void RequireNoInAndOut(std::int32_t formula_id);
@@ -183,7 +198,7 @@ class Operations {
   // The class must not hold the name as anything else than an alias.
   void RequireDeclarable(std::string_view prog_id, std::string_view alias);
   void RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias);
-  void RequireInOrOut(const FormulaRecord& formula, const ArgumentValues& values,
+  void RequireInOrOut(const FormulaValues& formula, const ArgumentValues& values,
                       std::string_view alias);
   // Raises platform::Error when the class cannot be read.
   bool IsFormulaClass(std::string_view prog_id);

@@ -42,6 +42,7 @@ std::span<const Area> Areas() {
       {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},
       {"messages of sources", 2800, 2899, SourceMessageRows()},
       {"history", 3300, 3399, HistoryRows()},
+      {"exchange", 3400, 3599, ExchangeRows()},
       {"code", 3600, 3799, CodeRows()},
   });
   return kAreas;

@@ -82,7 +82,7 @@ TEST(Rows, AreCompleteInBothLanguages) {
       EXPECT_LE(row.number, area.last);
       ASSERT_TRUE(row.german && *row.german) << "no German text";
       if (row.number == 192) continue;   // its second slot is left out
-      if (row.number >= 2000) continue;  // the layer has the English one
+      if (row.number >= 2000 && row.number < 3000) continue;  // the layer has the English one
       ASSERT_TRUE(row.english && *row.english) << "no English text";
       EXPECT_EQ(Placeholders(row.german), Placeholders(row.english));
       if (row.number >= 1000) {

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/import_plan.h"
+
+#include <algorithm>
+
+namespace exchange {
+namespace {
+
+constexpr std::uint32_t kNoArgument = 0xFFFFFFFF;
+
+void CountRow(RowAction action, ImportPlan::Counts& counts) {
+  switch (action) {
+    case RowAction::kNew:
+      ++counts.added;
+      return;
+    case RowAction::kChanged:
+      ++counts.changed;
+      return;
+    case RowAction::kUnchanged:
+      ++counts.unchanged;
+      return;
+    case RowAction::kRefused:
+      ++counts.refused;
+      return;
+  }
+}
+
+std::string NameOf(const PlannedFormula& formula) {
+  const store::FormulaValues& values = formula.values;
+  return values.prog_id.empty() ? values.name : values.prog_id + "." + values.name;
+}
+
+void AppendWord(std::string& list, std::string_view word) {
+  if (word.empty()) return;
+  if (!list.empty()) list += ' ';
+  list += word;
+}
+
+}  // namespace
+
+// A refused formula is one line; of one that is not, refused arguments are lines of their own.
+void ImportPlan::PutInOrder() {
+  using Kind = Line::Kind;
+  for (std::uint32_t i = 0; i < problems_.size(); ++i) {
+    order_.push_back({Kind::kUnknown, i, kNoArgument, problems_[i].place});
+  }
+  for (std::uint32_t i = 0; i < aliases_.size(); ++i) {
+    if (aliases_[i].listed) order_.push_back({Kind::kAlias, i, kNoArgument, aliases_[i].place});
+  }
+  for (std::uint32_t i = 0; i < formulas_.size(); ++i) {
+    const PlannedFormula& formula = formulas_[i];
+    order_.push_back({Kind::kFormula, i, kNoArgument, formula.place});
+    if (formula.action == RowAction::kRefused) continue;
+    for (std::uint32_t n = 0; n < formula.arguments.size(); ++n) {
+      const PlannedArgument& argument = formula.arguments[n];
+      if (argument.action == RowAction::kRefused) {
+        order_.push_back({Kind::kArgument, i, n, argument.place});
+      }
+    }
+  }
+  std::ranges::stable_sort(order_, {}, [](const Entry& entry) { return entry.place.line; });
+}
+
+ImportPlan::Counts ImportPlan::Count() const {
+  Counts counts;
+  for (const Entry& entry : order_) {
+    switch (entry.kind) {
+      case Line::Kind::kAlias:
+        CountRow(aliases_[entry.number].action, counts);
+        break;
+      case Line::Kind::kFormula:
+        CountRow(formulas_[entry.number].action, counts);
+        break;
+      default:
+        ++counts.refused;
+    }
+  }
+  return counts;
+}
+
+ImportPlan::Line ImportPlan::LineAt(std::size_t index) const {
+  const Entry& entry = order_.at(index);
+  Line line;
+  line.kind = entry.kind;
+  line.place = entry.place;
+  if (entry.kind == Line::Kind::kUnknown) {
+    line.place = problems_[entry.number].place;
+    line.reason = problems_[entry.number].reason;
+    return line;
+  }
+  if (entry.kind == Line::Kind::kAlias) {
+    const PlannedAlias& alias = aliases_[entry.number];
+    line.action = alias.action;
+    line.name = alias.alias;
+    line.detail = alias.item;
+    line.reason = alias.reason;
+    return line;
+  }
+  const PlannedFormula& formula = formulas_[entry.number];
+  if (entry.kind == Line::Kind::kArgument) {
+    const PlannedArgument& argument = formula.arguments[entry.argument];
+    line.name = NameOf(formula);
+    line.reason = argument.reason;
+    return line;
+  }
+  line.action = formula.action;
+  line.name = NameOf(formula);
+  line.reason = formula.reason;
+  for (const PlannedArgument& argument : formula.arguments) {
+    const std::string name(aliases_[argument.alias].alias);
+    if (argument.action == RowAction::kNew) AppendWord(line.detail, "+" + name);
+    if (argument.action == RowAction::kChanged) AppendWord(line.detail, "~" + name);
+  }
+  for (const auto& argument : formula.gone) AppendWord(line.detail, "-" + argument.vb_alias);
+  return line;
+}
+
+std::vector<ImportPlan::Line> ImportPlan::Refused() const {
+  std::vector<Line> lines;
+  for (std::size_t i = 0; i < order_.size(); ++i) {
+    const Entry& entry = order_[i];
+    const bool refused =
+        entry.kind == Line::Kind::kAlias     ? aliases_[entry.number].action == RowAction::kRefused
+        : entry.kind == Line::Kind::kFormula ? formulas_[entry.number].action == RowAction::kRefused
+                                             : true;
+    if (refused) lines.push_back(LineAt(i));
+  }
+  return lines;
+}
+
+}  // namespace exchange

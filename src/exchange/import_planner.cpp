@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/import_planner.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "codegen/identifier.h"
+#include "platform/text.h"
+
+namespace exchange {
+namespace {
+
+constexpr std::size_t kMaxText = 255;  // characters of a text field
+
+template <class Planned>
+void Refuse(Planned& planned, messages::Message reason) {
+  planned.action = RowAction::kRefused;
+  planned.reason = std::move(reason);
+}
+
+}  // namespace
+
+ImportPlanner::ImportPlanner(const Contents& contents, store::Operations& operations,
+                             const ImportOptions& options)
+    : contents_(contents),
+      operations_(operations),
+      options_(options),
+      proposals_(operations),
+      rows_by_alias_([this](std::uint32_t number) {
+        const std::string_view given = number < contents_.aliases.size()
+                                           ? contents_.aliases[number].alias
+                                           : std::string_view();
+        return given.empty() ? plan_.aliases_[number].alias : given;
+      }) {}
+
+ImportPlan ImportPlanner::Plan() {
+  plan_.problems_ = contents_.problems;
+  plan_.aliases_.reserve(contents_.aliases.size());
+  // Names that are given come before names that are proposed.
+  for (const AliasRow& row : contents_.aliases) {
+    if (!row.alias.empty()) proposals_.Take(row.alias);
+  }
+  for (const AliasRow& row : contents_.aliases) PlanAlias(row);
+  if (!contents_.formulas.empty()) PlanFormulas();
+  plan_.PutInOrder();
+  return std::move(plan_);
+}
+
+void ImportPlanner::PlanFormulas() {
+  classes_ = operations_.Classes().classes;
+  store::OperationOptions options;
+  options.with_rows_only = options_.with_rows_only;
+  operations_.WithChecks(options, [&] {
+    for (const FormulaRow& row : contents_.formulas) PlanFormula(row);
+  });
+}
+
+void ImportPlanner::PlanAlias(const AliasRow& row) {
+  PlannedAlias planned;
+  planned.item = row.item;
+  planned.alias = row.alias;
+  planned.place = row.place;
+  if (platform::FoldCase(row.item).empty()) {
+    Refuse(planned, {{kTextNoItem}});
+  } else if (codegen::CharacterCount(row.item) > kMaxText) {
+    Refuse(planned, {{kTextTooLong}, {{"<Member>", "ItemID"}, {"<Most>", kMaxText}}});
+  } else if (row.alias.empty()) {
+    PlanUnnamed(planned);
+  } else {
+    PlanNamed(planned);
+  }
+  plan_.aliases_.push_back(std::move(planned));
+  rows_by_alias_.Add(static_cast<std::uint32_t>(plan_.aliases_.size() - 1));
+}
+
+void ImportPlanner::PlanUnnamed(PlannedAlias& planned) {
+  const std::string name = codegen::CleanIdentifier(planned.item);
+  if (const auto existing = operations_.FindAliasByName(name)) {
+    if (existing->item_id == planned.item) {
+      planned.id = existing->id;
+      planned.alias = plan_.Keep(existing->vb_alias);
+      planned.action = RowAction::kUnchanged;
+      return;
+    }
+  } else if (const auto row = rows_by_alias_.Find(name);
+             row && plan_.aliases_[*row].item == planned.item) {
+    return Refuse(planned, {{kTextRepeats}, {{"<Line>", plan_.aliases_[*row].place.line}}});
+  }
+  planned.alias = plan_.Keep(proposals_.Propose(planned.item));
+  CheckNew(planned);
+}
+
+void ImportPlanner::PlanNamed(PlannedAlias& planned) {
+  if (IsRepeated(planned)) return;
+  if (const auto existing = operations_.FindAliasByName(planned.alias)) {
+    PlanExisting(planned, *existing);
+  } else {
+    CheckNew(planned);
+  }
+}
+
+bool ImportPlanner::IsRepeated(PlannedAlias& planned) {
+  const auto row = rows_by_alias_.Find(planned.alias);
+  if (!row) return false;
+  const PlannedAlias& other = plan_.aliases_[*row];
+  Refuse(planned, {{other.item == planned.item ? kTextRepeats : kTextContradicts},
+                   {{"<Line>", other.place.line}, {"<Item>", other.item}}});
+  return true;
+}
+
+void ImportPlanner::PlanExisting(PlannedAlias& planned, const store::AliasRecord& existing) {
+  planned.id = existing.id;
+  planned.action = RowAction::kUnchanged;
+  if (existing.item_id == planned.item && existing.vb_alias == planned.alias) return;
+  switch (options_.existing) {
+    case ExistingPolicy::kError:
+      return Refuse(planned, {{kTextAliasDiffers},
+                              {{"<Name>", existing.vb_alias}, {"<Item>", existing.item_id}}});
+    case ExistingPolicy::kSkip:
+      planned.reason = {{kTextSkipped}, {{"<Item>", existing.item_id}}};
+      return;
+    case ExistingPolicy::kUpdate:
+      planned.action = RowAction::kChanged;
+      return;
+    case ExistingPolicy::kRename:
+      planned.id = 0;
+      planned.reason = {{kTextRenamed}, {{"<Name>", planned.alias}}};
+      planned.alias = plan_.Keep(proposals_.Propose(planned.alias));
+      return CheckNew(planned);
+  }
+}
+
+void ImportPlanner::CheckNew(PlannedAlias& planned) {
+  planned.action = RowAction::kNew;
+  const store::OperationResult answer =
+      operations_.CheckAlias({std::string(planned.item), std::string(planned.alias)});
+  if (answer.success()) return;
+  Refuse(planned,
+         messages::Message::Verbatim(answer.detail.empty() ? answer.message
+                                                           : answer.message + " " + answer.detail));
+}
+
+ImportPlan PlanImport(const Contents& contents, store::Operations& operations,
+                      const ImportOptions& options) {
+  return ImportPlanner(contents, operations, options).Plan();
+}
+
+}  // namespace exchange

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "exchange/import_plan.h"
+#include "exchange/name_table.h"
+#include "store/alias_proposals.h"
+
+namespace exchange {
+
+// Makes a plan: import_planner.cpp aliases, formula_planner.cpp formulas and their arguments.
+class ImportPlanner {
+ public:
+  // All of it must outlive the planner.
+  ImportPlanner(const Contents& contents, store::Operations& operations,
+                const ImportOptions& options);
+
+  ImportPlan Plan();
+
+ private:
+  // --- Aliases ---
+  void PlanAlias(const AliasRow& row);
+  // What the row's name is to be when it has none.
+  void PlanUnnamed(PlannedAlias& planned);
+  void PlanNamed(PlannedAlias& planned);
+  void PlanExisting(PlannedAlias& planned, const store::AliasRecord& existing);
+  // Refuses what no alias can be.
+  void CheckNew(PlannedAlias& planned);
+  // Whether a line in front says the same or the contrary; then it is refused.
+  bool IsRepeated(PlannedAlias& planned);
+
+  // --- Formulas ---
+  void PlanFormulas();
+  void PlanFormula(const FormulaRow& row);
+  void PlanNewFormula(PlannedFormula& planned, const FormulaRow& row);
+  void PlanExistingFormula(PlannedFormula& planned, const FormulaRow& row,
+                           const store::FormulaRecord& existing);
+  void RenameFormula(PlannedFormula& planned, const FormulaRow& row);
+  // Fills in the arguments as they come to the formula that is there, or to none.
+  void PlanArguments(PlannedFormula& planned, const FormulaRow& row,
+                     const std::vector<store::ArgumentRecord>& existing);
+  PlannedArgument PlanArgument(const PlannedFormula& formula, const ArgumentRow& row,
+                               const std::vector<store::ArgumentRecord>& existing,
+                               bool is_part_of_formula);
+  // The number of the argument's alias in the plan; nothing when there is none, with the reason.
+  std::optional<std::uint32_t> AliasOf(const ArgumentRow& row, messages::Message& reason);
+  std::optional<std::uint32_t> ExistingAlias(std::string_view name, std::string_view item);
+  std::uint32_t CreateAlias(const ArgumentRow& row, messages::Message& reason);
+  std::string ClassOf(const FormulaRow& row) const;
+  std::optional<store::FormulaRecord> FindFormula(const store::FormulaValues& values);
+  bool IsTaken(std::string_view prog_id, std::string_view name);
+
+  const Contents& contents_;
+  store::Operations& operations_;
+  const ImportOptions& options_;
+  store::AliasProposals proposals_;
+  std::vector<store::ClassEntry> classes_;
+  ImportPlan plan_;
+  NameTable rows_by_alias_;  // numbers in the plan, by the name that the list gives
+  std::unordered_map<std::string, std::uint32_t> formulas_;  // by class and name in lower case
+};
+
+}  // namespace exchange

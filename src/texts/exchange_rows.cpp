@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// Texts of lists and copies: import, export, series.
+#include <array>
+
+#include "texts/rows.h"
+
+namespace texts {
+
+std::span<const Row> ExchangeRows() {
+  static constexpr auto kRows = std::to_array<Row>({
+      {3400, "Zeile <Line>: <Text>", "line <Line>: <Text>"},
+      {3401, "Zeile <Line>, Spalte <Column>: <Text>", "line <Line>, column <Column>: <Text>"},
+      {3402,
+       "Das ist eine Arbeitsmappe, keine Textdatei. Speichern Sie die Tabelle darin als CSV, und "
+       "lesen Sie diese Datei.",
+       "This is a workbook, no text file. Save its sheet as CSV and read that file."},
+      {3403, "Hier steht ein Nullzeichen; das ist keine Textdatei.",
+       "There is a zero character here; this is no text file."},
+      {3404,
+       "Die Datei gibt sich als UTF-8 aus, aber dieses Zeichen ist es nicht. Speichern Sie sie "
+       "neu.",
+       "The file calls itself UTF-8, but this character is none. Save the file again."},
+      {3405, "Hier bricht die UTF-16-Kodierung ab. Speichern Sie die Datei neu.",
+       "The UTF-16 encoding breaks here. Save the file again."},
+      {3406, "Ein Anführungszeichen wird nicht geschlossen.", "A quotation mark is never closed."},
+      {3407, "Hinter dem schließenden Anführungszeichen fehlt das Trennzeichen.",
+       "The separator is missing behind the closing quotation mark."},
+      {3408, "Die Zeile hat mehr als <Most> Spalten.", "The line has more than <Most> columns."},
+      {3409, "Die Zelle ist länger als <Most> Bytes.", "The cell is longer than <Most> bytes."},
+      {3410, "Die Liste ist leer.", "The list is empty."},
+      {3411,
+       "Keine dieser Spalten ist bekannt: <Names>. Nötig ist eine Kopfzeile mit Item und Alias, "
+       "oder mit Name und Klasse einer Formel.",
+       "None of these columns is known: <Names>. It takes a header with Item and Alias, or with "
+       "the Name and Class of a formula."},
+      {3412, "<Name> und <Other> meinen dasselbe. Benennen Sie eine der Spalten um.",
+       "<Name> and <Other> mean the same. Give one of the columns another name."},
+      {3413, "Das ist an dieser Stelle kein JSON.", "This is no JSON at this place."},
+      {3414, "Die JSON-Datei hört mittendrin auf.", "The JSON file ends in the middle."},
+      {3415, "Das JSON ist zu tief verschachtelt.", "The JSON is nested too deeply."},
+      {3416, "Das JSON enthält weder aliases noch formulas.",
+       "The JSON has neither aliases nor formulas."},
+      {3417, "Hier wird ein Wert von anderer Art gebraucht.",
+       "A value of another kind is needed here."},
+      {3418,
+       "Die Zeile enthält \"<Text>\". Ist das eine Tabelle, stellen Sie ihr die Kopfzeile "
+       "\"item,alias\" voran (mit dem Trennzeichen der Tabelle); gehört das Zeichen zum Item, "
+       "schließen Sie es mit einem Tabulator ab.",
+       "The line holds \"<Text>\". If this is a table, put the header \"item,alias\" in front of "
+       "it (with the table's separator); if the character belongs to the item, end the item with a "
+       "tab."},
+
+      {3430, "Das Steuerzeichen <Code> kann hier nicht stehen.",
+       "The control character <Code> cannot stand here."},
+      {3431,
+       "Die Zeile hat mehr Zellen als die Kopfzeile, die <Count> hat. Steht das Trennzeichen in "
+       "einem Text, gehört er in Anführungszeichen.",
+       "The line has more cells than the header, which has <Count>. A text that holds the "
+       "separator needs quotation marks."},
+      {3432, "\"<Text>\" ist weder ja noch nein.", "\"<Text>\" is neither yes nor no."},
+      {3433, "\"<Text>\" ist keine ganze Zahl.", "\"<Text>\" is no whole number."},
+      {3434, "\"<Text>\" kann zweierlei heißen. Schreiben Sie die Zahl ohne Punkt und Komma.",
+       "\"<Text>\" can be read in two ways. Write the number without point and comma."},
+      {3435, "\"<Text>\" ist kein Formelaufruf. Möglich sind 0 bis 7 und ihre Namen.",
+       "\"<Text>\" is no call type. Possible are 0 to 7 and their names."},
+      {3436, "\"<Text>\" ist keine Liste von Argumenten wie \"Level:in, Pump:out\".",
+       "\"<Text>\" is no list of arguments like \"Level:in, Pump:out\"."},
+      {3437, "Das Item fehlt.", "The item is missing."},
+      {3438, "Der Name der Formel fehlt.", "The name of the formula is missing."},
+      {3439, "Die Klasse fehlt. Möglich sind: <Choices>",
+       "The class is missing. Possible are: <Choices>"},
+      {3440, "Zeile <Line> sagt schon dasselbe.", "Line <Line> says the same already."},
+      {3441, "Widerspricht Zeile <Line>: Dort ist das Item <Item>.",
+       "Contradicts line <Line>: there the item is <Item>."},
+      {3442, "<Member> ist länger als <Most> Zeichen.",
+       "<Member> is longer than <Most> characters."},
+      {3443,
+       "<Name> gibt es schon für <Item>. Was geschehen soll, sagt --existing: skip, update oder "
+       "rename.",
+       "<Name> exists already for <Item>. What to do, --existing says: skip, update or rename."},
+      {3444,
+       "<Name> gibt es schon mit anderen Werten. Was geschehen soll, sagt --existing: skip, update "
+       "oder rename.",
+       "<Name> exists already with other values. What to do, --existing says: skip, update or "
+       "rename."},
+      {3445,
+       "Das Argument <Name> gibt es schon mit anderen Werten. Was geschehen soll, sagt --existing: "
+       "skip oder update.",
+       "The argument <Name> exists already with other values. What to do, --existing says: skip or "
+       "update."},
+      {3446,
+       "Den Alias <Name> gibt es nicht. Nehmen Sie ihn in die Liste auf, oder legen Sie fehlende "
+       "mit --create-aliases an.",
+       "There is no alias <Name>. Put it into the list, or create missing ones with "
+       "--create-aliases."},
+      {3447, "Der Alias <Name> wird abgelehnt: <Text>", "The alias <Name> is refused: <Text>"},
+      {3448, "Das Argument <Name> wird abgelehnt: <Text>",
+       "The argument <Name> is refused: <Text>"},
+      {3449, "<Name> kann bei diesem Formelaufruf nicht zugleich Übergabe- und Rückgabewert sein.",
+       "<Name> cannot be input and return value at the same time with this call type."},
+      {3450, "Bleibt, wie er ist: <Item>", "Stays as it is: <Item>"},
+      {3451, "Bleibt, wie es ist.", "Stays as it is."},
+      {3452, "Hieß in der Liste <Name>.", "Was called <Name> in the list."},
+
+      {3460, "<Text> sind mehr als <Most>.", "<Text> are more than <Most>."},
+      {3461, "Die Reihen dieser Zeile sind verschieden lang.",
+       "The series of this line have different lengths."},
+
+      {3470, "Import: <Name>", "Import: <Name>"},
+      {3471, "<Name> kopieren", "Copy <Name>"},
+      {3472, "Reihe anlegen: <Name>", "Add series: <Name>"},
+  });
+  return kRows;
+}
+
+}  // namespace texts
