@@ -2,10 +2,10 @@
 // ovformula alias ...
 #include <unordered_set>
 
-#include "cli/alias_list.h"
 #include "cli/commands.h"
 #include "cli/opened_project.h"
 #include "cli/place_list.h"
+#include "exchange/series_columns.h"
 #include "platform/text.h"
 #include "store/alias_proposals.h"
 
@@ -25,10 +25,35 @@ int RunList(Invocation& invocation) {
   return kDone;
 }
 
-AliasList GivenAliases(Invocation& invocation) {
+// Aliases that are to be added, as they were given; without an alias one is to be proposed.
+struct AliasList {
+  std::vector<store::AliasValues> values;
+  std::vector<Given> given;  // goes with the values
+};
+
+exchange::Contents GivenContents(Invocation& invocation) {
   const std::string item = invocation.Argument("ITEM");
-  if (item == "-") return ReadAliasList(invocation);
-  return {{{item, invocation.Argument("ALIAS")}}, {{item}}};
+  if (item == "-") return exchange::ReadAliases(invocation.InputText());
+  exchange::Contents contents;
+  const auto keep = [&](std::string text) { return contents.Keep(std::move(text)); };
+  if (!exchange::AppendAliases(keep(item), keep(invocation.Argument("ALIAS")), {}, contents)) {
+    throw CommandError(kRefused, invocation.Text(exchange::kTextSeriesLengths));
+  }
+  return contents;
+}
+
+AliasList GivenAliases(Invocation& invocation) {
+  const exchange::Contents contents = GivenContents(invocation);
+  for (const exchange::Problem& problem : contents.problems) {
+    throw CommandError(
+        kRefused, invocation.texts().Sentence(exchange::AtPlace(problem.place, problem.reason)));
+  }
+  AliasList list;
+  for (const exchange::AliasRow& row : contents.aliases) {
+    list.values.push_back({std::string(row.item), std::string(row.alias)});
+    list.given.push_back({std::string(row.item), row.place.line});
+  }
+  return list;
 }
 
 // Proposes the aliases that are missing, each free of those before it.
@@ -118,6 +143,7 @@ std::vector<CommandSpec> AliasCommands() {
        {project, {"ITEM", kTextArgItem}, {"ALIAS", kTextArgNewAlias, false}},
        ChangeOptions({}),
        {"ovformula alias add Plant.ovs Tank1.Level Level",
+        "ovformula alias add Plant.ovs \"Tank{1..20}.Level\" \"Level{1..20}\"",
         "ovformula alias add Plant.ovs - < items.txt"},
        RunAdd},
       {"alias edit",

@@ -4,6 +4,7 @@
 
 #include "cli/commands.h"
 #include "cli/opened_project.h"
+#include "exchange/series.h"
 #include "platform/text.h"
 
 namespace cli {
@@ -26,10 +27,21 @@ int RunList(Invocation& invocation) {
   return kDone;
 }
 
+// The names with every series in them written out.
+std::vector<Given> Expanded(const std::vector<Given>& names) {
+  std::vector<Given> all;
+  for (const Given& name : names) {
+    for (std::string& text : exchange::Expand(name.text)) {
+      all.push_back({std::move(text), name.line});
+    }
+  }
+  return all;
+}
+
 int RunAdd(Invocation& invocation) {
   OpenedProject session(invocation, Use::kChange);
   const auto formula = session.Formula(invocation.Argument("FORMULA"));
-  const std::vector<Given> names = invocation.Arguments("ALIAS");
+  const std::vector<Given> names = Expanded(invocation.Arguments("ALIAS"));
   std::vector<store::ArgumentValues> values;
   for (const std::int32_t id : session.AliasIds(names)) {
     values.push_back({id, invocation.Has("--in"), invocation.Has("--out")});
@@ -95,6 +107,7 @@ std::vector<CommandSpec> ArgumentCommands() {
        {project, formula, aliases},
        ChangeOptions({in, out}),
        {"ovformula argument add Plant.ovs FillTank Level --in",
+        "ovformula argument add Plant.ovs FillTank \"Level{1..20}\" --in",
         "ovformula argument add Plant.ovs FillTank - --in < aliases.txt"},
        RunAdd},
       {"argument edit",

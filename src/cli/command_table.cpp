@@ -10,9 +10,9 @@ namespace {
 
 std::vector<CommandSpec> MakeTable() {
   std::vector<CommandSpec> table;
-  for (auto* area :
-       {ProjectCommands, FormulaCommands, ArgumentCommands, AliasCommands, CheckCommands,
-        HistoryCommands, CodeCommands, DatabaseCommands, VisualBasicCommands, HelpCommands}) {
+  for (auto* area : {ProjectCommands, FormulaCommands, ArgumentCommands, AliasCommands,
+                     CheckCommands, HistoryCommands, CodeCommands, ExchangeCommands,
+                     DatabaseCommands, VisualBasicCommands, HelpCommands}) {
     auto commands = area();
     std::move(commands.begin(), commands.end(), std::back_inserter(table));
   }

@@ -150,9 +150,7 @@ enum TextNumber : int {
   kTextChangedAllTheSame,
   kTextAtLine,
   kTextNothingToChange,
-  kTextSeparator,
-  kTextOpenQuote,
-  kTextUnsafeCells,
+  kTextUnsafeCells = 1355,
   kTextOptSafeCells,
 
   // The check, see texts/check_rows.cpp.

@@ -11,6 +11,7 @@
 #include "cli/invocation.h"
 #include "cli/progress.h"
 #include "cli/suggest.h"
+#include "exchange/cell_values.h"
 #include "jet/database.h"
 
 namespace cli {
@@ -122,7 +123,7 @@ class CsvRows {
  private:
   // Whether an apostrophe goes before the text.
   bool Treat(std::string_view text) {
-    if (!IsUnsafeCell(text)) return false;
+    if (!exchange::IsUnsafeCell(text)) return false;
     if (!safe_) ++unsafe_;
     return safe_;
   }

@@ -5,6 +5,7 @@
 #include "cli/invocation.h"
 #include "files/error.h"
 #include "jet/error.h"
+#include "messages/error.h"
 #include "platform/error.h"
 
 namespace cli {
@@ -47,6 +48,9 @@ int ReportException(Console& console, const texts::TextTable& texts, std::except
   } catch (const files::Error& failed) {
     ReportError(console, texts, texts.Sentence(failed));
     return kFile;
+  } catch (const messages::Error& refused) {
+    ReportError(console, texts, texts.Sentence(refused));
+    return kRefused;
   } catch (const std::exception& failed) {
     ReportError(console, texts, texts.Text(kTextInternal, {{"<Text>", texts.Sentence(failed)}}));
     return kFile;

@@ -220,10 +220,6 @@ void AppendCsvText(std::string& line, std::string_view text) {
   line.resize(static_cast<std::size_t>(end - line.data()));
 }
 
-bool IsUnsafeCell(std::string_view text) {
-  return !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
-}
-
 void AppendCsv(std::string& line, const Value& value, const jet::Column& column) {
   const std::size_t begin = line.size();
   line.resize(begin + CsvRoom(value));

@@ -17,8 +17,6 @@ void AppendCsv(std::string& line, const jet::Value& value, const jet::Column& co
 // Appends a row of such fields and its line end. Values and columns go together.
 void AppendCsvRow(std::string& text, std::span<const jet::Value> row,
                   std::span<const jet::Column> columns);
-// Whether a spreadsheet would take the text for a formula.
-bool IsUnsafeCell(std::string_view text);
 // Appends a field of that text, quoted where needed.
 void AppendCsvText(std::string& line, std::string_view text);
 // Appends a value as JSON: null, booleans, numbers and strings.

@@ -5,6 +5,9 @@
 #include "cli/commands.h"
 #include "cli/opened_project.h"
 #include "cli/place_list.h"
+#include "exchange/cell_values.h"
+#include "exchange/exchange_texts.h"
+#include "exchange/series.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
 
@@ -29,26 +32,14 @@ std::vector<Cell> FormulaCells(const FormulaRecord& formula) {
           formula.comment_is_null ? Cell() : Cell(formula.comment)};
 }
 
-// "on Variable Change", "on-variable-change" and "onvariablechange" are one name.
-std::string Squeezed(std::string_view name) {
-  std::string squeezed = platform::FoldCase(name);
-  std::erase_if(squeezed, [](char c) { return c == ' ' || c == '-' || c == '_'; });
-  return squeezed;
-}
-
 std::optional<std::int32_t> TypeOption(Invocation& invocation) {
   const auto given = invocation.Option("--type");
   if (!given) return std::nullopt;
-  if (given->size() == 1 && (*given)[0] >= '0' && (*given)[0] < '0' + store::kCallTypes)
-    return (*given)[0] - '0';
+  if (const auto type = exchange::ParseCallType(*given)) return type;
+  const texts::TextTable english(texts::Language::kEnglish);
   std::string choices;
-  for (const auto language : {texts::Language::kEnglish, texts::Language::kGerman}) {
-    const texts::TextTable table(language);
-    for (std::int32_t type = 0; type < store::kCallTypes; ++type) {
-      const std::string name = table.Text(store::kFirstCallTypeText + type);
-      if (Squeezed(name) == Squeezed(*given)) return type;
-      if (language == texts::Language::kEnglish) choices += (choices.empty() ? "" : ", ") + name;
-    }
+  for (std::int32_t type = 0; type < store::kCallTypes; ++type) {
+    choices += (type == 0 ? "" : ", ") + english.Text(store::kFirstCallTypeText + type);
   }
   throw UsageError(invocation.Text(kTextUnknownType, {{"<Word>", *given}, {"<Choices>", choices}}));
 }
@@ -121,16 +112,43 @@ int RunShow(Invocation& invocation) {
   return kDone;
 }
 
+FormulaValues WithName(FormulaValues values, const std::string& name) {
+  values.name = name;
+  return values;
+}
+
+store::OperationResult AddSeries(store::Operations& operations, const FormulaValues& values,
+                                 const std::vector<std::string>& names) {
+  std::vector<std::int32_t> ids;
+  for (const std::string& name : names) {
+    store::OperationResult result = operations.AddFormula(WithName(values, name));
+    if (!result.success()) return result;
+    ids.push_back(result.id());
+  }
+  store::OperationResult all;
+  all.ids = std::move(ids);
+  return all;
+}
+
 int RunAdd(Invocation& invocation) {
   OpenedProject session(invocation, Use::kChange);
   FormulaValues values;
   ReadValues(invocation, session, values);
   if (!invocation.Has("--class")) values.prog_id = OnlyClass(invocation, session);
   if (!invocation.Has("--name")) values.name = session.operations().ProposeFormulaName();
-  const auto result = session.operations().AddFormula(values, session.MakeOptions());
+  const std::vector<std::string> names = exchange::Expand(values.name);
+  store::Operations& operations = session.operations();
+  const auto result =
+      names.size() == 1
+          ? operations.AddFormula(WithName(values, names[0]), session.MakeOptions())
+          : operations.AsOne(
+                {{exchange::kTextSeriesTitle}, {{"<Name>", values.name}}},
+                [&] { return AddSeries(operations, values, names); }, session.MakeOptions());
   session.Report(result);
-  if (!session.dry_run())
-    invocation.console().out << result.id() << '\t' << PlainText(values.name) << '\n';
+  if (session.dry_run()) return kDone;
+  for (std::size_t i = 0; i < result.ids.size(); ++i) {
+    invocation.console().out << result.ids[i] << '\t' << PlainText(names[i]) << '\n';
+  }
   return kDone;
 }
 
@@ -212,6 +230,7 @@ std::vector<CommandSpec> FormulaCommands() {
        {project},
        ChangeOptions(ValueOptions()),
        {"ovformula formula add Plant.ovs --name FillTank --class PumpServer.CPump",
+        "ovformula formula add Plant.ovs --name \"FillTank{1..20}\"",
         "ovformula formula add Plant.ovs --type asynchronous --scan-time 500"},
        RunAdd},
       {"formula edit",

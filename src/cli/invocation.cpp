@@ -2,6 +2,8 @@
 #include "cli/invocation.h"
 
 #include <charconv>
+#include <iterator>
+#include <sstream>
 
 #include "files/real_file_system.h"
 
@@ -27,17 +29,23 @@ std::vector<Given> Invocation::Arguments(std::string_view name) {
 std::vector<Given> Invocation::InputLines() {
   std::vector<Given> lines;
   std::size_t number = 0;
-  for (std::string line; std::getline(console_.in, line);) {
+  std::istringstream text(InputText());
+  for (std::string line; std::getline(text, line);) {
     ++number;
     if (line.ends_with('\r')) line.pop_back();
     if (!line.empty()) lines.push_back({std::move(line), number});
   }
+  return lines;
+}
+
+std::string Invocation::InputText() {
+  std::string text(std::istreambuf_iterator<char>(console_.in), {});
   if (Interrupted()) throw InterruptedError();
   if (console_.in_failure && *console_.in_failure) {
     files::os::RaiseSystem(*console_.in_failure, Text(kTextStandardInput),
                            files::message::kCannotBeRead);
   }
-  return lines;
+  return text;
 }
 
 std::string Invocation::AtLine(std::size_t line, const std::string& text) const {

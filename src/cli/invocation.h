@@ -67,7 +67,9 @@ class Invocation {
   std::string Argument(std::string_view name) const;
   // All values of a repeatable argument; "-" is replaced by the lines of standard input.
   std::vector<Given> Arguments(std::string_view name);
-  // The lines of standard input up to its end, without the empty ones.
+  // Standard input up to its end. Raises when it cannot be read.
+  std::string InputText();
+  // Its lines without the empty ones.
   std::vector<Given> InputLines();
   // The text with the place of what it is about in front.
   std::string AtLine(std::size_t line, const std::string& text) const;

@@ -102,10 +102,25 @@ std::vector<OptionSpec> RenameOptions(std::vector<OptionSpec> own) {
 }
 
 OpenedProject::OpenedProject(Invocation& invocation, Use use, bool tells_problems)
+    : OpenedProject(invocation, invocation.Argument("PROJECT.ovs"), OptionsFor(invocation, use),
+                    tells_problems) {}
+
+OpenedProject::OpenedProject(Invocation& invocation, Use use, const std::string& path,
+                             std::vector<std::string> vb_files)
+    : OpenedProject(
+          invocation, path,
+          [&] {
+            project::ProjectOptions options = OptionsFor(invocation, use);
+            options.vb_files = std::move(vb_files);
+            return options;
+          }(),
+          true) {}
+
+OpenedProject::OpenedProject(Invocation& invocation, const std::string& path,
+                             const project::ProjectOptions& options, bool tells_problems)
     : invocation_(invocation),
-      project_(std::make_unique<project::Project>(invocation.console().files,
-                                                  invocation.Argument("PROJECT.ovs"),
-                                                  OptionsFor(invocation, use), invocation.texts())),
+      project_(std::make_unique<project::Project>(invocation.console().files, path, options,
+                                                  invocation.texts())),
       progress_(invocation) {
   if (!project_->vb() || !tells_problems) return;
   for (const messages::Message& problem : project_->vb()->Problems()) {

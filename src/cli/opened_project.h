@@ -32,6 +32,9 @@ class OpenedProject {
   enum class Use { kRows, kCode, kChange };
   // Tells what is wrong with the files of Visual Basic projects, unless the caller does.
   OpenedProject(Invocation& invocation, Use use, bool tells_problems = true);
+  // Another project than the one that the call is about, with its own Visual Basic projects.
+  OpenedProject(Invocation& invocation, Use use, const std::string& path,
+                std::vector<std::string> vb_files);
 
   project::Project& project() { return *project_; }
   store::Operations& operations() { return project_->operations(); }
@@ -84,6 +87,8 @@ class OpenedProject {
   std::vector<std::int32_t> Ids(const std::vector<Given>& names, Find find);
   store::OperationOptions BaseOptions();
   void TakeRenameOptions(store::RenameOptions& options);
+  OpenedProject(Invocation& invocation, const std::string& path,
+                const project::ProjectOptions& options, bool tells_problems);
   void KeepCode();
   void PrintRows(const store::OperationResult& result);
 

@@ -156,6 +156,11 @@ void AppendArgument(std::string& list, std::string_view alias, bool in, bool out
   if (out) list += ":out";
 }
 
+bool IsControlCharacter(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return (code < 0x20 && c != '\t' && c != '\r' && c != '\n') || code == 0x7F;
+}
+
 bool IsUnsafeCell(std::string_view text) {
   return !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
 }

@@ -31,6 +31,9 @@ std::optional<std::vector<ArgumentRow>> ParseArgumentList(std::string_view text,
 // Appends an argument as the list has it.
 void AppendArgument(std::string& list, std::string_view alias, bool in, bool out);
 
+// Whether a table cannot carry the character: all but tab and line ends.
+bool IsControlCharacter(char c);
+
 // Whether a spreadsheet would take the text for a formula.
 bool IsUnsafeCell(std::string_view text);
 // The text with an apostrophe in front when a spreadsheet would run it, or when it looks as if one

@@ -73,8 +73,15 @@ struct Contents {
   std::deque<std::string> kept_;
 };
 
+// Whether a text is JSON rather than a table.
+bool IsJson(std::string_view text);
+
 // Reads a file of aliases, formulas or signals: a table with a header, or JSON as it is exported.
 // Raises FormatError for what is neither.
 Contents ReadList(std::string bytes);
+
+// Reads aliases only: a table whose header names at least an item and one more column, or lines
+// "ITEM" and "ITEM<Tab>ALIAS". Raises FormatError.
+Contents ReadAliases(std::string bytes);
 
 }  // namespace exchange

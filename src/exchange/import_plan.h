@@ -99,6 +99,10 @@ class ImportPlan {
 
   const std::vector<PlannedAlias>& aliases() const { return aliases_; }
   const std::vector<PlannedFormula>& formulas() const { return formulas_; }
+  // The procedure that a formula is to have.
+  void SetCode(std::size_t formula, std::string code) {
+    formulas_[formula].code = Keep(std::move(code));
+  }
 
  private:
   friend class ImportPlanner;

@@ -2,6 +2,7 @@
 #include "exchange/json_text.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "platform/text.h"
 
@@ -177,6 +178,25 @@ void JsonText::Skip() {
 void JsonText::RequireEnd() {
   SkipBlanks();
   if (at_ < text_.size()) Refuse(kTextJsonUnexpected);
+}
+
+std::string JsonString(std::string_view text) {
+  std::string json = "\"";
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t code_point = platform::NextCodePoint(text, at);
+    if (code_point == '"' || code_point == '\\') {
+      json += '\\';
+      json += static_cast<char>(code_point);
+    } else if (code_point < 0x20 || code_point == 0x7F) {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(code_point));
+      json += escape;
+    } else {
+      const bool broken = code_point >= 0xDC80 && code_point <= 0xDCFF;
+      platform::AppendCodePoint(json, broken ? kReplacement : code_point);
+    }
+  }
+  return json + '"';
 }
 
 }  // namespace exchange

@@ -35,6 +35,8 @@ class JsonText {
   // Passes over any value.
   void Skip();
   void RequireEnd();
+  // How far it was read, in bytes.
+  std::size_t position() const { return at_; }
 
  private:
   static constexpr int kMaxDepth = 64;
@@ -56,6 +58,9 @@ class JsonText {
   std::size_t line_start_ = 0;
   std::size_t continued_ = 0;  // bytes of the line in front that begin no character
 };
+
+// A JSON string of UTF-8 text; what is not UTF-8 becomes U+FFFD.
+std::string JsonString(std::string_view text);
 
 template <class Read>
 void JsonText::ReadObject(Read read) {

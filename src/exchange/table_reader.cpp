@@ -3,10 +3,9 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <initializer_list>
 
 #include "exchange/cell_values.h"
-#include "exchange/series.h"
+#include "exchange/series_columns.h"
 #include "platform/text.h"
 
 namespace exchange {
@@ -19,51 +18,11 @@ struct LineProblem {
   Problem problem;
 };
 
-bool IsControl(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return (code < 0x20 && c != '\t' && c != '\r' && c != '\n') || code == 0x7F;
-}
-
 std::string CodeOf(char c) {
   char text[8];
   std::snprintf(text, sizeof text, "U+%04X", static_cast<unsigned>(static_cast<unsigned char>(c)));
   return text;
 }
-
-// The texts of cells of one line, which go together number by number.
-class Columns {
- public:
-  explicit Columns(std::initializer_list<std::string_view> cells) {
-    for (const std::string_view cell : cells) Add(cell);
-  }
-  void Add(std::string_view cell) {
-    cells_.push_back(cell);
-    has_series_ = has_series_ || cell.find('{') != std::string_view::npos;
-  }
-
-  // The number of texts; 0 when the cells have series of several lengths.
-  std::size_t Count() {
-    if (!has_series_) return 1;
-    std::size_t count = 1;
-    for (const std::string_view cell : cells_) {
-      const std::size_t size = series_.emplace_back(cell).size();
-      if (size == 1) continue;
-      if (count != 1 && size != count) return 0;
-      count = size;
-    }
-    return count;
-  }
-  bool IsSeries(std::size_t column) const { return has_series_ && series_[column].size() > 1; }
-  std::string_view At(std::size_t column, std::size_t index, Contents& keeper) const {
-    if (!has_series_ || cells_[column].find('{') == std::string_view::npos) return cells_[column];
-    return keeper.Keep(series_[column].At(series_[column].size() == 1 ? 0 : index));
-  }
-
- private:
-  std::vector<std::string_view> cells_;
-  std::vector<Series> series_;  // as many as cells once they are counted
-  bool has_series_ = false;
-};
 
 }  // namespace
 
@@ -76,7 +35,7 @@ void TableReader::Read(const Record& record) {
       if (i >= header_.names.size() && !text.empty()) {
         throw LineProblem{{place, {{kTextSurplusCells}, {{"<Count>", header_.names.size()}}}}};
       }
-      if (const auto found = std::ranges::find_if(text, IsControl); found != text.end()) {
+      if (const auto found = std::ranges::find_if(text, IsControlCharacter); found != text.end()) {
         throw LineProblem{{place, {{kTextControlCharacter}, {{"<Code>", CodeOf(*found)}}}}};
       }
     }
@@ -141,16 +100,9 @@ std::optional<std::int32_t> TableReader::CallType() const {
 // --- Aliases ---
 
 void TableReader::ReadAlias() {
-  Columns columns{Text(kItem), Text(kAlias)};
-  const std::size_t count = columns.Count();
-  const bool both = !Text(kItem).empty() && !Text(kAlias).empty();
-  if (count == 0 || (count > 1 && both && columns.IsSeries(0) != columns.IsSeries(1))) {
-    Refuse(kItem, kTextSeriesLengths);
-  }
   if (Text(kItem).empty()) Refuse(kItem, kTextNoItem);
-  for (std::size_t i = 0; i < count; ++i) {
-    contents_.aliases.push_back(
-        {columns.At(0, i, contents_), columns.At(1, i, contents_), {record_->line, 0}});
+  if (!AppendAliases(Text(kItem), Text(kAlias), {record_->line, 0}, contents_)) {
+    Refuse(kAlias, kTextSeriesLengths);
   }
 }
 
@@ -170,7 +122,7 @@ void TableReader::ReadFormula() {
   if (!arguments) Refuse(kArguments, kTextArgumentList);
   row.all_arguments = !arguments->empty();
 
-  Columns columns{name};
+  SeriesColumns columns{name};
   for (const ArgumentRow& argument : *arguments) columns.Add(argument.alias);
   const std::size_t count = columns.Count();
   if (count == 0 || (count > 1 && !columns.IsSeries(0))) Refuse(kFormula, kTextSeriesLengths);
@@ -189,7 +141,7 @@ void TableReader::ReadFormula() {
 void TableReader::ReadSignal() {
   const std::string_view item = Text(kItem), alias = Text(kAlias), formula = Text(kFormula);
   if (item.empty() && alias.empty()) Refuse(header_.Column(kItem) ? kItem : kAlias, kTextNoItem);
-  Columns columns{item, alias, formula};
+  SeriesColumns columns{item, alias, formula};
   const std::size_t count = columns.Count();
   const bool both = !item.empty() && !alias.empty();
   const bool signals = columns.Count() == 1 || columns.IsSeries(0) || columns.IsSeries(1);

@@ -226,14 +226,6 @@ constexpr Row kRows[] = {
     {1351, "Zeile <Line>: <Text>", "line <Line>: <Text>"},
     {1352, "Nichts zu ändern: Die Werte sind schon so.",
      "Nothing to change: the values are so already."},
-    {1353,
-     "Die Zeile enthält \"<Text>\". Ist das eine Tabelle, stellen Sie ihr die Kopfzeile "
-     "\"item,alias\" voran (mit dem Trennzeichen der Tabelle); gehört das Zeichen zum Item, "
-     "schließen Sie es mit einem Tabulator ab.",
-     "The line holds \"<Text>\". If this is a table, put the header \"item,alias\" in front of it "
-     "(with the table's separator); if the character belongs to the item, end the item with a "
-     "tab."},
-    {1354, "Ein Anführungszeichen wird nicht geschlossen.", "A quotation mark is never closed."},
     {1355,
      "<Count> Felder beginnen mit =, +, - oder @; eine Tabellenkalkulation könnte sie ausführen. "
      "--safe-cells stellt ihnen ein Hochkomma voran.",

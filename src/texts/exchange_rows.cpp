@@ -109,6 +109,61 @@ std::span<const Row> ExchangeRows() {
       {3470, "Import: <Name>", "Import: <Name>"},
       {3471, "<Name> kopieren", "Copy <Name>"},
       {3472, "Reihe anlegen: <Name>", "Add series: <Name>"},
+
+      {3500, "Schreibt Aliase und Formeln als Liste, die import wieder liest.",
+       "Writes aliases and formulas as a list that import reads back."},
+      {3501,
+       "Liest Aliase, Formeln oder Signale aus einer Liste: CSV einer Tabellenkalkulation oder "
+       "JSON.",
+       "Reads aliases, formulas or signals from a list: a spreadsheet's CSV or JSON."},
+      {3502, "Kopiert eine Formel mit Argumenten und Code, auch in ein anderes Projekt.",
+       "Copies a formula with its arguments and code, also to another project."},
+      {3503, "Datei der Liste; - liest die Standardeingabe",
+       "file of the list; - reads standard input"},
+      {3504, "nur die Aliase", "only the aliases"},
+      {3505, "nur die Formeln mit ihren Argumenten", "only the formulas with their arguments"},
+      {3506, "csv (bei --aliases oder --formulas, wenn nichts gesagt ist) oder json",
+       "csv (with --aliases or --formulas unless said) or json"},
+      {3507,
+       "was mit dem geschieht, was es mit anderen Werten schon gibt: error (so, wenn nichts "
+       "gesagt ist) lehnt ab, skip lässt es, update ändert es, rename nimmt einen freien Namen",
+       "what to do with what exists already with other values: error (unless said) refuses, skip "
+       "leaves it, update changes it, rename takes a free name"},
+      {3508, "fehlende Aliase von Argumenten anlegen", "create missing aliases of arguments"},
+      {3509,
+       "abgelehnte Zeilen auslassen und mit dem Grund in diese neue Datei schreiben; verbessert "
+       "lässt sie sich wieder einlesen",
+       "leave refused lines out and write them with the reason into this new file; mended it can "
+       "be read again"},
+      {3510, "Klasse der Formeln, bei denen keine steht", "class of formulas that name none"},
+      {3511, "Name der Kopie, auch als Reihe wie \"Fill{2..8}\"",
+       "name of the copy, also a series like \"Fill{2..8}\""},
+      {3512,
+       "diesen Text in Name, Aliasen, Items, Kommentar und Code durch den anderen ersetzen; auch "
+       "als Reihe wie \"Tank1=Tank{2..8}\"",
+       "replace this text by the other one in name, aliases, items, comment and code; also a "
+       "series like \"Tank1=Tank{2..8}\""},
+      {3513, "in dieses Projekt kopieren", "copy to this project"},
+      {3514, "Visual-Basic-Projekt des anderen Projekts", "Visual Basic project of the other one"},
+
+      {3530, "Eine CSV-Tabelle enthält eines von beiden: --aliases oder --formulas.",
+       "A CSV table holds one of both: --aliases or --formulas."},
+      {3531,
+       "<Count> Felder enthalten Steuerzeichen, die eine Tabelle nicht mitnimmt. --format json "
+       "nimmt sie mit.",
+       "<Count> fields hold control characters, which a table cannot carry. --format json can."},
+      {3532, "<File> gibt es schon. Nennen Sie bei --skip-refused eine neue Datei.",
+       "<File> exists already. Name a new file with --skip-refused."},
+      {3533, "Grund", "Reason"},
+      {3534, "Diese Spalten bleiben unbeachtet: <Names>", "These columns are ignored: <Names>"},
+      {3535,
+       "<Count> Zeilen werden abgelehnt; es wurde nichts geändert. --skip-refused DATEI liest die "
+       "übrigen.",
+       "<Count> lines are refused; nothing was changed. --skip-refused FILE reads the others."},
+      {3536, "<Name> kann so nicht kopiert werden; es wurde nichts geändert.",
+       "<Name> cannot be copied like this; nothing was changed."},
+      {3537, "--replace <Word>: Es wird ALT=NEU gebraucht.",
+       "--replace <Word>: OLD=NEW is needed."},
   });
   return kRows;
 }
