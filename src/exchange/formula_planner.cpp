@@ -10,19 +10,6 @@
 namespace exchange {
 namespace {
 
-constexpr std::size_t kMaxText = 255;  // characters of a text field
-
-template <class Planned>
-void Refuse(Planned& planned, messages::Message reason) {
-  planned.action = RowAction::kRefused;
-  planned.reason = std::move(reason);
-}
-
-messages::Message ReasonOf(const store::OperationResult& answer) {
-  return messages::Message::Verbatim(answer.detail.empty() ? answer.message
-                                                           : answer.message + " " + answer.detail);
-}
-
 store::FormulaValues ValuesOf(const FormulaRow& row, store::FormulaValues values) {
   values.type = row.type.value_or(values.type);
   values.scan_time = row.scan_time.value_or(values.scan_time);
@@ -86,8 +73,8 @@ void ImportPlanner::PlanFormula(const FormulaRow& row) {
 void ImportPlanner::PlanNewFormula(PlannedFormula& planned, const FormulaRow& row) {
   planned.action = RowAction::kNew;
   planned.values = ValuesOf(row, std::move(planned.values));
-  const auto answer = operations_.CheckFormula(planned.values, !row.code.empty());
-  if (!answer.success()) return Refuse(planned, ReasonOf(answer));
+  Check(planned, operations_.CheckFormula(planned.values, !row.code.empty()));
+  if (planned.action == RowAction::kRefused) return;
   PlanArguments(planned, row, {});
 }
 
@@ -183,9 +170,7 @@ PlannedArgument ImportPlanner::PlanArgument(const PlannedFormula& formula, const
                        ? existing.end()
                        : std::ranges::find(existing, used.id, &store::ArgumentRecord::alias_id);
   if (old == existing.end()) {
-    const auto answer =
-        operations_.CheckArgument(formula.values, used.alias, planned.in, planned.out);
-    if (!answer.success()) Refuse(planned, ReasonOf(answer));
+    Check(planned, operations_.CheckArgument(formula.values, used.alias, planned.in, planned.out));
     return planned;
   }
   planned.id = old->id;

@@ -106,10 +106,11 @@ ImportPlan::Line ImportPlan::LineAt(std::size_t index) const {
   line.action = formula.action;
   line.name = NameOf(formula);
   line.reason = formula.reason;
+  if (formula.action == RowAction::kRefused) return line;
   for (const PlannedArgument& argument : formula.arguments) {
-    const std::string name(aliases_[argument.alias].alias);
-    if (argument.action == RowAction::kNew) AppendWord(line.detail, "+" + name);
-    if (argument.action == RowAction::kChanged) AppendWord(line.detail, "~" + name);
+    const bool comes = argument.action == RowAction::kNew;
+    if (!comes && argument.action != RowAction::kChanged) continue;
+    AppendWord(line.detail, (comes ? "+" : "~") + std::string(aliases_[argument.alias].alias));
   }
   for (const auto& argument : formula.gone) AppendWord(line.detail, "-" + argument.vb_alias);
   return line;

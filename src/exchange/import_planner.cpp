@@ -8,17 +8,6 @@
 #include "platform/text.h"
 
 namespace exchange {
-namespace {
-
-constexpr std::size_t kMaxText = 255;  // characters of a text field
-
-template <class Planned>
-void Refuse(Planned& planned, messages::Message reason) {
-  planned.action = RowAction::kRefused;
-  planned.reason = std::move(reason);
-}
-
-}  // namespace
 
 ImportPlanner::ImportPlanner(const Contents& contents, store::Operations& operations,
                              const ImportOptions& options)
@@ -69,8 +58,10 @@ void ImportPlanner::PlanAlias(const AliasRow& row) {
   } else {
     PlanNamed(planned);
   }
+  const std::string_view name = row.alias.empty() ? planned.alias : row.alias;
+  const bool is_new = !name.empty() && !rows_by_alias_.Find(name);
   plan_.aliases_.push_back(std::move(planned));
-  rows_by_alias_.Add(static_cast<std::uint32_t>(plan_.aliases_.size() - 1));
+  if (is_new) rows_by_alias_.Add(static_cast<std::uint32_t>(plan_.aliases_.size() - 1));
 }
 
 void ImportPlanner::PlanUnnamed(PlannedAlias& planned) {
@@ -132,12 +123,7 @@ void ImportPlanner::PlanExisting(PlannedAlias& planned, const store::AliasRecord
 
 void ImportPlanner::CheckNew(PlannedAlias& planned) {
   planned.action = RowAction::kNew;
-  const store::OperationResult answer =
-      operations_.CheckAlias({std::string(planned.item), std::string(planned.alias)});
-  if (answer.success()) return;
-  Refuse(planned,
-         messages::Message::Verbatim(answer.detail.empty() ? answer.message
-                                                           : answer.message + " " + answer.detail));
+  Check(planned, operations_.CheckAlias({std::string(planned.item), std::string(planned.alias)}));
 }
 
 ImportPlan PlanImport(const Contents& contents, store::Operations& operations,

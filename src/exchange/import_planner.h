@@ -6,13 +6,32 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "exchange/import_plan.h"
 #include "exchange/name_table.h"
+#include "platform/error.h"
 #include "store/alias_proposals.h"
 
 namespace exchange {
+
+inline constexpr std::size_t kMaxText = 255;  // characters of a text field
+
+template <class Planned>
+void Refuse(Planned& planned, messages::Message reason) {
+  planned.action = RowAction::kRefused;
+  planned.reason = std::move(reason);
+}
+
+// Refuses what an operation would refuse. Raises platform::Error when it could not say.
+template <class Planned>
+void Check(Planned& planned, const store::OperationResult& answer) {
+  if (answer.success()) return;
+  messages::Message reason = messages::Joined(answer.message, answer.detail);
+  if (answer.outcome == store::Outcome::kRefused) return Refuse(planned, std::move(reason));
+  throw platform::Error(platform::ErrorKind::kIo, 0, reason);
+}
 
 // Makes a plan: import_planner.cpp aliases, formula_planner.cpp formulas and their arguments.
 class ImportPlanner {

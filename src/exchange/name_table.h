@@ -28,7 +28,7 @@ class NameTable {
     }
     return std::nullopt;
   }
-  // Of two of one name either is found.
+  // Of one name there may be one.
   void Add(std::uint32_t number) { numbers_.emplace(HashOf(name_of_(number)), number); }
 
  private:

@@ -2,6 +2,7 @@
 // Where something stands in a list, and what is wrong there.
 #pragma once
 
+#include <compare>
 #include <cstdint>
 
 #include "exchange/exchange_texts.h"
@@ -14,7 +15,7 @@ namespace exchange {
 struct Place {
   std::uint32_t line = 0;
   std::uint32_t column = 0;
-  friend bool operator==(const Place&, const Place&) = default;
+  friend auto operator<=>(const Place&, const Place&) = default;
 };
 
 // Something that a line gets wrong. The others can do without it.

@@ -71,8 +71,9 @@ std::string WriteJson(const std::string& raw, const std::vector<RefusedLine>& li
       const Place place = json.Here();
       const std::size_t begin = json.position();
       json.Skip();
+      const Place end = json.Here();
       for (const RefusedLine& line : lines) {
-        if (!(line.place == place)) continue;
+        if (line.place < place || !(line.place < end)) continue;
         rows += (rows.empty() ? "\n {" : ",\n {") + std::string("\"Reason\": ") +
                 JsonString(line.reason) + ", " + raw.substr(begin + 1, json.position() - begin - 1);
         break;
