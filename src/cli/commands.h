@@ -17,7 +17,8 @@ std::vector<CommandSpec> AliasCommands();
 std::vector<CommandSpec> CheckCommands();
 std::vector<CommandSpec> CodeCommands();  // find, graph
 CommandSpec GraphCommand();
-std::vector<CommandSpec> ExchangeCommands();  // export, import, formula copy
+std::vector<CommandSpec> ExchangeCommands();  // export, import
+CommandSpec FormulaCopyCommand();             // stands with the formulas
 std::vector<CommandSpec> DatabaseCommands();
 std::vector<CommandSpec> VisualBasicCommands();
 std::vector<CommandSpec> HistoryCommands();

@@ -256,15 +256,16 @@ int RunCopy(Invocation& invocation) {
   return kDone;
 }
 
+constexpr ArgumentSpec kProject{"PROJECT.ovs", kTextArgProject};
+constexpr OptionSpec kExisting{"--existing", "POLICY", kTextOptExisting};
+
 }  // namespace
 
 std::vector<CommandSpec> ExchangeCommands() {
-  const ArgumentSpec project{"PROJECT.ovs", kTextArgProject};
-  const OptionSpec existing{"--existing", "POLICY", kTextOptExisting};
   return {
       {"export",
        kTextCommandExport,
-       {project},
+       {kProject},
        {{"--aliases", "", kTextOptAliases},
         {"--formulas", "", kTextOptFormulas},
         {"--format", "FORMAT", kTextOptListFormat}},
@@ -273,28 +274,31 @@ std::vector<CommandSpec> ExchangeCommands() {
        RunExport},
       {"import",
        kTextCommandImport,
-       {project, {"FILE", kTextArgList}},
-       ChangeOptions({existing,
+       {kProject, {"FILE", kTextArgList}},
+       ChangeOptions({kExisting,
                       {"--create-aliases", "", kTextOptCreateAliases},
                       {"--skip-refused", "FILE", kTextOptSkipRefused},
                       {"--class", "CLASS", kTextOptDefaultClass}}),
        {"ovformula import Plant.ovs signals.csv --dry-run",
         "ovformula import Plant.ovs signals.csv --existing update --skip-refused mend.csv"},
        RunImport},
-      {"formula copy",
-       kTextCommandCopy,
-       {project, {"FORMULA", kTextArgFormula}},
-       ChangeOptions({{"--name", "NAME", kTextOptCopyName},
-                      {"--class", "CLASS", kTextOptClass},
-                      {"--replace", "OLD=NEW", kTextOptReplace, true},
-                      {"--to", "OTHER.ovs", kTextOptTo},
-                      {"--to-vbp", "FILE", kTextOptToVbp, true},
-                      existing}),
-       {"ovformula formula copy Plant.ovs FillTank1 --replace Tank1=Tank2",
-        "ovformula formula copy Plant.ovs FillTank1 --replace \"Tank1=Tank{2..8}\" --dry-run",
-        "ovformula formula copy Plant.ovs FillTank1 --to Other.ovs --class CTank"},
-       RunCopy},
   };
+}
+
+CommandSpec FormulaCopyCommand() {
+  return {"formula copy",
+          kTextCommandCopy,
+          {kProject, {"FORMULA", kTextArgFormula}},
+          ChangeOptions({{"--name", "NAME", kTextOptCopyName},
+                         {"--class", "CLASS", kTextOptClass},
+                         {"--replace", "OLD=NEW", kTextOptReplace, true},
+                         {"--to", "OTHER.ovs", kTextOptTo},
+                         {"--to-vbp", "FILE", kTextOptToVbp, true},
+                         kExisting}),
+          {"ovformula formula copy Plant.ovs FillTank1 --replace Tank1=Tank2",
+           "ovformula formula copy Plant.ovs FillTank1 --replace \"Tank1=Tank{2..8}\" --dry-run",
+           "ovformula formula copy Plant.ovs FillTank1 --to Other.ovs --class CTank"},
+          RunCopy};
 }
 
 }  // namespace cli

@@ -259,6 +259,7 @@ std::vector<CommandSpec> FormulaCommands() {
        CodeOptions({{"--code", "", kTextOptCode}, kJsonOption}),
        {"ovformula formula uses Plant.ovs FillTank --code"},
        RunUses},
+      FormulaCopyCommand(),
   };
 }
 

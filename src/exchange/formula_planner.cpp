@@ -6,6 +6,7 @@
 #include "exchange/import_planner.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
+#include "store/rules.h"
 
 namespace exchange {
 namespace {
@@ -179,7 +180,7 @@ PlannedArgument ImportPlanner::PlanArgument(const PlannedFormula& formula, const
   planned.action = RowAction::kUnchanged;
   if (planned.in == old->in && planned.out == old->out) return planned;
   planned.action = RowAction::kChanged;
-  if (formula.values.type == store::kOnVariableChange && planned.in && planned.out) {
+  if (!store::TakesArgument(formula.values.type, planned.in, planned.out)) {
     Refuse(planned, {{kTextInAndOut}, {{"<Name>", used.alias}}});
   } else if (!is_part_of_formula && options_.existing == ExistingPolicy::kSkip) {
     planned.action = RowAction::kUnchanged;
@@ -226,6 +227,8 @@ std::optional<std::uint32_t> ImportPlanner::AliasOf(const ArgumentRow& row,
   }
   const PlannedAlias& alias = plan_.aliases_[*number];
   if (alias.action != RowAction::kRefused) return number;
+  const bool same_line = row.place.line != 0 && alias.place.line == row.place.line;
+  if (same_line && row.alias_row != ArgumentRow::kNoRow) return std::nullopt;
   reason = {{kTextAliasRefused},
             {{"<Name>", alias.alias.empty() ? alias.item : alias.alias}, {"<Text>", alias.reason}}};
   return std::nullopt;

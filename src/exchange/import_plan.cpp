@@ -38,7 +38,8 @@ void AppendWord(std::string& list, std::string_view word) {
 
 }  // namespace
 
-// A refused formula is one line; of one that is not, refused arguments are lines of their own.
+// A refused formula is one line; of one that is not, refused arguments are lines of their own, but
+// for those whose alias is refused in the same line.
 void ImportPlan::PutInOrder() {
   using Kind = Line::Kind;
   for (std::uint32_t i = 0; i < problems_.size(); ++i) {
@@ -53,7 +54,7 @@ void ImportPlan::PutInOrder() {
     if (formula.action == RowAction::kRefused) continue;
     for (std::uint32_t n = 0; n < formula.arguments.size(); ++n) {
       const PlannedArgument& argument = formula.arguments[n];
-      if (argument.action == RowAction::kRefused) {
+      if (argument.action == RowAction::kRefused && !argument.reason.empty()) {
         order_.push_back({Kind::kArgument, i, n, argument.place});
       }
     }

@@ -53,7 +53,7 @@ struct PlannedArgument {
   std::uint32_t alias = ArgumentRow::kNoRow;  // its number in the plan
   bool in = false;
   bool out = false;
-  messages::Message reason;
+  messages::Message reason;  // none where the alias is refused in the same line
   Place place;
 };
 

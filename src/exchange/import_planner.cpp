@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "codegen/identifier.h"
-#include "platform/text.h"
+#include "store/rules.h"
 
 namespace exchange {
 
@@ -49,7 +49,7 @@ void ImportPlanner::PlanAlias(const AliasRow& row) {
   planned.item = row.item;
   planned.alias = row.alias;
   planned.place = row.place;
-  if (platform::FoldCase(row.item).empty()) {
+  if (store::IsBlank(row.item)) {
     Refuse(planned, {{kTextNoItem}});
   } else if (codegen::CharacterCount(row.item) > kMaxText) {
     Refuse(planned, {{kTextTooLong}, {{"<Member>", "ItemID"}, {"<Most>", kMaxText}}});

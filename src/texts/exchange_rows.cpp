@@ -74,25 +74,15 @@ std::span<const Row> ExchangeRows() {
        "Contradicts line <Line>: there the item is <Item>."},
       {3442, "<Member> ist länger als <Most> Zeichen.",
        "<Member> is longer than <Most> characters."},
-      {3443,
-       "<Name> gibt es schon für <Item>. Was geschehen soll, sagt --existing: skip, update oder "
-       "rename.",
-       "<Name> exists already for <Item>. What to do, --existing says: skip, update or rename."},
-      {3444,
-       "<Name> gibt es schon mit anderen Werten. Was geschehen soll, sagt --existing: skip, update "
-       "oder rename.",
-       "<Name> exists already with other values. What to do, --existing says: skip, update or "
-       "rename."},
-      {3445,
-       "Das Argument <Name> gibt es schon mit anderen Werten. Was geschehen soll, sagt --existing: "
-       "skip oder update.",
-       "The argument <Name> exists already with other values. What to do, --existing says: skip or "
-       "update."},
+      {3443, "<Name> gibt es schon, für <Item>.", "<Name> exists already, for <Item>."},
+      {3444, "<Name> gibt es schon mit anderen Werten.",
+       "<Name> exists already with other values."},
+      {3445, "Das Argument <Name> gibt es schon mit anderen Werten.",
+       "The argument <Name> exists already with other values."},
       {3446,
-       "Den Alias <Name> gibt es nicht. Nehmen Sie ihn in die Liste auf, oder legen Sie fehlende "
-       "mit --create-aliases an.",
-       "There is no alias <Name>. Put it into the list, or create missing ones with "
-       "--create-aliases."},
+       "Den Alias <Name> gibt es nicht. Nehmen Sie ihn in die Liste auf, oder lassen Sie fehlende "
+       "anlegen.",
+       "There is no alias <Name>. Put it into the list, or have missing ones created."},
       {3447, "Der Alias <Name> wird abgelehnt: <Text>", "The alias <Name> is refused: <Text>"},
       {3448, "Das Argument <Name> wird abgelehnt: <Text>",
        "The argument <Name> is refused: <Text>"},
@@ -157,9 +147,11 @@ std::span<const Row> ExchangeRows() {
       {3533, "Grund", "Reason"},
       {3534, "Diese Spalten bleiben unbeachtet: <Names>", "These columns are ignored: <Names>"},
       {3535,
-       "<Count> Zeilen werden abgelehnt; es wurde nichts geändert. --skip-refused DATEI liest die "
-       "übrigen.",
-       "<Count> lines are refused; nothing was changed. --skip-refused FILE reads the others."},
+       "Abgelehnte Zeilen: <Count>. Es wurde nichts geändert. --skip-refused DATEI liest die "
+       "übrigen, --existing sagt, was mit dem geschieht, was es schon gibt, --create-aliases legt "
+       "fehlende Aliase an.",
+       "Refused lines: <Count>. Nothing was changed. --skip-refused FILE reads the others, "
+       "--existing says what to do with what exists, --create-aliases creates missing aliases."},
       {3536, "<Name> kann so nicht kopiert werden; es wurde nichts geändert.",
        "<Name> cannot be copied like this; nothing was changed."},
       {3537, "--replace <Word>: Es wird ALT=NEU gebraucht.",

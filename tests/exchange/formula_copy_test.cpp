@@ -140,12 +140,10 @@ TEST_F(FormulaCopyTest, GoesToAnotherProjectByPolicies) {
   auto target = other();
   EXPECT_EQ(Copy(target->operations(), source, {"", "CMill", {}}),
             "new 0 Tank1_Level [Tank1.Level]\n"
-            "refused 0 Pump [Tank1.Pump]: Pump exists already for Other.Item. What to do, "
-            "--existing says: skip, update or rename.\n"
+            "refused 0 Pump [Tank1.Pump]: Pump exists already, for Other.Item.\n"
             "new 0 Shift [Shift]\n"
             "refused 0 PumpServer.CMill.FillTank1: The argument Pump is refused: The alias Pump is "
-            "refused: Pump exists already for Other.Item. What to do, --existing says: skip, "
-            "update or rename.\n");
+            "refused: Pump exists already, for Other.Item.\n");
   EXPECT_NE(Copy(target->operations(), source, {"", "CMill", {}}, ExistingPolicy::kRename)
                 .find("FillTank1 [+Tank1_Level +Pump1 +Shift]"),
             std::string::npos);

@@ -144,8 +144,7 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
       "holds the character \" \"; Visual Basic allows only letters, digits and underscores. B_C "
       "would be valid.\n"
       "new 3 B [B]\n"
-      "refused 4 Level [T.New]: Level exists already for T.Level. What to do, --existing says: "
-      "skip, update or rename.\n"
+      "refused 4 Level [T.New]: Level exists already, for T.Level.\n"
       "new 5 Same [T.A]\n"
       "refused 6 same [T.B]: Contradicts line 5: there the item is T.A.\n"
       "refused 7 Same [T.A]: Line 5 says the same already.\n"
@@ -154,8 +153,7 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
       "refused 9 Long [" +
           std::string(256, 'x') +
           "]: ItemID is longer than 255 characters.\n"
-          "refused 10 Tank1_Mode [T.Mode]: Tank1_Mode exists already for Tank1.Mode. What to do, "
-          "--existing says: skip, update or rename.\n"
+          "refused 10 Tank1_Mode [T.Mode]: Tank1_Mode exists already, for Tank1.Mode.\n"
           "new 11 Ok [T.Ok]\n"
           "refused 12  [B]: Line 3 says the same already.\n");
   EXPECT_EQ(
@@ -174,10 +172,9 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
       "(CPump.cls:4). Choose another name, or rename it in the class.\n"
       "new 6 PumpServer.CPump.Mine [+Level]\n"
       "refused 7 PumpServer.CPump.G: The argument Lost is refused: There is no alias Lost. Put it "
-      "into the list, or create missing ones with --create-aliases.\n"
+      "into the list, or have missing ones created.\n"
       "refused 8 PumpServer.CPump.H: The argument Taken is refused: There is no alias Taken. Put "
-      "it "
-      "into the list, or create missing ones with --create-aliases.\n"
+      "it into the list, or have missing ones created.\n"
       "refused 9 PumpServer.CPump.I: The argument Level is refused: The Parameter can't be at the "
       "same "
       "time In- and Output Value \r\nif the Function type is 'on Variable Change' Both at the same "
@@ -185,11 +182,9 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
       "refused 10 PumpServer.CPump.J: The argument Level is refused: Line 10 says the same "
       "already.\n"
       "refused 11 PumpServer.CPump.K: The argument T.Pump is refused: There is no alias T.Pump. "
-      "Put "
-      "it into the list, or create missing ones with --create-aliases.\n"
+      "Put it into the list, or have missing ones created.\n"
       "refused 12 PumpServer.CPump.mine: Line 6 says the same already.\n"
-      "refused 13 PumpServer.CPump.Fill: Fill exists already with other values. What to do, "
-      "--existing says: skip, update or rename.\n");
+      "refused 13 PumpServer.CPump.Fill: Fill exists already with other values.\n");
 }
 
 TEST_F(ImportTest, CreatesMissingAliases) {
@@ -214,10 +209,9 @@ TEST_F(ImportTest, ArgumentsOfSignalsAreAddedOneByOne) {
       "Lost,Fill,CPump,,\n";
   EXPECT_EQ(Import(list).plan,
             "changed 2 PumpServer.CPump.Fill [+Tank1_Mode]\n"
-            "refused 3 PumpServer.CPump.Fill: The argument Pump exists already with other values. "
-            "What to do, --existing says: skip or update.\n"
+            "refused 3 PumpServer.CPump.Fill: The argument Pump exists already with other values.\n"
             "refused 5 PumpServer.CPump.Fill: There is no alias Lost. Put it into the list, or "
-            "create missing ones with --create-aliases.\n");
+            "have missing ones created.\n");
   EXPECT_EQ(Difference(), "+ argument 4 of 1 Tank1_Mode 0 0\n");
   EXPECT_EQ(Import(list, {ExistingPolicy::kUpdate}).counts, (ImportPlan::Counts{0, 1, 0, 1}));
   EXPECT_EQ(Difference(),
