@@ -291,7 +291,7 @@ CommandSpec FormulaCopyCommand() {
           {kProject, {"FORMULA", kTextArgFormula}},
           ChangeOptions({{"--name", "NAME", kTextOptCopyName},
                          {"--class", "CLASS", kTextOptClass},
-                         {"--replace", "OLD=NEW", kTextOptReplace, true},
+                         {"--replace", "OLD=NEW", kTextOptReplacement, true},
                          {"--to", "OTHER.ovs", kTextOptTo},
                          {"--to-vbp", "FILE", kTextOptToVbp, true},
                          kExisting}),

@@ -17,7 +17,7 @@ enum ExchangeTextNumber : int {
   kTextOptSkipRefused,
   kTextOptDefaultClass,
   kTextOptCopyName,
-  kTextOptReplace,
+  kTextOptReplacement,
   kTextOptTo,
   kTextOptToVbp,
 
