@@ -56,6 +56,34 @@ std::int32_t FindDeclaration(const Program& program, std::int32_t module, std::i
   return kNone;
 }
 
+// The name at a place: of a use, or of a declaration.
+struct NameAt {
+  vbcode::NameId id = vbcode::kNoName;  // kNoName: there is none
+  std::int32_t declaration = kNone;     // kNone: nobody declares it
+};
+
+NameAt FindName(const Program& program, std::int32_t module, std::int32_t line,
+                std::int32_t column) {
+  const std::int32_t reference = program.FindReference(module, line, column);
+  if (reference != kNone) {
+    const Program::Module& owner = program.module(module);
+    return {owner.code.references[Index(reference)].name,
+            owner.meanings[Index(reference)].declaration};
+  }
+  const std::int32_t declaration = FindDeclaration(program, module, line, column);
+  if (declaration == kNone) return {};
+  return {program.declaration(declaration).name, declaration};
+}
+
+std::vector<vbcode::Use> DeclarationsOf(const Program& program,
+                                        const std::vector<std::int32_t>& declarations) {
+  std::vector<vbcode::Use> places;
+  for (const std::int32_t one : declarations) {
+    places.push_back(UseAt(program, program.PlaceOf(one).module, program.declaration(one).place));
+  }
+  return places;
+}
+
 // Where the local name is used. REQUIRES: its procedure declares it.
 std::vector<vbcode::Use> LocalUses(const Program& program, std::int32_t declaration) {
   std::vector<vbcode::Use> uses;
@@ -138,31 +166,21 @@ NameInCode LookUpName(platform::VBE& vbe, const std::string& prog_id, std::int32
   const Program& program = code.program();
   const std::int32_t module = code.FindClass(prog_id);
   if (module == kNone) return {};
-  const std::int32_t reference = program.FindReference(module, line, column);
-  std::int32_t declaration = reference == kNone
-                                 ? FindDeclaration(program, module, line, column)
-                                 : program.module(module).meanings[Index(reference)].declaration;
-  if (reference == kNone && declaration == kNone) return {};
-  const vbcode::NameId id = reference == kNone
-                                ? program.declaration(declaration).name
-                                : program.module(module).code.references[Index(reference)].name;
-  NameInCode found{std::string(program.Text(id)), {}, {}};
+  const NameAt name = FindName(program, module, line, column);
+  if (name.id == vbcode::kNoName) return {};
+  NameInCode found{std::string(program.Text(name.id)), {}, {}};
   std::vector<std::int32_t> same;
-  if (declaration != kNone) same = program.SameMember(declaration);
-  const bool is_local = declaration != kNone && std::ranges::count(same, declaration) == 0;
-  if (is_local) same = {declaration};
-  std::int32_t owner = module;
-  std::vector<vbcode::Use> declared;
-  for (const std::int32_t one : same) {
-    owner = program.PlaceOf(one).module;
-    declared.push_back(UseAt(program, owner, program.declaration(one).place));
-  }
-  found.declared = PlacesOf(code, std::move(declared));
+  if (name.declaration != kNone) same = program.SameMember(name.declaration);
+  const bool is_local =
+      name.declaration != kNone && std::ranges::count(same, name.declaration) == 0;
+  if (is_local) same = {name.declaration};
+  found.declared = PlacesOf(code, DeclarationsOf(program, same));
   if (is_local) {
-    found.uses = PlacesOf(code, LocalUses(program, declaration));
+    found.uses = PlacesOf(code, LocalUses(program, name.declaration));
     return found;
   }
-  // A declaration has another number when more modules are read.
+  const std::int32_t owner = same.empty() ? module : program.PlaceOf(same.front()).module;
+  // Declarations have other numbers when more modules are read.
   code.LoadHolders(found.name);
   found.uses = PlacesOf(code, program.Uses(owner, found.name));
   return found;
