@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <stdexcept>
 #include <string>
 
 #include "tests/check/faults.h"
@@ -62,6 +63,30 @@ TEST(Find, LeavesOutWhatNobodyWantsToKnow) {
   EXPECT_EQ(Describe(project.Find()), "");
   project.Exchange("CTank", "SUB007", "SUB006");
   EXPECT_EQ(Describe(project.Find()), "SUB007 CTank.cls:13\n");
+}
+
+TEST(Find, EndsWhereItsProgressRaises) {
+  CheckedProject project;
+  project.Exchange("CTank", "as Double", "As Long");
+  const auto before = project.project().system.Snapshot();
+  int calls = 0;
+  Options options;
+  options.progress = [&](std::size_t done, std::size_t total) {
+    EXPECT_LE(done, total);
+    ++calls;
+  };
+  EXPECT_EQ(Describe(project.Find(options)), "DCL003 CTank.cls:1\n");
+  const int all = calls;
+  EXPECT_GE(all, 4) << "modules and classes";
+  for (int last = 1; last <= all; ++last) {
+    calls = 0;
+    options.progress = [&](std::size_t, std::size_t) {
+      if (++calls == last) throw std::runtime_error("enough");
+    };
+    EXPECT_THROW(project.Find(options), std::runtime_error) << last;
+    EXPECT_EQ(Describe(project.Find()), "DCL003 CTank.cls:1\n") << "afterwards all is as it was";
+  }
+  EXPECT_EQ(project.project().system.Snapshot(), before);
 }
 
 TEST(Rules, HaveCodesOfTheirOwnAndTextsInBothLanguages) {
