@@ -41,5 +41,6 @@ inline constexpr messages::Pattern kFileDiffers{3364};
 inline constexpr messages::Pattern kFileOutside{3365};
 inline constexpr messages::Pattern kArgumentAlone{3366};
 inline constexpr messages::Pattern kStillUsed{3367};
+inline constexpr messages::Pattern kRest{3368};
 
 }  // namespace history::message

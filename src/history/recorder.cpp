@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kIdColumn = "ID";
 
-Row ImageOf(const jet::LoggedRow& logged, const jet::RowBuffer& values) {
+Row ImageOf(const jet::LoggedRow& logged, const jet::RowImage& values) {
   Row row;
   const std::vector<jet::Column>& columns = logged.table->columns();
   for (std::size_t i = 0; i < columns.size() && i < values.size(); ++i) {
@@ -27,7 +27,7 @@ Row ImageOf(const jet::LoggedRow& logged, const jet::RowBuffer& values) {
 
 std::optional<std::int32_t> IdOf(const jet::LoggedRow& logged) {
   const auto column = logged.table->FindColumn(kIdColumn);
-  const jet::RowBuffer* values = logged.after ? logged.after.get() : logged.before.get();
+  const jet::RowImage* values = logged.after ? logged.after.get() : logged.before.get();
   if (!column || !values || *column >= values->size()) return std::nullopt;
   const jet::Value& id = (*values)[*column];
   if (id.kind() != jet::ValueKind::kInteger) return std::nullopt;

@@ -116,10 +116,15 @@ Reverted UndoRedo::Run(bool undo, std::optional<std::uint64_t> number,
     }
     jet::Database& database = *parts_.recorder.database();
     Obstacles obstacles = CheckRows(database, course.last);
+    const std::size_t rows = course.last.rows.size() - obstacles.size();
     std::ranges::move(
         TakeFilesBack(parts_.system, parts_.reach, parts_.recorder, course.last, reverted.files),
         std::back_inserter(obstacles));
-    if (obstacles.empty()) obstacles = PutRowsBackOrSay(database, course.last);
+    if (!obstacles.empty()) {
+      obstacles.push_back({message::kRest, {{"<Rows>", rows}, {"<Files>", reverted.files.size()}}});
+    } else {
+      obstacles = PutRowsBackOrSay(database, course.last);
+    }
     if (!obstacles.empty()) return Refused(refusal, AsLines(obstacles));
     last = std::move(course.last);
     parts_.recorder.Reverting(

@@ -1,22 +1,59 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "jet/row_buffer.h"
+#include "jet/value.h"
 
 namespace jet {
 
 class Table;
 
+// The values of a row, in no more room than they take.
+class RowImage {
+ public:
+  explicit RowImage(const RowBuffer& row) : values_(row.values().begin(), row.values().end()) {
+    std::size_t size = 0;
+    for (const Value& value : values_) size += OutsideOf(value).size();
+    bytes_ = std::make_unique_for_overwrite<char[]>(size);
+    char* at = bytes_.get();
+    for (Value& value : values_) {
+      const std::string_view outside = OutsideOf(value);
+      if (outside.empty()) continue;
+      std::ranges::copy(outside, at);
+      value = value.WithBytesAt(at);
+      at += outside.size();
+    }
+  }
+
+  std::size_t size() const { return values_.size(); }
+  const Value& operator[](std::size_t i) const { return values_[i]; }
+
+ private:
+  // What the value refers to.
+  static std::string_view OutsideOf(const Value& value) {
+    using enum ValueKind;
+    const bool refers = value.kind() == kText || value.kind() == kBinary || value.kind() == kGuid ||
+                        value.kind() == kDecimal;
+    return refers ? value.text() : std::string_view();
+  }
+
+  std::vector<Value> values_;
+  std::unique_ptr<char[]> bytes_;
+};
+
 // A row that a transaction added (no `before`), deleted (no `after`) or changed, with the values
 // of all columns.
 struct LoggedRow {
   const Table* table = nullptr;
-  std::unique_ptr<RowBuffer> before;
-  std::unique_ptr<RowBuffer> after;
+  std::unique_ptr<RowImage> before;
+  std::unique_ptr<RowImage> after;
 };
 
 // The rows that the open transaction changed, in order. What a savepoint takes back is taken out.

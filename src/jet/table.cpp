@@ -97,7 +97,7 @@ InsertResult Table::Insert(std::span<const ColumnValue> values) {
 
 void Table::Update(RowId id, std::span<const ColumnValue> values) {
   InTransaction(*state_, [&] {
-    std::unique_ptr<RowBuffer> before = KeepsLog() ? ReadRow(id) : nullptr;
+    std::unique_ptr<RowImage> before = KeepsLog() ? ReadRow(id) : nullptr;
     state_->writer().Update(id, values);
     if (KeepsLog()) Log(std::move(before), ReadRow(id));
   });
@@ -105,7 +105,7 @@ void Table::Update(RowId id, std::span<const ColumnValue> values) {
 
 void Table::Delete(RowId id) {
   InTransaction(*state_, [&] {
-    std::unique_ptr<RowBuffer> before = KeepsLog() ? ReadRow(id) : nullptr;
+    std::unique_ptr<RowImage> before = KeepsLog() ? ReadRow(id) : nullptr;
     state_->writer().Delete(id);
     if (KeepsLog()) Log(std::move(before), nullptr);
   });
@@ -114,12 +114,12 @@ void Table::Delete(RowId id) {
 bool Table::KeepsLog() const { return state_->session().row_log().kept; }
 
 // Null when there is no such row: the change fails then.
-std::unique_ptr<RowBuffer> Table::ReadRow(RowId id) {
-  auto row = std::make_unique<RowBuffer>();
-  return Read(id, *row) ? std::move(row) : nullptr;
+std::unique_ptr<RowImage> Table::ReadRow(RowId id) {
+  RowBuffer row;
+  return Read(id, row) ? std::make_unique<RowImage>(row) : nullptr;
 }
 
-void Table::Log(std::unique_ptr<RowBuffer> before, std::unique_ptr<RowBuffer> after) {
+void Table::Log(std::unique_ptr<RowImage> before, std::unique_ptr<RowImage> after) {
   state_->session().row_log().Add({this, std::move(before), std::move(after)});
 }
 

@@ -16,6 +16,7 @@
 
 namespace jet {
 
+class RowImage;
 class TableState;
 
 // A value for the column at a position of Table::columns().
@@ -131,8 +132,8 @@ class Table {
  private:
   friend class Database;
   bool KeepsLog() const;
-  std::unique_ptr<RowBuffer> ReadRow(RowId id);
-  void Log(std::unique_ptr<RowBuffer> before, std::unique_ptr<RowBuffer> after);
+  std::unique_ptr<RowImage> ReadRow(RowId id);
+  void Log(std::unique_ptr<RowImage> before, std::unique_ptr<RowImage> after);
 
   std::unique_ptr<TableState> state_;
 };

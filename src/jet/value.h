@@ -70,6 +70,9 @@ class Value {
     return {reinterpret_cast<const std::byte*>(text_), size_};
   }
 
+  // The same text or bytes in other memory. Asks for a value that refers to some.
+  Value WithBytesAt(const char* memory) const { return {kind_, memory, size_}; }
+
   // Same kind and same contents; reals compare as numbers.
   friend bool operator==(const Value& a, const Value& b);
 

@@ -90,6 +90,8 @@ std::span<const Row> HistoryRows() {
       {3366, "<Place> fehlte danach die Formel oder der Alias.",
        "<Place> would then lack its formula or its alias."},
       {3367, "<Place> wird noch von Argumenten benutzt.", "<Place> is still used by arguments."},
+      {3368, "Wie es war und frei zur Rücknahme: Datensätze <Rows>, Dateien <Files>.",
+       "As it was left, and free to be taken back: rows <Rows>, files <Files>."},
   });
   return kRows;
 }
