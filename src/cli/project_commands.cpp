@@ -71,6 +71,7 @@ void CheckOutput(Invocation& invocation, project::Project& project, const std::s
   files::FileSystem& files = invocation.console().files;
   std::vector<std::string> own = project::FilesOfProject(project.path(), project.vb().get());
   own.push_back(project.items().path());
+  own.push_back(project.history().file().path());
   switch (project::LookAtReportPlace(files, output, own)) {
     case project::ReportPlace::kProject:
       throw CommandError(kRefused, invocation.Text(kTextOutputOfProject, {{"<File>", output}}));
