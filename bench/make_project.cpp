@@ -11,6 +11,7 @@
 #include "jet/database.h"
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
+#include "store/formula_records.h"
 #include "store/schema.h"
 #include "texts/text_table.h"
 
@@ -42,7 +43,6 @@ class Inserter {
 };
 
 void AddRows(jet::Database& database, const ProjectSize& size) {
-  constexpr std::int32_t kCallTypes = 8;
   Inserter aliases(database, "TvbfAlias", {"ItemID", "VBAlias"});
   for (std::size_t i = 0; i < size.aliases; ++i) {
     const std::string item = ItemName(i), name = AliasName(i);
@@ -54,10 +54,10 @@ void AddRows(jet::Database& database, const ProjectSize& size) {
   for (std::size_t i = 0; i < size.formulas; ++i) {
     const std::string name = FormulaName(i), prog_id = ProgIdOf(i, size);
     const std::string comment = "Balance of section " + std::to_string(i % 40);
-    const auto type = static_cast<std::int32_t>(i) % kCallTypes;
+    const auto type = static_cast<std::int32_t>(i) % store::kCallTypes;
     formulas.Add({Value::Text(name), Value::Text(prog_id), Value::Integer(type),
-                  Value::Integer(type == kCallTypes - 1 ? 500 : 0), Value::Boolean(i % 10 != 0),
-                  Value::Text(comment)});
+                  Value::Integer(type == store::kAsynchronous ? 500 : 0),
+                  Value::Boolean(i % 10 != 0), Value::Text(comment)});
     for (std::size_t n = 0; n < ArgumentsOf(i, size); ++n) {
       const auto alias = static_cast<std::int32_t>(AliasOfArgument(i, n, size)) + 1;
       arguments.Add({Value::Integer(static_cast<std::int32_t>(i) + 1), Value::Integer(alias),
