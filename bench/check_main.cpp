@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The check of a large project beside one read of all its files by the same engines: every row of
-// its tables, every line of its modules. Smaller is better.
+// its tables, every line of its modules, its item catalogue. Smaller is better.
 #include <algorithm>
+#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -33,8 +34,11 @@ void ReadAll(project::Project& project) {
       read += module.Lines(1, module.CountOfLines()).size();
     }
   }
-  sink = read;
+  sink = read + project.items().Catalogue().size();
 }
+
+// The processor's time, since other programs run, too.
+double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 // The shortest of some runs, each with the project opened anew.
 double Seconds(files::FileSystem& system, const std::string& path, const texts::TextTable& texts,
@@ -43,10 +47,10 @@ double Seconds(files::FileSystem& system, const std::string& path, const texts::
   for (int run = 0; run < kRuns; ++run) {
     project::ProjectOptions options;
     options.read_only = true;
-    const bench::Stopwatch watch;
+    const double begin = ProcessorSeconds();
     project::Project project(system, path, options, texts);
     work(project);
-    shortest = std::min(shortest, watch.Seconds());
+    shortest = std::min(shortest, ProcessorSeconds() - begin);
   }
   return shortest;
 }
@@ -68,8 +72,8 @@ int main(int, char** argv) {
   const double read = Seconds(system, path, texts, ReadAll);
   bench::PrintRatio("10,000 formulas, 100,000 aliases", 1e3 * check, 1e3 * read, "ms", 10);
   const std::string self = argv[0];
-  const bench::ProcessResult process =
-      bench::RunProcess({self.substr(0, self.rfind('/') + 1) + "ovformula", "check", path});
+  const bench::ProcessResult process = bench::RunProcess(
+      {self.substr(0, self.rfind('/') + 1) + "ovformula", "check", path, "--severity", "warning"});
   bench::PrintHeading("ovformula check", "allowed");
   bench::PrintRatio("memory", process.peak_mib, 200, "MiB", 1);
   return 0;

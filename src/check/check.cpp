@@ -15,11 +15,14 @@ std::vector<Finding> Find(const Parts& parts, const Options& options) {
   Findings findings(options.least, options.silenced);
   for (Finding& missing : FindMissing(parts.connection)) findings.Add(std::move(missing));
   CheckProject(parts, findings);
-  const Rows rows(parts.operations);
-  CheckRows(rows, parts, findings);
-  const Modules modules(parts, findings, options.progress);
-  CheckClasses(rows, modules, parts, findings, options.progress);
-  CheckBodies(rows, modules, findings);
+  {
+    // What was read goes before the findings are put in order.
+    const Rows rows(parts.operations, parts.code.items);
+    CheckRows(rows, parts, findings);
+    const Modules modules(parts, findings, options.progress);
+    CheckClasses(rows, modules, parts, findings, options.progress);
+    CheckBodies(rows, modules, findings);
+  }
   return findings.Take();
 }
 

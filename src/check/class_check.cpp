@@ -54,11 +54,20 @@ void ClassCheck::Run() {
   CheckTaken();
   CheckOtherSubs();
   CheckDeclarations();
-  codegen::Compare(module(), wanted_, context_.parts.code.templates,
+  codegen::Compare(module(), WantedOfModule(), context_.parts.code.templates,
                    [this](const Difference& difference) { Visit(difference); });
   for (const auto& formula : wanted_.formulas) CheckFormulaSub(*FormulaNamed(formula.name));
   CheckTwice();
   CheckSwitchedOff();
+}
+
+// Without the aliases that the class declares: what is wrong with those is among what is to go.
+codegen::WantedClass ClassCheck::WantedOfModule() const {
+  codegen::WantedClass wanted{wanted_.prog_id, wanted_.gone, {}, wanted_.formulas};
+  for (const codegen::WantedClass::Declaration& declaration : wanted_.declared) {
+    if (!member_of_.contains(FoldCase(declaration.alias))) wanted.declared.push_back(declaration);
+  }
+  return wanted;
 }
 
 const FormulaRecord* ClassCheck::FormulaNamed(std::string_view name) const {
@@ -95,8 +104,7 @@ void ClassCheck::WantListed(const std::vector<std::string>& aliases) {
 
 std::optional<std::size_t> ClassCheck::WantDeclaration(const Alias& alias) {
   if (!codegen::IsDeclarable(alias.vb_alias)) return std::nullopt;
-  platform::OVItems* items = context_.parts.code.items;
-  const auto known = items ? items->VariantTypeOf(alias.item_id) : std::nullopt;
+  const std::optional<std::int32_t> known = context_.rows.TypeOf(alias);
   wanted_.declared.push_back(
       {alias.vb_alias, alias.item_id,
        known ? std::string(codegen::GetDataType(*known)) : std::string("Variant"), !known});

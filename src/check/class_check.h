@@ -44,6 +44,8 @@ class ClassCheck {
   void WantListed(const std::vector<std::string>& aliases);
   std::optional<std::size_t> WantDeclaration(const Alias& alias);
 
+  codegen::WantedClass WantedOfModule() const;
+
   // Procedures.
   void CheckOtherSubs();
   void CheckOtherSub(const codegen::SubLocation& sub);

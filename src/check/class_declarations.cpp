@@ -64,11 +64,14 @@ void ClassCheck::CheckDeclaration(const platform::Member& member, const std::str
 // Names of aliases that stand for something else in the class.
 void ClassCheck::CheckTaken() {
   const std::int32_t count = module().CountOfDeclarationLines();
-  std::vector<std::string> lines;
-  for (std::int32_t line = 1; line <= std::min(count, code_.lines->LineCount()); ++line) {
-    lines.emplace_back(code_.lines->Line(line));
+  // Most sections declare no types, and are large.
+  if (module().Find("Type", 1, count) || module().Find("Enum", 1, count)) {
+    std::vector<std::string> lines;
+    for (std::int32_t line = 1; line <= std::min(count, code_.lines->LineCount()); ++line) {
+      lines.emplace_back(code_.lines->Line(line));
+    }
+    types_ = codegen::TypeNames(lines);
   }
-  types_ = codegen::TypeNames(lines);
   for (const Alias* alias : aliases_) {
     const auto member = module().FindMember(alias->vb_alias);
     const bool taken =

@@ -129,7 +129,8 @@ class RowCheck {
     if (store::IsBlank(alias.item_id)) return add(rule::kEmptyAlias, "ItemID", {}, alias);
     const AliasRecord& of_item = rows_.FirstOfItem(alias.item_id);
     if (&of_item != &alias) add(rule::kSameItem, "ItemID", {}, of_item);
-    if (parts_.has_item && findings_.Wants(rule::kUnknownItem) && !parts_.has_item(alias.item_id)) {
+    if (parts_.has_item && findings_.Wants(rule::kUnknownItem) && !rows_.TypeOf(alias) &&
+        !parts_.has_item(alias.item_id)) {
       add(rule::kUnknownItem, "ItemID", {}, alias);
     }
   }

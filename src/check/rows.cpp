@@ -22,7 +22,7 @@ const Record* Find(const std::vector<Record>& records, std::int32_t id) {
 
 }  // namespace
 
-Rows::Rows(store::Operations& operations) {
+Rows::Rows(store::Operations& operations, platform::OVItems* items) {
   operations.ForEachFormula([&](const FormulaRecord& formula) { formulas_.push_back(formula); });
   operations.ForEachAlias([&](const AliasRecord& alias) { aliases_.push_back(alias); });
   operations.ForEachArgument(
@@ -30,6 +30,10 @@ Rows::Rows(store::Operations& operations) {
   std::ranges::sort(arguments_, {}, [](const ArgumentRecord& argument) {
     return std::tuple(argument.parent_id, argument.alias_id, argument.id);
   });
+  types_.resize(aliases_.size());
+  for (std::size_t i = 0; items && i < aliases_.size(); ++i) {
+    types_[i] = items->VariantTypeOf(aliases_[i].item_id);
+  }
   names_.reserve(aliases_.size());
   items_.reserve(aliases_.size());
   for (std::uint32_t i = 0; i < aliases_.size(); ++i) {

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/studio.h"
 #include "store/formula_records.h"
 #include "store/operations.h"
 
@@ -17,7 +19,7 @@ namespace check {
 class Rows {
  public:
   // Raises platform::Error when the database fails.
-  explicit Rows(store::Operations& operations);
+  Rows(store::Operations& operations, platform::OVItems* items);
 
   const std::vector<store::FormulaRecord>& formulas() const { return formulas_; }  // by ID
   const std::vector<store::AliasRecord>& aliases() const { return aliases_; }      // by ID
@@ -32,6 +34,10 @@ class Rows {
   std::span<const store::ArgumentRecord> ArgumentsOf(std::int32_t formula_id) const;
   // The aliases of a formula's arguments, each once, in the order of their IDs.
   std::vector<const store::AliasRecord*> AliasesOf(const store::FormulaRecord& formula) const;
+  // The variant type code of the alias's item, looked up once; nothing for one that nobody knows.
+  std::optional<std::int32_t> TypeOf(const store::AliasRecord& alias) const {
+    return types_[static_cast<std::size_t>(&alias - aliases_.data())];
+  }
   // Whether an alias stands for the item.
   bool IsItem(std::string_view item) const { return items_.contains(item); }
   // REQUIRES: IsItem(item).
@@ -43,6 +49,7 @@ class Rows {
   std::vector<store::FormulaRecord> formulas_;
   std::vector<store::AliasRecord> aliases_;
   std::vector<store::ArgumentRecord> arguments_;
+  std::vector<std::optional<std::int32_t>> types_;             // of the aliases
   std::unordered_map<std::string, std::uint32_t> names_;       // folded; indexes of aliases
   std::unordered_map<std::string_view, std::uint32_t> items_;  // the first alias of each
 };
