@@ -196,7 +196,7 @@ std::optional<std::uint32_t> ImportPlanner::ExistingAlias(std::string_view name,
   if (const auto row = rows_by_alias_.Find(name)) {
     if (item.empty() || plan_.aliases_[*row].item == item) return row;
   }
-  const auto existing = operations_.FindAliasByName(name);
+  const auto existing = FindAlias(name);
   if (!existing || (!item.empty() && existing->item_id != item)) return std::nullopt;
   PlannedAlias planned;
   planned.id = existing->id;

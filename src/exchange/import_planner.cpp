@@ -9,12 +9,21 @@
 
 namespace exchange {
 
+namespace {
+
+constexpr std::size_t kLongList = 1000;
+
+}  // namespace
+
 ImportPlanner::ImportPlanner(const Contents& contents, store::Operations& operations,
                              const ImportOptions& options)
     : contents_(contents),
       operations_(operations),
       options_(options),
       proposals_(operations),
+      existing_names_([this](std::uint32_t number) -> std::string_view {
+        return (*existing_)[number].vb_alias;
+      }),
       rows_by_alias_([this](std::uint32_t number) {
         const std::string_view given = number < contents_.aliases.size()
                                            ? contents_.aliases[number].alias
@@ -25,6 +34,7 @@ ImportPlanner::ImportPlanner(const Contents& contents, store::Operations& operat
 ImportPlan ImportPlanner::Plan() {
   plan_.problems_ = contents_.problems;
   plan_.aliases_.reserve(contents_.aliases.size());
+  if (contents_.aliases.size() >= kLongList) ReadAliases();
   // Names that are given come before names that are proposed.
   for (const AliasRow& row : contents_.aliases) {
     if (!row.alias.empty()) proposals_.Take(row.alias);
@@ -33,6 +43,20 @@ ImportPlan ImportPlanner::Plan() {
   if (!contents_.formulas.empty()) PlanFormulas();
   plan_.PutInOrder();
   return std::move(plan_);
+}
+
+void ImportPlanner::ReadAliases() {
+  existing_.emplace();
+  operations_.ForEachAlias([&](const store::AliasRecord& alias) {
+    existing_->push_back(alias);
+    existing_names_.Add(static_cast<std::uint32_t>(existing_->size() - 1));
+  });
+}
+
+std::optional<store::AliasRecord> ImportPlanner::FindAlias(std::string_view name) {
+  if (!existing_) return operations_.FindAliasByName(name);
+  const auto number = existing_names_.Find(name);
+  return number ? std::optional((*existing_)[*number]) : std::nullopt;
 }
 
 void ImportPlanner::PlanFormulas() {
@@ -66,7 +90,7 @@ void ImportPlanner::PlanAlias(const AliasRow& row) {
 
 void ImportPlanner::PlanUnnamed(PlannedAlias& planned) {
   const std::string name = codegen::CleanIdentifier(planned.item);
-  if (const auto existing = operations_.FindAliasByName(name)) {
+  if (const auto existing = FindAlias(name)) {
     if (existing->item_id == planned.item) {
       planned.id = existing->id;
       planned.alias = plan_.Keep(existing->vb_alias);
@@ -83,7 +107,7 @@ void ImportPlanner::PlanUnnamed(PlannedAlias& planned) {
 
 void ImportPlanner::PlanNamed(PlannedAlias& planned) {
   if (IsRepeated(planned)) return;
-  if (const auto existing = operations_.FindAliasByName(planned.alias)) {
+  if (const auto existing = FindAlias(planned.alias)) {
     PlanExisting(planned, *existing);
   } else {
     CheckNew(planned);
@@ -121,8 +145,10 @@ void ImportPlanner::PlanExisting(PlannedAlias& planned, const store::AliasRecord
   }
 }
 
+// No alias has the name: only the name itself can be wrong.
 void ImportPlanner::CheckNew(PlannedAlias& planned) {
   planned.action = RowAction::kNew;
+  if (!store::JudgeAlias(planned.alias)) return;
   Check(planned, operations_.CheckAlias({std::string(planned.item), std::string(planned.alias)}));
 }
 

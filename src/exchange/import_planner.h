@@ -44,6 +44,9 @@ class ImportPlanner {
 
  private:
   // --- Aliases ---
+  // Reads all aliases of the project when the list is long: look-ups would take longer.
+  void ReadAliases();
+  std::optional<store::AliasRecord> FindAlias(std::string_view name);
   void PlanAlias(const AliasRow& row);
   // What the row's name is to be when it has none.
   void PlanUnnamed(PlannedAlias& planned);
@@ -81,6 +84,8 @@ class ImportPlanner {
   store::AliasProposals proposals_;
   std::vector<store::ClassEntry> classes_;
   ImportPlan plan_;
+  std::optional<std::vector<store::AliasRecord>> existing_;  // of a long list
+  NameTable existing_names_;                                 // numbers of these
   NameTable rows_by_alias_;  // numbers in the plan, by the name that the list gives
   std::unordered_map<std::string, std::uint32_t> formulas_;  // by class and name in lower case
 };

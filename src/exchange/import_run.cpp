@@ -7,8 +7,8 @@
 namespace exchange {
 namespace {
 
-// Aliases that are added at once.
-constexpr std::size_t kBatch = 1000;
+// Aliases that are added at once; each time the pages that change are kept for going back.
+constexpr std::size_t kBatch = 20000;
 
 // Ends an import.
 struct Stopped {

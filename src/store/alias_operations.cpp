@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,17 @@ std::string NamesOf(const std::vector<FormulaRecord>& formulas) {
   std::vector<std::string> names;
   for (const FormulaRecord& f : formulas) names.push_back(f.prog_id + "." + f.name);
   return codegen::NamesInShort(names);
+}
+
+// From so many on it pays to ask for the indexes first.
+constexpr std::size_t kMany = 100;
+
+// Whether the database itself refuses a second alias of a name.
+bool HasUniqueNames(platform::Connection& connection) {
+  return std::ranges::any_of(connection.Indexes(kAliasTable), [](const auto& index) {
+    return index.unique && index.columns.size() == 1 &&
+           platform::EqualsIgnoringCase(index.columns.front(), "VBAlias");
+  });
 }
 
 }  // namespace
@@ -64,12 +76,23 @@ OperationResult Operations::AddAliases(std::span<const AliasValues> values,
     context_->SetTitle(values.size() == 1
                            ? messages::Message(title::kAddAlias, {{"<Name>", values[0].vb_alias}})
                            : messages::Message(title::kAddAliases, {{"<Count>", values.size()}}));
+    // Of many it is left to the index to find a name that is taken.
+    const bool by_index = values.size() >= kMany && HasUniqueNames(*context_->parts().connection);
     for (std::size_t i = 0; i < values.size(); ++i) {
       context_->Progress(i, values.size());
-      RequireAliasText(values[i], 0);
-      WarnOfAlias(values[i].vb_alias);
-      result.ids.push_back(rows().Add(kAliasTable, {{"ItemID", FieldText(values[i].item_id)},
-                                                    {"VBAlias", FieldText(values[i].vb_alias)}}));
+      const AliasValues& alias = values[i];
+      if (!by_index || IsBlank(alias.item_id) || JudgeAlias(alias.vb_alias)) {
+        RequireAliasText(alias, 0);
+      }
+      WarnOfAlias(alias.vb_alias);
+      try {
+        result.ids.push_back(rows().Add(kAliasTable, {{"ItemID", FieldText(alias.item_id)},
+                                                      {"VBAlias", FieldText(alias.vb_alias)}}));
+      } catch (const platform::Error&) {
+        // A name that is taken has words of its own.
+        if (by_index) RequireAliasText(alias, 0);
+        throw;
+      }
     }
   });
 }
