@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/colours.h"
+#include "desktop/search_texts.h"
 #include "project/line_diff.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
@@ -108,6 +109,9 @@ void CodeEditor::ShowMenu() {
   add(TextNumber::kTextDelete, selection, [this] { Clear(); });
   menu.AppendSeparator();
   add(TextNumber::kTextSelectAll, GetLength() > 0, [this] { SelectAll(); });
+  menu.AppendSeparator();
+  add(kTextMenuDefinition, GetLength() > 0 && on_definition, [this] { on_definition(); });
+  add(kTextMenuUses, GetLength() > 0 && on_uses, [this] { on_uses(); });
   PopupMenu(&menu);
 }
 
@@ -195,6 +199,17 @@ void CodeEditor::SelectLines(const platform::CodeSelection& selection) {
   const int end = PositionFromLine(selection.end_line - 1);
   const int first = PositionRelative(start, selection.start_column - 1);
   SetSelection(first, GetLineEndPosition(LineFromPosition(end)));
+}
+
+void CodeEditor::SelectPlace(std::int32_t line, std::int32_t column, std::int32_t length) {
+  const int start = PositionRelative(PositionFromLine(line - 1), column - 1);
+  SetSelection(start, PositionRelative(start, length));
+  VerticalCentreCaret();
+}
+
+CodeEditor::Place CodeEditor::Caret() {
+  const int line = GetCurrentLine();
+  return {line + 1, CountCharacters(PositionFromLine(line), GetCurrentPos()) + 1};
 }
 
 }  // namespace desktop

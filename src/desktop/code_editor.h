@@ -3,6 +3,7 @@
 
 #include <wx/stc/stc.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -27,11 +28,22 @@ class CodeEditor : public wxStyledTextCtrl {
   // Line and columns from 1.
   void ScrollTo(std::int32_t line);
   void SelectLines(const platform::CodeSelection& selection);
+  // Selects characters of a line, in the middle of what is in sight.
+  void SelectPlace(std::int32_t line, std::int32_t column, std::int32_t length);
+  struct Place {
+    std::int32_t line = 1;
+    std::int32_t column = 1;
+  };
+  Place Caret();
   void ShowLineNumbers(bool show);
 
   // Selects the next place of a text behind the selection, or from where it begins, without regard
   // to case; goes on at the other end. False when there is none.
   bool Find(std::string_view text, bool behind, bool backward = false);
+
+  // What the context menu offers for the name at the caret; null is not offered.
+  std::function<void()> on_definition;
+  std::function<void()> on_uses;
 
  private:
   void ShowMenu();

@@ -46,17 +46,34 @@ void CodeLookup::OnPane(const vbfiles::PaneEvent& event) {
 }
 
 bool CodeLookup::ShowFile(const std::string& file) {
-  const auto component = FindComponent(file);
-  return component && pane_.ShowModule(component, project_.unit());
+  const Found found = FindComponent(file);
+  return found.component && pane_.ShowModule(found.component, project_.unit());
 }
 
-std::shared_ptr<platform::VBComponent> CodeLookup::FindComponent(const std::string& file) {
+bool CodeLookup::GoTo(const codegen::CodePlace& place) {
+  if (!ShowFile(place.file)) return false;
+  pane_.SelectPlace(place);
+  pane_.TakeKeyboard();
+  return true;
+}
+
+std::string CodeLookup::ProgIdOf(const std::string& file) {
+  const Found found = FindComponent(file);
+  return found.component ? found.project->Name() + "." + found.component->Name() : std::string();
+}
+
+std::string CodeLookup::LineOf(const std::string& file, std::int32_t line) {
+  const Found found = FindComponent(file);
+  return found.component ? found.component->Module()->Lines(line, 1) : std::string();
+}
+
+CodeLookup::Found CodeLookup::FindComponent(const std::string& file) {
   for (const auto& project : project_.vb()->VBProjects()) {
     for (const auto& component : project->VBComponents()) {
-      if (component->FileName() == file) return component;
+      if (component->FileName() == file) return {project, component};
     }
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace desktop

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "codegen/code_places.h"
 #include "desktop/code_pane.h"
 #include "project/project.h"
 #include "studio/add_in_session.h"
@@ -25,10 +26,21 @@ class CodeLookup {
   void OnPane(const vbfiles::PaneEvent& event);
   // Shows the module of a file. False when there is none or the user stays at another one.
   bool ShowFile(const std::string& file);
+  // Goes to a place with the keyboard. False when the user stays at another one.
+  bool GoTo(const codegen::CodePlace& place);
+  // "PROJECT.COMPONENT" of the file; empty when no component has it.
+  std::string ProgIdOf(const std::string& file);
+  // A line of the file's module, from 1.
+  std::string LineOf(const std::string& file, std::int32_t line);
 
  private:
   void FindNode(const std::string& key);
-  std::shared_ptr<platform::VBComponent> FindComponent(const std::string& file);
+  struct Found {
+    std::shared_ptr<platform::VBProject> project;
+    std::shared_ptr<platform::VBComponent> component;
+  };
+  // Nulls when there is none.
+  Found FindComponent(const std::string& file);
 
   project::Project& project_;
   studio::AddInSession& session_;

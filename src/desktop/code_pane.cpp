@@ -6,9 +6,12 @@
 #include <wx/srchctrl.h>
 #include <wx/stattext.h>
 
+#include <cstdlib>
+
 #include "desktop/code_editor.h"
 #include "files/error.h"
 #include "platform/error.h"
+#include "project/line_diff.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -20,6 +23,16 @@ namespace {
 using studio::TextNumber;
 
 constexpr int kCopyMs = 1000;  // how much typing a program that is killed may take with it
+
+// The line nearest to a number, from 1, that has this text; 0 when none has.
+std::int32_t FindLine(const project::Lines& lines, std::int32_t number, std::string_view text) {
+  std::int32_t nearest = 0;
+  for (std::int32_t line = 1; line <= std::ssize(lines); ++line) {
+    const bool nearer = nearest == 0 || std::abs(line - number) < std::abs(nearest - number);
+    if (nearer && lines[static_cast<std::size_t>(line) - 1] == text) nearest = line;
+  }
+  return nearest;
+}
 
 }  // namespace
 
@@ -51,6 +64,8 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
     if (copies_ && document_ && !copy_timer_.IsRunning()) copy_timer_.StartOnce(kCopyMs);
   });
   copy_timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { KeepCopy(); });
+  editor_->on_definition = [this] { on_definition(); };
+  editor_->on_uses = [this] { on_uses(); };
 }
 
 // --- Finding ---
@@ -177,6 +192,21 @@ void CodePane::ScrollTo(std::int32_t line) { editor_->ScrollTo(line); }
 void CodePane::SelectLines(const platform::CodeSelection& selection) {
   editor_->SelectLines(selection);
 }
+
+void CodePane::SelectPlace(const codegen::CodePlace& place) {
+  const std::string text = editor_->Text();
+  const std::int32_t line = FindLine(project::EditorLines(text), place.line, place.text);
+  if (line != 0) return editor_->SelectPlace(line, place.column, place.length);
+  editor_->SelectPlace(place.line, 1, 0);
+}
+
+CodePane::Caret CodePane::CaretInModule() const {
+  const CodeEditor::Place caret = editor_->Caret();
+  const std::string text = editor_->GetLineText(caret.line - 1).utf8_string();
+  return {FindLine(project::EditorLines(document_->text()), caret.line, text), caret.column};
+}
+
+std::string CodePane::SelectedText() const { return wx::FromWx(editor_->GetSelectedText()); }
 
 void CodePane::ToClipboard(const std::string& text) {
   if (!wxTheClipboard->Open()) return;

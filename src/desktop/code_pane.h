@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "codegen/code_places.h"
 #include "platform/unit_of_work.h"
 #include "platform/vbide.h"
 #include "studio/code_document.h"
@@ -47,6 +48,16 @@ class CodePane : public wxPanel {
   // Line and columns from 1.
   void ScrollTo(std::int32_t line);
   void SelectLines(const platform::CodeSelection& selection);
+  // Selects a place of the module as it is saved; its line is found again where unsaved changes
+  // moved it.
+  void SelectPlace(const codegen::CodePlace& place);
+  struct Caret {
+    std::int32_t line = 0;  // 0: the line is not saved yet
+    std::int32_t column = 0;
+  };
+  // Line and column in the module as it is saved.
+  Caret CaretInModule() const;
+  std::string SelectedText() const;
 
   bool Modified() const;
   // False when it could not be saved; the user was told.
@@ -70,6 +81,9 @@ class CodePane : public wxPanel {
   std::function<void(const std::string& message, const std::string& detail)> on_failure;
   // A conflict; true loads the file's state.
   std::function<bool(const std::string& module)> on_conflict;
+  // The user asks for the definition or the uses of the name at the caret.
+  std::function<void()> on_definition;
+  std::function<void()> on_uses;
   // What is to become of the unsaved changes of a module.
   std::function<Answer(const std::string& module)> on_unsaved;
 

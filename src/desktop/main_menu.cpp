@@ -7,6 +7,7 @@
 
 #include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
+#include "desktop/search_texts.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 
@@ -18,6 +19,7 @@ MainMenu::MainMenu(wxFrame& frame, const texts::TextTable& texts, Commands comma
     : texts_(texts) {
   auto* bar = new wxMenuBar;
   bar->Append(ProjectMenu(commands), wx::ToWx(texts_.Text(TextNumber::kTextMenuProject)));
+  bar->Append(CodeMenu(commands), wx::ToWx(texts_.Text(kTextMenuCode)));
   bar->Append(HelpMenu(commands), wx::ToWx(texts_.Text(TextNumber::kTextMenuHelp)));
   frame.SetMenuBar(bar);
   ShowRecent({});
@@ -44,6 +46,14 @@ wxMenu* MainMenu::ProjectMenu(const Commands& commands) {
   menu->AppendSubMenu(backups_, wx::ToWx(texts_.Text(TextNumber::kTextMenuBackups)));
   menu->AppendSeparator();
   AddItem(*menu, TextNumber::kTextMenuQuit, "Ctrl+Q", commands.quit);
+  return menu;
+}
+
+wxMenu* MainMenu::CodeMenu(const Commands& commands) {
+  auto* menu = new wxMenu;
+  AddItem(*menu, kTextMenuFindInAllCode, "Ctrl+Shift+F", commands.find_in_all_code);
+  AddItem(*menu, kTextMenuUses, "Shift+F12", commands.show_uses);
+  AddItem(*menu, kTextMenuDefinition, "F12", commands.go_to_definition);
   return menu;
 }
 

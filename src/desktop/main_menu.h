@@ -24,6 +24,7 @@ class MainMenu {
  public:
   struct Commands {
     std::function<void()> create, open, save_code, quit, contents, about;
+    std::function<void()> find_in_all_code, show_uses, go_to_definition;
     std::function<void(std::size_t)> open_recent, restore_backup;  // by place in their menus
   };
 
@@ -38,6 +39,7 @@ class MainMenu {
 
  private:
   wxMenu* ProjectMenu(const Commands& commands);
+  wxMenu* CodeMenu(const Commands& commands);
   wxMenu* HelpMenu(const Commands& commands);
   void AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action);
 

@@ -69,6 +69,13 @@ MainMenu::Commands MainWindow::MenuCommands() {
   commands.open = [this] { AskOpen(); };
   commands.save_code = [this] { SaveCode(); };
   commands.quit = [this] { Close(); };
+  commands.find_in_all_code = [this] {
+    if (search_) search_->OpenFind();
+  };
+  commands.show_uses = [this] { ShowUses(); };
+  commands.go_to_definition = [this] {
+    if (search_) search_->GoToDefinition();
+  };
   commands.contents = [this] { parts_.help.ShowTopic(0, kFirstTopic); };
   commands.about = [this] { ShowAboutBox(this, parts_.texts); };
   commands.open_recent = [this](std::size_t place) {
@@ -236,6 +243,14 @@ void MainWindow::SelectNode(const studio::StudioNode& node) {
 void MainWindow::SaveCode() {
   if (!code_.Modified()) return messages_.Status(Text(TextNumber::kTextNothingToSave));
   code_.Save();
+}
+
+void MainWindow::ShowUses() {
+  using Subject = CodeSearch::Subject;
+  if (!search_) return;
+  search_->ShowUses(HasKeyboard(code_)                  ? Subject::kName
+                    : HasKeyboard(panes_.editor_host()) ? Subject::kRow
+                                                        : Subject::kNode);
 }
 
 void MainWindow::ShowLastCrash() {

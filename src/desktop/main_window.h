@@ -12,6 +12,7 @@
 #include "desktop/backup_keeper.h"
 #include "desktop/change_watch.h"
 #include "desktop/code_lookup.h"
+#include "desktop/code_search.h"
 #include "desktop/main_menu.h"
 #include "desktop/unsaved_code_keeper.h"
 #include "desktop/window_messages.h"
@@ -67,6 +68,7 @@ class MainWindow : public wxFrame {
   bool MoveKeyboard(const wxKeyEvent& event);
   void SelectNode(const studio::StudioNode& node);
   void SaveCode();
+  void ShowUses();
   std::optional<std::string> ChooseItem(std::string_view current);
   void ShowReport(const std::string& html);
   std::string Text(int number) const { return parts_.Text(number); }
@@ -85,6 +87,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<project::Project> project_;
   std::unique_ptr<studio::AddInSession> session_;
   std::unique_ptr<CodeLookup> lookup_;
+  std::unique_ptr<CodeSearch> search_;
   std::unique_ptr<UnsavedCodeKeeper> unsaved_;  // null when the user has no state folder
   std::unique_ptr<ChangeWatch> watch_;
 };

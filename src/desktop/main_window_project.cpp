@@ -116,6 +116,8 @@ void MainWindow::StartSession(const std::string& path, const project::ProjectOpt
 
 void MainWindow::EquipSession() {
   lookup_ = std::make_unique<CodeLookup>(*project_, *session_, code_);
+  search_ = std::make_unique<CodeSearch>(CodeSearch::Dependencies{
+      parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
   watch_ = std::make_unique<ChangeWatch>(parts_, messages_, *project_, *session_, panes_.notice());
   backups_.Watch(*project_);
   if (parts_.state.folder().empty()) return;
@@ -144,6 +146,7 @@ bool MainWindow::CloseProject() {
   title_ = {};
   panes_.notice().Dismiss();
   watch_.reset();
+  search_.reset();
   lookup_.reset();
   session_.reset();
   project_.reset();

@@ -37,7 +37,8 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
       upper_(new wxPanel(rows_)),
       editor_host_(new wxPanel(upper_)),
       welcome_(new Welcome(upper_, texts)),
-      code_(new CodePane(rows_, texts)) {
+      code_(new CodePane(rows_, texts)),
+      search_(new SearchPane(&frame, texts)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
   sizer->Add(welcome_, wxSizerFlags(1).Expand());
@@ -51,6 +52,7 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(notice_, wxSizerFlags().Expand());
   all->Add(columns_, wxSizerFlags(1).Expand());
+  all->Add(search_, wxSizerFlags().Expand());
   frame.SetSizer(all);
 }
 

@@ -7,6 +7,7 @@
 #include "desktop/desktop_state.h"
 #include "desktop/notice_bar.h"
 #include "desktop/project_tree.h"
+#include "desktop/search_pane.h"
 #include "desktop/welcome.h"
 
 class wxSplitterWindow;
@@ -14,7 +15,7 @@ class wxSplitterWindow;
 namespace desktop {
 
 // What fills the main window: the tree at the left, at the right the editor (or the welcome while
-// no project is open) over the code, a notice above all of it.
+// no project is open) over the code, a notice above all of it, what was found in code below.
 class WindowPanes {
  public:
   // The frame owns the panes; it and the rest outlive this object.
@@ -25,6 +26,7 @@ class WindowPanes {
   wxPanel& editor_host() const { return *editor_host_; }
   Welcome& welcome() const { return *welcome_; }
   CodePane& code() const { return *code_; }
+  SearchPane& search() const { return *search_; }
 
   void ShowEditor(bool shown);
   // As long as the window changes its size by itself, each step would share the new room between
@@ -44,6 +46,7 @@ class WindowPanes {
   wxPanel* editor_host_;
   Welcome* welcome_;
   CodePane* code_;
+  SearchPane* search_;
 };
 
 }  // namespace desktop

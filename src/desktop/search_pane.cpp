@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/search_pane.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <utility>
+
+#include "desktop/search_texts.h"
+#include "studio/window_texts.h"
+#include "wx/convert.h"
+#include "wx/native.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int kHeight = 220;  // pixels at 100 %
+constexpr int kGap = 6;
+
+std::vector<PlaceTable::Column> Columns(const texts::TextTable& texts) {
+  return {{texts.Text(kTextProcedure), 24},
+          {texts.Text(kTextFileColumn), 20},
+          {texts.Text(kTextLine), 8},
+          {texts.Text(kTextKind), 20},
+          {texts.Text(kTextText), 0}};
+}
+
+}  // namespace
+
+SearchPane::SearchPane(wxWindow* parent, const texts::TextTable& texts)
+    : wxPanel(parent),
+      texts_(texts),
+      title_(new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
+      fields_(new wxPanel(this)),
+      wanted_(new wxTextCtrl(fields_, wxID_ANY)),
+      replacement_(new wxTextCtrl(fields_, wxID_ANY)),
+      whole_word_(new wxCheckBox(fields_, wxID_ANY, wx::ToWx(texts.Text(kTextWholeWord)))),
+      match_case_(new wxCheckBox(fields_, wxID_ANY, wx::ToWx(texts.Text(kTextMatchCase)))),
+      table_(new PlaceTable(this, texts.Text(kTextPlacesInCode), Columns(texts))) {
+  table_->on_activate = [this](std::size_t row) { on_activate(row); };
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(MakeHead(), wxSizerFlags().Expand());
+  fields_->SetSizer(MakeFields());
+  all->Add(fields_, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+  all->Add(table_, wxSizerFlags(1).Expand());
+  SetSizer(all);
+  SetMinSize(wxSize(-1, FromDIP(kHeight)));
+  Bind(wxEVT_CHAR_HOOK, &SearchPane::OnKey, this);
+  Hide();
+}
+
+wxSizer* SearchPane::MakeHead() {
+  auto* close = new wxButton(this, wxID_ANY, wx::ToWx(texts_.Text(studio::TextNumber::kTextClose)));
+  close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
+  auto* head = new wxBoxSizer(wxHORIZONTAL);
+  head->Add(title_, wxSizerFlags(1).CentreVertical().Border(wxLEFT, FromDIP(kGap)));
+  head->Add(close, wxSizerFlags().Border(wxALL, FromDIP(kGap) / 2));
+  return head;
+}
+
+// Two rows: what to find and how, what takes its place.
+wxSizer* SearchPane::MakeFields() {
+  constexpr int kColumns = 4;
+  auto* grid = new wxFlexGridSizer(kColumns, FromDIP(kGap), FromDIP(2 * kGap));
+  grid->AddGrowableCol(1);
+  const auto add_field = [&](int label, wxTextCtrl* field) {
+    const wxString text = wx::ToWx(texts_.Text(label));
+    grid->Add(new wxStaticText(fields_, wxID_ANY, text), wxSizerFlags().CentreVertical());
+    grid->Add(field, wxSizerFlags().Expand());
+    wx::SetAccessibleName(*field, text);
+  };
+  const auto add_button = [&](int text, const std::function<void()>& action) {
+    auto* button = new wxButton(fields_, wxID_ANY, wx::ToWx(texts_.Text(text)));
+    button->Bind(wxEVT_BUTTON, [&action](wxCommandEvent&) { action(); });
+    grid->Add(button, wxSizerFlags().Expand());
+    return button;
+  };
+  add_field(kTextFindLabel, wanted_);
+  grid->Add(whole_word_, wxSizerFlags().CentreVertical());
+  auto* find = add_button(kTextFind, on_find);
+  add_field(kTextReplaceLabel, replacement_);
+  grid->Add(match_case_, wxSizerFlags().CentreVertical());
+  auto* replace = add_button(kTextReplace, on_replace);
+  // The keyboard goes through the fields before the buttons.
+  replacement_->MoveAfterInTabOrder(wanted_);
+  whole_word_->MoveAfterInTabOrder(replacement_);
+  match_case_->MoveAfterInTabOrder(whole_word_);
+  find->MoveAfterInTabOrder(match_case_);
+  replace->MoveAfterInTabOrder(find);
+  return grid;
+}
+
+void SearchPane::OnKey(wxKeyEvent& event) {
+  const wxWindow* focus = FindFocus();
+  const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+  if (event.GetKeyCode() == WXK_ESCAPE) return Close();
+  if (enter && focus == replacement_) return on_replace();
+  if (enter && (focus == wanted_ || focus == whole_word_ || focus == match_case_)) return on_find();
+  event.Skip();
+}
+
+void SearchPane::ShowFields(bool shown) {
+  fields_->Show(shown);
+  Show();
+  Layout();
+  GetParent()->Layout();
+}
+
+void SearchPane::OpenFields(const std::string& text) {
+  if (!fields_->IsShown() || !IsShown()) ShowPlaces({}, {});
+  ShowFields(true);
+  if (!text.empty()) wanted_->ChangeValue(wx::ToWx(text));
+  wanted_->SetFocus();
+  wanted_->SelectAll();
+}
+
+void SearchPane::ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
+  title_->SetLabel(wx::ToLabel(title));
+  table_->ShowRows(std::move(rows));
+  if (table_->Count() > 0) table_->SetFocus();
+}
+
+void SearchPane::ShowPlacesAlone(const std::string& title, std::vector<PlaceTable::Row> rows) {
+  ShowFields(false);
+  ShowPlaces(title, std::move(rows));
+}
+
+void SearchPane::Close() {
+  if (!IsShown()) return;
+  const bool had_keyboard = IsDescendant(FindFocus());
+  Hide();
+  table_->ShowRows({});
+  GetParent()->Layout();
+  if (had_keyboard && on_close) on_close();
+}
+
+std::string SearchPane::Wanted() const { return wx::FromWx(wanted_->GetValue()); }
+
+std::string SearchPane::Replacement() const { return wx::FromWx(replacement_->GetValue()); }
+
+vbcode::SearchOptions SearchPane::Options() const {
+  return {whole_word_->GetValue(), match_case_->GetValue()};
+}
+
+}  // namespace desktop

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/panel.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/place_table.h"
+#include "texts/text_table.h"
+#include "vbcode/text_search.h"
+
+class wxCheckBox;
+class wxStaticText;
+class wxTextCtrl;
+
+namespace desktop {
+
+// Places in the code below everything else, with the fields to find and replace a text above them
+// when that is what was asked for. Hidden until then.
+class SearchPane : public wxPanel {
+ public:
+  // The texts outlive the pane.
+  SearchPane(wxWindow* parent, const texts::TextTable& texts);
+
+  // Shows the fields, which take the keyboard; a text is proposed unless it is empty.
+  void OpenFields(const std::string& text);
+  // Shows places under a title. The list takes the keyboard when there are some.
+  void ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
+  // The same without the fields.
+  void ShowPlacesAlone(const std::string& title, std::vector<PlaceTable::Row> rows);
+  void Close();
+
+  std::string Wanted() const;
+  std::string Replacement() const;
+  vbcode::SearchOptions Options() const;
+
+  std::function<void()> on_find;
+  std::function<void()> on_replace;
+  std::function<void()> on_close;
+  std::function<void(std::size_t row)> on_activate;
+
+ private:
+  wxSizer* MakeHead();
+  wxSizer* MakeFields();
+  void OnKey(wxKeyEvent& event);
+  void ShowFields(bool shown);
+
+  const texts::TextTable& texts_;
+  wxStaticText* title_;
+  wxPanel* fields_;
+  wxTextCtrl* wanted_;
+  wxTextCtrl* replacement_;
+  wxCheckBox* whole_word_;
+  wxCheckBox* match_case_;
+  PlaceTable* table_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// The texts of what the window finds in code, by the numbers of the text table
+// (texts/search_rows.cpp).
+#pragma once
+
+namespace desktop {
+
+enum SearchText : int {
+  kTextMenuCode = 3900,
+  kTextMenuFindInAllCode,
+  kTextMenuUses,
+  kTextMenuDefinition,
+  kTextMenuDataFlow,
+  kTextPlacesInCode,
+  kTextProcedure,
+  kTextFileColumn,
+  kTextLine,
+  kTextKind,
+  kTextText,
+  kTextFirstKind,  // by vbcode::UseKind
+  kTextDeclaration = 3917,
+  kTextMaybe,
+  kTextUses,
+  kTextFound,
+  kTextNotUsed,
+  kTextNowhere,
+  kTextNoNameAtCaret,
+  kTextNotDeclared,
+  kTextDeclarations,
+  kTextSaveFirst,
+  kTextChooseName,
+  kTextFindLabel,
+  kTextReplaceLabel,
+  kTextWholeWord,
+  kTextMatchCase,
+  kTextFind,
+  kTextReplace,
+  kTextReplaceTitle,
+  kTextReplaceHeading,
+  kTextReplaceNow,
+  kTextMorePlaces,
+  kTextCannotSearch,
+  kTextCannotReplace,
+  kTextReplaced,
+};
+
+}  // namespace desktop
