@@ -48,6 +48,7 @@ bool ConfirmReplacing(wxWindow* parent, const texts::TextTable& texts, const std
   dialog.CentreOnParent();
   replace->SetDefault();
   replace->SetFocus();
+  preview->ShowPosition(0);
   return dialog.ShowModal() == wxID_OK;
 }
 

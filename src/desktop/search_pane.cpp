@@ -18,7 +18,7 @@ namespace desktop {
 
 namespace {
 
-constexpr int kHeight = 220;  // pixels at 100 %
+constexpr int kListHeight = 150;  // pixels at 100 %
 constexpr int kGap = 6;
 
 std::vector<PlaceTable::Column> Columns(const texts::TextTable& texts) {
@@ -49,7 +49,7 @@ SearchPane::SearchPane(wxWindow* parent, const texts::TextTable& texts)
   all->Add(fields_, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
   all->Add(table_, wxSizerFlags(1).Expand());
   SetSizer(all);
-  SetMinSize(wxSize(-1, FromDIP(kHeight)));
+  table_->SetMinSize(wxSize(-1, FromDIP(kListHeight)));
   Bind(wxEVT_CHAR_HOOK, &SearchPane::OnKey, this);
   Hide();
 }
