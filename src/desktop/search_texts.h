@@ -10,8 +10,8 @@ enum SearchText : int {
   kTextMenuFindInAllCode,
   kTextMenuUses,
   kTextMenuDefinition,
-  kTextMenuDataFlow,
-  kTextPlacesInCode,
+
+  kTextPlacesInCode = 3905,
   kTextProcedure,
   kTextFileColumn,
   kTextLine,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Texts of what window and dialogs find in code: uses of names, texts, definitions.
+// Texts of what the window finds in code: uses of names, texts, definitions.
 #include "texts/rows.h"
 
 namespace texts {
@@ -11,7 +11,6 @@ constexpr Row kRows[] = {
     {3901, "Im gesamten Code &suchen...", "&Find in All Code..."},
     {3902, "&Verwendungen", "Where &Used"},
     {3903, "Zur &Deklaration", "Go to &Definition"},
-    {3904, "Daten&fluss...", "Data F&low..."},
     {3905, "Stellen im Code", "Places in the code"},
     {3906, "Prozedur", "Procedure"},
     {3907, "Datei", "File"},
@@ -56,10 +55,6 @@ constexpr Row kRows[] = {
     {3938, "Der Code lässt sich nicht durchsuchen.", "The code cannot be searched."},
     {3939, "Der Code lässt sich so nicht ändern.", "The code cannot be changed like this."},
     {3940, "Ersetzt: <Count>, in Dateien: <Files>", "Replaced: <Count>, in files: <Files>"},
-
-    // The dialogs.
-    {3950, "Auch im &Code umbenennen (Verwendungen: <Count>)",
-     "Rename in the &code, too (uses: <Count>)"},
 };
 
 }  // namespace
