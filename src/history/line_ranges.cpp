@@ -65,7 +65,8 @@ std::optional<Shared> WholeLines(std::string_view before, std::string_view after
   const bool at_ends = kept.before + end == before.size() && kept.after + end == after.size();
   if (!at_ends) end = LineBegin(before, kept.before + end) - kept.before;
   if (end <= begin || end > kept.length) return std::nullopt;
-  return Shared{kept.before + begin, kept.after + begin, end - begin};
+  return Shared{static_cast<std::size_t>(kept.before) + begin,
+                static_cast<std::size_t>(kept.after) + begin, end - begin};
 }
 
 // Equal lines at the beginning and the end of what differs.
