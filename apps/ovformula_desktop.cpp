@@ -117,7 +117,7 @@ class App : public wxApp {
         files, folders, project::ChooseLanguage(language_, files, apps::Environment));
     desktop::MainWindow* window = &program_->window();
     const std::string path = project_.empty() ? program_->state().project : project_;
-    window->CallAfter([window, path, reading = reading_] {
+    window->CallWhenShown([window, path, reading = reading_] {
       if (!path.empty()) window->OpenProject(path, reading);
       window->ShowLastCrash();
     });
@@ -142,6 +142,15 @@ class App : public wxApp {
 void Print(apps::StandardStream stream, const std::string& text) {
   std::error_code failure;
   apps::Write(stream, text.data(), text.size(), failure);
+}
+
+// Whether the locale of messages knows no language.
+bool IsPlainLocale() {
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const std::string locale = apps::Environment(name);
+    if (!locale.empty()) return locale == "C" || locale == "POSIX";
+  }
+  return true;
 }
 
 }  // namespace
@@ -176,7 +185,8 @@ int main(int argc, char** argv) {
     return EXIT_FAILURE;
   }
 #endif
-  // The toolkit's own menus speak the same language.
+  // The toolkit's own menus speak the same language, which they do not in the C locale.
+  if (IsPlainLocale()) wxSetEnv("LC_ALL", "C.UTF-8");
   wxSetEnv("LANGUAGE", chosen == texts::Language::kGerman ? "de" : "en");
   const int result = wx::RunApp(argc, argv);
   constexpr int kUsage = 2;

@@ -129,10 +129,12 @@ bool Connect::ConnectToDataBase() {
   }
 }
 
-bool Connect::RefuseDataBase(const std::string& prompt) {
+bool Connect::RefuseDataBase(const std::string& reason) {
   store::ADOFRO::Drop();
+  constexpr std::int32_t kCannotOpen = 1530;
   platform::MessageBox box;
-  box.prompt = prompt;
+  box.prompt = texts_.Text(kCannotOpen, {{"<File>", database_path_}});
+  box.detail = reason;
   box.title = "ConnectToDataBase";
   box.icon = platform::MessageIcon::kError;
   messages_.Show(std::move(box));

@@ -89,7 +89,7 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   bool ResolveDatabasePath();
   void EnsureOpen();
   bool ConnectToDataBase();
-  bool RefuseDataBase(const std::string& prompt);
+  bool RefuseDataBase(const std::string& reason);
   void OpenEditor();
   void Release();
   // Runs a tree command's tool with the node as context, then returns to the shown node.

@@ -225,8 +225,10 @@ void CodeSync::WarnNoSub(std::string_view prog_id, std::string_view name) {
 
 void CodeSync::WarnAt(const Place& place, std::int32_t text, std::int32_t line,
                       std::string_view name) {
-  report_.Warn(text,
-               {{"<File>", place.File()}, {"<Line>", std::to_string(line)}, {"<Name>", name}});
+  report_.Warn(text, {{"<File>", place.File()},
+                      {"<Line>", line},
+                      {"<Name>", name},
+                      {"<Path>", place.component->FileName()}});
 }
 
 void CodeSync::WarnOfLimits(const Place& place) {

@@ -2,6 +2,7 @@
 #include "desktop/change_watch.h"
 
 #include <string>
+#include <utility>
 
 #include "studio/window_texts.h"
 #include "wx/convert.h"
@@ -9,6 +10,12 @@
 namespace desktop {
 
 using studio::TextNumber;
+
+namespace {
+
+constexpr std::int32_t kRefreshView = 162;
+
+}  // namespace
 
 void ChangeWatch::ShowProblems() {
   std::string problems;
@@ -29,10 +36,25 @@ void ChangeWatch::Look() {
 // What the tree shows may be out of date then. Everything that the user does works on what the
 // database holds, so reading it anew can wait until they want it.
 void ChangeWatch::LookForForeignChanges() {
-  if (notice_.IsShown() || !project_.foreign_changes().Look()) return;
+  const auto kind = NoticeBar::Kind::kForeignChange;
+  if (notices_.Tells(kind) || !project_.foreign_changes().Look()) return;
   project_.foreign_changes().Accept();
-  notice_.Tell(wx::ToWx(parts_.texts.Text(TextNumber::kTextFileChanged,
-                                          {{"<File>", parts_.files.FileName(project_.path())}})));
+  notices_.Tell(kind, {parts_.texts.Text(TextNumber::kTextFileChanged,
+                                         {{"<File>", parts_.files.FileName(project_.path())}}),
+                       parts_.Text(kRefreshView), [this] { session_.add_in().RebuildViews(); }});
+}
+
+void ChangeWatch::ShowLimits(std::function<void()> open_again, std::function<void()> choose_code) {
+  const std::string reason = parts_.texts.Sentence(project_.ReadOnlyReason());
+  if (!reason.empty()) {
+    notices_.Tell(NoticeBar::Kind::kReadOnly,
+                  {parts_.texts.Text(TextNumber::kTextReadOnly, {{"<Text>", reason}}),
+                   parts_.Text(TextNumber::kTextOpenAgain), std::move(open_again)});
+  }
+  if (!project_.vb()->VBProjects().empty()) return;
+  notices_.Tell(NoticeBar::Kind::kNoCode,
+                {parts_.Text(TextNumber::kTextNoCode), parts_.Text(TextNumber::kTextChooseCode),
+                 std::move(choose_code)});
 }
 
 // Characters that an operation could not write in a comment.

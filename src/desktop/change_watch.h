@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 #include "desktop/notice_bar.h"
 #include "desktop/window_messages.h"
 #include "desktop/window_parts.h"
@@ -14,11 +16,18 @@ class ChangeWatch {
  public:
   // All of it outlives this object.
   ChangeWatch(const WindowParts& parts, const WindowMessages& messages, project::Project& opened,
-              studio::AddInSession& session, NoticeBar& notice)
-      : parts_(parts), messages_(messages), project_(opened), session_(session), notice_(notice) {}
+              studio::AddInSession& session, NoticeBar& notices)
+      : parts_(parts),
+        messages_(messages),
+        project_(opened),
+        session_(session),
+        notices_(notices) {}
 
   // What of the Visual Basic projects cannot be read.
   void ShowProblems();
+  // What cannot be done as the project stands: nothing can be changed, or there is no code.
+  // `open_again` opens it once more, `choose_code` with other Visual Basic files.
+  void ShowLimits(std::function<void()> open_again, std::function<void()> choose_code);
   // Called now and then while no operation runs.
   void Look();
 
@@ -30,7 +39,7 @@ class ChangeWatch {
   const WindowMessages& messages_;
   project::Project& project_;
   studio::AddInSession& session_;
-  NoticeBar& notice_;  // that another program changed the database
+  NoticeBar& notices_;
 };
 
 }  // namespace desktop

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "desktop/code_styles.h"
 #include "desktop/colours.h"
 #include "desktop/search_texts.h"
 #include "project/line_diff.h"
@@ -20,27 +21,12 @@ namespace {
 constexpr int kLineNumbers = 0;
 constexpr int kTabWidth = 4;
 
-constexpr const char* kKeywords =
-    "addressof alias and any as base boolean byref byte byval call case cbool cbyte ccur cdate "
-    "cdbl cint clng close "
-    "const csng cstr currency cvar cverr date debug declare defbool defbyte defcur defdate defdbl "
-    "defint deflng defobj "
-    "defsng defstr defvar dim do double each else elseif empty end enum eqv erase error event exit "
-    "explicit false "
-    "for friend function get global gosub goto if imp implements in input integer is let lib like "
-    "line lock long loop "
-    "lset me mod new next not nothing null object on open option optional or output paramarray "
-    "preserve print private "
-    "property public put raiseevent random read redim rem resume return rset seek select set "
-    "single static step stop "
-    "string sub tab then to true type unlock until variant wend while with withevents write xor";
-
 }  // namespace
 
 CodeEditor::CodeEditor(wxWindow* parent, const texts::TextTable& texts)
     : wxStyledTextCtrl(parent), texts_(texts) {
-  SetLexer(wxSTC_LEX_VB);
-  SetKeyWords(0, kKeywords);
+  SetLexer(wxSTC_LEX_CONTAINER);
+  Bind(wxEVT_STC_STYLENEEDED, [this](wxStyledTextEvent& event) { Colour(event.GetPosition()); });
   SetTabWidth(kTabWidth);
   SetIndent(kTabWidth);
   SetUseTabs(false);
@@ -75,20 +61,37 @@ void CodeEditor::ApplyColours() {
   StyleSetForeground(wxSTC_STYLE_DEFAULT, wxColour(palette.ink));
   StyleSetBackground(wxSTC_STYLE_DEFAULT, wxColour(palette.paper));
   StyleClearAll();
-  const auto style = [&](int number, const wxColour& colour) {
-    StyleSetForeground(number, colour);
+  const auto style = [&](CodeStyle number, const char* colour) {
+    StyleSetForeground(static_cast<int>(number), wxColour(colour));
   };
-  style(wxSTC_B_COMMENT, wxColour(palette.comment));
-  style(wxSTC_B_KEYWORD, wxColour(palette.keyword));
-  style(wxSTC_B_STRING, wxColour(palette.string));
-  style(wxSTC_B_STRINGEOL, wxColour(palette.string));
-  style(wxSTC_B_NUMBER, wxColour(palette.number));
-  style(wxSTC_B_DATE, wxColour(palette.number));
-  style(wxSTC_STYLE_LINENUMBER, wxColour(palette.comment));
-  StyleSetItalic(wxSTC_B_COMMENT, true);
+  style(CodeStyle::kComment, palette.comment);
+  style(CodeStyle::kKeyword, palette.keyword);
+  style(CodeStyle::kString, palette.string);
+  style(CodeStyle::kNumber, palette.number);
+  style(CodeStyle::kDate, palette.number);
+  StyleSetForeground(wxSTC_STYLE_LINENUMBER, wxColour(palette.comment));
+  StyleSetItalic(static_cast<int>(CodeStyle::kComment), true);
   StyleSetBackground(wxSTC_STYLE_LINENUMBER, wxColour(palette.margin));
   SetSelBackground(true, wxColour(palette.selection));
   SetCaretForeground(wxColour(palette.ink));
+}
+
+// From the logical line in which the colours end to the line of that place.
+void CodeEditor::Colour(int end) {
+  const std::string_view code(GetCharacterPointer(), static_cast<std::size_t>(GetLength()));
+  int first = LineFromPosition(GetEndStyled());
+  while (first > 0 && GoesOn(code, static_cast<std::size_t>(GetLineEndPosition(first - 1))))
+    --first;
+  int last = LineFromPosition(end);
+  const int lines = GetLineCount();
+  while (last + 1 < lines && GoesOn(code, static_cast<std::size_t>(GetLineEndPosition(last))))
+    ++last;
+  const int begin = PositionFromLine(first);
+  const int behind = last + 1 < lines ? PositionFromLine(last + 1) : GetLength();
+  std::string styles = StylesOf(
+      code.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(behind - begin)));
+  StartStyling(begin);
+  SetStyleBytes(behind - begin, styles.data());
 }
 
 void CodeEditor::ShowMenu() {

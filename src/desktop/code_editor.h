@@ -47,6 +47,7 @@ class CodeEditor : public wxStyledTextCtrl {
 
  private:
   void ShowMenu();
+  void Colour(int end);
   void ApplyColours();
   void FitScrollWidth();
 

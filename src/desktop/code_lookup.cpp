@@ -3,6 +3,7 @@
 
 #include "editor/node_key.h"
 #include "platform/error.h"
+#include "studio/window_texts.h"
 
 namespace desktop {
 
@@ -10,7 +11,7 @@ void CodeLookup::ShowNode(const std::string& key) {
   try {
     FindNode(key);
   } catch (const platform::Error& error) {  // a module whose file is gone, for one
-    if (!pane_.Modified()) pane_.ShowProblem(error);
+    pane_.ShowReason(texts_.Sentence(error));
   }
 }
 
@@ -19,12 +20,17 @@ void CodeLookup::FindNode(const std::string& key) {
   const std::int32_t id = editor::KeyNumber(key);
   if (!editor || !editor::IsFormulaKey(key) || id <= 0) return;
   const auto formula = editor->operations().FindFormula(id);
-  const auto point = formula ? formula->prog_id.find('.') : std::string::npos;
-  if (point == std::string::npos) return;
-  const auto project = project_.vb()->FindProject(formula->prog_id.substr(0, point));
+  if (!formula) return;
+  const auto point = formula->prog_id.find('.');
+  const bool named = point != std::string::npos;
+  const auto project =
+      named ? project_.vb()->FindProject(formula->prog_id.substr(0, point)) : nullptr;
   const auto component =
       project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
-  if (!component || !component->Module()) return;
+  if (!component || !component->Module()) {
+    return pane_.ShowReason(
+        texts_.Text(studio::kTextClassNotFound, {{"<Class>", formula->prog_id}}));
+  }
   component->Module()->RequireSource();
   if (!pane_.ShowModule(component, project_.unit()) || !pane_.Readable()) return;
   const auto member = component->Module()->FindMember(formula->name);

@@ -17,8 +17,9 @@ namespace desktop {
 class CodeLookup {
  public:
   // All of it outlives this object.
-  CodeLookup(project::Project& opened, studio::AddInSession& session, CodePane& pane)
-      : project_(opened), session_(session), pane_(pane) {}
+  CodeLookup(project::Project& opened, studio::AddInSession& session, CodePane& pane,
+             const texts::TextTable& texts)
+      : project_(opened), session_(session), pane_(pane), texts_(texts) {}
 
   // The procedure of a formula is shown beside its arguments, without taking the keyboard.
   void ShowNode(const std::string& key);
@@ -45,6 +46,7 @@ class CodeLookup {
   project::Project& project_;
   studio::AddInSession& session_;
   CodePane& pane_;
+  const texts::TextTable& texts_;
 };
 
 }  // namespace desktop

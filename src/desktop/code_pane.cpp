@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/code_pane.h"
 
-#include <wx/clipbrd.h>
 #include <wx/sizer.h>
 #include <wx/srchctrl.h>
 #include <wx/stattext.h>
@@ -165,9 +164,10 @@ void CodePane::CloseModule() {
   SetTitle(texts_.Text(TextNumber::kTextNoModule));
 }
 
-void CodePane::ShowProblem(const std::exception& failure) {
+void CodePane::ShowReason(const std::string& reason) {
+  if (Modified()) return;
   CloseModule();
-  SetTitle(texts_.Sentence(failure));
+  SetTitle(reason);
 }
 
 bool CodePane::TakeKeyboard() {
@@ -208,13 +208,6 @@ CodePane::Caret CodePane::CaretInModule() const {
 
 std::string CodePane::SelectedText() const { return wx::FromWx(editor_->GetSelectedText()); }
 
-void CodePane::ToClipboard(const std::string& text) {
-  if (!wxTheClipboard->Open()) return;
-  wxTheClipboard->SetData(new wxTextDataObject(wx::ToWx(text)));
-  wxTheClipboard->Flush();  // it outlives the program
-  wxTheClipboard->Close();
-}
-
 // --- Saving ---
 
 bool CodePane::Modified() const { return document_ && editor_->GetModify(); }
@@ -234,8 +227,7 @@ bool CodePane::Save() {
   } catch (const platform::Error& error) {
     cause = texts_.Sentence(error);
     if (error.kind() == platform::ErrorKind::kConflict && conflict_) {
-      ResolveConflict();
-      return false;
+      return ResolveConflict();
     }
   } catch (const std::exception& error) {
     cause = texts_.Sentence(error);
@@ -252,7 +244,7 @@ bool CodePane::MayLeave() {
   asking_ = false;
   if (answer == Answer::kSave && (Save() || !Modified())) return true;
   if (answer == Answer::kDiscard) {
-    ToClipboard(editor_->Text());
+    wx::ToClipboard(editor_->Text());
     CloseModule();
     return true;
   }
@@ -260,16 +252,20 @@ bool CodePane::MayLeave() {
   return false;
 }
 
-void CodePane::ResolveConflict() {
+bool CodePane::ResolveConflict() {
   asking_ = true;
-  const bool load = on_conflict && on_conflict(component_->Name());
+  const Conflict answer = on_conflict ? on_conflict(component_->Name()) : Conflict::kUndecided;
   asking_ = false;
-  if (load) Discard();
+  if (answer == Conflict::kTheirs) Discard();
+  if (answer != Conflict::kMine) return false;
+  conflict_ = false;
+  wx::ToClipboard(document_->Load());
+  return Save();
 }
 
 // The text goes to the clipboard.
 void CodePane::Discard() {
-  ToClipboard(editor_->Text());
+  wx::ToClipboard(editor_->Text());
   conflict_ = false;
   try {
     editor_->ChangeText(document_->Load());

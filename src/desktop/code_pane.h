@@ -64,23 +64,22 @@ class CodePane : public wxPanel {
   bool Save();
   // Asks whether unsaved changes are to be saved or given up; false when the user wants to stay.
   bool MayLeave();
-  // Shows why there is no code to show.
-  void ShowProblem(const std::exception& failure);
+  // Shows why there is no code to show, unless there are unsaved changes.
+  void ShowReason(const std::string& reason);
   // False when there is no code that could take it.
   bool TakeKeyboard();
   // Takes over what the module holds now.
   void Refresh();
 
-  static void ToClipboard(const std::string& text);
-
   enum class Answer { kSave, kDiscard, kStay };
+  enum class Conflict { kTheirs, kMine, kUndecided };
 
   // One line for the window's status line.
   std::function<void(const std::string&)> on_status;
   // A failure that the user must see: message and detail line.
   std::function<void(const std::string& message, const std::string& detail)> on_failure;
-  // A conflict; true loads the file's state.
-  std::function<bool(const std::string& module)> on_conflict;
+  // What is to stand in the file that others changed at the same place.
+  std::function<Conflict(const std::string& module)> on_conflict;
   // The user asks for the definition or the uses of the name at the caret.
   std::function<void()> on_definition;
   std::function<void()> on_uses;
@@ -98,7 +97,8 @@ class CodePane : public wxPanel {
   void ShowName();
   void LoadModule();
   void TakeOver();
-  void ResolveConflict();
+  // True when the user's text was written over the file's.
+  bool ResolveConflict();
   bool KeepCopy();
   void DropCopy();
 

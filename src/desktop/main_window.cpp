@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/main_window.h"
 
+#include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/filesys.h>
+#include <wx/log.h>
 #include <wx/utils.h>
 
 #include "desktop/about.h"
@@ -96,7 +98,12 @@ BackupKeeper::Dependencies MainWindow::BackupDependencies() {
 }
 
 void MainWindow::ConnectPanes() {
-  panes_.notice().on_action = [this] { session_->add_in().RebuildViews(); };
+  panes_.places().on_place = [this](const platform::Notice& place, bool enter) {
+    if (!lookup_ || !lookup_->ShowFile(place.file)) return;
+    code_.ScrollTo(place.line);
+    code_.SelectLines({place.line, 1, place.line, 1});
+    if (enter) code_.TakeKeyboard();
+  };
   panes_.welcome().on_open = [this] { AskOpen(); };
   panes_.welcome().on_new = [this] { AskNew(); };
   panes_.welcome().on_recent = [this](const std::string& path) { OpenProject(path); };
@@ -104,11 +111,7 @@ void MainWindow::ConnectPanes() {
   code_.on_failure = [this](const std::string& message, const std::string& detail) {
     messages_.Fail(message, detail);
   };
-  code_.on_conflict = [this](const std::string& module) {
-    return messages_.Ask(parts_.texts.Text(TextNumber::kTextCodeConflict, {{"<Name>", module}}),
-                         Text(TextNumber::kTextCodeConflictDetail),
-                         platform::MessageIcon::kWarning);
-  };
+  code_.on_conflict = [this](const std::string& module) { return AskAboutConflict(module); };
   code_.on_unsaved = [this](const std::string& module) { return AskAboutCode(module); };
   code_.GetParent()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
@@ -131,7 +134,7 @@ void MainWindow::ConnectTree() {
     std::int16_t code = event.key_code, shift = event.shift;
     const std::string key = node.key, text = node.text;  // the node may go
     session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
-    event.handled = code == 0 || event.key_code == forms::kKeyF1;
+    event.handled = code == 0 || event.key_code == forms::kKeyF1 || RunTreeKey(key, event);
   };
   tree_.on_menu = [this](const studio::StudioNode& node) {
     const std::string key = node.key, text = node.text;
@@ -148,10 +151,8 @@ void MainWindow::ConnectStudio() {
   window.show_error = [this](std::string_view text) { messages_.Fail(std::string(text), ""); };
   window.choose_item = [this](std::string_view current) { return ChooseItem(current); };
   window.show_code_window = [this] { code_.Refresh(); };
-  window.show_warnings = [this](const std::vector<std::string>& warnings) {
-    std::string text;
-    for (const std::string& warning : warnings) text += (text.empty() ? "" : "  ·  ") + warning;
-    if (!text.empty()) messages_.Status(text);
+  window.show_warnings = [this](const std::vector<platform::Notice>& warnings) {
+    ShowWarnings(warnings);
   };
   window.editor_handed_over = [this] {
     editor::frmtabgrid* editor = session_->add_in().EditorWindow();
@@ -165,8 +166,37 @@ void MainWindow::ConnectStudio() {
     });
     panes_.ShowEditor(true);
     project_->foreign_changes().Accept();
-    panes_.notice().Dismiss();
+    panes_.notices().Dismiss(NoticeBar::Kind::kForeignChange);
   };
+}
+
+// What is about a place of the code stays in sight until the user is done with it.
+void MainWindow::ShowWarnings(const std::vector<platform::Notice>& warnings) {
+  std::string text;
+  std::vector<platform::Notice> places;
+  for (const platform::Notice& warning : warnings) {
+    text += (text.empty() ? "" : "  ·  ") + warning.text;
+    if (!warning.file.empty()) places.push_back(warning);
+  }
+  if (!text.empty()) messages_.Status(text);
+  if (!places.empty()) panes_.places().ShowPlaces(std::move(places));
+}
+
+// The keys of commands on nodes for which the add-in has none: they go to the table of the node,
+// or are answered. True when it is one of them.
+bool MainWindow::RunTreeKey(const std::string& key, const forms::KeyEvent& event) {
+  const bool make = event.key_code == forms::kKeyF8 && event.shift == 0;
+  const bool edit = event.key_code == forms::kKeyF9 && event.shift == 0;
+  const bool remove = event.key_code == forms::kKeyDelete && event.shift == forms::kControl;
+  editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  if (!editor || !(make || edit || remove)) return false;
+  const bool aliases = editor::KeyKind(key) == editor::kAliasKind;
+  if (make && (aliases || editor::IsFormulaKey(key))) {
+    editor->RunTool(aliases ? "mnuAliasNew" : "mnuParameterNew");
+  } else if (make ? key == editor::kRootKey : !editor::IsFormulaKey(key)) {
+    messages_.Status(Text(TextNumber::kTextNotOnFolder));
+  }
+  return true;
 }
 
 void MainWindow::Bind() {
@@ -177,6 +207,10 @@ void MainWindow::Bind() {
     } else if (!menu_.RunShortcut(event) && !MoveKeyboard(event)) {
       event.Skip();
     }
+  });
+  wxFrame::Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+    event.Skip();
+    if (event.GetActive()) CallAfter([this] { OnShown(); });
   });
   wxFrame::Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
   wxFrame::Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
@@ -215,7 +249,12 @@ void MainWindow::OnClose(wxCloseEvent& event) {
   Destroy();
 }
 
+void MainWindow::OnShown() {
+  if (const auto task = std::exchange(when_shown_, nullptr)) task();
+}
+
 void MainWindow::OnTimer() {
+  OnShown();
   place_.Settle();
   if (!session_ || project_->unit().IsOpen()) return;
   code_.Refresh();
@@ -272,20 +311,46 @@ std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
   return chooser.Choose(current, nullptr);
 }
 
+// False where no program shows pages; the toolkit would say so in its own words.
+bool MainWindow::ShowInBrowser(const std::string& path) {
+  const wxLogNull quiet;
+  return wxLaunchDefaultBrowser(wxFileSystem::FileNameToURL(wxFileName(wx::ToWx(path))));
+}
+
+void MainWindow::OfferReport(const std::string& path, const std::string& html) {
+  const auto answer =
+      parts_.toolkit.Show({Text(TextNumber::kTextNoBrowser),
+                           parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}), "",
+                           platform::MessageButtons::kYesNo, platform::MessageResult::kYes,
+                           platform::MessageIcon::kInformation, Text(TextNumber::kTextSaveAs),
+                           Text(TextNumber::kTextClose)});
+  if (answer != platform::MessageResult::kYes) return;
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextReportTitle)), ProjectFolder(),
+                      wx::ToWx(project_->name() + ".html"),
+                      wx::ToWx(Text(TextNumber::kTextReportFileFilter)),
+                      wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+  if (dialog.ShowModal() == wxID_OK) WriteReport(wx::FromWx(dialog.GetPath()), html);
+}
+
+// The place of a report or of nothing, never of a file of the project.
+void MainWindow::WriteReport(const std::string& path, const std::string& html) {
+  const auto own = project::FilesOfProject(project_->path(), project_->vb().get());
+  if (project::LookAtReportPlace(parts_.files, path, own) != project::ReportPlace::kFree) {
+    files::Raise(files::ErrorKind::kExists, path, files::message::kCannotBeWritten,
+                 files::message::kExistsAlready);
+  }
+  files::ReplaceFile(parts_.files, path, html);
+  messages_.Status(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));
+}
+
 void MainWindow::ShowReport(const std::string& html) {
   const std::string folder =
       parts_.state.folder().empty() ? parts_.files.Folder(project_->path()) : parts_.state.folder();
   const std::string path = parts_.files.Join(folder, "report.html");
   try {
     parts_.files.CreateDirectories(folder);
-    const auto own = project::FilesOfProject(project_->path(), project_->vb().get());
-    if (project::LookAtReportPlace(parts_.files, path, own) != project::ReportPlace::kFree) {
-      files::Raise(files::ErrorKind::kExists, path, files::message::kCannotBeWritten,
-                   files::message::kExistsAlready);
-    }
-    files::ReplaceFile(parts_.files, path, html);
-    wxLaunchDefaultBrowser(wxFileSystem::FileNameToURL(wxFileName(wx::ToWx(path))));
-    messages_.Status(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));
+    WriteReport(path, html);
+    if (!ShowInBrowser(path)) OfferReport(path, html);
   } catch (const std::exception& error) {
     messages_.Fail(Text(TextNumber::kTextReportTitle), parts_.texts.Sentence(error));
   }

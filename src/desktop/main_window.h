@@ -4,10 +4,13 @@
 #include <wx/frame.h>
 #include <wx/timer.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "desktop/backup_keeper.h"
 #include "desktop/change_watch.h"
@@ -37,6 +40,8 @@ class MainWindow : public wxFrame {
   // Opens a project in place of the one that is open; what cannot be opened is told. True when it
   // is open afterwards. Options that were given are kept for the project.
   bool OpenProject(const std::string& path, const ReadingOptions& given = {});
+  // Runs the task when the window stands on the screen, so that a question stands over it.
+  void CallWhenShown(std::function<void()> task) { when_shown_ = std::move(task); }
   // Tells of the log that the last start left behind, once.
   void ShowLastCrash();
   // The editor's window takes this panel.
@@ -54,15 +59,20 @@ class MainWindow : public wxFrame {
   wxString ProjectFolder() const;
   void AskNew();
   void AskOpen();
+  // Opens the project again with Visual Basic files that the user chooses.
+  void AskCode();
   void ShowRecent();
   void ForgetMissing(const std::string& path);
+  void ShowLimits();
   void StartSession(const std::string& path, const project::ProjectOptions& options);
   // Gives a new session what goes with it in this window.
   void EquipSession();
   bool CloseProject();
   CodePane::Answer AskAboutCode(const std::string& module);
+  CodePane::Conflict AskAboutConflict(const std::string& module);
   void OnClose(wxCloseEvent& event);
   void OnTimer();
+  void OnShown();
 
   void ShowTitle();
   bool MoveKeyboard(const wxKeyEvent& event);
@@ -70,7 +80,12 @@ class MainWindow : public wxFrame {
   void SaveCode();
   void ShowUses();
   std::optional<std::string> ChooseItem(std::string_view current);
+  void ShowWarnings(const std::vector<platform::Notice>& warnings);
+  bool RunTreeKey(const std::string& key, const forms::KeyEvent& event);
   void ShowReport(const std::string& html);
+  bool ShowInBrowser(const std::string& path);
+  void OfferReport(const std::string& path, const std::string& html);
+  void WriteReport(const std::string& path, const std::string& html);
   std::string Text(int number) const { return parts_.Text(number); }
 
   const Parts parts_;
@@ -82,6 +97,7 @@ class MainWindow : public wxFrame {
   WindowPlace place_;
   BackupKeeper backups_;
   wxTimer timer_{this};
+  std::function<void()> when_shown_;
   forms::Subscription title_;
   // Of the project that is open.
   std::unique_ptr<project::Project> project_;

@@ -49,6 +49,27 @@ void MainWindow::AskOpen() {
   if (dialog.ShowModal() == wxID_OK) OpenProject(wx::FromWx(dialog.GetPath()));
 }
 
+void MainWindow::AskCode() {
+  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextChooseCode)), ProjectFolder(), "",
+                      wx::ToWx(Text(TextNumber::kTextCodeFileFilter)),
+                      wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_MULTIPLE);
+  if (dialog.ShowModal() != wxID_OK) return;
+  const std::string path = project_->path();
+  ReadingOptions options = parts_.state.OptionsOf(path);
+  wxArrayString chosen;
+  dialog.GetPaths(chosen);
+  options.vb_files.clear();
+  for (const wxString& file : chosen) options.vb_files.push_back(wx::FromWx(file));
+  OpenProject(path, options);
+}
+
+void MainWindow::ShowLimits() {
+  watch_->ShowLimits([this, path = project_->path()] { OpenProject(path); },
+                     [this] {
+                       if (session_) AskCode();
+                     });
+}
+
 bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& given) {
   RememberStep("open project");
   const std::string before = session_ ? project_->path() : std::string();
@@ -95,6 +116,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   tree_.SetFocus();
   CallAfter([this] {
     if (watch_) watch_->ShowProblems();
+    if (watch_) ShowLimits();
     if (unsaved_) unsaved_->Offer();
   });
   return true;
@@ -115,10 +137,10 @@ void MainWindow::StartSession(const std::string& path, const project::ProjectOpt
 }
 
 void MainWindow::EquipSession() {
-  lookup_ = std::make_unique<CodeLookup>(*project_, *session_, code_);
+  lookup_ = std::make_unique<CodeLookup>(*project_, *session_, code_, parts_.texts);
   search_ = std::make_unique<CodeSearch>(CodeSearch::Dependencies{
       parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
-  watch_ = std::make_unique<ChangeWatch>(parts_, messages_, *project_, *session_, panes_.notice());
+  watch_ = std::make_unique<ChangeWatch>(parts_, messages_, *project_, *session_, panes_.notices());
   backups_.Watch(*project_);
   if (parts_.state.folder().empty()) return;
   unsaved_ =
@@ -144,7 +166,8 @@ bool MainWindow::CloseProject() {
   session_->Stop();
   tree_.ShowTree(nullptr);
   title_ = {};
-  panes_.notice().Dismiss();
+  panes_.notices().DismissAll();
+  panes_.places().ShowPlaces({});
   watch_.reset();
   search_.reset();
   lookup_.reset();
@@ -165,6 +188,17 @@ CodePane::Answer MainWindow::AskAboutCode(const std::string& module) {
   return answer == platform::MessageResult::kYes  ? CodePane::Answer::kSave
          : answer == platform::MessageResult::kNo ? CodePane::Answer::kDiscard
                                                   : CodePane::Answer::kStay;
+}
+
+CodePane::Conflict MainWindow::AskAboutConflict(const std::string& module) {
+  const auto answer = parts_.toolkit.Show(
+      {parts_.texts.Text(TextNumber::kTextCodeConflict, {{"<Name>", module}}),
+       Text(TextNumber::kTextCodeConflictDetail), "", platform::MessageButtons::kYesNoCancel,
+       platform::MessageResult::kCancel, platform::MessageIcon::kWarning,
+       Text(TextNumber::kTextLoadFile), Text(TextNumber::kTextOverwrite)});
+  return answer == platform::MessageResult::kYes  ? CodePane::Conflict::kTheirs
+         : answer == platform::MessageResult::kNo ? CodePane::Conflict::kMine
+                                                  : CodePane::Conflict::kUndecided;
 }
 
 void MainWindow::ShowRecent() {

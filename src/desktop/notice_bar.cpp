@@ -6,40 +6,74 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include <utility>
+
+#include "wx/convert.h"
+
 namespace desktop {
 
-NoticeBar::NoticeBar(wxWindow* parent, const wxString& action, const wxString& later)
-    : wxPanel(parent), text_(new wxStaticText(this, wxID_ANY, wxString())) {
-  SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
-  text_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
-  auto* act = new wxButton(this, wxID_ANY, action);
-  auto* put_off = new wxButton(this, wxID_ANY, later);
-  act->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-    Dismiss();
-    if (on_action) on_action();
+NoticeBar::NoticeBar(wxWindow* parent, const wxString& later) : wxPanel(parent), later_(later) {
+  SetSizer(new wxBoxSizer(wxVERTICAL));
+  Hide();
+}
+
+void NoticeBar::Tell(Kind kind, const Notice& notice) {
+  Remove(kind);
+  if (!IsShown()) focus_ = FindFocus();
+  auto* line = new wxPanel(this);
+  line->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
+  auto* text = new wxStaticText(line, wxID_ANY, wx::ToLabel(notice.text), wxDefaultPosition,
+                                wxDefaultSize, wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
+  text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
+  text->SetToolTip(wx::ToWx(notice.text));
+  auto* act = new wxButton(line, wxID_ANY, wx::ToWx(notice.action));
+  auto* put_off = new wxButton(line, wxID_ANY, later_);
+  // The line goes while its button handles the click.
+  act->Bind(wxEVT_BUTTON, [this, kind, action = notice.on_action](wxCommandEvent&) {
+    Dismiss(kind);
+    CallAfter([this, action, project = project_] {
+      if (project == project_) action();
+    });
   });
-  put_off->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Dismiss(); });
+  put_off->Bind(wxEVT_BUTTON, [this, kind](wxCommandEvent&) { Dismiss(kind); });
   const int margin = FromDIP(6);
   auto* sizer = new wxBoxSizer(wxHORIZONTAL);
-  sizer->Add(text_, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxRIGHT, 2 * margin));
+  sizer->Add(text, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxRIGHT, 2 * margin));
   sizer->Add(act, wxSizerFlags().Border(wxTOP | wxBOTTOM | wxRIGHT, margin));
   sizer->Add(put_off, wxSizerFlags().Border(wxTOP | wxBOTTOM | wxRIGHT, margin));
-  SetSizer(sizer);
-  Hide();
+  line->SetSizer(sizer);
+  GetSizer()->Add(line, wxSizerFlags().Expand());
+  lines_[kind] = line;
+  Arrange();
 }
 
-void NoticeBar::Tell(const wxString& text) {
-  focus_ = FindFocus();
-  text_->SetLabel(text);
-  Show();
-  GetParent()->Layout();
+void NoticeBar::Remove(Kind kind) {
+  const auto found = lines_.find(kind);
+  if (found == lines_.end()) return;
+  wxPanel* line = found->second;
+  lines_.erase(found);
+  if (line->IsDescendant(FindFocus()) && focus_) focus_->SetFocus();
+  line->Hide();
+  GetSizer()->Detach(line);
+  CallAfter([line] { line->Destroy(); });
 }
 
-void NoticeBar::Dismiss() {
-  if (!IsShown()) return;
-  if (IsDescendant(FindFocus()) && focus_) focus_->SetFocus();
-  Hide();
-  GetParent()->Layout();
+void NoticeBar::Dismiss(Kind kind) {
+  if (!Tells(kind)) return;
+  Remove(kind);
+  Arrange();
+}
+
+void NoticeBar::DismissAll() {
+  ++project_;
+  if (lines_.empty()) return;
+  while (!lines_.empty()) Remove(lines_.begin()->first);
+  Arrange();
+}
+
+void NoticeBar::Arrange() {
+  Show(!lines_.empty());
+  if (on_height) on_height();
 }
 
 }  // namespace desktop

@@ -3,6 +3,7 @@
 
 #include "files/error.h"
 #include "studio/window_texts.h"
+#include "wx/convert.h"
 
 namespace desktop {
 
@@ -33,7 +34,7 @@ void UnsavedCodeKeeper::Offer() try {
     if (pane_.BringBack(*left)) copies_.RemoveLeft();
     return;
   }
-  CodePane::ToClipboard(left->text);
+  wx::ToClipboard(left->text);
   messages_.Fail(parts_.texts.Text(TextNumber::kTextModuleGone, {{"<File>", left->module}}), "");
 } catch (const files::Error& error) {
   messages_.Status(parts_.texts.Text(TextNumber::kTextNoUnsavedCopy,

@@ -17,7 +17,6 @@ using studio::TextNumber;
 
 constexpr int kMinPane = 120;  // pixels at 100 %
 constexpr double kUpperShare = 0.55;
-constexpr std::int32_t kRefreshView = 162;
 constexpr long kSplitterStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
 
 wxSplitterWindow* MakeSplitter(wxWindow* parent) {
@@ -29,8 +28,8 @@ wxSplitterWindow* MakeSplitter(wxWindow* parent) {
 WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place)
     : frame_(frame),
       place_(place),
-      notice_(new NoticeBar(&frame, wx::ToWx(texts.Text(kRefreshView)),
-                            wx::ToWx(texts.Text(TextNumber::kTextLater)))),
+      notices_(new NoticeBar(&frame, wx::ToWx(texts.Text(TextNumber::kTextLater)))),
+      places_(new PlaceList(&frame, texts)),
       columns_(MakeSplitter(&frame)),
       tree_(new ProjectTree(columns_, wx::ToWx(texts.Text(TextNumber::kTextTreeName)))),
       rows_(MakeSplitter(columns_)),
@@ -50,10 +49,20 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   rows_->SplitHorizontally(upper_, code_, -frame.FromDIP(place.code_height));
   columns_->SplitVertically(tree_, rows_, frame.FromDIP(place.tree_width));
   auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(notice_, wxSizerFlags().Expand());
   all->Add(columns_, wxSizerFlags(1).Expand());
   all->Add(search_, wxSizerFlags().Expand());
+  all->Add(places_, wxSizerFlags().Expand());
+  all->Add(notices_, wxSizerFlags().Expand());
   frame.SetSizer(all);
+  notices_->on_height = places_->on_height = [this] { Arrange(); };
+}
+
+void WindowPanes::Arrange() {
+  const int table = rows_->GetSashPosition();
+  rows_->SetSashGravity(0);
+  frame_.Layout();
+  rows_->SetSashGravity(kUpperShare);
+  rows_->SetSashPosition(table);
 }
 
 void WindowPanes::ShowEditor(bool shown) {

@@ -6,6 +6,7 @@
 #include "desktop/code_pane.h"
 #include "desktop/desktop_state.h"
 #include "desktop/notice_bar.h"
+#include "desktop/place_list.h"
 #include "desktop/project_tree.h"
 #include "desktop/search_pane.h"
 #include "desktop/welcome.h"
@@ -15,13 +16,14 @@ class wxSplitterWindow;
 namespace desktop {
 
 // What fills the main window: the tree at the left, at the right the editor (or the welcome while
-// no project is open) over the code, a notice above all of it, what was found in code below.
+// no project is open) over the code, below all of it what was found in code, places and notices.
 class WindowPanes {
  public:
   // The frame owns the panes; it and the rest outlive this object.
   WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place);
 
-  NoticeBar& notice() const { return *notice_; }  // that another program changed the database
+  NoticeBar& notices() const { return *notices_; }
+  PlaceList& places() const { return *places_; }
   ProjectTree& tree() const { return *tree_; }
   wxPanel& editor_host() const { return *editor_host_; }
   Welcome& welcome() const { return *welcome_; }
@@ -38,7 +40,11 @@ class WindowPanes {
  private:
   wxFrame& frame_;
   DesktopState::Place& place_;
-  NoticeBar* notice_;
+  // Lays the window out anew: what stands above stays where it is, the code gives the room.
+  void Arrange();
+
+  NoticeBar* notices_;
+  PlaceList* places_;
   wxSplitterWindow* columns_;
   ProjectTree* tree_;
   wxSplitterWindow* rows_;

@@ -3,7 +3,6 @@
 
 #include <string_view>
 
-#include "dialogs/outcome.h"
 #include "store/operation_texts.h"
 
 namespace dialogs {
@@ -18,11 +17,9 @@ std::optional<FieldRefusal> RefuseAlias(const DialogContext& context,
                                         const store::AliasValues& values, std::int32_t alias_id) {
   const store::OperationResult check = context.operations.CheckAlias(values, alias_id);
   if (check.success()) return std::nullopt;
-  const auto field =
-      IsBlank(values.item_id) ? FieldRefusal::Field::kItem : FieldRefusal::Field::kAlias;
-  if (check.message.number() != store::kTextAliasTaken)
-    return FieldRefusal{check.message, check.detail, field};
-  return FieldRefusal{messages::Message({store::kTextAliasMalformed}), Explanation(check), field};
+  const bool item = check.message.number() == store::kTextItemMalformed || IsBlank(values.item_id);
+  return FieldRefusal{check.message, check.detail,
+                      item ? FieldRefusal::Field::kItem : FieldRefusal::Field::kAlias};
 }
 
 }  // namespace dialogs

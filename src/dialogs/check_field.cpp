@@ -3,8 +3,9 @@
 
 namespace dialogs {
 
-std::string CCheckField::Filter(std::string_view text, bool beep) {
+std::string CCheckField::Filter(std::string_view text, bool report, bool beep) {
   FilteredText filtered = FilterField(text, flags_, option_);
+  if (report && on_report && filtered.rejected > 0) on_report(std::to_string(filtered.rejected));
   if (beep && filtered.rejected > 0) toolkit_.Beep();
   return std::move(filtered.text);
 }
@@ -14,7 +15,7 @@ void CCheckField::InitializeTextBox(forms::TextBox& text_box, std::int32_t optio
   option_ = option;
   flags_ = flags;
   subscription_ = text_box.Observe([this, &text_box](forms::Property property) {
-    if (property == forms::Property::kText) text_box.SetText(Filter(text_box.Text(), true));
+    if (property == forms::Property::kText) text_box.SetText(Filter(text_box.Text(), true, true));
   });
 }
 
@@ -26,7 +27,7 @@ void CCheckField::InitializeGridColumn(forms::Grid& grid, std::size_t column, st
     const bool typing = property == forms::Property::kEditValue && grid.EditActive();
     if (!typing || grid.CurrentColumn() != column || !grid.EditValue().IsText()) return;
     const std::string text = grid.EditValue().ToText();
-    std::string filtered = Filter(text, true);
+    std::string filtered = Filter(text, true, true);
     if (filtered != text) grid.SetEditValue(filtered);
   });
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,8 +27,11 @@ class CCheckField {
   void InitializeGridColumn(forms::Grid& grid, std::size_t column, std::int32_t option,
                             std::int32_t flags);
 
+  // Hears how many characters were left out; nobody does at first.
+  std::function<void(const std::string& rejected)> on_report;
+
  private:
-  std::string Filter(std::string_view text, bool beep);
+  std::string Filter(std::string_view text, bool report, bool beep);
 
   platform::Toolkit& toolkit_;
   std::int32_t option_ = 0;

@@ -18,6 +18,11 @@
 
 namespace dialogs {
 
+// What the user chose the last time.
+struct Choices {
+  bool move_with_code = false;  // a formula that goes to another class takes its code along
+};
+
 // What the dialogs work with: all of it belongs to whoever opens them and outlives them.
 struct DialogContext {
   platform::Toolkit& toolkit;
@@ -29,6 +34,7 @@ struct DialogContext {
   platform::AddIn* studio = nullptr;
   platform::Help* help = nullptr;
   forms::Form* owner = nullptr;
+  std::shared_ptr<Choices> choices = std::make_shared<Choices>();
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }
   // Warnings of an operation go to the studio's status line.

@@ -44,6 +44,17 @@ void DialogForm::Confirm() {
   Hide();
 }
 
+void DialogForm::Refuse(forms::Control& field, std::string_view prompt, std::string_view detail) {
+  field.SetInvalid(true);
+  context_.messages.Warn(prompt, detail);
+  field.SetFocus();
+}
+
+void DialogForm::ShowHint(forms::Label& hint, std::string_view text) {
+  hint.SetCaption(text);
+  hint.SetVisible(!text.empty());
+}
+
 void DialogForm::Dismiss() {
   cancelled_ = true;
   Hide();

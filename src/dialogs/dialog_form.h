@@ -36,6 +36,10 @@ class DialogForm : public forms::Form {
   // What OK does; the default confirms.
   virtual void Accept() { Confirm(); }
   void Confirm();
+  // Says why a field cannot be stored as it is, marks it and gives it the keyboard.
+  void Refuse(forms::Control& field, std::string_view prompt, std::string_view detail);
+  // An explanation below a field; "" for none.
+  static void ShowHint(forms::Label& hint, std::string_view text);
 
   const DialogContext& context() const { return context_; }
   std::string Text(std::int32_t number) const { return context_.Text(number); }

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::int32_t kDataType = 1607;
 constexpr std::int32_t kChooseItemTip = 1608;
+constexpr const char* kAnyItem = "Item";  // where only the alias is judged
 
 bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string::npos; }
 
@@ -41,23 +42,44 @@ void FAlias::Load(const store::AliasValues& values) {
 }
 
 void FAlias::OnItem() {
-  const std::string type = context().items.GetDataType(txtItemname.Text());
-  lblItemHint.SetCaption(context().texts.Text(kDataType, {{"<Type>", type}}));
-  lblItemHint.SetVisible(!IsBlank(txtItemname.Text()));
+  const std::string& item = txtItemname.Text();
+  std::string hint;
+  bool invalid = false;
+  if (!IsBlank(item)) {
+    const auto refusal = RefuseAlias(context(), Values(), alias_id_);
+    invalid = refusal && refusal->field == FieldRefusal::Field::kItem;
+    hint = invalid
+               ? context().texts.Sentence(refusal->prompt)
+               : context().texts.Text(kDataType, {{"<Type>", context().items.GetDataType(item)}});
+  }
+  ShowHint(lblItemHint, hint);
+  txtItemname.SetInvalid(invalid);
+  if (alias_id_ == 0 && txtVBAlias.Text() == proposed_) Propose();
+}
+
+// Follows the item until the user writes an alias of their own.
+void FAlias::Propose() try {
+  const std::string& item = txtItemname.Text();
+  proposed_ = IsBlank(item) ? "" : context().operations.ProposeAlias(item, alias_id_);
+  txtVBAlias.SetText(proposed_);
+} catch (const platform::Error& error) {
+  context().messages.Warn(error);
 }
 
 void FAlias::OnAlias() {
   const std::string& text = txtVBAlias.Text();
   std::string hint;
+  bool invalid = false;
   if (!IsBlank(text)) {
-    const store::AliasValues values{txtItemname.Text().empty() ? text : txtItemname.Text(), text};
-    const store::OperationResult check = context().operations.CheckAlias(values, alias_id_);
+    const store::OperationResult check =
+        context().operations.CheckAlias({kAnyItem, text}, alias_id_);
     messages::Message said = check.detail.empty() ? check.message : check.detail;
     if (said.empty() && !check.warnings.empty()) said = check.warnings.front();
     hint = context().texts.Sentence(said);
+    invalid = !check.success();
   }
-  lblVBAliasHint.SetVisible(!hint.empty());
-  lblVBAliasHint.SetCaption(hint);
+  ShowHint(lblVBAliasHint, hint);
+  txtVBAlias.SetInvalid(invalid);
 }
 
 void FAlias::OnChooseItem() {
@@ -65,11 +87,7 @@ void FAlias::OnChooseItem() {
   const auto item = context().studio->ChooseItem(txtItemname.Text());
   if (!item || IsBlank(*item)) return;
   txtItemname.SetText(*item);
-  try {
-    txtVBAlias.SetText(context().operations.ProposeAlias(*item, alias_id_));
-  } catch (const platform::Error& error) {
-    context().messages.Warn(error);
-  }
+  Propose();
 }
 
 void FAlias::Accept() {
@@ -79,8 +97,8 @@ void FAlias::Accept() {
     return;
   }
   const texts::TextTable& texts = context().texts;
-  context().messages.Warn(texts.Sentence(refusal->prompt), texts.Sentence(refusal->detail));
-  (refusal->field == FieldRefusal::Field::kItem ? txtItemname : txtVBAlias).SetFocus();
+  Refuse(refusal->field == FieldRefusal::Field::kItem ? txtItemname : txtVBAlias,
+         texts.Sentence(refusal->prompt), texts.Sentence(refusal->detail));
 }
 
 }  // namespace dialogs

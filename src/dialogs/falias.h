@@ -35,8 +35,10 @@ class FAlias : public DialogForm {
   void OnItem();
   void OnAlias();
   void OnChooseItem();
+  void Propose();
 
   std::int32_t alias_id_;
+  std::string proposed_;  // the alias that was filled in last
 };
 
 }  // namespace dialogs

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "forms/list_search.h"
+
 namespace dialogs {
 
 namespace {
@@ -36,6 +38,7 @@ FChooseAlias::FChooseAlias(const DialogContext& context)
   WireButtons(cmdOk, cmdCancel, cmdHelp);
   lvwAlias.on_current_row = [this] { cmdOk.SetEnabled(lvwAlias.CurrentId().has_value()); };
   lvwAlias.on_double_click = [this] { Accept(); };
+  lvwAlias.on_key_down = [this](forms::KeyEvent& event) { forms::FindBy(txtSearch, event); };
   txtSearch.on_change = [this] { OnSearch(); };
   txtSearch.on_key_down = [this](forms::KeyEvent& event) { OnSearchKey(event); };
 }

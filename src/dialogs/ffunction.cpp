@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/ffunction.h"
 
+#include "platform/text.h"
+
 namespace dialogs {
 
 namespace {
@@ -9,11 +11,12 @@ constexpr std::int32_t kClassNotOpen = 1600;
 constexpr std::int32_t kNoClasses = 1601;
 constexpr std::int32_t kChooseClass = 1602;
 constexpr std::int32_t kScanTimeUse = 1606;
+constexpr std::int32_t kCodeStays = 1653;
 
 }  // namespace
 
 FFunction::FFunction(const DialogContext& context)
-    : DialogForm("FFunction", context, kFormulaHelpTopic), scan_time_check_(context.toolkit) {
+    : DialogForm("FFunction", context, kFormulaHelpTopic) {
   SetTag("C301");
   lblName.SetTag("C302");
   lblProgID.SetTag("C303");
@@ -21,10 +24,13 @@ FFunction::FFunction(const DialogContext& context)
   lblScanTime.SetTag("C305");
   lblComment.SetTag("C306");
   chkEnabled.SetTag("C307");
-  lblNameHint.SetHint(true);
-  lblNameHint.SetVisible(false);
-  lblProgIDHint.SetHint(true);
-  lblProgIDHint.SetVisible(false);
+  chkWithCode.SetTag("C1652");
+  chkWithCode.SetVisible(false);
+  chkWithCode.SetChecked(context.choices->move_with_code);
+  for (forms::Label* hint : {&lblNameHint, &lblProgIDHint, &lblWithCodeHint, &lblScanTimeHint}) {
+    hint->SetHint(true);
+    hint->SetVisible(false);
+  }
   txtName.SetLayout({.min_chars = 40});
   cmbProgID.SetLayout({.min_chars = 40});
   cmbType.SetLayout({.min_chars = 24});
@@ -36,17 +42,10 @@ FFunction::FFunction(const DialogContext& context)
   cmdOk.SetEnabled(false);
   SetResizable(true);
   WireButtons(cmdOk, cmdCancel, cmdHelp);
-  scan_time_check_.InitializeTextBox(txtScanTime, 0,
-                                     static_cast<std::int32_t>(FieldKind::kNoLetters));
   cmbProgID.on_click = [this] { OnClass(); };
   cmbType.on_click = [this] { OnType(); };
-  txtName.on_change = [this] {
-    const store::OperationResult check =
-        this->context().operations.CheckFormulaName(txtName.Text());
-    lblNameHint.SetCaption(
-        this->context().texts.Sentence(check.detail.empty() ? check.message : check.detail));
-    lblNameHint.SetVisible(!check.success() && !txtName.Text().empty());
-  };
+  txtName.on_change = [this] { OnName(); };
+  txtScanTime.on_change = [this] { OnScanTime(); };
 }
 
 void FFunction::SetClasses(const store::ClassList& classes) {
@@ -60,6 +59,16 @@ void FFunction::SetClasses(const store::ClassList& classes) {
   ShowClassHint({});
 }
 
+void FFunction::Load(const store::FormulaRecord& record) {
+  stored_ = record;
+  txtName.SetText(record.name);
+  ChooseClass(record.prog_id);
+  cmbType.SetListIndex(cmbType.FindData(record.type));
+  txtScanTime.SetText(std::to_string(record.scan_time));
+  txtComment.SetText(record.comment);
+  chkEnabled.SetChecked(record.enabled);
+}
+
 void FFunction::ChooseClass(std::string_view prog_id) {
   cmbProgID.SetListIndex(cmbProgID.FindText(prog_id));
   ShowClassHint(cmbProgID.ListIndex() < 0 ? prog_id : std::string_view());
@@ -68,13 +77,57 @@ void FFunction::ChooseClass(std::string_view prog_id) {
 void FFunction::OnClass() {
   cmdOk.SetEnabled(cmbProgID.ListIndex() != -1);
   ShowClassHint({});
+  const bool moves = Moves();
+  chkWithCode.SetVisible(moves);
+  ShowHint(lblWithCodeHint,
+           moves ? context().texts.Text(kCodeStays, {{"<Class>", stored_->prog_id}}) : "");
+}
+
+bool FFunction::Moves() const {
+  return stored_ && cmbProgID.ListIndex() != -1 && cmbProgID.FindText(stored_->prog_id) != -1 &&
+         !platform::EqualsIgnoringCase(cmbProgID.Text(), stored_->prog_id);
+}
+
+void FFunction::OnName() {
+  const store::OperationResult check = context().operations.CheckFormulaName(txtName.Text());
+  const bool changed = !stored_ || txtName.Text() != stored_->name;
+  const bool invalid = changed && !check.success() && !txtName.Text().empty();
+  ShowHint(lblNameHint,
+           invalid ? context().texts.Sentence(check.detail.empty() ? check.message : check.detail)
+                   : std::string());
+  txtName.SetInvalid(invalid);
+}
+
+bool FFunction::Asynchronous() const {
+  return cmbType.ListIndex() != -1 && cmbType.ItemData(cmbType.ListIndex()) == store::kAsynchronous;
 }
 
 void FFunction::OnType() {
   if (cmbType.ListIndex() == -1) return;
-  const bool asynchronous = cmbType.ItemData(cmbType.ListIndex()) == store::kAsynchronous;
-  txtScanTime.SetEnabled(asynchronous);
-  lblScanTime.SetEnabled(asynchronous);
+  txtScanTime.SetEnabled(Asynchronous());
+  lblScanTime.SetEnabled(Asynchronous());
+  OnScanTime();
+}
+
+std::string FFunction::ScanTimeProblem() const {
+  const std::string& text = txtScanTime.Text();
+  if (!Asynchronous() || (stored_ && text == std::to_string(stored_->scan_time))) return {};
+  return context().texts.Sentence(context().operations.CheckScanTime(text).message);
+}
+
+void FFunction::OnScanTime() {
+  const std::string problem = txtScanTime.Text().empty() ? std::string() : ScanTimeProblem();
+  ShowHint(lblScanTimeHint, problem);
+  txtScanTime.SetInvalid(!problem.empty());
+}
+
+void FFunction::Accept() {
+  const std::string problem = ScanTimeProblem();
+  if (problem.empty()) {
+    Confirm();
+  } else {
+    Refuse(txtScanTime, problem, {});
+  }
 }
 
 void FFunction::ShowClassHint(std::string_view missing_class) {
@@ -83,9 +136,10 @@ void FFunction::ShowClassHint(std::string_view missing_class) {
     hint = context().texts.Text(kClassNotOpen, {{"<Class>", missing_class}});
   } else if (cmbProgID.ListCount() == 0) {
     hint = Text(kNoClasses);
+  } else if (cmbProgID.ListIndex() == -1) {
+    hint = Text(kChooseClass);
   }
-  lblProgIDHint.SetVisible(!hint.empty());
-  lblProgIDHint.SetCaption(hint);
+  ShowHint(lblProgIDHint, hint);
 }
 
 }  // namespace dialogs

@@ -3,7 +3,6 @@
 
 #include <optional>
 
-#include "dialogs/check_field.h"
 #include "dialogs/dialog_form.h"
 #include "forms/combo_box.h"
 #include "store/formula_records.h"
@@ -18,8 +17,12 @@ class FFunction : public DialogForm {
 
   // Fills the class list; texts of the warnings explain classes that cannot be used as they are.
   void SetClasses(const store::ClassList& classes);
+  // Shows a formula that is stored. Its class may not be in the list: it is named beside it.
+  void Load(const store::FormulaRecord& record);
   // Chooses the class; one that is not in the list is named beside it.
   void ChooseClass(std::string_view prog_id);
+  // Whether another class than the one that was shown first is chosen, and the code can follow.
+  bool Moves() const;
 
   forms::Frame fraFunction{this, "fraFunction"};
   forms::Label lblName{&fraFunction, "lblName"};
@@ -28,10 +31,13 @@ class FFunction : public DialogForm {
   forms::Label lblProgID{&fraFunction, "lblProgID"};
   forms::ComboBox cmbProgID{&fraFunction, "cmbProgID"};
   forms::Label lblProgIDHint{&fraFunction, "lblProgIDHint"};
+  forms::CheckBox chkWithCode{&fraFunction, "chkWithCode"};
+  forms::Label lblWithCodeHint{&fraFunction, "lblWithCodeHint"};
   forms::Label lblType{&fraFunction, "lblType"};
   forms::ComboBox cmbType{&fraFunction, "cmbType"};
   forms::Label lblScanTime{&fraFunction, "lblScanTime"};
   forms::TextBox txtScanTime{&fraFunction, "txtScanTime"};
+  forms::Label lblScanTimeHint{&fraFunction, "lblScanTimeHint"};
   forms::Label lblComment{&fraFunction, "lblComment"};
   forms::TextBox txtComment{&fraFunction, "txtComment"};
   forms::CheckBox chkEnabled{&fraFunction, "chkEnabled"};
@@ -39,12 +45,20 @@ class FFunction : public DialogForm {
   forms::Button cmdCancel{this, "cmdCancel"};
   forms::Button cmdHelp{this, "cmdHelp"};
 
+ protected:
+  void Accept() override;
+
  private:
+  void OnName();
   void OnClass();
   void OnType();
+  void OnScanTime();
+  bool Asynchronous() const;
+  // What keeps the scan time from being stored; it is judged where it is used and was changed.
+  std::string ScanTimeProblem() const;
   void ShowClassHint(std::string_view missing_class);
 
-  CCheckField scan_time_check_;
+  std::optional<store::FormulaRecord> stored_;  // as it was shown first
   std::string class_warnings_;
 };
 

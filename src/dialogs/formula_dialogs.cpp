@@ -37,12 +37,7 @@ bool PrepareFormulaDialog(FFunction& dialog, const DialogContext& context) {
 bool LoadFormulaIntoDialog(FFunction& dialog, const DialogContext& context,
                            const store::FormulaRecord& record) {
   if (!PrepareFormulaDialog(dialog, context)) return false;
-  dialog.txtName.SetText(record.name);
-  dialog.ChooseClass(record.prog_id);
-  dialog.cmbType.SetListIndex(dialog.cmbType.FindData(record.type));
-  dialog.txtScanTime.SetText(std::to_string(record.scan_time));
-  dialog.txtComment.SetText(record.comment);
-  dialog.chkEnabled.SetChecked(record.enabled);
+  dialog.Load(record);
   return true;
 }
 
@@ -53,7 +48,7 @@ store::FormulaValues SaveFormulaFromDialog(const FFunction& dialog,
   values.prog_id = dialog.cmbProgID.Text();
   const std::int32_t type = dialog.cmbType.ListIndex();
   values.type = type < 0 ? before.type : dialog.cmbType.ItemData(type);
-  values.scan_time = platform::Variant(platform::Val(dialog.txtScanTime.Text())).ToLong();
+  values.scan_time = store::ParseScanTime(dialog.txtScanTime.Text()).value_or(before.scan_time);
   values.enabled = dialog.chkEnabled.Checked();
   values.comment = dialog.txtComment.Text();
   return values;
@@ -65,6 +60,7 @@ AddedFormula AddFormula(const DialogContext& context) {
     WarnInitialisation(context);
     return {};
   }
+  if (dialog.cmbProgID.ListCount() == 1) dialog.cmbProgID.SetListIndex(0);
   while (dialog.Run()) {
     const store::FormulaValues values = SaveFormulaFromDialog(dialog, {});
     const store::OperationResult result =
@@ -91,8 +87,11 @@ bool EditFormula(const DialogContext& context, std::int32_t formula_id) {
   }
   while (dialog.Run()) {
     const store::FormulaValues values = SaveFormulaFromDialog(dialog, *record);
-    const store::OperationResult result =
-        RunOperation(context, [&] { return context.operations.EditFormula(formula_id, values); });
+    store::EditFormulaOptions options;
+    options.with_code = dialog.Moves() && dialog.chkWithCode.Checked();
+    if (dialog.Moves()) context.choices->move_with_code = options.with_code;
+    const store::OperationResult result = RunOperation(
+        context, [&] { return context.operations.EditFormula(formula_id, values, options); });
     if (result.success()) return true;
     WarnFailure(context, result, kStorageFailed);
   }

@@ -54,14 +54,13 @@ void FParameter::OnAlias() {
   cmdOk.SetEnabled(index != -1);
   if (index != -1) {
     const auto records = context().aliases->Records(static_cast<std::size_t>(index), 1);
-    lblVBAliasHint.SetCaption(
-        records.empty()
-            ? std::string()
-            : context().texts.Text(kItemOfAlias, {{"<Item>", records.front().item_id}}));
+    ShowHint(lblVBAliasHint,
+             records.empty()
+                 ? std::string()
+                 : context().texts.Text(kItemOfAlias, {{"<Item>", records.front().item_id}}));
   } else {
-    lblVBAliasHint.SetCaption(cmbVBAlias.ListCount() == 0 ? Text(kNoAliases) : std::string());
+    ShowHint(lblVBAliasHint, Text(cmbVBAlias.ListCount() == 0 ? kNoAliases : kChooseAlias));
   }
-  lblVBAliasHint.SetVisible(!lblVBAliasHint.Caption().empty());
 }
 
 }  // namespace dialogs

@@ -29,7 +29,7 @@ store::OperationResult RunListOperation(
 void WarnFailure(const DialogContext& context, const store::OperationResult& result,
                  std::int32_t text) {
   if (result.outcome == store::Outcome::kCancelled) {
-    if (context.studio) context.studio->ShowWarnings({context.texts.Sentence(result.message)});
+    if (context.studio) context.studio->ShowWarnings({{context.texts.Sentence(result.message)}});
     return;
   }
   const auto sentence = [&](const messages::Message& message) {

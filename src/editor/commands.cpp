@@ -26,12 +26,19 @@ constexpr std::int32_t kArgumentsDetail = 1616;
 constexpr std::int32_t kAliasesDetail = 1617;
 constexpr std::int32_t kInUseDetail = 1618;
 constexpr std::int32_t kReportRemedy = 1628;
-constexpr std::int32_t kManyInUse = 1635;
+constexpr std::int32_t kMoreInUse = 1635;
+constexpr std::int32_t kDeleteThereFirst = 1636;
+constexpr std::int32_t kOneArgumentDeleted = 1637;  // the next text is of several
+constexpr std::int32_t kOneAliasDeleted = 1655;
+constexpr std::int32_t kNoArgument = 1620;
+constexpr std::int32_t kNotText = 1663;
+constexpr std::int32_t kNothingToPaste = 1664;
+constexpr std::int32_t kOneValueOnly = 1665;
 constexpr std::int32_t kDeletingArguments = 1646;
 constexpr std::int32_t kDeletingAliases = 1649;
 
-// Messages of one kind that follow one another.
-constexpr std::size_t kMessagesShown = 10;
+// Aliases that a message names with their uses.
+constexpr std::size_t kUsesShown = 10;
 
 // German in every language, on purpose.
 constexpr const char* kAliasInUse =
@@ -100,6 +107,16 @@ void Commands::mnuAlias(std::int16_t action) {
   if (action == kDelete) DeleteAliases();
 }
 
+void Commands::mnuGrid(std::int16_t action) {
+  forms::Grid& grid = KeyKind(view_.CurrentKey()) == kAliasKind ? aliases_ : arguments_;
+  if (!grid.CurrentId()) return Say(grid.EmptyText());
+  if (action == kEditCell) EditCell(grid);
+  if (action == kPasteCell) PasteCell(grid);
+  if (action == kCopyRows) {
+    context_.services.toolkit.SetClipboardText(grid.SelectedText(grid.ShownColumns()));
+  }
+}
+
 void Commands::mnuExtra(std::int16_t action) {
   if (action == kRefresh) context_.host.RebuildViews();
   if (action == kStatistics) ShowStatistics();
@@ -110,6 +127,15 @@ void Commands::mnuExtra(std::int16_t action) {
 bool Commands::Confirmed(std::int32_t question, const std::string& detail) {
   return !context_.SettingIsOn("RequestOnDelete") ||
          context_.messages.Ask(context_.Text(question), detail);
+}
+
+void Commands::Say(const std::string& text) const {
+  if (!text.empty()) context_.studio->ShowWarnings({{text}});
+}
+
+std::string Commands::Deleted(std::int32_t text_of_one, std::size_t count) const {
+  if (count == 1) return context_.Text(text_of_one);
+  return context_.texts.Text(text_of_one + 1, {{"<Count>", std::to_string(count)}});
 }
 
 // --- Formulas ---
@@ -126,7 +152,9 @@ void Commands::NewFormula() {
 }
 
 void Commands::EditFormula(std::int32_t id) {
-  if (!dialogs::EditFormula(context_.dialog_context, id)) return;
+  const bool changed = dialogs::EditFormula(context_.dialog_context, id);
+  context_.KeepChoices();
+  if (!changed) return;
   const auto record = context_.operations.FindFormula(id);
   if (!record) return;
   const std::string key = FormulaKey(id);
@@ -187,6 +215,7 @@ void Commands::NewArgument() {
 }
 
 void Commands::EditArgument() {
+  if (!arguments_.CurrentId()) return Say(context_.Text(kNoArgument));
   if (dialogs::EditArgument(context_.dialog_context, CurrentIdOf(arguments_))) view_.Reload();
 }
 
@@ -207,6 +236,7 @@ void Commands::DeleteArguments() {
       [&](const auto& options) { return operations.DeleteArguments(ids, options); });
   if (!result.success()) dialogs::WarnFailure(context_.dialog_context, result);
   view_.Reload();
+  if (result.success()) Say(Deleted(kOneArgumentDeleted, ids.size()));
 }
 
 // --- Aliases ---
@@ -236,13 +266,17 @@ void Commands::DeleteAliases() {
   if (!Confirmed(kAskAliases, detail)) return;
   const std::optional<AliasUses> uses = FindUses(selected);
   if (!uses) return;
-  WarnOfUses(uses->used);
-  if (uses->unused.empty()) return;
-  const store::OperationResult result = dialogs::RunListOperation(
-      context_.dialog_context, kDeletingAliases,
-      [&](const auto& options) { return operations.DeleteAliases(uses->unused, options); });
-  if (!result.success()) dialogs::WarnFailure(context_.dialog_context, result);
-  view_.Reload();
+  std::string done;
+  if (!uses->unused.empty()) {
+    const store::OperationResult result = dialogs::RunListOperation(
+        context_.dialog_context, kDeletingAliases,
+        [&](const auto& options) { return operations.DeleteAliases(uses->unused, options); });
+    view_.Reload();
+    if (!result.success()) return dialogs::WarnFailure(context_.dialog_context, result);
+    done = Deleted(kOneAliasDeleted, uses->unused.size());
+  }
+  if (uses->used.empty()) return Say(done);
+  context_.messages.Warn(kAliasInUse, DescribeUses(uses->used) + (done.empty() ? "" : "\n" + done));
 }
 
 std::optional<Commands::AliasUses> Commands::FindUses(const std::vector<std::int32_t>& aliases) {
@@ -262,27 +296,43 @@ std::optional<Commands::AliasUses> Commands::FindUses(const std::vector<std::int
   return uses;
 }
 
-// One message for each alias; one for all of them where that would be a flood.
-void Commands::WarnOfUses(const std::vector<AliasUse>& used) {
-  const auto name_of = [this](const AliasUse& use) {
-    const auto alias = context_.operations.FindAlias(use.first);
-    return alias ? alias->vb_alias : std::string();
-  };
-  if (used.size() > kMessagesShown) {
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < kNamesShown; ++i) names.push_back(name_of(used[i]));
-    context_.messages.Warn(
-        kAliasInUse, context_.texts.Text(kManyInUse, {{"<Names>", NameList(names, used.size())}}));
-    return;
-  }
-  for (const AliasUse& use : used) {
+// A line for each alias, and the remedy.
+std::string Commands::DescribeUses(const std::vector<AliasUse>& used) {
+  std::string text;
+  for (std::size_t i = 0; i < std::min(used.size(), kUsesShown); ++i) {
+    const auto alias = context_.operations.FindAlias(used[i].first);
     std::vector<std::string> users;
-    for (const store::FormulaRecord& formula : use.second)
+    for (const store::FormulaRecord& formula : used[i].second) {
       users.push_back(formula.prog_id + "." + formula.name);
-    context_.messages.Warn(
-        kAliasInUse, context_.texts.Text(kInUseDetail,
-                                         {{"<Name>", name_of(use)}, {"<Names>", NameList(users)}}));
+    }
+    text += context_.texts.Text(kInUseDetail, {{"<Name>", alias ? alias->vb_alias : ""},
+                                               {"<Names>", NameList(users)}}) +
+            "\n";
   }
+  if (used.size() > kUsesShown) {
+    text +=
+        context_.texts.Text(kMoreInUse, {{"<Count>", std::to_string(used.size() - kUsesShown)}}) +
+        "\n";
+  }
+  return text + context_.Text(kDeleteThereFirst);
+}
+
+// --- Cells ---
+
+void Commands::EditCell(forms::Grid& grid) {
+  if (grid.ColumnAt(grid.CurrentColumn()).Kind() == forms::ColumnKind::kCheckBox)
+    return Say(context_.Text(kNotText));
+  grid.BeginEdit(grid.CurrentColumn());
+}
+
+void Commands::PasteCell(forms::Grid& grid) {
+  std::string text = context_.services.toolkit.ClipboardText();
+  while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
+  if (text.empty()) return Say(context_.Text(kNothingToPaste));
+  if (text.find_first_of("\t\n") != std::string::npos) return Say(context_.Text(kOneValueOnly));
+  if (grid.ColumnAt(grid.CurrentColumn()).Kind() == forms::ColumnKind::kCheckBox)
+    return Say(context_.Text(kNotText));
+  grid.EditCell(grid.CurrentColumn(), platform::Variant(text));
 }
 
 // --- Extras ---

@@ -18,6 +18,7 @@ namespace editor {
 
 // Actions of the commands of formulas (all), arguments and aliases.
 enum Action : std::int16_t { kNew = 0, kEdit = 1, kDelete = 2, kShowCode = 3 };
+enum GridAction : std::int16_t { kEditCell = 0, kCopyRows = 1, kPasteCell = 2 };
 enum ExtraAction : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, kReport = 7 };
 
 // The commands behind the tools. Formula commands concern the node of the tree's context, argument
@@ -39,6 +40,8 @@ class Commands {
   void mnuFunction(std::int16_t action);
   void mnuParameter(std::int16_t action);
   void mnuAlias(std::int16_t action);
+  // Cells and rows of the grid that is shown.
+  void mnuGrid(std::int16_t action);
   void mnuExtra(std::int16_t action);
 
  private:
@@ -60,7 +63,12 @@ class Commands {
   void DeleteAliases();
   // Nothing when the user stopped the look.
   std::optional<AliasUses> FindUses(const std::vector<std::int32_t>& aliases);
-  void WarnOfUses(const std::vector<AliasUse>& used);
+  std::string DescribeUses(const std::vector<AliasUse>& used);
+  void EditCell(forms::Grid& grid);
+  void PasteCell(forms::Grid& grid);
+  // In the studio's status line.
+  void Say(const std::string& text) const;
+  std::string Deleted(std::int32_t text_of_one, std::size_t count) const;
   void ShowStatistics();
   void ShowReport();
   bool Confirmed(std::int32_t question, const std::string& detail);

@@ -4,8 +4,15 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "platform/text.h"
 
 namespace editor {
+
+namespace {
+
+constexpr std::string_view kMoveWithCode = "MoveWithCode";  // entry of the settings file
+
+}  // namespace
 
 EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
                              const texts::TextTable& its_texts, dialogs::MessageBoxes& its_messages,
@@ -25,6 +32,7 @@ EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
           services.toolkit, texts,          messages, operations, rows.AliasesByName(), items,
           studio.get(),     &services.help, &owner} {
   code.Initialize(project.connection, project.vbe, project.name);
+  dialog_context.choices->move_with_code = KeptMoveWithCode();
 }
 
 forms::TextLookup EditorContext::Lookup() const {
@@ -43,6 +51,19 @@ std::string EditorContext::SettingsFile() const {
   const std::size_t end = path.find_last_of(path.starts_with('/') ? "/" : "\\/");
   const std::string folder = end == std::string::npos ? std::string() : path.substr(0, end + 1);
   return folder + std::string(settings::kSettingsFile);
+}
+
+bool EditorContext::KeptMoveWithCode() const {
+  const std::string kept =
+      services.settings.ReadIni(SettingsFile(), settings::kEditorSettings, kMoveWithCode, "");
+  return kept.empty() ? services.moves_take_code : platform::EqualsIgnoringCase(kept, "True");
+}
+
+void EditorContext::KeepChoices() {
+  const bool chosen = dialog_context.choices->move_with_code;
+  if (chosen == KeptMoveWithCode()) return;
+  services.settings.WriteIni(SettingsFile(), settings::kEditorSettings, kMoveWithCode,
+                             chosen ? "True" : "False");
 }
 
 void EditorContext::ReadArguments(std::string_view key) {

@@ -59,10 +59,13 @@ class EditorContext : private codegen::CodeWindowCaller {
   std::string SettingsFile() const;
   // Reads the arguments of the node's formula without touching the grid. Says why when it cannot.
   void ReadArguments(std::string_view key);
+  // What the user chose in a dialog is kept in the settings file for the next time.
+  void KeepChoices();
   // Shows the procedure in the code window. False when there is none.
   bool ShowFunction(std::string_view prog_id, std::string_view name);
 
  private:
+  bool KeptMoveWithCode() const;
   void BringCodeWindowForward() override { studio->ShowCodeWindow(); }
 };
 

@@ -24,6 +24,7 @@ struct Services {
   platform::OVItems* items = nullptr;
   platform::ComponentList* components = nullptr;
   platform::HostWindow* host_window = nullptr;
+  bool moves_take_code = false;  // of formulas to another class, until the user chooses otherwise
 };
 
 // What the editor window asks of the add-in that owns it.

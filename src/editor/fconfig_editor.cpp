@@ -10,6 +10,7 @@ namespace editor {
 namespace {
 
 // German in every language, on purpose.
+constexpr const char* kInitialisationFailed = "Initialisierung Konfigurationsdialog fehlgegangen";
 constexpr const char* kStorageFailed = "Zurückschreiben von Konfigurationsdialog fehlgegangen";
 constexpr std::int32_t kSettingsNotWritten = 1627;
 
@@ -89,7 +90,12 @@ bool StoreOptions(frmtabgrid& window, const FConfigEditor& dialog) {
 
 bool OpenOptions(frmtabgrid& window) {
   FConfigEditor dialog(window.dialog_context());
-  LoadOptions(window, dialog);
+  try {
+    LoadOptions(window, dialog);
+  } catch (const std::exception& error) {
+    window.messages().Warn(kInitialisationFailed, error);
+    return false;
+  }
   if (!dialog.Run()) return false;
   if (StoreOptions(window, dialog)) return true;
   window.messages().Warn(

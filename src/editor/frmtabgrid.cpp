@@ -265,6 +265,11 @@ void frmtabgrid::abr_ToolClick(forms::Tool& tool) {
   const std::shared_ptr<frmtabgrid> self = weak_from_this().lock();
   if (!tool.Enabled()) {
     context_.services.toolkit.Beep();
+    const forms::Grid& grid = CurrentGrid();
+    const std::string& reason = tool.DisabledReason().empty() && grid.RowCount() == 0
+                                    ? grid.EmptyText()
+                                    : tool.DisabledReason();
+    if (!reason.empty()) context_.studio->ShowWarnings({{reason}});
     return;
   }
   commands_.Run(tool.Name());

@@ -109,6 +109,7 @@ class frmtabgrid : public forms::Form,
  private:
   void OnLoad();
   void OnQueryUnload(bool& cancel, forms::CloseReason reason);
+  void ShowHostWindow();
   void SaveSettings();
   void RebindGrid(forms::Grid& grid, bool other_rows);
   void ShowEmptyText();

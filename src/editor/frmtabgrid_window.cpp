@@ -97,14 +97,20 @@ void frmtabgrid::OnQueryUnload(bool& cancel, forms::CloseReason reason) {
   if (reason == forms::CloseReason::kUser) {
     cancel = true;
     VerifyAdds(key_);
-    if (platform::HostWindow* window = context_.services.host_window) {
-      const std::string type = window->TypeName();
-      if (type == "Window") window->SetVisible(true);
-      if (type == "MDIEdit") window->Show();
-    }
+    ShowHostWindow();
   }
   SaveSettings();
   if (cancel) Hide();
+}
+
+// A host that fails keeps nothing else from being done.
+void frmtabgrid::ShowHostWindow() try {
+  platform::HostWindow* window = context_.services.host_window;
+  if (!window) return;
+  const std::string type = window->TypeName();
+  if (type == "Window") window->SetVisible(true);
+  if (type == "MDIEdit") window->Show();
+} catch (const std::exception&) {
 }
 
 void frmtabgrid::SaveSettings() {
@@ -116,7 +122,7 @@ void frmtabgrid::SaveSettings() {
   inits.GetInitFromControl(*this, "Me");
   if (!inits.SaveInits()) {
     context_.studio->ShowWarnings(
-        {context_.texts.Text(kSettingsNotWritten, {{"<File>", context_.SettingsFile()}})});
+        {{context_.texts.Text(kSettingsNotWritten, {{"<File>", context_.SettingsFile()}})}});
   }
 }
 

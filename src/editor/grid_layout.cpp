@@ -14,6 +14,7 @@ namespace {
 constexpr double kSplitterWidth = 60;
 constexpr double kRightMargin = 60;
 constexpr double kScrollBarWidth = 300;
+constexpr double kShownWidth = 300;  // of a column at least, however narrow it was made
 
 // The numbers behind the commas; what stands before the first comma says nothing.
 std::vector<std::int32_t> Numbers(std::string_view text) {
@@ -47,16 +48,19 @@ std::string ColumnOrder(const forms::Grid& grid) {
 
 void ShareWidth(forms::Grid& grid) {
   double left = grid.Width() - kScrollBarWidth;
-  std::vector<forms::Column*> filling;
+  std::size_t filling = 0;
+  std::vector<forms::Column*> visible;
   for (std::size_t i = 0; i < grid.ColumnCount(); ++i) {
     forms::Column& column = grid.ColumnAt(i);
     if (!column.Visible()) continue;
-    left -= column.Width();
-    if (column.Fills()) filling.push_back(&column);
+    visible.push_back(&column);
+    left -= std::max(column.Width(), kShownWidth);
+    if (column.Fills()) ++filling;
   }
-  const double share =
-      std::max(0.0, left) / static_cast<double>(std::max<std::size_t>(1, filling.size()));
-  for (forms::Column* column : filling) column->SetExtra(share);
+  const double share = filling == 0 ? 0 : std::max(0.0, left) / static_cast<double>(filling);
+  for (forms::Column* column : visible) {
+    column->SetExtra(std::max(0.0, kShownWidth - column->Width()) + (column->Fills() ? share : 0));
+  }
 }
 
 SplitterDrag::SplitterDrag(forms::Splitter& splitter, forms::Grid& grid)

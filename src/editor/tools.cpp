@@ -19,11 +19,16 @@ constexpr ToolKey kNewKey{"F8", forms::kKeyF8, 0};
 constexpr ToolKey kEditKey{"F9", forms::kKeyF9, 0};
 constexpr ToolKey kDeleteKey{"Ctrl+Del", forms::kKeyDelete, forms::kControl};
 constexpr ToolKey kEditorKey{"Alt+F6", forms::kKeyF6, forms::kAlt};
+// The toolkit's lists know these keys themselves.
+constexpr ToolKey kCellKey{"F2"};
+constexpr ToolKey kCopyKey{"Ctrl+C"};
+constexpr ToolKey kPasteKey{"Ctrl+V", 'V', forms::kControl};
 
 constexpr auto kCommand = ToolKind::kCommand;
 constexpr auto kFunction = &Commands::mnuFunction;
 constexpr auto kParameter = &Commands::mnuParameter;
 constexpr auto kAlias = &Commands::mnuAlias;
+constexpr auto kGrid = &Commands::mnuGrid;
 constexpr auto kExtra = &Commands::mnuExtra;
 
 // Every tool once.
@@ -43,6 +48,10 @@ constexpr ToolRow kTools[] = {
     {"mnuAliasNew", 132, kCommand, kNewKey, "new", 1647, kAlias, kNew},
     {"mnuAliasEdit", 133, kCommand, kEditKey, "edit", 1648, kAlias, kEdit},
     {"mnuAliasDelete", 134, kCommand, kDeleteKey, "delete", 1649, kAlias, kDelete},
+    {"mnuGridSep", 0, ToolKind::kSeparator},
+    {"Edit", 1660, kCommand, kCellKey, "", 0, kGrid, kEditCell},
+    {"Copy", 1661, kCommand, kCopyKey, "", 0, kGrid, kCopyRows},
+    {"Paste", 1662, kCommand, kPasteKey, "", 0, kGrid, kPasteCell},
     {"mnuOptionActualize", 162, kCommand, kNoKey, "refresh", 0, kExtra, kRefresh},
     {"mnuOptionsSep0", 0, ToolKind::kSeparator},
     {"mnuOptionStatistik", 161, kCommand, kNoKey, "statistics", 0, kExtra, kStatistics},
@@ -68,8 +77,11 @@ const BandRow kBands[] = {
      {"mnuFunctionDescriptor", "mnuFunctionNew", "mnuFunctionEdit", "mnuFunctionDelete",
       "mnuFunctionShowCode", "mnuShowEditorSep", kShowEditorTool}},
     {kParameterBand,
-     {"mnuParameterDescriptor", "mnuParameterNew", "mnuParameterEdit", "mnuParameterDelete"}},
-    {kAliasBand, {"mnuAliasDescriptor", "mnuAliasNew", "mnuAliasEdit", "mnuAliasDelete"}},
+     {"mnuParameterDescriptor", "mnuParameterNew", "mnuParameterEdit", "mnuParameterDelete",
+      "mnuGridSep", "Edit", "Copy", "Paste"}},
+    {kAliasBand,
+     {"mnuAliasDescriptor", "mnuAliasNew", "mnuAliasEdit", "mnuAliasDelete", "mnuGridSep", "Edit",
+      "Copy", "Paste"}},
     {kOptionBand,
      {"mnuOptionActualize", "mnuOptionsSep0", "mnuOptionStatistik", "mnuOptionReport",
       "mnuOptionSep1", "mnuOptionOption"}},

@@ -136,7 +136,10 @@ void ImportPlanner::PlanExisting(PlannedAlias& planned, const store::AliasRecord
       return;
     case ExistingPolicy::kUpdate:
       planned.action = RowAction::kChanged;
-      return;
+      if (store::IsOneLine(planned.item)) return;
+      return Check(planned,
+                   operations_.CheckAlias({std::string(planned.item), std::string(planned.alias)},
+                                          existing.id));
     case ExistingPolicy::kRename:
       planned.id = 0;
       planned.reason = {{kTextRenamed}, {{"<Name>", planned.alias}}};
@@ -148,7 +151,7 @@ void ImportPlanner::PlanExisting(PlannedAlias& planned, const store::AliasRecord
 // No alias has the name: only the name itself can be wrong.
 void ImportPlanner::CheckNew(PlannedAlias& planned) {
   planned.action = RowAction::kNew;
-  if (!store::JudgeAlias(planned.alias)) return;
+  if (!store::JudgeAlias(planned.alias) && store::IsOneLine(planned.item)) return;
   Check(planned, operations_.CheckAlias({std::string(planned.item), std::string(planned.alias)}));
 }
 

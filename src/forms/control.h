@@ -73,6 +73,10 @@ class Control : public Observable, public PropertyObject {
   }
   const std::string& ToolTip() const;
 
+  // The value cannot be stored; the toolkit marks the control.
+  bool Invalid() const { return invalid_; }
+  void SetInvalid(bool invalid) { Assign(invalid_, invalid, Property::kInvalid); }
+
   const LayoutHint& Layout() const { return layout_; }
   void SetLayout(const LayoutHint& layout) { layout_ = layout; }
 
@@ -107,6 +111,7 @@ class Control : public Observable, public PropertyObject {
   std::string tag_;
   bool enabled_ = true;
   bool visible_ = true;
+  bool invalid_ = false;
   Font font_;
   Bounds bounds_;
   std::string tool_tip_;

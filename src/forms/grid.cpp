@@ -135,8 +135,18 @@ std::vector<CellChange> Grid::PendingChanges() const {
   return changes;
 }
 
+std::vector<std::size_t> Grid::ShownColumns() const {
+  std::vector<std::size_t> shown = DisplayOrder();
+  std::erase_if(shown, [this](std::size_t column) { return !ColumnAt(column).Visible(); });
+  return shown;
+}
+
 bool Grid::Update() {
-  if (!EndEdit()) return false;
+  if (ending_edit_) return true;  // the row is written when the edit has ended
+  ending_edit_ = true;
+  const bool ended = EndEdit();
+  ending_edit_ = false;
+  if (!ended) return false;
   auto changes = PendingChanges();
   if (changes.empty()) {
     changes_.clear();

@@ -52,6 +52,8 @@ class Grid : public RowView {
   // Numbers the orders of all columns by their places in `columns`, which names each of them once.
   // A column stays in its split all the same.
   void SetDisplayOrder(const std::vector<std::size_t>& columns);
+  // The same order without the hidden columns.
+  std::vector<std::size_t> ShownColumns() const;
 
   // Column with the keyboard.
   std::size_t CurrentColumn() const { return current_column_; }
@@ -108,6 +110,7 @@ class Grid : public RowView {
   std::vector<std::unique_ptr<Split>> splits_;
   std::size_t current_column_ = 0;
   bool edit_active_ = false;
+  bool ending_edit_ = false;  // Update ends it
   platform::Variant edit_value_;
   std::map<std::size_t, platform::Variant> changes_;  // by column
   messages::Message problem_;

@@ -19,6 +19,7 @@ enum class Property {
   kBounds,
   kWindowState,
   kToolTip,
+  kInvalid,
   kPicture,
   kFocus,   // the control wants the keyboard
   kZOrder,  // the control went to the front of its container

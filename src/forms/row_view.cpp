@@ -9,6 +9,19 @@ namespace forms {
 
 using platform::Variant;
 
+namespace {
+
+// A value as one cell of tab-separated text.
+std::string CopiedCell(const Variant& value) {
+  std::string text = value.Get<bool>() ? (value.ToBool() ? "1" : "0") : value.ToText();
+  for (char& c : text) {
+    if (c == '\t' || c == '\n' || c == '\r') c = ' ';
+  }
+  return text;
+}
+
+}  // namespace
+
 void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
   source_ = std::move(source);
   blocks_.clear();
@@ -188,6 +201,18 @@ std::vector<std::int64_t> RowView::SelectedIds() const {
   ids.reserve(selection_.size());
   for (const auto& row : SelectedRows()) ids.push_back(row.second);
   return ids;
+}
+
+std::string RowView::SelectedText(const std::vector<std::size_t>& columns) const {
+  std::string text;
+  for (const auto& row : SelectedRows()) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i > 0) text += '\t';
+      text += CopiedCell(Cell(row.first, columns[i]));
+    }
+    text += '\n';
+  }
+  return text;
 }
 
 void RowView::SetSelection(const std::vector<std::int64_t>& ids) {

@@ -61,6 +61,9 @@ class RowView : public Control {
   bool IsSelected(std::int64_t id) const { return selection_.contains(id); }
   void SetSelection(const std::vector<std::int64_t>& ids);
 
+  // The selected rows as tab-separated text, a row each line.
+  std::string SelectedText(const std::vector<std::size_t>& columns) const;
+
   // What a screen reader calls the rows; set before they are shown.
   const std::string& AccessibleName() const { return accessible_name_; }
   void SetAccessibleName(std::string_view name) { accessible_name_ = name; }

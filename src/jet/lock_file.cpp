@@ -28,6 +28,22 @@ messages::Message UserOf(files::RandomAccessFile& file, int user) {
   return {kPlaceAndAccount, {{"<Computer>", place}, {"<Account>", account}}};
 }
 
+int CountUsers(files::RandomAccessFile& file) {
+  int count = 0;
+  for (std::uint64_t n = 1; n <= kMaxUsers; ++n)
+    if (file.IsLockedByOthers(kUserLockBase + n, 1)) ++count;
+  return count;
+}
+
+// Of those who are there, ours or not; empty when there is none.
+messages::Message FirstUser(files::RandomAccessFile& file) {
+  for (int n = 1; n <= kMaxUsers; ++n) {
+    if (file.IsLockedByOthers(kUserLockBase + static_cast<std::uint64_t>(n), 1))
+      return UserOf(file, n);
+  }
+  return {};
+}
+
 // One question covers all users in the usual case that there is no other.
 messages::Message Find(files::RandomAccessFile& file, files::RandomAccessFile& database) {
   if (!file.IsLockedByOthers(kUserLockBase + 1, kMaxUsers)) return {};
@@ -104,8 +120,15 @@ void LockFile::TakePlace(const std::string& computer, const std::string& user) {
     user_ = n;
     return;
   }
-  throw Error(ErrorKind::kLocked, database_.path(), {}, message::kTooManyUsers,
-              message::kCloseSomewhere);
+  // Somebody holds our bytes without being a user: a program that locks the whole file.
+  const bool full = CountUsers(*file_) == kMaxUsers;
+  const messages::Message holder = FirstUser(*file_);
+  throw Error(ErrorKind::kLocked, database_.path(), {},
+              full ? messages::Message(message::kTooManyUsers)
+              : holder.empty()
+                  ? messages::Message(message::kFileLocked)
+                  : messages::Message(message::kFileLockedOn, {{"<Computer>", holder}}),
+              full ? message::kCloseSomewhere : message::kCloseProgram);
 }
 
 LockFile::~LockFile() {

@@ -26,6 +26,13 @@ struct SelectedNode {
   std::string text;
 };
 
+// A line for the user. With a file it is about that place of the code.
+struct Notice {
+  std::string text;
+  std::string file = {};
+  std::int32_t line = 0;  // from 1
+};
+
 struct NodeFlags {
   std::int32_t first = 0, second = 0, third = 0, fourth = 0;  // -1 true, 0 false
   friend bool operator==(const NodeFlags&, const NodeFlags&) = default;
@@ -58,7 +65,7 @@ class AddIn : public Object {
   // Brings the code window forward (before a formula's code is shown).
   virtual void ShowCodeWindow() = 0;
   // One line each in the studio's status line.
-  virtual void ShowWarnings(const std::vector<std::string>& warnings) = 0;
+  virtual void ShowWarnings(const std::vector<Notice>& warnings) = 0;
 };
 
 // The events that the studio sends to an add-in; each returns 0 to the studio.

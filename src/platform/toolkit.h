@@ -67,6 +67,9 @@ class Toolkit {
   // Progress of a task that begins now; it is shown once the user has waited for a second.
   virtual std::unique_ptr<Progress> StartProgress(std::string_view task) = 0;
   virtual void Beep() = 0;
+  // The text of the clipboard; "" when there is none.
+  virtual void SetClipboardText(std::string_view text) = 0;
+  virtual std::string ClipboardText() = 0;
   // Runs the task from the message loop, behind the events that are queued now.
   virtual void CallLater(std::function<void()> task) = 0;
   // Sends a keystroke such as "{F1}" to the active form.

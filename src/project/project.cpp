@@ -146,6 +146,11 @@ history::UndoRedo Project::MakeUndoRedo(store::Operations& operations,
   return history::UndoRedo({system_, history_, operations, &code, reach_});
 }
 
+messages::Message Project::ReadOnlyReason() const {
+  if (connection_->State() == platform::ObjectState::kClosed) return {};
+  return connection_->database().read_only_reason();
+}
+
 std::vector<std::string> Project::ChangeableFiles() {
   std::vector<std::string> files = {path_};
   if (system_.Exists(history_.file().path())) files.push_back(history_.file().path());

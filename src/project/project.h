@@ -15,6 +15,7 @@
 #include "files/unit_of_work.h"
 #include "history/recorder.h"
 #include "history/undo.h"
+#include "messages/message.h"
 #include "platform/ado.h"
 #include "project/component_list_file.h"
 #include "project/connection_participant.h"
@@ -70,6 +71,8 @@ class Project {
   // host made over its connection and unit of work. What it is made from must outlive it.
   history::UndoRedo MakeUndoRedo() { return MakeUndoRedo(*operations_, code_.context()); }
   history::UndoRedo MakeUndoRedo(store::Operations& operations, const codegen::CodeContext& code);
+  // Why nothing can be changed; empty when changes are possible or the database is not open.
+  messages::Message ReadOnlyReason() const;
   // What other programs do to the database.
   ForeignChanges& foreign_changes() { return foreign_changes_; }
   // Walks the whole database file; how many faults it has.

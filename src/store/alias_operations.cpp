@@ -45,9 +45,13 @@ std::string Operations::ProposeAlias(std::string_view item, std::int32_t actual_
   });
 }
 
-void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual_id) {
-  const std::string& name = values.vb_alias;
-  if (IsBlank(values.item_id) || IsBlank(name)) context_->Refuse(kTextAliasEmpty);
+void Operations::RequireItem(std::string_view item) {
+  if (IsBlank(item)) context_->Refuse(kTextAliasEmpty);
+  if (!IsOneLine(item)) context_->Refuse(kTextItemMalformed);
+}
+
+void Operations::RequireAliasName(std::string_view name, std::int32_t actual_id) {
+  if (IsBlank(name)) context_->Refuse(kTextAliasEmpty);
   if (const codegen::IdentifierHint hint = JudgeAlias(name)) {
     const std::string valid = ProposeAlias(codegen::ValidIdentifier(name), actual_id);
     context_->Refuse(kTextAliasMalformed, {},
@@ -56,18 +60,25 @@ void Operations::RequireAliasText(const AliasValues& values, std::int32_t actual
                                       {{kTextAliasValid}, {{"<Name>", valid}}}));
   }
   const auto other = rows().FindAliasByName(name);
-  if (!other || other->id == actual_id) return;
-  context_->Refuse(
-      kTextAliasTaken,
-      {{"<Name>", name}, {"<Item>", other->item_id}, {"<Free>", ProposeAlias(name, actual_id)}});
+  if (other && other->id != actual_id) {
+    context_->Refuse(
+        kTextAliasTaken,
+        {{"<Name>", name}, {"<Item>", other->item_id}, {"<Free>", ProposeAlias(name, actual_id)}});
+  }
 }
 
 void Operations::WarnOfAlias(std::string_view name) {
-  const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
-  if (hint) {
+  if (const codegen::IdentifierHint hint = codegen::CheckIdentifier(name)) {
     context_->Warn(codegen::HintText(hint.problem),
                    {{"<Name>", name}, {"<Character>", hint.character}});
   }
+}
+
+void Operations::RequireAliasValues(const AliasValues& values, const AliasRecord* old) {
+  if (!old || values.item_id != old->item_id) RequireItem(values.item_id);
+  if (old && values.vb_alias == old->vb_alias) return;
+  RequireAliasName(values.vb_alias, old ? old->id : 0);
+  WarnOfAlias(values.vb_alias);
 }
 
 OperationResult Operations::AddAliases(std::span<const AliasValues> values,
@@ -81,8 +92,9 @@ OperationResult Operations::AddAliases(std::span<const AliasValues> values,
     for (std::size_t i = 0; i < values.size(); ++i) {
       context_->Progress(i, values.size());
       const AliasValues& alias = values[i];
-      if (!by_index || IsBlank(alias.item_id) || JudgeAlias(alias.vb_alias)) {
-        RequireAliasText(alias, 0);
+      RequireItem(alias.item_id);
+      if (!by_index || IsBlank(alias.vb_alias) || JudgeAlias(alias.vb_alias)) {
+        RequireAliasName(alias.vb_alias, 0);
       }
       WarnOfAlias(alias.vb_alias);
       try {
@@ -90,7 +102,7 @@ OperationResult Operations::AddAliases(std::span<const AliasValues> values,
                                                       {"VBAlias", FieldText(alias.vb_alias)}}));
       } catch (const platform::Error&) {
         // A name that is taken has words of its own.
-        if (by_index) RequireAliasText(alias, 0);
+        if (by_index) RequireAliasName(alias.vb_alias, 0);
         throw;
       }
     }
@@ -103,17 +115,13 @@ OperationResult Operations::EditAlias(std::int32_t id, const AliasValues& values
     const AliasRecord old = RequireAlias(id);
     result.ids.push_back(id);
     if (values == old) return;
+    RequireAliasValues(values, &old);
     ProjectRows::Values fields;
-    if (values.item_id != old.item_id) {
-      if (IsBlank(values.item_id)) context_->Refuse(kTextAliasEmpty);
-      fields.emplace_back("ItemID", FieldText(values.item_id));
-    }
+    if (values.item_id != old.item_id) fields.emplace_back("ItemID", FieldText(values.item_id));
     const bool renamed = values.vb_alias != old.vb_alias;
     if (renamed) {
       context_->SetTitle(
           {title::kRenameAlias, {{"<Name>", old.vb_alias}, {"<New>", values.vb_alias}}});
-      RequireAliasText(values, id);
-      WarnOfAlias(values.vb_alias);
       fields.emplace_back("VBAlias", FieldText(values.vb_alias));
     }
     const std::vector<FormulaRecord> uses = rows().UsesOfAlias(id);

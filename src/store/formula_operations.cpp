@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <charconv>
 #include "codegen/code_texts.h"
+
 #include "codegen/identifier.h"
 #include "platform/text.h"
 #include "store/operation_context.h"
@@ -8,6 +10,15 @@
 #include "store/rules.h"
 
 namespace store {
+
+std::optional<std::int32_t> ParseScanTime(std::string_view text) {
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  std::int32_t milliseconds = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), milliseconds);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  return whole && milliseconds >= 0 ? std::optional(milliseconds) : std::nullopt;
+}
 
 void Operations::RequireFormulaName(std::string_view name) {
   const codegen::IdentifierHint hint = codegen::CheckIdentifier(name);
@@ -26,6 +37,17 @@ void Operations::RequireFormulaClass(std::string_view prog_id) {
 void Operations::RequireCallType(std::int32_t type) {
   if (IsCallType(type)) return;
   context_->Refuse(kTextCallType, {{"<Type>", std::to_string(type)}});
+}
+
+void Operations::RequireScanTime(const FormulaValues& values) {
+  if (values.scan_time < 0) context_->Refuse(kTextScanTime);
+  if (values.scan_time > 0 && values.type != kAsynchronous) context_->Warn(kTextScanTimeUse, {});
+}
+
+OperationResult Operations::CheckScanTime(std::string_view text) {
+  return context_->Answer(kTextNothingChanged, [&](OperationResult&) {
+    if (!ParseScanTime(text)) context_->Refuse(kTextScanTime);
+  });
 }
 
 void Operations::RequireFreeInClass(std::string_view prog_id, std::string_view name,
@@ -50,6 +72,7 @@ void Operations::RequireNewFormula(const FormulaValues& values, bool with_code) 
   RequireFormulaClass(values.prog_id);
   RequireFreeInClass(values.prog_id, values.name, 0);
   RequireCallType(values.type);
+  RequireScanTime(values);
   if (with_code && context_->code()) context_->code()->RequireFree(values.prog_id, values.name);
 }
 
@@ -115,7 +138,10 @@ OperationResult Operations::EditFormula(std::int32_t id, const FormulaValues& va
     if (values.prog_id != old.prog_id) {
       fields.emplace_back("ProgID", FieldText(values.prog_id));
     }
-    if (values.scan_time != old.scan_time) fields.emplace_back("ScanTime", values.scan_time);
+    if (values.scan_time != old.scan_time) {
+      RequireScanTime(values);
+      fields.emplace_back("ScanTime", values.scan_time);
+    }
     if (values.enabled != old.enabled) fields.emplace_back("Enabled", values.enabled);
     if (values.comment != old.comment) fields.emplace_back("Comment", FieldText(values.comment));
 

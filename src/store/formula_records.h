@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace store {
 
@@ -23,6 +24,9 @@ enum FormulaCallType : std::int32_t {
 inline constexpr std::int32_t kCallTypes = 8;
 // Number of the text that names call type 0; the others follow.
 inline constexpr std::int32_t kFirstCallTypeText = 320;
+
+// Milliseconds that a text names, a whole number from 0 on; nothing when it names none.
+std::optional<std::int32_t> ParseScanTime(std::string_view text);
 
 // What the engineer gives of a formula.
 struct FormulaValues {

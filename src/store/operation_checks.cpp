@@ -15,8 +15,8 @@ OperationResult Operations::CheckFormulaName(std::string_view name) {
 
 OperationResult Operations::CheckAlias(const AliasValues& values, std::int32_t actual_id) {
   return context_->Answer(kTextNothingChanged, [&](OperationResult&) {
-    RequireAliasText(values, actual_id);
-    WarnOfAlias(values.vb_alias);
+    const auto old = actual_id == 0 ? std::nullopt : rows().FindAlias(actual_id);
+    RequireAliasValues(values, old ? &*old : nullptr);
   });
 }
 

@@ -35,5 +35,8 @@ inline constexpr std::int32_t kTextNameTaken = 1016;
 inline constexpr std::int32_t kTextAliasValid = 1017;
 inline constexpr std::int32_t kTextNotUndone = 1018;
 inline constexpr std::int32_t kTextColumnMissing = 1019;
+inline constexpr std::int32_t kTextScanTimeUse = 1606;
+inline constexpr std::int32_t kTextScanTime = 1650;
+inline constexpr std::int32_t kTextItemMalformed = 1651;
 
 }  // namespace store

@@ -157,7 +157,9 @@ class Operations {
   // What is wrong with a name that is being typed; nothing when it can be stored. The message is
   // what the operation would answer.
   OperationResult CheckFormulaName(std::string_view name);
+  // What did not change of an alias that is edited is not judged.
   OperationResult CheckAlias(const AliasValues& values, std::int32_t actual_id = 0);
+  OperationResult CheckScanTime(std::string_view text);
 
   // Calls `checks`, in which CheckFormula and CheckArgument may be asked about a list: one look at
   // the code serves all of them. Raises what `checks` raises.
@@ -194,7 +196,14 @@ class Operations {
   void RequireFreeInClass(std::string_view prog_id, std::string_view name,
                           std::int32_t excluded_id);
   void RequireNoInAndOut(std::int32_t formula_id);
-  void RequireAliasText(const AliasValues& values, std::int32_t actual_id);
+  // Warns of one that the call type does not use.
+  void RequireScanTime(const FormulaValues& values);
+  void RequireItem(std::string_view item);
+  void RequireAliasName(std::string_view name, std::int32_t actual_id);
+  // Warns of a name that is stored although Visual Basic may not take it.
+  void WarnOfAlias(std::string_view name);
+  // `old` is null for a new alias.
+  void RequireAliasValues(const AliasValues& values, const AliasRecord* old);
   // The class must not hold the name as anything else than an alias.
   void RequireDeclarable(std::string_view prog_id, std::string_view alias);
   void RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias);
@@ -206,8 +215,6 @@ class Operations {
   // Lets the uses of a name in these classes, or in one procedure, follow when that was asked for.
   void TouchUses(const RenameOptions& options, std::vector<std::string> prog_ids,
                  std::string_view old_name, std::string_view name, std::string_view procedure = {});
-  // Warns of a name that is stored although Visual Basic may not take it.
-  void WarnOfAlias(std::string_view name);
   // The alias of an argument that a class's formula gained or lost; without the formula's name when
   // its header follows anyway.
   void Touch(const codegen::FormulaName& formula, const ArgumentRecord& argument, bool gained,

@@ -41,10 +41,8 @@ bool CloseRecordset(platform::Recordset& recordset, bool save) noexcept {
                        recordset.Close();
                      });
   if (!saved) {
-    Succeeds([&] {
-      recordset.CancelUpdate();
-      recordset.Close();
-    });
+    Succeeds([&] { recordset.CancelUpdate(); });
+    Succeeds([&] { recordset.Close(); });
   }
   return is_closed();
 }

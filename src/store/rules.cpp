@@ -10,6 +10,10 @@ bool IsBlank(std::string_view text) {
   return text.find_first_not_of(' ') == std::string_view::npos;
 }
 
+bool IsOneLine(std::string_view item) {
+  return item.find_first_of(std::string_view("\r\n\v\f\0", 5)) == std::string_view::npos;
+}
+
 IdentifierHint JudgeAlias(std::string_view name) {
   const bool is_clean = codegen::CleanIdentifier(name) == name;
   const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;

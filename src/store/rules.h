@@ -22,6 +22,9 @@ inline bool TakesArgument(std::int32_t type, bool in, bool out) {
 // Holds nothing but blanks.
 bool IsBlank(std::string_view text);
 
+// The name of an item stands in a line of code and of many lists.
+bool IsOneLine(std::string_view item);
+
 // Why the name cannot be an alias; some names that Visual Basic does not take can be one.
 codegen::IdentifierHint JudgeAlias(std::string_view name);
 

@@ -64,7 +64,7 @@ AddInSession::AddInSession(project::Project& project, const Dependencies& depend
       studio_(std::make_shared<Studio>(project.name())) {
   add_in_ = std::make_unique<addin::Connect>(editor::Services{
       dependencies.toolkit, dependencies.window_system, dependencies.settings, dependencies.help,
-      *reports_, project.unit(), &project.items(), project.components(), nullptr});
+      *reports_, project.unit(), &project.items(), project.components(), nullptr, true});
 }
 
 AddInSession::~AddInSession() { Stop(); }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "codegen/data_type.h"
+#include "forms/list_search.h"
 #include "studio/window_texts.h"
 
 namespace studio {
@@ -69,6 +70,7 @@ ItemChooser::ItemChooser(platform::Toolkit& toolkit, const texts::TextTable& tex
   lvwItems.SetLayout({.stretch = true, .min_chars = 80, .min_lines = 16});
   lvwItems.SetRowSource(rows_);
   lvwItems.on_double_click = [this] { Close(true); };
+  lvwItems.on_key_down = [this](forms::KeyEvent& event) { forms::FindBy(txtSearch, event); };
   lvwItems.on_current_row = [this] { cmdOk.SetEnabled(!Choice().empty()); };
   txtSearch.on_change = [this] { OnSearch(); };
   txtSearch.on_key_down = [this](forms::KeyEvent& event) { OnSearchKey(event); };

@@ -70,7 +70,7 @@ std::optional<std::string> Studio::ChooseItem(std::string_view current) {
 
 void Studio::ShowCodeWindow() { window.show_code_window(); }
 
-void Studio::ShowWarnings(const std::vector<std::string>& warnings) {
+void Studio::ShowWarnings(const std::vector<platform::Notice>& warnings) {
   window.show_warnings(warnings);
 }
 

@@ -25,7 +25,7 @@ class Studio final : public platform::AddIn {
     std::function<void(std::string_view text)> show_error;
     std::function<std::optional<std::string>(std::string_view current)> choose_item;
     std::function<void()> show_code_window;
-    std::function<void(const std::vector<std::string>&)> show_warnings;
+    std::function<void(const std::vector<platform::Notice>&)> show_warnings;
     std::function<void()> editor_handed_over;
   };
 
@@ -59,7 +59,7 @@ class Studio final : public platform::AddIn {
   void ShowError(std::string_view text) override;
   std::optional<std::string> ChooseItem(std::string_view current) override;
   void ShowCodeWindow() override;
-  void ShowWarnings(const std::vector<std::string>& warnings) override;
+  void ShowWarnings(const std::vector<platform::Notice>& warnings) override;
 
  private:
   std::string project_;

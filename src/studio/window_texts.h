@@ -89,6 +89,21 @@ enum TextNumber : int {
   kTextPaste,
   kTextDelete,
   kTextSelectAll,
+
+  kTextReadOnly = 1900,
+  kTextOpenAgain,
+  kTextNoCode,
+  kTextChooseCode,
+  kTextCodeFileFilter,
+  kTextClassNotFound,
+  kTextPlaces,
+  kTextPlacesFound,
+  kTextNoBrowser,
+  kTextSaveAs,
+  kTextReportFileFilter,
+  kTextNotOnFolder,
+  kTextLoadFile,
+  kTextOverwrite,
 };
 
 }  // namespace studio

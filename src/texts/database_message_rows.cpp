@@ -43,6 +43,8 @@ std::span<const Row> DatabaseMessageRows() {
       {2231, "Die Datei ist schreibgeschützt, oder Sie dürfen sie nicht ändern."},
       {2232, "Ein anderes Programm hat die Datenbank auf <Computer> geöffnet."},
       {2233, "einem unbekannten Rechner"},
+      {2234, "Ein anderes Programm hat die Datenbank gesperrt."},
+      {2229, "Ein anderes Programm hat die Datenbank gesperrt; geöffnet ist sie auf <Computer>."},
       {2235, "Schließen Sie die Datenbank dort, und versuchen Sie es noch einmal."},
       {2236, "Es wurde nichts geändert."},
       {2237, "Ein anderes Programm wird mit dem Schreiben nicht fertig."},

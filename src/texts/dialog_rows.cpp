@@ -52,8 +52,7 @@ constexpr Row kRows[] = {
      "removed."},
     {1617, "Aliase: <Names>. Benutzte Aliase bleiben erhalten.",
      "Aliases: <Names>. Aliases that are in use are kept."},
-    {1618, "<Name> wird benutzt von: <Names>. Löschen Sie dort zuerst das Argument.",
-     "<Name> is used by: <Names>. Delete the argument there first."},
+    {1618, "<Name> – in <Names>", "<Name> – in <Names>"},
     {1619,
      "Es gibt keinen Alias <Name>. Wählen Sie einen aus der Liste oder legen Sie ihn zuerst an "
      "(\"Aliasbezeichner\", F8).",
@@ -83,8 +82,11 @@ constexpr Row kRows[] = {
     {1632, "Es gibt noch keinen Alias.", "There is no alias yet."},
     {1633, "Argumente", "Arguments"},
     {1634, "Aliase", "Aliases"},
-    {1635, "Diese Aliase werden benutzt und bleiben erhalten: <Names>. Der Report sagt, wo.",
-     "These aliases are in use and are kept: <Names>. The report says where."},
+    {1635, "… und <Count> weitere; der Report sagt, wo.",
+     "… and <Count> more; the report says where."},
+    {1636, "Löschen Sie dort zuerst das Argument.", "Delete the argument there first."},
+    {1637, "Ein Argument gelöscht.", "One argument deleted."},
+    {1638, "<Count> Argumente gelöscht.", "<Count> arguments deleted."},
     // What a button does.
     {1640, "Neue Formel", "New formula"},
     {1641, "Formel bearbeiten", "Edit formula"},
@@ -96,6 +98,27 @@ constexpr Row kRows[] = {
     {1647, "Neuer Alias", "New alias"},
     {1648, "Alias bearbeiten", "Edit alias"},
     {1649, "Aliase löschen", "Delete aliases"},
+    // What a field holds.
+    {1650, "Die Abtastzeit muss eine ganze Zahl von 0 bis 2147483647 sein, in Millisekunden.",
+     "The scan time must be a whole number from 0 to 2147483647, in milliseconds."},
+    {1651, "Der Itemname enthält einen Zeilenumbruch. Schreiben Sie ihn in einer Zeile.",
+     "The item name contains a line break. Write it on one line."},
+    {1652, "Code &mitnehmen", "Take the code &along"},
+    {1653,
+     "Ohne Häkchen bleibt der Code auskommentiert in <Class>, und die neue Klasse erhält eine "
+     "leere Prozedur.",
+     "Without the check mark the code stays in <Class>, commented out, and the new class gets an "
+     "empty procedure."},
+    {1655, "Ein Alias gelöscht.", "One alias deleted."},
+    {1656, "<Count> Aliase gelöscht.", "<Count> aliases deleted."},
+    // Cells of the tables.
+    {1660, "&Zelle bearbeiten", "Edit Ce&ll"},
+    {1661, "&Kopieren", "&Copy"},
+    {1662, "&Einfügen", "&Paste"},
+    {1663, "Ein Häkchen setzt die Leertaste.", "The space bar sets a check mark."},
+    {1664, "Die Zwischenablage enthält keinen Text.", "The clipboard holds no text."},
+    {1665, "In eine Zelle lässt sich nur ein einzelner Wert einfügen.",
+     "Only a single value can be pasted into a cell."},
 };
 
 }  // namespace

@@ -120,6 +120,18 @@ void CellEditor::OnEnd(bool escaped) {
   });
 }
 
+// A value that the model sets has ended its edit by then.
+void CellEditor::OnModelBegan() {
+  if (native_.Editing()) return;
+  list_.CallAfter([this] {
+    if (!grid_.EditActive() || native_.Editing() || !grid_.CurrentPosition()) return;
+    list_.SetFocus();
+    native_.SetCurrentCell(*grid_.CurrentPosition(), grid_.CurrentColumn());
+    Start();
+    if (!native_.Editing()) grid_.CancelEdit();
+  });
+}
+
 void CellEditor::OnModelEnded() {
   if (native_.Editing()) native_.CancelEditing();
 }

@@ -12,9 +12,9 @@
 
 namespace wx {
 
-// The editing of a grid's cells in place. It begins by F2 only: clicks and letters would change a
-// cell that nobody meant to. A drop-down column shows its list below the cell and completes what is
-// typed.
+// The editing of a grid's cells in place. It begins by F2 or by the model only: clicks and letters
+// would change a cell that nobody meant to. A drop-down column shows its list below the cell and
+// completes what is typed.
 class CellEditor {
  public:
   CellEditor(forms::Grid& grid, wxDataViewCtrl& list, NativeList& native);
@@ -28,7 +28,8 @@ class CellEditor {
   bool OnKey(const wxKeyEvent& event);
   // A press of the left button on a cell; true when it was used.
   bool OnPress(const CellPress& press);
-  // The model ended the editing by itself.
+  // The model began or ended the editing by itself.
+  void OnModelBegan();
   void OnModelEnded();
 
  private:

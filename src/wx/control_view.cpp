@@ -2,6 +2,7 @@
 #include "wx/control_view.h"
 
 #include "wx/convert.h"
+#include "wx/native.h"
 
 namespace wx {
 
@@ -56,6 +57,9 @@ void ControlView::Show(forms::Property property) {
     case forms::Property::kFont:
       window_->SetFont(ToWx(control_.GetFont()));
       if (relayout_) relayout_();
+      break;
+    case forms::Property::kInvalid:
+      MarkInvalid(FocusWindow(), control_.Invalid());
       break;
     case forms::Property::kToolTip:
       ShowToolTip();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "wx/convert.h"
 
+#include <wx/clipbrd.h>
 #include <wx/settings.h>
 
 #include <array>
@@ -116,6 +117,21 @@ forms::MouseEvent ToMouseEvent(const wxWindow& window, const wxMouseEvent& event
   bool left = event.GetButton() == wxMOUSE_BTN_LEFT || event.LeftIsDown();
   std::int16_t button = right ? forms::kRightButton : left ? forms::kLeftButton : std::int16_t{0};
   return {button, Modifiers(event), ToTwips(window, event.GetX()), ToTwips(window, event.GetY())};
+}
+
+void ToClipboard(const std::string& text) {
+  if (!wxTheClipboard->Open()) return;
+  wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
+  wxTheClipboard->Flush();  // it outlives the program
+  wxTheClipboard->Close();
+}
+
+std::string FromClipboard() {
+  wxTextDataObject text;
+  if (!wxTheClipboard->Open()) return {};
+  const bool found = wxTheClipboard->GetData(text);
+  wxTheClipboard->Close();
+  return found ? FromWx(text.GetText()) : std::string();
 }
 
 }  // namespace wx

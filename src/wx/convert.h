@@ -34,4 +34,8 @@ forms::Font FromWx(const wxFont& font);
 forms::KeyEvent ToKeyEvent(const wxKeyEvent& event);
 forms::MouseEvent ToMouseEvent(const wxWindow& window, const wxMouseEvent& event);
 
+// The clipboard's text; "" when it has none.
+void ToClipboard(const std::string& text);
+std::string FromClipboard();
+
 }  // namespace wx

@@ -4,6 +4,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/panel.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -154,6 +155,7 @@ class SplitterView : public ControlView {
     Attach(bar_);
     bar_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
       if (!bar_->HasCapture()) bar_->CaptureMouse();
+      ShowColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
       if (splitter_.on_mouse_down) splitter_.on_mouse_down(ToMouseEvent(*bar_, event));
     });
     bar_->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
@@ -161,12 +163,20 @@ class SplitterView : public ControlView {
     });
     bar_->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
       if (bar_->HasCapture()) bar_->ReleaseMouse();
+      ShowColour(wxColour());
       if (splitter_.on_mouse_up) splitter_.on_mouse_up(ToMouseEvent(*bar_, event));
     });
-    bar_->Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent&) {});
+    bar_->Bind(wxEVT_MOUSE_CAPTURE_LOST,
+               [this](wxMouseCaptureLostEvent&) { ShowColour(wxColour()); });
   }
 
  private:
+  // It is seen while it is dragged.
+  void ShowColour(const wxColour& colour) {
+    bar_->SetBackgroundColour(colour);
+    bar_->Refresh();
+  }
+
   forms::Splitter& splitter_;
   wxWindow* bar_;
 };

@@ -23,7 +23,9 @@ class FlowBuilder {
  public:
   FlowBuilder(forms::Container& container, wxWindow* parent, const ViewMaker& make_view)
       : container_(container), parent_(parent), make_view_(make_view) {
-    grid_ = new wxGridBagSizer(parent->FromDIP(kGap), parent->FromDIP(kColumnGap));
+    // The gap belongs to what is shown: a hidden hint leaves none.
+    grid_ = new wxGridBagSizer(0, parent->FromDIP(kColumnGap));
+    grid_->SetEmptyCellSize(wxSize(0, 0));
   }
 
   wxSizer* Build() {
@@ -57,7 +59,8 @@ class FlowBuilder {
       buttons_.push_back(view);
     } else if (label && label->Hint()) {
       FlushLabel();
-      grid_->Add(&view->Window(), wxGBPosition(row_++, 1), wxDefaultSpan, wxEXPAND);
+      AddCell(&view->Window(), 1, wxEXPAND);
+      ++row_;
     } else if (label) {
       FlushLabel();
       pending_label_ = view;
@@ -73,8 +76,7 @@ class FlowBuilder {
       if (list) {
         FlushLabel();
       } else {
-        grid_->Add(&pending_label_->Window(), wxGBPosition(row_, 0), wxDefaultSpan,
-                   wxALIGN_CENTRE_VERTICAL);
+        AddCell(&pending_label_->Window(), 0, wxALIGN_CENTRE_VERTICAL);
         pending_label_ = nullptr;
       }
     }
@@ -86,13 +88,21 @@ class FlowBuilder {
     field_row_ = new wxBoxSizer(wxHORIZONTAL);
     field_row_->Add(&view.Window(), wxSizerFlags(1).Expand());
     if (stretch) grid_->AddGrowableRow(row_);
-    grid_->Add(field_row_, wxGBPosition(row_++, 1), wxDefaultSpan, wxEXPAND);
+    AddCell(field_row_, 1, wxEXPAND);
+    ++row_;
+  }
+
+  // In the row that is being built.
+  template <class Item>
+  void AddCell(Item* item, int column, int flags, int columns = 1) {
+    grid_->Add(item, wxGBPosition(row_, column), wxGBSpan(1, columns), flags | wxTOP,
+               row_ == 0 ? 0 : parent_->FromDIP(kGap));
   }
 
   // A row over both columns, of a window or a sizer. (A sizer grows only columns that exist.)
   template <class Item>
   void AddWide(Item* item, bool stretch) {
-    grid_->Add(item, wxGBPosition(row_, 0), wxGBSpan(1, 2), wxEXPAND);
+    AddCell(item, 0, wxEXPAND, 2);
     if (stretch) grid_->AddGrowableRow(row_);
     ++row_;
   }
@@ -111,10 +121,11 @@ class FlowBuilder {
     return box;
   }
 
-  // Help and the like to the left, Cancel and the default button to the right.
+  // Help and the like to the left, Cancel and the default button to the right. Tab goes through
+  // them as they stand.
   wxSizer* ButtonRow() {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    std::vector<ControlView*> right;
+    std::vector<ControlView*> left, right;
     for (ControlView* view : buttons_) {
       const auto& button = dynamic_cast<const forms::Button&>(view->Model());
       if (button.Cancel()) {
@@ -122,12 +133,19 @@ class FlowBuilder {
       } else if (button.Default()) {
         right.push_back(view);
       } else {
-        row->Add(&view->Window(), wxSizerFlags().Border(wxRIGHT, parent_->FromDIP(kGap)));
+        left.push_back(view);
       }
+    }
+    for (ControlView* view : left) {
+      row->Add(&view->Window(), wxSizerFlags().Border(wxRIGHT, parent_->FromDIP(kGap)));
     }
     row->AddStretchSpacer();
     for (ControlView* view : right) {
       row->Add(&view->Window(), wxSizerFlags().Border(wxLEFT, parent_->FromDIP(kGap)));
+    }
+    left.insert(left.end(), right.begin(), right.end());
+    for (std::size_t i = 1; i < left.size(); ++i) {
+      left[i]->Window().MoveAfterInTabOrder(&left[i - 1]->Window());
     }
     return row;
   }

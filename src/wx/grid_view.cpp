@@ -124,13 +124,7 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
   return column;
 }
 
-std::vector<std::size_t> GridView::ShownColumns() const {
-  std::vector<std::size_t> shown;
-  for (std::size_t number : grid_.DisplayOrder()) {
-    if (grid_.ColumnAt(number).Visible()) shown.push_back(number);
-  }
-  return shown;
-}
+std::vector<std::size_t> GridView::ShownColumns() const { return grid_.ShownColumns(); }
 
 // The splits lie side by side; what is behind the columns of the model lies behind all of them.
 bool GridView::StaysInSplit(std::size_t column, NativeList::Neighbour left,
@@ -174,15 +168,16 @@ bool GridView::OnPress(const CellPress& press) {
 
 void GridView::Show(forms::Property property) {
   RowsView::Show(property);
-  if (property == forms::Property::kEditState && !grid_.EditActive()) editor_.OnModelEnded();
-}
-
-void GridView::BeforeKey() {
-  std::size_t current = NumberOf(List().GetCurrentColumn());
-  if (current < grid_.ColumnCount()) grid_.SetCurrentColumn(current);
+  if (property != forms::Property::kEditState) return;
+  grid_.EditActive() ? editor_.OnModelBegan() : editor_.OnModelEnded();
 }
 
 bool GridView::OnKey(const wxKeyEvent& event) { return editor_.OnKey(event); }
+
+void GridView::TakeColumn() {
+  std::size_t current = NumberOf(List().GetCurrentColumn());
+  if (current < grid_.ColumnCount()) grid_.SetCurrentColumn(current);
+}
 
 ListViewView::ListViewView(forms::ListView& list, wxWindow* parent, const ViewContext& context)
     : RowsView(list, parent, context), list_model_(list) {

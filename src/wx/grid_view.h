@@ -17,7 +17,7 @@ class GridView : public RowsView {
   void BuildColumns() override;
   bool ResizeColumns() override;
   std::vector<std::size_t> ShownColumns() const override;
-  void BeforeKey() override;
+  void TakeColumn() override;
   bool OnKey(const wxKeyEvent& event) override;
   void Show(forms::Property property) override;
 

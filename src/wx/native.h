@@ -44,6 +44,9 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
 void SetAccessibleName(wxWindow& window, const wxString& name);
 void SetAccessibleDescription(wxWindow& window, const wxString& description);
 
+// Shows that a field holds what cannot be stored.
+void MarkInvalid(wxWindow& window, bool invalid);
+
 // The scrollbars of a native scrolled window stand beside its content, not over it.
 void KeepScrollbarsBeside(wxWindow& window);
 

@@ -129,6 +129,12 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
   gtk_accel_label_set_accel(label, native, static_cast<GdkModifierType>(modifiers));
 }
 
+void MarkInvalid(wxWindow& window, bool invalid) {
+  GtkStyleContext* style = gtk_widget_get_style_context(FocusWidget(window.GetHandle()));
+  (invalid ? gtk_style_context_add_class : gtk_style_context_remove_class)(style,
+                                                                           GTK_STYLE_CLASS_ERROR);
+}
+
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   GtkWidget* widget = FocusWidget(window.GetHandle());
   if (GTK_IS_TREE_VIEW(widget)) return SetTreeViewName(GTK_TREE_VIEW(widget), name.utf8_str());

@@ -135,6 +135,11 @@ void SetAccessibleDescription(wxWindow& window, const wxString& description) {
   if (!dynamic_cast<wxDataViewCtrl*>(&window)) SpokenOf(window).description = description;
 }
 
+void MarkInvalid(wxWindow& window, bool invalid) {
+  window.SetForegroundColour(invalid ? wxColour(176, 28, 28) : wxColour());
+  window.Refresh();
+}
+
 void KeepScrollbarsBeside(wxWindow&) {}
 
 wxPoint PopupPlace(wxWindow& window) {

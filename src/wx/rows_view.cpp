@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "wx/rows_view.h"
 
-#include <wx/clipbrd.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 
@@ -16,15 +15,6 @@ namespace {
 using forms::Property;
 
 constexpr std::int32_t kFilterText = 1490;
-
-// A value as one cell of tab-separated text.
-std::string CopiedCell(const platform::Variant& value) {
-  std::string text = value.Get<bool>() ? (value.ToBool() ? "1" : "0") : value.ToText();
-  for (char& c : text) {
-    if (c == '\t' || c == '\n' || c == '\r') c = ' ';
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -74,6 +64,7 @@ void RowsView::Bind() {
   });
   list_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
     TakeKeyboard(event);
+    TakeColumn();
     TakeSelection();
     MouseUp(forms::kRightButton, event.GetPosition());
   });
@@ -93,7 +84,7 @@ void RowsView::Bind() {
 
 void RowsView::OnKeyDown(wxKeyEvent& event) {
   TakeCurrent();
-  BeforeKey();
+  TakeColumn();
   forms::KeyEvent key = ToKeyEvent(event);
   if (rows_.on_key_down) rows_.on_key_down(key);
   if (key.handled) return;
@@ -284,18 +275,8 @@ void RowsView::CloseFilter() {
 }
 
 void RowsView::CopyRows() {
-  std::string text;
-  auto columns = ShownColumns();
-  for (const auto& row : rows_.SelectedRows()) {
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (i > 0) text += '\t';
-      text += CopiedCell(rows_.Cell(row.first, columns[i]));
-    }
-    text += '\n';
-  }
-  if (text.empty() || !wxTheClipboard->Open()) return;
-  wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
-  wxTheClipboard->Close();
+  const std::string text = rows_.SelectedText(ShownColumns());
+  if (!text.empty()) ToClipboard(text);
 }
 
 }  // namespace wx

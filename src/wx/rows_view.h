@@ -35,8 +35,8 @@ class RowsView : public ControlView {
   virtual bool ResizeColumns() { return false; }
   // The numbers of the visible columns from left to right.
   virtual std::vector<std::size_t> ShownColumns() const = 0;
-  // A key was pressed; the model has not seen it.
-  virtual void BeforeKey() {}
+  // Brings the column with the keyboard to the model, before a key or a menu acts on it.
+  virtual void TakeColumn() {}
   // A key that neither the model nor this view used; true when it was used.
   virtual bool OnKey(const wxKeyEvent&) { return false; }
   virtual void OnDoubleClick();

@@ -52,7 +52,11 @@ long ButtonStyle(const platform::MessageBox& box) {
     case MessageButtons::kYesNoCancel: {
       const bool cancel = box.buttons == MessageButtons::kYesNoCancel;
       const bool no = box.default_button == MessageResult::kNo;
-      return wxYES_NO | (cancel ? wxCANCEL : 0) | (no ? wxNO_DEFAULT : wxYES_DEFAULT);
+      const bool neither = cancel && box.default_button == MessageResult::kCancel;
+      return wxYES_NO | (cancel ? wxCANCEL : 0) |
+             (neither ? wxCANCEL_DEFAULT
+              : no    ? wxNO_DEFAULT
+                      : wxYES_DEFAULT);
     }
     case MessageButtons::kOkCancel:
       return wxOK | wxCANCEL |
@@ -219,6 +223,10 @@ std::unique_ptr<platform::Progress> Toolkit::StartProgress(std::string_view task
 }
 
 void Toolkit::Beep() { wxBell(); }
+
+void Toolkit::SetClipboardText(std::string_view text) { ToClipboard(std::string(text)); }
+
+std::string Toolkit::ClipboardText() { return FromClipboard(); }
 
 void Toolkit::CallLater(std::function<void()> task) { CallWhenIdle(std::move(task)); }
 

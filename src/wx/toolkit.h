@@ -37,6 +37,8 @@ class Toolkit : public platform::Toolkit {
   void SetPointer(platform::Pointer pointer) override;
   std::unique_ptr<platform::Progress> StartProgress(std::string_view task) override;
   void Beep() override;
+  void SetClipboardText(std::string_view text) override;
+  std::string ClipboardText() override;
   void CallLater(std::function<void()> task) override;
   void SendKeys(std::string_view keys) override;
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/ffunction.h"
+#include "forms/keys.h"
 #include "tests/support/editor_bench.h"
 
 namespace addin {
@@ -86,6 +87,54 @@ TEST(Connect, OnlyTheCompiledModuleIsHooked) {
   const auto& native = bench.window_system.windows[bench.toolkit.Handle(bench.Window())];
   EXPECT_FALSE(native.hook);
   EXPECT_EQ(native.parent, 100);
+}
+
+// The window system refuses the window: the editor works on, and goes as always.
+TEST(Connect, FailingWindowSystemStopsNothing) {
+  EditorBench bench;
+  bench.window_system.fails = true;
+  bench.Start();
+  bench.Click("FOR0");
+  EXPECT_TRUE(bench.add_in->Initialised());
+  bench.add_in->Terminate();
+  EXPECT_EQ(bench.add_in->EditorWindow(), nullptr);
+  EXPECT_EQ(bench.studio->Find("FOR0"), nullptr);
+  EXPECT_THAT(bench.toolkit.boxes, IsEmpty());
+}
+
+TEST(Connect, BranchesLookAsTheStudioWantsThem) {
+  EditorBench bench("FOR0");
+  for (const auto& [key, icon] :
+       {std::pair("FORA0", "icoForAlias"), std::pair("FORF0", "icoForFunction")}) {
+    const auto* node = bench.studio->Find(key);
+    ASSERT_NE(node, nullptr) << key;
+    EXPECT_EQ(node->parent, "FOR0");
+    EXPECT_EQ(node->icon, icon);
+    EXPECT_EQ(node->info, "");
+    EXPECT_EQ(node->flags, (platform::NodeFlags{-1, 0, 0, 0}));
+  }
+}
+
+// Help is there before there is an editor window; the studio's window owns it then.
+TEST(Connect, HelpNeedsNoEditor) {
+  EditorBench bench;
+  bench.Start();
+  bench.Key("FOR0", forms::kKeyF1);
+  ASSERT_EQ(bench.help.topics.size(), 1u);
+  EXPECT_EQ(bench.help.topics[0], (support::RecordingHelp::Topic{100, 90002}));
+  EXPECT_EQ(bench.add_in->EditorWindow(), nullptr);
+}
+
+TEST(Connect, HourglassStandsWhileTheDatabaseWorks) {
+  EditorBench bench("FORF0");
+  for (const char* tool : {"mnuOptionStatistik", "mnuOptionReport"}) {
+    bench.toolkit.pointers.clear();
+    bench.reports.report = std::make_shared<support::RecordingReport>();
+    bench.Choose(tool);
+    EXPECT_THAT(bench.toolkit.pointers,
+                ElementsAre(platform::Pointer::kHourglass, platform::Pointer::kDefault))
+        << tool;
+  }
 }
 
 TEST(Connect, FormulasBecomeNodes) {
@@ -172,7 +221,7 @@ TEST(Connect, FailingDatabaseIsSaidAndTriedAgain) {
   bench.Click("FOR0");
   ASSERT_EQ(bench.toolkit.boxes.size(), 1u);
   EXPECT_EQ(bench.toolkit.boxes[0].title, "ConnectToDataBase");
-  EXPECT_THAT(bench.toolkit.boxes[0].prompt, HasSubstr("   "));
+  EXPECT_THAT(bench.toolkit.boxes[0].detail, HasSubstr("   "));
   EXPECT_THAT(bench.toolkit.boxes[0].prompt, HasSubstr("Plant.ovs"));
   EXPECT_FALSE(bench.add_in->Initialised());
   EXPECT_EQ(bench.add_in->EditorWindow(), nullptr);
@@ -194,7 +243,7 @@ TEST(Connect, DatabaseWithoutTheTablesIsRefused) {
   bench.Start();
   bench.Click("FOR0");
   ASSERT_EQ(bench.toolkit.boxes.size(), 1u);
-  EXPECT_THAT(bench.toolkit.boxes[0].prompt, HasSubstr("TvbfAlias"));
+  EXPECT_THAT(bench.toolkit.boxes[0].detail, HasSubstr("TvbfAlias"));
   EXPECT_FALSE(bench.add_in->Initialised());
   EXPECT_EQ(bench.plant.connection->State(), platform::ObjectState::kClosed);
 }

@@ -32,8 +32,14 @@ TEST(CheckField, StripsATextBoxAsItIsTyped) {
   fields.box.on_change = [&] { ++changes; };
   fields.box.SetText("250");
   EXPECT_EQ(toolkit.beeps, 0);
+  fields.box.SetText("1x");
+  EXPECT_EQ(toolkit.beeps, 1) << "nobody asked for a report";
+  toolkit.beeps = 0;
+  std::vector<std::string> reports;
+  check.on_report = [&](const std::string& rejected) { reports.push_back(rejected); };
   fields.box.SetText("250ms");
   EXPECT_EQ(fields.box.Text(), "250");
+  EXPECT_EQ(reports, std::vector<std::string>{"2"});
   EXPECT_EQ(toolkit.beeps, 1) << "one beep for two characters";
   fields.box.SetText("12345");
   EXPECT_EQ(fields.box.Text(), "1234") << "the greatest length";

@@ -37,14 +37,15 @@ TEST_P(DialogFlows, MainJob) {
     EXPECT_EQ(dialog.cmbProgID.ListCount(), 2) << "the private class cannot hold formulas";
     EXPECT_EQ(dialog.cmbProgID.ListIndex(), -1);
     EXPECT_FALSE(dialog.cmdOk.Enabled());
-    EXPECT_FALSE(dialog.cmdOk.ToolTip().empty()) << "says why OK is grey";
+    EXPECT_EQ(dialog.lblProgIDHint.Caption(), dialog.cmdOk.ToolTip()) << "says why OK is grey";
+    EXPECT_TRUE(dialog.lblProgIDHint.Visible());
     dialog.ChooseClass("PumpServer.CPump");
+    EXPECT_FALSE(dialog.lblProgIDHint.Visible());
     EXPECT_TRUE(dialog.cmdOk.Enabled());
     EXPECT_FALSE(dialog.txtScanTime.Enabled());
     dialog.cmbType.SetListIndex(7);
     EXPECT_TRUE(dialog.txtScanTime.Enabled());
-    dialog.txtScanTime.SetText("250ms");
-    EXPECT_EQ(dialog.txtScanTime.Text(), "250");
+    dialog.txtScanTime.SetText("250");
     dialog.cmdOk.Click();
   });
   const AddedFormula formula = AddFormula(context);
@@ -203,6 +204,9 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
   const std::string malformed =
       In("Der Alias ist nicht entsprechend den Visual Basic Namenskonventionen gewählt!!!",
          "The Alias does not meet the Visual Basic naming conventions!!!");
+  const std::string taken = context.texts.Text(
+      1010, {{"<Name>", "LEVEL"}, {"<Item>", "Tank1.Level"}, {"<Free>", "LEVEL1"}});
+  const std::string lines = context.texts.Text(1651);
   struct Case {
     const char* item;
     const char* alias;
@@ -216,9 +220,9 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
       {"Pump.Running", " ", empty, "", false},
       {"Pump.Running", "1st", malformed, "A1st", true},
       {"Pump.Running", "Run ning", malformed, "Run_ning", true},
-      {"Pump.Running", "LEVEL", malformed, "Tank1.Level", true},
-      {"Pump.Running", "Level", malformed, "Level1", true},
+      {"Pump.Running", "LEVEL", taken, "", true},
       {"Pump.Running", "Next", malformed, "Next", true},
+      {"Pump.\nRunning", "Running", lines, "", false},
   };
   bench.In<FAlias>([&](FAlias& dialog) {
     for (const Case& c : cases) {
@@ -232,9 +236,11 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
       ASSERT_EQ(bench.toolkit.boxes.size(), 1u);
       EXPECT_EQ(bench.toolkit.boxes[0].prompt, c.prompt);
       EXPECT_THAT(bench.toolkit.boxes[0].detail, HasSubstr(c.detail));
+      EXPECT_TRUE(dialog.txtItemname.Invalid() || dialog.txtVBAlias.Invalid()) << "is marked";
       EXPECT_EQ(bench.toolkit.boxes[0].buttons, platform::MessageButtons::kOk);
       bench.toolkit.boxes.clear();
     }
+    dialog.txtItemname.SetText("Pump.Running");
     dialog.txtVBAlias.SetText("_Running");
     EXPECT_TRUE(dialog.lblVBAliasHint.Visible()) << "can be stored, but Visual Basic refuses it";
     dialog.txtVBAlias.SetText("Running");
@@ -243,6 +249,116 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
   });
   EXPECT_EQ(AddAlias(context), 2);
   EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank1.Level|Level", "2|Pump.Running|Running"));
+}
+
+// An alias is proposed from the item that is typed until the user writes one; an alias that is
+// stored stays.
+TEST_P(DialogFlows, TypedItemProposesAnAlias) {
+  const std::int32_t level = bench.HaveAlias("Tank1.Level", "Tank1_Level");
+  bench.In<FAlias>([&](FAlias& dialog) {
+    dialog.txtItemname.SetText("Tank1.Lev");
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "Tank1_Lev");
+    dialog.txtItemname.SetText("Tank1.Level");
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "Tank1_Level1") << "free";
+    dialog.txtItemname.SetText(" ");
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "");
+    dialog.txtItemname.SetText("Pump.Running");
+    dialog.txtVBAlias.SetText("Running");
+    dialog.txtItemname.SetText("Pump2.Running");
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "Running");
+    dialog.cmdOk.Click();
+  });
+  EXPECT_NE(AddAlias(context), 0);
+  bench.In<FAlias>([&](FAlias& dialog) {
+    dialog.txtItemname.SetText("Tank2.Level");
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "Tank1_Level");
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditAlias(context, level));
+  EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank2.Level|Tank1_Level", "2|Pump2.Running|Running"));
+}
+
+// What did not change is not judged: an alias that breaks the rules may get another item.
+TEST_P(DialogFlows, StoredAliasIsNotJudged) {
+  const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
+  bench.plant.connection->BeginTrans();
+  const auto row = support::MemoryDatabase::Open(*bench.plant.connection, "TvbfAlias");
+  row->Fields("VBAlias").SetValue("1st level");
+  row->Update();
+  row->Close();
+  bench.plant.connection->CommitTrans();
+  context.aliases->Requery();
+  bench.In<FAlias>([&](FAlias& dialog) {
+    EXPECT_FALSE(dialog.lblVBAliasHint.Visible());
+    dialog.txtItemname.SetText("Tank2.Level");
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditAlias(context, alias));
+  EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank2.Level|1st level"));
+  EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
+}
+
+// A scan time that is used and was changed must be one; the field says so before OK does.
+TEST_P(DialogFlows, ScanTimeIsANumberOfMilliseconds) {
+  const auto added = bench.operations->AddFormula(
+      {.name = "FillTank", .prog_id = "PumpServer.CPump", .type = 7, .scan_time = 40});
+  bench.In<FFunction>([&](FFunction& dialog) {
+    for (const char* text : {"", "  ", "-1", "250ms", "2.5", "99999999999", "2147483648"}) {
+      SCOPED_TRACE(text);
+      dialog.txtScanTime.SetText(text);
+      EXPECT_EQ(dialog.lblScanTimeHint.Visible(), *text != 0);
+      dialog.cmdOk.Click();
+      EXPECT_TRUE(dialog.Visible());
+      EXPECT_TRUE(dialog.txtScanTime.Invalid());
+    }
+    EXPECT_THAT(bench.toolkit.TakePrompts(), testing::Each(context.texts.Text(1650)));
+    dialog.cmbType.SetListIndex(0);
+    EXPECT_FALSE(dialog.txtScanTime.Invalid()) << "is not used";
+    dialog.cmbType.SetListIndex(7);
+    dialog.txtScanTime.SetText(" 2147483647 ");
+    EXPECT_FALSE(dialog.txtScanTime.Invalid());
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, added.id()));
+  bench.In<FFunction>([&](FFunction& dialog) {
+    dialog.txtScanTime.SetText("soon");
+    dialog.cmbType.SetListIndex(0);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, added.id()));
+  EXPECT_THAT(bench.Formulas(), ElementsAre("1|FillTank|PumpServer.CPump|0|2147483647|True|"));
+}
+
+// Another class brings up the question whether the code follows; the answer is kept.
+TEST_P(DialogFlows, MovedFormulaTakesItsCodeAlongIfWanted) {
+  const std::int32_t id = bench.HaveFormula("FillTank", "PumpServer.CPump");
+  const std::string body = "    Beep\r\n";
+  const std::string head = "Public Sub FillTank()\r\n";
+  std::string code = bench.plant.Code("CPump");
+  code.insert(code.find(head) + head.size(), body);
+  bench.plant.system.Put(support::ClassPath("CPump"), support::ClassHeader("CPump", true) + code);
+  context.choices->move_with_code = true;
+  bench.In<FFunction>([&](FFunction& dialog) {
+    EXPECT_FALSE(dialog.chkWithCode.Visible());
+    dialog.cmbProgID.SetListIndex(1);
+    EXPECT_TRUE(dialog.chkWithCode.Visible());
+    EXPECT_TRUE(dialog.chkWithCode.Checked());
+    EXPECT_THAT(dialog.lblWithCodeHint.Caption(), HasSubstr("PumpServer.CPump"));
+    dialog.cmbProgID.SetListIndex(0);
+    EXPECT_FALSE(dialog.chkWithCode.Visible());
+    dialog.cmbProgID.SetListIndex(1);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, id));
+  EXPECT_THAT(bench.plant.Code("CTank"), HasSubstr(head + body));
+  bench.In<FFunction>([&](FFunction& dialog) {
+    dialog.cmbProgID.SetListIndex(0);
+    dialog.chkWithCode.SetChecked(false);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, id));
+  EXPECT_THAT(bench.plant.Code("CPump"), testing::Not(HasSubstr(head + body)));
+  EXPECT_FALSE(context.choices->move_with_code);
 }
 
 TEST_P(DialogFlows, RenamedAliasReachesEveryClassThatUsesIt) {
@@ -296,6 +412,27 @@ TEST_P(DialogFlows, VariableChangeForbidsBothFlags) {
   EXPECT_NE(AddArgument(context, cyclic), 0);
   EXPECT_THAT(bench.Arguments(), ElementsAre("1|1|1|True|False", "2|2|1|True|True"));
   EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
+}
+
+// The database goes away before a dialog is filled, and while it is open.
+TEST_P(DialogFlows, DialogsSayWhenTheDatabaseFails) {
+  const std::int32_t formula = bench.HaveFormula("FillTank", "PumpServer.CPump");
+  const std::int32_t argument =
+      bench.HaveArgument(formula, bench.HaveAlias("Tank1.Level", "Level"), true, false);
+  bench.In<FParameter>([&](FParameter& dialog) {
+    dialog.chkOut.SetChecked(true);
+    bench.plant.connection->Close();
+    dialog.cmdOk.Click();
+  });
+  bench.In<FParameter>([](FParameter& dialog) { dialog.cmdCancel.Click(); });
+  EXPECT_FALSE(EditArgument(context, argument));
+  EXPECT_FALSE(AddFormula(context).added);
+  EXPECT_FALSE(EditFormula(context, formula));
+  EXPECT_EQ(AddArgument(context, formula), 0);
+  EXPECT_FALSE(EditArgument(context, argument));
+  EXPECT_THAT(bench.toolkit.TakePrompts(),
+              ElementsAre(context.Text(551), context.Text(340), context.Text(340),
+                          context.Text(550), context.Text(550)));
 }
 
 TEST_P(DialogFlows, ChoiceOfAliasSearchesNamesAndItems) {

@@ -20,10 +20,19 @@ struct Menu : forms::Form {
 
 // The tools that are both visible and enabled, those that always are left out.
 std::string ShownTools(const forms::MenuControl& menu) {
-  const std::set<std::string> always = {
-      "mnuOptions",      "mnuOptionActualize", "mnuOptionsSep0",  "mnuOptionStatistik",
-      "mnuOptionReport", "mnuOptionSep1",      "mnuOptionOption", "tbrSep0",
-      "tbrSep1"};
+  const std::set<std::string> always = {"mnuOptions",
+                                        "mnuOptionActualize",
+                                        "mnuOptionsSep0",
+                                        "mnuOptionStatistik",
+                                        "mnuOptionReport",
+                                        "mnuOptionSep1",
+                                        "mnuOptionOption",
+                                        "tbrSep0",
+                                        "tbrSep1",
+                                        "mnuGridSep",
+                                        "Edit",
+                                        "Copy",
+                                        "Paste"};
   std::string shown;
   for (const auto& tool : menu.Tools()) {
     EXPECT_TRUE(tool->Enabled() || !tool->Visible()) << tool->Name() << " is greyed out";

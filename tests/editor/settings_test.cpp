@@ -101,6 +101,17 @@ TEST(EditorSettings, CloseBoxHidesAndSaves) {
   }
 }
 
+// A host window that fails keeps nothing from being saved.
+TEST(EditorSettings, FailingHostWindowDoesNotMatter) {
+  Opened bench;
+  bench.host_window.fails = true;
+  bench.toolkit.ShowModeless(bench.Window());
+  bench.Window().tdbP.ColumnAt(1).SetWidth(777);
+  EXPECT_FALSE(bench.Window().Close(forms::CloseReason::kUser));
+  EXPECT_FALSE(bench.Window().Visible());
+  EXPECT_EQ(bench.Setting("tdbP.Splits(1).Columns(\"In\").Width"), "777");
+}
+
 TEST(EditorSettings, UnwritableFileIsSaid) {
   Opened bench;
   bench.settings.writable = false;

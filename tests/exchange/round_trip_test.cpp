@@ -91,9 +91,11 @@ void AddHostileRows(support::FormulaProject& project, const std::vector<std::str
   for (std::size_t i = 0; i < texts.size(); ++i) {
     aliases.push_back({texts[i], "A" + std::to_string(i) + (i % 3 == 0 ? "_ä" : "")});
   }
-  // Items of blanks alone are none.
-  std::erase_if(
-      aliases, [](const auto& a) { return a.item_id.find_first_not_of(' ') == std::string::npos; });
+  // Items of blanks alone and of several lines are none.
+  std::erase_if(aliases, [](const auto& a) {
+    return a.item_id.find_first_not_of(' ') == std::string::npos ||
+           a.item_id.find_first_of("\r\n") != std::string::npos;
+  });
   const auto ids = o.AddAliases(aliases).ids;
   ASSERT_EQ(ids.size(), aliases.size());
   std::mt19937 random(7);
@@ -101,7 +103,7 @@ void AddHostileRows(support::FormulaProject& project, const std::vector<std::str
     const auto type = static_cast<std::int32_t>(i % 8);
     const auto formula =
         o.AddFormula({"F" + std::to_string(i), i % 2 ? "PumpServer.CPump" : "PumpServer.CTank",
-                      type, static_cast<std::int32_t>(random() % 5000) - 9, i % 3 != 0, texts[i]});
+                      type, static_cast<std::int32_t>(random() % 5000), i % 3 != 0, texts[i]});
     ASSERT_TRUE(formula.success()) << ToText(formula);
     std::vector<store::ArgumentValues> arguments;
     for (std::size_t n = 0; n < i % 4; ++n) {
@@ -183,6 +185,8 @@ TEST(RefusedLines, AreWrittenAsTheyStoodAndCanBeReadAgain) {
        "T.1;\"a;\"\"b\";1st;\"Der Alias ist nicht entsprechend den Visual Basic Namenskonventionen "
        "gewählt!!! 1st beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben. Gültig "
        "wäre A1st.\"\r\n"
+       "\"'=x\r\ny\";Füll;;Der Itemname enthält einen Zeilenumbruch. Schreiben Sie ihn in einer "
+       "Zeile.\r\n"
        "T.5;;Dim;extra;Die Zeile hat mehr Zellen als die Kopfzeile, die 3 hat. Steht das "
        "Trennzeichen in einem Text, gehört er in Anführungszeichen.\r\n"},
       {"JSON",

@@ -113,6 +113,17 @@ TEST_F(GridTest, KeepsTheRowWhenWritingFails) {
   EXPECT_TRUE(grid.SetCurrentId(12));
 }
 
+// Whoever writes a row as soon as its cell was left does so once, also when it fails.
+TEST_F(GridTest, WritesAPendingEditOnce) {
+  fail = true;
+  grid.on_after_column_update = [this](std::size_t) { grid.Update(); };
+  grid.SetCurrentId(11);
+  grid.BeginEdit(0);
+  grid.SetEditValue(Variant("Level"));
+  EXPECT_FALSE(grid.Update());
+  EXPECT_EQ(log, "before write error:duplicate ");
+}
+
 TEST_F(GridTest, EditsEndInOneOfFourWays) {
   grid.SetCurrentId(10);
   EXPECT_FALSE(grid.EditCell(0, Variant("refused")));

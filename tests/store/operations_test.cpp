@@ -13,6 +13,7 @@
 #include "codegen/identifier.h"
 #include "platform/text.h"
 #include "store/alias_proposals.h"
+#include "store/operation_texts.h"
 #include "tests/support/formula_project.h"
 #include "tests/support/sentence.h"
 
@@ -274,12 +275,43 @@ TEST_F(OperationsTest, AnItemThatNobodyKnowsKeepsItsType) {
          "Public Level as Long 'Tank1.Level", "");
 }
 
+// The counter of proposed names ends where a number of 16 bits does.
+TEST_F(OperationsTest, ProposalsEnd) {
+  const auto names = support::MemoryDatabase::Open(*project_.open->connection, "TvbfFormulas");
+  project_.open->connection->BeginTrans();
+  const std::string base = project_.open->texts.Text(kTextFormulaBase);
+  for (int i = 1; i <= 32767; ++i) {
+    if (i != 20000) names->AddNew({"Name", "ProgID"}, {base + std::to_string(i), "P.C"});
+  }
+  project_.open->connection->CommitTrans();
+  EXPECT_EQ(operations().ProposeFormulaName(), base + "20000");
+  names->AddNew({"Name", "ProgID"}, {base + "20000", "P.C"});
+  EXPECT_THROW(operations().ProposeFormulaName(), platform::Error);
+  names->Close();
+}
+
+// A scan time below 0 is none; one that the call type does not use is stored with a warning.
+TEST_F(OperationsTest, ScanTimes) {
+  FormulaValues values = {"Scan", kClass, kAsynchronous, -1};
+  EXPECT_EQ(operations().AddFormula(values).message.number(), kTextScanTime);
+  values.scan_time = 500;
+  const std::int32_t id = Do(operations().AddFormula(values)).id();
+  values.type = kBeforeCycle;
+  EXPECT_TRUE(Do(operations().EditFormula(id, values)).warnings.empty()) << "it is kept";
+  values.scan_time = 600;
+  const OperationResult changed = Do(operations().EditFormula(id, values));
+  ASSERT_EQ(changed.warnings.size(), 1u);
+  EXPECT_EQ(changed.warnings[0].number(), kTextScanTimeUse);
+  values.scan_time = -1;
+  EXPECT_EQ(operations().EditFormula(id, values).message.number(), kTextScanTime);
+}
+
 // Whatever may be stored as an alias: it is declared once, renamed and removed again.
 TEST_F(OperationsTest, WhatIsDeclaredIsFoundAgain) {
   const std::string before = project_.Code("CPump");
   for (const char* name :
        {"_stValve", "__", "_1", "\xE2\x82\xAC", "\xC2\xA0x", "Ä_", "x\xC3\x97"}) {
-    const std::int32_t alias = project_.AddAlias("#1 'x\r\n _", name);
+    const std::int32_t alias = project_.AddAlias("#1 'x   _", name);
     const ArgumentValues values[] = {{alias, true, false}};
     const Ids arguments = {Do(operations().AddArguments(1, values)).id(),
                            Do(operations().AddArguments(2, values)).id()};
@@ -290,7 +322,7 @@ TEST_F(OperationsTest, WhatIsDeclaredIsFoundAgain) {
     std::string code = platform::Windows1252ToUtf8(project_.Code("CPump"));
     EXPECT_TRUE(count(code)) << code;
     EXPECT_FALSE(count(code.substr(code.find(line) + 1))) << "declared twice: " << code;
-    Do(operations().EditAlias(alias, {"#1 'x\r\n _", "Renamed"}));
+    Do(operations().EditAlias(alias, {"#1 'x   _", "Renamed"}));
     EXPECT_FALSE(count(platform::Windows1252ToUtf8(project_.Code("CPump")))) << name;
     Do(operations().DeleteArguments(arguments));
     Do(operations().DeleteAliases(Ids{alias}));

@@ -22,7 +22,12 @@ class RecordingHostWindow : public platform::HostWindow {
   std::vector<std::string> calls;
 
   std::string TypeName() const override { return type_name; }
-  void SetVisible(bool visible) override { calls.push_back(visible ? "Visible" : "Invisible"); }
+  bool fails = false;
+  void SetVisible(bool visible) override {
+    if (fails)
+      throw platform::Error(platform::ErrorKind::kIo, 5, messages::Message::Verbatim("host"));
+    calls.push_back(visible ? "Visible" : "Invisible");
+  }
   void Show() override { calls.push_back("Show"); }
 };
 

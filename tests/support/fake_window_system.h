@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/error.h"
 #include "platform/window_system.h"
 
 namespace support {
@@ -23,6 +24,7 @@ class FakeWindowSystem : public platform::WindowSystem {
   std::map<platform::WindowHandle, Window> windows;
   std::vector<std::string> registered_messages;
   int moves = 0;
+  bool fails = false;  // what changes the style or parent of a window
 
   // A message on its way to the window; returns whether a hook saw it.
   bool Send(platform::WindowHandle window, std::uint32_t message, std::intptr_t first = 0,
@@ -37,9 +39,11 @@ class FakeWindowSystem : public platform::WindowSystem {
     return windows[window].style;
   }
   void SetWindowStyle(platform::WindowHandle window, std::uint32_t style) override {
+    RequireWorking();
     windows[window].style = style;
   }
   void SetParent(platform::WindowHandle window, platform::WindowHandle parent) override {
+    RequireWorking();
     windows[window].parent = parent;
   }
   std::intptr_t Hook(platform::WindowHandle window, MessageHook hook) override {
@@ -59,6 +63,13 @@ class FakeWindowSystem : public platform::WindowSystem {
   void MoveWindow(platform::WindowHandle window, const platform::Rectangle& place) override {
     windows[window].place = place;
     ++moves;
+  }
+
+ private:
+  void RequireWorking() const {
+    if (fails)
+      throw platform::Error(platform::ErrorKind::kInternal, 5,
+                            messages::Message::Verbatim("window system"));
   }
 };
 

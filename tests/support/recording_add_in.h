@@ -97,8 +97,8 @@ class RecordingAddIn : public platform::AddIn {
     return item;
   }
   void ShowCodeWindow() override { Record("ShowCodeWindow"); }
-  void ShowWarnings(const std::vector<std::string>& lines) override {
-    warnings.insert(warnings.end(), lines.begin(), lines.end());
+  void ShowWarnings(const std::vector<platform::Notice>& lines) override {
+    for (const platform::Notice& line : lines) warnings.push_back(line.text);
   }
 
  private:

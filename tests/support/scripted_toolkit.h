@@ -40,6 +40,7 @@ class ScriptedToolkit : public platform::Toolkit {
   std::vector<forms::Form*> loaded;
   std::vector<forms::Form*> shown;  // modeless
   int beeps = 0;
+  std::string clipboard;
 
   ~ScriptedToolkit() override {
     EXPECT_TRUE(modal_steps.empty()) << modal_steps.size() << " dialogs were never shown";
@@ -134,6 +135,8 @@ class ScriptedToolkit : public platform::Toolkit {
     return std::make_unique<Scripted>(*this);
   }
   void Beep() override { ++beeps; }
+  void SetClipboardText(std::string_view text) override { clipboard = text; }
+  std::string ClipboardText() override { return clipboard; }
   void CallLater(std::function<void()> task) override { later_.push_back(std::move(task)); }
   void SendKeys(std::string_view text) override { keys.emplace_back(text); }
 

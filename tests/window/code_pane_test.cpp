@@ -5,6 +5,7 @@
 
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "wx/convert.h"
 
 namespace {
 
@@ -134,10 +135,17 @@ TEST_F(CodePaneTest, KeepsWhatOperationsAndOthersDoBesideIt) {
   theirs = plant.system.Get(path);
   theirs.insert(theirs.find("'theirs"), "'b ");
   plant.system.Put(path, theirs);
-  Input({"sleep 1 key ctrl+s sleep 0.6 key alt+n"});
+  Input({"sleep 1 key ctrl+s sleep 0.6 key Escape"});
   EXPECT_TRUE(Shown("'a 'theirs") && Saved("'b 'theirs"));
-  Input({"key ctrl+s sleep 0.6 key alt+y"});
+  Input({"key ctrl+s sleep 0.6 key alt+l"});
   EXPECT_TRUE(Shown("'b 'theirs"));
+  Input({"key ctrl+Home", "type --delay 40 \"'c \""});
+  theirs = plant.system.Get(path);
+  theirs.insert(theirs.find("'b "), "'d ");
+  plant.system.Put(path, theirs);
+  Input({"sleep 1 key ctrl+s sleep 0.6 key alt+o"});
+  EXPECT_TRUE(Saved("'c 'b 'theirs")) << "theirs is in the clipboard";
+  EXPECT_EQ(wx::FromClipboard().find("'d 'b"), 0u);
 }
 
 TEST_F(CodePaneTest, OutlivesTheRemovalOfItsClass) {

@@ -2,6 +2,7 @@
 // Another program changes the project while its window is open.
 #include <gtest/gtest.h>
 #include <wx/button.h>
+#include <wx/stattext.h>
 
 #include "desktop/notice_bar.h"
 #include "project/project.h"
@@ -22,7 +23,7 @@ desktop::NoticeBar* Notice(const DesktopProgram& program) {
 
 // Clicks the n-th button of the notice.
 void ClickNotice(const DesktopProgram& program, int n) {
-  for (wxWindow* child : Notice(program)->GetChildren()) {
+  for (wxWindow* child : Notice(program)->GetChildren().GetFirst()->GetData()->GetChildren()) {
     if (!dynamic_cast<wxButton*>(child) || n-- > 0) continue;
     const wxRect place = child->GetScreenRect();
     return Input({"mousemove " + std::to_string(place.x + place.width / 2) + " " +
@@ -47,8 +48,12 @@ TEST(ForeignChange, IsNoticedAndTakenOverWhenTheUserWantsIt) {
   EXPECT_EQ(program.state().project, support::kPlantDatabase);
   EXPECT_FALSE(Notice(program)->IsShown()) << "an own change is none";
 
+  const wxPoint table = program.Grid().GetScreenPosition();
+  const wxPoint code = program.Code().GetScreenPosition();
   AddElsewhere(plant.system, "Foreign");
   Wait::For([&] { return Notice(program)->IsShown(); });
+  EXPECT_EQ(program.Grid().GetScreenPosition(), table) << "what may be clicked stays in place";
+  EXPECT_EQ(program.Code().GetScreenPosition(), code);
   EXPECT_EQ(program.FormulaNodes(), std::vector<std::string>{"Own"})
       << "the view is the user's until they choose";
   ClickNotice(program, 1);
@@ -61,6 +66,28 @@ TEST(ForeignChange, IsNoticedAndTakenOverWhenTheUserWantsIt) {
   Wait::For([&] { return program.FormulaNodes().size() == 3; });
   EXPECT_EQ(program.FormulaNodes(), (std::vector<std::string>{"Own", "Foreign", "Another"}));
   EXPECT_FALSE(Notice(program)->IsShown());
+}
+
+// A project that can only be read, or that has no code, says so from the start.
+TEST(Notices, TellTheStateOfTheProject) {
+  support::SamplePlant plant;
+  AddElsewhere(plant.system, "Fill");
+  plant.system.Remove(support::kProjectPath);
+  {
+    DesktopProgram program(plant.system, texts::Language::kEnglish);
+    ASSERT_TRUE(program.Open());
+    EXPECT_TRUE(Notice(program)->Tells(desktop::NoticeBar::Kind::kNoCode));
+    EXPECT_FALSE(Notice(program)->Tells(desktop::NoticeBar::Kind::kReadOnly));
+    Input({"key --delay 60 Home Down Down Down"});
+    const auto* title = window_tests::FindChild<wxStaticText>(*program.Code().GetParent());
+    EXPECT_NE(title->GetLabelText().Find("PumpServer.CPump"), wxNOT_FOUND);
+    ClickNotice(program, 1);
+    EXPECT_FALSE(Notice(program)->IsShown());
+  }
+  plant.system.SetReadOnly(support::kPlantDatabase, true);
+  DesktopProgram program(plant.system, texts::Language::kEnglish);
+  ASSERT_TRUE(program.Open());
+  EXPECT_TRUE(Notice(program)->Tells(desktop::NoticeBar::Kind::kReadOnly));
 }
 
 }  // namespace

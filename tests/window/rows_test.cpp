@@ -4,6 +4,7 @@
 
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "wx/convert.h"
 
 namespace {
 
@@ -27,6 +28,13 @@ struct PlantWithRows : support::SamplePlant {
     EXPECT_TRUE(operations.AddArguments(1, arguments).success());
   }
   Lines Aliases() { return Rows("TvbfAlias", {"ID", "VBAlias"}); }
+  // An argument, by somebody else.
+  void Delete(std::int32_t argument) {
+    const texts::TextTable texts(texts::Language::kEnglish);
+    project::Project project(system, support::kPlantDatabase, {}, texts);
+    const std::vector<std::int32_t> ids = {argument};
+    EXPECT_TRUE(project.operations().DeleteArguments(ids).success());
+  }
   Lines Arguments() { return Rows("TvbfParams", {"ID", "AliasID", "In"}); }
 };
 
@@ -42,6 +50,7 @@ class RowsTest : public ::testing::Test {
     return "mousemove " + std::to_string(place.x) + " " + std::to_string(place.y) + " ";
   }
 
+  const texts::TextTable texts{texts::Language::kEnglish};
   PlantWithRows plant;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
 };
@@ -63,6 +72,49 @@ TEST_F(RowsTest, EditIsAboutTheRowUnderTheMouse) {
   Input({MoveTo(2) + "click 3", "sleep 0.3 key --delay 80 Down Down Return sleep 0.8",
          "key --delay 80 Tab space Return"});
   EXPECT_EQ(plant.Arguments(), (Lines{"1|1|False", "2|2|False", "3|3|True"}));
+}
+
+// What the context menu offers for cells and rows.
+TEST_F(RowsTest, CellsAreCopiedPastedAndEdited) {
+  Input({"key --delay 60 Home Down"});
+  Input({MoveTo(2, 1) + "click 3", "sleep 0.3 key --delay 80 Down Down Down Down Return sleep 0.4",
+         "key ctrl+a", "type --delay 40 Third", "key Return"});
+  EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two", "3|Third", "4|Four"}));
+  Input({MoveTo(0, 1) + "click 1", "key ctrl+c"});
+  EXPECT_EQ(wx::FromClipboard(), "Plant.One\tOne\n");
+  Input({MoveTo(1, 1) + "click 1", "key ctrl+v"});
+  EXPECT_EQ(program.Status(), texts.Text(1665)) << "two values do not fit into a cell";
+  wx::ToClipboard("Second\n");
+  Input({"key ctrl+v"});
+  EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Second", "3|Third", "4|Four"}));
+}
+
+// Used aliases are told in one message, with what became of the rest.
+TEST_F(RowsTest, DeletingTellsOnceWhatIsUsed) {
+  Input({"key --delay 60 Home Down"});
+  Input({MoveTo(3) + "click 1", "key ctrl+a",
+         "key ctrl+Delete sleep 0.8 key alt+y sleep 0.8 key Return"});
+  EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two", "3|Three"}));
+  plant.Delete(3);
+  Input({MoveTo(2) + "click 1", "key ctrl+Delete sleep 0.8 key alt+y"});
+  EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two"}));
+  EXPECT_EQ(program.Status(), texts.Text(1655));
+}
+
+// A key that has nothing to act on says so.
+TEST_F(RowsTest, NothingIsDoneWithoutAWord) {
+  Input({"key --delay 60 Home Down Down", "key F9"});
+  EXPECT_EQ(program.Status(), texts.Text(1911));
+  Input({"key alt+F6 key F8"});
+  EXPECT_EQ(program.Status(), texts.Text(1621));
+  plant.Delete(1);
+  plant.Delete(2);
+  plant.Delete(3);
+  Input({"key alt+F6 key --delay 60 Home Down Down Down sleep 0.3", "key alt+F6 key F9"});
+  EXPECT_EQ(program.Status(), texts.Text(1620));
+  // The table says that F8 adds one: from the tree, too.
+  Input({"key alt+F6 key F8 sleep 0.8", "type --delay 40 Two", "key Return"});
+  EXPECT_EQ(plant.Rows("TvbfParams", {"AliasID"}), Lines{"2"});
 }
 
 TEST_F(RowsTest, ClicksAndLettersChangeNoAlias) {

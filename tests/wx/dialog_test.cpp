@@ -22,7 +22,7 @@ class DialogTest : public ::testing::Test {
     display::DuringModal(std::move(steps));
     toolkit.ShowModal(form, nullptr);
     toolkit.Unload(form);
-    display::Pump(50);
+    EXPECT_TRUE(display::WaitFor([] { return !display::ScriptRuns(); }));
   }
 };
 
@@ -60,6 +60,36 @@ TEST_F(DialogTest, F1AndTheHelpButtonAskForHelp) {
   Run(form, {[] { Press(WXK_F1); }, [] { Press('H', wxMOD_ALT); },
              display::Step::Until([&] { return form.helps == 2; }), [] { Press(WXK_ESCAPE); }});
   EXPECT_EQ(form.helps, 2);
+}
+
+TEST_F(DialogTest, TabGoesThroughTheButtonsAsTheyStand) {
+  samples::FieldsForm form(false);
+  std::vector<wxWindow*> buttons;
+  const auto note = [&] { buttons.push_back(wxWindow::FindFocus()); };
+  Run(form, {[] { display::FindWindow("chkEnabled")->SetFocus(); }, [] { Press(WXK_TAB); }, note,
+             [] { Press(WXK_TAB); }, note, [] { Press(WXK_TAB); }, note,
+             [&] {
+               for (std::size_t i = 1; i < buttons.size(); ++i) {
+                 ASSERT_TRUE(buttons[i - 1] && buttons[i]);
+                 EXPECT_LT(buttons[i - 1]->GetScreenPosition().x,
+                           buttons[i]->GetScreenPosition().x);
+               }
+               EXPECT_EQ(buttons.back()->GetName(), "cmdOk");
+             },
+             [&] { form.Hide(); }});
+}
+
+TEST_F(DialogTest, AHiddenHintLeavesNoHole) {
+  samples::FieldsForm form(false);
+  form.lblHint.SetVisible(false);
+  Run(form, {[] {
+               const auto gap = [](const char* above, const char* below) {
+                 return display::FindWindow(below)->GetScreenRect().GetTop() -
+                        display::FindWindow(above)->GetScreenRect().GetBottom();
+               };
+               EXPECT_EQ(gap("cmbClass", "txtScan"), gap("txtName", "cmbClass"));
+             },
+             [&] { form.Hide(); }});
 }
 
 TEST_F(DialogTest, ShowsWhatTheModelChanges) {

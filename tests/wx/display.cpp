@@ -169,6 +169,8 @@ void Drag(wxWindow& window, wxPoint from, wxPoint to) {
 
 wxWindow* FindWindow(const std::string& name) { return FindIn(wxTopLevelWindows, name); }
 
+bool ScriptRuns() { return running_scripts > 0; }
+
 void DuringModal(std::vector<Step> steps) {
   static std::vector<std::unique_ptr<Script>> scripts;  // a timer must outlive its last notice
   scripts.push_back(std::make_unique<Script>(std::move(steps)));

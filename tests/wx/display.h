@@ -53,5 +53,8 @@ class Step {
 // Runs the steps one after another while modal windows are open, also those that a step opens.
 // Keys are pressed, but events are left to the modal window.
 void DuringModal(std::vector<Step> steps);
+// Whether such steps are left, or their end has not been noticed: the next modal window would be
+// taken for theirs.
+bool ScriptRuns();
 
 }  // namespace display

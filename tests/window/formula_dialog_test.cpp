@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The formula dialog in the whole window: what it asks, and what it refuses.
+#include <gtest/gtest.h>
+#include <wx/listbox.h>
+
+#include "desktop/place_list.h"
+#include "project/project.h"
+#include "tests/window/desktop_program.h"
+
+namespace {
+
+using window_tests::DesktopProgram;
+using window_tests::FindChild;
+using window_tests::Input;
+using Lines = std::vector<std::string>;
+
+// The formula Fill of CPump, whose code uses its argument One.
+struct PlantWithCode : support::SamplePlant {
+  PlantWithCode() {
+    const texts::TextTable texts(texts::Language::kEnglish);
+    project::Project project(system, support::kPlantDatabase, {}, texts);
+    auto& operations = project.operations();
+    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
+    const std::vector<store::AliasValues> aliases = {{"Plant.One", "One"}};
+    EXPECT_TRUE(operations.AddAliases(aliases).success());
+    const std::vector<store::ArgumentValues> arguments = {{1, false, true}};
+    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
+    const std::string path = support::ClassPath("CPump");
+    std::string code = system.Get(path);
+    code.insert(code.find(kHead) + std::string_view(kHead).size(), kBody);
+    system.Put(path, code);
+  }
+  bool Has(const char* module, const std::string& text) {
+    return Code(module).find(text) != std::string::npos;
+  }
+
+  static constexpr const char* kHead = "Public Sub Fill()\r\n";
+  static constexpr const char* kBody = "    One = 1\r\n";
+};
+
+// The window shows Fill.
+class FormulaDialogTest : public ::testing::Test {
+ protected:
+  FormulaDialogTest() {
+    EXPECT_TRUE(program.Open());
+    Input({"key --delay 60 Home Down Down Down"});
+  }
+
+  PlantWithCode plant;
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+};
+
+// The code goes along as long as the user does not say otherwise, which is kept.
+TEST_F(FormulaDialogTest, AsksWhetherTheCodeMovesToo) {
+  Input({"key F9 sleep 0.8", "key --delay 80 Tab Down Return"});
+  EXPECT_TRUE(plant.Has("CTank", std::string(plant.kHead) + plant.kBody)) << plant.Code("CTank");
+  Input({"key F9 sleep 0.8", "key --delay 80 Tab Up Tab space Return"});
+  EXPECT_TRUE(plant.Has("CPump", plant.kHead)) << plant.Code("CPump");
+  EXPECT_FALSE(plant.Has("CPump", std::string(plant.kHead) + plant.kBody));
+  EXPECT_NE(plant.system.Get("/plant/OVEditors.ini").find("MoveWithCode=False"), std::string::npos);
+}
+
+TEST_F(FormulaDialogTest, RefusesAScanTimeThatIsNone) {
+  Input({"key F9 sleep 0.8", "key --delay 80 Tab Tab End Tab ctrl+a", "type --delay 40 99999999999",
+         "key Return sleep 0.6 key Return sleep 0.4", "key ctrl+a", "type --delay 40 250",
+         "key Return"});
+  EXPECT_EQ(plant.Rows("TvbfFormulas", {"Name", "Type", "ScanTime"}), Lines{"Fill|7|250"});
+}
+
+// Uses that a rename leaves behind are a list to go through.
+TEST_F(FormulaDialogTest, ListsTheUsesThatARenameLeaves) {
+  Input({"key --delay 60 Home Down sleep 0.3", "key alt+F6 key F9 sleep 0.8",
+         "key --delay 80 Tab Tab ctrl+a", "type --delay 40 First", "key Return"});
+  auto* places = FindChild<desktop::PlaceList>(program.window());
+  ASSERT_TRUE(places && places->IsShown());
+  auto* list = FindChild<wxListBox>(*places);
+  EXPECT_EQ(list->GetCount(), 1u);
+  const wxRect place = list->GetScreenRect();
+  const std::string click =
+      "mousemove " + std::to_string(place.x + 40) + " " + std::to_string(place.y + 12) + " click 1";
+  Input({click});
+  EXPECT_EQ(program.Code().GetCurLine().Trim().Trim(false), "One = 1");
+  Input({"key Return"});
+  EXPECT_TRUE(program.Code().HasFocus());
+  Input({click, "key Escape"});
+  EXPECT_FALSE(places->IsShown());
+}
+
+}  // namespace
