@@ -57,11 +57,11 @@ TEST_P(MainJobTest, LeavesRowsAndCode) {
   Input({"key F8 sleep 0.8", "type --delay 40 level", "key --delay 80 Tab space Return"});
   EXPECT_EQ(Arguments(), (Lines{"1|1|2|False|False", "2|1|1|True|False"}));
 
-  // A new name, and another class.
+  // A new name, and another class, to which the code does not go along.
   Input({"key alt+F6 key F9 sleep 0.8", "type --delay 40 FillTank", "key Return"});
   EXPECT_EQ(Formulas(), (Lines{"1|FillTank|PumpServer.CPump|0|True|"}));
   EXPECT_NE(program.Title().find("FillTank"), std::string::npos);
-  Input({"key F9 sleep 0.8 key --delay 80 Tab Down Return"});
+  Input({"key F9 sleep 0.8 key --delay 80 Tab Down Tab space Return"});
   EXPECT_EQ(Formulas(), (Lines{"1|FillTank|PumpServer.CTank|0|True|"}));
   EXPECT_NE(program.Status().find("FillTank"), std::string::npos) << program.Status();
 
