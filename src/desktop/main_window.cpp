@@ -26,7 +26,7 @@ namespace {
 using studio::TextNumber;
 
 constexpr int kTimerMs = 700;            // how often files changed by others are looked for
-constexpr std::size_t kEditorMenus = 1;  // the editor's menus stand behind the first
+constexpr std::size_t kEditorMenus = 2;  // the editor's menus stand behind the first two
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
 constexpr std::int32_t kItemsTopic = 90032;
@@ -204,7 +204,7 @@ void MainWindow::Bind() {
   wxFrame::Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_F1) {
       parts_.help.ShowTopic(0, HasKeyboard(code_) ? kCodeTopic : kFirstTopic);
-    } else if (!menu_.RunShortcut(event) && !MoveKeyboard(event)) {
+    } else if (!menu_.RunShortcut(event) && !undo_menu_.RunKey(event) && !MoveKeyboard(event)) {
       event.Skip();
     }
   });
@@ -259,6 +259,7 @@ void MainWindow::OnTimer() {
   if (!session_ || project_->unit().IsOpen()) return;
   code_.Refresh();
   watch_->Look();
+  undo_menu_.Update();
 }
 
 // The project's file and what the editor's window shows of it. At the root the window keeps the

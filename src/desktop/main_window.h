@@ -17,6 +17,8 @@
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
 #include "desktop/main_menu.h"
+#include "desktop/project_undo.h"
+#include "desktop/undo_menu.h"
 #include "desktop/unsaved_code_keeper.h"
 #include "desktop/window_messages.h"
 #include "desktop/window_panes.h"
@@ -91,6 +93,7 @@ class MainWindow : public wxFrame {
   const Parts parts_;
   const WindowMessages messages_{*this, parts_};
   MainMenu menu_;
+  UndoMenu undo_menu_{*this, parts_.texts, messages_};
   WindowPanes panes_;
   ProjectTree& tree_ = panes_.tree();
   CodePane& code_ = panes_.code();
@@ -106,6 +109,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<CodeSearch> search_;
   std::unique_ptr<UnsavedCodeKeeper> unsaved_;  // null when the user has no state folder
   std::unique_ptr<ChangeWatch> watch_;
+  std::unique_ptr<ProjectUndo> undo_;
 };
 
 }  // namespace desktop

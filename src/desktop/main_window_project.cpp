@@ -141,6 +141,14 @@ void MainWindow::EquipSession() {
   search_ = std::make_unique<CodeSearch>(CodeSearch::Dependencies{
       parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
   watch_ = std::make_unique<ChangeWatch>(parts_, messages_, *project_, *session_, panes_.notices());
+  undo_ = std::make_unique<ProjectUndo>(parts_, messages_, *project_, *session_);
+  undo_->on_done = [this] {
+    code_.Refresh();
+    lookup_->ShowNode(tree_.SelectedKey());
+    ShowTitle();
+    undo_menu_.Update();
+  };
+  undo_menu_.Serve(undo_.get());
   backups_.Watch(*project_);
   if (parts_.state.folder().empty()) return;
   unsaved_ =
@@ -168,6 +176,8 @@ bool MainWindow::CloseProject() {
   title_ = {};
   panes_.notices().DismissAll();
   panes_.places().ShowPlaces({});
+  undo_menu_.Serve(nullptr);
+  undo_.reset();
   watch_.reset();
   search_.reset();
   lookup_.reset();

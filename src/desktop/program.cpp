@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/program.h"
 
+#include "project/history_setting.h"
 #include "project/language.h"
 
 namespace desktop {
@@ -23,6 +24,7 @@ Program::Program(files::FileSystem& files, const project::UserFolders& folders,
   settings_.Override(texts::kLanguageKey, texts::kLanguageValue, project::LcidOf(language));
   project::ProjectOptions options;
   options.state_folder = folders.state;
+  options.with_history = project::KeepsHistory(settings_);
   window_ =
       new MainWindow({files, toolkit_, window_system_, help_, settings_, texts_, state_, options});
   window_->Show();

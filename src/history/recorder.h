@@ -37,6 +37,7 @@ class Recorder final : public files::Participant {
 
   // Off: operations leave no record from now on.
   void SwitchOff() { on_ = false; }
+  bool on() const { return on_; }
   HistoryFile& file() { return file_; }
   // Path of a file that a record names.
   std::string PathOf(const ChangedFile& file) const;

@@ -8,6 +8,10 @@ namespace project {
 
 bool KeepsHistory(files::FileSystem& system, const Environment& environment) {
   FileSettingsService settings(system, FindUserFolders(system, environment).config);
+  return KeepsHistory(settings);
+}
+
+bool KeepsHistory(platform::SettingsService& settings) {
   return settings.RegistryNumber(texts::kLanguageKey, "History", 1) != 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "files/file_system.h"
+#include "platform/studio.h"
 #include "project/user_folders.h"
 
 namespace project {
@@ -9,5 +10,6 @@ namespace project {
 // Whether the user wants operations to leave a record that they can be undone by: the number
 // "History" where the language is kept, 1 unless it was set to 0.
 bool KeepsHistory(files::FileSystem& system, const Environment& environment);
+bool KeepsHistory(platform::SettingsService& settings);
 
 }  // namespace project

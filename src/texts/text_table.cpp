@@ -44,6 +44,7 @@ std::span<const Area> Areas() {
       {"history", 3300, 3399, HistoryRows()},
       {"exchange", 3400, 3599, ExchangeRows()},
       {"code", 3600, 3799, CodeRows()},
+      {"window", 3800, 3899, WindowRows()},
       {"search", 3900, 3999, SearchRows()},
   });
   return kAreas;

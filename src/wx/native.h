@@ -40,6 +40,9 @@ void CallWhenIdle(std::function<void()> task);
 // part of the window that has the keyboard acts on the key.
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
 
+// Whether the keyboard of the window is in a field whose text is typed, also in a cell of a list.
+bool TextHasKeyboard(const wxTopLevelWindow& window);
+
 // Name and description of a control for screen readers.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 void SetAccessibleDescription(wxWindow& window, const wxString& description);

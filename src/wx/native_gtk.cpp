@@ -135,6 +135,11 @@ void MarkInvalid(wxWindow& window, bool invalid) {
                                                                            GTK_STYLE_CLASS_ERROR);
 }
 
+bool TextHasKeyboard(const wxTopLevelWindow& window) {
+  GtkWidget* focus = gtk_window_get_focus(GTK_WINDOW(window.GetHandle()));
+  return focus && (GTK_IS_EDITABLE(focus) || GTK_IS_TEXT_VIEW(focus));
+}
+
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   GtkWidget* widget = FocusWidget(window.GetHandle());
   if (GTK_IS_TREE_VIEW(widget)) return SetTreeViewName(GTK_TREE_VIEW(widget), name.utf8_str());

@@ -125,6 +125,14 @@ void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
   item.SetItemLabel(item.GetItemLabel().BeforeFirst('\t') + "\t" + shortcut + wxUniChar(0x200B));
 }
 
+bool TextHasKeyboard(const wxTopLevelWindow&) {
+  constexpr int kLongest = 16;
+  wchar_t name[kLongest] = {};
+  const HWND focus = ::GetFocus();
+  if (!focus || ::GetClassNameW(focus, name, kLongest) == 0) return false;
+  return wxString(name).Lower().Contains("edit");
+}
+
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   // A list tells its rows by an object of its own, which takes the window's name.
   if (dynamic_cast<wxDataViewCtrl*>(&window)) return window.SetName(name);

@@ -2,8 +2,6 @@
 // A database of which a part cannot be read any more.
 #include <gtest/gtest.h>
 #include <wx/menu.h>
-#include <wx/modalhook.h>
-#include <wx/msgdlg.h>
 
 #include <cstring>
 #include <functional>
@@ -13,29 +11,15 @@
 #include "project/project.h"
 #include "project/state_files.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/said.h"
 
 namespace {
 
 using support::kPlantDatabase;
 using window_tests::DesktopProgram;
 using window_tests::Input;
+using window_tests::Said;
 using window_tests::Wait;
-
-// What the dialogs said that were opened.
-class Said : public wxModalDialogHook {
- public:
-  Said() { Register(); }
-  ~Said() override { Unregister(); }
-  std::vector<std::string> texts;
-
- private:
-  int Enter(wxDialog* dialog) override {
-    const auto* box = dynamic_cast<wxMessageDialog*>(dialog);
-    texts.push_back(box ? (box->GetMessage() + "\n" + box->GetExtendedMessage()).utf8_string()
-                        : "");
-    return wxID_NONE;
-  }
-};
 
 void Fill(files::FileSystem& system) {
   const texts::TextTable texts(texts::Language::kEnglish);

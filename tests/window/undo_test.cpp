@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// Operations taken back and done again by the keys and the menu of the window.
+#include <gtest/gtest.h>
+#include <wx/menu.h>
+
+#include "desktop/undo_texts.h"
+#include "project/project.h"
+#include "tests/window/desktop_program.h"
+#include "tests/window/said.h"
+
+namespace {
+
+using window_tests::DesktopProgram;
+using window_tests::Input;
+using window_tests::Said;
+using Lines = std::vector<std::string>;
+
+// The formula Fill with the argument Level, which its procedure uses.
+struct PlantWithFormula : support::SamplePlant {
+  PlantWithFormula() {
+    Change([](store::Operations& operations) {
+      EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
+      const std::vector<store::AliasValues> aliases = {{"Plant.Level", "Level"}};
+      EXPECT_TRUE(operations.AddAliases(aliases).success());
+      const std::vector<store::ArgumentValues> arguments = {{1, true}};
+      EXPECT_TRUE(operations.AddArguments(1, arguments).success());
+    });
+  }
+  void Change(const std::function<void(store::Operations&)>& steps) {
+    const texts::TextTable texts(texts::Language::kEnglish);
+    project::ProjectOptions options;
+    options.with_history = false;
+    project::Project project(system, support::kPlantDatabase, options, texts);
+    steps(project.operations());
+  }
+  Lines Aliases() { return Rows("TvbfAlias", {"ID", "VBAlias"}); }
+};
+
+class Undo : public ::testing::Test {
+ protected:
+  Undo() { EXPECT_TRUE(program.Open()); }
+
+  wxMenuItem& Entry(int number) { return *program.window().GetMenuBar()->FindItem(number); }
+  std::string UndoEntry() { return Label(desktop::kTextUndoLast); }
+  std::string RedoEntry() { return Label(desktop::kTextRedoLast); }
+  std::string Label(int number) {
+    const wxMenuItem& item = Entry(number);
+    return (item.IsEnabled() ? "" : "(" + item.GetHelp().utf8_string() + ") ") +
+           item.GetItemLabelText().utf8_string();
+  }
+  // In the list of aliases, from the tree and back to it.
+  void RenameAlias(const std::string& name) {
+    Input({"key --delay 60 Home Down", "key F6 sleep 0.2", "key F9 sleep 0.8",
+           "key --delay 80 Tab Tab ctrl+a", "type --delay 40 " + name, "key Return sleep 0.9"});
+    Input({"key --delay 60 alt+F6"});
+  }
+
+  PlantWithFormula plant;
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+};
+
+TEST_F(Undo, GoesBackAndForthWithRowsAndCode) {
+  EXPECT_EQ(UndoEntry(), "(There is nothing to undo.) Undo");
+  Input({"key ctrl+z"});
+  EXPECT_EQ(program.Status(), "There is nothing to undo.");
+
+  const std::string code = plant.Code("CPump");
+  RenameAlias("TankLevel");
+  const std::string renamed = plant.Code("CPump");
+  EXPECT_NE(renamed, code);
+  Input({"sleep 0.8"});
+  EXPECT_EQ(UndoEntry(), "Undo: Rename alias Level to TankLevel");
+
+  Input({"key ctrl+z sleep 0.3"});
+  EXPECT_EQ(program.Status(), "Undone: Rename alias Level to TankLevel");
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Level"});
+  EXPECT_EQ(plant.Code("CPump"), code);
+  EXPECT_EQ(RedoEntry(), "Redo: Rename alias Level to TankLevel");
+  EXPECT_EQ(UndoEntry(), "(There is nothing to undo.) Undo");
+
+  Input({"key ctrl+y sleep 0.3"});
+  EXPECT_EQ(program.Status(), "Redone: Rename alias Level to TankLevel");
+  EXPECT_EQ(plant.Code("CPump"), renamed);
+  Input({"key ctrl+z sleep 0.3", "key ctrl+shift+z sleep 0.3"});
+  EXPECT_EQ(plant.Aliases(), Lines{"1|TankLevel"});
+  Input({"key alt+d sleep 0.4 key Return sleep 0.4"});
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Level"}) << "by the menu";
+}
+
+TEST_F(Undo, FormulasComeBackIntoTheTree) {
+  const std::string code = plant.Code("CPump");
+  Input({"key --delay 80 End", "key ctrl+Delete sleep 0.5", "key alt+y sleep 0.6"});
+  ASSERT_EQ(program.FormulaNodes(), Lines{});
+  Input({"key ctrl+z sleep 0.4"});
+  EXPECT_EQ(program.FormulaNodes(), Lines{"Fill"});
+  EXPECT_EQ(plant.Code("CPump"), code);
+  EXPECT_NE(program.Title().find("Fill"), std::string::npos) << program.Title();
+  EXPECT_EQ(program.Rows(), 1) << "its arguments are shown";
+  Input({"key ctrl+y sleep 0.4"});
+  EXPECT_EQ(program.FormulaNodes(), Lines{});
+}
+
+TEST_F(Undo, KeysKeepTheirMeaningWhereTextIsTyped) {
+  RenameAlias("TankLevel");
+  const Lines renamed = plant.Aliases();
+  Input({"key --delay 80 End"});
+  program.GoToCode();
+  const std::string shown = program.Code().Text();
+  Input({"key --delay 60 x y", "key --delay 60 ctrl+z ctrl+z ctrl+z sleep 0.2"});
+  EXPECT_EQ(program.Code().Text(), shown);
+  Input({"key Escape key --delay 60 Home Down F6", "key ctrl+f sleep 0.3 type --delay 40 Ta",
+         "key ctrl+z sleep 0.3"});
+  EXPECT_EQ(plant.Aliases(), renamed) << "while searching";
+  Input({"key --delay 60 Escape F2 sleep 0.3", "key ctrl+z sleep 0.3 key Escape"});
+  EXPECT_EQ(plant.Aliases(), renamed) << "in a cell";
+  Input({"key ctrl+z sleep 0.3"});
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Level"});
+}
+
+TEST_F(Undo, IsRefusedWhereSomebodyElseChangedTheRow) {
+  RenameAlias("TankLevel");
+  plant.Change([](store::Operations& operations) {
+    EXPECT_TRUE(operations.EditAlias(1, {"Plant.Level", "Height"}).success());
+  });
+  const std::string code = plant.Code("CPump");
+  Said said;
+  Input({"key ctrl+z sleep 0.8 key Return"});
+  ASSERT_EQ(said.texts.size(), 1u);
+  EXPECT_NE(said.texts[0].find("This cannot be undone: Rename alias Level to TankLevel"),
+            std::string::npos)
+      << said.texts[0];
+  for (const char* version : {"TankLevel", "Height"})
+    EXPECT_NE(said.texts[0].find(version), std::string::npos) << said.texts[0];
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Height"});
+  EXPECT_EQ(plant.Code("CPump"), code);
+}
+
+}  // namespace
