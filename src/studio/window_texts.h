@@ -90,7 +90,7 @@ enum TextNumber : int {
   kTextDelete,
   kTextSelectAll,
 
-  kTextReadOnly = 1900,
+  kTextReadOnly = 3840,
   kTextOpenAgain,
   kTextNoCode,
   kTextChooseCode,

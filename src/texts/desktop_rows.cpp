@@ -153,28 +153,6 @@ constexpr Row kRows[] = {
     {1597, "&Einfügen", "&Paste"},
     {1598, "&Löschen", "&Delete"},
     {1599, "A&lles auswählen", "Select &All"},
-
-    {1900, "Das Projekt lässt sich nur lesen. <Text>", "The project can only be read. <Text>"},
-    {1901, "Erneut öffnen", "Open again"},
-    {1902,
-     "Zu diesem Projekt gibt es kein Visual-Basic-Projekt (.vbp): Formeln lassen sich nicht "
-     "ändern.",
-     "This project has no Visual Basic project (.vbp): formulas cannot be changed."},
-    {1903, "VB-Projekt wählen...", "Choose VB project..."},
-    {1904, "Visual-Basic-Projekte (*.vbp, *.vbg)|*.vbp;*.vbg|Alle Dateien|*",
-     "Visual Basic projects (*.vbp, *.vbg)|*.vbp;*.vbg|All files|*"},
-    {1905, "Die Klasse <Class> ist in keinem geöffneten Visual-Basic-Projekt.",
-     "The class <Class> is in no open Visual Basic project."},
-    {1906, "Stellen im Code", "Places in the code"},
-    {1907, "Stellen im Code, die Sie ansehen sollten: <Count>",
-     "Places in the code to look at: <Count>"},
-    {1908, "Der Bericht ist fertig, aber es gibt kein Programm, das ihn anzeigt.",
-     "The report is done, but there is no program to show it."},
-    {1909, "Speichern &unter...", "Save &As..."},
-    {1910, "Berichte (*.html)|*.html|Alle Dateien|*", "Reports (*.html)|*.html|All files|*"},
-    {1911, "Wählen Sie dafür im Baum eine Formel.", "Select a formula in the tree for that."},
-    {1912, "Stand der Datei &laden", "&Load the file"},
-    {1913, "Mit meinem Text &überschreiben", "&Overwrite with my text"},
 };
 
 }  // namespace

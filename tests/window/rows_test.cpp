@@ -104,7 +104,7 @@ TEST_F(RowsTest, DeletingTellsOnceWhatIsUsed) {
 // A key that has nothing to act on says so.
 TEST_F(RowsTest, NothingIsDoneWithoutAWord) {
   Input({"key --delay 60 Home Down Down", "key F9"});
-  EXPECT_EQ(program.Status(), texts.Text(1911));
+  EXPECT_EQ(program.Status(), texts.Text(3851));
   Input({"key alt+F6 key F8"});
   EXPECT_EQ(program.Status(), texts.Text(1621));
   plant.Delete(1);
