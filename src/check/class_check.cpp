@@ -45,6 +45,7 @@ ClassCheck::ClassCheck(std::string prog_id, std::vector<const FormulaRecord*> fo
   for (std::size_t i = 0; i < members_.size(); ++i) {
     member_of_.emplace(FoldCase(members_[i].name), i);
   }
+  by_name_.reserve(formulas_.size());
   for (const FormulaRecord* formula : formulas_) by_name_.emplace(FoldCase(formula->name), formula);
 }
 

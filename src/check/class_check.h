@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -78,8 +79,9 @@ class ClassCheck {
   std::string file_;
   codegen::ConditionalBlocks blocks_;
   std::vector<platform::Member> members_;
-  std::unordered_map<std::string, std::size_t> member_of_;                // by name, folded
-  std::unordered_map<std::string, const store::FormulaRecord*> by_name_;  // folded
+  std::pmr::monotonic_buffer_resource memory_;  // of the tables by name, folded
+  std::pmr::unordered_map<std::string, std::size_t> member_of_{&memory_};
+  std::pmr::unordered_map<std::string, const store::FormulaRecord*> by_name_{&memory_};
   // An alias of the formulas, and its place among the wanted declarations; none for a name that
   // cannot be declared.
   struct Used {
@@ -90,7 +92,7 @@ class ClassCheck {
   const Used* FindUsed(std::string_view name) const;
 
   std::vector<const Alias*> aliases_;                           // of the formulas
-  std::unordered_map<std::string, Used> used_;                  // the same by name, folded
+  std::pmr::unordered_map<std::string, Used> used_{&memory_};   // the same by name
   std::unordered_map<std::string, codegen::VariableLine> old_;  // declarations of ours, by name
   std::unordered_set<std::string> types_;  // types and enumerations, with their elements; folded
   codegen::WantedClass wanted_;

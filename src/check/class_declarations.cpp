@@ -73,9 +73,10 @@ void ClassCheck::CheckTaken() {
     types_ = codegen::TypeNames(lines);
   }
   for (const Alias* alias : aliases_) {
-    const auto member = module().FindMember(alias->vb_alias);
-    const bool taken =
-        member ? !codegen::DeclaresAlias(*member) : types_.contains(FoldCase(alias->vb_alias));
+    const std::string folded = FoldCase(alias->vb_alias);
+    const auto found = member_of_.find(folded);
+    const platform::Member* member = found == member_of_.end() ? nullptr : &members_[found->second];
+    const bool taken = member ? !codegen::DeclaresAlias(*member) : types_.contains(folded);
     if (!taken) continue;
     context_.findings.Add(AtLine(rule::kNameTaken, member ? member->code_location : 0, *alias));
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory_resource>
 #include <optional>
 #include <span>
 #include <string>
@@ -49,9 +50,11 @@ class Rows {
   std::vector<store::FormulaRecord> formulas_;
   std::vector<store::AliasRecord> aliases_;
   std::vector<store::ArgumentRecord> arguments_;
-  std::vector<std::optional<std::int32_t>> types_;             // of the aliases
-  std::unordered_map<std::string, std::uint32_t> names_;       // folded; indexes of aliases
-  std::unordered_map<std::string_view, std::uint32_t> items_;  // the first alias of each
+  std::vector<std::optional<std::int32_t>> types_;  // of the aliases
+  std::pmr::monotonic_buffer_resource memory_;      // of the tables
+  // Indexes of aliases: by name, folded; the first by item.
+  std::pmr::unordered_map<std::string, std::uint32_t> names_{&memory_};
+  std::pmr::unordered_map<std::string_view, std::uint32_t> items_{&memory_};
 };
 
 }  // namespace check

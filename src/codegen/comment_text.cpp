@@ -20,6 +20,12 @@ char32_t Shown(char32_t c) {
   return c < U' ' || c == U'\x7F' ? U'?' : c;
 }
 
+// Most items stand in their comment as they are.
+bool StandsAsItIs(std::string_view text) {
+  return !text.empty() && text.back() != ' ' && text.back() != '_' &&
+         std::ranges::all_of(text, [](char c) { return c >= ' ' && c < '\x7F'; });
+}
+
 // The characters of a text, runs of blanks taken together and those at its ends left out.
 class Characters {
  public:
@@ -42,6 +48,7 @@ class Characters {
 
 std::string WithCommentText(std::string_view code, std::string_view text) {
   std::string line(code);
+  if (StandsAsItIs(text)) return line.append(text);
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t begin = at;
     const char32_t character = platform::NextCodePoint(text, at);
@@ -61,6 +68,7 @@ std::string WithCommentText(std::string_view code, std::string_view text) {
 }
 
 bool ShowsText(std::string_view comment, std::string_view text) {
+  if (!comment.empty() && comment.substr(1) == text && StandsAsItIs(text)) return true;
   const std::string whole = WithCommentText("'", text);
   Characters written(comment.substr(std::min<std::size_t>(1, comment.size())));
   Characters wanted(std::string_view(whole).substr(1));

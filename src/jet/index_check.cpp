@@ -179,19 +179,15 @@ void IndexChecker::CheckUsageMap() {
 }
 
 void IndexChecker::ExpectEntry(ByteView key, RowId row) {
-  std::vector<std::byte> entry(key.begin(), key.end());
-  AppendRow(row, entry);
+  entry_.assign(key.begin(), key.end());
+  AppendRow(row, entry_);
   try {
-    IndexPath path;
-    const PageRef page = tree_.Descend(entry, Bound::kFirst, path);
-    const IndexPage leaf(page.data());
-    const std::size_t position = path.leaf().position;
-    if (position < leaf.Used() && leaf.Size(position) == entry.size() &&
-        leaf.StartsWith(position, entry)) {
+    const auto [leaf, found] = tree_.LocateEntry(entry_);
+    if (found) {
       ++expected_;
-      return;
+    } else {
+      Report(leaf, {message::kEntryLacking, {{"<Row>", RowName(row)}}});
     }
-    Report(page.number(), {message::kEntryLacking, {{"<Row>", RowName(row)}}});
   } catch (const Error& error) {
     if (!broken_) Report(error.place().page, error.cause());
     broken_ = true;

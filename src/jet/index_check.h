@@ -64,7 +64,8 @@ class IndexChecker {
   std::size_t columns_;
   Found found_;
   std::vector<bool> reached_;
-  std::vector<std::byte> last_;  // the entry met last
+  std::vector<std::byte> last_;   // the entry met last
+  std::vector<std::byte> entry_;  // the entry expected last
   PageNumber last_leaf_ = 0;
   PageNumber announced_leaf_ = 0;  // what the leaf met last names as the next one
   std::size_t leaf_depth_ = 0;

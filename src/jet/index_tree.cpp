@@ -156,6 +156,17 @@ PageRef IndexTree::Locate(ByteView entry) {
   return page;
 }
 
+std::pair<PageNumber, bool> IndexTree::LocateEntry(ByteView entry) {
+  const PageRef page = Locate(entry);
+  const IndexPage leaf(page.data());
+  std::size_t& position = path_.leaf().position;
+  const bool found = position < leaf.Used() && leaf.Size(position) == entry.size() &&
+                     leaf.StartsWith(position, entry);
+  // Often the entry behind it is the next one that is looked for.
+  if (found && leaf.After(position) < leaf.Used()) position = leaf.After(position);
+  return {page.number(), found};
+}
+
 bool IndexTree::HasKeyBeside(IndexPage leaf, std::size_t position, ByteView key) const {
   if (position < leaf.Used()) {
     if (leaf.StartsWith(position, key)) return true;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "jet/index_page.h"
@@ -82,6 +83,9 @@ class IndexTree {
   // Goes down along the first or the last children.
   PageRef DescendFirst() const;
   PageRef DescendLast(PageNumber from) const;
+  // The leaf where the entry, a key with its row, belongs, and whether it stands there. Saves the
+  // way down for entries of one leaf; so the separators are taken to be right.
+  std::pair<PageNumber, bool> LocateEntry(ByteView entry);
 
  private:
   void AppendRows(const PageRef& page, std::vector<RowId>& rows) const;

@@ -38,16 +38,24 @@ std::size_t SequenceLength(std::string_view text, std::size_t position) {
   return length;
 }
 
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c; }
+
 }  // namespace
 
 char32_t NextCodePoint(std::string_view text, std::size_t& position) {
-  const std::size_t length = SequenceLength(text, position);
   const auto lead = static_cast<unsigned char>(text[position]);
+  if (lead < 0x80) {
+    ++position;
+    return lead;
+  }
+  const std::size_t length = SequenceLength(text, position);
   if (length == 0) {
     ++position;
     return 0xDC00u + lead;
   }
-  char32_t code_point = length == 1 ? lead : lead & (0x7Fu >> length);
+  char32_t code_point = lead & (0x7Fu >> length);
   for (std::size_t i = 1; i < length; ++i) {
     code_point = code_point << 6 | (static_cast<unsigned char>(text[position + i]) & 0x3Fu);
   }
@@ -104,22 +112,24 @@ char32_t FoldCase(char32_t c) {
 }
 
 std::string FoldCase(std::string_view text) {
-  std::string folded;
-  folded.reserve(text.size());
-  for (std::size_t position = 0; position < text.size();) {
-    const char c = text[position];
-    if (static_cast<unsigned char>(c) < 0x80) {
-      folded += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
-      ++position;
-    } else {
-      AppendCodePoint(folded, FoldCase(NextCodePoint(text, position)));
-    }
+  std::string folded(text);
+  const auto other = std::ranges::find_if(folded, [](char c) { return !IsAscii(c); });
+  const auto ascii = static_cast<std::size_t>(other - folded.begin());
+  for (std::size_t i = 0; i < ascii; ++i) folded[i] = FoldAscii(folded[i]);
+  folded.resize(ascii);
+  for (std::size_t position = ascii; position < text.size();) {
+    AppendCodePoint(folded, FoldCase(NextCodePoint(text, position)));
   }
   return folded;
 }
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  std::size_t i = 0, j = 0;
+  std::size_t i = 0;
+  while (i < a.size() && i < b.size() && IsAscii(a[i]) && IsAscii(b[i])) {
+    if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
+    ++i;
+  }
+  std::size_t j = i;
   while (i < a.size() && j < b.size()) {
     if (FoldCase(NextCodePoint(a, i)) != FoldCase(NextCodePoint(b, j))) return false;
   }
