@@ -2,7 +2,7 @@
 ; What the installer says besides what its language files do.
 
 LangString ShortcutName ${LANG_ENGLISH} "OrvanaStudio Formula Editor"
-LangString ShortcutName ${LANG_GERMAN} "OrvanaStudio Formeleditor"
+LangString ShortcutName ${LANG_GERMAN} "OrvanaStudio-Formeleditor"
 
 LangString ProjectName ${LANG_ENGLISH} "OrvanaStudio project database"
 LangString ProjectName ${LANG_GERMAN} "OrvanaStudio-Projektdatenbank"

@@ -10,15 +10,15 @@ constexpr Row kRows[] = {
     // The database.
     {3000, "Die Datenbankdatei hat Fehler (<Count>).", "The database file has faults (<Count>)."},
     {3001,
-     "\"ovformula db verify\" nennt jeden. Stellen Sie eine Sicherung wieder her, bevor Sie "
+     "„ovformula db verify“ nennt jeden. Stellen Sie eine Sicherung wieder her, bevor Sie "
      "weiterarbeiten.",
      "\"ovformula db verify\" names each. Restore a backup before you go on."},
     {3002, "In der Datenbank fehlt <Name>.", "The database lacks <Name>."},
-    {3003, "Ergänzen Sie Tabellen mit \"ovformula new --into\" und Spalten in Access.",
+    {3003, "Ergänzen Sie Tabellen mit „ovformula new --into“ und Spalten in Access.",
      "Add tables with \"ovformula new --into\", columns in Access."},
     {3004, "In der Datenbank fehlt der Index <Name>.", "The database lacks the index <Name>."},
     {3005,
-     "Ergänzen Sie ihn mit \"ovformula new --into\". Ohne ihn ist vieles langsam, und gleiche "
+     "Ergänzen Sie ihn mit „ovformula new --into“. Ohne ihn ist vieles langsam, und gleiche "
      "Datensätze fallen nicht auf.",
      "Add it with \"ovformula new --into\". Without it much is slow, and equal rows pass "
      "unnoticed."},
@@ -50,12 +50,13 @@ constexpr Row kRows[] = {
      "Keep only one of them, or change the call type."},
 
     // Formulas.
-    {3020, "<Name> kann keine Formel benennen. <Why>", "<Name> cannot name a formula. <Why>"},
+    {3020, "<Name> kann keine Formel bezeichnen. <Why>",
+     "<Name> cannot be the name of a formula. <Why>"},
     {3021, "Benennen Sie die Formel um.", "Rename the formula."},
     {3022, "<Class> hat schon eine Formel <Name> (#<ID>).",
      "<Class> already has a formula <Name> (#<ID>)."},
     {3023, "Benennen Sie eine um, oder löschen Sie die überzählige.",
-     "Rename one of them, or delete the one too many."},
+     "Rename one of them, or delete the surplus one."},
     {3024, "Den Formelaufruf <Type> von <Name> gibt es nicht.",
      "<Name> has the call type <Type>, which does not exist."},
     {3025, "Wählen Sie einen Formelaufruf von 0 bis 7.", "Choose a call type from 0 to 7."},
@@ -66,7 +67,7 @@ constexpr Row kRows[] = {
      "Shorten the name of the project or the class."},
 
     // Aliases and their items.
-    {3030, "Dem Alias fehlt sein Name oder sein Item (\"<Name>\", \"<Item>\").",
+    {3030, "Dem Alias fehlt sein Name oder sein Item („<Name>“, „<Item>“).",
      "The alias lacks its name or its item (\"<Name>\", \"<Item>\")."},
     {3031, "Tragen Sie beides ein, oder löschen Sie den Alias.",
      "Fill in both, or delete the alias."},
@@ -108,11 +109,11 @@ constexpr Row kRows[] = {
      "Get its code back, or have an empty one made."},
     {3062, "<Class> enthält <Name> mehr als einmal.", "<Class> holds <Name> more than once."},
     {3063, "Löschen Sie die überzählige Prozedur, oder kommentieren Sie sie aus.",
-     "Delete the procedure that is too many, or comment it out."},
+     "Delete the surplus procedure, or comment it out."},
     {3064,
      "<Name> ist in <Class> keine öffentliche Sub; der Server kann die Formel nicht aufrufen.",
-     "<Name> is no public Sub in <Class>, so the server cannot call the formula."},
-    {3065, "Machen Sie sie zur \"Public Sub\", oder benennen Sie die Formel um.",
+     "<Name> is not a public Sub in <Class>, so the server cannot call the formula."},
+    {3065, "Machen Sie sie zur „Public Sub“, oder benennen Sie die Formel um.",
      "Make it a \"Public Sub\", or rename the formula."},
     {3066, "Die Sub <Name> in <Class> hat Parameter; der Server ruft eine Formel ohne auf.",
      "The Sub <Name> in <Class> has parameters, and the server calls a formula without any."},
@@ -134,8 +135,8 @@ constexpr Row kRows[] = {
     {3074, "Über der Sub <Name> in <Class> fehlt der Kommentarkopf.",
      "The Sub <Name> in <Class> lacks its header."},
     {3075, "Lassen Sie ihn schreiben.", "Have it written."},
-    {3076, "Der Kommentarkopf von <Name> in <Class> nennt anderes als die Formel.",
-     "The header of <Name> in <Class> says something else than the formula."},
+    {3076, "Der Kommentarkopf von <Name> in <Class> stimmt nicht mit der Formel überein.",
+     "The header of <Name> in <Class> does not match the formula."},
     {3077, "Lassen Sie ihn neu schreiben.", "Have it written again."},
 
     // Declarations of aliases.
@@ -143,7 +144,7 @@ constexpr Row kRows[] = {
      "<Class> does not declare <Name> (item <Item>)."},
     {3081, "Lassen Sie die Deklaration schreiben.", "Have the declaration written."},
     {3082, "<Class> deklariert <Name> mehr als einmal.", "<Class> declares <Name> more than once."},
-    {3083, "Löschen Sie die überzählige Zeile.", "Delete the line that is too many."},
+    {3083, "Löschen Sie die überzählige Zeile.", "Delete the surplus line."},
     {3084, "<Name> ist als <OldType> deklariert, sein Item <Item> ist <Type>.",
      "<Name> is declared as <OldType>, but its item <Item> is <Type>."},
     {3085, "Lassen Sie die Deklaration neu schreiben.", "Have the declaration written again."},
@@ -169,16 +170,16 @@ constexpr Row kRows[] = {
     {3102, "<File> ist als UTF-8 gespeichert; Visual Basic liest seine Umlaute falsch.",
      "<File> is stored as UTF-8; Visual Basic misreads its letters beyond ASCII."},
     {3103, "Speichern Sie die Datei in der Codepage 1252.", "Save the file in code page 1252."},
-    {3104, "Das Modul hat <Count> Zeilen; Visual Basic nimmt etwa 65000.",
-     "The module has <Count> lines; Visual Basic takes about 65000."},
+    {3104, "Das Modul hat <Count> Zeilen; Visual Basic nimmt etwa 65000 an.",
+     "The module has <Count> lines; Visual Basic accepts about 65000."},
     {3105, "Teilen Sie es.", "Split it."},
-    {3106, "Die Zeile hat <Count> Zeichen; Visual Basic nimmt 1023.",
-     "The line has <Count> characters; Visual Basic takes 1023."},
+    {3106, "Die Zeile hat <Count> Zeichen; Visual Basic nimmt höchstens 1023 an.",
+     "The line has <Count> characters; Visual Basic accepts at most 1023."},
     {3107, "Kürzen Sie sie.", "Shorten it."},
 
     // What procedures do with aliases.
     {3110, "<Name> benutzt <Alias>, das kein Argument der Formel ist.",
-     "<Name> uses <Alias>, which is no argument of the formula."},
+     "<Name> uses <Alias>, which is not an argument of the formula."},
     {3111, "Geben Sie der Formel das Argument, sonst ist der Wert nicht der des Prozesses.",
      "Give the formula the argument, or the value is not that of the process."},
     {3112, "<Name> benutzt sein Argument <Alias> nicht.",
@@ -202,7 +203,7 @@ constexpr Row kRows[] = {
      "only from this severity on: error, warning or hint"},
     {3203, "-CODE unterdrückt, was dieser Code meint (mehrfach möglich)",
      "-CODE silences what that code stands for (repeatable)"},
-    {3204, "Den Code <Code> gibt es nicht. Die Hilfeseite \"Das Projekt prüfen\" nennt alle.",
+    {3204, "Den Code <Code> gibt es nicht. Die Hilfeseite „Das Projekt prüfen“ nennt alle.",
      "There is no code <Code>. The help page \"Checking the Project\" lists all."},
     {3205, "In Ordnung gebracht: <Code> <Place>: <Text>", "Mended: <Code> <Place>: <Text>"},
     {3209, "Käme in Ordnung: <Code> <Place>: <Text>", "Would be mended: <Code> <Place>: <Text>"},

@@ -16,14 +16,14 @@ constexpr Row kRows[] = {
     {3602, "<Cause> Dort wurde nicht gesucht.", "<Cause> It was not searched."},
     {3603, "Der neue Text muss auf einer Zeile stehen.", "The new text has to stand on one line."},
     {3604, "<File>:<Line> wurde inzwischen geändert. Suchen Sie noch einmal.",
-     "<File>:<Line> was changed meanwhile. Search again."},
+     "<File>:<Line> has been changed meanwhile. Search again."},
     // By vbcode::RenameProblem.
-    {3605, "<Name> ist in Visual Basic kein Name. Wählen Sie einen anderen.",
-     "<Name> is no name in Visual Basic. Choose another one."},
+    {3605, "<Name> ist in Visual Basic kein gültiger Name. Wählen Sie einen anderen.",
+     "<Name> is not a valid name in Visual Basic. Choose another one."},
     {3606,
      "<File>:<Line> deklariert <Name> schon; die Verwendungen von <Old> können nicht folgen. "
      "Wählen Sie einen anderen Namen, oder lassen Sie den Code, wie er ist.",
-     "<File>:<Line> declares <Name> already; the uses of <Old> cannot follow. Choose another name, "
+     "<File>:<Line> already declares <Name>; the uses of <Old> cannot follow. Choose another name, "
      "or leave the code as it is."},
     {3607,
      "<File>:<Line> deklariert <Name> in einer Prozedur, die <Old> verwendet. Wählen Sie einen "
@@ -45,18 +45,18 @@ constexpr Row kRows[] = {
     {3611,
      "<File>:<Line> würde länger als 1023 Zeichen; so lange Zeilen nimmt Visual Basic nicht an. "
      "Teilen Sie die Zeile.",
-     "<File>:<Line> would become longer than 1023 characters, which Visual Basic does not take. "
+     "<File>:<Line> would become longer than 1023 characters, which Visual Basic does not accept. "
      "Split the line."},
     {3612, "<Count> Stellen im Code ersetzen", "Replace <Count> places in the code"},
 
     // Commands and options.
     {3620, "Sucht einen Text im gesamten Code und ersetzt ihn auf Wunsch.",
      "Finds a text in all code and replaces it on request."},
-    {3621, "Listet, wo der Code eine Formel aufruft.", "Lists where the code calls a formula."},
+    {3621, "Listet auf, wo der Code eine Formel aufruft.", "Lists where the code calls a formula."},
     {3622, "die Stellen im Code", "the places in the code"},
     {3623, "nur als ganzes Wort", "only as a whole word"},
     {3624, "Groß- und Kleinschreibung beachten", "match upper and lower case"},
-    {3625, "der Text, der an seine Stelle tritt", "the text that takes its place"},
+    {3625, "der Text, der an seine Stelle tritt", "the text to put in its place"},
     {3626, "auch die Verwendungen in Prozeduren ändern", "change its uses in procedures, too"},
     {3627, "mit --with-uses: auch in Kommentaren", "with --with-uses: also in comments"},
     {3628, "mit --with-uses: auch in Zeichenketten", "with --with-uses: also in literals"},
@@ -68,14 +68,14 @@ constexpr Row kRows[] = {
     {3633, "nur die Umgebung dieses Alias", "only what is around this alias"},
     {3634, "nur die Umgebung der Formeln dieser Klasse",
      "only what is around the formulas of this class"},
-    {3635, "so viele Schritte weit (sonst 2)", "that many steps away (2 unless given)"},
+    {3635, "so viele Schritte weit (ohne Angabe 2)", "that many steps away (2 by default)"},
     {3636, "dot (für Graphviz), svg oder html; sonst eine Liste",
      "dot (for Graphviz), svg or html; otherwise a list"},
     {3637,
      "Das Bild hätte <Count> Verbindungen. Wählen Sie mit --formula, --alias oder --class einen "
      "Ausschnitt, oder nehmen Sie --format dot.",
-     "The picture would have <Count> connections. Choose a part by --formula, --alias or --class, "
-     "or take --format dot."},
+     "The picture would have <Count> connections. Choose a part with --formula, --alias or "
+     "--class, or use --format dot."},
 
     // Data flow.
     {3660, "Datenfluss", "Data flow"},
@@ -84,7 +84,7 @@ constexpr Row kRows[] = {
      "gestrichelt, wo nur die Übergabe- und Rückgabewerte der Argumente bekannt sind. Doppelt "
      "umrandet: mehrere Formeln schreiben das Item.",
      "Box: formula. Ellipse: item with its aliases. Arrows point where a value goes; dashed where "
-     "only the arguments' input and return values are known. Framed twice: several formulas write "
+     "only the arguments' input and return values are known. Double frame: several formulas write "
      "the item."},
     {3662, "Item", "Item"},
     {3663, "Geschrieben von", "Written by"},
@@ -96,11 +96,11 @@ constexpr Row kRows[] = {
      "No formula reads or writes a variable."},
     {3669, "(laut Argument)", "(by its argument)"},
     {3670,
-     "Das Programm \"dot\" von Graphviz fehlt. Installieren Sie das Paket graphviz, oder nehmen "
-     "Sie die Beschreibung (--format dot) auf einen Rechner mit, der es hat.",
+     "Das Programm „dot“ von Graphviz fehlt. Installieren Sie das Paket graphviz, oder nehmen Sie "
+     "die Beschreibung (--format dot) auf einen Rechner mit, der es hat.",
      "Graphviz's program \"dot\" is missing. Install the package graphviz, or take the description "
      "(--format dot) to a computer that has it."},
-    {3671, "Das Programm \"dot\" von Graphviz ist gescheitert. Prüfen Sie seine Installation.",
+    {3671, "Das Programm „dot“ von Graphviz ist gescheitert. Prüfen Sie seine Installation.",
      "Graphviz's program \"dot\" failed. Check its installation."},
     {3672, "Graphviz braucht für dieses Bild zu lange. Wählen Sie einen kleineren Ausschnitt.",
      "Graphviz takes too long for this picture. Choose a smaller part."},

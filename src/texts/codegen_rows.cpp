@@ -10,7 +10,7 @@ std::span<const Row> CodegenRows() {
   static constexpr auto kRows = std::to_array<Row>({
       {1100,
        "Die Klasse <Class> steht in keinem der geöffneten Projekte; ihr Code blieb, wie er war.",
-       "The class <Class> is in none of the open projects; its code was left as it was."},
+       "The class <Class> is not in any of the open projects; its code was left as it was."},
       {1101, "<Class> enthält keine Sub <Name>; ihr Code blieb, wie er war.",
        "<Class> holds no Sub <Name>; its code was left as it was."},
       {1102, "<Class> enthielt keine Sub <Old>; eine leere Sub <Name> wurde angelegt.",
@@ -28,13 +28,13 @@ std::span<const Row> CodegenRows() {
       {1106,
        "<File>:<Line> hat <Count> Zeichen; Visual Basic nimmt höchstens 1023 an. Kürzen Sie die "
        "Zeile.",
-       "<File>:<Line> has <Count> characters; Visual Basic takes 1023 at most. Shorten the line."},
+       "<File>:<Line> has <Count> characters; Visual Basic accepts 1023 at most. Shorten the "
+       "line."},
       {1107,
        "<File> hat <Count> Zeilen; Visual Basic nimmt etwa 65000 an. Legen Sie weitere Formeln in "
        "einer anderen Klasse an.",
-       "<File> has <Count> lines; Visual Basic takes about 65000. Put further formulas into "
-       "another "
-       "class."},
+       "<File> has <Count> lines; Visual Basic accepts about 65000. Put further formulas into "
+       "another class."},
       {1108, "Der mitgegebene Code enthält keine Sub <Name>; er wurde angefügt, wie er ist.",
        "The given code holds no Sub <Name>; it was added as it is."},
       {1109,
@@ -52,8 +52,8 @@ std::span<const Row> CodegenRows() {
       {1113,
        "Der Itemkatalog nennt keinen Typ für <Names>; der deklarierte blieb. Nehmen Sie die Items "
        "mit ihrem Typ in den Katalog auf, oder prüfen Sie die Deklarationen.",
-       "The item catalogue tells no type for <Names>; the declared one was kept. Add the items "
-       "with their types to the catalogue, or check the declarations."},
+       "The item catalogue has no type for <Names>; the declared one was kept. Add the items with "
+       "their types to the catalogue, or check the declarations."},
       {1114,
        "<File>:<Line>: die Sub <Name> hat Parameter; der Server ruft eine Formel ohne Parameter "
        "auf. Wählen Sie einen anderen Namen, oder ändern Sie die Sub.",
@@ -81,26 +81,26 @@ std::span<const Row> CodegenRows() {
        "any. Change the Sub."},
       {1121, "Der Name fehlt.", "The name is missing."},
       {1122, "<Name> beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben.",
-       "<Name> begins with a digit; Visual Basic wants a letter."},
+       "<Name> begins with a digit; Visual Basic requires a letter."},
       {1123,
-       "<Name> enthält das Zeichen \"<Character>\"; Visual Basic erlaubt nur Buchstaben, Ziffern "
-       "und "
+       "<Name> enthält das Zeichen „<Character>“; Visual Basic erlaubt nur Buchstaben, Ziffern und "
        "Unterstriche.",
-       "<Name> holds the character \"<Character>\"; Visual Basic allows only letters, digits and "
-       "underscores."},
+       "<Name> contains the character \"<Character>\"; Visual Basic allows only letters, digits "
+       "and underscores."},
       {1124, "<Name> beginnt mit einem Unterstrich; Visual Basic verlangt einen Buchstaben.",
-       "<Name> begins with an underscore; Visual Basic wants a letter."},
-      {1125, "<Name> enthält das Zeichen \"<Character>\", das für Visual Basic kein Buchstabe ist.",
-       "<Name> holds the character \"<Character>\", which is no letter for Visual Basic."},
+       "<Name> begins with an underscore; Visual Basic requires a letter."},
+      {1125, "<Name> enthält das Zeichen „<Character>“, das für Visual Basic kein Buchstabe ist.",
+       "<Name> contains the character \"<Character>\", which Visual Basic does not accept as a "
+       "letter."},
       {1126, "<Name> ist ein reserviertes Wort von Visual Basic.",
        "<Name> is a reserved word of Visual Basic."},
       {1127, "<Name> ist länger als 255 Zeichen; so lange Namen nimmt Visual Basic nicht an.",
-       "<Name> is longer than 255 characters, which Visual Basic does not take."},
+       "<Name> is longer than 255 characters, which Visual Basic does not accept."},
       {1128,
-       "<Name> ist für Visual Basic kein Name und wird in keiner Klasse deklariert. Wählen Sie "
-       "einen Alias mit einem Buchstaben.",
-       "<Name> is no name for Visual Basic and is declared in no class. Choose an alias with a "
-       "letter."},
+       "<Name> ist für Visual Basic kein gültiger Name und wird in keiner Klasse deklariert. "
+       "Wählen Sie einen Alias mit einem Buchstaben.",
+       "<Name> is not a valid name in Visual Basic and is not declared in any class. Choose an "
+       "alias with a letter."},
       {1140, "Sub", "a Sub"},
       {1141, "Function", "a Function"},
       {1142, "externe Prozedur", "an external procedure"},

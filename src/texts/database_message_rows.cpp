@@ -120,22 +120,22 @@ std::span<const Row> DatabaseMessageRows() {
       {2292, "Löschen Sie die Zeile, und fügen Sie sie neu ein."},
       {2293, "Die Werte in den Spalten des Index sind zu lang für einen Index."},
       {2294, "Kürzen Sie einen davon."},
-      {2295, "Die Spalte \"<Column>\" enthält Werte einer anderen Art."},
+      {2295, "Die Spalte „<Column>“ enthält Werte einer anderen Art."},
       {2296, "Geben Sie einen Wert vom Typ der Spalte an."},
-      {2297, "Die Spalte \"<Column>\" kann keine Zahl dieser Größe aufnehmen."},
+      {2297, "Die Spalte „<Column>“ kann keine Zahl dieser Größe aufnehmen."},
       {2298, "Geben Sie eine Zahl im Bereich des Spaltentyps an."},
       {2299,
-       "Die Spalte \"<Column>\" ist indiziert, und das Zeichen <Character> hat keinen Platz in der "
+       "Die Spalte „<Column>“ ist indiziert, und das Zeichen <Character> hat keinen Platz in der "
        "Sortierfolge des Index."},
       {2300, "Ersetzen Sie das Zeichen."},
-      {2301, "Die Spalte \"<Column>\" hat einen Typ, für den es keine Indexschlüssel gibt."},
+      {2301, "Die Spalte „<Column>“ hat einen Typ, für den es keine Indexschlüssel gibt."},
       {2302, "Nehmen Sie die Spalte nicht in den Index auf."},
       {2303, "Der Schlüssel hat mehr Werte als der Index Spalten."},
       {2304, "Geben Sie weniger Werte an."},
       {2305, "Der Index kann diesen Wert nicht einordnen."},
       {2306, "Wählen Sie einen anderen Wert."},
       // Making tables.
-      {2310, "\"<Name>\" ist kein Name für <Kind>."},
+      {2310, "„<Name>“ ist kein Name für <Kind>."},
       {2311, "eine Tabelle"},
       {2312, "eine Spalte"},
       {2313, "einen Index"},
@@ -282,7 +282,7 @@ std::span<const Row> DatabaseMessageRows() {
       {2449, "Die Seite ist als frei verzeichnet, wird aber benutzt."},
       {2450, "Die Seite ist als frei verzeichnet, war aber bis jetzt in Benutzung."},
       {2451,
-       "Nichts wurde geschrieben. Lassen Sie \"ovformula db verify\" zeigen, was noch beschädigt "
+       "Nichts wurde geschrieben. Lassen Sie „ovformula db verify“ zeigen, was noch beschädigt "
        "ist, und stellen Sie die Datei aus einer Sicherung wieder her."},
       {2452, "Ein Index benutzt eine Seite, die seine Karte nicht nennt."},
       {2453, "Die Zeile liegt auf einer Seite, die ihrer Tabelle oder Spalte nicht gehört."},

@@ -11,7 +11,7 @@ constexpr Row kRows[] = {
     {1600,
      "Die gespeicherte Klasse <Class> ist in keinem geöffneten Projekt. Bitte wählen Sie eine "
      "Klasse.",
-     "The stored class <Class> is in no open project. Choose a class."},
+     "The stored class <Class> is not in any open project. Choose a class."},
     {1601,
      "Keine Klasse kann Formeln aufnehmen: Es fehlt ein ActiveX-DLL-Projekt mit einer öffentlichen "
      "Klasse (Instancing MultiUse).",
@@ -24,11 +24,11 @@ constexpr Row kRows[] = {
      "The scan time applies to asynchronous formulas only."},
     {1607, "Datentyp: <Type>", "Data type: <Type>"},
     {1608, "Item aus dem Katalog wählen", "Choose an item from the catalogue"},
-    {1609, "Noch keine Aliase. Legen Sie zuerst unter \"Aliasbezeichner\" mit F8 einen an.",
+    {1609, "Noch keine Aliase. Legen Sie zuerst unter „Aliasbezeichner“ mit F8 einen an.",
      "No aliases yet. Create one first, with F8 under \"Alias Identifier\"."},
     {1610, "Alias wählen", "Choose Alias"},
     {1611, "&Suchen:", "&Search:"},
-    {1612, "Kein Alias und kein Item enthält \"<Text>\".",
+    {1612, "Kein Alias und kein Item enthält „<Text>“.",
      "No alias and no item contains \"<Text>\"."},
     // Questions and messages of the editor window.
     {1613,
@@ -48,24 +48,24 @@ constexpr Row kRows[] = {
     {1616,
      "Argumente von <Name>: <Names>. Deklarationen, die keine andere Formel der Klasse braucht, "
      "werden entfernt.",
-     "Arguments of <Name>: <Names>. Declarations that no other formula of the class needs are "
+     "Arguments of <Name>: <Names>. Declarations that no other formula of the class needs will be "
      "removed."},
     {1617, "Aliase: <Names>. Benutzte Aliase bleiben erhalten.",
-     "Aliases: <Names>. Aliases that are in use are kept."},
+     "Aliases: <Names>. Aliases in use are kept."},
     {1618, "<Name> – in <Names>", "<Name> – in <Names>"},
     {1619,
      "Es gibt keinen Alias <Name>. Wählen Sie einen aus der Liste oder legen Sie ihn zuerst an "
-     "(\"Aliasbezeichner\", F8).",
+     "(„Aliasbezeichner“, F8).",
      "There is no alias <Name>. Choose one from the list or create it first (\"Alias Identifier\", "
      "F8)."},
     {1620, "Noch keine Argumente. F8 fügt eines hinzu.", "No arguments yet. F8 adds one."},
-    {1621, "Wählen Sie im Baum eine Formel. F8 auf \"Formeldefinitionen\" legt eine neue an.",
+    {1621, "Wählen Sie im Baum eine Formel. F8 auf „Formeldefinitionen“ legt eine neue an.",
      "Select a formula in the tree. F8 on \"Formula Definition\" creates a new one."},
     {1622, "Noch keine Aliase. F8 fügt einen hinzu.", "No aliases yet. F8 adds one."},
-    {1623, "Keine Zeile enthält \"<Text>\".", "No row contains \"<Text>\"."},
+    {1623, "Keine Zeile enthält „<Text>“.", "No row contains \"<Text>\"."},
     {1624, "&Suchen:", "&Find:"},
     {1626, "Die Zeile wurde inzwischen gelöscht. Die Ansicht zeigt jetzt den neuen Stand.",
-     "The row has been deleted meanwhile. The view now shows how things stand."},
+     "The row has been deleted meanwhile. The view now shows the current state."},
     {1627,
      "Die Einstellungen konnten nicht in <File> geschrieben werden. Prüfen Sie, ob die Datei "
      "schreibgeschützt oder geöffnet ist.",
@@ -82,8 +82,8 @@ constexpr Row kRows[] = {
     {1632, "Es gibt noch keinen Alias.", "There is no alias yet."},
     {1633, "Argumente", "Arguments"},
     {1634, "Aliase", "Aliases"},
-    {1635, "… und <Count> weitere; der Report sagt, wo.",
-     "… and <Count> more; the report says where."},
+    {1635, "… und <Count> weitere; der Bericht nennt sie.",
+     "… and <Count> more; the report lists them."},
     {1636, "Löschen Sie dort zuerst das Argument.", "Delete the argument there first."},
     {1637, "Ein Argument gelöscht.", "One argument deleted."},
     {1638, "<Count> Argumente gelöscht.", "<Count> arguments deleted."},
@@ -103,7 +103,7 @@ constexpr Row kRows[] = {
      "The scan time must be a whole number from 0 to 2147483647, in milliseconds."},
     {1651, "Der Itemname enthält einen Zeilenumbruch. Schreiben Sie ihn in einer Zeile.",
      "The item name contains a line break. Write it on one line."},
-    {1652, "Code &mitnehmen", "Take the code &along"},
+    {1652, "Code &mitnehmen", "Move the code &along"},
     {1653,
      "Ohne Häkchen bleibt der Code auskommentiert in <Class>, und die neue Klasse erhält eine "
      "leere Prozedur.",

@@ -7,7 +7,7 @@ namespace texts {
 std::span<const Row> EngineRows() {
   static constexpr Row kRows[] = {
       {1800,
-       "Der Datenbank fehlt: <Names>. Fehlende Tabellen legt \"ovformula new DATEI --into\" an; "
+       "Der Datenbank fehlt: <Names>. Fehlende Tabellen legt „ovformula new DATEI --into“ an; "
        "fehlende Spalten fügen Sie in der Datenbank hinzu.",
        "The database lacks: <Names>. \"ovformula new FILE --into\" adds missing tables; add "
        "missing columns in the database."},

@@ -13,13 +13,12 @@ std::span<const Row> ExchangeRows() {
       {3402,
        "Das ist eine Arbeitsmappe, keine Textdatei. Speichern Sie die Tabelle darin als CSV, und "
        "lesen Sie diese Datei.",
-       "This is a workbook, no text file. Save its sheet as CSV and read that file."},
+       "This is a workbook, not a text file. Save its sheet as CSV and read that file."},
       {3403, "Hier steht ein Nullzeichen; das ist keine Textdatei.",
-       "There is a zero character here; this is no text file."},
+       "There is a zero character here; this is not a text file."},
       {3404,
-       "Die Datei gibt sich als UTF-8 aus, aber dieses Zeichen ist es nicht. Speichern Sie sie "
-       "neu.",
-       "The file calls itself UTF-8, but this character is none. Save the file again."},
+       "Die Datei gibt sich als UTF-8 aus, aber dieses Zeichen ist keines. Speichern Sie sie neu.",
+       "The file claims to be UTF-8, but this character is not. Save the file again."},
       {3405, "Hier bricht die UTF-16-Kodierung ab. Speichern Sie die Datei neu.",
        "The UTF-16 encoding breaks here. Save the file again."},
       {3406, "Ein Anführungszeichen wird nicht geschlossen.", "A quotation mark is never closed."},
@@ -31,20 +30,20 @@ std::span<const Row> ExchangeRows() {
       {3411,
        "Keine dieser Spalten ist bekannt: <Names>. Nötig ist eine Kopfzeile mit Item und Alias, "
        "oder mit Name und Klasse einer Formel.",
-       "None of these columns is known: <Names>. It takes a header with Item and Alias, or with "
+       "None of these columns is known: <Names>. A header with Item and Alias is needed, or with "
        "the Name and Class of a formula."},
       {3412, "<Name> und <Other> meinen dasselbe. Benennen Sie eine der Spalten um.",
        "<Name> and <Other> mean the same. Give one of the columns another name."},
-      {3413, "Das ist an dieser Stelle kein JSON.", "This is no JSON at this place."},
-      {3414, "Die JSON-Datei hört mittendrin auf.", "The JSON file ends in the middle."},
+      {3413, "Das ist an dieser Stelle kein JSON.", "This is not JSON at this place."},
+      {3414, "Die JSON-Datei hört mittendrin auf.", "The JSON file ends prematurely."},
       {3415, "Das JSON ist zu tief verschachtelt.", "The JSON is nested too deeply."},
       {3416, "Das JSON enthält weder aliases noch formulas.",
        "The JSON has neither aliases nor formulas."},
       {3417, "Hier wird ein Wert von anderer Art gebraucht.",
        "A value of another kind is needed here."},
       {3418,
-       "Die Zeile enthält \"<Text>\". Ist das eine Tabelle, stellen Sie ihr die Kopfzeile "
-       "\"item,alias\" voran (mit dem Trennzeichen der Tabelle); gehört das Zeichen zum Item, "
+       "Die Zeile enthält „<Text>“. Ist das eine Tabelle, stellen Sie ihr die Kopfzeile "
+       "„item,alias“ voran (mit dem Trennzeichen der Tabelle); gehört das Zeichen zum Item, "
        "schließen Sie es mit einem Tabulator ab.",
        "The line holds \"<Text>\". If this is a table, put the header \"item,alias\" in front of "
        "it (with the table's separator); if the character belongs to the item, end the item with a "
@@ -57,19 +56,19 @@ std::span<const Row> ExchangeRows() {
        "einem Text, gehört er in Anführungszeichen.",
        "The line has more cells than the header, which has <Count>. A text that holds the "
        "separator needs quotation marks."},
-      {3432, "\"<Text>\" ist weder ja noch nein.", "\"<Text>\" is neither yes nor no."},
-      {3433, "\"<Text>\" ist keine ganze Zahl.", "\"<Text>\" is no whole number."},
-      {3434, "\"<Text>\" kann zweierlei heißen. Schreiben Sie die Zahl ohne Punkt und Komma.",
+      {3432, "„<Text>“ ist weder ja noch nein.", "\"<Text>\" is neither yes nor no."},
+      {3433, "„<Text>“ ist keine ganze Zahl.", "\"<Text>\" is not a whole number."},
+      {3434, "„<Text>“ kann zweierlei heißen. Schreiben Sie die Zahl ohne Punkt und Komma.",
        "\"<Text>\" can be read in two ways. Write the number without point and comma."},
-      {3435, "\"<Text>\" ist kein Formelaufruf. Möglich sind 0 bis 7 und ihre Namen.",
-       "\"<Text>\" is no call type. Possible are 0 to 7 and their names."},
-      {3436, "\"<Text>\" ist keine Liste von Argumenten wie \"Level:in, Pump:out\".",
-       "\"<Text>\" is no list of arguments like \"Level:in, Pump:out\"."},
+      {3435, "„<Text>“ ist kein Formelaufruf. Möglich sind 0 bis 7 und ihre Namen.",
+       "\"<Text>\" is not a call type. Choose from 0 to 7 and their names."},
+      {3436, "„<Text>“ ist keine Liste von Argumenten wie „Level:in, Pump:out“.",
+       "\"<Text>\" is not a list of arguments like \"Level:in, Pump:out\"."},
       {3437, "Das Item fehlt.", "The item is missing."},
       {3438, "Der Name der Formel fehlt.", "The name of the formula is missing."},
       {3439, "Die Klasse fehlt. Möglich sind: <Choices>",
-       "The class is missing. Possible are: <Choices>"},
-      {3440, "Zeile <Line> sagt schon dasselbe.", "Line <Line> says the same already."},
+       "The class is missing. Choose from: <Choices>"},
+      {3440, "Zeile <Line> sagt schon dasselbe.", "Line <Line> already says the same."},
       {3441, "Widerspricht Zeile <Line>: Dort ist das Item <Item>.",
        "Contradicts line <Line>: there the item is <Item>."},
       {3442, "<Member> ist länger als <Most> Zeichen.",
@@ -121,23 +120,23 @@ std::span<const Row> ExchangeRows() {
        "leaves it, update changes it, rename takes a free name"},
       {3508, "fehlende Aliase von Argumenten anlegen", "create missing aliases of arguments"},
       {3509,
-       "abgelehnte Zeilen auslassen und mit dem Grund in diese neue Datei schreiben; verbessert "
-       "lässt sie sich wieder einlesen",
-       "leave refused lines out and write them with the reason into this new file; mended it can "
-       "be read again"},
+       "abgelehnte Zeilen auslassen und mit dem Grund in diese neue Datei schreiben; nach "
+       "Berichtigung lässt sie sich wieder einlesen",
+       "leave out refused lines and write them with the reason to this new file; once corrected it "
+       "can be read again"},
       {3510, "Klasse der Formeln, bei denen keine steht", "class of formulas that name none"},
-      {3511, "Name der Kopie, auch als Reihe wie \"Fill{2..8}\"",
+      {3511, "Name der Kopie, auch als Reihe wie „Fill{2..8}“",
        "name of the copy, also a series like \"Fill{2..8}\""},
       {3512,
        "diesen Text in Name, Aliasen, Items, Kommentar und Code durch den anderen ersetzen; auch "
-       "als Reihe wie \"Tank1=Tank{2..8}\"",
-       "replace this text by the other one in name, aliases, items, comment and code; also a "
+       "als Reihe wie „Tank1=Tank{2..8}“",
+       "replace this text with the other one in name, aliases, items, comment and code; also a "
        "series like \"Tank1=Tank{2..8}\""},
       {3513, "in dieses Projekt kopieren", "copy to this project"},
       {3514, "Visual-Basic-Projekt des anderen Projekts", "Visual Basic project of the other one"},
 
-      {3530, "Eine CSV-Tabelle enthält eines von beiden: --aliases oder --formulas.",
-       "A CSV table holds one of both: --aliases or --formulas."},
+      {3530, "Eine CSV-Tabelle enthält nur eines von beiden: --aliases oder --formulas.",
+       "A CSV table holds only one of the two: --aliases or --formulas."},
       {3531,
        "<Count> Felder enthalten Steuerzeichen, die eine Tabelle nicht mitnimmt. --format json "
        "nimmt sie mit.",

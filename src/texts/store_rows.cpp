@@ -9,12 +9,12 @@ namespace texts {
 std::span<const Row> StoreRows() {
   static constexpr auto kRows = std::to_array<Row>({
       {1000, "Es wurde nichts geändert.", "Nothing was changed."},
-      {1001, "Die Formel mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
-       "There is no formula with the ID <ID> (any more). Refresh the view."},
-      {1002, "Den Alias mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
-       "There is no alias with the ID <ID> (any more). Refresh the view."},
-      {1003, "Das Argument mit der ID <ID> gibt es nicht (mehr). Aktualisieren Sie die Ansicht.",
-       "There is no argument with the ID <ID> (any more). Refresh the view."},
+      {1001, "Die Formel mit der ID <ID> gibt es nicht mehr. Aktualisieren Sie die Ansicht.",
+       "The formula with the ID <ID> no longer exists. Refresh the view."},
+      {1002, "Den Alias mit der ID <ID> gibt es nicht mehr. Aktualisieren Sie die Ansicht.",
+       "The alias with the ID <ID> no longer exists. Refresh the view."},
+      {1003, "Das Argument mit der ID <ID> gibt es nicht mehr. Aktualisieren Sie die Ansicht.",
+       "The argument with the ID <ID> no longer exists. Refresh the view."},
       {1004,
        "Es ist kein Visual-Basic-Projekt geöffnet. Öffnen Sie das Formelserver-Projekt (--vbp), "
        "oder ändern Sie nur die Datensätze (--no-code).",
@@ -23,14 +23,14 @@ std::span<const Row> StoreRows() {
       {1005,
        "<Class> kann keine Formeln enthalten. Nötig ist eine Klasse mit Instancing MultiUse oder "
        "GlobalMultiUse in einem geöffneten ActiveX-DLL-Projekt.",
-       "<Class> cannot hold formulas. It takes a class with Instancing MultiUse or GlobalMultiUse "
-       "in an open ActiveX DLL project."},
+       "<Class> cannot hold formulas. That takes a class with Instancing MultiUse or "
+       "GlobalMultiUse in an open ActiveX DLL project."},
       {1006, "<Class> hat schon eine Formel <Name>. Wählen Sie einen anderen Namen.",
        "<Class> already has a formula <Name>. Choose another name."},
-      {1007, "<Name> kann keine Formel benennen. Wählen Sie einen anderen Namen.",
-       "<Name> cannot name a formula. Choose another name."},
-      {1008, "Beides zugleich sind: <Names>. Ändern Sie zuerst diese Argumente.",
-       "Both at the same time: <Names>. Change these arguments first."},
+      {1007, "<Name> kann keine Formel bezeichnen. Wählen Sie einen anderen Namen.",
+       "<Name> cannot be the name of a formula. Choose another name."},
+      {1008, "Übergabe- und Rückgabewert zugleich: <Names>. Ändern Sie zuerst diese Argumente.",
+       "Input and return value at the same time: <Names>. Change these arguments first."},
       {1009, "Der Formelaufruf muss eine Zahl von 0 bis 7 sein, nicht <Type>.",
        "The call type must be a number from 0 to 7, not <Type>."},
       {1010, "<Name> ist schon der Alias von <Item>; frei: <Free>",
@@ -43,7 +43,7 @@ std::span<const Row> StoreRows() {
        "<Name> is used by: <Formulas>. Delete these arguments first."},
       {1013,
        "Der bisherige Code von <Name> steht auskommentiert in <Class>; er wurde nicht mitgenommen.",
-       "The code that <Name> had stands commented out in <Class>; it was not taken along."},
+       "The previous code of <Name> stays in <Class>, commented out; it was not moved."},
       {1014, "Alle Namen von <Base>1 bis <Base>32767 sind vergeben. Geben Sie einen Namen ein.",
        "All names from <Base>1 to <Base>32767 are taken. Enter a name."},
       {1015, "Abgebrochen. Es wurde nichts geändert.", "Cancelled. Nothing was changed."},

@@ -21,7 +21,8 @@ std::span<const Row> WindowRows() {
       {3809, "Verlauf", "History"},
       {3810, "Es ist kein Projekt geöffnet.", "No project is open."},
 
-      {3840, "Das Projekt lässt sich nur lesen. <Text>", "The project can only be read. <Text>"},
+      {3840, "Das Projekt ist schreibgeschützt geöffnet. <Text>",
+       "The project is open for reading only. <Text>"},
       {3841, "Erneut öffnen", "Open again"},
       {3842,
        "Zu diesem Projekt gibt es kein Visual-Basic-Projekt (.vbp): Formeln lassen sich nicht "
@@ -31,15 +32,15 @@ std::span<const Row> WindowRows() {
       {3844, "Visual-Basic-Projekte (*.vbp, *.vbg)|*.vbp;*.vbg|Alle Dateien|*",
        "Visual Basic projects (*.vbp, *.vbg)|*.vbp;*.vbg|All files|*"},
       {3845, "Die Klasse <Class> ist in keinem geöffneten Visual-Basic-Projekt.",
-       "The class <Class> is in no open Visual Basic project."},
+       "The class <Class> is not in any open Visual Basic project."},
       {3846, "Stellen im Code", "Places in the code"},
       {3847, "Stellen im Code, die Sie ansehen sollten: <Count>",
        "Places in the code to look at: <Count>"},
       {3848, "Der Bericht ist fertig, aber es gibt kein Programm, das ihn anzeigt.",
-       "The report is done, but there is no program to show it."},
+       "The report is ready, but there is no program to show it."},
       {3849, "Speichern &unter...", "Save &As..."},
       {3850, "Berichte (*.html)|*.html|Alle Dateien|*", "Reports (*.html)|*.html|All files|*"},
-      {3851, "Wählen Sie dafür im Baum eine Formel.", "Select a formula in the tree for that."},
+      {3851, "Wählen Sie dafür im Baum eine Formel.", "Select a formula in the tree for this."},
       {3852, "Stand der Datei &laden", "&Load the file"},
       {3853, "Mit meinem Text &überschreiben", "&Overwrite with my text"},
   });

@@ -404,8 +404,9 @@ TEST(FormulaCodeTest, WarnsNearTheLimitsOfVisualBasic) {
   fixture.generator.AddFunction(kClass, "B", "");
   const std::vector<messages::Message> warnings = fixture.generator.TakeWarnings();
   ASSERT_EQ(warnings.size(), 2u);
-  EXPECT_EQ(support::Sentence(warnings[0]),
-            "CPump.cls:2 has 1011 characters; Visual Basic takes 1023 at most. Shorten the line.");
+  EXPECT_EQ(
+      support::Sentence(warnings[0]),
+      "CPump.cls:2 has 1011 characters; Visual Basic accepts 1023 at most. Shorten the line.");
   EXPECT_EQ(warnings[1].number(), 1107);
 }
 

@@ -191,7 +191,7 @@ TEST(Commands, StoppedDeletionChangesNothing) {
 // One message names the aliases in use, ten of them with their uses, and tells of the rest.
 TEST(Commands, AliasesInUseAreToldAtOnce) {
   for (const auto& [count, last] : {std::pair{10, "A9 – in PumpServer.CPump.Fill"},
-                                    std::pair{12, "… and 2 more; the report says where."}}) {
+                                    std::pair{12, "… and 2 more; the report lists them."}}) {
     EditorBench bench("FORA0");
     bench.HaveFormula("Fill", "PumpServer.CPump");
     std::vector<std::int64_t> all;

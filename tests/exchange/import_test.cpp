@@ -141,13 +141,13 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
   EXPECT_EQ(
       Import(aliases).plan,
       "refused 2 B C [A]: The Alias does not meet the Visual Basic naming conventions!!! B C "
-      "holds the character \" \"; Visual Basic allows only letters, digits and underscores. B_C "
+      "contains the character \" \"; Visual Basic allows only letters, digits and underscores. B_C "
       "would be valid.\n"
       "new 3 B [B]\n"
       "refused 4 Level [T.New]: Level exists already, for T.Level.\n"
       "new 5 Same [T.A]\n"
       "refused 6 same [T.B]: Contradicts line 5: there the item is T.A.\n"
-      "refused 7 Same [T.A]: Line 5 says the same already.\n"
+      "refused 7 Same [T.A]: Line 5 already says the same.\n"
       "refused 8 Dim [X]: The Alias does not meet the Visual Basic naming conventions!!! Dim is a "
       "reserved word of Visual Basic. Dim_ would be valid.\n"
       "refused 9 Long [" +
@@ -155,7 +155,7 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
           "]: ItemID is longer than 255 characters.\n"
           "refused 10 Tank1_Mode [T.Mode]: Tank1_Mode exists already, for Tank1.Mode.\n"
           "new 11 Ok [T.Ok]\n"
-          "refused 12  [B]: Line 3 says the same already.\n");
+          "refused 12  [B]: Line 3 already says the same.\n");
   EXPECT_EQ(
       Import("name,class,type,comment,arguments\n"
              "1F,CPump,,,\nF,,,,\nF,None,,,\nBusy,CPump,,,\nMine,CPump,,,Level:in\n"
@@ -163,10 +163,11 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
              "J,CPump,,,\"Level, Level:in\"\nK,CPump,,,T.Pump\nmine,CPump,,,\n"
              "Fill,CPump,6,,\n")
           .plan,
-      "refused 2 PumpServer.CPump.1F: 1F cannot name a formula. Choose another name. 1F begins "
-      "with a digit; Visual Basic wants a letter.\n"
-      "refused 3 F: The class is missing. Possible are: PumpServer.CPump, PumpServer.CTank\n"
-      "refused 4 None.F: None cannot hold formulas. It takes a class with Instancing MultiUse or "
+      "refused 2 PumpServer.CPump.1F: 1F cannot be the name of a formula. Choose another name. 1F "
+      "begins "
+      "with a digit; Visual Basic requires a letter.\n"
+      "refused 3 F: The class is missing. Choose from: PumpServer.CPump, PumpServer.CTank\n"
+      "refused 4 None.F: None cannot hold formulas. That takes a class with Instancing MultiUse or "
       "GlobalMultiUse in an open ActiveX DLL project.\n"
       "refused 5 PumpServer.CPump.Busy: PumpServer.CPump already holds Busy as a Function "
       "(CPump.cls:4). Choose another name, or rename it in the class.\n"
@@ -177,13 +178,14 @@ TEST_F(ImportTest, NamesEachRefusedLine) {
       "it into the list, or have missing ones created.\n"
       "refused 9 PumpServer.CPump.I: The argument Level is refused: The Parameter can't be at the "
       "same "
-      "time In- and Output Value \r\nif the Function type is 'on Variable Change' Both at the same "
+      "time In- and Output Value \r\nif the Function type is 'on Variable Change' Input and return "
+      "value at the same "
       "time: Level. Change these arguments first.\n"
-      "refused 10 PumpServer.CPump.J: The argument Level is refused: Line 10 says the same "
-      "already.\n"
+      "refused 10 PumpServer.CPump.J: The argument Level is refused: Line 10 already says the "
+      "same.\n"
       "refused 11 PumpServer.CPump.K: The argument T.Pump is refused: There is no alias T.Pump. "
       "Put it into the list, or have missing ones created.\n"
-      "refused 12 PumpServer.CPump.mine: Line 6 says the same already.\n"
+      "refused 12 PumpServer.CPump.mine: Line 6 already says the same.\n"
       "refused 13 PumpServer.CPump.Fill: Fill exists already with other values.\n");
 }
 

@@ -161,7 +161,7 @@ TEST_F(ForeignEdits, OfOurOwnLaterOperationsAreNamed) {
   program_->AddFormula("Next_", "CTank");
   EXPECT_TRUE(program_->Undo(5).success());
   EXPECT_FALSE(program_->operations().FindAlias(other));
-  named(5, "undone already");
+  named(5, "already undone");
   EXPECT_TRUE(program_->Redo(5).success());
   EXPECT_TRUE(program_->operations().FindAlias(other)) << "with the same ID";
 }

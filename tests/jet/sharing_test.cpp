@@ -205,7 +205,7 @@ TEST_F(Sharing, WhatHasNoPlaceOfItsOwnIsOnlyRead) {
       {"/d.ovs", [&] { system_.MakeLink("d.ovs", "/d.ldb"); }, "it is a link"},
       {"/e.ovs", [&] { system_.MakeLink("none", "/e.ldb"); }, "it is a link"},
       {"/f.ldb", [] {}, "it is the database"},
-      {"/g.ovs", [&] { system_.Put("/g.ldb", std::string(20'000, 'x')); }, "no lock file"},
+      {"/g.ovs", [&] { system_.Put("/g.ldb", std::string(20'000, 'x')); }, "not a lock file"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.path);

@@ -158,7 +158,7 @@ TEST(Environment, GroupsAndTheProjectsTheyName) {
   ASSERT_EQ(environment.VBProjects().size(), 2u);
   EXPECT_EQ(environment.VBProjects()[0]->Name(), "Pump");
   EXPECT_THAT(ProblemsOf(environment),
-              ElementsAre(HasSubstr("/p/All.vbg is no project"), HasSubstr("/p/gone.vbp")));
+              ElementsAre(HasSubstr("/p/All.vbg is not a project"), HasSubstr("/p/gone.vbp")));
 
   // Both projects name the class's file: one document, and inside the group's tree.
   const auto in_server = environment.FindProject("pump")->FindComponent("C");
