@@ -110,6 +110,9 @@ exchange::ImportOptions OptionsFor(Invocation& invocation) {
   options.create_aliases = invocation.Has("--create-aliases");
   options.prog_id = invocation.Option("--class").value_or("");
   options.with_rows_only = invocation.Has("--no-code");
+  options.progress = [&](std::size_t, std::size_t) {
+    if (invocation.Interrupted()) throw InterruptedError();
+  };
   return options;
 }
 

@@ -35,6 +35,8 @@ constexpr std::array kReservedWords = std::to_array<std::string_view>({
     "xor",
 });
 static_assert(std::is_sorted(kReservedWords.begin(), kReservedWords.end()));
+constexpr std::size_t kLongestReservedWord =
+    std::ranges::max(kReservedWords, {}, &std::string_view::size).size();
 
 constexpr std::uint8_t kUnmapped = '?';  // what the code page makes of a foreign character
 
@@ -67,6 +69,7 @@ std::string OneCharacter(char32_t code_point) {
 
 std::string CleanIdentifier(std::string_view name) {
   std::string result;
+  result.reserve(name.size());
   char32_t first_digit = 0;
   for (std::size_t at = 0; at < name.size();) {
     const bool first = at == 0;
@@ -89,6 +92,11 @@ IdentifierHint CheckIdentifier(std::string_view name) {
   }
   IdentifierHint sign;
   for (std::size_t at = 0; at < name.size();) {
+    const auto byte = static_cast<std::uint8_t>(name[at]);
+    if (byte < 0x80 && (IsAllowed(byte) || IsDigit(byte))) {
+      ++at;
+      continue;
+    }
     const char32_t character = platform::NextCodePoint(name, at);
     const std::uint8_t code = AnsiCode(character);
     if (!IsAllowed(code) && !IsDigit(code)) {
@@ -138,6 +146,7 @@ bool IsDeclarable(std::string_view name) {
 }
 
 bool IsReservedWord(std::string_view word) {
+  if (word.size() > kLongestReservedWord) return false;
   const std::string lower = platform::FoldCase(word);
   return std::binary_search(kReservedWords.begin(), kReservedWords.end(), std::string_view(lower));
 }

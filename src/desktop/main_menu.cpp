@@ -8,6 +8,7 @@
 #include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
 #include "desktop/search_texts.h"
+#include "dialogs/list_texts.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 
@@ -44,6 +45,9 @@ wxMenu* MainMenu::ProjectMenu(const Commands& commands) {
   backups_ = new ChoiceMenu;
   backups_->on_choice = commands.restore_backup;
   menu->AppendSubMenu(backups_, wx::ToWx(texts_.Text(TextNumber::kTextMenuBackups)));
+  menu->AppendSeparator();
+  AddItem(*menu, dialogs::kTextMenuImport, "", commands.import_list);
+  AddItem(*menu, dialogs::kTextMenuExport, "", commands.export_project);
   menu->AppendSeparator();
   AddItem(*menu, TextNumber::kTextMenuQuit, "Ctrl+Q", commands.quit);
   return menu;

@@ -9,6 +9,7 @@
 
 #include "desktop/about.h"
 #include "desktop/crash_log.h"
+#include "desktop/undo_texts.h"
 #include "editor/node_key.h"
 #include "files/replace_file.h"
 #include "platform/error.h"
@@ -70,6 +71,8 @@ MainMenu::Commands MainWindow::MenuCommands() {
   commands.create = [this] { AskNew(); };
   commands.open = [this] { AskOpen(); };
   commands.save_code = [this] { SaveCode(); };
+  commands.import_list = [this] { Exchange(&ListExchange::Import); };
+  commands.export_project = [this] { Exchange(&ListExchange::Export); };
   commands.quit = [this] { Close(); };
   commands.find_in_all_code = [this] {
     if (search_) search_->OpenFind();
@@ -283,6 +286,12 @@ void MainWindow::SelectNode(const studio::StudioNode& node) {
 void MainWindow::SaveCode() {
   if (!code_.Modified()) return messages_.Status(Text(TextNumber::kTextNothingToSave));
   code_.Save();
+}
+
+void MainWindow::Exchange(void (ListExchange::*way)(editor::frmtabgrid&, project::Project&)) {
+  editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  if (!editor) return messages_.Status(Text(kTextNoProjectOpen));
+  (lists_.*way)(*editor, *project_);
 }
 
 void MainWindow::ShowUses() {

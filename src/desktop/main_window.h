@@ -16,6 +16,7 @@
 #include "desktop/change_watch.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
+#include "desktop/list_exchange.h"
 #include "desktop/main_menu.h"
 #include "desktop/project_undo.h"
 #include "desktop/undo_menu.h"
@@ -80,6 +81,8 @@ class MainWindow : public wxFrame {
   bool MoveKeyboard(const wxKeyEvent& event);
   void SelectNode(const studio::StudioNode& node);
   void SaveCode();
+  // Runs a way of lists for the project that is open.
+  void Exchange(void (ListExchange::*way)(editor::frmtabgrid&, project::Project&));
   void ShowUses();
   std::optional<std::string> ChooseItem(std::string_view current);
   void ShowWarnings(const std::vector<platform::Notice>& warnings);
@@ -98,6 +101,7 @@ class MainWindow : public wxFrame {
   ProjectTree& tree_ = panes_.tree();
   CodePane& code_ = panes_.code();
   WindowPlace place_;
+  ListExchange lists_{*this, parts_, messages_};
   BackupKeeper backups_;
   wxTimer timer_{this};
   std::function<void()> when_shown_;

@@ -17,6 +17,7 @@ inline constexpr std::int32_t kFormulaHelpTopic = 90024;
 inline constexpr std::int32_t kArgumentHelpTopic = 90025;
 inline constexpr std::int32_t kAliasHelpTopic = 90030;
 inline constexpr std::int32_t kChooseAliasHelpTopic = 90031;
+inline constexpr std::int32_t kListsHelpTopic = 90071;
 
 // What the modal dialogs share: OK, Cancel and Help, captions in the current language, and the
 // answer. A dialog lives for one operation; it may be shown again with what the user entered.

@@ -12,6 +12,7 @@
 #include "editor/editor_view.h"
 #include "editor/grid_editing.h"
 #include "editor/grid_layout.h"
+#include "editor/list_commands.h"
 #include "editor/status_counters.h"
 #include "forms/fields.h"
 #include "forms/form.h"
@@ -87,6 +88,9 @@ class frmtabgrid : public forms::Form,
   std::optional<platform::Variant> GetProperty(std::string_view name) const override;
   bool SetProperty(std::string_view name, const platform::Variant& value) override;
 
+  // Brings a list into the project, with a preview.
+  void ImportList(const dialogs::ListToImport& list) { list_commands_.Import(list); }
+
   void ShowFind() override;
   void CloseFind();
 
@@ -129,6 +133,7 @@ class frmtabgrid : public forms::Form,
   SplitterDrag parameter_splitter_;
   SplitterDrag alias_splitter_;
   Commands commands_{context_, *this, tdbP, tdbA, counters_};
+  ListCommands list_commands_{context_, *this};
   GridEditing grid_editing_{context_, *this, tdbP, tdbA};
   std::string key_;
   std::string context_key_;

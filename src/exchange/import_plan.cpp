@@ -62,20 +62,21 @@ void ImportPlan::PutInOrder() {
   std::ranges::stable_sort(order_, {}, [](const Entry& entry) { return entry.place.line; });
 }
 
+RowAction ImportPlan::ActionAt(std::size_t index) const {
+  const Entry& entry = order_.at(index);
+  switch (entry.kind) {
+    case Line::Kind::kAlias:
+      return aliases_[entry.number].action;
+    case Line::Kind::kFormula:
+      return formulas_[entry.number].action;
+    default:
+      return RowAction::kRefused;
+  }
+}
+
 ImportPlan::Counts ImportPlan::Count() const {
   Counts counts;
-  for (const Entry& entry : order_) {
-    switch (entry.kind) {
-      case Line::Kind::kAlias:
-        CountRow(aliases_[entry.number].action, counts);
-        break;
-      case Line::Kind::kFormula:
-        CountRow(formulas_[entry.number].action, counts);
-        break;
-      default:
-        ++counts.refused;
-    }
-  }
+  for (std::size_t i = 0; i < order_.size(); ++i) CountRow(ActionAt(i), counts);
   return counts;
 }
 
@@ -120,12 +121,7 @@ ImportPlan::Line ImportPlan::LineAt(std::size_t index) const {
 std::vector<ImportPlan::Line> ImportPlan::Refused() const {
   std::vector<Line> lines;
   for (std::size_t i = 0; i < order_.size(); ++i) {
-    const Entry& entry = order_[i];
-    const bool refused =
-        entry.kind == Line::Kind::kAlias     ? aliases_[entry.number].action == RowAction::kRefused
-        : entry.kind == Line::Kind::kFormula ? formulas_[entry.number].action == RowAction::kRefused
-                                             : true;
-    if (refused) lines.push_back(LineAt(i));
+    if (ActionAt(i) == RowAction::kRefused) lines.push_back(LineAt(i));
   }
   return lines;
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,8 @@ struct ImportOptions {
   std::string prog_id = {};
   // No code is looked at.
   bool with_rows_only = false;
+  // Told now and then how many rows are planned; what it raises ends the planning.
+  std::function<void(std::size_t done, std::size_t total)> progress = {};
 };
 
 enum class RowAction { kNew, kChanged, kUnchanged, kRefused };
@@ -94,6 +97,7 @@ class ImportPlan {
   // In the order of the file. Lines are made when they are asked for.
   std::size_t LineCount() const { return order_.size(); }
   Line LineAt(std::size_t index) const;
+  RowAction ActionAt(std::size_t index) const;
   // The lines that are refused.
   std::vector<Line> Refused() const;
 

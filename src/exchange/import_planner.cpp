@@ -12,6 +12,7 @@ namespace exchange {
 namespace {
 
 constexpr std::size_t kLongList = 1000;
+constexpr std::size_t kRowsPerStep = 256;  // of the progress
 
 }  // namespace
 
@@ -20,7 +21,6 @@ ImportPlanner::ImportPlanner(const Contents& contents, store::Operations& operat
     : contents_(contents),
       operations_(operations),
       options_(options),
-      proposals_(operations),
       existing_names_([this](std::uint32_t number) -> std::string_view {
         return (*existing_)[number].vb_alias;
       }),
@@ -35,14 +35,29 @@ ImportPlan ImportPlanner::Plan() {
   plan_.problems_ = contents_.problems;
   plan_.aliases_.reserve(contents_.aliases.size());
   if (contents_.aliases.size() >= kLongList) ReadAliases();
-  // Names that are given come before names that are proposed.
   for (const AliasRow& row : contents_.aliases) {
-    if (!row.alias.empty()) proposals_.Take(row.alias);
+    PlanAlias(row);
+    Advance();
   }
-  for (const AliasRow& row : contents_.aliases) PlanAlias(row);
   if (!contents_.formulas.empty()) PlanFormulas();
   plan_.PutInOrder();
   return std::move(plan_);
+}
+
+void ImportPlanner::Advance() {
+  if (++done_ % kRowsPerStep != 0 || !options_.progress) return;
+  options_.progress(done_, contents_.aliases.size() + contents_.formulas.size());
+}
+
+// Names that are given come before names that are proposed.
+std::string_view ImportPlanner::Propose(std::string_view item) {
+  if (!proposals_) {
+    proposals_.emplace(operations_);
+    for (const AliasRow& row : contents_.aliases) {
+      if (!row.alias.empty()) proposals_->Take(row.alias);
+    }
+  }
+  return plan_.Keep(proposals_->Propose(item));
 }
 
 void ImportPlanner::ReadAliases() {
@@ -64,7 +79,10 @@ void ImportPlanner::PlanFormulas() {
   store::OperationOptions options;
   options.with_rows_only = options_.with_rows_only;
   operations_.WithChecks(options, [&] {
-    for (const FormulaRow& row : contents_.formulas) PlanFormula(row);
+    for (const FormulaRow& row : contents_.formulas) {
+      PlanFormula(row);
+      Advance();
+    }
   });
 }
 
@@ -101,7 +119,7 @@ void ImportPlanner::PlanUnnamed(PlannedAlias& planned) {
              row && plan_.aliases_[*row].item == planned.item) {
     return Refuse(planned, {{kTextRepeats}, {{"<Line>", plan_.aliases_[*row].place.line}}});
   }
-  planned.alias = plan_.Keep(proposals_.Propose(planned.item));
+  planned.alias = Propose(planned.item);
   CheckNew(planned);
 }
 
@@ -143,7 +161,7 @@ void ImportPlanner::PlanExisting(PlannedAlias& planned, const store::AliasRecord
     case ExistingPolicy::kRename:
       planned.id = 0;
       planned.reason = {{kTextRenamed}, {{"<Name>", planned.alias}}};
-      planned.alias = plan_.Keep(proposals_.Propose(planned.alias));
+      planned.alias = Propose(planned.alias);
       return CheckNew(planned);
   }
 }

@@ -43,11 +43,16 @@ class ImportPlanner {
   ImportPlan Plan();
 
  private:
+  // Another row is planned.
+  void Advance();
+
   // --- Aliases ---
   // Reads all aliases of the project when the list is long: look-ups would take longer.
   void ReadAliases();
   std::optional<store::AliasRecord> FindAlias(std::string_view name);
   void PlanAlias(const AliasRow& row);
+  // A name that is free in the project and the list, kept by the plan.
+  std::string_view Propose(std::string_view item);
   // What the row's name is to be when it has none.
   void PlanUnnamed(PlannedAlias& planned);
   void PlanNamed(PlannedAlias& planned);
@@ -81,9 +86,10 @@ class ImportPlanner {
   const Contents& contents_;
   store::Operations& operations_;
   const ImportOptions& options_;
-  store::AliasProposals proposals_;
+  std::optional<store::AliasProposals> proposals_;  // once one is asked for
   std::vector<store::ClassEntry> classes_;
   ImportPlan plan_;
+  std::size_t done_ = 0;
   std::optional<std::vector<store::AliasRecord>> existing_;  // of a long list
   NameTable existing_names_;                                 // numbers of these
   NameTable rows_by_alias_;  // numbers in the plan, by the name that the list gives

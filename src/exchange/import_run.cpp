@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "store/operation_texts.h"
+
 namespace exchange {
 namespace {
 
@@ -42,6 +44,7 @@ void ImportRun::Advance(std::size_t rows) {
   if (!options_.progress || options_.progress(std::min(done_, total), total)) return;
   store::OperationResult cancelled;
   cancelled.outcome = store::Outcome::kCancelled;
+  cancelled.message = messages::Message({store::kTextCancelled});
   throw Stopped{cancelled};
 }
 

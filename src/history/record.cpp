@@ -53,6 +53,11 @@ std::optional<Number> NumberOf(std::string_view text) {
 // --- Fields ---
 
 void AppendEscaped(std::string_view text, std::string& line) {
+  constexpr std::string_view kEscaped("\\\t\n\r\0", 5);
+  if (text.find_first_of(kEscaped) == std::string_view::npos) {
+    line += text;
+    return;
+  }
   for (const char c : text) {
     switch (c) {
       case '\\':

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 #include <utility>
 
 #include "files/carried_append.h"
@@ -36,12 +37,12 @@ std::optional<std::int32_t> IdOf(const jet::LoggedRow& logged) {
 
 // Each row once: as the unit found it and as it leaves it.
 std::vector<ChangedRow> RowsOf(const std::vector<jet::LoggedRow>& log) {
-  std::map<std::pair<std::string, std::int32_t>, std::size_t> known;
+  std::map<const jet::Table*, std::unordered_map<std::int32_t, std::size_t>> known;
   std::vector<ChangedRow> rows;
   for (const jet::LoggedRow& logged : log) {
     const auto id = IdOf(logged);
     if (!id) continue;
-    const auto [place, is_new] = known.try_emplace({logged.table->name(), *id}, rows.size());
+    const auto [place, is_new] = known[logged.table].try_emplace(*id, rows.size());
     if (is_new) {
       ChangedRow& row = rows.emplace_back(ChangedRow{logged.table->name(), *id, {}, {}});
       if (logged.before) row.before = ImageOf(logged, *logged.before);

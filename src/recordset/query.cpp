@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "jet/error.h"
 #include "platform/ado.h"
 #include "recordset/ascii_text.h"
 #include "recordset/sql_lexer.h"
@@ -61,11 +62,13 @@ void Query::OpenTables() {
     ThrowSyntax(text_, syntax_.tables[kMaxTables].offset, message::kTooManyTables);
   }
   for (const SourceTable& source : syntax_.tables) {
-    if (!database_.HasTable(source.name)) {
+    try {
+      tables_.push_back(&database_.OpenTable(source.name));
+    } catch (const jet::Error& error) {
+      if (error.kind() != jet::ErrorKind::kNotFound) throw;
       ThrowAt(platform::kErrNoSuchTable, text_, source.offset,
               {message::kNoTableInFrom, {{"<Path>", database_.path()}, {"<Table>", source.name}}});
     }
-    tables_.push_back(&database_.OpenTable(source.name));
   }
   needed_ = NeededColumns(tables_.size());
 }

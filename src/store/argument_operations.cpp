@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <unordered_set>
+
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
 #include "store/operation_titles.h"
@@ -34,8 +36,9 @@ void Operations::Touch(const codegen::FormulaName& formula, const ArgumentRecord
                                            argument.item_id, gained, std::string(moved_from)});
 }
 
-void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias) {
-  if (rows().HasArgument(formula.id, alias.id)) {
+void Operations::RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias,
+                                    bool is_there) {
+  if (is_there) {
     context_->Refuse(kTextArgumentExists,
                      {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}});
   }
@@ -58,12 +61,13 @@ OperationResult Operations::AddArguments(std::int32_t formula_id,
       context_->SetTitle(
           {title::kAddArguments, {{"<Count>", values.size()}, {"<Formula>", formula.name}}});
     }
+    std::unordered_set<std::int32_t> known = rows().AliasesOf(formula_id);
     for (std::size_t i = 0; i < values.size(); ++i) {
       context_->Progress(i, values.size());
       const AliasRecord alias = RequireAlias(values[i].alias_id);
       context_->SetTitle(
           {title::kAddArgument, {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}}});
-      RequireNewArgument(formula, alias);
+      RequireNewArgument(formula, alias, !known.insert(alias.id).second);
       RequireInOrOut(formula, values[i], alias.vb_alias);
       result.ids.push_back(rows().Add(kArgumentsTable, {{"AliasID", values[i].alias_id},
                                                         {"ParentID", formula_id},
@@ -88,7 +92,7 @@ OperationResult Operations::EditArgument(std::int32_t argument_id, const Argumen
           {title::kExchangeArgument,
            {{"<Name>", old.vb_alias}, {"<Formula>", formula.name}, {"<New>", alias.vb_alias}}});
       context_->RequireProjects();
-      RequireNewArgument(formula, alias);
+      RequireNewArgument(formula, alias, rows().AliasesOf(formula.id).contains(alias.id));
       fields.emplace_back("AliasID", values.alias_id);
     }
     if (values.in != old.in) fields.emplace_back("In", values.in);

@@ -2,10 +2,7 @@
 #include "store/operation_context.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
-#include <map>
-#include <optional>
 #include <utility>
 
 #include "codegen/refused.h"
@@ -26,47 +23,6 @@ Outcome OutcomeOf(platform::ErrorKind kind) {
       break;
   }
   return Outcome::kFileProblem;
-}
-
-// What two changes of one row, one after the other, come to; nothing when it is as it was.
-std::optional<RowChange::Kind> Together(RowChange::Kind first, RowChange::Kind then) {
-  using enum RowChange::Kind;
-  if (first == kAdded) return then == kDeleted ? std::nullopt : std::optional(kAdded);
-  if (first == kDeleted && then != kDeleted) return kChanged;
-  return then;
-}
-
-std::string IdOf(const RowChange& change) {
-  for (const auto& [name, value] : change.members) {
-    if (name == "ID") return value.ToText();
-  }
-  return {};
-}
-
-// The rows that several parts changed, each once: as the first found it and the last left it.
-std::vector<RowChange> EachOnce(std::vector<RowChange> changes) {
-  std::map<std::pair<std::string, std::string>, std::size_t> known;
-  std::vector<std::optional<RowChange>> rows;
-  for (RowChange& change : changes) {
-    const auto [place, is_new] = known.try_emplace({change.table, IdOf(change)}, rows.size());
-    if (is_new) {
-      rows.emplace_back(std::move(change));
-      continue;
-    }
-    std::optional<RowChange>& row = rows[place->second];
-    const auto kind = row ? Together(row->kind, change.kind) : change.kind;
-    row = std::move(change);
-    if (kind) {
-      row->kind = *kind;
-    } else {
-      row.reset();
-    }
-  }
-  std::vector<RowChange> left;
-  for (std::optional<RowChange>& row : rows) {
-    if (row) left.push_back(std::move(*row));
-  }
-  return left;
 }
 
 }  // namespace
@@ -156,7 +112,6 @@ OperationResult OperationContext::Answered(std::int32_t failure_text,
 void OperationContext::Begin(const OperationOptions& options) {
   options_ = &options;
   touched_ = {};
-  part_rows_.clear();
   const bool has_code = parts_.code && parts_.code->context().vbe && !options.with_rows_only;
   if (has_code) code_.emplace(parts_.code->context());
 }
@@ -177,7 +132,7 @@ OperationResult OperationContext::Run(const OperationOptions& options, std::int3
                                       const std::function<void(OperationResult&)>& steps) {
   if (depth_ > 0) return RunPart(failure_text, steps);
   Begin(options);
-  rows_.TakeChanges();
+  rows_.changes().Clear();
   warnings_.clear();
   ++depth_;
   OperationResult result =
@@ -185,11 +140,11 @@ OperationResult OperationContext::Run(const OperationOptions& options, std::int3
   --depth_;
   rows_.CloseTables();
   if (result.success()) {
-    std::ranges::move(rows_.TakeChanges(), std::back_inserter(part_rows_));
-    result.rows = EachOnce(std::exchange(part_rows_, {}));
+    if (rows_.changes().size() > 0) result.rows = rows_.changes().Take();
     result.warnings = std::exchange(warnings_, {});
     if (code_) std::ranges::move(code_->TakeWarnings(), std::back_inserter(result.warnings));
   } else {
+    rows_.changes().Clear();
     result.rows.clear();
     result.warnings.clear();
     ShowNotUndone(result);
@@ -202,11 +157,10 @@ OperationResult OperationContext::Run(const OperationOptions& options, std::int3
 // The code follows at the end of the whole, so that only rows have to be put back.
 OperationResult OperationContext::RunPart(std::int32_t failure_text,
                                           const std::function<void(OperationResult&)>& steps) {
-  std::ranges::move(rows_.TakeChanges(), std::back_inserter(part_rows_));
-  const PartStart start = {touched_.formulas.size(),     touched_.arguments.size(),
-                           touched_.aliases.size(),      touched_.declarations.size(),
-                           touched_.headers.size(),      touched_.uses.size(),
-                           touched_.replacements.size(), warnings_.size()};
+  const PartStart start = {
+      touched_.formulas.size(),     touched_.arguments.size(), touched_.aliases.size(),
+      touched_.declarations.size(), touched_.headers.size(),   touched_.uses.size(),
+      touched_.replacements.size(), warnings_.size(),          rows_.changes().size()};
   parts_.connection->BeginTrans();
   ++depth_;
   OperationResult result = Answered(failure_text, [&](OperationResult& answer) {
@@ -218,8 +172,6 @@ OperationResult OperationContext::RunPart(std::int32_t failure_text,
     PutPartBack(start);
     return result;
   }
-  result.rows = rows_.TakeChanges();
-  part_rows_.insert(part_rows_.end(), result.rows.begin(), result.rows.end());
   result.warnings.assign(warnings_.begin() + static_cast<std::ptrdiff_t>(start.warnings),
                          warnings_.end());
   return result;
@@ -228,7 +180,7 @@ OperationResult OperationContext::RunPart(std::int32_t failure_text,
 void OperationContext::PutPartBack(const PartStart& start) {
   rows_.CloseTables();
   parts_.connection->RollbackTrans();
-  rows_.TakeChanges();
+  rows_.changes().TakeBack(start.rows);
   touched_.formulas.resize(start.formulas);
   touched_.arguments.resize(start.arguments);
   touched_.aliases.resize(start.aliases);
@@ -249,7 +201,7 @@ OperationResult Operations::AsOne(const messages::Message& title,
       throw OperationRefusal(answer.outcome, answer.message, answer.detail);
     }
     result.ids = std::move(answer.ids);
-    context_->NoteRows(std::move(answer.rows));
+    result.rows = std::move(answer.rows);
   });
 }
 

@@ -60,10 +60,6 @@ class OperationContext {
   codegen::Touched& touched() { return touched_; }
   // Raises unless there is code to change; for operations that need it.
   void RequireProjects();
-  // Rows that the steps changed by other means than operations, unless these changed some.
-  void NoteRows(std::vector<RowChange> rows) {
-    if (part_rows_.empty()) part_rows_ = std::move(rows);
-  }
   // Of the operation that runs; its parts are not told apart.
   void Progress(std::size_t done, std::size_t total);
   using Values = std::initializer_list<messages::Message::Value>;
@@ -78,7 +74,8 @@ class OperationContext {
  private:
   // How far the operation had come when a part of it began.
   struct PartStart {
-    std::size_t formulas, arguments, aliases, declarations, headers, uses, replacements, warnings;
+    std::size_t formulas, arguments, aliases, declarations, headers, uses, replacements, warnings,
+        rows;
   };
 
   OperationResult RunPart(std::int32_t failure_text,
@@ -96,8 +93,7 @@ class OperationContext {
   std::optional<codegen::CodeSync> code_;
   codegen::Touched touched_;
   std::vector<messages::Message> warnings_;
-  std::vector<RowChange> part_rows_;  // of the parts that are done
-  int depth_ = 0;                     // of operations that run in each other
+  int depth_ = 0;  // of operations that run in each other
 };
 
 }  // namespace store

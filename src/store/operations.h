@@ -89,8 +89,8 @@ class Operations {
   // Does what `steps` do as one unit of work with one title, in which code follows once, at the
   // end. `steps` call operations of this object, whose own options and titles do not count then. A
   // call that fails has changed nothing, and the steps may go on; unless what they answer is done,
-  // all of it is put back. The answer has the rows and warnings of all.
-  // Steps that call no operation answer with the rows themselves.
+  // all of it is put back. The answer has the rows and warnings of all, each row once; those of the
+  // single calls have no rows. Steps that call no operation answer with the rows themselves.
   OperationResult AsOne(const messages::Message& title,
                         const std::function<OperationResult()>& steps,
                         const OperationOptions& options = {});
@@ -206,7 +206,8 @@ class Operations {
   void RequireAliasValues(const AliasValues& values, const AliasRecord* old);
   // The class must not hold the name as anything else than an alias.
   void RequireDeclarable(std::string_view prog_id, std::string_view alias);
-  void RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias);
+  // `is_there`: the formula has the alias already.
+  void RequireNewArgument(const FormulaRecord& formula, const AliasRecord& alias, bool is_there);
   void RequireInOrOut(const FormulaValues& formula, const ArgumentValues& values,
                       std::string_view alias);
   // Raises platform::Error when the class cannot be read.

@@ -2,7 +2,6 @@
 #include "store/project_rows.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
 #include "platform/text.h"
@@ -110,8 +109,7 @@ ProjectRows::ProjectRows(std::shared_ptr<platform::Connection> connection)
       alias_by_name_(*connection_, "SELECT * FROM TvbfAlias WHERE VBAlias = ?"),
       all_aliases_(*connection_, "SELECT * FROM TvbfAlias ORDER BY ID"),
       argument_by_id_(*connection_, "SELECT * FROM TvbfParams WHERE ID = ?"),
-      argument_of_alias_(*connection_,
-                         "SELECT ID FROM TvbfParams WHERE (ParentID = ?) AND (AliasID = ?)"),
+      aliases_of_formula_(*connection_, "SELECT AliasID FROM TvbfParams WHERE ParentID = ?"),
       arguments_of_formula_(*connection_,
                             "SELECT * FROM TvbfParams WHERE ParentID = ? ORDER BY ID"),
       all_arguments_(*connection_, "SELECT * FROM TvbfParams") {}
@@ -175,8 +173,12 @@ std::optional<ArgumentRecord> ProjectRows::FindArgument(std::int32_t id) {
 std::vector<ArgumentRecord> ProjectRows::ArgumentsOf(std::int32_t formula_id) {
   return Arguments(arguments_of_formula_, formula_id);
 }
-bool ProjectRows::HasArgument(std::int32_t formula_id, std::int32_t alias_id) {
-  return argument_of_alias_.Read({formula_id, alias_id}, {"ID"}, 1).RowCount() > 0;
+std::unordered_set<std::int32_t> ProjectRows::AliasesOf(std::int32_t formula_id) {
+  std::unordered_set<std::int32_t> aliases;
+  aliases_of_formula_.ForEachRow(
+      {formula_id}, {"AliasID"},
+      [&](const RowBlock& rows, std::size_t row) { aliases.insert(rows.At(0, row).ToLong()); });
+  return aliases;
 }
 
 void ProjectRows::ForEachFormula(const std::function<void(const FormulaRecord&)>& visit) {
@@ -206,19 +208,22 @@ Statistics ProjectRows::Count() {
 
 // --- Writing ---
 
-platform::Recordset& ProjectRows::TableToAddTo(std::string_view table) {
-  auto found = tables_.find(table);
-  if (found == tables_.end()) {
-    const std::shared_ptr<platform::Recordset> recordset = connection_->CreateRecordset();
-    recordset->SetSource(table);
-    recordset->SetCommandType(platform::CommandType::kTableDirect);
-    recordset->SetCursorLocation(platform::CursorLocation::kServer);
-    recordset->SetCursorType(platform::CursorType::kKeyset);
-    recordset->SetLockType(platform::LockType::kOptimistic);
-    found = tables_.emplace(table, recordset).first;
-  }
-  if (found->second->State() == platform::ObjectState::kClosed) found->second->Open();
-  return *found->second;
+ProjectRows::OpenTable& ProjectRows::TableToAddTo(std::string_view table) {
+  const auto known = tables_.find(table);
+  if (known != tables_.end()) return known->second;
+  OpenTable opened{connection_->CreateRecordset(), {}, 0};
+  platform::Recordset& rows = *opened.rows;
+  rows.SetSource(table);
+  rows.SetCommandType(platform::CommandType::kTableDirect);
+  rows.SetCursorLocation(platform::CursorLocation::kServer);
+  rows.SetCursorType(platform::CursorType::kKeyset);
+  rows.SetLockType(platform::LockType::kOptimistic);
+  rows.Open();
+  opened.names = rows.FieldNames();
+  const auto id = std::ranges::find_if(
+      opened.names, [](const auto& name) { return platform::EqualsIgnoringCase(name, "ID"); });
+  opened.id = static_cast<std::size_t>(id - opened.names.begin());
+  return tables_.emplace(table, std::move(opened)).first->second;
 }
 
 std::shared_ptr<platform::Recordset> ProjectRows::OpenRow(std::string_view table, std::int32_t id) {
@@ -233,19 +238,21 @@ std::shared_ptr<platform::Recordset> ProjectRows::OpenRow(std::string_view table
   return row;
 }
 
-std::int32_t ProjectRows::Add(std::string_view table, const Values& values) {
+std::int32_t ProjectRows::Add(std::string_view table, Values values) {
   std::vector<std::string> fields;
   std::vector<Variant> contents;
-  for (const auto& [field, value] : values) {
-    fields.push_back(field);
-    contents.push_back(value);
+  fields.reserve(values.size());
+  contents.reserve(values.size());
+  for (auto& [field, value] : values) {
+    fields.push_back(std::move(field));
+    contents.push_back(std::move(value));
   }
-  platform::Recordset& rows = TableToAddTo(table);
-  PendingEdit edit(rows);
-  rows.AddNew(fields, contents);
+  OpenTable& opened = TableToAddTo(table);
+  PendingEdit edit(*opened.rows);
+  opened.rows->AddNew(fields, contents);
   edit.Done();
-  Record(RowChange::Kind::kAdded, table, rows);
-  return rows.Fields("ID").Value().ToLong();
+  Record(RowChange::Kind::kAdded, table, *opened.rows, opened.names);
+  return opened.rows->Fields(opened.id).Value().ToLong();
 }
 
 void ProjectRows::Change(std::string_view table, std::int32_t id, const Values& values) {
@@ -254,42 +261,33 @@ void ProjectRows::Change(std::string_view table, std::int32_t id, const Values& 
   for (const auto& [field, value] : values) row->Fields(field).SetValue(value);
   row->Update();
   edit.Done();
-  Record(RowChange::Kind::kChanged, table, *row);
+  Record(RowChange::Kind::kChanged, table, *row, row->FieldNames());
   row->Close();
 }
 
 void ProjectRows::Remove(std::string_view table, std::int32_t id) {
   const std::shared_ptr<platform::Recordset> row = OpenRow(table, id);
-  Record(RowChange::Kind::kDeleted, table, *row);
+  Record(RowChange::Kind::kDeleted, table, *row, row->FieldNames());
   row->Delete();
   row->Close();
 }
 
-void ProjectRows::Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row) {
+void ProjectRows::Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row,
+                         const std::vector<std::string>& names) {
   RowChange change;
   change.kind = kind;
   change.table = table;
-  for (const std::string& field : row.FieldNames()) {
-    change.members.emplace_back(field, row.Fields(field).Value());
+  change.members.reserve(names.size());
+  for (std::size_t field = 0; field < names.size(); ++field) {
+    change.members.emplace_back(names[field], row.Fields(field).Value());
   }
-  const auto [known, is_new] = change_of_row_.try_emplace(
-      {change.table, row.Fields("ID").Value().ToLong()}, changes_.size());
-  if (is_new) {
-    changes_.push_back(std::move(change));
-  } else {
-    changes_[known->second].members = std::move(change.members);
-  }
-}
-
-std::vector<RowChange> ProjectRows::TakeChanges() {
-  change_of_row_.clear();
-  return std::exchange(changes_, {});
+  changes_.Add(std::move(change));
 }
 
 void ProjectRows::CloseTables() noexcept {
-  for (auto& [table, recordset] : tables_) {
+  for (auto& [table, opened] : tables_) {
     try {
-      if (recordset->State() == platform::ObjectState::kOpen) recordset->Close();
+      if (opened.rows->State() == platform::ObjectState::kOpen) opened.rows->Close();
     } catch (const platform::Error&) {
       // It is made anew when it is needed again.
     }

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,7 @@
 #include "store/formula_records.h"
 #include "store/operation_result.h"
 #include "store/record_helpers.h"
+#include "store/row_change_log.h"
 
 namespace store {
 
@@ -44,7 +46,8 @@ class ProjectRows {
   void ForEachAlias(const std::function<void(const AliasRecord&)>& visit);
 
   std::optional<ArgumentRecord> FindArgument(std::int32_t id);
-  bool HasArgument(std::int32_t formula_id, std::int32_t alias_id);
+  // IDs of the aliases that are arguments of the formula.
+  std::unordered_set<std::int32_t> AliasesOf(std::int32_t formula_id);
   std::vector<ArgumentRecord> ArgumentsOf(std::int32_t formula_id);
   // Without name and item of the alias.
   void ForEachArgument(const std::function<void(const ArgumentRecord&)>& visit);
@@ -53,19 +56,26 @@ class ProjectRows {
 
   using Values = std::vector<std::pair<std::string, platform::Variant>>;
   // Returns the new row's ID.
-  std::int32_t Add(std::string_view table, const Values& values);
+  std::int32_t Add(std::string_view table, Values values);
   void Change(std::string_view table, std::int32_t id, const Values& values);
   void Remove(std::string_view table, std::int32_t id);
 
-  // The rows written since the last call, each once.
-  std::vector<RowChange> TakeChanges();
+  // The rows that were written.
+  RowChangeLog& changes() { return changes_; }
   // Closes what writing left open.
   void CloseTables() noexcept;
 
  private:
-  platform::Recordset& TableToAddTo(std::string_view table);
+  // A table that rows are added to.
+  struct OpenTable {
+    std::shared_ptr<platform::Recordset> rows;
+    std::vector<std::string> names;
+    std::size_t id = 0;  // place of that field
+  };
+  OpenTable& TableToAddTo(std::string_view table);
   std::shared_ptr<platform::Recordset> OpenRow(std::string_view table, std::int32_t id);
-  void Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row);
+  void Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row,
+              const std::vector<std::string>& names);
 
   std::vector<FormulaRecord> Formulas(codegen::PreparedQuery& query,
                                       std::vector<platform::Variant> parameters);
@@ -84,13 +94,12 @@ class ProjectRows {
   codegen::PreparedQuery alias_by_name_;
   codegen::PreparedQuery all_aliases_;
   codegen::PreparedQuery argument_by_id_;
-  codegen::PreparedQuery argument_of_alias_;
+  codegen::PreparedQuery aliases_of_formula_;
   codegen::PreparedQuery arguments_of_formula_;
   codegen::PreparedQuery all_arguments_;
   // Stay open from one added row to the next.
-  std::map<std::string, std::shared_ptr<platform::Recordset>, std::less<>> tables_;
-  std::vector<RowChange> changes_;
-  std::map<std::pair<std::string, std::int32_t>, std::size_t> change_of_row_;
+  std::map<std::string, OpenTable, std::less<>> tables_;
+  RowChangeLog changes_;
 };
 
 }  // namespace store

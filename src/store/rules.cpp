@@ -15,11 +15,13 @@ bool IsOneLine(std::string_view item) {
 }
 
 IdentifierHint JudgeAlias(std::string_view name) {
+  const IdentifierHint hint = codegen::CheckIdentifier(name);
+  if (!hint) return {};
   const bool is_clean = codegen::CleanIdentifier(name) == name;
   const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;
   if (is_clean && too_long) return {IdentifierProblem::kTooLong, {}};
   if (is_clean && !codegen::IsReservedWord(name)) return {};
-  return codegen::CheckIdentifier(name);
+  return hint;
 }
 
 bool CanHoldFormulas(const platform::VBProject& project, const platform::VBComponent& component) {

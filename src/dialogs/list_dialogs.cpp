@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/list_dialogs.h"
+
+#include <algorithm>
+
+#include "dialogs/fimport.h"
+#include "dialogs/list_texts.h"
+#include "dialogs/outcome.h"
+
+namespace dialogs {
+
+namespace {
+
+// The user does not want to wait for the plan.
+struct Stopped {};
+
+std::optional<exchange::ImportPlan> PlanList(const DialogContext& context,
+                                             const exchange::Contents& contents,
+                                             exchange::ImportOptions options) {
+  const MessageBoxes::Guard guard(context.messages);
+  const BusyPointer busy(context.toolkit);
+  const auto progress = context.toolkit.StartProgress(context.Text(kTextPlanning));
+  options.progress = [&](std::size_t done, std::size_t total) {
+    if (!progress->Show(done, total)) throw Stopped();
+  };
+  try {
+    return exchange::PlanImport(contents, context.operations, options);
+  } catch (const Stopped&) {
+    return std::nullopt;
+  }
+}
+
+// What the list leaves open.
+void Offer(FImport& dialog, const DialogContext& context, const exchange::Contents& contents) {
+  const std::vector<store::ClassEntry> classes = context.operations.Classes().classes;
+  const bool some_without_class = std::ranges::any_of(
+      contents.formulas, [](const auto& formula) { return formula.prog_id.empty(); });
+  if (some_without_class && classes.size() > 1) dialog.OfferClasses(classes);
+  dialog.OfferAliases(std::ranges::any_of(
+      contents.formulas, [](const auto& formula) { return !formula.arguments.empty(); }));
+  dialog.ShowIgnored(contents.ignored);
+}
+
+void ShowCounts(const DialogContext& context, const exchange::ImportPlan& plan) {
+  if (!context.studio) return;
+  const exchange::ImportPlan::Counts counts = plan.Count();
+  context.studio->ShowWarnings(
+      {{context.texts.Text(kTextImported, {{"<New>", std::to_string(counts.added)},
+                                           {"<Changed>", std::to_string(counts.changed)},
+                                           {"<Unchanged>", std::to_string(counts.unchanged)},
+                                           {"<Refused>", std::to_string(counts.refused)}})}});
+}
+
+}  // namespace
+
+std::optional<store::OperationResult> ImportList(const DialogContext& context,
+                                                 const ListToImport& list) {
+  FImport dialog(context, list.name, [&](const exchange::ImportOptions& options) {
+    return PlanList(context, list.contents, options);
+  });
+  Offer(dialog, context, list.contents);
+  while (dialog.Ask()) {
+    const auto refused = dialog.plan().Refused();
+    if (!refused.empty() && list.keep_refused && !list.keep_refused(refused)) continue;
+    store::OperationResult result =
+        RunListOperation(context, kTextImporting, [&](const store::OperationOptions& options) {
+          return exchange::Import(dialog.plan(), context.operations, list.title, options);
+        });
+    if (result.success()) {
+      if (result.warnings.empty()) ShowCounts(context, dialog.plan());
+      return result;
+    }
+    WarnFailure(context, result);
+  }
+  return std::nullopt;
+}
+
+}  // namespace dialogs

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Lists that come into the project, with a preview.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dialogs/dialog_context.h"
+#include "exchange/contents.h"
+#include "exchange/import_plan.h"
+#include "messages/message.h"
+
+namespace dialogs {
+
+struct ListToImport {
+  std::string name;  // as the preview is headed
+  exchange::Contents contents;
+  messages::Message title;  // of the operation
+  // Keeps the lines that are left out, before the others are imported; false goes back to the
+  // preview. None: they are just left out.
+  std::function<bool(const std::vector<exchange::ImportPlan::Line>& refused)> keep_refused = {};
+};
+
+// Shows what the list would do, and does it when the user agrees, as one operation. What came of
+// it; nothing when the user left it. A failure is told, and the preview comes again.
+std::optional<store::OperationResult> ImportList(const DialogContext& context,
+                                                 const ListToImport& list);
+
+}  // namespace dialogs
