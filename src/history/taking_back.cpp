@@ -142,7 +142,7 @@ platform::Variant ToVariant(const Cell& cell) {
 
 // --- Lines ---
 
-std::string FirstLines(std::string_view text) {
+messages::Message FirstLines(std::string_view text) {
   constexpr std::size_t kShown = 3;
   std::size_t end = 0;
   for (std::size_t i = 0; i < kShown && end < text.size(); ++i) {
@@ -150,7 +150,7 @@ std::string FirstLines(std::string_view text) {
   }
   std::string shown(text.substr(0, end));
   while (shown.ends_with('\n') || shown.ends_with('\r')) shown.pop_back();
-  return end < text.size() ? shown + " ..." : shown;
+  return messages::Message::Verbatim(end < text.size() ? shown + " ..." : shown);
 }
 
 std::string_view FromLine(std::string_view text, std::int64_t line) {

@@ -31,6 +31,13 @@ Message Together(const Pattern& pattern, const Message& first, const Message& se
   return Message(pattern, {{"<First>", first}, {"<Second>", second}});
 }
 
+// A sentence goes on behind a value: a name that holds line ends makes no lines of it.
+std::string OnOneLine(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  return text;
+}
+
 }  // namespace
 
 Message::Message(const Pattern& pattern, std::initializer_list<Value> values)
@@ -92,6 +99,7 @@ Message Message::Exchanged(std::string_view words, std::string_view others) cons
 std::string Message::Sentence(const Lookup& lookup) const {
   if (!data_) return {};
   const std::string text = lookup(data_->pattern);
+  const bool keeps_lines = data_->pattern == kVerbatim;
   std::string sentence;
   std::string_view rest = text;
   while (!rest.empty()) {
@@ -102,7 +110,9 @@ std::string Message::Sentence(const Lookup& lookup) const {
     const std::size_t close = rest.find('>');
     const Value* value =
         close == std::string_view::npos ? nullptr : data_->Find(rest.substr(0, close + 1));
-    if (value) sentence += value->message.empty() ? value->text : value->message.Sentence(lookup);
+    if (value && !value->message.empty()) sentence += value->message.Sentence(lookup);
+    if (value && value->message.empty())
+      sentence += keeps_lines ? value->text : OnOneLine(value->text);
     const std::size_t taken = value ? close + 1 : 1;
     if (!value) sentence += rest.substr(0, taken);
     rest.remove_prefix(taken);

@@ -34,6 +34,9 @@ TEST(Message, SaysItselfInBothLanguages) {
        "Something -7 happened /a<Path>/<Cause> lässt sich nicht lesen"},
       {Joined({}, cannot), "/a<Path>/<Cause> cannot be read",
        "/a<Path>/<Cause> lässt sich nicht lesen"},
+      {Message(kCannot, {{"<Path>", "A\r\nB"}}), "A  B cannot be read",
+       "A  B lässt sich nicht lesen"},
+      {Message::Verbatim("one\ntwo"), "one\ntwo", "one\ntwo"},
       {Message({10}), "", "OK"},
   };
   for (const Case& c : cases) {
