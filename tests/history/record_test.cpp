@@ -66,9 +66,10 @@ TEST(Records, AreOneLineAndReadBack) {
   EXPECT_EQ(back->rows, record.rows);
   EXPECT_EQ(back->files, record.files);
   EXPECT_EQ(ToLine(*back), line);
+  EXPECT_EQ(back->title, record.title);
   const texts::TextTable german(texts::Language::kGerman), english(texts::Language::kEnglish);
-  EXPECT_EQ(german.Sentence(back->title), "Rückgängig: Alias a\nb anlegen");
-  EXPECT_EQ(english.Sentence(back->title), "Undo: Add alias a\nb");
+  EXPECT_EQ(german.Sentence(back->title), "Rückgängig: Alias a b anlegen");
+  EXPECT_EQ(english.Sentence(back->title), "Undo: Add alias a b");
   // Cut anywhere, it is a shorter record or none, but nothing else happens.
   for (std::size_t length = 0; length < line.size(); ++length) {
     const auto cut = FromLine(line.substr(0, length));
