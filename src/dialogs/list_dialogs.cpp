@@ -59,6 +59,7 @@ std::optional<store::OperationResult> ImportList(const DialogContext& context,
     return PlanList(context, list.contents, options);
   });
   Offer(dialog, context, list.contents);
+  dialog.chkCreate.SetChecked(list.create_aliases);
   while (dialog.Ask()) {
     const auto refused = dialog.plan().Refused();
     if (!refused.empty() && list.keep_refused && !list.keep_refused(refused)) continue;

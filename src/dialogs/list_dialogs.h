@@ -17,7 +17,8 @@ namespace dialogs {
 struct ListToImport {
   std::string name;  // as the preview is headed
   exchange::Contents contents;
-  messages::Message title;  // of the operation
+  messages::Message title;      // of the operation
+  bool create_aliases = false;  // what is proposed for aliases that are missing
   // Keeps the lines that are left out, before the others are imported; false goes back to the
   // preview. None: they are just left out.
   std::function<bool(const std::vector<exchange::ImportPlan::Line>& refused)> keep_refused = {};

@@ -53,6 +53,10 @@ enum ListTextNumber : std::int32_t {
   kTextSaveRefused,
   kTextNoneRefused,
   kTextCounts,
+
+  kTextClipboard = 4150,
+  kTextCannotPaste,
+  kTextPasteTitle,
 };
 
 }  // namespace dialogs

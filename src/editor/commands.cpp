@@ -33,7 +33,6 @@ constexpr std::int32_t kOneAliasDeleted = 1655;
 constexpr std::int32_t kNoArgument = 1620;
 constexpr std::int32_t kNotText = 1663;
 constexpr std::int32_t kNothingToPaste = 1664;
-constexpr std::int32_t kOneValueOnly = 1665;
 constexpr std::int32_t kDeletingArguments = 1646;
 constexpr std::int32_t kDeletingAliases = 1649;
 
@@ -109,12 +108,11 @@ void Commands::mnuAlias(std::int16_t action) {
 
 void Commands::mnuGrid(std::int16_t action) {
   forms::Grid& grid = KeyKind(view_.CurrentKey()) == kAliasKind ? aliases_ : arguments_;
+  if (action == kPasteCell && lists_.Paste(grid.CurrentId().has_value())) return;
   if (!grid.CurrentId()) return Say(grid.EmptyText());
   if (action == kEditCell) EditCell(grid);
   if (action == kPasteCell) PasteCell(grid);
-  if (action == kCopyRows) {
-    context_.services.toolkit.SetClipboardText(grid.SelectedText(grid.ShownColumns()));
-  }
+  if (action == kCopyRows) CopyRows(grid);
 }
 
 void Commands::mnuExtra(std::int16_t action) {
@@ -325,11 +323,16 @@ void Commands::EditCell(forms::Grid& grid) {
   grid.BeginEdit(grid.CurrentColumn());
 }
 
+void Commands::CopyRows(const forms::Grid& grid) {
+  const std::string text = &grid == &arguments_ ? lists_.ArgumentLines(SelectedIdsOf(grid))
+                                                : grid.SelectedText(grid.ShownColumns());
+  if (!text.empty()) context_.services.toolkit.SetClipboardText(text);
+}
+
 void Commands::PasteCell(forms::Grid& grid) {
   std::string text = context_.services.toolkit.ClipboardText();
   while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
   if (text.empty()) return Say(context_.Text(kNothingToPaste));
-  if (text.find_first_of("\t\n") != std::string::npos) return Say(context_.Text(kOneValueOnly));
   if (grid.ColumnAt(grid.CurrentColumn()).Kind() == forms::ColumnKind::kCheckBox)
     return Say(context_.Text(kNotText));
   grid.EditCell(grid.CurrentColumn(), platform::Variant(text));

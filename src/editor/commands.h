@@ -10,6 +10,7 @@
 
 #include "editor/editor_context.h"
 #include "editor/editor_view.h"
+#include "editor/list_commands.h"
 #include "editor/status_counters.h"
 #include "forms/grid.h"
 #include "store/formula_records.h"
@@ -26,10 +27,11 @@ enum ExtraAction : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, k
 class Commands {
  public:
   // All of it outlives the commands.
-  Commands(EditorContext& context, EditorView& view, forms::Grid& arguments, forms::Grid& aliases,
-           StatusCounters& counters)
+  Commands(EditorContext& context, EditorView& view, ListCommands& lists, forms::Grid& arguments,
+           forms::Grid& aliases, StatusCounters& counters)
       : context_(context),
         view_(view),
+        lists_(lists),
         arguments_(arguments),
         aliases_(aliases),
         counters_(counters) {}
@@ -65,6 +67,7 @@ class Commands {
   std::optional<AliasUses> FindUses(const std::vector<std::int32_t>& aliases);
   std::string DescribeUses(const std::vector<AliasUse>& used);
   void EditCell(forms::Grid& grid);
+  void CopyRows(const forms::Grid& grid);
   void PasteCell(forms::Grid& grid);
   // In the studio's status line.
   void Say(const std::string& text) const;
@@ -75,6 +78,7 @@ class Commands {
 
   EditorContext& context_;
   EditorView& view_;
+  ListCommands& lists_;
   forms::Grid& arguments_;
   forms::Grid& aliases_;
   StatusCounters& counters_;

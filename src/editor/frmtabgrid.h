@@ -132,8 +132,8 @@ class frmtabgrid : public forms::Form,
   StatusCounters counters_{sb};
   SplitterDrag parameter_splitter_;
   SplitterDrag alias_splitter_;
-  Commands commands_{context_, *this, tdbP, tdbA, counters_};
   ListCommands list_commands_{context_, *this};
+  Commands commands_{context_, *this, list_commands_, tdbP, tdbA, counters_};
   GridEditing grid_editing_{context_, *this, tdbP, tdbA};
   std::string key_;
   std::string context_key_;

@@ -2,7 +2,12 @@
 #include "editor/list_commands.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "dialogs/list_texts.h"
+#include "editor/node_key.h"
+#include "exchange/pasted_rows.h"
+#include "messages/error.h"
 #include "store/project_rows.h"
 
 namespace editor {
@@ -19,6 +24,49 @@ void ListCommands::Import(const dialogs::ListToImport& list) {
   } else {
     view_.Reload();
   }
+}
+
+std::string ListCommands::ArgumentLines(const std::vector<std::int32_t>& ids) {
+  std::string lines;
+  for (const std::int32_t id : ids) {
+    const auto argument = context_.operations.FindArgument(id);
+    if (!argument) continue;
+    lines += argument->vb_alias + '\t' + platform::Variant(argument->in).ToText() + '\t' +
+             platform::Variant(argument->out).ToText() + '\t' + argument->item_id + '\n';
+  }
+  return lines;
+}
+
+bool ListCommands::Paste(bool has_cell) {
+  std::string text = context_.services.toolkit.ClipboardText();
+  while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
+  const bool has_table =
+      KeyKind(view_.CurrentKey()) == kAliasKind || IsFormulaKey(view_.CurrentKey());
+  const bool is_value = text.find_first_of("\t\r\n") == std::string::npos;
+  if (text.empty() || !has_table || (is_value && has_cell)) return false;
+  dialogs::ListToImport list;
+  list.name = context_.Text(dialogs::kTextClipboard);
+  list.create_aliases = true;
+  try {
+    list.contents = ReadPasted(std::move(text));
+  } catch (const messages::Error& error) {
+    context_.messages.Warn(context_.Text(dialogs::kTextCannotPaste), error);
+    return true;
+  }
+  list.title = {{dialogs::kTextPasteTitle},
+                {{"<Count>", list.contents.aliases.size() + list.contents.formulas.size()}}};
+  Import(list);
+  return true;
+}
+
+// What the table holds that is shown.
+exchange::Contents ListCommands::ReadPasted(std::string text) {
+  if (KeyKind(view_.CurrentKey()) == kAliasKind) {
+    return exchange::ReadPastedAliases(std::move(text));
+  }
+  const auto formula = context_.operations.FindFormula(KeyNumber(view_.CurrentKey()));
+  if (!formula) return {};
+  return exchange::ReadPastedArguments(std::move(text), formula->name, formula->prog_id);
 }
 
 }  // namespace editor

@@ -19,9 +19,9 @@ constexpr ToolKey kNewKey{"F8", forms::kKeyF8, 0};
 constexpr ToolKey kEditKey{"F9", forms::kKeyF9, 0};
 constexpr ToolKey kDeleteKey{"Ctrl+Del", forms::kKeyDelete, forms::kControl};
 constexpr ToolKey kEditorKey{"Alt+F6", forms::kKeyF6, forms::kAlt};
-// The toolkit's lists know these keys themselves.
+// The toolkit's lists know this key themselves.
 constexpr ToolKey kCellKey{"F2"};
-constexpr ToolKey kCopyKey{"Ctrl+C"};
+constexpr ToolKey kCopyKey{"Ctrl+C", 'C', forms::kControl};
 constexpr ToolKey kPasteKey{"Ctrl+V", 'V', forms::kControl};
 
 constexpr auto kCommand = ToolKind::kCommand;

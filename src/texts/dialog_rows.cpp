@@ -117,8 +117,6 @@ constexpr Row kRows[] = {
     {1662, "&Einfügen", "&Paste"},
     {1663, "Ein Häkchen setzt die Leertaste.", "The space bar sets a check mark."},
     {1664, "Die Zwischenablage enthält keinen Text.", "The clipboard holds no text."},
-    {1665, "In eine Zelle lässt sich nur ein einzelner Wert einfügen.",
-     "Only a single value can be pasted into a cell."},
 };
 
 }  // namespace

@@ -70,6 +70,11 @@ constexpr Row kRows[] = {
     {4143, "Keine Zeile ist abgelehnt.", "No line is refused."},
     {4144, "<New> neu, <Changed> geändert, <Unchanged> unverändert, <Refused> abgelehnt",
      "<New> new, <Changed> changed, <Unchanged> unchanged, <Refused> refused"},
+
+    // Clipboard.
+    {4150, "Zwischenablage", "Clipboard"},
+    {4151, "Das lässt sich hier nicht einfügen.", "This cannot be pasted here."},
+    {4152, "Einfügen: <Count>", "Paste: <Count>"},
 };
 
 }  // namespace

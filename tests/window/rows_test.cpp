@@ -82,10 +82,8 @@ TEST_F(RowsTest, CellsAreCopiedPastedAndEdited) {
   EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two", "3|Third", "4|Four"}));
   Input({MoveTo(0, 1) + "click 1", "key ctrl+c"});
   EXPECT_EQ(wx::FromClipboard(), "Plant.One\tOne\n");
-  Input({MoveTo(1, 1) + "click 1", "key ctrl+v"});
-  EXPECT_EQ(program.Status(), texts.Text(1665)) << "two values do not fit into a cell";
   wx::ToClipboard("Second\n");
-  Input({"key ctrl+v"});
+  Input({MoveTo(1, 1) + "click 1", "key ctrl+v"});
   EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Second", "3|Third", "4|Four"}));
 }
 

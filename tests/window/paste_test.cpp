@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// Rows through the real clipboard: from a spreadsheet, and from one table to another.
+#include <gtest/gtest.h>
+
+#include "project/project.h"
+#include "tests/window/desktop_program.h"
+#include "wx/convert.h"
+
+namespace {
+
+using window_tests::DesktopProgram;
+using window_tests::Input;
+using Lines = std::vector<std::string>;
+
+class PasteTest : public ::testing::Test {
+ protected:
+  PasteTest() {
+    const texts::TextTable texts(texts::Language::kEnglish);
+    project::Project project(plant.system, support::kPlantDatabase, {}, texts);
+    for (const char* name : {"Fill", "Other"}) {
+      EXPECT_TRUE(
+          project.operations().AddFormula({name, "PumpServer.CPump", 0, 0, true, ""}).success());
+    }
+  }
+  Lines Aliases() { return plant.Rows("TvbfAlias", {"ID", "ItemID", "VBAlias"}); }
+  Lines Arguments() { return plant.Rows("TvbfParams", {"ID", "ParentID", "AliasID", "In", "Out"}); }
+
+  support::SamplePlant plant;
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+};
+
+TEST_F(PasteTest, LinesOfASpreadsheetBecomeAliasesAndArguments) {
+  ASSERT_TRUE(program.Open());
+  wx::ToClipboard("Tank1.Level\tLevel\r\nTank1.Pump\tPump\r\n");
+  Input({"key --delay 60 Home Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Return sleep 0.8"});
+  EXPECT_EQ(Aliases(), (Lines{"1|Tank1.Level|Level", "2|Tank1.Pump|Pump"}));
+  EXPECT_EQ(program.Rows(), 2);
+
+  wx::ToClipboard("Level\tx\r\nPump\t\tx\r\nMode\tx\tx\r\n");
+  Input({"key alt+F6 key --delay 60 Down Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Return sleep 0.8"});
+  EXPECT_EQ(Arguments(), (Lines{"1|1|1|True|False", "2|1|2|False|True", "3|1|3|True|True"}));
+  EXPECT_EQ(Aliases().back(), "3|Mode|Mode") << "what is missing is created";
+  EXPECT_EQ(program.Rows(), 3);
+  EXPECT_NE(plant.Code("CPump").find("Public Mode"), std::string::npos);
+
+  // To another formula, all rows at once.
+  Input({"key ctrl+a key ctrl+c sleep 0.3", "key alt+F6 key Down", "key F6 sleep 0.3",
+         "key ctrl+v sleep 1", "key Return sleep 0.8"});
+  EXPECT_EQ(wx::FromClipboard(),
+            "Level\tTrue\tFalse\tTank1.Level\nPump\tFalse\tTrue\tTank1.Pump\n"
+            "Mode\tTrue\tTrue\tMode\n");
+  EXPECT_EQ(Arguments().size(), 6u);
+  EXPECT_EQ(Arguments().back(), "6|2|3|True|True");
+  Input({"key alt+F6 key ctrl+z sleep 0.5"});
+  EXPECT_EQ(Arguments().size(), 3u) << "a paste is one operation";
+}
+
+TEST_F(PasteTest, LeftPreviewChangesNothing) {
+  ASSERT_TRUE(program.Open());
+  wx::ToClipboard("Tank1.Level\t1Bad\n");
+  Input({"key --delay 60 Home Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Escape sleep 0.5"});
+  EXPECT_EQ(Aliases(), Lines{});
+}
+
+}  // namespace
