@@ -129,6 +129,7 @@ void ClassCheck::Visit(const Difference& difference) {
       return AddHeader(difference);
     case Difference::Kind::kNoSub:               // see CheckFormulaSub
     case Difference::Kind::kForeignDeclaration:  // an engineer's own
+    case Difference::Kind::kKeptDeclaration:
     case Difference::Kind::kLeftDeclaration:
       return;
   }

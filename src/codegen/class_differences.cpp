@@ -38,6 +38,7 @@ std::optional<Difference> FindGone(platform::CodeModule& module, const WantedCla
     return ShowsText(variable->comment, item);
   });
   if (ours) return Difference{Kind::kLooseDeclaration, {gone.alias}, line, {text}};
+  if (gone.only_ours) return Difference{Kind::kKeptDeclaration, {gone.alias}, line};
   return Difference{Kind::kForeignDeclaration, {gone.alias}, line, {text}, {"'" + text}};
 }
 
@@ -47,7 +48,7 @@ void CompareGone(platform::CodeModule& module, const WantedClass& wanted,
   for (const WantedClass::Gone& gone : wanted.gone) {
     std::optional<Difference> difference = FindGone(module, gone, wanted);
     if (!difference) continue;
-    if (difference->kind == Kind::kLeftDeclaration) {
+    if (difference->now.empty()) {
       visit(*difference);
     } else {
       found.push_back(std::move(*difference));

@@ -24,6 +24,7 @@ struct WantedClass {
   struct Gone {
     std::string alias;
     std::vector<std::string> items;  // a declaration that names one of them is ours
+    bool only_ours = false;          // the name is still used: an engineer's own may stay
   };
   struct Formula {
     std::string name;
@@ -42,6 +43,7 @@ struct Difference {
   enum class Kind {
     kLooseDeclaration,    // our declaration of an alias that is gone
     kForeignDeclaration,  // an engineer's own: commented out instead of deleted
+    kKeptDeclaration,     // an engineer's own of a name that is still used
     kLeftDeclaration,     // one that cannot go alone and stays
     kNoDeclaration,       // all aliases that are declared nowhere in the class
     kNoSub,               // a formula without its procedure; nothing to replace

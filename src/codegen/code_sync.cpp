@@ -133,7 +133,9 @@ void CodeSync::FollowAlias(const Touched::Alias& alias) {
   for (const FormulaRows::Use& use : uses) {
     ClassWork& work = WorkOn(use.prog_id);
     if (classes.insert(&work).second) {
-      work.wanted.gone.push_back({alias.old_name, {alias.old_item, record->item_id}});
+      work.wanted.gone.push_back({alias.old_name,
+                                  {alias.old_item, record->item_id},
+                                  platform::EqualsIgnoringCase(alias.old_name, alias.name)});
       WantDeclaration(use.prog_id, alias.name, record->item_id, use.prog_id, alias.old_name);
     }
     const auto known = arguments.find(use.formula_id);
@@ -154,6 +156,9 @@ void CodeSync::Mend(const Place& place, const Difference& difference) {
   const std::string& name = difference.names.front();
   if (difference.kind == Kind::kLeftDeclaration) {
     return WarnAt(place, kTextDeclarationLeft, difference.line, name);
+  }
+  if (difference.kind == Kind::kKeptDeclaration) {
+    return WarnAt(place, kTextDeclarationKept, difference.line, name);
   }
   if (difference.kind == Kind::kNoSub) return WarnNoSub(place.prog_id, name);
   if (difference.kind == Kind::kNoDeclaration) {

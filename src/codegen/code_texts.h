@@ -22,6 +22,7 @@ inline constexpr std::int32_t kTextNotDeclarable = 1109;
 inline constexpr std::int32_t kTextDirectivesLeft = 1110;
 inline constexpr std::int32_t kTextComponentList = 1111;
 inline constexpr std::int32_t kTextDeclarationOff = 1112;
+inline constexpr std::int32_t kTextDeclarationKept = 1119;
 inline constexpr std::int32_t kTextTypeKept = 1113;
 inline constexpr std::int32_t kTextAdopted = 1117;
 inline constexpr std::int32_t kTextParametersStay = 1118;

@@ -79,6 +79,11 @@ std::span<const Row> CodegenRows() {
        "Parameter auf. Ändern Sie die Sub.",
        "<File>:<Line>: the Sub <Name> kept its parameters, and the server calls a formula without "
        "any. Change the Sub."},
+      {1119,
+       "<File>:<Line> deklariert <Name>, stammt aber nicht von hier; die Zeile blieb, wie sie ist. "
+       "Prüfen Sie, ob ihr Typ zum Item passt.",
+       "<File>:<Line> declares <Name> but was not written here; the line was left as it is. Check "
+       "whether its type suits the item."},
       {1121, "Der Name fehlt.", "The name is missing."},
       {1122, "<Name> beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben.",
        "<Name> begins with a digit; Visual Basic requires a letter."},

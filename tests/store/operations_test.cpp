@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "codegen/code_texts.h"
 #include "codegen/identifier.h"
 #include "platform/text.h"
 #include "store/alias_proposals.h"
@@ -273,6 +274,22 @@ TEST_F(OperationsTest, AnItemThatNobodyKnowsKeepsItsType) {
   project_.open->items.types = {{"Tank1.Level", 3}};
   expect(Do(operations().EditAlias(1, {"Tank1.Level", "Level"})), "CTank",
          "Public Level as Long 'Tank1.Level", "");
+}
+
+TEST_F(OperationsTest, AnEngineersOwnDeclarationStaysAsLongAsItsNameIsUsed) {
+  const std::string ours = "Public Level as Double 'Tank1.Level\r\n";
+  const std::string own = "Public Level As Single 'in m\r\n";
+  std::string code = project_.Code("CPump");
+  code.replace(code.find(ours), ours.size(), own);
+  project_.PutCode("CPump", code);
+  const OperationResult item = Do(operations().EditAlias(1, {"Tank9.Level", "Level"}));
+  EXPECT_EQ(project_.Code("CPump"), code);
+  ASSERT_EQ(item.warnings.size(), 1u);
+  EXPECT_EQ(item.warnings[0].number(), codegen::kTextDeclarationKept);
+  // Under another name nothing needs it.
+  Do(operations().EditAlias(1, {"Tank9.Level", "Height"}));
+  EXPECT_NE(project_.Code("CPump").find("\r\n'" + own), std::string::npos)
+      << project_.Code("CPump");
 }
 
 // The counter of proposed names ends where a number of 16 bits does.
