@@ -6,10 +6,11 @@
 #include "cli/commands.h"
 #include "cli/history_text.h"
 #include "cli/opened_project.h"
-#include "cli/unified_diff.h"
 #include "history/entries.h"
 #include "history/messages.h"
 #include "history/undo.h"
+#include "project/change_text.h"
+#include "project/unified_diff.h"
 
 namespace cli {
 
@@ -39,7 +40,7 @@ int RunHistory(Invocation& invocation) {
   for (const history::Entry& entry : found.entries) {
     const history::Record& record = entry.record;
     const auto number = static_cast<std::int64_t>(record.number);
-    const std::string time = TimeText(record.time);
+    const std::string time = project::TimeText(record.time);
     const std::string title = invocation.texts().Sentence(record.title);
     if (json) {
       writer.Write({number, time, record.who, record.program, title, entry.undone});
@@ -76,7 +77,7 @@ int RunShow(Invocation& invocation) {
   if (invocation.ListFormat() == RowFormat::kJson) {
     out << EntryJson(*entry, title, to_utf8) << '\n';
   } else {
-    out << RowsText(entry->record) << DiffText(entry->record, to_utf8);
+    out << project::RowsText(entry->record) << project::DiffText(entry->record, to_utf8);
   }
   return kDone;
 }
@@ -101,7 +102,7 @@ int RunRevert(Invocation& invocation, bool undo) {
     const auto text = [&](const files::Contents& bytes) {
       return bytes ? project.vb()->ToUtf8(change.path, *bytes) : std::string();
     };
-    out << UnifiedDiff(change.path, text(change.before), text(change.after));
+    out << project::UnifiedDiff(change.path, text(change.before), text(change.after));
   }
   return kDone;
 }

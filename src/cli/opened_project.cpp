@@ -10,10 +10,9 @@
 
 #include "cli/commands.h"
 #include "cli/suggest.h"
-#include "cli/unified_diff.h"
-#include "files/change_set.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
+#include "project/change_text.h"
 #include "project/history_setting.h"
 #include "project/skipped_items.h"
 #include "project/user_folders.h"
@@ -61,14 +60,6 @@ std::optional<std::int32_t> ParseId(std::string_view name) {
 
 std::string FullName(const store::FormulaRecord& formula) {
   return formula.prog_id.empty() ? formula.name : formula.prog_id + "." + formula.name;
-}
-
-// A value as JSON-like plain text of the dry run.
-Cell ToCell(const platform::Variant& value) {
-  if (value.IsNull() || value.IsEmpty()) return std::monostate();
-  if (const auto* flag = value.Get<bool>()) return *flag;
-  if (const auto* number = value.Get<std::int32_t>()) return std::int64_t{*number};
-  return value.ToText();
 }
 
 }  // namespace
@@ -132,7 +123,10 @@ store::OperationOptions OpenedProject::BaseOptions() {
   store::OperationOptions options;
   options.with_rows_only = invocation_.Has("--no-code");
   options.dry_run = dry_run();
-  if (dry_run()) options.inspect = [this] { KeepCode(); };
+  if (dry_run())
+    options.inspect = [this] {
+      if (project_->vb()) diff_ = project::DiffText(*project_->vb());
+    };
   options.progress = [this](std::size_t done, std::size_t total) {
     progress_.Show(done, total);
     return !invocation_.Interrupted();
@@ -149,29 +143,6 @@ void OpenedProject::TakeRenameOptions(store::RenameOptions& options) {
   }
   options.in_comments = invocation_.Has("--in-comments");
   options.in_literals = invocation_.Has("--in-literals");
-}
-
-// The code as the operation would leave it, compared with the files.
-void OpenedProject::KeepCode() {
-  if (!project_->vb()) return;
-  files::ChangeSet changes;
-  project_->vb()->Collect(changes);
-  for (const files::FileChange& change : changes.files) {
-    const auto text = [&](const files::Contents& bytes) {
-      return bytes ? project_->vb()->ToUtf8(change.path, *bytes) : std::string();
-    };
-    diff_ += UnifiedDiff(change.path, text(change.before), text(change.after));
-  }
-}
-
-void OpenedProject::PrintRows(const store::OperationResult& result) {
-  std::ostream& out = invocation_.console().out;
-  for (const store::RowChange& row : result.rows) {
-    out << static_cast<char>(row.kind) << '\t' << row.table;
-    for (const auto& [name, value] : row.members) out << '\t' << PlainText(ToCell(value));
-    out << '\n';
-  }
-  out << diff_;
 }
 
 void OpenedProject::Report(const store::OperationResult& result) {
@@ -196,7 +167,7 @@ void OpenedProject::Report(const store::OperationResult& result) {
     }
   }
   if (result.success()) {
-    if (dry_run()) PrintRows(result);
+    if (dry_run()) invocation_.console().out << project::RowsText(result.rows) << diff_;
     return;
   }
   if (result.outcome == store::Outcome::kCancelled) throw InterruptedError();

@@ -89,8 +89,6 @@ class OpenedProject {
   void TakeRenameOptions(store::RenameOptions& options);
   OpenedProject(Invocation& invocation, const std::string& path,
                 const project::ProjectOptions& options, bool tells_problems);
-  void KeepCode();
-  void PrintRows(const store::OperationResult& result);
 
   Invocation& invocation_;
   std::unique_ptr<project::Project> project_;

@@ -4,7 +4,6 @@
 #include "cli/desktop.h"
 #include "cli/opened_project.h"
 #include "cli/progress.h"
-#include "cli/unified_diff.h"
 #include "files/file_identity.h"
 #include "files/recovery.h"
 #include "files/replace_file.h"
@@ -14,6 +13,7 @@
 #include "project/new_project.h"
 #include "project/report.h"
 #include "project/report_file.h"
+#include "project/unified_diff.h"
 
 namespace cli {
 
@@ -27,7 +27,7 @@ void PrintPlan(Invocation& invocation, const project::NewProjectPlan& plan) {
   std::ostream& out = invocation.console().out;
   for (const std::string& added : plan.added) out << "+\t" << PlainText(added) << '\n';
   for (const project::NewFile& file : plan.files) {
-    out << UnifiedDiff(file.path, "", platform::Windows1252ToUtf8(file.bytes));
+    out << project::UnifiedDiff(file.path, "", platform::Windows1252ToUtf8(file.bytes));
   }
 }
 

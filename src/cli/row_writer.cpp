@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/visible_text.h"
+#include "project/change_text.h"
 
 namespace cli {
 
@@ -24,24 +25,7 @@ std::string PlainText(const Cell& cell) {
   if (const auto* flag = std::get_if<bool>(&cell)) return *flag ? "true" : "false";
   if (const auto* number = std::get_if<std::int64_t>(&cell)) return std::to_string(*number);
   const auto* text = std::get_if<std::string>(&cell);
-  if (!text || *text == kNulText) return {};
-  std::string escaped;
-  for (char c : *text) {
-    switch (c) {
-      case '\t':
-        escaped += "\\t";
-        break;
-      case '\n':
-        escaped += "\\n";
-        break;
-      case '\r':
-        escaped += "\\r";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
+  return text ? project::OneLine(*text) : std::string();
 }
 
 std::string JsonString(std::string_view text) {

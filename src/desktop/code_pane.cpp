@@ -53,11 +53,13 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
   editor_->Enable(false);
   editor_->Bind(wxEVT_STC_SAVEPOINTLEFT, [this](wxStyledTextEvent&) {
     ShowName();
-    if (on_status && !editor_->Changing()) on_status(texts_.Text(TextNumber::kTextModified));
+    if (!on_status || editor_->Changing()) return;
+    on_status(texts_.Text(TextNumber::kTextModified));
+    says_modified_ = true;
   });
   editor_->Bind(wxEVT_STC_SAVEPOINTREACHED, [this](wxStyledTextEvent&) {
     ShowName();
-    if (on_status && !editor_->Changing()) on_status("");
+    if (on_status && std::exchange(says_modified_, false)) on_status("");
   });
   editor_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) {
     if (copies_ && document_ && !copy_timer_.IsRunning()) copy_timer_.StartOnce(kCopyMs);

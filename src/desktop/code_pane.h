@@ -110,9 +110,10 @@ class CodePane : public wxPanel {
   std::unique_ptr<studio::CodeDocument> document_;
   studio::UnsavedCopies* copies_ = nullptr;
   wxTimer copy_timer_;
-  std::string problem_;    // why the module cannot be read now
-  bool conflict_ = false;  // the module and the unsaved changes exclude each other
-  bool asking_ = false;    // a question is open
+  std::string problem_;         // why the module cannot be read now
+  bool conflict_ = false;       // the module and the unsaved changes exclude each other
+  bool asking_ = false;         // a question is open
+  bool says_modified_ = false;  // the status line
 };
 
 }  // namespace desktop

@@ -30,4 +30,14 @@ struct HelpPalette {
 inline constexpr HelpPalette kLightHelp = {"#1b66c9", "#eef1f5"};
 inline constexpr HelpPalette kDarkHelp = {"#6cb2ff", "#2b3038"};
 
+// Of lines that are compared; text and paper are the system's.
+struct ChangePalette {
+  const char* removed;
+  const char* added;
+  const char* place;
+};
+
+inline constexpr ChangePalette kLightChange = {"#a02020", "#1d6b2c", "#0b4f9e"};
+inline constexpr ChangePalette kDarkChange = {"#f0a0a0", "#8fd19e", "#74b9ea"};
+
 }  // namespace desktop

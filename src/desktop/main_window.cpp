@@ -9,8 +9,10 @@
 
 #include "desktop/about.h"
 #include "desktop/crash_log.h"
+#include "desktop/pane_texts.h"
 #include "desktop/undo_texts.h"
 #include "editor/node_key.h"
+#include "editor/tools.h"
 #include "files/replace_file.h"
 #include "platform/error.h"
 #include "project/report_file.h"
@@ -53,6 +55,7 @@ MainWindow::MainWindow(const Parts& parts, const wxRect& place)
   SetIcons(ProgramIcons());
   CreateStatusBar();
   ConnectPanes();
+  AddTools();
   ConnectTree();
   ShowRecent();
   Bind();
@@ -122,6 +125,11 @@ void MainWindow::ConnectPanes() {
   });
 }
 
+void MainWindow::AddTools() {
+  tools_.Add(editor::kOptionBand, "mnuOptionSep1",
+             {{"history", Text(kTextMenuHistory), "", [this] { history_->Open(); }}});
+}
+
 void MainWindow::ConnectTree() {
   tree_.on_select_node = [this](const studio::StudioNode& node) { SelectNode(node); };
   tree_.on_change = [this](const studio::StudioNode& node) {
@@ -160,6 +168,7 @@ void MainWindow::ConnectStudio() {
   window.editor_handed_over = [this] {
     editor::frmtabgrid* editor = session_->add_in().EditorWindow();
     if (!editor) return;
+    tools_.Equip(*editor);
     if (wx::MenuBarView* menus = parts_.toolkit.MenusOf(*editor))
       menus->AppendTo(*GetMenuBar(), *this, kEditorMenus);
     parts_.toolkit.ShowModeless(*editor);
@@ -215,6 +224,10 @@ void MainWindow::Bind() {
     event.Skip();
     if (event.GetActive()) CallAfter([this] { OnShown(); });
   });
+  wxFrame::Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    event.Skip();
+    undo_offer_.Look();
+  });
   wxFrame::Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
   wxFrame::Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
   timer_.Start(kTimerMs);
@@ -263,6 +276,7 @@ void MainWindow::OnTimer() {
   code_.Refresh();
   watch_->Look();
   undo_menu_.Update();
+  history_->Look();
 }
 
 // The project's file and what the editor's window shows of it. At the root the window keeps the

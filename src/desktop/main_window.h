@@ -16,15 +16,18 @@
 #include "desktop/change_watch.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
+#include "desktop/history_list.h"
 #include "desktop/list_exchange.h"
 #include "desktop/main_menu.h"
 #include "desktop/project_undo.h"
 #include "desktop/undo_menu.h"
+#include "desktop/undo_offer.h"
 #include "desktop/unsaved_code_keeper.h"
 #include "desktop/window_messages.h"
 #include "desktop/window_panes.h"
 #include "desktop/window_parts.h"
 #include "desktop/window_place.h"
+#include "desktop/workbench_tools.h"
 #include "project/project.h"
 #include "studio/add_in_session.h"
 #include "studio/unsaved_code.h"
@@ -55,6 +58,7 @@ class MainWindow : public wxFrame {
   MainMenu::Commands MenuCommands();
   BackupKeeper::Dependencies BackupDependencies();
   void ConnectPanes();
+  void AddTools();
   void ConnectTree();
   void ConnectStudio();
   void Bind();
@@ -97,6 +101,8 @@ class MainWindow : public wxFrame {
   const WindowMessages messages_{*this, parts_};
   MainMenu menu_;
   UndoMenu undo_menu_{*this, parts_.texts, messages_};
+  UndoOffer undo_offer_{*this, parts_.texts, messages_};
+  WorkbenchTools tools_;
   WindowPanes panes_;
   ProjectTree& tree_ = panes_.tree();
   CodePane& code_ = panes_.code();
@@ -114,6 +120,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<UnsavedCodeKeeper> unsaved_;  // null when the user has no state folder
   std::unique_ptr<ChangeWatch> watch_;
   std::unique_ptr<ProjectUndo> undo_;
+  std::unique_ptr<HistoryList> history_;
 };
 
 }  // namespace desktop

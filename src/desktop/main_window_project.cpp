@@ -147,8 +147,11 @@ void MainWindow::EquipSession() {
     lookup_->ShowNode(tree_.SelectedKey());
     ShowTitle();
     undo_menu_.Update();
+    history_->Look();
   };
   undo_menu_.Serve(undo_.get());
+  undo_offer_.Serve(project_.get(), undo_.get());
+  history_ = std::make_unique<HistoryList>(parts_, messages_, *project_, *undo_, panes_.history());
   backups_.Watch(*project_);
   if (parts_.state.folder().empty()) return;
   unsaved_ =
@@ -177,6 +180,8 @@ bool MainWindow::CloseProject() {
   panes_.notices().DismissAll();
   panes_.places().ShowPlaces({});
   undo_menu_.Serve(nullptr);
+  undo_offer_.Serve(nullptr, nullptr);
+  history_.reset();
   undo_.reset();
   watch_.reset();
   search_.reset();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/place_table.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "wx/convert.h"
@@ -23,9 +24,8 @@ class PlaceTable::Model : public wxDataViewVirtualListModel {
 };
 
 PlaceTable::PlaceTable(wxWindow* parent, const std::string& name,
-                       const std::vector<Column>& columns)
-    : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                     wxDV_SINGLE | wxDV_ROW_LINES),
+                       const std::vector<Column>& columns, long style)
+    : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, style | wxDV_ROW_LINES),
       model_(new Model(rows_)) {
   AssociateModel(model_.get());
   wx::SetAccessibleName(*this, wx::ToWx(name));
@@ -37,16 +37,32 @@ PlaceTable::PlaceTable(wxWindow* parent, const std::string& name,
   wxDataViewCtrl::Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent& event) {
     if (on_activate) on_activate(model_->GetRow(event.GetItem()));
   });
+  wxDataViewCtrl::Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
+    if (on_select) on_select();
+  });
 }
 
 void PlaceTable::ShowRows(std::vector<Row> rows) {
   rows_ = std::move(rows);
   model_->Reset(static_cast<unsigned>(rows_.size()));
-  if (rows_.empty()) return;
-  const wxDataViewItem first = model_->GetItem(0);
-  SetCurrentItem(first);
-  Select(first);
-  EnsureVisible(first);
+  if (!rows_.empty()) SelectRow(0);
+}
+
+std::vector<std::size_t> PlaceTable::Selected() const {
+  wxDataViewItemArray items;
+  GetSelections(items);
+  std::vector<std::size_t> rows;
+  for (const wxDataViewItem& item : items) rows.push_back(model_->GetRow(item));
+  std::ranges::sort(rows);
+  return rows;
+}
+
+void PlaceTable::SelectRow(std::size_t row) {
+  const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(row));
+  UnselectAll();
+  SetCurrentItem(item);
+  Select(item);
+  EnsureVisible(item);
 }
 
 }  // namespace desktop

@@ -20,12 +20,19 @@ class PlaceTable : public wxDataViewCtrl {
   };
 
   // The name is for screen readers.
-  PlaceTable(wxWindow* parent, const std::string& name, const std::vector<Column>& columns);
+  // `style`: whether several rows can be selected.
+  PlaceTable(wxWindow* parent, const std::string& name, const std::vector<Column>& columns,
+             long style = wxDV_SINGLE);
 
   // In place of those that are shown, each with a text for every column. The first is selected.
   void ShowRows(std::vector<Row> rows);
   std::size_t Count() const { return rows_.size(); }
+  // From top to bottom.
+  std::vector<std::size_t> Selected() const;
+  // Nothing else is selected then.
+  void SelectRow(std::size_t row);
 
+  std::function<void()> on_select;  // by the user
   std::function<void(std::size_t row)> on_activate;
 
  private:

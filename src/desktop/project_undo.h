@@ -34,7 +34,7 @@ class ProjectUndo {
 
   // The operation of the number, or the next one. A refusal is told with what stands in the way.
   void Undo(std::optional<std::uint64_t> number = std::nullopt) { Run(true, number); }
-  void Redo() { Run(false, std::nullopt); }
+  void Redo(std::optional<std::uint64_t> number = std::nullopt) { Run(false, number); }
 
   std::function<void()> on_done;  // rows and code are others now
 

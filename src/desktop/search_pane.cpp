@@ -3,6 +3,7 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -10,7 +11,6 @@
 #include <utility>
 
 #include "desktop/search_texts.h"
-#include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -32,10 +32,7 @@ std::vector<PlaceTable::Column> Columns(const texts::TextTable& texts) {
 }  // namespace
 
 SearchPane::SearchPane(wxWindow* parent, const texts::TextTable& texts)
-    : wxPanel(parent),
-      texts_(texts),
-      title_(new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
+    : LowerPane(parent, texts),
       fields_(new wxPanel(this)),
       wanted_(new wxTextCtrl(fields_, wxID_ANY)),
       replacement_(new wxTextCtrl(fields_, wxID_ANY)),
@@ -43,24 +40,9 @@ SearchPane::SearchPane(wxWindow* parent, const texts::TextTable& texts)
       match_case_(new wxCheckBox(fields_, wxID_ANY, wx::ToWx(texts.Text(kTextMatchCase)))),
       table_(new PlaceTable(this, texts.Text(kTextPlacesInCode), Columns(texts))) {
   table_->on_activate = [this](std::size_t row) { on_activate(row); };
-  auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(MakeHead(), wxSizerFlags().Expand());
   fields_->SetSizer(MakeFields());
-  all->Add(fields_, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
-  all->Add(table_, wxSizerFlags(1).Expand());
-  SetSizer(all);
-  table_->SetMinSize(wxSize(-1, FromDIP(kListHeight)));
-  Bind(wxEVT_CHAR_HOOK, &SearchPane::OnKey, this);
-  Hide();
-}
-
-wxSizer* SearchPane::MakeHead() {
-  auto* close = new wxButton(this, wxID_ANY, wx::ToWx(texts_.Text(studio::TextNumber::kTextClose)));
-  close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
-  auto* head = new wxBoxSizer(wxHORIZONTAL);
-  head->Add(title_, wxSizerFlags(1).CentreVertical().Border(wxLEFT, FromDIP(kGap)));
-  head->Add(close, wxSizerFlags().Border(wxALL, FromDIP(kGap) / 2));
-  return head;
+  SetFields(*fields_, kGap);
+  SetContent(*table_, kListHeight);
 }
 
 // Two rows: what to find and how, what takes its place.
@@ -69,13 +51,13 @@ wxSizer* SearchPane::MakeFields() {
   auto* grid = new wxFlexGridSizer(kColumns, FromDIP(kGap), FromDIP(2 * kGap));
   grid->AddGrowableCol(1);
   const auto add_field = [&](int label, wxTextCtrl* field) {
-    const wxString text = wx::ToWx(texts_.Text(label));
+    const wxString text = wx::ToWx(texts().Text(label));
     grid->Add(new wxStaticText(fields_, wxID_ANY, text), wxSizerFlags().CentreVertical());
     grid->Add(field, wxSizerFlags().Expand());
     wx::SetAccessibleName(*field, text);
   };
   const auto add_button = [&](int text, const std::function<void()>& action) {
-    auto* button = new wxButton(fields_, wxID_ANY, wx::ToWx(texts_.Text(text)));
+    auto* button = new wxButton(fields_, wxID_ANY, wx::ToWx(texts().Text(text)));
     button->Bind(wxEVT_BUTTON, [&action](wxCommandEvent&) { action(); });
     grid->Add(button, wxSizerFlags().Expand());
     return button;
@@ -95,20 +77,18 @@ wxSizer* SearchPane::MakeFields() {
   return grid;
 }
 
-void SearchPane::OnKey(wxKeyEvent& event) {
+bool SearchPane::HandleKey(const wxKeyEvent& event) {
   const wxWindow* focus = FindFocus();
   const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
-  if (event.GetKeyCode() == WXK_ESCAPE) return Close();
-  if (enter && focus == replacement_) return on_replace();
-  if (enter && (focus == wanted_ || focus == whole_word_ || focus == match_case_)) return on_find();
-  event.Skip();
+  const bool find = focus == wanted_ || focus == whole_word_ || focus == match_case_;
+  if (!enter || !(find || focus == replacement_)) return LowerPane::HandleKey(event);
+  find ? on_find() : on_replace();
+  return true;
 }
 
 void SearchPane::ShowFields(bool shown) {
   fields_->Show(shown);
-  Show();
-  Layout();
-  GetParent()->Layout();
+  Open();
 }
 
 void SearchPane::OpenFields(const std::string& text) {
@@ -120,7 +100,7 @@ void SearchPane::OpenFields(const std::string& text) {
 }
 
 void SearchPane::ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
-  title_->SetLabel(wx::ToLabel(title));
+  SetTitle(title);
   table_->ShowRows(std::move(rows));
   if (table_->Count() > 0) table_->SetFocus();
 }
@@ -131,12 +111,8 @@ void SearchPane::ShowPlacesAlone(const std::string& title, std::vector<PlaceTabl
 }
 
 void SearchPane::Close() {
-  if (!IsShown()) return;
-  const bool had_keyboard = IsDescendant(FindFocus());
-  Hide();
+  LowerPane::Close();
   table_->ShowRows({});
-  GetParent()->Layout();
-  if (had_keyboard && on_close) on_close();
 }
 
 std::string SearchPane::Wanted() const { return wx::FromWx(wanted_->GetValue()); }

@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/panel.h>
-
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "desktop/lower_pane.h"
 #include "desktop/place_table.h"
 #include "texts/text_table.h"
 #include "vbcode/text_search.h"
 
 class wxCheckBox;
-class wxStaticText;
+class wxPanel;
+class wxSizer;
 class wxTextCtrl;
 
 namespace desktop {
 
 // Places in the code below everything else, with the fields to find and replace a text above them
 // when that is what was asked for. Hidden until then.
-class SearchPane : public wxPanel {
+class SearchPane : public LowerPane {
  public:
   // The texts outlive the pane.
   SearchPane(wxWindow* parent, const texts::TextTable& texts);
@@ -31,7 +31,7 @@ class SearchPane : public wxPanel {
   void ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
   // The same without the fields.
   void ShowPlacesAlone(const std::string& title, std::vector<PlaceTable::Row> rows);
-  void Close();
+  void Close() override;
 
   std::string Wanted() const;
   std::string Replacement() const;
@@ -39,17 +39,13 @@ class SearchPane : public wxPanel {
 
   std::function<void()> on_find;
   std::function<void()> on_replace;
-  std::function<void()> on_close;
   std::function<void(std::size_t row)> on_activate;
 
  private:
-  wxSizer* MakeHead();
   wxSizer* MakeFields();
-  void OnKey(wxKeyEvent& event);
+  bool HandleKey(const wxKeyEvent& event) override;
   void ShowFields(bool shown);
 
-  const texts::TextTable& texts_;
-  wxStaticText* title_;
   wxPanel* fields_;
   wxTextCtrl* wanted_;
   wxTextCtrl* replacement_;

@@ -5,6 +5,7 @@
 #include <wx/splitter.h>
 
 #include <algorithm>
+#include <initializer_list>
 
 #include "studio/window_texts.h"
 #include "wx/convert.h"
@@ -30,14 +31,17 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
       place_(place),
       notices_(new NoticeBar(&frame, wx::ToWx(texts.Text(TextNumber::kTextLater)))),
       places_(new PlaceList(&frame, texts)),
-      columns_(MakeSplitter(&frame)),
+      whole_(MakeSplitter(&frame)),
+      columns_(MakeSplitter(whole_)),
       tree_(new ProjectTree(columns_, wx::ToWx(texts.Text(TextNumber::kTextTreeName)))),
       rows_(MakeSplitter(columns_)),
       upper_(new wxPanel(rows_)),
       editor_host_(new wxPanel(upper_)),
       welcome_(new Welcome(upper_, texts)),
       code_(new CodePane(rows_, texts)),
-      search_(new SearchPane(&frame, texts)) {
+      lower_(new wxPanel(whole_)),
+      search_(new SearchPane(lower_, texts)),
+      history_(new HistoryPane(lower_, texts)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
   sizer->Add(welcome_, wxSizerFlags(1).Expand());
@@ -48,9 +52,14 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   rows_->SetSashGravity(kUpperShare);
   rows_->SplitHorizontally(upper_, code_, -frame.FromDIP(place.code_height));
   columns_->SplitVertically(tree_, rows_, frame.FromDIP(place.tree_width));
+  lower_->SetSizer(new wxBoxSizer(wxVERTICAL));
+  lower_->Hide();
+  whole_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
+  whole_->SetSashGravity(1);
+  whole_->Initialize(columns_);
+  for (LowerPane* pane : std::initializer_list<LowerPane*>{search_, history_}) Connect(*pane);
   auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(columns_, wxSizerFlags(1).Expand());
-  all->Add(search_, wxSizerFlags().Expand());
+  all->Add(whole_, wxSizerFlags(1).Expand());
   all->Add(places_, wxSizerFlags().Expand());
   all->Add(notices_, wxSizerFlags().Expand());
   frame.SetSizer(all);
@@ -63,6 +72,28 @@ void WindowPanes::Arrange() {
   frame_.Layout();
   rows_->SetSashGravity(kUpperShare);
   rows_->SetSashPosition(table);
+}
+
+void WindowPanes::Connect(LowerPane& pane) {
+  lower_->GetSizer()->Add(&pane, wxSizerFlags(1).Expand());
+  pane.on_visible = [this, &pane] {
+    const int table = rows_->GetSashPosition();
+    rows_->SetSashGravity(0);
+    if (pane.IsShown()) {
+      for (wxWindow* other : lower_->GetChildren()) {
+        if (other != &pane) other->Hide();
+      }
+      if (!whole_->IsSplit())
+        whole_->SplitHorizontally(columns_, lower_, -pane.GetBestSize().GetHeight());
+      // The order of Tab was made without what was hidden then.
+      lower_->MoveAfterInTabOrder(columns_);
+    } else {
+      whole_->Unsplit(lower_);
+    }
+    lower_->Layout();
+    rows_->SetSashGravity(kUpperShare);
+    rows_->SetSashPosition(table);
+  };
 }
 
 void WindowPanes::ShowEditor(bool shown) {

@@ -3,8 +3,11 @@
 
 #include <wx/frame.h>
 
+#include <vector>
+
 #include "desktop/code_pane.h"
 #include "desktop/desktop_state.h"
+#include "desktop/history_pane.h"
 #include "desktop/notice_bar.h"
 #include "desktop/place_list.h"
 #include "desktop/project_tree.h"
@@ -16,7 +19,7 @@ class wxSplitterWindow;
 namespace desktop {
 
 // What fills the main window: the tree at the left, at the right the editor (or the welcome while
-// no project is open) over the code, below all of it what was found in code, places and notices.
+// no project is open) over the code, below all of it one of the lower panes, places and notices.
 class WindowPanes {
  public:
   // The frame owns the panes; it and the rest outlive this object.
@@ -29,6 +32,7 @@ class WindowPanes {
   Welcome& welcome() const { return *welcome_; }
   CodePane& code() const { return *code_; }
   SearchPane& search() const { return *search_; }
+  HistoryPane& history() const { return *history_; }
 
   void ShowEditor(bool shown);
   // As long as the window changes its size by itself, each step would share the new room between
@@ -42,9 +46,12 @@ class WindowPanes {
   DesktopState::Place& place_;
   // Lays the window out anew: what stands above stays where it is, the code gives the room.
   void Arrange();
+  // One of the lower panes is shown; closing it gives its room back.
+  void Connect(LowerPane& pane);
 
   NoticeBar* notices_;
   PlaceList* places_;
+  wxSplitterWindow* whole_;
   wxSplitterWindow* columns_;
   ProjectTree* tree_;
   wxSplitterWindow* rows_;
@@ -52,7 +59,9 @@ class WindowPanes {
   wxPanel* editor_host_;
   Welcome* welcome_;
   CodePane* code_;
+  wxPanel* lower_;
   SearchPane* search_;
+  HistoryPane* history_;
 };
 
 }  // namespace desktop

@@ -6,12 +6,16 @@
 namespace forms {
 
 Tool& Band::AddTool(std::string_view name, ToolKind kind) {
+  return InsertTool(tools_.size(), name, kind);
+}
+
+Tool& Band::InsertTool(std::size_t place, std::string_view name, ToolKind kind) {
   Tool* tool = menu_.FindTool(name);
   if (!tool) {
     menu_.tools_.push_back(std::make_unique<Tool>(menu_, name, kind));
     tool = menu_.tools_.back().get();
   }
-  tools_.push_back(tool);
+  tools_.insert(tools_.begin() + static_cast<std::ptrdiff_t>(place), tool);
   menu_.Notify(Property::kTools);
   return *tool;
 }

@@ -2,6 +2,7 @@
 // The menu and toolbar control: bands of tools. A tool has a name that is unique in the control.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -86,6 +87,8 @@ class Band {
   MenuControl& Menu() const { return menu_; }
   // A name that another band of the control has already shows that band's tool here too.
   Tool& AddTool(std::string_view name, ToolKind kind = ToolKind::kCommand);
+  // The same in front of the tool at that place.
+  Tool& InsertTool(std::size_t place, std::string_view name, ToolKind kind = ToolKind::kCommand);
   const std::vector<Tool*>& Tools() const { return tools_; }
 
  private:

@@ -103,6 +103,16 @@ void Recorder::Collect(files::ChangeSet& changes) {
   }
 }
 
+void Recorder::Committed() noexcept {
+  if (appended_) done_ = std::move(appended_);
+  Forget();
+}
+
+void Recorder::Forget() noexcept {
+  revert_ = {};
+  appended_.reset();
+}
+
 Record Recorder::MakeRecord(const files::ChangeSet& changes) const {
   Record record;
   record.time = author_.now();
@@ -157,8 +167,11 @@ void Recorder::Append(Record record, files::ChangeSet& changes) {
   file_.Shorten(*ends);
   ends = file_.ReadEnds();
   if (!ends) return;
+  std::string bytes = HistoryFile::Appended(*ends, record);
+  if (record.kind == Kind::kOperation) appended_ = Done{record.number, record.title};
   changes.append = files::FileAppend{
-      ends->size, HistoryFile::Appended(*ends, record), [this](const std::exception& error) {
+      ends->size, std::move(bytes), [this](const std::exception& error) {
+        appended_.reset();
         Tell({message::kNotKept,
               {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});
       }};

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -54,12 +55,19 @@ class Recorder final : public files::Participant {
   // Of the open unit; null when it is closed.
   jet::Database* database() const { return database_(); }
 
+  // The last operation that left a record here since the last call; undo and redo are none.
+  struct Done {
+    std::uint64_t number = 0;
+    messages::Message title;
+  };
+  std::optional<Done> TakeDone() { return std::exchange(done_, std::nullopt); }
+
   // Why no record could be kept, or what became of the history, since the last call; each once.
   std::vector<messages::Message> TakeProblems();
 
   void Save() override;
   void Collect(files::ChangeSet& changes) override;
-  void Committed() noexcept override { Forget(); }
+  void Committed() noexcept override;
   void Restore() noexcept override { Forget(); }
 
  private:
@@ -67,7 +75,7 @@ class Recorder final : public files::Participant {
   void Append(Record record, files::ChangeSet& changes);
   messages::Message TitleOf(const Record& record) const;
   std::string Shown(const std::string& path) const;
-  void Forget() noexcept { revert_ = {}; }
+  void Forget() noexcept;
   void Tell(const messages::Message& problem);
 
   files::FileSystem& system_;
@@ -78,6 +86,8 @@ class Recorder final : public files::Participant {
   std::string folder_;  // of the database
   bool on_ = true;
   Revert revert_;
+  std::optional<Done> appended_;  // in the open unit
+  std::optional<Done> done_;      // and committed
   std::vector<messages::Message> problems_;
   std::vector<std::string> told_;
 };

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "cli/unified_diff.h"
+#include "project/unified_diff.h"
 
 #include <algorithm>
 
 #include "project/line_diff.h"
 
-namespace cli {
+namespace project {
 
 namespace {
 
@@ -18,8 +18,7 @@ std::string Span(std::size_t start, std::size_t count) {
 
 std::string UnifiedDiff(std::string_view path, std::string_view before, std::string_view after) {
   constexpr std::size_t kContext = 3;
-  const std::vector<project::LineEdit> script =
-      project::DiffLines(project::SplitLines(before), project::SplitLines(after));
+  const std::vector<LineEdit> script = DiffLines(SplitLines(before), SplitLines(after));
   std::string out;
   std::size_t old_line = 0, new_line = 0;  // lines before script[i]
   for (std::size_t i = 0; i < script.size();) {
@@ -53,4 +52,4 @@ std::string UnifiedDiff(std::string_view path, std::string_view before, std::str
   return out;
 }
 
-}  // namespace cli
+}  // namespace project

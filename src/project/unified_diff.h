@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-namespace cli {
+namespace project {
 
 // The unified diff (three lines of context) from `before` to `after`, headed by the path; "" when
 // they are equal. Line ends CR LF are shown as LF. Texts are bytes.
 std::string UnifiedDiff(std::string_view path, std::string_view before, std::string_view after);
 
-}  // namespace cli
+}  // namespace project

@@ -47,6 +47,7 @@ std::span<const Area> Areas() {
       {"window", 3800, 3899, WindowRows()},
       {"search", 3900, 3999, SearchRows()},
       {"lists", 4100, 4199, ListRows()},
+      {"panes", 4200, 4299, PaneRows()},
   });
   return kAreas;
 }

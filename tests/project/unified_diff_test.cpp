@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/unified_diff.h"
+#include "project/unified_diff.h"
 
 #include <gtest/gtest.h>
 
@@ -47,9 +47,9 @@ std::vector<std::string> Patch(const std::vector<std::string>& before, const std
 
 TEST(UnifiedDiff, ShowsAChangeWithItsContext) {
   EXPECT_EQ(
-      cli::UnifiedDiff("a.cls", "1\r\n2\r\n3\r\n4\r\n5\r\n", "1\r\n2\r\n3\r\nx\r\n4\r\n5\r\n"),
+      project::UnifiedDiff("a.cls", "1\r\n2\r\n3\r\n4\r\n5\r\n", "1\r\n2\r\n3\r\nx\r\n4\r\n5\r\n"),
       "--- a.cls\n+++ a.cls\n@@ -1,5 +1,6 @@\n 1\n 2\n 3\n+x\n 4\n 5\n");
-  EXPECT_EQ(cli::UnifiedDiff("a.cls", "same\n", "same\n"), "");
+  EXPECT_EQ(project::UnifiedDiff("a.cls", "same\n", "same\n"), "");
 }
 
 TEST(UnifiedDiff, PatchingWithItGivesTheNewText) {
@@ -64,7 +64,7 @@ TEST(UnifiedDiff, PatchingWithItGivesTheNewText) {
       after.push_back(choice == 1 ? "changed" : line);
       if (choice == 2) after.push_back("new" + std::to_string(random() % 3));
     }
-    const std::string diff = cli::UnifiedDiff("f", Join(before), Join(after));
+    const std::string diff = project::UnifiedDiff("f", Join(before), Join(after));
     EXPECT_EQ(Patch(before, diff), after) << diff;
   }
 }

@@ -6,6 +6,7 @@
 #include "desktop/search_pane.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/rows_of.h"
 
 namespace {
 
@@ -53,21 +54,10 @@ class CodeSearchTest : public ::testing::Test {
   }
 
   desktop::SearchPane& Pane() { return *FindChild<desktop::SearchPane>(program.window()); }
-  // The rows that the list shows, their cells with bars between them.
+  // The rows that the list shows; none while the pane is hidden.
   std::vector<std::string> Places() {
-    auto& table = *FindChild<desktop::PlaceTable>(Pane());
-    auto* model = dynamic_cast<wxDataViewVirtualListModel*>(table.GetModel());
-    std::vector<std::string> rows;
-    for (unsigned row = 0; Pane().IsShown() && row < model->GetCount(); ++row) {
-      std::string text;
-      for (unsigned column = 0; column < table.GetColumnCount(); ++column) {
-        wxVariant cell;
-        model->GetValueByRow(cell, row, column);
-        text += (column ? "|" : "") + cell.GetString().utf8_string();
-      }
-      rows.push_back(text);
-    }
-    return rows;
+    if (!Pane().IsShown()) return {};
+    return window_tests::RowsOf(*FindChild<desktop::PlaceTable>(Pane()));
   }
   // The line with the caret, and what is selected on it.
   std::string CaretLine() { return program.Code().GetCurLine().utf8_string(); }

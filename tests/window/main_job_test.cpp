@@ -107,10 +107,8 @@ TEST_P(MainJobTest, ComesBackAsItWasLeft) {
     ASSERT_TRUE(program.Open());
     Input({"key --delay 80 Down Down"});
     AddFormula("Fill");
-    wxSplitterWindow* columns = nullptr;
-    for (wxWindow* child : program.window().GetChildren()) {
-      if (auto* found = dynamic_cast<wxSplitterWindow*>(child)) columns = found;
-    }
+    auto* columns = dynamic_cast<wxSplitterWindow*>(
+        window_tests::FindChild<desktop::ProjectTree>(program.window())->GetParent());
     ASSERT_NE(columns, nullptr);
     const int sash = columns->GetSashPosition();
     display::Drag(*columns, {sash + 2, 300}, {sash + 92, 300});

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Operations taken back and done again by the keys and the menu of the window.
 #include <gtest/gtest.h>
+#include <wx/hyperlink.h>
 #include <wx/menu.h>
 
+#include "desktop/history_pane.h"
 #include "desktop/undo_texts.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/rows_of.h"
 #include "tests/window/said.h"
 
 namespace {
 
 using window_tests::DesktopProgram;
+using window_tests::FindChild;
 using window_tests::Input;
 using window_tests::Said;
 using Lines = std::vector<std::string>;
@@ -26,10 +30,10 @@ struct PlantWithFormula : support::SamplePlant {
       EXPECT_TRUE(operations.AddArguments(1, arguments).success());
     });
   }
-  void Change(const std::function<void(store::Operations&)>& steps) {
+  void Change(const std::function<void(store::Operations&)>& steps, bool with_history = false) {
     const texts::TextTable texts(texts::Language::kEnglish);
     project::ProjectOptions options;
-    options.with_history = false;
+    options.with_history = with_history;
     project::Project project(system, support::kPlantDatabase, options, texts);
     steps(project.operations());
   }
@@ -133,6 +137,82 @@ TEST_F(Undo, IsRefusedWhereSomebodyElseChangedTheRow) {
     EXPECT_NE(said.texts[0].find(version), std::string::npos) << said.texts[0];
   EXPECT_EQ(plant.Aliases(), Lines{"1|Height"});
   EXPECT_EQ(plant.Code("CPump"), code);
+}
+
+TEST_F(Undo, TheStatusLineTellsWhatWasDoneAndTakesItBack) {
+  const auto link = [&] {
+    auto* found = FindChild<wxGenericHyperlinkCtrl>(*program.window().GetStatusBar());
+    return found && found->IsShown() ? found : nullptr;
+  };
+  EXPECT_FALSE(link());
+  RenameAlias("TankLevel");
+  EXPECT_EQ(program.Status(), "Done: Rename alias Level to TankLevel");
+  ASSERT_TRUE(link());
+  const wxPoint middle = link()->ClientToScreen(wxPoint(4, link()->GetSize().GetHeight() / 2));
+  Input({"mousemove " + std::to_string(middle.x) + " " + std::to_string(middle.y),
+         "click 1 sleep 0.4"});
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Level"});
+  EXPECT_EQ(program.Status(), "Undone: Rename alias Level to TankLevel");
+  EXPECT_FALSE(link());
+
+  // What an operation says of itself stands.
+  Input({"key --delay 80 End F6", "key --delay 60 Home ctrl+Delete sleep 0.5",
+         "key alt+y sleep 0.6"});
+  EXPECT_EQ(program.Status(), "One argument deleted.");
+  ASSERT_TRUE(link());
+  program.window().SetStatusText("something else");
+  Input({"sleep 0.2"});
+  EXPECT_FALSE(link());
+}
+
+TEST_F(Undo, TheHistoryShowsAndTakesBackOlderOperations) {
+  auto& pane = *FindChild<desktop::HistoryPane>(program.window());
+  const auto shown = [&] {
+    std::string text;
+    for (const std::string& row : window_tests::RowsOf(*FindChild<desktop::PlaceTable>(pane)))
+      text += row.substr(17, row.find('|', 17) - 17) +
+              (row.find("|undone|") != std::string::npos ? " (undone)\n" : "\n");
+    return text;
+  };
+  RenameAlias("TankLevel");
+  RenameAlias("Height");
+  Input({"key alt+e sleep 0.4 key h sleep 0.5"});
+  EXPECT_EQ(shown(), "Rename alias TankLevel to Height\nRename alias Level to TankLevel\n");
+  const auto change = [&] {
+    return FindChild<desktop::ChangeView>(pane)->GetValue().utf8_string();
+  };
+  EXPECT_NE(change().find("+\tTvbfAlias\t1\tPlant.Level\tHeight\n"), std::string::npos) << change();
+  EXPECT_NE(change().find("\n-Public TankLevel as "), std::string::npos) << change();
+
+  // The older one is refused while the newer rests on it; both go from the top.
+  Input({"key Down sleep 0.2"});
+  EXPECT_NE(change().find("-\tTvbfAlias\t1\tPlant.Level\tLevel\n"), std::string::npos) << change();
+  {
+    Said said;
+    Input({"key alt+u sleep 0.8 key Return sleep 0.3"});
+    ASSERT_EQ(said.texts.size(), 1u);
+    EXPECT_NE(said.texts[0].find("Rename alias TankLevel to Height"), std::string::npos)
+        << said.texts[0];
+  }
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Height"});
+  Input({"key Up sleep 0.2 key alt+u sleep 0.5"});
+  EXPECT_EQ(plant.Aliases(), Lines{"1|TankLevel"});
+  EXPECT_EQ(shown(),
+            "Undo: Rename alias TankLevel to Height\nRename alias TankLevel to Height (undone)\n"
+            "Rename alias Level to TankLevel\n");
+  Input({"key Down sleep 0.2 key alt+r sleep 0.5"});
+  EXPECT_EQ(plant.Aliases(), Lines{"1|Height"}) << "done again";
+
+  // Somebody else's operations come into the open list.
+  plant.Change(
+      [](store::Operations& operations) {
+        EXPECT_TRUE(operations.EditAlias(1, {"Plant.Level", "Depth"}).success());
+      },
+      true);
+  Input({"sleep 0.9"});
+  EXPECT_TRUE(shown().starts_with("Rename alias Height to Depth\n")) << shown();
+  Input({"key Escape sleep 0.2"});
+  EXPECT_FALSE(pane.IsShown());
 }
 
 }  // namespace
