@@ -3,9 +3,11 @@
 
 #include <algorithm>
 
+#include "dialogs/fduplicate.h"
 #include "dialogs/fimport.h"
 #include "dialogs/list_texts.h"
 #include "dialogs/outcome.h"
+#include "exchange/exchange_texts.h"
 
 namespace dialogs {
 
@@ -72,6 +74,23 @@ std::optional<store::OperationResult> ImportList(const DialogContext& context,
       return result;
     }
     WarnFailure(context, result);
+  }
+  return std::nullopt;
+}
+
+std::optional<store::OperationResult> DuplicateFormula(const DialogContext& context,
+                                                       const exchange::CopySource& source) {
+  FDuplicate dialog(context, source);
+  while (dialog.Run()) {
+    store::OperationResult result =
+        RunListOperation(context, kTextDuplicating, [&](const store::OperationOptions& options) {
+          return exchange::Import(dialog.copies().plan, context.operations,
+                                  {{exchange::kTextCopyTitle}, {{"<Name>", source.formula.name}}},
+                                  options);
+        });
+    if (result.success()) return result;
+    WarnFailure(context, result);
+    dialog.Plan();
   }
   return std::nullopt;
 }

@@ -9,6 +9,7 @@
 
 #include "dialogs/dialog_context.h"
 #include "exchange/contents.h"
+#include "exchange/formula_copy.h"
 #include "exchange/import_plan.h"
 #include "messages/message.h"
 
@@ -28,5 +29,10 @@ struct ListToImport {
 // it; nothing when the user left it. A failure is told, and the preview comes again.
 std::optional<store::OperationResult> ImportList(const DialogContext& context,
                                                  const ListToImport& list);
+
+// Shows what copies of a formula would be while the user says how they differ, and makes them when
+// he agrees, as one operation. What came of it; nothing when he left it.
+std::optional<store::OperationResult> DuplicateFormula(const DialogContext& context,
+                                                       const exchange::CopySource& source);
 
 }  // namespace dialogs

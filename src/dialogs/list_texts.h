@@ -57,6 +57,19 @@ enum ListTextNumber : std::int32_t {
   kTextClipboard = 4150,
   kTextCannotPaste,
   kTextPasteTitle,
+
+  kTextMenuDuplicate = 4160,
+  kTextDuplicateTip,
+  kTextDuplicateCaption,
+  kTextCopyName,
+  kTextNameByReplacing,
+  kTextCopyClass,
+  kTextPairs,
+  kTextSeriesHint,
+  kTextCopyPreview,
+  kTextNoPair,
+  kTextDuplicateNow,
+  kTextDuplicating,
 };
 
 }  // namespace dialogs

@@ -92,6 +92,7 @@ void Commands::mnuFunction(std::int16_t action) {
   if (action == kEdit) EditFormula(id);
   if (action == kDelete) DeleteFormula(id);
   if (action == kShowCode) ShowCode(id);
+  if (action == kDuplicate) lists_.Duplicate(id);
 }
 
 void Commands::mnuParameter(std::int16_t action) {

@@ -14,11 +14,23 @@ namespace editor {
 
 void ListCommands::Import(const dialogs::ListToImport& list) {
   view_.VerifyAdds(view_.CurrentKey());
-  const auto result = dialogs::ImportList(context_.dialog_context, list);
-  if (!result) return;
-  // The tree has the formulas.
+  if (const auto result = dialogs::ImportList(context_.dialog_context, list)) Show(*result);
+}
+
+void ListCommands::Duplicate(std::int32_t formula_id) {
+  const auto formula = context_.operations.FindFormula(formula_id);
+  if (!formula) return;
+  exchange::CopySource source;
+  source.formula = *formula;
+  source.arguments = context_.operations.ArgumentsOf(formula_id);
+  source.code = context_.code.FunctionText(formula->prog_id, formula->name, false);
+  if (const auto result = dialogs::DuplicateFormula(context_.dialog_context, source)) Show(*result);
+}
+
+// The tree has the formulas.
+void ListCommands::Show(const store::OperationResult& result) {
   const bool has_formulas = std::ranges::any_of(
-      result->rows, [](const auto& row) { return row.table == store::kFormulasTable; });
+      result.rows, [](const auto& row) { return row.table == store::kFormulasTable; });
   if (has_formulas) {
     context_.host.RebuildViews();
   } else {

@@ -20,6 +20,8 @@ class ListCommands {
 
   // Shows what the list would do, does it when the user agrees, and shows the rows.
   void Import(const dialogs::ListToImport& list);
+  // Makes copies of a formula as the user says.
+  void Duplicate(std::int32_t formula_id);
   // The rows as lines for a spreadsheet, which also say all that a paste into any project needs.
   std::string ArgumentLines(const std::vector<std::int32_t>& ids);
   // Takes lines of the clipboard as rows for the table of the node that is shown, with a preview.
@@ -27,6 +29,7 @@ class ListCommands {
   bool Paste(bool has_cell);
 
  private:
+  void Show(const store::OperationResult& result);
   exchange::Contents ReadPasted(std::string text);
 
   EditorContext& context_;

@@ -39,6 +39,7 @@ std::vector<ToolState> ToolStates(const MenuContext& context) {
       {"mnuFunctionEdit", formula, 0},
       {"mnuFunctionDelete", formula, 0},
       {"mnuFunctionShowCode", formula, 0},
+      {"mnuFunctionDuplicate", formula, 0},
       {"mnuParameterDescriptor", context.toolbar_flag && formulas, 0},
       {"mnuParameterNew", formula, 0},
       {"mnuParameterEdit", formula, 0},

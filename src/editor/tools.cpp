@@ -38,6 +38,7 @@ constexpr ToolRow kTools[] = {
     {"mnuFunctionEdit", 142, kCommand, kEditKey, "edit", 1641, kFunction, kEdit},
     {"mnuFunctionDelete", 143, kCommand, kDeleteKey, "delete", 1642, kFunction, kDelete},
     {"mnuFunctionShowCode", 144, kCommand, kNoKey, "code", 1643, kFunction, kShowCode},
+    {"mnuFunctionDuplicate", 4160, kCommand, kNoKey, "", 4161, kFunction, kDuplicate},
     {"mnuShowEditorSep", 0, ToolKind::kSeparator},
     {kShowEditorTool, 170, kCommand, kEditorKey},
     {"mnuParameterDescriptor", 150, ToolKind::kLabel},
@@ -75,7 +76,7 @@ struct BandRow {
 const BandRow kBands[] = {
     {kFunctionBand,
      {"mnuFunctionDescriptor", "mnuFunctionNew", "mnuFunctionEdit", "mnuFunctionDelete",
-      "mnuFunctionShowCode", "mnuShowEditorSep", kShowEditorTool}},
+      "mnuFunctionShowCode", "mnuFunctionDuplicate", "mnuShowEditorSep", kShowEditorTool}},
     {kParameterBand,
      {"mnuParameterDescriptor", "mnuParameterNew", "mnuParameterEdit", "mnuParameterDelete",
       "mnuGridSep", "Edit", "Copy", "Paste"}},

@@ -75,9 +75,13 @@ class Copier {
         platform::ProgId(prog_id) == platform::ProgId(source_.formula.prog_id);
     if (!beside_source) return name;
     return codegen::FirstFreeName(name, [&](const std::string& candidate) {
-      return std::ranges::any_of(operations_.FindFormulasByName(candidate), [&](const auto& other) {
-        return platform::ProgId(other.prog_id) == platform::ProgId(prog_id);
+      const bool is_copy = std::ranges::any_of(copy_.contents.formulas, [&](const auto& other) {
+        return platform::EqualsIgnoringCase(other.name, candidate);
       });
+      return is_copy ||
+             std::ranges::any_of(operations_.FindFormulasByName(candidate), [&](const auto& other) {
+               return platform::ProgId(other.prog_id) == platform::ProgId(prog_id);
+             });
     });
   }
 

@@ -75,6 +75,28 @@ constexpr Row kRows[] = {
     {4150, "Zwischenablage", "Clipboard"},
     {4151, "Das lässt sich hier nicht einfügen.", "This cannot be pasted here."},
     {4152, "Einfügen: <Count>", "Paste: <Count>"},
+
+    // Copies of a formula.
+    {4160, "D&uplizieren...", "D&uplicate..."},
+    {4161, "Formel duplizieren, auch mit anderen Namen",
+     "Duplicate the formula, also with other names"},
+    {4162, "Formel duplizieren: <Name>", "Duplicate Formula: <Name>"},
+    {4163, "&Name der Kopie:", "&Name of the copy:"},
+    {4164, "durch die Ersetzungen, sonst der nächste freie",
+     "by the replacements, or the next free one"},
+    {4165, "&Klasse:", "&Class:"},
+    {4166, "&Ersetzen:", "&Replace:"},
+    {4167,
+     "In jeder Zeile ALT=NEU, in Name, Argumenten, Items, Kommentar und Code. Reihen machen "
+     "mehrere "
+     "Kopien: Tank1=Tank{2..8}",
+     "OLD=NEW in each line, in name, arguments, items, comment and code. Series make several "
+     "copies: "
+     "Tank1=Tank{2..8}"},
+    {4168, "&Vorschau:", "&Preview:"},
+    {4169, "„<Word>“: Es wird ALT=NEU gebraucht.", "\"<Word>\": OLD=NEW is needed."},
+    {4170, "&Duplizieren", "&Duplicate"},
+    {4171, "Die Formel wird dupliziert", "Duplicating the Formula"},
 };
 
 }  // namespace

@@ -350,7 +350,7 @@ TEST(Connect, MenusOfTheTree) {
       {"FORF1",
        "mnuFunction",
        {"mnuFunctionDescriptor", "mnuFunctionEdit", "mnuFunctionDelete", "mnuFunctionShowCode",
-        "mnuShowEditorSep", "mnuShowEditor"}},
+        "mnuFunctionDuplicate", "mnuShowEditorSep", "mnuShowEditor"}},
       {"FORA0", "mnuShowEditorHelper", {"mnuShowEditorHelper", "mnuShowEditor"}},
       {"FOR0", "mnuShowEditorHelper", {"mnuShowEditorHelper", "mnuShowEditor"}},
       {"VARX1", "", {}},

@@ -59,13 +59,16 @@ TEST(MenuSwitcher, ShowsWhatAppliesToTheNode) {
        "FunctionDescriptor FunctionNew ShowEditorSep ShowEditor ParameterDescriptor Functions "
        "ShowEditorHelper"},
       {{"FORF12", false, 0, 3, true},
-       "FunctionEdit FunctionDelete FunctionShowCode ParameterNew ParameterEdit Functions "
+       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate ParameterNew ParameterEdit "
+       "Functions "
        "Parameters"},
       {{"FORF12", false, 2, 0, false},
-       "FunctionEdit FunctionDelete FunctionShowCode ParameterNew ParameterEdit ParameterDelete "
+       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate ParameterNew ParameterEdit "
+       "ParameterDelete "
        "Functions Parameters"},
       {{"FORF", false, 0, 0, false},
-       "FunctionEdit FunctionDelete FunctionShowCode ParameterNew ParameterEdit Functions "
+       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate ParameterNew ParameterEdit "
+       "Functions "
        "Parameters"},
       {{"FORA0", false, 2, 0, false}, "AliasNew Aliases"},
       {{"FORA0", false, 0, 0, true}, "AliasNew AliasEdit Aliases"},

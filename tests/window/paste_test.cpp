@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Rows through the real clipboard: from a spreadsheet, and from one table to another.
+// Rows through the real clipboard, from a spreadsheet and from one table to another; copies of
+// formulas.
 #include <gtest/gtest.h>
 
 #include "project/project.h"
@@ -55,6 +56,14 @@ TEST_F(PasteTest, LinesOfASpreadsheetBecomeAliasesAndArguments) {
   EXPECT_EQ(Arguments().back(), "6|2|3|True|True");
   Input({"key alt+F6 key ctrl+z sleep 0.5"});
   EXPECT_EQ(Arguments().size(), 3u) << "a paste is one operation";
+}
+
+TEST_F(PasteTest, FormulasAreDuplicatedFromTheirMenu) {
+  ASSERT_TRUE(program.Open());
+  Input({"key --delay 60 Home Down Down Down", "key Menu sleep 0.5 key u sleep 1",
+         "type --delay 40 Fill{2..3}", "sleep 0.4 key Return sleep 1"});
+  EXPECT_EQ(program.FormulaNodes(), (Lines{"Fill", "Other", "Fill2", "Fill3"}));
+  EXPECT_NE(plant.Code("CPump").find("Public Sub Fill3()"), std::string::npos);
 }
 
 TEST_F(PasteTest, LeftPreviewChangesNothing) {
