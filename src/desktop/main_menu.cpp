@@ -7,6 +7,7 @@
 
 #include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
+#include "desktop/overview_texts.h"
 #include "desktop/search_texts.h"
 #include "dialogs/list_texts.h"
 #include "studio/window_texts.h"
@@ -55,6 +56,7 @@ wxMenu* MainMenu::ProjectMenu(const Commands& commands) {
 
 wxMenu* MainMenu::CodeMenu(const Commands& commands) {
   auto* menu = new wxMenu;
+  AddItem(*menu, kTextMenuGoToName, "Ctrl+P", commands.go_to_name);
   AddItem(*menu, kTextMenuFindInAllCode, "Ctrl+Shift+F", commands.find_in_all_code);
   AddItem(*menu, kTextMenuUses, "Shift+F12", commands.show_uses);
   AddItem(*menu, kTextMenuDefinition, "F12", commands.go_to_definition);

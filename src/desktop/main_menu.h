@@ -25,7 +25,7 @@ class MainMenu {
   struct Commands {
     std::function<void()> create, open, save_code, quit, contents, about;
     std::function<void()> import_list, export_project;
-    std::function<void()> find_in_all_code, show_uses, go_to_definition;
+    std::function<void()> go_to_name, find_in_all_code, show_uses, go_to_definition;
     std::function<void(std::size_t)> open_recent, restore_backup;  // by place in their menus
   };
 

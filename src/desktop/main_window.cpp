@@ -77,6 +77,9 @@ MainMenu::Commands MainWindow::MenuCommands() {
   commands.import_list = [this] { Exchange(&ListExchange::Import); };
   commands.export_project = [this] { Exchange(&ListExchange::Export); };
   commands.quit = [this] { Close(); };
+  commands.go_to_name = [this] {
+    if (names_) names_->Open();
+  };
   commands.find_in_all_code = [this] {
     if (search_) search_->OpenFind();
   };
@@ -133,15 +136,21 @@ void MainWindow::AddTools() {
 void MainWindow::ConnectTree() {
   tree_.on_select_node = [this](const studio::StudioNode& node) { SelectNode(node); };
   tree_.on_change = [this](const studio::StudioNode& node) {
-    if (node.key == tree_.SelectedKey()) lookup_->ShowNode(node.key);  // its class may be another
+    if (node.key != tree_.SelectedKey()) return;
+    lookup_->ShowNode(node.key);  // its class may be another
+    ShowUpperPane(node.key);
   };
   tree_.on_expand_node = [this](const studio::StudioNode& node) {
     session_->add_in().NodeExpand(session_->studio().project(), node.key, node.text);
   };
   tree_.on_activate_node = [this](const studio::StudioNode& node) {
+    if (panes_.overview().IsShown()) return panes_.overview().TakeKeyboard();
     session_->add_in().NodeDblClick(session_->studio().project(), node.key, node.text);
   };
   tree_.on_key = [this](const studio::StudioNode& node, forms::KeyEvent& event) {
+    event.handled = event.key_code == forms::kKeyF6 && event.shift == forms::kAlt &&
+                    panes_.overview().IsShown();
+    if (event.handled) return panes_.overview().TakeKeyboard();
     std::int16_t code = event.key_code, shift = event.shift;
     const std::string key = node.key, text = node.text;  // the node may go
     session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
@@ -176,7 +185,7 @@ void MainWindow::ConnectStudio() {
     title_ = editor->Observe([this](forms::Property property) {
       if (property == forms::Property::kCaption) ShowTitle();
     });
-    panes_.ShowEditor(true);
+    ShowUpperPane(tree_.SelectedKey());
     project_->foreign_changes().Accept();
     panes_.notices().Dismiss(NoticeBar::Kind::kForeignChange);
   };
@@ -239,13 +248,18 @@ bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
   const bool back = event.GetKeyCode() == WXK_ESCAPE ||
                     (event.GetKeyCode() == WXK_F6 && event.GetModifiers() == wxMOD_ALT);
   if (!session_ || !(round || back)) return false;
-  if (HasKeyboard(code_)) {
+  const bool in_overview = HasKeyboard(panes_.overview());
+  if (HasKeyboard(code_) || (in_overview && event.GetKeyCode() == WXK_F6 && !round)) {
     tree_.SetFocus();
     return true;
   }
   if (!round) return false;
-  if (HasKeyboard(panes_.editor_host())) {
+  if (in_overview || HasKeyboard(panes_.editor_host())) {
     if (!code_.TakeKeyboard()) tree_.SetFocus();
+    return true;
+  }
+  if (panes_.overview().IsShown()) {
+    panes_.overview().TakeKeyboard();
     return true;
   }
   std::int16_t code = forms::kKeyF6, shift = forms::kAlt;
@@ -293,8 +307,26 @@ void MainWindow::SelectNode(const studio::StudioNode& node) {
   RememberStep("node " + std::string(editor::KeyKind(key)));
   session_->studio().SetSelectedKey(key);
   session_->add_in().NodeClick(session_->studio().project(), key, text);
+  ShowUpperPane(key);
   ShowTitle();
   lookup_->ShowNode(key);
+}
+
+void MainWindow::ShowUpperPane(const std::string& key) {
+  if (!session_->add_in().EditorWindow()) return;
+  const bool all = key == editor::kFormulasKey;
+  if (all && formulas_) formulas_->Show();
+  panes_.ShowStrip(formulas_ && formulas_->ShowStrip(key));
+  panes_.ShowUpper(all ? WindowPanes::Upper::kOverview : WindowPanes::Upper::kEditor);
+}
+
+void MainWindow::GoToNode(const std::string& key) {
+  tree_.SelectKey(key);
+  if (panes_.overview().IsShown()) {
+    panes_.overview().TakeKeyboard();
+  } else {
+    session_->add_in().ActivateEditor();
+  }
 }
 
 void MainWindow::SaveCode() {

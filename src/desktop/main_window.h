@@ -16,9 +16,11 @@
 #include "desktop/change_watch.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
+#include "desktop/formula_commands.h"
 #include "desktop/history_list.h"
 #include "desktop/list_exchange.h"
 #include "desktop/main_menu.h"
+#include "desktop/name_search.h"
 #include "desktop/project_undo.h"
 #include "desktop/undo_menu.h"
 #include "desktop/undo_offer.h"
@@ -84,6 +86,10 @@ class MainWindow : public wxFrame {
   void ShowTitle();
   bool MoveKeyboard(const wxKeyEvent& event);
   void SelectNode(const studio::StudioNode& node);
+  // The overview for the folder of the formulas, the editor for every other node.
+  void ShowUpperPane(const std::string& key);
+  // Selects a node and puts the keyboard into what is shown of it.
+  void GoToNode(const std::string& key);
   void SaveCode();
   // Runs a way of lists for the project that is open.
   void Exchange(void (ListExchange::*way)(editor::frmtabgrid&, project::Project&));
@@ -121,6 +127,8 @@ class MainWindow : public wxFrame {
   std::unique_ptr<ChangeWatch> watch_;
   std::unique_ptr<ProjectUndo> undo_;
   std::unique_ptr<HistoryList> history_;
+  std::unique_ptr<FormulaCommands> formulas_;
+  std::unique_ptr<NameSearch> names_;
 };
 
 }  // namespace desktop

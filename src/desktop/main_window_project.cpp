@@ -144,6 +144,7 @@ void MainWindow::EquipSession() {
   undo_ = std::make_unique<ProjectUndo>(parts_, messages_, *project_, *session_);
   undo_->on_done = [this] {
     code_.Refresh();
+    ShowUpperPane(tree_.SelectedKey());
     lookup_->ShowNode(tree_.SelectedKey());
     ShowTitle();
     undo_menu_.Update();
@@ -152,6 +153,20 @@ void MainWindow::EquipSession() {
   undo_menu_.Serve(undo_.get());
   undo_offer_.Serve(project_.get(), undo_.get());
   history_ = std::make_unique<HistoryList>(parts_, messages_, *project_, *undo_, panes_.history());
+  formulas_ = std::make_unique<FormulaCommands>(
+      FormulaCommands::Dependencies{parts_, messages_, *session_, panes_.overview(), panes_.strip(),
+                                    [this](const std::string& key) { GoToNode(key); },
+                                    [this] {
+                                      code_.Refresh();
+                                      undo_menu_.Update();
+                                    }});
+  names_ = std::make_unique<NameSearch>(
+      NameSearch::Dependencies{*this, parts_, messages_, *project_, *session_,
+                               [this](const std::string& key) { GoToNode(key); },
+                               [this](const std::string& prog_id) {
+                                 GoToNode(kFormulas);
+                                 panes_.overview().ShowClass(prog_id);
+                               }});
   backups_.Watch(*project_);
   if (parts_.state.folder().empty()) return;
   unsaved_ =
@@ -179,6 +194,8 @@ bool MainWindow::CloseProject() {
   title_ = {};
   panes_.notices().DismissAll();
   panes_.places().ShowPlaces({});
+  names_.reset();
+  formulas_.reset();
   undo_menu_.Serve(nullptr);
   undo_offer_.Serve(nullptr, nullptr);
   history_.reset();
@@ -188,7 +205,7 @@ bool MainWindow::CloseProject() {
   lookup_.reset();
   session_.reset();
   project_.reset();
-  panes_.ShowEditor(false);
+  panes_.ShowUpper(WindowPanes::Upper::kWelcome);
   ShowTitle();
   messages_.Status("");
   return true;

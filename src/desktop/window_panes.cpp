@@ -36,17 +36,23 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
       tree_(new ProjectTree(columns_, wx::ToWx(texts.Text(TextNumber::kTextTreeName)))),
       rows_(MakeSplitter(columns_)),
       upper_(new wxPanel(rows_)),
+      strip_(new FormulaStrip(upper_, texts)),
       editor_host_(new wxPanel(upper_)),
       welcome_(new Welcome(upper_, texts)),
+      overview_(new FormulaOverview(upper_, texts)),
       code_(new CodePane(rows_, texts)),
       lower_(new wxPanel(whole_)),
       search_(new SearchPane(lower_, texts)),
       history_(new HistoryPane(lower_, texts)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(strip_, wxSizerFlags().Expand());
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
   sizer->Add(welcome_, wxSizerFlags(1).Expand());
+  sizer->Add(overview_, wxSizerFlags(1).Expand());
   upper_->SetSizer(sizer);
+  strip_->Hide();
   editor_host_->Hide();
+  overview_->Hide();
   columns_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetSashGravity(kUpperShare);
@@ -96,9 +102,21 @@ void WindowPanes::Connect(LowerPane& pane) {
   };
 }
 
-void WindowPanes::ShowEditor(bool shown) {
-  editor_host_->Show(shown);
-  welcome_->Show(!shown);
+void WindowPanes::ShowStrip(bool shown) {
+  if (shown && !strip_->IsShown())
+    strip_->SetSize(upper_->GetClientSize().GetWidth(), strip_->GetBestSize().GetHeight());
+  strip_->Show(shown);
+  upper_->Layout();
+}
+
+void WindowPanes::ShowUpper(Upper upper) {
+  if (upper != Upper::kEditor) strip_->Hide();
+  // Its columns need room when they come into sight.
+  if (upper == Upper::kOverview && !overview_->IsShown())
+    overview_->SetSize(upper_->GetClientSize());
+  editor_host_->Show(upper == Upper::kEditor);
+  welcome_->Show(upper == Upper::kWelcome);
+  overview_->Show(upper == Upper::kOverview);
   upper_->Layout();
 }
 

@@ -7,6 +7,8 @@
 
 #include "desktop/code_pane.h"
 #include "desktop/desktop_state.h"
+#include "desktop/formula_overview.h"
+#include "desktop/formula_strip.h"
 #include "desktop/history_pane.h"
 #include "desktop/notice_bar.h"
 #include "desktop/place_list.h"
@@ -18,8 +20,9 @@ class wxSplitterWindow;
 
 namespace desktop {
 
-// What fills the main window: the tree at the left, at the right the editor (or the welcome while
-// no project is open) over the code, below all of it one of the lower panes, places and notices.
+// What fills the main window: the tree at the left, at the right the editor (the overview for all
+// formulas, the welcome while no project is open) over the code, below all of it one of the lower
+// panes, places and notices.
 class WindowPanes {
  public:
   // The frame owns the panes; it and the rest outlive this object.
@@ -30,11 +33,16 @@ class WindowPanes {
   ProjectTree& tree() const { return *tree_; }
   wxPanel& editor_host() const { return *editor_host_; }
   Welcome& welcome() const { return *welcome_; }
+  FormulaOverview& overview() const { return *overview_; }
+  FormulaStrip& strip() const { return *strip_; }
   CodePane& code() const { return *code_; }
   SearchPane& search() const { return *search_; }
   HistoryPane& history() const { return *history_; }
 
-  void ShowEditor(bool shown);
+  enum class Upper { kWelcome, kEditor, kOverview };
+  void ShowUpper(Upper upper);
+  // Above the editor.
+  void ShowStrip(bool shown);
   // As long as the window changes its size by itself, each step would share the new room between
   // table and code.
   void RestoreCodeHeight();
@@ -56,8 +64,10 @@ class WindowPanes {
   ProjectTree* tree_;
   wxSplitterWindow* rows_;
   wxPanel* upper_;
+  FormulaStrip* strip_;
   wxPanel* editor_host_;
   Welcome* welcome_;
+  FormulaOverview* overview_;
   CodePane* code_;
   wxPanel* lower_;
   SearchPane* search_;

@@ -19,6 +19,7 @@ class Split;
 
 enum class ColumnKind {
   kText,
+  kNumber,    // shown at the right
   kCheckBox,  // the cell is a boolean
   kDropDown,  // text, chosen or typed ahead from the column's list
 };

@@ -24,20 +24,24 @@ std::string CopiedCell(const Variant& value) {
 
 void RowView::SetRowSource(std::shared_ptr<RowSource> source) {
   source_ = std::move(source);
-  blocks_.clear();
   filter_.clear();
-  folded_.clear();
-  passing_.clear();
+  ForgetRows();
+  Arrange();
   current_id_.reset();
   selection_.clear();
   Notify(Property::kRows);
 }
 
-void RowView::Rebind() {
-  auto old_id = current_id_;
+void RowView::ForgetRows() {
   blocks_.clear();
   folded_.clear();
-  if (!filter_.empty()) ApplyFilter();
+  order_.clear();
+}
+
+void RowView::Rebind() {
+  auto old_id = current_id_;
+  ForgetRows();
+  Arrange();
   KeepExistingSelection();
   KeepCurrentRow();
   Notify(Property::kRows);
@@ -52,8 +56,8 @@ void RowView::RefreshCells() {
 
 void RowView::KeepPassingSelection() {
   std::set<std::int64_t> passing;
-  for (const std::size_t index : passing_) {
-    if (selection_.contains(ids_[index])) passing.insert(passing.end(), ids_[index]);
+  for (const std::size_t index : shown_) {
+    if (selection_.contains(ids_[index])) passing.insert(ids_[index]);
   }
   selection_ = std::move(passing);
 }
@@ -79,26 +83,30 @@ void RowView::KeepCurrentRow() {
 
 std::size_t RowView::RowCount() const {
   if (!source_) return 0;
-  return filter_.empty() ? source_->RowCount() : passing_.size();
+  return Arranged() ? shown_.size() : source_->RowCount();
 }
 
+// In another order neighbours do not lie in one block.
 const Row* RowView::SourceRow(std::size_t index) const {
-  std::size_t block = index / kBlockRows;
+  const std::size_t rows = sort_ ? 1 : kBlockRows;
+  const std::size_t kept = kBlocksKept * kBlockRows / rows;
+  const std::size_t block = index / rows;
   auto found = blocks_.find(block);
   if (found == blocks_.end()) {
-    if (blocks_.size() >= kBlocksKept) blocks_.clear();
-    found = blocks_.emplace(block, source_->Rows(block * kBlockRows, kBlockRows)).first;
+    if (blocks_.size() >= kept) blocks_.clear();
+    found = blocks_.emplace(block, source_->Rows(block * rows, rows)).first;
   }
-  std::size_t offset = index % kBlockRows;
+  const std::size_t offset = index % rows;
   return offset < found->second.size() ? &found->second[offset] : nullptr;
 }
 
 const Row* RowView::RowAt(std::size_t position) const {
   if (position >= RowCount()) return nullptr;
-  return SourceRow(filter_.empty() ? position : passing_[position]);
+  return SourceRow(Arranged() ? shown_[position] : position);
 }
 
 std::int64_t RowView::IdAt(std::size_t position) const {
+  if (Arranged()) return position < shown_.size() ? ids_[shown_[position]] : 0;
   const Row* row = RowAt(position);
   return row ? row->id : 0;
 }
@@ -106,10 +114,9 @@ std::int64_t RowView::IdAt(std::size_t position) const {
 std::optional<std::size_t> RowView::PositionOf(std::int64_t id) const {
   if (!source_) return std::nullopt;
   auto index = source_->IndexOf(id);
-  if (!index || filter_.empty()) return index;
-  auto found = std::lower_bound(passing_.begin(), passing_.end(), *index);
-  if (found == passing_.end() || *found != *index) return std::nullopt;
-  return static_cast<std::size_t>(found - passing_.begin());
+  if (!index || !Arranged()) return index;
+  if (*index >= places_.size() || places_[*index] == kHidden) return std::nullopt;
+  return places_[*index];
 }
 
 Variant RowView::Cell(std::size_t position, std::size_t column) const {
@@ -135,13 +142,19 @@ void RowView::ReadFoldedRows() {
   }
 }
 
-void RowView::ApplyFilter() {
-  passing_.clear();
-  if (!source_) return;
-  if (folded_.empty()) ReadFoldedRows();
-  std::string wanted = platform::FoldCase(filter_);
-  for (std::size_t i = 0; i < folded_.size(); ++i) {
-    if (folded_[i].find(wanted) != std::string::npos) passing_.push_back(i);
+void RowView::Arrange() {
+  shown_.clear();
+  places_.clear();
+  if (!source_ || !Arranged()) return;
+  if (sort_ && order_.empty()) order_ = SortedRows(*source_, *sort_, ids_);
+  if (!filter_.empty() && folded_.empty()) ReadFoldedRows();
+  const std::string wanted = platform::FoldCase(filter_);
+  places_.assign(ids_.size(), kHidden);
+  for (std::size_t i = 0; i < ids_.size(); ++i) {
+    const std::size_t row = sort_ ? order_[i] : i;
+    if (!filter_.empty() && folded_[row].find(wanted) == std::string::npos) continue;
+    places_[row] = shown_.size();
+    shown_.push_back(row);
   }
 }
 
@@ -151,15 +164,20 @@ void RowView::SetFilter(std::string_view text) {
   auto old_id = current_id_;
   filter_ = text;
   known_position_ = 0;
-  if (filter_.empty()) {
-    passing_.clear();  // the texts stay for the next filter, until a row changes
-  } else {
-    ApplyFilter();
-    KeepPassingSelection();
-  }
+  Arrange();  // the texts stay for the next filter, until a row changes
+  if (!filter_.empty()) KeepPassingSelection();
   KeepCurrentRow();
   Notify(Property::kRows);
   if (current_id_ != old_id && on_current_row) on_current_row();
+}
+
+void RowView::SetSort(const std::optional<RowSort>& sort) {
+  if (sort_ == sort || !LeaveRow()) return;
+  sort_ = sort;
+  ForgetRows();
+  Arrange();
+  KeepCurrentRow();
+  Notify(Property::kRows);
 }
 
 std::optional<std::size_t> RowView::CurrentPosition() const {

@@ -14,12 +14,13 @@
 
 #include "forms/control.h"
 #include "forms/keys.h"
+#include "forms/row_order.h"
 #include "forms/row_source.h"
 
 namespace forms {
 
-// Positions count the rows that pass the filter, from 0; IDs name rows for good. Current row and
-// selection are kept by ID, so that they survive reloading.
+// Positions count the rows that pass the filter, from 0, in the order shown; IDs name rows for
+// good. Current row and selection are kept by ID, so that they survive reloading.
 class RowView : public Control {
  public:
   using Control::Control;
@@ -44,6 +45,11 @@ class RowView : public Control {
   // keeps all.
   void SetFilter(std::string_view text);
   const std::string& Filter() const { return filter_; }
+
+  // Orders the rows by a column; nothing shows them in the order of their source. A row whose cell
+  // changes stays where it is until all rows are read again.
+  void SetSort(const std::optional<RowSort>& sort);
+  const std::optional<RowSort>& Sort() const { return sort_; }
 
   // The row with the keyboard; nothing when there are no rows or none was chosen.
   std::optional<std::int64_t> CurrentId() const { return current_id_; }
@@ -87,11 +93,15 @@ class RowView : public Control {
  private:
   static constexpr std::size_t kBlockRows = 256;
   static constexpr std::size_t kBlocksKept = 32;
+  static constexpr std::size_t kHidden = static_cast<std::size_t>(-1);
 
   const Row* RowAt(std::size_t position) const;
   const Row* SourceRow(std::size_t index) const;
+  // Whether a filter or an order says where rows stand, not the source.
+  bool Arranged() const { return sort_.has_value() || !filter_.empty(); }
+  void Arrange();
   void ReadFoldedRows();
-  void ApplyFilter();
+  void ForgetRows();
   void KeepPassingSelection();
   void KeepExistingSelection();
   void KeepCurrentRow();
@@ -99,9 +109,12 @@ class RowView : public Control {
   std::shared_ptr<RowSource> source_;
   mutable std::unordered_map<std::size_t, std::vector<Row>> blocks_;
   std::string filter_;
-  std::vector<std::string> folded_;   // text of each row of the source since the last filter
-  std::vector<std::int64_t> ids_;     // of the same rows
-  std::vector<std::size_t> passing_;  // rows of the source that pass the filter
+  std::vector<std::string> folded_;  // text of each row of the source since the last filter
+  std::optional<RowSort> sort_;
+  std::vector<std::size_t> order_;   // all rows of the source, sorted
+  std::vector<std::int64_t> ids_;    // of all rows of the source, while it is arranged
+  std::vector<std::size_t> shown_;   // rows of the source as they are shown, while it is arranged
+  std::vector<std::size_t> places_;  // of all rows of the source among those shown
   std::optional<std::int64_t> current_id_;
   std::size_t known_position_ = 0;  // of the current row when it was last looked up
   std::set<std::int64_t> selection_;

@@ -51,7 +51,8 @@ std::span<const Row> DatabaseMessageRows();   // 2200 to 2599: database engine
 std::span<const Row> RecordsetMessageRows();  // 2600 to 2799: connections, recordsets, queries
 std::span<const Row> SourceMessageRows();     // 2800 to 2899: Visual Basic files
 
-std::span<const Row> ListRows();  // 4100 to 4199: lists in the window
+std::span<const Row> ListRows();   // 4100 to 4199: lists in the window
+std::span<const Row> PlantRows();  // 4300 to 4399: overview of formulas, going to a name
 
 std::span<const Row> ExchangeRows();  // 3400 to 3599: import, export, series
 

@@ -48,6 +48,7 @@ std::span<const Area> Areas() {
       {"search", 3900, 3999, SearchRows()},
       {"lists", 4100, 4199, ListRows()},
       {"panes", 4200, 4299, PaneRows()},
+      {"plant", 4300, 4399, PlantRows()},
   });
   return kAreas;
 }

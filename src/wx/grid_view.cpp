@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "wx/grid_view.h"
 
+#include <wx/utils.h>
+
 #include <algorithm>
 
 #include "wx/convert.h"
@@ -52,6 +54,10 @@ void GridView::BuildColumns() {
   has_rest_ = false;
   AppendRestIfNeeded();
   built_ = Columns();
+  Native().WatchHeaders([this](std::size_t column) {
+    if (column < grid_.ColumnCount()) Later([this, column] { SortByHeader(column); });
+  });
+  ShowSort();
   Native().WatchOrder(
       [this] { Later([this] { TakeOrder(); }); },
       [this](std::size_t column, NativeList::Neighbour left, NativeList::Neighbour right) {
@@ -111,6 +117,7 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
         "bool", model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_ACTIVATABLE);
     alignment = wxALIGN_CENTER;
   } else {
+    if (model.Kind() == forms::ColumnKind::kNumber) alignment = wxALIGN_RIGHT;
     renderer = NewTextRenderer(model.Locked() ? wxDATAVIEW_CELL_INERT : wxDATAVIEW_CELL_EDITABLE);
     renderer->EnableEllipsize(wxELLIPSIZE_END);
     editor_.Watch(*renderer, number);
@@ -122,6 +129,24 @@ wxDataViewColumn* GridView::MakeColumn(std::size_t number) {
                            ShownWidth(number), alignment, flags);
   column->SetMinWidth(List().FromDIP(kMinWidth));
   return column;
+}
+
+// A column that was clicked again turns the order round, and then gives it up.
+void GridView::SortByHeader(std::size_t column) {
+  const std::optional<forms::RowSort>& sort = grid_.Sort();
+  if (!sort || sort->column != column) return SortBy(forms::RowSort{column, false});
+  SortBy(sort->descending ? std::nullopt : std::optional(forms::RowSort{column, true}));
+}
+
+void GridView::SortBy(const std::optional<forms::RowSort>& sort) {
+  const wxBusyCursor busy;  // all rows are read
+  grid_.SetSort(sort);
+  ShowSort();
+}
+
+void GridView::ShowSort() {
+  const std::optional<forms::RowSort>& sort = grid_.Sort();
+  Native().ShowSort(sort ? std::optional(sort->column) : std::nullopt, sort && sort->descending);
 }
 
 std::vector<std::size_t> GridView::ShownColumns() const { return grid_.ShownColumns(); }
@@ -172,7 +197,14 @@ void GridView::Show(forms::Property property) {
   grid_.EditActive() ? editor_.OnModelBegan() : editor_.OnModelEnded();
 }
 
-bool GridView::OnKey(const wxKeyEvent& event) { return editor_.OnKey(event); }
+// Alt with an arrow key orders the rows by the column with the keyboard.
+bool GridView::OnKey(const wxKeyEvent& event) {
+  const int code = event.GetKeyCode();
+  if (event.GetModifiers() != wxMOD_ALT || (code != WXK_UP && code != WXK_DOWN))
+    return editor_.OnKey(event);
+  SortBy(forms::RowSort{grid_.CurrentColumn(), code == WXK_DOWN});
+  return true;
+}
 
 void GridView::TakeColumn() {
   std::size_t current = NumberOf(List().GetCurrentColumn());

@@ -29,6 +29,9 @@ class GridView : public RowsView {
   bool StaysInSplit(std::size_t column, NativeList::Neighbour left,
                     NativeList::Neighbour right) const;
   void TakeOrder();
+  void SortByHeader(std::size_t column);
+  void SortBy(const std::optional<forms::RowSort>& sort);
+  void ShowSort();
   std::size_t NumberOf(const wxDataViewColumn* column) const;
 
   forms::Grid& grid_;

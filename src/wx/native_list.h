@@ -60,6 +60,10 @@ class NativeList {
       std::function<bool(std::size_t column, Neighbour left, Neighbour right)> may_stand);
   // The numbers of all columns in the model, from left to right.
   std::vector<std::size_t> Order() const;
+  // The user clicked the header of a column, named by its number in the model.
+  void WatchHeaders(std::function<void(std::size_t column)> on_header);
+  // Marks the column that the rows are ordered by; nothing marks none.
+  void ShowSort(std::optional<std::size_t> column, bool descending);
   // Columns that were watched are gone.
   void ForgetColumns();
 

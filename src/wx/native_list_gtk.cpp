@@ -62,6 +62,7 @@ struct NativeList::State {
   std::function<bool(const CellPress&)> on_press;
   std::function<void()> on_order;
   std::function<bool(std::size_t, Neighbour, Neighbour)> may_stand;
+  std::function<void(std::size_t)> on_header;
   std::string empty_text;
   std::vector<std::unique_ptr<Watched>> watched;
   std::vector<std::unique_ptr<Width>> widths;
@@ -137,6 +138,10 @@ struct NativeList::State {
   static void OnColumns(GtkTreeView*, gpointer data) {
     auto& state = *static_cast<State*>(data);
     if (state.on_order) state.on_order();
+  }
+  static void OnHeader(GtkTreeViewColumn* column, gpointer data) {
+    auto& state = *static_cast<State*>(data);
+    if (state.on_header) state.on_header(state.NumberOf(column));
   }
   static gboolean MayDrop(GtkTreeView*, GtkTreeViewColumn* column, GtkTreeViewColumn* left,
                           GtkTreeViewColumn* right, gpointer data) {
@@ -224,7 +229,28 @@ std::vector<std::size_t> NativeList::Order() const {
   return order;
 }
 
+void NativeList::WatchHeaders(std::function<void(std::size_t column)> on_header) {
+  state_->on_header = std::move(on_header);
+  for (unsigned i = 0; i < state_->list->GetColumnCount(); ++i) {
+    auto* column = GTK_TREE_VIEW_COLUMN(state_->list->GetColumn(i)->GetGtkHandle());
+    gtk_tree_view_column_set_clickable(column, TRUE);
+    state_->column_handlers.push_back(
+        std::make_unique<Handler>(column, "clicked", G_CALLBACK(State::OnHeader), state_.get()));
+  }
+}
+
+void NativeList::ShowSort(std::optional<std::size_t> number, bool descending) {
+  for (unsigned i = 0; i < state_->list->GetColumnCount(); ++i) {
+    wxDataViewColumn* column = state_->list->GetColumn(i);
+    auto* native = GTK_TREE_VIEW_COLUMN(column->GetGtkHandle());
+    gtk_tree_view_column_set_sort_indicator(native, number == column->GetModelColumn());
+    gtk_tree_view_column_set_sort_order(native,
+                                        descending ? GTK_SORT_DESCENDING : GTK_SORT_ASCENDING);
+  }
+}
+
 void NativeList::ForgetColumns() {
+  state_->on_header = nullptr;
   state_->on_press = nullptr;
   if (state_->on_order) {
     gtk_tree_view_set_column_drag_function(state_->tree, nullptr, nullptr, nullptr);

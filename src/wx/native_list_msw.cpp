@@ -104,6 +104,7 @@ struct NativeList::State {
   std::function<bool(const CellPress&)> on_press;
   std::function<void()> on_order;
   std::function<bool(std::size_t, Neighbour, Neighbour)> may_stand;
+  std::function<void(std::size_t)> on_header;
   std::vector<std::function<void(int)>> on_width;  // by the order in which columns were appended
 
   // What was drawn while a dialog disabled the window is grey.
@@ -207,6 +208,10 @@ NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>())
     event.Skip();
     if (state->on_order) state->on_order();
   });
+  list.Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [state](wxDataViewEvent& event) {
+    if (state->on_header && event.GetDataViewColumn())
+      state->on_header(event.GetDataViewColumn()->GetModelColumn());
+  });
   state->BindHeader();
   state->top = wxGetTopLevelParent(&list);
   state->top->Bind(wxEVT_ACTIVATE, &State::OnActivate, state);
@@ -252,7 +257,23 @@ void NativeList::WatchOrder(std::function<void()> on_order,
 
 std::vector<std::size_t> NativeList::Order() const { return state_->Order(); }
 
+void NativeList::WatchHeaders(std::function<void(std::size_t column)> on_header) {
+  state_->on_header = std::move(on_header);
+}
+
+void NativeList::ShowSort(std::optional<std::size_t> number, bool descending) {
+  for (unsigned i = 0; i < state_->list->GetColumnCount(); ++i) {
+    wxDataViewColumn& column = *state_->list->GetColumn(i);
+    if (number == column.GetModelColumn()) {
+      column.SetSortOrder(!descending);
+    } else if (column.IsSortKey()) {
+      column.UnsetAsSortKey();
+    }
+  }
+}
+
 void NativeList::ForgetColumns() {
+  state_->on_header = nullptr;
   state_->on_press = nullptr;
   state_->on_order = nullptr;
   state_->may_stand = nullptr;

@@ -217,6 +217,48 @@ TEST_F(GridTest, FilterKeepsPositionsAndIdsTogether) {
   EXPECT_EQ(grid.RowCount(), 3u);
 }
 
+TEST_F(GridTest, OrderKeepsPositionsAndIdsTogether) {
+  const char* const names[] = {"tank10", "Tank2", "", "Ölstand", "Tank02", "tank2x"};
+  rows->All().clear();
+  for (const char* name : names) {
+    rows->All().push_back(
+        {10 + static_cast<std::int64_t>(rows->All().size()), {Variant(name), Variant(false)}});
+  }
+  rows->All()[3].cells[1] = Variant(true);
+  grid.Rebind();
+  grid.SetCurrentId(13);
+  grid.SetSelection({11, 13});
+  const auto ids = [&] {
+    std::vector<std::int64_t> shown;
+    for (std::size_t i = 0; i < grid.RowCount(); ++i) {
+      shown.push_back(grid.IdAt(i));
+      EXPECT_EQ(grid.PositionOf(shown.back()), i);
+      EXPECT_EQ(grid.Cell(i, 0), rows->All()[static_cast<std::size_t>(shown[i] - 10)].cells[0]);
+    }
+    return shown;
+  };
+  using Ids = std::vector<std::int64_t>;
+  grid.SetSort(RowSort{0, false});
+  EXPECT_EQ(ids(), (Ids{12, 14, 11, 15, 10, 13}));
+  EXPECT_EQ(grid.CurrentId(), 13);
+  EXPECT_EQ(grid.SelectedIds(), (Ids{11, 13}));
+  grid.SetSort(RowSort{0, true});
+  EXPECT_EQ(ids(), (Ids{13, 10, 15, 11, 14, 12}));
+  grid.SetFilter("tank");
+  EXPECT_EQ(ids(), (Ids{10, 15, 11, 14}));
+  EXPECT_EQ(grid.SelectedIds(), (Ids{11}));
+  EXPECT_EQ(grid.PositionOf(13), std::nullopt);
+  grid.SetFilter("");
+  rows->All().pop_back();
+  rows->All()[0].cells[0] = Variant("A");
+  grid.Rebind();
+  EXPECT_EQ(ids(), (Ids{13, 11, 14, 10, 12})) << "what changed has another place";
+  grid.SetSort(RowSort{1, true});
+  EXPECT_EQ(ids(), (Ids{13, 10, 11, 12, 14})) << "equal ones as they come";
+  grid.SetSort(std::nullopt);
+  EXPECT_EQ(ids(), (Ids{10, 11, 12, 13, 14}));
+}
+
 TEST_F(GridTest, ColumnsStayInTheirSplit) {
   struct Case {
     std::int32_t alias, in, out;

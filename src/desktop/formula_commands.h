@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/formula_overview.h"
+#include "desktop/formula_strip.h"
+#include "desktop/window_messages.h"
+#include "desktop/window_parts.h"
+#include "messages/message.h"
+#include "store/operations.h"
+#include "studio/add_in_session.h"
+
+namespace desktop {
+
+// Fills the overview of formulas and the strip of one, and does to the formulas that are selected
+// there what their user wants: to several of them in one operation.
+class FormulaCommands {
+ public:
+  // All of it outlives this object.
+  struct Dependencies {
+    const WindowParts& parts;
+    const WindowMessages& messages;
+    studio::AddInSession& session;
+    FormulaOverview& overview;
+    FormulaStrip& strip;
+    std::function<void(const std::string& key)> select_node;
+    std::function<void()> on_changed;  // formulas were changed here
+  };
+
+  explicit FormulaCommands(Dependencies own);
+  // The overview does nothing any more.
+  ~FormulaCommands();
+  FormulaCommands(const FormulaCommands&) = delete;
+  FormulaCommands& operator=(const FormulaCommands&) = delete;
+
+  // Reads all formulas and shows them.
+  void Show();
+  // Shows in the strip what the formula of a node is; false for a node that is none.
+  bool ShowStrip(const std::string& key);
+
+ private:
+  using Change = std::function<void(store::FormulaValues&)>;
+
+  void OnKey(forms::KeyEvent& event);
+  void ShowMenu();
+  void Open();
+  void EditField(const std::string& control);
+  // A command of the tree, on the node of the key.
+  void RunTreeKey(const std::string& key, std::int16_t code);
+  void Edit();
+  void ShowCode();
+  void Delete();
+  void DeleteMany(const std::vector<std::int32_t>& ids);
+  void Toggle();
+  void Enable(bool enabled);
+  void SetCallType(std::int32_t type);
+  void Move(const std::string& prog_id);
+  // Changes those of the selected formulas that differ then, as one operation of that title.
+  void ChangeSelected(const messages::Message& title, const Change& change, bool with_code = false);
+  store::OperationResult ChangeAll(const std::vector<std::int32_t>& ids, const Change& change,
+                                   const store::EditFormulaOptions& options,
+                                   store::FormulaRecord& last);
+  // The selected formulas; says so when there is none.
+  std::vector<std::int32_t> RequireSelected() const;
+  void CopyNames() const;
+  bool MayDelete(const std::vector<std::int32_t>& ids) const;
+  void Done(int text_of_one, std::size_t count);
+  editor::frmtabgrid* Editor() const { return own_.session.add_in().EditorWindow(); }
+  std::string Text(int number) const { return own_.parts.Text(number); }
+
+  const Dependencies own_;
+  std::string strip_key_;  // of the formula in the strip
+};
+
+}  // namespace desktop
