@@ -18,8 +18,10 @@ bool IsStoredFormula(std::string_view key) {
   return editor::KeyKind(key) == editor::kFormulaKind && editor::KeyNumber(key) > 0;
 }
 
-// New formulas are made on the folder, the other commands concern a formula.
+// New formulas are made on the folder, the other commands concern a formula; pasted ones belong to
+// neither.
 bool Applies(const editor::ToolRow& tool, std::string_view key) {
+  if (tool.action == editor::kPaste) return IsFormulaFolder(key) || IsStoredFormula(key);
   return tool.action == editor::kNew ? IsFormulaFolder(key) : IsStoredFormula(key);
 }
 

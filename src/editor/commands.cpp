@@ -87,11 +87,13 @@ void Commands::mnuFunction(std::int16_t action) {
     NewFormula();
     return;
   }
+  if (action == kPaste) return lists_.PasteFormulas();
   const std::int32_t id = KeyNumber(view_.ContextKey());
   if (!context_.operations.FindFormula(id)) return;
   if (action == kEdit) EditFormula(id);
   if (action == kDelete) DeleteFormula(id);
   if (action == kShowCode) ShowCode(id);
+  if (action == kCopy) lists_.CopyFormula(id);
   if (action == kDuplicate) lists_.Duplicate(id);
 }
 

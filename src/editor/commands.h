@@ -18,7 +18,15 @@
 namespace editor {
 
 // Actions of the commands of formulas (all), arguments and aliases.
-enum Action : std::int16_t { kNew = 0, kEdit = 1, kDelete = 2, kShowCode = 3, kDuplicate = 4 };
+enum Action : std::int16_t {
+  kNew = 0,
+  kEdit = 1,
+  kDelete = 2,
+  kShowCode = 3,
+  kDuplicate = 4,
+  kCopy = 5,
+  kPaste = 6
+};
 enum GridAction : std::int16_t { kEditCell = 0, kCopyRows = 1, kPasteCell = 2 };
 enum ExtraAction : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, kReport = 7 };
 

@@ -6,8 +6,10 @@
 
 #include "dialogs/list_texts.h"
 #include "editor/node_key.h"
+#include "exchange/export_text.h"
 #include "exchange/pasted_rows.h"
 #include "messages/error.h"
+#include "platform/prog_id.h"
 #include "store/project_rows.h"
 
 namespace editor {
@@ -18,13 +20,43 @@ void ListCommands::Import(const dialogs::ListToImport& list) {
 }
 
 void ListCommands::Duplicate(std::int32_t formula_id) {
-  const auto formula = context_.operations.FindFormula(formula_id);
-  if (!formula) return;
-  exchange::CopySource source;
-  source.formula = *formula;
-  source.arguments = context_.operations.ArgumentsOf(formula_id);
-  source.code = context_.code.FunctionText(formula->prog_id, formula->name, false);
+  const exchange::CopySource source = SourceOf(formula_id);
   if (const auto result = dialogs::DuplicateFormula(context_.dialog_context, source)) Show(*result);
+}
+
+exchange::CopySource ListCommands::SourceOf(std::int32_t formula_id) {
+  exchange::CopySource source;
+  source.formula = context_.operations.FindFormula(formula_id).value();
+  source.arguments = context_.operations.ArgumentsOf(formula_id);
+  source.code = context_.code.FunctionText(source.formula.prog_id, source.formula.name, false);
+  return source;
+}
+
+void ListCommands::CopyFormula(std::int32_t formula_id) {
+  const exchange::CopySource source = SourceOf(formula_id);
+  context_.services.toolkit.SetClipboardText(
+      exchange::FormulaAsJson(source.formula, source.arguments, source.code));
+}
+
+void ListCommands::PasteFormulas() {
+  dialogs::ListToImport list;
+  list.name = context_.Text(dialogs::kTextClipboard);
+  list.create_aliases = true;
+  try {
+    list.contents = exchange::ReadList(context_.services.toolkit.ClipboardText());
+  } catch (const messages::Error& error) {
+    return context_.messages.Warn(context_.Text(dialogs::kTextCannotPaste), error);
+  }
+  // A class that this project lacks is asked for.
+  const std::vector<store::ClassEntry> classes = context_.operations.Classes().classes;
+  for (exchange::FormulaRow& formula : list.contents.formulas) {
+    const bool is_known = std::ranges::any_of(classes, [&](const store::ClassEntry& entry) {
+      return platform::ProgId(entry.prog_id).IsNamed(formula.prog_id);
+    });
+    if (!is_known) formula.prog_id = {};
+  }
+  list.title = {{dialogs::kTextPasteTitle}, {{"<Count>", list.contents.formulas.size()}}};
+  Import(list);
 }
 
 // The tree has the formulas.

@@ -9,6 +9,7 @@
 #include "editor/editor_context.h"
 #include "editor/editor_view.h"
 #include "exchange/contents.h"
+#include "exchange/formula_copy.h"
 
 namespace editor {
 
@@ -22,6 +23,10 @@ class ListCommands {
   void Import(const dialogs::ListToImport& list);
   // Makes copies of a formula as the user says.
   void Duplicate(std::int32_t formula_id);
+  // Puts a formula with arguments and code on the clipboard.
+  void CopyFormula(std::int32_t formula_id);
+  // Takes what the clipboard has as a list with formulas, with a preview.
+  void PasteFormulas();
   // The rows as lines for a spreadsheet, which also say all that a paste into any project needs.
   std::string ArgumentLines(const std::vector<std::int32_t>& ids);
   // Takes lines of the clipboard as rows for the table of the node that is shown, with a preview.
@@ -29,6 +34,8 @@ class ListCommands {
   bool Paste(bool has_cell);
 
  private:
+  // The formula must be there.
+  exchange::CopySource SourceOf(std::int32_t formula_id);
   void Show(const store::OperationResult& result);
   exchange::Contents ReadPasted(std::string text);
 

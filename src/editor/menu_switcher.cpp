@@ -40,6 +40,8 @@ std::vector<ToolState> ToolStates(const MenuContext& context) {
       {"mnuFunctionDelete", formula, 0},
       {"mnuFunctionShowCode", formula, 0},
       {"mnuFunctionDuplicate", formula, 0},
+      {"mnuFunctionCopy", formula, 0},
+      {"mnuFunctionPaste", formulas, 0},
       {"mnuParameterDescriptor", context.toolbar_flag && formulas, 0},
       {"mnuParameterNew", formula, 0},
       {"mnuParameterEdit", formula, 0},

@@ -39,6 +39,8 @@ constexpr ToolRow kTools[] = {
     {"mnuFunctionDelete", 143, kCommand, kDeleteKey, "delete", 1642, kFunction, kDelete},
     {"mnuFunctionShowCode", 144, kCommand, kNoKey, "code", 1643, kFunction, kShowCode},
     {"mnuFunctionDuplicate", 4160, kCommand, kNoKey, "", 4161, kFunction, kDuplicate},
+    {"mnuFunctionCopy", 1661, kCommand, kCopyKey, "", 0, kFunction, kCopy},
+    {"mnuFunctionPaste", 1662, kCommand, kPasteKey, "", 0, kFunction, kPaste},
     {"mnuShowEditorSep", 0, ToolKind::kSeparator},
     {kShowEditorTool, 170, kCommand, kEditorKey},
     {"mnuParameterDescriptor", 150, ToolKind::kLabel},
@@ -76,7 +78,8 @@ struct BandRow {
 const BandRow kBands[] = {
     {kFunctionBand,
      {"mnuFunctionDescriptor", "mnuFunctionNew", "mnuFunctionEdit", "mnuFunctionDelete",
-      "mnuFunctionShowCode", "mnuFunctionDuplicate", "mnuShowEditorSep", kShowEditorTool}},
+      "mnuFunctionShowCode", "mnuFunctionDuplicate", "mnuFunctionCopy", "mnuFunctionPaste",
+      "mnuShowEditorSep", kShowEditorTool}},
     {kParameterBand,
      {"mnuParameterDescriptor", "mnuParameterNew", "mnuParameterEdit", "mnuParameterDelete",
       "mnuGridSep", "Edit", "Copy", "Paste"}},

@@ -38,7 +38,9 @@ class Output {
 
 std::string Truth(bool value) { return value ? "true" : "false"; }
 
-std::string Object(std::initializer_list<std::pair<std::string_view, std::string>> members) {
+using Members = std::vector<std::pair<std::string_view, std::string>>;
+
+std::string Object(const Members& members) {
   std::string text = "{";
   for (const auto& [name, value] : members) {
     if (text.size() > 1) text += ", ";
@@ -57,6 +59,17 @@ std::string ArgumentsJson(const std::vector<store::ArgumentRecord>& arguments) {
                                                  {"Out", Truth(argument.out)}});
   }
   return "[" + list + "]";
+}
+
+Members FormulaMembers(const store::FormulaRecord& formula,
+                       const std::vector<store::ArgumentRecord>& arguments) {
+  return {{"Name", JsonString(formula.name)},
+          {"ProgID", JsonString(formula.prog_id)},
+          {"Type", std::to_string(formula.type)},
+          {"ScanTime", std::to_string(formula.scan_time)},
+          {"Enabled", Truth(formula.enabled)},
+          {"Comment", formula.comment_is_null ? "null" : JsonString(formula.comment)},
+          {"arguments", ArgumentsJson(arguments)}};
 }
 
 // An array of objects, a line each.
@@ -156,19 +169,20 @@ void ExportJson(store::Operations& operations, const ExportedRows& rows, const S
   if (rows.formulas) {
     JsonArray formulas(output, "formulas");
     operations.ForEachFormula([&](const store::FormulaRecord& formula) {
-      formulas.Add(
-          Object({{"Name", JsonString(formula.name)},
-                  {"ProgID", JsonString(formula.prog_id)},
-                  {"Type", std::to_string(formula.type)},
-                  {"ScanTime", std::to_string(formula.scan_time)},
-                  {"Enabled", Truth(formula.enabled)},
-                  {"Comment", formula.comment_is_null ? "null" : JsonString(formula.comment)},
-                  {"arguments", ArgumentsJson(operations.ArgumentsOf(formula.id))}}));
+      formulas.Add(Object(FormulaMembers(formula, operations.ArgumentsOf(formula.id))));
     });
     formulas.End();
   }
   output.text() += "}\n";
   output.Pass(0);
+}
+
+std::string FormulaAsJson(const store::FormulaRecord& formula,
+                          const std::vector<store::ArgumentRecord>& arguments,
+                          std::string_view code) {
+  Members members = FormulaMembers(formula, arguments);
+  if (!code.empty()) members.emplace_back("Code", JsonString(code));
+  return "{\"formulas\": [" + Object(members) + "]}\n";
 }
 
 std::size_t ExportCsv(store::Operations& operations, TableKind kind, const Sink& sink) {

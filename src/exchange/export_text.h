@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "exchange/table_header.h"
 #include "store/operations.h"
@@ -26,5 +28,10 @@ void ExportJson(store::Operations& operations, const ExportedRows& rows, const S
 // A table of aliases or of formulas: comma, CR LF, a header. No cell can be run by a spreadsheet.
 // Returns how many cells hold control characters, which a table cannot carry: JSON can.
 std::size_t ExportCsv(store::Operations& operations, TableKind kind, const Sink& sink);
+
+// One formula as JSON, with the text of its procedure.
+std::string FormulaAsJson(const store::FormulaRecord& formula,
+                          const std::vector<store::ArgumentRecord>& arguments,
+                          std::string_view code);
 
 }  // namespace exchange

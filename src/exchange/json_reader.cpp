@@ -87,6 +87,8 @@ class JsonReader {
       formula.enabled = Truth(row.problem);
     } else if (name == "Comment") {
       formula.comment = Text(row.problem);
+    } else if (name == "Code") {
+      formula.code = Text(row.problem).value_or("");
     } else if (name == "arguments" && json_.Peek() == Kind::kArray) {
       formula.all_arguments = true;
       json_.ReadArray([&] { ReadArgument(row); });

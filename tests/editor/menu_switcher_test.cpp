@@ -54,20 +54,24 @@ TEST(MenuSwitcher, ShowsWhatAppliesToTheNode) {
       {{"FOR0", false, 1, 1, true}, ""},
       {{"FOR0", true, 1, 1, true}, "ShowEditorSep ShowEditor ShowEditorHelper"},
       {{"VARS7", false, 1, 1, true}, ""},
-      {{"FORF0", false, 0, 0, false}, "FunctionNew Functions"},
+      {{"FORF0", false, 0, 0, false}, "FunctionNew FunctionPaste Functions"},
       {{"FORF0", true, 1, 0, false},
-       "FunctionDescriptor FunctionNew ShowEditorSep ShowEditor ParameterDescriptor Functions "
+       "FunctionDescriptor FunctionNew FunctionPaste ShowEditorSep ShowEditor ParameterDescriptor "
+       "Functions "
        "ShowEditorHelper"},
       {{"FORF12", false, 0, 3, true},
-       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate ParameterNew ParameterEdit "
+       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate FunctionCopy FunctionPaste "
+       "ParameterNew ParameterEdit "
        "Functions "
        "Parameters"},
       {{"FORF12", false, 2, 0, false},
-       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate ParameterNew ParameterEdit "
+       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate FunctionCopy FunctionPaste "
+       "ParameterNew ParameterEdit "
        "ParameterDelete "
        "Functions Parameters"},
       {{"FORF", false, 0, 0, false},
-       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate ParameterNew ParameterEdit "
+       "FunctionEdit FunctionDelete FunctionShowCode FunctionDuplicate FunctionCopy FunctionPaste "
+       "ParameterNew ParameterEdit "
        "Functions "
        "Parameters"},
       {{"FORA0", false, 2, 0, false}, "AliasNew Aliases"},

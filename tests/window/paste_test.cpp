@@ -66,6 +66,34 @@ TEST_F(PasteTest, FormulasAreDuplicatedFromTheirMenu) {
   EXPECT_NE(plant.Code("CPump").find("Public Sub Fill3()"), std::string::npos);
 }
 
+// With the keys of the tree: a formula, changed as text on its way, comes with arguments and code.
+TEST_F(PasteTest, FormulasAreCopiedAndPastedInTheTree) {
+  ASSERT_TRUE(program.Open());
+  wx::ToClipboard("Tank1.Level\tLevel\n");
+  Input({"key --delay 60 Home Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Return sleep 0.8"});
+  wx::ToClipboard("Level\tx\n\n");
+  Input({"key alt+F6 key --delay 60 Down Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Return sleep 0.8"});
+  Input({"key alt+F6 key ctrl+c sleep 0.5"});
+  std::string copied = wx::FromClipboard();
+  ASSERT_NE(copied.find("Public Sub Fill()"), std::string::npos) << copied;
+  for (const auto& [from, to] :
+       {std::pair("\"Fill\"", "\"Drain\""), std::pair("PumpServer.CPump", "OtherServer.COther"),
+        std::pair("Sub Fill()\\u000d\\u000a", "Sub Drain()\\u000d\\u000a' here")}) {
+    ASSERT_NE(copied.find(from), std::string::npos) << copied;
+    copied.replace(copied.find(from), std::string(from).size(), to);
+  }
+  wx::ToClipboard(copied);
+  // On the folder. The class is not of this project: the preview asks for it.
+  Input({"key Up sleep 0.4", "key ctrl+v sleep 1", "key alt+l key --delay 60 Down Down Down",
+         "key alt+m sleep 1"});
+  EXPECT_EQ(plant.Rows("TvbfFormulas", {"Name", "ProgID"}).back(), "Drain|PumpServer.CTank");
+  EXPECT_EQ(Arguments().back(), "2|3|1|True|False");
+  EXPECT_NE(plant.Code("CTank").find("Public Sub Drain()\r\n' here"), std::string::npos)
+      << plant.Code("CTank");
+}
+
 TEST_F(PasteTest, LeftPreviewChangesNothing) {
   ASSERT_TRUE(program.Open());
   wx::ToClipboard("Tank1.Level\t1Bad\n");
