@@ -4,8 +4,12 @@
 namespace check {
 
 Parts PartsOf(project::Project& project, const Progress& progress) {
-  Parts parts{project.path(), project.operations(), project.code().context(),
-              *project.connection()};
+  return PartsOf(project, project.operations(), project.code().context(), progress);
+}
+
+Parts PartsOf(project::Project& project, store::Operations& operations,
+              const codegen::CodeContext& code, const Progress& progress) {
+  Parts parts{project.path(), operations, code, *project.connection()};
   parts.files = project.vb().get();
   const project::ItemCatalogue& catalogue = project.items().Catalogue();
   if (catalogue.size() > 0) {

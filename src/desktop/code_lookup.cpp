@@ -63,6 +63,14 @@ bool CodeLookup::GoTo(const codegen::CodePlace& place) {
   return true;
 }
 
+bool CodeLookup::GoToLine(const std::string& file, std::int32_t line) {
+  if (!ShowFile(file)) return false;
+  pane_.ScrollTo(line);
+  pane_.SelectLines({line, 1, line, 1});
+  pane_.TakeKeyboard();
+  return true;
+}
+
 std::string CodeLookup::ProgIdOf(const std::string& file) {
   const Found found = FindComponent(file);
   return found.component ? found.project->Name() + "." + found.component->Name() : std::string();

@@ -29,6 +29,7 @@ class CodeLookup {
   bool ShowFile(const std::string& file);
   // Goes to a place with the keyboard. False when the user stays at another one.
   bool GoTo(const codegen::CodePlace& place);
+  bool GoToLine(const std::string& file, std::int32_t line);
   // "PROJECT.COMPONENT" of the file; empty when no component has it.
   std::string ProgIdOf(const std::string& file);
   // A line of the file's module, from 1.

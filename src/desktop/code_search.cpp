@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "codegen/code_texts.h"
-#include "desktop/replace_preview.h"
+#include "desktop/change_preview.h"
 #include "desktop/search_texts.h"
 #include "editor/node_key.h"
 #include "platform/error.h"
@@ -132,9 +132,12 @@ void CodeSearch::Replace() {
   if (places_.empty()) return;
   Try([&] {
     const std::string preview = Preview();
-    if (preview.empty() || !ConfirmReplacing(wxGetTopLevelParent(&own_.pane), own_.parts.texts,
-                                             CountText(kTextReplaceHeading), preview))
-      return;
+    const bool confirmed =
+        !preview.empty() &&
+        ConfirmChange(wxGetTopLevelParent(&own_.pane), own_.parts.texts,
+                      {own_.parts.Text(kTextReplaceTitle), CountText(kTextReplaceHeading),
+                       own_.parts.Text(kTextReplaceNow), preview});
+    if (!confirmed) return;
     const store::OperationResult result =
         own_.session.add_in().EditorWindow()->operations().ReplaceInCode(places_,
                                                                          own_.pane.Replacement());
@@ -167,7 +170,8 @@ void CodeSearch::ShowUsesOfSelection(bool of_row) {
   editor::frmtabgrid* editor = own_.session.add_in().EditorWindow();
   if (!editor) return;
   store::Operations& operations = editor->operations();
-  const std::string& key = editor->CurrentKey();
+  // A menu of the tree may be about another node than the one that is selected.
+  const std::string key = of_row ? editor->CurrentKey() : editor->ContextKey();
   const auto row = static_cast<std::int32_t>(editor->CurrentGrid().CurrentId().value_or(0));
   if (editor::IsFormulaKey(key) && of_row && row != 0) {
     if (const auto argument = operations.FindArgument(row))

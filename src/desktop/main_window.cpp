@@ -10,6 +10,7 @@
 #include "desktop/about.h"
 #include "desktop/crash_log.h"
 #include "desktop/pane_texts.h"
+#include "desktop/search_texts.h"
 #include "desktop/undo_texts.h"
 #include "editor/node_key.h"
 #include "editor/tools.h"
@@ -130,7 +131,19 @@ void MainWindow::ConnectPanes() {
 
 void MainWindow::AddTools() {
   tools_.Add(editor::kOptionBand, "mnuOptionSep1",
-             {{"history", Text(kTextMenuHistory), "", [this] { history_->Open(); }}});
+             {{"check", Text(kTextMenuCheck), "", [this] { check_->Check(); }},
+              {"history", Text(kTextMenuHistory), "", [this] { history_->Open(); }}});
+  const auto show_uses = [this](CodeSearch::Subject subject) {
+    return [this, subject] { search_->ShowUses(subject); };
+  };
+  tools_.Add(
+      editor::kFunctionBand, "mnuShowEditorSep",
+      {{"usesOfNode", Text(kTextMenuUses), "Shift+F12", show_uses(CodeSearch::Subject::kNode)}});
+  for (const char* band : {editor::kParameterBand, editor::kAliasBand}) {
+    tools_.Add(
+        band, "",
+        {{"usesOfRow", Text(kTextMenuUses), "Shift+F12", show_uses(CodeSearch::Subject::kRow)}});
+  }
 }
 
 void MainWindow::ConnectTree() {

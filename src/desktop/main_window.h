@@ -14,6 +14,7 @@
 
 #include "desktop/backup_keeper.h"
 #include "desktop/change_watch.h"
+#include "desktop/check_list.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
 #include "desktop/formula_commands.h"
@@ -76,6 +77,8 @@ class MainWindow : public wxFrame {
   void StartSession(const std::string& path, const project::ProjectOptions& options);
   // Gives a new session what goes with it in this window.
   void EquipSession();
+  // Shows what is otherwise now, by no operation of the editor.
+  void FollowChange();
   bool CloseProject();
   CodePane::Answer AskAboutCode(const std::string& module);
   CodePane::Conflict AskAboutConflict(const std::string& module);
@@ -127,6 +130,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<ChangeWatch> watch_;
   std::unique_ptr<ProjectUndo> undo_;
   std::unique_ptr<HistoryList> history_;
+  std::unique_ptr<CheckList> check_;
   std::unique_ptr<FormulaCommands> formulas_;
   std::unique_ptr<NameSearch> names_;
 };

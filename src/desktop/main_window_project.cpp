@@ -142,17 +142,13 @@ void MainWindow::EquipSession() {
       parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
   watch_ = std::make_unique<ChangeWatch>(parts_, messages_, *project_, *session_, panes_.notices());
   undo_ = std::make_unique<ProjectUndo>(parts_, messages_, *project_, *session_);
-  undo_->on_done = [this] {
-    code_.Refresh();
-    ShowUpperPane(tree_.SelectedKey());
-    lookup_->ShowNode(tree_.SelectedKey());
-    ShowTitle();
-    undo_menu_.Update();
-    history_->Look();
-  };
+  undo_->on_done = [this] { FollowChange(); };
   undo_menu_.Serve(undo_.get());
   undo_offer_.Serve(project_.get(), undo_.get());
   history_ = std::make_unique<HistoryList>(parts_, messages_, *project_, *undo_, panes_.history());
+  check_ = std::make_unique<CheckList>(
+      CheckList::Dependencies{parts_, messages_, *project_, *session_, *lookup_, panes_.check()});
+  check_->on_repaired = [this] { FollowChange(); };
   formulas_ = std::make_unique<FormulaCommands>(
       FormulaCommands::Dependencies{parts_, messages_, *session_, panes_.overview(), panes_.strip(),
                                     [this](const std::string& key) { GoToNode(key); },
@@ -171,6 +167,15 @@ void MainWindow::EquipSession() {
   if (parts_.state.folder().empty()) return;
   unsaved_ =
       std::make_unique<UnsavedCodeKeeper>(parts_, messages_, code_, *lookup_, project_->path());
+}
+
+void MainWindow::FollowChange() {
+  code_.Refresh();
+  ShowUpperPane(tree_.SelectedKey());
+  lookup_->ShowNode(tree_.SelectedKey());
+  ShowTitle();
+  undo_menu_.Update();
+  history_->Look();
 }
 
 // A project that is gone is neither offered nor opened at the next start.
@@ -198,6 +203,7 @@ bool MainWindow::CloseProject() {
   formulas_.reset();
   undo_menu_.Serve(nullptr);
   undo_offer_.Serve(nullptr, nullptr);
+  check_.reset();
   history_.reset();
   undo_.reset();
   watch_.reset();

@@ -20,6 +20,29 @@ enum PaneText : int {
   kTextHistoryIsEmpty,
   kTextDone,
   kTextUndoLink,
+
+  kTextMenuCheck = 4220,
+  kTextSeverity,
+  kTextCode,
+  kTextPlace,
+  kTextFinding,
+  kTextFirstSeverity,  // by check::Severity
+  kTextFindings = 4228,
+  kTextExplanation,
+  kTextRepair,
+  kTextCheckAgain,
+  kTextChecking,
+  kTextCheckStopped,
+  kTextCannotCheck,
+  kTextNothingFound,
+  kTextFindingCounts,
+  kTextRepairable,
+  kTextCannotRepair,
+  kTextNothingToRepair,
+  kTextRepairTitle,
+  kTextRepairHeading,
+  kTextRepairNow,
+  kTextRepaired,
 };
 
 }  // namespace desktop

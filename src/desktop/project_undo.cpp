@@ -3,39 +3,14 @@
 
 #include <wx/utils.h>
 
-#include <algorithm>
 #include <utility>
 
+#include "desktop/formula_nodes.h"
 #include "desktop/undo_texts.h"
-#include "editor/node_key.h"
 #include "files/error.h"
 #include "messages/message.h"
-#include "store/project_rows.h"
 
 namespace desktop {
-
-namespace {
-
-// The ID of a formula's row; 0 for a row of another table.
-std::int32_t FormulaOf(const store::RowChange& change) {
-  if (change.table != store::kFormulasTable) return 0;
-  const auto id =
-      std::ranges::find(change.members, "ID", &std::pair<std::string, platform::Variant>::first);
-  return id == change.members.end() ? 0 : id->second.ToLong();
-}
-
-// The node that is selected when the one of the key goes: the next one, else the previous one,
-// else the folder.
-std::string Neighbour(const studio::StudioTree& tree, const std::string& key) {
-  const studio::StudioNode* node = tree.Find(key);
-  if (!node || !node->parent) return std::string(editor::kFormulasKey);
-  const auto& siblings = node->parent->children;
-  const auto found = std::ranges::find(siblings, node);
-  if (found + 1 != siblings.end()) return (*(found + 1))->key;
-  return found != siblings.begin() ? (*(found - 1))->key : node->parent->key;
-}
-
-}  // namespace
 
 bool ProjectUndo::Look() {
   const auto stamp = parts_.files.Stamp(project_.history().file().path());
@@ -75,7 +50,7 @@ void ProjectUndo::Run(bool undo, std::optional<std::uint64_t> number) {
     return messages_.Warn(parts_.texts.Sentence(result.message),
                           parts_.texts.Sentence(result.detail));
   }
-  ShowFormulas(result.rows);
+  FollowFormulas(session_, result.rows);
   editor->Reload();
   if (on_done) on_done();
   std::string text =
@@ -84,39 +59,6 @@ void ProjectUndo::Run(bool undo, std::optional<std::uint64_t> number) {
   for (const messages::Message& warning : result.warnings)
     text += "  ·  " + parts_.texts.Sentence(warning);
   messages_.Status(text);
-}
-
-// The nodes of formulas that came, went or have another name. A formula that came back is selected.
-void ProjectUndo::ShowFormulas(const std::vector<store::RowChange>& rows) {
-  editor::frmtabgrid& editor = *session_.add_in().EditorWindow();
-  studio::Studio& studio = session_.studio();
-  std::string selected = editor.CurrentKey();
-  for (const store::RowChange& row : rows) {
-    const std::int32_t id = FormulaOf(row);
-    if (id == 0) continue;
-    const std::string key = editor::FormulaKey(id);
-    const auto formula = editor.operations().FindFormula(id);
-    if (!formula) {
-      if (selected == key) selected = Neighbour(studio.tree(), key);
-      if (selected != editor.CurrentKey()) studio.SelectNode(selected);
-      studio.RemoveNode(key);
-    } else if (studio.tree().Find(key)) {
-      studio.SetNodeText(key, formula->name);
-    } else {
-      studio.AddNode(editor::kFormulasKey, formula->name, key, "", editor::KeyIcon(key),
-                     {0, 0, 0, 0});
-      selected = key;
-    }
-  }
-  const studio::StudioNode* node = studio.tree().Find(selected);
-  if (!node) return;
-  const std::string text = node->text;
-  if (selected == editor.CurrentKey()) {
-    editor.MakeMyCaption(selected, text);
-  } else {
-    studio.SelectNode(selected);
-    editor.ShowNode(selected, text);
-  }
 }
 
 void ProjectUndo::ShowProblems() {

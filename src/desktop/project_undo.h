@@ -40,7 +40,6 @@ class ProjectUndo {
 
  private:
   void Run(bool undo, std::optional<std::uint64_t> number);
-  void ShowFormulas(const std::vector<store::RowChange>& rows);
   void ShowProblems();
 
   const WindowParts& parts_;

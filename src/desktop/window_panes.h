@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "desktop/check_pane.h"
 #include "desktop/code_pane.h"
 #include "desktop/desktop_state.h"
 #include "desktop/formula_overview.h"
@@ -38,6 +39,7 @@ class WindowPanes {
   CodePane& code() const { return *code_; }
   SearchPane& search() const { return *search_; }
   HistoryPane& history() const { return *history_; }
+  CheckPane& check() const { return *check_; }
 
   enum class Upper { kWelcome, kEditor, kOverview };
   void ShowUpper(Upper upper);
@@ -72,6 +74,7 @@ class WindowPanes {
   wxPanel* lower_;
   SearchPane* search_;
   HistoryPane* history_;
+  CheckPane* check_;
 };
 
 }  // namespace desktop

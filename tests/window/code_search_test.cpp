@@ -81,6 +81,13 @@ TEST_F(CodeSearchTest, ShowsUsesOfWhatIsSelectedAndGoesThere) {
   EXPECT_EQ(Selected(), "Level");
   EXPECT_EQ(CaretLine(), std::string(kLevelLine) + "\n");
 
+  // The menu of the table, and so its context menu, has the same.
+  Input({"key Escape key F6 sleep 0.2 key --delay 60 Home End",
+         "key alt+r sleep 0.4 key u sleep 0.4"});
+  EXPECT_TRUE(Places().empty()) << "nothing uses the second argument";
+  EXPECT_NE(program.Status().find("Limit"), std::string::npos) << program.Status();
+  Input({"key alt+F6"});
+
   // The aliases' table counts the uses of all procedures.
   Input({"key Escape key --delay 60 Home Down key F6 sleep 0.2 key Home key shift+F12 sleep 0.3"});
   EXPECT_EQ(Places().size(), 4u);

@@ -200,7 +200,7 @@ TEST_F(Undo, TheHistoryShowsAndTakesBackOlderOperations) {
   EXPECT_EQ(shown(),
             "Undo: Rename alias TankLevel to Height\nRename alias TankLevel to Height (undone)\n"
             "Rename alias Level to TankLevel\n");
-  Input({"key Down sleep 0.2 key alt+r sleep 0.5"});
+  Input({"key Down sleep 0.2 key alt+t sleep 0.5"});
   EXPECT_EQ(plant.Aliases(), Lines{"1|Height"}) << "done again";
 
   // Somebody else's operations come into the open list.

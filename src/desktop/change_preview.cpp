@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/replace_preview.h"
+#include "desktop/change_preview.h"
 
 #include <wx/button.h>
 #include <wx/dialog.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/textctrl.h>
 
-#include "desktop/search_texts.h"
+#include "desktop/change_view.h"
 #include "wx/convert.h"
-#include "wx/native.h"
 
 namespace desktop {
 
@@ -21,25 +19,20 @@ constexpr int kCancelText = 11;
 
 }  // namespace
 
-bool ConfirmReplacing(wxWindow* parent, const texts::TextTable& texts, const std::string& heading,
-                      const std::string& lines) {
-  wxDialog dialog(parent, wxID_ANY, wx::ToWx(texts.Text(kTextReplaceTitle)), wxDefaultPosition,
-                  wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
+bool ConfirmChange(wxWindow* parent, const texts::TextTable& texts, const Preview& change) {
+  wxDialog dialog(parent, wxID_ANY, wx::ToWx(change.title), wxDefaultPosition, wxDefaultSize,
+                  wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   const int gap = dialog.FromDIP(kGap);
-  auto* preview = new wxTextCtrl(&dialog, wxID_ANY, wx::ToWx(lines), wxDefaultPosition,
-                                 wxDefaultSize, wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
-  wxFont font = preview->GetFont();
-  font.SetFamily(wxFONTFAMILY_TELETYPE);
-  preview->SetFont(font);
-  wx::SetAccessibleName(*preview, wx::ToWx(heading));
-  auto* replace = new wxButton(&dialog, wxID_OK, wx::ToWx(texts.Text(kTextReplaceNow)));
+  auto* preview = new ChangeView(&dialog, change.heading, texts);
+  preview->ShowText(change.text);
+  auto* replace = new wxButton(&dialog, wxID_OK, wx::ToWx(change.action));
   auto* cancel = new wxButton(&dialog, wxID_CANCEL, wx::ToWx(texts.Text(kCancelText)));
   auto* buttons = new wxBoxSizer(wxHORIZONTAL);
   buttons->AddStretchSpacer();
   buttons->Add(replace, wxSizerFlags().Border(wxRIGHT, gap));
   buttons->Add(cancel);
   auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(new wxStaticText(&dialog, wxID_ANY, wx::ToLabel(heading)),
+  all->Add(new wxStaticText(&dialog, wxID_ANY, wx::ToLabel(change.heading)),
            wxSizerFlags().Expand().Border(wxALL, gap));
   all->Add(preview, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
   all->Add(buttons, wxSizerFlags().Expand().Border(wxALL, gap));
@@ -48,7 +41,6 @@ bool ConfirmReplacing(wxWindow* parent, const texts::TextTable& texts, const std
   dialog.CentreOnParent();
   replace->SetDefault();
   replace->SetFocus();
-  preview->ShowPosition(0);
   return dialog.ShowModal() == wxID_OK;
 }
 
