@@ -4,8 +4,10 @@
 #include <array>
 
 #include "dialogs/falias.h"
+#include "dialogs/farguments.h"
 #include "dialogs/fchoose_alias.h"
 #include "dialogs/fparameter.h"
+#include "dialogs/list_texts.h"
 #include "dialogs/outcome.h"
 
 namespace dialogs {
@@ -51,6 +53,40 @@ bool EditArgument(const DialogContext& context, std::int32_t argument_id) try {
     const store::ArgumentValues values = dialog.Values();
     const store::OperationResult result =
         RunOperation(context, [&] { return context.operations.EditArgument(argument_id, values); });
+    if (result.success()) return true;
+    WarnFailure(context, result, kStorageFailed);
+  }
+  return false;
+} catch (const platform::Error& error) {
+  context.messages.Warn(context.Text(kInitialisationFailed), error);
+  return false;
+}
+
+bool EditArguments(const DialogContext& context, const std::vector<std::int32_t>& ids) try {
+  std::vector<store::ArgumentRecord> arguments;
+  std::vector<std::string> names;
+  for (const std::int32_t id : ids) {
+    const auto argument = context.operations.FindArgument(id);
+    if (!argument) continue;
+    arguments.push_back(*argument);
+    names.push_back(argument->vb_alias);
+  }
+  FArguments dialog(context, names);
+  while (dialog.Run()) {
+    const auto steps = [&] {
+      store::OperationResult result;
+      for (const store::ArgumentRecord& argument : arguments) {
+        result = context.operations.EditArgument(
+            argument.id, store::ArgumentValues{argument.alias_id, dialog.In().value_or(argument.in),
+                                               dialog.Out().value_or(argument.out)});
+        if (!result.success()) break;
+      }
+      return result;
+    };
+    const store::OperationResult result = RunOperation(context, [&] {
+      return context.operations.AsOne(
+          {{kTextEditArguments}, {{"<Count>", std::to_string(arguments.size())}}}, steps);
+    });
     if (result.success()) return true;
     WarnFailure(context, result, kStorageFailed);
   }

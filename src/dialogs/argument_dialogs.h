@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "dialogs/dialog_context.h"
 
@@ -15,6 +16,9 @@ std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id);
 
 // Whether the argument was changed. False too when there is none of that ID.
 bool EditArgument(const DialogContext& context, std::int32_t argument_id);
+
+// In and Out of several arguments in one operation. Whether it was done.
+bool EditArguments(const DialogContext& context, const std::vector<std::int32_t>& ids);
 
 // ID of the new alias, or 0.
 std::int32_t AddAlias(const DialogContext& context);

@@ -70,6 +70,14 @@ enum ListTextNumber : std::int32_t {
   kTextNoPair,
   kTextDuplicateNow,
   kTextDuplicating,
+
+  kTextArgumentsCaption = 4190,
+  kTextAllIn,
+  kTextAllOut,
+  kTextKeepEach,
+  kTextYes,
+  kTextNo,
+  kTextEditArguments,
 };
 
 }  // namespace dialogs

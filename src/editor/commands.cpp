@@ -217,7 +217,11 @@ void Commands::NewArgument() {
 
 void Commands::EditArgument() {
   if (!arguments_.CurrentId()) return Say(context_.Text(kNoArgument));
-  if (dialogs::EditArgument(context_.dialog_context, CurrentIdOf(arguments_))) view_.Reload();
+  const std::vector<std::int32_t> selected = SelectedIdsOf(arguments_);
+  const bool done = selected.size() > 1
+                        ? dialogs::EditArguments(context_.dialog_context, selected)
+                        : dialogs::EditArgument(context_.dialog_context, CurrentIdOf(arguments_));
+  if (done) view_.Reload();
 }
 
 void Commands::DeleteArguments() {

@@ -97,6 +97,15 @@ constexpr Row kRows[] = {
     {4169, "„<Word>“: Es wird ALT=NEU gebraucht.", "\"<Word>\": OLD=NEW is needed."},
     {4170, "&Duplizieren", "&Duplicate"},
     {4171, "Die Formel wird dupliziert", "Duplicating the Formula"},
+
+    // Several arguments at once.
+    {4190, "<Count> Argumente bearbeiten", "Edit <Count> Arguments"},
+    {4191, "&Übergabewert:", "&Input value:"},
+    {4192, "&Rückgabewert:", "&Return value:"},
+    {4193, "bei jedem lassen, wie er ist", "leave each as it is"},
+    {4194, "ja", "yes"},
+    {4195, "nein", "no"},
+    {4196, "Argumente bearbeiten: <Count>", "Edit arguments: <Count>"},
 };
 
 }  // namespace
