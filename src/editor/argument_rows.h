@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "dialogs/item_notes.h"
 #include "forms/row_source.h"
 #include "store/operations.h"
 
@@ -22,7 +23,9 @@ class ArgumentRows : public forms::MemoryRows {
  public:
   // Reads the arguments of the formula; no formula (0) has none. Raises platform::Error when the
   // database fails; there are no rows then.
-  void Read(store::Operations& operations, std::int32_t formula_id);
+  // With notes the cells of the own columns are followed by item, type and comment.
+  void Read(store::Operations& operations, std::int32_t formula_id,
+            dialogs::ItemNotes* notes = nullptr);
 };
 
 }  // namespace editor

@@ -33,6 +33,7 @@ constexpr std::int32_t kOneAliasDeleted = 1655;
 constexpr std::int32_t kNoArgument = 1620;
 constexpr std::int32_t kNotText = 1663;
 constexpr std::int32_t kNothingToPaste = 1664;
+constexpr std::int32_t kOnlyShown = 4386;
 constexpr std::int32_t kDeletingArguments = 1646;
 constexpr std::int32_t kDeletingAliases = 1649;
 
@@ -325,6 +326,7 @@ std::string Commands::DescribeUses(const std::vector<AliasUse>& used) {
 // --- Cells ---
 
 void Commands::EditCell(forms::Grid& grid) {
+  if (grid.ColumnAt(grid.CurrentColumn()).Locked()) return Say(context_.Text(kOnlyShown));
   if (grid.ColumnAt(grid.CurrentColumn()).Kind() == forms::ColumnKind::kCheckBox)
     return Say(context_.Text(kNotText));
   grid.BeginEdit(grid.CurrentColumn());
@@ -332,11 +334,12 @@ void Commands::EditCell(forms::Grid& grid) {
 
 void Commands::CopyRows(const forms::Grid& grid) {
   const std::string text = &grid == &arguments_ ? lists_.ArgumentLines(SelectedIdsOf(grid))
-                                                : grid.SelectedText(grid.ShownColumns());
+                                                : grid.SelectedText(grid.CopiedColumns());
   if (!text.empty()) context_.services.toolkit.SetClipboardText(text);
 }
 
 void Commands::PasteCell(forms::Grid& grid) {
+  if (grid.ColumnAt(grid.CurrentColumn()).Locked()) return Say(context_.Text(kOnlyShown));
   std::string text = context_.services.toolkit.ClipboardText();
   while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
   if (text.empty()) return Say(context_.Text(kNothingToPaste));

@@ -26,7 +26,7 @@ EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
       inits(services.settings),
       code(texts, services.items, services.components),
       operations({project.connection, project.vbe, &code, &services.unit, &texts}),
-      rows(project.connection, project.grid_aliases, operations),
+      rows(project.connection, project.grid_aliases, operations, services.notes),
       items(services.items),
       dialog_context{
           services.toolkit, texts,          messages, operations, rows.AliasesByName(), items,

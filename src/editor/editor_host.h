@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "dialogs/item_notes.h"
 #include "platform/help.h"
 #include "platform/studio.h"
 #include "platform/toolkit.h"
@@ -24,6 +25,8 @@ struct Services {
   platform::OVItems* items = nullptr;
   platform::ComponentList* components = nullptr;
   platform::HostWindow* host_window = nullptr;
+  // Shown in columns behind the grids' own; null: there are none.
+  dialogs::ItemNotes* notes = nullptr;
   bool moves_take_code = false;  // of formulas to another class, until the user chooses otherwise
 };
 

@@ -9,15 +9,16 @@ namespace editor {
 
 EditorRows::EditorRows(const std::shared_ptr<platform::Connection>& connection,
                        std::shared_ptr<platform::Recordset> grid_aliases,
-                       store::Operations& operations)
+                       store::Operations& operations, dialogs::ItemNotes* notes)
     : operations_(operations),
+      notes_(notes),
       aliases_by_id_(std::make_shared<dialogs::AliasTable>(connection, std::move(grid_aliases),
                                                            operations, dialogs::AliasOrder::kId)),
       aliases_by_name_(std::make_shared<dialogs::AliasTable>(
           connection, connection->CreateRecordset(), operations, dialogs::AliasOrder::kName)) {}
 
 void EditorRows::ReadArguments(std::string_view key) {
-  arguments_->Read(operations_, KeyKind(key) == kFormulaKind ? KeyNumber(key) : 0);
+  arguments_->Read(operations_, KeyKind(key) == kFormulaKind ? KeyNumber(key) : 0, notes_);
 }
 
 void EditorRows::AliasesChanged() {

@@ -17,9 +17,10 @@ namespace editor {
 class EditorRows {
  public:
   // The connection is open; the recordset is closed and used for the alias grid only. The
-  // operations outlive the rows.
+  // operations outlive the rows, and so do the notes, which may be null.
   EditorRows(const std::shared_ptr<platform::Connection>& connection,
-             std::shared_ptr<platform::Recordset> grid_aliases, store::Operations& operations);
+             std::shared_ptr<platform::Recordset> grid_aliases, store::Operations& operations,
+             dialogs::ItemNotes* notes);
 
   const std::shared_ptr<ArgumentRows>& Arguments() const { return arguments_; }
   const std::shared_ptr<dialogs::AliasTable>& AliasesById() const { return aliases_by_id_; }
@@ -35,6 +36,7 @@ class EditorRows {
 
  private:
   store::Operations& operations_;
+  dialogs::ItemNotes* const notes_;
   std::shared_ptr<ArgumentRows> arguments_ = std::make_shared<ArgumentRows>();
   std::shared_ptr<dialogs::AliasTable> aliases_by_id_;
   std::shared_ptr<dialogs::AliasTable> aliases_by_name_;

@@ -11,6 +11,7 @@
 #include "editor/fconfig_editor.h"
 #include "editor/menu_switcher.h"
 #include "editor/node_key.h"
+#include "editor/note_columns.h"
 #include "editor/tools.h"
 
 namespace editor {
@@ -26,6 +27,7 @@ constexpr std::int32_t kNoAliases = 1622;
 constexpr std::int32_t kNothingFound = 1623;
 constexpr std::int32_t kArguments = 1633;
 constexpr std::int32_t kAliases = 1634;
+constexpr std::int32_t kMissing = 4385;
 
 constexpr double kMinimumWidth = 4500;
 constexpr double kMinimumHeight = 3000;
@@ -49,6 +51,10 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   tdbP.ColumnAt(kAliasIdColumn).SetKind(forms::ColumnKind::kDropDown);
   tdbA.AddSplit(kColumnWidth).AddColumn("ItemID", kColumnWidth);
   tdbA.AddSplit(0).AddColumn("VBAlias", kColumnWidth);
+  if (context_.services.notes) {
+    AddArgumentNotes(tdbP, context_.Lookup());
+    AddAliasNotes(tdbA, context_.Lookup());
+  }
   lblFind.SetTag("C1624");
   tdbP.SetAccessibleName(Text(kArguments));
   tdbA.SetAccessibleName(Text(kAliases));
@@ -128,9 +134,10 @@ void frmtabgrid::OnLoad() {
 
 void frmtabgrid::InitializeGrid(forms::Grid& grid, std::string_view orders_key) {
   std::vector<double> widths;
-  for (std::size_t i = 0; i < grid.ColumnCount(); ++i) widths.push_back(grid.ColumnAt(i).Width());
+  const std::size_t own = OwnColumns(grid);
+  for (std::size_t i = 0; i < own; ++i) widths.push_back(grid.ColumnAt(i).Width());
   inits.SetInitToControl(*this, grid.Name());
-  for (std::size_t i = 0; i < grid.ColumnCount(); ++i) {
+  for (std::size_t i = 0; i < own; ++i) {
     forms::Column& column = grid.ColumnAt(i);
     const bool sized = std::abs(column.Width() - widths[i]) > kWidthPrecision;
     column.SetFills(column.Kind() != forms::ColumnKind::kCheckBox && !sized);
@@ -210,6 +217,23 @@ void frmtabgrid::SetTreeContext(std::string_view key, bool toolbar_flag) {
   MenuSwitcher(key, toolbar_flag);
 }
 
+void frmtabgrid::ShowAliases() {
+  const std::shared_ptr<dialogs::AliasTable>& table = context_.rows.AliasesById();
+  if (!context_.services.notes) {
+    tdbA.SetRowSource(
+        std::make_shared<dialogs::AliasRows>(table, dialogs::AliasRows::Columns::kItemAlias));
+    return;
+  }
+  alias_notes_ = std::make_shared<AliasNoteRows>(table, context_.operations,
+                                                 *context_.services.notes, Text(kMissing));
+  tdbA.SetRowSource(alias_notes_);
+}
+
+void frmtabgrid::AliasesChanged() {
+  context_.rows.AliasesChanged();
+  if (alias_notes_) alias_notes_->Forget();
+}
+
 void frmtabgrid::SwitchGrids(std::string_view key) {
   const std::string_view kind = KeyKind(key);
   if (kind == kRootKind || kind == kFormulaKind) {
@@ -218,10 +242,7 @@ void frmtabgrid::SwitchGrids(std::string_view key) {
     tbrfunc.SetBand(abr.FindBand(kArgumentToolbar));
   } else if (kind == kAliasKind) {
     // Not before: a project may have 100,000 aliases, and they may be unreadable.
-    if (!std::exchange(aliases_seen_, true)) {
-      tdbA.SetRowSource(std::make_shared<dialogs::AliasRows>(
-          context_.rows.AliasesById(), dialogs::AliasRows::Columns::kItemAlias));
-    }
+    if (!std::exchange(aliases_seen_, true)) ShowAliases();
     tdbA.BringToFront();
     pctAliasTabSplit.BringToFront();
     tbrfunc.SetBand(abr.FindBand(kAliasToolbar));

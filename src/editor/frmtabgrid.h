@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "editor/alias_note_rows.h"
 #include "editor/commands.h"
 #include "editor/editor_context.h"
 #include "editor/editor_view.h"
@@ -102,7 +103,7 @@ class frmtabgrid : public forms::Form,
   const dialogs::DialogContext& dialog_context() const { return context_.dialog_context; }
   dialogs::MessageBoxes& messages() { return context_.messages; }
   bool SettingIsOn(std::string_view key) const { return context_.SettingIsOn(key); }
-  void AliasesChanged() { context_.rows.AliasesChanged(); }
+  void AliasesChanged();
   // True while a grid is being reloaded by program.
   bool RefreshingGrid() const { return refreshing_grid_; }
   // Positions everything in the client area.
@@ -117,6 +118,7 @@ class frmtabgrid : public forms::Form,
   void SaveSettings();
   void RebindGrid(forms::Grid& grid, bool other_rows);
   void ShowEmptyText();
+  void ShowAliases();
   void WireEvents();
   void InitializeGrids();
   void InitializeGrid(forms::Grid& grid, std::string_view orders_key);
@@ -135,6 +137,7 @@ class frmtabgrid : public forms::Form,
   ListCommands list_commands_{context_, *this};
   Commands commands_{context_, *this, list_commands_, tdbP, tdbA, counters_};
   GridEditing grid_editing_{context_, *this, tdbP, tdbA};
+  std::shared_ptr<AliasNoteRows> alias_notes_;  // null: nothing is known of items
   std::string key_;
   std::string context_key_;
   std::string told_problem_;

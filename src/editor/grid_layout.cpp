@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "editor/note_columns.h"
 #include "platform/variant.h"
 
 namespace editor {
@@ -32,7 +33,7 @@ std::vector<std::int32_t> Numbers(std::string_view text) {
 
 void ApplyColumnOrder(forms::Grid& grid, std::string_view text) {
   const std::vector<std::int32_t> numbers = Numbers(text);
-  const auto count = static_cast<std::int32_t>(grid.ColumnCount());
+  const auto count = static_cast<std::int32_t>(OwnColumns(grid));
   for (std::int32_t column = 0; column < count; ++column) {
     const auto at = static_cast<std::size_t>(column);
     const bool given = at < numbers.size() && numbers[at] < count;
@@ -42,7 +43,10 @@ void ApplyColumnOrder(forms::Grid& grid, std::string_view text) {
 
 std::string ColumnOrder(const forms::Grid& grid) {
   std::string text;
-  for (const std::size_t column : grid.DisplayOrder()) text += "," + std::to_string(column);
+  const std::size_t own = OwnColumns(grid);
+  for (const std::size_t column : grid.DisplayOrder()) {
+    if (column < own) text += "," + std::to_string(column);
+  }
   return text;
 }
 

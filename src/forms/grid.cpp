@@ -141,6 +141,13 @@ std::vector<std::size_t> Grid::ShownColumns() const {
   return shown;
 }
 
+std::vector<std::size_t> Grid::CopiedColumns() const {
+  std::vector<std::size_t> columns = ShownColumns();
+  const auto locked = [this](std::size_t column) { return ColumnAt(column).Locked(); };
+  if (!std::all_of(columns.begin(), columns.end(), locked)) std::erase_if(columns, locked);
+  return columns;
+}
+
 bool Grid::Update() {
   if (ending_edit_) return true;  // the row is written when the edit has ended
   ending_edit_ = true;

@@ -54,6 +54,8 @@ class Grid : public RowView {
   void SetDisplayOrder(const std::vector<std::size_t>& columns);
   // The same order without the hidden columns.
   std::vector<std::size_t> ShownColumns() const;
+  // What is copied of rows: the shown columns that can be written, all where none can.
+  std::vector<std::size_t> CopiedColumns() const;
 
   // Column with the keyboard.
   std::size_t CurrentColumn() const { return current_column_; }

@@ -60,11 +60,12 @@ class AddInSession::Reports final : public platform::ObjectFactory {
 AddInSession::AddInSession(project::Project& project, const Dependencies& dependencies)
     : project_(project),
       dependencies_(dependencies),
+      notes_(project.items()),
       reports_(std::make_unique<Reports>(*this)),
       studio_(std::make_shared<Studio>(project.name())) {
   add_in_ = std::make_unique<addin::Connect>(editor::Services{
       dependencies.toolkit, dependencies.window_system, dependencies.settings, dependencies.help,
-      *reports_, project.unit(), &project.items(), project.components(), nullptr, true});
+      *reports_, project.unit(), &project.items(), project.components(), nullptr, &notes_, true});
 }
 
 AddInSession::~AddInSession() { Stop(); }

@@ -11,6 +11,7 @@
 #include "platform/toolkit.h"
 #include "platform/window_system.h"
 #include "project/project.h"
+#include "studio/catalogue_notes.h"
 #include "studio/studio.h"
 #include "texts/text_table.h"
 
@@ -50,6 +51,7 @@ class AddInSession {
 
   project::Project& project_;
   Dependencies dependencies_;
+  CatalogueNotes notes_;
   std::unique_ptr<Reports> reports_;
   std::shared_ptr<Studio> studio_;
   std::unique_ptr<addin::Connect> add_in_;

@@ -90,6 +90,15 @@ std::span<const Row> PlantRows() {
       {4371, "Klasse", "Class"},
       {4372, "Alias", "Alias"},
       {4373, "Item", "Item"},
+      // What is known of items, beside arguments and aliases.
+      {4380, "Item", "Item"},
+      {4381, "Typ", "Type"},
+      {4382, "Kommentar", "Comment"},
+      {4383, "Verwendungen", "Uses"},
+      {4384, "Katalog", "Catalogue"},
+      {4385, "fehlt", "missing"},
+      {4386, "Diese Spalte wird nur gezeigt; sie lässt sich hier nicht ändern.",
+       "This column is only shown; it cannot be changed here."},
   });
   return kRows;
 }

@@ -100,7 +100,7 @@ std::string GridView::Columns() const {
 // empty one behind the others takes the rest; it has the number behind theirs. It costs something
 // for each row that comes.
 void GridView::AppendRestIfNeeded() {
-  const std::vector<std::size_t> shown = ShownColumns();
+  const std::vector<std::size_t> shown = grid_.ShownColumns();
   if (has_rest_ || (!shown.empty() && grid_.ColumnAt(shown.back()).Fills())) return;
   has_rest_ = true;
   auto* renderer = new wxDataViewTextRenderer("string", wxDATAVIEW_CELL_INERT);
@@ -149,7 +149,7 @@ void GridView::ShowSort() {
   Native().ShowSort(sort ? std::optional(sort->column) : std::nullopt, sort && sort->descending);
 }
 
-std::vector<std::size_t> GridView::ShownColumns() const { return grid_.ShownColumns(); }
+std::vector<std::size_t> GridView::CopiedColumns() const { return grid_.CopiedColumns(); }
 
 // The splits lie side by side; what is behind the columns of the model lies behind all of them.
 bool GridView::StaysInSplit(std::size_t column, NativeList::Neighbour left,
@@ -227,7 +227,7 @@ void ListViewView::BuildColumns() {
   }
 }
 
-std::vector<std::size_t> ListViewView::ShownColumns() const {
+std::vector<std::size_t> ListViewView::CopiedColumns() const {
   std::vector<std::size_t> shown;
   for (std::size_t i = 0; i < list_model_.Columns().size(); ++i) shown.push_back(i);
   return shown;

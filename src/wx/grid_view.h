@@ -16,7 +16,7 @@ class GridView : public RowsView {
  private:
   void BuildColumns() override;
   bool ResizeColumns() override;
-  std::vector<std::size_t> ShownColumns() const override;
+  std::vector<std::size_t> CopiedColumns() const override;
   void TakeColumn() override;
   bool OnKey(const wxKeyEvent& event) override;
   void Show(forms::Property property) override;
@@ -47,7 +47,7 @@ class ListViewView : public RowsView {
 
  private:
   void BuildColumns() override;
-  std::vector<std::size_t> ShownColumns() const override;
+  std::vector<std::size_t> CopiedColumns() const override;
 
   forms::ListView& list_model_;
 };

@@ -275,7 +275,7 @@ void RowsView::CloseFilter() {
 }
 
 void RowsView::CopyRows() {
-  const std::string text = rows_.SelectedText(ShownColumns());
+  const std::string text = rows_.SelectedText(CopiedColumns());
   if (!text.empty()) ToClipboard(text);
 }
 

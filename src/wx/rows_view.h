@@ -33,8 +33,8 @@ class RowsView : public ControlView {
   virtual void BuildColumns() = 0;
   // Brings changed widths to the native columns; false when something else changed too.
   virtual bool ResizeColumns() { return false; }
-  // The numbers of the visible columns from left to right.
-  virtual std::vector<std::size_t> ShownColumns() const = 0;
+  // The numbers of the columns that are copied, from left to right.
+  virtual std::vector<std::size_t> CopiedColumns() const = 0;
   // Brings the column with the keyboard to the model, before a key or a menu acts on it.
   virtual void TakeColumn() {}
   // A key that neither the model nor this view used; true when it was used.

@@ -141,7 +141,7 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
     wxDataViewCtrl& grid = program.Grid();
     window_tests::Wait::For([&] { return grid.GetColumn(0)->GetWidth() > 0; });
     width = grid.GetColumn(0)->GetWidth();
-    EXPECT_GT(width, 300) << "it takes the room that there is";
+    EXPECT_GT(width, 210) << "it takes a share of the room that there is";
     display::Drag(grid, {width, 10}, {width + 60, 10});
     width += 60;
     EXPECT_NEAR(grid.GetColumn(0)->GetWidth(), width, 4);

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "editor/note_columns.h"
+
+#include <span>
+
+namespace editor {
+
+namespace {
+
+struct NoteColumn {
+  const char* field;
+  std::int32_t caption;
+  double width;  // twips
+  forms::ColumnKind kind = forms::ColumnKind::kText;
+};
+
+// In the order of the cells that ArgumentRows appends.
+constexpr NoteColumn kArgumentNotes[] = {
+    {"ArgumentItem", 4380, 2100}, {"ItemType", 4381, 1050}, {"ItemComment", 4382, 1500}};
+// In the order of the cells that AliasNoteRows appends.
+constexpr NoteColumn kAliasNotes[] = {{"ItemType", 4381, 1200},
+                                      {"Uses", 4383, 1500, forms::ColumnKind::kNumber},
+                                      {"Catalogue", 4384, 1350},
+                                      {"ItemComment", 4382, 2700}};
+
+// The last one takes what room is left.
+void Add(forms::Grid& grid, std::span<const NoteColumn> notes, const forms::TextLookup& text) {
+  forms::Split& split = grid.AddSplit(0);
+  for (const NoteColumn& note : notes) {
+    forms::Column& column = split.AddColumn(note.field, note.width);
+    column.SetCaption(text(note.caption));
+    column.SetKind(note.kind);
+    column.SetLocked(true);
+    column.SetFills(&note == &notes.back());
+  }
+}
+
+}  // namespace
+
+void AddArgumentNotes(forms::Grid& arguments, const forms::TextLookup& text) {
+  Add(arguments, kArgumentNotes, text);
+}
+
+void AddAliasNotes(forms::Grid& aliases, const forms::TextLookup& text) {
+  Add(aliases, kAliasNotes, text);
+}
+
+std::size_t OwnColumns(const forms::Grid& grid) {
+  std::size_t own = 0;
+  while (own < grid.ColumnCount() && !grid.ColumnAt(own).Locked()) ++own;
+  return own;
+}
+
+}  // namespace editor

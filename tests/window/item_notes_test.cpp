@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// What the tables of the workbench show beside the studio's columns: type and comment of items,
+// uses, and what the catalogue lacks.
+#include <gtest/gtest.h>
+
+#include "project/project.h"
+#include "tests/window/desktop_program.h"
+
+namespace {
+
+using window_tests::DesktopProgram;
+using window_tests::Input;
+using Lines = std::vector<std::string>;
+
+struct PlantWithItems : support::SamplePlant {
+  PlantWithItems() {
+    const texts::TextTable texts(texts::Language::kEnglish);
+    project::Project project(system, support::kPlantDatabase, {}, texts);
+    system.Put(project.items().path(),
+               "item,type,comment\nPlant.One,Double,upper level\nPlant.Two,Boolean,\n");
+    auto& operations = project.operations();
+    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 2, 0, true, ""}).success());
+    EXPECT_TRUE(operations.AddFormula({"Drain", "PumpServer.CPump", 2, 0, true, ""}).success());
+    const std::vector<store::AliasValues> aliases = {
+        {"Plant.One", "One"}, {"Plant.Two", "Two"}, {"Plant.Gone", "Gone"}};
+    EXPECT_TRUE(operations.AddAliases(aliases).success());
+    const std::vector<store::ArgumentValues> arguments = {{1, true}, {3, false, true}};
+    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
+    const std::vector<store::ArgumentValues> one = {{1, true}};
+    EXPECT_TRUE(operations.AddArguments(2, one).success());
+  }
+};
+
+class ItemNotes : public ::testing::Test {
+ protected:
+  ItemNotes() { EXPECT_TRUE(program.Open()); }
+  Lines Shown() {
+    auto& model = dynamic_cast<wxDataViewVirtualListModel&>(*program.Grid().GetModel());
+    Lines lines;
+    for (unsigned row = 0; row < model.GetCount(); ++row) {
+      std::string line;
+      for (unsigned column = 0; column < program.Grid().GetColumnCount(); ++column) {
+        wxVariant value;
+        model.GetValueByRow(value, row, column);
+        line += (column == 0 ? "" : "|") + value.MakeString().utf8_string();
+      }
+      lines.push_back(line);
+    }
+    return lines;
+  }
+
+  PlantWithItems plant;
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+};
+
+TEST_F(ItemNotes, StandBesideAliasesAndArguments) {
+  Input({"key --delay 60 Home Down", "key F6"});
+  EXPECT_EQ(Shown(), (Lines{"Plant.One|One|Double|2||upper level", "Plant.Two|Two|Boolean|0||",
+                            "Plant.Gone|Gone||1|missing|"}));
+  Input({"key alt+F6 key --delay 60 Down Right sleep 0.4"});
+  EXPECT_EQ(Shown(), (Lines{"Gone|0|1|Plant.Gone||", "One|1|0|Plant.One|Double|upper level"}));
+}
+
+}  // namespace
