@@ -58,7 +58,7 @@ TEST_F(ItemNotes, StandBesideAliasesAndArguments) {
   EXPECT_EQ(Shown(), (Lines{"Plant.One|One|Double|2||upper level", "Plant.Two|Two|Boolean|0||",
                             "Plant.Gone|Gone||1|missing|"}));
   Input({"key alt+F6 key --delay 60 Down Right sleep 0.4"});
-  EXPECT_EQ(Shown(), (Lines{"Gone|0|1|Plant.Gone||", "One|1|0|Plant.One|Double|upper level"}));
+  EXPECT_EQ(Shown(), (Lines{"One|1|0|Plant.One|Double|upper level", "Gone|0|1|Plant.Gone||"}));
 }
 
 }  // namespace
