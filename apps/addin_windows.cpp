@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The exports of OVFormulaEditor.dll.
+#include "apps/addin_classes.h"
 #include "com/class_factory.h"
-#include "com/classes.h"
 #include "com/failure.h"
 #include "com/module.h"
 #include "com/registration.h"
@@ -10,14 +10,14 @@ namespace {
 
 HRESULT Register(com::Scope scope) {
   return com::Guarded([&] {
-    com::RegisterModule(com::ScriptClasses(), scope);
+    com::RegisterModule(apps::AddInClasses(), scope);
     return S_OK;
   });
 }
 
 HRESULT Unregister(com::Scope scope) {
   return com::Guarded([&] {
-    com::UnregisterModule(com::ScriptClasses(), scope);
+    com::UnregisterModule(apps::AddInClasses(), scope);
     return S_OK;
   });
 }
@@ -25,7 +25,7 @@ HRESULT Unregister(com::Scope scope) {
 }  // namespace
 
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID interface_id, void** object) {
-  return com::GetClassObject(com::ScriptClasses(), class_id, interface_id, object);
+  return com::GetClassObject(apps::AddInClasses(), class_id, interface_id, object);
 }
 
 STDAPI DllCanUnloadNow() { return com::IsModuleAlive() ? S_FALSE : S_OK; }

@@ -77,7 +77,8 @@ std::int32_t Connect::Initialize(std::string_view ov4_project_name, std::string_
     studio_project_name_ = ov4_project_name;
     host_add_in_ = std::dynamic_pointer_cast<platform::AddIn>(ov4_add_in);
     ide_ = std::dynamic_pointer_cast<platform::VBE>(ov4_any);
-    if (!host_add_in_ || !ResolveDatabasePath()) return;
+    if (!host_add_in_ || ov4_project_name.empty()) return;
+    database_path_ = DatabasePathOf(services_.settings, ov4_project_name);
     host_window_ = host_add_in_->MainWindow();
     BuildRoot(*host_add_in_, texts_);
     services_.help.SetHelpFile(services_.settings.RegistryText(kCompanyKey, "Common", "") +
@@ -85,16 +86,12 @@ std::int32_t Connect::Initialize(std::string_view ov4_project_name, std::string_
   });
 }
 
-bool Connect::ResolveDatabasePath() {
-  if (database_path_.empty()) return false;
-  if (IsDatabasePath(database_path_)) {
-    database_path_ = WithoutTrailingBlanks(database_path_);
-    return true;
-  }
-  const std::string folder =
-      services_.settings.RegistryText(std::string(kProjectsKey) + database_path_, "Path", "");
-  database_path_ = folder + "\\" + database_path_ + std::string(kDatabaseExtension);
-  return true;
+std::string Connect::DatabasePathOf(platform::SettingsService& settings, std::string_view project) {
+  if (project.empty()) return {};
+  if (IsDatabasePath(project)) return WithoutTrailingBlanks(project);
+  const std::string name(project);
+  const std::string folder = settings.RegistryText(std::string(kProjectsKey) + name, "Path", "");
+  return folder + "\\" + name + std::string(kDatabaseExtension);
 }
 
 // --- Ensure-open ---

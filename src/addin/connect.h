@@ -64,6 +64,10 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
     return 0;
   }
 
+  // The project database of a studio project: the name itself when it is a path, otherwise in the
+  // folder that the registry names. "" for "".
+  static std::string DatabasePathOf(platform::SettingsService& settings, std::string_view project);
+
   // --- Accessors ---
   std::shared_ptr<platform::AddIn> HostAddIn() const override { return host_add_in_; }
   std::shared_ptr<platform::VBE> IdeObject() const { return ide_; }
@@ -86,7 +90,6 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   void ActivateEditor() override;
 
  private:
-  bool ResolveDatabasePath();
   void EnsureOpen();
   bool ConnectToDataBase();
   bool RefuseDataBase(const std::string& reason);

@@ -42,6 +42,7 @@ std::span<const Row> CheckRows();      // 3000 to 3299: check
 std::span<const Row> CodeRows();       // 3600 to 3799: code between declarations
 std::span<const Row> WindowRows();     // 3800 to 3899: undo, history and check in the window
 std::span<const Row> SearchRows();     // 3900 to 3999: finding in code, in the window
+std::span<const Row> ComRows();        // 4000 to 4099: the add-in in the studio
 std::span<const Row> PaneRows();       // 4200 to 4299: history, check, data flow in the window
 
 // German texts of the layers below. Their English ones stand in "<layer>/messages.def", by the same

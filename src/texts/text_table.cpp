@@ -46,6 +46,7 @@ std::span<const Area> Areas() {
       {"code", 3600, 3799, CodeRows()},
       {"window", 3800, 3899, WindowRows()},
       {"search", 3900, 3999, SearchRows()},
+      {"com", 4000, 4099, ComRows()},
       {"lists", 4100, 4199, ListRows()},
       {"panes", 4200, 4299, PaneRows()},
       {"plant", 4300, 4399, PlantRows()},

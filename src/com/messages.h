@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+// What the adapters say, by number in the text table.
+#pragma once
+
+#include "messages/message.h"
+
+namespace com::message {
+
+inline constexpr messages::Pattern kCodeNotRestored{4001};
+inline constexpr messages::Pattern kChangedMeanwhile{4002};
+
+}  // namespace com::message
