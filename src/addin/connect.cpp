@@ -97,7 +97,20 @@ std::string Connect::DatabasePathOf(platform::SettingsService& settings, std::st
 // --- Ensure-open ---
 
 void Connect::EnsureOpen() {
-  if (initialised_ || !host_add_in_) return;
+  if (initialised_ || opening_ || !host_add_in_) return;
+  struct Opening {
+    Connect& connect;
+    ~Opening() {
+      connect.opening_ = false;
+      if (std::exchange(connect.ends_when_open_, false)) connect.Terminate();
+    }
+  };
+  opening_ = true;
+  const Opening opening{*this};
+  Open();
+}
+
+void Connect::Open() {
   const dialogs::BusyPointer busy(services_.toolkit);
   if (!ConnectToDataBase()) return;
   try {
@@ -161,6 +174,10 @@ void Connect::OpenEditor() {
 // --- Stop ---
 
 std::int32_t Connect::Terminate() {
+  if (opening_) {
+    ends_when_open_ = true;
+    return 0;
+  }
   return Event([this] {
     if (host_add_in_) RemoveRoot(*host_add_in_);
     Release();

@@ -90,7 +90,10 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   void ActivateEditor() override;
 
  private:
+  // The studio may send events from inside the calls that this makes: a click is answered by the
+  // opening that is under way, an end waits for it.
   void EnsureOpen();
+  void Open();
   bool ConnectToDataBase();
   bool RefuseDataBase(const std::string& reason);
   void OpenEditor();
@@ -108,6 +111,8 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   Embedding embedding_;
   std::shared_ptr<editor::frmtabgrid> editor_;
   bool initialised_ = false;
+  bool opening_ = false;
+  bool ends_when_open_ = false;
   std::shared_ptr<platform::AddIn> host_add_in_;
   std::shared_ptr<platform::VBE> ide_;
   std::string database_path_;

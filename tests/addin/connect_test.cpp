@@ -48,6 +48,26 @@ TEST(Connect, StartResolvesTheDatabase) {
   }
 }
 
+TEST(Connect, EventsFromInsideTheOpeningNeitherOpenTwiceNorEndItHalfway) {
+  EditorBench bench;
+  bench.Start();
+  bench.studio->TakeCalls();
+  bench.studio->on_add = [&] { bench.add_in->NodeClick("Plant", "FOR0", "Formulas"); };
+  bench.add_in->NodeClick("Plant", "FOR0", "Formulas");
+  EXPECT_TRUE(bench.add_in->Initialised());
+  EXPECT_EQ(bench.toolkit.loaded.size(), 1u);
+  bench.studio->on_add = nullptr;
+  bench.add_in->Terminate();
+
+  bench.Start();
+  bench.studio->on_add = [&] { bench.add_in->Terminate(); };
+  bench.add_in->NodeClick("Plant", "FOR0", "Formulas");
+  EXPECT_FALSE(bench.add_in->Initialised());
+  EXPECT_EQ(bench.add_in->EditorWindow(), nullptr);
+  EXPECT_EQ(bench.studio->Find("FOR0"), nullptr);
+  EXPECT_FALSE(store::ADOFRO::Exists());
+}
+
 TEST(Connect, FirstEventOpensAndTheSecondAddsNothing) {
   EditorBench bench(support::kGermanLcid);
   bench.Start();

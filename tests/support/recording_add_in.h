@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -24,6 +25,7 @@ class RecordingAddIn : public platform::AddIn {
   std::vector<Node> nodes;  // in the order of adding
   platform::SelectedNode selected;
   platform::WindowHandle main_window = 100;
+  std::function<void()> on_add;  // a studio that sends events from inside a call
   // What the user chooses, one answer per question; no answer is a cancelled choice.
   std::deque<std::string> chosen_items;
   std::vector<std::string> errors;
@@ -44,6 +46,7 @@ class RecordingAddIn : public platform::AddIn {
                        std::string_view info, std::string_view icon,
                        const platform::NodeFlags& flags) override {
     Record("AddNode", parent, key, text);
+    if (on_add) on_add();
     nodes.push_back({std::string(parent), std::string(key), std::string(text), std::string(info),
                      std::string(icon), flags});
     return 0;
