@@ -67,7 +67,7 @@ class Parts {
     add_in_.emplace(
         editor::Services{toolkit_, window_system_, settings_, help_, objects_, database_.unit(),
                          items_ ? static_cast<platform::OVItems*>(&*items_) : &items_file_,
-                         components_ ? &*components_ : nullptr, nullptr, true});
+                         components_ ? &*components_ : nullptr, nullptr, nullptr, true});
     active_ = this;
     runtime_->on_exception = [this] { TellOfException(); };
   }
