@@ -44,15 +44,17 @@ bool EditArgument(const DialogContext& context, std::int32_t argument_id) try {
   const auto record = context.operations.FindArgument(argument_id);
   if (!record) return false;
   FParameter dialog(context);
-  if (!dialog.Load(*record)) {
+  if (!dialog.Load(*record, argument_id)) {
     context.messages.Warn(context.Text(kInitialisationFailed));
     return false;
   }
   dialog.SetOnVariableChange(IsOnVariableChange(context, record->parent_id));
   while (dialog.Run()) {
     const store::ArgumentValues values = dialog.Values();
-    const store::OperationResult result =
-        RunOperation(context, [&] { return context.operations.EditArgument(argument_id, values); });
+    store::RenameOptions options;
+    options.with_uses = dialog.WithUses();
+    const store::OperationResult result = RunOperation(
+        context, [&] { return context.operations.EditArgument(argument_id, values, options); });
     if (result.success()) return true;
     WarnFailure(context, result, kStorageFailed);
   }
@@ -116,8 +118,10 @@ bool EditAlias(const DialogContext& context, std::int32_t alias_id) try {
   dialog.Load(*record);
   while (dialog.Run()) {
     const store::AliasValues values = dialog.Values();
-    const store::OperationResult result =
-        RunOperation(context, [&] { return context.operations.EditAlias(alias_id, values); });
+    store::RenameOptions options;
+    options.with_uses = dialog.WithUses();
+    const store::OperationResult result = RunOperation(
+        context, [&] { return context.operations.EditAlias(alias_id, values, options); });
     if (result.success()) return true;
     WarnFailure(context, result);
   }

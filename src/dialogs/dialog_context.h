@@ -34,6 +34,7 @@ struct DialogContext {
   platform::AddIn* studio = nullptr;
   platform::Help* help = nullptr;
   forms::Form* owner = nullptr;
+  bool offers_uses = false;  // a new name offers to change its uses in procedures
   std::shared_ptr<Choices> choices = std::make_shared<Choices>();
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }

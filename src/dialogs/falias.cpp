@@ -16,7 +16,10 @@ bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std:
 }  // namespace
 
 FAlias::FAlias(const DialogContext& context, std::int32_t alias_id)
-    : DialogForm("FAlias", context, kAliasHelpTopic), alias_id_(alias_id) {
+    : DialogForm("FAlias", context, kAliasHelpTopic),
+      alias_id_(alias_id),
+      uses_(context, chkWithUses, lblWithUsesHint,
+            [this] { return this->context().operations.CodeUsesOfAlias(alias_id_); }) {
   SetCaption("VBAlias");
   lblItemName.SetTag("C401");
   lblVBAlias.SetTag("C402");
@@ -37,6 +40,7 @@ FAlias::FAlias(const DialogContext& context, std::int32_t alias_id)
 }
 
 void FAlias::Load(const store::AliasValues& values) {
+  stored_ = values.vb_alias;
   txtItemname.SetText(values.item_id);
   txtVBAlias.SetText(values.vb_alias);
 }
@@ -80,6 +84,7 @@ void FAlias::OnAlias() {
   }
   ShowHint(lblVBAliasHint, hint);
   txtVBAlias.SetInvalid(invalid);
+  uses_.Follow(!stored_.empty() && !IsBlank(text) && text != stored_);
 }
 
 void FAlias::OnChooseItem() {

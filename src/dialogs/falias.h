@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+
 #include "dialogs/dialog_form.h"
+#include "dialogs/uses_offer.h"
 #include "store/formula_records.h"
 
 namespace dialogs {
@@ -15,6 +18,7 @@ class FAlias : public DialogForm {
 
   void Load(const store::AliasValues& values);
   store::AliasValues Values() const { return {txtItemname.Text(), txtVBAlias.Text()}; }
+  bool WithUses() const { return uses_.Taken(); }
 
   forms::Frame fraVBAlias{this, "fraVBAlias"};
   forms::Label lblItemName{&fraVBAlias, "lblItemName"};
@@ -24,6 +28,8 @@ class FAlias : public DialogForm {
   forms::Label lblVBAlias{&fraVBAlias, "lblVBAlias"};
   forms::TextBox txtVBAlias{&fraVBAlias, "txtVBAlias"};
   forms::Label lblVBAliasHint{&fraVBAlias, "lblVBAliasHint"};
+  forms::CheckBox chkWithUses{&fraVBAlias, "chkWithUses"};
+  forms::Label lblWithUsesHint{&fraVBAlias, "lblWithUsesHint"};
   forms::Button cmdOk{this, "cmdOk"};
   forms::Button cmdCancel{this, "cmdCancel"};
   forms::Button cmdHelp{this, "cmdHelp"};
@@ -38,6 +44,8 @@ class FAlias : public DialogForm {
   void Propose();
 
   std::int32_t alias_id_;
+  UsesOffer uses_;
+  std::string stored_;    // the alias that is edited; empty for a new one
   std::string proposed_;  // the alias that was filled in last
 };
 

@@ -16,7 +16,9 @@ constexpr std::int32_t kCodeStays = 1653;
 }  // namespace
 
 FFunction::FFunction(const DialogContext& context)
-    : DialogForm("FFunction", context, kFormulaHelpTopic) {
+    : DialogForm("FFunction", context, kFormulaHelpTopic),
+      uses_(context, chkWithUses, lblWithUsesHint,
+            [this] { return this->context().operations.CodeUsesOfFormula(stored_->id); }) {
   SetTag("C301");
   lblName.SetTag("C302");
   lblProgID.SetTag("C303");
@@ -96,6 +98,7 @@ void FFunction::OnName() {
            invalid ? context().texts.Sentence(check.detail.empty() ? check.message : check.detail)
                    : std::string());
   txtName.SetInvalid(invalid);
+  uses_.Follow(stored_ && changed && !txtName.Text().empty());
 }
 
 bool FFunction::Asynchronous() const {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "dialogs/dialog_form.h"
+#include "dialogs/uses_offer.h"
 #include "forms/combo_box.h"
 #include "store/formula_records.h"
 
@@ -23,11 +24,15 @@ class FFunction : public DialogForm {
   void ChooseClass(std::string_view prog_id);
   // Whether another class than the one that was shown first is chosen, and the code can follow.
   bool Moves() const;
+  // Whether calls of the formula follow its new name.
+  bool WithUses() const { return uses_.Taken(); }
 
   forms::Frame fraFunction{this, "fraFunction"};
   forms::Label lblName{&fraFunction, "lblName"};
   forms::TextBox txtName{&fraFunction, "txtName"};
   forms::Label lblNameHint{&fraFunction, "lblNameHint"};
+  forms::CheckBox chkWithUses{&fraFunction, "chkWithUses"};
+  forms::Label lblWithUsesHint{&fraFunction, "lblWithUsesHint"};
   forms::Label lblProgID{&fraFunction, "lblProgID"};
   forms::ComboBox cmbProgID{&fraFunction, "cmbProgID"};
   forms::Label lblProgIDHint{&fraFunction, "lblProgIDHint"};
@@ -60,6 +65,7 @@ class FFunction : public DialogForm {
 
   std::optional<store::FormulaRecord> stored_;  // as it was shown first
   std::string class_warnings_;
+  UsesOffer uses_;
 };
 
 }  // namespace dialogs

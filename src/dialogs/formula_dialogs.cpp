@@ -88,6 +88,7 @@ bool EditFormula(const DialogContext& context, std::int32_t formula_id) {
   while (dialog.Run()) {
     const store::FormulaValues values = SaveFormulaFromDialog(dialog, *record);
     store::EditFormulaOptions options;
+    options.with_uses = dialog.WithUses();
     options.with_code = dialog.Moves() && dialog.chkWithCode.Checked();
     if (dialog.Moves()) context.choices->move_with_code = options.with_code;
     const store::OperationResult result = RunOperation(

@@ -13,7 +13,9 @@ constexpr std::int32_t kItemOfAlias = 1605;
 }  // namespace
 
 FParameter::FParameter(const DialogContext& context)
-    : DialogForm("FParameter", context, kArgumentHelpTopic) {
+    : DialogForm("FParameter", context, kArgumentHelpTopic),
+      uses_(context, chkWithUses, lblWithUsesHint,
+            [this] { return this->context().operations.CodeUsesOfArgument(argument_id_); }) {
   SetTag("C500");
   lblVBAlias.SetTag("C501");
   chkIn.SetTag("C502");
@@ -32,7 +34,9 @@ FParameter::FParameter(const DialogContext& context)
   OnAlias();
 }
 
-bool FParameter::Load(const store::ArgumentValues& values) {
+bool FParameter::Load(const store::ArgumentValues& values, std::int32_t argument_id) {
+  argument_id_ = argument_id;
+  stored_alias_ = values.alias_id;
   cmbVBAlias.SetListIndex(cmbVBAlias.FindData(values.alias_id));
   chkIn.SetChecked(values.in);
   chkOut.SetChecked(values.out);
@@ -52,6 +56,7 @@ void FParameter::OnFlag(forms::CheckBox& clicked) {
 void FParameter::OnAlias() {
   const std::int32_t index = cmbVBAlias.ListIndex();
   cmdOk.SetEnabled(index != -1);
+  uses_.Follow(argument_id_ != 0 && index != -1 && cmbVBAlias.ItemData(index) != stored_alias_);
   if (index != -1) {
     const auto records = context().aliases->Records(static_cast<std::size_t>(index), 1);
     ShowHint(lblVBAliasHint,

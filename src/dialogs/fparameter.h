@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/dialog_form.h"
+#include "dialogs/uses_offer.h"
 #include "forms/combo_box.h"
 #include "store/formula_records.h"
 
@@ -13,9 +14,11 @@ class FParameter : public DialogForm {
  public:
   explicit FParameter(const DialogContext& context);
 
-  // Shows the argument; false when its alias is not in the list.
-  bool Load(const store::ArgumentValues& values);
+  // Shows the argument of the ID; false when its alias is not in the list.
+  bool Load(const store::ArgumentValues& values, std::int32_t argument_id);
   store::ArgumentValues Values() const;
+  // Whether the uses of the old alias in the formula's procedure follow.
+  bool WithUses() const { return uses_.Taken(); }
 
   // Set after loading: what is stored already is not judged.
   void SetOnVariableChange(bool on_variable_change) { on_variable_change_ = on_variable_change; }
@@ -24,6 +27,8 @@ class FParameter : public DialogForm {
   forms::Label lblVBAlias{&fraParameter, "lblVBAlias"};
   forms::ComboBox cmbVBAlias{&fraParameter, "cmbVBAlias"};
   forms::Label lblVBAliasHint{&fraParameter, "lblVBAliasHint"};
+  forms::CheckBox chkWithUses{&fraParameter, "chkWithUses"};
+  forms::Label lblWithUsesHint{&fraParameter, "lblWithUsesHint"};
   forms::CheckBox chkIn{&fraParameter, "chkIn"};
   forms::CheckBox chkOut{&fraParameter, "chkOut"};
   forms::Button cmdOk{this, "cmdOk"};
@@ -34,6 +39,9 @@ class FParameter : public DialogForm {
   void OnFlag(forms::CheckBox& clicked);
   void OnAlias();
 
+  UsesOffer uses_;
+  std::int32_t argument_id_ = 0;  // that is edited; 0 for a new one
+  std::int32_t stored_alias_ = 0;
   bool on_variable_change_ = false;
 };
 

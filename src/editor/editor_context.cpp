@@ -28,9 +28,16 @@ EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
       operations({project.connection, project.vbe, &code, &services.unit, &texts}),
       rows(project.connection, project.grid_aliases, operations, services.notes),
       items(services.items),
-      dialog_context{
-          services.toolkit, texts,          messages, operations, rows.AliasesByName(), items,
-          studio.get(),     &services.help, &owner} {
+      dialog_context{services.toolkit,
+                     texts,
+                     messages,
+                     operations,
+                     rows.AliasesByName(),
+                     items,
+                     studio.get(),
+                     &services.help,
+                     &owner,
+                     services.offers_uses} {
   code.Initialize(project.connection, project.vbe, project.name);
   dialog_context.choices->move_with_code = KeptMoveWithCode();
 }

@@ -28,6 +28,7 @@ struct Services {
   // Shown in columns behind the grids' own; null: there are none.
   dialogs::ItemNotes* notes = nullptr;
   bool moves_take_code = false;  // of formulas to another class, until the user chooses otherwise
+  bool offers_uses = false;      // a new name offers to change its uses in procedures
 };
 
 // What the editor window asks of the add-in that owns it.

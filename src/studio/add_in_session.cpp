@@ -63,9 +63,10 @@ AddInSession::AddInSession(project::Project& project, const Dependencies& depend
       notes_(project.items()),
       reports_(std::make_unique<Reports>(*this)),
       studio_(std::make_shared<Studio>(project.name())) {
-  add_in_ = std::make_unique<addin::Connect>(editor::Services{
-      dependencies.toolkit, dependencies.window_system, dependencies.settings, dependencies.help,
-      *reports_, project.unit(), &project.items(), project.components(), nullptr, &notes_, true});
+  add_in_ = std::make_unique<addin::Connect>(
+      editor::Services{dependencies.toolkit, dependencies.window_system, dependencies.settings,
+                       dependencies.help, *reports_, project.unit(), &project.items(),
+                       project.components(), nullptr, &notes_, true, true});
 }
 
 AddInSession::~AddInSession() { Stop(); }

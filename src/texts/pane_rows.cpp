@@ -53,6 +53,10 @@ std::span<const Row> PaneRows() {
       {4242, "&Reparieren", "&Repair"},
       {4243, "Repariert: <Count>. Befunde, die bleiben: <Left>.",
        "Repaired: <Count>. Findings that are left: <Left>."},
+
+      {4260, "&Verwendungen im Code mit ändern: <Count>", "Change its &uses in the code: <Count>"},
+      {4261, "Nicht sicher, darum unverändert: <Places>",
+       "Not sure, so left as they are: <Places>"},
   });
   return kRows;
 }

@@ -278,6 +278,37 @@ TEST_P(DialogFlows, TypedItemProposesAnAlias) {
   EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank2.Level|Tank1_Level", "2|Pump2.Running|Running"));
 }
 
+// The offer shows while the name is another one and has uses, with their number.
+TEST_P(DialogFlows, ARenameOffersToChangeTheUses) {
+  const std::int32_t formula = bench.HaveFormula("FillTank", "PumpServer.CPump");
+  const std::int32_t level = bench.HaveAlias("Tank1.Level", "Level");
+  bench.HaveArgument(formula, level, true, false);
+  std::string code = bench.plant.system.Get(support::ClassPath("CPump"));
+  const std::string head = "Public Sub FillTank()\r\n";
+  code.insert(code.find(head) + head.size(), "  Level = Level + 1\r\n");
+  bench.plant.system.Put(support::ClassPath("CPump"), code);
+  bench.In<FAlias>([&](FAlias& dialog) {
+    dialog.txtVBAlias.SetText("Height");
+    EXPECT_FALSE(dialog.chkWithUses.Visible()) << "not in the studio";
+    dialog.cmdCancel.Click();
+  });
+  EXPECT_FALSE(EditAlias(context, level));
+  bench.context->offers_uses = true;
+  bench.In<FAlias>([&](FAlias& dialog) {
+    EXPECT_FALSE(dialog.chkWithUses.Visible());
+    dialog.txtVBAlias.SetText("Height");
+    EXPECT_TRUE(dialog.chkWithUses.Visible());
+    EXPECT_TRUE(dialog.chkWithUses.Checked());
+    EXPECT_THAT(dialog.chkWithUses.Caption(), testing::EndsWith(": 2"));
+    dialog.txtVBAlias.SetText("Level");
+    EXPECT_FALSE(dialog.chkWithUses.Visible());
+    dialog.txtVBAlias.SetText("Height");
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditAlias(context, level));
+  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("  Height = Height + 1\r\n"));
+}
+
 // What did not change is not judged: an alias that breaks the rules may get another item.
 TEST_P(DialogFlows, StoredAliasIsNotJudged) {
   const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");

@@ -67,10 +67,22 @@ TEST_F(FormulaDialogTest, RefusesAScanTimeThatIsNone) {
   EXPECT_EQ(plant.Rows("TvbfFormulas", {"Name", "Type", "ScanTime"}), Lines{"Fill|7|250"});
 }
 
+// A new name of the alias changes its uses, too, unless the user says otherwise; undo takes all of
+// it back.
+TEST_F(FormulaDialogTest, ARenameTakesTheUsesAlong) {
+  const std::string code = plant.Code("CPump");
+  Input({"key --delay 60 Home Down sleep 0.3", "key F6 key F9 sleep 0.8",
+         "key --delay 80 Tab Tab ctrl+a", "type --delay 40 First", "key Return sleep 0.5"});
+  EXPECT_TRUE(plant.Has("CPump", "    First = 1\r\n")) << plant.Code("CPump");
+  EXPECT_FALSE(plant.Has("CPump", "One"));
+  Input({"key alt+F6 key ctrl+z sleep 0.5"});
+  EXPECT_EQ(plant.Code("CPump"), code);
+}
+
 // Uses that a rename leaves behind are a list to go through.
 TEST_F(FormulaDialogTest, ListsTheUsesThatARenameLeaves) {
   Input({"key --delay 60 Home Down sleep 0.3", "key alt+F6 key F9 sleep 0.8",
-         "key --delay 80 Tab Tab ctrl+a", "type --delay 40 First", "key Return"});
+         "key --delay 80 Tab Tab ctrl+a", "type --delay 40 First", "key alt+u key Return"});
   auto* places = FindChild<desktop::PlaceList>(program.window());
   ASSERT_TRUE(places && places->IsShown());
   auto* list = FindChild<wxListBox>(*places);
