@@ -74,7 +74,7 @@ TEST_F(FormulaDialogTest, ARenameTakesTheUsesAlong) {
   Input({"key --delay 60 Home Down sleep 0.3", "key F6 key F9 sleep 0.8",
          "key --delay 80 Tab Tab ctrl+a", "type --delay 40 First", "key Return sleep 0.5"});
   EXPECT_TRUE(plant.Has("CPump", "    First = 1\r\n")) << plant.Code("CPump");
-  EXPECT_FALSE(plant.Has("CPump", "One"));
+  EXPECT_FALSE(plant.Has("CPump", "One = "));
   Input({"key alt+F6 key ctrl+z sleep 0.5"});
   EXPECT_EQ(plant.Code("CPump"), code);
 }
