@@ -173,6 +173,7 @@ void CodePane::ShowReason(const std::string& reason) {
 }
 
 bool CodePane::TakeKeyboard() {
+  if (!IsShown()) return false;
   if (!editor_->IsEnabled()) return false;
   editor_->SetFocus();
   return true;
@@ -192,10 +193,12 @@ void CodePane::ShowName() {
 void CodePane::ScrollTo(std::int32_t line) { editor_->ScrollTo(line); }
 
 void CodePane::SelectLines(const platform::CodeSelection& selection) {
+  on_place();
   editor_->SelectLines(selection);
 }
 
 void CodePane::SelectPlace(const codegen::CodePlace& place) {
+  on_place();
   const std::string text = editor_->Text();
   const std::int32_t line = FindLine(project::EditorLines(text), place.line, place.text);
   if (line != 0) return editor_->SelectPlace(line, place.column, place.length);

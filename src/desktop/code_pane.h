@@ -80,6 +80,8 @@ class CodePane : public wxPanel {
   std::function<void(const std::string& message, const std::string& detail)> on_failure;
   // What is to stand in the file that others changed at the same place.
   std::function<Conflict(const std::string& module)> on_conflict;
+  // A place of the code is about to be shown.
+  std::function<void()> on_place = [] {};
   // The user asks for the definition or the uses of the name at the caret.
   std::function<void()> on_definition;
   std::function<void()> on_uses;

@@ -40,6 +40,10 @@ DesktopState::DesktopState(project::FileSettingsService& settings, files::FileSy
   window.maximised = Number("Maximised", 0) != 0;
   window.tree_width = Number("TreeWidth", window.tree_width);
   window.code_height = Number("CodeHeight", window.code_height);
+  window.code_width = Number("CodeWidth", window.code_width);
+  window.tree_shown = Number("TreeShown", 1) != 0;
+  window.code_shown = Number("CodeShown", 1) != 0;
+  window.code_beside = Number("CodeBeside", 0) != 0;
   project = settings.ReadIni(file_, kSection, "Project", "");
   node = settings.ReadIni(file_, kSection, "Node", "");
   told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
@@ -73,6 +77,10 @@ bool DesktopState::Save() {
       {"Maximised", window.maximised ? "1" : "0"},
       {"TreeWidth", std::to_string(window.tree_width)},
       {"CodeHeight", std::to_string(window.code_height)},
+      {"CodeWidth", std::to_string(window.code_width)},
+      {"TreeShown", window.tree_shown ? "1" : "0"},
+      {"CodeShown", window.code_shown ? "1" : "0"},
+      {"CodeBeside", window.code_beside ? "1" : "0"},
       {"Project", project},
       {"Node", node},
       {"ToldCrashLog", told_crash_log},

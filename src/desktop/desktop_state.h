@@ -23,6 +23,8 @@ class DesktopState {
     bool maximised = false;
     int tree_width = 260;
     int code_height = 300;
+    int code_width = 560;  // where it stands beside the table
+    bool tree_shown = true, code_shown = true, code_beside = false;
   };
 
   Place window;

@@ -30,7 +30,7 @@ namespace {
 using studio::TextNumber;
 
 constexpr int kTimerMs = 700;            // how often files changed by others are looked for
-constexpr std::size_t kEditorMenus = 2;  // the editor's menus stand behind the first two
+constexpr std::size_t kEditorMenus = 3;  // the editor's menus stand behind the first three
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
 constexpr std::int32_t kItemsTopic = 90032;
@@ -121,11 +121,12 @@ void MainWindow::ConnectPanes() {
   code_.on_failure = [this](const std::string& message, const std::string& detail) {
     messages_.Fail(message, detail);
   };
+  code_.on_place = [this] { panes_.ShowCode(true); };
   code_.on_conflict = [this](const std::string& module) { return AskAboutConflict(module); };
   code_.on_unsaved = [this](const std::string& module) { return AskAboutCode(module); };
   code_.GetParent()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
-    if (!place_.Arranged()) CallAfter([this] { panes_.RestoreCodeHeight(); });
+    if (!place_.Arranged()) CallAfter([this] { panes_.RestoreCodeSize(); });
   });
 }
 
@@ -180,7 +181,7 @@ void MainWindow::ConnectStudio() {
   studio::Studio::Window& window = session_->studio().window;
   window.handle = [this] { return wx::HandleOf(this); };
   window.select_node = [this](std::string_view key) { tree_.SelectKey(std::string(key)); };
-  window.activate_tree = [this] { tree_.SetFocus(); };
+  window.activate_tree = [this] { TakeTree(); };
   window.show_error = [this](std::string_view text) { messages_.Fail(std::string(text), ""); };
   window.choose_item = [this](std::string_view current) { return ChooseItem(current); };
   window.show_code_window = [this] { code_.Refresh(); };
@@ -238,7 +239,8 @@ void MainWindow::Bind() {
   wxFrame::Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_F1) {
       parts_.help.ShowTopic(0, HasKeyboard(code_) ? kCodeTopic : kFirstTopic);
-    } else if (!menu_.RunShortcut(event) && !undo_menu_.RunKey(event) && !MoveKeyboard(event)) {
+    } else if (!menu_.RunShortcut(event) && !undo_menu_.RunKey(event) && !RunViewKey(event) &&
+               !MoveKeyboard(event)) {
       event.Skip();
     }
   });
@@ -255,6 +257,19 @@ void MainWindow::Bind() {
   timer_.Start(kTimerMs);
 }
 
+// What had the keyboard may be out of sight then.
+bool MainWindow::RunViewKey(const wxKeyEvent& event) {
+  if (!view_menu_.RunKey(event)) return false;
+  const wxWindow* focus = wxWindow::FindFocus();
+  if (session_ && (!focus || !focus->IsShownOnScreen())) GoToNode(tree_.SelectedKey());
+  return true;
+}
+
+void MainWindow::TakeTree() {
+  panes_.ShowTree(true);
+  tree_.SetFocus();
+}
+
 // F6 goes round: tree, table, code. In the code Escape and Alt+F6 go back to the tree, too.
 bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
   const bool round = event.GetKeyCode() == WXK_F6 && !event.HasAnyModifiers();
@@ -263,12 +278,12 @@ bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
   if (!session_ || !(round || back)) return false;
   const bool in_overview = HasKeyboard(panes_.overview());
   if (HasKeyboard(code_) || (in_overview && event.GetKeyCode() == WXK_F6 && !round)) {
-    tree_.SetFocus();
+    TakeTree();
     return true;
   }
   if (!round) return false;
   if (in_overview || HasKeyboard(panes_.editor_host())) {
-    if (!code_.TakeKeyboard()) tree_.SetFocus();
+    if (!code_.TakeKeyboard()) TakeTree();
     return true;
   }
   if (panes_.overview().IsShown()) {

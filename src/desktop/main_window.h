@@ -26,6 +26,7 @@
 #include "desktop/undo_menu.h"
 #include "desktop/undo_offer.h"
 #include "desktop/unsaved_code_keeper.h"
+#include "desktop/view_menu.h"
 #include "desktop/window_messages.h"
 #include "desktop/window_panes.h"
 #include "desktop/window_parts.h"
@@ -88,6 +89,9 @@ class MainWindow : public wxFrame {
 
   void ShowTitle();
   bool MoveKeyboard(const wxKeyEvent& event);
+  bool RunViewKey(const wxKeyEvent& event);
+  // The tree has the keyboard, in sight again if it was not.
+  void TakeTree();
   void SelectNode(const studio::StudioNode& node);
   // The overview for the folder of the formulas, the editor for every other node.
   void ShowUpperPane(const std::string& key);
@@ -115,6 +119,7 @@ class MainWindow : public wxFrame {
   WindowPanes panes_;
   ProjectTree& tree_ = panes_.tree();
   CodePane& code_ = panes_.code();
+  ViewMenu view_menu_{*this, parts_.texts, panes_};
   WindowPlace place_;
   ListExchange lists_{*this, parts_, messages_};
   BackupKeeper backups_;

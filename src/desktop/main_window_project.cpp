@@ -113,7 +113,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   ShowRecent();
   backups_.List(project_->path());
   messages_.Status(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", project_->path()}}));
-  tree_.SetFocus();
+  panes_.TreeShown() ? tree_.SetFocus() : GoToNode(tree_.SelectedKey());
   CallAfter([this] {
     if (watch_) watch_->ShowProblems();
     if (watch_) ShowLimits();

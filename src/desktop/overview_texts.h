@@ -64,6 +64,12 @@ enum OverviewText : int {
   kTextAsynchronousEvery,
   kTextEditField,
 
+  // What is seen of the window.
+  kTextMenuView = 4390,
+  kTextViewTree,
+  kTextViewCode,
+  kTextViewCodeBeside,
+
   // Going to a name.
   kTextGoToName = 4360,
   kTextPartOfName,

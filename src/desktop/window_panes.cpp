@@ -57,8 +57,10 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   columns_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetSashGravity(kUpperShare);
-  rows_->SplitHorizontally(upper_, code_, -frame.FromDIP(place.code_height));
+  SplitCode();
+  if (!place.code_shown) rows_->Unsplit(code_);
   columns_->SplitVertically(tree_, rows_, frame.FromDIP(place.tree_width));
+  if (!place.tree_shown) columns_->Unsplit(tree_);
   lower_->SetSizer(new wxBoxSizer(wxVERTICAL));
   lower_->Hide();
   whole_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
@@ -76,11 +78,64 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
 }
 
 void WindowPanes::Arrange() {
+  if (!rows_->IsSplit() || place_.code_beside) {
+    frame_.Layout();
+    return;
+  }
   const int table = rows_->GetSashPosition();
   rows_->SetSashGravity(0);
   frame_.Layout();
   rows_->SetSashGravity(kUpperShare);
   rows_->SetSashPosition(table);
+}
+
+bool WindowPanes::TreeShown() const { return columns_->IsSplit(); }
+
+bool WindowPanes::CodeShown() const { return rows_->IsSplit(); }
+
+void WindowPanes::SplitCode() {
+  const int sash = rows_->GetSashSize();
+  if (place_.code_beside) {
+    rows_->SplitVertically(upper_, code_, -sash - frame_.FromDIP(place_.code_width));
+  } else {
+    rows_->SplitHorizontally(upper_, code_, -sash - frame_.FromDIP(place_.code_height));
+  }
+}
+
+void WindowPanes::KeepCodeSize() {
+  if (!CodeShown()) return;
+  const wxSize size = code_->GetSize();
+  int& kept = place_.code_beside ? place_.code_width : place_.code_height;
+  kept = frame_.ToDIP(place_.code_beside ? size.GetWidth() : size.GetHeight());
+}
+
+void WindowPanes::ShowTree(bool shown) {
+  if (shown == TreeShown()) return;
+  if (shown) {
+    columns_->SplitVertically(tree_, rows_, frame_.FromDIP(place_.tree_width));
+  } else {
+    place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
+    columns_->Unsplit(tree_);
+  }
+  place_.tree_shown = shown;
+}
+
+void WindowPanes::ShowCode(bool shown) {
+  if (shown == CodeShown()) return;
+  KeepCodeSize();
+  if (shown) {
+    SplitCode();
+  } else {
+    rows_->Unsplit(code_);
+  }
+  place_.code_shown = shown;
+}
+
+void WindowPanes::PutCodeBeside(bool beside) {
+  if (beside == place_.code_beside) return ShowCode(true);
+  ShowCode(false);
+  place_.code_beside = beside;
+  ShowCode(true);
 }
 
 void WindowPanes::Connect(LowerPane& pane) {
@@ -123,14 +178,18 @@ void WindowPanes::ShowUpper(Upper upper) {
   upper_->Layout();
 }
 
-void WindowPanes::RestoreCodeHeight() {
-  const int height = rows_->GetSashSize() + frame_.FromDIP(place_.code_height);
-  rows_->SetSashPosition(std::max(1, rows_->GetClientSize().GetHeight() - height));
+void WindowPanes::RestoreCodeSize() {
+  if (!CodeShown()) return;
+  const wxSize room = rows_->GetClientSize();
+  const bool beside = place_.code_beside;
+  const int size =
+      rows_->GetSashSize() + frame_.FromDIP(beside ? place_.code_width : place_.code_height);
+  rows_->SetSashPosition(std::max(1, (beside ? room.GetWidth() : room.GetHeight()) - size));
 }
 
 void WindowPanes::Keep() {
-  place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
-  place_.code_height = frame_.ToDIP(code_->GetSize().GetHeight());
+  if (TreeShown()) place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
+  KeepCodeSize();
 }
 
 }  // namespace desktop

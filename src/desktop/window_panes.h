@@ -45,9 +45,18 @@ class WindowPanes {
   void ShowUpper(Upper upper);
   // Above the editor.
   void ShowStrip(bool shown);
+  bool TreeShown() const;
+  bool CodeShown() const;
+  bool CodeBeside() const { return place_.code_beside; }
+  // Each comes back as large as it was.
+  void ShowTree(bool shown);
+  void ShowCode(bool shown);
+  // Beside the table where it was below it, and back. The code is shown then.
+  void PutCodeBeside(bool beside);
+
   // As long as the window changes its size by itself, each step would share the new room between
   // table and code.
-  void RestoreCodeHeight();
+  void RestoreCodeSize();
   // Writes down how the panes share the window.
   void Keep();
 
@@ -56,6 +65,8 @@ class WindowPanes {
   DesktopState::Place& place_;
   // Lays the window out anew: what stands above stays where it is, the code gives the room.
   void Arrange();
+  void SplitCode();
+  void KeepCodeSize();
   // One of the lower panes is shown; closing it gives its room back.
   void Connect(LowerPane& pane);
 

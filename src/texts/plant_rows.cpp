@@ -99,6 +99,11 @@ std::span<const Row> PlantRows() {
       {4385, "fehlt", "missing"},
       {4386, "Diese Spalte wird nur gezeigt; sie lässt sich hier nicht ändern.",
        "This column is only shown; it cannot be changed here."},
+      // What is seen of the window.
+      {4390, "&Ansicht", "&View"},
+      {4391, "&Projektbaum", "Project &Tree"},
+      {4392, "&Code", "&Code"},
+      {4393, "Code &neben der Tabelle", "Code &Beside the Table"},
   });
   return kRows;
 }

@@ -51,7 +51,7 @@ def keyboard_goes_round(desk):
 
 def menus_show_their_entries():
     """The menus change with the node; what they show has room enough to be read."""
-    press("F10", "Right", "Right")
+    press("F10", "Right", "Right", "Right")
     edit = expect("menu item", "Edit", expect("menu", "Formulas"))
     wait("room for \"Edit\"", lambda: edit.queryComponent().getExtents(0).width > 100)
     press("Escape", "Escape")

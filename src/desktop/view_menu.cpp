@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/view_menu.h"
+
+#include <wx/menu.h>
+
+#include "desktop/crash_log.h"
+#include "desktop/overview_texts.h"
+#include "wx/convert.h"
+#include "wx/native.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr std::size_t kPlace = 2;  // in the menu bar
+
+}  // namespace
+
+ViewMenu::ViewMenu(wxFrame& frame, const texts::TextTable& texts, WindowPanes& panes)
+    : panes_(panes), menu_(new wxMenu) {
+  const auto add = [&](int text, const char* key, Pane pane) {
+    wxMenuItem* item = menu_->AppendCheckItem(text, wx::ToWx(texts.Text(text)));
+    wx::ShowShortcut(*item, key);
+    frame.Bind(
+        wxEVT_MENU, [this, pane](wxCommandEvent&) { Toggle(pane); }, text);
+    return item;
+  };
+  tree_ = add(kTextViewTree, "Ctrl+B", Pane::kTree);
+  code_ = add(kTextViewCode, "Ctrl+J", Pane::kCode);
+  code_beside_ = add(kTextViewCodeBeside, "Ctrl+Shift+J", Pane::kCodeBeside);
+  frame.GetMenuBar()->Insert(kPlace, menu_, wx::ToWx(texts.Text(kTextMenuView)));
+  frame.Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+    event.Skip();
+    if (event.GetMenu() == menu_) Show();
+  });
+  Show();
+}
+
+bool ViewMenu::RunKey(const wxKeyEvent& event) {
+  const int code = event.GetKeyCode(), modifiers = event.GetModifiers();
+  if (modifiers == wxMOD_CONTROL && code == 'B') {
+    Toggle(Pane::kTree);
+  } else if (modifiers == wxMOD_CONTROL && code == 'J') {
+    Toggle(Pane::kCode);
+  } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && code == 'J') {
+    Toggle(Pane::kCodeBeside);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void ViewMenu::Toggle(Pane pane) {
+  RememberStep("view " + std::to_string(static_cast<int>(pane)));
+  if (pane == Pane::kTree) panes_.ShowTree(!panes_.TreeShown());
+  if (pane == Pane::kCode) panes_.ShowCode(!panes_.CodeShown());
+  if (pane == Pane::kCodeBeside) panes_.PutCodeBeside(!panes_.CodeBeside());
+  Show();
+}
+
+void ViewMenu::Show() {
+  tree_->Check(panes_.TreeShown());
+  code_->Check(panes_.CodeShown());
+  code_beside_->Check(panes_.CodeBeside());
+}
+
+}  // namespace desktop
