@@ -4,6 +4,7 @@
 // Before our own header for the system's, which takes names away that this one needs.
 #include <wx/msw/private.h>
 
+#include <wx/debug.h>
 #include <wx/dialog.h>
 #include <wx/evtloop.h>
 #include <wx/init.h>
@@ -22,7 +23,7 @@ namespace embedded {
 namespace {
 
 constexpr UINT kWake = WM_APP + 1;
-constexpr UINT_PTR kTasks = 1;  // timer
+constexpr UINT_PTR kTasks = 1, kIdle = 2;  // timers
 constexpr wchar_t kWindowClass[] = L"OVFormulaEditor.Loop";
 
 int handlers = 0;  // that are running
@@ -91,13 +92,22 @@ class Runtime::Loop final : public wxGUIEventLoop {
   explicit Loop(HWND window) : window_(window) {}
 
   void WakeUp() override {
-    if (!std::exchange(woken_, true)) ::PostMessageW(window_, kWake, 0, 0);
+    if (std::exchange(woken_, true)) return;
+    // Idle time that asks for more comes after the host's input, painting and timers.
+    if (idle_) {
+      ::SetTimer(window_, kIdle, USER_TIMER_MINIMUM, nullptr);
+    } else {
+      ::PostMessageW(window_, kWake, 0, 0);
+    }
   }
   void Woken() {
+    ::KillTimer(window_, kIdle);
     woken_ = false;
     if (!wxTheApp) return;
+    idle_ = true;
     wxTheApp->ProcessPendingEvents();
     if (wxTheApp->ProcessIdle()) WakeUp();
+    idle_ = false;
   }
   // Whether a key was for one of our windows and has had its effect.
   bool TakesKey(MSG& message) {
@@ -112,6 +122,7 @@ class Runtime::Loop final : public wxGUIEventLoop {
  private:
   HWND window_;
   bool woken_ = false;
+  bool idle_ = false;
 };
 
 // The window that the host's loop serves for us, and the hook on that loop.
@@ -127,6 +138,7 @@ class Runtime::Host {
     ::RegisterClassExW(&description);
     window_ = ::CreateWindowExW(0, kWindowClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 ThisModule(), nullptr);
+    wxDisableAsserts();  // the host's user can do nothing about a finding of the library
     wxSetInstance(ThisModule());
     auto* app = new App;
     app->on_exception = &runtime.on_exception;
@@ -180,7 +192,7 @@ class Runtime::Host {
   }
 
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM second) try {
-    if (current_ && message == kWake) {
+    if (current_ && (message == kWake || (message == WM_TIMER && first == kIdle))) {
       if (current_->loop_) current_->loop_->Woken();
       return 0;
     }
