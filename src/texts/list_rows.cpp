@@ -77,7 +77,7 @@ constexpr Row kRows[] = {
     {4152, "Einfügen: <Count>", "Paste: <Count>"},
 
     // Copies of a formula.
-    {4160, "D&uplizieren...", "D&uplicate..."},
+    {4160, "D&uplizieren...", "Dup&licate..."},
     {4161, "Formel duplizieren, auch mit anderen Namen",
      "Duplicate the formula, also with other names"},
     {4162, "Formel duplizieren: <Name>", "Duplicate Formula: <Name>"},

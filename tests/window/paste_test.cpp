@@ -60,7 +60,7 @@ TEST_F(PasteTest, LinesOfASpreadsheetBecomeAliasesAndArguments) {
 
 TEST_F(PasteTest, FormulasAreDuplicatedFromTheirMenu) {
   ASSERT_TRUE(program.Open());
-  Input({"key --delay 60 Home Down Down Down", "key Menu sleep 0.5 key u sleep 1",
+  Input({"key --delay 60 Home Down Down Down", "key Menu sleep 0.5 key l sleep 1",
          "type --delay 40 Fill{2..3}", "sleep 0.4 key Return sleep 1"});
   EXPECT_EQ(program.FormulaNodes(), (Lines{"Fill", "Other", "Fill2", "Fill3"}));
   EXPECT_NE(plant.Code("CPump").find("Public Sub Fill3()"), std::string::npos);
