@@ -9,6 +9,7 @@
 
 #include "tests/check/faults.h"
 #include "tests/support/failing_file_system.h"
+#include "tests/support/project_state.h"
 
 namespace check {
 namespace {
@@ -74,17 +75,8 @@ TEST(Repair, OfAllAtOnceIsThatOfOneRuleAfterTheOther) {
   EXPECT_EQ(Changes(together.Lines(), apart.Lines()), "");
 }
 
-// Code and rows, as somebody sees them who opens the project now.
 std::string StateOf(files::FileSystem& system) {
-  support::OpenProject project(system);
-  std::string state;
-  for (const std::string& row : support::RowsOf(*project.operations)) state += row + "\n";
-  for (const char* name : {"CPump", "CTank"}) {
-    platform::CodeModule& module =
-        *project.environment->FindProject("PumpServer")->FindComponent(name)->Module();
-    state += module.Lines(1, module.CountOfLines()) + "\n";
-  }
-  return state;
+  return support::StateOf(system, {"CPump", "CTank"});
 }
 
 store::OperationResult RepairOver(files::FileSystem& system) {
@@ -96,12 +88,9 @@ store::OperationResult RepairOver(files::FileSystem& system) {
 TEST(Repair, IsDoneOrNotWhenFilesFailOrTheProgramIsKilled) {
   CheckedProject project;
   MakeMany(project);
-  const auto start = project.project().system.Snapshot();
-  const auto restore = [&](files::MemoryFileSystem& system) {
-    for (const auto& [path, contents] : start) system.Put(path, contents);
-  };
+  const support::Files start = project.project().system.Snapshot();
   files::MemoryFileSystem done;
-  restore(done);
+  support::Restore(done, start);
   const std::string before = StateOf(done);
   ASSERT_TRUE(RepairOver(done).success());
   const std::string after = StateOf(done);
@@ -112,7 +101,7 @@ TEST(Repair, IsDoneOrNotWhenFilesFailOrTheProgramIsKilled) {
     for (int n = 5;; n += std::getenv("OV_LONG") ? 1 : 17, ++tried) {
       SCOPED_TRACE("step " + std::to_string(n));
       files::MemoryFileSystem memory;
-      restore(memory);
+      support::Restore(memory, start);
       files::FailingFileSystem failing(memory);
       failing.Arm({{files::Operation::kWrite, files::Operation::kRename, files::Operation::kSync,
                     files::Operation::kRead},

@@ -4,19 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <map>
 #include <random>
 #include <string>
 
 #include "exchange/import_plan.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/forgetting_file_system.h"
-#include "tests/support/formula_project.h"
+#include "tests/support/project_state.h"
 
 namespace exchange {
 namespace {
 
-using Files = std::map<std::string, std::string>;
+using support::Files;
+using support::Restore;
 
 // 1,500 signals of 30 formulas in three classes, among aliases and formulas that are there.
 std::string List() {
@@ -43,10 +43,6 @@ Files StartFiles() {
   return system.Snapshot();
 }
 
-void Restore(auto& system, const Files& files) {
-  for (const auto& [path, contents] : files) system.Put(path, contents);
-}
-
 store::OperationResult Import(support::OpenProject& project) {
   const Contents contents = ReadList(List());
   try {
@@ -66,17 +62,8 @@ store::OperationResult Import(support::OpenProject& project) {
   }
 }
 
-// Code and rows, as somebody sees them who opens the project now.
 std::string StateOf(files::FileSystem& system) {
-  support::OpenProject project(system);
-  std::string state;
-  for (const std::string& row : support::RowsOf(*project.operations)) state += row + "\n";
-  for (const char* name : {"C0", "C1", "C2"}) {
-    platform::CodeModule& module =
-        *project.environment->FindProject("PumpServer")->FindComponent(name)->Module();
-    state += module.Lines(1, module.CountOfLines()) + "\n";
-  }
-  return state;
+  return support::StateOf(system, {"C0", "C1", "C2"});
 }
 
 // The steps are thousands; some of them, not always the same ones.

@@ -64,8 +64,7 @@ Reading ReadAll(files::FileSystem& system, const std::string& path) {
 }
 
 TEST(Damage, CutFilesNeverLoseRowsInSilence) {
-  OV_NEED_SAMPLES();
-  for (const std::string& name : samples::Names()) {
+  for (const std::string& name : samples::All()) {
     files::MemoryFileSystem system;
     const std::string path = samples::Copy(system, name);
     const std::string whole = samples::Contents(name);
@@ -89,10 +88,9 @@ TEST(Damage, CutFilesNeverLoseRowsInSilence) {
 
 // One byte changed at random places: nothing crashes or hangs, and Verify comes to an end.
 TEST(Damage, SingleBytes) {
-  OV_NEED_SAMPLES();
   const int rounds = std::getenv("OV_LONG") != nullptr ? 20000 : 60;
   std::size_t noticed = 0, total = 0;
-  for (const std::string& name : samples::Names()) {
+  for (const std::string& name : samples::All()) {
     if (name == "testV2003.mdb" && rounds < 1000) continue;  // large
     files::MemoryFileSystem system;
     const std::string path = samples::Copy(system, name);
@@ -120,7 +118,8 @@ TEST(Damage, SingleBytes) {
       noticed += found;
     }
   }
-  EXPECT_GT(noticed, total / 50);
+  // Most bytes of these files are slack that nobody reads.
+  EXPECT_GE(noticed * 100, total * 8);
 }
 
 // A row that an index leads to is either read or reported, as a scan does.
@@ -321,39 +320,40 @@ TEST(Damage, DefinitionsAreBounded) {
 // The same with writing: a change of a damaged table succeeds or is refused, and a refused change
 // leaves the file as it was.
 TEST(Damage, WritingIntoDamagedFiles) {
-  OV_NEED_SAMPLES();
   const int rounds = std::getenv("OV_LONG") != nullptr ? 20000 : 200;
-  files::MemoryFileSystem system;
-  const std::string path = samples::Copy(system, "plant.ovs");
-  const std::string whole = samples::Contents("plant.ovs");
-  std::mt19937 random(7);
-  for (int i = 0; i < rounds; ++i) {
-    std::string damaged = whole;
-    for (int k = 0; k < 3; ++k) {
-      const std::size_t at = random() % damaged.size();
-      damaged[at] = static_cast<char>(random());
+  for (const std::string& name : samples::Projects()) {
+    files::MemoryFileSystem system;
+    const std::string path = samples::Copy(system, name);
+    const std::string whole = samples::Contents(name);
+    std::mt19937 random(7);
+    for (int i = 0; i < rounds; ++i) {
+      std::string damaged = whole;
+      for (int k = 0; k < 3; ++k) {
+        const std::size_t at = random() % damaged.size();
+        damaged[at] = static_cast<char>(random());
+      }
+      SCOPED_TRACE(name + ", round " + std::to_string(i));
+      system.Put(path, damaged);
+      std::unique_ptr<Database> database;
+      try {
+        database = Database::Open(system, path);
+        Table& table = database->OpenTable("TvbfAlias");
+        const std::string item = "Plant.Pump" + std::to_string(i);
+        const std::string alias = "Pump" + std::to_string(i);
+        const ColumnValue values[] = {{table.FindColumn("ItemID").value(), Value::Text(item)},
+                                      {table.FindColumn("VBAlias").value(), Value::Text(alias)}};
+        const InsertResult inserted = table.Insert(values);
+        table.Update(inserted.id, {values, 1});
+        RowBuffer row;
+        Scan scan = table.OpenScan();
+        if (scan.Next(row)) table.Delete(row.id());
+      } catch (const Error&) {
+        if (database && database->InTransaction()) ADD_FAILURE() << "a transaction is left open";
+      } catch (const std::bad_optional_access&) {
+        // a column's name was hit
+      }
+      database.reset();
     }
-    SCOPED_TRACE(i);
-    system.Put(path, damaged);
-    std::unique_ptr<Database> database;
-    try {
-      database = Database::Open(system, path);
-      Table& table = database->OpenTable("TvbfAlias");
-      const std::string item = "Plant.Pump" + std::to_string(i);
-      const std::string alias = "Pump" + std::to_string(i);
-      const ColumnValue values[] = {{table.FindColumn("ItemID").value(), Value::Text(item)},
-                                    {table.FindColumn("VBAlias").value(), Value::Text(alias)}};
-      const InsertResult inserted = table.Insert(values);
-      table.Update(inserted.id, {values, 1});
-      RowBuffer row;
-      Scan scan = table.OpenScan();
-      if (scan.Next(row)) table.Delete(row.id());
-    } catch (const Error&) {
-      if (database && database->InTransaction()) ADD_FAILURE() << "a transaction is left open";
-    } catch (const std::bad_optional_access&) {
-      // a column's name was hit
-    }
-    database.reset();
   }
 }
 

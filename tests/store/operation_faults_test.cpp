@@ -6,18 +6,18 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
-#include <map>
 #include <random>
 #include <string>
 
 #include "tests/support/code_model_wrappers.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/forgetting_file_system.h"
-#include "tests/support/formula_project.h"
+#include "tests/support/project_state.h"
 
 namespace store {
 namespace {
 
+using support::Restore;
 using Ids = std::vector<std::int32_t>;
 
 struct Case {
@@ -80,7 +80,7 @@ std::vector<Case> Cases() {
 
 // Level (1), Pump (2), Flow (3); FillTank (1) with Level and Pump, DrainTank (2) in the other
 // class with Level.
-std::map<std::string, std::string> StartFiles() {
+support::Files StartFiles() {
   files::MemoryFileSystem system;
   support::PutProject(system,
                       {{"CPump", "Option Explicit\r\nSub Own()\r\n  Level = 1\r\nEnd Sub\r\n"},
@@ -100,21 +100,8 @@ std::map<std::string, std::string> StartFiles() {
   return system.Snapshot();
 }
 
-void Restore(files::MemoryFileSystem& system, const std::map<std::string, std::string>& files) {
-  for (const auto& [path, contents] : files) system.Put(path, contents);
-}
-
-// Code and rows, as somebody sees them who opens the project now.
 std::string StateOf(files::FileSystem& system) {
-  support::OpenProject project(system);
-  std::string state;
-  for (const std::string& row : support::RowsOf(*project.operations)) state += row + "\n";
-  for (const char* name : {"CPump", "CTank"}) {
-    platform::CodeModule& module =
-        *project.environment->FindProject("PumpServer")->FindComponent(name)->Module();
-    state += module.Lines(1, module.CountOfLines()) + "\n";
-  }
-  return state;
+  return support::StateOf(system, {"CPump", "CTank"});
 }
 
 // The step that is tried after the n-th; all of them take a while.
@@ -168,7 +155,7 @@ class OperationFaultsTest : public testing::TestWithParam<Case> {
         << state;
   }
 
-  std::map<std::string, std::string> start_;
+  support::Files start_;
   files::MemoryFileSystem memory_;
   std::string before_;
   std::string after_;
@@ -225,7 +212,7 @@ TEST_P(OperationFaultsTest, ThePowerIsCut) {
   for (int n = 3;; n = NextStep(n), ++tried) {
     SCOPED_TRACE("step " + std::to_string(n));
     files::ForgettingFileSystem disk;
-    for (const auto& [path, contents] : start_) disk.Put(path, contents);
+    Restore(disk, start_);
     files::Fault fault;
     fault.n = n;
     fault.length = files::Fault::Length::kCrash;
