@@ -61,7 +61,7 @@ class App : public wxApp {
   bool OnInit() override {
     SetAppName("ovformula");
 #ifdef NDEBUG
-    wx::SilenceDiagnostics();
+    wx::OnDiagnostic([](const std::string&) {});  // they tell an engineer nothing
 #endif
     if (!wxApp::OnInit()) return false;
     Start();

@@ -9,6 +9,7 @@
 #include <tuple>
 #include <utility>
 
+#include "codegen/code_texts.h"
 #include "vbcode/columns.h"
 
 namespace codegen {
@@ -190,6 +191,10 @@ std::string_view NameOfKind(vbcode::UseKind kind) {
   constexpr auto kNames =
       std::to_array<std::string_view>({"read", "write", "both", "call", "unknown", "text"});
   return kNames[static_cast<std::size_t>(kind)];
+}
+
+std::int32_t KindText(const CodePlace& place) {
+  return place.is_sure ? kTextFirstUseKind + static_cast<std::int32_t>(place.kind) : kTextMaybe;
 }
 
 }  // namespace codegen

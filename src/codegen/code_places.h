@@ -58,7 +58,9 @@ struct NameInCode {
 NameInCode LookUpName(platform::VBE& vbe, const std::string& prog_id, std::int32_t line,
                       std::int32_t column);
 
-// "read", "write", "both", "call", "unknown" or "text".
+// "read", "write", "both", "call", "unknown" or "text", for programs.
 std::string_view NameOfKind(vbcode::UseKind kind);
+// The text that says it to the user.
+std::int32_t KindText(const CodePlace& place);
 
 }  // namespace codegen

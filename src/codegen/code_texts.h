@@ -36,6 +36,10 @@ inline constexpr std::int32_t kTextOneLine = 3603;
 inline constexpr std::int32_t kTextCodeChanged = 3604;
 // Why uses cannot follow a name; those of the other vbcode::RenameProblem follow.
 inline constexpr std::int32_t kTextFirstRenameProblem = 3605;
+// What is done at a place with a name that is surely the one meant; those of the other
+// vbcode::UseKind follow.
+inline constexpr std::int32_t kTextFirstUseKind = 3613;
+inline constexpr std::int32_t kTextMaybe = 3619;
 inline constexpr std::int32_t kTextNameTaken = 1105;
 inline constexpr std::int32_t kTextHasParameters = 1114;
 inline constexpr std::int32_t kTextNotPublic = 1115;

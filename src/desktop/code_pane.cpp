@@ -259,7 +259,9 @@ bool CodePane::MayLeave() {
 
 bool CodePane::ResolveConflict() {
   asking_ = true;
-  const Conflict answer = on_conflict ? on_conflict(component_->Name()) : Conflict::kUndecided;
+  const Conflict answer =
+      on_conflict ? on_conflict({component_->Name(), document_->Current(), editor_->Text()})
+                  : Conflict::kUndecided;
   asking_ = false;
   if (answer == Conflict::kTheirs) Discard();
   if (answer != Conflict::kMine) return false;

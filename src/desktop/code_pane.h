@@ -73,13 +73,19 @@ class CodePane : public wxPanel {
 
   enum class Answer { kSave, kDiscard, kStay };
   enum class Conflict { kTheirs, kMine, kUndecided };
+  // Of a module that others changed at the same place as the user.
+  struct Versions {
+    std::string module;
+    std::string theirs;  // in the file
+    std::string mine;
+  };
 
   // One line for the window's status line.
   std::function<void(const std::string&)> on_status;
   // A failure that the user must see: message and detail line.
   std::function<void(const std::string& message, const std::string& detail)> on_failure;
-  // What is to stand in the file that others changed at the same place.
-  std::function<Conflict(const std::string& module)> on_conflict;
+  // Which version is to stand in the file.
+  std::function<Conflict(const Versions& versions)> on_conflict;
   // A place of the code is about to be shown.
   std::function<void()> on_place = [] {};
   // The user asks for the definition or the uses of the name at the caret.

@@ -26,17 +26,13 @@ std::string Trimmed(const std::string& line) {
   return begin == std::string::npos ? std::string() : line.substr(begin);
 }
 
-int KindText(const CodePlace& place, bool is_declaration) {
-  if (is_declaration) return kTextDeclaration;
-  return place.is_sure ? kTextFirstKind + static_cast<int>(place.kind) : kTextMaybe;
-}
-
 }  // namespace
 
 CodeSearch::CodeSearch(const Dependencies& own) : own_(own) {
   own_.pane.on_find = [this] { Find(); };
   own_.pane.on_replace = [this] { Replace(); };
   own_.pane.on_close = [this] { own_.code.TakeKeyboard(); };
+  own_.pane.on_select = [this](std::size_t row) { LookAt(CodePlace(places_[row])); };
   own_.pane.on_activate = [this](std::size_t row) {
     own_.lookup.GoTo(CodePlace(places_[row]));  // the list may change by it
   };
@@ -249,11 +245,40 @@ void CodeSearch::GoToDefinition() {
   });
 }
 
+// --- Places ---
+
+void CodeSearch::ShowNotices(const std::vector<platform::Notice>& notices) {
+  Try([&] {
+    std::vector<PlaceTable::Row> rows;
+    places_.clear();
+    for (const platform::Notice& notice : notices) {
+      CodePlace place;
+      place.file = notice.file;
+      place.line = notice.line;
+      place.column = 1;
+      place.text = own_.lookup.LineOf(notice.file, notice.line);
+      rows.push_back({"", own_.parts.files.FileName(notice.file), std::to_string(notice.line),
+                      own_.parts.Text(kTextNotice), notice.text});
+      places_.push_back(std::move(place));
+    }
+    const std::string count = std::to_string(places_.size());
+    own_.pane.OfferPlaces(own_.parts.texts.Text(kTextNotices, {{"<Count>", count}}),
+                          std::move(rows));
+  });
+}
+
+void CodeSearch::LookAt(const CodePlace& place) {
+  const platform::VBComponent* shown = own_.code.Component();
+  if (own_.code.Modified() && shown && shown->FileName() != place.file) return;
+  if (own_.lookup.ShowFile(place.file)) own_.code.SelectPlace(place);
+}
+
 std::vector<PlaceTable::Row> CodeSearch::Rows(std::size_t declarations) const {
   std::vector<PlaceTable::Row> rows;
   rows.reserve(places_.size());
   for (const CodePlace& place : places_) {
-    const int kind = KindText(place, rows.size() < declarations);
+    const bool declares = rows.size() < declarations;
+    const std::int32_t kind = declares ? std::int32_t{kTextDeclaration} : codegen::KindText(place);
     rows.push_back({place.procedure, own_.parts.files.FileName(place.file),
                     std::to_string(place.line), own_.parts.Text(kind), Trimmed(place.text)});
   }

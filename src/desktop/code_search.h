@@ -43,6 +43,8 @@ class CodeSearch {
   void ShowUses(Subject subject);
   // Goes to where the name at the caret is declared.
   void GoToDefinition();
+  // Shows what an operation has to say of places of the code, to be gone through.
+  void ShowNotices(const std::vector<platform::Notice>& notices);
 
  private:
   void Find();
@@ -56,6 +58,9 @@ class CodeSearch {
   codegen::NameInCode NameAtCaret();
   // Of the places, the first of which are declarations.
   std::vector<PlaceTable::Row> Rows(std::size_t declarations = 0) const;
+  // Shows the place, which the keyboard does not follow, unless unsaved code of another module is
+  // in sight.
+  void LookAt(const codegen::CodePlace& place);
   // Carries out under the hourglass; a failure is told.
   void Try(const std::function<void()>& task);
   void TellUnread(const std::vector<messages::Message>& unread);

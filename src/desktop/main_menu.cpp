@@ -12,6 +12,7 @@
 #include "dialogs/list_texts.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
+#include "wx/native.h"
 
 namespace desktop {
 
@@ -73,11 +74,13 @@ wxMenu* MainMenu::HelpMenu(const Commands& commands) {
 // The number of its text is the entry's ID. IDs that the toolkit knows would bring its English
 // help.
 void MainMenu::AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action) {
-  wxString label = wx::ToWx(texts_.Text(text));
-  if (*shortcut) label += wxString("\t") + shortcut;
-  wxMenuItem* item = menu.Append(text, label);
-  const std::unique_ptr<wxAcceleratorEntry> keys(item->GetAccel());
-  if (keys) shortcuts_.emplace_back(*keys, action);
+  wxMenuItem* item = menu.Append(text, wx::ToWx(texts_.Text(text)));
+  if (*shortcut) {
+    wx::ShowShortcut(*item, shortcut);
+    const std::unique_ptr<wxAcceleratorEntry> keys(
+        wxAcceleratorEntry::Create(wxString("\t") + shortcut));
+    shortcuts_.emplace_back(*keys, action);
+  }
   actions_[text] = std::move(action);
 }
 

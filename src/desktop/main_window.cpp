@@ -8,6 +8,7 @@
 #include <wx/utils.h>
 
 #include "desktop/about.h"
+#include "desktop/code_conflict.h"
 #include "desktop/crash_log.h"
 #include "desktop/pane_texts.h"
 #include "desktop/search_texts.h"
@@ -108,12 +109,6 @@ BackupKeeper::Dependencies MainWindow::BackupDependencies() {
 }
 
 void MainWindow::ConnectPanes() {
-  panes_.places().on_place = [this](const platform::Notice& place, bool enter) {
-    if (!lookup_ || !lookup_->ShowFile(place.file)) return;
-    code_.ScrollTo(place.line);
-    code_.SelectLines({place.line, 1, place.line, 1});
-    if (enter) code_.TakeKeyboard();
-  };
   panes_.welcome().on_open = [this] { AskOpen(); };
   panes_.welcome().on_new = [this] { AskNew(); };
   panes_.welcome().on_recent = [this](const std::string& path) { OpenProject(path); };
@@ -122,7 +117,9 @@ void MainWindow::ConnectPanes() {
     messages_.Fail(message, detail);
   };
   code_.on_place = [this] { panes_.ShowCode(true); };
-  code_.on_conflict = [this](const std::string& module) { return AskAboutConflict(module); };
+  code_.on_conflict = [this](const CodePane::Versions& versions) {
+    return CodeConflict(*this, parts_, messages_).Ask(versions, wx::FromWx(ProjectFolder()));
+  };
   code_.on_unsaved = [this](const std::string& module) { return AskAboutCode(module); };
   code_.GetParent()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
@@ -214,7 +211,7 @@ void MainWindow::ShowWarnings(const std::vector<platform::Notice>& warnings) {
     if (!warning.file.empty()) places.push_back(warning);
   }
   if (!text.empty()) messages_.Status(text);
-  if (!places.empty()) panes_.places().ShowPlaces(std::move(places));
+  if (!places.empty() && search_) search_->ShowNotices(places);
 }
 
 // The keys of commands on nodes for which the add-in has none: they go to the table of the node,

@@ -82,7 +82,6 @@ class MainWindow : public wxFrame {
   void FollowChange();
   bool CloseProject();
   CodePane::Answer AskAboutCode(const std::string& module);
-  CodePane::Conflict AskAboutConflict(const std::string& module);
   void OnClose(wxCloseEvent& event);
   void OnTimer();
   void OnShown();

@@ -198,7 +198,6 @@ bool MainWindow::CloseProject() {
   tree_.ShowTree(nullptr);
   title_ = {};
   panes_.notices().DismissAll();
-  panes_.places().ShowPlaces({});
   names_.reset();
   formulas_.reset();
   undo_menu_.Serve(nullptr);
@@ -226,17 +225,6 @@ CodePane::Answer MainWindow::AskAboutCode(const std::string& module) {
   return answer == platform::MessageResult::kYes  ? CodePane::Answer::kSave
          : answer == platform::MessageResult::kNo ? CodePane::Answer::kDiscard
                                                   : CodePane::Answer::kStay;
-}
-
-CodePane::Conflict MainWindow::AskAboutConflict(const std::string& module) {
-  const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextCodeConflict, {{"<Name>", module}}),
-       Text(TextNumber::kTextCodeConflictDetail), "", platform::MessageButtons::kYesNoCancel,
-       platform::MessageResult::kCancel, platform::MessageIcon::kWarning,
-       Text(TextNumber::kTextLoadFile), Text(TextNumber::kTextOverwrite)});
-  return answer == platform::MessageResult::kYes  ? CodePane::Conflict::kTheirs
-         : answer == platform::MessageResult::kNo ? CodePane::Conflict::kMine
-                                                  : CodePane::Conflict::kUndecided;
 }
 
 void MainWindow::ShowRecent() {

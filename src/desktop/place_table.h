@@ -10,7 +10,8 @@
 
 namespace desktop {
 
-// Places that can be gone to, by double click or Enter: a row of texts for each.
+// Places that can be gone to, by double click or Enter, and looked at by selecting them: a row of
+// texts for each.
 class PlaceTable : public wxDataViewCtrl {
  public:
   using Row = std::vector<std::string>;

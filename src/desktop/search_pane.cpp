@@ -39,6 +39,10 @@ SearchPane::SearchPane(wxWindow* parent, const texts::TextTable& texts)
       whole_word_(new wxCheckBox(fields_, wxID_ANY, wx::ToWx(texts.Text(kTextWholeWord)))),
       match_case_(new wxCheckBox(fields_, wxID_ANY, wx::ToWx(texts.Text(kTextMatchCase)))),
       table_(new PlaceTable(this, texts.Text(kTextPlacesInCode), Columns(texts))) {
+  table_->on_select = [this] {
+    const std::vector<std::size_t> rows = table_->Selected();
+    if (!rows.empty()) on_select(rows.front());
+  };
   table_->on_activate = [this](std::size_t row) { on_activate(row); };
   fields_->SetSizer(MakeFields());
   SetFields(*fields_, kGap);
@@ -99,15 +103,24 @@ void SearchPane::OpenFields(const std::string& text) {
   wanted_->SelectAll();
 }
 
-void SearchPane::ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
+void SearchPane::SetPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
   SetTitle(title);
   table_->ShowRows(std::move(rows));
+}
+
+void SearchPane::ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
+  SetPlaces(title, std::move(rows));
   if (table_->Count() > 0) table_->SetFocus();
 }
 
 void SearchPane::ShowPlacesAlone(const std::string& title, std::vector<PlaceTable::Row> rows) {
   ShowFields(false);
   ShowPlaces(title, std::move(rows));
+}
+
+void SearchPane::OfferPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
+  ShowFields(false);
+  SetPlaces(title, std::move(rows));
 }
 
 void SearchPane::Close() {

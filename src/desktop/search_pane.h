@@ -31,6 +31,8 @@ class SearchPane : public LowerPane {
   void ShowPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
   // The same without the fields.
   void ShowPlacesAlone(const std::string& title, std::vector<PlaceTable::Row> rows);
+  // The same; the keyboard stays where it is.
+  void OfferPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
   void Close() override;
 
   std::string Wanted() const;
@@ -39,12 +41,14 @@ class SearchPane : public LowerPane {
 
   std::function<void()> on_find;
   std::function<void()> on_replace;
+  std::function<void(std::size_t row)> on_select;  // by the user
   std::function<void(std::size_t row)> on_activate;
 
  private:
   wxSizer* MakeFields();
   bool HandleKey(const wxKeyEvent& event) override;
   void ShowFields(bool shown);
+  void SetPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
 
   wxPanel* fields_;
   wxTextCtrl* wanted_;

@@ -17,10 +17,8 @@ enum SearchText : int {
   kTextLine,
   kTextKind,
   kTextText,
-  kTextFirstKind,  // by vbcode::UseKind
   kTextDeclaration = 3917,
-  kTextMaybe,
-  kTextUses,
+  kTextUses = 3919,
   kTextFound,
   kTextNotUsed,
   kTextNowhere,
@@ -42,6 +40,8 @@ enum SearchText : int {
   kTextCannotSearch,
   kTextCannotReplace,
   kTextReplaced,
+  kTextNotice,
+  kTextNotices,
 };
 
 }  // namespace desktop

@@ -30,7 +30,6 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
     : frame_(frame),
       place_(place),
       notices_(new NoticeBar(&frame, wx::ToWx(texts.Text(TextNumber::kTextLater)))),
-      places_(new PlaceList(&frame, texts)),
       whole_(MakeSplitter(&frame)),
       columns_(MakeSplitter(whole_)),
       tree_(new ProjectTree(columns_, wx::ToWx(texts.Text(TextNumber::kTextTreeName)))),
@@ -71,10 +70,9 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   history_->on_close = check_->on_close = [this] { tree_->SetFocus(); };
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(whole_, wxSizerFlags(1).Expand());
-  all->Add(places_, wxSizerFlags().Expand());
   all->Add(notices_, wxSizerFlags().Expand());
   frame.SetSizer(all);
-  notices_->on_height = places_->on_height = [this] { Arrange(); };
+  notices_->on_height = [this] { Arrange(); };
 }
 
 void WindowPanes::Arrange() {

@@ -12,7 +12,6 @@
 #include "desktop/formula_strip.h"
 #include "desktop/history_pane.h"
 #include "desktop/notice_bar.h"
-#include "desktop/place_list.h"
 #include "desktop/project_tree.h"
 #include "desktop/search_pane.h"
 #include "desktop/welcome.h"
@@ -23,14 +22,13 @@ namespace desktop {
 
 // What fills the main window: the tree at the left, at the right the editor (the overview for all
 // formulas, the welcome while no project is open) over the code, below all of it one of the lower
-// panes, places and notices.
+// panes, and notices.
 class WindowPanes {
  public:
   // The frame owns the panes; it and the rest outlive this object.
   WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place);
 
   NoticeBar& notices() const { return *notices_; }
-  PlaceList& places() const { return *places_; }
   ProjectTree& tree() const { return *tree_; }
   wxPanel& editor_host() const { return *editor_host_; }
   Welcome& welcome() const { return *welcome_; }
@@ -71,7 +69,6 @@ class WindowPanes {
   void Connect(LowerPane& pane);
 
   NoticeBar* notices_;
-  PlaceList* places_;
   wxSplitterWindow* whole_;
   wxSplitterWindow* columns_;
   ProjectTree* tree_;

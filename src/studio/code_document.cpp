@@ -29,19 +29,19 @@ void Apply(platform::CodeModule& module, const std::vector<project::LineChange>&
 
 }  // namespace
 
-std::string CodeDocument::Read() {
+std::string CodeDocument::Current() {
   const std::int32_t count = module_.CountOfLines();
   std::string text = count == 0 ? std::string() : module_.Lines(1, count);
   std::erase(text, '\r');
   return text;
 }
 
-const std::string& CodeDocument::Load() { return text_ = Read(); }
+const std::string& CodeDocument::Load() { return text_ = Current(); }
 
-bool CodeDocument::ChangedMeanwhile() { return Read() != text_; }
+bool CodeDocument::ChangedMeanwhile() { return Current() != text_; }
 
 std::optional<std::string> CodeDocument::Merge(std::string_view typed) {
-  std::string now = Read();
+  std::string now = Current();
   auto merged = project::MergeTexts(text_, typed, now);
   if (merged) text_ = std::move(now);
   return merged;
@@ -59,7 +59,7 @@ void CodeDocument::Save(std::string_view text) {
   Apply(module_, project::LineChanges(before, after));
   scope.Commit();
   // A file without a last line end cannot hold an empty last line.
-  text_ = Read();
+  text_ = Current();
 }
 
 }  // namespace studio

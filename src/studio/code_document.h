@@ -24,6 +24,8 @@ class CodeDocument {
   void Resume(std::string text) { text_ = std::move(text); }
   // What Load, Save or Merge saw last.
   const std::string& text() const { return text_; }
+  // What the module holds now.
+  std::string Current();
   // Whether the module holds something else now than it did then.
   bool ChangedMeanwhile();
 
@@ -36,8 +38,6 @@ class CodeDocument {
   void Save(std::string_view text);
 
  private:
-  std::string Read();
-
   platform::UnitOfWork& unit_;
   platform::CodeModule& module_;
   std::string text_;

@@ -49,6 +49,15 @@ constexpr Row kRows[] = {
      "Split the line."},
     {3612, "<Count> Stellen im Code ersetzen", "Replace <Count> places in the code"},
 
+    // What stands at a place, by vbcode::UseKind, and what may be meant there.
+    {3613, "liest", "reads"},
+    {3614, "schreibt", "writes"},
+    {3615, "liest und schreibt", "reads and writes"},
+    {3616, "Aufruf", "call"},
+    {3617, "unklar", "unclear"},
+    {3618, "Text", "text"},
+    {3619, "vielleicht", "maybe"},
+
     // Commands and options.
     {3620, "Sucht einen Text im gesamten Code und ersetzt ihn auf Wunsch.",
      "Finds a text in all code and replaces it on request."},

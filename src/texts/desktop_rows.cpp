@@ -42,15 +42,14 @@ constexpr Row kRows[] = {
     {1527, "Das Modul <Name> hat ungespeicherte Änderungen. Speichern?",
      "The module <Name> has unsaved changes. Save them?"},
     {1528,
-     "Das Modul <Name> wurde von einem anderen Programm geändert, während Sie daran geschrieben "
-     "haben.",
-     "The module <Name> was changed by another program while you were writing in it."},
+     "Das Modul <Name> wurde von einem anderen Programm an derselben Stelle geändert wie von "
+     "Ihnen.",
+     "Another program changed the module <Name> at the same place as you."},
     {1529,
-     "„Laden“ zeigt den Stand der Datei; Ihr Text liegt danach in der Zwischenablage. "
-     "„Überschreiben“ speichert Ihren Text; der Stand der Datei liegt danach in der "
+     "Mit - beginnen die Zeilen der Datei, mit + Ihre. Was Sie nicht wählen, liegt danach in der "
      "Zwischenablage.",
-     "\"Load\" shows what is in the file and puts your text into the clipboard. \"Overwrite\" "
-     "saves your text and puts what was in the file into the clipboard."},
+     "Lines that begin with - are in the file, those with + are yours. What you do not choose is "
+     "in the clipboard afterwards."},
     {1530, "Das Projekt <File> lässt sich nicht öffnen.", "The project <File> cannot be opened."},
     {1531, "Das Projekt <File> lässt sich nicht anlegen.", "The project <File> cannot be created."},
     {1532, "Das Modul <Name> lässt sich nicht speichern.", "The module <Name> cannot be saved."},

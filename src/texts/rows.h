@@ -45,6 +45,8 @@ std::span<const Row> SearchRows();     // 3900 to 3999: finding in code, in the 
 std::span<const Row> ComRows();        // 4000 to 4099: the add-in in the studio
 std::span<const Row> PaneRows();       // 4200 to 4299: history, check, data flow in the window
 
+std::span<const Row> ConflictRows();  // 4400 to 4449: code changed twice
+
 // German texts of the layers below. Their English ones stand in "<layer>/messages.def", by the same
 // numbers.
 std::span<const Row> FileMessageRows();       // 2000 to 2199: file layer

@@ -17,15 +17,7 @@ constexpr Row kRows[] = {
     {3908, "Zeile", "Line"},
     {3909, "Art", "Kind"},
     {3910, "Text", "Text"},
-    // By vbcode::UseKind.
-    {3911, "liest", "reads"},
-    {3912, "schreibt", "writes"},
-    {3913, "liest und schreibt", "reads and writes"},
-    {3914, "Aufruf", "call"},
-    {3915, "unklar", "unclear"},
-    {3916, "Text", "text"},
     {3917, "Deklaration", "declaration"},
-    {3918, "vielleicht", "maybe"},
     {3919, "Verwendungen von <Name>: <Count>", "Uses of <Name>: <Count>"},
     {3920, "Fundstellen von „<Text>“: <Count>, in Dateien: <Files>",
      "Places with \"<Text>\": <Count>, in files: <Files>"},
@@ -55,6 +47,9 @@ constexpr Row kRows[] = {
     {3938, "Der Code lässt sich nicht durchsuchen.", "The code cannot be searched."},
     {3939, "Der Code lässt sich so nicht ändern.", "The code cannot be changed like this."},
     {3940, "Ersetzt: <Count>, in Dateien: <Files>", "Replaced: <Count>, in files: <Files>"},
+    {3941, "Hinweis", "notice"},
+    {3942, "Stellen im Code, die Sie ansehen sollten: <Count>",
+     "Places in the code to look at: <Count>"},
 };
 
 }  // namespace

@@ -33,9 +33,6 @@ std::span<const Row> SourceMessageRows() {
       {2819, "<Path> ist nicht vorhanden."},
       {2820, "Stellen Sie sie wieder her, oder berichtigen Sie die Projektdatei."},
       {2821, "<Path> liegt außerhalb von <Folder>, dem Ordner ihres Projekts."},
-      {2822,
-       "Stimmen Sie Änderungen in ihrem Ordner zu (--allow-folder), oder verschieben Sie sie in "
-       "das Projekt."},
       {2823, "<Path> ist schreibgeschützt."},
       {2824,
        "Heben Sie den Schreibschutz auf, oder checken Sie die Datei aus der Versionsverwaltung "
@@ -51,7 +48,6 @@ std::span<const Row> SourceMessageRows() {
       {2833, "Speichern Sie sie als ANSI-Text."},
       {2834, "<Path> enthält in Zeile <Line> der Datei ein Nullbyte und bleibt unberührt."},
       {2835, "Stellen Sie sie aus einer Sicherung wieder her, oder entfernen Sie das Byte."},
-      {2836, "Stellen Sie sie aus einer Sicherung wieder her."},
       // The workbench.
       {2840, "Das Modul wurde inzwischen von jemand anderem geändert."},
       {2841, "Objekterstellung durch ActiveX-Komponente nicht möglich"},

@@ -50,6 +50,7 @@ std::span<const Area> Areas() {
       {"lists", 4100, 4199, ListRows()},
       {"panes", 4200, 4299, PaneRows()},
       {"plant", 4300, 4399, PlantRows()},
+      {"conflict", 4400, 4449, ConflictRows()},
   });
   return kAreas;
 }

@@ -8,10 +8,10 @@ namespace {
 
 constexpr Row kRows[] = {
     // 1490 to 1499: the toolkit.
-    {1490, "Filtern", "Filter"},
-    {1491, "&Ja", "&Yes"},
-    {1492, "&Nein", "&No"},
-    {1493, "<Done> von <Total>", "<Done> of <Total>"},
+    {1490, "Filtern", "Filter"}, {1491, "&Ja", "&Yes"},
+    {1492, "&Nein", "&No"},      {1493, "<Done> von <Total>", "<Done> of <Total>"},
+    {1494, "Strg", "Ctrl"},      {1495, "Umschalt", "Shift"},
+    {1496, "Entf", "Del"},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "files/messages.h"
 #include "vbfiles/errors.h"
 #include "vbfiles/messages.h"
 
@@ -37,7 +38,7 @@ messages::Message WhyNoSource(const std::string& path, std::string_view bytes, s
     return Joined({message::kUtf16, {{"<Path>", path}}}, message::kSaveAsAnsi);
   }
   if (zero == std::string_view::npos) {
-    return Joined({message::kNoSourceText, {{"<Path>", path}}}, message::kRestoreFromBackup);
+    return Joined({message::kNoSourceText, {{"<Path>", path}}}, files::message::kRestoreFromBackup);
   }
   const auto line = 1 + std::ranges::count(bytes.substr(0, zero), '\n');
   return Joined({message::kZeroByte, {{"<Path>", path}, {"<Line>", line}}},

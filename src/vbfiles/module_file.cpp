@@ -5,6 +5,7 @@
 #include <span>
 
 #include "files/error.h"
+#include "files/messages.h"
 #include "vbfiles/errors.h"
 #include "vbfiles/messages.h"
 #include "vbfiles/path_resolver.h"
@@ -81,7 +82,7 @@ void ModuleFile::CheckWritable() {
     throw platform::Error(
         ErrorKind::kRefused, kErrModuleNotEditable,
         Joined({message::kOutsideProject, {{"<Path>", path_}, {"<Folder>", trees_.front()}}},
-               message::kAllowFolder));
+               files::message::kAgreeOrMove));
   }
   if (!state_.system.IsWritable(path_)) {
     throw platform::Error(

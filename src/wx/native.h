@@ -10,6 +10,7 @@
 #include <wx/window.h>
 
 #include <functional>
+#include <string>
 
 namespace wx {
 
@@ -29,9 +30,9 @@ wxStaticText* NewHint(wxWindow* parent);
 int NativeHeight(const wxWindow& window);
 int NativeWidth(const wxWindow& window);
 
-// Keeps what the native toolkit reports to developers off the terminal: passing sizes of a window
-// that is being built tell an engineer nothing. To be called once, before the first window.
-void SilenceDiagnostics();
+// Hands over what the native toolkit reports to developers, in place of printing it. To be called
+// once, before the first window.
+void OnDiagnostic(std::function<void(const std::string& report)> handler);
 
 // Runs the task from the message loop, after all events of the window system that are queued.
 void CallWhenIdle(std::function<void()> task);
@@ -39,6 +40,9 @@ void CallWhenIdle(std::function<void()> task);
 // Shows a shortcut beside a menu entry without making it an accelerator of the whole window: the
 // part of the window that has the keyboard acts on the key.
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
+// What ShowShortcut writes in place of a key's English name, where the system does not say it in
+// the program's language by itself.
+void NameKey(const wxString& english, const wxString& name);
 
 // Whether the keyboard of the window is in a field whose text is typed, also in a cell of a list.
 bool TextHasKeyboard(const wxTopLevelWindow& window);

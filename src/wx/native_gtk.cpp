@@ -79,11 +79,18 @@ wxString NativeParts() {
                           platform.GetToolkitMicroVersion());
 }
 
-void SilenceDiagnostics() {
+void OnDiagnostic(std::function<void(const std::string& report)> handler) {
+  static std::function<void(const std::string&)> report;
+  report = std::move(handler);
   g_log_set_writer_func(
       [](GLogLevelFlags level, const GLogField* fields, gsize count, gpointer data) {
-        const bool fatal = (level & (G_LOG_LEVEL_ERROR | G_LOG_FLAG_FATAL)) != 0;
-        return fatal ? g_log_writer_default(level, fields, count, data) : G_LOG_WRITER_HANDLED;
+        constexpr int kReports = G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING | G_LOG_LEVEL_MESSAGE;
+        if ((level & G_LOG_FLAG_FATAL) != 0 || (level & kReports) == 0)
+          return g_log_writer_default(level, fields, count, data);
+        gchar* text = g_log_writer_format_fields(level, fields, count, FALSE);
+        report(text);
+        g_free(text);
+        return G_LOG_WRITER_HANDLED;
       },
       nullptr, nullptr);
 }
@@ -113,6 +120,8 @@ void CallWhenIdle(std::function<void()> task) {
   auto destroy = [](gpointer data) { delete static_cast<Task*>(data); };
   g_idle_add_full(G_PRIORITY_LOW, run, new Task(std::move(task)), destroy);
 }
+
+void NameKey(const wxString&, const wxString&) {}
 
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
   std::unique_ptr<wxAcceleratorEntry> entry(wxAcceleratorEntry::Create("\t" + shortcut));

@@ -9,6 +9,7 @@
 #include <wx/msw/wrapwin.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "wx/native.h"
@@ -35,6 +36,11 @@ class Spoken : public wxAccessible {
     return Answer(child, description, text);
   }
 };
+
+std::map<wxString, wxString>& KeyNames() {
+  static std::map<wxString, wxString> names;
+  return names;
+}
 
 Spoken& SpokenOf(wxWindow& window) {
   auto* spoken = dynamic_cast<Spoken*>(window.GetAccessible());
@@ -106,7 +112,7 @@ wxString NativeParts() {
          "MinGW-w64 runtime: Zope Public License 2.1, MIT licence (winpthreads)";
 }
 
-void SilenceDiagnostics() {}
+void OnDiagnostic(std::function<void(const std::string&)>) {}
 
 wxStaticText* NewLabel(wxWindow* parent) {
   return new wxStaticText(parent, wxID_ANY, wxEmptyString);
@@ -121,8 +127,13 @@ int NativeWidth(const wxWindow& window) { return window.GetBestSize().GetWidth()
 void CallWhenIdle(std::function<void()> task) { new IdleTask(std::move(task)); }
 
 // A character without width keeps wxWidgets from making an accelerator of it.
+void NameKey(const wxString& english, const wxString& name) { KeyNames()[english] = name; }
+
+// The last character keeps the toolkit from taking the text for keys of its own.
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
-  item.SetItemLabel(item.GetItemLabel().BeforeFirst('\t') + "\t" + shortcut + wxUniChar(0x200B));
+  wxString text = shortcut;
+  for (const auto& [english, name] : KeyNames()) text.Replace(english, name);
+  item.SetItemLabel(item.GetItemLabel().BeforeFirst('\t') + "\t" + text + wxUniChar(0x200B));
 }
 
 bool TextHasKeyboard(const wxTopLevelWindow&) {

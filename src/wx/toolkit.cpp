@@ -27,6 +27,9 @@ constexpr long kProgressDelayMs = 1000;
 constexpr std::int32_t kOk = 10;
 constexpr std::int32_t kCancel = 11;
 constexpr std::int32_t kApplicationTitle = 180;
+constexpr std::int32_t kControlKey = 1494;
+constexpr std::int32_t kShiftKey = 1495;
+constexpr std::int32_t kDeleteKey = 1496;
 constexpr std::int32_t kYes = 1491;
 constexpr std::int32_t kNo = 1492;
 
@@ -107,6 +110,12 @@ platform::WindowHandle HandleOf(wxWindow* window) {
 wxWindow* WindowOfHandle(platform::WindowHandle handle) {
   auto* window = reinterpret_cast<wxWindow*>(handle);
   return window && IsAlive(window, wxTopLevelWindows) ? window : nullptr;
+}
+
+Toolkit::Toolkit(const texts::TextTable& texts) : texts_(texts) {
+  NameKey("Ctrl", ToWx(texts.Text(kControlKey)));
+  NameKey("Shift", ToWx(texts.Text(kShiftKey)));
+  NameKey("Del", ToWx(texts.Text(kDeleteKey)));
 }
 
 Toolkit::~Toolkit() = default;

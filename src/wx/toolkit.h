@@ -14,7 +14,7 @@ namespace wx {
 // Shows forms with wxWidgets. Window handles are those of WindowOfHandle.
 class Toolkit : public platform::Toolkit {
  public:
-  explicit Toolkit(const texts::TextTable& texts) : texts_(texts) {}
+  explicit Toolkit(const texts::TextTable& texts);
   ~Toolkit() override;
 
   // The studio's window: owner of the windows that have no other.

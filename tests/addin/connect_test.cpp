@@ -254,6 +254,53 @@ TEST(Connect, FailingDatabaseIsSaidAndTriedAgain) {
   EXPECT_EQ(bench.toolkit.boxes.size(), 1u);
 }
 
+// Whatever fails while the editor is made: nothing of it stays, and the next event makes all of it.
+TEST(Connect, HalfAnEditorIsTakenDownAndMadeAgain) {
+  for (const char* call : {"AddNode", "RegisterEditor", "HandOverEditor"}) {
+    SCOPED_TRACE(call);
+    EditorBench bench;
+    bench.Start();
+    bench.studio->failing_call = call;
+    bench.Click("FOR0");
+    EXPECT_EQ(bench.toolkit.TakePrompts().size(), 1u);
+    EXPECT_FALSE(bench.add_in->Initialised());
+    EXPECT_EQ(bench.add_in->EditorWindow(), nullptr);
+    EXPECT_TRUE(bench.toolkit.loaded.empty());
+    EXPECT_EQ(bench.studio->Find("FORA0"), nullptr);
+    EXPECT_EQ(bench.plant.connection->State(), platform::ObjectState::kClosed);
+    EXPECT_EQ(bench.toolkit.pointers.back(), platform::Pointer::kDefault);
+
+    bench.studio->failing_call.clear();
+    bench.Click("FOR0");
+    EXPECT_TRUE(bench.add_in->Initialised());
+    EXPECT_NE(bench.studio->Find("FORF0"), nullptr);
+    EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
+  }
+}
+
+// The generator works for the studio's project, whose node names the formula that it asks for.
+TEST(Connect, GeneratorKnowsProjectAndFormula) {
+  EditorBench bench("FORF0");
+  const std::int32_t fill = bench.HaveFormula("Fill", "PumpServer.CPump");
+  bench.HaveFormula("Drain", "PumpServer.CPump");
+  ASSERT_FALSE(bench.components.calls.empty());
+  EXPECT_EQ(bench.components.calls.front(), "Open " + bench.add_in->StudioProjectName());
+
+  codegen::CVBFormulaCode& code = bench.Window().cVBF;
+  const auto header = [&](const char* name) {
+    return code.GetFunctionCommentHeader(name, "PumpServer.CPump");
+  };
+  const std::string drain = header("Drain");
+  bench.Click("FORF" + std::to_string(fill));
+  const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
+  bench.HaveArgument(fill, alias, true, false);
+  const std::string full = header("Fill");
+  code.ReplaceFunctionCommentHeader("Fill", "PumpServer.CPump", "'Mine");
+  code.AddParameter("PumpServer.CPump", "Level", "Tank1.Level");
+  EXPECT_EQ(header("Fill"), full) << "built anew";
+  EXPECT_EQ(header("Drain"), drain);
+}
+
 TEST(Connect, DatabaseWithoutTheTablesIsRefused) {
   EditorBench bench;
   bench.plant.system.Remove(support::kPlantDatabase);

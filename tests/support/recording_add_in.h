@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/error.h"
 #include "platform/studio.h"
 
 namespace support {
@@ -28,6 +29,7 @@ class RecordingAddIn : public platform::AddIn {
   std::function<void()> on_add;  // a studio that sends events from inside a call
   // What the user chooses, one answer per question; no answer is a cancelled choice.
   std::deque<std::string> chosen_items;
+  std::string failing_call;  // this one raises
   std::vector<std::string> errors;
   std::vector<std::string> warnings;
 
@@ -110,6 +112,8 @@ class RecordingAddIn : public platform::AddIn {
     std::string line(name);
     ((line += ' ', line += words), ...);
     calls.push_back(line);
+    if (name == failing_call)
+      throw platform::Error(platform::ErrorKind::kInternal, 5, messages::Message::Verbatim(line));
   }
   void RemoveWithChildren(std::string key) {
     std::vector<std::string> children;

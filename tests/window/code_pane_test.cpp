@@ -5,6 +5,7 @@
 
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/said.h"
 #include "wx/convert.h"
 
 namespace {
@@ -146,6 +147,32 @@ TEST_F(CodePaneTest, KeepsWhatOperationsAndOthersDoBesideIt) {
   Input({"sleep 1 key ctrl+s sleep 0.6 key alt+o"});
   EXPECT_TRUE(Saved("'c 'b 'theirs")) << "theirs is in the clipboard";
   EXPECT_EQ(wx::FromClipboard().find("'d 'b"), 0u);
+}
+
+// Both versions are shown, and the user's may be kept beside the file's.
+TEST_F(CodePaneTest, AConflictShowsBothVersionsAndKeepsACopy) {
+  const std::string path = support::ClassPath("CPump");
+  program.GoToCode();
+  Input({"key ctrl+Home", "type --delay 40 \"'mine \""});
+  std::string theirs = plant.system.Get(path);
+  theirs.insert(theirs.find("Option"), "'theirs ");
+  plant.system.Put(path, theirs);
+  window_tests::Said said;
+  Input({"sleep 1 key ctrl+s sleep 0.8 key Escape"});
+  EXPECT_EQ(said.fields, std::vector<std::string>{"Line 1:\n- 'theirs Option Explicit\n"
+                                                  "+ 'mine Option Explicit\n"});
+  const std::string mine = program.Code().Text();
+
+  plant.system.Put("/tmp/taken.txt", "somebody's");
+  Input({"key ctrl+s sleep 0.8 key alt+k sleep 1 key ctrl+a", "type --delay 40 /tmp/taken.txt",
+         "key Return sleep 0.8 key Return"});
+  EXPECT_EQ(plant.system.Get("/tmp/taken.txt"), "somebody's");
+  EXPECT_EQ(program.Code().Text(), mine) << "nothing was decided";
+  Input({"key ctrl+s sleep 0.8 key alt+k sleep 1 key ctrl+a", "type --delay 40 /tmp/mine.txt",
+         "key Return"});
+  EXPECT_EQ(plant.system.Get("/tmp/mine.txt"), mine);
+  EXPECT_TRUE(Shown("'theirs Option")) << program.Code().Text();
+  EXPECT_EQ(plant.system.Get(path), theirs);
 }
 
 TEST_F(CodePaneTest, OutlivesTheRemovalOfItsClass) {

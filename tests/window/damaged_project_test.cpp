@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A database of which a part cannot be read any more.
 #include <gtest/gtest.h>
-#include <wx/menu.h>
 
 #include <cstring>
-#include <functional>
 
 #include "jet/database.h"
 #include "project/backups.h"
@@ -92,24 +90,6 @@ TEST_F(DamagedProject, SaysSoAndOffersABackup) {
   EXPECT_EQ(plant_.system.Get(backups[0].folder + "/0.bak"), damaged);
 }
 
-// Chooses the backup of that name in the menus, wherever it stands.
-void ChooseBackup(const DesktopProgram& program, const std::string& name) {
-  const std::function<int(const wxMenuItemList&)> find = [&](const wxMenuItemList& items) {
-    for (const wxMenuItem* item : items) {
-      if (item->GetItemLabelText() == name && item->IsEnabled()) return item->GetId();
-      if (const int id = item->GetSubMenu() ? find(item->GetSubMenu()->GetMenuItems()) : 0)
-        return id;
-    }
-    return 0;
-  };
-  int id = 0;
-  const wxMenuBar* bar = program.window().GetMenuBar();
-  for (std::size_t i = 0; i < bar->GetMenuCount() && id == 0; ++i)
-    id = find(bar->GetMenu(i)->GetMenuItems());
-  ASSERT_NE(id, 0) << "no backup " << name << " in the menus";
-  program.window().CallAfter([&program, id] { program.window().ProcessCommand(id); });
-}
-
 TEST_F(DamagedProject, IsRestoredFromTheMenuAlsoAfterAFailedTry) {
   Damage(plant_.system, "TvbfFormulas");
   DesktopProgram program(plant_.system, texts::Language::kEnglish);
@@ -117,13 +97,13 @@ TEST_F(DamagedProject, IsRestoredFromTheMenuAlsoAfterAFailedTry) {
   {
     const auto other = jet::Database::Open(plant_.system, kPlantDatabase);
     Said said;
-    ChooseBackup(program, "2026-11-20");
+    program.Choose("2026-11-20");
     Input({"sleep 0.8 key alt+y", "sleep 0.8 key Return", "sleep 0.8 key Return"});
     ASSERT_GE(said.texts.size(), 2u);
     EXPECT_NE(said.texts[1].find("open in another window"), std::string::npos) << said.texts[1];
     EXPECT_NE(plant_.system.Get(kPlantDatabase), good_);
   }
-  ChooseBackup(program, "2026-11-20");
+  program.Choose("2026-11-20");
   Input({"sleep 0.8 key alt+y"});
   EXPECT_EQ(plant_.system.Get(kPlantDatabase), good_);
   EXPECT_EQ(program.FormulaNodes(), std::vector<std::string>{"Kept"});

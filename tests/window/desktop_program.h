@@ -5,6 +5,7 @@
 #include <wx/dataview.h>
 #include <wx/dialog.h>
 #include <wx/evtloop.h>
+#include <wx/menu.h>
 #include <wx/statusbr.h>
 #include <wx/timer.h>
 
@@ -136,6 +137,24 @@ class DesktopProgram {
          FindChild<desktop::ProjectTree>(*window_)->Tree()->Find("FORF0")->children)
       names.push_back(formula->text);
     return names;
+  }
+  // Chooses the entry of that name, wherever it stands in the menus, when all events are handled.
+  void Choose(const std::string& name) const {
+    const std::function<int(const wxMenuItemList&)> find = [&](const wxMenuItemList& items) {
+      for (const wxMenuItem* item : items) {
+        if (item->GetItemLabelText().utf8_string() == name && item->IsEnabled())
+          return item->GetId();
+        if (const int id = item->GetSubMenu() ? find(item->GetSubMenu()->GetMenuItems()) : 0)
+          return id;
+      }
+      return 0;
+    };
+    int id = 0;
+    const wxMenuBar* bar = window_->GetMenuBar();
+    for (std::size_t i = 0; i < bar->GetMenuCount() && id == 0; ++i)
+      id = find(bar->GetMenu(i)->GetMenuItems());
+    ASSERT_NE(id, 0) << "no " << name << " in the menus";
+    window_->CallAfter([window = window_, id] { window->ProcessCommand(id); });
   }
   desktop::CodeEditor& Code() const { return *FindChild<desktop::CodeEditor>(*window_); }
   // Puts the caret into the code by F6, which goes round.

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The formula dialog in the whole window: what it asks, and what it refuses.
 #include <gtest/gtest.h>
-#include <wx/listbox.h>
 
-#include "desktop/place_list.h"
+#include "desktop/search_pane.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
 
@@ -83,18 +82,22 @@ TEST_F(FormulaDialogTest, ARenameTakesTheUsesAlong) {
 TEST_F(FormulaDialogTest, ListsTheUsesThatARenameLeaves) {
   Input({"key --delay 60 Home Down sleep 0.3", "key alt+F6 key F9 sleep 0.8",
          "key --delay 80 Tab Tab ctrl+a", "type --delay 40 First", "key alt+u key Return"});
-  auto* places = FindChild<desktop::PlaceList>(program.window());
+  auto* places = FindChild<desktop::SearchPane>(program.window());
   ASSERT_TRUE(places && places->IsShown());
-  auto* list = FindChild<wxListBox>(*places);
-  EXPECT_EQ(list->GetCount(), 1u);
-  const wxRect place = list->GetScreenRect();
-  const std::string click =
-      "mousemove " + std::to_string(place.x + 40) + " " + std::to_string(place.y + 12) + " click 1";
-  Input({click});
+  auto* list = FindChild<desktop::PlaceTable>(*places);
+  ASSERT_EQ(list->Count(), 1u);
+  EXPECT_FALSE(list->HasFocus()) << "the user goes on where he is";
+  Input({"key F6 key F6 key ctrl+Home"});
+  const wxDataViewItem first =
+      dynamic_cast<wxDataViewVirtualListModel*>(list->GetModel())->GetItem(0);
+  const wxRect row = list->GetItemRect(first, list->GetColumn(0));
+  const wxPoint place = list->ClientToScreen(row.GetPosition() + row.GetSize() / 2);
+  const std::string move =
+      "mousemove " + std::to_string(place.x) + " " + std::to_string(place.y) + " ";
+  Input({move + "click 1 key Return"});
   EXPECT_EQ(program.Code().GetCurLine().Trim().Trim(false), "One = 1");
-  Input({"key Return"});
   EXPECT_TRUE(program.Code().HasFocus());
-  Input({click, "key Escape"});
+  Input({move + "click 1", "key Escape"});
   EXPECT_FALSE(places->IsShown());
 }
 

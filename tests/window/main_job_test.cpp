@@ -112,6 +112,10 @@ TEST_P(MainJobTest, ComesBackAsItWasLeft) {
     ASSERT_NE(columns, nullptr);
     const int sash = columns->GetSashPosition();
     display::Drag(*columns, {sash + 2, 300}, {sash + 92, 300});
+    auto* rows = dynamic_cast<wxSplitterWindow*>(columns->GetWindow2());
+    const int above = rows->GetSashPosition();
+    display::Drag(*rows, {200, above + 2}, {200, above - 58});
+    EXPECT_NEAR(rows->GetSashPosition(), above - 60, 3);
     program.window().SetSize(wxRect(60, 60, 900, 700));
     window_tests::Wait::For([] { return true; });
     place = program.window().GetRect();

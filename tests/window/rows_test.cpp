@@ -4,6 +4,7 @@
 
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/said.h"
 #include "wx/convert.h"
 
 namespace {
@@ -112,6 +113,28 @@ TEST_F(RowsTest, NothingIsDoneWithoutAWord) {
   // The table says that F8 adds one: from the tree, too.
   Input({"key alt+F6 key F8 sleep 0.8", "type --delay 40 Two", "key Return"});
   EXPECT_EQ(plant.Rows("TvbfParams", {"AliasID"}), Lines{"2"});
+}
+
+// Letters typed in the list of "Choose Alias" open no search beside its own, which Ctrl+F is for.
+TEST_F(RowsTest, TheListOfAliasesHasOneSearch) {
+  Input({"key --delay 60 Home Down Down Down"});
+  window_tests::Said said;
+  Input({"key F6 sleep 0.3 key Home key ctrl+o sleep 0.8 key --delay 80 Tab Down",
+         "type --delay 60 one", "key ctrl+f", "type --delay 60 fou", "key Return"});
+  EXPECT_EQ(said.fields, Lines{"fou"});
+  EXPECT_EQ(plant.Rows("TvbfParams", {"AliasID"}), (Lines{"4", "2", "3"}));
+}
+
+// The bar between the parts of a table.
+TEST_F(RowsTest, TheBarBetweenColumnsIsDragged) {
+  Input({"key --delay 60 Home Down"});
+  wxWindow* bar = display::FindWindow("pctAliasTabSplit");
+  ASSERT_NE(bar, nullptr);
+  const int before = bar->GetPosition().x;
+  const int width = program.Grid().GetColumn(0)->GetWidth();
+  display::Drag(*bar, {1, 40}, {61, 40});
+  EXPECT_NEAR(bar->GetPosition().x, before + 60, 3);
+  EXPECT_NEAR(program.Grid().GetColumn(0)->GetWidth(), width + 60, 3);
 }
 
 TEST_F(RowsTest, ClicksAndLettersChangeNoAlias) {

@@ -91,7 +91,19 @@ wxWindow* FindIn(const wxWindowList& windows, const wxString& name) {
 
 class TestApp : public wxApp {
  public:
-  bool OnInit() override { return true; }
+  bool OnInit() override {
+    wx::OnDiagnostic([](const std::string& report) {
+      // There is no session bus. A window that is shown for the first time is laid out in two
+      // pixels until the window manager has told its frame; the head of a dragged column shrinks to
+      // a line.
+      for (const char* known : {"bus", "gtk_distribute_natural_allocation", "GtkScrollbar",
+                                "gadget (node button, owner GtkButton)"}) {
+        if (report.find(known) != std::string::npos) return;
+      }
+      ADD_FAILURE() << report;
+    });
+    return true;
+  }
   int OnRun() override {
     wxGUIEventLoop loop;
     wxEventLoopActivator activate(&loop);
