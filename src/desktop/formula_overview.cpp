@@ -30,12 +30,12 @@ struct ColumnLook {
 
 // In the order of OverviewRows::Column.
 constexpr ColumnLook kColumns[] = {
-    {"Name", kTextFormulaName, 3000, forms::ColumnKind::kText},
-    {"ProgID", kTextClass, 3000, forms::ColumnKind::kText},
-    {"Type", kTextCallType, 2250, forms::ColumnKind::kText},
-    {"ScanTime", kTextScanTime, 1725, forms::ColumnKind::kNumber},
+    {"Name", kTextFormulaName, 2550, forms::ColumnKind::kText},
+    {"ProgID", kTextClass, 2550, forms::ColumnKind::kText},
+    {"Type", kTextCallType, 2775, forms::ColumnKind::kText},
+    {"ScanTime", kTextScanTime, 2025, forms::ColumnKind::kNumber},
     {"Enabled", kTextEnabled, 1050, forms::ColumnKind::kCheckBox},
-    {"Arguments", kTextArgumentCount, 1350, forms::ColumnKind::kNumber},
+    {"Arguments", kTextArgumentCount, 1425, forms::ColumnKind::kNumber},
     {"Comment", kTextFormulaComment, 3000, forms::ColumnKind::kText},
 };
 

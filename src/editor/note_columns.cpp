@@ -19,7 +19,7 @@ constexpr NoteColumn kArgumentNotes[] = {
     {"ArgumentItem", 4380, 2100}, {"ItemType", 4381, 1050}, {"ItemComment", 4382, 1500}};
 // In the order of the cells that AliasNoteRows appends.
 constexpr NoteColumn kAliasNotes[] = {{"ItemType", 4381, 1200},
-                                      {"Uses", 4383, 1500, forms::ColumnKind::kNumber},
+                                      {"Uses", 4383, 1800, forms::ColumnKind::kNumber},
                                       {"Catalogue", 4384, 1350},
                                       {"ItemComment", 4382, 2700}};
 
