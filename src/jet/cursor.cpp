@@ -39,14 +39,6 @@ IndexCursor::IndexCursor(std::unique_ptr<State> state) : state_(std::move(state)
 IndexCursor::IndexCursor(IndexCursor&&) noexcept = default;
 IndexCursor::~IndexCursor() = default;
 
-void IndexCursor::Rewind(Direction direction) {
-  if (direction == Direction::kForward) {
-    state_->entries.ToBegin();
-  } else {
-    state_->entries.ToEnd();
-  }
-}
-
 bool IndexCursor::Seek(std::span<const Value> key) {
   const ReadLock lock(state_->table.session());
   if (!state_->Encode(key)) return false;

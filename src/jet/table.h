@@ -51,8 +51,6 @@ class Scan {
   std::unique_ptr<State> state_;
 };
 
-enum class Direction { kForward, kBackward };
-
 // A position in an index. Starts before the first entry. Stays usable when rows are inserted,
 // changed or deleted, also by others: it then goes on from the entry it stood on.
 class IndexCursor {
@@ -60,8 +58,6 @@ class IndexCursor {
   IndexCursor(IndexCursor&&) noexcept;
   ~IndexCursor();
 
-  // Positions before the first entry, or behind the last.
-  void Rewind(Direction direction = Direction::kForward);
   // Moves to the first entry whose leading columns equal `key` (all columns of the index or fewer,
   // compared as the index compares). False when there is none; the position is then undefined.
   bool Seek(std::span<const Value> key);

@@ -110,11 +110,14 @@ std::string Message::Sentence(const Lookup& lookup) const {
     const std::size_t close = rest.find('>');
     const Value* value =
         close == std::string_view::npos ? nullptr : data_->Find(rest.substr(0, close + 1));
-    if (value && !value->message.empty()) sentence += value->message.Sentence(lookup);
-    if (value && value->message.empty())
-      sentence += keeps_lines ? value->text : OnOneLine(value->text);
     const std::size_t taken = value ? close + 1 : 1;
-    if (!value) sentence += rest.substr(0, taken);
+    if (!value) {
+      sentence += rest.substr(0, taken);
+    } else if (!value->message.empty()) {
+      sentence += value->message.Sentence(lookup);
+    } else {
+      sentence += keeps_lines ? value->text : OnOneLine(value->text);
+    }
     rest.remove_prefix(taken);
   }
   return sentence;
