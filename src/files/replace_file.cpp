@@ -153,14 +153,17 @@ void UpdateFile(FileSystem& system, const std::string& path,
   constexpr int kAttempts = 100, kMaxPauseMs = 20;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const bool exists = system.Exists(path);
-    const std::string before = exists ? ReadFile(system, path) : std::string();
-    const std::string after = change(before);
-    if (after == before) return;
     try {
+      const std::string before = exists ? ReadFile(system, path) : std::string();
+      const std::string after = change(before);
+      if (after == before) return;
       if (!exists) return MakeFile(system, path, after);
       return ReplaceVersion(system, path, before, after);
     } catch (const Error& error) {
-      const bool again = error.kind() == ErrorKind::kConflict || error.kind() == ErrorKind::kExists;
+      // Not every system replaces a file in one step.
+      const bool vanished = exists && error.kind() == ErrorKind::kNotFound;
+      const bool again =
+          vanished || error.kind() == ErrorKind::kConflict || error.kind() == ErrorKind::kExists;
       if (!again || attempt + 1 == kAttempts) throw;
     }
     // Whoever has the file waits for the medium.

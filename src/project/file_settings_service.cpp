@@ -21,9 +21,12 @@ FileSettingsService::FileSettingsService(files::FileSystem& system,
 
 FileSettingsService::~FileSettingsService() = default;
 
+bool FileSettingsService::MayUse(const std::string& path) {
+  return !path.empty() && (path == registry_file_ || !system_.IsLink(path));
+}
+
 IniDocument* FileSettingsService::Read(const std::string& path) {
-  // The user's own file may be a link; what stands in a project's folder may come from anybody.
-  if (path.empty() || (path != registry_file_ && system_.IsLink(path))) return nullptr;
+  if (!MayUse(path)) return nullptr;
   Cached& cached = cache_[path];
   try {
     const auto stamp = system_.Stamp(path);
@@ -53,7 +56,7 @@ bool FileSettingsService::WriteIni(std::string_view file, std::string_view secti
 bool FileSettingsService::WriteIniSection(std::string_view file, std::string_view section,
                                           const std::vector<IniEntry>& entries) {
   const std::string path(file);
-  if (!Read(path)) return false;
+  if (!MayUse(path)) return false;
   // What other windows write meanwhile stays.
   cache_.erase(path);
   try {

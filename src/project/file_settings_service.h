@@ -49,6 +49,8 @@ class FileSettingsService final : public platform::SettingsService {
     std::unique_ptr<IniDocument> document;
   };
 
+  // The user's own file may be a link; what stands in a project's folder may come from anybody.
+  bool MayUse(const std::string& path);
   // The document as the file is now; null when it cannot be read.
   IniDocument* Read(const std::string& path);
 
