@@ -51,7 +51,11 @@ const AliasRecord* Rows::FindAlias(std::string_view name) const {
 }
 
 std::span<const ArgumentRecord> Rows::ArgumentsOf(std::int32_t formula_id) const {
-  return std::ranges::equal_range(arguments_, formula_id, {}, &ArgumentRecord::parent_id);
+  const auto first =
+      std::ranges::lower_bound(arguments_, formula_id, {}, &ArgumentRecord::parent_id);
+  const auto last =
+      std::ranges::upper_bound(first, arguments_.end(), formula_id, {}, &ArgumentRecord::parent_id);
+  return {first, last};
 }
 
 std::vector<const AliasRecord*> Rows::AliasesOf(const FormulaRecord& formula) const {

@@ -56,8 +56,8 @@ void CompareGone(platform::CodeModule& module, const WantedClass& wanted,
   }
   // From the bottom up, so that the numbers stay right; neighbouring lines go together.
   std::ranges::stable_sort(found, std::ranges::greater(), &Difference::line);
-  const auto twins = std::ranges::unique(found, {}, &Difference::line);
-  found.erase(twins.begin(), twins.end());
+  const auto same_line = [](const Difference& a, const Difference& b) { return a.line == b.line; };
+  found.erase(std::unique(found.begin(), found.end(), same_line), found.end());
   for (std::size_t i = 0; i < found.size();) {
     Difference group = std::move(found[i]);
     while (++i < found.size() && group.kind == Kind::kLooseDeclaration &&

@@ -216,8 +216,7 @@ void CodeSync::Finish() {
     }
   }
   std::ranges::sort(kept_types);
-  const auto twins = std::ranges::unique(kept_types);
-  kept_types.erase(twins.begin(), twins.end());
+  kept_types.erase(std::unique(kept_types.begin(), kept_types.end()), kept_types.end());
   if (!kept_types.empty()) report_.Warn(kTextTypeKept, {{"<Names>", NamesInShort(kept_types)}});
   WarnOfLeftUses();
 }

@@ -40,14 +40,18 @@ std::string Lines(const std::string& text, const std::string& prefix) {
 // the tests; it shows our paths below drive Z:.
 const char* WindowsPrograms() { return std::getenv("OV_WINDOWS_PROGRAMS"); }
 
-// Paths below the folder in the form that they have here.
-void TurnWindowsPaths(std::string& text, const std::string& folder) {
-  std::string there = "Z:" + folder;
-  std::replace(there.begin(), there.end(), '/', '\\');
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  ReplaceAll(text, from, to);
+  return text;
+}
+
+// Paths below the folder in the form that they have here; in JSON their separator is escaped.
+void TurnWindowsPaths(std::string& text, const std::string& folder, const std::string& separator) {
+  const std::string there = "Z:" + Replaced(folder, "/", separator);
   for (auto at = text.find(there); at != std::string::npos; at = text.find(there, at)) {
     const auto end = std::min(text.find_first_of(" \t\n\"'<>:;,", at + there.size()), text.size());
-    std::string here = folder + text.substr(at + there.size(), end - at - there.size());
-    std::replace(here.begin(), here.end(), '\\', '/');
+    const std::string below = text.substr(at + there.size(), end - at - there.size());
+    const std::string here = folder + Replaced(below, separator, "/");
     text.replace(at, end - at, here);
     at += here.size();
   }
@@ -121,7 +125,10 @@ std::string Room::Run(const std::string& command) const {
   std::string answer =
       Lines(ReadFile(folder_ / "out"), "") + Lines(ReadFile(folder_ / "err"), "! ");
   if (code != 0) answer += "[" + std::to_string(code) + "]\n";
-  if (WindowsPrograms()) TurnWindowsPaths(answer, (folder_ / "room").string());
+  if (WindowsPrograms()) {
+    for (const char* separator : {"\\\\", "\\"})
+      TurnWindowsPaths(answer, (folder_ / "room").string(), separator);
+  }
   ReplaceAll(answer, (folder_ / "room").string(), "FOLDER");
   ReplaceAll(answer, "\r", "");
   return answer;
