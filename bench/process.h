@@ -12,12 +12,17 @@ struct ProcessResult {
   double peak_mib = 0;  // largest resident memory
 };
 
-// Runs a program with its output thrown away, or written to a file.
-ProcessResult RunProcess(const std::vector<std::string>& command,
-                         const std::string& output = "/dev/null");
+// Runs a program with its output thrown away, or written to a file. An argument holds no quotes.
+ProcessResult RunProcess(const std::vector<std::string>& command, const std::string& output = "");
 // Whether a program of that name is found.
 bool IsInstalled(const std::string& program);
-// How often the command and its children make one of the system calls; -1 without strace.
+// The program that runs, as RunProcess wants it.
+std::string OwnProgram();
+// Whether there is a display. Where there is none but one can be made, the program starts anew on
+// that and this does not return.
+bool TakeDisplay(char** argv);
+// How often the command and its children make one of the system calls; -1 without strace. Not on
+// Windows.
 double CountSystemCalls(const std::vector<std::string>& command, const std::string& calls);
 
 }  // namespace bench

@@ -2,8 +2,6 @@
 // The desktop program's real window with a large project beside the same window with an empty or a
 // small one: time until it is up, keys in its tables, memory. Needs a display; takes one of its own
 // where there is none.
-#include <stdlib.h>
-#include <unistd.h>
 #include <wx/app.h>
 #include <wx/dataview.h>
 #include <wx/evtloop.h>
@@ -32,21 +30,11 @@ namespace {
 constexpr int kRuns = 5;          // of the program, each with all its measurements
 constexpr int kRounds = 5;        // of each key
 constexpr double kPatience = 60;  // seconds
-constexpr const char* kStarted = "OV_BENCH_STARTED";
 constexpr const char* kOverview = "overview of formulas";
 constexpr double kTwoFrames = 32;  // milliseconds
 
 std::int64_t Nanoseconds() {
   return std::chrono::steady_clock::now().time_since_epoch() / std::chrono::nanoseconds(1);
-}
-
-// "VmHWM": the largest resident memory so far, in MiB.
-double PeakMemory() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with("VmHWM:")) return std::stod(line.substr(6)) / 1024;
-  }
-  return 0;
 }
 
 wxDataViewCtrl* ShownGrid(const wxWindow& window) {
@@ -62,7 +50,9 @@ wxDataViewCtrl* ShownGrid(const wxWindow& window) {
 
 class MeasuredApp : public wxApp {
  public:
-  MeasuredApp(std::string folder, bool keys) : folder_(std::move(folder)), keys_(keys) {}
+  // `started`: when the program was asked for, in nanoseconds.
+  MeasuredApp(std::string folder, std::int64_t started, bool keys)
+      : folder_(std::move(folder)), started_(started), keys_(keys) {}
 
   bool OnInit() override {
     program_ = std::make_unique<desktop::Program>(
@@ -89,10 +79,8 @@ class MeasuredApp : public wxApp {
       wxMilliSleep(1);
     }
     Settle();
-    const auto started = std::stoll(getenv(kStarted));
-    Print("window up", 1e-6 * static_cast<double>(Nanoseconds() - started));
+    Print("window up", 1e-6 * static_cast<double>(Nanoseconds() - started_));
     if (keys_) MeasureKeys();
-    Print("memory", PeakMemory());
     window_->Close();
   }
 
@@ -234,6 +222,7 @@ class MeasuredApp : public wxApp {
   }
 
   std::string folder_;
+  std::int64_t started_;
   bool keys_;
   wxUIActionSimulator keyboard_;
   std::unique_ptr<desktop::Program> program_;
@@ -253,10 +242,12 @@ struct Subject {
 
 // One run of the program; its figures are added.
 bool RunOnce(Subject& subject, const std::string& output) {
-  setenv(kStarted, std::to_string(Nanoseconds()).c_str(), 1);
-  const ProcessResult result = RunProcess(
-      {"/proc/self/exe", "--measured", subject.folder, subject.keys ? "keys" : ""}, output);
+  const ProcessResult result =
+      RunProcess({OwnProgram(), "--measured", subject.folder, std::to_string(Nanoseconds()),
+                  subject.keys ? "keys" : "none"},
+                 output);
   if (result.exit_code != 0) return false;
+  subject.figures["memory"].push_back(result.peak_mib);
   std::ifstream lines(output);
   for (std::string line; std::getline(lines, line);) {
     const std::string name = line.substr(0, line.find('\t'));
@@ -301,7 +292,7 @@ int Compare() {
              1);
   PrintHeading("100,000 aliases", "100");
   for (const std::string& name : many.order) {
-    if (name == "window up" || name == "memory" || name == kOverview) continue;
+    if (name == "window up" || name == kOverview) continue;
     PrintRatio(name, many.Figure(name), few.Figure(name), "ms", 2);
   }
   return 0;
@@ -311,20 +302,15 @@ int Compare() {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-  if (argc == 4 && std::string(argv[1]) == "--measured") {
-    wxApp::SetInstance(new bench::MeasuredApp(argv[2], std::string(argv[3]) == "keys"));
+  if (argc == 5 && std::string(argv[1]) == "--measured") {
+    const bool keys = std::string(argv[4]) == "keys";
+    wxApp::SetInstance(new bench::MeasuredApp(argv[2], std::stoll(argv[3]), keys));
     int one = 1;
     return wxEntry(one, argv);
   }
-  if (!getenv("DISPLAY")) {
-    if (!bench::IsInstalled("xvfb-run") || !bench::IsInstalled("openbox")) {
-      bench::PrintNote("skipped: no display, and no xvfb and openbox to make one");
-      return 0;
-    }
-    execlp("xvfb-run", "xvfb-run", "-a", "-s", "-screen 0 1280x900x24", "sh", "-c",
-           "openbox >/dev/null 2>&1 & NO_AT_BRIDGE=1 GTK_THEME=Adwaita exec \"$0\"", argv[0],
-           nullptr);
-    return 1;
+  if (!bench::TakeDisplay(argv)) {
+    bench::PrintNote("skipped: no display, and no xvfb and openbox to make one");
+    return 0;
   }
   return bench::Compare();
 }

@@ -75,7 +75,7 @@ int RunAdd(Invocation& invocation) {
   if (!invocation.Has("ALIAS")) Propose(session, values);
   const auto result = session.operations().AddAliases(values, session.MakeOptions());
   std::unordered_set<std::string> before;
-  session.ReportList(result, given, [&](std::size_t i) {
+  session.ReportList(result, given, [&, &values = values](std::size_t i) {
     return !before.insert(platform::FoldCase(values[i].vb_alias)).second ||
            !session.operations().CheckAlias(values[i]).success();
   });

@@ -143,6 +143,14 @@ struct NativeList::State {
     event.Skip(!used || let_through);
   }
 
+  // The generic list has no key for it.
+  void OnKeyDown(wxKeyEvent& event) {
+    if (event.GetKeyCode() != 'A' || event.GetModifiers() != wxMOD_CONTROL) return event.Skip();
+    list->SelectAll();
+    wxDataViewEvent changed(wxEVT_DATAVIEW_SELECTION_CHANGED, list, list->GetCurrentItem());
+    list->HandleWindowEvent(changed);
+  }
+
   // The numbers in the model, from left to right.
   std::vector<std::size_t> Order() const {
     std::vector<std::size_t> order;
@@ -197,6 +205,7 @@ NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>())
   state->empty_text->Hide();
   for (const auto& press : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK})
     state->Rows().Bind(press, &State::OnPress, state);
+  if (list.HasFlag(wxDV_MULTIPLE)) state->Rows().Bind(wxEVT_KEY_DOWN, &State::OnKeyDown, state);
   state->Rows().Bind(wxEVT_SIZE, [state](wxSizeEvent& event) {
     event.Skip();
     if (state->empty_text->IsShown()) state->PlaceEmptyText();

@@ -21,7 +21,8 @@ ProcessResult RunProcess(const std::vector<std::string>& command, const std::str
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(),
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO,
+                                   output.empty() ? "/dev/null" : output.c_str(),
                                    O_WRONLY | O_CREAT | O_TRUNC, 0600);
   const Stopwatch watch;
   pid_t child = 0;
@@ -44,6 +45,17 @@ bool IsInstalled(const std::string& program) {
   for (std::string folder; std::getline(folders, folder, ':');) {
     if (access((folder + "/" + program).c_str(), X_OK) == 0) return true;
   }
+  return false;
+}
+
+std::string OwnProgram() { return "/proc/self/exe"; }
+
+bool TakeDisplay(char** argv) {
+  if (getenv("DISPLAY")) return true;
+  if (!IsInstalled("xvfb-run") || !IsInstalled("openbox")) return false;
+  execlp("xvfb-run", "xvfb-run", "-a", "-s", "-screen 0 1280x900x24", "sh", "-c",
+         "openbox >/dev/null 2>&1 & NO_AT_BRIDGE=1 GTK_THEME=Adwaita exec \"$0\"", argv[0],
+         nullptr);
   return false;
 }
 
