@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "com/automation_object.h"
 #include "platform/ado.h"
@@ -14,6 +15,9 @@ namespace com {
 class ConnectionObject final : public Automation<ConnectionObject> {
  public:
   ConnectionObject();
+  // Shows a connection that somebody else has made.
+  explicit ConnectionObject(std::shared_ptr<platform::Connection> connection)
+      : connection_(std::move(connection)) {}
 
   static Reference<IUnknown> Create() { return Reference<IUnknown>::Take(new ConnectionObject); }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "com/collection.h"
+#include "com/schema_numbers.h"
 #include "com/values_object.h"
 #include "platform/text.h"
 
@@ -59,19 +60,36 @@ namespace {
 
 using Rows = std::vector<SchemaRows::Row>;
 
-bool IsText(platform::DataType type) {
-  return type == platform::DataType::kVarWChar || type == platform::DataType::kLongVarWChar;
+using platform::DataType;
+
+std::int32_t SchemaTypeOf(DataType type) {
+  switch (type) {
+    case DataType::kVarWChar:
+    case DataType::kLongVarWChar:
+      return kWideText;
+    case DataType::kVarBinary:
+    case DataType::kLongVarBinary:
+      return kBytes;
+    default:
+      return static_cast<std::int32_t>(type);
+  }
+}
+
+std::int32_t FlagsOf(const platform::Connection::ColumnInfo& column) {
+  if (column.auto_increment) return kAutoIncrementFlags;
+  const bool is_long =
+      column.type == DataType::kLongVarWChar || column.type == DataType::kLongVarBinary;
+  return is_long ? kOrdinaryFlags | kLongFlag : kOrdinaryFlags;
 }
 
 void AddColumns(platform::Connection& connection, const std::string& table, Rows& rows) {
   std::int32_t place = 0;
   for (const auto& column : connection.Columns(table)) {
-    // The provider calls both kinds of text by one number.
-    constexpr std::int32_t kWideText = 130;
-    rows.push_back({Value(table), Value(column.name), Value(++place),
-                    Value(IsText(column.type) ? kWideText : static_cast<std::int32_t>(column.type)),
-                    IsText(column.type) ? Value(column.defined_size) : Value::Null(),
-                    Value(column.auto_increment ? kAutoIncrementFlags : kOrdinaryFlags)});
+    const std::int32_t type = SchemaTypeOf(column.type);
+    const bool has_length = type == kWideText || type == kBytes;
+    rows.push_back({Value(table), Value(column.name), Value(++place), Value(type),
+                    has_length ? Value(column.defined_size) : Value::Null(),
+                    Value(FlagsOf(column))});
   }
 }
 

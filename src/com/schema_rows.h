@@ -36,15 +36,6 @@ class SchemaRows final : public Automation<SchemaRows> {
   bool open_ = true;
 };
 
-// ADO's numbers of what can be asked for.
-inline constexpr std::int32_t kSchemaColumns = 4;
-inline constexpr std::int32_t kSchemaIndexes = 12;
-inline constexpr std::int32_t kSchemaStatistics = 19;
-inline constexpr std::int32_t kSchemaTables = 20;
-// Flags of a column whose number the database gives, as the provider reports them.
-inline constexpr std::int32_t kAutoIncrementFlags = 90;
-inline constexpr std::int32_t kOrdinaryFlags = 122;
-
 // The definitions of a database as ADO's schema recordsets, with the columns of the provider that
 // have a value. Restrictions: the table's name, in ADO's place. Raises kErrFeatureNotAvailable for
 // other queries and restrictions.

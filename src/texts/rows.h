@@ -47,12 +47,13 @@ std::span<const Row> PaneRows();       // 4200 to 4299: history, check, data flo
 
 std::span<const Row> ConflictRows();  // 4400 to 4449: code changed twice
 
-// German texts of the layers below. Their English ones stand in "<layer>/messages.def", by the same
-// numbers.
+// German texts of the layers below. Their English ones stand in "<layer>/messages.def" (of com:
+// provider_messages.def), by the same numbers.
 std::span<const Row> FileMessageRows();       // 2000 to 2199: file layer
 std::span<const Row> DatabaseMessageRows();   // 2200 to 2599: database engine
 std::span<const Row> RecordsetMessageRows();  // 2600 to 2799: connections, recordsets, queries
 std::span<const Row> SourceMessageRows();     // 2800 to 2899: Visual Basic files
+std::span<const Row> ProviderRows();          // 4450 to 4474: the machine's database provider
 
 std::span<const Row> ListRows();   // 4100 to 4199: lists in the window
 std::span<const Row> PlantRows();  // 4300 to 4399: overview of formulas, going to a name

@@ -51,6 +51,7 @@ std::span<const Area> Areas() {
       {"panes", 4200, 4299, PaneRows()},
       {"plant", 4300, 4399, PlantRows()},
       {"conflict", 4400, 4449, ConflictRows()},
+      {"messages of the provider", 4450, 4474, ProviderRows()},
   });
   return kAreas;
 }

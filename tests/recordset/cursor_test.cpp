@@ -65,7 +65,7 @@ TEST_F(CursorTest, StandsAtTheEdgesAsAdoDoes) {
 }
 
 TEST_F(CursorTest, CallsInTheWrongStateAreRefused) {
-  auto rs = db_.connection()->CreateRecordset();
+  auto rs = db_.front().CreateRecordset();
   rs->SetSource("TvbfAlias");
   EXPECT_EQ(ErrorOf([&] { rs->MoveFirst(); }), platform::kErrObjectClosed);
   EXPECT_EQ(ErrorOf([&] { rs->RecordCount(); }), platform::kErrObjectClosed);
@@ -77,7 +77,7 @@ TEST_F(CursorTest, CallsInTheWrongStateAreRefused) {
   EXPECT_EQ(ErrorOf([&] { rs->AddNew(); }), platform::kErrFeatureNotAvailable);
   EXPECT_EQ(ErrorOf([&] { rs->Seek({1}); }), platform::kErrFeatureNotAvailable);
   rs->Close();
-  db_.connection()->Close();
+  db_.front().Close();
   EXPECT_EQ(ErrorOf([&] { rs->Open(); }), platform::kErrObjectClosed);
 }
 
@@ -197,9 +197,9 @@ TEST_F(CursorTest, FindsTextsAndRanges) {
 // From every kind of position, with criteria that an index answers for few rows or for many, and
 // with those that none answers.
 TEST_F(CursorTest, FindsByIndexWhatReadingFinds) {
-  db_.connection()->BeginTrans();
+  db_.front().BeginTrans();
   for (std::int32_t i = 0; i < 200; ++i) db_.AddArgument(i % 2, i / 2 * 37 % 100, i % 3 != 0);
-  db_.connection()->CommitTrans();
+  db_.front().CommitTrans();
   std::mt19937 random(3);
   for (const char* index : {"", "Unique"}) {
     for (int round = 0; round < 300; ++round) {
@@ -314,7 +314,7 @@ TEST_F(CursorTest, BlocksHaveEachRowOnceWhateverOthersDelete) {
   for (const char* gone : {"ID = 2", "ID < 60", "ID > 3", "VBAlias > 'More5'"}) {
     SCOPED_TRACE(gone);
     for (const char* source : {"TvbfAlias", "SELECT * FROM TvbfAlias ORDER BY VBAlias"}) {
-      db_.connection()->BeginTrans();
+      db_.front().BeginTrans();
       auto rs = db_.Open(source);
       rs->MoveLast();
       auto other = db_.Open(source);
@@ -338,7 +338,7 @@ TEST_F(CursorTest, BlocksHaveEachRowOnceWhateverOthersDelete) {
                 std::ssize(expected) == 0 ? 0 : 1 + std::ranges::count(expected, ' '));
       rs->Close();
       other->Close();
-      db_.connection()->RollbackTrans();
+      db_.front().RollbackTrans();
     }
   }
 }
@@ -357,7 +357,7 @@ TEST_F(CursorTest, CountsFromTheDefinitionUntilItWalks) {
 TEST_F(CursorTest, ReadsAllRowsWhateverTheDefinitionCounts) {
   constexpr std::size_t kPageSize = 4096, kRowsOffset = 16;
   const std::size_t page = db_.connection()->database().OpenTable("TvbfAlias").definition_page();
-  db_.connection()->Close();
+  db_.front().Close();
   std::string file = db_.system().Get(db_.path());
   db_.system().Put(db_.path(), file.replace(page * kPageSize + kRowsOffset, 4, "\xFF\xFF\xFF\xFF"));
   auto connection = db_.Connect();
@@ -372,10 +372,10 @@ TEST_F(CursorTest, ClosingTheConnectionClosesItsRecordsets) {
   auto closed = db_.Open("TvbfParams");
   closed->Close();
   rs->Fields("VBAlias").SetValue("New");
-  ASSERT_EQ(db_.connection()->OpenRecordsets().size(), 1u);
-  db_.connection()->Close();
+  ASSERT_EQ(db_.front().OpenRecordsets().size(), 1u);
+  db_.front().Close();
   EXPECT_EQ(rs->State(), platform::ObjectState::kClosed);
-  db_.connection()->Open(store::ProjectConnectionString(db_.path()));
+  db_.front().Open(store::ProjectConnectionString(db_.path()));
   rs->Open();
   EXPECT_EQ(Name(*rs), "Delta");
 }

@@ -50,7 +50,7 @@ TEST_F(EditTest, AddsByListsAndKnowsTheNumber) {
             platform::kErrDataOverflow);
   EXPECT_EQ(rs->GetEditMode(), EditMode::kNone);
   EXPECT_EQ(rs->Fields("ID").Value(), Variant(1)) << "the current row stays";
-  EXPECT_EQ(db_.connection()->TableRowCount("TvbfAlias"), 4);
+  EXPECT_EQ(db_.front().TableRowCount("TvbfAlias"), 4);
 }
 
 TEST_F(EditTest, AddsInTwoSteps) {
@@ -118,10 +118,10 @@ TEST_F(EditTest, APendingEditForbidsWhatWouldLoseIt) {
 TEST_F(EditTest, ADuplicateIsRefusedAndChangesNothing) {
   auto rs = db_.Open("TvbfAlias");
   EXPECT_EQ(ErrorOf([&] { rs->AddNew({"VBAlias"}, {"b"}); }), platform::kErrErrorsOccurred);
-  ASSERT_EQ(db_.connection()->Errors().size(), 1u);
-  EXPECT_EQ(db_.connection()->Errors()[0].number, platform::kErrErrorsOccurred);
-  EXPECT_EQ(db_.connection()->Errors()[0].native_error, 3022);
-  EXPECT_NE(db_.connection()->Errors()[0].description.find("VBAlias"), std::string::npos);
+  ASSERT_EQ(db_.front().Errors().size(), 1u);
+  EXPECT_EQ(db_.front().Errors()[0].number, platform::kErrErrorsOccurred);
+  EXPECT_EQ(db_.front().Errors()[0].native_error, 3022);
+  EXPECT_NE(db_.front().Errors()[0].description.find("VBAlias"), std::string::npos);
 
   rs->MoveLast();
   rs->Fields("ItemID").SetValue("Other");
@@ -198,7 +198,8 @@ TEST_F(EditTest, AWriteConflictWritesNothing) {
 TEST_F(EditTest, ARowInThePlaceOfADeletedOneIsNotTakenForIt) {
   for (std::int32_t alias : {1, 2, 3}) db_.AddArgument(7, alias);
   auto mine = db_.Open("SELECT * FROM TvbfParams  WHERE ParentID = ?", {7});
-  const platform::Bookmark first = mine->GetBookmark();
+  const platform::Bookmark first =
+      support::MemoryDatabase::Open(*db_.connection(), "TvbfParams")->GetBookmark();
   auto filtered = db_.Open("TvbfParams");
   filtered->SetFilter("ParentID = 7");
   auto standing = db_.Open("TvbfParams");
@@ -225,26 +226,26 @@ TEST_F(EditTest, ARowInThePlaceOfADeletedOneIsNotTakenForIt) {
 }
 
 TEST_F(EditTest, TransactionsNestAndRollBack) {
-  auto connection = db_.connection();
+  platform::Connection& connection = db_.front();
   auto rs = db_.Open("TvbfAlias");
-  connection->BeginTrans();
+  connection.BeginTrans();
   rs->AddNew({"VBAlias"}, {"D"});
-  connection->BeginTrans();
+  connection.BeginTrans();
   rs->MoveFirst();
   rs->Delete();
   EXPECT_EQ(RowsText(*db_.Open("TvbfAlias"), {"VBAlias"}), "B C D");
-  connection->RollbackTrans();
+  connection.RollbackTrans();
   EXPECT_EQ(RowsText(*db_.Open("TvbfAlias"), {"VBAlias"}), "A B C D");
-  connection->RollbackTrans();
+  connection.RollbackTrans();
   rs->Requery();
   EXPECT_EQ(RowsText(*rs, {"VBAlias"}), "A B C");
   EXPECT_EQ(rs->RecordCount(), 3);
-  EXPECT_EQ(ErrorOf([&] { connection->CommitTrans(); }), platform::kErrNotAllowedHere);
-  EXPECT_EQ(ErrorOf([&] { connection->RollbackTrans(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { connection.CommitTrans(); }), platform::kErrNotAllowedHere);
+  EXPECT_EQ(ErrorOf([&] { connection.RollbackTrans(); }), platform::kErrNotAllowedHere);
 
-  connection->BeginTrans();
+  connection.BeginTrans();
   rs->AddNew({"VBAlias"}, {"E"});
-  connection->CommitTrans();
+  connection.CommitTrans();
   auto other = db_.Connect();
   EXPECT_EQ(RowsText(*support::MemoryDatabase::Open(*other, "TvbfAlias"), {"VBAlias"}), "A B C E");
 }

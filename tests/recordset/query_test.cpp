@@ -162,7 +162,7 @@ TEST_F(QueryTest, TextsWithAQuoteInAValueBreak) {
       EXPECT_NE(error.description().find("at character "), std::string::npos);
     }
   }
-  EXPECT_EQ(db_.connection()->TableRowCount("TvbfFormulas"), 5);
+  EXPECT_EQ(db_.front().TableRowCount("TvbfFormulas"), 5);
 }
 
 TEST_F(QueryTest, RefusesWhatNamesNothing) {

@@ -40,7 +40,15 @@ class MemoryDatabase {
     system_.CreateDirectories(system_.Folder(path_));
     connection_->Create(store::ProjectConnectionString(path_));
     store::CompleteSchema(*connection_);
+    front_ = in_front ? in_front(connection_) : connection_;
   }
+
+  // Tests of recordsets are run over another implementation, too: one that gets at this engine's.
+  using InFront =
+      std::shared_ptr<platform::Connection> (*)(const std::shared_ptr<recordset::JetConnection>&);
+  static inline InFront in_front = nullptr;
+  // The connection that Open uses: the engine's own, unless there is one in front of it.
+  platform::Connection& front() { return *front_; }
 
   files::MemoryFileSystem& system() { return system_; }
   const std::string& path() const { return path_; }
@@ -56,7 +64,7 @@ class MemoryDatabase {
   // An open recordset on a table or query, with optimistic locking.
   std::shared_ptr<platform::Recordset> Open(std::string_view source,
                                             std::vector<platform::Variant> parameters = {}) {
-    return Open(*connection_, source, std::move(parameters));
+    return Open(*front_, source, std::move(parameters));
   }
   static std::shared_ptr<platform::Recordset> Open(platform::Connection& connection,
                                                    std::string_view source,
@@ -70,7 +78,7 @@ class MemoryDatabase {
   }
   // A table with an index for Seek.
   std::shared_ptr<platform::Recordset> OpenTable(std::string_view table, std::string_view index) {
-    auto recordset = connection_->CreateRecordset();
+    auto recordset = front_->CreateRecordset();
     recordset->SetSource(table);
     recordset->SetCommandType(platform::CommandType::kTableDirect);
     recordset->SetLockType(platform::LockType::kOptimistic);
@@ -103,6 +111,7 @@ class MemoryDatabase {
   files::MemoryFileSystem system_;
   std::string path_ = "/plant/plant.ovs";
   std::shared_ptr<recordset::JetConnection> connection_;
+  std::shared_ptr<platform::Connection> front_;
 };
 
 }  // namespace support

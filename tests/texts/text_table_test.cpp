@@ -81,8 +81,8 @@ TEST(Rows, AreCompleteInBothLanguages) {
       EXPECT_GE(row.number, area.first);
       EXPECT_LE(row.number, area.last);
       ASSERT_TRUE(row.german && *row.german) << "no German text";
-      if (row.number == 192) continue;                        // its second slot is left out
-      if (row.number >= 2000 && row.number < 3000) continue;  // the layer has the English one
+      if (row.number == 192) continue;                     // its second slot is left out
+      if (area.name.starts_with("messages of")) continue;  // the layer has the English one
       ASSERT_TRUE(row.english && *row.english) << "no English text";
       EXPECT_EQ(Placeholders(row.german), Placeholders(row.english));
       if (row.number >= 1000) {
