@@ -127,9 +127,9 @@ void Connect::Open() {
 }
 
 bool Connect::ConnectToDataBase() {
-  platform::Connection& connection = *store::ADOFRO::Instance().cnnFormulas();
-  if (connection.State() != platform::ObjectState::kClosed) return true;
   try {
+    platform::Connection& connection = *store::ADOFRO::Instance().cnnFormulas();
+    if (connection.State() != platform::ObjectState::kClosed) return true;
     connection.Open(store::ProjectConnectionString(database_path_));
     const std::vector<std::string> missing = store::MissingFromSchema(connection);
     if (missing.empty()) return true;

@@ -2,14 +2,13 @@
 #include "com/vb_session.h"
 
 #include "com/failure.h"
-#include "files/file_system.h"
 #include "platform/ado.h"
 #include "project/project.h"
 
 namespace com {
 
-VbSession::VbSession()
-    : environment_(std::make_shared<vbfiles::Environment>(files::RealFileSystem())) {}
+VbSession::VbSession(files::FileSystem& system)
+    : system_(system), environment_(std::make_shared<vbfiles::Environment>(system)) {}
 
 VbSession::~VbSession() {
   if (HasEdits()) unit_->Rollback();
@@ -26,10 +25,9 @@ void VbSession::BeginEdit() {
   if (HasEdits()) return;
   if (!unit_) {
     if (paths_.empty()) Require(ResultOf(platform::kErrSubscript));
-    files::FileSystem& system = files::RealFileSystem();
     project::ProjectOptions options;
     options.vb_files = paths_;
-    unit_.emplace(system, paths_.front(), project::ReachOf(system, paths_.front(), options));
+    unit_.emplace(system_, paths_.front(), project::ReachOf(system_, paths_.front(), options));
     unit_->Enlist(*environment_);
   }
   unit_->Begin();

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "files/file_system.h"
 #include "files/unit_of_work.h"
 #include "vbfiles/environment.h"
 
@@ -15,7 +16,7 @@ namespace com {
 // saved, all of them at once, or dropped with the session.
 class VbSession {
  public:
-  VbSession();
+  explicit VbSession(files::FileSystem& system = files::RealFileSystem());
   ~VbSession();
   VbSession(const VbSession&) = delete;
   VbSession& operator=(const VbSession&) = delete;
@@ -30,6 +31,7 @@ class VbSession {
   bool HasEdits() const { return unit_ && unit_->IsOpen(); }
 
  private:
+  files::FileSystem& system_;
   std::shared_ptr<vbfiles::Environment> environment_;
   std::vector<std::string> paths_;
   std::optional<files::JournalledUnitOfWork> unit_;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "com/automation_object.h"
 #include "com/vb_session.h"
@@ -15,7 +16,8 @@ namespace com {
 // Save, which writes what was edited; without it the edits are dropped with the object.
 class VbeObject final : public Automation<VbeObject> {
  public:
-  VbeObject() : session_(std::make_shared<VbSession>()) {}
+  explicit VbeObject(std::shared_ptr<VbSession> session = std::make_shared<VbSession>())
+      : session_(std::move(session)) {}
 
   static Reference<IUnknown> Create() { return Reference<IUnknown>::Take(new VbeObject); }
 

@@ -7,11 +7,12 @@
 #include "addin/connect.h"
 #include "com/failure.h"
 #include "com/host_add_in.h"
+#include "com/host_database.h"
+#include "com/host_log.h"
 #include "com/host_services.h"
 #include "com/host_settings.h"
 #include "com/host_vbe.h"
 #include "com/studio_names.h"
-#include "embedded/database.h"
 #include "embedded/help.h"
 #include "embedded/pictures.h"
 #include "embedded/runtime.h"
@@ -19,6 +20,7 @@
 #include "embedded/window_system.h"
 #include "files/file_system.h"
 #include "project/item_file.h"
+#include "project/provider_setting.h"
 #include "store/ado_fro.h"
 #include "texts/text_table.h"
 
@@ -51,7 +53,11 @@ class Parts {
         toolkit_(runtime_, texts_, studio_->MainWindow()),
         help_(texts_),
         path_(addin::Connect::DatabasePathOf(settings_, given.project)),
-        database_(path_, environment_.get()),
+        database_({.path = path_,
+                   .connection_string = store::ProjectConnectionString(path_),
+                   .provider = project::ProviderOf(settings_),
+                   .log = [this](const auto& said) { com::AddToHostLog(texts_.Sentence(said)); }},
+                  environment_.get()),
         items_file_(files::RealFileSystem(), ItemsPath(path_), false) {
     if (active_) {
       throw platform::Error(platform::ErrorKind::kRefused, platform::kErrObjectOpen,
@@ -63,7 +69,7 @@ class Parts {
     if (given.studio.Has(com::names::kItems)) {
       items_.emplace(given.studio.Object(com::names::kItems));
     }
-    store::ADOFRO::SetConnectionFactory([this] { return database_.connection(); });
+    store::ADOFRO::SetConnectionFactory([this] { return database_.Connect(); });
     add_in_.emplace(
         editor::Services{toolkit_, window_system_, settings_, help_, objects_, database_.unit(),
                          items_ ? static_cast<platform::OVItems*>(&*items_) : &items_file_,
@@ -118,7 +124,7 @@ class Parts {
   Help help_;
   com::HostObjects objects_;
   std::string path_;
-  Database database_;
+  com::HostDatabase database_;
   project::ItemFile items_file_;
   std::optional<com::HostComponentList> components_;
   std::optional<com::HostItems> items_;

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+#include "tests/store/operation_cases.h"
 #include "tests/support/code_model_wrappers.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/forgetting_file_system.h"
@@ -18,96 +19,11 @@ namespace store {
 namespace {
 
 using support::Restore;
-using Ids = std::vector<std::int32_t>;
-
-struct Case {
-  const char* name;
-  bool edits_code;
-  std::function<OperationResult(Operations&)> operation;
-};
-
-std::vector<Case> Cases() {
-  return {
-      {"AddFormula", true,
-       [](Operations& o) {
-         return o.AddFormula({"Added", "PumpServer.CTank", 1, 2, true, "c"});
-       }},
-      {"RenameAndMove", true,
-       [](Operations& o) {
-         EditFormulaOptions options;
-         options.with_code = true;
-         return o.EditFormula(1, {"Renamed", "PumpServer.CTank", 3, 0, true, "c"}, options);
-       }},
-      {"DeleteFormulas", true,
-       [](Operations& o) {
-         return o.DeleteFormulas(Ids{1, 2});
-       }},
-      {"AddArguments", true,
-       [](Operations& o) {
-         const ArgumentValues values[] = {{2, true, false}, {3, false, true}};
-         return o.AddArguments(2, values);
-       }},
-      {"EditArgument", true,
-       [](Operations& o) {
-         return o.EditArgument(1, {3, false, true});
-       }},
-      {"DeleteArguments", true,
-       [](Operations& o) {
-         return o.DeleteArguments(Ids{1, 2, 3});
-       }},
-      {"AddAliases", false,
-       [](Operations& o) {
-         const AliasValues values[] = {{"a", "Alpha"}, {"b", "Beta"}};
-         return o.AddAliases(values);
-       }},
-      {"EditAlias", true,
-       [](Operations& o) {
-         return o.EditAlias(1, {"New.Item", "NewName"});
-       }},
-      {"EditAliasWithUses", true,
-       [](Operations& o) {
-         RenameOptions options;
-         options.with_uses = true;
-         return o.EditAlias(1, {"New.Item", "NewName"}, options);
-       }},
-      {"ReplaceInCode", true,
-       [](Operations& o) {
-         return o.ReplaceInCode(o.FindInCode("Level = 1", {}).places, "Flow = 2");
-       }},
-      {"DeleteAliases", false, [](Operations& o) { return o.DeleteAliases(Ids{3}); }},
-  };
-}
-
-// Level (1), Pump (2), Flow (3); FillTank (1) with Level and Pump, DrainTank (2) in the other
-// class with Level.
-support::Files StartFiles() {
-  files::MemoryFileSystem system;
-  support::PutProject(system,
-                      {{"CPump", "Option Explicit\r\nSub Own()\r\n  Level = 1\r\nEnd Sub\r\n"},
-                       {"CTank", "' mine\r\nSub Own()\r\n  Level = 1\r\nEnd Sub\r\n"}});
-  support::PutDatabase(system);
-  {
-    support::OpenProject project(system);
-    Operations& operations = *project.operations;
-    const AliasValues aliases[] = {{"T.Level", "Level"}, {"T.Pump", "Pump"}, {"T.Flow", "Flow"}};
-    operations.AddAliases(aliases);
-    operations.AddFormula({"FillTank", "PumpServer.CPump"});
-    operations.AddFormula({"DrainTank", "PumpServer.CTank"});
-    const ArgumentValues both[] = {{1, true, false}, {2, true, false}};
-    operations.AddArguments(1, both);
-    operations.AddArguments(2, {both, 1});
-  }
-  return system.Snapshot();
-}
-
-std::string StateOf(files::FileSystem& system) {
-  return support::StateOf(system, {"CPump", "CTank"});
-}
 
 // The step that is tried after the n-th; all of them take a while.
 int NextStep(int n) { return n + (std::getenv("OV_LONG") ? 1 : 13); }
 
-class OperationFaultsTest : public testing::TestWithParam<Case> {
+class OperationFaultsTest : public testing::TestWithParam<OperationCase> {
  protected:
   OperationFaultsTest() : start_(StartFiles()) {
     Restore(memory_, start_);
@@ -257,7 +173,7 @@ TEST_P(OperationFaultsTest, CodeFailsAtEveryEdit) {
   EXPECT_EQ(failing_edit > 1, GetParam().edits_code);
 }
 
-INSTANTIATE_TEST_SUITE_P(Operations, OperationFaultsTest, testing::ValuesIn(Cases()),
+INSTANTIATE_TEST_SUITE_P(Operations, OperationFaultsTest, testing::ValuesIn(OperationCases()),
                          [](const auto& param) { return std::string(param.param.name); });
 
 }  // namespace
