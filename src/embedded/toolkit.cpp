@@ -21,6 +21,11 @@ Toolkit::~Toolkit() {
   delete studio_;
 }
 
+wxWindow* Toolkit::OwnerOf(forms::Form* owner) {
+  if (studio_ && ::GetActiveWindow() == studio_->GetHWND()) return studio_;
+  return wx::Toolkit::OwnerOf(owner);
+}
+
 platform::WindowHandle Toolkit::Handle(forms::Form& form) {
   const wxWindow* window = WindowOf(form);
   return window ? reinterpret_cast<platform::WindowHandle>(window->GetHWND()) : 0;

@@ -22,6 +22,10 @@ class Toolkit final : public wx::Toolkit {
   platform::WindowHandle Handle(forms::Form& form) override;
   void CallLater(std::function<void()> task) override { runtime_->CallLater(std::move(task)); }
 
+ protected:
+  // What is opened from the studio's tree goes back to it.
+  wxWindow* OwnerOf(forms::Form* owner) override;
+
  private:
   std::shared_ptr<Runtime> runtime_;
   ForeignWindow* studio_ = nullptr;

@@ -65,7 +65,8 @@ void ControlView::Show(forms::Property property) {
       ShowToolTip();
       break;
     case forms::Property::kFocus:
-      FocusWindow().SetFocus();
+      // A window that is not shown would take the keyboard along out of sight.
+      if (wxGetTopLevelParent(window_)->IsShown()) FocusWindow().SetFocus();
       break;
     default:
       break;

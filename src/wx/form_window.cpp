@@ -232,7 +232,7 @@ void FormWindow::RaiseFront() {
                      return front->Visible() && ViewOf(front) && Covers(front->GetBounds(), bounds);
                    });
     view->SetCovered(covered);
-    if (!covered) view->Window().Raise();
+    if (!covered) RaiseControl(view->Window());
   }
 }
 

@@ -30,6 +30,10 @@ wxStaticText* NewHint(wxWindow* parent);
 int NativeHeight(const wxWindow& window);
 int NativeWidth(const wxWindow& window);
 
+// Puts a control in front of those beside it. The keyboard stays where it is, in another window,
+// too.
+void RaiseControl(wxWindow& control);
+
 // Hands over what the native toolkit reports to developers, in place of printing it. To be called
 // once, before the first window.
 void OnDiagnostic(std::function<void(const std::string& report)> handler);

@@ -111,6 +111,8 @@ int NativeWidth(const wxWindow& window) {
   return natural;
 }
 
+void RaiseControl(wxWindow& control) { control.Raise(); }
+
 void CallWhenIdle(std::function<void()> task) {
   using Task = std::function<void()>;
   auto run = [](gpointer data) -> gboolean {

@@ -124,6 +124,11 @@ int NativeHeight(const wxWindow& window) { return window.GetBestSize().GetHeight
 
 int NativeWidth(const wxWindow& window) { return window.GetBestSize().GetWidth(); }
 
+// The toolkit's own way makes the whole window the active one.
+void RaiseControl(wxWindow& control) {
+  ::SetWindowPos(control.GetHWND(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
 void CallWhenIdle(std::function<void()> task) { new IdleTask(std::move(task)); }
 
 // A character without width keeps wxWidgets from making an accelerator of it.

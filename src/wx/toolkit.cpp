@@ -130,13 +130,18 @@ FormWindow* Toolkit::Find(const forms::Form& form) const {
 FormWindow& Toolkit::Open(forms::Form& form, forms::Form* owner) {
   if (FormWindow* window = Find(form)) return *window;
   form.Load();
-  wxWindow* parent = owner ? WindowOf(*owner) : ActiveWindow();
+  wxWindow* parent = OwnerOf(owner);
   wxWindow* host = nullptr;
   for (const Host& entry : hosts_) {
     if (entry.form == &form) host = entry.window;
   }
   windows_.push_back(std::make_unique<FormWindow>(form, texts_, parent ? parent : main_, host));
   return *windows_.back();
+}
+
+wxWindow* Toolkit::OwnerOf(forms::Form* owner) {
+  wxWindow* window = owner ? WindowOf(*owner) : nullptr;
+  return window && wxGetTopLevelParent(window)->IsShown() ? window : ActiveWindow();
 }
 
 wxWindow* Toolkit::ActiveWindow() const {

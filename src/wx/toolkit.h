@@ -42,6 +42,11 @@ class Toolkit : public platform::Toolkit {
   void CallLater(std::function<void()> task) override;
   void SendKeys(std::string_view keys) override;
 
+ protected:
+  // The window that a form's window belongs to, which has the keyboard again afterwards: that of
+  // `owner` when it is in sight, otherwise the active one.
+  virtual wxWindow* OwnerOf(forms::Form* owner);
+
  private:
   FormWindow* Find(const forms::Form& form) const;
   FormWindow& Open(forms::Form& form, forms::Form* owner);
