@@ -213,8 +213,12 @@ class Runtime::Host {
     return ::CallNextHookEx(nullptr, code, removed, given);
   }
   void Look(MSG& message) {
-    // A dialog of ours has a loop of its own, which looks after its keys.
-    if (wxEventLoopBase::GetActive() != loop_.get()) return;
+    if (wxEventLoopBase::GetActive() != loop_.get()) {
+      // A dialog of ours has a loop of its own, which looks after its keys. The end of the program
+      // ends that loop; it is the next one's, too.
+      if (message.message == WM_QUIT) ::PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
     const bool input = (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) ||
                        (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST);
     if (!input || !OwnWindowOf(message.hwnd)) return;
