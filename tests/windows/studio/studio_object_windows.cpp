@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <cstring>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -57,6 +59,23 @@ std::wstring StudioObject::TextOf(const std::wstring& key) const {
 void StudioObject::Select(const std::wstring& key) {
   const auto item = items_.find(key);
   if (item != items_.end()) TreeView_SelectItem(tree_, item->second);
+}
+
+void StudioObject::Expand(const std::wstring& key) {
+  const auto item = items_.find(key);
+  if (item != items_.end()) TreeView_Expand(tree_, item->second, TVE_EXPAND);
+}
+
+POINT StudioObject::PlaceOf(const std::wstring& key) {
+  const auto item = items_.find(key);
+  if (item == items_.end()) throw std::runtime_error("no node " + com::Utf8(key));
+  TreeView_EnsureVisible(tree_, item->second);
+  RECT text = {};
+  std::memcpy(&text, &item->second, sizeof item->second);  // whose rectangle is asked for
+  SendMessageW(tree_, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&text));
+  POINT place = {(text.left + text.right) / 2, (text.top + text.bottom) / 2};
+  ClientToScreen(tree_, &place);
+  return place;
 }
 
 Value StudioObject::RegisterPicture(const Arguments& arguments) {

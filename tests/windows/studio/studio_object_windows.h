@@ -24,7 +24,12 @@ class StudioObject final : public com::Automation<StudioObject> {
   std::wstring SelectedKey() const;
   std::wstring TextOf(const std::wstring& key) const;
   std::wstring KeyOf(HTREEITEM item) const;
+  bool Has(const std::wstring& key) const { return items_.contains(key); }
   void Select(const std::wstring& key);
+  void Expand(const std::wstring& key);
+  // The middle of the node's text on the screen. Raises std::runtime_error when there is no such
+  // node.
+  POINT PlaceOf(const std::wstring& key);
   std::size_t NodeCount() const { return items_.size(); }
 
   static constexpr wchar_t kClassName[] = L"Studio";
