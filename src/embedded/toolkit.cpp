@@ -9,7 +9,7 @@ Toolkit::Toolkit(std::shared_ptr<Runtime> runtime, const texts::TextTable& texts
                  platform::WindowHandle studio)
     : wx::Toolkit(texts), runtime_(std::move(runtime)) {
   if (!::IsWindow(reinterpret_cast<HWND>(studio))) return;
-  studio_ = new ForeignWindow(studio);
+  studio_ = new ForeignWindow(studio, [this] { SetMainWindow(nullptr); });
   SetMainWindow(studio_);
 }
 
@@ -22,7 +22,7 @@ Toolkit::~Toolkit() {
 }
 
 wxWindow* Toolkit::OwnerOf(forms::Form* owner) {
-  if (studio_ && ::GetActiveWindow() == studio_->GetHWND()) return studio_;
+  if (studio_ && studio_->IsActive()) return studio_;
   return wx::Toolkit::OwnerOf(owner);
 }
 

@@ -14,7 +14,7 @@ namespace embedded {
 // no other owner.
 class Toolkit final : public wx::Toolkit {
  public:
-  // The studio's window is 0 or lives longer than this.
+  // The studio's window is 0 where there is none.
   Toolkit(std::shared_ptr<Runtime> runtime, const texts::TextTable& texts,
           platform::WindowHandle studio);
   ~Toolkit() override;

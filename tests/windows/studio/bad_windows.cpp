@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <functional>
 #include <thread>
 #include <utility>
 
@@ -6,6 +7,31 @@
 #include "tests/windows/studio/studio_windows.h"
 
 namespace studio_host {
+
+namespace {
+
+// Opens the dialog of a new formula and does something while it waits.
+void DuringDialog(Studio& studio, const std::function<void()>& task) {
+  studio.Click(L"FOR0");
+  const DWORD thread = GetCurrentThreadId();
+  std::thread other([&] {
+    const auto waits = [&] {
+      GUITHREADINFO info = {};
+      info.cbSize = sizeof info;
+      GetGUIThreadInfo(thread, &info);
+      return info.hwndActive && info.hwndActive != studio.window() &&
+             !IsWindowEnabled(studio.window());
+    };
+    constexpr DWORD kPoll = 20;
+    while (!waits()) Sleep(kPoll);
+    studio.AwaitIdle();
+    studio.InThread(task);
+  });
+  studio.Key(L"FORF0", VK_F8);
+  other.join();
+}
+
+}  // namespace
 
 // Calls out of order, twice, from inside each other, from another thread; errors in every answer;
 // an end inside a call, and none at all.
@@ -59,6 +85,45 @@ void BehaveBadly(const Files& files) {
     studio.Click(L"FOR0");
     studio.Unload();
     Say("no end at all");
+  }
+  {
+    Studio studio(files);
+    studio.Load();
+    studio.Initialize();
+    DuringDialog(studio, [&] { studio.Terminate(); });
+    studio.Unload();
+    Say("an end during a dialog");
+  }
+  {
+    Studio studio(files);
+    studio.Load();
+    studio.Initialize();
+    DuringDialog(studio, [] { PostQuitMessage(0); });
+    studio.Run();
+    studio.Terminate();
+    studio.Unload();
+    Say("the end of the program during a dialog");
+  }
+  {
+    Studio studio(files);
+    studio.Load();
+    studio.Initialize();
+    studio.Click(L"FORF1");
+    studio.Activate(L"FORF1");
+    studio.DestroyWindow();
+    studio.Click(L"FORF1");
+    studio.Terminate();
+    studio.Unload();
+    Say("a window that goes before the end");
+  }
+  {
+    Studio studio(files);
+    studio.Load();
+    studio.Initialize();
+    DuringDialog(studio, [&] { studio.DestroyWindow(); });
+    studio.Terminate();
+    studio.Unload();
+    Say("a window that goes during a dialog");
   }
 }
 

@@ -182,7 +182,7 @@ void Studio::Run() {
     if (TranslateAcceleratorW(window_, keys_, &message)) continue;
     // The tree keeps this key from its window.
     if (message.hwnd == tree_ && message.message == WM_SYSKEYDOWN && message.wParam == VK_F6) {
-      OnKey(VK_F6);
+      Key(object_->SelectedKey(), VK_F6);
       continue;
     }
     TranslateMessage(&message);
@@ -210,8 +210,7 @@ void Studio::AwaitIdle() const {
   Demand(WaitForSingleObject(idle_, kLongest) == WAIT_OBJECT_0, "the studio hangs");
 }
 
-void Studio::OnKey(WORD code) {
-  const std::wstring key = object_->SelectedKey();
+void Studio::Key(const std::wstring& key, WORD code) {
   const Text project(L"Plant"), node(key), text(object_->TextOf(key));
   SHORT value = static_cast<SHORT>(code), shift = Shift();
   LONG result = 0;
@@ -238,7 +237,7 @@ LRESULT Studio::OnTree(const NMHDR& what) {
     OnRightClick();
     return 1;
   } else if (what.code == TVN_KEYDOWN) {
-    OnKey(reinterpret_cast<const NMTVKEYDOWN&>(what).wVKey);
+    Key(object_->SelectedKey(), reinterpret_cast<const NMTVKEYDOWN&>(what).wVKey);
   }
   return 0;
 }

@@ -53,6 +53,8 @@ class Studio {
   void Click(const std::wstring& key);
   // As a double click does.
   void Activate(const std::wstring& key);
+  // A key on the node; returns when what it opens is closed.
+  void Key(const std::wstring& key, WORD code);
   void Terminate();
   void Unload();
   // Destroys the main window, as a studio does that ends in the wrong order.
@@ -79,7 +81,6 @@ class Studio {
 
  private:
   com::LateBound OpenEnvironment() const;
-  void OnKey(WORD code);
   void OnRightClick();
   LRESULT OnTree(const NMHDR& what);
   LRESULT OnMessage(HWND window, UINT message, WPARAM first, LPARAM second);
