@@ -15,13 +15,6 @@ bool EntryCursor::Seek(ByteView target, Bound bound) {
   return TakeForward(std::move(page), path.leaf().position);
 }
 
-bool EntryCursor::SeekBefore(ByteView target, Bound bound) {
-  state_ = State::kEnd;
-  IndexPath path;
-  PageRef page = tree_->Descend(target, bound, path);
-  return TakeBackward(std::move(page), path.leaf().position);
-}
-
 bool EntryCursor::Next() {
   if (state_ == State::kEnd) return false;
   if (state_ == State::kBegin) return TakeForward(tree_->DescendFirst(), 0);

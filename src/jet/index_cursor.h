@@ -22,8 +22,6 @@ class EntryCursor {
   // Moves to the first entry that is not below `target` (kFirst), or that is above all entries
   // which begin with it (kPast). False when there is none; the cursor is then at the end.
   bool Seek(ByteView target, Bound bound);
-  // Moves to the last entry before that place. False when there is none; then at the begin.
-  bool SeekBefore(ByteView target, Bound bound);
   // Moves by one entry. False at the end, or at the begin.
   bool Next();
   bool Previous();

@@ -94,17 +94,4 @@ std::vector<Use> FindText(const Program& program, std::string_view text,
   return uses;
 }
 
-std::vector<LineEdit> ReplaceText(const Program& program, const std::vector<Use>& places,
-                                  std::string_view text) {
-  LineEdits edits(program);
-  ColumnCounter columns;
-  for (const Use& use : places) {
-    const std::string_view line = program.module(use.module).lines->Line(use.line);
-    const std::size_t begin = columns.ByteOf(line, use.column - 1);
-    const std::size_t end = columns.ByteOf(line, use.column - 1 + use.length);
-    edits.Replace(use.module, use.line, begin, end - begin, text);
-  }
-  return edits.Lines();
-}
-
 }  // namespace vbcode

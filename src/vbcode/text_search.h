@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "vbcode/line_edits.h"
 #include "vbcode/program.h"
 
 namespace vbcode {
@@ -18,10 +17,6 @@ struct SearchOptions {
 // in the order of modules and lines. They do not overlap. None for the empty text.
 std::vector<Use> FindText(const Program& program, std::string_view text,
                           const SearchOptions& options);
-
-// The lines in which the places become another text.
-std::vector<LineEdit> ReplaceText(const Program& program, const std::vector<Use>& places,
-                                  std::string_view text);
 
 // Bytes of the line from `begin` on that hold the text; npos for none. The length can differ from
 // that of the text where letter case does not count.

@@ -159,10 +159,6 @@ std::vector<std::string> Environment::GroupFiles() const {
   return paths;
 }
 
-void Environment::AllowWritesIn(const std::string& folder) {
-  state_->options.writable_folders.push_back(folder);
-}
-
 template <typename Action>
 void Environment::ForEachDocument(Action action) const {
   for (const auto& [path, document] : state_->documents) {

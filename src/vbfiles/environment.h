@@ -42,8 +42,6 @@ class Environment final : public platform::VBE, public files::Participant {
   std::vector<ReplacedCharacters> TakeReplacedCharacters();
   // The group files (.vbg) that are open.
   std::vector<std::string> GroupFiles() const;
-  // Agrees to changes in a folder outside the folder tree of its project.
-  void AllowWritesIn(const std::string& folder);
 
   // Bytes of an open source file as text, by the code page of its project.
   std::string ToUtf8(std::string_view path, std::string_view bytes);

@@ -216,22 +216,30 @@ TEST(Environment, FindsProjectFilesBelowAFolder) {
 }
 
 TEST(Environment, FilesOutsideTheTreeAreWrittenOnlyWithAgreement) {
-  files::MemoryFileSystem system;
-  system.Put("/plant/server/Pump.vbp", "Name=\"P\"\r\nClass=C; ..\\common\\c.cls\r\n");
-  system.Put("/plant/common/c.cls", ClassProject::Header("C"));
-  Environment environment(system);
-  environment.Open("/plant/server/Pump.vbp");
-  platform::CodeModule& module = *environment.FindProject("P")->FindComponent("C")->Module();
-  EXPECT_EQ(module.CountOfLines(), 0);
-  const auto edit = [&] { module.AddFromString("Public a"); };
-  const platform::Error error = ErrorOf(edit, "/plant/common/c.cls");
-  EXPECT_EQ(error.number(), platform::kErrModuleNotEditable);
-  EXPECT_EQ(error.kind(), ErrorKind::kRefused);
-  environment.AllowWritesIn("/plant/comm");
-  ErrorOf(edit, "/plant/common/c.cls");
-  environment.AllowWritesIn("/plant/common");
-  edit();
-  EXPECT_EQ(module.CountOfLines(), 1);
+  const struct {
+    std::vector<std::string> agreed;
+    bool written;
+  } rows[] = {{{}, false}, {{"/plant/comm"}, false}, {{"/plant/comm", "/plant/common"}, true}};
+  for (const auto& row : rows) {
+    files::MemoryFileSystem system;
+    system.Put("/plant/server/Pump.vbp", "Name=\"P\"\r\nClass=C; ..\\common\\c.cls\r\n");
+    system.Put("/plant/common/c.cls", ClassProject::Header("C"));
+    Options options;
+    options.writable_folders = row.agreed;
+    Environment environment(system, options);
+    environment.Open("/plant/server/Pump.vbp");
+    platform::CodeModule& module = *environment.FindProject("P")->FindComponent("C")->Module();
+    EXPECT_EQ(module.CountOfLines(), 0);
+    const auto edit = [&] { module.AddFromString("Public a"); };
+    if (row.written) {
+      edit();
+    } else {
+      const platform::Error error = ErrorOf(edit, "/plant/common/c.cls");
+      EXPECT_EQ(error.number(), platform::kErrModuleNotEditable);
+      EXPECT_EQ(error.kind(), ErrorKind::kRefused);
+    }
+    EXPECT_EQ(module.CountOfLines(), row.written ? 1 : 0);
+  }
 }
 
 // The file is looked at at each change: it may have become a link since the last one.
