@@ -99,11 +99,15 @@ journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
     next.room = std::max(kLeastRoom, RoundedUp(size));
     next.hash_before = Hash64({});
   }
+  next.size_after = next.size_before + size;
+  const auto added = std::as_bytes(std::span(appended->bytes));
+  if (next.size_before == 0) {  // a large one is not copied
+    next.hash_after = Hash64(added);
+    return next;
+  }
   std::vector<std::byte> bytes(next.size_before);
   bytes.resize(journal_.ReadAt(journal::kHeaderSize, bytes));
-  const auto added = std::as_bytes(std::span(appended->bytes));
   bytes.insert(bytes.end(), added.begin(), added.end());
-  next.size_after = next.size_before + size;
   next.hash_after = Hash64(bytes);
   return next;
 }

@@ -287,6 +287,11 @@ void GatheringWriter::Write(std::uint64_t offset, std::span<const std::byte> byt
     Flush();
     offset_ = offset;
   }
+  if (bytes.size() > kGathered) {  // nothing is gained by a copy
+    file_.WriteAt(offset, bytes);
+    offset_ = offset + bytes.size();
+    return;
+  }
   Append(bytes, buffer_);
 }
 

@@ -154,13 +154,15 @@ std::optional<Ends> HistoryFile::ReadEnds() {
   return Ends{reader.end(), last.number, last.hash, reader.base().number + 1};
 }
 
-std::string HistoryFile::Appended(const Ends& ends, Record& record) {
+std::string HistoryFile::Appended(const Ends& ends, Record& record, const RowSource& rows) {
   record.number = ends.last_number + 1;
   std::string bytes = ends.size == 0 ? Header(ends.last_number, ends.last_hash) : std::string();
-  const std::string line = ToLine(record);
-  bytes += line;
-  bytes += '\t' + Hex(record.number) + ' ' + Hex(line.size()) + ' ' +
-           Hex(HashOf(line, ends.last_hash)) + '\n';
+  const std::size_t begin = bytes.size();
+  AppendLine(record, rows, bytes);
+  const std::string_view line = std::string_view(bytes).substr(begin);
+  const std::string trailer = '\t' + Hex(record.number) + ' ' + Hex(line.size()) + ' ' +
+                              Hex(HashOf(line, ends.last_hash)) + '\n';
+  bytes += trailer;
   return bytes;
 }
 

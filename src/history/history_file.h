@@ -35,8 +35,8 @@ class HistoryFile {
   // Reads the first and the last bytes. Nothing when the file is none of ours or its end is
   // damaged. Raises files::Error.
   std::optional<Ends> ReadEnds();
-  // The bytes that append the record, whose number is set. `ends` as they are.
-  static std::string Appended(const Ends& ends, Record& record);
+  // The bytes that append the record, whose number is set, with these rows. `ends` as they are.
+  static std::string Appended(const Ends& ends, Record& record, const RowSource& rows);
 
   // Gives the file another name. Raises files::Error. Returns that name.
   std::string SetAside();

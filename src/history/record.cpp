@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kHex = "0123456789abcdef";
 constexpr int kDeepest = 4;  // messages in a title
+constexpr std::size_t kRowsToJudge = 1000;
 
 // --- Cells ---
 
@@ -97,20 +98,24 @@ bool Unescape(std::string_view field, std::string& text) {
   return true;
 }
 
+// Appends fields to a text.
 class LineWriter {
  public:
+  explicit LineWriter(std::string& text) : text_(text) {}
+
   void Text(std::string_view text) {
-    if (!line_.empty()) line_ += '\t';
-    AppendEscaped(text, line_);
+    if (!first_) text_ += '\t';
+    first_ = false;
+    AppendEscaped(text, text_);
   }
   template <typename T>
   void Number(T number) {
     Text(TextOf(number));
   }
-  std::string Take() { return std::move(line_); }
 
  private:
-  std::string line_;
+  std::string& text_;
+  bool first_ = true;
 };
 
 // Fields one after the other; what is missing or of another kind makes the line none.
@@ -349,7 +354,13 @@ std::optional<jet::Value> FromCell(const Cell& cell, std::string& room) {
 }
 
 std::string ToLine(const Record& record) {
-  LineWriter out;
+  std::string line;
+  AppendLine(record, ListedRows(record.rows), line);
+  return line;
+}
+
+void AppendLine(const Record& record, const RowSource& rows, std::string& text) {
+  LineWriter out(text);
   out.Number(record.number);
   out.Number(record.time);
   out.Text(std::string(1, static_cast<char>(record.kind)));
@@ -357,9 +368,16 @@ std::string ToLine(const Record& record) {
   out.Text(record.who);
   out.Text(record.program);
   Write(record.title, out);
-  for (const ChangedRow& row : record.rows) Write(row, out);
+  const std::size_t begin = text.size();
+  std::size_t written = 0;
+  rows.ForEach([&](const ChangedRow& row) {
+    Write(row, out);
+    // Room for all at once, by the first ones: a text that grows is there twice.
+    if (++written == kRowsToJudge) {
+      text.reserve(text.size() + (text.size() - begin) / written * rows.size() / 8 * 9);
+    }
+  });
   for (const ChangedFile& file : record.files) Write(file, out);
-  return out.Take();
 }
 
 std::optional<Record> FromLine(std::string_view line) {

@@ -2,7 +2,9 @@
 // What one operation changed, as the history keeps it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -57,6 +59,28 @@ struct ChangedFile {
   friend bool operator==(const ChangedFile&, const ChangedFile&) = default;
 };
 
+// Rows, one after the other.
+class RowSource {
+ public:
+  using Visitor = std::function<void(const ChangedRow&)>;
+  virtual ~RowSource() = default;
+  virtual std::size_t size() const = 0;
+  virtual void ForEach(const Visitor& visit) const = 0;
+};
+
+// Rows of a list, which must outlive it.
+class ListedRows final : public RowSource {
+ public:
+  explicit ListedRows(const std::vector<ChangedRow>& rows) : rows_(rows) {}
+  std::size_t size() const override { return rows_.size(); }
+  void ForEach(const Visitor& visit) const override {
+    for (const ChangedRow& row : rows_) visit(row);
+  }
+
+ private:
+  const std::vector<ChangedRow>& rows_;
+};
+
 enum class Kind : char { kOperation = 'o', kUndo = 'u', kRedo = 'r' };
 
 struct Record {
@@ -71,8 +95,10 @@ struct Record {
   std::vector<ChangedFile> files;
 };
 
-// The record as one line without its end, and back. Nothing for what is no record.
+// The record as one line without its end, and back. Nothing for what is no record. AppendLine takes
+// `rows` in place of the record's own.
 std::string ToLine(const Record& record);
+void AppendLine(const Record& record, const RowSource& rows, std::string& text);
 std::optional<Record> FromLine(std::string_view line);
 
 }  // namespace history

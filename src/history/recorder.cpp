@@ -2,8 +2,6 @@
 #include "history/recorder.h"
 
 #include <algorithm>
-#include <map>
-#include <unordered_map>
 #include <utility>
 
 #include "files/carried_append.h"
@@ -11,49 +9,10 @@
 #include "files/file_identity.h"
 #include "history/line_ranges.h"
 #include "history/messages.h"
+#include "history/row_changes.h"
 
 namespace history {
 namespace {
-
-constexpr const char* kIdColumn = "ID";
-
-Row ImageOf(const jet::LoggedRow& logged, const jet::RowImage& values) {
-  Row row;
-  const std::vector<jet::Column>& columns = logged.table->columns();
-  for (std::size_t i = 0; i < columns.size() && i < values.size(); ++i) {
-    row.emplace_back(columns[i].name, ToCell(values[i]));
-  }
-  return row;
-}
-
-std::optional<std::int32_t> IdOf(const jet::LoggedRow& logged) {
-  const auto column = logged.table->FindColumn(kIdColumn);
-  const jet::RowImage* values = logged.after ? logged.after.get() : logged.before.get();
-  if (!column || !values || *column >= values->size()) return std::nullopt;
-  const jet::Value& id = (*values)[*column];
-  if (id.kind() != jet::ValueKind::kInteger) return std::nullopt;
-  return static_cast<std::int32_t>(id.integer());
-}
-
-// Each row once: as the unit found it and as it leaves it.
-std::vector<ChangedRow> RowsOf(const std::vector<jet::LoggedRow>& log) {
-  std::map<const jet::Table*, std::unordered_map<std::int32_t, std::size_t>> known;
-  std::vector<ChangedRow> rows;
-  for (const jet::LoggedRow& logged : log) {
-    const auto id = IdOf(logged);
-    if (!id) continue;
-    const auto [place, is_new] = known[logged.table].try_emplace(*id, rows.size());
-    if (is_new) {
-      ChangedRow& row = rows.emplace_back(ChangedRow{logged.table->name(), *id, {}, {}});
-      if (logged.before) row.before = ImageOf(logged, *logged.before);
-    }
-    std::optional<Row>& after = rows[place->second].after;
-    after.reset();
-    if (logged.after) after = ImageOf(logged, *logged.after);
-  }
-  std::erase_if(rows, [](const ChangedRow& row) { return row.before == row.after; });
-  return rows;
-}
 
 // A database that is not there yet has no history either.
 std::string Resolved(files::FileSystem& system, const std::string& database_path) {
@@ -96,8 +55,11 @@ void Recorder::Collect(files::ChangeSet& changes) {
   std::ranges::copy(revert_.files, std::back_inserter(changes.files));
   if (!on_ || changes.empty()) return;
   try {
-    Record record = MakeRecord(changes);
-    if (!record.rows.empty() || !record.files.empty()) Append(std::move(record), changes);
+    jet::Database* const database = database_();
+    static const std::vector<jet::LoggedRow> kNone;
+    const RowChanges rows(database ? database->row_log() : kNone);
+    Record record = MakeRecord(changes, rows.size());
+    if (rows.size() > 0 || !record.files.empty()) Append(std::move(record), rows, changes);
   } catch (const std::exception& error) {
     Tell({message::kNotKept, {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});
   }
@@ -113,14 +75,13 @@ void Recorder::Forget() noexcept {
   appended_.reset();
 }
 
-Record Recorder::MakeRecord(const files::ChangeSet& changes) const {
+Record Recorder::MakeRecord(const files::ChangeSet& changes, std::size_t row_count) const {
   Record record;
   record.time = author_.now();
   record.kind = revert_.kind;
   record.target = revert_.target;
   record.who = author_.who;
   record.program = author_.program;
-  if (jet::Database* const database = database_()) record.rows = RowsOf(database->row_log());
   for (const files::FileChange& change : changes.files) {
     if (change.before == change.after) continue;
     ChangedFile file{Shown(change.path), {}, {}, RangesOf(change)};
@@ -128,14 +89,14 @@ Record Recorder::MakeRecord(const files::ChangeSet& changes) const {
     if (change.after) file.after = FileVersion{change.after->size(), change.after.Hash()};
     record.files.push_back(std::move(file));
   }
-  record.title = unit_.title().empty() ? TitleOf(record) : unit_.title();
+  record.title = unit_.title().empty() ? TitleOf(record, row_count) : unit_.title();
   if (record.kind != Kind::kOperation) record.title = revert_.title;
   return record;
 }
 
 // What nobody named.
-messages::Message Recorder::TitleOf(const Record& record) const {
-  if (record.files.empty()) return {message::kEditRows, {{"<Count>", record.rows.size()}}};
+messages::Message Recorder::TitleOf(const Record& record, std::size_t row_count) const {
+  if (record.files.empty()) return {message::kEditRows, {{"<Count>", row_count}}};
   if (record.files.size() > 1) {
     return {message::kEditCodeOfMany, {{"<Count>", record.files.size()}}};
   }
@@ -154,7 +115,7 @@ std::string Recorder::PathOf(const ChangedFile& file) const {
   return is_whole ? file.path : system_.Join(folder_, file.path);
 }
 
-void Recorder::Append(Record record, files::ChangeSet& changes) {
+void Recorder::Append(Record record, const RowSource& rows, files::ChangeSet& changes) {
   const std::string& path = file_.path();
   if (system_.Exists(path) && !system_.IsWritable(path)) {
     return Tell({message::kIsReadOnly, {{"<Path>", path}}});
@@ -167,7 +128,7 @@ void Recorder::Append(Record record, files::ChangeSet& changes) {
   file_.Shorten(*ends);
   ends = file_.ReadEnds();
   if (!ends) return;
-  std::string bytes = HistoryFile::Appended(*ends, record);
+  std::string bytes = HistoryFile::Appended(*ends, record, rows);
   if (record.kind == Kind::kOperation) appended_ = Done{record.number, record.title};
   changes.append = files::FileAppend{
       ends->size, std::move(bytes), [this](const std::exception& error) {

@@ -71,9 +71,10 @@ class Recorder final : public files::Participant {
   void Restore() noexcept override { Forget(); }
 
  private:
-  Record MakeRecord(const files::ChangeSet& changes) const;
-  void Append(Record record, files::ChangeSet& changes);
-  messages::Message TitleOf(const Record& record) const;
+  // Without its rows.
+  Record MakeRecord(const files::ChangeSet& changes, std::size_t row_count) const;
+  void Append(Record record, const RowSource& rows, files::ChangeSet& changes);
+  messages::Message TitleOf(const Record& record, std::size_t row_count) const;
   std::string Shown(const std::string& path) const;
   void Forget() noexcept;
   void Tell(const messages::Message& problem);

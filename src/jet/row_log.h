@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "jet/page.h"
 #include "jet/row_buffer.h"
 #include "jet/value.h"
 
@@ -48,12 +50,13 @@ class RowImage {
   std::unique_ptr<char[]> bytes_;
 };
 
-// A row that a transaction added (no `before`), deleted (no `after`) or changed, with the values
-// of all columns.
+// A row that a transaction added, changed or deleted. What it is afterwards stands in the table.
+enum class RowEdit : std::uint8_t { kAdded, kChanged, kDeleted };
 struct LoggedRow {
-  const Table* table = nullptr;
-  std::unique_ptr<RowImage> before;
-  std::unique_ptr<RowImage> after;
+  RowEdit edit = RowEdit::kAdded;
+  RowId id;  // of a row that is deleted another may get it
+  Table* table = nullptr;
+  std::unique_ptr<RowImage> before;  // all columns; null: it was added
 };
 
 // The rows that the open transaction changed, in order. What a savepoint takes back is taken out.

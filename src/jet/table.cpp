@@ -90,37 +90,37 @@ InsertResult Table::Insert(std::span<const ColumnValue> values) {
   InsertResult result;
   InTransaction(*state_, [&] {
     result = state_->writer().Insert(values);
-    if (KeepsLog()) Log(nullptr, ReadRow(result.id));
+    Log(RowEdit::kAdded, result.id, nullptr);
   });
   return result;
 }
 
 void Table::Update(RowId id, std::span<const ColumnValue> values) {
   InTransaction(*state_, [&] {
-    std::unique_ptr<RowImage> before = KeepsLog() ? ReadRow(id) : nullptr;
+    std::unique_ptr<RowImage> before = ReadForLog(id);
     state_->writer().Update(id, values);
-    if (KeepsLog()) Log(std::move(before), ReadRow(id));
+    Log(RowEdit::kChanged, id, std::move(before));
   });
 }
 
 void Table::Delete(RowId id) {
   InTransaction(*state_, [&] {
-    std::unique_ptr<RowImage> before = KeepsLog() ? ReadRow(id) : nullptr;
+    std::unique_ptr<RowImage> before = ReadForLog(id);
     state_->writer().Delete(id);
-    if (KeepsLog()) Log(std::move(before), nullptr);
+    Log(RowEdit::kDeleted, id, std::move(before));
   });
 }
 
-bool Table::KeepsLog() const { return state_->session().row_log().kept; }
-
-// Null when there is no such row: the change fails then.
-std::unique_ptr<RowImage> Table::ReadRow(RowId id) {
+// Null when nothing is kept, or when there is no such row: the change fails then.
+std::unique_ptr<RowImage> Table::ReadForLog(RowId id) {
   RowBuffer row;
-  return Read(id, row) ? std::make_unique<RowImage>(row) : nullptr;
+  const bool is_kept = state_->session().row_log().kept;
+  return is_kept && Read(id, row) ? std::make_unique<RowImage>(row) : nullptr;
 }
 
-void Table::Log(std::unique_ptr<RowImage> before, std::unique_ptr<RowImage> after) {
-  state_->session().row_log().Add({this, std::move(before), std::move(after)});
+void Table::Log(RowEdit edit, RowId id, std::unique_ptr<RowImage> before) {
+  RowLog& log = state_->session().row_log();
+  if (log.kept) log.Add({edit, id, this, std::move(before)});
 }
 
 }  // namespace jet

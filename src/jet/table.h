@@ -16,6 +16,7 @@
 
 namespace jet {
 
+enum class RowEdit : std::uint8_t;
 class RowImage;
 class TableState;
 
@@ -127,9 +128,8 @@ class Table {
 
  private:
   friend class Database;
-  bool KeepsLog() const;
-  std::unique_ptr<RowImage> ReadRow(RowId id);
-  void Log(std::unique_ptr<RowImage> before, std::unique_ptr<RowImage> after);
+  std::unique_ptr<RowImage> ReadForLog(RowId id);
+  void Log(RowEdit edit, RowId id, std::unique_ptr<RowImage> before);
 
   std::unique_ptr<TableState> state_;
 };

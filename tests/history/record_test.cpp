@@ -89,7 +89,7 @@ TEST(HistoryFile, GoesBackInItsRecordsAndStaysBounded) {
     file.Shorten(*ends);
     Record record = Sample();
     const Ends now = file.ReadEnds().value();
-    const std::string bytes = HistoryFile::Appended(now, record);
+    const std::string bytes = HistoryFile::Appended(now, record, ListedRows(record.rows));
     system.Open(kHistory, files::OpenMode::kCreateOrOpen)
         ->WriteAt(now.size, std::as_bytes(std::span(bytes)));
   };
