@@ -35,6 +35,7 @@ void CodeSync::FollowFormula(const Touched::Formula& formula) {
   if (!formula.before) {
     const auto& [prog_id, name] = *formula.now;
     AddSub(prog_id, name, formula.code, ArgumentsOf(prog_id, name));
+    WorkOn(prog_id).formulas.insert(platform::FoldCase(name));  // it has its header
     return RegisterClass(prog_id);
   }
   const auto& [old_class, old_name] = *formula.before;

@@ -72,8 +72,19 @@ std::optional<RowId> Catalog::FindByIndex(std::string_view name) {
   return std::nullopt;
 }
 
+// Tables are only ever added here; who else changes the catalog raises the generation.
 std::optional<CatalogEntry> Catalog::FindTable(std::string_view name) {
   const ReadLock lock(table_.session());
+  const std::uint64_t generation = table_.session().generation();
+  if (generation != known_generation_) known_.clear();
+  known_generation_ = generation;
+  if (const auto known = known_.find(name); known != known_.end()) return known->second;
+  std::optional<CatalogEntry> found = LookFor(name);
+  if (found) known_.emplace(name, *found);
+  return found;
+}
+
+std::optional<CatalogEntry> Catalog::LookFor(std::string_view name) {
   table_.Refresh();
   if (const auto id = FindByIndex(name)) {
     if (const auto stored = table_.reader().Find(*id)) {

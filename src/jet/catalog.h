@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -56,9 +57,13 @@ class Catalog {
 
  private:
   std::optional<RowId> FindByIndex(std::string_view name);
+  std::optional<CatalogEntry> LookFor(std::string_view name);
 
   TableState table_;
   std::vector<std::size_t> columns_;
+  // Tables that were found, by the names that were asked for, as of a generation of the session.
+  std::map<std::string, CatalogEntry, std::less<>> known_;
+  std::uint64_t known_generation_ = 0;
 };
 
 }  // namespace jet

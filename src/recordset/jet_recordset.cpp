@@ -41,7 +41,9 @@ void JetRecordset::CheckNoEdit(const messages::Pattern& action) const {
 
 void JetRecordset::SetSource(std::string_view source) {
   CheckClosed();
+  if (settings_.source == source) return;
   settings_.source = source;
+  select_.reset();
 }
 
 void JetRecordset::SetCursorLocation(platform::CursorLocation location) {
@@ -74,12 +76,13 @@ void JetRecordset::SetParameters(std::vector<Variant> values) {
   settings_.parameters = std::move(values);
 }
 
-std::unique_ptr<Query> JetRecordset::MakeQuery() const {
+std::unique_ptr<Query> JetRecordset::MakeQuery() {
   const bool is_text =
       settings_.command == CommandType::kText ||
       (settings_.command == CommandType::kUnspecified && IsSelect(settings_.source));
   if (!is_text) return TableQuery();
-  return Query::Select(session_->OpenDatabase(), settings_.source, settings_.parameters);
+  if (!select_) select_ = SelectText::Parse(settings_.source);
+  return Query::Select(session_->OpenDatabase(), select_, settings_.parameters);
 }
 
 std::unique_ptr<Query> JetRecordset::TableQuery() const {

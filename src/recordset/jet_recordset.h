@@ -99,7 +99,7 @@ class JetRecordset final : public platform::Recordset,
   void CheckClosed() const;
   void CheckOpen() const;
   void CheckNoEdit(const messages::Pattern& action) const;
-  std::unique_ptr<Query> MakeQuery() const;
+  std::unique_ptr<Query> MakeQuery();
   std::unique_ptr<Query> TableQuery() const;
   jet::Table& OnlyTable() const { return *query_->tables().front(); }
   void Restart();
@@ -143,6 +143,7 @@ class JetRecordset final : public platform::Recordset,
 
   std::shared_ptr<ConnectionState> session_;
   Settings settings_;
+  std::shared_ptr<const SelectText> select_;    // of the source, once it was opened
   std::unique_ptr<Query> query_;                // null while closed, as are the next three
   mutable std::optional<RowCursor> cursor_;     // mutable: finds its rows when they are asked for
   mutable std::optional<RecordReader> reader_;  // holds the row as it was read, what a change of

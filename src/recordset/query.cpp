@@ -17,17 +17,29 @@ constexpr std::size_t kMaxTables = 32;  // bits of Condition::tables
 
 }  // namespace
 
-std::unique_ptr<Query> Query::Select(jet::Database& database, std::string text,
+std::shared_ptr<const SelectText> SelectText::Parse(std::string text) {
+  const auto parsed = std::make_shared<SelectText>();
+  parsed->text_ = std::move(text);
+  parsed->syntax_ = ParseSelect(parsed->text_);
+  return parsed;
+}
+
+std::shared_ptr<const SelectText> SelectText::None() {
+  static const auto kNone = std::make_shared<const SelectText>();
+  return kNone;
+}
+
+std::unique_ptr<Query> Query::Select(jet::Database& database,
+                                     std::shared_ptr<const SelectText> text,
                                      std::vector<platform::Variant> parameters) {
   std::unique_ptr<Query> query(new Query(database, std::move(text), std::move(parameters)));
-  query->syntax_ = ParseSelect(query->text_);
-  const SelectSyntax& syntax = query->syntax_;
+  const SelectSyntax& syntax = query->syntax();
   query->OpenTables();
   for (const SelectItem& item : syntax.items) query->AddOutput(item);
   query->NameOutput();
 
   ConditionBinder binder(
-      query->text_, query->tables_, query->parameters_,
+      query->text(), query->tables_, query->parameters_,
       [&query](const ColumnName& name) { return query->Resolve(name); }, query->needed_);
   query->conditions_.reserve(syntax.conditions.size());
   for (const ConditionSyntax& condition : syntax.conditions) {
@@ -43,7 +55,7 @@ std::unique_ptr<Query> Query::Select(jet::Database& database, std::string text,
 
 std::unique_ptr<Query> Query::OfTable(jet::Database& database, jet::Table& table,
                                       std::optional<std::size_t> index) {
-  std::unique_ptr<Query> query(new Query(database, {}, {}));
+  std::unique_ptr<Query> query(new Query(database, SelectText::None(), {}));
   query->tables_ = {&table};
   query->needed_ = NeededColumns(1);
   query->AddColumnsOf(0);
@@ -58,15 +70,15 @@ std::unique_ptr<Query> Query::OfTable(jet::Database& database, jet::Table& table
 }
 
 void Query::OpenTables() {
-  if (syntax_.tables.size() > kMaxTables) {
-    ThrowSyntax(text_, syntax_.tables[kMaxTables].offset, message::kTooManyTables);
+  if (syntax().tables.size() > kMaxTables) {
+    ThrowSyntax(text(), syntax().tables[kMaxTables].offset, message::kTooManyTables);
   }
-  for (const SourceTable& source : syntax_.tables) {
+  for (const SourceTable& source : syntax().tables) {
     try {
       tables_.push_back(&database_.OpenTable(source.name));
     } catch (const jet::Error& error) {
       if (error.kind() != jet::ErrorKind::kNotFound) throw;
-      ThrowAt(platform::kErrNoSuchTable, text_, source.offset,
+      ThrowAt(platform::kErrNoSuchTable, text(), source.offset,
               {message::kNoTableInFrom, {{"<Path>", database_.path()}, {"<Table>", source.name}}});
     }
   }
@@ -74,15 +86,15 @@ void Query::OpenTables() {
 }
 
 std::string_view Query::NameOf(std::size_t table) const {
-  const bool renamed = table < syntax_.tables.size() && !syntax_.tables[table].alias.empty();
-  return renamed ? syntax_.tables[table].alias : tables_[table]->name();
+  const bool renamed = table < syntax().tables.size() && !syntax().tables[table].alias.empty();
+  return renamed ? syntax().tables[table].alias : tables_[table]->name();
 }
 
 std::size_t Query::FindTable(const ColumnName& name) const {
   for (std::size_t i = 0; i < tables_.size(); ++i) {
     if (SameName(NameOf(i), name.table)) return i;
   }
-  ThrowAt(platform::kErrParameter, text_, name.offset,
+  ThrowAt(platform::kErrParameter, text(), name.offset,
           {message::kTableNotNamed, {{"<Table>", name.table}}});
 }
 
@@ -90,7 +102,7 @@ TableColumn Query::Resolve(const ColumnName& name) const {
   if (!name.table.empty()) {
     const std::size_t table = FindTable(name);
     if (const auto column = tables_[table]->FindColumn(name.name)) return {table, *column};
-    ThrowAt(platform::kErrParameter, text_, name.offset,
+    ThrowAt(platform::kErrParameter, text(), name.offset,
             {message::kTableHasNoColumn, {{"<Table>", name.table}, {"<Column>", name.name}}});
   }
   std::optional<TableColumn> found;
@@ -98,13 +110,13 @@ TableColumn Query::Resolve(const ColumnName& name) const {
     const auto column = tables_[table]->FindColumn(name.name);
     if (!column) continue;
     if (found) {
-      ThrowAt(platform::kErrParameter, text_, name.offset,
+      ThrowAt(platform::kErrParameter, text(), name.offset,
               {message::kColumnAmbiguous, {{"<Column>", name.name}}});
     }
     found = TableColumn{table, *column};
   }
   if (found) return *found;
-  ThrowAt(platform::kErrParameter, text_, name.offset,
+  ThrowAt(platform::kErrParameter, text(), name.offset,
           {message::kNoTableHasColumn, {{"<Column>", name.name}}});
 }
 

@@ -28,12 +28,29 @@ struct OrderColumn {
   bool descending = false;
 };
 
+// A SELECT text that was parsed.
+class SelectText {
+ public:
+  // Raises kErrSyntax with the place.
+  static std::shared_ptr<const SelectText> Parse(std::string text);
+  // That of a whole table, which is no SELECT.
+  static std::shared_ptr<const SelectText> None();
+
+  const std::string& text() const { return text_; }
+  const SelectSyntax& syntax() const { return syntax_; }
+
+ private:
+  std::string text_;
+  SelectSyntax syntax_;  // refers to text_
+};
+
 // What rows a recordset shows: a query whose names are resolved, or a whole table, and the filter
 // over it. Holds no rows. Its tables must stay open.
 class Query {
  public:
-  // A SELECT text. Raises kErrSyntax and its like with the place.
-  static std::unique_ptr<Query> Select(jet::Database& database, std::string text,
+  // A SELECT text. Raises what names unknown tables and columns, with the place.
+  static std::unique_ptr<Query> Select(jet::Database& database,
+                                       std::shared_ptr<const SelectText> text,
                                        std::vector<platform::Variant> parameters);
   // All rows of a table, in stored order or in that of an index.
   static std::unique_ptr<Query> OfTable(jet::Database& database, jet::Table& table,
@@ -70,8 +87,12 @@ class Query {
                      NeededColumns& needed) const;
 
  private:
-  Query(jet::Database& database, std::string text, std::vector<platform::Variant> parameters)
+  Query(jet::Database& database, std::shared_ptr<const SelectText> text,
+        std::vector<platform::Variant> parameters)
       : database_(database), text_(std::move(text)), parameters_(std::move(parameters)) {}
+
+  const std::string& text() const { return text_->text(); }
+  const SelectSyntax& syntax() const { return text_->syntax(); }
 
   void OpenTables();
   // A column of the tables, as the text of the query names it.
@@ -90,9 +111,8 @@ class Query {
   void NameOutput();
 
   jet::Database& database_;
-  std::string text_;
+  std::shared_ptr<const SelectText> text_;
   std::vector<platform::Variant> parameters_;
-  SelectSyntax syntax_;  // refers to text_
   std::vector<jet::Table*> tables_;
   std::vector<OutputColumn> output_;
   std::vector<Condition> conditions_;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <optional>
 #include <unordered_set>
 
 #include "store/operation_context.h"
@@ -61,13 +62,14 @@ OperationResult Operations::AddArguments(std::int32_t formula_id,
       context_->SetTitle(
           {title::kAddArguments, {{"<Count>", values.size()}, {"<Formula>", formula.name}}});
     }
-    std::unordered_set<std::int32_t> known = rows().AliasesOf(formula_id);
+    std::unordered_set<std::int32_t> arguments = rows().AliasesOf(formula_id);
     for (std::size_t i = 0; i < values.size(); ++i) {
       context_->Progress(i, values.size());
-      const AliasRecord alias = RequireAlias(values[i].alias_id);
+      const std::optional<AliasRecord>& known = rows().KnownAlias(values[i].alias_id);
+      const AliasRecord alias = known ? *known : RequireAlias(values[i].alias_id);
       context_->SetTitle(
           {title::kAddArgument, {{"<Name>", alias.vb_alias}, {"<Formula>", formula.name}}});
-      RequireNewArgument(formula, alias, !known.insert(alias.id).second);
+      RequireNewArgument(formula, alias, !arguments.insert(alias.id).second);
       RequireInOrOut(formula, values[i], alias.vb_alias);
       result.ids.push_back(rows().Add(kArgumentsTable, {{"AliasID", values[i].alias_id},
                                                         {"ParentID", formula_id},

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "codegen/refused.h"
@@ -124,6 +125,13 @@ void OperationContext::Look(const OperationOptions& options, const std::function
       context.options_ = nullptr;
     }
   } scope{*this};
+  // Within a unit of work files and database are looked at once. Nothing is committed.
+  std::optional<platform::UnitOfWorkScope> unit;
+  try {
+    if (!parts_.unit->IsOpen()) unit.emplace(*parts_.unit);
+  } catch (const platform::Error&) {
+    // Somebody else is writing, or nobody may: each look is one of its own then.
+  }
   Begin(options);
   steps();
 }
@@ -132,7 +140,7 @@ OperationResult OperationContext::Run(const OperationOptions& options, std::int3
                                       const std::function<void(OperationResult&)>& steps) {
   if (depth_ > 0) return RunPart(failure_text, steps);
   Begin(options);
-  rows_.changes().Clear();
+  rows_.changes().Begin(options.with_rows);
   warnings_.clear();
   ++depth_;
   OperationResult result =
@@ -144,7 +152,7 @@ OperationResult OperationContext::Run(const OperationOptions& options, std::int3
     result.warnings = std::exchange(warnings_, {});
     if (code_) std::ranges::move(code_->TakeWarnings(), std::back_inserter(result.warnings));
   } else {
-    rows_.changes().Clear();
+    rows_.changes().TakeBack(0);
     result.rows.clear();
     result.warnings.clear();
     ShowNotUndone(result);

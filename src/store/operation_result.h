@@ -46,6 +46,7 @@ struct OperationResult {
 struct OperationOptions {
   bool with_rows_only = false;  // --no-code: no line of code is looked at or changed
   bool dry_run = false;         // everything is put back at the end
+  bool with_rows = true;        // the answer has the rows that changed; of many they take room
   // Called when all changes are made, before they are committed or put back: the place where the
   // changed code can be compared.
   std::function<void()> inspect = {};

@@ -164,6 +164,11 @@ std::vector<FormulaRecord> ProjectRows::UsesOfAlias(std::int32_t alias_id) {
 std::optional<AliasRecord> ProjectRows::FindAlias(std::int32_t id) {
   return FirstOf(Aliases(alias_by_id_, {id}));
 }
+const std::optional<AliasRecord>& ProjectRows::KnownAlias(std::int32_t id) {
+  const auto [known, is_new] = known_aliases_.try_emplace(id);
+  if (is_new) known->second = FindAlias(id);
+  return known->second;
+}
 std::optional<AliasRecord> ProjectRows::FindAliasByName(std::string_view vb_alias) {
   return FirstOf(Aliases(alias_by_name_, {vb_alias}));
 }
@@ -256,6 +261,7 @@ std::int32_t ProjectRows::Add(std::string_view table, Values values) {
 }
 
 void ProjectRows::Change(std::string_view table, std::int32_t id, const Values& values) {
+  if (table == kAliasTable) known_aliases_.clear();
   const std::shared_ptr<platform::Recordset> row = OpenRow(table, id);
   PendingEdit edit(*row);
   for (const auto& [field, value] : values) row->Fields(field).SetValue(value);
@@ -266,6 +272,7 @@ void ProjectRows::Change(std::string_view table, std::int32_t id, const Values& 
 }
 
 void ProjectRows::Remove(std::string_view table, std::int32_t id) {
+  if (table == kAliasTable) known_aliases_.clear();
   const std::shared_ptr<platform::Recordset> row = OpenRow(table, id);
   Record(RowChange::Kind::kDeleted, table, *row, row->FieldNames());
   row->Delete();
@@ -274,6 +281,7 @@ void ProjectRows::Remove(std::string_view table, std::int32_t id) {
 
 void ProjectRows::Record(RowChange::Kind kind, std::string_view table, platform::Recordset& row,
                          const std::vector<std::string>& names) {
+  if (!changes_.kept()) return;
   RowChange change;
   change.kind = kind;
   change.table = table;
@@ -285,6 +293,7 @@ void ProjectRows::Record(RowChange::Kind kind, std::string_view table, platform:
 }
 
 void ProjectRows::CloseTables() noexcept {
+  known_aliases_.clear();
   for (auto& [table, opened] : tables_) {
     try {
       if (opened.rows->State() == platform::ObjectState::kOpen) opened.rows->Close();

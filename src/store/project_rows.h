@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -42,6 +43,9 @@ class ProjectRows {
   std::vector<FormulaRecord> UsesOfAlias(std::int32_t alias_id);
 
   std::optional<AliasRecord> FindAlias(std::int32_t id);
+  // The same within an operation, which may ask for one again and again: read once, and again when
+  // an alias changed.
+  const std::optional<AliasRecord>& KnownAlias(std::int32_t id);
   std::optional<AliasRecord> FindAliasByName(std::string_view vb_alias);
   void ForEachAlias(const std::function<void(const AliasRecord&)>& visit);
 
@@ -62,7 +66,7 @@ class ProjectRows {
 
   // The rows that were written.
   RowChangeLog& changes() { return changes_; }
-  // Closes what writing left open.
+  // Closes what writing left open, and forgets what was read.
   void CloseTables() noexcept;
 
  private:
@@ -99,6 +103,7 @@ class ProjectRows {
   codegen::PreparedQuery all_arguments_;
   // Stay open from one added row to the next.
   std::map<std::string, OpenTable, std::less<>> tables_;
+  std::unordered_map<std::int32_t, std::optional<AliasRecord>> known_aliases_;
   RowChangeLog changes_;
 };
 

@@ -84,7 +84,11 @@ bool ModuleDocument::IsCurrent() {
   return true;
 }
 
+// A unit of work asks once.
 ModuleDocument::Edit ModuleDocument::BeginEdit() {
+  if (loaded_ && loaded_->editable_in_unit && state_.in_unit) {
+    return Edit{loaded_->text, loaded_->index};
+  }
   file_.CheckWritable();
   if (!loaded_) Load();
   if (!loaded_->not_source.empty()) {
@@ -96,6 +100,7 @@ ModuleDocument::Edit ModuleDocument::BeginEdit() {
                           Joined({message::kChangedMeanwhile, {{"<Path>", file_.path()}}},
                                  message::kRepeatOperation));
   }
+  loaded_->editable_in_unit = state_.in_unit;
   return Edit{loaded_->text, loaded_->index};
 }
 
@@ -111,6 +116,7 @@ bool ModuleDocument::IsUnchangedOnDisk() {
 void ModuleDocument::Save() {
   saved_.reset();
   if (!loaded_) return;
+  loaded_->editable_in_unit = false;
   if (loaded_->text.edited()) {
     saved_ = std::make_unique<Loaded>(loaded_->text, file_.page(), loaded_->stamp);
   } else {

@@ -56,8 +56,9 @@ class ModuleDocument {
     ModuleText text;
     SourceIndex index;  // of text
     files::FileStamp stamp;
-    messages::Message not_source;  // why it is no source text, presented without lines; else empty
-    bool seen_in_unit = false;     // the open unit of work looked at the file
+    messages::Message not_source;   // why it is no source text, presented without lines; else empty
+    bool seen_in_unit = false;      // the open unit of work looked at the file
+    bool editable_in_unit = false;  // and may edit it
   };
 
   Loaded& ForReading();

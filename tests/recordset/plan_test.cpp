@@ -30,7 +30,7 @@ class PlanTest : public testing::Test {
  protected:
   jet::Database& database() { return db_.connection()->database(); }
   std::string Plan(const std::string& sql, std::vector<platform::Variant> parameters = {}) {
-    return PlanText(*Query::Select(database(), sql, std::move(parameters)));
+    return PlanText(*Query::Select(database(), SelectText::Parse(sql), std::move(parameters)));
   }
   void Fill(int formulas, int aliases, int arguments) {
     db_.connection()->BeginTrans();
@@ -216,7 +216,7 @@ TEST_F(PlanTest, FindsWhatFullScansFind) {
   const int queries = std::getenv("OV_LONG") ? 20000 : 400;
   for (int i = 0; i < queries; ++i) {
     const std::string sql = QueryMaker(static_cast<unsigned>(i)).Select();
-    const auto query = Query::Select(database(), sql, {});
+    const auto query = Query::Select(database(), SelectText::Parse(sql), {});
     const RowIds planned = FindRows(*query, MakePlan(*query));
     const RowIds scanned = FindRows(*query, MakePlan(*query, IndexUse::kForbidden));
     ASSERT_EQ(planned.ids, scanned.ids) << sql << "\n" << PlanText(*query);
