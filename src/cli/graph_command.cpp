@@ -33,30 +33,34 @@ Format FormatOption(Invocation& invocation) {
 }
 
 // What was chosen; everything unless something was.
-std::optional<project::FlowNodes> ChosenNodes(Invocation& invocation, OpenedProject& session,
-                                              const DataFlow& flow) {
+std::optional<project::FlowNodes> ChosenNodes(Invocation& invocation, OpenedProject& session) {
   project::FlowNodes nodes;
-  const auto add_formulas = [&](auto is_chosen) {
-    for (std::size_t i = 0; i < flow.formulas.size(); ++i) {
-      if (is_chosen(flow.formulas[i].record)) nodes.formulas.push_back(i);
-    }
-  };
   if (const auto name = invocation.Option("--formula")) {
-    const std::int32_t id = session.Formula(*name).id;
-    add_formulas([&](const store::FormulaRecord& formula) { return formula.id == id; });
+    nodes.formulas.push_back(session.Formula(*name).id);
   } else if (const auto alias = invocation.Option("--alias")) {
-    const std::string item = session.Alias(*alias).item_id;
-    for (std::size_t i = 0; i < flow.items.size(); ++i) {
-      if (flow.items[i].item_id == item) nodes.items.push_back(i);
-    }
+    nodes.items.push_back(session.Alias(*alias).item_id);
   } else if (const auto prog_id = invocation.Option("--class")) {
-    add_formulas([&](const store::FormulaRecord& formula) {
-      return platform::ProgId(formula.prog_id).IsNamed(*prog_id);
+    session.operations().ForEachFormula([&](const store::FormulaRecord& formula) {
+      if (platform::ProgId(formula.prog_id).IsNamed(*prog_id)) nodes.formulas.push_back(formula.id);
     });
   } else {
     return std::nullopt;
   }
   return nodes;
+}
+
+DataFlow Read(Invocation& invocation, OpenedProject& session, std::int32_t depth) {
+  const auto nodes = ChosenNodes(invocation, session);
+  Progress progress(invocation);
+  const auto show = [&](std::size_t done, std::size_t total) {
+    progress.Show(done, total);
+    if (invocation.Interrupted()) throw InterruptedError();
+  };
+  platform::VBE* vbe = session.project().vb().get();
+  DataFlow flow = nodes ? project::ReadNeighbourhood(session.operations(), vbe, *nodes, depth, show)
+                        : WithoutUnused(project::ReadDataFlow(session.operations(), vbe, show));
+  progress.End();
+  return flow;
 }
 
 void WriteList(Invocation& invocation, const DataFlow& flow) {
@@ -101,15 +105,7 @@ int RunGraph(Invocation& invocation) {
   const Format format = FormatOption(invocation);
   const std::int32_t depth = invocation.NumberOption("--depth").value_or(kUsualDepth);
   OpenedProject session(invocation, Use::kCode);
-  Progress progress(invocation);
-  DataFlow flow = project::ReadDataFlow(session.operations(), session.project().vb().get(),
-                                        [&](std::size_t done, std::size_t total) {
-                                          progress.Show(done, total);
-                                          if (invocation.Interrupted()) throw InterruptedError();
-                                        });
-  progress.End();
-  const auto nodes = ChosenNodes(invocation, session, flow);
-  flow = nodes ? Neighbourhood(flow, *nodes, depth) : WithoutUnused(flow);
+  const DataFlow flow = Read(invocation, session, depth);
   WarnOfUnread(invocation, flow.unread);
   std::ostream& out = invocation.console().out;
   switch (format) {

@@ -59,17 +59,47 @@ void ProjectCode::AddRead() {
   if (!new_.empty()) program_.Add(std::exchange(new_, {}));
 }
 
-void ProjectCode::Load(std::span<const std::string> prog_ids) {
+void ProjectCode::ReadClasses(std::span<const std::string> prog_ids, Failure failure) {
   for (const std::string& prog_id : prog_ids) {
     const platform::ProgId wanted(prog_id);
     for (Source& source : sources_) {
       if (platform::EqualsIgnoringCase(source.name, ComponentName(wanted)) &&
           platform::EqualsIgnoringCase(source.project, wanted.project())) {
-        Read(source, Failure::kRaise, nullptr);
+        Read(source, failure, nullptr);
       }
     }
   }
+}
+
+void ProjectCode::Load(std::span<const std::string> prog_ids) {
+  ReadClasses(prog_ids, Failure::kRaise);
   Complete();
+}
+
+void ProjectCode::LoadSetOff(std::span<const std::string> prog_ids) {
+  ReadClasses(prog_ids, Failure::kKeep);
+  Complete();
+  if (!SetsOffOthers(prog_ids)) return;
+  LoadHolders("Implements");
+  LoadHolders("WithEvents");
+}
+
+bool ProjectCode::SetsOffOthers(std::span<const std::string> prog_ids) const {
+  for (std::int32_t m = 0; m < program_.ModuleCount(); ++m) {
+    const vbcode::Program::Module& module = program_.module(m);
+    const auto is_event = [](const vbcode::Declaration& declaration) {
+      return declaration.kind == vbcode::DeclarationKind::kEvent;
+    };
+    if (std::ranges::any_of(module.code.declarations, is_event)) return true;
+    const auto is_asked = [&](const std::string& prog_id) {
+      return platform::ProgId(prog_id).IsNamed(NameOf(m));
+    };
+    // A class that others use may stand for those that implement it.
+    if (module.source.kind == vbcode::ModuleKind::kClass &&
+        std::ranges::none_of(prog_ids, is_asked))
+      return true;
+  }
+  return false;
 }
 
 void ProjectCode::LoadHolders(std::string_view word) {

@@ -25,6 +25,9 @@ class ProjectCode {
   // Read these classes and whatever modules they may call. Classes that no open project has are
   // left out. Raises platform::Error when one of them is there and cannot be read.
   void Load(std::span<const std::string> prog_ids);
+  // The same for all that their procedures may set off, also who implements a class that they use
+  // or takes an event. What cannot be read is left out.
+  void LoadSetOff(std::span<const std::string> prog_ids);
   // Reads, too, every module that holds the word anywhere in its code, and what those may call.
   void LoadHolders(std::string_view word);
   // Reads, too, every module whose lines, joined by CR LF, are wanted; not what they call.
@@ -55,11 +58,14 @@ class ProjectCode {
 
   const Source& At(std::int32_t module) const { return sources_[PositionOf(module)]; }
   void Read(Source& source, Failure failure, const std::function<bool(std::string_view)>& wanted);
+  void ReadClasses(std::span<const std::string> prog_ids, Failure failure);
   // Adds what was read since the last time to the program.
   void AddRead();
   // Reads what the program's modules may call, until nothing is missing.
   void Complete();
   bool MayBeCalled(const Source& source) const;
+  // Whether modules that nobody names may take part in what the program's do.
+  bool SetsOffOthers(std::span<const std::string> prog_ids) const;
 
   std::vector<Source> sources_;         // of all projects
   std::vector<std::size_t> source_of_;  // by module

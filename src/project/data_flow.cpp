@@ -3,8 +3,13 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <optional>
+#include <set>
+#include <string_view>
+#include <tuple>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "codegen/project_code.h"
@@ -17,27 +22,49 @@ namespace {
 
 using vbcode::kNone;
 
+// Reads class by class: what stands in a class's variable, all of its formulas may use.
 class Reader {
  public:
-  Reader(store::Operations& operations, const codegen::ProjectCode* code)
-      : operations_(operations), code_(code) {
-    if (code_) effects_.emplace(code_->program());
+  Reader(store::Operations& operations, codegen::ProjectCode* code, const FlowProgress& progress)
+      : operations_(operations), code_(code), progress_(progress) {
+    operations_.ForEachAlias([&](const store::AliasRecord& alias) { AddAlias(alias); });
+    operations_.ForEachFormula([&](const store::FormulaRecord& formula) {
+      classes_[platform::FoldCase(formula.prog_id)].push_back(flow_.formulas.size());
+      flow_.formulas.push_back({formula});
+    });
   }
 
-  DataFlow Read(const std::function<void(std::size_t, std::size_t)>& progress) {
-    operations_.ForEachAlias([&](const store::AliasRecord& alias) { AddAlias(alias); });
-    operations_.ForEachFormula(
-        [&](const store::FormulaRecord& formula) { flow_.formulas.push_back({formula}); });
-    for (std::size_t i = 0; i < flow_.formulas.size(); ++i) {
-      if (progress) progress(i, flow_.formulas.size());
-      AddEdges(i);
+  DataFlow ReadAll() {
+    if (code_) code_->LoadAll();
+    std::vector<std::string> classes;
+    for (const auto& [prog_id, formulas] : classes_) classes.push_back(prog_id);
+    ReadClasses(classes);
+    return Result();
+  }
+
+  // Who uses an item is known when the classes of all formulas that have it as argument are.
+  DataFlow ReadAround(const FlowNodes& nodes, std::int32_t depth) {
+    std::set<std::string> wanted;
+    for (const std::int32_t id : nodes.formulas) {
+      if (const auto formula = operations_.FindFormula(id))
+        wanted.insert(platform::FoldCase(formula->prog_id));
     }
-    CountWriters();
-    return std::move(flow_);
+    for (;;) {
+      std::vector<std::string> classes;
+      std::ranges::set_difference(wanted, read_, std::back_inserter(classes));
+      if (code_) code_->LoadSetOff(std::vector(wanted.begin(), wanted.end()));
+      ReadClasses(classes);
+      DataFlow part = Neighbourhood(flow_, nodes, depth);
+      const std::size_t before = wanted.size();
+      for (const DataFlow::Item& item : part.items) AddUsers(item, wanted);
+      if (wanted.size() == before && wanted.size() == read_.size())
+        return Neighbourhood(Result(), nodes, depth);
+    }
   }
 
  private:
   struct Alias {
+    std::int32_t id = 0;
     std::string name;
     std::size_t item = 0;
   };
@@ -46,15 +73,50 @@ class Reader {
     const auto [at, added] = items_.emplace(alias.item_id, flow_.items.size());
     if (added) flow_.items.push_back({alias.item_id, {}});
     flow_.items[at->second].aliases.push_back(alias.vb_alias);
-    aliases_[platform::FoldCase(alias.vb_alias)] = {alias.vb_alias, at->second};
+    aliases_[platform::FoldCase(alias.vb_alias)] = {alias.id, alias.vb_alias, at->second};
   }
 
-  void AddEdges(std::size_t index) {
+  // The classes of the formulas that have the item as argument.
+  void AddUsers(const DataFlow::Item& item, std::set<std::string>& classes) {
+    if (!looked_up_.insert(item.item_id).second) return;
+    for (const std::string& name : item.aliases) {
+      const std::int32_t id = aliases_.at(platform::FoldCase(name)).id;
+      for (const store::FormulaRecord& formula : operations_.UsesOfAlias(id))
+        classes.insert(platform::FoldCase(formula.prog_id));
+    }
+  }
+
+  // What they call is read.
+  void ReadClasses(const std::vector<std::string>& classes) {
+    if (code_) effects_.emplace(code_->program());
+    std::size_t total = done_;
+    for (const std::string& prog_id : classes) total += classes_[prog_id].size();
+    for (const std::string& prog_id : classes) {
+      ReadClass(classes_[prog_id], total);
+      read_.insert(prog_id);
+    }
+  }
+
+  void ReadClass(const std::vector<std::size_t>& formulas, std::size_t total) {
+    std::vector<std::vector<store::ArgumentRecord>> arguments;
+    class_aliases_.clear();
+    for (const std::size_t index : formulas) {
+      arguments.push_back(operations_.ArgumentsOf(flow_.formulas[index].record.id));
+      for (const store::ArgumentRecord& argument : arguments.back())
+        class_aliases_.insert(platform::FoldCase(argument.vb_alias));
+    }
+    for (std::size_t i = 0; i < formulas.size(); ++i) {
+      if (progress_) progress_(done_, total);
+      ++done_;
+      AddEdges(formulas[i], arguments[i]);
+    }
+  }
+
+  void AddEdges(std::size_t index, const std::vector<store::ArgumentRecord>& arguments) {
     DataFlow::Formula& formula = flow_.formulas[index];
     ReadCode(formula);
-    std::vector<DataFlow::Edge> edges;
-    std::unordered_map<std::string, bool> is_argument;
-    for (const store::ArgumentRecord& argument : operations_.ArgumentsOf(formula.record.id)) {
+    std::unordered_set<std::string> own;
+    for (const store::ArgumentRecord& argument : arguments) {
       std::string key = platform::FoldCase(argument.vb_alias);
       const auto alias = aliases_.find(key);
       if (alias == aliases_.end()) continue;
@@ -62,21 +124,23 @@ class Reader {
       DataFlow::Edge edge = {index, alias->second.item, alias->second.name};
       edge.is_argument = true;
       Decide(formula, used == used_.end() ? nullptr : &used->second, argument, edge);
-      is_argument.emplace(std::move(key), true);
-      edges.push_back(std::move(edge));
+      own.insert(std::move(key));
+      AddEdge(std::move(edge));
     }
     for (const auto& [name, variable] : used_) {
       const auto alias = aliases_.find(name);
-      if (alias == aliases_.end() || !variable.is_sure || is_argument.contains(name)) continue;
+      if (alias == aliases_.end() || !variable.is_sure || own.contains(name) ||
+          !class_aliases_.contains(name))
+        continue;
       DataFlow::Edge edge = {index, alias->second.item, alias->second.name};
       edge.reads = (variable.effect & vbcode::kReads) != 0;
       edge.writes = (variable.effect & vbcode::kWrites) != 0;
-      edges.push_back(std::move(edge));
+      AddEdge(std::move(edge));
     }
-    std::erase_if(edges, [](const DataFlow::Edge& e) { return !e.reads && !e.writes; });
-    std::ranges::sort(edges, {},
-                      [](const DataFlow::Edge& e) { return std::pair(e.item, e.alias); });
-    std::ranges::move(edges, std::back_inserter(flow_.edges));
+  }
+
+  void AddEdge(DataFlow::Edge edge) {
+    if (edge.reads || edge.writes) flow_.edges.push_back(std::move(edge));
   }
 
   // What the code of the formula does with its class's variables, by the name without case.
@@ -105,6 +169,15 @@ class Reader {
     edge.writes = (effect & vbcode::kWrites) != 0 || (!edge.from_code && argument.out);
   }
 
+  DataFlow Result() {
+    std::ranges::sort(flow_.edges, {}, [](const DataFlow::Edge& e) {
+      return std::tuple(e.formula, e.item, std::string_view(e.alias));
+    });
+    CountWriters();
+    if (code_) flow_.unread = code_->unread();
+    return std::move(flow_);
+  }
+
   // A formula may write an item by two aliases.
   void CountWriters() {
     std::vector<std::size_t> last(flow_.items.size(), flow_.formulas.size());
@@ -117,11 +190,18 @@ class Reader {
   }
 
   store::Operations& operations_;
-  const codegen::ProjectCode* code_;
+  codegen::ProjectCode* code_;
+  const FlowProgress& progress_;
   std::optional<vbcode::EffectFinder> effects_;
   DataFlow flow_;
   std::unordered_map<std::string, std::size_t> items_;
-  std::unordered_map<std::string, Alias> aliases_;  // by name without case
+  std::unordered_map<std::string, Alias> aliases_;           // by name without case
+  std::map<std::string, std::vector<std::size_t>> classes_;  // formulas by class, the same
+  std::set<std::string> read_;                               // classes
+  std::unordered_set<std::string> looked_up_;                // items
+  std::size_t done_ = 0;                                     // formulas
+  // Of the class at hand:
+  std::unordered_set<std::string> class_aliases_;  // its formulas' arguments
   // Of the formula at hand:
   std::unordered_map<std::string, vbcode::OwnVariable> used_;
   bool is_open_ = false;
@@ -154,12 +234,18 @@ DataFlow Part(const DataFlow& flow, const std::vector<bool>& formulas,
 }  // namespace
 
 DataFlow ReadDataFlow(store::Operations& operations, platform::VBE* vbe,
-                      const std::function<void(std::size_t, std::size_t)>& progress) {
+                      const FlowProgress& progress) {
   std::optional<codegen::ProjectCode> code;
-  if (vbe) code.emplace(*vbe).LoadAll();
-  DataFlow flow = Reader(operations, code ? &*code : nullptr).Read(progress);
-  if (code) flow.unread = code->unread();
-  return flow;
+  if (vbe) code.emplace(*vbe);
+  return Reader(operations, code ? &*code : nullptr, progress).ReadAll();
+}
+
+DataFlow ReadNeighbourhood(store::Operations& operations, platform::VBE* vbe,
+                           const FlowNodes& nodes, std::int32_t depth,
+                           const FlowProgress& progress) {
+  std::optional<codegen::ProjectCode> code;
+  if (vbe) code.emplace(*vbe);
+  return Reader(operations, code ? &*code : nullptr, progress).ReadAround(nodes, depth);
 }
 
 DataFlow Neighbourhood(const DataFlow& flow, const FlowNodes& nodes, std::int32_t depth) {
@@ -172,8 +258,14 @@ DataFlow Neighbourhood(const DataFlow& flow, const FlowNodes& nodes, std::int32_
   }
   std::vector<bool> seen(neighbours.size());
   std::vector<std::size_t> at;
-  for (const std::size_t formula : nodes.formulas) at.push_back(formula);
-  for (const std::size_t item : nodes.items) at.push_back(items_begin + item);
+  const std::unordered_set<std::int32_t> ids(nodes.formulas.begin(), nodes.formulas.end());
+  for (std::size_t i = 0; i < flow.formulas.size(); ++i) {
+    if (ids.contains(flow.formulas[i].record.id)) at.push_back(i);
+  }
+  const std::unordered_set<std::string> items(nodes.items.begin(), nodes.items.end());
+  for (std::size_t i = 0; i < flow.items.size(); ++i) {
+    if (items.contains(flow.items[i].item_id)) at.push_back(items_begin + i);
+  }
   for (const std::size_t node : at) seen[node] = true;
   for (; depth > 0 && !at.empty(); --depth) {
     std::vector<std::size_t> next;
@@ -186,8 +278,8 @@ DataFlow Neighbourhood(const DataFlow& flow, const FlowNodes& nodes, std::int32_
     }
     at = std::move(next);
   }
-  const auto items = seen.begin() + static_cast<std::ptrdiff_t>(items_begin);
-  return Part(flow, {seen.begin(), items}, {items, seen.end()});
+  const auto behind = seen.begin() + static_cast<std::ptrdiff_t>(items_begin);
+  return Part(flow, {seen.begin(), behind}, {behind, seen.end()});
 }
 
 DataFlow WithoutUnused(const DataFlow& flow) {

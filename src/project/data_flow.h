@@ -41,21 +41,28 @@ struct DataFlow {
   std::vector<messages::Message> unread;  // of modules that could not be read
 };
 
-// The data flow of the whole project. What a procedure does, also through what it calls, comes from
-// its code; where that cannot tell, from In and Out of the arguments. `vbe` may be null. `progress`
-// is called before each formula and may raise. Raises platform::Error when the database fails.
-DataFlow ReadDataFlow(
-    store::Operations& operations, platform::VBE* vbe,
-    const std::function<void(std::size_t done, std::size_t total)>& progress = {});
+// May raise.
+using FlowProgress = std::function<void(std::size_t done, std::size_t total)>;
 
-// Nodes of a data flow, by their index.
+// The data flow of the whole project. What a procedure does, also through what it calls, comes from
+// its code; where that cannot tell, from In and Out of the arguments. A variable of a class is an
+// item when one of the class's formulas has it as argument. `vbe` may be null. `progress` is called
+// before each formula. Raises platform::Error when the database fails.
+DataFlow ReadDataFlow(store::Operations& operations, platform::VBE* vbe,
+                      const FlowProgress& progress = {});
+
+// Formulas, by their IDs, and items.
 struct FlowNodes {
-  std::vector<std::size_t> formulas;
-  std::vector<std::size_t> items;
+  std::vector<std::int32_t> formulas;
+  std::vector<std::string> items;
 };
 
 // What these nodes are connected with over at most that many edges.
 DataFlow Neighbourhood(const DataFlow& flow, const FlowNodes& nodes, std::int32_t depth);
+// The same part of the whole project's flow, for which only the classes concerned are read.
+DataFlow ReadNeighbourhood(store::Operations& operations, platform::VBE* vbe,
+                           const FlowNodes& nodes, std::int32_t depth,
+                           const FlowProgress& progress = {});
 // Without the items that no formula uses.
 DataFlow WithoutUnused(const DataFlow& flow);
 

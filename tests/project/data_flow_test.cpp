@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "project/data_flow_layout.h"
 #include "project/data_flow_picture.h"
 #include "project/data_flow_table.h"
 #include "project/filter_program.h"
@@ -52,7 +53,7 @@ class DataFlowTest : public testing::Test {
     std::string code = project_.Code("CPump");
     Put(code, "Fresh", "  'to be written _\r\n  soon\r\n");
     Put(code, "Fill", "  Raise Flow\r\n");
-    Put(code, "Watch", "  If Level > 3 Then Beep: Unused = 1\r\n");
+    Put(code, "Watch", "  If Level > 3 Then Beep: Height = 1: Unused = 1\r\n");
     Put(code, "Report", "  CallByName Me, \"Flow\": Height = 3\r\n");
     code += "Private Sub Raise(ByVal by As Double)\r\n  Level = Level + by\r\nEnd Sub\r\n";
     project_.PutCode("CPump", code.replace(code.find("Public Sub Blank"), 16, "Private Sub No"));
@@ -68,17 +69,20 @@ class DataFlowTest : public testing::Test {
     const std::string head = "Public Sub " + name + "()\r\n";
     code.insert(code.find(head) + head.size(), body);
   }
+  std::int32_t Id(const std::string& formula) {
+    return project_.operations().FindFormulasByName(formula).front().id;
+  }
   DataFlow Read() { return ReadDataFlow(project_.operations(), project_.open->environment.get()); }
 
-  support::FormulaProject project_;
+  support::FormulaProject project_{{{"CApart", ""}, {"CPump", ""}, {"CTank", ""}}};
 };
 
 TEST_F(DataFlowTest, ComesFromTheCodeAndWhereThatCannotTellFromTheArguments) {
   const std::string kEdges =
       "Fill rw Level\n"
       "Fill r Flow\n"
+      "Watch w Height no argument\n"
       "Watch r Level\n"
-      "Watch w Unused no argument\n"
       "Report w Height by argument\n"
       "Report rw Flow by argument\n"
       "Blank w Flow by argument\n"
@@ -94,12 +98,44 @@ TEST_F(DataFlowTest, ComesFromTheCodeAndWhereThatCannotTellFromTheArguments) {
 
 TEST_F(DataFlowTest, ShowsTheNeighbourhoodOfANode) {
   const DataFlow flow = Read();
-  EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 0)), "");
-  EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 1)),
-            "Watch r Level\nWatch w Unused no argument\nTank1.Level: 2\nUnused: 0\n");
-  EXPECT_EQ(Neighbourhood(flow, {{1}, {}}, 2).formulas.size(), 3u);
-  EXPECT_EQ(Neighbourhood(flow, {{}, {1}}, 1).formulas.size(), 4u) << "who uses Flow";
-  EXPECT_EQ(ListFlow(Neighbourhood(flow, {{1}, {}}, 9)), ListFlow(flow)) << "cycles end";
+  const FlowNodes watch = {{Id("Watch")}, {}};
+  EXPECT_EQ(ListFlow(Neighbourhood(flow, watch, 0)), "");
+  EXPECT_EQ(ListFlow(Neighbourhood(flow, watch, 1)),
+            "Watch w Height no argument\nWatch r Level\nTank1.Level: 2\n");
+  EXPECT_EQ(Neighbourhood(flow, watch, 2).formulas.size(), 3u);
+  EXPECT_EQ(Neighbourhood(flow, {{}, {"Tank1.Flow"}}, 1).formulas.size(), 4u) << "who uses it";
+  EXPECT_EQ(ListFlow(Neighbourhood(flow, watch, 9)), ListFlow(WithoutUnused(flow))) << "cycles end";
+}
+
+// Whatever is asked for, reading only the classes concerned must answer the same.
+TEST_F(DataFlowTest, TheNeighbourhoodNeedsOnlyTheClassesConcerned) {
+  project_.system.Remove(support::ClassPath("CApart"));
+  const std::int32_t speed = project_.AddAlias("Pump1.Speed", "Speed");
+  const std::int32_t far = project_.AddAlias("Far", "Far");
+  const std::int32_t level = project_.operations().FindAliasByName("Level")->id;
+  const std::string other = "PumpServer.CTank";
+  Add({"Drive", other, 2}, {{speed, false, true}, {level, true, false}});
+  Add({"Brake", other, 2}, {{far, true, true}});
+  std::string code = project_.Code("CTank");
+  Put(code, "Drive", "  Speed = Level * Helped\r\n");
+  Put(code, "Brake", "  Far = Far + Speed\r\n");
+  project_.PutCode("CTank", code);
+  const DataFlow flow = Read();
+  EXPECT_THAT(ListFlow(flow), HasSubstr("Brake r Speed no argument\n"));
+  EXPECT_EQ(flow.unread.size(), 1u) << "CApart";
+  std::vector<FlowNodes> all = {
+      {{}, {"Tank1.Level"}}, {{}, {"Far"}}, {{}, {"Unused", "Tank1.Flow"}}};
+  for (const DataFlow::Formula& formula : flow.formulas) all.push_back({{formula.record.id}, {}});
+  for (const FlowNodes& nodes : all) {
+    for (const std::int32_t depth : {0, 1, 2, 3}) {
+      const DataFlow part =
+          ReadNeighbourhood(project_.operations(), project_.open->environment.get(), nodes, depth);
+      EXPECT_EQ(ListFlow(part), ListFlow(Neighbourhood(flow, nodes, depth)))
+          << (nodes.formulas.empty() ? nodes.items.front() : std::to_string(nodes.formulas[0]))
+          << " " << depth;
+      EXPECT_TRUE(part.unread.empty());
+    }
+  }
 }
 
 TEST_F(DataFlowTest, IsDescribedWithCallTypesAndSeveralWriters) {
@@ -110,10 +146,32 @@ TEST_F(DataFlowTest, IsDescribedWithCallTypesAndSeveralWriters) {
   EXPECT_THAT(dot, HasSubstr("  f0 -> i0 [dir=both, "));
   EXPECT_THAT(dot, HasSubstr("  i0 -> f1 [style=solid];"));
   const std::string table = DataFlowTable(Read(), project_.open->texts);
-  EXPECT_THAT(table,
-              HasSubstr("<tr><td>Tank1.Level</td><td><strong>2 formulas write:</strong> "
-                        "PumpServer.CPump.Fill, PumpServer.CPump.Report (by its argument)</td>"
-                        "<td>PumpServer.CPump.Fill, PumpServer.CPump.Watch</td></tr>"));
+  EXPECT_THAT(table, HasSubstr("<tr><td>Tank1.Level</td><td><strong>2 formulas write:</strong> "
+                               "PumpServer.CPump.Fill, PumpServer.CPump.Watch, "
+                               "PumpServer.CPump.Report (by its argument)</td>"
+                               "<td>PumpServer.CPump.Fill, PumpServer.CPump.Watch</td></tr>"));
+}
+
+// Upwards in inches becomes downwards in points; two edges between the same nodes stay apart.
+TEST(DataFlowLayoutTest, TakesWhatGraphvizSaysAndNothingElse) {
+  DataFlow flow;
+  flow.formulas.resize(1);
+  flow.items.resize(2);
+  flow.edges = {{0, 0, "a", true, false}, {0, 0, "b", false, true}, {0, 1, "c", true, true}};
+  const FlowLayout layout = ReadLayout(
+      "graph 1 2 1.5\nnode f0 0.5 1 1 0.5 \"a b\" solid box\nnode i1 1.5 0.25 0.5 0.5 x\n"
+      "node i9 1 1 1 1\nedge i0 f0 4 1 1 1 1 1 1 0 0.5 solid\n"
+      "edge f0 i0 4 0 1.5 0 0 0 0 2 0 solid\nedge f0 i1 99 1 1\nedge f0 x 4 1 1\nnode\nstop",
+      flow);
+  EXPECT_EQ(layout.width, 144);
+  EXPECT_EQ(layout.formulas[0].centre.x, 36);
+  EXPECT_EQ(layout.formulas[0].centre.y, 36);
+  EXPECT_EQ(layout.items[1].centre.y, 90);
+  EXPECT_EQ(layout.items[0].width, 0);
+  ASSERT_EQ(layout.edges[0].size(), 4u);
+  EXPECT_EQ(layout.edges[0].back().y, 72) << "it is read";
+  EXPECT_EQ(layout.edges[1].back().x, 144) << "it is written";
+  EXPECT_EQ(layout.edges[2].size(), 1u);
 }
 
 TEST(DataFlowPictureTest, NamesCanDoNothingButBeShown) {
