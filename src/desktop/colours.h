@@ -40,4 +40,23 @@ struct ChangePalette {
 inline constexpr ChangePalette kLightChange = {"#a02020", "#1d6b2c", "#0b4f9e"};
 inline constexpr ChangePalette kDarkChange = {"#f0a0a0", "#8fd19e", "#74b9ea"};
 
+// Of the picture of the data flow. A formula or item has a fill and a frame.
+struct FlowPalette {
+  const char* ink;
+  const char* paper;
+  const char* read;
+  const char* write;
+  const char* formula;
+  const char* formula_frame;
+  const char* disabled;
+  const char* item;
+  const char* item_frame;
+  const char* contested;  // an item of several writers, framed like `write`
+};
+
+inline constexpr FlowPalette kLightFlow = {"#1c2733", "#ffffff", "#54616e", "#8a3324", "#dcebf7",
+                                           "#0b5a8f", "#f4f6f8", "#ffffff", "#54616e", "#fbe3dd"};
+inline constexpr FlowPalette kDarkFlow = {"#e3e8ed", "#1b2026", "#a3adb7", "#e0a08f", "#1d3a52",
+                                          "#74b9ea", "#262c33", "#22282f", "#a3adb7", "#4a2a23"};
+
 }  // namespace desktop

@@ -10,6 +10,7 @@
 #include "desktop/about.h"
 #include "desktop/code_conflict.h"
 #include "desktop/crash_log.h"
+#include "desktop/flow_texts.h"
 #include "desktop/pane_texts.h"
 #include "desktop/search_texts.h"
 #include "desktop/undo_texts.h"
@@ -130,7 +131,8 @@ void MainWindow::ConnectPanes() {
 void MainWindow::AddTools() {
   tools_.Add(editor::kOptionBand, "mnuOptionSep1",
              {{"check", Text(kTextMenuCheck), "", [this] { check_->Check(); }},
-              {"history", Text(kTextMenuHistory), "", [this] { history_->Open(); }}});
+              {"history", Text(kTextMenuHistory), "", [this] { history_->Open(); }},
+              {"flow", Text(kTextMenuFlow), "", [this] { flow_->Open(); }}});
   const auto show_uses = [this](CodeSearch::Subject subject) {
     return [this, subject] { search_->ShowUses(subject); };
   };
@@ -316,6 +318,7 @@ void MainWindow::OnTimer() {
   watch_->Look();
   undo_menu_.Update();
   history_->Look();
+  flow_->Look();
 }
 
 // The project's file and what the editor's window shows of it. At the root the window keeps the

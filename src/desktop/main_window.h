@@ -17,6 +17,7 @@
 #include "desktop/check_list.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
+#include "desktop/flow_chart.h"
 #include "desktop/formula_commands.h"
 #include "desktop/history_list.h"
 #include "desktop/list_exchange.h"
@@ -135,6 +136,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<ProjectUndo> undo_;
   std::unique_ptr<HistoryList> history_;
   std::unique_ptr<CheckList> check_;
+  std::unique_ptr<FlowChart> flow_;
   std::unique_ptr<FormulaCommands> formulas_;
   std::unique_ptr<NameSearch> names_;
 };

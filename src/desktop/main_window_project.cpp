@@ -149,6 +149,8 @@ void MainWindow::EquipSession() {
   check_ = std::make_unique<CheckList>(
       CheckList::Dependencies{parts_, messages_, *project_, *session_, *lookup_, panes_.check()});
   check_->on_repaired = [this] { FollowChange(); };
+  flow_ = std::make_unique<FlowChart>(
+      FlowChart::Dependencies{parts_, messages_, *project_, *session_, panes_.flow()});
   formulas_ = std::make_unique<FormulaCommands>(
       FormulaCommands::Dependencies{parts_, messages_, *session_, panes_.overview(), panes_.strip(),
                                     [this](const std::string& key) { GoToNode(key); },
@@ -202,6 +204,7 @@ bool MainWindow::CloseProject() {
   formulas_.reset();
   undo_menu_.Serve(nullptr);
   undo_offer_.Serve(nullptr, nullptr);
+  flow_.reset();
   check_.reset();
   history_.reset();
   undo_.reset();

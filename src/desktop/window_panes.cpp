@@ -43,7 +43,8 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
       lower_(new wxPanel(whole_)),
       search_(new SearchPane(lower_, texts)),
       history_(new HistoryPane(lower_, texts)),
-      check_(new CheckPane(lower_, texts)) {
+      check_(new CheckPane(lower_, texts)),
+      flow_(new FlowPane(lower_, texts)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(strip_, wxSizerFlags().Expand());
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
@@ -65,9 +66,9 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   whole_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   whole_->SetSashGravity(1);
   whole_->Initialize(columns_);
-  for (LowerPane* pane : std::initializer_list<LowerPane*>{search_, history_, check_})
+  for (LowerPane* pane : std::initializer_list<LowerPane*>{search_, history_, check_, flow_})
     Connect(*pane);
-  history_->on_close = check_->on_close = [this] { tree_->SetFocus(); };
+  history_->on_close = check_->on_close = flow_->on_close = [this] { tree_->SetFocus(); };
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(whole_, wxSizerFlags(1).Expand());
   all->Add(notices_, wxSizerFlags().Expand());

@@ -8,6 +8,7 @@
 #include "desktop/check_pane.h"
 #include "desktop/code_pane.h"
 #include "desktop/desktop_state.h"
+#include "desktop/flow_pane.h"
 #include "desktop/formula_overview.h"
 #include "desktop/formula_strip.h"
 #include "desktop/history_pane.h"
@@ -38,6 +39,7 @@ class WindowPanes {
   SearchPane& search() const { return *search_; }
   HistoryPane& history() const { return *history_; }
   CheckPane& check() const { return *check_; }
+  FlowPane& flow() const { return *flow_; }
 
   enum class Upper { kWelcome, kEditor, kOverview };
   void ShowUpper(Upper upper);
@@ -83,6 +85,7 @@ class WindowPanes {
   SearchPane* search_;
   HistoryPane* history_;
   CheckPane* check_;
+  FlowPane* flow_;
 };
 
 }  // namespace desktop

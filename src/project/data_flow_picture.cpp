@@ -48,18 +48,19 @@ class Description {
   }
 
  private:
-  void AddNode(const std::string& name, const std::string& label, std::string_view attributes) {
-    text_ += "  " + name + " [id=\"" + name + "\", label=\"" + label + "\", ";
+  void AddNode(const std::string& name, const std::vector<std::string>& lines,
+               std::string_view attributes) {
+    text_ += "  " + name + " [id=\"" + name + "\", label=\"";
+    for (const std::string& line : lines)
+      text_ += (&line == lines.data() ? "" : "\\n") + Quoted(line);
+    text_ += "\", ";
     text_ += attributes;
     text_ += "];\n";
   }
 
   void AddFormula(std::size_t index) {
     const store::FormulaRecord& record = flow_.formulas[index].record;
-    std::string label = Quoted(record.name) + "\\n" + Quoted(record.prog_id) + "\\n" +
-                        Quoted(CallTypeText(record, texts_));
-    if (!record.enabled) label += "\\n" + Quoted(texts_.Text(kFlowDisabled));
-    AddNode("f" + std::to_string(index), label,
+    AddNode("f" + std::to_string(index), FormulaLabel(record, texts_),
             record.enabled ? "shape=box, style=filled, fillcolor=\"#dcebf7\", color=\"#0b5a8f\""
                            : "shape=box, style=\"filled,dashed\", fillcolor=\"#f4f6f8\", "
                              "color=\"#54616e\"");
@@ -67,14 +68,11 @@ class Description {
 
   void AddItem(std::size_t index) {
     const DataFlow::Item& item = flow_.items[index];
-    std::string label = Quoted(item.item_id);
-    for (const std::string& alias : item.aliases) label += "\\n" + Quoted(alias);
-    const bool several = item.writers > 1;
-    if (several) label += "\\n" + Quoted(WritersText(item, texts_));
-    AddNode("i" + std::to_string(index), label,
-            several ? "shape=ellipse, peripheries=2, style=filled, fillcolor=\"#fbe3dd\", "
-                      "color=\"#8a3324\""
-                    : "shape=ellipse, style=filled, fillcolor=\"#ffffff\", color=\"#54616e\"");
+    AddNode("i" + std::to_string(index), ItemLabel(item, texts_),
+            item.writers > 1
+                ? "shape=ellipse, peripheries=2, style=filled, fillcolor=\"#fbe3dd\", "
+                  "color=\"#8a3324\""
+                : "shape=ellipse, style=filled, fillcolor=\"#ffffff\", color=\"#54616e\"");
   }
 
   void AddEdge(const DataFlow::Edge& edge) {
@@ -98,6 +96,20 @@ class Description {
 
 }  // namespace
 
+std::vector<std::string> FormulaLabel(const store::FormulaRecord& formula,
+                                      const texts::TextTable& texts) {
+  std::vector<std::string> lines = {formula.name, formula.prog_id, CallTypeText(formula, texts)};
+  if (!formula.enabled) lines.push_back(texts.Text(kFlowDisabled));
+  return lines;
+}
+
+std::vector<std::string> ItemLabel(const DataFlow::Item& item, const texts::TextTable& texts) {
+  std::vector<std::string> lines = {item.item_id};
+  lines.insert(lines.end(), item.aliases.begin(), item.aliases.end());
+  if (item.writers > 1) lines.push_back(WritersText(item, texts));
+  return lines;
+}
+
 std::string DescribeForGraphviz(const DataFlow& flow, const texts::TextTable& texts) {
   return Description(flow, texts).Make();
 }
@@ -110,13 +122,15 @@ std::optional<PictureNode> NodeOfElement(std::string_view id) {
   return node;
 }
 
-std::string LayOut(std::string_view description, const std::function<bool()>& goes_on) {
+std::string LayOut(std::string_view description, const std::function<bool()>& goes_on,
+                   LayoutFormat format) {
   const Clock::time_point end = Clock::now() + kLongest;
   bool is_late = false;
-  FilterResult result = RunFilter("dot", {"-Tsvg"}, description, [&] {
-    is_late = Clock::now() > end;
-    return !is_late && (!goes_on || goes_on());
-  });
+  FilterResult result =
+      RunFilter("dot", {format == LayoutFormat::kSvg ? "-Tsvg" : "-Tplain"}, description, [&] {
+        is_late = Clock::now() > end;
+        return !is_late && (!goes_on || goes_on());
+      });
   switch (result.outcome) {
     case FilterOutcome::kDone:
       return std::move(result.output);

@@ -47,6 +47,8 @@ std::span<const Row> PaneRows();       // 4200 to 4299: history, check, data flo
 
 std::span<const Row> ConflictRows();  // 4400 to 4449: code changed twice
 
+std::span<const Row> CodingRows();  // 4650 to 4749: data flow and writing code in the window
+
 // German texts of the layers below. Their English ones stand in "<layer>/messages.def" (of com:
 // provider_messages.def), by the same numbers.
 std::span<const Row> FileMessageRows();       // 2000 to 2199: file layer

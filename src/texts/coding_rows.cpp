@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// The data flow and the writing of code in the window.
+#include <array>
+
+#include "texts/rows.h"
+
+namespace texts {
+
+std::span<const Row> CodingRows() {
+  static constexpr auto kRows = std::to_array<Row>({
+      {4650, "Daten&fluss...", "Data &Flow..."},
+      {4651, "Datenfluss um <Name> – Formeln: <Formulas>, Items: <Items>",
+       "Data flow around <Name> – formulas: <Formulas>, items: <Items>"},
+      {4652, "&Tiefe:", "&Depth:"},
+      {4653, "Speichern &unter...", "Save &As..."},
+      {4654, "Bild des Datenflusses; die Liste daneben sagt dasselbe",
+       "Picture of the data flow; the list beside it says the same"},
+      {4655,
+       "Ziehen verschiebt, Mausrad oder + und - vergrößern, 0 zeigt alles, ein Klick geht hin. "
+       "Gestrichelt: nur laut Argument. Rot und doppelt umrandet: mehrere Formeln schreiben.",
+       "Drag to move, wheel or + and - to zoom, 0 to see all, click to go there. Dashed: only by "
+       "the argument. Red with a double frame: several formulas write."},
+      {4656, "Wer welches Item schreibt und liest", "Who writes and reads which item"},
+      {4657, "Alias", "Alias"},
+      {4658, "Zugriff", "Access"},
+      {4659, "Formel", "Formula"},
+      {4660, "Aufruf", "Call type"},
+      {4661, "Schreiber", "Writers"},
+      {4662, "Wählen Sie eine Formel oder einen Alias: gezeigt wird der Datenfluss um sie herum.",
+       "Select a formula or an alias: what is shown is the data flow around it."},
+      {4663,
+       "Für das Bild fehlt das Programm „dot“ von Graphviz. Installieren Sie das Paket graphviz "
+       "und öffnen Sie den Datenfluss erneut. Die Liste sagt dasselbe wie das Bild.",
+       "The picture needs Graphviz's program \"dot\". Install the package graphviz and open the "
+       "data flow again. The list says the same as the picture."},
+      {4664, "<Count> Verbindungen sind zu viele für ein Bild. Wählen Sie eine kleinere Tiefe.",
+       "<Count> connections are too many for a picture. Choose a smaller depth."},
+      {4665, "Datenfluss lesen", "Reading the data flow"},
+      {4666, "Der Datenfluss wurde nicht zu Ende gelesen.",
+       "The data flow was not read to its end."},
+      {4667, "Der Datenfluss lässt sich nicht zeigen.", "The data flow cannot be shown."},
+      {4668, "Datenfluss speichern", "Save Data Flow"},
+      {4669, "Bild (*.svg)|*.svg|Beschreibung für Graphviz (*.dot)|*.dot",
+       "Picture (*.svg)|*.svg|Description for Graphviz (*.dot)|*.dot"},
+      {4670, "Der Datenfluss lässt sich nicht speichern.", "The data flow cannot be saved."},
+      {4671, "Gespeichert: <File>", "Saved: <File>"},
+      {4672, "Hier liest und schreibt keine Formel etwas.",
+       "No formula reads or writes anything here."},
+  });
+  return kRows;
+}
+
+}  // namespace texts
