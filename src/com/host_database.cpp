@@ -15,6 +15,22 @@
 
 namespace com {
 
+namespace {
+
+// What keeps the demanded provider from opening the file.
+[[noreturn]] void RaiseDemanded(const std::exception& error) {
+  using platform::ErrorKind;
+  const messages::Message cause = messages::MessageOf(error);
+  const auto* raised = dynamic_cast<const platform::Error*>(&error);
+  if (!raised) throw platform::Error(ErrorKind::kIo, platform::kErrUnspecified, cause);
+  const bool missing = raised->kind() == ErrorKind::kNotFound;
+  throw platform::Error(
+      raised->kind(), raised->number(),
+      missing ? messages::Message(message::kProviderDemanded, {{"<Cause>", cause}}) : cause);
+}
+
+}  // namespace
+
 // The unit of work over whatever was chosen last; what could not be put back is told with it.
 class HostDatabase::Unit final : public platform::UnitOfWork {
  public:
@@ -99,14 +115,9 @@ std::shared_ptr<platform::Connection> HostDatabase::TryProvider() {
          {{"<File>", options_.path}, {"<Provider>", options_.objects.provider}}});
     return connection;
   } catch (const std::exception& error) {
-    const messages::Message cause = messages::MessageOf(error);
-    if (options_.provider == project::Provider::kJet) {
-      const auto* raised = dynamic_cast<const platform::Error*>(&error);
-      throw platform::Error(raised ? raised->kind() : platform::ErrorKind::kIo,
-                            raised ? raised->number() : platform::kErrUnspecified,
-                            messages::Message(message::kProviderDemanded, {{"<Cause>", cause}}));
-    }
-    Log({message::kOwnEngineUsed, {{"<File>", options_.path}, {"<Cause>", cause}}});
+    if (options_.provider == project::Provider::kJet) RaiseDemanded(error);
+    Log({message::kOwnEngineUsed,
+         {{"<File>", options_.path}, {"<Cause>", messages::MessageOf(error)}}});
     return nullptr;
   }
 }

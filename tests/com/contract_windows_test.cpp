@@ -5,6 +5,7 @@
 
 #include "com/ado_connection.h"
 #include "com/module.h"
+#include "dialogs/alias_table.h"
 #include "store/record_helpers.h"
 #include "tests/com/partner_windows.h"
 #include "tests/recordset/row_text.h"
@@ -115,6 +116,32 @@ TEST_F(AdapterTest, DoesItselfWhatTheObjectsDoNot) {
   rs->Update();
   EXPECT_EQ(rs->RecordCount(), 0);
   EXPECT_EQ(rs->AbsolutePosition(), 0);
+}
+
+// As the grids and lists read it: by places, blocks and the index.
+TEST_F(AdapterTest, TheAliasListNeedsNoPlacesEither) {
+  partner().is_strict = true;
+  const texts::TextTable texts(texts::Language::kEnglish);
+  const std::shared_ptr<platform::Connection> connection(std::shared_ptr<void>(), &db_.front());
+  store::Operations operations({connection, nullptr, nullptr, nullptr, &texts});
+  dialogs::AliasTable list(connection, connection->CreateRecordset(), operations,
+                           dialogs::AliasOrder::kName);
+  const auto names = [&] {
+    std::string text;
+    for (const auto& record : list.Records(0, 9)) text += record.vb_alias + " ";
+    return text;
+  };
+  EXPECT_EQ(names(), "Alpha Charlie Delta ");
+  EXPECT_EQ(list.PositionOf(1), 2u);
+  EXPECT_EQ(list.FindPrefix("ch", 0), 1u);
+  EXPECT_EQ(list.FindPrefix("x", 0), std::nullopt);
+  connection->BeginTrans();
+  db_.AddAlias("Item.Bravo", "Bravo");
+  list.Requery();
+  EXPECT_EQ(names(), "Alpha Bravo Charlie Delta ");
+  connection->RollbackTrans();
+  list.Requery();
+  EXPECT_EQ(names(), "Alpha Charlie Delta ");
 }
 
 TEST_F(AdapterTest, ErrorsHaveTheProvidersNumberAndWordsAndARemedy) {

@@ -78,6 +78,15 @@ TEST_F(HostDatabaseTest, AutoTakesTheProviderWhereThereIsOne) {
             std::string::npos);
 }
 
+// A file that it cannot open is no provider that is missing.
+TEST_F(HostDatabaseTest, JetSaysWhatIsWrongWithTheFile) {
+  com::AdoObjects objects = Working();
+  partner_->FailAt(1);
+  const std::string said = Choose(Provider::kJet, std::move(objects));
+  EXPECT_NE(said.find(Partner::kWords), std::string::npos) << said;
+  EXPECT_EQ(said.find("\"own\""), std::string::npos) << said;
+}
+
 // ADO is there, and says when it is to open that it knows no such provider; or that the file is
 // locked. Our engine has the better words for what is wrong with a file.
 TEST_F(HostDatabaseTest, AutoTakesOurEngineWhereTheProviderDoesNotOpen) {
