@@ -52,10 +52,17 @@ std::uint64_t CarriedAppend::HashOfHead(RandomAccessFile& file) const {
   return Hash64(std::span(head).first(file.ReadAt(0, head)));
 }
 
+std::vector<std::byte> CarriedAppend::ReadCarried(std::uint64_t size) const {
+  // A damaged or forged header may promise what no memory holds.
+  if (size > journal_.Size()) return {};
+  std::vector<std::byte> bytes(size);
+  bytes.resize(journal_.ReadAt(journal::kHeaderSize, bytes));
+  return bytes;
+}
+
 void CarriedAppend::Settle() {
   if (carried_.size_after == 0) return;
-  std::vector<std::byte> bytes(carried_.size_after);
-  bytes.resize(journal_.ReadAt(journal::kHeaderSize, bytes));
+  const std::vector<std::byte> bytes = ReadCarried(carried_.size_after);
   // Overwritten by a commit that was never finished, which had the file synced before.
   if (bytes.size() != carried_.size_after || Hash64(bytes) != carried_.hash_after) return;
   auto file = Open(OpenMode::kReadWrite);
@@ -90,8 +97,11 @@ journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
   const std::uint64_t head = file && appended->offset > 0 ? HashOfHead(*file) : 0;
   const std::uint64_t size = appended->bytes.size();
   const bool follows = next.size_before > 0 && appended->offset == next.offset + next.size_before &&
-                       (next.offset == 0 || next.head == head);
-  if (!follows || next.size_before + size > next.room) {
+                       (next.offset == 0 || next.head == head) &&
+                       next.size_before + size <= next.room;
+  std::vector<std::byte> bytes;
+  if (follows) bytes = ReadCarried(next.size_before);
+  if (bytes.empty() || bytes.size() != next.size_before) {
     Sync();
     next = {};
     next.offset = appended->offset;
@@ -105,8 +115,6 @@ journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
     next.hash_after = Hash64(added);
     return next;
   }
-  std::vector<std::byte> bytes(next.size_before);
-  bytes.resize(journal_.ReadAt(journal::kHeaderSize, bytes));
   bytes.insert(bytes.end(), added.begin(), added.end());
   next.hash_after = Hash64(bytes);
   return next;

@@ -7,9 +7,11 @@
 // It follows the change and never decides it: whatever becomes of this file, the commit stands.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "files/change_set.h"
 #include "files/file_system.h"
@@ -40,6 +42,8 @@ class CarriedAppend {
  private:
   std::unique_ptr<RandomAccessFile> Open(OpenMode mode);
   std::uint64_t HashOfHead(RandomAccessFile& file) const;
+  // The first bytes of what the journal carries; fewer when it is damaged.
+  std::vector<std::byte> ReadCarried(std::uint64_t size) const;
 
   FileSystem& system_;
   std::string database_;

@@ -102,10 +102,11 @@ void JournalFile::MarkPutBack() {
 void JournalFile::SyncMark() {
   file_->Sync();
   try {
-    if (file_->Size() <= kKeptWhileIdle) return;
+    const std::uint64_t size = file_->Size();
+    if (size <= kKeptWhileIdle) return;
     journal::Header header;
     journal::ReadHeader(*file_, header);
-    file_->Truncate(header.BodyAt());
+    if (header.BodyAt() < size) file_->Truncate(header.BodyAt());
   } catch (const Error&) {
     // Only room is lost, until the next commit.
   }
