@@ -26,4 +26,16 @@ std::vector<Finding> Find(const Parts& parts, const Options& options) {
   return findings.Take();
 }
 
+std::vector<Finding> FindQuickly(const Parts& parts, const Changed& changed,
+                                 const Options& options) {
+  Findings findings(options.least, options.silenced);
+  {
+    const Rows rows(parts.operations, parts.code.items);
+    if (changed.rows) CheckRows(rows, parts, findings);
+    const Modules modules(parts, findings, options.progress, &changed);
+    CheckClasses(rows, modules, parts, findings, options.progress);
+  }
+  return findings.Take();
+}
+
 }  // namespace check

@@ -43,6 +43,17 @@ struct Options {
 // lines. Raises platform::Error when the database fails.
 std::vector<Finding> Find(const Parts& parts, const Options& options = {});
 
+// A part of a project that somebody changed.
+struct Changed {
+  bool rows = true;               // of the database: any class may be out of step with them
+  std::set<std::string> classes;  // paths of files
+};
+
+// Looks at what changed alone, without what takes long: rows by themselves and against the code,
+// not what procedures do, not the database file, not the files of the projects. Otherwise as Find.
+std::vector<Finding> FindQuickly(const Parts& parts, const Changed& changed,
+                                 const Options& options = {});
+
 // Tables, columns and indexes that the database lacks. Without the first two nothing else can be
 // looked at.
 std::vector<Finding> FindMissing(platform::Connection& connection);

@@ -64,6 +64,7 @@ void CheckClasses(const Rows& rows, const Modules& modules, const Parts& parts, 
   for (const auto& [key, formulas] : classes) {
     if (progress) progress(done++, classes.size());
     const Modules::Module* module = modules.Find(formulas.prog_id);
+    if (module ? !module->is_wanted : !modules.AreAll()) continue;
     if (!formulas.formulas.empty() && !IsThere(formulas, module, findings)) continue;
     ClassCheck(formulas.prog_id, formulas.formulas, *module, modules.program().module(module->code),
                {rows, parts, findings})

@@ -104,11 +104,14 @@ messages::Message ProblemOf(platform::VBComponent& component) {
 
 }  // namespace
 
-Modules::Modules(const Parts& parts, Findings& findings, const Progress& progress) {
+Modules::Modules(const Parts& parts, Findings& findings, const Progress& progress,
+                 const Changed* changed)
+    : changed_(changed) {
   if (!parts.code.vbe) return;
   code_ = std::make_unique<codegen::ProjectCode>(*parts.code.vbe);
   std::size_t read = 0;
-  code_->LoadWhere([&](std::string_view) {
+  code_->LoadOf([&](const platform::VBComponent& component) {
+    if (!IsWanted(component)) return false;
     if (progress) progress(read, read + 1);
     ++read;
     return true;
@@ -119,9 +122,12 @@ Modules::Modules(const Parts& parts, Findings& findings, const Progress& progres
       Module module;
       module.component = component;
       module.prog_id = project->Name() + "." + component->Name();
-      module.can_hold_formulas = store::CanHoldFormulas(*project, *component);
-      module.code = code_->FindClass(module.prog_id);
-      if (module.code == vbcode::kNone) module.problem = ProblemOf(*component);
+      module.is_wanted = IsWanted(*component);
+      if (module.is_wanted) {
+        module.can_hold_formulas = store::CanHoldFormulas(*project, *component);
+        module.code = code_->FindClass(module.prog_id);
+        if (module.code == vbcode::kNone) module.problem = ProblemOf(*component);
+      }
       modules_.push_back(std::move(module));
     }
   }

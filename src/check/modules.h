@@ -22,22 +22,31 @@ class Modules {
   struct Module {
     std::shared_ptr<platform::VBComponent> component;
     std::string prog_id;
+    bool is_wanted = true;  // otherwise nothing below is known
     bool can_hold_formulas = false;
     std::int32_t code = vbcode::kNone;  // number in the program
     messages::Message problem;          // why it is not there
   };
 
-  // Judges files and single lines on the way.
-  Modules(const Parts& parts, Findings& findings, const Progress& progress);
+  // Judges files and single lines on the way. Reads only what changed, where that is given.
+  Modules(const Parts& parts, Findings& findings, const Progress& progress,
+          const Changed* changed = nullptr);
 
   const std::vector<Module>& modules() const { return modules_; }
   // REQUIRES: there is a development environment.
   const vbcode::Program& program() const { return code_->program(); }
+  // Whether all modules are wanted.
+  bool AreAll() const { return !changed_ || changed_->rows; }
   // Null when no project has it.
   const Module* Find(std::string_view prog_id) const;
   std::string File(std::int32_t code) const { return code_->ComponentOf(code).FileName(); }
 
  private:
+  bool IsWanted(const platform::VBComponent& component) const {
+    return AreAll() || changed_->classes.contains(component.FileName());
+  }
+
+  const Changed* changed_;
   std::unique_ptr<codegen::ProjectCode> code_;
   std::vector<Module> modules_;
 };

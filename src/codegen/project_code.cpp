@@ -123,6 +123,13 @@ void ProjectCode::LoadWhere(const std::function<bool(std::string_view)>& is_want
   AddRead();
 }
 
+void ProjectCode::LoadOf(const std::function<bool(const platform::VBComponent&)>& is_wanted) {
+  for (Source& source : sources_) {
+    if (is_wanted(*source.component)) Read(source, Failure::kKeep, nullptr);
+  }
+  AddRead();
+}
+
 void ProjectCode::LoadAll() { LoadWhere(nullptr); }
 
 bool ProjectCode::MayBeCalled(const Source& source) const {

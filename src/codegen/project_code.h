@@ -32,6 +32,8 @@ class ProjectCode {
   void LoadHolders(std::string_view word);
   // Reads, too, every module whose lines, joined by CR LF, are wanted; not what they call.
   void LoadWhere(const std::function<bool(std::string_view text)>& is_wanted);
+  // Reads, too, the modules of the wanted components; not what they call.
+  void LoadOf(const std::function<bool(const platform::VBComponent&)>& is_wanted);
   void LoadAll();
 
   const vbcode::Program& program() const { return program_; }

@@ -2,26 +2,38 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
+#include "check/finding.h"
 #include "desktop/notice_bar.h"
 #include "desktop/window_messages.h"
 #include "desktop/window_parts.h"
 #include "project/project.h"
+#include "project/seen_files.h"
 #include "studio/add_in_session.h"
 
 namespace desktop {
 
-// What happens to an open project beside the user's own commands, and what of it they are told.
+// What happens to a project beside the user's own commands, also while it was not open, and what of
+// it they are told.
 class ChangeWatch {
  public:
-  // All of it outlives this object.
-  ChangeWatch(const WindowParts& parts, const WindowMessages& messages, project::Project& opened,
-              studio::AddInSession& session, NoticeBar& notices)
-      : parts_(parts),
-        messages_(messages),
-        project_(opened),
-        session_(session),
-        notices_(notices) {}
+  struct Dependencies {
+    const WindowParts& parts;
+    const WindowMessages& messages;
+    project::Project& opened;
+    studio::AddInSession& session;
+    NoticeBar& notices;
+    std::function<void()> check;  // the whole project, with its findings shown
+  };
+
+  // Takes part in the project's unit of work: the project goes before this object.
+  explicit ChangeWatch(Dependencies own);
+  // Keeps what is known of the files.
+  ~ChangeWatch();
+  ChangeWatch(const ChangeWatch&) = delete;
+  ChangeWatch& operator=(const ChangeWatch&) = delete;
 
   // What of the Visual Basic projects cannot be read.
   void ShowProblems();
@@ -30,16 +42,20 @@ class ChangeWatch {
   void ShowLimits(std::function<void()> open_again, std::function<void()> choose_code);
   // Called now and then while no operation runs.
   void Look();
+  // The user has seen what is wrong in the project as it stands.
+  void OnChecked();
 
  private:
   void LookForForeignChanges();
+  // Checks the quick part of what other programs changed.
+  void LookForFindings();
+  void TellFindings(const std::vector<std::string>& changed,
+                    const std::vector<check::Finding>& findings);
   void ShowReplacedCharacters();
 
-  const WindowParts& parts_;
-  const WindowMessages& messages_;
-  project::Project& project_;
-  studio::AddInSession& session_;
-  NoticeBar& notices_;
+  const Dependencies own_;
+  const WindowParts& parts_ = own_.parts;
+  project::SeenFiles seen_;
 };
 
 }  // namespace desktop

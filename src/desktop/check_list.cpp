@@ -61,6 +61,7 @@ void CheckList::Check() {
     return own_.messages.Fail(own_.parts.Text(kTextCannotCheck), own_.parts.texts.Sentence(error));
   }
   Show(std::move(findings));
+  if (on_checked) on_checked();
   own_.messages.Status(Title());
   own_.pane.TakeKeyboard();
 }
@@ -156,9 +157,22 @@ std::vector<check::Finding> CheckList::ToRepair() const {
 
 bool CheckList::TellFailure(const store::OperationResult& result) {
   if (result.success()) return true;
+  if (result.outcome == store::Outcome::kCancelled) {
+    own_.messages.Status(own_.parts.texts.Sentence(result.message));
+    return false;
+  }
   own_.messages.Fail(own_.parts.Text(kTextCannotRepair),
                      own_.parts.texts.Sentence(messages::Lines(result.message, result.detail)));
   return false;
+}
+
+check::RepairResult CheckList::Mend(const check::Parts& parts,
+                                    const std::vector<check::Finding>& findings,
+                                    store::OperationOptions options) {
+  const wxBusyCursor busy;
+  const auto shown = own_.parts.toolkit.StartProgress(own_.parts.Text(kTextChecking));
+  options.progress = [&](std::size_t done, std::size_t total) { return shown->Show(done, total); };
+  return check::Repair(parts, findings, {}, std::move(options));
 }
 
 std::string CheckList::Preview(const check::Parts& parts,
@@ -169,7 +183,7 @@ std::string CheckList::Preview(const check::Parts& parts,
   dry.inspect = [&] {
     if (own_.opened.vb()) code = project::DiffText(*own_.opened.vb());
   };
-  const check::RepairResult result = check::Repair(parts, findings, {}, dry);
+  const check::RepairResult result = Mend(parts, findings, dry);
   if (!TellFailure(result.operation)) return {};
   const std::string text = project::RowsText(result.operation.rows) + code;
   if (text.empty()) own_.messages.Status(own_.parts.Text(kTextNothingToRepair));
@@ -182,11 +196,7 @@ void CheckList::Repair() {
   if (!editor || findings.empty() || own_.opened.unit().IsOpen()) return;
   const check::Parts parts =
       check::PartsOf(own_.opened, editor->operations(), editor->cVBF.context());
-  std::string preview;
-  {
-    const wxBusyCursor busy;
-    preview = Preview(parts, findings);
-  }
+  const std::string preview = Preview(parts, findings);
   const std::string count = std::to_string(findings.size());
   const bool confirmed =
       !preview.empty() &&
@@ -195,11 +205,7 @@ void CheckList::Repair() {
                      own_.parts.texts.Text(kTextRepairHeading, {{"<Count>", count}}),
                      own_.parts.Text(kTextRepairNow), preview});
   if (!confirmed) return;
-  check::RepairResult result;
-  {
-    const wxBusyCursor busy;
-    result = check::Repair(parts, findings, {});
-  }
+  check::RepairResult result = Mend(parts, findings, {});
   if (!TellFailure(result.operation)) return;
   FollowFormulas(own_.session, result.operation.rows);
   editor->Reload();

@@ -38,6 +38,7 @@ class CheckList {
   // Looks at everything and shows what is found; the user may stop it.
   void Check();
 
+  std::function<void()> on_checked;   // what was found is shown
   std::function<void()> on_repaired;  // rows and code are others now
 
  private:
@@ -46,6 +47,9 @@ class CheckList {
   void GoTo(const check::Finding& finding);
   void GoToRow(const check::Where& where);
   void Repair();
+  // Repairs under the hourglass, and shows how far it is; the user may stop it.
+  check::RepairResult Mend(const check::Parts& parts, const std::vector<check::Finding>& findings,
+                           store::OperationOptions options);
   // What a repair would change; empty when it is refused or changes nothing, which is told.
   std::string Preview(const check::Parts& parts, const std::vector<check::Finding>& findings);
   // True when it was done; otherwise why not is told.

@@ -140,7 +140,8 @@ void MainWindow::EquipSession() {
   lookup_ = std::make_unique<CodeLookup>(*project_, *session_, code_, parts_.texts);
   search_ = std::make_unique<CodeSearch>(CodeSearch::Dependencies{
       parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
-  watch_ = std::make_unique<ChangeWatch>(parts_, messages_, *project_, *session_, panes_.notices());
+  watch_ = std::make_unique<ChangeWatch>(ChangeWatch::Dependencies{
+      parts_, messages_, *project_, *session_, panes_.notices(), [this] { check_->Check(); }});
   undo_ = std::make_unique<ProjectUndo>(parts_, messages_, *project_, *session_);
   undo_->on_done = [this] { FollowChange(); };
   undo_menu_.Serve(undo_.get());
@@ -148,6 +149,7 @@ void MainWindow::EquipSession() {
   history_ = std::make_unique<HistoryList>(parts_, messages_, *project_, *undo_, panes_.history());
   check_ = std::make_unique<CheckList>(
       CheckList::Dependencies{parts_, messages_, *project_, *session_, *lookup_, panes_.check()});
+  check_->on_checked = [this] { watch_->OnChecked(); };
   check_->on_repaired = [this] { FollowChange(); };
   flow_ = std::make_unique<FlowChart>(
       FlowChart::Dependencies{parts_, messages_, *project_, *session_, panes_.flow()});
@@ -208,11 +210,11 @@ bool MainWindow::CloseProject() {
   check_.reset();
   history_.reset();
   undo_.reset();
-  watch_.reset();
   search_.reset();
   lookup_.reset();
   session_.reset();
   project_.reset();
+  watch_.reset();
   panes_.ShowUpper(WindowPanes::Upper::kWelcome);
   ShowTitle();
   messages_.Status("");

@@ -14,7 +14,7 @@ namespace desktop {
 // may take or put off. Hidden while there is none.
 class NoticeBar : public wxPanel {
  public:
-  enum class Kind { kReadOnly, kNoCode, kForeignChange };
+  enum class Kind { kReadOnly, kNoCode, kForeignChange, kOutOfStep };
   struct Notice {
     std::string text;
     std::string action;               // the label of its button

@@ -53,6 +53,7 @@ std::span<const Area> Areas() {
       {"conflict", 4400, 4449, ConflictRows()},
       {"messages of the provider", 4450, 4474, ProviderRows()},
       {"coding", 4650, 4749, CodingRows()},
+      {"notice", 4850, 4899, NoticeRows()},
   });
   return kAreas;
 }

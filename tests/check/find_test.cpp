@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -45,8 +46,35 @@ TEST_P(FaultTest, IsFoundAtItsPlace) {
   EXPECT_EQ(project.project().system.Snapshot(), before) << "something was changed";
 }
 
+// The quick look is the same look, without what takes long.
+TEST_P(FaultTest, IsFoundQuicklyToo) {
+  CheckedProject project;
+  GetParam().make(project);
+  std::istringstream all(GetParam().findings);
+  std::string wanted;
+  for (std::string line; std::getline(all, line);) {
+    const std::string area = line.substr(0, 3);
+    const bool takes_long = area == "USE" || area == "DBA" || line.starts_with("VBP001");
+    if (!takes_long) wanted += line + '\n';
+  }
+  EXPECT_EQ(Describe(FindQuickly(project.MakeParts(), {})), wanted);
+}
+
 INSTANTIATE_TEST_SUITE_P(Projects, FaultTest, testing::ValuesIn(Faults()),
                          [](const auto& param) { return std::string(param.param.name); });
+
+TEST(FindQuickly, LooksAtWhatChangedAlone) {
+  CheckedProject project;
+  project.Exchange("CPump", "as Double", "As Long");
+  project.Exchange("CTank", "as Double", "As Long");
+  project.Set(store::kFormulasTable, 2, "Type", 8);
+  const Parts parts = project.MakeParts();
+  const Changed tank{false, {support::ClassPath("CTank")}};
+  EXPECT_EQ(Describe(FindQuickly(parts, tank)), "DCL003 CTank.cls:1\n");
+  EXPECT_EQ(Describe(FindQuickly(parts, {false, {}})), "");
+  EXPECT_EQ(Describe(FindQuickly(parts, {})),
+            "FRM003 TvbfFormulas #2 Type\nDCL003 CPump.cls:2\nDCL003 CTank.cls:1\n");
+}
 
 TEST(Find, LeavesOutWhatNobodyWantsToKnow) {
   CheckedProject project;

@@ -4,6 +4,7 @@
 #include <wx/button.h>
 #include <wx/stattext.h>
 
+#include "desktop/check_pane.h"
 #include "desktop/notice_bar.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
@@ -66,6 +67,60 @@ TEST(ForeignChange, IsNoticedAndTakenOverWhenTheUserWantsIt) {
   Wait::For([&] { return program.FormulaNodes().size() == 3; });
   EXPECT_EQ(program.FormulaNodes(), (std::vector<std::string>{"Own", "Foreign", "Another"}));
   EXPECT_FALSE(Notice(program)->IsShown());
+}
+
+void Exchange(support::SamplePlant& plant, const std::string& from, const std::string& to) {
+  std::string text = plant.system.Get(support::ClassPath("CPump"));
+  const std::size_t at = text.find(from);
+  ASSERT_NE(at, std::string::npos) << text;
+  plant.system.Put(support::ClassPath("CPump"), text.replace(at, from.size(), to));
+}
+
+// What other programs changed while no window was open is looked at by the next one.
+TEST(ForeignChange, OffersTheCheckWhereSomethingIsOutOfStep) {
+  constexpr auto kKind = desktop::NoticeBar::Kind::kOutOfStep;
+  support::SamplePlant plant;
+  AddElsewhere(plant.system, "Fill");
+  {
+    DesktopProgram program(plant.system, texts::Language::kEnglish);
+    ASSERT_TRUE(program.Open());
+    Input({"key --delay 80 Home Down Down", "key F8 sleep 0.8", "type --delay 40 Own",
+           "key --delay 80 Tab Down Return"});
+    Input({"sleep 2.5"});
+    EXPECT_FALSE(Notice(program)->Tells(kKind)) << "seen for the first time, then an own change";
+  }
+  Exchange(plant, "Public Sub Own()\r\n", "Public Sub Own()\r\n  ' mine\r\n");
+  {
+    DesktopProgram program(plant.system, texts::Language::kEnglish);
+    ASSERT_TRUE(program.Open());
+    Input({"sleep 2.5"});
+    EXPECT_FALSE(Notice(program)->Tells(kKind)) << "what engineers do";
+  }
+  Exchange(plant, "'Arguments:\r\n", "'Arguments:\r\n'\tLevel\r\n");
+  {
+    DesktopProgram program(plant.system, texts::Language::kEnglish);
+    ASSERT_TRUE(program.Open());
+    Wait::For([&] { return Notice(program)->Tells(kKind); });
+    const std::string told =
+        window_tests::FindChild<wxStaticText>(*Notice(program))->GetLabelText().utf8_string();
+    EXPECT_NE(told.find("CPump.cls"), std::string::npos) << told;
+    EXPECT_NE(told.find("errors: 0, warnings: 1"), std::string::npos) << told;
+    ClickNotice(program, 1);
+    EXPECT_FALSE(Notice(program)->IsShown());
+  }
+  DesktopProgram program(plant.system, texts::Language::kEnglish);
+  ASSERT_TRUE(program.Open());
+  Wait::For([&] { return Notice(program)->Tells(kKind); });  // it was put off
+  ClickNotice(program, 0);
+  auto& pane = *window_tests::FindChild<desktop::CheckPane>(program.window());
+  Wait::For([&] { return pane.IsShown(); });
+  EXPECT_FALSE(Notice(program)->Tells(kKind));
+  // While the window is open.
+  Exchange(plant, "'\tLevel\r\n", "");
+  Input({"sleep 2.5"});
+  EXPECT_FALSE(Notice(program)->Tells(kKind)) << "mended by hand";
+  Exchange(plant, "Public Sub Fill()", "Private Sub Fill()");
+  Wait::For([&] { return Notice(program)->Tells(kKind); });
 }
 
 // A project that can only be read, or that has no code, says so from the start.
