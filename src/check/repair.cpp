@@ -7,6 +7,8 @@
 #include <utility>
 
 #include "platform/text.h"
+#include "store/operation_context.h"
+#include "store/operation_texts.h"
 
 namespace check {
 namespace {
@@ -96,12 +98,18 @@ RepairResult Repair(const Parts& parts, const std::vector<Finding>& findings,
   std::vector<const Finding*> taken;
   std::set<const Finding*> refused;
   const auto inspect = std::move(operation.inspect);
+  Options again{options.least, options.silenced, {}};
+  again.progress = [&](std::size_t done, std::size_t total) {
+    if (!operation.progress || operation.progress(done, total)) return;
+    throw store::OperationRefusal(store::Outcome::kCancelled,
+                                  messages::Message({store::kTextCancelled}));
+  };
   operation.inspect = [&] {
     if (inspect) inspect();
     // The file itself is as it was.
     Parts rest = parts;
     rest.count_faults = {};
-    result.left = Find(rest, {options.least, options.silenced, {}});
+    result.left = Find(rest, again);
   };
   result.operation = parts.operations.AsOne(
       {kTitle, {{"<Count>", findings.size()}}},

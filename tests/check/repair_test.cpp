@@ -121,5 +121,30 @@ TEST(Repair, IsDoneOrNotWhenFilesFailOrTheProgramIsKilled) {
   }
 }
 
+TEST(Repair, IsPutBackWhereItIsStopped) {
+  CheckedProject project;
+  project.Exchange("CTank", "as Double", "As Long");
+  const auto findings = project.Find();
+  ASSERT_EQ(findings.size(), 1u);
+  const auto before = project.project().system.Snapshot();
+  int calls = 0, last = 0;
+  store::OperationOptions options;
+  options.progress = [&](std::size_t, std::size_t) { return ++calls != last; };
+  options.dry_run = true;
+  EXPECT_TRUE(Repair(project.MakeParts(), findings, {}, options).operation.success());
+  options.dry_run = false;
+  const int all = calls;
+  EXPECT_GE(all, 4) << "also while all is looked at again";
+  for (last = 1; last <= all; ++last) {
+    calls = 0;
+    EXPECT_EQ(Repair(project.MakeParts(), findings, {}, options).operation.outcome,
+              store::Outcome::kCancelled);
+    EXPECT_EQ(project.project().system.Snapshot(), before) << last;
+  }
+  calls = 0;
+  EXPECT_TRUE(Repair(project.MakeParts(), findings, {}, options).operation.success());
+  EXPECT_EQ(Describe(project.Find()), "");
+}
+
 }  // namespace
 }  // namespace check
