@@ -9,6 +9,7 @@
 #include "dialogs/fparameter.h"
 #include "dialogs/list_texts.h"
 #include "dialogs/outcome.h"
+#include "dialogs/row_merge.h"
 
 namespace dialogs {
 
@@ -41,7 +42,7 @@ std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id) 
 }
 
 bool EditArgument(const DialogContext& context, std::int32_t argument_id) try {
-  const auto record = context.operations.FindArgument(argument_id);
+  auto record = context.operations.FindArgument(argument_id);
   if (!record) return false;
   FParameter dialog(context);
   if (!dialog.Load(*record, argument_id)) {
@@ -50,7 +51,11 @@ bool EditArgument(const DialogContext& context, std::int32_t argument_id) try {
   }
   dialog.SetOnVariableChange(IsOnVariableChange(context, record->parent_id));
   while (dialog.Run()) {
-    const store::ArgumentValues values = dialog.Values();
+    store::ArgumentValues values = dialog.Values();
+    const bool joined = JoinWithStored(
+        context, *record, values, [&] { return context.operations.FindArgument(argument_id); },
+        [&](const store::ArgumentRecord& stored) { dialog.Load(stored, argument_id); });
+    if (!joined) continue;
     store::RenameOptions options;
     options.with_uses = dialog.WithUses();
     const store::OperationResult result = RunOperation(
@@ -77,7 +82,8 @@ bool EditArguments(const DialogContext& context, const std::vector<std::int32_t>
   while (dialog.Run()) {
     const auto steps = [&] {
       store::OperationResult result;
-      for (const store::ArgumentRecord& argument : arguments) {
+      for (const store::ArgumentRecord& shown : arguments) {
+        const auto argument = context.operations.FindArgument(shown.id).value_or(shown);
         result = context.operations.EditArgument(
             argument.id, store::ArgumentValues{argument.alias_id, dialog.In().value_or(argument.in),
                                                dialog.Out().value_or(argument.out)});
@@ -112,12 +118,16 @@ std::int32_t AddAlias(const DialogContext& context) {
 
 bool EditAlias(const DialogContext& context, std::int32_t alias_id) try {
   if (alias_id == 0) return false;
-  const auto record = context.operations.FindAlias(alias_id);
+  auto record = context.operations.FindAlias(alias_id);
   if (!record) return false;
   FAlias dialog(context, alias_id);
   dialog.Load(*record);
   while (dialog.Run()) {
-    const store::AliasValues values = dialog.Values();
+    store::AliasValues values = dialog.Values();
+    const bool joined = JoinWithStored(
+        context, *record, values, [&] { return context.operations.FindAlias(alias_id); },
+        [&](const store::AliasRecord& stored) { dialog.Load(stored); });
+    if (!joined) continue;
     store::RenameOptions options;
     options.with_uses = dialog.WithUses();
     const store::OperationResult result = RunOperation(

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "dialogs/outcome.h"
+#include "dialogs/row_merge.h"
 
 namespace dialogs {
 
@@ -71,22 +72,20 @@ AddedFormula AddFormula(const DialogContext& context) {
   return {};
 }
 
-bool EditFormula(const DialogContext& context, std::int32_t formula_id) {
+bool EditFormula(const DialogContext& context, std::int32_t formula_id) try {
   FFunction dialog(context);
-  std::optional<store::FormulaRecord> record;
-  try {
-    record = context.operations.FindFormula(formula_id);
-  } catch (const platform::Error& error) {
-    context.messages.Warn(context.Text(kInitialisationFailed), error);
-    return false;
-  }
+  std::optional<store::FormulaRecord> record = context.operations.FindFormula(formula_id);
   if (!record) return false;
   if (!LoadFormulaIntoDialog(dialog, context, *record)) {
     WarnInitialisation(context);
     return false;
   }
   while (dialog.Run()) {
-    const store::FormulaValues values = SaveFormulaFromDialog(dialog, *record);
+    store::FormulaValues values = SaveFormulaFromDialog(dialog, *record);
+    const bool joined = JoinWithStored(
+        context, *record, values, [&] { return context.operations.FindFormula(formula_id); },
+        [&](const store::FormulaRecord& stored) { dialog.Load(stored); });
+    if (!joined) continue;
     store::EditFormulaOptions options;
     options.with_uses = dialog.WithUses();
     options.with_code = dialog.Moves() && dialog.chkWithCode.Checked();
@@ -96,6 +95,9 @@ bool EditFormula(const DialogContext& context, std::int32_t formula_id) {
     if (result.success()) return true;
     WarnFailure(context, result, kStorageFailed);
   }
+  return false;
+} catch (const platform::Error& error) {
+  context.messages.Warn(context.Text(kInitialisationFailed), error);
   return false;
 }
 

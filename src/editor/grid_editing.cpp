@@ -5,6 +5,7 @@
 
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/outcome.h"
+#include "dialogs/row_merge.h"
 #include "editor/tools.h"
 #include "store/operation_texts.h"
 
@@ -15,6 +16,7 @@ namespace {
 constexpr std::int32_t kDataErrorText = 407;
 constexpr std::int32_t kUnknownAlias = 1619;
 constexpr std::int32_t kRowGone = 1626;
+constexpr std::int32_t kItemCaption = 401, kAliasCaption = 402;
 
 // Number of the errors that the data layer below a grid reports.
 constexpr std::int32_t kDataError = 32;
@@ -162,17 +164,21 @@ void GridEditing::WriteArgument(std::int64_t id, const std::vector<forms::CellCh
   const auto argument = operations.FindArgument(argument_id);
   if (!argument) Fail(platform::kErrNoCurrentRecord, messages::Message({kRowGone}));
   store::ArgumentValues values = *argument;
+  dialogs::RowMerge merge(context_.dialog_context);
   for (const forms::CellChange& change : changes) {
     if (change.column == kInColumn) values.in = change.new_value.ToBool();
     if (change.column == kOutColumn) values.out = change.new_value.ToBool();
     if (change.column != kAliasIdColumn) continue;
     const std::string name = change.new_value.ToText();
+    merge.Note(kAliasCaption, change.old_value.ToText(), argument->vb_alias, name);
     const auto alias = operations.FindAliasByName(name);
     if (!alias) {
       Fail(platform::kErrUnspecified, messages::Message({kUnknownAlias}, {{"<Name>", name}}));
     }
     values.alias_id = alias->id;
   }
+  if (merge.Ask(argument->vb_alias, false) == dialogs::RowAnswer::kTheirs)
+    return context_.ReadArguments(owner_.CurrentKey());
   FailUnlessDone(dialogs::RunOperation(
       context_.dialog_context, [&] { return operations.EditArgument(argument_id, values); }));
   context_.ReadArguments(owner_.CurrentKey());
@@ -184,10 +190,20 @@ void GridEditing::WriteAlias(std::int64_t id, const std::vector<forms::CellChang
   const auto alias = operations.FindAlias(alias_id);
   if (!alias) Fail(platform::kErrNoCurrentRecord, messages::Message({kRowGone}));
   store::AliasValues values = *alias;
+  dialogs::RowMerge merge(context_.dialog_context);
   for (const forms::CellChange& change : changes) {
-    if (change.column == kItemIdColumn) values.item_id = change.new_value.ToText();
-    if (change.column == kVBAliasColumn) values.vb_alias = change.new_value.ToText();
+    const std::string before = change.old_value.ToText(), mine = change.new_value.ToText();
+    if (change.column == kItemIdColumn) {
+      merge.Note(kItemCaption, before, alias->item_id, mine);
+      values.item_id = mine;
+    }
+    if (change.column == kVBAliasColumn) {
+      merge.Note(kAliasCaption, before, alias->vb_alias, mine);
+      values.vb_alias = mine;
+    }
   }
+  if (merge.Ask(alias->vb_alias, false) == dialogs::RowAnswer::kTheirs)
+    return context_.rows.AliasesChanged();
   FailUnlessDone(dialogs::RunOperation(context_.dialog_context,
                                        [&] { return operations.EditAlias(alias_id, values); }));
   context_.rows.AliasesChanged();

@@ -93,6 +93,67 @@ TEST_P(DialogFlows, MainJob) {
   EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
 }
 
+// While a dialog is open somebody else changes its row.
+TEST_P(DialogFlows, RowThatSomebodyElseChanged) {
+  using platform::MessageResult;
+  const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
+  const std::int32_t formula = bench.HaveFormula("Fill", "PumpServer.CPump");
+  const auto elsewhere = [&](const char* alias_name) {
+    bench.plant.ChangeElsewhere("TvbfAlias", alias, "VBAlias", alias_name);
+  };
+  const std::string asked = "Theirs" + In(" wurde inzwischen auch von jemand anderem geändert.",
+                                          " was changed by somebody else meanwhile, too.");
+  // The same member: what is stored comes into the dialog, is looked at, and is left so.
+  bench.In<FAlias>([&](FAlias& dialog) {
+    elsewhere("Theirs");
+    dialog.txtVBAlias.SetText("Mine");
+    dialog.cmdOk.Click();
+  });
+  bench.toolkit.Answer(MessageResult::kCancel);
+  bench.In<FAlias>([&](FAlias& dialog) {
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "Mine") << "nothing is decided";
+    dialog.cmdOk.Click();
+  });
+  bench.toolkit.Answer(MessageResult::kYes);
+  bench.In<FAlias>([&](FAlias& dialog) {
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "Theirs");
+    dialog.cmdCancel.Click();
+  });
+  EXPECT_FALSE(EditAlias(context, alias));
+  const std::string shown = bench.toolkit.boxes.front().detail;
+  EXPECT_THAT(shown, HasSubstr("Theirs"));
+  EXPECT_THAT(shown, HasSubstr("Mine"));
+  EXPECT_THAT(bench.toolkit.TakePrompts(), ElementsAre(asked, asked));
+  EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank1.Level|Theirs"));
+  // The user's own is to stand.
+  bench.In<FAlias>([&](FAlias& dialog) {
+    elsewhere("Again");
+    dialog.txtVBAlias.SetText("Mine");
+    dialog.cmdOk.Click();
+  });
+  bench.toolkit.Answer(MessageResult::kNo);
+  EXPECT_TRUE(EditAlias(context, alias));
+  EXPECT_THAT(bench.Aliases(), ElementsAre("1|Tank1.Level|Mine"));
+  bench.toolkit.TakePrompts();
+  // Another member: both stand, without a question.
+  bench.In<FFunction>([&](FFunction& dialog) {
+    bench.plant.ChangeElsewhere("TvbfFormulas", formula, "Comment", "theirs");
+    dialog.chkEnabled.SetChecked(false);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, formula));
+  EXPECT_THAT(bench.Formulas(), ElementsAre("1|Fill|PumpServer.CPump|0|0|False|theirs"));
+  const std::int32_t argument = bench.HaveArgument(formula, alias, true, false);
+  bench.In<FParameter>([&](FParameter& dialog) {
+    bench.plant.ChangeElsewhere("TvbfParams", argument, "Out", true);
+    dialog.chkIn.SetChecked(false);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditArgument(context, argument));
+  EXPECT_THAT(bench.Arguments(), ElementsAre("1|1|1|False|True"));
+  EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
+}
+
 // Everything but OK leaves rows and code alone; the close box is Cancel.
 TEST_P(DialogFlows, LeavingADialogChangesNothing) {
   const std::int32_t formula = bench.HaveFormula("FillTank", "PumpServer.CPump");

@@ -105,6 +105,35 @@ TEST(GridEditing, TakenValuesReachRowsAndCode) {
   EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
 }
 
+// The cell that is edited shows what somebody else has changed since; other cells do not matter.
+TEST(GridEditing, RowThatSomebodyElseChanged) {
+  using platform::MessageResult;
+  Plant bench;
+  bench.Click("FORA0");
+  forms::Grid& grid = bench.Window().tdbA;
+  ASSERT_TRUE(grid.SetCurrentId(1));
+  const auto elsewhere = [&](const char* field, const char* value) {
+    EXPECT_NE(grid.Cell(0, kVBAliasColumn).ToText(), value) << "the row is read";
+    bench.plant.ChangeElsewhere("TvbfAlias", 1, field, value);
+  };
+  elsewhere("ItemID", "Tank9.Level");
+  grid.EditCell(kVBAliasColumn, "Height");
+  EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
+  EXPECT_EQ(bench.Aliases().front(), "1|Tank9.Level|Height");
+  elsewhere("VBAlias", "Theirs");
+  bench.toolkit.Answer(MessageResult::kYes);
+  grid.EditCell(kVBAliasColumn, "Mine");
+  EXPECT_EQ(bench.Aliases().front(), "1|Tank9.Level|Theirs");
+  EXPECT_EQ(grid.Cell(0, kVBAliasColumn).ToText(), "Theirs");
+  EXPECT_FALSE(grid.DataChanged());
+  elsewhere("VBAlias", "Again");
+  bench.toolkit.Answer(MessageResult::kNo);
+  grid.EditCell(kVBAliasColumn, "Mine");
+  EXPECT_EQ(bench.Aliases().front(), "1|Tank9.Level|Mine");
+  EXPECT_EQ(bench.toolkit.boxes.size(), 2u);
+  EXPECT_THAT(bench.toolkit.boxes.front().detail, HasSubstr("\"Theirs\""));
+}
+
 // What cannot be written because of a file: text 407, and the first row.
 TEST(GridEditing, DataErrorReturnsToTheFirstRow) {
   Plant bench;

@@ -47,6 +47,17 @@ class SamplePlant {
     return system.Get(ClassPath(class_name)).substr(ClassHeader(class_name).size());
   }
 
+  // Changes a row as another program does.
+  void ChangeElsewhere(const std::string& table, std::int32_t id, const std::string& field,
+                       const platform::Variant& value) {
+    recordset::JetConnection other(system, AnyFileOptions());
+    other.Open(store::ProjectConnectionString(kPlantDatabase));
+    const auto row = MemoryDatabase::Open(other, "SELECT * FROM " + table + " WHERE ID = ?", {id});
+    row->Fields(field).SetValue(value);
+    row->Update();
+    row->Close();
+  }
+
   // All rows of a table in the order of ID, their values with bars between them.
   std::vector<std::string> Rows(const std::string& table, const std::vector<std::string>& fields) {
     recordset::JetConnection reader(system, AnyFileOptions());
