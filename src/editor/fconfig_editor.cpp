@@ -88,19 +88,20 @@ bool StoreOptions(frmtabgrid& window, const FConfigEditor& dialog) {
   return WriteOptions(window.inits);
 }
 
-bool OpenOptions(frmtabgrid& window) {
+bool OpenOptions(frmtabgrid& window, const OptionsSteps& steps) {
   FConfigEditor dialog(window.dialog_context());
+  const char* failure = kInitialisationFailed;
   try {
-    LoadOptions(window, dialog);
+    steps.load(window, dialog);
+    if (!dialog.Run()) return false;
+    failure = kStorageFailed;
+    if (steps.store(window, dialog)) return true;
+    window.messages().Warn(
+        failure, window.context().texts.Text(kSettingsNotWritten,
+                                             {{"<File>", window.context().SettingsFile()}}));
   } catch (const std::exception& error) {
-    window.messages().Warn(kInitialisationFailed, error);
-    return false;
+    window.messages().Warn(failure, error);
   }
-  if (!dialog.Run()) return false;
-  if (StoreOptions(window, dialog)) return true;
-  window.messages().Warn(
-      kStorageFailed, window.context().texts.Text(kSettingsNotWritten,
-                                                  {{"<File>", window.context().SettingsFile()}}));
   return false;
 }
 

@@ -24,12 +24,18 @@ class FConfigEditor : public dialogs::DialogForm {
   forms::Button cmdHelp{this, "cmdHelp"};
 };
 
-// Shows the options of the window; whether they were confirmed and stored.
-bool OpenOptions(frmtabgrid& window);
-
 void LoadOptions(const frmtabgrid& window, FConfigEditor& dialog);
 // False when the settings file cannot be written; the switches have taken effect all the same.
 bool StoreOptions(frmtabgrid& window, const FConfigEditor& dialog);
+
+// What fails in a step is told and ends the run.
+struct OptionsSteps {
+  void (*load)(const frmtabgrid&, FConfigEditor&) = LoadOptions;
+  bool (*store)(frmtabgrid&, const FConfigEditor&) = StoreOptions;
+};
+
+// Shows the options of the window; whether they were confirmed and stored.
+bool OpenOptions(frmtabgrid& window, const OptionsSteps& steps = {});
 
 // Copies name, size, character set, italic, strikethrough, underline and weight.
 void CopyFont(const forms::Control& source, forms::Control& target);

@@ -4,6 +4,7 @@
 
 Does the main job in the desktop window as somebody does who hears the screen and has no mouse:
 every control is found on the accessibility bus by its role and name, and used by keys."""
+import os
 import sys
 
 import pyatspi
@@ -20,7 +21,8 @@ WORDS = {
                search="Search", page="Page", code="Code", project="Project", extras="Extras",
                formula_page="Dialog Formula Definition", tree_page="The Project Tree",
                formulas_page="Formulas", aliases_page="Aliases",
-               code_page="What Happens in the Code"),
+               code_page="What Happens in the Code", field_menu=("Cut", "Copy", "Paste"),
+               other="de"),
     "de": dict(tree="Projektbaum", formulas="Formeln", folder="Formeldefinitionen",
                aliases="Aliasbezeichner", formula="Formeldefinition", name="Name",
                prog_id="Klassenname", call="Formelaufruf", scan="Abtastzeit", comment="Kommentar",
@@ -30,7 +32,8 @@ WORDS = {
                search="Suchen", page="Seite", code="Code", project="Projekt", extras="Extras",
                formula_page="Dialog Formeldefinition", tree_page="Der Projektbaum",
                formulas_page="Formeln", aliases_page="Aliase",
-               code_page="Was im Code geschieht"),
+               code_page="Was im Code geschieht",
+               field_menu=("Ausschneiden", "Kopieren", "Einfügen"), other="en"),
 }
 
 
@@ -59,6 +62,7 @@ def expect_help(w, title):
 
 def main():
     desk = Desk(*sys.argv[1:5])
+    os.environ["LANGUAGE"] = WORDS[desk.language]["other"]  # what --lang says counts
     running = desk.start(desk.database)
     try:
         do_job(WORDS[desk.language])
@@ -114,6 +118,10 @@ def do_job(w):
 
     wait("window with the keyboard", lambda: dialog.getState().contains(pyatspi.STATE_ACTIVE))
     focus(name)
+    press("shift+F10")  # the toolkit's own menu
+    for entry in w["field_menu"]:
+        expect("menu item", entry)
+    press("Escape")
     press("ctrl+a")
     write("Fill")
     press("Tab", "Down")  # the first class

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "editor/fconfig_editor.h"
 #include "tests/support/editor_bench.h"
 
@@ -188,6 +190,21 @@ TEST(Options, CancelAndFailure) {
     dialog.cmdCancel.Click();
   });
   bench.Choose("mnuOptionOption");
+}
+
+TEST(Options, TellWhichStepFailed) {
+  Opened bench;
+  EXPECT_FALSE(OpenOptions(bench.Window(), {.load = [](const frmtabgrid&, FConfigEditor&) {
+                             throw std::runtime_error("no font");
+                           }}));
+  EXPECT_THAT(bench.toolkit.TakePrompts(),
+              ElementsAre("Initialisierung Konfigurationsdialog fehlgegangen"));
+  bench.In<FConfigEditor>([](FConfigEditor& dialog) { dialog.cmdOk.Click(); });
+  EXPECT_FALSE(OpenOptions(bench.Window(), {.store = [](frmtabgrid&, const FConfigEditor&) -> bool {
+                             throw std::runtime_error("no store");
+                           }}));
+  EXPECT_THAT(bench.toolkit.TakePrompts(),
+              ElementsAre("Zurückschreiben von Konfigurationsdialog fehlgegangen"));
 }
 
 }  // namespace

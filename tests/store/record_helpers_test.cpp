@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "store/ado_fro.h"
 #include "tests/support/failing_file_system.h"
@@ -136,6 +138,76 @@ TEST_F(RecordHelpersTest, FieldToTextShowsNullAsEmptyAndTheRestAsItIs) {
   EXPECT_EQ(text_of(platform::Null{}), "");
   EXPECT_EQ(text_of(kZero), kZero);
   EXPECT_EQ(text_of("Füllstand"), "Füllstand");
+}
+
+// An open recordset of somebody else's engine that can do nothing but close, and not even give up
+// an edit.
+class Broken : public platform::Recordset {
+ public:
+  bool open = true, closes = true;
+  bool pending = true;  // Close raises as long as CancelUpdate was not tried
+
+  void Close() override {
+    if (!closes || std::exchange(pending, false)) Fail();
+    open = false;
+  }
+  platform::ObjectState State() const override {
+    return open ? platform::ObjectState::kOpen : platform::ObjectState::kClosed;
+  }
+  void CancelUpdate() override { Fail(); }
+  void Update() override { Fail(); }
+
+  void SetSource(std::string_view) override { Fail(); }
+  void SetCursorLocation(platform::CursorLocation) override { Fail(); }
+  void SetCursorType(platform::CursorType) override { Fail(); }
+  void SetLockType(platform::LockType) override { Fail(); }
+  void SetCommandType(platform::CommandType) override { Fail(); }
+  void SetIndex(std::string_view) override { Fail(); }
+  void SetParameters(std::vector<Variant>) override { Fail(); }
+  void Open() override { Fail(); }
+  bool BOF() const override { Fail(); }
+  bool EOF_() const override { Fail(); }
+  std::int32_t RecordCount() const override { Fail(); }
+  void MoveFirst() override { Fail(); }
+  void MoveLast() override { Fail(); }
+  void MoveNext() override { Fail(); }
+  void MovePrevious() override { Fail(); }
+  std::int32_t AbsolutePosition() const override { Fail(); }
+  void SetAbsolutePosition(std::int32_t) override { Fail(); }
+  platform::Bookmark GetBookmark() const override { Fail(); }
+  void SetBookmark(platform::Bookmark) override { Fail(); }
+  std::shared_ptr<Recordset> Clone() override { Fail(); }
+  void SetFilter(std::string_view) override { Fail(); }
+  std::string Filter() const override { Fail(); }
+  void Find(std::string_view, platform::SearchDirection) override { Fail(); }
+  void Seek(const std::vector<Variant>&, platform::SeekOption) override { Fail(); }
+  std::vector<std::string> FieldNames() const override { Fail(); }
+  platform::Field& Fields(std::string_view) override { Fail(); }
+  platform::Field& Fields(std::size_t) override { Fail(); }
+  std::size_t FieldCount() const override { Fail(); }
+  platform::EditMode GetEditMode() const override { Fail(); }
+  void AddNew(const std::vector<std::string>&, const std::vector<Variant>&) override { Fail(); }
+  void AddNew() override { Fail(); }
+  void Delete() override { Fail(); }
+  void Requery() override { Fail(); }
+  void Resync() override { Fail(); }
+  platform::RowBlock GetRows(std::int32_t, const std::vector<std::string>&) override { Fail(); }
+
+ private:
+  [[noreturn]] static void Fail() {
+    throw platform::Error(platform::ErrorKind::kIo, 5, messages::Message::Verbatim("broken"));
+  }
+};
+
+TEST(CloseRecordset, ClosesAlsoWhenTheEditCannotBeGivenUp) {
+  for (const bool save : {false, true}) {
+    Broken rows;
+    EXPECT_TRUE(CloseRecordset(rows, save));
+    EXPECT_FALSE(rows.open);
+    Broken stuck;
+    stuck.closes = false;
+    EXPECT_FALSE(CloseRecordset(stuck, save)) << "it says so";
+  }
 }
 
 class AdoFroTest : public testing::Test {
