@@ -178,17 +178,17 @@ std::string HistoryFile::SetAside() {
   }
 }
 
-void HistoryFile::Shorten(const Ends& ends) {
+bool HistoryFile::Shorten(const Ends& ends) {
   const std::uint64_t count = ends.last_number - ends.first_number + 1;
-  if (ends.size == 0 || (count < 2 * kMostRecords && ends.size < 2 * kMostBytes)) return;
+  if (ends.size == 0 || (count < 2 * kMostRecords && ends.size < 2 * kMostBytes)) return false;
   const auto file = OpenForReading(system_, path_);
-  if (!file) return;
+  if (!file) return false;
   BackwardReader reader(*file);
-  if (!reader.ReadHeader()) return;
+  if (!reader.ReadHeader()) return false;
   Trailer before = reader.base();
   for (std::uint64_t kept = 0; !reader.AtBegin(); ++kept) {
     const auto trailer = reader.ReadTrailer();
-    if (!trailer) return;
+    if (!trailer) return false;
     const bool is_enough =
         kept == kMostRecords ||
         (kept > 0 && ends.size - reader.end() + kTrailer + trailer->length > kMostBytes);
@@ -201,6 +201,7 @@ void HistoryFile::Shorten(const Ends& ends) {
   std::string kept(ends.size - reader.end(), '\0');
   kept.resize(file->ReadAt(reader.end(), std::as_writable_bytes(std::span(kept))));
   files::ReplaceFile(system_, path_, contents + kept);
+  return true;
 }
 
 bool HistoryFile::ForEach(const std::function<bool(const Record&)>& visit) {

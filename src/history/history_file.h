@@ -40,8 +40,9 @@ class HistoryFile {
 
   // Gives the file another name. Raises files::Error. Returns that name.
   std::string SetAside();
-  // Leaves the last kMostRecords or kMostBytes when there are twice as many. Raises files::Error.
-  void Shorten(const Ends& ends);
+  // Leaves the last kMostRecords or kMostBytes when there are twice as many; whether there
+  // were. Raises files::Error.
+  bool Shorten(const Ends& ends);
 
   // Visits the records, the newest first, until `visit` returns false. A record that is being
   // written just now is left out. Returns whether all that was looked at is whole. Raises

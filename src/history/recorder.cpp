@@ -117,7 +117,7 @@ std::string Recorder::PathOf(const ChangedFile& file) const {
 
 void Recorder::Append(Record record, const RowSource& rows, files::ChangeSet& changes) {
   const std::string& path = file_.path();
-  if (system_.Exists(path) && !system_.IsWritable(path)) {
+  if (!system_.IsWritable(path) && system_.Exists(path)) {
     return Tell({message::kIsReadOnly, {{"<Path>", path}}});
   }
   auto ends = file_.ReadEnds();
@@ -125,8 +125,7 @@ void Recorder::Append(Record record, const RowSource& rows, files::ChangeSet& ch
     Tell({message::kSetAside, {{"<Path>", path}, {"<Name>", file_.SetAside()}}});
     ends.emplace();
   }
-  file_.Shorten(*ends);
-  ends = file_.ReadEnds();
+  if (file_.Shorten(*ends)) ends = file_.ReadEnds();
   if (!ends) return;
   std::string bytes = HistoryFile::Appended(*ends, record, rows);
   if (record.kind == Kind::kOperation) appended_ = Done{record.number, record.title};
