@@ -4,6 +4,9 @@
 #include <wx/hyperlink.h>
 #include <wx/menu.h>
 
+#include <map>
+#include <vector>
+
 #include "desktop/history_pane.h"
 #include "desktop/undo_texts.h"
 #include "project/project.h"
@@ -40,6 +43,13 @@ struct PlantWithFormula : support::SamplePlant {
   Lines Aliases() { return Rows("TvbfAlias", {"ID", "VBAlias"}); }
 };
 
+// In the list of aliases, from the tree and back to it.
+void RenameAlias(const std::string& name) {
+  Input({"key --delay 60 Home Down", "key F6 sleep 0.2", "key F9 sleep 0.8",
+         "key --delay 80 Tab Tab ctrl+a", "type --delay 40 " + name, "key Return sleep 0.9"});
+  Input({"key --delay 60 alt+F6"});
+}
+
 class Undo : public ::testing::Test {
  protected:
   Undo() { EXPECT_TRUE(program.Open()); }
@@ -51,12 +61,6 @@ class Undo : public ::testing::Test {
     const wxMenuItem& item = Entry(number);
     return (item.IsEnabled() ? "" : "(" + item.GetHelp().utf8_string() + ") ") +
            item.GetItemLabelText().utf8_string();
-  }
-  // In the list of aliases, from the tree and back to it.
-  void RenameAlias(const std::string& name) {
-    Input({"key --delay 60 Home Down", "key F6 sleep 0.2", "key F9 sleep 0.8",
-           "key --delay 80 Tab Tab ctrl+a", "type --delay 40 " + name, "key Return sleep 0.9"});
-    Input({"key --delay 60 alt+F6"});
   }
 
   PlantWithFormula plant;
@@ -89,6 +93,51 @@ TEST_F(Undo, GoesBackAndForthWithRowsAndCode) {
   EXPECT_EQ(plant.Aliases(), Lines{"1|TankLevel"});
   Input({"key alt+d sleep 0.4 key Return sleep 0.4"});
   EXPECT_EQ(plant.Aliases(), Lines{"1|Level"}) << "by the menu";
+}
+
+// One rename over forty classes: not one byte of them differs.
+TEST(UndoOfManyClasses, IsOneStepBackAndOneForth) {
+  constexpr int kClasses = 40;
+  files::MemoryFileSystem system;
+  std::map<std::string, std::string> classes;
+  for (int i = 1; i <= kClasses; ++i)
+    classes["C" + std::to_string(i)] = "Option Explicit\r\n' class " + std::to_string(i) + "\r\n";
+  support::PutProject(system, classes);
+  support::PutDatabase(system);
+  const texts::TextTable texts(texts::Language::kEnglish);
+  project::ProjectOptions options;
+  options.with_history = false;
+  {
+    project::Project project(system, support::kPlantDatabase, options, texts);
+    store::Operations& operations = project.operations();
+    ASSERT_TRUE(
+        operations.AddAliases(std::vector<store::AliasValues>{{"Plant.Level", "Level"}}).success());
+    for (int i = 1; i <= kClasses; ++i) {
+      const std::string number = std::to_string(i);
+      ASSERT_TRUE(operations.AddFormula({"Fill" + number, "PumpServer.C" + number}).success());
+      ASSERT_TRUE(
+          operations.AddArguments(i, std::vector<store::ArgumentValues>{{1, true}}).success());
+    }
+  }
+  const auto code = [&] {
+    std::map<std::string, std::string> files = system.Snapshot();
+    std::erase_if(files, [](const auto& file) { return !file.first.ends_with(".cls"); });
+    return files;
+  };
+  const auto before = code();
+  DesktopProgram program(system, texts::Language::kEnglish);
+  ASSERT_TRUE(program.Open());
+  RenameAlias("TankLevel");
+  const auto renamed = code();
+  ASSERT_EQ(renamed.size(), std::size_t{kClasses});
+  for (const auto& [path, text] : renamed)
+    EXPECT_NE(text.find("Public TankLevel as "), std::string::npos) << path;
+  Input({"key ctrl+z sleep 0.6"});
+  EXPECT_EQ(program.Status(), "Undone: Rename alias Level to TankLevel");
+  EXPECT_TRUE(code() == before);
+  Input({"key ctrl+y sleep 0.6"});
+  EXPECT_EQ(program.Status(), "Redone: Rename alias Level to TankLevel");
+  EXPECT_TRUE(code() == renamed);
 }
 
 TEST_F(Undo, FormulasComeBackIntoTheTree) {
