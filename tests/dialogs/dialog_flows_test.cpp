@@ -93,6 +93,17 @@ TEST_P(DialogFlows, MainJob) {
   EXPECT_THAT(bench.toolkit.TakePrompts(), IsEmpty());
 }
 
+TEST_P(DialogFlows, TheOnlyClassIsChosenAlready) {
+  support::PutProject(bench.plant.system, {{"COnly", "Option Explicit\r\n"}});
+  { const platform::UnitOfWorkScope looked_again(bench.plant.unit); }
+  bench.In<FFunction>([&](FFunction& dialog) {
+    EXPECT_EQ(dialog.cmbProgID.Text(), "PumpServer.COnly");
+    EXPECT_TRUE(dialog.cmdOk.Enabled());
+    dialog.cmdCancel.Click();
+  });
+  EXPECT_FALSE(AddFormula(context).added);
+}
+
 // While a dialog is open somebody else changes its row.
 TEST_P(DialogFlows, RowThatSomebodyElseChanged) {
   using platform::MessageResult;
