@@ -20,7 +20,7 @@ void RequireList(const std::string& bytes) {
   std::vector<exchange::RefusedLine> lines;
   for (const exchange::Problem& problem : contents.problems) {
     Require(problem.place.line > 0 && !problem.reason.empty());
-    lines.push_back({problem.place, problem.reason.English()});
+    lines.push_back({problem.place, "refused"});
   }
   for (const exchange::FormulaRow& row : contents.formulas) {
     for (const exchange::ArgumentRow& argument : row.arguments) {
