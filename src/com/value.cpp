@@ -290,8 +290,8 @@ struct AddToBlock {
 }  // namespace
 
 platform::RowBlock RowsOf(const VARIANT& given) {
-  const Value value = Value::CopyOf(given);
-  const VARIANT& plain = value.get();
+  if (given.vt & VT_BYREF) return RowsOf(Value::CopyOf(given).get());
+  const VARIANT& plain = given;  // a block may be large: no copy
   if (plain.vt != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(plain.parray) != 2) {
     Require(DISP_E_TYPEMISMATCH);
   }
