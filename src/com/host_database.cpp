@@ -34,18 +34,28 @@ namespace {
 // The unit of work over whatever was chosen last; what could not be put back is told with it.
 class HostDatabase::Unit final : public platform::UnitOfWork {
  public:
-  Unit(files::FileSystem& system, HostVbe* environment)
-      : system_(system), environment_(environment) {}
+  Unit(const Options& options, HostVbe* environment)
+      : options_(options), environment_(environment) {}
 
-  void UseEngine(const std::string& path, std::shared_ptr<recordset::JetConnection> connection) {
+  void UseEngine(std::shared_ptr<recordset::JetConnection> connection) {
     transaction_ = nullptr;
-    Use(path, std::make_unique<project::ConnectionParticipant>(std::move(connection)));
+    auto engine = std::make_unique<project::ConnectionParticipant>(std::move(connection));
+    const project::ConnectionParticipant& rows = *engine;
+    Use(std::move(engine));
+    history_.emplace(
+        *options_.files, options_.path, *unit_, [&rows] { return rows.database(); },
+        options_.author);
+    history_->RecordCodeOf(environment_);
+    if (!options_.with_history) history_->SwitchOff();
+    unit_->Enlist(*history_);
   }
-  void UseTransactions(const std::string& path, std::shared_ptr<platform::Connection> connection) {
+  void UseTransactions(std::shared_ptr<platform::Connection> connection) {
     auto transaction = std::make_unique<project::TransactionParticipant>(std::move(connection));
     transaction_ = transaction.get();
-    Use(path, std::move(transaction));
+    Use(std::move(transaction));
   }
+
+  history::Recorder* history() { return history_ ? &*history_ : nullptr; }
 
   void Begin() override { unit_->Begin(); }
   void SetTitle(const messages::Message& title) override { unit_->SetTitle(title); }
@@ -66,27 +76,31 @@ class HostDatabase::Unit final : public platform::UnitOfWork {
 
  private:
   // The database comes last: its transaction ends when all else has been collected.
-  void Use(const std::string& path, std::unique_ptr<files::Participant> database) {
+  void Use(std::unique_ptr<files::Participant> database) {
     assert(!IsOpen());
-    unit_.emplace(system_, path);
+    history_.reset();
+    unit_.emplace(*options_.files, options_.path);
     database_ = std::move(database);
     if (environment_) unit_->Enlist(*environment_);
     unit_->Enlist(*database_);
   }
 
-  files::FileSystem& system_;
+  const Options& options_;
   HostVbe* environment_;
   std::unique_ptr<files::Participant> database_;
   project::TransactionParticipant* transaction_ = nullptr;  // is database_, where rows are in one
   std::optional<files::JournalledUnitOfWork> unit_;
+  std::optional<history::Recorder> history_;  // of our engine
 };
 
 HostDatabase::HostDatabase(Options options, HostVbe* environment)
-    : options_(std::move(options)), unit_(std::make_unique<Unit>(*options_.files, environment)) {}
+    : options_(std::move(options)), unit_(std::make_unique<Unit>(options_, environment)) {}
 
 HostDatabase::~HostDatabase() = default;
 
 platform::UnitOfWork& HostDatabase::unit() { return *unit_; }
+
+history::Recorder* HostDatabase::history() { return unit_->history(); }
 
 void HostDatabase::Log(const messages::Message& message) const {
   if (options_.log) options_.log(message);
@@ -94,11 +108,11 @@ void HostDatabase::Log(const messages::Message& message) const {
 
 std::shared_ptr<platform::Connection> HostDatabase::Connect() {
   if (auto provided = TryProvider()) {
-    unit_->UseTransactions(options_.path, provided);
+    unit_->UseTransactions(provided);
     return provided;
   }
   auto own = std::make_shared<recordset::JetConnection>(*options_.files);
-  unit_->UseEngine(options_.path, own);
+  unit_->UseEngine(own);
   return own;
 }
 

@@ -8,6 +8,7 @@
 #include "com/ado_objects.h"
 #include "com/host_vbe.h"
 #include "files/file_system.h"
+#include "history/recorder.h"
 #include "messages/message.h"
 #include "platform/ado.h"
 #include "platform/unit_of_work.h"
@@ -27,6 +28,8 @@ class HostDatabase {
     std::string connection_string;  // for that path
     project::Provider provider = project::Provider::kAuto;
     AdoObjects objects = AdoObjects::Installed();
+    history::Author author;  // of the history's records
+    bool with_history = true;
     // Told which one was chosen, and why. May be empty.
     std::function<void(const messages::Message&)> log;
   };
@@ -41,6 +44,8 @@ class HostDatabase {
   // platform::Error when the provider is demanded and cannot open the file, or an interrupted
   // change must be settled first. REQUIRES: no unit is open, and what was given before is closed.
   std::shared_ptr<platform::Connection> Connect();
+  // Of our engine; null while the provider has the database, or nobody.
+  history::Recorder* history();
   // The same object always; nothing can be begun before the first Connect.
   platform::UnitOfWork& unit();
 

@@ -180,30 +180,40 @@ void HostModule::EndUnit() {
 
 bool HostModule::Restore() {
   if (!original_) return true;
-  const vbcode::TextLines before(*original_);
   if (fresh_ && ReadText() != source_->lines.text()) return false;
+  Become(*original_);
+  return true;
+}
+
+void HostModule::SetText(std::string_view text) {
+  Current();
+  if (in_unit_ && !original_) original_ = source_->lines.text();
+  Become(text);
+}
+
+// Marks and hidden attributes of the other lines stay.
+void HostModule::Become(std::string_view text) {
+  const vbcode::TextLines wanted{std::string(text)};
   const vbcode::TextLines now(ReadText());
-  // Only what differs is touched: marks and hidden attributes of the other lines stay.
-  const std::int32_t shorter = std::min(before.LineCount(), now.LineCount());
+  const std::int32_t shorter = std::min(wanted.LineCount(), now.LineCount());
   std::int32_t head = 0;
-  while (head < shorter && before.Line(head + 1) == now.Line(head + 1)) ++head;
+  while (head < shorter && wanted.Line(head + 1) == now.Line(head + 1)) ++head;
   std::int32_t tail = 0;
   while (tail < shorter - head &&
-         before.Line(before.LineCount() - tail) == now.Line(now.LineCount() - tail)) {
+         wanted.Line(wanted.LineCount() - tail) == now.Line(now.LineCount() - tail)) {
     ++tail;
   }
-  std::string text;
-  for (std::int32_t line = head + 1; line <= before.LineCount() - tail; ++line) {
-    if (line > head + 1) text += "\r\n";
-    text += before.Line(line);
-  }
-  const std::int32_t removed = now.LineCount() - head - tail;
-  if (removed > 0) module_.Get(L"DeleteLines", {Value(head + 1), Value(removed)});
-  if (before.LineCount() - head - tail > 0) {
-    module_.Get(L"InsertLines", {Value(head + 1), Value(text)});
+  std::string lines;
+  for (std::int32_t line = head + 1; line <= wanted.LineCount() - tail; ++line) {
+    if (line > head + 1) lines += "\r\n";
+    lines += wanted.Line(line);
   }
   fresh_ = false;
-  return true;
+  const std::int32_t removed = now.LineCount() - head - tail;
+  if (removed > 0) module_.Get(L"DeleteLines", {Value(head + 1), Value(removed)});
+  if (wanted.LineCount() - head - tail > 0) {
+    module_.Get(L"InsertLines", {Value(head + 1), Value(lines)});
+  }
 }
 
 }  // namespace com

@@ -50,6 +50,11 @@ class HostModule final : public platform::CodeModule {
   // Puts the text back that BeginUnit found; nothing when nothing was edited. False, changing
   // nothing, when somebody else changed it since our last edit.
   bool Restore();
+  // The text that BeginUnit found, where it was edited since.
+  const std::optional<std::string>& original() const { return original_; }
+  std::string Text() { return Current().lines.text(); }
+  // Makes the module hold that text; only lines that differ are touched.
+  void SetText(std::string_view text);
 
  private:
   class HostPane;
@@ -63,6 +68,8 @@ class HostModule final : public platform::CodeModule {
   const Source& Current();
   const vbfiles::Procedure& Require(const Source& source, std::string_view name,
                                     platform::ProcKind kind) const;
+  // What differs between the module and the text, as at most one deletion and one insertion.
+  void Become(std::string_view text);
   // Carries out an edit and reads what became of it.
   void Edit(const wchar_t* name, LateBound::Arguments arguments);
 

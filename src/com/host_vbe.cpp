@@ -1,18 +1,55 @@
 // SPDX-License-Identifier: MIT
 #include "com/host_vbe.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "com/failure.h"
 #include "com/messages.h"
+#include "platform/ado.h"
+#include "platform/error.h"
 #include "platform/text.h"
+#include "vbfiles/code_page.h"
 
 namespace com {
+
+namespace {
+
+// The environment has no name for the file of a component that was never saved.
+std::string FileOf(const LateBound& component) try {
+  return component.Get(L"FileNames", {Value(1)}).ToText();
+} catch (const Failure&) {
+  return {};
+}
+
+// One file has one spelling.
+std::string Spelled(std::string path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
+
+// What is visible of a module as bytes of its file, and back. A file ends its last line.
+std::string ToBytes(const std::string& name, const std::string& text) {
+  if (text.empty()) return {};
+  std::string bytes = vbfiles::CodePage::Get(vbfiles::CodePage::kWestern).NameFromUtf8(text);
+  if (bytes.empty()) {
+    throw platform::Error(platform::ErrorKind::kRefused, platform::kErrUnspecified,
+                          messages::Message(message::kNotInCodePage, {{"<Class>", name}}));
+  }
+  return bytes + "\r\n";
+}
+std::string ToText(std::string_view bytes) {
+  if (bytes.ends_with("\r\n")) bytes.remove_suffix(2);
+  return vbfiles::CodePage::Get(vbfiles::CodePage::kWestern).ToUtf8(bytes);
+}
+
+}  // namespace
 
 // The modules that were asked for, by component, and whether a unit of work is open.
 struct HostVbe::Modules {
   struct Entry {
     std::string name;  // "PumpServer.CPump"
+    std::string file;  // "" while it was never saved
     HostModule module;
   };
   std::map<std::string, std::unique_ptr<Entry>> entries;
@@ -22,7 +59,7 @@ struct HostVbe::Modules {
     auto& entry = entries[name];
     if (entry && !in_unit) entry->module.Rebind(component.Object(L"CodeModule"));
     if (!entry) {
-      entry.reset(new Entry{name, HostModule(component.Object(L"CodeModule"))});
+      entry.reset(new Entry{name, FileOf(component), HostModule(component.Object(L"CodeModule"))});
       if (in_unit) entry->module.BeginUnit();
     }
     return entry->module;
@@ -48,9 +85,7 @@ class HostVbe::Component final : public platform::VBComponent {
     const LateBound property = properties.Object(L"Item", {Value("Instancing")});
     return static_cast<platform::Instancing>(property.Get(L"Value").ToLong());
   }
-  std::string FileName() const override {
-    return component_.Get(L"FileNames", {Value(1)}).ToText();
-  }
+  std::string FileName() const override { return FileOf(component_); }
   platform::CodeModule* Module() override {
     if (!asked_ && component_.Object(L"CodeModule"))
       module_ = &modules_->Of(qualified_, component_);
@@ -145,6 +180,40 @@ void HostVbe::Restore() noexcept {
     }
     entry->module.EndUnit();
   }
+}
+
+// --- What the history records and takes back ---
+
+std::vector<files::FileChange> HostVbe::Changes() {
+  std::vector<files::FileChange> changes;
+  for (auto& [name, entry] : modules_->entries) {
+    if (!entry->module.original()) continue;
+    changes.push_back({entry->file.empty() ? name : entry->file,
+                       ToBytes(name, *entry->module.original()),
+                       ToBytes(name, entry->module.Text())});
+  }
+  return changes;
+}
+
+HostModule* HostVbe::FindModule(const std::string& path) {
+  for (const auto& project : VBProjects()) {
+    for (const auto& component : project->VBComponents()) {
+      const std::string file = component->FileName();
+      if (file.empty() || !platform::EqualsIgnoringCase(Spelled(file), Spelled(path))) continue;
+      return static_cast<HostModule*>(component->Module());
+    }
+  }
+  return nullptr;
+}
+
+std::optional<std::string> HostVbe::Read(const std::string& path) {
+  HostModule* const module = FindModule(path);
+  if (!module) return std::nullopt;
+  return ToBytes(path, module->Text());
+}
+
+void HostVbe::Write(const std::string& path, const std::string& contents) {
+  if (HostModule* const module = FindModule(path)) module->SetText(ToText(contents));
 }
 
 }  // namespace com

@@ -8,5 +8,6 @@ namespace com::message {
 
 inline constexpr messages::Pattern kCodeNotRestored{4001};
 inline constexpr messages::Pattern kChangedMeanwhile{4002};
+inline constexpr messages::Pattern kNotInCodePage{4476};
 
 }  // namespace com::message

@@ -9,12 +9,12 @@
 
 #include "check/project_parts.h"
 #include "desktop/change_preview.h"
-#include "desktop/formula_nodes.h"
 #include "desktop/pane_texts.h"
 #include "editor/node_key.h"
 #include "messages/error.h"
 #include "project/change_text.h"
 #include "store/project_rows.h"
+#include "studio/formula_nodes.h"
 
 namespace desktop {
 
@@ -207,7 +207,8 @@ void CheckList::Repair() {
   if (!confirmed) return;
   check::RepairResult result = Mend(parts, findings, {});
   if (!TellFailure(result.operation)) return;
-  FollowFormulas(own_.session, result.operation.rows);
+  studio::FollowFormulas(*own_.session.add_in().EditorWindow(), own_.session.studio(),
+                         result.operation.rows);
   editor->Reload();
   if (on_repaired) on_repaired();
   Show(std::move(result.left));

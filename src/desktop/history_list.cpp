@@ -41,7 +41,7 @@ void HistoryList::Open() {
   pane_.Open();
   Read();
   pane_.TakeKeyboard();
-  if (!undo_.On()) return messages_.Status(parts_.Text(kTextHistoryIsOff));
+  if (!project_.history().on()) return messages_.Status(parts_.Text(kTextHistoryIsOff));
   if (entries_.empty()) messages_.Status(parts_.Text(kTextNothingToUndo));
 }
 

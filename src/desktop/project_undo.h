@@ -7,10 +7,9 @@
 
 #include "desktop/window_messages.h"
 #include "desktop/window_parts.h"
-#include "files/file_system.h"
-#include "history/undo.h"
 #include "project/project.h"
 #include "studio/add_in_session.h"
+#include "studio/undo_steps.h"
 
 namespace desktop {
 
@@ -19,18 +18,11 @@ class ProjectUndo {
  public:
   // All of it outlives this object.
   ProjectUndo(const WindowParts& parts, const WindowMessages& messages, project::Project& opened,
-              studio::AddInSession& session)
-      : parts_(parts), messages_(messages), project_(opened), session_(session) {}
+              studio::AddInSession& session);
 
-  // What would be taken back and done again; nothing where there is nothing.
-  struct Next {
-    std::optional<history::Candidate> undo, redo;
-  };
   // Reads the end of the history when that is another one than at the last call. True then.
   bool Look();
-  const Next& next() const { return next_; }
-  // Whether operations leave a record at all.
-  bool On() const { return project_.history().on(); }
+  const studio::UndoSteps& steps() const { return steps_; }
 
   // The operation of the number, or the next one. A refusal is told with what stands in the way.
   void Undo(std::optional<std::uint64_t> number = std::nullopt) { Run(true, number); }
@@ -40,15 +32,11 @@ class ProjectUndo {
 
  private:
   void Run(bool undo, std::optional<std::uint64_t> number);
-  void ShowProblems();
 
   const WindowParts& parts_;
   const WindowMessages& messages_;
   project::Project& project_;
-  studio::AddInSession& session_;
-  std::optional<files::FileStamp> seen_;  // of the history when next_ was read
-  bool looked_ = false;
-  Next next_;
+  studio::UndoSteps steps_;
 };
 
 }  // namespace desktop

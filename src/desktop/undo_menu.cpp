@@ -80,13 +80,8 @@ void UndoMenu::Show() {
 void UndoMenu::ShowEntry(bool undo) {
   wxMenuItem& item = undo ? *undo_item_ : *redo_item_;
   const std::string reason = WhyNot(undo);
-  std::string caption = texts_.Text(undo ? kTextUndoLast : kTextRedoLast);
-  if (reason.empty()) {
-    const ProjectUndo::Next& next = undo_->next();
-    const std::string title = texts_.Sentence((undo ? next.undo : next.redo)->title);
-    caption = texts_.Text(undo ? kTextUndoOf : kTextRedoOf,
-                          {{"<Title>", wx::FromWx(wx::ToLabel(title))}});
-  }
+  const std::string caption =
+      undo_ ? undo_->steps().Caption(undo) : texts_.Text(undo ? kTextUndoLast : kTextRedoLast);
   item.SetItemLabel(wx::ToWx(caption));
   item.SetHelp(wx::ToWx(reason));
   item.Enable(reason.empty());
@@ -95,10 +90,7 @@ void UndoMenu::ShowEntry(bool undo) {
 
 std::string UndoMenu::WhyNot(bool undo) const {
   if (!undo_) return texts_.Text(kTextNoProjectOpen);
-  if (!undo_->On()) return texts_.Text(kTextHistoryIsOff);
-  const ProjectUndo::Next& next = undo_->next();
-  if (undo ? next.undo.has_value() : next.redo.has_value()) return {};
-  return texts_.Text(undo ? kTextNothingToUndo : kTextNothingToRedo);
+  return undo_->steps().WhyNot(undo);
 }
 
 }  // namespace desktop

@@ -1,25 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The texts of undo, history and check, by the numbers of the text table (texts/window_rows.cpp).
 #pragma once
+
+#include "studio/undo_texts.h"
 
 namespace desktop {
 
-enum UndoText : int {
-  kTextMenuEdit = 3800,
-  kTextUndoLast,
-  kTextRedoLast,
-  kTextUndoOf,
-  kTextRedoOf,
-  kTextUndone,
-  kTextRedone,
-  kTextHistoryIsOff,
-  kTextHistoryUnreadable,
-  kTextHistory,
-  kTextNoProjectOpen,
-
-  // The history's own (texts/history_rows.cpp).
-  kTextNothingToUndo = 3352,
-  kTextNothingToRedo = 3353,
-};
+using enum studio::UndoText;
 
 }  // namespace desktop

@@ -54,18 +54,6 @@ std::vector<std::int32_t> SelectedIdsOf(const forms::Grid& grid) {
   return ids;
 }
 
-// The node that takes the place of a deleted one: the next sibling, else the previous one, else
-// the folder.
-std::string Neighbour(platform::AddIn& studio, const std::string& key) {
-  const std::vector<std::string> keys = studio.ChildKeys(kFormulasKey, 1);
-  const auto found = std::find(keys.begin(), keys.end(), key);
-  if (found != keys.end()) {
-    if (found + 1 != keys.end()) return *(found + 1);
-    if (found != keys.begin()) return *(found - 1);
-  }
-  return std::string(kFormulasKey);
-}
-
 }  // namespace
 
 void Commands::Run(std::string_view tool_name) {
@@ -96,6 +84,13 @@ void Commands::mnuFunction(std::int16_t action) {
   if (action == kShowCode) ShowCode(id);
   if (action == kCopy) lists_.CopyFormula(id);
   if (action == kDuplicate) lists_.Duplicate(id);
+}
+
+void Commands::mnuEdit(std::int16_t action) {
+  UndoEntries* const entries = context_.services.undo;
+  if (!entries) return;
+  const std::string reason = entries->Look(action == kUndo).reason;
+  reason.empty() ? entries->Run(action == kUndo) : Say(reason);
 }
 
 void Commands::mnuParameter(std::int16_t action) {

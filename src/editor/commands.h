@@ -28,6 +28,7 @@ enum Action : std::int16_t {
   kPaste = 6
 };
 enum GridAction : std::int16_t { kEditCell = 0, kCopyRows = 1, kPasteCell = 2 };
+enum EditAction : std::int16_t { kUndo = 0, kRedo = 1 };
 enum ExtraAction : std::int16_t { kRefresh = 0, kStatistics = 1, kOptions = 2, kReport = 7 };
 
 // The commands behind the tools. Formula commands concern the node of the tree's context, argument
@@ -53,6 +54,8 @@ class Commands {
   // Cells and rows of the grid that is shown.
   void mnuGrid(std::int16_t action);
   void mnuExtra(std::int16_t action);
+  // Takes the last operation back or does it again, where the editor's menu offers that.
+  void mnuEdit(std::int16_t action);
 
  private:
   using AliasUse = std::pair<std::int32_t, std::vector<store::FormulaRecord>>;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "dialogs/item_notes.h"
+#include "editor/undo_entries.h"
 #include "platform/help.h"
 #include "platform/studio.h"
 #include "platform/toolkit.h"
@@ -29,6 +30,7 @@ struct Services {
   dialogs::ItemNotes* notes = nullptr;
   bool moves_take_code = false;  // of formulas to another class, until the user chooses otherwise
   bool offers_uses = false;      // a new name offers to change its uses in procedures
+  UndoEntries* undo = nullptr;   // null: the editor's menu offers none
 };
 
 // What the editor window asks of the add-in that owns it.

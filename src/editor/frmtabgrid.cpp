@@ -44,6 +44,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
       parameter_splitter_(pctParamTabSplit, tdbP),
       alias_splitter_(pctAliasTabSplit, tdbA) {
   BuildBands(abr, context_.Lookup());
+  abr.FindTool(kEditTool)->SetVisible(context_.services.undo != nullptr);
   tdbP.AddSplit(kIdentifierWidth).AddColumn("AliasID", kIdentifierWidth);
   forms::Split& flags = tdbP.AddSplit(0);
   flags.AddColumn("In", kColumnWidth).SetKind(forms::ColumnKind::kCheckBox);
@@ -78,6 +79,7 @@ void frmtabgrid::WireEvents() {
     const bool opened_by_bar =
         band.Name() == kFunctionBand || band.Name() == kParameterBand || band.Name() == kAliasBand;
     if (opened_by_bar && !toolbar_flag_) MenuSwitcher(key_, toolbar_flag_);
+    if (band.Name() == kEditBand) ShowUndo();
   };
   cVBF.SetNeedFunctionName([this](std::string& name) {
     name = context_.studio->NodeInformation(key_, platform::kNodeInformationText);
@@ -113,6 +115,19 @@ void frmtabgrid::WireEvents() {
       grid.SetFocus();
     }
   };
+}
+
+// What they take back, or why they cannot.
+void frmtabgrid::ShowUndo() {
+  UndoEntries* const entries = context_.services.undo;
+  if (!entries) return;
+  for (const bool undo : {true, false}) {
+    const UndoEntries::Entry entry = entries->Look(undo);
+    abr.FindTool(undo ? kUndoTool : kRedoTool)
+        ->SetCaption(entry.caption)
+        .SetEnabled(entry.reason.empty())
+        .SetDisabledReason(entry.reason);
+  }
 }
 
 void frmtabgrid::OnLoad() {
@@ -299,6 +314,7 @@ void frmtabgrid::abr_ToolClick(forms::Tool& tool) {
 
 void frmtabgrid::RunTool(std::string_view name) {
   MenuSwitcher(key_, false);
+  if (name == kUndoTool || name == kRedoTool) ShowUndo();  // its menu may never have been open
   abr_ToolClick(*abr.FindTool(name));
 }
 

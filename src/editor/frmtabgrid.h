@@ -115,6 +115,7 @@ class frmtabgrid : public forms::Form,
   void OnLoad();
   void OnQueryUnload(bool& cancel, forms::CloseReason reason);
   void ShowHostWindow();
+  void ShowUndo();
   void SaveSettings();
   void RebindGrid(forms::Grid& grid, bool other_rows);
   void ShowEmptyText();

@@ -66,7 +66,9 @@ void GridEditing::Wire(forms::Grid& grid, const GridKind& kind) {
 // --- Keys and mouse ---
 
 void GridEditing::OnKey(forms::Grid& grid, const GridKind& kind, forms::KeyEvent& event) {
-  if (const ToolRow* tool = FindToolOfKey(kind.band, event.key_code, event.shift)) {
+  const ToolRow* tool = FindToolOfKey(kind.band, event.key_code, event.shift);
+  if (!tool && context_.services.undo) tool = FindToolOfKey(kEditBand, event.key_code, event.shift);
+  if (tool) {
     event.handled = true;
     owner_.RunTool(tool->name);
     return;

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "editor/node_key.h"
 
+#include <algorithm>
+#include <vector>
+
+#include "platform/studio.h"
 #include "platform/variant.h"
 
 namespace editor {
@@ -42,5 +46,15 @@ std::int32_t HelpTopic(std::string_view key) {
 }
 
 std::string FormulaKey(std::int32_t id) { return std::string(kFormulaKind) + std::to_string(id); }
+
+std::string Neighbour(platform::AddIn& studio, const std::string& key) {
+  const std::vector<std::string> keys = studio.ChildKeys(kFormulasKey, 1);
+  const auto found = std::find(keys.begin(), keys.end(), key);
+  if (found != keys.end()) {
+    if (found + 1 != keys.end()) return *(found + 1);
+    if (found != keys.begin()) return *(found - 1);
+  }
+  return std::string(kFormulasKey);
+}
 
 }  // namespace editor

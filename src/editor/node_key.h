@@ -6,6 +6,10 @@
 #include <string>
 #include <string_view>
 
+namespace platform {
+class AddIn;
+}
+
 namespace editor {
 
 inline constexpr std::string_view kRootKind = "FOR0";
@@ -36,5 +40,9 @@ std::int32_t HelpTopic(std::string_view key);
 
 // Key of the node of a formula.
 std::string FormulaKey(std::int32_t id);
+
+// The node that takes the place of a formula's that goes: the next sibling, else the previous one,
+// else the folder.
+std::string Neighbour(platform::AddIn& studio, const std::string& key);
 
 }  // namespace editor

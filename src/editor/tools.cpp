@@ -23,6 +23,8 @@ constexpr ToolKey kEditorKey{"Alt+F6", forms::kKeyF6, forms::kAlt};
 constexpr ToolKey kCellKey{"F2"};
 constexpr ToolKey kCopyKey{"Ctrl+C", 'C', forms::kControl};
 constexpr ToolKey kPasteKey{"Ctrl+V", 'V', forms::kControl};
+constexpr ToolKey kUndoKey{"Ctrl+Z", 'Z', forms::kControl};
+constexpr ToolKey kRedoKey{"Ctrl+Y", 'Y', forms::kControl};
 
 constexpr auto kCommand = ToolKind::kCommand;
 constexpr auto kFunction = &Commands::mnuFunction;
@@ -30,6 +32,7 @@ constexpr auto kParameter = &Commands::mnuParameter;
 constexpr auto kAlias = &Commands::mnuAlias;
 constexpr auto kGrid = &Commands::mnuGrid;
 constexpr auto kExtra = &Commands::mnuExtra;
+constexpr auto kEdits = &Commands::mnuEdit;
 
 // Every tool once.
 constexpr ToolRow kTools[] = {
@@ -61,6 +64,9 @@ constexpr ToolRow kTools[] = {
     {"mnuOptionReport", 165, kCommand, kNoKey, "report", 0, kExtra, kReport},
     {"mnuOptionSep1", 0, ToolKind::kSeparator},
     {"mnuOptionOption", 163, kCommand, kNoKey, "options", 0, kExtra, kOptions},
+    {kUndoTool, 3801, kCommand, kUndoKey, "", 0, kEdits, kUndo},
+    {kRedoTool, 3802, kCommand, kRedoKey, "", 0, kEdits, kRedo},
+    {kEditTool, 3800, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kEditBand},
     {"mnuFunctions", 121, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kFunctionBand},
     {"mnuParameters", 150, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kParameterBand},
     {"mnuAliases", 131, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kAliasBand},
@@ -89,7 +95,8 @@ const BandRow kBands[] = {
     {kOptionBand,
      {"mnuOptionActualize", "mnuOptionsSep0", "mnuOptionStatistik", "mnuOptionReport",
       "mnuOptionSep1", "mnuOptionOption"}},
-    {kMainBand, {"mnuFunctions", "mnuParameters", "mnuAliases", "mnuOptions"}},
+    {kEditBand, {kUndoTool, kRedoTool}},
+    {kMainBand, {kEditTool, "mnuFunctions", "mnuParameters", "mnuAliases", "mnuOptions"}},
     {kShowEditorBand, {"mnuShowEditorHelper", kShowEditorTool}},
     {kArgumentToolbar,
      {"mnuFunctionNew", "mnuFunctionShowCode", "tbrSep0", "mnuParameterNew", "mnuParameterEdit",

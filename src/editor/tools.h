@@ -15,6 +15,7 @@ inline constexpr const char* kFunctionBand = "mnuFunction";
 inline constexpr const char* kParameterBand = "mnuParameter";
 inline constexpr const char* kAliasBand = "mnuAlias";
 inline constexpr const char* kOptionBand = "mnuOption";
+inline constexpr const char* kEditBand = "mnuEdit";
 inline constexpr const char* kShowEditorBand = "mnuShowEditorHelper";
 // What the function toolbar shows in the two views.
 inline constexpr const char* kArgumentToolbar = "tbrArguments";
@@ -22,6 +23,11 @@ inline constexpr const char* kAliasToolbar = "tbrAliases";
 
 // Shows the editor from the tree's menus; it is no command of the window.
 inline constexpr const char* kShowEditorTool = "mnuShowEditor";
+
+// In the menu bar, where the editor takes operations back itself.
+inline constexpr const char* kEditTool = "mnuEdits";
+inline constexpr const char* kUndoTool = "mnuUndo";
+inline constexpr const char* kRedoTool = "mnuRedo";
 
 class Commands;
 

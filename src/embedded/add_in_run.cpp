@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "embedded/add_in_run.h"
 
+#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -17,8 +18,11 @@
 #include "embedded/pictures.h"
 #include "embedded/runtime.h"
 #include "embedded/toolkit.h"
+#include "embedded/undo.h"
 #include "embedded/window_system.h"
+#include "files/account.h"
 #include "files/file_system.h"
+#include "project/history_setting.h"
 #include "project/item_file.h"
 #include "project/provider_setting.h"
 #include "store/ado_fro.h"
@@ -35,6 +39,11 @@ constexpr std::int32_t kFault = 4004;
 std::string ItemsPath(const std::string& database) {
   files::FileSystem& system = files::RealFileSystem();
   return system.Join(system.Folder(database), "items.csv");
+}
+
+std::int64_t SecondsNow() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::seconds>(now).count();
 }
 
 // Everything that the add-in is made of, in the order in which it is needed.
@@ -56,9 +65,13 @@ class Parts {
         database_({.path = path_,
                    .connection_string = store::ProjectConnectionString(path_),
                    .provider = project::ProviderOf(settings_),
+                   .author = {files::AccountAtComputer(), "OVFormulaEditor", SecondsNow},
+                   .with_history = project::KeepsHistory(settings_),
                    .log = [this](const auto& said) { com::AddToHostLog(texts_.Sentence(said)); }},
                   environment_.get()),
-        items_file_(files::RealFileSystem(), ItemsPath(path_), false) {
+        items_file_(files::RealFileSystem(), ItemsPath(path_), false),
+        undo_(
+            texts_, database_, [this] { return add_in_->EditorWindow(); }, *studio_) {
     if (active_) {
       throw platform::Error(platform::ErrorKind::kRefused, platform::kErrObjectOpen,
                             messages::Message::Verbatim(texts_.Text(kRunsAlready)));
@@ -70,10 +83,10 @@ class Parts {
       items_.emplace(given.studio.Object(com::names::kItems));
     }
     store::ADOFRO::SetConnectionFactory([this] { return database_.Connect(); });
-    add_in_.emplace(
-        editor::Services{toolkit_, window_system_, settings_, help_, objects_, database_.unit(),
-                         items_ ? static_cast<platform::OVItems*>(&*items_) : &items_file_,
-                         components_ ? &*components_ : nullptr, nullptr, nullptr, true});
+    add_in_.emplace(editor::Services{
+        toolkit_, window_system_, settings_, help_, objects_, database_.unit(),
+        items_ ? static_cast<platform::OVItems*>(&*items_) : &items_file_,
+        components_ ? &*components_ : nullptr, nullptr, nullptr, true, false, &undo_});
     active_ = this;
     runtime_->on_exception = [this] { TellOfException(); };
   }
@@ -126,6 +139,7 @@ class Parts {
   std::string path_;
   com::HostDatabase database_;
   project::ItemFile items_file_;
+  Undo undo_;
   std::optional<com::HostComponentList> components_;
   std::optional<com::HostItems> items_;
   std::optional<addin::Connect> add_in_;

@@ -82,13 +82,15 @@ Record Recorder::MakeRecord(const files::ChangeSet& changes, std::size_t row_cou
   record.target = revert_.target;
   record.who = author_.who;
   record.program = author_.program;
-  for (const files::FileChange& change : changes.files) {
-    if (change.before == change.after) continue;
+  const auto add = [&](const files::FileChange& change) {
+    if (change.before == change.after) return;
     ChangedFile file{Shown(change.path), {}, {}, RangesOf(change)};
     if (change.before) file.before = FileVersion{change.before->size(), change.before.Hash()};
     if (change.after) file.after = FileVersion{change.after->size(), change.after.Hash()};
     record.files.push_back(std::move(file));
-  }
+  };
+  std::ranges::for_each(changes.files, add);
+  if (open_code_) std::ranges::for_each(open_code_->Changes(), add);
   record.title = unit_.title().empty() ? TitleOf(record, row_count) : unit_.title();
   if (record.kind != Kind::kOperation) record.title = revert_.title;
   return record;

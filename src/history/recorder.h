@@ -12,6 +12,7 @@
 #include "files/file_system.h"
 #include "files/unit_of_work.h"
 #include "history/history_file.h"
+#include "history/open_code.h"
 #include "history/record.h"
 #include "jet/database.h"
 #include "messages/message.h"
@@ -35,6 +36,9 @@ class Recorder final : public files::Participant {
   Recorder(files::FileSystem& system, const std::string& database_path,
            const files::JournalledUnitOfWork& unit, std::function<jet::Database*()> database,
            Author author);
+  // Code that changes elsewhere than in files belongs into the records, too. Null: there is none.
+  void RecordCodeOf(OpenCode* code) { open_code_ = code; }
+  OpenCode* open_code() const { return open_code_; }
 
   // Off: operations leave no record from now on.
   void SwitchOff() { on_ = false; }
@@ -85,6 +89,7 @@ class Recorder final : public files::Participant {
   Author author_;
   HistoryFile file_;
   std::string folder_;  // of the database
+  OpenCode* open_code_ = nullptr;
   bool on_ = true;
   Revert revert_;
   std::optional<Done> appended_;  // in the open unit

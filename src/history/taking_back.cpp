@@ -163,17 +163,16 @@ std::string_view FromLine(std::string_view text, std::int64_t line) {
 
 class FileTaker {
  public:
-  FileTaker(files::FileSystem& system, const ChangedFile& file, std::string path)
-      : system_(system), file_(file), path_(std::move(path)) {}
+  FileTaker(const ChangedFile& file, std::string path) : file_(file), path_(std::move(path)) {}
 
-  // Raises files::Error.
-  std::optional<messages::Message> Take(std::vector<files::FileChange>& changes) {
-    const bool exists = system_.Exists(path_);
-    const std::string now = exists ? files::ReadFile(system_, path_) : std::string();
+  // `contents`: what the file holds now; nothing when it is not there.
+  std::optional<messages::Message> Take(const std::optional<std::string>& contents,
+                                        std::vector<files::FileChange>& changes) {
+    const std::string now = contents.value_or(std::string());
     files::FileChange change{path_, {}, {}};
-    if (exists) change.before = now;
-    if (file_.after && !exists) return Say(message::kFileIsMissing);
-    if (!file_.after && exists) return Say(message::kFileIsThere);
+    if (contents) change.before = now;
+    if (file_.after && !contents) return Say(message::kFileIsMissing);
+    if (!file_.after && contents) return Say(message::kFileIsThere);
     if (!file_.before && !(VersionOf(now) == *file_.after)) return Say(message::kFileDiffers);
     if (file_.before) {
       TakenBack back = TakeBack(now, file_);
@@ -197,7 +196,6 @@ class FileTaker {
              {"<Found>", FirstLines(FromLine(now, range.line_after))}}};
   }
 
-  files::FileSystem& system_;
   const ChangedFile& file_;
   std::string path_;
 };
@@ -291,12 +289,23 @@ std::vector<store::RowChange> RowChangesOf(const Record& record) {
   return changes;
 }
 
-Obstacles TakeFilesBack(files::FileSystem& system, const files::Reach& reach,
-                        const Recorder& recorder, const Record& record,
-                        std::vector<files::FileChange>& changes) {
+Obstacles TakeCodeBack(files::FileSystem& system, const files::Reach& reach,
+                       const Recorder& recorder, const Record& record, CodeBack& back) {
   Obstacles obstacles;
+  const auto take = [&](const ChangedFile& file, const std::string& path,
+                        const std::optional<std::string>& contents,
+                        std::vector<files::FileChange>& changes) {
+    if (auto obstacle = FileTaker(file, path).Take(contents, changes))
+      obstacles.push_back(std::move(*obstacle));
+  };
   for (const ChangedFile& file : record.files) {
     std::string path = recorder.PathOf(file);
+    if (OpenCode* const code = recorder.open_code()) {
+      if (const auto contents = code->Read(path)) {
+        take(file, path, contents, back.open);
+        continue;
+      }
+    }
     try {
       path = files::ResolveTarget(system, path);
     } catch (const files::Error&) {
@@ -305,8 +314,10 @@ Obstacles TakeFilesBack(files::FileSystem& system, const files::Reach& reach,
     }
     if (!reach || !reach(path)) {
       obstacles.push_back({message::kFileOutside, {{"<Path>", path}}});
-    } else if (auto obstacle = FileTaker(system, file, path).Take(changes)) {
-      obstacles.push_back(std::move(*obstacle));
+    } else if (system.Exists(path)) {
+      take(file, path, files::ReadFile(system, path), back.files);
+    } else {
+      take(file, path, std::nullopt, back.files);
     }
   }
   return obstacles;

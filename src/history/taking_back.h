@@ -26,10 +26,14 @@ void PutRowsBack(jet::Database& database, const Record& record);
 // The rows as an operation's answer names them.
 std::vector<store::RowChange> RowChangesOf(const Record& record);
 
-// Reads every file of the record and adds what has to be written. Raises files::Error.
-Obstacles TakeFilesBack(files::FileSystem& system, const files::Reach& reach,
-                        const Recorder& recorder, const Record& record,
-                        std::vector<files::FileChange>& changes);
+// What has to become of the code that a record names.
+struct CodeBack {
+  std::vector<files::FileChange> files;
+  std::vector<files::FileChange> open;  // of modules that an environment has open
+};
+// Reads the code and adds what has to be written. Raises files::Error.
+Obstacles TakeCodeBack(files::FileSystem& system, const files::Reach& reach,
+                       const Recorder& recorder, const Record& record, CodeBack& back);
 
 // Rows that would hang in the air: an argument without formula or alias.
 Obstacles CheckReferences(jet::Database& database, const Record& record);

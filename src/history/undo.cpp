@@ -117,15 +117,20 @@ Reverted UndoRedo::Run(bool undo, std::optional<std::uint64_t> number,
     jet::Database& database = *parts_.recorder.database();
     Obstacles obstacles = CheckRows(database, course.last);
     const std::size_t rows = course.last.rows.size() - obstacles.size();
-    std::ranges::move(
-        TakeFilesBack(parts_.system, parts_.reach, parts_.recorder, course.last, reverted.files),
-        std::back_inserter(obstacles));
+    CodeBack code;
+    std::ranges::move(TakeCodeBack(parts_.system, parts_.reach, parts_.recorder, course.last, code),
+                      std::back_inserter(obstacles));
+    reverted.files = code.files;
     if (!obstacles.empty()) {
-      obstacles.push_back({message::kRest, {{"<Rows>", rows}, {"<Files>", reverted.files.size()}}});
+      const std::size_t files = code.files.size() + code.open.size();
+      obstacles.push_back({message::kRest, {{"<Rows>", rows}, {"<Files>", files}}});
     } else {
       obstacles = PutRowsBackOrSay(database, course.last);
     }
     if (!obstacles.empty()) return Refused(refusal, AsLines(obstacles));
+    for (const files::FileChange& change : code.open) {
+      parts_.recorder.open_code()->Write(change.path, change.after ? *change.after : std::string());
+    }
     last = std::move(course.last);
     parts_.recorder.Reverting(
         {undo ? Kind::kUndo : Kind::kRedo,

@@ -52,6 +52,7 @@ std::span<const Area> Areas() {
       {"plant", 4300, 4399, PlantRows()},
       {"conflict", 4400, 4449, ConflictRows()},
       {"messages of the provider", 4450, 4474, ProviderRows()},
+      {"studio", 4475, 4499, StudioRows()},
       {"coding", 4650, 4749, CodingRows()},
       {"notice", 4850, 4899, NoticeRows()},
   });

@@ -191,6 +191,7 @@ struct NativeList::State {
     const int margin = list->FromDIP(kTextMargin);
     const int width = std::max(0, Rows().GetClientSize().GetWidth() - 2 * margin);
     empty_text->Wrap(width);
+    empty_text->InvalidateBestSize();  // a label of a fixed size keeps that of its last text
     empty_text->SetSize(margin, margin, width, empty_text->GetBestSize().GetHeight());
   }
 };

@@ -96,6 +96,16 @@ void MainJob(const Files& files, const std::wstring& steps) {
     driver.Press({VK_LEFT, VK_RETURN});
     driver.AwaitGone(dialog);
     job.Keep("5_delete");
+
+    driver.Press(VK_F6, Driver::kAlt);
+    driver.AwaitTrue("the editor", [&] { return driver.Active() == editor; });
+    driver.Settle();
+    driver.Press('Z', Driver::kControl);
+    driver.AwaitTrue("the formula again", [&] { return studio.object().Has(L"FORF1"); });
+    job.Keep("6_undo");
+    driver.Press('Y', Driver::kControl);
+    driver.AwaitTrue("its end again", [&] { return !studio.object().Has(L"FORF1"); });
+    job.Keep("7_redo");
   });
   studio.Terminate();
   studio.Unload();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/formula_nodes.h"
+#include "studio/formula_nodes.h"
 
 #include <algorithm>
 #include <string>
@@ -8,7 +8,7 @@
 #include "editor/node_key.h"
 #include "store/project_rows.h"
 
-namespace desktop {
+namespace studio {
 
 namespace {
 
@@ -20,22 +20,14 @@ std::int32_t FormulaOf(const store::RowChange& change) {
   return id == change.members.end() ? 0 : id->second.ToLong();
 }
 
-// The node that is selected when the one of the key goes: the next one, else the previous one,
-// else the folder.
-std::string Neighbour(const studio::StudioTree& tree, const std::string& key) {
-  const studio::StudioNode* node = tree.Find(key);
-  if (!node || !node->parent) return std::string(editor::kFormulasKey);
-  const auto& siblings = node->parent->children;
-  const auto found = std::ranges::find(siblings, node);
-  if (found + 1 != siblings.end()) return (*(found + 1))->key;
-  return found != siblings.begin() ? (*(found - 1))->key : node->parent->key;
+bool Has(platform::AddIn& studio, const std::string& key) {
+  return std::ranges::count(studio.ChildKeys(editor::kFormulasKey, 1), key) > 0;
 }
 
 }  // namespace
 
-void FollowFormulas(studio::AddInSession& session, const std::vector<store::RowChange>& rows) {
-  editor::frmtabgrid& editor = *session.add_in().EditorWindow();
-  studio::Studio& studio = session.studio();
+void FollowFormulas(editor::frmtabgrid& editor, platform::AddIn& studio,
+                    const std::vector<store::RowChange>& rows) {
   std::string selected = editor.CurrentKey();
   for (const store::RowChange& row : rows) {
     const std::int32_t id = FormulaOf(row);
@@ -43,10 +35,10 @@ void FollowFormulas(studio::AddInSession& session, const std::vector<store::RowC
     const std::string key = editor::FormulaKey(id);
     const auto formula = editor.operations().FindFormula(id);
     if (!formula) {
-      if (selected == key) selected = Neighbour(studio.tree(), key);
+      if (selected == key) selected = editor::Neighbour(studio, key);
       if (selected != editor.CurrentKey()) studio.SelectNode(selected);
       studio.RemoveNode(key);
-    } else if (studio.tree().Find(key)) {
+    } else if (Has(studio, key)) {
       studio.SetNodeText(key, formula->name);
     } else {
       studio.AddNode(editor::kFormulasKey, formula->name, key, "", editor::KeyIcon(key),
@@ -54,15 +46,14 @@ void FollowFormulas(studio::AddInSession& session, const std::vector<store::RowC
       selected = key;
     }
   }
-  const studio::StudioNode* node = studio.tree().Find(selected);
-  if (!node) return;
-  const std::string text = node->text;
+  if (selected != editor.CurrentKey()) studio.SelectNode(selected);
+  const std::string text = studio.NodeInformation(selected, platform::kNodeInformationText);
+  if (text.empty()) return;
   if (selected == editor.CurrentKey()) {
     editor.MakeMyCaption(selected, text);
   } else {
-    studio.SelectNode(selected);
     editor.ShowNode(selected, text);
   }
 }
 
-}  // namespace desktop
+}  // namespace studio
