@@ -44,7 +44,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
       parameter_splitter_(pctParamTabSplit, tdbP),
       alias_splitter_(pctAliasTabSplit, tdbA) {
   BuildBands(abr, context_.Lookup());
-  abr.FindTool(kEditTool)->SetVisible(context_.services.undo != nullptr);
+  ShowUndoTools(abr, context_.services.undo != nullptr);
   tdbP.AddSplit(kIdentifierWidth).AddColumn("AliasID", kIdentifierWidth);
   forms::Split& flags = tdbP.AddSplit(0);
   flags.AddColumn("In", kColumnWidth).SetKind(forms::ColumnKind::kCheckBox);

@@ -122,6 +122,10 @@ const ToolRow* FindToolOfKey(std::string_view band, std::int16_t code, std::int1
   return nullptr;
 }
 
+void ShowUndoTools(forms::MenuControl& menu, bool shown) {
+  for (const char* name : {kEditTool, kUndoTool, kRedoTool}) menu.FindTool(name)->SetVisible(shown);
+}
+
 void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text) {
   for (const BandRow& band_row : kBands) {
     forms::Band& band = menu.AddBand(band_row.name);
@@ -135,6 +139,7 @@ void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text) {
       if (row.tip != 0) tool.SetToolTip(text(row.tip));
     }
   }
+  ShowUndoTools(menu, false);
   menu.SetMenuBar(kMainBand);
 }
 

@@ -56,7 +56,11 @@ const ToolRow* FindToolRow(std::string_view name);
 // The command of a band that a key stands for; null when there is none.
 const ToolRow* FindToolOfKey(std::string_view band, std::int16_t code, std::int16_t shift);
 
-// Builds all bands. Captions are the tools' tags, which LocaliseTools turns into texts.
+// Builds all bands. Captions are the tools' tags, which LocaliseTools turns into texts. Undo and
+// redo are not shown.
 void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text);
+
+// For an editor that takes operations back itself.
+void ShowUndoTools(forms::MenuControl& menu, bool shown);
 
 }  // namespace editor
