@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "history/undo.h"
+
 namespace embedded {
 
 Undo::Undo(const texts::TextTable& texts, com::HostDatabase& database,

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "com/host_database.h"
-#include "dialogs/message_boxes.h"
 #include "editor/undo_entries.h"
 #include "studio/undo_steps.h"
 
