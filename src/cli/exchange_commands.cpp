@@ -124,6 +124,16 @@ std::string ReadGiven(Invocation& invocation) {
   return files::ReadFile(invocation.console().files, file);
 }
 
+// A file that is no list is named with what is wrong.
+exchange::Contents ReadGivenList(Invocation& invocation, std::string bytes) {
+  try {
+    return exchange::ReadList(std::move(bytes));
+  } catch (const exchange::FormatError& error) {
+    const std::string file = invocation.Argument("FILE"), text = invocation.texts().Sentence(error);
+    throw CommandError(kRefused, file == "-" ? text : file + ": " + text);
+  }
+}
+
 // The refused lines in a file of their own, which goes again unless the import is done.
 class RefusedFile {
  public:
@@ -165,7 +175,7 @@ int RunImport(Invocation& invocation) {
   std::optional<RefusedFile> refused_file;
   if (skip) refused_file.emplace(invocation, *skip);
   std::string bytes = ReadGiven(invocation);
-  const exchange::Contents contents = exchange::ReadList(skip ? bytes : std::move(bytes));
+  const exchange::Contents contents = ReadGivenList(invocation, skip ? bytes : std::move(bytes));
   OpenedProject session(invocation, Use::kChange);
   ImportPlan plan = exchange::PlanImport(contents, session.operations(), options);
   if (!contents.ignored.empty()) {

@@ -6,13 +6,22 @@
 #include <optional>
 #include <unordered_map>
 
-#include "codegen/identifier.h"
 #include "exchange/series_columns.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
 
 namespace exchange {
 namespace {
+
+// "Tank2" behind "Tank1", "Tank02" behind "Tank01", "Fill2" behind "Fill".
+std::string NextName(const std::string& name) {
+  constexpr std::size_t kMostDigits = 9;
+  const std::size_t digits = name.size() - (name.find_last_not_of("0123456789") + 1);
+  if (digits == 0 || digits > kMostDigits) return name + (digits == 0 ? "2" : "_2");
+  const std::string next = std::to_string(std::stol(name.substr(name.size() - digits)) + 1);
+  const std::size_t zeros = digits > next.size() ? digits - next.size() : 0;
+  return name.substr(0, name.size() - digits) + std::string(zeros, '0') + next;
+}
 
 class Copier {
  public:
@@ -67,22 +76,25 @@ class Copier {
     copy_.contents.formulas.push_back(std::move(row));
   }
 
-  // A copy that was given no other name stands beside its source under the next free one.
+  // A copy that was given no other name stands beside its source under the next free number.
   std::string FreeName(const std::string& name, std::string_view prog_id) {
     const bool beside_source =
         request_.name.empty() && source_.is_of_this_project &&
         platform::EqualsIgnoringCase(name, source_.formula.name) &&
         platform::ProgId(prog_id) == platform::ProgId(source_.formula.prog_id);
     if (!beside_source) return name;
-    return codegen::FirstFreeName(name, [&](const std::string& candidate) {
-      const bool is_copy = std::ranges::any_of(copy_.contents.formulas, [&](const auto& other) {
-        return platform::EqualsIgnoringCase(other.name, candidate);
-      });
-      return is_copy ||
-             std::ranges::any_of(operations_.FindFormulasByName(candidate), [&](const auto& other) {
-               return platform::ProgId(other.prog_id) == platform::ProgId(prog_id);
-             });
+    std::string free = NextName(name);
+    while (IsTaken(free, prog_id)) free = NextName(free);
+    return free;
+  }
+  bool IsTaken(const std::string& name, std::string_view prog_id) {
+    const bool is_copy = std::ranges::any_of(copy_.contents.formulas, [&](const auto& other) {
+      return platform::EqualsIgnoringCase(other.name, name);
     });
+    return is_copy ||
+           std::ranges::any_of(operations_.FindFormulasByName(name), [&](const auto& other) {
+             return platform::ProgId(other.prog_id) == platform::ProgId(prog_id);
+           });
   }
 
   // An alias that another item needs gets another name: by the replacements, or by its item.

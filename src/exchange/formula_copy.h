@@ -43,7 +43,7 @@ struct CopyPlan {
 // Plans one copy, or one for each text of a series. Aliases and items of the arguments are
 // replaced, too; an alias whose item becomes another one gets another name, and what is missing is
 // created. The procedure says the new names. A copy that would stand beside its source under the
-// same name takes the next free one. Raises messages::Error for series of different lengths and
+// same name takes the next free number. Raises messages::Error for series of different lengths and
 // platform::Error when the project cannot be read.
 CopyPlan PlanCopies(const CopySource& source, const CopyRequest& request,
                     store::Operations& operations, ImportOptions options);

@@ -31,9 +31,9 @@ class DuplicateDialog : public testing::Test {
 TEST_F(DuplicateDialog, ShowsCopiesAndTheirCodeWhileItIsTyped) {
   bench.In<FDuplicate>([](FDuplicate& dialog) {
     EXPECT_EQ(dialog.cmbClass.Text(), "PumpServer.CPump");
-    EXPECT_THAT(dialog.txtPreview.Text(), HasSubstr("FillTank11")) << "the next free name";
+    EXPECT_THAT(dialog.txtPreview.Text(), HasSubstr("FillTank2")) << "the next free number";
     dialog.txtPairs.SetText("Level1=Level{2..3}");
-    EXPECT_THAT(dialog.txtPreview.Text(), HasSubstr("FillTank12")) << "of the second copy";
+    EXPECT_THAT(dialog.txtPreview.Text(), HasSubstr("FillTank3")) << "of the second copy";
     dialog.txtPairs.SetText("Tank1");
     EXPECT_THAT(dialog.lblState.Caption(), HasSubstr("OLD=NEW"));
     EXPECT_FALSE(dialog.cmdOk.Enabled());
@@ -48,7 +48,7 @@ TEST_F(DuplicateDialog, ShowsCopiesAndTheirCodeWhileItIsTyped) {
     EXPECT_TRUE(dialog.cmdOk.Enabled());
     dialog.cmdOk.Click();
   });
-  ASSERT_TRUE(DuplicateFormula(*bench.context, source));
+  ASSERT_EQ(DuplicateFormula(*bench.context, source), ListChange::kFormulas);
   EXPECT_THAT(bench.Aliases(),
               ElementsAre("1|Tank1.Level|Level1", "2|Tank2.Level|Level2", "3|Tank3.Level|Level3"));
   EXPECT_THAT(bench.Arguments(),

@@ -119,7 +119,7 @@ TEST_F(FormulaCopyTest, StandsBesideItsSourceUnderAFreeName) {
   EXPECT_EQ(Copy(project_.operations(), Source(), {}),
             "unchanged 0 Tank1_Level [Tank1.Level]\nunchanged 0 Pump [Tank1.Pump]\nunchanged 0 "
             "Shift [Shift]\n"
-            "new 0 PumpServer.CPump.FillTank11 [+Tank1_Level +Pump +Shift]\n");
+            "new 0 PumpServer.CPump.FillTank2 [+Tank1_Level +Pump +Shift]\n");
   EXPECT_NE(Copy(project_.operations(), Source(), {"", "CTank", {}})
                 .find("new 0 PumpServer.CTank.FillTank1 ["),
             std::string::npos);
