@@ -9,6 +9,7 @@
 
 #include "desktop/crash_log.h"
 #include "desktop/overview_texts.h"
+#include "dialogs/many_texts.h"
 #include "dialogs/outcome.h"
 #include "editor/name_list.h"
 #include "editor/node_key.h"
@@ -104,6 +105,10 @@ void FormulaCommands::OnKey(forms::KeyEvent& event) {
     Show();
   } else if (event.shift == forms::kControl && code == 'O') {
     Open();
+  } else if (event.shift == forms::kControl && code == 'C') {
+    Copy();
+  } else if (event.shift == forms::kControl && code == 'V') {
+    Paste();
   } else {
     event.handled = false;
   }
@@ -131,6 +136,8 @@ void FormulaCommands::ShowMenu() {
   add(menu, label(kTextEditFormula, "F9"), any, [this] { Edit(); });
   add(menu, label(kTextShowCode, ""), any, [this] { ShowCode(); });
   add(menu, label(kTextCopyName, ""), any, [this] { CopyNames(); });
+  add(menu, label(dialogs::kTextCopyFormulas, "Ctrl+C"), any, [this] { Copy(); });
+  add(menu, label(dialogs::kTextPasteFormulas, "Ctrl+V"), true, [this] { Paste(); });
   menu.AppendSeparator();
   add(menu, label(kTextEnable, ""), any, [this] { Enable(true); });
   add(menu, label(kTextDisable, ""), any, [this] { Enable(false); });
@@ -142,7 +149,8 @@ void FormulaCommands::ShowMenu() {
   menu.AppendSubMenu(types, wx::ToWx(Text(kTextSetCallType)))->Enable(any);
   auto* classes = new wxMenu;
   for (const store::ClassEntry& entry : editor->operations().Classes().classes)
-    add(*classes, wx::ToLabel(entry.prog_id), any, [this, id = entry.prog_id] { Move(id); });
+    add(*classes, wx::ToLabel(entry.prog_id), any,
+        [this, id = entry.prog_id] { Move(RequireSelected(), id); });
   const bool movable = any && classes->GetMenuItemCount() > 0;
   menu.AppendSubMenu(classes, wx::ToWx(Text(kTextMoveToClass)))->Enable(movable);
   menu.AppendSeparator();
@@ -180,6 +188,18 @@ void FormulaCommands::ShowCode() {
   editor->SetTreeContext(editor->CurrentKey(), false);
 }
 
+void FormulaCommands::Copy() {
+  const std::vector<std::int32_t> ids = RequireSelected();
+  if (editor::frmtabgrid* editor = Editor(); editor && !ids.empty())
+    editor->lists().CopyFormulas(ids);
+}
+
+void FormulaCommands::Paste() {
+  if (editor::frmtabgrid* editor = Editor()) editor->lists().PasteFormulas();
+  Show();
+  own_.on_changed();
+}
+
 void FormulaCommands::CopyNames() const {
   std::string text;
   for (const std::int32_t id : own_.overview.Selected())
@@ -201,20 +221,23 @@ void FormulaCommands::Toggle() {
 
 void FormulaCommands::Enable(bool enabled) {
   const auto count = own_.overview.Selected().size();
-  ChangeSelected({enabled ? kEnablingMany : kDisablingMany, {{"<Count>", count}}},
-                 [enabled](store::FormulaValues& values) { values.enabled = enabled; });
+  ChangeMany(RequireSelected(), {enabled ? kEnablingMany : kDisablingMany, {{"<Count>", count}}},
+             [enabled](store::FormulaValues& values) { values.enabled = enabled; });
 }
 
 void FormulaCommands::SetCallType(std::int32_t type) {
   const auto count = own_.overview.Selected().size();
-  ChangeSelected({kSettingCallType, {{"<Count>", count}}},
-                 [type](store::FormulaValues& values) { values.type = type; });
+  ChangeMany(RequireSelected(), {kSettingCallType, {{"<Count>", count}}},
+             [type](store::FormulaValues& values) { values.type = type; });
 }
 
-void FormulaCommands::Move(const std::string& prog_id) {
+void FormulaCommands::Move(const std::vector<std::int32_t>& ids, const std::string& prog_id) {
+  Show();  // what was read may be older than the tree
   std::size_t count = 0;
-  for (const std::int32_t id : own_.overview.Selected())
-    count += own_.overview.Find(id)->record.prog_id != prog_id;
+  for (const std::int32_t id : ids) {
+    const OverviewFormula* formula = own_.overview.Find(id);
+    count += formula && formula->record.prog_id != prog_id;
+  }
   if (count == 0) return own_.messages.Status(Text(kTextFormulasAreSo));
   const auto answer = own_.parts.toolkit.Show(
       {own_.parts.texts.Text(count == 1 ? kTextAskMoveOne : kTextAskMove,
@@ -223,8 +246,8 @@ void FormulaCommands::Move(const std::string& prog_id) {
        platform::MessageResult::kYes, platform::MessageIcon::kQuestion, Text(kTextWithCode),
        Text(kTextWithoutCode)});
   if (answer == platform::MessageResult::kCancel) return;
-  ChangeSelected(
-      {kMovingMany, {{"<Count>", count}, {"<Class>", prog_id}}},
+  ChangeMany(
+      ids, {kMovingMany, {{"<Count>", count}, {"<Class>", prog_id}}},
       [&](store::FormulaValues& values) { values.prog_id = prog_id; },
       answer == platform::MessageResult::kYes);
 }
@@ -252,11 +275,11 @@ store::OperationResult FormulaCommands::ChangeAll(const std::vector<std::int32_t
   return {};
 }
 
-void FormulaCommands::ChangeSelected(const messages::Message& title, const Change& change,
-                                     bool with_code) {
-  std::vector<std::int32_t> ids = RequireSelected();
+void FormulaCommands::ChangeMany(std::vector<std::int32_t> ids, const messages::Message& title,
+                                 const Change& change, bool with_code) {
   if (ids.empty()) return;
   std::erase_if(ids, [&](std::int32_t id) {
+    if (!own_.overview.Find(id)) return true;
     const store::FormulaValues before = own_.overview.Find(id)->record;
     store::FormulaValues after = before;
     change(after);

@@ -41,6 +41,8 @@ class FormulaCommands {
   void Show();
   // Shows in the strip what the formula of a node is; false for a node that is none.
   bool ShowStrip(const std::string& key);
+  // Moves formulas to a class as one operation, with or without their code: it is asked for.
+  void Move(const std::vector<std::int32_t>& ids, const std::string& prog_id);
 
  private:
   using Change = std::function<void(store::FormulaValues&)>;
@@ -58,15 +60,17 @@ class FormulaCommands {
   void Toggle();
   void Enable(bool enabled);
   void SetCallType(std::int32_t type);
-  void Move(const std::string& prog_id);
-  // Changes those of the selected formulas that differ then, as one operation of that title.
-  void ChangeSelected(const messages::Message& title, const Change& change, bool with_code = false);
+  // Changes those of the formulas that differ then, as one operation of that title.
+  void ChangeMany(std::vector<std::int32_t> ids, const messages::Message& title,
+                  const Change& change, bool with_code = false);
   store::OperationResult ChangeAll(const std::vector<std::int32_t>& ids, const Change& change,
                                    const store::EditFormulaOptions& options,
                                    store::FormulaRecord& last);
   // The selected formulas; says so when there is none.
   std::vector<std::int32_t> RequireSelected() const;
   void CopyNames() const;
+  void Copy();
+  void Paste();
   bool MayDelete(const std::vector<std::int32_t>& ids) const;
   void Done(int text_of_one, std::size_t count);
   editor::frmtabgrid* Editor() const { return own_.session.add_in().EditorWindow(); }

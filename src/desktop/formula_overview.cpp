@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "desktop/overview_texts.h"
+#include "editor/drag_kinds.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -76,6 +77,7 @@ FormulaOverview::~FormulaOverview() { view_->Detach(); }
 
 void FormulaOverview::MakeColumns() {
   model_.table.SetAccessibleName(Text(kTextOverview));
+  model_.table.SetDragKind(editor::kDraggedFormulas);
   forms::Split& split = model_.table.AddSplit(0);
   for (const ColumnLook& look : kColumns) {
     forms::Column& column = split.AddColumn(look.field, look.width);

@@ -24,6 +24,7 @@
 #include "desktop/main_menu.h"
 #include "desktop/name_search.h"
 #include "desktop/project_undo.h"
+#include "desktop/row_dropping.h"
 #include "desktop/undo_menu.h"
 #include "desktop/undo_offer.h"
 #include "desktop/unsaved_code_keeper.h"
@@ -138,6 +139,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<CheckList> check_;
   std::unique_ptr<FlowChart> flow_;
   std::unique_ptr<FormulaCommands> formulas_;
+  std::unique_ptr<RowDropping> dropping_;
   std::unique_ptr<NameSearch> names_;
 };
 

@@ -160,6 +160,10 @@ void MainWindow::EquipSession() {
                                       code_.Refresh();
                                       undo_menu_.Update();
                                     }});
+  dropping_ = std::make_unique<RowDropping>(
+      tree_, *session_, [this](const std::vector<std::int32_t>& ids, const std::string& prog_id) {
+        formulas_->Move(ids, prog_id);
+      });
   names_ = std::make_unique<NameSearch>(
       NameSearch::Dependencies{*this, parts_, messages_, *project_, *session_,
                                [this](const std::string& key) { GoToNode(key); },
@@ -203,6 +207,7 @@ bool MainWindow::CloseProject() {
   title_ = {};
   panes_.notices().DismissAll();
   names_.reset();
+  dropping_.reset();
   formulas_.reset();
   undo_menu_.Serve(nullptr);
   undo_offer_.Serve(nullptr, nullptr);

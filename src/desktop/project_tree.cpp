@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "editor/drag_kinds.h"
+#include "editor/node_key.h"
 #include "wx/convert.h"
 
 namespace desktop {
@@ -51,6 +53,32 @@ ProjectTree::ProjectTree(wxWindow* parent, const wxString& name) : NativeTree(pa
     if (node && on_menu) on_menu(*node);
   };
   Bind(wxEVT_CHAR_HOOK, &ProjectTree::OnKeyDown, this);
+  ConnectDrag();
+}
+
+void ProjectTree::ConnectDrag() {
+  on_drag = [this](Node node) {
+    const std::string& key = ToNode(node)->key;
+    if (!editor::IsFormulaKey(key)) return;
+    wx::DragRows(*this, {std::string(editor::kDraggedFormulas), {editor::KeyNumber(key)}});
+  };
+  SetDropTarget(
+      new wx::RowDropTarget({[this](const wx::DraggedRows& rows, const wxPoint& point, bool copy) {
+                               return DragOver(rows, point, copy);
+                             },
+                             [this] { ShowDropPlace(nullptr); },
+                             [this](const wx::DraggedRows& rows, const wxPoint& point, bool copy) {
+                               const Node node = tree_ ? NodeAt(point) : nullptr;
+                               if (node && on_drop) on_drop(rows, *ToNode(node), copy);
+                             }}));
+}
+
+wx::DropEffect ProjectTree::DragOver(const wx::DraggedRows& rows, const wxPoint& point, bool copy) {
+  const Node node = tree_ ? NodeAt(point) : nullptr;
+  const wx::DropEffect effect =
+      node && on_drag_over ? on_drag_over(rows, *ToNode(node), copy) : wx::DropEffect::kNone;
+  ShowDropPlace(effect == wx::DropEffect::kNone ? nullptr : node, point);
+  return effect;
 }
 
 ProjectTree::~ProjectTree() { ShowTree(nullptr); }

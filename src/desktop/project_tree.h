@@ -8,6 +8,7 @@
 #include "forms/keys.h"
 #include "studio/studio_tree.h"
 #include "wx/native_tree.h"
+#include "wx/row_drag.h"
 
 namespace desktop {
 
@@ -32,6 +33,10 @@ class ProjectTree : public wx::NativeTree {
   std::function<void(const studio::StudioNode&)> on_activate_node;  // double click or Enter
   std::function<void(const studio::StudioNode&, forms::KeyEvent&)> on_key;
   std::function<void(const studio::StudioNode&)> on_menu;
+  // Rows of the program are dragged over a node, and dropped there; `copy`: Ctrl is held.
+  std::function<wx::DropEffect(const wx::DraggedRows&, const studio::StudioNode&, bool copy)>
+      on_drag_over;
+  std::function<void(const wx::DraggedRows&, const studio::StudioNode&, bool copy)> on_drop;
 
  private:
   class Source : public wx::TreeSource {
@@ -52,6 +57,8 @@ class ProjectTree : public wx::NativeTree {
   };
 
   const studio::StudioNode* SelectedNode() const;
+  void ConnectDrag();
+  wx::DropEffect DragOver(const wx::DraggedRows& rows, const wxPoint& point, bool copy);
   void Report();
   void OnKeyDown(wxKeyEvent& event);
   void OnAdded(const studio::StudioNode& node);

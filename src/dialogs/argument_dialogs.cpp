@@ -8,6 +8,7 @@
 #include "dialogs/fchoose_alias.h"
 #include "dialogs/fparameter.h"
 #include "dialogs/list_texts.h"
+#include "dialogs/many_texts.h"
 #include "dialogs/outcome.h"
 #include "dialogs/row_merge.h"
 
@@ -23,13 +24,22 @@ bool IsOnVariableChange(const DialogContext& context, std::int32_t formula_id) {
   return formula && formula->type == store::kOnVariableChange;
 }
 
+store::OperationResult AddOne(const DialogContext& context, const store::AliasValues& values) {
+  return RunOperation(context, [&] { return context.operations.AddAliases(std::array{values}); });
+}
+
+store::OperationResult AddSeries(const DialogContext& context, AliasSeries& series) {
+  return RunListOperation(context, kTextAddingAliases,
+                          [&](const auto& options) { return series.Add(options); });
+}
+
 }  // namespace
 
 std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id) try {
   FParameter dialog(context);
   dialog.SetOnVariableChange(IsOnVariableChange(context, formula_id));
   while (dialog.Run()) {
-    const std::array values = {dialog.Values()};
+    const std::vector<store::ArgumentValues> values = dialog.AllValues();
     const store::OperationResult result =
         RunOperation(context, [&] { return context.operations.AddArguments(formula_id, values); });
     if (result.success()) return result.id();
@@ -107,11 +117,11 @@ bool EditArguments(const DialogContext& context, const std::vector<std::int32_t>
 std::int32_t AddAlias(const DialogContext& context) {
   FAlias dialog(context, 0);
   while (dialog.Run()) {
-    const std::array values = {dialog.Values()};
     const store::OperationResult result =
-        RunOperation(context, [&] { return context.operations.AddAliases(values); });
+        dialog.Series() ? AddSeries(context, *dialog.Series()) : AddOne(context, dialog.Values());
     if (result.success()) return result.id();
     WarnFailure(context, result);
+    dialog.FollowSeries();
   }
   return 0;
 }

@@ -11,7 +11,8 @@
 
 namespace dialogs {
 
-// New argument of the formula; its ID, or 0 when none was created.
+// New argument of the formula, or a series of them; the ID of the first, or 0 when none was
+// created.
 std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id);
 
 // Whether the argument was changed. False too when there is none of that ID.
@@ -20,7 +21,7 @@ bool EditArgument(const DialogContext& context, std::int32_t argument_id);
 // In and Out of several arguments in one operation. Whether it was done.
 bool EditArguments(const DialogContext& context, const std::vector<std::int32_t>& ids);
 
-// ID of the new alias, or 0.
+// ID of the new alias, of the first one of a series, or 0.
 std::int32_t AddAlias(const DialogContext& context);
 
 // Whether the alias was changed; nothing happens when there is no current alias (0).

@@ -2,6 +2,7 @@
 #include "dialogs/falias.h"
 
 #include "dialogs/alias_rules.h"
+#include "dialogs/many_texts.h"
 
 namespace dialogs {
 
@@ -45,7 +46,35 @@ void FAlias::Load(const store::AliasValues& values) {
   txtVBAlias.SetText(values.vb_alias);
 }
 
+bool FAlias::FollowSeries() try {
+  if (alias_id_ != 0) return false;
+  const bool was_series = series_ != nullptr;
+  series_.reset();
+  if (!AliasSeries::IsSeries(Values())) {
+    txtVBAlias.SetPlaceholder("");
+    if (was_series) ShowHint(lblVBAliasHint, "");
+    return false;
+  }
+  txtVBAlias.SetPlaceholder(Text(kTextFromEachItem));
+  if (!proposed_.empty() && txtVBAlias.Text() == proposed_) {
+    proposed_.clear();
+    txtVBAlias.SetText("");  // comes back here
+    return true;
+  }
+  series_ = std::make_unique<AliasSeries>(context(), Values());
+  const bool is_refused = !series_->refusal().empty();
+  ShowHint(lblItemHint, is_refused ? "" : series_->Text());
+  ShowHint(lblVBAliasHint, context().texts.Sentence(series_->refusal()));
+  txtItemname.SetInvalid(is_refused);
+  txtVBAlias.SetInvalid(is_refused);
+  return true;
+} catch (const platform::Error& error) {
+  context().messages.Warn(error);
+  return false;
+}
+
 void FAlias::OnItem() {
+  if (FollowSeries()) return;
   const std::string& item = txtItemname.Text();
   std::string hint;
   bool invalid = false;
@@ -71,6 +100,7 @@ void FAlias::Propose() try {
 }
 
 void FAlias::OnAlias() {
+  if (FollowSeries()) return;
   const std::string& text = txtVBAlias.Text();
   std::string hint;
   bool invalid = false;
@@ -96,6 +126,10 @@ void FAlias::OnChooseItem() {
 }
 
 void FAlias::Accept() {
+  if (FollowSeries()) {
+    if (series_ && series_->refusal().empty()) return Confirm();
+    return Refuse(txtItemname, lblVBAliasHint.Caption(), "");
+  }
   const auto refusal = RefuseAlias(context(), Values(), alias_id_);
   if (!refusal) {
     Confirm();

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "dialogs/alias_series.h"
 #include "dialogs/dialog_form.h"
 #include "dialogs/uses_offer.h"
 #include "store/formula_records.h"
@@ -10,7 +12,8 @@
 namespace dialogs {
 
 // The alias dialog. Both fields must be filled and the alias must be a valid identifier that no
-// other alias has; the form that would be valid is shown while the alias is typed.
+// other alias has; the form that would be valid is shown while the alias is typed. New ones may be
+// a series, which is shown while it is typed.
 class FAlias : public DialogForm {
  public:
   // `alias_id` is the alias that is edited, 0 for a new one.
@@ -19,6 +22,10 @@ class FAlias : public DialogForm {
   void Load(const store::AliasValues& values);
   store::AliasValues Values() const { return {txtItemname.Text(), txtVBAlias.Text()}; }
   bool WithUses() const { return uses_.Taken(); }
+  // What is added in place of one alias; null where the fields are no series.
+  AliasSeries* Series() const { return series_.get(); }
+  // Plans the series anew; false where the fields are none.
+  bool FollowSeries();
 
   forms::Frame fraVBAlias{this, "fraVBAlias"};
   forms::Label lblItemName{&fraVBAlias, "lblItemName"};
@@ -45,6 +52,7 @@ class FAlias : public DialogForm {
 
   std::int32_t alias_id_;
   UsesOffer uses_;
+  std::unique_ptr<AliasSeries> series_;
   std::string stored_;    // the alias that is edited; empty for a new one
   std::string proposed_;  // the alias that was filled in last
 };

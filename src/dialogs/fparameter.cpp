@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/fparameter.h"
 
+#include "dialogs/alias_series.h"
+#include "dialogs/many_texts.h"
+#include "exchange/series.h"
+#include "messages/error.h"
+
 namespace dialogs {
 
 namespace {
@@ -28,6 +33,12 @@ FParameter::FParameter(const DialogContext& context)
   WireButtons(cmdOk, cmdCancel, cmdHelp);
   context.aliases->Requery();
   cmbVBAlias.SetSource(std::make_shared<AliasList>(context.aliases));
+  lblSeries.SetCaption(Text(kTextOrSeries));
+  txtSeries.SetPlaceholder(Text(kTextSeriesExample));
+  txtSeries.SetLayout({.min_chars = 40});
+  lblSeriesHint.SetHint(true);
+  lblSeriesHint.SetVisible(false);
+  txtSeries.on_change = [this] { OnSeries(); };
   cmbVBAlias.on_click = [this] { OnAlias(); };
   chkIn.on_click = [this] { OnFlag(chkIn); };
   chkOut.on_click = [this] { OnFlag(chkOut); };
@@ -36,6 +47,8 @@ FParameter::FParameter(const DialogContext& context)
 
 bool FParameter::Load(const store::ArgumentValues& values, std::int32_t argument_id) {
   argument_id_ = argument_id;
+  lblSeries.SetVisible(false);
+  txtSeries.SetVisible(false);
   stored_alias_ = values.alias_id;
   cmbVBAlias.SetListIndex(cmbVBAlias.FindData(values.alias_id));
   chkIn.SetChecked(values.in);
@@ -45,6 +58,42 @@ bool FParameter::Load(const store::ArgumentValues& values, std::int32_t argument
 
 store::ArgumentValues FParameter::Values() const {
   return {cmbVBAlias.ItemData(cmbVBAlias.ListIndex()), chkIn.Checked(), chkOut.Checked()};
+}
+
+std::vector<store::ArgumentValues> FParameter::AllValues() const {
+  if (series_.empty()) return {Values()};
+  std::vector<store::ArgumentValues> values;
+  for (const std::int32_t id : series_) values.push_back({id, chkIn.Checked(), chkOut.Checked()});
+  return values;
+}
+
+// The alias that is chosen does not count while there is a series.
+void FParameter::OnSeries() {
+  series_.clear();
+  cmbVBAlias.SetEnabled(txtSeries.Text().empty());
+  std::string problem;
+  if (!txtSeries.Text().empty()) {
+    try {
+      const exchange::Series series(txtSeries.Text());
+      for (std::size_t i = 0; i < series.size(); ++i) {
+        const auto alias = context().operations.FindAliasByName(series.At(i));
+        if (!alias) throw messages::Error({{kTextNoSuchAlias}, {{"<Name>", series.At(i)}}});
+        series_.push_back(alias->id);
+      }
+      const std::string names =
+          NamesInShort(series.size(), [&](std::size_t i) { return series.At(i); });
+      ShowHint(lblSeriesHint, context().texts.Text(kTextArgumentsOfSeries,
+                                                   {{"<Count>", std::to_string(series.size())},
+                                                    {"<Names>", names}}));
+    } catch (const std::exception& error) {
+      series_.clear();
+      problem = context().texts.Sentence(error);
+    }
+  }
+  if (series_.size() < 2) ShowHint(lblSeriesHint, problem);
+  txtSeries.SetInvalid(!problem.empty());
+  cmdOk.SetDisabledReason(problem.empty() ? Text(kChooseAlias) : problem);
+  cmdOk.SetEnabled(txtSeries.Text().empty() ? cmbVBAlias.ListIndex() != -1 : problem.empty());
 }
 
 void FParameter::OnFlag(forms::CheckBox& clicked) {

@@ -55,8 +55,7 @@ void ShowCounts(const DialogContext& context, const exchange::ImportPlan& plan) 
 
 }  // namespace
 
-std::optional<store::OperationResult> ImportList(const DialogContext& context,
-                                                 const ListToImport& list) {
+ListChange ImportList(const DialogContext& context, const ListToImport& list) {
   FImport dialog(context, list.name, [&](const exchange::ImportOptions& options) {
     return PlanList(context, list.contents, options);
   });
@@ -71,15 +70,14 @@ std::optional<store::OperationResult> ImportList(const DialogContext& context,
         });
     if (result.success()) {
       if (result.warnings.empty()) ShowCounts(context, dialog.plan());
-      return result;
+      return dialog.plan().ChangesFormulas() ? ListChange::kFormulas : ListChange::kRows;
     }
     WarnFailure(context, result);
   }
-  return std::nullopt;
+  return ListChange::kNothing;
 }
 
-std::optional<store::OperationResult> DuplicateFormula(const DialogContext& context,
-                                                       const exchange::CopySource& source) {
+ListChange DuplicateFormula(const DialogContext& context, const exchange::CopySource& source) {
   FDuplicate dialog(context, source);
   while (dialog.Run()) {
     store::OperationResult result =
@@ -88,11 +86,11 @@ std::optional<store::OperationResult> DuplicateFormula(const DialogContext& cont
                                   {{exchange::kTextCopyTitle}, {{"<Name>", source.formula.name}}},
                                   options);
         });
-    if (result.success()) return result;
+    if (result.success()) return ListChange::kFormulas;
     WarnFailure(context, result);
     dialog.Plan();
   }
-  return std::nullopt;
+  return ListChange::kNothing;
 }
 
 }  // namespace dialogs

@@ -25,14 +25,19 @@ struct ListToImport {
   std::function<bool(const std::vector<exchange::ImportPlan::Line>& refused)> keep_refused = {};
 };
 
-// Shows what the list would do, and does it when the user agrees, as one operation. What came of
-// it; nothing when the user left it. A failure is told, and the preview comes again.
-std::optional<store::OperationResult> ImportList(const DialogContext& context,
-                                                 const ListToImport& list);
+// What of the project came or changed.
+enum class ListChange {
+  kNothing,   // the user left it
+  kRows,      // aliases and arguments
+  kFormulas,  // and formulas
+};
+
+// Shows what the list would do, and does it when the user agrees, as one operation. A failure is
+// told, and the preview comes again.
+ListChange ImportList(const DialogContext& context, const ListToImport& list);
 
 // Shows what copies of a formula would be while the user says how they differ, and makes them when
-// he agrees, as one operation. What came of it; nothing when he left it.
-std::optional<store::OperationResult> DuplicateFormula(const DialogContext& context,
-                                                       const exchange::CopySource& source);
+// he agrees, as one operation.
+ListChange DuplicateFormula(const DialogContext& context, const exchange::CopySource& source);
 
 }  // namespace dialogs

@@ -82,7 +82,7 @@ void Commands::mnuFunction(std::int16_t action) {
   if (action == kEdit) EditFormula(id);
   if (action == kDelete) DeleteFormula(id);
   if (action == kShowCode) ShowCode(id);
-  if (action == kCopy) lists_.CopyFormula(id);
+  if (action == kCopy) lists_.CopyFormulas({&id, 1});
   if (action == kDuplicate) lists_.Duplicate(id);
 }
 
@@ -328,9 +328,13 @@ void Commands::EditCell(forms::Grid& grid) {
 }
 
 void Commands::CopyRows(const forms::Grid& grid) {
-  const std::string text = &grid == &arguments_ ? lists_.ArgumentLines(SelectedIdsOf(grid))
-                                                : grid.SelectedText(grid.CopiedColumns());
-  if (!text.empty()) context_.services.toolkit.SetClipboardText(text);
+  const std::vector<std::int32_t> ids = SelectedIdsOf(grid);
+  if (ids.empty()) return;
+  if (&grid == &arguments_) {
+    context_.services.toolkit.SetClipboardText(lists_.ArgumentLines(ids));
+  } else {
+    lists_.CopyAliases(ids, grid.SelectedText(grid.CopiedColumns()));
+  }
 }
 
 void Commands::PasteCell(forms::Grid& grid) {

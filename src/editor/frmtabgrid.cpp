@@ -8,6 +8,7 @@
 
 #include "dialogs/alias_table.h"
 #include "dialogs/dialog_form.h"
+#include "editor/drag_kinds.h"
 #include "editor/fconfig_editor.h"
 #include "editor/menu_switcher.h"
 #include "editor/node_key.h"
@@ -57,6 +58,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
     AddAliasNotes(tdbA, context_.Lookup());
   }
   lblFind.SetTag("C1624");
+  tdbA.SetDragKind(kDraggedAliases);
   tdbP.SetAccessibleName(Text(kArguments));
   tdbA.SetAccessibleName(Text(kAliases));
   lblFind.SetVisible(false);

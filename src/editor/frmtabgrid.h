@@ -91,6 +91,8 @@ class frmtabgrid : public forms::Form,
 
   // Brings a list into the project, with a preview.
   void ImportList(const dialogs::ListToImport& list) { list_commands_.Import(list); }
+  // Copies, pastes and moves of many rows at once.
+  ListCommands& lists() { return list_commands_; }
 
   void ShowFind() override;
   void CloseFind();

@@ -5,23 +5,23 @@
 #include <utility>
 
 #include "dialogs/list_texts.h"
+#include "dialogs/many_texts.h"
 #include "editor/node_key.h"
 #include "exchange/export_text.h"
 #include "exchange/pasted_rows.h"
 #include "messages/error.h"
 #include "platform/prog_id.h"
-#include "store/project_rows.h"
 
 namespace editor {
 
 void ListCommands::Import(const dialogs::ListToImport& list) {
   view_.VerifyAdds(view_.CurrentKey());
-  if (const auto result = dialogs::ImportList(context_.dialog_context, list)) Show(*result);
+  Show(dialogs::ImportList(context_.dialog_context, list));
 }
 
 void ListCommands::Duplicate(std::int32_t formula_id) {
   const exchange::CopySource source = SourceOf(formula_id);
-  if (const auto result = dialogs::DuplicateFormula(context_.dialog_context, source)) Show(*result);
+  Show(dialogs::DuplicateFormula(context_.dialog_context, source));
 }
 
 exchange::CopySource ListCommands::SourceOf(std::int32_t formula_id) {
@@ -32,10 +32,51 @@ exchange::CopySource ListCommands::SourceOf(std::int32_t formula_id) {
   return source;
 }
 
-void ListCommands::CopyFormula(std::int32_t formula_id) {
-  const exchange::CopySource source = SourceOf(formula_id);
-  context_.services.toolkit.SetClipboardText(
-      exchange::FormulaAsJson(source.formula, source.arguments, source.code));
+std::vector<exchange::CopySource> ListCommands::SourcesOf(std::span<const std::int32_t> ids) {
+  std::vector<exchange::CopySource> sources;
+  for (const std::int32_t id : ids) {
+    if (context_.operations.FindFormula(id)) sources.push_back(SourceOf(id));
+  }
+  return sources;
+}
+
+void ListCommands::CopyFormulas(std::span<const std::int32_t> ids) {
+  const std::vector<exchange::CopySource> sources = SourcesOf(ids);
+  if (sources.empty()) return;
+  context_.services.toolkit.SetClipboard(exchange::FormulasAsLines(sources),
+                                         exchange::FormulasAsJson(sources));
+}
+
+void ListCommands::CopyInto(std::span<const std::int32_t> ids, std::string_view prog_id) {
+  dialogs::ListToImport list;
+  list.contents = exchange::ReadList(exchange::FormulasAsJson(SourcesOf(ids)));
+  const std::size_t count = list.contents.formulas.size();
+  const std::string_view kept = list.contents.Keep(std::string(prog_id));
+  for (exchange::FormulaRow& formula : list.contents.formulas) formula.prog_id = kept;
+  list.title = {{dialogs::kTextCopyIntoTitle}, {{"<Count>", count}, {"<Class>", prog_id}}};
+  list.name = context_.texts.Sentence(list.title);
+  Import(list);
+}
+
+void ListCommands::AddArguments(std::span<const std::int32_t> alias_ids, std::int32_t formula_id) {
+  const auto formula = context_.operations.FindFormula(formula_id);
+  if (!formula) return;
+  dialogs::ListToImport list;
+  exchange::FormulaRow row;
+  row.name = list.contents.Keep(formula->name);
+  row.prog_id = list.contents.Keep(formula->prog_id);
+  for (const std::int32_t id : alias_ids) {
+    const auto alias = context_.operations.FindAlias(id);
+    if (!alias) continue;
+    exchange::ArgumentRow argument;
+    argument.alias = list.contents.Keep(alias->vb_alias);
+    row.arguments.push_back(argument);
+  }
+  list.title = {{dialogs::kTextAddArgumentsTitle},
+                {{"<Count>", row.arguments.size()}, {"<Formula>", formula->name}}};
+  list.name = context_.texts.Sentence(list.title);
+  list.contents.formulas.push_back(std::move(row));
+  Import(list);
 }
 
 void ListCommands::PasteFormulas() {
@@ -43,7 +84,9 @@ void ListCommands::PasteFormulas() {
   list.name = context_.Text(dialogs::kTextClipboard);
   list.create_aliases = true;
   try {
-    list.contents = exchange::ReadList(context_.services.toolkit.ClipboardText());
+    std::string copied = context_.services.toolkit.OwnClipboardText();
+    if (copied.empty()) copied = context_.services.toolkit.ClipboardText();
+    list.contents = exchange::ReadList(std::move(copied));
   } catch (const messages::Error& error) {
     return context_.messages.Warn(context_.Text(dialogs::kTextCannotPaste), error);
   }
@@ -60,14 +103,10 @@ void ListCommands::PasteFormulas() {
 }
 
 // The tree has the formulas.
-void ListCommands::Show(const store::OperationResult& result) {
-  const bool has_formulas = std::ranges::any_of(
-      result.rows, [](const auto& row) { return row.table == store::kFormulasTable; });
-  if (has_formulas) {
-    context_.host.RebuildViews();
-  } else {
-    view_.Reload();
-  }
+void ListCommands::Show(dialogs::ListChange change) {
+  using enum dialogs::ListChange;
+  if (change == kFormulas) context_.host.RebuildViews();
+  if (change == kRows) view_.Reload();
 }
 
 std::string ListCommands::ArgumentLines(const std::vector<std::int32_t>& ids) {
@@ -81,6 +120,14 @@ std::string ListCommands::ArgumentLines(const std::vector<std::int32_t>& ids) {
   return lines;
 }
 
+void ListCommands::CopyAliases(const std::vector<std::int32_t>& ids, std::string_view text) {
+  std::vector<store::AliasRecord> aliases;
+  for (const std::int32_t id : ids) {
+    if (auto alias = context_.operations.FindAlias(id)) aliases.push_back(std::move(*alias));
+  }
+  context_.services.toolkit.SetClipboard(text, exchange::AliasesAsJson(aliases));
+}
+
 bool ListCommands::Paste(bool has_cell) {
   std::string text = context_.services.toolkit.ClipboardText();
   while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
@@ -91,6 +138,10 @@ bool ListCommands::Paste(bool has_cell) {
   dialogs::ListToImport list;
   list.name = context_.Text(dialogs::kTextClipboard);
   list.create_aliases = true;
+  if (KeyKind(view_.CurrentKey()) == kAliasKind) {
+    if (std::string own = context_.services.toolkit.OwnClipboardText(); !own.empty())
+      text = std::move(own);
+  }
   try {
     list.contents = ReadPasted(std::move(text));
   } catch (const messages::Error& error) {

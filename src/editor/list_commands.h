@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "dialogs/list_dialogs.h"
@@ -23,8 +25,16 @@ class ListCommands {
   void Import(const dialogs::ListToImport& list);
   // Makes copies of a formula as the user says.
   void Duplicate(std::int32_t formula_id);
-  // Puts a formula with arguments and code on the clipboard.
-  void CopyFormula(std::int32_t formula_id);
+  // Puts formulas on the clipboard: as lines for a spreadsheet, and for ourselves with arguments
+  // and code. Those that are gone are left out.
+  void CopyFormulas(std::span<const std::int32_t> ids);
+  // Brings copies of formulas into another class, with a preview.
+  void CopyInto(std::span<const std::int32_t> ids, std::string_view prog_id);
+  // Makes aliases arguments of a formula, with a preview.
+  void AddArguments(std::span<const std::int32_t> alias_ids, std::int32_t formula_id);
+  // Puts rows of aliases on the clipboard: the text, and for ourselves items and names whatever
+  // columns the text has.
+  void CopyAliases(const std::vector<std::int32_t>& ids, std::string_view text);
   // Takes what the clipboard has as a list with formulas, with a preview.
   void PasteFormulas();
   // The rows as lines for a spreadsheet, which also say all that a paste into any project needs.
@@ -36,7 +46,8 @@ class ListCommands {
  private:
   // The formula must be there.
   exchange::CopySource SourceOf(std::int32_t formula_id);
-  void Show(const store::OperationResult& result);
+  std::vector<exchange::CopySource> SourcesOf(std::span<const std::int32_t> ids);
+  void Show(dialogs::ListChange change);
   exchange::Contents ReadPasted(std::string text);
 
   EditorContext& context_;

@@ -61,6 +61,10 @@ std::string ArgumentsJson(const std::vector<store::ArgumentRecord>& arguments) {
   return "[" + list + "]";
 }
 
+Members AliasMembers(const store::AliasRecord& alias) {
+  return {{"ItemID", JsonString(alias.item_id)}, {"VBAlias", JsonString(alias.vb_alias)}};
+}
+
 Members FormulaMembers(const store::FormulaRecord& formula,
                        const std::vector<store::ArgumentRecord>& arguments) {
   return {{"Name", JsonString(formula.name)},
@@ -94,7 +98,8 @@ class JsonArray {
 
 class TableWriter {
  public:
-  explicit TableWriter(Output& output) : output_(output) {}
+  explicit TableWriter(Output& output, char separator = ',', std::string_view line_end = "\r\n")
+      : output_(output), separator_(separator), line_end_(line_end) {}
 
   // A cell that is text; what an import would take for a series is written otherwise.
   void Text(std::string_view text) {
@@ -103,11 +108,11 @@ class TableWriter {
   }
   void Name(std::string_view text) { Text(WithoutSeries(text)); }
   void Raw(std::string_view text) {
-    if (!std::exchange(first_, false)) output_.text() += ',';
-    AppendCell(output_.text(), text, ',');
+    if (!std::exchange(first_, false)) output_.text() += separator_;
+    AppendCell(output_.text(), text, separator_);
   }
   void EndLine() {
-    output_.text() += "\r\n";
+    output_.text() += line_end_;
     output_.Pass();
     first_ = true;
   }
@@ -115,6 +120,8 @@ class TableWriter {
 
  private:
   Output& output_;
+  char separator_;
+  std::string_view line_end_;
   bool first_ = true;
   std::size_t unreadable_ = 0;
 };
@@ -133,22 +140,31 @@ void WriteAliases(store::Operations& operations, TableWriter& table) {
   });
 }
 
-void WriteFormulas(store::Operations& operations, TableWriter& table) {
+void WriteFormulaHeader(TableWriter& table) {
   WriteHeader(table, {"Name", "ProgID", "Type", "ScanTime", "Enabled", "Comment", "arguments"});
+}
+
+void WriteFormula(const store::FormulaRecord& formula,
+                  const std::vector<store::ArgumentRecord>& arguments, TableWriter& table) {
+  table.Name(formula.name);
+  table.Text(formula.prog_id);
+  table.Raw(std::to_string(formula.type));
+  table.Raw(std::to_string(formula.scan_time));
+  table.Raw(Truth(formula.enabled));
+  table.Text(formula.comment);
+  std::string list;
+  for (const store::ArgumentRecord& argument : arguments) {
+    if (argument.vb_alias.empty()) continue;  // its alias is missing
+    AppendArgument(list, WithoutSeries(argument.vb_alias), argument.in, argument.out);
+  }
+  table.Text(list);
+  table.EndLine();
+}
+
+void WriteFormulas(store::Operations& operations, TableWriter& table) {
+  WriteFormulaHeader(table);
   operations.ForEachFormula([&](const store::FormulaRecord& formula) {
-    table.Name(formula.name);
-    table.Text(formula.prog_id);
-    table.Raw(std::to_string(formula.type));
-    table.Raw(std::to_string(formula.scan_time));
-    table.Raw(Truth(formula.enabled));
-    table.Text(formula.comment);
-    std::string arguments;
-    for (const store::ArgumentRecord& argument : operations.ArgumentsOf(formula.id)) {
-      if (argument.vb_alias.empty()) continue;  // its alias is missing
-      AppendArgument(arguments, WithoutSeries(argument.vb_alias), argument.in, argument.out);
-    }
-    table.Text(arguments);
-    table.EndLine();
+    WriteFormula(formula, operations.ArgumentsOf(formula.id), table);
   });
 }
 
@@ -159,10 +175,8 @@ void ExportJson(store::Operations& operations, const ExportedRows& rows, const S
   output.text() = "{";
   if (rows.aliases) {
     JsonArray aliases(output, "aliases");
-    operations.ForEachAlias([&](const store::AliasRecord& alias) {
-      aliases.Add(
-          Object({{"ItemID", JsonString(alias.item_id)}, {"VBAlias", JsonString(alias.vb_alias)}}));
-    });
+    operations.ForEachAlias(
+        [&](const store::AliasRecord& alias) { aliases.Add(Object(AliasMembers(alias))); });
     aliases.End();
   }
   if (rows.aliases && rows.formulas) output.text() += ",\n";
@@ -177,12 +191,33 @@ void ExportJson(store::Operations& operations, const ExportedRows& rows, const S
   output.Pass(0);
 }
 
-std::string FormulaAsJson(const store::FormulaRecord& formula,
-                          const std::vector<store::ArgumentRecord>& arguments,
-                          std::string_view code) {
-  Members members = FormulaMembers(formula, arguments);
-  if (!code.empty()) members.emplace_back("Code", JsonString(code));
-  return "{\"formulas\": [" + Object(members) + "]}\n";
+std::string AliasesAsJson(std::span<const store::AliasRecord> aliases) {
+  std::string list;
+  for (const store::AliasRecord& alias : aliases) {
+    list += (list.empty() ? "" : ",\n ") + Object(AliasMembers(alias));
+  }
+  return "{\"aliases\": [" + list + "]}\n";
+}
+
+std::string FormulasAsJson(std::span<const CopySource> formulas) {
+  std::string list;
+  for (const CopySource& copied : formulas) {
+    Members members = FormulaMembers(copied.formula, copied.arguments);
+    if (!copied.code.empty()) members.emplace_back("Code", JsonString(copied.code));
+    list += (list.empty() ? "" : ",\n ") + Object(members);
+  }
+  return "{\"formulas\": [" + list + "]}\n";
+}
+
+std::string FormulasAsLines(std::span<const CopySource> formulas) {
+  std::string text;
+  const Sink take = [&](std::string_view piece) { text += piece; };
+  Output output(take);
+  TableWriter table(output, '\t', "\n");
+  WriteFormulaHeader(table);
+  for (const CopySource& copied : formulas) WriteFormula(copied.formula, copied.arguments, table);
+  output.Pass(0);
+  return text;
 }
 
 std::size_t ExportCsv(store::Operations& operations, TableKind kind, const Sink& sink) {

@@ -4,10 +4,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "exchange/formula_copy.h"
 #include "exchange/table_header.h"
 #include "store/operations.h"
 
@@ -29,9 +30,10 @@ void ExportJson(store::Operations& operations, const ExportedRows& rows, const S
 // Returns how many cells hold control characters, which a table cannot carry: JSON can.
 std::size_t ExportCsv(store::Operations& operations, TableKind kind, const Sink& sink);
 
-// One formula as JSON, with the text of its procedure.
-std::string FormulaAsJson(const store::FormulaRecord& formula,
-                          const std::vector<store::ArgumentRecord>& arguments,
-                          std::string_view code);
+std::string AliasesAsJson(std::span<const store::AliasRecord> aliases);
+// Formulas as JSON, with their arguments and the text of their procedures.
+std::string FormulasAsJson(std::span<const CopySource> formulas);
+// The same as lines for a spreadsheet, with tabs and a header, without code. No cell can be run.
+std::string FormulasAsLines(std::span<const CopySource> formulas);
 
 }  // namespace exchange

@@ -126,4 +126,11 @@ std::vector<ImportPlan::Line> ImportPlan::Refused() const {
   return lines;
 }
 
+bool ImportPlan::ChangesFormulas() const {
+  return std::ranges::any_of(formulas_, [](const PlannedFormula& formula) {
+    return formula.action == RowAction::kNew ||
+           (formula.action == RowAction::kChanged && formula.values_differ);
+  });
+}
+
 }  // namespace exchange

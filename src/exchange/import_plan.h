@@ -100,6 +100,8 @@ class ImportPlan {
   RowAction ActionAt(std::size_t index) const;
   // The lines that are refused.
   std::vector<Line> Refused() const;
+  // Whether rows of formulas come or change; their arguments do not count.
+  bool ChangesFormulas() const;
 
   const std::vector<PlannedAlias>& aliases() const { return aliases_; }
   const std::vector<PlannedFormula>& formulas() const { return formulas_; }
@@ -136,7 +138,8 @@ ImportPlan PlanImport(const Contents& contents, store::Operations& operations,
                       const ImportOptions& options);
 
 // Does what the plan says but for refused lines, as one unit of work; the plan must be of these
-// operations and as fresh as the answer is to be. Progress is told row by row.
+// operations and as fresh as the answer is to be. Progress is told row by row. The answer names
+// rows only of a dry run.
 store::OperationResult Import(ImportPlan& plan, store::Operations& operations,
                               const messages::Message& title,
                               const store::OperationOptions& options);

@@ -119,8 +119,10 @@ void ImportRun::BringArguments(const PlannedFormula& formula) {
 store::OperationResult Import(ImportPlan& plan, store::Operations& operations,
                               const messages::Message& title,
                               const store::OperationOptions& options) {
+  store::OperationOptions for_all = options;
+  for_all.with_rows = options.dry_run;
   return operations.AsOne(
-      title, [&] { return ImportRun(plan, operations, options).Run(); }, options);
+      title, [&] { return ImportRun(plan, operations, for_all).Run(); }, for_all);
 }
 
 }  // namespace exchange

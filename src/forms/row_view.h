@@ -70,6 +70,11 @@ class RowView : public Control {
   // The selected rows as tab-separated text, a row each line.
   std::string SelectedText(const std::vector<std::size_t>& columns) const;
 
+  // What the rows are called when they are dragged elsewhere; "" for rows that are not. Set before
+  // they are shown.
+  const std::string& DragKind() const { return drag_kind_; }
+  void SetDragKind(std::string_view kind) { drag_kind_ = kind; }
+
   // What a screen reader calls the rows; set before they are shown.
   const std::string& AccessibleName() const { return accessible_name_; }
   void SetAccessibleName(std::string_view name) { accessible_name_ = name; }
@@ -119,6 +124,7 @@ class RowView : public Control {
   std::size_t known_position_ = 0;  // of the current row when it was last looked up
   std::set<std::int64_t> selection_;
   bool multi_select_ = true;
+  std::string drag_kind_;
   std::string accessible_name_;
   std::string empty_text_;
 };

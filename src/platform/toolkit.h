@@ -70,6 +70,10 @@ class Toolkit {
   // The text of the clipboard; "" when there is none.
   virtual void SetClipboardText(std::string_view text) = 0;
   virtual std::string ClipboardText() = 0;
+  // The same with a text of our own beside it, which other programs do not see; "" when whoever
+  // filled the clipboard last gave it none.
+  virtual void SetClipboard(std::string_view text, std::string_view own) = 0;
+  virtual std::string OwnClipboardText() = 0;
   // Runs the task from the message loop, behind the events that are queued now.
   virtual void CallLater(std::function<void()> task) = 0;
   // Sends a keystroke such as "{F1}" to the active form.

@@ -62,6 +62,8 @@ std::span<const Row> ProviderRows();          // 4450 to 4474: the machine's dat
 std::span<const Row> ListRows();   // 4100 to 4199: lists in the window
 std::span<const Row> PlantRows();  // 4300 to 4399: overview of formulas, going to a name
 
+std::span<const Row> ManyRows();  // 4750 to 4849: many at once in the window
+
 std::span<const Row> ExchangeRows();  // 3400 to 3599: import, export, series
 
 std::span<const Area> Areas();

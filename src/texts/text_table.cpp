@@ -55,6 +55,7 @@ std::span<const Area> Areas() {
       {"studio", 4475, 4499, StudioRows()},
       {"coding", 4650, 4749, CodingRows()},
       {"notice", 4850, 4899, NoticeRows()},
+      {"many", 4750, 4849, ManyRows()},
   });
   return kAreas;
 }

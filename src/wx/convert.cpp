@@ -119,9 +119,25 @@ forms::MouseEvent ToMouseEvent(const wxWindow& window, const wxMouseEvent& event
   return {button, Modifiers(event), ToTwips(window, event.GetX()), ToTwips(window, event.GetY())};
 }
 
-void ToClipboard(const std::string& text) {
+namespace {
+
+const wxDataFormat& OwnFormat() {
+  static const wxDataFormat kFormat("application/x-ovformula");
+  return kFormat;
+}
+
+}  // namespace
+
+void ToClipboard(const std::string& text, const std::string& own) {
   if (!wxTheClipboard->Open()) return;
-  wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
+  auto* both = new wxDataObjectComposite;
+  both->Add(new wxTextDataObject(ToWx(text)), /*preferred=*/true);
+  if (!own.empty()) {
+    auto* data = new wxCustomDataObject(OwnFormat());
+    data->SetData(own.size(), own.data());
+    both->Add(data);
+  }
+  wxTheClipboard->SetData(both);
   wxTheClipboard->Flush();  // it outlives the program
   wxTheClipboard->Close();
 }
@@ -132,6 +148,15 @@ std::string FromClipboard() {
   const bool found = wxTheClipboard->GetData(text);
   wxTheClipboard->Close();
   return found ? FromWx(text.GetText()) : std::string();
+}
+
+std::string OwnFromClipboard() {
+  wxCustomDataObject data(OwnFormat());
+  if (!wxTheClipboard->Open()) return {};
+  const bool found = wxTheClipboard->IsSupported(OwnFormat()) && wxTheClipboard->GetData(data);
+  wxTheClipboard->Close();
+  if (!found) return {};
+  return {static_cast<const char*>(data.GetData()), data.GetSize()};
 }
 
 }  // namespace wx

@@ -34,8 +34,9 @@ forms::Font FromWx(const wxFont& font);
 forms::KeyEvent ToKeyEvent(const wxKeyEvent& event);
 forms::MouseEvent ToMouseEvent(const wxWindow& window, const wxMouseEvent& event);
 
-// The clipboard's text; "" when it has none.
-void ToClipboard(const std::string& text);
+// The clipboard's text; "" when it has none. `own` stands beside it in a format of ours.
+void ToClipboard(const std::string& text, const std::string& own = {});
 std::string FromClipboard();
+std::string OwnFromClipboard();
 
 }  // namespace wx

@@ -181,7 +181,7 @@ bool GridView::OnPress(const CellPress& press) {
     }
     return true;
   }
-  if (!press.on_button) return editor_.OnPress(press);
+  if (!press.on_button) return PressRow(press) || editor_.OnPress(press);
   Later([this, id = grid_.IdAt(press.row), column = press.column] {
     if (!grid_.SetCurrentId(id)) return;
     ShowCurrent();

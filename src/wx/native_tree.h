@@ -46,12 +46,20 @@ class NativeTree : public NativeTreeBase {
   // The node's place is given, since the node may just have gone.
   bool IsExpanded(Node parent, std::size_t index) const;
 
+  // The node at a point of the client area; null when there is none.
+  Node NodeAt(const wxPoint& point) const;
+  // Marks the node that takes what is dropped there; null marks none. Scrolls on at the border.
+  void ShowDropPlace(Node node, const wxPoint& point = {});
+
+  std::function<void(Node)> on_drag;  // the mouse begins to drag a node: to be done at once
   std::function<void()> on_selection;
   std::function<void(Node)> on_expand;
   std::function<void(Node)> on_activate;  // double click or Enter
   std::function<void()> on_context_menu;  // by the mouse, on the node that is selected then
 
 #ifdef __WXGTK__
+  void SetDropTarget(wxDropTarget* target) override;
+
  protected:
   GtkWidget* GetConnectWidget() override;
   GdkWindow* GTKGetWindow(wxArrayGdkWindows& windows) const override;

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtk/gtk.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "wx/accessible_tree_gtk.h"
 #include "wx/native_tree.h"
@@ -15,6 +18,8 @@ namespace wx {
 namespace {
 
 constexpr gint kSpacing = 4;  // between picture and text
+constexpr int kDrag = 6;      // pixels that the mouse moves before it drags
+constexpr int kBorder = 12;   // pixels at which a drag scrolls on
 
 struct FreePath {
   void operator()(GtkTreePath* path) const { gtk_tree_path_free(path); }
@@ -38,6 +43,8 @@ struct NativeTree::State {
   GtkTreeView* tree = GTK_TREE_VIEW(gtk_tree_view_new());
   GtkTreeModel* model = nullptr;
   std::map<std::string, wxBitmap> bitmaps;  // drawn once, for the colours that hold now
+  Node pressed = nullptr;                   // by the left button
+  wxPoint pressed_at;
 
   const wxBitmap& BitmapOf(const NativeTree& view, const std::string& picture) {
     const auto [found, added] = bitmaps.try_emplace(picture);
@@ -45,6 +52,17 @@ struct NativeTree::State {
     return found->second;
   }
   void AddColumn(NativeTree& view);
+  // By a place among the rows.
+  Node NodeUnder(double x, double y) const {
+    GtkTreePath* found = nullptr;
+    GtkTreeIter iter;
+    if (!model || !gtk_tree_view_get_path_at_pos(tree, static_cast<gint>(x), static_cast<gint>(y),
+                                                 &found, nullptr, nullptr, nullptr)) {
+      return nullptr;
+    }
+    const Path path(found);
+    return gtk_tree_model_get_iter(model, &iter, path.get()) ? wx::NodeAt(iter) : nullptr;
+  }
 
   // What the tree view reports.
   static NativeTree& View(gpointer data) { return *static_cast<NativeTree*>(data); }
@@ -53,16 +71,21 @@ struct NativeTree::State {
     if (View(data).on_selection) View(data).on_selection();
   }
   static void OnExpanded(GtkTreeView*, GtkTreeIter* iter, GtkTreePath*, gpointer data) {
-    if (View(data).on_expand) View(data).on_expand(NodeAt(*iter));
+    if (View(data).on_expand) View(data).on_expand(wx::NodeAt(*iter));
   }
   static void OnActivated(GtkTreeView*, GtkTreePath* path, GtkTreeViewColumn*, gpointer data) {
     GtkTreeIter iter;
     if (!gtk_tree_model_get_iter(View(data).state_->model, &iter, path)) return;
-    if (View(data).on_activate) View(data).on_activate(NodeAt(iter));
+    if (View(data).on_activate) View(data).on_activate(wx::NodeAt(iter));
   }
   static gboolean OnPress(GtkWidget*, GdkEventButton* event, gpointer data) {
     NativeTree& view = View(data);
     GtkTreeView* tree = view.state_->tree;
+    view.state_->pressed = nullptr;
+    if (event->button == GDK_BUTTON_PRIMARY && event->type == GDK_BUTTON_PRESS) {
+      view.state_->pressed = view.state_->NodeUnder(event->x, event->y);
+      view.state_->pressed_at = wxGetMousePosition();
+    }
     if (!gdk_event_triggers_context_menu(reinterpret_cast<GdkEvent*>(event))) return FALSE;
     GtkTreePath* found = nullptr;
     if (!gtk_tree_view_get_path_at_pos(tree, static_cast<gint>(event->x),
@@ -79,7 +102,7 @@ struct NativeTree::State {
   static void SetPicture(GtkTreeViewColumn*, GtkCellRenderer* renderer, GtkTreeModel*,
                          GtkTreeIter* iter, gpointer data) {
     State& state = *View(data).state_;
-    const wxBitmap& bitmap = state.BitmapOf(View(data), state.source->PictureOf(NodeAt(*iter)));
+    const wxBitmap& bitmap = state.BitmapOf(View(data), state.source->PictureOf(wx::NodeAt(*iter)));
     cairo_surface_t* surface =
         bitmap.IsOk() ? gdk_cairo_surface_create_from_pixbuf(
                             bitmap.GetPixbuf(), static_cast<int>(bitmap.GetScaleFactor()), nullptr)
@@ -118,6 +141,14 @@ NativeTree::NativeTree(wxWindow* parent, const wxString& name) : state_(std::mak
   g_signal_connect(tree, "button-press-event", G_CALLBACK(State::OnPress), this);
   Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
     event.Skip(event.HasAnyModifiers() || !MoveSideways(event.GetKeyCode()));
+  });
+  Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+    event.Skip();
+    const wxPoint way = wxGetMousePosition() - state_->pressed_at;
+    const bool is_drag = event.LeftIsDown() && std::max(std::abs(way.x), std::abs(way.y)) > kDrag;
+    if (!state_->pressed || !is_drag) return;
+    const Node node = std::exchange(state_->pressed, nullptr);
+    if (on_drag) on_drag(node);
   });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     event.Skip();
@@ -200,7 +231,7 @@ void NativeTree::Select(Node node) {
 NativeTree::Node NativeTree::Selected() const {
   GtkTreeIter iter;
   GtkTreeSelection* selection = gtk_tree_view_get_selection(state_->tree);
-  return gtk_tree_selection_get_selected(selection, nullptr, &iter) ? NodeAt(iter) : nullptr;
+  return gtk_tree_selection_get_selected(selection, nullptr, &iter) ? wx::NodeAt(iter) : nullptr;
 }
 
 void NativeTree::Expand(Node node) {
@@ -217,6 +248,34 @@ bool NativeTree::IsExpanded(Node node) const {
 
 bool NativeTree::IsExpanded(Node parent, std::size_t index) const {
   return gtk_tree_view_row_expanded(state_->tree, MakePath(*state_->source, parent, index).get());
+}
+
+// The tree view would take what is dropped for a row of its own.
+void NativeTree::SetDropTarget(wxDropTarget* target) {
+  NativeTreeBase::SetDropTarget(target);
+  g_signal_connect(state_->tree, "drag-data-received", G_CALLBACK(+[](GtkWidget* tree) {
+                     g_signal_stop_emission_by_name(tree, "drag-data-received");
+                   }),
+                   this);
+}
+
+NativeTree::Node NativeTree::NodeAt(const wxPoint& point) const {
+  gint x = 0, y = 0;
+  gtk_tree_view_convert_widget_to_bin_window_coords(state_->tree, point.x, point.y, &x, &y);
+  return state_->NodeUnder(x, y);
+}
+
+void NativeTree::ShowDropPlace(Node node, const wxPoint& point) {
+  const Path path = node ? MakePath(*state_->source, node) : nullptr;
+  gtk_tree_view_set_drag_dest_row(state_->tree, path.get(), GTK_TREE_VIEW_DROP_INTO_OR_AFTER);
+  if (!node) return;
+  GtkAdjustment* scrolled = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(state_->tree));
+  const double page = gtk_adjustment_get_page_size(scrolled);
+  const int way = point.y < kBorder ? -1 : point.y > page - kBorder ? 1 : 0;
+  if (way != 0) {
+    const double step = gtk_adjustment_get_step_increment(scrolled);
+    gtk_adjustment_set_value(scrolled, gtk_adjustment_get_value(scrolled) + way * step / 2);
+  }
 }
 
 // Right opens a node and goes on to what is below it, Left is the way back.

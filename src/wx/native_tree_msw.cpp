@@ -17,6 +17,8 @@ namespace {
 constexpr long kStyle =
     wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_NO_LINES | wxTR_HIDE_ROOT | wxTR_SINGLE;
 
+constexpr int kBorder = 12;  // pixels at 100 % at which a drag scrolls on
+
 }  // namespace
 
 // The native tree's items below a node come when it is opened for the first time.
@@ -34,6 +36,7 @@ struct NativeTree::State {
   std::unordered_map<std::string, int> pictures;  // places among the images
   wxWithImages::Images images;
   bool silent = false;  // changes of the selection are not the user's
+  wxTreeItemId drop_place;
 
   Entry* Find(Node node) {
     if (!node) return &root;
@@ -116,6 +119,9 @@ NativeTree::NativeTree(wxWindow* parent, const wxString& name)
     SetFocus();
     SelectItem(event.GetItem());
     if (on_context_menu) on_context_menu();
+  });
+  Bind(wxEVT_TREE_BEGIN_DRAG, [this, node](wxTreeEvent& event) {
+    if (on_drag && node(event)) on_drag(node(event));
   });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     event.Skip();
@@ -210,6 +216,25 @@ bool NativeTree::IsExpanded(Node parent, std::size_t index) const {
   const State::Entry* entry = state_->Find(parent);
   return entry && index < entry->children.size() &&
          wxTreeCtrl::IsExpanded(entry->children[index]->item);
+}
+
+NativeTree::Node NativeTree::NodeAt(const wxPoint& point) const {
+  int flags = 0;
+  const wxTreeItemId item = HitTest(point, flags);
+  return (flags & wxTREE_HITTEST_ONITEM) != 0 ? State::NodeAt(*this, item) : nullptr;
+}
+
+void NativeTree::ShowDropPlace(Node node, const wxPoint& point) {
+  const State::Entry* entry = node ? state_->Find(node) : nullptr;
+  const wxTreeItemId item = entry ? entry->item : wxTreeItemId();
+  if (item != state_->drop_place) {
+    if (state_->drop_place.IsOk()) SetItemDropHighlight(state_->drop_place, false);
+    if (item.IsOk()) SetItemDropHighlight(item, true);
+    state_->drop_place = item;
+  }
+  const int border = FromDIP(kBorder);
+  if (item.IsOk() && point.y < border) ScrollLines(-1);
+  if (item.IsOk() && point.y > GetClientSize().y - border) ScrollLines(1);
 }
 
 }  // namespace wx

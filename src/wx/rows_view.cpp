@@ -3,10 +3,16 @@
 
 #include <wx/panel.h>
 #include <wx/sizer.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 #include "texts/text_table.h"
 #include "wx/convert.h"
 #include "wx/native.h"
+#include "wx/row_drag.h"
 
 namespace wx {
 
@@ -15,6 +21,7 @@ namespace {
 using forms::Property;
 
 constexpr std::int32_t kFilterText = 1490;
+constexpr int kDrag = 6;  // pixels at 100 % that the mouse moves before it drags
 
 }  // namespace
 
@@ -68,6 +75,8 @@ void RowsView::Bind() {
     TakeSelection();
     MouseUp(forms::kRightButton, event.GetPosition());
   });
+  list_->GetMainWindow()->Bind(wxEVT_MOTION, &RowsView::OnMotion, this);
+  list_->GetMainWindow()->Bind(wxEVT_LEFT_UP, &RowsView::OnLeftUp, this);
   filter_->Bind(wxEVT_TEXT,
                 [this](wxCommandEvent&) { rows_.SetFilter(FromWx(filter_->GetValue())); });
   filter_->Bind(wxEVT_SEARCHCTRL_CANCEL_BTN, [this](wxCommandEvent&) { CloseFilter(); });
@@ -124,6 +133,34 @@ void RowsView::OnDoubleClick() {
 void RowsView::MouseUp(std::int16_t button, wxPoint position) {
   if (!rows_.on_mouse_up) return;
   rows_.on_mouse_up({button, 0, ToTwips(*list_, position.x), ToTwips(*list_, position.y)});
+}
+
+bool RowsView::PressRow(const CellPress& press) {
+  press_.reset();
+  if (rows_.DragKind().empty() || !press.plain) return false;
+  const std::int64_t id = rows_.IdAt(press.row);
+  const bool kept = rows_.SelectedCount() > 1 && rows_.IsSelected(id);
+  press_ = Press{id, press.column, wxGetMousePosition(), kept};
+  if (kept) list_->SetFocus();
+  return kept;
+}
+
+void RowsView::OnMotion(wxMouseEvent& event) {
+  event.Skip();
+  if (!press_ || !event.LeftIsDown()) return;
+  const wxPoint way = wxGetMousePosition() - press_->at;
+  if (std::max(std::abs(way.x), std::abs(way.y)) <= list_->FromDIP(kDrag)) return;
+  const Press press = *std::exchange(press_, std::nullopt);
+  if (!press.kept) TakeSelection();
+  if (rows_.IsSelected(press.id)) DragRows(*list_, {rows_.DragKind(), rows_.SelectedIds()});
+}
+
+// The row alone is selected, as by a press.
+void RowsView::OnLeftUp(wxMouseEvent& event) {
+  event.Skip();
+  const auto press = std::exchange(press_, std::nullopt);
+  const auto row = press && press->kept ? rows_.PositionOf(press->id) : std::nullopt;
+  if (row) native_.SetCurrentCell(*row, press->column);
 }
 
 // Brings the current row of the native list to the model: it moves without an event, too. False

@@ -6,6 +6,7 @@
 #include <wx/srchctrl.h>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "forms/row_view.h"
@@ -41,6 +42,10 @@ class RowsView : public ControlView {
   virtual bool OnKey(const wxKeyEvent&) { return false; }
   virtual void OnDoubleClick();
 
+  // The left button is pressed on a row, which may be dragged from now on. True keeps the press
+  // from the native list: several rows are selected, and would not be any more.
+  bool PressRow(const CellPress& press);
+
   wxDataViewCtrl& List() const { return *list_; }
   NativeList& Native() { return native_; }
   RowsModel& Cells() const { return *cells_; }
@@ -63,6 +68,8 @@ class RowsView : public ControlView {
   void CloseFilter();
   void CopyRows();
   void MouseUp(std::int16_t button, wxPoint position);
+  void OnMotion(wxMouseEvent& event);
+  void OnLeftUp(wxMouseEvent& event);
 
   forms::RowView& rows_;
   const ViewContext& context_;
@@ -71,6 +78,13 @@ class RowsView : public ControlView {
   wxDataViewCtrl* list_;
   NativeList native_;
   wxObjectDataPtr<RowsModel> cells_;
+  struct Press {
+    std::int64_t id = 0;
+    std::size_t column = 0;
+    wxPoint at;         // on the screen
+    bool kept = false;  // from the native list
+  };
+  std::optional<Press> press_;
   bool syncing_ = false;  // the native list is being brought up to the model
   bool columns_pending_ = false;
   bool rows_pending_ = false;  // the rows are shown once the list is in sight

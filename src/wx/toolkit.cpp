@@ -242,6 +242,12 @@ void Toolkit::SetClipboardText(std::string_view text) { ToClipboard(std::string(
 
 std::string Toolkit::ClipboardText() { return FromClipboard(); }
 
+void Toolkit::SetClipboard(std::string_view text, std::string_view own) {
+  ToClipboard(std::string(text), std::string(own));
+}
+
+std::string Toolkit::OwnClipboardText() { return OwnFromClipboard(); }
+
 void Toolkit::CallLater(std::function<void()> task) { CallWhenIdle(std::move(task)); }
 
 void Toolkit::SendKeys(std::string_view keys) {

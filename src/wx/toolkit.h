@@ -39,6 +39,8 @@ class Toolkit : public platform::Toolkit {
   void Beep() override;
   void SetClipboardText(std::string_view text) override;
   std::string ClipboardText() override;
+  void SetClipboard(std::string_view text, std::string_view own) override;
+  std::string OwnClipboardText() override;
   void CallLater(std::function<void()> task) override;
   void SendKeys(std::string_view keys) override;
 

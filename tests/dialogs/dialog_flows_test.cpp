@@ -484,6 +484,45 @@ TEST_P(DialogFlows, RenamedAliasReachesEveryClassThatUsesIt) {
   EXPECT_FALSE(EditAlias(context, 0)) << "no current alias";
 }
 
+// A series is shown while it is typed, refused as a whole, and one operation.
+TEST_P(DialogFlows, SeriesMakeAliasesAndArguments) {
+  bench.HaveAlias("Other", "Tank_2");
+  bench.In<FAlias>([&](FAlias& dialog) {
+    dialog.txtItemname.SetText("Tank{1..3}");
+    EXPECT_EQ(dialog.txtVBAlias.Text(), "") << "what was proposed before was no name for all";
+    EXPECT_EQ(dialog.lblItemHint.Caption(),
+              In("3 Aliase: Tank1 (Tank1), Tank2 (Tank2), Tank3 (Tank3)",
+                 "3 aliases: Tank1 (Tank1), Tank2 (Tank2), Tank3 (Tank3)"));
+    dialog.txtVBAlias.SetText("Tank_{1..3}");
+    EXPECT_THAT(dialog.lblVBAliasHint.Caption(), HasSubstr("Tank_2"));
+    dialog.cmdOk.Click();
+    EXPECT_TRUE(dialog.Visible()) << "one of them is taken";
+    dialog.txtVBAlias.SetText("Level{1..2}");
+    EXPECT_TRUE(dialog.lblVBAliasHint.Visible()) << "of another length";
+    dialog.txtVBAlias.SetText("Level{1..3}");
+    EXPECT_FALSE(dialog.lblVBAliasHint.Visible());
+    dialog.cmdOk.Click();
+  });
+  EXPECT_EQ(AddAlias(context), 2);
+  EXPECT_THAT(bench.Aliases(),
+              ElementsAre("1|Other|Tank_2", "2|Tank1|Level1", "3|Tank2|Level2", "4|Tank3|Level3"));
+  EXPECT_EQ(bench.toolkit.TakePrompts().size(), 1u) << "why the first OK did nothing";
+
+  const std::int32_t formula = bench.HaveFormula("FillTank", "PumpServer.CPump");
+  bench.In<FParameter>([&](FParameter& dialog) {
+    dialog.txtSeries.SetText("Level{1..4}");
+    EXPECT_FALSE(dialog.cmdOk.Enabled());
+    EXPECT_THAT(dialog.lblSeriesHint.Caption(), HasSubstr("Level4"));
+    dialog.txtSeries.SetText("Level{1..3}");
+    EXPECT_THAT(dialog.lblSeriesHint.Caption(), HasSubstr("Level1, Level2, Level3"));
+    dialog.chkIn.SetChecked(true);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_EQ(AddArgument(context, formula), 1);
+  EXPECT_THAT(bench.Arguments(),
+              ElementsAre("1|1|2|True|False", "2|1|3|True|False", "3|1|4|True|False"));
+}
+
 TEST_P(DialogFlows, VariableChangeForbidsBothFlags) {
   const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
   const std::int32_t on_change = bench.HaveFormula("OnChange", "PumpServer.CPump", 6);

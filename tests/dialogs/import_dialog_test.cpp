@@ -19,7 +19,7 @@ class ImportDialog : public testing::Test {
   DialogBench bench{texts::Language::kEnglish};
   std::vector<std::string> kept;  // lines that were left out
 
-  std::optional<store::OperationResult> Import(std::string text) {
+  ListChange Import(std::string text) {
     ListToImport list;
     list.name = "signals.csv";
     list.contents = exchange::ReadList(std::move(text));
@@ -62,10 +62,9 @@ TEST_F(ImportDialog, RefusedLinesAreShownAndLeftOutOnRequest) {
     dialog.chkSkip.SetChecked(true);
     dialog.cmdOk.Click();
   });
-  const auto result =
-      Import("Item;Alias;Colour\nTank1.Level;Level;\nPump.Running;Running;\nValve.Open;1Bad;red\n");
-  ASSERT_TRUE(result);
-  EXPECT_EQ(result->rows.size(), 1u);
+  EXPECT_EQ(
+      Import("Item;Alias;Colour\nTank1.Level;Level;\nPump.Running;Running;\nValve.Open;1Bad;red\n"),
+      ListChange::kRows);
   EXPECT_THAT(kept, ElementsAre("41Bad"));
   EXPECT_THAT(bench.Aliases(), ElementsAre("1|Pump.Running|Running", "2|Tank1.Level|Level"));
   ASSERT_FALSE(bench.studio.warnings.empty());
@@ -90,7 +89,7 @@ TEST_F(ImportDialog, ChoicesPlanAnew) {
     EXPECT_EQ(dialog.lblCounts.Caption(), "1 new, 1 changed, 0 unchanged, 0 refused");
     dialog.cmdOk.Click();
   });
-  ASSERT_TRUE(Import("Name;Type;Arguments\nFill;2;Running:in, Valve:out\n"));
+  ASSERT_EQ(Import("Name;Type;Arguments\nFill;2;Running:in, Valve:out\n"), ListChange::kFormulas);
   EXPECT_THAT(bench.Formulas(), ElementsAre("1|Fill|PumpServer.CPump|2|0|True|"));
   EXPECT_THAT(bench.Aliases(), ElementsAre("1|Pump.Running|Running", "2|Valve|Valve"));
   EXPECT_THAT(bench.Arguments(), ElementsAre("1|1|1|True|False", "2|1|2|False|True"));
@@ -101,7 +100,7 @@ TEST_F(ImportDialog, StoppedOrLeftItChangesNothing) {
   for (int i = 0; i < 3000; ++i) list += "I" + std::to_string(i) + ";A" + std::to_string(i) + "\n";
   // Stopped while it is planned: there is no preview.
   bench.toolkit.on_progress = [](std::size_t, std::size_t) { return false; };
-  EXPECT_FALSE(Import(list));
+  EXPECT_EQ(Import(list), ListChange::kNothing);
   // Stopped while it runs: the preview comes again.
   bench.toolkit.on_progress = [this](std::size_t, std::size_t) {
     return bench.toolkit.tasks.back() != "Importing the List";
@@ -111,7 +110,7 @@ TEST_F(ImportDialog, StoppedOrLeftItChangesNothing) {
     EXPECT_EQ(dialog.lblCounts.Caption(), "3000 new, 0 changed, 0 unchanged, 0 refused");
     dialog.cmdCancel.Click();
   });
-  EXPECT_FALSE(Import(list));
+  EXPECT_EQ(Import(list), ListChange::kNothing);
   EXPECT_THAT(bench.studio.warnings, ElementsAre(HasSubstr("ancel")));
   EXPECT_THAT(bench.Aliases(), IsEmpty());
 }

@@ -41,6 +41,7 @@ class ScriptedToolkit : public platform::Toolkit {
   std::vector<forms::Form*> shown;  // modeless
   int beeps = 0;
   std::string clipboard;
+  std::string own_clipboard;
 
   ~ScriptedToolkit() override {
     EXPECT_TRUE(modal_steps.empty()) << modal_steps.size() << " dialogs were never shown";
@@ -135,8 +136,13 @@ class ScriptedToolkit : public platform::Toolkit {
     return std::make_unique<Scripted>(*this);
   }
   void Beep() override { ++beeps; }
-  void SetClipboardText(std::string_view text) override { clipboard = text; }
+  void SetClipboardText(std::string_view text) override { SetClipboard(text, {}); }
   std::string ClipboardText() override { return clipboard; }
+  void SetClipboard(std::string_view text, std::string_view own) override {
+    clipboard = text;
+    own_clipboard = own;
+  }
+  std::string OwnClipboardText() override { return own_clipboard; }
   void CallLater(std::function<void()> task) override { later_.push_back(std::move(task)); }
   void SendKeys(std::string_view text) override { keys.emplace_back(text); }
 

@@ -67,13 +67,20 @@ void SendText(const std::string& text, DWORD delay) {
   }
 }
 
-void Click(int button) {
+void SendButton(int button, bool up) {
   INPUT input = {};
   input.type = INPUT_MOUSE;
-  input.mi.dwFlags = button == 3 ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN;
+  if (button == 3) {
+    input.mi.dwFlags = up ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_RIGHTDOWN;
+  } else {
+    input.mi.dwFlags = up ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_LEFTDOWN;
+  }
   Send(input);
-  input.mi.dwFlags = button == 3 ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP;
-  Send(input);
+}
+
+void Click(int button) {
+  SendButton(button, false);
+  SendButton(button, true);
 }
 
 // The shell's quotes around a text go.
@@ -89,7 +96,8 @@ void Play(const std::string& command) {
   while (words >> word) {
     if (word == "--delay") {
       words >> delay;
-    } else if (word == "key" || word == "type" || word == "sleep" || word == "click") {
+    } else if (word == "key" || word == "type" || word == "sleep" || word == "click" ||
+               word == "mousedown" || word == "mouseup" || word == "keydown" || word == "keyup") {
       verb = word;
       delay = kBetweenKeys;
     } else if (word == "mousemove") {
@@ -100,6 +108,10 @@ void Play(const std::string& command) {
       ::Sleep(static_cast<DWORD>(1000 * std::stod(word)));
     } else if (verb == "click") {
       Click(std::stoi(word));
+    } else if (verb == "mousedown" || verb == "mouseup") {
+      SendButton(std::stoi(word), verb == "mouseup");
+    } else if (verb == "keydown" || verb == "keyup") {
+      SendKey(KeyOf(word), verb == "keyup");
     } else if (verb == "type") {
       std::string rest;
       std::getline(words, rest);

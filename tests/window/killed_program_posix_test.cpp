@@ -11,10 +11,12 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "files/replace_file.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/window/desktop_program.h"
+#include "wx/convert.h"
 
 namespace {
 
@@ -59,7 +61,7 @@ struct State {
 State StateOf(const Folder& folder) { return {folder.Read("Plant.ovs"), folder.Read("CPump.cls")}; }
 
 // Runs one of the programs below, which may die; its exit status as wait gives it.
-int RunProgram(const Folder& folder, int step, const char* name = "MakesAFormula") {
+int RunProgram(const Folder& folder, int step, const char* name) {
   const pid_t child = fork();
   if (child == 0) {
     unsetenv("GTEST_TOTAL_SHARDS");
@@ -88,8 +90,8 @@ class Killer : public wxTimer {
   const files::FailingFileSystem& system_;
 };
 
-// The program of which the other test is about.
-TEST(KilledProgram, DISABLED_MakesAFormula) {
+// The program, which does what the keys say from the folder of formulas on and may die over it.
+void RunAndDie(const std::vector<std::string>& keys) {
   ASSERT_NE(getenv(kFolder), nullptr) << "is run by the other test";
   const std::string folder = getenv(kFolder);
   const int step = std::atoi(getenv(kStep));
@@ -103,16 +105,29 @@ TEST(KilledProgram, DISABLED_MakesAFormula) {
               .n = step == 0 ? 1000000 : step,
               .length = files::Fault::Length::kCrash,
               .short_writes = true});
-  Input({"key F8 sleep 0.8", "type --delay 40 Fill", "key --delay 80 Tab Down Return"});
+  Input(keys);
   files::ReplaceFile(files::RealFileSystem(), folder + "/" + kCount,
                      std::to_string(system.count()));
 }
 
-TEST(KilledProgram, LeavesWholeFilesAndStartsAgain) {
+TEST(KilledProgram, DISABLED_MakesAFormula) {
+  RunAndDie({"key F8 sleep 0.8", "type --delay 40 Fill", "key --delay 80 Tab Down Return"});
+}
+
+// 1,000 signals of a formula, through the preview.
+TEST(KilledProgram, DISABLED_PastesAList) {
+  wx::ToClipboard("item,alias,formula,class,in\nT.{1..1000},T_{1..1000},Fill,CPump,x\n");
+  RunAndDie({"key ctrl+v sleep 1.5", "key Return sleep 3"});
+}
+
+class KilledAt : public testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Programs, KilledAt, testing::Values("MakesAFormula", "PastesAList"));
+
+TEST_P(KilledAt, LeavesWholeFilesAndStartsAgain) {
   const Snapshot files = support::SamplePlant().system.Snapshot();
   const Folder untouched(files), changed(files);
   const State before = StateOf(untouched);
-  const int status = RunProgram(changed, 0);
+  const int status = RunProgram(changed, 0, GetParam());
   ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
   const State after = StateOf(changed);
   ASSERT_NE(after.database, before.database);
@@ -127,7 +142,7 @@ TEST(KilledProgram, LeavesWholeFilesAndStartsAgain) {
   for (const int point : points) {
     SCOPED_TRACE("killed at change " + std::to_string(point) + " of " + std::to_string(steps));
     const Folder folder(files);
-    const int end = RunProgram(folder, point);
+    const int end = RunProgram(folder, point, GetParam());
     ASSERT_TRUE(WIFSIGNALED(end) && WTERMSIG(end) == SIGKILL);
     window_tests::DesktopProgram program(files::RealFileSystem(), texts::Language::kEnglish,
                                          folder.path() + "/home");

@@ -76,7 +76,11 @@ TEST_F(PasteTest, FormulasAreCopiedAndPastedInTheTree) {
   Input({"key alt+F6 key --delay 60 Down Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
          "key Return sleep 0.8"});
   Input({"key alt+F6 key ctrl+c sleep 0.5"});
-  std::string copied = wx::FromClipboard();
+  EXPECT_EQ(wx::FromClipboard(),
+            "Name\tProgID\tType\tScanTime\tEnabled\tComment\targuments\n"
+            "Fill\tPumpServer.CPump\t0\t0\ttrue\t\"\"\tLevel:in\n")
+      << "for a spreadsheet";
+  std::string copied = wx::OwnFromClipboard();
   ASSERT_NE(copied.find("Public Sub Fill()"), std::string::npos) << copied;
   for (const auto& [from, to] :
        {std::pair("\"Fill\"", "\"Drain\""), std::pair("PumpServer.CPump", "OtherServer.COther"),

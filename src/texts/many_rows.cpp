@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// Texts of many at once in the window: series in dialogs, drag and drop.
+#include "texts/rows.h"
+
+namespace texts {
+
+namespace {
+
+constexpr Row kRows[] = {
+    // Series in dialogs.
+    {4750, "<Count> Aliase: <Names>", "<Count> aliases: <Names>"},
+    {4751, "aus jedem Item", "from each item"},
+    {4752, "oder als &Reihe:", "or as a &series:"},
+    {4753, "z. B. Tank{1..20}_Level", "e.g. Tank{1..20}_Level"},
+    {4754, "<Count> Argumente: <Names>", "<Count> arguments: <Names>"},
+    {4755, "Es gibt keinen Alias <Name>. Legen Sie ihn zuerst an, oder ändern Sie die Reihe.",
+     "There is no alias <Name>. Add it first, or change the series."},
+    {4756, "Die Aliase werden angelegt", "Adding the Aliases"},
+
+    // Drag and drop.
+    {4770, "Formeln nach <Class> kopieren: <Count>", "Copy formulas to <Class>: <Count>"},
+    {4771, "Argumente zu <Formula> hinzufügen: <Count>", "Add arguments to <Formula>: <Count>"},
+
+    // Clipboard.
+    {4780, "Formeln k&opieren", "Cop&y Formulas"},
+    {4781, "Formeln ein&fügen...", "&Paste Formulas..."},
+};
+
+}  // namespace
+
+std::span<const Row> ManyRows() { return kRows; }
+
+}  // namespace texts
