@@ -2,7 +2,6 @@
 #include "dialogs/falias.h"
 
 #include "dialogs/alias_rules.h"
-#include "dialogs/many_texts.h"
 
 namespace dialogs {
 
@@ -51,11 +50,9 @@ bool FAlias::FollowSeries() try {
   const bool was_series = series_ != nullptr;
   series_.reset();
   if (!AliasSeries::IsSeries(Values())) {
-    txtVBAlias.SetPlaceholder("");
     if (was_series) ShowHint(lblVBAliasHint, "");
     return false;
   }
-  txtVBAlias.SetPlaceholder(Text(kTextFromEachItem));
   if (!proposed_.empty() && txtVBAlias.Text() == proposed_) {
     proposed_.clear();
     txtVBAlias.SetText("");  // comes back here

@@ -71,6 +71,11 @@ std::vector<store::ArgumentValues> FParameter::AllValues() const {
 void FParameter::OnSeries() {
   series_.clear();
   cmbVBAlias.SetEnabled(txtSeries.Text().empty());
+  if (txtSeries.Text().empty()) {
+    OnAlias();
+  } else {
+    ShowHint(lblVBAliasHint, "");
+  }
   std::string problem;
   if (!txtSeries.Text().empty()) {
     try {

@@ -9,8 +9,7 @@ namespace dialogs {
 
 enum ManyTextNumber : std::int32_t {
   kTextAliasesOfSeries = 4750,
-  kTextFromEachItem,
-  kTextOrSeries,
+  kTextOrSeries = 4752,
   kTextSeriesExample,
   kTextArgumentsOfSeries,
   kTextNoSuchAlias,

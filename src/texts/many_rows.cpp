@@ -9,7 +9,6 @@ namespace {
 constexpr Row kRows[] = {
     // Series in dialogs.
     {4750, "<Count> Aliase: <Names>", "<Count> aliases: <Names>"},
-    {4751, "aus jedem Item", "from each item"},
     {4752, "oder als &Reihe:", "or as a &series:"},
     {4753, "z. B. Tank{1..20}_Level", "e.g. Tank{1..20}_Level"},
     {4754, "<Count> Argumente: <Names>", "<Count> arguments: <Names>"},
