@@ -381,6 +381,56 @@ TEST_P(DialogFlows, ARenameOffersToChangeTheUses) {
   EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("  Height = Height + 1\r\n"));
 }
 
+// A formula's name is changed where it is called; an argument's alias in its own formula alone.
+TEST_P(DialogFlows, FormulaAndArgumentOfferTheUsesThatConcernThem) {
+  const std::int32_t fill = bench.HaveFormula("FillTank", "PumpServer.CPump");
+  const std::int32_t drain = bench.HaveFormula("Drain", "PumpServer.CPump");
+  const std::int32_t level = bench.HaveAlias("Tank1.Level", "Level");
+  bench.HaveAlias("Pump.Running", "Running");
+  const std::int32_t argument = bench.HaveArgument(fill, level, true, false);
+  bench.HaveArgument(drain, level, true, false);
+  std::string code = bench.plant.system.Get(support::ClassPath("CPump"));
+  for (const auto& [head, body] :
+       {std::pair<std::string, std::string>("Public Sub FillTank()\r\n", "  Level = Level + 1\r\n"),
+        {"Public Sub Drain()\r\n", "  FillTank\r\n  Level = 0\r\n"}})
+    code.insert(code.find(head) + head.size(), body);
+  bench.plant.system.Put(support::ClassPath("CPump"), code);
+  bench.context->offers_uses = true;
+
+  bench.In<FFunction>([&](FFunction& dialog) {
+    EXPECT_FALSE(dialog.chkWithUses.Visible());
+    dialog.txtName.SetText("Refill");
+    EXPECT_TRUE(dialog.chkWithUses.Visible() && dialog.chkWithUses.Checked());
+    EXPECT_THAT(dialog.chkWithUses.Caption(), testing::EndsWith(": 1"));
+    dialog.txtName.SetText("FillTank");
+    EXPECT_FALSE(dialog.chkWithUses.Visible());
+    dialog.txtName.SetText("Refill");
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, fill));
+  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("  Refill\r\n  Level = 0\r\n"));
+
+  bench.In<FParameter>([&](FParameter& dialog) {
+    EXPECT_FALSE(dialog.chkWithUses.Visible());
+    dialog.cmbVBAlias.SetListIndex(1);
+    EXPECT_TRUE(dialog.chkWithUses.Visible() && dialog.chkWithUses.Checked());
+    EXPECT_THAT(dialog.chkWithUses.Caption(), testing::EndsWith(": 2")) << "not those of Drain";
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditArgument(context, argument));
+  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("  Running = Running + 1\r\n"));
+  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("  Refill\r\n  Level = 0\r\n"));
+
+  // Who does not want it gets the name alone.
+  bench.In<FFunction>([&](FFunction& dialog) {
+    dialog.txtName.SetText("Again");
+    dialog.chkWithUses.SetChecked(false);
+    dialog.cmdOk.Click();
+  });
+  EXPECT_TRUE(EditFormula(context, fill));
+  EXPECT_THAT(bench.plant.Code("CPump"), HasSubstr("  Refill\r\n  Level = 0\r\n"));
+}
+
 // What did not change is not judged: an alias that breaks the rules may get another item.
 TEST_P(DialogFlows, StoredAliasIsNotJudged) {
   const std::int32_t alias = bench.HaveAlias("Tank1.Level", "Level");
