@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The check of a large project beside one read of all its files by the same engines: every row of
-// its tables, every line of its modules, its item catalogue. Smaller is better.
+// its tables, every line of its modules, its item catalogue; the data flow around one formula
+// beside that of the whole project. Smaller is better.
 #include <algorithm>
 #include <ctime>
 #include <functional>
@@ -13,6 +14,7 @@
 #include "bench/report.h"
 #include "check/project_parts.h"
 #include "files/real_file_system.h"
+#include "project/data_flow.h"
 #include "project/project.h"
 
 namespace {
@@ -71,6 +73,15 @@ int main(int, char** argv) {
   });
   const double read = Seconds(system, path, texts, ReadAll);
   bench::PrintRatio("10,000 formulas, 100,000 aliases", 1e3 * check, 1e3 * read, "ms", 10);
+  bench::PrintHeading("data flow", "of it all");
+  const double part = Seconds(system, path, texts, [](project::Project& project) {
+    sink = project::ReadNeighbourhood(project.operations(), project.vb().get(), {{500}, {}}, 2)
+               .edges.size();
+  });
+  const double whole = Seconds(system, path, texts, [](project::Project& project) {
+    sink = project::ReadDataFlow(project.operations(), project.vb().get()).edges.size();
+  });
+  bench::PrintRatio("around one formula, two steps", 1e3 * part, 1e3 * whole, "ms", 0.5);
   const std::string self = argv[0];
   const bench::ProcessResult process = bench::RunProcess(
       {self.substr(0, self.rfind('/') + 1) + "ovformula", "check", path, "--severity", "warning"});
