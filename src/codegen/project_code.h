@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "messages/message.h"
@@ -35,6 +36,11 @@ class ProjectCode {
   // Reads, too, the modules of the wanted components; not what they call.
   void LoadOf(const std::function<bool(const platform::VBComponent&)>& is_wanted);
   void LoadAll();
+
+  // As if the module held this text, whose lines end with LF or CR LF.
+  void ReplaceText(std::int32_t module, std::string text) {
+    program_.Replace(module, std::move(text));
+  }
 
   const vbcode::Program& program() const { return program_; }
   // Number of the class's module; vbcode::kNone when it is not read.

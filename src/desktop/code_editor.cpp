@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/code_styles.h"
+#include "desktop/coding_texts.h"
 #include "desktop/colours.h"
 #include "desktop/search_texts.h"
 #include "project/line_diff.h"
@@ -19,12 +20,16 @@ namespace desktop {
 namespace {
 
 constexpr int kLineNumbers = 0;
+constexpr int kFolds = 1;
 constexpr int kTabWidth = 4;
+constexpr int kUnknown = 8;  // number of an indicator; those below are the styles'
+constexpr int kDwellMs = 600;
+constexpr int kMostOffered = 12;  // lines
 
 }  // namespace
 
 CodeEditor::CodeEditor(wxWindow* parent, const texts::TextTable& texts)
-    : wxStyledTextCtrl(parent), texts_(texts) {
+    : wxStyledTextCtrl(parent), texts_(texts), folds_(*this, kFolds) {
   SetLexer(wxSTC_LEX_CONTAINER);
   Bind(wxEVT_STC_STYLENEEDED, [this](wxStyledTextEvent& event) { Colour(event.GetPosition()); });
   SetTabWidth(kTabWidth);
@@ -32,7 +37,7 @@ CodeEditor::CodeEditor(wxWindow* parent, const texts::TextTable& texts)
   SetUseTabs(false);
   SetEOLMode(wxSTC_EOL_LF);
   SetMarginType(kLineNumbers, wxSTC_MARGIN_NUMBER);
-  SetMarginWidth(1, 0);
+  SetUpHelp();
   SetMarginLeft(FromDIP(6));
   SetWrapMode(wxSTC_WRAP_NONE);
   SetScrollWidthTracking(true);
@@ -72,6 +77,10 @@ void CodeEditor::ApplyColours() {
   StyleSetForeground(wxSTC_STYLE_LINENUMBER, wxColour(palette.comment));
   StyleSetItalic(static_cast<int>(CodeStyle::kComment), true);
   StyleSetBackground(wxSTC_STYLE_LINENUMBER, wxColour(palette.margin));
+  IndicatorSetForeground(kUnknown, wxColour(palette.unknown));
+  CallTipSetForeground(wxColour(palette.ink));
+  CallTipSetBackground(wxColour(palette.margin));
+  folds_.SetColours(palette);
   SetSelBackground(true, wxColour(palette.selection));
   SetCaretForeground(wxColour(palette.ink));
 }
@@ -94,11 +103,77 @@ void CodeEditor::Colour(int end) {
   SetStyleBytes(behind - begin, styles.data());
 }
 
+// --- Help with writing ---
+
+void CodeEditor::SetUpHelp() {
+  SetMouseDwellTime(kDwellMs);
+  Bind(wxEVT_STC_DWELLSTART, [this](wxStyledTextEvent& event) {
+    if (event.GetPosition() >= 0 && !AutoCompActive()) ShowDescription(event.GetPosition());
+  });
+  Bind(wxEVT_STC_DWELLEND, [this](wxStyledTextEvent&) { CallTipCancel(); });
+  Bind(wxEVT_KEY_DOWN, &CodeEditor::OnKey, this);
+  Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent& event) {
+    event.Skip();
+    if (on_text) on_text();
+  });
+  AutoCompSetIgnoreCase(true);
+  AutoCompSetSeparator('\n');
+  AutoCompSetMaxHeight(kMostOffered);
+  AutoCompSetChooseSingle(true);
+  IndicatorSetStyle(kUnknown, wxSTC_INDIC_DOTS);
+}
+
+void CodeEditor::OnKey(wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  const bool control = event.GetModifiers() == wxMOD_CONTROL;
+  if (control && key == WXK_SPACE && on_complete) return on_complete();
+  if (control && key == 'I') {
+    if (!ShowDescription(GetCurrentPos()) && on_status) on_status(texts_.Text(kTextNothingKnown));
+    return;
+  }
+  if (control && key == 'M') return folds_.Toggle();
+  if (key == 'M' && event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT))
+    return folds_.ToggleAll();
+  event.Skip();
+}
+
+bool CodeEditor::ShowDescription(int position) {
+  const std::string text = on_describe ? on_describe(position) : std::string();
+  if (text.empty()) return false;
+  CallTipShow(WordStartPosition(position, true), wx::ToWx(text));
+  return true;
+}
+
+void CodeEditor::Offer(const std::vector<std::string>& names, int typed) {
+  wxString list;
+  for (const std::string& name : names) list += (list.empty() ? "" : "\n") + wx::ToWx(name);
+  CallTipCancel();
+  AutoCompShow(typed, list);
+}
+
+bool CodeEditor::CloseHelp() {
+  if (!AutoCompActive() && !CallTipActive()) return false;
+  AutoCompCancel();
+  CallTipCancel();
+  return true;
+}
+
+void CodeEditor::MarkUnknown(const std::vector<vbcode::Place>& places) {
+  SetIndicatorCurrent(kUnknown);
+  IndicatorClearRange(0, GetLength());
+  for (const vbcode::Place& place : places) {
+    const int begin = PositionFromLine(place.line - 1) + static_cast<int>(place.column);
+    IndicatorFillRange(begin, static_cast<int>(place.length));
+  }
+}
+
 void CodeEditor::ShowMenu() {
   using studio::TextNumber;
   wxMenu menu;
-  const auto add = [&](int text, bool enabled, auto action) {
-    menu.Append(text, wx::ToWx(texts_.Text(text)))->Enable(enabled);
+  const auto add = [&](int text, bool enabled, auto action, const char* key = "") {
+    wxMenuItem* item = menu.Append(text, wx::ToWx(texts_.Text(text)));
+    item->Enable(enabled);
+    if (*key) wx::ShowShortcut(*item, key);
     menu.Bind(
         wxEVT_MENU, [action](wxCommandEvent&) { action(); }, text);
   };
@@ -113,27 +188,67 @@ void CodeEditor::ShowMenu() {
   menu.AppendSeparator();
   add(TextNumber::kTextSelectAll, GetLength() > 0, [this] { SelectAll(); });
   menu.AppendSeparator();
-  add(kTextMenuDefinition, GetLength() > 0 && on_definition, [this] { on_definition(); });
-  add(kTextMenuUses, GetLength() > 0 && on_uses, [this] { on_uses(); });
+  const bool text = GetLength() > 0;
+  add(
+      kTextMenuFindInModule, text && on_find, [this] { on_find(false); }, "Ctrl+F");
+  add(
+      kTextMenuReplaceInModule, text && on_find, [this] { on_find(true); }, "Ctrl+H");
+  add(
+      kTextMenuDefinition, text && on_definition, [this] { on_definition(); }, "F12");
+  add(
+      kTextMenuUses, text && on_uses, [this] { on_uses(); }, "Shift+F12");
+  menu.AppendSeparator();
+  add(
+      kTextMenuComplete, IsEnabled() && on_complete, [this] { on_complete(); }, "Ctrl+Space");
+  add(
+      kTextMenuQuickInfo, text && on_describe, [this] { ShowDescription(GetCurrentPos()); },
+      "Ctrl+I");
+  add(
+      kTextMenuFold, text, [this] { folds_.Toggle(); }, "Ctrl+M");
+  add(
+      kTextMenuFoldAll, text, [this] { folds_.ToggleAll(); }, "Ctrl+Shift+M");
   PopupMenu(&menu);
 }
 
-bool CodeEditor::Find(std::string_view text, bool behind, bool backward) {
-  const wxString wanted = wx::ToWx(text);
-  const auto search = [&](int from, int to) {
-    SetTargetRange(from, to);
-    SetSearchFlags(0);
-    return SearchInTarget(wanted);
-  };
+int CodeEditor::Search(std::string_view text, const FindOptions& options, int from, int to) {
+  SetTargetRange(from, to);
+  SetSearchFlags((options.whole_word ? wxSTC_FIND_WHOLEWORD : 0) |
+                 (options.match_case ? wxSTC_FIND_MATCHCASE : 0));
+  return SearchInTarget(wx::ToWx(text));
+}
+
+bool CodeEditor::Find(std::string_view text, const FindOptions& options, bool behind,
+                      bool backward) {
   const int start = backward ? GetSelectionStart()
                     : behind ? GetSelectionEnd()
                              : GetSelectionStart();
-  int found = search(start, backward ? 0 : GetLength());
-  if (found < 0) found = backward ? search(GetLength(), 0) : search(0, GetLength());
+  int found = Search(text, options, start, backward ? 0 : GetLength());
+  if (found < 0) {
+    found =
+        backward ? Search(text, options, GetLength(), 0) : Search(text, options, 0, GetLength());
+  }
   if (found < 0) return false;
+  EnsureVisible(LineFromPosition(found));
   SetSelection(GetTargetStart(), GetTargetEnd());
   EnsureCaretVisible();
   return true;
+}
+
+bool CodeEditor::SelectionIs(std::string_view text, const FindOptions& options) {
+  const int start = GetSelectionStart(), end = GetSelectionEnd();
+  return start != end && Search(text, options, start, end) == start && GetTargetEnd() == end;
+}
+
+int CodeEditor::ReplaceAll(std::string_view text, std::string_view by, const FindOptions& options) {
+  const wxString replacement = wx::ToWx(by);
+  int count = 0;
+  BeginUndoAction();
+  for (int from = 0; Search(text, options, from, GetLength()) >= 0; ++count) {
+    ReplaceTarget(replacement);
+    from = GetTargetEnd();
+  }
+  EndUndoAction();
+  return count;
 }
 
 std::string CodeEditor::Text() const { return wx::FromWx(GetText()); }
@@ -193,11 +308,13 @@ void CodeEditor::FitScrollWidth() {
 }
 
 void CodeEditor::ScrollTo(std::int32_t line) {
+  EnsureVisible(line - 1);
   GotoLine(line - 1);
   SetFirstVisibleLine(VisibleFromDocLine(line - 1));
 }
 
 void CodeEditor::SelectLines(const platform::CodeSelection& selection) {
+  EnsureVisible(selection.start_line - 1);
   const int start = PositionFromLine(selection.start_line - 1);
   const int end = PositionFromLine(selection.end_line - 1);
   const int first = PositionRelative(start, selection.start_column - 1);
@@ -205,6 +322,7 @@ void CodeEditor::SelectLines(const platform::CodeSelection& selection) {
 }
 
 void CodeEditor::SelectPlace(std::int32_t line, std::int32_t column, std::int32_t length) {
+  EnsureVisible(line - 1);
   const int start = PositionRelative(PositionFromLine(line - 1), column - 1);
   SetSelection(start, PositionRelative(start, length));
   VerticalCentreCaret();

@@ -6,9 +6,12 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "desktop/procedure_folds.h"
 #include "platform/vbide.h"
 #include "texts/text_table.h"
+#include "vbcode/module_code.h"
 
 namespace desktop {
 
@@ -37,16 +40,48 @@ class CodeEditor : public wxStyledTextCtrl {
   Place Caret();
   void ShowLineNumbers(bool show);
 
-  // Selects the next place of a text behind the selection, or from where it begins, without regard
-  // to case; goes on at the other end. False when there is none.
-  bool Find(std::string_view text, bool behind, bool backward = false);
+  struct FindOptions {
+    bool whole_word = false;
+    bool match_case = false;
+  };
+  // Selects the next place of a text behind the selection, or from where it begins; goes on at the
+  // other end. False when there is none.
+  bool Find(std::string_view text, const FindOptions& options, bool behind, bool backward = false);
+  // Whether the selection is a place of the text.
+  bool SelectionIs(std::string_view text, const FindOptions& options);
+  // Puts another text at all places, to be taken back as one; how many there were.
+  int ReplaceAll(std::string_view text, std::string_view by, const FindOptions& options);
 
-  // What the context menu offers for the name at the caret; null is not offered.
+  // What the context menu offers; null is not offered.
+  std::function<void(bool with_replacement)> on_find;
+  std::function<void()> on_complete;
+  // For the name at the caret.
   std::function<void()> on_definition;
   std::function<void()> on_uses;
+  // What the name at a position is, in lines; "" when nothing is known.
+  std::function<std::string(int position)> on_describe;
+  std::function<void()> on_text;  // it is another
+  // One line for the window's status line.
+  std::function<void(const std::string&)> on_status;
+
+  // Offers names for the one that is being typed, of which that many characters are there.
+  void Offer(const std::vector<std::string>& names, int typed);
+  // Closes what is offered or described. False when there is nothing of it.
+  bool CloseHelp();
+  // Places are underlined quietly, in place of those before.
+  void MarkUnknown(const std::vector<vbcode::Place>& places);
+  void ShowProcedures(const std::vector<ProcedureFolds::Lines>& procedures) {
+    folds_.Show(procedures);
+  }
 
  private:
   void ShowMenu();
+  void SetUpHelp();
+  void OnKey(wxKeyEvent& event);
+  // What the name is, beside it. False when nothing is known.
+  bool ShowDescription(int position);
+  // Position of the first place in the range, from its other end when that is first; -1 for none.
+  int Search(std::string_view text, const FindOptions& options, int from, int to);
   void Colour(int end);
   void ApplyColours();
   void FitScrollWidth();
@@ -54,6 +89,7 @@ class CodeEditor : public wxStyledTextCtrl {
   const texts::TextTable& texts_;
   bool changing_ = false;
   bool line_numbers_ = false;
+  ProcedureFolds folds_;
 };
 
 }  // namespace desktop

@@ -2,12 +2,12 @@
 #include "desktop/code_pane.h"
 
 #include <wx/sizer.h>
-#include <wx/srchctrl.h>
 #include <wx/stattext.h>
 
 #include <cstdlib>
 
 #include "desktop/code_editor.h"
+#include "desktop/find_bar.h"
 #include "files/error.h"
 #include "platform/error.h"
 #include "project/line_diff.h"
@@ -40,11 +40,11 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
       texts_(texts),
       title_(new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
-      find_(new wxSearchCtrl(this, wxID_ANY)),
-      editor_(new CodeEditor(this, texts)) {
+      editor_(new CodeEditor(this, texts)),
+      find_(new FindBar(this, *editor_, texts)) {
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(title_, wxSizerFlags().Expand().Border(wxALL, FromDIP(6)));
-  sizer->Add(find_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(6)));
+  sizer->Add(find_, wxSizerFlags().Expand());
   sizer->Add(editor_, wxSizerFlags(1).Expand());
   SetUpFind();
   SetSizer(sizer);
@@ -61,7 +61,8 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
     ShowName();
     if (on_status && std::exchange(says_modified_, false)) on_status("");
   });
-  editor_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) {
+  editor_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent& event) {
+    event.Skip();
     if (copies_ && document_ && !copy_timer_.IsRunning()) copy_timer_.StartOnce(kCopyMs);
   });
   copy_timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { KeepCopy(); });
@@ -72,53 +73,18 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
 // --- Finding ---
 
 void CodePane::SetUpFind() {
-  const wxString name = wx::ToWx(texts_.Text(TextNumber::kTextFindInCode));
-  find_->SetDescriptiveText(name);
-  wx::SetAccessibleName(*find_, name);
-  find_->ShowCancelButton(true);
-  find_->Hide();
-  find_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Find(false); });
-  find_->Bind(wxEVT_SEARCHCTRL_CANCEL_BTN, [this](wxCommandEvent&) { CloseFind(); });
-  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { event.Skip(!OnFindKey(event)); });
-}
-
-bool CodePane::OnFindKey(const wxKeyEvent& event) {
-  const int key = event.GetKeyCode();
-  const bool shift = event.GetModifiers() == wxMOD_SHIFT, plain = !event.HasAnyModifiers();
-  const bool finding = find_->IsShown() && !editor_->HasFocus();
-  if (key == 'F' && event.GetModifiers() == wxMOD_CONTROL) {
-    OpenFind();
-  } else if ((plain || shift) && (key == WXK_F3 || (finding && key == WXK_RETURN))) {
-    if (!find_->IsShown()) return OpenFind(), true;
-    Find(true, shift);
-  } else if (plain && finding && key == WXK_ESCAPE) {
-    CloseFind();
-  } else {
-    return false;
-  }
-  return true;
-}
-
-void CodePane::OpenFind() {
-  if (!editor_->IsEnabled()) return;
-  find_->Show();
-  Layout();
-  find_->SetFocus();
-  find_->SelectAll();
-}
-
-void CodePane::CloseFind() {
-  find_->Hide();
-  Layout();
-  TakeKeyboard();
-}
-
-void CodePane::Find(bool behind, bool backward) {
-  const std::string text = wx::FromWx(find_->GetValue());
-  if (text.empty()) return;
-  const bool found = editor_->Find(text, behind, backward);
-  if (on_status)
-    on_status(found ? "" : texts_.Text(TextNumber::kTextNotInCode, {{"<Text>", text}}));
+  find_->MoveBeforeInTabOrder(editor_);
+  find_->on_status = [this](const std::string& text) {
+    if (on_status) on_status(text);
+  };
+  find_->on_visible = [this] { Layout(); };
+  find_->on_close = [this] { TakeKeyboard(); };
+  editor_->on_status = find_->on_status;
+  editor_->on_find = [this](bool with_replacement) { find_->Open(with_replacement); };
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const bool closes = event.GetKeyCode() == WXK_ESCAPE && editor_->CloseHelp();
+    event.Skip(!closes && !find_->HandleKey(event));
+  });
 }
 
 // --- The module ---

@@ -16,12 +16,12 @@
 #include "studio/unsaved_code.h"
 #include "texts/text_table.h"
 
-class wxSearchCtrl;
 class wxStaticText;
 
 namespace desktop {
 
 class CodeEditor;
+class FindBar;
 
 // The code of one module, editable. It is written when the user says so. What operations and other
 // programs do to the module meanwhile is taken over, also beside unsaved changes.
@@ -35,6 +35,7 @@ class CodePane : public wxPanel {
   // Shows nothing. What is not saved is lost; see MayLeave.
   void CloseModule();
   platform::VBComponent* Component() const { return component_.get(); }
+  CodeEditor& editor() const { return *editor_; }
   // Whether a module is shown that can be read.
   bool Readable() const { return document_ && problem_.empty(); }
   // Where copies of unsaved code are kept; null keeps none. They outlive the module.
@@ -96,10 +97,6 @@ class CodePane : public wxPanel {
 
  private:
   void SetUpFind();
-  bool OnFindKey(const wxKeyEvent& event);
-  void OpenFind();
-  void CloseFind();
-  void Find(bool behind, bool backward = false);
   void Discard();
   void SetTitle(const std::string& text);
   void ShowName();
@@ -112,8 +109,8 @@ class CodePane : public wxPanel {
 
   const texts::TextTable& texts_;
   wxStaticText* title_;
-  wxSearchCtrl* find_;
   CodeEditor* editor_;
+  FindBar* find_;
   std::shared_ptr<platform::VBComponent> component_;
   std::unique_ptr<studio::CodeDocument> document_;
   studio::UnsavedCopies* copies_ = nullptr;

@@ -14,12 +14,14 @@ struct CodePalette {
   const char* string;
   const char* number;
   const char* selection;
+  const char* fold;     // signs of folds; that of the procedure with the caret is a keyword's
+  const char* unknown;  // under names that nobody declares
 };
 
-inline constexpr CodePalette kLightCode = {"#1c2733", "#ffffff", "#f0f2f4", "#5a626b",
-                                           "#0b4f9e", "#8a3324", "#7a5400", "#c9dff2"};
-inline constexpr CodePalette kDarkCode = {"#e3e8ed", "#1b2026", "#262c33", "#a3adb7",
-                                          "#74b9ea", "#e0a08f", "#c8b06a", "#28405a"};
+inline constexpr CodePalette kLightCode = {"#1c2733", "#ffffff", "#f0f2f4", "#5a626b", "#0b4f9e",
+                                           "#8a3324", "#7a5400", "#c9dff2", "#b4bcc4", "#c05a3c"};
+inline constexpr CodePalette kDarkCode = {"#e3e8ed", "#1b2026", "#262c33", "#a3adb7", "#74b9ea",
+                                          "#e0a08f", "#c8b06a", "#28405a", "#55606b", "#e0805f"};
 
 // Of the help's pages; text and paper are the system's.
 struct HelpPalette {

@@ -44,6 +44,7 @@ DesktopState::DesktopState(project::FileSettingsService& settings, files::FileSy
   window.tree_shown = Number("TreeShown", 1) != 0;
   window.code_shown = Number("CodeShown", 1) != 0;
   window.code_beside = Number("CodeBeside", 0) != 0;
+  save_when_leaving = Number("SaveWhenLeaving", 0) != 0;
   project = settings.ReadIni(file_, kSection, "Project", "");
   node = settings.ReadIni(file_, kSection, "Node", "");
   told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
@@ -81,6 +82,7 @@ bool DesktopState::Save() {
       {"TreeShown", window.tree_shown ? "1" : "0"},
       {"CodeShown", window.code_shown ? "1" : "0"},
       {"CodeBeside", window.code_beside ? "1" : "0"},
+      {"SaveWhenLeaving", save_when_leaving ? "1" : "0"},
       {"Project", project},
       {"Node", node},
       {"ToldCrashLog", told_crash_log},

@@ -32,6 +32,8 @@ class DesktopState {
   std::string project;  // that was open, "" for none
   std::string node;     // that was selected in it
   std::string told_crash_log;
+  // Unsaved code is saved without a question when another module takes its place.
+  bool save_when_leaving = false;
 
   // How the user wants a project, named by its canonical path, to be read.
   ReadingOptions OptionsOf(const std::string& path) const;

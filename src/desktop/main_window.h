@@ -15,6 +15,7 @@
 #include "desktop/backup_keeper.h"
 #include "desktop/change_watch.h"
 #include "desktop/check_list.h"
+#include "desktop/code_assistant.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_search.h"
 #include "desktop/flow_chart.h"
@@ -132,6 +133,7 @@ class MainWindow : public wxFrame {
   std::unique_ptr<studio::AddInSession> session_;
   std::unique_ptr<CodeLookup> lookup_;
   std::unique_ptr<CodeSearch> search_;
+  std::unique_ptr<CodeAssistant> assistant_;
   std::unique_ptr<UnsavedCodeKeeper> unsaved_;  // null when the user has no state folder
   std::unique_ptr<ChangeWatch> watch_;
   std::unique_ptr<ProjectUndo> undo_;

@@ -140,6 +140,8 @@ void MainWindow::EquipSession() {
   lookup_ = std::make_unique<CodeLookup>(*project_, *session_, code_, parts_.texts);
   search_ = std::make_unique<CodeSearch>(CodeSearch::Dependencies{
       parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
+  assistant_ = std::make_unique<CodeAssistant>(
+      CodeAssistant::Dependencies{parts_, messages_, *project_, *session_, *lookup_, code_});
   watch_ = std::make_unique<ChangeWatch>(ChangeWatch::Dependencies{
       parts_, messages_, *project_, *session_, panes_.notices(), [this] { check_->Check(); }});
   undo_ = std::make_unique<ProjectUndo>(parts_, messages_, *project_, *session_);
@@ -215,6 +217,7 @@ bool MainWindow::CloseProject() {
   check_.reset();
   history_.reset();
   undo_.reset();
+  assistant_.reset();
   search_.reset();
   lookup_.reset();
   session_.reset();
@@ -227,6 +230,7 @@ bool MainWindow::CloseProject() {
 }
 
 CodePane::Answer MainWindow::AskAboutCode(const std::string& module) {
+  if (parts_.state.save_when_leaving) return CodePane::Answer::kSave;
   const auto answer = parts_.toolkit.Show(
       {parts_.texts.Text(TextNumber::kTextSaveQuestion, {{"<Name>", module}}),
        Text(TextNumber::kTextDiscardDetail), "", platform::MessageButtons::kYesNoCancel,

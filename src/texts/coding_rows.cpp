@@ -46,6 +46,26 @@ std::span<const Row> CodingRows() {
       {4671, "Gespeichert: <File>", "Saved: <File>"},
       {4672, "Hier liest und schreibt keine Formel etwas.",
        "No formula reads or writes anything here."},
+
+      {4680, "Ersetzen durch", "Replace with"},
+      {4681, "Ersetzen", "Replace"},
+      {4682, "Alle ersetzen", "Replace All"},
+      {4683, "Ersetzt: <Count>", "Replaced: <Count>"},
+      {4684, "Schließen", "Close"},
+      {4685, "&Suchen", "&Find"},
+      {4686, "&Ersetzen", "&Replace"},
+      {4687, "Ganzes Wort", "Whole word"},
+      {4688, "Groß/klein", "Match case"},
+
+      {4700, "&Vervollständigen", "Co&mplete"},
+      {4701, "&Kurzinfo", "&Quick Info"},
+      {4702, "&Prozedur zu- oder aufklappen", "Fold or Unfold &Procedure"},
+      {4703, "&Alle Prozeduren zu- oder aufklappen", "Fold or Unfold &All Procedures"},
+      {4704, "Hier lässt sich nichts vervollständigen.", "There is nothing to complete here."},
+      {4705, "<Name> ist nirgends deklariert.", "<Name> is declared nowhere."},
+      {4706, "Über diese Stelle ist nichts bekannt.", "Nothing is known about this place."},
+      {4707, "Übergabewert", "input value"},
+      {4708, "Rückgabewert", "return value"},
   });
   return kRows;
 }

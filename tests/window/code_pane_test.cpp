@@ -80,6 +80,13 @@ TEST_F(CodePaneTest, IsWrittenWhenTheUserSaysSo) {
   Input({"key Escape sleep 0.2 key Up sleep 0.6 key alt+d"});
   EXPECT_FALSE(Saved("'three"));
   EXPECT_TRUE(Shown("Sub Drain"));
+
+  program.state().save_when_leaving = true;
+  Input({"key Down"});
+  Write("four");
+  Input({"key Escape sleep 0.2 key Up sleep 0.6"});
+  EXPECT_TRUE(Saved("'four")) << "as the user wants it, without a question";
+  EXPECT_TRUE(Shown("Sub Drain"));
 }
 
 TEST_F(CodePaneTest, TabPassesIt) {

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/panel.h>
+
+#include <functional>
+#include <string>
+
+#include "desktop/code_editor.h"
+#include "texts/text_table.h"
+
+class wxCheckBox;
+class wxTextCtrl;
+
+namespace desktop {
+
+// Finds and replaces a text in the code that is shown. Hidden until it is opened: Ctrl+F finds,
+// Ctrl+H also replaces; F3 and Enter find the next place, with Shift the one before; Escape closes.
+class FindBar : public wxPanel {
+ public:
+  // Both outlive it.
+  FindBar(wxWindow* parent, CodeEditor& editor, const texts::TextTable& texts);
+
+  // True when the key was one of the bar's; the keyboard is in the bar or in the code.
+  bool HandleKey(const wxKeyEvent& event);
+  // With the code's selection as the text, if it is one line.
+  void Open(bool with_replacement);
+  void Close();
+
+  std::function<void(const std::string&)> on_status;
+  std::function<void()> on_visible;  // its height is another
+  std::function<void()> on_close;
+
+ private:
+  wxTextCtrl* MakeField(wxPanel& row, int text);
+  CodeEditor::FindOptions Options() const;
+  std::string Wanted() const;
+  bool HasKeyboard() const;
+  // False when it stands nowhere, which is told.
+  bool Find(bool behind, bool backward = false);
+  void Replace();
+  void ReplaceAll();
+  void Tell(const std::string& text) const;
+
+  CodeEditor& editor_;
+  const texts::TextTable& texts_;
+  wxTextCtrl* wanted_;
+  wxTextCtrl* replacement_;
+  wxCheckBox* whole_word_;
+  wxCheckBox* match_case_;
+  wxPanel* second_row_;
+};
+
+}  // namespace desktop
