@@ -4,6 +4,7 @@
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp            until its window is closed
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp rounds N   N times: load, open, end, unload; then
 //                                                          what that cost
+//   studio_host MODULE DATABASE.ovs PROJECT.vbp opening    how long opening takes
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp bad        behaves badly in every way it knows
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp job STEPS  the main job by mouse and keys; copies
 //                                                          of the project's folder go into STEPS
@@ -31,6 +32,8 @@ void UntilClosed(const Files& files) {
 void RunMode(const Files& files, const std::wstring& mode, const std::wstring& value) {
   if (mode == L"rounds") {
     Rounds(files, value.empty() ? 100 : std::stoi(value));
+  } else if (mode == L"opening") {
+    MeasureOpening(files);
   } else if (mode == L"bad") {
     BehaveBadly(files);
   } else if (mode == L"job") {

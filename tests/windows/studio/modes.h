@@ -8,6 +8,8 @@ namespace studio_host {
 
 // The editor again and again, then the module again and again; what that cost.
 void Rounds(const Files& files, int count);
+// How long the first click and the first look at the editor take.
+void MeasureOpening(const Files& files);
 // Calls out of order, twice, from inside each other, from another thread; errors in every answer;
 // an end inside a call, none at all, and windows that are gone before it.
 void BehaveBadly(const Files& files);
