@@ -20,7 +20,7 @@ project::Backups BackupKeeper::BackupsOf(const std::string& path) const {
 
 void BackupKeeper::Watch(project::Project& opened) {
   const WindowParts& parts = outside_.parts;
-  if (parts.state.folder().empty()) return;
+  if (parts.state.folder().empty() || !parts.state.with_backups) return;
   daily_ = std::make_unique<project::DailyBackup>(
       parts.files, parts.state.FolderOf("backups", opened.path()),
       project::DailyBackup::Dependencies{

@@ -45,6 +45,11 @@ DesktopState::DesktopState(project::FileSettingsService& settings, files::FileSy
   window.code_shown = Number("CodeShown", 1) != 0;
   window.code_beside = Number("CodeBeside", 0) != 0;
   save_when_leaving = Number("SaveWhenLeaving", 0) != 0;
+  window.tree_grouping = Number("TreeGrouping", 0);
+  window.tree_order = Number("TreeOrder", 0);
+  const int kept_look = Number("Look", 0);
+  look = kept_look == 1 || kept_look == 2 ? kept_look : 0;
+  with_backups = Number("Backups", 1) != 0;
   project = settings.ReadIni(file_, kSection, "Project", "");
   node = settings.ReadIni(file_, kSection, "Node", "");
   told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
@@ -83,6 +88,10 @@ bool DesktopState::Save() {
       {"CodeShown", window.code_shown ? "1" : "0"},
       {"CodeBeside", window.code_beside ? "1" : "0"},
       {"SaveWhenLeaving", save_when_leaving ? "1" : "0"},
+      {"TreeGrouping", std::to_string(window.tree_grouping)},
+      {"TreeOrder", std::to_string(window.tree_order)},
+      {"Look", std::to_string(look)},
+      {"Backups", with_backups ? "1" : "0"},
       {"Project", project},
       {"Node", node},
       {"ToldCrashLog", told_crash_log},

@@ -25,6 +25,7 @@ class DesktopState {
     int code_height = 300;
     int code_width = 560;  // where it stands beside the table
     bool tree_shown = true, code_shown = true, code_beside = false;
+    int tree_grouping = 0, tree_order = 0;  // as TreeLook counts them
   };
 
   Place window;
@@ -34,6 +35,8 @@ class DesktopState {
   std::string told_crash_log;
   // Unsaved code is saved without a question when another module takes its place.
   bool save_when_leaving = false;
+  int look = 0;  // as wx::Look counts them
+  bool with_backups = true;
 
   // How the user wants a project, named by its canonical path, to be read.
   ReadingOptions OptionsOf(const std::string& path) const;

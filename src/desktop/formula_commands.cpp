@@ -303,6 +303,8 @@ void FormulaCommands::ChangeMany(std::vector<std::int32_t> ids, const messages::
     }
     return dialogs::WarnFailure(context, result);
   }
+  for (const std::int32_t id : ids)
+    own_.session.studio().SetNodeText(editor::FormulaKey(id), own_.overview.Find(id)->record.name);
   Show();
   own_.on_changed();
   if (result.warnings.empty()) Done(kTextOneFormulaChanged, ids.size());

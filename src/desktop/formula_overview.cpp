@@ -162,11 +162,26 @@ void FormulaOverview::GoTo(std::int32_t id) { model_.table.SetCurrentId(id); }
 
 void FormulaOverview::ShowClass(const std::string& prog_id) {
   const auto found = std::ranges::find(class_names_, prog_id);
-  if (found == class_names_.end()) return;
+  if (found != class_names_.end()) ShowOnly(static_cast<int>(found - class_names_.begin()) + 1, 0);
+}
+
+void FormulaOverview::ShowOnly(int prog_id, int type) {
   filter_->Clear();
-  call_types_->SetSelection(0);
-  classes_->SetSelection(static_cast<int>(found - class_names_.begin()) + 1);
+  classes_->SetSelection(prog_id);
+  call_types_->SetSelection(type);
   Choose();
+}
+
+void FormulaOverview::ShowGroup(const std::string& group, bool of_classes) {
+  const bool was_group = std::exchange(shows_group_, !group.empty());
+  if (group.empty()) {
+    if (was_group) ShowOnly(0, 0);
+    return;
+  }
+  if (of_classes) return ShowClass(group);
+  for (int type = 0; type < store::kCallTypes; ++type) {
+    if (group == std::to_string(type)) ShowOnly(0, type + 1);
+  }
 }
 
 void FormulaOverview::TakeKeyboard() { view_->FocusWindow().SetFocus(); }

@@ -38,6 +38,9 @@ class FormulaOverview : public wxPanel {
   void TakeKeyboard();
   // Shows the formulas of one class only.
   void ShowClass(const std::string& prog_id);
+  // Shows the formulas of a group of the tree only: a class, or the number of a call type; all of
+  // them again for "", if it was a group that left them out.
+  void ShowGroup(const std::string& group, bool of_classes);
   // Shows a menu at the mouse or at the current row; the ID that was chosen, wxID_NONE for none.
   int ChooseFromMenu(wxMenu& menu);
 
@@ -62,6 +65,7 @@ class FormulaOverview : public wxPanel {
   wxChoice* MakeChoice(int text);
   void FillClasses();
   void Choose();
+  void ShowOnly(int prog_id, int type);
   void OnKey(forms::KeyEvent& event);
   void OnFilterKey(wxKeyEvent& event);
   void ShowCount();
@@ -77,6 +81,7 @@ class FormulaOverview : public wxPanel {
   wxStaticText* count_;
   std::unique_ptr<wx::GridView> view_;
   std::vector<std::string> class_names_;  // of the choice, behind the entry of all
+  bool shows_group_ = false;
 };
 
 }  // namespace desktop

@@ -7,6 +7,7 @@
 
 #include "desktop/choice_menu.h"
 #include "desktop/crash_log.h"
+#include "desktop/frame_texts.h"
 #include "desktop/overview_texts.h"
 #include "desktop/search_texts.h"
 #include "dialogs/list_texts.h"
@@ -67,6 +68,7 @@ wxMenu* MainMenu::CodeMenu(const Commands& commands) {
 wxMenu* MainMenu::HelpMenu(const Commands& commands) {
   auto* menu = new wxMenu;
   AddItem(*menu, TextNumber::kTextMenuContents, "", commands.contents);
+  AddItem(*menu, kTextMenuKeyboard, "", commands.keyboard);
   AddItem(*menu, TextNumber::kTextMenuAbout, "", commands.about);
   return menu;
 }

@@ -23,7 +23,7 @@ class ChoiceMenu;
 class MainMenu {
  public:
   struct Commands {
-    std::function<void()> create, open, save_code, quit, contents, about;
+    std::function<void()> create, open, save_code, quit, contents, keyboard, about;
     std::function<void()> import_list, export_project;
     std::function<void()> go_to_name, find_in_all_code, show_uses, go_to_definition;
     std::function<void(std::size_t)> open_recent, restore_backup;  // by place in their menus

@@ -11,9 +11,13 @@
 #include "desktop/code_conflict.h"
 #include "desktop/crash_log.h"
 #include "desktop/flow_texts.h"
+#include "desktop/frame_texts.h"
+#include "desktop/key_list.h"
 #include "desktop/pane_texts.h"
 #include "desktop/search_texts.h"
 #include "desktop/undo_texts.h"
+#include "desktop/workbench_options.h"
+#include "dialogs/list_texts.h"
 #include "editor/node_key.h"
 #include "editor/tools.h"
 #include "files/replace_file.h"
@@ -36,9 +40,18 @@ constexpr std::size_t kEditorMenus = 3;  // the editor's menus stand behind the 
 constexpr std::int32_t kFirstTopic = 90001;
 constexpr std::int32_t kCodeTopic = 90040;
 constexpr std::int32_t kItemsTopic = 90032;
+
 bool HasKeyboard(const wxWindow& window) {
   wxWindow* focus = wxWindow::FindFocus();
   return focus && (focus == &window || window.IsDescendant(focus));
+}
+
+// The keys of the workbench's other tables stand for those that the add-in knows.
+forms::KeyEvent AsAddInKnows(forms::KeyEvent event) {
+  if (event.shift != 0) return event;
+  if (event.key_code == forms::kKeyF2) event.key_code = forms::kKeyF9;
+  if (event.key_code == forms::kKeyDelete) event.shift = forms::kControl;
+  return event;
 }
 
 }  // namespace
@@ -56,7 +69,6 @@ MainWindow::MainWindow(const Parts& parts, const wxRect& place)
       backups_(BackupDependencies()) {
   SetMinSize(LeastSize());
   SetIcons(ProgramIcons());
-  CreateStatusBar();
   ConnectPanes();
   AddTools();
   ConnectTree();
@@ -91,6 +103,7 @@ MainMenu::Commands MainWindow::MenuCommands() {
     if (search_) search_->GoToDefinition();
   };
   commands.contents = [this] { parts_.help.ShowTopic(0, kFirstTopic); };
+  commands.keyboard = [this] { ShowKeys(); };
   commands.about = [this] { ShowAboutBox(this, parts_.texts); };
   commands.open_recent = [this](std::size_t place) {
     const std::string path = parts_.state.recent.Paths()[place];  // the list changes by opening it
@@ -113,6 +126,12 @@ void MainWindow::ConnectPanes() {
   panes_.welcome().on_open = [this] { AskOpen(); };
   panes_.welcome().on_new = [this] { AskNew(); };
   panes_.welcome().on_recent = [this](const std::string& path) { OpenProject(path); };
+  panes_.messages().Serve(log_);
+  view_menu_.on_options = [this] {
+    if (WorkbenchOptions(this, parts_.texts, parts_.settings, parts_.state).Ask())
+      messages_.Status(Text(kTextChangedAtNextStart));
+  };
+  status_.on_open = [this] { panes_.messages().ShowNewest(); };
   code_.on_status = [this](const std::string& text) { messages_.Status(text); };
   code_.on_failure = [this](const std::string& message, const std::string& detail) {
     messages_.Fail(message, detail);
@@ -138,11 +157,18 @@ void MainWindow::AddTools() {
   };
   tools_.Add(
       editor::kFunctionBand, "mnuShowEditorSep",
-      {{"usesOfNode", Text(kTextMenuUses), "Shift+F12", show_uses(CodeSearch::Subject::kNode)}});
+      {{"usesOfNode", Text(kTextMenuUses), "Shift+F12", show_uses(CodeSearch::Subject::kNode)},
+       {"nameOfNode", Text(kTextCopyNodeName), "", [this] { CopyNodeName(); }}});
+  tools_.Add(editor::kShowEditorBand, editor::kShowEditorTool,
+             {{"newFormula", Text(kTextNodeNewFormula), "", [this] { MakeFormula(); }},
+              {"newAlias", Text(kTextNodeNewAlias), "",
+               [this] { session_->add_in().EditorWindow()->RunTool("mnuAliasNew"); }}});
   for (const char* band : {editor::kParameterBand, editor::kAliasBand}) {
     tools_.Add(
         band, "",
-        {{"usesOfRow", Text(kTextMenuUses), "Shift+F12", show_uses(CodeSearch::Subject::kRow)}});
+        {{"usesOfRow", Text(kTextMenuUses), "Shift+F12", show_uses(CodeSearch::Subject::kRow)},
+         {std::string("several") + band, Text(dialogs::kTextMenuSeveral), "Shift+F8",
+          [this] { AddSeveral(); }}});
   }
 }
 
@@ -156,18 +182,15 @@ void MainWindow::ConnectTree() {
   tree_.on_expand_node = [this](const studio::StudioNode& node) {
     session_->add_in().NodeExpand(session_->studio().project(), node.key, node.text);
   };
-  tree_.on_activate_node = [this](const studio::StudioNode& node) {
-    if (panes_.overview().IsShown()) return panes_.overview().TakeKeyboard();
-    session_->add_in().NodeDblClick(session_->studio().project(), node.key, node.text);
-  };
+  tree_.on_activate_node = [this](const studio::StudioNode&) { TakeUpperPane(); };
   tree_.on_key = [this](const studio::StudioNode& node, forms::KeyEvent& event) {
-    event.handled = event.key_code == forms::kKeyF6 && event.shift == forms::kAlt &&
-                    panes_.overview().IsShown();
-    if (event.handled) return panes_.overview().TakeKeyboard();
-    std::int16_t code = event.key_code, shift = event.shift;
+    event.handled = RunViewKeyOfTree(event);
+    if (event.handled) return;
+    const forms::KeyEvent known = AsAddInKnows(event);
+    std::int16_t code = known.key_code, shift = known.shift;
     const std::string key = node.key, text = node.text;  // the node may go
     session_->add_in().NodeKeyDown(session_->studio().project(), key, text, code, shift);
-    event.handled = code == 0 || event.key_code == forms::kKeyF1 || RunTreeKey(key, event);
+    event.handled = code == 0 || known.key_code == forms::kKeyF1 || RunTreeKey(key, known);
   };
   tree_.on_menu = [this](const studio::StudioNode& node) {
     const std::string key = node.key, text = node.text;
@@ -181,6 +204,7 @@ void MainWindow::ConnectStudio() {
   window.handle = [this] { return wx::HandleOf(this); };
   window.select_node = [this](std::string_view key) { tree_.SelectKey(std::string(key)); };
   window.activate_tree = [this] { TakeTree(); };
+  window.keys_below = [this](std::string_view key) { return tree_.KeysBelow(std::string(key)); };
   window.show_error = [this](std::string_view text) { messages_.Fail(std::string(text), ""); };
   window.choose_item = [this](std::string_view current) { return ChooseItem(current); };
   window.show_code_window = [this] { code_.Refresh(); };
@@ -191,6 +215,7 @@ void MainWindow::ConnectStudio() {
     editor::frmtabgrid* editor = session_->add_in().EditorWindow();
     if (!editor) return;
     tools_.Equip(*editor);
+    editor->abr.FindTool("mnuOptionActualize")->SetShortcut("F5");
     if (wx::MenuBarView* menus = parts_.toolkit.MenusOf(*editor))
       menus->AppendTo(*GetMenuBar(), *this, kEditorMenus);
     parts_.toolkit.ShowModeless(*editor);
@@ -216,6 +241,20 @@ void MainWindow::ShowWarnings(const std::vector<platform::Notice>& warnings) {
   if (!places.empty() && search_) search_->ShowNotices(places);
 }
 
+// The keys of the tree that change nothing. True when it is one of them.
+bool MainWindow::RunViewKeyOfTree(const forms::KeyEvent& event) {
+  const bool there = event.key_code == forms::kKeyF6 && event.shift == forms::kAlt;
+  const bool control = event.shift == forms::kControl;
+  if (control && event.key_code == 'F') {
+    panes_.tree_pane().TakeFilter();
+  } else if ((there && panes_.overview().IsShown()) || (control && event.key_code == 'O')) {
+    TakeUpperPane();
+  } else {
+    return false;
+  }
+  return true;
+}
+
 // The keys of commands on nodes for which the add-in has none: they go to the table of the node,
 // or are answered. True when it is one of them.
 bool MainWindow::RunTreeKey(const std::string& key, const forms::KeyEvent& event) {
@@ -238,6 +277,10 @@ void MainWindow::Bind() {
   wxFrame::Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_F1) {
       parts_.help.ShowTopic(0, HasKeyboard(code_) ? kCodeTopic : kFirstTopic);
+    } else if (event.GetKeyCode() == WXK_F5 && !event.HasAnyModifiers()) {
+      RefreshViews();
+    } else if (event.GetKeyCode() == WXK_F8 && event.GetModifiers() == wxMOD_SHIFT) {
+      AddSeveral();
     } else if (!menu_.RunShortcut(event) && !undo_menu_.RunKey(event) && !RunViewKey(event) &&
                !MoveKeyboard(event)) {
       event.Skip();
@@ -313,12 +356,20 @@ void MainWindow::OnShown() {
 void MainWindow::OnTimer() {
   OnShown();
   place_.Settle();
+  LookAtStatus();
   if (!session_ || project_->unit().IsOpen()) return;
   code_.Refresh();
   watch_->Look();
   undo_menu_.Update();
   history_->Look();
   flow_->Look();
+}
+
+void MainWindow::LookAtStatus() {
+  editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  if (!editor) return status_.Look(nullptr, std::nullopt);
+  if (!project_->unit().IsOpen())
+    status_.Look(&editor->operations(), parts_.files.Stamp(project_->path()));
 }
 
 // The project's file and what the editor's window shows of it. At the root the window keeps the
@@ -336,6 +387,10 @@ void MainWindow::SelectNode(const studio::StudioNode& node) {
   session_->studio().SetSelectedKey(key);
   session_->add_in().NodeClick(session_->studio().project(), key, text);
   ShowUpperPane(key);
+  if (key == editor::kFormulasKey) {
+    const bool of_classes = tree_.Look().grouping == TreeLook::Grouping::kClass;
+    panes_.overview().ShowGroup(tree_.SelectedGroup(), of_classes);
+  }
   ShowTitle();
   lookup_->ShowNode(key);
 }
@@ -350,11 +405,45 @@ void MainWindow::ShowUpperPane(const std::string& key) {
 
 void MainWindow::GoToNode(const std::string& key) {
   tree_.SelectKey(key);
+  TakeUpperPane();
+}
+
+void MainWindow::TakeUpperPane() {
   if (panes_.overview().IsShown()) {
     panes_.overview().TakeKeyboard();
   } else {
     session_->add_in().ActivateEditor();
   }
+}
+
+void MainWindow::RefreshViews() {
+  editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  if (!editor) return messages_.Status(Text(kTextNoProjectOpen));
+  editor->RunTool("mnuOptionActualize");
+}
+
+void MainWindow::MakeFormula() {
+  std::int16_t code = forms::kKeyF8, shift = 0;
+  session_->add_in().NodeKeyDown(session_->studio().project(), editor::kFormulasKey, "", code,
+                                 shift);
+}
+
+void MainWindow::AddSeveral() {
+  editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  if (!editor) return messages_.Status(Text(kTextNoProjectOpen));
+  several_.Add(tree_.SelectedKey(), *editor, *project_);
+}
+
+void MainWindow::ShowKeys() {
+  const editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  ShowKeyList(this, KeysOf(*GetMenuBar(), editor ? &editor->abr : nullptr, parts_.texts),
+              parts_.texts);
+}
+
+void MainWindow::CopyNodeName() {
+  const std::string key = tree_.SelectedKey();
+  if (!editor::IsFormulaKey(key)) return messages_.Status(Text(kTextOnlyFormula));
+  wx::ToClipboard(tree_.Tree()->Find(key)->text);
 }
 
 void MainWindow::SaveCode() {

@@ -20,12 +20,15 @@
 #include "desktop/code_search.h"
 #include "desktop/flow_chart.h"
 #include "desktop/formula_commands.h"
+#include "desktop/formula_facts.h"
 #include "desktop/history_list.h"
 #include "desktop/list_exchange.h"
 #include "desktop/main_menu.h"
 #include "desktop/name_search.h"
 #include "desktop/project_undo.h"
 #include "desktop/row_dropping.h"
+#include "desktop/several_at_once.h"
+#include "desktop/status_row.h"
 #include "desktop/undo_menu.h"
 #include "desktop/undo_offer.h"
 #include "desktop/unsaved_code_keeper.h"
@@ -87,6 +90,7 @@ class MainWindow : public wxFrame {
   CodePane::Answer AskAboutCode(const std::string& module);
   void OnClose(wxCloseEvent& event);
   void OnTimer();
+  void LookAtStatus();
   void OnShown();
 
   void ShowTitle();
@@ -99,12 +103,20 @@ class MainWindow : public wxFrame {
   void ShowUpperPane(const std::string& key);
   // Selects a node and puts the keyboard into what is shown of it.
   void GoToNode(const std::string& key);
+  void TakeUpperPane();
+  // Reads tree and tables again.
+  void RefreshViews();
+  void MakeFormula();
+  void AddSeveral();
+  void ShowKeys();
+  void CopyNodeName();
   void SaveCode();
   // Runs a way of lists for the project that is open.
   void Exchange(void (ListExchange::*way)(editor::frmtabgrid&, project::Project&));
   void ShowUses();
   std::optional<std::string> ChooseItem(std::string_view current);
   void ShowWarnings(const std::vector<platform::Notice>& warnings);
+  bool RunViewKeyOfTree(const forms::KeyEvent& event);
   bool RunTreeKey(const std::string& key, const forms::KeyEvent& event);
   void ShowReport(const std::string& html);
   bool ShowInBrowser(const std::string& path);
@@ -113,7 +125,9 @@ class MainWindow : public wxFrame {
   std::string Text(int number) const { return parts_.Text(number); }
 
   const Parts parts_;
-  const WindowMessages messages_{*this, parts_};
+  StatusRow status_{*this, parts_.texts};
+  MessageLog log_;
+  const WindowMessages messages_{*this, parts_, log_};
   MainMenu menu_;
   UndoMenu undo_menu_{*this, parts_.texts, messages_};
   UndoOffer undo_offer_{*this, parts_.texts, messages_};
@@ -124,6 +138,7 @@ class MainWindow : public wxFrame {
   ViewMenu view_menu_{*this, parts_.texts, panes_};
   WindowPlace place_;
   ListExchange lists_{*this, parts_, messages_};
+  SeveralAtOnce several_{parts_, messages_};
   BackupKeeper backups_;
   wxTimer timer_{this};
   std::function<void()> when_shown_;
@@ -131,6 +146,7 @@ class MainWindow : public wxFrame {
   // Of the project that is open.
   std::unique_ptr<project::Project> project_;
   std::unique_ptr<studio::AddInSession> session_;
+  std::unique_ptr<FormulaFacts> facts_;
   std::unique_ptr<CodeLookup> lookup_;
   std::unique_ptr<CodeSearch> search_;
   std::unique_ptr<CodeAssistant> assistant_;

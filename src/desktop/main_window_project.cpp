@@ -90,7 +90,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   }
   EquipSession();
   ConnectStudio();
-  tree_.ShowTree(&session_->studio().tree());
+  tree_.ShowTree(&session_->studio().tree(), facts_.get());
   session_->Start();
   tree_.SelectKey(kRoot);
   if (!session_->add_in().Initialised()) {
@@ -134,6 +134,12 @@ void MainWindow::StartSession(const std::string& path, const project::ProjectOpt
                    parts_.toolkit, parts_.window_system, parts_.help, parts_.settings, parts_.texts,
                    [this](const std::string& html) { ShowReport(html); }});
   project_ = std::move(opened);
+  facts_ = std::make_unique<FormulaFacts>(
+      FormulaFacts::Dependencies{[this] {
+                                   editor::frmtabgrid* editor = session_->add_in().EditorWindow();
+                                   return editor ? &editor->operations() : nullptr;
+                                 },
+                                 [this] { return parts_.files.Stamp(project_->path()); }});
 }
 
 void MainWindow::EquipSession() {
@@ -220,6 +226,7 @@ bool MainWindow::CloseProject() {
   assistant_.reset();
   search_.reset();
   lookup_.reset();
+  facts_.reset();
   session_.reset();
   project_.reset();
   watch_.reset();

@@ -3,6 +3,7 @@
 
 #include "project/history_setting.h"
 #include "project/language.h"
+#include "wx/native.h"
 
 namespace desktop {
 
@@ -25,6 +26,7 @@ Program::Program(files::FileSystem& files, const project::UserFolders& folders,
   project::ProjectOptions options;
   options.state_folder = folders.state;
   options.with_history = project::KeepsHistory(settings_);
+  wx::SetLook(static_cast<wx::Look>(state_.look));
   window_ =
       new MainWindow({files, toolkit_, window_system_, help_, settings_, texts_, state_, options});
   window_->Show();

@@ -4,6 +4,7 @@
 #include <wx/menu.h>
 
 #include "desktop/crash_log.h"
+#include "desktop/frame_texts.h"
 #include "desktop/overview_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -28,12 +29,51 @@ ViewMenu::ViewMenu(wxFrame& frame, const texts::TextTable& texts, WindowPanes& p
   tree_ = add(kTextViewTree, "Ctrl+B", Pane::kTree);
   code_ = add(kTextViewCode, "Ctrl+J", Pane::kCode);
   code_beside_ = add(kTextViewCodeBeside, "Ctrl+Shift+J", Pane::kCodeBeside);
+  AddLooks(frame, texts);
+  AddMessages(frame, texts);
   frame.GetMenuBar()->Insert(kPlace, menu_, wx::ToWx(texts.Text(kTextMenuView)));
   frame.Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
     event.Skip();
     if (event.GetMenu() == menu_) Show();
   });
   Show();
+}
+
+void ViewMenu::AddLooks(wxFrame& frame, const texts::TextTable& texts) {
+  const auto add = [&](int text, std::vector<wxMenuItem*>& items, auto choose) {
+    items.push_back(menu_->AppendRadioItem(text, wx::ToWx(texts.Text(text))));
+    frame.Bind(
+        wxEVT_MENU,
+        [this, choose](wxCommandEvent&) {
+          RememberStep("look of the tree");
+          TreeLook look = panes_.tree().Look();
+          choose(look);
+          panes_.SetTreeLook(look);
+        },
+        text);
+  };
+  menu_->AppendSeparator();
+  for (int i = 0; i <= kTextTreeByCallType - kTextTreeFlat; ++i) {
+    add(kTextTreeFlat + i, groupings_,
+        [i](TreeLook& look) { look.grouping = static_cast<TreeLook::Grouping>(i); });
+  }
+  menu_->AppendSeparator();
+  for (int i = 0; i <= kTextTreeByName - kTextTreeAsCreated; ++i) {
+    add(kTextTreeAsCreated + i, orders_,
+        [i](TreeLook& look) { look.order = static_cast<TreeLook::Order>(i); });
+  }
+}
+
+void ViewMenu::AddMessages(wxFrame& frame, const texts::TextTable& texts) {
+  menu_->AppendSeparator();
+  wxMenuItem* item = menu_->Append(kTextMenuMessages, wx::ToWx(texts.Text(kTextMenuMessages)));
+  wx::ShowShortcut(*item, "Ctrl+Shift+M");
+  frame.Bind(
+      wxEVT_MENU, [this](wxCommandEvent&) { panes_.messages().ShowNewest(); }, kTextMenuMessages);
+  menu_->AppendSeparator();
+  menu_->Append(kTextMenuOptions, wx::ToWx(texts.Text(kTextMenuOptions)));
+  frame.Bind(
+      wxEVT_MENU, [this](wxCommandEvent&) { on_options(); }, kTextMenuOptions);
 }
 
 bool ViewMenu::RunKey(const wxKeyEvent& event) {
@@ -44,6 +84,8 @@ bool ViewMenu::RunKey(const wxKeyEvent& event) {
     Toggle(Pane::kCode);
   } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && code == 'J') {
     Toggle(Pane::kCodeBeside);
+  } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && code == 'M') {
+    panes_.messages().ShowNewest();
   } else {
     return false;
   }
@@ -59,9 +101,13 @@ void ViewMenu::Toggle(Pane pane) {
 }
 
 void ViewMenu::Show() {
+  for (wxMenuItem* item : {tree_, code_, code_beside_}) item->Enable(panes_.ProjectShown());
   tree_->Check(panes_.TreeShown());
   code_->Check(panes_.CodeShown());
   code_beside_->Check(panes_.CodeBeside());
+  const TreeLook& look = panes_.tree().Look();
+  groupings_[static_cast<std::size_t>(look.grouping)]->Check();
+  orders_[static_cast<std::size_t>(look.order)]->Check();
 }
 
 }  // namespace desktop

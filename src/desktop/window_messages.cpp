@@ -5,14 +5,19 @@
 
 namespace desktop {
 
-void WindowMessages::Status(const std::string& text) const { frame_.SetStatusText(wx::ToWx(text)); }
+void WindowMessages::Status(const std::string& text) const {
+  frame_.SetStatusText(wx::ToWx(text));
+  log_.Add(text);
+}
 
 void WindowMessages::Warn(const std::string& message, const std::string& detail) const {
+  log_.Add(message + (detail.empty() ? "" : "\n" + detail));
   parts_.toolkit.Show({message, detail, "", platform::MessageButtons::kOk,
                        platform::MessageResult::kOk, platform::MessageIcon::kWarning});
 }
 
 void WindowMessages::Fail(const std::string& message, const std::string& detail) const {
+  log_.Add(message + (detail.empty() ? "" : "\n" + detail));
   parts_.toolkit.Show({message, detail, "", platform::MessageButtons::kOk,
                        platform::MessageResult::kOk, platform::MessageIcon::kError});
 }

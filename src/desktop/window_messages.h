@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "desktop/message_log.h"
 #include "desktop/window_parts.h"
 
 namespace desktop {
@@ -12,8 +13,9 @@ namespace desktop {
 // How the main window and its parts tell the user something.
 class WindowMessages {
  public:
-  // Both outlive this object; the frame has a status bar when it is first used.
-  WindowMessages(wxFrame& frame, const WindowParts& parts) : frame_(frame), parts_(parts) {}
+  // All of it outlives this object; the frame has a status bar when it is first used.
+  WindowMessages(wxFrame& frame, const WindowParts& parts, MessageLog& log)
+      : frame_(frame), parts_(parts), log_(log) {}
 
   // One line at the window's lower edge.
   void Status(const std::string& text) const;
@@ -26,6 +28,7 @@ class WindowMessages {
  private:
   wxFrame& frame_;
   const WindowParts& parts_;
+  MessageLog& log_;
 };
 
 }  // namespace desktop

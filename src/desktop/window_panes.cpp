@@ -24,6 +24,14 @@ wxSplitterWindow* MakeSplitter(wxWindow* parent) {
   return new wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, kSplitterStyle);
 }
 
+// A file may hold any numbers.
+TreeLook LookOf(const DesktopState::Place& place) {
+  using Grouping = TreeLook::Grouping;
+  const bool known = place.tree_grouping > 0 && place.tree_grouping <= 2;
+  return {known ? static_cast<Grouping>(place.tree_grouping) : Grouping::kNone,
+          place.tree_order == 1 ? TreeLook::Order::kName : TreeLook::Order::kCreated};
+}
+
 }  // namespace
 
 WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place)
@@ -32,7 +40,7 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
       notices_(new NoticeBar(&frame, wx::ToWx(texts.Text(TextNumber::kTextLater)))),
       whole_(MakeSplitter(&frame)),
       columns_(MakeSplitter(whole_)),
-      tree_(new ProjectTree(columns_, wx::ToWx(texts.Text(TextNumber::kTextTreeName)))),
+      tree_(new TreePane(columns_, texts)),
       rows_(MakeSplitter(columns_)),
       upper_(new wxPanel(rows_)),
       strip_(new FormulaStrip(upper_, texts)),
@@ -44,7 +52,9 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
       search_(new SearchPane(lower_, texts)),
       history_(new HistoryPane(lower_, texts)),
       check_(new CheckPane(lower_, texts)),
-      flow_(new FlowPane(lower_, texts)) {
+      flow_(new FlowPane(lower_, texts)),
+      messages_(new MessagePane(lower_, texts)) {
+  tree().SetLook(LookOf(place));
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->Add(strip_, wxSizerFlags().Expand());
   sizer->Add(editor_host_, wxSizerFlags(1).Expand());
@@ -57,18 +67,19 @@ WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopS
   columns_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   rows_->SetSashGravity(kUpperShare);
-  SplitCode();
-  if (!place.code_shown) rows_->Unsplit(code_);
-  columns_->SplitVertically(tree_, rows_, frame.FromDIP(place.tree_width));
-  if (!place.tree_shown) columns_->Unsplit(tree_);
+  tree_->Hide();
+  code_->Hide();
+  rows_->Initialize(upper_);
+  columns_->Initialize(rows_);
   lower_->SetSizer(new wxBoxSizer(wxVERTICAL));
   lower_->Hide();
   whole_->SetMinimumPaneSize(frame.FromDIP(kMinPane));
   whole_->SetSashGravity(1);
   whole_->Initialize(columns_);
-  for (LowerPane* pane : std::initializer_list<LowerPane*>{search_, history_, check_, flow_})
-    Connect(*pane);
-  history_->on_close = check_->on_close = flow_->on_close = [this] { tree_->SetFocus(); };
+  const std::initializer_list<LowerPane*> lower = {search_, history_, check_, flow_, messages_};
+  for (LowerPane* pane : lower) Connect(*pane);
+  for (LowerPane* pane : std::initializer_list<LowerPane*>{history_, check_, flow_, messages_})
+    pane->on_close = [this] { tree().SetFocus(); };
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(whole_, wxSizerFlags(1).Expand());
   all->Add(notices_, wxSizerFlags().Expand());
@@ -108,19 +119,46 @@ void WindowPanes::KeepCodeSize() {
   kept = frame_.ToDIP(place_.code_beside ? size.GetWidth() : size.GetHeight());
 }
 
-void WindowPanes::ShowTree(bool shown) {
-  if (shown == TreeShown()) return;
+void WindowPanes::SplitTree() {
+  columns_->SplitVertically(tree_, rows_, frame_.FromDIP(place_.tree_width));
+}
+
+void WindowPanes::KeepTreeWidth() {
+  if (TreeShown()) place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
+}
+
+void WindowPanes::ShowProject(bool shown) {
+  if (shown == project_shown_) return;
+  project_shown_ = shown;
   if (shown) {
-    columns_->SplitVertically(tree_, rows_, frame_.FromDIP(place_.tree_width));
+    if (place_.tree_shown) SplitTree();
+    if (place_.code_shown) SplitCode();
   } else {
-    place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
+    Keep();
+    columns_->Unsplit(tree_);
+    rows_->Unsplit(code_);
+  }
+}
+
+void WindowPanes::ShowTree(bool shown) {
+  if (!project_shown_ || shown == TreeShown()) return;
+  if (shown) {
+    SplitTree();
+  } else {
+    KeepTreeWidth();
     columns_->Unsplit(tree_);
   }
   place_.tree_shown = shown;
 }
 
+void WindowPanes::SetTreeLook(const TreeLook& look) {
+  tree().SetLook(look);
+  place_.tree_grouping = static_cast<int>(look.grouping);
+  place_.tree_order = static_cast<int>(look.order);
+}
+
 void WindowPanes::ShowCode(bool shown) {
-  if (shown == CodeShown()) return;
+  if (!project_shown_ || shown == CodeShown()) return;
   KeepCodeSize();
   if (shown) {
     SplitCode();
@@ -167,6 +205,7 @@ void WindowPanes::ShowStrip(bool shown) {
 }
 
 void WindowPanes::ShowUpper(Upper upper) {
+  ShowProject(upper != Upper::kWelcome);
   if (upper != Upper::kEditor) strip_->Hide();
   // Its columns need room when they come into sight.
   if (upper == Upper::kOverview && !overview_->IsShown())
@@ -187,7 +226,7 @@ void WindowPanes::RestoreCodeSize() {
 }
 
 void WindowPanes::Keep() {
-  if (TreeShown()) place_.tree_width = frame_.ToDIP(columns_->GetSashPosition());
+  KeepTreeWidth();
   KeepCodeSize();
 }
 

@@ -12,9 +12,10 @@
 #include "desktop/formula_overview.h"
 #include "desktop/formula_strip.h"
 #include "desktop/history_pane.h"
+#include "desktop/message_pane.h"
 #include "desktop/notice_bar.h"
-#include "desktop/project_tree.h"
 #include "desktop/search_pane.h"
+#include "desktop/tree_pane.h"
 #include "desktop/welcome.h"
 
 class wxSplitterWindow;
@@ -30,7 +31,8 @@ class WindowPanes {
   WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place);
 
   NoticeBar& notices() const { return *notices_; }
-  ProjectTree& tree() const { return *tree_; }
+  ProjectTree& tree() const { return tree_->tree(); }
+  TreePane& tree_pane() const { return *tree_; }
   wxPanel& editor_host() const { return *editor_host_; }
   Welcome& welcome() const { return *welcome_; }
   FormulaOverview& overview() const { return *overview_; }
@@ -40,7 +42,9 @@ class WindowPanes {
   HistoryPane& history() const { return *history_; }
   CheckPane& check() const { return *check_; }
   FlowPane& flow() const { return *flow_; }
+  MessagePane& messages() const { return *messages_; }
 
+  // With the welcome there is neither tree nor code.
   enum class Upper { kWelcome, kEditor, kOverview };
   void ShowUpper(Upper upper);
   // Above the editor.
@@ -48,9 +52,11 @@ class WindowPanes {
   bool TreeShown() const;
   bool CodeShown() const;
   bool CodeBeside() const { return place_.code_beside; }
-  // Each comes back as large as it was.
+  // While a project is shown. Each comes back as large as it was.
+  bool ProjectShown() const { return project_shown_; }
   void ShowTree(bool shown);
   void ShowCode(bool shown);
+  void SetTreeLook(const TreeLook& look);
   // Beside the table where it was below it, and back. The code is shown then.
   void PutCodeBeside(bool beside);
 
@@ -65,15 +71,19 @@ class WindowPanes {
   DesktopState::Place& place_;
   // Lays the window out anew: what stands above stays where it is, the code gives the room.
   void Arrange();
+  void ShowProject(bool shown);
+  void SplitTree();
   void SplitCode();
+  void KeepTreeWidth();
   void KeepCodeSize();
   // One of the lower panes is shown; closing it gives its room back.
   void Connect(LowerPane& pane);
 
+  bool project_shown_ = false;
   NoticeBar* notices_;
   wxSplitterWindow* whole_;
   wxSplitterWindow* columns_;
-  ProjectTree* tree_;
+  TreePane* tree_;
   wxSplitterWindow* rows_;
   wxPanel* upper_;
   FormulaStrip* strip_;
@@ -86,6 +96,7 @@ class WindowPanes {
   HistoryPane* history_;
   CheckPane* check_;
   FlowPane* flow_;
+  MessagePane* messages_;
 };
 
 }  // namespace desktop

@@ -2,6 +2,7 @@
 #include "dialogs/argument_dialogs.h"
 
 #include <array>
+#include <utility>
 
 #include "dialogs/falias.h"
 #include "dialogs/farguments.h"
@@ -43,6 +44,30 @@ std::int32_t AddArgument(const DialogContext& context, std::int32_t formula_id) 
     const store::OperationResult result =
         RunOperation(context, [&] { return context.operations.AddArguments(formula_id, values); });
     if (result.success()) return result.id();
+    WarnFailure(context, result);
+  }
+  return 0;
+} catch (const platform::Error& error) {
+  context.messages.Warn(context.Text(kInitialisationFailed), error);
+  return 0;
+}
+
+std::size_t AddArguments(const DialogContext& context, std::int32_t formula_id,
+                         ItemNotes* notes) try {
+  const auto formula = context.operations.FindFormula(formula_id);
+  if (!formula) return 0;
+  SeveralAliases several{context.texts.Text(kTextAddArgumentsTo, {{"<Name>", formula->name}}),
+                         notes};
+  for (const store::ArgumentRecord& argument : context.operations.ArgumentsOf(formula_id))
+    several.used.insert(argument.alias_id);
+  FChooseAlias dialog(context, std::move(several));
+  for (auto ids = dialog.ChooseSeveral(); !ids.empty(); ids = dialog.ChooseSeveral()) {
+    std::vector<store::ArgumentValues> values;
+    for (const std::int32_t id : ids)
+      values.push_back({id, dialog.chkIn.Checked(), dialog.chkOut.Checked()});
+    const store::OperationResult result =
+        RunOperation(context, [&] { return context.operations.AddArguments(formula_id, values); });
+    if (result.success()) return values.size();
     WarnFailure(context, result);
   }
   return 0;

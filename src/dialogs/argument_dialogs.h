@@ -3,11 +3,13 @@
 // entered.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
 
 #include "dialogs/dialog_context.h"
+#include "dialogs/item_notes.h"
 
 namespace dialogs {
 
@@ -29,5 +31,9 @@ bool EditAlias(const DialogContext& context, std::int32_t alias_id);
 
 // Lets the user pick an alias from the list of all.
 std::optional<std::int32_t> ChooseAlias(const DialogContext& context, std::int32_t current);
+
+// Asks for several aliases and gives them to a formula as one operation; null notes: nothing is
+// known of items. How many it has more.
+std::size_t AddArguments(const DialogContext& context, std::int32_t formula_id, ItemNotes* notes);
 
 }  // namespace dialogs

@@ -2,7 +2,10 @@
 #include "dialogs/fchoose_alias.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "dialogs/argument_dialogs.h"
+#include "dialogs/list_texts.h"
 #include "forms/list_search.h"
 
 namespace dialogs {
@@ -16,6 +19,36 @@ constexpr std::int32_t kChooseAliasReason = 1603;
 constexpr std::int32_t kNoAliases = 1609;
 constexpr std::int32_t kNothingFound = 1612;
 constexpr std::int32_t kAliases = 1634;
+constexpr std::int32_t kType = 4381, kComment = 4382;
+constexpr double kTypeWidth = 1200, kUsedWidth = 2000;
+
+// The aliases with what is known of their items, and a word at those that are used already.
+class SeveralRows : public forms::RowSource {
+ public:
+  SeveralRows(std::shared_ptr<AliasTable> table, const SeveralAliases& several, std::string used)
+      : aliases_(std::move(table), AliasRows::Columns::kAliasItem),
+        several_(several),
+        used_(std::move(used)) {}
+
+  std::size_t RowCount() override { return aliases_.RowCount(); }
+  std::vector<forms::Row> Rows(std::size_t first, std::size_t count) override {
+    std::vector<forms::Row> rows = aliases_.Rows(first, count);
+    for (forms::Row& row : rows) {
+      const auto note = several_.notes ? several_.notes->NoteOf(row.cells[1].ToText()) : ItemNote();
+      const bool used = several_.used.contains(static_cast<std::int32_t>(row.id));
+      row.cells.emplace_back(note.type);
+      row.cells.emplace_back(used ? used_ : std::string());
+      row.cells.emplace_back(note.comment);
+    }
+    return rows;
+  }
+  std::optional<std::size_t> IndexOf(std::int64_t id) override { return aliases_.IndexOf(id); }
+
+ private:
+  AliasRows aliases_;
+  const SeveralAliases& several_;
+  const std::string used_;
+};
 
 }  // namespace
 
@@ -35,12 +68,67 @@ FChooseAlias::FChooseAlias(const DialogContext& context)
       std::make_shared<AliasRows>(context.aliases, AliasRows::Columns::kAliasItem));
   cmdOk.SetDisabledReason(Text(kChooseAliasReason));
   cmdOk.SetEnabled(false);
+  for (forms::Control* several : std::initializer_list<forms::Control*>{&cmdNew, &chkIn, &chkOut})
+    several->SetVisible(false);
   WireButtons(cmdOk, cmdCancel, cmdHelp);
   lvwAlias.on_current_row = [this] { cmdOk.SetEnabled(lvwAlias.CurrentId().has_value()); };
   lvwAlias.on_double_click = [this] { Accept(); };
   lvwAlias.on_key_down = [this](forms::KeyEvent& event) { forms::FindBy(txtSearch, event); };
   txtSearch.on_change = [this] { OnSearch(); };
   txtSearch.on_key_down = [this](forms::KeyEvent& event) { OnSearchKey(event); };
+}
+
+FChooseAlias::FChooseAlias(const DialogContext& context, SeveralAliases several)
+    : FChooseAlias(context) {
+  several_ = std::move(several);
+  SetTag("");
+  SetCaption(several_.caption);
+  lvwAlias.SetColumns({{Text(kAliasColumn), kColumnWidth},
+                       {Text(kItemColumn), kColumnWidth},
+                       {Text(kType), kTypeWidth},
+                       {Text(kTextUsedAlready), kUsedWidth},
+                       {Text(kComment), kColumnWidth}});
+  lvwAlias.SetMultiSelect(true);
+  lvwAlias.on_key_down = [this](forms::KeyEvent& event) {
+    event.handled = event.key_code == forms::kKeyReturn && event.shift == 0;
+    if (event.handled) return Accept();  // the native list would select one row only
+    forms::FindBy(txtSearch, event);
+  };
+  lvwAlias.SetLayout({.stretch = true, .min_chars = 100, .min_lines = 15});
+  lvwAlias.SetRowSource(std::make_shared<SeveralRows>(context.aliases, several_, Text(kTextYes)));
+  for (forms::Control* own : std::initializer_list<forms::Control*>{&cmdNew, &chkIn, &chkOut})
+    own->SetVisible(true);
+  cmdNew.SetCaption(Text(kTextNewAliasButton));
+  chkIn.SetTag("C502");
+  chkOut.SetTag("C503");
+  chkIn.SetChecked(true);
+  cmdNew.on_click = [this] { MakeAlias(); };
+  cmdOk.SetDisabledReason(Text(kTextSelectNewAliases));
+  lvwAlias.on_selection =
+      lvwAlias.on_current_row = [this] { cmdOk.SetEnabled(!NewOnes().empty()); };
+}
+
+std::vector<std::int32_t> FChooseAlias::NewOnes() const {
+  std::vector<std::int32_t> ids;
+  for (const std::int64_t id : lvwAlias.SelectedIds()) {
+    if (!several_.used.contains(static_cast<std::int32_t>(id)))
+      ids.push_back(static_cast<std::int32_t>(id));
+  }
+  return ids;
+}
+
+std::vector<std::int32_t> FChooseAlias::ChooseSeveral() {
+  return Run() ? NewOnes() : std::vector<std::int32_t>();
+}
+
+void FChooseAlias::MakeAlias() {
+  const std::int32_t id = AddAlias(context());
+  if (id == 0) return;
+  context().aliases->Requery();
+  txtSearch.SetText("");
+  lvwAlias.Rebind();
+  lvwAlias.SetCurrentId(id);
+  lvwAlias.SetFocus();
 }
 
 std::optional<std::int32_t> FChooseAlias::Choose(std::int32_t current) {
@@ -50,7 +138,7 @@ std::optional<std::int32_t> FChooseAlias::Choose(std::int32_t current) {
 }
 
 void FChooseAlias::Accept() {
-  if (lvwAlias.CurrentId()) Confirm();
+  if (lvwAlias.MultiSelect() ? !NewOnes().empty() : lvwAlias.CurrentId().has_value()) Confirm();
 }
 
 void FChooseAlias::OnSearch() {

@@ -78,6 +78,20 @@ enum ListTextNumber : std::int32_t {
   kTextYes,
   kTextNo,
   kTextEditArguments,
+
+  // Several at once (texts/frame_rows.cpp).
+  kTextAddArgumentsTo = 4550,
+  kTextUsedAlready,
+  kTextNewAliasButton,
+  kTextSelectNewAliases,
+  kTextMenuSeveral,
+  kTextAddAliases,
+  kTextSelectNewItems,
+  kTextNeedsFormulaOrAliases,
+  kTextOneArgumentAdded,
+  kTextArgumentsAdded,
+  kTextOneAliasAdded,
+  kTextAliasesAdded,
 };
 
 }  // namespace dialogs

@@ -12,7 +12,7 @@ bool KeepsHistory(files::FileSystem& system, const Environment& environment) {
 }
 
 bool KeepsHistory(platform::SettingsService& settings) {
-  return settings.RegistryNumber(texts::kLanguageKey, "History", 1) != 0;
+  return settings.RegistryNumber(texts::kLanguageKey, kHistoryValue, 1) != 0;
 }
 
 }  // namespace project

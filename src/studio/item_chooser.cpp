@@ -6,13 +6,17 @@
 #include <vector>
 
 #include "codegen/data_type.h"
+#include "dialogs/list_texts.h"
 #include "forms/list_search.h"
+#include "platform/text.h"
 #include "studio/window_texts.h"
 
 namespace studio {
 
 namespace {
 
+constexpr std::int32_t kAliasCaption = 102;
+constexpr double kAliasWidth = 2400;
 constexpr double kNameWidth = 4200, kTypeWidth = 1300, kCommentWidth = 3600;
 constexpr std::size_t kAllItems = static_cast<std::size_t>(-1);
 
@@ -25,6 +29,9 @@ class ItemChooser::FoundItems final : public forms::RowSource {
     Search("");
   }
 
+  // With the alias of each item behind its comment.
+  void ShowAliases(const Aliases& aliases) { aliases_ = &aliases; }
+
   void Search(std::string_view text) { found_ = catalogue_.Search(text, kAllItems); }
   std::size_t RowCount() override { return found_.size(); }
   std::vector<forms::Row> Rows(std::size_t first, std::size_t count) override {
@@ -35,6 +42,7 @@ class ItemChooser::FoundItems final : public forms::RowSource {
           {found_[i],
            {platform::Variant(item.name), platform::Variant(codegen::GetDataType(item.type)),
             platform::Variant(item.comment)}});
+      if (aliases_) rows.back().cells.insert(rows.back().cells.begin() + 2, AliasOf(item.name));
     }
     return rows;
   }
@@ -46,7 +54,13 @@ class ItemChooser::FoundItems final : public forms::RowSource {
   }
 
  private:
+  platform::Variant AliasOf(std::string_view item) const {
+    const auto found = aliases_->find(platform::FoldCase(item));
+    return platform::Variant(found == aliases_->end() ? std::string() : found->second);
+  }
+
   const project::ItemCatalogue& catalogue_;
+  const Aliases* aliases_ = nullptr;
   std::vector<std::uint32_t> found_;  // in file order
 };
 
@@ -98,8 +112,42 @@ std::optional<std::string> ItemChooser::Choose(std::string_view current, forms::
   return Choice();
 }
 
+std::vector<std::string> ItemChooser::ChooseSeveral(const Aliases& aliases, forms::Form* owner) {
+  aliases_ = &aliases;
+  rows_->ShowAliases(aliases);
+  SetCaption(texts_.Text(dialogs::kTextAddAliases));
+  lvwItems.SetColumns({{texts_.Text(kTextItem), kNameWidth},
+                       {texts_.Text(kTextItemType), kTypeWidth},
+                       {texts_.Text(kAliasCaption), kAliasWidth},
+                       {texts_.Text(kTextItemComment), kCommentWidth}});
+  lvwItems.SetMultiSelect(true);
+  lvwItems.on_key_down = [this](forms::KeyEvent& event) {
+    event.handled = event.key_code == forms::kKeyReturn && event.shift == 0;
+    if (event.handled) return Close(true);  // the native list would select one row only
+    forms::FindBy(txtSearch, event);
+  };
+  lvwItems.SetLayout({.stretch = true, .min_chars = 100, .min_lines = 16});
+  lvwItems.Rebind();
+  cmdOk.SetDisabledReason(texts_.Text(dialogs::kTextSelectNewItems));
+  lvwItems.on_selection =
+      lvwItems.on_current_row = [this] { cmdOk.SetEnabled(!NewOnes().empty()); };
+  cmdOk.SetEnabled(false);
+  toolkit_.ShowModal(*this, owner);
+  toolkit_.Unload(*this);
+  return accepted_ ? NewOnes() : std::vector<std::string>();
+}
+
+std::vector<std::string> ItemChooser::NewOnes() const {
+  std::vector<std::string> items;
+  for (const std::int64_t id : lvwItems.SelectedIds()) {
+    std::string item(catalogue_.At(static_cast<std::size_t>(id)).name);
+    if (!aliases_->contains(platform::FoldCase(item))) items.push_back(std::move(item));
+  }
+  return items;
+}
+
 void ItemChooser::Close(bool accepted) {
-  if (accepted && Choice().empty()) return;
+  if (accepted && (aliases_ ? NewOnes().empty() : Choice().empty())) return;
   accepted_ = accepted;
   Hide();
 }
@@ -117,7 +165,7 @@ void ItemChooser::OnSearch() {
                             : texts_.Text(kTextNoItemFound, {{"<Text>", txtSearch.Text()}}));
   lvwItems.Rebind();
   if (!txtSearch.Text().empty() && lvwItems.RowCount() > 0) lvwItems.SetCurrentId(lvwItems.IdAt(0));
-  cmdOk.SetEnabled(!Choice().empty());
+  cmdOk.SetEnabled(aliases_ ? !NewOnes().empty() : !Choice().empty());
 }
 
 // Up and Down move through the list while the search field has the keyboard.

@@ -4,6 +4,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "forms/fields.h"
 #include "forms/form.h"
@@ -23,8 +25,14 @@ class ItemChooser final : public forms::Form {
   ItemChooser(platform::Toolkit& toolkit, const texts::TextTable& texts,
               const project::ItemCatalogue& catalogue, const std::string& catalogue_file);
 
+  // Aliases by their item in folded letters (platform::FoldCase).
+  using Aliases = std::unordered_map<std::string, std::string>;
+
   // The chosen item; nothing when the user cancelled.
   std::optional<std::string> Choose(std::string_view current, forms::Form* owner);
+
+  // Those of several items that have no alias yet; none when the user cancelled.
+  std::vector<std::string> ChooseSeveral(const Aliases& aliases, forms::Form* owner);
 
   forms::Label lblSearch{this, "lblSearch"};
   forms::TextBox txtSearch{this, "txtSearch"};
@@ -38,6 +46,7 @@ class ItemChooser final : public forms::Form {
   void OnSearch();
   void OnSearchKey(forms::KeyEvent& event);
   void Close(bool accepted);
+  std::vector<std::string> NewOnes() const;
   // The current item, otherwise the text of the search field.
   std::string Choice() const;
 
@@ -46,6 +55,7 @@ class ItemChooser final : public forms::Form {
   const project::ItemCatalogue& catalogue_;
   std::string catalogue_file_;
   std::shared_ptr<FoundItems> rows_;
+  const Aliases* aliases_ = nullptr;  // while several are chosen
   bool accepted_ = false;
 };
 

@@ -33,7 +33,7 @@ std::int32_t Studio::AddNode(std::string_view parent, std::string_view text, std
 }
 
 std::vector<std::string> Studio::ChildKeys(std::string_view key, std::int32_t depth) {
-  return tree_.Below(key, depth);
+  return depth == 1 && window.keys_below ? window.keys_below(key) : tree_.Below(key, depth);
 }
 
 platform::SelectedNode Studio::GetSelectedNode() {

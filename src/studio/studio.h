@@ -22,6 +22,8 @@ class Studio final : public platform::AddIn {
     std::function<platform::WindowHandle()> handle;
     std::function<void(std::string_view key)> select_node;
     std::function<void()> activate_tree;
+    // In the order in which they are shown.
+    std::function<std::vector<std::string>(std::string_view key)> keys_below;
     std::function<void(std::string_view text)> show_error;
     std::function<std::optional<std::string>(std::string_view current)> choose_item;
     std::function<void()> show_code_window;

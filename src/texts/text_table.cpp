@@ -56,6 +56,7 @@ std::span<const Area> Areas() {
       {"coding", 4650, 4749, CodingRows()},
       {"notice", 4850, 4899, NoticeRows()},
       {"many", 4750, 4849, ManyRows()},
+      {"frame", 4500, 4649, FrameRows()},
   });
   return kAreas;
 }

@@ -17,6 +17,12 @@ namespace wx {
 // Runs the program's application object to its end; what `main` is to return.
 int RunApp(int argc, char** argv);
 
+// Light or dark whatever the system says, where the program can choose. To be called before the
+// first window.
+enum class Look { kSystem, kLight, kDark };
+bool HasLooks();
+void SetLook(Look look);
+
 // The libraries below wxWidgets and their licences, a line each.
 wxString NativeParts();
 
@@ -44,6 +50,10 @@ void CallWhenIdle(std::function<void()> task);
 // Shows a shortcut beside a menu entry without making it an accelerator of the whole window: the
 // part of the window that has the keyboard acts on the key.
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut);
+// What it shows beside an entry; "" for nothing.
+wxString ShownShortcut(const wxMenuItem& item);
+// The key as it is shown there.
+wxString KeyText(const wxString& shortcut);
 // What ShowShortcut writes in place of a key's English name, where the system does not say it in
 // the program's language by itself.
 void NameKey(const wxString& english, const wxString& name);

@@ -97,6 +97,20 @@ void OnDiagnostic(std::function<void(const std::string& report)> handler) {
 
 wxStaticText* NewLabel(wxWindow* parent) { return new FieldLabel(parent); }
 
+bool HasLooks() { return true; }
+
+void SetLook(Look look) {
+  if (look == Look::kSystem) return;
+  GObject* settings = G_OBJECT(gtk_settings_get_default());
+  g_object_set(settings, "gtk-application-prefer-dark-theme", look == Look::kDark, nullptr);
+  gchar* name = nullptr;
+  g_object_get(settings, "gtk-theme-name", &name, nullptr);
+  wxString theme = wxString::FromUTF8(name);
+  g_free(name);
+  if (look == Look::kLight && theme.EndsWith("-dark", &theme))
+    g_object_set(settings, "gtk-theme-name", theme.utf8_str().data(), nullptr);
+}
+
 wxStaticText* NewHint(wxWindow* parent) { return new HintLabel(parent); }
 
 int NativeHeight(const wxWindow& window) {
@@ -123,22 +137,54 @@ void CallWhenIdle(std::function<void()> task) {
   g_idle_add_full(G_PRIORITY_LOW, run, new Task(std::move(task)), destroy);
 }
 
+namespace {
+
+struct Accelerator {
+  guint key = 0;
+  GdkModifierType modifiers = GdkModifierType{};
+};
+
+// Without a key for a text that names none.
+Accelerator AcceleratorOf(const wxString& shortcut) {
+  const std::unique_ptr<wxAcceleratorEntry> entry(wxAcceleratorEntry::Create("\t" + shortcut));
+  if (!entry) return {};
+  const int key = entry->GetKeyCode(), flags = entry->GetFlags();
+  const guint native = key >= WXK_F1 && key <= WXK_F12
+                           ? GDK_KEY_F1 + static_cast<guint>(key - WXK_F1)
+                       : key == WXK_DELETE ? GDK_KEY_Delete
+                                           : gdk_unicode_to_keyval(static_cast<guint>(key));
+  const int modifiers = (flags & wxACCEL_CTRL ? GDK_CONTROL_MASK : 0) |
+                        (flags & wxACCEL_SHIFT ? GDK_SHIFT_MASK : 0) |
+                        (flags & wxACCEL_ALT ? GDK_MOD1_MASK : 0);
+  return {native, static_cast<GdkModifierType>(modifiers)};
+}
+
+wxString TextOf(const Accelerator& keys) {
+  if (keys.key == 0) return {};
+  gchar* label = gtk_accelerator_get_label(keys.key, keys.modifiers);
+  const wxString text = wxString::FromUTF8(label);
+  g_free(label);
+  return text;
+}
+
+}  // namespace
+
 void NameKey(const wxString&, const wxString&) {}
 
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
-  std::unique_ptr<wxAcceleratorEntry> entry(wxAcceleratorEntry::Create("\t" + shortcut));
+  const Accelerator keys = AcceleratorOf(shortcut);
   GtkAccelLabel* label = FindAccelLabel(item.GetMenuItem());
-  if (!entry || !label) return;
-  int key = entry->GetKeyCode();
-  guint native = key >= WXK_F1 && key <= WXK_F12 ? GDK_KEY_F1 + static_cast<guint>(key - WXK_F1)
-                 : key == WXK_DELETE             ? GDK_KEY_Delete
-                                                 : gdk_unicode_to_keyval(static_cast<guint>(key));
-  int flags = entry->GetFlags();
-  int modifiers = (flags & wxACCEL_CTRL ? GDK_CONTROL_MASK : 0) |
-                  (flags & wxACCEL_SHIFT ? GDK_SHIFT_MASK : 0) |
-                  (flags & wxACCEL_ALT ? GDK_MOD1_MASK : 0);
-  gtk_accel_label_set_accel(label, native, static_cast<GdkModifierType>(modifiers));
+  if (keys.key != 0 && label) gtk_accel_label_set_accel(label, keys.key, keys.modifiers);
 }
+
+wxString ShownShortcut(const wxMenuItem& item) {
+  Accelerator keys;
+  GtkAccelLabel* label = FindAccelLabel(item.GetMenuItem());
+  if (label) gtk_accel_label_get_accel(label, &keys.key, &keys.modifiers);
+  return TextOf(keys);
+}
+
+wxString KeyText(const wxString& shortcut) { return TextOf(AcceleratorOf(shortcut)); }
 
 void MarkInvalid(wxWindow& window, bool invalid) {
   GtkStyleContext* style = gtk_widget_get_style_context(FocusWidget(window.GetHandle()));

@@ -18,6 +18,10 @@ namespace wx {
 
 namespace {
 
+// A last character without width, which keeps the toolkit from taking a menu's text for keys of its
+// own.
+constexpr int kNoAccelerator = 0x200B;
+
 // What a control says to screen readers besides what it says by itself.
 class Spoken : public wxAccessible {
  public:
@@ -118,6 +122,10 @@ wxStaticText* NewLabel(wxWindow* parent) {
   return new wxStaticText(parent, wxID_ANY, wxEmptyString);
 }
 
+bool HasLooks() { return false; }
+
+void SetLook(Look) {}
+
 wxStaticText* NewHint(wxWindow* parent) { return NewLabel(parent); }
 
 int NativeHeight(const wxWindow& window) { return window.GetBestSize().GetHeight(); }
@@ -134,11 +142,19 @@ void CallWhenIdle(std::function<void()> task) { new IdleTask(std::move(task)); }
 // A character without width keeps wxWidgets from making an accelerator of it.
 void NameKey(const wxString& english, const wxString& name) { KeyNames()[english] = name; }
 
-// The last character keeps the toolkit from taking the text for keys of its own.
 void ShowShortcut(wxMenuItem& item, const wxString& shortcut) {
+  item.SetItemLabel(item.GetItemLabel().BeforeFirst('\t') + "\t" + KeyText(shortcut) +
+                    wxUniChar(kNoAccelerator));
+}
+
+wxString ShownShortcut(const wxMenuItem& item) {
+  return item.GetItemLabel().AfterFirst('\t').BeforeFirst(wxUniChar(kNoAccelerator));
+}
+
+wxString KeyText(const wxString& shortcut) {
   wxString text = shortcut;
   for (const auto& [english, name] : KeyNames()) text.Replace(english, name);
-  item.SetItemLabel(item.GetItemLabel().BeforeFirst('\t') + "\t" + text + wxUniChar(0x200B));
+  return text;
 }
 
 bool TextHasKeyboard(const wxTopLevelWindow&) {

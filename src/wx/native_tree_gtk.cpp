@@ -17,9 +17,10 @@ namespace wx {
 
 namespace {
 
-constexpr gint kSpacing = 4;  // between picture and text
-constexpr int kDrag = 6;      // pixels that the mouse moves before it drags
-constexpr int kBorder = 12;   // pixels at which a drag scrolls on
+constexpr gint kSpacing = 4;         // between picture and text
+constexpr int kDrag = 6;             // pixels that the mouse moves before it drags
+constexpr int kBorder = 12;          // pixels at which a drag scrolls on
+constexpr guint16 kDimmed = 0xb800;  // of 0xffff: a contrast of 5 on white
 
 struct FreePath {
   void operator()(GtkTreePath* path) const { gtk_tree_path_free(path); }
@@ -110,6 +111,17 @@ struct NativeTree::State {
     g_object_set(renderer, "surface", surface, nullptr);
     if (surface) cairo_surface_destroy(surface);
   }
+  // Its colour, also that of a selected row, only fainter.
+  static void SetDimmed(GtkTreeViewColumn*, GtkCellRenderer* renderer, GtkTreeModel*,
+                        GtkTreeIter* iter, gpointer data) {
+    PangoAttrList* attributes = nullptr;
+    if (View(data).state_->source->Dimmed(NodeAt(*iter))) {
+      attributes = pango_attr_list_new();
+      pango_attr_list_insert(attributes, pango_attr_foreground_alpha_new(kDimmed));
+    }
+    g_object_set(renderer, "attributes", attributes, nullptr);
+    if (attributes) pango_attr_list_unref(attributes);
+  }
 };
 
 void NativeTree::State::AddColumn(NativeTree& view) {
@@ -123,6 +135,7 @@ void NativeTree::State::AddColumn(NativeTree& view) {
   g_object_set(text, "ellipsize", PANGO_ELLIPSIZE_END, nullptr);
   gtk_tree_view_column_pack_start(column, text, TRUE);
   gtk_tree_view_column_add_attribute(column, text, "text", 0);
+  gtk_tree_view_column_set_cell_data_func(column, text, SetDimmed, &view, nullptr);
   gtk_tree_view_append_column(tree, column);
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr long kStyle =
     wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_NO_LINES | wxTR_HIDE_ROOT | wxTR_SINGLE;
+const wxColour kDimmedText(0x6b, 0x6b, 0x6b);  // a contrast of 5 on white
 
 constexpr int kBorder = 12;  // pixels at 100 % at which a drag scrolls on
 
@@ -60,6 +61,11 @@ struct NativeTree::State {
     }
     return place->second;
   }
+  void ShowDimmed(NativeTree& tree, const Entry& entry) const {
+    const bool dimmed = source->Dimmed(entry.node);
+    if (!dimmed && !tree.GetItemTextColour(entry.item).IsOk()) return;
+    tree.SetItemTextColour(entry.item, dimmed ? kDimmedText : tree.GetForegroundColour());
+  }
   void Insert(NativeTree& tree, Entry& parent, std::size_t index) {
     const Node node = source->ChildAt(parent.node, index);
     const wxString text = ToWx(source->TextOf(node));
@@ -70,6 +76,7 @@ struct NativeTree::State {
         index == 0 ? tree.PrependItem(parent.item, text, picture)
                    : tree.InsertItem(parent.item, parent.children[index - 1]->item, text, picture);
     if (source->ChildCount(node) > 0) tree.SetItemHasChildren(entry->item);
+    ShowDimmed(tree, *entry);
     tree.SetItemData(entry->item, new NodeData(node));
     entries[node] = entry.get();
     parent.children.insert(parent.children.begin() + static_cast<std::ptrdiff_t>(index),
@@ -188,6 +195,7 @@ void NativeTree::NodeChanged(Node node) {
   if (!entry) return;
   SetItemText(entry->item, ToWx(state_->source->TextOf(node)));
   SetItemImage(entry->item, state_->PictureOf(*this, node));
+  state_->ShowDimmed(*this, *entry);
 }
 
 void NativeTree::Select(Node node) {

@@ -3,6 +3,7 @@
 
 #include <wx/settings.h>
 
+#include <span>
 #include <string>
 
 #include "platform/text.h"
@@ -63,6 +64,32 @@ constexpr Drawing kDrawings[] = {
     {"PICOFF", R"(<rect x="2.5" y="2.5" width="11" height="11" rx="2" fill="none" stroke="FG"/>)"},
 };
 
+// Start, cycle or end with an arrow before or behind it, a change, a clock.
+constexpr Drawing kCallTypes[] = {
+    {"icoForClass",
+     R"(<rect x="1.5" y="2.5" width="13" height="11" rx="1.5" fill="PP" stroke="FG"/><path d="M1.5 6h13" stroke="FG"/><path d="M4 8.8h5M4 11h7" stroke="AC" fill="none"/>)"},
+    {"callType0",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M.8 5.5v5L4 8z" fill="AC"/><path d="M8.3 5a4 4 0 1 0 4.4 0M10.5 3v4.5" stroke="FG" stroke-width="1.4" fill="none"/>)"},
+    {"callType1",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M12 5.5v5l3.2-2.5z" fill="AC"/><path d="M3.3 5a4 4 0 1 0 4.4 0M5.5 3v4.5" stroke="FG" stroke-width="1.4" fill="none"/>)"},
+    {"callType2",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M.8 5.5v5L4 8z" fill="AC"/><path d="M14.2 8a3.9 3.9 0 1 1-1.3-2.9" fill="none" stroke="FG" stroke-width="1.4"/><path d="M14.6 2.6v3.6H11z" fill="FG"/>)"},
+    {"callType3",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M12 5.5v5l3.2-2.5z" fill="AC"/><path d="M9.2 8a3.9 3.9 0 1 1-1.3-2.9" fill="none" stroke="FG" stroke-width="1.4"/><path d="M9.6 2.6v3.6H6z" fill="FG"/>)"},
+    {"callType4",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M.8 5.5v5L4 8z" fill="AC"/><rect x="6.7" y="4.2" width="7.6" height="7.6" fill="PP" stroke="FG" stroke-width="1.4"/>)"},
+    {"callType5",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M12 5.5v5l3.2-2.5z" fill="AC"/><rect x="1.7" y="4.2" width="7.6" height="7.6" fill="PP" stroke="FG" stroke-width="1.4"/>)"},
+    {"callType6",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><path d="M1.5 11.5h4v-7h5v7h4" fill="none" stroke="FG" stroke-width="1.4"/><path d="M10.5 1l3 3-3 3z" fill="AC"/>)"},
+    {"callType7",
+     R"(<rect width="16" height="16" rx="3" fill="PP"/><circle cx="8" cy="8" r="6" fill="PP" stroke="FG" stroke-width="1.4"/><path d="M8 4.3V8l2.7 1.6" fill="none" stroke="AC" stroke-width="1.5"/>)"},
+};
+
+// Behind a drawing's name: crossed out.
+constexpr std::string_view kDisabled = "Disabled";
+constexpr const char* kStroke = R"(<path d="M2 14L14 2" stroke="RD" stroke-width="1.8"/>)";
+
 void ReplaceAll(std::string& text, std::string_view what, std::string_view with) {
   for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at)) {
     text.replace(at, what.size(), with);
@@ -80,14 +107,26 @@ std::string Svg(std::string_view body) {
   return svg;
 }
 
+// "" for a name that does not exist.
+std::string_view BodyOf(std::string_view name) {
+  for (const std::span<const Drawing> drawings :
+       {std::span<const Drawing>(kDrawings), {kCallTypes}}) {
+    for (const Drawing& drawing : drawings) {
+      if (platform::EqualsIgnoringCase(drawing.name, name)) return drawing.body;
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 wxBitmapBundle Picture(std::string_view name, int size) {
-  for (const Drawing& drawing : kDrawings) {
-    if (!platform::EqualsIgnoringCase(drawing.name, name)) continue;
-    return wxBitmapBundle::FromSVG(Svg(drawing.body).c_str(), wxSize(size, size));
-  }
-  return {};
+  const bool disabled = name.ends_with(kDisabled);
+  if (disabled) name.remove_suffix(kDisabled.size());
+  std::string body(BodyOf(name));
+  if (body.empty()) return {};
+  if (disabled) body += kStroke;
+  return wxBitmapBundle::FromSVG(Svg(body).c_str(), wxSize(size, size));
 }
 
 }  // namespace wx

@@ -8,7 +8,7 @@
 namespace wx {
 
 // The picture of that name, drawn for the light or dark look of the system; invalid for a name
-// that does not exist. The size is in pixels at 100 %.
+// that does not exist. Crossed out with "Disabled" behind the name. The size is in pixels at 100 %.
 wxBitmapBundle Picture(std::string_view name, int size = 16);
 
 }  // namespace wx

@@ -23,6 +23,8 @@ class TreeSource {
   virtual std::string TextOf(Node node) const = 0;
   // Name of a picture; "" for none.
   virtual std::string PictureOf(Node node) const = 0;
+  // Its text stands back behind those of the others.
+  virtual bool Dimmed(Node) const { return false; }
 };
 
 }  // namespace wx

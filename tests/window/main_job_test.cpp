@@ -108,7 +108,7 @@ TEST_P(MainJobTest, ComesBackAsItWasLeft) {
     Input({"key --delay 80 Down Down"});
     AddFormula("Fill");
     auto* columns = dynamic_cast<wxSplitterWindow*>(
-        window_tests::FindChild<desktop::ProjectTree>(program.window())->GetParent());
+        window_tests::FindChild<desktop::TreePane>(program.window())->GetParent());
     ASSERT_NE(columns, nullptr);
     const int sash = columns->GetSashPosition();
     display::Drag(*columns, {sash + 2, 300}, {sash + 92, 300});

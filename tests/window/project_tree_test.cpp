@@ -15,7 +15,8 @@ using Keys = std::vector<std::string>;
 class ProjectTreeTest : public ::testing::Test {
  protected:
   ProjectTreeTest()
-      : frame(new wxFrame(nullptr, wxID_ANY, "Tree")), tree(new desktop::ProjectTree(frame, "T")) {
+      : frame(new wxFrame(nullptr, wxID_ANY, "Tree")),
+        tree(new desktop::ProjectTree(frame, texts)) {
     Add("", "root");
     Add("root", "aliases");
     Add("root", "formulas");
@@ -43,6 +44,7 @@ class ProjectTreeTest : public ::testing::Test {
     return tree->SelectedKey();
   }
 
+  const texts::TextTable texts{texts::Language::kEnglish};
   studio::StudioTree model;
   wxFrame* frame;
   desktop::ProjectTree* tree;

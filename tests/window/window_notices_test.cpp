@@ -49,7 +49,7 @@ TEST(WindowNotices, ALockedProjectIsSaidOverTheWindow) {
     open = program.window().OpenProject(support::kPlantDatabase);
     done = true;
   });
-  Input({"sleep 1.2 key Return sleep 0.6 key Return"});
+  Input({"sleep 1.2 key Return sleep 0.6 key Escape"});
   Wait::For([&] { return done; });
   EXPECT_FALSE(open);
   ASSERT_FALSE(said.texts.empty());
