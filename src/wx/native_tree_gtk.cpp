@@ -115,7 +115,7 @@ struct NativeTree::State {
   static void SetDimmed(GtkTreeViewColumn*, GtkCellRenderer* renderer, GtkTreeModel*,
                         GtkTreeIter* iter, gpointer data) {
     PangoAttrList* attributes = nullptr;
-    if (View(data).state_->source->Dimmed(NodeAt(*iter))) {
+    if (View(data).state_->source->Dimmed(wx::NodeAt(*iter))) {
       attributes = pango_attr_list_new();
       pango_attr_list_insert(attributes, pango_attr_foreground_alpha_new(kDimmed));
     }
