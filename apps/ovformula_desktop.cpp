@@ -5,6 +5,7 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -144,6 +145,7 @@ void Print(apps::StandardStream stream, const std::string& text) {
   apps::Write(stream, text.data(), text.size(), failure);
 }
 
+#ifdef __WXGTK__
 // Whether the locale of messages knows no language.
 bool IsPlainLocale() {
   for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -152,6 +154,16 @@ bool IsPlainLocale() {
   }
   return true;
 }
+
+// The toolkit's own menus and dialogs speak the language, too. The C library translates them for
+// every locale of messages but the plain ones, and wxWidgets sets none.
+void ChooseToolkitLanguage(texts::Language language) {
+  const bool german = language == texts::Language::kGerman;
+  if (IsPlainLocale()) wxSetEnv("LC_ALL", "C.UTF-8");
+  wxSetEnv("LANGUAGE", german ? "de" : "en");
+  std::setlocale(LC_MESSAGES, "");
+}
+#endif
 
 }  // namespace
 
@@ -184,10 +196,8 @@ int main(int argc, char** argv) {
     Print(apps::kStandardError, texts.Text(studio::kTextNoDisplay) + "\n");
     return EXIT_FAILURE;
   }
+  ChooseToolkitLanguage(chosen);
 #endif
-  // The toolkit's own menus speak the same language, which they do not in the C locale.
-  if (IsPlainLocale()) wxSetEnv("LC_ALL", "C.UTF-8");
-  wxSetEnv("LANGUAGE", chosen == texts::Language::kGerman ? "de" : "en");
   const int result = wx::RunApp(argc, argv);
   constexpr int kUsage = 2;
   return App::BadUsage() ? kUsage : result;
