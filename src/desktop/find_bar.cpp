@@ -6,6 +6,7 @@
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -28,8 +29,11 @@ FindBar::FindBar(wxWindow* parent, CodeEditor& editor, const texts::TextTable& t
   const auto row = [&](wxPanel* panel, std::initializer_list<wxWindow*> rest, wxWindow* field) {
     auto* sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(field, wxSizerFlags(1).CentreVertical());
-    for (wxWindow* window : rest)
+    controls_.push_back(field);
+    for (wxWindow* window : rest) {
       sizer->Add(window, wxSizerFlags().CentreVertical().Border(wxLEFT, FromDIP(kGap)));
+      controls_.push_back(window);
+    }
     panel->SetSizer(sizer);
   };
   const auto button = [&](wxPanel* panel, int text, std::function<void()> action) {
@@ -76,6 +80,16 @@ bool FindBar::HasKeyboard() const {
   return focus && IsDescendant(const_cast<wxWindow*>(focus));
 }
 
+void FindBar::MoveKeyboard(bool backward) {
+  std::vector<wxWindow*> shown;
+  for (wxWindow* control : controls_)
+    if (control->IsShownOnScreen()) shown.push_back(control);
+  if (backward) std::reverse(shown.begin(), shown.end());
+  const auto next = std::find(shown.begin(), shown.end(), FindFocus());
+  if (next == shown.end() || next + 1 == shown.end()) return editor_.SetFocus();
+  (*(next + 1))->SetFocus();
+}
+
 bool FindBar::HandleKey(const wxKeyEvent& event) {
   const int key = event.GetKeyCode();
   const int modifiers = event.GetModifiers();
@@ -93,6 +107,8 @@ bool FindBar::HandleKey(const wxKeyEvent& event) {
     Find(true, shift);
   } else if (inside && plain && key == WXK_ESCAPE) {
     Close();
+  } else if (inside && key == WXK_TAB && (plain || shift)) {
+    MoveKeyboard(shift);
   } else {
     return false;
   }

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "desktop/code_editor.h"
 #include "texts/text_table.h"
@@ -36,6 +37,8 @@ class FindBar : public wxPanel {
   CodeEditor::FindOptions Options() const;
   std::string Wanted() const;
   bool HasKeyboard() const;
+  // To the next control of the bar that is shown, or to the code behind the last.
+  void MoveKeyboard(bool backward);
   // False when it stands nowhere, which is told.
   bool Find(bool behind, bool backward = false);
   void Replace();
@@ -49,6 +52,7 @@ class FindBar : public wxPanel {
   wxCheckBox* whole_word_;
   wxCheckBox* match_case_;
   wxPanel* second_row_;
+  std::vector<wxWindow*> controls_;  // in the order of the Tab key
 };
 
 }  // namespace desktop

@@ -67,7 +67,7 @@ void ViewMenu::AddLooks(wxFrame& frame, const texts::TextTable& texts) {
 void ViewMenu::AddMessages(wxFrame& frame, const texts::TextTable& texts) {
   menu_->AppendSeparator();
   wxMenuItem* item = menu_->Append(kTextMenuMessages, wx::ToWx(texts.Text(kTextMenuMessages)));
-  wx::ShowShortcut(*item, "Ctrl+Shift+M");
+  wx::ShowShortcut(*item, "Ctrl+Shift+L");
   frame.Bind(
       wxEVT_MENU, [this](wxCommandEvent&) { panes_.messages().ShowNewest(); }, kTextMenuMessages);
   menu_->AppendSeparator();
@@ -84,7 +84,7 @@ bool ViewMenu::RunKey(const wxKeyEvent& event) {
     Toggle(Pane::kCode);
   } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && code == 'J') {
     Toggle(Pane::kCodeBeside);
-  } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && code == 'M') {
+  } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && code == 'L') {
     panes_.messages().ShowNewest();
   } else {
     return false;

@@ -32,13 +32,13 @@ class FParameter : public DialogForm {
   forms::Label lblVBAlias{&fraParameter, "lblVBAlias"};
   forms::ComboBox cmbVBAlias{&fraParameter, "cmbVBAlias"};
   forms::Label lblVBAliasHint{&fraParameter, "lblVBAliasHint"};
-  forms::Label lblSeries{&fraParameter, "lblSeries"};
-  forms::TextBox txtSeries{&fraParameter, "txtSeries"};
-  forms::Label lblSeriesHint{&fraParameter, "lblSeriesHint"};
   forms::CheckBox chkWithUses{&fraParameter, "chkWithUses"};
   forms::Label lblWithUsesHint{&fraParameter, "lblWithUsesHint"};
   forms::CheckBox chkIn{&fraParameter, "chkIn"};
   forms::CheckBox chkOut{&fraParameter, "chkOut"};
+  forms::Label lblSeries{&fraParameter, "lblSeries"};
+  forms::TextBox txtSeries{&fraParameter, "txtSeries"};
+  forms::Label lblSeriesHint{&fraParameter, "lblSeriesHint"};
   forms::Button cmdOk{this, "cmdOk"};
   forms::Button cmdCancel{this, "cmdCancel"};
   forms::Button cmdHelp{this, "cmdHelp"};

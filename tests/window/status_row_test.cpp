@@ -46,7 +46,7 @@ TEST(StatusRow, CountsAndRemembersWhatWasSaid) {
   EXPECT_EQ(program.Status(), "2 aliases deleted.");
 
   auto& pane = *FindChild<desktop::MessagePane>(program.window());
-  Input({"key ctrl+shift+m sleep 0.4"});
+  Input({"key ctrl+shift+l sleep 0.4"});
   EXPECT_TRUE(pane.IsShownOnScreen());
   EXPECT_EQ(FindChild<wxTextCtrl>(pane)->GetValue(), "2 aliases deleted.");
   Input({"key Down sleep 0.3"});
