@@ -28,7 +28,7 @@ class HostDatabase {
     std::string connection_string;  // for that path
     project::Provider provider = project::Provider::kAuto;
     AdoObjects objects = AdoObjects::Installed();
-    history::Author author;  // of the history's records
+    history::Author author = {};  // of the history's records
     bool with_history = true;
     // Told which one was chosen, and why. May be empty.
     std::function<void(const messages::Message&)> log;
