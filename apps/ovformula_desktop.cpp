@@ -62,7 +62,7 @@ class App : public wxApp {
   bool OnInit() override {
     SetAppName("ovformula");
 #ifdef NDEBUG
-    wx::OnDiagnostic([](const std::string&) {});  // they tell an engineer nothing
+    wx::OnDiagnostic([](const std::string&){});  // they tell an engineer nothing
 #endif
     if (!wxApp::OnInit()) return false;
     Start();
@@ -163,6 +163,9 @@ void ChooseToolkitLanguage(texts::Language language) {
   wxSetEnv("LANGUAGE", german ? "de" : "en");
   std::setlocale(LC_MESSAGES, "");
 }
+#else
+// Windows' own menus and dialogs speak the language of the system.
+void ChooseToolkitLanguage(texts::Language) {}
 #endif
 
 }  // namespace
@@ -196,8 +199,8 @@ int main(int argc, char** argv) {
     Print(apps::kStandardError, texts.Text(studio::kTextNoDisplay) + "\n");
     return EXIT_FAILURE;
   }
-  ChooseToolkitLanguage(chosen);
 #endif
+  ChooseToolkitLanguage(chosen);
   const int result = wx::RunApp(argc, argv);
   constexpr int kUsage = 2;
   return App::BadUsage() ? kUsage : result;
