@@ -61,9 +61,6 @@ class App : public wxApp {
 
   bool OnInit() override {
     SetAppName("ovformula");
-#ifdef NDEBUG
-    wx::OnDiagnostic([](const std::string&){});  // they tell an engineer nothing
-#endif
     if (!wxApp::OnInit()) return false;
     Start();
     return true;

@@ -39,6 +39,7 @@ constexpr std::int32_t kTextPage = 1749;
 
 constexpr int kGap = 6;  // at 100 %
 constexpr int kPageBorder = 18;
+constexpr int kLeastList = 100;
 
 }  // namespace
 
@@ -141,7 +142,9 @@ wxWindow* HelpFrame::MakeIndex(wxWindow* parent) {
   filter_ = new wxSearchCtrl(pane, wxID_ANY);
   filter_->SetDescriptiveText(Text(kTextIndexWord));
   wx::SetAccessibleName(*filter_, Text(kTextIndexWord));
-  index_ = new wxListBox(pane, wxID_ANY);
+  // With room for a scrollbar from the start: the notebook lays out late what it does not show.
+  index_ =
+      new wxListBox(pane, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kLeastList, kLeastList)));
   wx::SetAccessibleName(*index_, Text(kTextIndex));
   filter_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { FillIndex(); });
   index_->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {

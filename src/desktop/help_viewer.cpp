@@ -2,6 +2,7 @@
 #include "desktop/help_viewer.h"
 
 #include "wx/application.h"
+#include "wx/native.h"
 
 namespace desktop {
 
@@ -13,6 +14,7 @@ void HelpViewer::ShowTopic(platform::WindowHandle, std::int32_t topic) {
   if (!frame_) frame_ = new HelpFrame(wxTheApp->GetTopWindow(), book_, texts_);
   frame_->ShowPage(topic);
   if (frame_->IsIconized()) frame_->Iconize(false);
+  if (!frame_->IsShown()) wx::LayOutBeforeShow(*frame_);
   frame_->Show();
   frame_->Raise();
 }

@@ -29,6 +29,7 @@ PlaceTable::PlaceTable(wxWindow* parent, const std::string& name,
       model_(new Model(rows_)) {
   AssociateModel(model_.get());
   wx::SetAccessibleName(*this, wx::ToWx(name));
+  wx::LeaveOutScrollbarWithoutRoom(*this);
   for (const Column& column : columns) {
     const int width = column.width == 0 ? wxCOL_WIDTH_DEFAULT : column.width * GetCharWidth();
     AppendTextColumn(wx::ToWx(column.title), GetColumnCount(), wxDATAVIEW_CELL_INERT, width,

@@ -29,6 +29,7 @@ Program::Program(files::FileSystem& files, const project::UserFolders& folders,
   wx::SetLook(static_cast<wx::Look>(state_.look));
   window_ =
       new MainWindow({files, toolkit_, window_system_, help_, settings_, texts_, state_, options});
+  wx::LayOutBeforeShow(*window_);
   window_->Show();
 }
 

@@ -44,6 +44,10 @@ void RaiseControl(wxWindow& control);
 // once, before the first window.
 void OnDiagnostic(std::function<void(const std::string& report)> handler);
 
+// Gives a window that was not shown yet its size. The window system tells it later, and what is in
+// it would be laid out in a few pixels until then.
+void LayOutBeforeShow(wxTopLevelWindow& window);
+
 // Runs the task from the message loop, after all events of the window system that are queued.
 void CallWhenIdle(std::function<void()> task);
 
@@ -70,6 +74,8 @@ void MarkInvalid(wxWindow& window, bool invalid);
 
 // The scrollbars of a native scrolled window stand beside its content, not over it.
 void KeepScrollbarsBeside(wxWindow& window);
+// A list that becomes too low for a vertical scrollbar goes without one until it has room again.
+void LeaveOutScrollbarWithoutRoom(wxWindow& list);
 
 // Where a context menu of the window opens, in its coordinates: below the row with the keyboard
 // when a key asks for the menu, else at the mouse.

@@ -95,6 +95,13 @@ void OnDiagnostic(std::function<void(const std::string& report)> handler) {
       nullptr, nullptr);
 }
 
+void LayOutBeforeShow(wxTopLevelWindow& window) {
+  window.SendSizeEvent();
+  const wxSize size = window.GetSize();
+  GtkAllocation whole{0, 0, size.GetWidth(), size.GetHeight()};
+  gtk_widget_size_allocate(window.GetHandle(), &whole);
+}
+
 wxStaticText* NewLabel(wxWindow* parent) { return new FieldLabel(parent); }
 
 bool HasLooks() { return true; }
@@ -237,6 +244,19 @@ void KeepScrollbarsBeside(wxWindow& window) {
   GtkScrolledWindow* native = GTK_SCROLLED_WINDOW(window.GetHandle());
   gtk_scrolled_window_set_overlay_scrolling(native, FALSE);
   gtk_scrolled_window_set_kinetic_scrolling(native, FALSE);
+}
+
+void LeaveOutScrollbarWithoutRoom(wxWindow& list) {
+  constexpr int kLeastHeight = 100;  // at 100 %: header, slider, and the other scrollbar
+  list.Bind(wxEVT_SIZE, [&list](wxSizeEvent& event) {
+    event.Skip();
+    GtkScrolledWindow* native = GTK_SCROLLED_WINDOW(list.GetHandle());
+    const bool room = event.GetSize().GetHeight() >= list.FromDIP(kLeastHeight);
+    GtkPolicyType across = GTK_POLICY_AUTOMATIC;
+    gtk_scrolled_window_get_policy(native, &across, nullptr);
+    gtk_scrolled_window_set_policy(native, across,
+                                   room ? GTK_POLICY_AUTOMATIC : GTK_POLICY_EXTERNAL);
+  });
 }
 
 void PressByEnter(wxChoice& field, wxButton& button) {

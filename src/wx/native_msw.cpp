@@ -118,6 +118,8 @@ wxString NativeParts() {
 
 void OnDiagnostic(std::function<void(const std::string&)>) {}
 
+void LayOutBeforeShow(wxTopLevelWindow&) {}
+
 wxStaticText* NewLabel(wxWindow* parent) {
   return new wxStaticText(parent, wxID_ANY, wxEmptyString);
 }
@@ -181,6 +183,8 @@ void MarkInvalid(wxWindow& window, bool invalid) {
 }
 
 void KeepScrollbarsBeside(wxWindow&) {}
+
+void LeaveOutScrollbarWithoutRoom(wxWindow&) {}
 
 wxPoint PopupPlace(wxWindow& window) {
   if (!wxGetKeyState(WXK_WINDOWS_MENU) && !wxGetKeyState(WXK_F10)) return wxDefaultPosition;

@@ -44,6 +44,7 @@ RowsView::RowsView(forms::RowView& rows, wxWindow* parent, const ViewContext& co
   sizer->Add(list_, wxSizerFlags(1).Expand());
   panel_->SetSizer(sizer);
   list_->AssociateModel(cells_.get());
+  LeaveOutScrollbarWithoutRoom(*list_);
   Attach(panel_, context.relayout);
 }
 

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -16,52 +15,32 @@
 #include "files/replace_file.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/project_folder_posix.h"
 #include "wx/convert.h"
 
 namespace {
 
 using files::Operation;
 using window_tests::Input;
+using window_tests::ProjectFolder;
+using window_tests::Snapshot;
 using window_tests::Wait;
 
 constexpr const char* kFolder = "OV_TEST_FOLDER";  // of the project, for the program that dies
 constexpr const char* kStep = "OV_TEST_STEP";      // the change of a file that it dies at; 0: none
 constexpr const char* kCount = "steps";            // file that tells how many there are
 
-using Snapshot = std::map<std::string, std::string>;
-
-// A project of its own in a folder that goes with the object.
-class Folder {
- public:
-  explicit Folder(const Snapshot& files) {
-    char name[] = "/tmp/killed-XXXXXX";
-    path_ = mkdtemp(name);
-    for (const auto& [path, bytes] : files)
-      files::ReplaceFile(files::RealFileSystem(), path_ + path.substr(path.rfind('/')), bytes);
-  }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  const std::string& path() const { return path_; }
-  std::string Database() const { return path_ + "/Plant.ovs"; }
-  std::string Read(const std::string& name) const {
-    return files::ReadFile(files::RealFileSystem(), path_ + "/" + name);
-  }
-
- private:
-  std::string path_;
-};
-
 struct State {
   std::string database, code;
   friend bool operator==(const State&, const State&) = default;
 };
 
-State StateOf(const Folder& folder) { return {folder.Read("Plant.ovs"), folder.Read("CPump.cls")}; }
+State StateOf(const ProjectFolder& folder) {
+  return {folder.Read("Plant.ovs"), folder.Read("CPump.cls")};
+}
 
 // Runs one of the programs below, which may die; its exit status as wait gives it.
-int RunProgram(const Folder& folder, int step, const char* name) {
+int RunProgram(const ProjectFolder& folder, int step, const char* name) {
   const pid_t child = fork();
   if (child == 0) {
     unsetenv("GTEST_TOTAL_SHARDS");
@@ -125,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(Programs, KilledAt, testing::Values("MakesAFormula", "P
 
 TEST_P(KilledAt, LeavesWholeFilesAndStartsAgain) {
   const Snapshot files = support::SamplePlant().system.Snapshot();
-  const Folder untouched(files), changed(files);
+  const ProjectFolder untouched(files), changed(files);
   const State before = StateOf(untouched);
   const int status = RunProgram(changed, 0, GetParam());
   ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
@@ -141,7 +120,7 @@ TEST_P(KilledAt, LeavesWholeFilesAndStartsAgain) {
   }
   for (const int point : points) {
     SCOPED_TRACE("killed at change " + std::to_string(point) + " of " + std::to_string(steps));
-    const Folder folder(files);
+    const ProjectFolder folder(files);
     const int end = RunProgram(folder, point, GetParam());
     ASSERT_TRUE(WIFSIGNALED(end) && WTERMSIG(end) == SIGKILL);
     window_tests::DesktopProgram program(files::RealFileSystem(), texts::Language::kEnglish,
@@ -176,7 +155,7 @@ TEST(KilledProgram, DISABLED_TypesCode) {
 }
 
 TEST(KilledProgram, UnsavedCodeIsBroughtBack) {
-  const Folder folder(support::SamplePlant().system.Snapshot());
+  const ProjectFolder folder(support::SamplePlant().system.Snapshot());
   const int end = RunProgram(folder, 0, "TypesCode");
   ASSERT_TRUE(WIFSIGNALED(end) && WTERMSIG(end) == SIGKILL);
   EXPECT_EQ(folder.Read("CPump.cls").find("precious"), std::string::npos) << "nobody saved it";
