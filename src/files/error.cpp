@@ -11,9 +11,15 @@ constexpr Pattern kFailure{0, "<What>. <Remedy>"};
 constexpr Pattern kFailureWithCause{0, "<What>: <Cause>. <Remedy>"};
 constexpr Pattern kCausedBy{0, "<What>: <Cause>"};
 
+// With the separators of every system; empty for a bare name.
+std::string FolderOf(const std::string& path) {
+  const std::size_t separator = path.find_last_of("/\\");
+  return separator == std::string::npos ? std::string() : path.substr(0, separator);
+}
+
 }  // namespace
 
-const Pattern& Remedy(ErrorKind kind) {
+Message Remedy(ErrorKind kind, const std::string& path) {
   switch (kind) {
     case ErrorKind::kNotFound:
       return message::kCheckPath;
@@ -36,7 +42,7 @@ const Pattern& Remedy(ErrorKind kind) {
     case ErrorKind::kManyNames:
       return message::kLeaveOneName;
     case ErrorKind::kOutside:
-      return message::kAgreeOrMove;
+      return {message::kAgreeOrMove, {{"<Folder>", FolderOf(path)}}};
     case ErrorKind::kIo:
       break;
   }
@@ -45,7 +51,7 @@ const Pattern& Remedy(ErrorKind kind) {
 
 void Raise(ErrorKind kind, const std::string& path, const Failure& failure, const Message& cause) {
   const Message what(failure.pattern, {{"<Path>", path}, {failure.placeholder, failure.value}});
-  const Message remedy = Remedy(kind);
+  const Message remedy = Remedy(kind, path);
   if (cause.empty()) {
     throw Error(kind, path, {kFailure, {{"<What>", what}, {"<Remedy>", remedy}}});
   }

@@ -46,8 +46,8 @@ class NotUndoneError : public Error {
   using Error::Error;
 };
 
-// What a user can do about a failure of this kind, one sentence.
-const messages::Pattern& Remedy(ErrorKind kind);
+// What a user can do about a failure of this kind with the file, one sentence.
+messages::Message Remedy(ErrorKind kind, const std::string& path);
 
 // What failed: "<Path> cannot be read", with another value beside the path or none.
 struct Failure {

@@ -34,15 +34,20 @@ class Inspector {
   bool NamesOwnFiles(const Record& record) {
     if (const auto* ranged = std::get_if<RangedFileRecord>(&record)) {
       skipping_ = false;
-      if (!IsDatabase(ranged->path)) result_.outside = ranged->path;
+      if (!IsDatabase(ranged->path)) NoteOutside(ranged->path);
     } else if (const auto* whole = std::get_if<WholeFileRecord>(&record)) {
       skipping_ = scope_ == Scope::kDatabase && !IsDatabase(whole->path);
       result_.passed_over = result_.passed_over || skipping_;
       if (skipping_) return true;
-      if (!IsOwn(whole->path)) result_.outside = whole->path;
-      if (!IsTemporaryName(whole->temporary, whole->path)) result_.outside = whole->temporary;
+      if (!IsOwn(whole->path)) NoteOutside(whole->path);
+      if (!IsTemporaryName(whole->temporary, whole->path)) NoteOutside(whole->temporary);
     }
     return result_.outside.empty();
+  }
+
+  void NoteOutside(const std::string& path) {
+    result_.outside = path;
+    result_.outside_folder = system_.Folder(path);
   }
 
   bool IsDatabase(const std::string& path) { return IsSamePath(system_, path, result_.database); }

@@ -45,8 +45,9 @@ struct Inspection {
   JournalCondition condition = JournalCondition::kNone;
   bool readable_to_end = false;
   Header header;
-  std::string database;      // where the journal says that it belongs
-  std::string outside;       // the first file that it names and that it must not; "" for none
+  std::string database;  // where the journal says that it belongs
+  std::string outside;   // the first file that it names and that it must not; "" for none
+  std::string outside_folder;
   bool passed_over = false;  // whether it names files that were not looked at
   std::vector<InspectedFile> files;
 };

@@ -101,7 +101,7 @@ Message Describe(const std::string& journal, const std::string& database,
     case JournalCondition::kOutside:
       return refused(
           {message::kJournalNamesOther, {{"<Path>", journal}, {"<Other>", inspection.outside}}},
-          message::kAgreeToFolder);
+          {message::kAgreeToFolder, {{"<Folder>", inspection.outside_folder}}});
     case JournalCondition::kDamaged:
       break;
   }

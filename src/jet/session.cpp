@@ -51,7 +51,7 @@ void Session::OpenFile() {
     } catch (const files::Error& error) {
       if (error.kind() != files::ErrorKind::kReadOnly) throw;
       read_only_reason_ = message::kWriteProtected;
-      read_only_remedy_ = files::Remedy(error.kind());
+      read_only_remedy_ = files::Remedy(error.kind(), path_);
     }
   }
   if (!file_) file_ = system_.Open(path_, files::OpenMode::kRead);

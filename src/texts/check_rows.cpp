@@ -91,8 +91,8 @@ constexpr Row kRows[] = {
     // Classes.
     {3050, "Kein geöffnetes Projekt enthält die Klasse <Class> (Formeln: <Count>).",
      "No open project has the class <Class> (formulas: <Count>)."},
-    {3051, "Nennen Sie das Projekt (--vbp), oder geben Sie den Formeln eine andere Klasse.",
-     "Name the project (--vbp), or give the formulas another class."},
+    {3051, "Nennen Sie das Projekt (--vbp DATEI), oder geben Sie den Formeln eine andere Klasse.",
+     "Name the project (--vbp FILE), or give the formulas another class."},
     {3052, "<Class> kann keine Formeln enthalten (Formeln: <Count>).",
      "<Class> cannot hold formulas (formulas: <Count>)."},
     {3053,

@@ -81,10 +81,11 @@ constexpr Row kRows[] = {
     {3636, "dot (für Graphviz), svg oder html; sonst eine Liste",
      "dot (for Graphviz), svg or html; otherwise a list"},
     {3637,
-     "Das Bild hätte <Count> Verbindungen. Wählen Sie mit --formula, --alias oder --class einen "
-     "Ausschnitt, oder nehmen Sie --format dot.",
-     "The picture would have <Count> connections. Choose a part with --formula, --alias or "
-     "--class, or use --format dot."},
+     "Das Bild hätte <Count> Verbindungen. Wählen Sie mit --formula FORMULA, --alias ALIAS oder "
+     "--class CLASS einen Ausschnitt, oder nehmen Sie --format dot.",
+     "The picture would have <Count> connections. Choose a part with --formula FORMULA, --alias "
+     "ALIAS or "
+     "--class CLASS, or use --format dot."},
 
     // Data flow.
     {3660, "Datenfluss", "Data flow"},

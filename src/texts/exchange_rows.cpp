@@ -141,16 +141,19 @@ std::span<const Row> ExchangeRows() {
        "<Count> Felder enthalten Steuerzeichen, die eine Tabelle nicht mitnimmt. --format json "
        "nimmt sie mit.",
        "<Count> fields hold control characters, which a table cannot carry. --format json can."},
-      {3532, "<File> gibt es schon. Nennen Sie bei --skip-refused eine neue Datei.",
-       "<File> exists already. Name a new file with --skip-refused."},
+      {3532, "<File> gibt es schon. Nennen Sie eine neue Datei: --skip-refused DATEI.",
+       "<File> exists already. Name a new file: --skip-refused FILE."},
       {3533, "Grund", "Reason"},
       {3534, "Diese Spalten bleiben unbeachtet: <Names>", "These columns are ignored: <Names>"},
       {3535,
        "Abgelehnte Zeilen: <Count>. Es wurde nichts geändert. --skip-refused DATEI liest die "
-       "übrigen, --existing sagt, was mit dem geschieht, was es schon gibt, --create-aliases legt "
+       "übrigen, --existing POLICY sagt, was mit dem geschieht, was es schon gibt, "
+       "--create-aliases "
+       "legt "
        "fehlende Aliase an.",
        "Refused lines: <Count>. Nothing was changed. --skip-refused FILE reads the others, "
-       "--existing says what to do with what exists, --create-aliases creates missing aliases."},
+       "--existing POLICY says what to do with what exists, --create-aliases creates missing "
+       "aliases."},
       {3536, "<Name> kann so nicht kopiert werden; es wurde nichts geändert.",
        "<Name> cannot be copied like this; nothing was changed."},
       {3537, "--replace <Word>: Es wird ALT=NEU gebraucht.",

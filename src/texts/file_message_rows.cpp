@@ -150,16 +150,17 @@ std::span<const Row> FileMessageRows() {
       {2101, "Ein Befehl, der nur liest, setzt sie nicht zurück."},
       {2102, "<Path> nennt <Other>; das ist keine Datei dieses Projekts. Es wird nicht benutzt."},
       {2103,
-       "Wenn die Änderung von Ihnen war, stimmen Sie dem Ordner mit recover --allow-folder zu; "
-       "sonst geben Sie das Journal mit recover --discard auf."},
+       "Wenn die Änderung von Ihnen war, stimmen Sie dem Ordner mit recover --allow-folder "
+       "<Folder> "
+       "zu; sonst geben Sie das Journal mit recover --discard auf."},
       {2104, "Das Journal nennt <Path>; das ist keine Datei dieses Projekts."},
       // Files that are not what they seem.
       {2110, "Löschen Sie sie, oder benennen Sie sie um."},
       {2111,
        "Lassen Sie ihr einen Namen, und machen Sie aus den anderen Kopien oder symbolische Links."},
       {2112,
-       "Stimmen Sie Änderungen in ihrem Ordner zu (--allow-folder), oder verschieben Sie sie in "
-       "das Projekt."},
+       "Stimmen Sie Änderungen in ihrem Ordner zu (--allow-folder <Folder>), oder verschieben Sie "
+       "sie in das Projekt."},
       {2113, "das ist ein Link"},
       {2114, "das ist ein Link, der nirgendwohin führt"},
       {2115, "sie hat mehrere Namen (harte Links)"},

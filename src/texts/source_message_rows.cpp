@@ -17,11 +17,11 @@ std::span<const Row> SourceMessageRows() {
       {2806, "<Path> ist kein Projekt, obwohl <Group> sie nennt."},
       {2807, "Berichtigen Sie die Gruppe."},
       {2808, "<Path> und <Other> sind beide das Projekt <Name>."},
-      {2809, "Nennen Sie das gemeinte (--vbp)."},
+      {2809, "Nennen Sie das gemeinte (--vbp DATEI)."},
       {2810, "Das Zeichen<Character> (<Code>) für <Place> ist nicht in der Codepage <Number>."},
       {2812,
        "Nehmen Sie ein anderes Zeichen, oder öffnen Sie das Projekt mit der Codepage, in der es "
-       "geschrieben ist (--code-page)."},
+       "geschrieben ist (--code-page NUMMER)."},
       {2813,
        "Der Text für <Place> hat <Count> Zeichen; Visual Basic erlaubt 1023 in einer "
        "Zeile."},

@@ -16,9 +16,10 @@ std::span<const Row> StoreRows() {
       {1003, "Das Argument mit der ID <ID> gibt es nicht mehr. Aktualisieren Sie die Ansicht.",
        "The argument with the ID <ID> no longer exists. Refresh the view."},
       {1004,
-       "Es ist kein Visual-Basic-Projekt geöffnet. Öffnen Sie das Formelserver-Projekt (--vbp), "
+       "Es ist kein Visual-Basic-Projekt geöffnet. Öffnen Sie das Formelserver-Projekt (--vbp "
+       "DATEI), "
        "oder ändern Sie nur die Datensätze (--no-code).",
-       "No Visual Basic project is open. Open the formula server project (--vbp), or change "
+       "No Visual Basic project is open. Open the formula server project (--vbp FILE), or change "
        "the rows only (--no-code)."},
       {1005,
        "<Class> kann keine Formeln enthalten. Nötig ist eine Klasse mit Instancing MultiUse oder "

@@ -82,7 +82,7 @@ void ModuleFile::CheckWritable() {
     throw platform::Error(
         ErrorKind::kRefused, kErrModuleNotEditable,
         Joined({message::kOutsideProject, {{"<Path>", path_}, {"<Folder>", trees_.front()}}},
-               files::message::kAgreeOrMove));
+               messages::Message(files::message::kAgreeOrMove, {{"<Folder>", TargetFolder()}})));
   }
   if (!state_.system.IsWritable(path_)) {
     throw platform::Error(
@@ -100,6 +100,14 @@ bool ModuleFile::IsInsideTrees() {
     };
     const auto& agreed = state_.options.writable_folders;
     return std::ranges::any_of(trees_, holds) || std::ranges::any_of(agreed, holds);
+  } catch (const files::Error& error) {
+    throw FromFileError(error);
+  }
+}
+
+std::string ModuleFile::TargetFolder() {
+  try {
+    return state_.system.Folder(state_.system.Canonical(path_));
   } catch (const files::Error& error) {
     throw FromFileError(error);
   }

@@ -51,6 +51,7 @@ class ModuleFile {
  private:
   void ReadHeader();
   bool IsInsideTrees();
+  std::string TargetFolder();  // where the file lies, links followed
 
   EnvironmentState& state_;
   const CodePage& page_;
