@@ -50,7 +50,7 @@ std::vector<CommandSpec> CodeCommands() {
        {project, {"TEXT", kTextArgText}},
        OpenOptions({{"--word", "", kTextOptWord},
                     {"--case", "", kTextOptCase},
-                    {"--replace", "NEW", kTextOptReplace},
+                    {"--replace", "NEW", kTextOptReplace, false, true},
                     {"--dry-run", "", kTextOptDryRun},
                     kJsonOption}),
        {"ovformula find Plant.ovs mLimits --word",

@@ -33,6 +33,7 @@ struct OptionSpec {
   std::string_view value;  // "MS"; empty for a switch; "[=CODES]" may be left out
   int text;
   bool repeatable = false;
+  bool may_be_empty = false;  // the value
 };
 
 struct CommandSpec {

@@ -152,6 +152,7 @@ enum TextNumber : int {
   kTextNothingToChange,
   kTextUnsafeCells = 1355,
   kTextOptSafeCells,
+  kTextValueEmpty = 1357,
 
   // The check, see texts/check_rows.cpp.
   kTextCommandCheck = 3200,

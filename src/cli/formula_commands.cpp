@@ -192,10 +192,13 @@ int RunUses(Invocation& invocation) {
 }
 
 std::vector<OptionSpec> ValueOptions() {
-  return {{"--name", "NAME", kTextOptName},      {"--class", "CLASS", kTextOptClass},
-          {"--type", "TYPE", kTextOptType},      {"--scan-time", "MS", kTextOptScanTime},
-          {"--enabled", "", kTextOptEnabled},    {"--disabled", "", kTextOptDisabled},
-          {"--comment", "TEXT", kTextOptComment}};
+  return {{"--name", "NAME", kTextOptName},
+          {"--class", "CLASS", kTextOptClass},
+          {"--type", "TYPE", kTextOptType},
+          {"--scan-time", "MS", kTextOptScanTime},
+          {"--enabled", "", kTextOptEnabled},
+          {"--disabled", "", kTextOptDisabled},
+          {"--comment", "TEXT", kTextOptComment, false, true}};
 }
 
 std::vector<OptionSpec> EditOptions() {

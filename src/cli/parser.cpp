@@ -105,6 +105,23 @@ Call ParseCall(const CommandSpec& command, const Words& words) {
   return call;
 }
 
+std::optional<Complaint> FindEmptyValue(const CommandSpec& command, const Values& values) {
+  const auto is_empty = [&](std::string_view name) {
+    const auto found = values.find(name);
+    return found != values.end() && std::ranges::count(found->second, std::string()) > 0;
+  };
+  for (const ArgumentSpec& argument : command.arguments) {
+    if (is_empty(argument.name)) return Complaint{kTextValueEmpty, std::string(argument.name), {}};
+  }
+  for (const OptionSpec& option : command.options) {
+    const bool needs_text =
+        !option.value.empty() && !HasOptionalValue(option) && !option.may_be_empty;
+    if (needs_text && is_empty(option.name))
+      return Complaint{kTextValueEmpty, std::string(option.name), {}};
+  }
+  return std::nullopt;
+}
+
 bool Changes(const CommandSpec& command, const Call& call) {
   const auto has = [&](std::string_view name) {
     return std::any_of(command.options.begin(), command.options.end(),

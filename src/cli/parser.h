@@ -36,6 +36,9 @@ std::span<const OptionSpec> CommonOptions();
 // stands behind "="; "--" ends the options; "-" is an argument.
 Call ParseCall(const CommandSpec& command, const std::vector<std::string>& words);
 
+// The first value that is empty and must not be.
+std::optional<Complaint> FindEmptyValue(const CommandSpec& command, const Values& values);
+
 // Whether the call changes something when it is carried out.
 bool Changes(const CommandSpec& command, const Call& call);
 

@@ -99,6 +99,7 @@ int RunCommand(const CommandSpec& command, Call call, Console& console,
     return kDone;
   }
   const std::string name = "ovformula " + std::string(command.path);
+  if (!call.complaint) call.complaint = FindEmptyValue(command, call.values);
   if (call.complaint) {
     return ReportUsage(Sentence(*call.complaint, texts), name, console, texts);
   }
@@ -166,7 +167,7 @@ int RunInLanguage(const Line& line, Console& console, const texts::TextTable& te
   }
   if (line.command) return RunCommand(*line.command, line.call, console, texts);
   const bool help = line.common.contains("--help");
-  if (!line.words.empty() && line.words.front() != "--")
+  if (!line.words.empty() && !line.words.front().empty() && line.words.front() != "--")
     return UnknownCommand(line.words, help, console, texts);
   (help ? console.out : console.err) << Overview(texts);
   return help ? kDone : kUsage;

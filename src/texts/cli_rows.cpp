@@ -238,6 +238,7 @@ constexpr Row kRows[] = {
      "apostrophe before them."},
     {1356, "Texten, die eine Tabellenkalkulation ausführen könnte, ein Hochkomma voranstellen",
      "put an apostrophe before texts that a spreadsheet could run"},
+    {1357, "<Word>: Der Wert ist leer.", "<Word>: the value is empty."},
 };
 
 }  // namespace

@@ -90,6 +90,21 @@ TEST(Arguments, WhatIsWrongIsNamed) {
   }
 }
 
+TEST(Arguments, AnEmptyValueIsTakenWhereItMeansSomething) {
+  for (const CommandSpec& command : Commands()) {
+    for (const ArgumentSpec& argument : command.arguments) {
+      const auto complaint = FindEmptyValue(command, {{std::string(argument.name), {"x", ""}}});
+      ASSERT_TRUE(complaint) << command.path;
+      EXPECT_EQ(complaint->word, argument.name);
+    }
+  }
+  EXPECT_TRUE(FindEmptyValue(*FindCommand("formula edit"), {{"--name", {""}}}));
+  EXPECT_FALSE(FindEmptyValue(*FindCommand("formula edit"), {{"--comment", {""}}}));
+  EXPECT_FALSE(FindEmptyValue(*FindCommand("formula edit"), {{"--enabled", {""}}}));
+  EXPECT_FALSE(FindEmptyValue(*FindCommand("find"), {{"--replace", {""}}}));
+  EXPECT_FALSE(FindEmptyValue(*FindCommand("check"), {{"--repair", {""}}}));
+}
+
 // Name and contents of every file below the folder.
 std::string Contents(const std::filesystem::path& folder) {
   Words files;
