@@ -8,6 +8,7 @@
 #include "addin/tree_nodes.h"
 #include "dialogs/dialog_context.h"
 #include "editor/node_key.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 #include "store/ado_fro.h"
 #include "store/record_helpers.h"
@@ -141,7 +142,7 @@ bool Connect::ConnectToDataBase() {
 
 bool Connect::RefuseDataBase(const std::string& reason) {
   store::ADOFRO::Drop();
-  constexpr std::int32_t kCannotOpen = 1530;
+  constexpr messages::TextNumber kCannotOpen{1530};
   platform::MessageBox box;
   box.prompt = texts_.Text(kCannotOpen, {{"<File>", database_path_}});
   box.detail = reason;

@@ -2,14 +2,15 @@
 #include "addin/tree_nodes.h"
 
 #include "editor/node_key.h"
+#include "messages/text_number.h"
 
 namespace addin {
 
 namespace {
 
-constexpr std::int32_t kRootText = 121;
-constexpr std::int32_t kAliasesText = 122;
-constexpr std::int32_t kFormulasText = 123;
+constexpr messages::TextNumber kRootText{121};
+constexpr messages::TextNumber kAliasesText{122};
+constexpr messages::TextNumber kFormulasText{123};
 
 constexpr platform::NodeFlags kRootFlags{-1, -1, -1, 0};
 constexpr platform::NodeFlags kBranchFlags{-1, 0, 0, 0};

@@ -259,7 +259,7 @@ void ClassCheck::CheckOtherSub(const codegen::SubLocation& sub) {
                    {"<Class>", prog_id_},
                    {"<Names>", codegen::NamesInShort(header->aliases)}});
   if (module_.can_hold_formulas && !codegen::CheckIdentifier(sub.name) &&
-      codegen::WhyNoFormula(module(), sub, blocks_) == 0) {
+      codegen::WhyNoFormula(module(), sub, blocks_) == messages::kNoText) {
     Subject subject;
     subject.prog_id = prog_id_;
     subject.formula = sub.name;

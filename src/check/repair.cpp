@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "messages/text_number.h"
 #include "platform/text.h"
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
@@ -17,7 +18,7 @@ using store::ArgumentRecord;
 using store::OperationResult;
 using store::Operations;
 
-constexpr messages::Pattern kTitle{3208};
+constexpr messages::Pattern kTitle{messages::TextNumber{3208}};
 
 class Repairing {
  public:

@@ -5,6 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "messages/text_number.h"
+
 namespace check {
 
 enum class Severity {
@@ -17,13 +19,13 @@ enum class Severity {
 struct Rule {
   std::string_view code;  // three letters and three digits
   Severity severity;
-  std::int32_t text;  // number of what is wrong; the remedy has the next one
-  bool repairable;    // by itself, where nothing stands against it
+  messages::TextNumber text;  // number of what is wrong; the remedy has the next one
+  bool repairable;            // by itself, where nothing stands against it
 };
 
 namespace rule {
 #define RULE(name, code, severity, text, repairable) \
-  inline constexpr Rule name{code, Severity::severity, text, repairable};
+  inline constexpr Rule name{code, Severity::severity, messages::TextNumber{text}, repairable};
 #include "check/rules.def"
 #undef RULE
 }  // namespace rule

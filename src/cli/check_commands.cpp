@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "cli/opened_project.h"
 #include "cli/progress.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 #include "recordset/jet_connection.h"
 #include "store/ado_fro.h"
@@ -145,7 +146,7 @@ int Repair(Invocation& invocation, OpenedProject& session, const check::Parts& p
   if (findings.empty()) return Print(invocation, all);
   const check::RepairResult result = check::Repair(parts, findings, options, session.MakeOptions());
   session.Report(result.operation);
-  const int text = session.dry_run() ? kTextWouldBeMended : kTextMended;
+  const messages::TextNumber text = session.dry_run() ? kTextWouldBeMended : kTextMended;
   for (const Finding& finding : result.mended) {
     invocation.console().err << invocation.Text(
                                     text,

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "messages/text_number.h"
+
 namespace cli {
 
 class Invocation;
@@ -22,8 +24,8 @@ enum ExitCode {
 };
 
 struct ArgumentSpec {
-  std::string_view name;  // as shown, "PROJECT.ovs"
-  int text;               // number of the explanation
+  std::string_view name;      // as shown, "PROJECT.ovs"
+  messages::TextNumber text;  // number of the explanation
   bool required = true;
   bool repeatable = false;  // takes the rest; "-" reads names from standard input
 };
@@ -31,14 +33,14 @@ struct ArgumentSpec {
 struct OptionSpec {
   std::string_view name;   // "--scan-time"
   std::string_view value;  // "MS"; empty for a switch; "[=CODES]" may be left out
-  int text;
+  messages::TextNumber text;
   bool repeatable = false;
   bool may_be_empty = false;  // the value
 };
 
 struct CommandSpec {
-  std::string_view path;  // "formula add"
-  int text;               // one line: what it does
+  std::string_view path;      // "formula add"
+  messages::TextNumber text;  // one line: what it does
   std::vector<ArgumentSpec> arguments;
   std::vector<OptionSpec> options;
   std::vector<std::string_view> examples;

@@ -2,199 +2,199 @@
 // The command line's texts, by the numbers of the text table (texts/cli_rows.cpp).
 #pragma once
 
+#include "messages/text_number.h"
+
 namespace cli {
 
-enum TextNumber : int {
-  // The frame of help and errors.
-  kTextAbout = 1200,
-  kTextUsage,
-  kTextCommands,
-  kTextArguments,
-  kTextOptions,
-  kTextExamples,
-  kTextMoreHelp,
-  kTextUnknownCommand,
-  kTextUnknownCommandNear,
-  kTextUnknownOption,
-  kTextUnknownOptionNear,
-  kTextSurplusArgument,
-  kTextMissingArgument,
-  kTextOptionNeedsValue,
-  kTextTryHelp,
-  kTextError,
-  kTextWarning,
-  kTextInterrupted,
-  kTextBadNumber,
-  kTextBadChoice,
-  kTextContradiction,
-  kTextUnknownLanguage,
-  kTextInternal,
-  kTextProgress,
-  kTextExitDone,
-  kTextExitRefused,
-  kTextExitUsage,
-  kTextExitFile,
-  kTextExitInterrupted,
-  kTextOptionTakesNoValue,
+// The frame of help and errors.
+inline constexpr messages::TextNumber kTextAbout{1200};
+inline constexpr messages::TextNumber kTextUsage{1201};
+inline constexpr messages::TextNumber kTextCommands{1202};
+inline constexpr messages::TextNumber kTextArguments{1203};
+inline constexpr messages::TextNumber kTextOptions{1204};
+inline constexpr messages::TextNumber kTextExamples{1205};
+inline constexpr messages::TextNumber kTextMoreHelp{1206};
+inline constexpr messages::TextNumber kTextUnknownCommand{1207};
+inline constexpr messages::TextNumber kTextUnknownCommandNear{1208};
+inline constexpr messages::TextNumber kTextUnknownOption{1209};
+inline constexpr messages::TextNumber kTextUnknownOptionNear{1210};
+inline constexpr messages::TextNumber kTextSurplusArgument{1211};
+inline constexpr messages::TextNumber kTextMissingArgument{1212};
+inline constexpr messages::TextNumber kTextOptionNeedsValue{1213};
+inline constexpr messages::TextNumber kTextTryHelp{1214};
+inline constexpr messages::TextNumber kTextError{1215};
+inline constexpr messages::TextNumber kTextWarning{1216};
+inline constexpr messages::TextNumber kTextInterrupted{1217};
+inline constexpr messages::TextNumber kTextBadNumber{1218};
+inline constexpr messages::TextNumber kTextBadChoice{1219};
+inline constexpr messages::TextNumber kTextContradiction{1220};
+inline constexpr messages::TextNumber kTextUnknownLanguage{1221};
+inline constexpr messages::TextNumber kTextInternal{1222};
+inline constexpr messages::TextNumber kTextProgress{1223};
+inline constexpr messages::TextNumber kTextExitDone{1224};
+inline constexpr messages::TextNumber kTextExitRefused{1225};
+inline constexpr messages::TextNumber kTextExitUsage{1226};
+inline constexpr messages::TextNumber kTextExitFile{1227};
+inline constexpr messages::TextNumber kTextExitInterrupted{1228};
+inline constexpr messages::TextNumber kTextOptionTakesNoValue{1229};
 
-  // What each command does.
-  kTextCommandOpen = 1230,
-  kTextCommandNew,
-  kTextCommandClassList,
-  kTextCommandFormulaList,
-  kTextCommandFormulaShow,
-  kTextCommandFormulaAdd,
-  kTextCommandFormulaEdit,
-  kTextCommandFormulaDelete,
-  kTextCommandFormulaCode,
-  kTextCommandArgumentList,
-  kTextCommandArgumentAdd,
-  kTextCommandArgumentEdit,
-  kTextCommandArgumentDelete,
-  kTextCommandAliasList,
-  kTextCommandAliasAdd,
-  kTextCommandAliasEdit,
-  kTextCommandAliasDelete,
-  kTextCommandAliasUses,
-  kTextCommandDbInfo,
-  kTextCommandDbTables,
-  kTextCommandDbSchema,
-  kTextCommandDbExport,
-  kTextCommandDbVerify,
-  kTextCommandVbList,
-  kTextCommandVbMembers,
-  kTextCommandVbLines,
-  kTextCommandReport,
-  kTextCommandRecover,
-  kTextCommandHelp,
-  kTextCommandCompletion,
-  kTextCommandMan,
+// What each command does.
+inline constexpr messages::TextNumber kTextCommandOpen{1230};
+inline constexpr messages::TextNumber kTextCommandNew{1231};
+inline constexpr messages::TextNumber kTextCommandClassList{1232};
+inline constexpr messages::TextNumber kTextCommandFormulaList{1233};
+inline constexpr messages::TextNumber kTextCommandFormulaShow{1234};
+inline constexpr messages::TextNumber kTextCommandFormulaAdd{1235};
+inline constexpr messages::TextNumber kTextCommandFormulaEdit{1236};
+inline constexpr messages::TextNumber kTextCommandFormulaDelete{1237};
+inline constexpr messages::TextNumber kTextCommandFormulaCode{1238};
+inline constexpr messages::TextNumber kTextCommandArgumentList{1239};
+inline constexpr messages::TextNumber kTextCommandArgumentAdd{1240};
+inline constexpr messages::TextNumber kTextCommandArgumentEdit{1241};
+inline constexpr messages::TextNumber kTextCommandArgumentDelete{1242};
+inline constexpr messages::TextNumber kTextCommandAliasList{1243};
+inline constexpr messages::TextNumber kTextCommandAliasAdd{1244};
+inline constexpr messages::TextNumber kTextCommandAliasEdit{1245};
+inline constexpr messages::TextNumber kTextCommandAliasDelete{1246};
+inline constexpr messages::TextNumber kTextCommandAliasUses{1247};
+inline constexpr messages::TextNumber kTextCommandDbInfo{1248};
+inline constexpr messages::TextNumber kTextCommandDbTables{1249};
+inline constexpr messages::TextNumber kTextCommandDbSchema{1250};
+inline constexpr messages::TextNumber kTextCommandDbExport{1251};
+inline constexpr messages::TextNumber kTextCommandDbVerify{1252};
+inline constexpr messages::TextNumber kTextCommandVbList{1253};
+inline constexpr messages::TextNumber kTextCommandVbMembers{1254};
+inline constexpr messages::TextNumber kTextCommandVbLines{1255};
+inline constexpr messages::TextNumber kTextCommandReport{1256};
+inline constexpr messages::TextNumber kTextCommandRecover{1257};
+inline constexpr messages::TextNumber kTextCommandHelp{1258};
+inline constexpr messages::TextNumber kTextCommandCompletion{1259};
+inline constexpr messages::TextNumber kTextCommandMan{1260};
 
-  // Arguments and options.
-  kTextArgProject = 1265,
-  kTextArgFormula,
-  kTextArgFormulas,
-  kTextArgAlias,
-  kTextArgAliases,
-  kTextArgItem,
-  kTextArgNewAlias,
-  kTextArgDatabase,
-  kTextArgTable,
-  kTextArgVbFile,
-  kTextArgComponent,
-  kTextArgCommand,
-  kTextArgShell,
-  kTextOptJson = 1280,
-  kTextOptLang,
-  kTextOptHelp,
-  kTextOptVbp,
-  kTextOptNoCode,
-  kTextOptItems,
-  kTextOptDryRun,
-  kTextOptName,
-  kTextOptClass,
-  kTextOptType,
-  kTextOptScanTime,
-  kTextOptEnabled,
-  kTextOptDisabled,
-  kTextOptComment,
-  kTextOptWithCode,
-  kTextOptIn,
-  kTextOptOut,
-  kTextOptNoIn,
-  kTextOptNoOut,
-  kTextOptAlias,
-  kTextOptItem,
-  kTextOptFormat,
-  kTextOptOutput,
-  kTextOptInto,
-  kTextOptBefore,
-  kTextOptAfter,
-  kTextOptDiscard,
-  kTextOptCodePage,
-  kTextOptAllowFolder,
-  kTextOptFilterClass,
-  kTextOptFilterType,
-  kTextOptVersion,
-  kTextOptForce,
+// Arguments and options.
+inline constexpr messages::TextNumber kTextArgProject{1265};
+inline constexpr messages::TextNumber kTextArgFormula{1266};
+inline constexpr messages::TextNumber kTextArgFormulas{1267};
+inline constexpr messages::TextNumber kTextArgAlias{1268};
+inline constexpr messages::TextNumber kTextArgAliases{1269};
+inline constexpr messages::TextNumber kTextArgItem{1270};
+inline constexpr messages::TextNumber kTextArgNewAlias{1271};
+inline constexpr messages::TextNumber kTextArgDatabase{1272};
+inline constexpr messages::TextNumber kTextArgTable{1273};
+inline constexpr messages::TextNumber kTextArgVbFile{1274};
+inline constexpr messages::TextNumber kTextArgComponent{1275};
+inline constexpr messages::TextNumber kTextArgCommand{1276};
+inline constexpr messages::TextNumber kTextArgShell{1277};
+inline constexpr messages::TextNumber kTextOptJson{1280};
+inline constexpr messages::TextNumber kTextOptLang{1281};
+inline constexpr messages::TextNumber kTextOptHelp{1282};
+inline constexpr messages::TextNumber kTextOptVbp{1283};
+inline constexpr messages::TextNumber kTextOptNoCode{1284};
+inline constexpr messages::TextNumber kTextOptItems{1285};
+inline constexpr messages::TextNumber kTextOptDryRun{1286};
+inline constexpr messages::TextNumber kTextOptName{1287};
+inline constexpr messages::TextNumber kTextOptClass{1288};
+inline constexpr messages::TextNumber kTextOptType{1289};
+inline constexpr messages::TextNumber kTextOptScanTime{1290};
+inline constexpr messages::TextNumber kTextOptEnabled{1291};
+inline constexpr messages::TextNumber kTextOptDisabled{1292};
+inline constexpr messages::TextNumber kTextOptComment{1293};
+inline constexpr messages::TextNumber kTextOptWithCode{1294};
+inline constexpr messages::TextNumber kTextOptIn{1295};
+inline constexpr messages::TextNumber kTextOptOut{1296};
+inline constexpr messages::TextNumber kTextOptNoIn{1297};
+inline constexpr messages::TextNumber kTextOptNoOut{1298};
+inline constexpr messages::TextNumber kTextOptAlias{1299};
+inline constexpr messages::TextNumber kTextOptItem{1300};
+inline constexpr messages::TextNumber kTextOptFormat{1301};
+inline constexpr messages::TextNumber kTextOptOutput{1302};
+inline constexpr messages::TextNumber kTextOptInto{1303};
+inline constexpr messages::TextNumber kTextOptBefore{1304};
+inline constexpr messages::TextNumber kTextOptAfter{1305};
+inline constexpr messages::TextNumber kTextOptDiscard{1306};
+inline constexpr messages::TextNumber kTextOptCodePage{1307};
+inline constexpr messages::TextNumber kTextOptAllowFolder{1308};
+inline constexpr messages::TextNumber kTextOptFilterClass{1309};
+inline constexpr messages::TextNumber kTextOptFilterType{1310};
+inline constexpr messages::TextNumber kTextOptVersion{1311};
+inline constexpr messages::TextNumber kTextOptForce{1312};
 
-  // What commands answer.
-  kTextUnknownFormula = 1320,
-  kTextUnknownFormulaNear,
-  kTextAmbiguousFormula,
-  kTextUnknownAlias,
-  kTextUnknownAliasNear,
-  kTextUnknownArgument,
-  kTextUnknownTable,
-  kTextUnknownTableNear,
-  kTextUnknownComponent,
-  kTextUnknownType,
-  kTextNoCode,
-  kTextClassNeeded,
-  kTextNoClasses,
-  kTextFileExists,
-  kTextVerifyOk,
-  kTextVerifyFindings,
-  kTextExportGap,
-  kTextNothingToRecover,
-  kTextRecoverChoose = 1340,
-  kTextRecovered,
-  kTextDesktopMissing,
-  kTextProjectMade,
-  kTextSkippedItems,
-  kTextReplacedCharacters,
-  kTextOutputOfProject,
-  kTextOutputExists,
-  kTextStandardInput,
-  kTextStandardOutput,
-  kTextChangedAllTheSame,
-  kTextAtLine,
-  kTextNothingToChange,
-  kTextUnsafeCells = 1355,
-  kTextOptSafeCells,
-  kTextValueEmpty = 1357,
+// What commands answer.
+inline constexpr messages::TextNumber kTextUnknownFormula{1320};
+inline constexpr messages::TextNumber kTextUnknownFormulaNear{1321};
+inline constexpr messages::TextNumber kTextAmbiguousFormula{1322};
+inline constexpr messages::TextNumber kTextUnknownAlias{1323};
+inline constexpr messages::TextNumber kTextUnknownAliasNear{1324};
+inline constexpr messages::TextNumber kTextUnknownArgument{1325};
+inline constexpr messages::TextNumber kTextUnknownTable{1326};
+inline constexpr messages::TextNumber kTextUnknownTableNear{1327};
+inline constexpr messages::TextNumber kTextUnknownComponent{1328};
+inline constexpr messages::TextNumber kTextUnknownType{1329};
+inline constexpr messages::TextNumber kTextNoCode{1330};
+inline constexpr messages::TextNumber kTextClassNeeded{1331};
+inline constexpr messages::TextNumber kTextNoClasses{1332};
+inline constexpr messages::TextNumber kTextFileExists{1333};
+inline constexpr messages::TextNumber kTextVerifyOk{1334};
+inline constexpr messages::TextNumber kTextVerifyFindings{1335};
+inline constexpr messages::TextNumber kTextExportGap{1336};
+inline constexpr messages::TextNumber kTextNothingToRecover{1337};
+inline constexpr messages::TextNumber kTextRecoverChoose{1340};
+inline constexpr messages::TextNumber kTextRecovered{1341};
+inline constexpr messages::TextNumber kTextDesktopMissing{1342};
+inline constexpr messages::TextNumber kTextProjectMade{1343};
+inline constexpr messages::TextNumber kTextSkippedItems{1344};
+inline constexpr messages::TextNumber kTextReplacedCharacters{1345};
+inline constexpr messages::TextNumber kTextOutputOfProject{1346};
+inline constexpr messages::TextNumber kTextOutputExists{1347};
+inline constexpr messages::TextNumber kTextStandardInput{1348};
+inline constexpr messages::TextNumber kTextStandardOutput{1349};
+inline constexpr messages::TextNumber kTextChangedAllTheSame{1350};
+inline constexpr messages::TextNumber kTextAtLine{1351};
+inline constexpr messages::TextNumber kTextNothingToChange{1352};
+inline constexpr messages::TextNumber kTextUnsafeCells{1355};
+inline constexpr messages::TextNumber kTextOptSafeCells{1356};
+inline constexpr messages::TextNumber kTextValueEmpty{1357};
 
-  // The check, see texts/check_rows.cpp.
-  kTextCommandCheck = 3200,
-  kTextOptRepair,
-  kTextOptSeverity,
-  kTextOptRule,
-  kTextUnknownRule,
-  kTextMended,
-  kTextFindings,
-  kTextInStep,
-  kTextWouldBeMended = 3209,
+// The check, see texts/check_rows.cpp.
+inline constexpr messages::TextNumber kTextCommandCheck{3200};
+inline constexpr messages::TextNumber kTextOptRepair{3201};
+inline constexpr messages::TextNumber kTextOptSeverity{3202};
+inline constexpr messages::TextNumber kTextOptRule{3203};
+inline constexpr messages::TextNumber kTextUnknownRule{3204};
+inline constexpr messages::TextNumber kTextMended{3205};
+inline constexpr messages::TextNumber kTextFindings{3206};
+inline constexpr messages::TextNumber kTextInStep{3207};
+inline constexpr messages::TextNumber kTextWouldBeMended{3209};
 
-  // Code between declarations (texts/code_rows.cpp).
-  kTextNotSearched = 3602,
-  kTextCommandFind = 3620,
-  kTextCommandFormulaUses,
-  kTextOptCode,
-  kTextOptWord,
-  kTextOptCase,
-  kTextOptReplace,
-  kTextOptWithUses,
-  kTextOptInComments,
-  kTextOptInLiterals,
-  kTextArgText,
-  kTextReplaced,
-  kTextCommandGraph,
-  kTextOptGraphFormula,
-  kTextOptGraphAlias,
-  kTextOptGraphClass,
-  kTextOptDepth,
-  kTextOptGraphFormat,
-  kTextGraphTooLarge,
+// Code between declarations (texts/code_rows.cpp).
+inline constexpr messages::TextNumber kTextNotSearched{3602};
+inline constexpr messages::TextNumber kTextCommandFind{3620};
+inline constexpr messages::TextNumber kTextCommandFormulaUses{3621};
+inline constexpr messages::TextNumber kTextOptCode{3622};
+inline constexpr messages::TextNumber kTextOptWord{3623};
+inline constexpr messages::TextNumber kTextOptCase{3624};
+inline constexpr messages::TextNumber kTextOptReplace{3625};
+inline constexpr messages::TextNumber kTextOptWithUses{3626};
+inline constexpr messages::TextNumber kTextOptInComments{3627};
+inline constexpr messages::TextNumber kTextOptInLiterals{3628};
+inline constexpr messages::TextNumber kTextArgText{3629};
+inline constexpr messages::TextNumber kTextReplaced{3630};
+inline constexpr messages::TextNumber kTextCommandGraph{3631};
+inline constexpr messages::TextNumber kTextOptGraphFormula{3632};
+inline constexpr messages::TextNumber kTextOptGraphAlias{3633};
+inline constexpr messages::TextNumber kTextOptGraphClass{3634};
+inline constexpr messages::TextNumber kTextOptDepth{3635};
+inline constexpr messages::TextNumber kTextOptGraphFormat{3636};
+inline constexpr messages::TextNumber kTextGraphTooLarge{3637};
 
-  // The history (texts/history_rows.cpp).
-  kTextCommandHistory = 3340,
-  kTextCommandHistoryShow,
-  kTextCommandUndo,
-  kTextCommandRedo,
-  kTextArgNumber,
-  kTextOptLimit,
-  kTextOptNoHistory,
-  kTextNoEntry,
-};
+// The history (texts/history_rows.cpp).
+inline constexpr messages::TextNumber kTextCommandHistory{3340};
+inline constexpr messages::TextNumber kTextCommandHistoryShow{3341};
+inline constexpr messages::TextNumber kTextCommandUndo{3342};
+inline constexpr messages::TextNumber kTextCommandRedo{3343};
+inline constexpr messages::TextNumber kTextArgNumber{3344};
+inline constexpr messages::TextNumber kTextOptLimit{3345};
+inline constexpr messages::TextNumber kTextOptNoHistory{3346};
+inline constexpr messages::TextNumber kTextNoEntry{3347};
 
 }  // namespace cli

@@ -15,6 +15,7 @@
 #include "cli/console.h"
 #include "cli/parser.h"
 #include "cli/row_writer.h"
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 namespace cli {
@@ -58,7 +59,7 @@ class Invocation {
   Console& console() { return console_; }
   const CommandSpec& command() const { return command_; }
   const texts::TextTable& texts() const { return texts_; }
-  std::string Text(int number,
+  std::string Text(messages::TextNumber number,
                    std::initializer_list<texts::TextTable::Replacement> values = {}) const {
     return texts_.Text(number, values);
   }

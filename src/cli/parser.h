@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "messages/text_number.h"
 
 namespace cli {
 
@@ -19,7 +20,7 @@ using Values = std::map<std::string, std::vector<std::string>, std::less<>>;
 
 // What is wrong with a call: a text's number, the word it is about, and what was probably meant.
 struct Complaint {
-  int text = 0;
+  messages::TextNumber text{};
   std::string word;
   std::string near;
 };

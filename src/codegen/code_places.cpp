@@ -193,8 +193,8 @@ std::string_view NameOfKind(vbcode::UseKind kind) {
   return kNames[static_cast<std::size_t>(kind)];
 }
 
-std::int32_t KindText(const CodePlace& place) {
-  return place.is_sure ? kTextFirstUseKind + static_cast<std::int32_t>(place.kind) : kTextMaybe;
+messages::TextNumber KindText(const CodePlace& place) {
+  return place.is_sure ? kTextFirstUseKind + static_cast<int>(place.kind) : kTextMaybe;
 }
 
 }  // namespace codegen

@@ -61,6 +61,6 @@ NameInCode LookUpName(platform::VBE& vbe, const std::string& prog_id, std::int32
 // "read", "write", "both", "call", "unknown" or "text", for programs.
 std::string_view NameOfKind(vbcode::UseKind kind);
 // The text that says it to the user.
-std::int32_t KindText(const CodePlace& place);
+messages::TextNumber KindText(const CodePlace& place);
 
 }  // namespace codegen

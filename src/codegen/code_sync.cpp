@@ -11,6 +11,7 @@
 #include "codegen/identifier.h"
 #include "codegen/name_uses.h"
 #include "codegen/source_line.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 
 namespace codegen {
@@ -227,7 +228,7 @@ void CodeSync::WarnNoSub(std::string_view prog_id, std::string_view name) {
   report_.Warn(kTextNoSub, {{"<Class>", prog_id}, {"<Name>", name}});
 }
 
-void CodeSync::WarnAt(const Place& place, std::int32_t text, std::int32_t line,
+void CodeSync::WarnAt(const Place& place, messages::TextNumber text, std::int32_t line,
                       std::string_view name) {
   report_.Warn(text, {{"<File>", place.File()},
                       {"<Line>", line},

@@ -21,6 +21,7 @@
 #include "codegen/report.h"
 #include "codegen/sub_lines.h"
 #include "codegen/touched.h"
+#include "messages/text_number.h"
 
 namespace codegen {
 
@@ -82,7 +83,7 @@ class CodeSync {
     WantedClass wanted;
     std::unordered_set<std::string> formulas;  // names of the wanted ones, case folded
     // Warnings that name a sub and its line.
-    std::vector<std::pair<std::int32_t, std::string>> sub_warnings;
+    std::vector<std::pair<messages::TextNumber, std::string>> sub_warnings;
   };
 
   // A place that may use a name and was left as it was.
@@ -130,7 +131,8 @@ class CodeSync {
                     const Touched::Uses& uses);
   void WarnOfLeftUses();
   void WarnNoSub(std::string_view prog_id, std::string_view name);
-  void WarnAt(const Place& place, std::int32_t text, std::int32_t line, std::string_view name);
+  void WarnAt(const Place& place, messages::TextNumber text, std::int32_t line,
+              std::string_view name);
   // Warn when the module nears the limits of Visual Basic.
   void WarnOfLimits(const Place& place);
   void WarnOfLongLine(const Place& place, std::int32_t line, std::string_view text);

@@ -33,15 +33,15 @@ bool ConditionalBlocks::Hold(std::int32_t line) const {
   return behind != depths_.begin() && std::prev(behind)->second > 0;
 }
 
-std::int32_t WhyNoFormula(platform::CodeModule& module, const SubLocation& sub,
-                          const ConditionalBlocks& blocks) {
+messages::TextNumber WhyNoFormula(platform::CodeModule& module, const SubLocation& sub,
+                                  const ConditionalBlocks& blocks) {
   const std::optional<SubDeclaration> declaration = ParseSub(DeclarationLines(module, sub));
   if (!declaration || !declaration->parameters.empty()) return kTextHasParameters;
   if (!declaration->is_public) return kTextNotPublic;
-  return blocks.Hold(sub.body_line) ? kTextInConditionalBlock : 0;
+  return blocks.Hold(sub.body_line) ? kTextInConditionalBlock : messages::kNoText;
 }
 
-std::int32_t KindText(platform::CodeModule& module, const platform::Member& member) {
+messages::TextNumber KindText(platform::CodeModule& module, const platform::Member& member) {
   switch (member.type) {
     case platform::MemberType::kProperty:
       return kTextProperty;

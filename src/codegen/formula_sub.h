@@ -26,11 +26,11 @@ class ConditionalBlocks {
 };
 
 // The text that says why the server cannot call the sub as a formula; 0 when it can.
-std::int32_t WhyNoFormula(platform::CodeModule& module, const SubLocation& sub,
-                          const ConditionalBlocks& blocks);
+messages::TextNumber WhyNoFormula(platform::CodeModule& module, const SubLocation& sub,
+                                  const ConditionalBlocks& blocks);
 
 // The text that says what a member is.
-std::int32_t KindText(platform::CodeModule& module, const platform::Member& member);
+messages::TextNumber KindText(platform::CodeModule& module, const platform::Member& member);
 
 // Whether the member serves as the declaration of an alias of its name.
 inline bool DeclaresAlias(const platform::Member& member) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "codegen/refused.h"
+#include "messages/text_number.h"
 
 namespace codegen {
 
@@ -17,15 +18,15 @@ std::string NamesInShort(const std::vector<std::string>& names) {
   return text;
 }
 
-void Report::Warn(std::int32_t text, Values values) {
-  std::string key = std::to_string(text);
+void Report::Warn(messages::TextNumber text, Values values) {
+  std::string key = std::to_string(ToInt(text));
   for (const messages::Message::Value& value : values)
     key += '\n' + value.text + value.message.English();
   if (known_.insert(std::move(key)).second) warnings_.push_back(messages::Message({text}, values));
 }
 
-void Report::Refuse(std::int32_t text, Values values) {
-  throw Refused(platform::ErrorKind::kRefused, text, messages::Message({text}, values));
+void Report::Refuse(messages::TextNumber text, Values values) {
+  throw Refused(platform::ErrorKind::kRefused, ToInt(text), messages::Message({text}, values));
 }
 
 std::vector<messages::Message> Report::TakeWarnings() {

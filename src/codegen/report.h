@@ -21,9 +21,9 @@ class Report {
   using Values = std::initializer_list<messages::Message::Value>;
 
   // Keeps a text of the table as a warning, unless it is kept already.
-  void Warn(std::int32_t text, Values values);
+  void Warn(messages::TextNumber text, Values values);
   // Raises it as Refused: what was asked for cannot be done.
-  [[noreturn]] static void Refuse(std::int32_t text, Values values);
+  [[noreturn]] static void Refuse(messages::TextNumber text, Values values);
 
   // Hands out what is kept and forgets it.
   std::vector<messages::Message> TakeWarnings();

@@ -86,7 +86,8 @@ void CodeSync::RequireAdoptable(const Place& place, const SubLocation& sub,
   const std::string above_sub =
       sub.body_line > 1 ? place.module->Lines(1, sub.body_line - 1) : std::string();
   const ConditionalBlocks blocks(above_sub);
-  if (const std::int32_t reason = WhyNoFormula(*place.module, sub, blocks)) {
+  const messages::TextNumber reason = WhyNoFormula(*place.module, sub, blocks);
+  if (reason != messages::kNoText) {
     report_.Refuse(reason, {{"<File>", place.File()},
                             {"<Line>", std::to_string(sub.body_line)},
                             {"<Name>", sub.name}});

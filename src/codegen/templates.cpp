@@ -5,15 +5,16 @@
 
 #include "codegen/comment_text.h"
 #include "codegen/source_line.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 #include "texts/text_table.h"
 
 namespace codegen {
 namespace {
 
-constexpr std::int32_t kRuleText = 600;
-constexpr std::int32_t kTitleText = 601;
-constexpr std::int32_t kCaptionText = 602;
+constexpr messages::TextNumber kRuleText{600};
+constexpr messages::TextNumber kTitleText{601};
+constexpr messages::TextNumber kCaptionText{602};
 constexpr std::string_view kNameMarker = "<Name>";
 
 std::string Substitute(std::string_view text, std::string_view marker, std::string_view value) {

@@ -19,8 +19,8 @@ namespace {
 // Of the places that are left to the engineer.
 constexpr std::size_t kPlacesNamed = 20;
 
-std::int32_t TextOf(vbcode::RenameProblem problem) {
-  return kTextFirstRenameProblem + static_cast<std::int32_t>(problem);
+messages::TextNumber TextOf(vbcode::RenameProblem problem) {
+  return kTextFirstRenameProblem + static_cast<int>(problem);
 }
 
 // The line with another text at these places of it.

@@ -6,8 +6,8 @@
 
 namespace com::message {
 
-inline constexpr messages::Pattern kCodeNotRestored{4001};
-inline constexpr messages::Pattern kChangedMeanwhile{4002};
-inline constexpr messages::Pattern kNotInCodePage{4476};
+inline constexpr messages::Pattern kCodeNotRestored{messages::TextNumber{4001}};
+inline constexpr messages::Pattern kChangedMeanwhile{messages::TextNumber{4002}};
+inline constexpr messages::Pattern kNotInCodePage{messages::TextNumber{4476}};
 
 }  // namespace com::message

@@ -13,6 +13,7 @@
 #include <wx/versioninfo.h>
 
 #include "desktop/version.h"
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -54,7 +55,7 @@ wxIconBundle ProgramIcons() {
 }
 
 void ShowAboutBox(wxWindow* parent, const texts::TextTable& texts) {
-  const auto text = [&](int number) { return wx::ToLabel(texts.Text(number)); };
+  const auto text = [&](messages::TextNumber number) { return wx::ToLabel(texts.Text(number)); };
   wxDialog dialog(parent, wxID_ANY, wx::ToWx(texts.Text(studio::kTextAboutTitle)),
                   wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   const int gap = dialog.FromDIP(12);

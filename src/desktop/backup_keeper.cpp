@@ -12,8 +12,6 @@
 
 namespace desktop {
 
-using studio::TextNumber;
-
 project::Backups BackupKeeper::BackupsOf(const std::string& path) const {
   return {outside_.parts.files, outside_.parts.state.FolderOf("backups", path)};
 }
@@ -30,7 +28,7 @@ void BackupKeeper::Watch(project::Project& opened) {
           [this](const std::exception& reason) {
             const texts::TextTable& texts = outside_.parts.texts;
             outside_.messages.Status(
-                texts.Text(TextNumber::kTextBackupFailed, {{"<Text>", texts.Sentence(reason)}}));
+                texts.Text(studio::kTextBackupFailed, {{"<Text>", texts.Sentence(reason)}}));
           }});
   opened.unit().Enlist(*daily_);
 }
@@ -62,9 +60,8 @@ void BackupKeeper::Restore(std::size_t place) {
 
 void BackupKeeper::Restore(const project::Backups::Backup& backup) {
   const texts::TextTable& texts = outside_.parts.texts;
-  if (!outside_.messages.Ask(
-          texts.Text(TextNumber::kTextRestoreQuestion, {{"<Date>", backup.name}}),
-          texts.Text(TextNumber::kTextRestoreDetail))) {
+  if (!outside_.messages.Ask(texts.Text(studio::kTextRestoreQuestion, {{"<Date>", backup.name}}),
+                             texts.Text(studio::kTextRestoreDetail))) {
     return;
   }
   const std::string path = path_;
@@ -76,10 +73,10 @@ void BackupKeeper::Restore(const project::Backups::Backup& backup) {
     BackupsOf(path).Restore(backup, wx::FromWx(wxDateTime::Now().Format("%Y-%m-%d %H.%M.%S")));
     restored = true;
   } catch (const std::exception& error) {
-    outside_.messages.Fail(texts.Text(TextNumber::kTextCannotRestore), texts.Sentence(error));
+    outside_.messages.Fail(texts.Text(studio::kTextCannotRestore), texts.Sentence(error));
   }
   if (outside_.open_project(path) && restored)
-    outside_.messages.Status(texts.Text(TextNumber::kTextRestored, {{"<Date>", backup.name}}));
+    outside_.messages.Status(texts.Text(studio::kTextRestored, {{"<Date>", backup.name}}));
   restoring_ = false;
 }
 

@@ -2,11 +2,12 @@
 #include "desktop/change_preview.h"
 
 #include "desktop/text_dialog.h"
+#include "messages/text_number.h"
 
 namespace desktop {
 
 namespace {
-constexpr int kCancelText = 11;
+constexpr messages::TextNumber kCancelText{11};
 }  // namespace
 
 bool ConfirmChange(wxWindow* parent, const texts::TextTable& texts, const Preview& change) {

@@ -7,22 +7,19 @@
 #include <utility>
 
 #include "check/project_parts.h"
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "vbfiles/vb_project.h"
 #include "wx/convert.h"
 
 namespace desktop {
 
-using studio::TextNumber;
-
 namespace {
 
-enum WatchText : int {
-  kRefreshView = 162,
-  kTextOutOfStep = 4850,
-  kTextMoreFiles,
-  kTextCheckNow,
-};
+constexpr messages::TextNumber kRefreshView{162};
+constexpr messages::TextNumber kTextOutOfStep{4850};
+constexpr messages::TextNumber kTextMoreFiles{4851};
+constexpr messages::TextNumber kTextCheckNow{4852};
 
 constexpr std::size_t kNamedFiles = 3;
 
@@ -58,8 +55,8 @@ void ChangeWatch::ShowProblems() {
   for (const messages::Message& problem : own_.opened.vb()->Problems())
     problems += (problems.empty() ? "" : "\n") + parts_.texts.Sentence(problem);
   if (problems.empty()) return;
-  own_.messages.Warn(
-      parts_.texts.Text(TextNumber::kTextIncomplete, {{"<File>", own_.opened.path()}}), problems);
+  own_.messages.Warn(parts_.texts.Text(studio::kTextIncomplete, {{"<File>", own_.opened.path()}}),
+                     problems);
 }
 
 void ChangeWatch::Look() {
@@ -77,7 +74,7 @@ void ChangeWatch::LookForForeignChanges() {
   if (own_.notices.Tells(kind) || !own_.opened.foreign_changes().Look()) return;
   own_.opened.foreign_changes().Accept();
   own_.notices.Tell(kind,
-                    {parts_.texts.Text(TextNumber::kTextFileChanged,
+                    {parts_.texts.Text(studio::kTextFileChanged,
                                        {{"<File>", parts_.files.FileName(own_.opened.path())}}),
                      parts_.Text(kRefreshView), [this] { own_.session.add_in().RebuildViews(); }});
 }
@@ -138,12 +135,12 @@ void ChangeWatch::ShowLimits(std::function<void()> open_again, std::function<voi
   const std::string reason = parts_.texts.Sentence(own_.opened.ReadOnlyReason());
   if (!reason.empty()) {
     own_.notices.Tell(NoticeBar::Kind::kReadOnly,
-                      {parts_.texts.Text(TextNumber::kTextReadOnly, {{"<Text>", reason}}),
-                       parts_.Text(TextNumber::kTextOpenAgain), std::move(open_again)});
+                      {parts_.texts.Text(studio::kTextReadOnly, {{"<Text>", reason}}),
+                       parts_.Text(studio::kTextOpenAgain), std::move(open_again)});
   }
   if (!own_.opened.vb()->VBProjects().empty()) return;
   own_.notices.Tell(NoticeBar::Kind::kNoCode,
-                    {parts_.Text(TextNumber::kTextNoCode), parts_.Text(TextNumber::kTextChooseCode),
+                    {parts_.Text(studio::kTextNoCode), parts_.Text(studio::kTextChooseCode),
                      std::move(choose_code)});
 }
 
@@ -151,15 +148,14 @@ void ChangeWatch::ShowLimits(std::function<void()> open_again, std::function<voi
 void ChangeWatch::ShowReplacedCharacters() {
   std::string places;
   for (const auto& replaced : own_.opened.vb()->TakeReplacedCharacters()) {
-    places +=
-        (places.empty() ? "" : "\n") +
-        parts_.texts.Text(TextNumber::kTextReplacedAt, {{"<File>", replaced.file},
-                                                        {"<Line>", std::to_string(replaced.line)},
-                                                        {"<Text>", replaced.characters}});
+    places += (places.empty() ? "" : "\n") +
+              parts_.texts.Text(studio::kTextReplacedAt, {{"<File>", replaced.file},
+                                                          {"<Line>", std::to_string(replaced.line)},
+                                                          {"<Text>", replaced.characters}});
   }
   if (places.empty()) return;
-  own_.messages.Warn(parts_.Text(TextNumber::kTextReplacedCharacters),
-                     places + "\n" + parts_.Text(TextNumber::kTextNameCodePage));
+  own_.messages.Warn(parts_.Text(studio::kTextReplacedCharacters),
+                     places + "\n" + parts_.Text(studio::kTextNameCodePage));
 }
 
 }  // namespace desktop

@@ -5,6 +5,7 @@
 
 #include "desktop/text_dialog.h"
 #include "files/replace_file.h"
+#include "messages/text_number.h"
 #include "project/line_diff.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
@@ -13,30 +14,26 @@ namespace desktop {
 
 namespace {
 
-using studio::TextNumber;
+constexpr messages::TextNumber kTextTitle{4400};
+constexpr messages::TextNumber kTextLines{4401};
+constexpr messages::TextNumber kTextKeepCopy{4402};
+constexpr messages::TextNumber kTextCopyTitle{4403};
+constexpr messages::TextNumber kTextCopyFilter{4404};
+constexpr messages::TextNumber kTextCopyKept{4405};
+constexpr messages::TextNumber kTextCopyNotKept{4406};
 
-enum ConflictText : int {
-  kTextTitle = 4400,
-  kTextLines,
-  kTextKeepCopy,
-  kTextCopyTitle,
-  kTextCopyFilter,
-  kTextCopyKept,
-  kTextCopyNotKept,
-};
-
-constexpr int kCancelText = 11;
+constexpr messages::TextNumber kCancelText{11};
 
 }  // namespace
 
 CodePane::Conflict CodeConflict::Ask(const CodePane::Versions& versions,
                                      const std::string& folder) const {
   const std::string heading =
-      parts_.texts.Text(TextNumber::kTextCodeConflict, {{"<Name>", versions.module}}) + "\n" +
-      parts_.Text(TextNumber::kTextCodeConflictDetail);
+      parts_.texts.Text(studio::kTextCodeConflict, {{"<Name>", versions.module}}) + "\n" +
+      parts_.Text(studio::kTextCodeConflictDetail);
   TextDialog dialog(&window_, parts_.texts, parts_.Text(kTextTitle), heading, Compare(versions));
-  dialog.AddButton(wxID_YES, parts_.Text(TextNumber::kTextLoadFile));
-  dialog.AddButton(wxID_NO, parts_.Text(TextNumber::kTextOverwrite));
+  dialog.AddButton(wxID_YES, parts_.Text(studio::kTextLoadFile));
+  dialog.AddButton(wxID_NO, parts_.Text(studio::kTextOverwrite));
   dialog.AddButton(wxID_SAVEAS, parts_.Text(kTextKeepCopy));
   wxButton* cancel = dialog.AddButton(wxID_CANCEL, parts_.Text(kCancelText));
   switch (dialog.Ask(cancel)) {

@@ -10,6 +10,7 @@
 #include "desktop/coding_texts.h"
 #include "desktop/colours.h"
 #include "desktop/search_texts.h"
+#include "messages/text_number.h"
 #include "project/line_diff.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
@@ -168,25 +169,24 @@ void CodeEditor::MarkUnknown(const std::vector<vbcode::Place>& places) {
 }
 
 void CodeEditor::ShowMenu() {
-  using studio::TextNumber;
   wxMenu menu;
-  const auto add = [&](int text, bool enabled, auto action, const char* key = "") {
-    wxMenuItem* item = menu.Append(text, wx::ToWx(texts_.Text(text)));
+  const auto add = [&](messages::TextNumber text, bool enabled, auto action, const char* key = "") {
+    wxMenuItem* item = menu.Append(ToInt(text), wx::ToWx(texts_.Text(text)));
     item->Enable(enabled);
     if (*key) wx::ShowShortcut(*item, key);
     menu.Bind(
-        wxEVT_MENU, [action](wxCommandEvent&) { action(); }, text);
+        wxEVT_MENU, [action](wxCommandEvent&) { action(); }, ToInt(text));
   };
   const bool selection = GetSelectionStart() != GetSelectionEnd();
-  add(TextNumber::kTextUndo, CanUndo(), [this] { Undo(); });
-  add(TextNumber::kTextRedo, CanRedo(), [this] { Redo(); });
+  add(studio::kTextUndo, CanUndo(), [this] { Undo(); });
+  add(studio::kTextRedo, CanRedo(), [this] { Redo(); });
   menu.AppendSeparator();
-  add(TextNumber::kTextCut, selection, [this] { Cut(); });
-  add(TextNumber::kTextCopy, selection, [this] { Copy(); });
-  add(TextNumber::kTextPaste, CanPaste(), [this] { Paste(); });
-  add(TextNumber::kTextDelete, selection, [this] { Clear(); });
+  add(studio::kTextCut, selection, [this] { Cut(); });
+  add(studio::kTextCopy, selection, [this] { Copy(); });
+  add(studio::kTextPaste, CanPaste(), [this] { Paste(); });
+  add(studio::kTextDelete, selection, [this] { Clear(); });
   menu.AppendSeparator();
-  add(TextNumber::kTextSelectAll, GetLength() > 0, [this] { SelectAll(); });
+  add(studio::kTextSelectAll, GetLength() > 0, [this] { SelectAll(); });
   menu.AppendSeparator();
   const bool text = GetLength() > 0;
   add(

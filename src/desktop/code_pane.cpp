@@ -19,8 +19,6 @@ namespace desktop {
 
 namespace {
 
-using studio::TextNumber;
-
 constexpr int kCopyMs = 1000;  // how much typing a program that is killed may take with it
 
 // The line nearest to a number, from 1, that has this text; 0 when none has.
@@ -48,13 +46,13 @@ CodePane::CodePane(wxWindow* parent, const texts::TextTable& texts)
   sizer->Add(editor_, wxSizerFlags(1).Expand());
   SetUpFind();
   SetSizer(sizer);
-  SetTitle(texts.Text(TextNumber::kTextNoModule));
-  wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(TextNumber::kTextCodeName)));
+  SetTitle(texts.Text(studio::kTextNoModule));
+  wx::SetAccessibleName(*editor_, wx::ToWx(texts.Text(studio::kTextCodeName)));
   editor_->Enable(false);
   editor_->Bind(wxEVT_STC_SAVEPOINTLEFT, [this](wxStyledTextEvent&) {
     ShowName();
     if (!on_status || editor_->Changing()) return;
-    on_status(texts_.Text(TextNumber::kTextModified));
+    on_status(texts_.Text(studio::kTextModified));
     says_modified_ = true;
   });
   editor_->Bind(wxEVT_STC_SAVEPOINTREACHED, [this](wxStyledTextEvent&) {
@@ -129,7 +127,7 @@ void CodePane::CloseModule() {
   editor_->ShowLineNumbers(false);
   editor_->ShowText("");
   editor_->Enable(false);
-  SetTitle(texts_.Text(TextNumber::kTextNoModule));
+  SetTitle(texts_.Text(studio::kTextNoModule));
 }
 
 void CodePane::ShowReason(const std::string& reason) {
@@ -193,7 +191,7 @@ bool CodePane::Save() {
     editor_->ChangeText(document_->text());
     editor_->SetSavePoint();
     DropCopy();
-    if (on_status) on_status(texts_.Text(TextNumber::kTextSaved, {{"<Name>", name}}));
+    if (on_status) on_status(texts_.Text(studio::kTextSaved, {{"<Name>", name}}));
     return true;
   } catch (const platform::Error& error) {
     cause = texts_.Sentence(error);
@@ -203,7 +201,7 @@ bool CodePane::Save() {
   } catch (const std::exception& error) {
     cause = texts_.Sentence(error);
   }
-  if (on_failure) on_failure(texts_.Text(TextNumber::kTextCannotSave, {{"<Name>", name}}), cause);
+  if (on_failure) on_failure(texts_.Text(studio::kTextCannotSave, {{"<Name>", name}}), cause);
   return false;
 }
 
@@ -269,7 +267,7 @@ void CodePane::Refresh() {
     if (problem == problem_) return;
     if (!Modified()) return LoadModule();
     problem_ = problem;
-    SetTitle(texts_.Text(TextNumber::kTextModuleUnreadable, {{"<Name>", component_->Name()}}));
+    SetTitle(texts_.Text(studio::kTextModuleUnreadable, {{"<Name>", component_->Name()}}));
   }
 }
 
@@ -284,8 +282,7 @@ void CodePane::TakeOver() {
     DropCopy();
   } else {
     KeepCopy();
-    if (on_status)
-      on_status(texts_.Text(TextNumber::kTextMerged, {{"<Name>", component_->Name()}}));
+    if (on_status) on_status(texts_.Text(studio::kTextMerged, {{"<Name>", component_->Name()}}));
   }
   ShowName();
 }
@@ -300,7 +297,7 @@ bool CodePane::KeepCopy() {
     return true;
   } catch (const std::exception& error) {
     if (on_status) {
-      on_status(texts_.Text(TextNumber::kTextNoUnsavedCopy, {{"<Text>", texts_.Sentence(error)}}));
+      on_status(texts_.Text(studio::kTextNoUnsavedCopy, {{"<Text>", texts_.Sentence(error)}}));
     }
     return false;
   }

@@ -10,6 +10,7 @@
 #include "desktop/change_preview.h"
 #include "desktop/search_texts.h"
 #include "editor/node_key.h"
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "wx/convert.h"
 
@@ -68,7 +69,7 @@ void CodeSearch::OpenFind() {
   own_.pane.OpenFields(selected.find('\n') == std::string::npos ? selected : std::string());
 }
 
-std::string CodeSearch::CountText(int number) const {
+std::string CodeSearch::CountText(messages::TextNumber number) const {
   std::set<std::string> files;
   for (const CodePlace& place : places_) files.insert(place.file);
   return own_.parts.texts.Text(number, {{"<Text>", found_},
@@ -278,7 +279,7 @@ std::vector<PlaceTable::Row> CodeSearch::Rows(std::size_t declarations) const {
   rows.reserve(places_.size());
   for (const CodePlace& place : places_) {
     const bool declares = rows.size() < declarations;
-    const std::int32_t kind = declares ? std::int32_t{kTextDeclaration} : codegen::KindText(place);
+    const messages::TextNumber kind = declares ? kTextDeclaration : codegen::KindText(place);
     rows.push_back({place.procedure, own_.parts.files.FileName(place.file),
                     std::to_string(place.line), own_.parts.Text(kind), Trimmed(place.text)});
   }

@@ -11,6 +11,7 @@
 #include "desktop/search_pane.h"
 #include "desktop/window_messages.h"
 #include "desktop/window_parts.h"
+#include "messages/text_number.h"
 #include "project/project.h"
 #include "studio/add_in_session.h"
 
@@ -64,7 +65,7 @@ class CodeSearch {
   // Carries out under the hourglass; a failure is told.
   void Try(const std::function<void()>& task);
   void TellUnread(const std::vector<messages::Message>& unread);
-  std::string CountText(int number) const;
+  std::string CountText(messages::TextNumber number) const;
 
   const Dependencies own_;
   std::vector<codegen::CodePlace> places_;  // that the pane shows

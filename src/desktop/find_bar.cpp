@@ -12,6 +12,7 @@
 
 #include "desktop/coding_texts.h"
 #include "desktop/search_texts.h"
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -36,19 +37,19 @@ FindBar::FindBar(wxWindow* parent, CodeEditor& editor, const texts::TextTable& t
     }
     panel->SetSizer(sizer);
   };
-  const auto button = [&](wxPanel* panel, int text, std::function<void()> action) {
+  const auto button = [&](wxPanel* panel, messages::TextNumber text, std::function<void()> action) {
     auto* made = new wxButton(panel, wxID_ANY, wx::ToWx(texts.Text(text)));
     made->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
     return made;
   };
-  const auto box = [&](wxPanel* panel, int text) {
+  const auto box = [&](wxPanel* panel, messages::TextNumber text) {
     auto* made = new wxCheckBox(panel, wxID_ANY, wx::ToWx(texts.Text(text)));
     made->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { Find(false); });
     return made;
   };
   auto* first_row = new wxPanel(this);
   second_row_ = new wxPanel(this);
-  wanted_ = MakeField(*first_row, studio::TextNumber::kTextFindInCode);
+  wanted_ = MakeField(*first_row, studio::kTextFindInCode);
   whole_word_ = box(first_row, kTextFindWholeWord);
   match_case_ = box(first_row, kTextFindCase);
   row(first_row, {whole_word_, match_case_, button(first_row, kTextFindClose, [this] { Close(); })},
@@ -67,7 +68,7 @@ FindBar::FindBar(wxWindow* parent, CodeEditor& editor, const texts::TextTable& t
   Hide();
 }
 
-wxTextCtrl* FindBar::MakeField(wxPanel& row, int text) {
+wxTextCtrl* FindBar::MakeField(wxPanel& row, messages::TextNumber text) {
   const wxString name = wx::ToWx(texts_.Text(text));
   auto* field = new wxTextCtrl(&row, wxID_ANY);
   field->SetHint(name);
@@ -149,7 +150,7 @@ bool FindBar::Find(bool behind, bool backward) {
   const std::string text = Wanted();
   if (text.empty()) return false;
   const bool found = editor_.Find(text, Options(), behind, backward);
-  Tell(found ? "" : texts_.Text(studio::TextNumber::kTextNotInCode, {{"<Text>", text}}));
+  Tell(found ? "" : texts_.Text(studio::kTextNotInCode, {{"<Text>", text}}));
   return found;
 }
 
@@ -165,7 +166,7 @@ void FindBar::ReplaceAll() {
   const std::string text = Wanted();
   if (text.empty()) return;
   const int count = editor_.ReplaceAll(text, wx::FromWx(replacement_->GetValue()), Options());
-  Tell(count == 0 ? texts_.Text(studio::TextNumber::kTextNotInCode, {{"<Text>", text}})
+  Tell(count == 0 ? texts_.Text(studio::kTextNotInCode, {{"<Text>", text}})
                   : texts_.Text(kTextReplacedCount, {{"<Count>", std::to_string(count)}}));
 }
 

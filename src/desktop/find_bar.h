@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/code_editor.h"
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 class wxCheckBox;
@@ -33,7 +34,7 @@ class FindBar : public wxPanel {
   std::function<void()> on_close;
 
  private:
-  wxTextCtrl* MakeField(wxPanel& row, int text);
+  wxTextCtrl* MakeField(wxPanel& row, messages::TextNumber text);
   CodeEditor::FindOptions Options() const;
   std::string Wanted() const;
   bool HasKeyboard() const;

@@ -144,7 +144,7 @@ void FlowChart::ShowPicture(platform::Progress& progress) {
     if (plain.empty()) throw Stopped();
     canvas.ShowPicture(flow_, project::ReadLayout(plain, flow_), Centre());
   } catch (const platform::Error& error) {
-    canvas.ShowMessage(error.number() == project::kFlowNoGraphviz
+    canvas.ShowMessage(error.message().number() == project::kFlowNoGraphviz
                            ? own_.parts.Text(kTextFlowInstall)
                            : own_.parts.texts.Sentence(error));
   }

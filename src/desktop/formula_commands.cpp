@@ -13,6 +13,7 @@
 #include "dialogs/outcome.h"
 #include "editor/name_list.h"
 #include "editor/node_key.h"
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "store/operation_texts.h"
 #include "wx/convert.h"
@@ -127,7 +128,7 @@ void FormulaCommands::ShowMenu() {
     item->Enable(enabled);
     actions[item->GetId()] = action;
   };
-  const auto label = [this](int text, const char* key) {
+  const auto label = [this](messages::TextNumber text, const char* key) {
     return wx::ToWx(Text(text)) + (*key ? wxString("\t") + key : wxString());
   };
   add(menu, label(kTextOpenFormula, "Enter"), any, [this] { Open(); });
@@ -348,7 +349,7 @@ void FormulaCommands::DeleteMany(const std::vector<std::int32_t>& ids) {
   if (result.warnings.empty()) Done(kTextOneFormulaDeleted, ids.size());
 }
 
-void FormulaCommands::Done(int text_of_one, std::size_t count) {
+void FormulaCommands::Done(messages::TextNumber text_of_one, std::size_t count) {
   own_.messages.Status(own_.parts.texts.Text(text_of_one + (count == 1 ? 0 : 1),
                                              {{"<Count>", std::to_string(count)}}));
 }

@@ -72,9 +72,9 @@ class FormulaCommands {
   void Copy();
   void Paste();
   bool MayDelete(const std::vector<std::int32_t>& ids) const;
-  void Done(int text_of_one, std::size_t count);
+  void Done(messages::TextNumber text_of_one, std::size_t count);
   editor::frmtabgrid* Editor() const { return own_.session.add_in().EditorWindow(); }
-  std::string Text(int number) const { return own_.parts.Text(number); }
+  std::string Text(messages::TextNumber number) const { return own_.parts.Text(number); }
 
   const Dependencies own_;
   std::string strip_key_;  // of the formula in the strip

@@ -11,6 +11,7 @@
 
 #include "desktop/overview_texts.h"
 #include "editor/drag_kinds.h"
+#include "messages/text_number.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -24,7 +25,7 @@ constexpr int kFilterWidth = 160;
 
 struct ColumnLook {
   const char* field;
-  int caption;
+  messages::TextNumber caption;
   double width;  // twips
   forms::ColumnKind kind;
 };
@@ -88,7 +89,7 @@ void FormulaOverview::MakeColumns() {
   model_.table.ColumnAt(OverviewRows::kComment).SetFills(true);
 }
 
-wxChoice* FormulaOverview::MakeChoice(int text) {
+wxChoice* FormulaOverview::MakeChoice(messages::TextNumber text) {
   // It has a size before it has entries, and before the panel is laid out.
   auto* choice = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxSize(FromDIP(kFilterWidth), -1));
   choice->SetMinSize(wxDefaultSize);
@@ -152,7 +153,9 @@ void FormulaOverview::Choose() {
 
 void FormulaOverview::ShowCount() {
   const std::size_t shown = model_.table.RowCount(), total = rows_->Total();
-  const int text = shown != total ? kTextFormulasOf : total == 1 ? kTextOneFormula : kTextFormulas;
+  const messages::TextNumber text = shown != total ? kTextFormulasOf
+                                    : total == 1   ? kTextOneFormula
+                                                   : kTextFormulas;
   count_->SetLabel(wx::ToWx(
       texts_.Text(text, {{"<Count>", std::to_string(shown)}, {"<Total>", std::to_string(total)}})));
   model_.table.SetEmptyText(Text(total == 0 ? kTextNoFormulas : kTextNoFormulaFound));

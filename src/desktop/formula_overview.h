@@ -13,6 +13,7 @@
 #include "desktop/overview_rows.h"
 #include "forms/form.h"
 #include "forms/grid.h"
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 #include "wx/grid_view.h"
 
@@ -62,14 +63,14 @@ class FormulaOverview : public wxPanel {
 
   void MakeColumns();
   wxSizer* MakeHead();
-  wxChoice* MakeChoice(int text);
+  wxChoice* MakeChoice(messages::TextNumber text);
   void FillClasses();
   void Choose();
   void ShowOnly(int prog_id, int type);
   void OnKey(forms::KeyEvent& event);
   void OnFilterKey(wxKeyEvent& event);
   void ShowCount();
-  std::string Text(int number) const { return texts_.Text(number); }
+  std::string Text(messages::TextNumber number) const { return texts_.Text(number); }
 
   const texts::TextTable& texts_;
   const wx::ViewContext context_;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "messages/text_number.h"
 #include "store/formula_records.h"
 #include "texts/text_table.h"
 
@@ -28,7 +29,7 @@ class FormulaStrip : public wxPanel {
  private:
   wxHyperlinkCtrl* MakeLink(const char* control, bool fills);
   std::string CallOf(const store::FormulaRecord& formula) const;
-  std::string Text(int number) const { return texts_.Text(number); }
+  std::string Text(messages::TextNumber number) const { return texts_.Text(number); }
 
   const texts::TextTable& texts_;
   wxHyperlinkCtrl* prog_id_;

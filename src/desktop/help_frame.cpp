@@ -18,6 +18,7 @@
 #include "desktop/about.h"
 #include "desktop/help_page.h"
 #include "handbook/page_text.h"
+#include "messages/text_number.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 #include "wx/pictures.h"
@@ -26,16 +27,16 @@ namespace desktop {
 
 namespace {
 
-constexpr std::int32_t kTextTitle = 1740;
-constexpr std::int32_t kTextContents = 1741;
-constexpr std::int32_t kTextIndex = 1742;
-constexpr std::int32_t kTextSearch = 1743;
-constexpr std::int32_t kTextBack = 1744;
-constexpr std::int32_t kTextForward = 1745;
-constexpr std::int32_t kTextResults = 1746;
-constexpr std::int32_t kTextNoResults = 1747;
-constexpr std::int32_t kTextIndexWord = 1748;
-constexpr std::int32_t kTextPage = 1749;
+constexpr messages::TextNumber kTextTitle{1740};
+constexpr messages::TextNumber kTextContents{1741};
+constexpr messages::TextNumber kTextIndex{1742};
+constexpr messages::TextNumber kTextSearch{1743};
+constexpr messages::TextNumber kTextBack{1744};
+constexpr messages::TextNumber kTextForward{1745};
+constexpr messages::TextNumber kTextResults{1746};
+constexpr messages::TextNumber kTextNoResults{1747};
+constexpr messages::TextNumber kTextIndexWord{1748};
+constexpr messages::TextNumber kTextPage{1749};
 
 constexpr int kGap = 6;  // at 100 %
 constexpr int kPageBorder = 18;
@@ -80,11 +81,13 @@ HelpFrame::HelpFrame(wxWindow* parent, const handbook::Book& book, const texts::
   wx::KeepUsableDuringDialogs(*this);
 }
 
-wxString HelpFrame::Text(std::int32_t number) const { return wx::ToWx(texts_.Text(number)); }
+wxString HelpFrame::Text(messages::TextNumber number) const {
+  return wx::ToWx(texts_.Text(number));
+}
 
 wxWindow* HelpFrame::MakeBar(wxWindow* parent) {
   auto* bar = new wxPanel(parent);
-  const auto button = [&](const char* picture, std::int32_t text, int distance) {
+  const auto button = [&](const char* picture, messages::TextNumber text, int distance) {
     auto* made = new wxBitmapButton(bar, wxID_ANY, wx::Picture(picture));
     made->SetToolTip(Text(text));
     wx::SetAccessibleName(*made, Text(text));

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "handbook/book.h"
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 class wxHtmlWindow;
@@ -39,7 +40,7 @@ class HelpFrame : public wxFrame {
     std::string query;  // when it is not a page
   };
 
-  wxString Text(std::int32_t number) const;
+  wxString Text(messages::TextNumber number) const;
   wxWindow* MakeBar(wxWindow* parent);
   wxWindow* MakeContents(wxWindow* parent);
   wxWindow* MakeIndex(wxWindow* parent);

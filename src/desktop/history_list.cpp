@@ -7,11 +7,11 @@
 #include <algorithm>
 
 #include "desktop/pane_texts.h"
-#include "desktop/undo_texts.h"
 #include "files/error.h"
 #include "history/history_file.h"
 #include "history/messages.h"
 #include "project/change_text.h"
+#include "studio/undo_texts.h"
 #include "wx/convert.h"
 
 namespace desktop {
@@ -41,8 +41,8 @@ void HistoryList::Open() {
   pane_.Open();
   Read();
   pane_.TakeKeyboard();
-  if (!project_.history().on()) return messages_.Status(parts_.Text(kTextHistoryIsOff));
-  if (entries_.empty()) messages_.Status(parts_.Text(kTextNothingToUndo));
+  if (!project_.history().on()) return messages_.Status(parts_.Text(studio::kTextHistoryIsOff));
+  if (entries_.empty()) messages_.Status(parts_.Text(studio::kTextNothingToUndo));
 }
 
 void HistoryList::Look() {

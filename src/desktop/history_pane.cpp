@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "desktop/pane_texts.h"
-#include "desktop/undo_texts.h"
+#include "studio/undo_texts.h"
 #include "wx/convert.h"
 
 namespace desktop {
@@ -32,14 +32,14 @@ HistoryPane::HistoryPane(wxWindow* parent, const texts::TextTable& texts)
     : LowerPane(parent, texts), revert_(AddButton(kTextUndoThis, [this] { on_revert(); })) {
   auto* both = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                     wxSP_LIVE_UPDATE | wxSP_3DSASH);
-  table_ = new PlaceTable(both, texts.Text(kTextHistory), Columns(texts));
+  table_ = new PlaceTable(both, texts.Text(studio::kTextHistory), Columns(texts));
   change_ = new ChangeView(both, texts.Text(kTextRowsAndCode), texts);
   both->SetMinimumPaneSize(FromDIP(kLeastWidth));
   both->SetSashGravity(kListShare);
   both->SplitVertically(table_, change_);
   table_->on_select = [this] { on_select(); };
   table_->on_activate = [this](std::size_t) { change_->SetFocus(); };
-  SetTitle(texts.Text(kTextHistory));
+  SetTitle(texts.Text(studio::kTextHistory));
   SetContent(*both, kHeight);
 }
 

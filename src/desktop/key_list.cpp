@@ -10,6 +10,7 @@
 
 #include "desktop/frame_texts.h"
 #include "desktop/place_table.h"
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -22,8 +23,8 @@ constexpr int kGap = 8;  // pixels at 100 %
 constexpr int kWidth = 560, kHeight = 460;
 
 // Keys that no menu shows: the next text says what each does.
-constexpr int kElsewhere[] = {kTextKeyHelp, kTextKeyRound, kTextKeyTree, kTextKeyFilter,
-                              kTextKeyOrder};
+constexpr messages::TextNumber kElsewhere[] = {kTextKeyHelp, kTextKeyRound, kTextKeyTree,
+                                               kTextKeyFilter, kTextKeyOrder};
 
 void Add(std::vector<KeyRow>& keys, KeyRow row) {
   const auto known = [&](const KeyRow& other) {
@@ -63,13 +64,13 @@ std::vector<KeyRow> KeysOf(const wxMenuBar& menus, const forms::MenuControl* too
   for (std::size_t i = 0; i < menus.GetMenuCount(); ++i)
     AddMenu(keys, wx::FromWx(menus.GetMenuLabelText(i)), *menus.GetMenu(i));
   if (tools) AddTools(keys, *tools);
-  for (const int key : kElsewhere)
+  for (const messages::TextNumber key : kElsewhere)
     keys.push_back({texts.Text(kTextKeyElsewhere), texts.Text(key + 1), texts.Text(key)});
   return keys;
 }
 
 void ShowKeyList(wxWindow* parent, const std::vector<KeyRow>& keys, const texts::TextTable& texts) {
-  const auto text = [&](int number) { return wx::ToWx(texts.Text(number)); };
+  const auto text = [&](messages::TextNumber number) { return wx::ToWx(texts.Text(number)); };
   wxDialog dialog(parent, wxID_ANY, text(kTextKeyboard), wxDefaultPosition, wxDefaultSize,
                   wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   auto* table = new PlaceTable(&dialog, texts.Text(kTextKeyboard),
@@ -79,7 +80,7 @@ void ShowKeyList(wxWindow* parent, const std::vector<KeyRow>& keys, const texts:
   std::vector<PlaceTable::Row> rows;
   for (const KeyRow& row : keys) rows.push_back({row.menu, row.key, row.command});
   table->ShowRows(std::move(rows));
-  auto* close = new wxButton(&dialog, wxID_CANCEL, text(studio::TextNumber::kTextClose));
+  auto* close = new wxButton(&dialog, wxID_CANCEL, text(studio::kTextClose));
   const int gap = dialog.FromDIP(kGap);
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(table, wxSizerFlags(1).Expand().Border(wxALL, gap));

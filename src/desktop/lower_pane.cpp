@@ -7,6 +7,7 @@
 
 #include <utility>
 
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 
@@ -28,14 +29,14 @@ LowerPane::LowerPane(wxWindow* parent, const texts::TextTable& texts)
   head_->Add(title_, wxSizerFlags(1).CentreVertical().Border(wxLEFT, FromDIP(kGap)));
   all->Add(head_, wxSizerFlags().Expand());
   SetSizer(all);
-  AddButton(studio::TextNumber::kTextClose, [this] { Close(); });
+  AddButton(studio::kTextClose, [this] { Close(); });
   Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (!HandleKey(event)) event.Skip();
   });
   Hide();
 }
 
-wxButton* LowerPane::AddButton(int text, std::function<void()> action) {
+wxButton* LowerPane::AddButton(messages::TextNumber text, std::function<void()> action) {
   auto* button = new wxButton(this, wxID_ANY, wx::ToWx(texts_.Text(text)));
   button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
   const std::size_t buttons = head_->GetItemCount() - 1;

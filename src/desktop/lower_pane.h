@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 class wxBoxSizer;
@@ -29,7 +30,7 @@ class LowerPane : public wxPanel {
 
  protected:
   // The name of a button is its text. Buttons stand left of "Close" in the order they come.
-  wxButton* AddButton(int text, std::function<void()> action);
+  wxButton* AddButton(messages::TextNumber text, std::function<void()> action);
   void SetContent(wxWindow& content, int height);
   // Stands between the title and the content.
   void SetFields(wxWindow& fields, int border);

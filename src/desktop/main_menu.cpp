@@ -11,20 +11,19 @@
 #include "desktop/overview_texts.h"
 #include "desktop/search_texts.h"
 #include "dialogs/list_texts.h"
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
 namespace desktop {
 
-using studio::TextNumber;
-
 MainMenu::MainMenu(wxFrame& frame, const texts::TextTable& texts, Commands commands)
     : texts_(texts) {
   auto* bar = new wxMenuBar;
-  bar->Append(ProjectMenu(commands), wx::ToWx(texts_.Text(TextNumber::kTextMenuProject)));
+  bar->Append(ProjectMenu(commands), wx::ToWx(texts_.Text(studio::kTextMenuProject)));
   bar->Append(CodeMenu(commands), wx::ToWx(texts_.Text(kTextMenuCode)));
-  bar->Append(HelpMenu(commands), wx::ToWx(texts_.Text(TextNumber::kTextMenuHelp)));
+  bar->Append(HelpMenu(commands), wx::ToWx(texts_.Text(studio::kTextMenuHelp)));
   frame.SetMenuBar(bar);
   ShowRecent({});
   ShowBackups({});
@@ -38,21 +37,21 @@ MainMenu::MainMenu(wxFrame& frame, const texts::TextTable& texts, Commands comma
 
 wxMenu* MainMenu::ProjectMenu(const Commands& commands) {
   auto* menu = new wxMenu;
-  AddItem(*menu, TextNumber::kTextMenuNew, "Ctrl+N", commands.create);
-  AddItem(*menu, TextNumber::kTextMenuOpen, "Ctrl+Shift+O", commands.open);
+  AddItem(*menu, studio::kTextMenuNew, "Ctrl+N", commands.create);
+  AddItem(*menu, studio::kTextMenuOpen, "Ctrl+Shift+O", commands.open);
   recent_ = new ChoiceMenu;
   recent_->on_choice = commands.open_recent;
-  menu->AppendSubMenu(recent_, wx::ToWx(texts_.Text(TextNumber::kTextMenuRecent)));
+  menu->AppendSubMenu(recent_, wx::ToWx(texts_.Text(studio::kTextMenuRecent)));
   menu->AppendSeparator();
-  AddItem(*menu, TextNumber::kTextMenuSaveCode, "Ctrl+S", commands.save_code);
+  AddItem(*menu, studio::kTextMenuSaveCode, "Ctrl+S", commands.save_code);
   backups_ = new ChoiceMenu;
   backups_->on_choice = commands.restore_backup;
-  menu->AppendSubMenu(backups_, wx::ToWx(texts_.Text(TextNumber::kTextMenuBackups)));
+  menu->AppendSubMenu(backups_, wx::ToWx(texts_.Text(studio::kTextMenuBackups)));
   menu->AppendSeparator();
   AddItem(*menu, dialogs::kTextMenuImport, "", commands.import_list);
   AddItem(*menu, dialogs::kTextMenuExport, "", commands.export_project);
   menu->AppendSeparator();
-  AddItem(*menu, TextNumber::kTextMenuQuit, "Ctrl+Q", commands.quit);
+  AddItem(*menu, studio::kTextMenuQuit, "Ctrl+Q", commands.quit);
   return menu;
 }
 
@@ -67,31 +66,32 @@ wxMenu* MainMenu::CodeMenu(const Commands& commands) {
 
 wxMenu* MainMenu::HelpMenu(const Commands& commands) {
   auto* menu = new wxMenu;
-  AddItem(*menu, TextNumber::kTextMenuContents, "", commands.contents);
+  AddItem(*menu, studio::kTextMenuContents, "", commands.contents);
   AddItem(*menu, kTextMenuKeyboard, "", commands.keyboard);
-  AddItem(*menu, TextNumber::kTextMenuAbout, "", commands.about);
+  AddItem(*menu, studio::kTextMenuAbout, "", commands.about);
   return menu;
 }
 
 // The number of its text is the entry's ID. IDs that the toolkit knows would bring its English
 // help.
-void MainMenu::AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action) {
-  wxMenuItem* item = menu.Append(text, wx::ToWx(texts_.Text(text)));
+void MainMenu::AddItem(wxMenu& menu, messages::TextNumber text, const char* shortcut,
+                       std::function<void()> action) {
+  wxMenuItem* item = menu.Append(ToInt(text), wx::ToWx(texts_.Text(text)));
   if (*shortcut) {
     wx::ShowShortcut(*item, shortcut);
     const std::unique_ptr<wxAcceleratorEntry> keys(
         wxAcceleratorEntry::Create(wxString("\t") + shortcut));
     shortcuts_.emplace_back(*keys, action);
   }
-  actions_[text] = std::move(action);
+  actions_[ToInt(text)] = std::move(action);
 }
 
 void MainMenu::ShowRecent(const std::vector<std::string>& paths) {
-  recent_->Fill(paths, texts_.Text(TextNumber::kTextNoRecent));
+  recent_->Fill(paths, texts_.Text(studio::kTextNoRecent));
 }
 
 void MainMenu::ShowBackups(const std::vector<std::string>& names) {
-  backups_->Fill(names, texts_.Text(TextNumber::kTextNoBackups));
+  backups_->Fill(names, texts_.Text(studio::kTextNoBackups));
 }
 
 bool MainMenu::RunShortcut(const wxKeyEvent& event) const {

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 class wxMenu;
@@ -42,7 +43,8 @@ class MainMenu {
   wxMenu* ProjectMenu(const Commands& commands);
   wxMenu* CodeMenu(const Commands& commands);
   wxMenu* HelpMenu(const Commands& commands);
-  void AddItem(wxMenu& menu, int text, const char* shortcut, std::function<void()> action);
+  void AddItem(wxMenu& menu, messages::TextNumber text, const char* shortcut,
+               std::function<void()> action);
 
   const texts::TextTable& texts_;
   ChoiceMenu* recent_ = nullptr;

@@ -15,7 +15,6 @@
 #include "desktop/key_list.h"
 #include "desktop/pane_texts.h"
 #include "desktop/search_texts.h"
-#include "desktop/undo_texts.h"
 #include "desktop/workbench_options.h"
 #include "dialogs/list_texts.h"
 #include "editor/node_key.h"
@@ -25,6 +24,7 @@
 #include "project/report_file.h"
 #include "project/skipped_items.h"
 #include "studio/item_chooser.h"
+#include "studio/undo_texts.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
@@ -32,8 +32,6 @@
 namespace desktop {
 
 namespace {
-
-using studio::TextNumber;
 
 constexpr int kTimerMs = 700;            // how often files changed by others are looked for
 constexpr std::size_t kEditorMenus = 3;  // the editor's menus stand behind the first three
@@ -60,7 +58,7 @@ MainWindow::MainWindow(const Parts& parts)
     : MainWindow(parts, WindowPlace::OnScreen(parts.state.window)) {}
 
 MainWindow::MainWindow(const Parts& parts, const wxRect& place)
-    : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(TextNumber::kTextProduct)),
+    : wxFrame(nullptr, wxID_ANY, wx::ToWx(parts.texts.Text(studio::kTextProduct)),
               place.GetPosition(), place.GetSize()),
       parts_(parts),
       menu_(*this, parts.texts, MenuCommands()),
@@ -267,7 +265,7 @@ bool MainWindow::RunTreeKey(const std::string& key, const forms::KeyEvent& event
   if (make && (aliases || editor::IsFormulaKey(key))) {
     editor->RunTool(aliases ? "mnuAliasNew" : "mnuParameterNew");
   } else if (make ? key == editor::kRootKey : !editor::IsFormulaKey(key)) {
-    messages_.Status(Text(TextNumber::kTextNotOnFolder));
+    messages_.Status(Text(studio::kTextNotOnFolder));
   }
   return true;
 }
@@ -377,7 +375,7 @@ void MainWindow::LookAtStatus() {
 void MainWindow::ShowTitle() {
   const editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
   const bool root = tree_.SelectedKey() == editor::kRootKey;
-  const std::string shown = editor && !root ? editor->Caption() : Text(TextNumber::kTextProduct);
+  const std::string shown = editor && !root ? editor->Caption() : Text(studio::kTextProduct);
   SetTitle(wx::ToWx(editor ? parts_.files.FileName(project_->path()) + " – " + shown : shown));
 }
 
@@ -418,7 +416,7 @@ void MainWindow::TakeUpperPane() {
 
 void MainWindow::RefreshViews() {
   editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
-  if (!editor) return messages_.Status(Text(kTextNoProjectOpen));
+  if (!editor) return messages_.Status(Text(studio::kTextNoProjectOpen));
   editor->RunTool("mnuOptionActualize");
 }
 
@@ -430,7 +428,7 @@ void MainWindow::MakeFormula() {
 
 void MainWindow::AddSeveral() {
   editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
-  if (!editor) return messages_.Status(Text(kTextNoProjectOpen));
+  if (!editor) return messages_.Status(Text(studio::kTextNoProjectOpen));
   several_.Add(tree_.SelectedKey(), *editor, *project_);
 }
 
@@ -447,13 +445,13 @@ void MainWindow::CopyNodeName() {
 }
 
 void MainWindow::SaveCode() {
-  if (!code_.Modified()) return messages_.Status(Text(TextNumber::kTextNothingToSave));
+  if (!code_.Modified()) return messages_.Status(Text(studio::kTextNothingToSave));
   code_.Save();
 }
 
 void MainWindow::Exchange(void (ListExchange::*way)(editor::frmtabgrid&, project::Project&)) {
   editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
-  if (!editor) return messages_.Status(Text(kTextNoProjectOpen));
+  if (!editor) return messages_.Status(Text(studio::kTextNoProjectOpen));
   (lists_.*way)(*editor, *project_);
 }
 
@@ -470,8 +468,8 @@ void MainWindow::ShowLastCrash() {
   if (log.empty() || log == parts_.state.told_crash_log) return;
   parts_.state.told_crash_log = log;
   parts_.state.Save();
-  messages_.Warn(Text(TextNumber::kTextCrashedBefore),
-                 parts_.texts.Text(TextNumber::kTextFaultDetail, {{"<File>", log}}));
+  messages_.Warn(Text(studio::kTextCrashedBefore),
+                 parts_.texts.Text(studio::kTextFaultDetail, {{"<File>", log}}));
 }
 
 std::optional<std::string> MainWindow::ChooseItem(std::string_view current) {
@@ -491,16 +489,15 @@ bool MainWindow::ShowInBrowser(const std::string& path) {
 }
 
 void MainWindow::OfferReport(const std::string& path, const std::string& html) {
-  const auto answer =
-      parts_.toolkit.Show({Text(TextNumber::kTextNoBrowser),
-                           parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}), "",
-                           platform::MessageButtons::kYesNo, platform::MessageResult::kYes,
-                           platform::MessageIcon::kInformation, Text(TextNumber::kTextSaveAs),
-                           Text(TextNumber::kTextClose)});
+  const auto answer = parts_.toolkit.Show(
+      {Text(studio::kTextNoBrowser),
+       parts_.texts.Text(studio::kTextReportSaved, {{"<File>", path}}), "",
+       platform::MessageButtons::kYesNo, platform::MessageResult::kYes,
+       platform::MessageIcon::kInformation, Text(studio::kTextSaveAs), Text(studio::kTextClose)});
   if (answer != platform::MessageResult::kYes) return;
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextReportTitle)), ProjectFolder(),
+  wxFileDialog dialog(this, wx::ToWx(Text(studio::kTextReportTitle)), ProjectFolder(),
                       wx::ToWx(project_->name() + ".html"),
-                      wx::ToWx(Text(TextNumber::kTextReportFileFilter)),
+                      wx::ToWx(Text(studio::kTextReportFileFilter)),
                       wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
   if (dialog.ShowModal() == wxID_OK) WriteReport(wx::FromWx(dialog.GetPath()), html);
 }
@@ -513,7 +510,7 @@ void MainWindow::WriteReport(const std::string& path, const std::string& html) {
                  files::message::kExistsAlready);
   }
   files::ReplaceFile(parts_.files, path, html);
-  messages_.Status(parts_.texts.Text(TextNumber::kTextReportSaved, {{"<File>", path}}));
+  messages_.Status(parts_.texts.Text(studio::kTextReportSaved, {{"<File>", path}}));
 }
 
 void MainWindow::ShowReport(const std::string& html) {
@@ -525,7 +522,7 @@ void MainWindow::ShowReport(const std::string& html) {
     WriteReport(path, html);
     if (!ShowInBrowser(path)) OfferReport(path, html);
   } catch (const std::exception& error) {
-    messages_.Fail(Text(TextNumber::kTextReportTitle), parts_.texts.Sentence(error));
+    messages_.Fail(Text(studio::kTextReportTitle), parts_.texts.Sentence(error));
   }
 }
 

@@ -38,6 +38,7 @@
 #include "desktop/window_parts.h"
 #include "desktop/window_place.h"
 #include "desktop/workbench_tools.h"
+#include "messages/text_number.h"
 #include "project/project.h"
 #include "studio/add_in_session.h"
 #include "studio/unsaved_code.h"
@@ -122,7 +123,7 @@ class MainWindow : public wxFrame {
   bool ShowInBrowser(const std::string& path);
   void OfferReport(const std::string& path, const std::string& html);
   void WriteReport(const std::string& path, const std::string& html);
-  std::string Text(int number) const { return parts_.Text(number); }
+  std::string Text(messages::TextNumber number) const { return parts_.Text(number); }
 
   const Parts parts_;
   StatusRow status_{*this, parts_.texts};

@@ -14,8 +14,6 @@ namespace desktop {
 
 namespace {
 
-using studio::TextNumber;
-
 constexpr const char* kExtension = ".ovs";
 constexpr const char* kRoot = "FOR0";
 constexpr const char* kFormulas = "FORF0";
@@ -28,8 +26,8 @@ wxString MainWindow::ProjectFolder() const {
 }
 
 void MainWindow::AskNew() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextNewProject)), ProjectFolder(),
-                      "Plant.ovs", wx::ToWx(Text(TextNumber::kTextFileFilter)), wxFD_SAVE);
+  wxFileDialog dialog(this, wx::ToWx(Text(studio::kTextNewProject)), ProjectFolder(), "Plant.ovs",
+                      wx::ToWx(Text(studio::kTextFileFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return;
   std::string path = wx::FromWx(dialog.GetPath());
   if (!dialog.GetPath().Lower().EndsWith(kExtension)) path += kExtension;
@@ -37,21 +35,20 @@ void MainWindow::AskNew() {
     project::MakeProject(parts_.files, path, {});
     OpenProject(path);
   } catch (const std::exception& error) {
-    messages_.Fail(parts_.texts.Text(TextNumber::kTextCannotCreate, {{"<File>", path}}),
+    messages_.Fail(parts_.texts.Text(studio::kTextCannotCreate, {{"<File>", path}}),
                    parts_.texts.Sentence(error));
   }
 }
 
 void MainWindow::AskOpen() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextOpenProject)), ProjectFolder(), "",
-                      wx::ToWx(Text(TextNumber::kTextFileFilter)),
-                      wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  wxFileDialog dialog(this, wx::ToWx(Text(studio::kTextOpenProject)), ProjectFolder(), "",
+                      wx::ToWx(Text(studio::kTextFileFilter)), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   if (dialog.ShowModal() == wxID_OK) OpenProject(wx::FromWx(dialog.GetPath()));
 }
 
 void MainWindow::AskCode() {
-  wxFileDialog dialog(this, wx::ToWx(Text(TextNumber::kTextChooseCode)), ProjectFolder(), "",
-                      wx::ToWx(Text(TextNumber::kTextCodeFileFilter)),
+  wxFileDialog dialog(this, wx::ToWx(Text(studio::kTextChooseCode)), ProjectFolder(), "",
+                      wx::ToWx(Text(studio::kTextCodeFileFilter)),
                       wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_MULTIPLE);
   if (dialog.ShowModal() != wxID_OK) return;
   const std::string path = project_->path();
@@ -81,7 +78,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
     (given.Empty() ? parts_.state.OptionsOf(full) : given).ApplyTo(options);
     StartSession(full, options);
   } catch (const std::exception& error) {
-    messages_.Fail(parts_.texts.Text(TextNumber::kTextCannotOpen, {{"<File>", path}}),
+    messages_.Fail(parts_.texts.Text(studio::kTextCannotOpen, {{"<File>", path}}),
                    parts_.texts.Sentence(error));
     ForgetMissing(path);
     backups_.List(path);
@@ -112,7 +109,7 @@ bool MainWindow::OpenProject(const std::string& path, const ReadingOptions& give
   parts_.state.Save();
   ShowRecent();
   backups_.List(project_->path());
-  messages_.Status(parts_.texts.Text(TextNumber::kTextOpened, {{"<File>", project_->path()}}));
+  messages_.Status(parts_.texts.Text(studio::kTextOpened, {{"<File>", project_->path()}}));
   panes_.TreeShown() ? tree_.SetFocus() : GoToNode(tree_.SelectedKey());
   CallAfter([this] {
     if (watch_) watch_->ShowProblems();
@@ -239,10 +236,10 @@ bool MainWindow::CloseProject() {
 CodePane::Answer MainWindow::AskAboutCode(const std::string& module) {
   if (parts_.state.save_when_leaving) return CodePane::Answer::kSave;
   const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextSaveQuestion, {{"<Name>", module}}),
-       Text(TextNumber::kTextDiscardDetail), "", platform::MessageButtons::kYesNoCancel,
-       platform::MessageResult::kYes, platform::MessageIcon::kQuestion,
-       Text(TextNumber::kTextSaveCode), Text(TextNumber::kTextDiscardCode)});
+      {parts_.texts.Text(studio::kTextSaveQuestion, {{"<Name>", module}}),
+       Text(studio::kTextDiscardDetail), "", platform::MessageButtons::kYesNoCancel,
+       platform::MessageResult::kYes, platform::MessageIcon::kQuestion, Text(studio::kTextSaveCode),
+       Text(studio::kTextDiscardCode)});
   return answer == platform::MessageResult::kYes  ? CodePane::Answer::kSave
          : answer == platform::MessageResult::kNo ? CodePane::Answer::kDiscard
                                                   : CodePane::Answer::kStay;

@@ -11,6 +11,7 @@
 #include "desktop/overview_texts.h"
 #include "desktop/quick_open.h"
 #include "editor/node_key.h"
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "platform/text.h"
 #include "wx/convert.h"
@@ -53,7 +54,7 @@ NameIndex NameSearch::Collect() const {
     ++classes[formula.prog_id];
   });
   for (const auto& [prog_id, count] : classes) {
-    const int text = count == 1 ? kTextOneFormula : kTextFormulas;
+    const messages::TextNumber text = count == 1 ? kTextOneFormula : kTextFormulas;
     names.Add({Kind::kClass, 0, prog_id,
                own_.parts.texts.Text(text, {{"<Count>", std::to_string(count)}})});
   }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/project_undo.h"
-
-#include "desktop/undo_texts.h"
+#include "studio/undo_texts.h"
 
 namespace desktop {
 
@@ -20,7 +19,7 @@ ProjectUndo::ProjectUndo(const WindowParts& parts, const WindowMessages& message
 bool ProjectUndo::Look() {
   if (!steps_.Look()) return false;
   for (const messages::Message& problem : project_.history().TakeProblems())
-    messages_.Warn(parts_.Text(kTextHistory), parts_.texts.Sentence(problem));
+    messages_.Warn(parts_.Text(studio::kTextHistory), parts_.texts.Sentence(problem));
   if (!steps_.problem().empty()) messages_.Status(steps_.problem());
   return true;
 }

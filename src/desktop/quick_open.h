@@ -9,6 +9,7 @@
 
 #include "desktop/name_index.h"
 #include "desktop/place_table.h"
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 class wxStaticText;
@@ -32,7 +33,7 @@ class QuickOpen : public wxDialog {
   void Take();
   void OnKey(wxKeyEvent& event);
   void Move(int rows);
-  std::string Text(int number) const { return texts_.Text(number); }
+  std::string Text(messages::TextNumber number) const { return texts_.Text(number); }
 
   const texts::TextTable& texts_;
   const NameIndex& names_;

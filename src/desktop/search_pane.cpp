@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desktop/search_texts.h"
+#include "messages/text_number.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -54,13 +55,13 @@ wxSizer* SearchPane::MakeFields() {
   constexpr int kColumns = 4;
   auto* grid = new wxFlexGridSizer(kColumns, FromDIP(kGap), FromDIP(2 * kGap));
   grid->AddGrowableCol(1);
-  const auto add_field = [&](int label, wxTextCtrl* field) {
+  const auto add_field = [&](messages::TextNumber label, wxTextCtrl* field) {
     const wxString text = wx::ToWx(texts().Text(label));
     grid->Add(new wxStaticText(fields_, wxID_ANY, text), wxSizerFlags().CentreVertical());
     grid->Add(field, wxSizerFlags().Expand());
     wx::SetAccessibleName(*field, text);
   };
-  const auto add_button = [&](int text, const std::function<void()>& action) {
+  const auto add_button = [&](messages::TextNumber text, const std::function<void()>& action) {
     auto* button = new wxButton(fields_, wxID_ANY, wx::ToWx(texts().Text(text)));
     button->Bind(wxEVT_BUTTON, [&action](wxCommandEvent&) { action(); });
     grid->Add(button, wxSizerFlags().Expand());

@@ -7,6 +7,7 @@
 #include "dialogs/list_texts.h"
 #include "dialogs/outcome.h"
 #include "editor/node_key.h"
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "platform/text.h"
 #include "studio/item_chooser.h"
@@ -76,7 +77,7 @@ void SeveralAtOnce::AddAliases(editor::frmtabgrid& editor, project::Project& ope
   Done(dialogs::kTextOneAliasAdded, values.size());
 }
 
-void SeveralAtOnce::Done(int text_of_one, std::size_t count) const {
+void SeveralAtOnce::Done(messages::TextNumber text_of_one, std::size_t count) const {
   messages_.Status(
       parts_.texts.Text(text_of_one + (count == 1 ? 0 : 1), {{"<Count>", std::to_string(count)}}));
 }

@@ -8,6 +8,7 @@
 #include "desktop/window_messages.h"
 #include "desktop/window_parts.h"
 #include "editor/frmtabgrid.h"
+#include "messages/text_number.h"
 #include "project/project.h"
 
 namespace desktop {
@@ -25,7 +26,7 @@ class SeveralAtOnce {
  private:
   void AddArguments(std::int32_t formula_id, editor::frmtabgrid& editor) const;
   void AddAliases(editor::frmtabgrid& editor, project::Project& opened) const;
-  void Done(int text_of_one, std::size_t count) const;
+  void Done(messages::TextNumber text_of_one, std::size_t count) const;
 
   const WindowParts& parts_;
   const WindowMessages& messages_;

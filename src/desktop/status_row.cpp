@@ -4,6 +4,7 @@
 #include <wx/statusbr.h>
 
 #include "desktop/frame_texts.h"
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "wx/convert.h"
 
@@ -16,7 +17,8 @@ constexpr int kCounts = 1;  // field
 constexpr int kGap = 60;    // pixels at 100 %: the grip, and what separates the fields
 
 // The text of one; the next is of several.
-std::string Counted(const texts::TextTable& texts, int text_of_one, std::int32_t count) {
+std::string Counted(const texts::TextTable& texts, messages::TextNumber text_of_one,
+                    std::int32_t count) {
   return texts.Text(text_of_one + (count == 1 ? 0 : 1), {{"<Count>", std::to_string(count)}});
 }
 

@@ -7,6 +7,7 @@
 
 #include "desktop/frame_texts.h"
 #include "desktop/overview_texts.h"
+#include "messages/text_number.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -25,7 +26,7 @@ TreePane::TreePane(wxWindow* parent, const texts::TextTable& texts)
       tree_(new ProjectTree(this, texts)),
       count_(new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_END)) {
-  const auto text = [&](int number) { return wx::ToWx(texts.Text(number)); };
+  const auto text = [&](messages::TextNumber number) { return wx::ToWx(texts.Text(number)); };
   filter_->ShowCancelButton(true);
   filter_->SetDescriptiveText(text(kTextFilterTreeHint));
   filter_->SetToolTip(text(kTextFilterTree));

@@ -5,7 +5,7 @@
 #include <wx/stc/stc.h>
 
 #include "desktop/crash_log.h"
-#include "desktop/undo_texts.h"
+#include "studio/undo_texts.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -32,13 +32,15 @@ UndoMenu::UndoMenu(wxFrame& frame, const texts::TextTable& texts, const WindowMe
       texts_(texts),
       messages_(messages),
       menu_(new wxMenu),
-      undo_item_(menu_->Append(kTextUndoLast, wx::ToWx(texts.Text(kTextUndoLast)))),
-      redo_item_(menu_->Append(kTextRedoLast, wx::ToWx(texts.Text(kTextRedoLast)))) {
-  frame.GetMenuBar()->Insert(kPlace, menu_, wx::ToWx(texts.Text(kTextMenuEdit)));
+      undo_item_(
+          menu_->Append(ToInt(studio::kTextUndoLast), wx::ToWx(texts.Text(studio::kTextUndoLast)))),
+      redo_item_(menu_->Append(ToInt(studio::kTextRedoLast),
+                               wx::ToWx(texts.Text(studio::kTextRedoLast)))) {
+  frame.GetMenuBar()->Insert(kPlace, menu_, wx::ToWx(texts.Text(studio::kTextMenuEdit)));
   frame.Bind(
-      wxEVT_MENU, [this](wxCommandEvent&) { Run(true); }, kTextUndoLast);
+      wxEVT_MENU, [this](wxCommandEvent&) { Run(true); }, ToInt(studio::kTextUndoLast));
   frame.Bind(
-      wxEVT_MENU, [this](wxCommandEvent&) { Run(false); }, kTextRedoLast);
+      wxEVT_MENU, [this](wxCommandEvent&) { Run(false); }, ToInt(studio::kTextRedoLast));
   frame.Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
     event.Skip();
     if (event.GetMenu() == menu_) Update();
@@ -81,7 +83,8 @@ void UndoMenu::ShowEntry(bool undo) {
   wxMenuItem& item = undo ? *undo_item_ : *redo_item_;
   const std::string reason = WhyNot(undo);
   const std::string caption =
-      undo_ ? undo_->steps().Caption(undo) : texts_.Text(undo ? kTextUndoLast : kTextRedoLast);
+      undo_ ? undo_->steps().Caption(undo)
+            : texts_.Text(undo ? studio::kTextUndoLast : studio::kTextRedoLast);
   item.SetItemLabel(wx::ToWx(caption));
   item.SetHelp(wx::ToWx(reason));
   item.Enable(reason.empty());
@@ -89,7 +92,7 @@ void UndoMenu::ShowEntry(bool undo) {
 }
 
 std::string UndoMenu::WhyNot(bool undo) const {
-  if (!undo_) return texts_.Text(kTextNoProjectOpen);
+  if (!undo_) return texts_.Text(studio::kTextNoProjectOpen);
   return undo_->steps().WhyNot(undo);
 }
 

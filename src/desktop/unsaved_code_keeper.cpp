@@ -7,8 +7,6 @@
 
 namespace desktop {
 
-using studio::TextNumber;
-
 UnsavedCodeKeeper::UnsavedCodeKeeper(const WindowParts& parts, const WindowMessages& messages,
                                      CodePane& pane, CodeLookup& lookup, const std::string& project)
     : parts_(parts),
@@ -23,11 +21,11 @@ void UnsavedCodeKeeper::Offer() try {
   const auto left = copies_.FindLeft();
   if (!left) return;
   const auto answer = parts_.toolkit.Show(
-      {parts_.texts.Text(TextNumber::kTextUnsavedLeft,
+      {parts_.texts.Text(studio::kTextUnsavedLeft,
                          {{"<Name>", parts_.files.FileName(left->module)}}),
-       parts_.Text(TextNumber::kTextUnsavedLeftDetail), "", platform::MessageButtons::kYesNoCancel,
+       parts_.Text(studio::kTextUnsavedLeftDetail), "", platform::MessageButtons::kYesNoCancel,
        platform::MessageResult::kYes, platform::MessageIcon::kQuestion,
-       parts_.Text(TextNumber::kTextBringBack), parts_.Text(TextNumber::kTextDiscardCode)});
+       parts_.Text(studio::kTextBringBack), parts_.Text(studio::kTextDiscardCode)});
   if (answer == platform::MessageResult::kCancel) return;
   if (answer == platform::MessageResult::kNo) return copies_.RemoveLeft();
   if (lookup_.ShowFile(left->module)) {
@@ -35,10 +33,10 @@ void UnsavedCodeKeeper::Offer() try {
     return;
   }
   wx::ToClipboard(left->text);
-  messages_.Fail(parts_.texts.Text(TextNumber::kTextModuleGone, {{"<File>", left->module}}), "");
+  messages_.Fail(parts_.texts.Text(studio::kTextModuleGone, {{"<File>", left->module}}), "");
 } catch (const files::Error& error) {
-  messages_.Status(parts_.texts.Text(TextNumber::kTextNoUnsavedCopy,
-                                     {{"<Text>", parts_.texts.Sentence(error)}}));
+  messages_.Status(
+      parts_.texts.Text(studio::kTextNoUnsavedCopy, {{"<Text>", parts_.texts.Sentence(error)}}));
 }
 
 }  // namespace desktop

@@ -6,6 +6,7 @@
 #include "desktop/crash_log.h"
 #include "desktop/frame_texts.h"
 #include "desktop/overview_texts.h"
+#include "messages/text_number.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 
@@ -19,11 +20,11 @@ constexpr std::size_t kPlace = 2;  // in the menu bar
 
 ViewMenu::ViewMenu(wxFrame& frame, const texts::TextTable& texts, WindowPanes& panes)
     : panes_(panes), menu_(new wxMenu) {
-  const auto add = [&](int text, const char* key, Pane pane) {
-    wxMenuItem* item = menu_->AppendCheckItem(text, wx::ToWx(texts.Text(text)));
+  const auto add = [&](messages::TextNumber text, const char* key, Pane pane) {
+    wxMenuItem* item = menu_->AppendCheckItem(ToInt(text), wx::ToWx(texts.Text(text)));
     wx::ShowShortcut(*item, key);
     frame.Bind(
-        wxEVT_MENU, [this, pane](wxCommandEvent&) { Toggle(pane); }, text);
+        wxEVT_MENU, [this, pane](wxCommandEvent&) { Toggle(pane); }, ToInt(text));
     return item;
   };
   tree_ = add(kTextViewTree, "Ctrl+B", Pane::kTree);
@@ -40,8 +41,8 @@ ViewMenu::ViewMenu(wxFrame& frame, const texts::TextTable& texts, WindowPanes& p
 }
 
 void ViewMenu::AddLooks(wxFrame& frame, const texts::TextTable& texts) {
-  const auto add = [&](int text, std::vector<wxMenuItem*>& items, auto choose) {
-    items.push_back(menu_->AppendRadioItem(text, wx::ToWx(texts.Text(text))));
+  const auto add = [&](messages::TextNumber text, std::vector<wxMenuItem*>& items, auto choose) {
+    items.push_back(menu_->AppendRadioItem(ToInt(text), wx::ToWx(texts.Text(text))));
     frame.Bind(
         wxEVT_MENU,
         [this, choose](wxCommandEvent&) {
@@ -50,15 +51,15 @@ void ViewMenu::AddLooks(wxFrame& frame, const texts::TextTable& texts) {
           choose(look);
           panes_.SetTreeLook(look);
         },
-        text);
+        ToInt(text));
   };
   menu_->AppendSeparator();
-  for (int i = 0; i <= kTextTreeByCallType - kTextTreeFlat; ++i) {
+  for (int i = 0; kTextTreeFlat + i <= kTextTreeByCallType; ++i) {
     add(kTextTreeFlat + i, groupings_,
         [i](TreeLook& look) { look.grouping = static_cast<TreeLook::Grouping>(i); });
   }
   menu_->AppendSeparator();
-  for (int i = 0; i <= kTextTreeByName - kTextTreeAsCreated; ++i) {
+  for (int i = 0; kTextTreeAsCreated + i <= kTextTreeByName; ++i) {
     add(kTextTreeAsCreated + i, orders_,
         [i](TreeLook& look) { look.order = static_cast<TreeLook::Order>(i); });
   }
@@ -66,14 +67,16 @@ void ViewMenu::AddLooks(wxFrame& frame, const texts::TextTable& texts) {
 
 void ViewMenu::AddMessages(wxFrame& frame, const texts::TextTable& texts) {
   menu_->AppendSeparator();
-  wxMenuItem* item = menu_->Append(kTextMenuMessages, wx::ToWx(texts.Text(kTextMenuMessages)));
+  wxMenuItem* item =
+      menu_->Append(ToInt(kTextMenuMessages), wx::ToWx(texts.Text(kTextMenuMessages)));
   wx::ShowShortcut(*item, "Ctrl+Shift+L");
   frame.Bind(
-      wxEVT_MENU, [this](wxCommandEvent&) { panes_.messages().ShowNewest(); }, kTextMenuMessages);
+      wxEVT_MENU, [this](wxCommandEvent&) { panes_.messages().ShowNewest(); },
+      ToInt(kTextMenuMessages));
   menu_->AppendSeparator();
-  menu_->Append(kTextMenuOptions, wx::ToWx(texts.Text(kTextMenuOptions)));
+  menu_->Append(ToInt(kTextMenuOptions), wx::ToWx(texts.Text(kTextMenuOptions)));
   frame.Bind(
-      wxEVT_MENU, [this](wxCommandEvent&) { on_options(); }, kTextMenuOptions);
+      wxEVT_MENU, [this](wxCommandEvent&) { on_options(); }, ToInt(kTextMenuOptions));
 }
 
 bool ViewMenu::RunKey(const wxKeyEvent& event) {

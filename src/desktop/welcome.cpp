@@ -7,14 +7,13 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "messages/text_number.h"
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 
 namespace desktop {
 
 namespace {
-
-using studio::TextNumber;
 
 constexpr int kScrollStep = 10;
 constexpr int kMargin = 12;
@@ -27,9 +26,9 @@ Welcome::Welcome(wxWindow* parent, const texts::TextTable& texts)
       buttons_(new wxBoxSizer(wxHORIZONTAL)),
       recent_(new wxBoxSizer(wxVERTICAL)) {
   SetScrollRate(0, FromDIP(kScrollStep));
-  AddButton(TextNumber::kTextMenuOpen, on_open);
-  AddButton(TextNumber::kTextMenuNew, on_new);
-  auto* text = new wxStaticText(this, wxID_ANY, wx::ToLabel(texts.Text(TextNumber::kTextWelcome)));
+  AddButton(studio::kTextMenuOpen, on_open);
+  AddButton(studio::kTextMenuNew, on_new);
+  auto* text = new wxStaticText(this, wxID_ANY, wx::ToLabel(texts.Text(studio::kTextWelcome)));
   auto* sizer = new wxBoxSizer(wxVERTICAL);
   sizer->AddStretchSpacer();
   sizer->Add(text, wxSizerFlags().CentreHorizontal().Border(wxALL, FromDIP(kMargin)));
@@ -39,7 +38,7 @@ Welcome::Welcome(wxWindow* parent, const texts::TextTable& texts)
   SetSizer(sizer);
 }
 
-void Welcome::AddButton(int text, std::function<void()>& action) {
+void Welcome::AddButton(messages::TextNumber text, std::function<void()>& action) {
   auto* button = new wxButton(this, wxID_ANY, wx::ToWx(texts_.Text(text)));
   button->Bind(wxEVT_BUTTON, [&action](wxCommandEvent&) { action(); });
   buttons_->Add(button, wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(kMargin / 2)));
@@ -49,8 +48,8 @@ void Welcome::ShowRecent(const std::vector<std::string>& paths) {
   recent_->Clear(true);
   auto* heading =
       new wxStaticText(this, wxID_ANY,
-                       wx::ToLabel(texts_.Text(paths.empty() ? TextNumber::kTextNoProjectYet
-                                                             : TextNumber::kTextRecentProjects)));
+                       wx::ToLabel(texts_.Text(paths.empty() ? studio::kTextNoProjectYet
+                                                             : studio::kTextRecentProjects)));
   if (!paths.empty()) heading->SetFont(heading->GetFont().Bold());
   recent_->Add(heading, wxSizerFlags().Border(wxBOTTOM, FromDIP(kMargin / 2)));
   for (const std::string& path : paths) AddLink(path);

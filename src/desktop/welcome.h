@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 class wxBoxSizer;
@@ -27,7 +28,7 @@ class Welcome : public wxScrolledWindow {
   std::function<void(const std::string& path)> on_recent;
 
  private:
-  void AddButton(int text, std::function<void()>& action);
+  void AddButton(messages::TextNumber text, std::function<void()>& action);
   void AddLink(const std::string& path);
 
   const texts::TextTable& texts_;

@@ -14,8 +14,6 @@ namespace desktop {
 
 namespace {
 
-using studio::TextNumber;
-
 constexpr int kMinPane = 120;  // pixels at 100 %
 constexpr double kUpperShare = 0.55;
 constexpr long kSplitterStyle = wxSP_LIVE_UPDATE | wxSP_3DSASH;
@@ -37,7 +35,7 @@ TreeLook LookOf(const DesktopState::Place& place) {
 WindowPanes::WindowPanes(wxFrame& frame, const texts::TextTable& texts, DesktopState::Place& place)
     : frame_(frame),
       place_(place),
-      notices_(new NoticeBar(&frame, wx::ToWx(texts.Text(TextNumber::kTextLater)))),
+      notices_(new NoticeBar(&frame, wx::ToWx(texts.Text(studio::kTextLater)))),
       whole_(MakeSplitter(&frame)),
       columns_(MakeSplitter(whole_)),
       tree_(new TreePane(columns_, texts)),

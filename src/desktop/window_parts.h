@@ -4,6 +4,7 @@
 #include "desktop/desktop_state.h"
 #include "desktop/desktop_toolkit.h"
 #include "files/file_system.h"
+#include "messages/text_number.h"
 #include "platform/help.h"
 #include "platform/window_system.h"
 #include "project/file_settings_service.h"
@@ -23,7 +24,7 @@ struct WindowParts {
   DesktopState& state;
   project::ProjectOptions options;
 
-  std::string Text(int number) const { return texts.Text(number); }
+  std::string Text(messages::TextNumber number) const { return texts.Text(number); }
 };
 
 }  // namespace desktop

@@ -8,6 +8,7 @@
 #include <wx/stattext.h>
 
 #include "desktop/frame_texts.h"
+#include "messages/text_number.h"
 #include "project/history_setting.h"
 #include "project/language.h"
 #include "wx/convert.h"
@@ -18,7 +19,8 @@ namespace desktop {
 namespace {
 
 constexpr int kGap = 8;  // pixels at 100 %
-constexpr int kOk = 10, kCancel = 11;
+constexpr messages::TextNumber kOk{10};
+constexpr messages::TextNumber kCancel{11};
 constexpr texts::Language kLanguages[] = {texts::Language::kGerman, texts::Language::kEnglish};
 
 }  // namespace
@@ -68,10 +70,12 @@ WorkbenchOptions::WorkbenchOptions(wxWindow* parent, const texts::TextTable& tex
   CentreOnParent();
 }
 
-wxString WorkbenchOptions::Text(int number) const { return wx::ToWx(texts_.Text(number)); }
+wxString WorkbenchOptions::Text(messages::TextNumber number) const {
+  return wx::ToWx(texts_.Text(number));
+}
 
-wxChoice* WorkbenchOptions::AddChoice(wxSizer& grid, int label, const wxArrayString& entries,
-                                      int chosen) {
+wxChoice* WorkbenchOptions::AddChoice(wxSizer& grid, messages::TextNumber label,
+                                      const wxArrayString& entries, int chosen) {
   wxStaticText* name = wx::NewLabel(this);
   name->SetLabel(Text(label));
   auto* choice = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, entries);
@@ -82,7 +86,7 @@ wxChoice* WorkbenchOptions::AddChoice(wxSizer& grid, int label, const wxArrayStr
   return choice;
 }
 
-wxCheckBox* WorkbenchOptions::AddCheck(int label, bool checked) {
+wxCheckBox* WorkbenchOptions::AddCheck(messages::TextNumber label, bool checked) {
   auto* check = new wxCheckBox(this, wxID_ANY, Text(label));
   check->SetValue(checked);
   GetSizer()->Add(check, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, 2 * FromDIP(kGap)));

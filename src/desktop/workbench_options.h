@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desktop/desktop_state.h"
+#include "messages/text_number.h"
 #include "project/file_settings_service.h"
 #include "texts/text_table.h"
 
@@ -26,11 +27,12 @@ class WorkbenchOptions : public wxDialog {
   bool Ask();
 
  private:
-  wxChoice* AddChoice(wxSizer& grid, int label, const wxArrayString& entries, int chosen);
-  wxCheckBox* AddCheck(int label, bool checked);
+  wxChoice* AddChoice(wxSizer& grid, messages::TextNumber label, const wxArrayString& entries,
+                      int chosen);
+  wxCheckBox* AddCheck(messages::TextNumber label, bool checked);
   void AddLine(wxSizer& all);
   bool Store();
-  wxString Text(int number) const;
+  wxString Text(messages::TextNumber number) const;
 
   const texts::TextTable& texts_;
   project::FileSettingsService& settings_;

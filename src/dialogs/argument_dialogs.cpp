@@ -12,13 +12,14 @@
 #include "dialogs/many_texts.h"
 #include "dialogs/outcome.h"
 #include "dialogs/row_merge.h"
+#include "messages/text_number.h"
 
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kInitialisationFailed = 550;
-constexpr std::int32_t kStorageFailed = 551;
+constexpr messages::TextNumber kInitialisationFailed{550};
+constexpr messages::TextNumber kStorageFailed{551};
 
 bool IsOnVariableChange(const DialogContext& context, std::int32_t formula_id) {
   const auto formula = context.operations.FindFormula(formula_id);

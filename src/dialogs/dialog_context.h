@@ -10,6 +10,7 @@
 #include "dialogs/dummy_var_ocx.h"
 #include "dialogs/message_boxes.h"
 #include "forms/form.h"
+#include "messages/text_number.h"
 #include "platform/help.h"
 #include "platform/studio.h"
 #include "platform/toolkit.h"
@@ -37,7 +38,7 @@ struct DialogContext {
   bool offers_uses = false;  // a new name offers to change its uses in procedures
   std::shared_ptr<Choices> choices = std::make_shared<Choices>();
 
-  std::string Text(std::int32_t number) const { return texts.Text(number); }
+  std::string Text(messages::TextNumber number) const { return texts.Text(number); }
   // Warnings of an operation go to the studio's status line.
   void ShowWarnings(const std::vector<messages::Message>& warnings) const;
 };

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/dialog_form.h"
 
+#include "messages/text_number.h"
+
 namespace dialogs {
 
 DialogForm::DialogForm(std::string_view name, const DialogContext& context, std::int32_t help_topic)
     : Form(name), context_(context) {
   SetHelpContextId(help_topic);
   on_load = [this] {
-    forms::LocaliseCaptions(*this, [this](std::int32_t number) { return Text(number); });
+    forms::LocaliseCaptions(*this, [this](messages::TextNumber number) { return Text(number); });
   };
   on_query_unload = [this](bool& cancel, forms::CloseReason reason) {
     if (reason != forms::CloseReason::kUser) return;

@@ -7,6 +7,7 @@
 #include "dialogs/dialog_context.h"
 #include "forms/fields.h"
 #include "forms/form.h"
+#include "messages/text_number.h"
 
 namespace dialogs {
 
@@ -43,7 +44,7 @@ class DialogForm : public forms::Form {
   static void ShowHint(forms::Label& hint, std::string_view text);
 
   const DialogContext& context() const { return context_; }
-  std::string Text(std::int32_t number) const { return context_.Text(number); }
+  std::string Text(messages::TextNumber number) const { return context_.Text(number); }
 
  private:
   void Dismiss();

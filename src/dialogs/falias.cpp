@@ -2,13 +2,14 @@
 #include "dialogs/falias.h"
 
 #include "dialogs/alias_rules.h"
+#include "messages/text_number.h"
 
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kDataType = 1607;
-constexpr std::int32_t kChooseItemTip = 1608;
+constexpr messages::TextNumber kDataType{1607};
+constexpr messages::TextNumber kChooseItemTip{1608};
 constexpr const char* kAnyItem = "Item";  // where only the alias is judged
 
 bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string::npos; }

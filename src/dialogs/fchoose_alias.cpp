@@ -7,19 +7,21 @@
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/list_texts.h"
 #include "forms/list_search.h"
+#include "messages/text_number.h"
 
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kAliasColumn = 102;
-constexpr std::int32_t kItemColumn = 101;
+constexpr messages::TextNumber kAliasColumn{102};
+constexpr messages::TextNumber kItemColumn{101};
 constexpr double kColumnWidth = 3000;
-constexpr std::int32_t kChooseAliasReason = 1603;
-constexpr std::int32_t kNoAliases = 1609;
-constexpr std::int32_t kNothingFound = 1612;
-constexpr std::int32_t kAliases = 1634;
-constexpr std::int32_t kType = 4381, kComment = 4382;
+constexpr messages::TextNumber kChooseAliasReason{1603};
+constexpr messages::TextNumber kNoAliases{1609};
+constexpr messages::TextNumber kNothingFound{1612};
+constexpr messages::TextNumber kAliases{1634};
+constexpr messages::TextNumber kType{4381};
+constexpr messages::TextNumber kComment{4382};
 constexpr double kTypeWidth = 1200, kUsedWidth = 2000;
 
 // The aliases with what is known of their items, and a word at those that are used already.

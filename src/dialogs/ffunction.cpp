@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/ffunction.h"
 
+#include "messages/text_number.h"
 #include "platform/text.h"
 
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kClassNotOpen = 1600;
-constexpr std::int32_t kNoClasses = 1601;
-constexpr std::int32_t kChooseClass = 1602;
-constexpr std::int32_t kScanTimeUse = 1606;
-constexpr std::int32_t kCodeStays = 1653;
+constexpr messages::TextNumber kClassNotOpen{1600};
+constexpr messages::TextNumber kNoClasses{1601};
+constexpr messages::TextNumber kChooseClass{1602};
+constexpr messages::TextNumber kScanTimeUse{1606};
+constexpr messages::TextNumber kCodeStays{1653};
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 
 #include "dialogs/list_texts.h"
 #include "dialogs/plan_rows.h"
+#include "messages/text_number.h"
 
 namespace dialogs {
 
@@ -34,7 +35,8 @@ FImport::FImport(const DialogContext& context, std::string_view name, Planner pl
   lvwPlan.SetLayout({.stretch = true, .min_chars = 110, .min_lines = 15});
   lvwPlan.SetEmptyText(Text(kTextNoLines));
   lblExisting.SetTag("C4126");
-  for (std::int32_t text = kTextExistingError; text <= kTextExistingRename; ++text) {
+  for (messages::TextNumber text = kTextExistingError; text <= kTextExistingRename;
+       text = text + 1) {
     cmbExisting.AddItem(Text(text));
   }
   cmbExisting.SetListIndex(0);

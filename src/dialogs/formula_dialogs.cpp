@@ -5,13 +5,14 @@
 
 #include "dialogs/outcome.h"
 #include "dialogs/row_merge.h"
+#include "messages/text_number.h"
 
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kInitialisationFailed = 340;
-constexpr std::int32_t kStorageFailed = 341;
+constexpr messages::TextNumber kInitialisationFailed{340};
+constexpr messages::TextNumber kStorageFailed{341};
 
 void WarnInitialisation(const DialogContext& context) {
   context.messages.Warn(context.Text(kInitialisationFailed));

@@ -10,10 +10,10 @@ namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kNotBothFlags = 552;
-constexpr std::int32_t kChooseAlias = 1603;
-constexpr std::int32_t kNoAliases = 1609;
-constexpr std::int32_t kItemOfAlias = 1605;
+constexpr messages::TextNumber kNotBothFlags{552};
+constexpr messages::TextNumber kChooseAlias{1603};
+constexpr messages::TextNumber kNoAliases{1609};
+constexpr messages::TextNumber kItemOfAlias{1605};
 
 }  // namespace
 

@@ -5,23 +5,23 @@
 
 #include <cstdint>
 
+#include "messages/text_number.h"
+
 namespace dialogs {
 
-enum ManyTextNumber : std::int32_t {
-  kTextAliasesOfSeries = 4750,
-  kTextOrSeries = 4752,
-  kTextSeriesExample,
-  kTextArgumentsOfSeries,
-  kTextNoSuchAlias,
-  kTextAddingAliases,
+inline constexpr messages::TextNumber kTextAliasesOfSeries{4750};
+inline constexpr messages::TextNumber kTextOrSeries{4752};
+inline constexpr messages::TextNumber kTextSeriesExample{4753};
+inline constexpr messages::TextNumber kTextArgumentsOfSeries{4754};
+inline constexpr messages::TextNumber kTextNoSuchAlias{4755};
+inline constexpr messages::TextNumber kTextAddingAliases{4756};
 
-  // Drag and drop.
-  kTextCopyIntoTitle = 4770,
-  kTextAddArgumentsTitle,
+// Drag and drop.
+inline constexpr messages::TextNumber kTextCopyIntoTitle{4770};
+inline constexpr messages::TextNumber kTextAddArgumentsTitle{4771};
 
-  // Clipboard.
-  kTextCopyFormulas = 4780,
-  kTextPasteFormulas,
-};
+// Clipboard.
+inline constexpr messages::TextNumber kTextCopyFormulas{4780};
+inline constexpr messages::TextNumber kTextPasteFormulas{4781};
 
 }  // namespace dialogs

@@ -3,12 +3,13 @@
 
 #include <utility>
 
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 namespace dialogs {
 
 namespace {
-constexpr std::int32_t kApplicationTitle = 180;
+constexpr messages::TextNumber kApplicationTitle{180};
 }  // namespace
 
 MessageBoxes::Guard::Guard(MessageBoxes& boxes) : toolkit_(boxes.toolkit_), depth_(boxes.depth_) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/outcome.h"
 
+#include "messages/text_number.h"
+
 namespace dialogs {
 
 store::OperationResult RunOperation(const DialogContext& context,
@@ -15,7 +17,7 @@ store::OperationResult RunOperation(const DialogContext& context,
 }
 
 store::OperationResult RunListOperation(
-    const DialogContext& context, std::int32_t task,
+    const DialogContext& context, messages::TextNumber task,
     const std::function<store::OperationResult(const store::OperationOptions&)>& operation) {
   const MessageBoxes::Guard guard(context.messages);
   const auto progress = context.toolkit.StartProgress(context.Text(task));
@@ -27,7 +29,7 @@ store::OperationResult RunListOperation(
 }
 
 void WarnFailure(const DialogContext& context, const store::OperationResult& result,
-                 std::int32_t text) {
+                 messages::TextNumber text) {
   if (result.outcome == store::Outcome::kCancelled) {
     if (context.studio) context.studio->ShowWarnings({{context.texts.Sentence(result.message)}});
     return;
@@ -35,7 +37,7 @@ void WarnFailure(const DialogContext& context, const store::OperationResult& res
   const auto sentence = [&](const messages::Message& message) {
     return context.texts.Sentence(message);
   };
-  if (text == 0 || text == result.message.number()) {
+  if (text == messages::kNoText || text == result.message.number()) {
     context.messages.Warn(sentence(result.message), sentence(result.detail));
   } else {
     context.messages.Warn(context.Text(text), sentence(Explanation(result)));

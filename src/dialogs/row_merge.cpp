@@ -1,28 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/row_merge.h"
 
+#include "messages/text_number.h"
+
 namespace dialogs {
 
 namespace {
 
-enum MergeText : std::int32_t {
-  kTextRowChanged = 4860,
-  kTextMember,
-  kTextTakeStored,
-  kTextTakeMine,
-  kTextOn,
-  kTextOff,
-};
+constexpr messages::TextNumber kTextRowChanged{4860};
+constexpr messages::TextNumber kTextMember{4861};
+constexpr messages::TextNumber kTextTakeStored{4862};
+constexpr messages::TextNumber kTextTakeMine{4863};
+constexpr messages::TextNumber kTextOn{4864};
+constexpr messages::TextNumber kTextOff{4865};
 
 // Captions of the fields.
-constexpr std::int32_t kName = 302, kClass = 303, kType = 304, kScanTime = 305, kComment = 306,
-                       kEnabled = 307, kItem = 401, kAlias = 402, kIn = 502, kOut = 503;
+constexpr messages::TextNumber kName{302};
+constexpr messages::TextNumber kClass{303};
+constexpr messages::TextNumber kType{304};
+constexpr messages::TextNumber kScanTime{305};
+constexpr messages::TextNumber kComment{306};
+constexpr messages::TextNumber kEnabled{307};
+constexpr messages::TextNumber kItem{401};
+constexpr messages::TextNumber kAlias{402};
+constexpr messages::TextNumber kIn{502};
+constexpr messages::TextNumber kOut{503};
 
 std::string AsItIs(const std::string& text) { return text; }
 
 }  // namespace
 
-void RowMerge::Note(std::int32_t name, const std::string& before, const std::string& theirs,
+void RowMerge::Note(messages::TextNumber name, const std::string& before, const std::string& theirs,
                     const std::string& mine) {
   if (theirs == before || mine == before || mine == theirs) return;
   conflicts_ +=
@@ -32,8 +40,8 @@ void RowMerge::Note(std::int32_t name, const std::string& before, const std::str
 }
 
 template <class Value, class Show>
-void RowMerge::JoinMember(std::int32_t name, const Value& before, const Value& theirs, Value& mine,
-                          Show show) {
+void RowMerge::JoinMember(messages::TextNumber name, const Value& before, const Value& theirs,
+                          Value& mine, Show show) {
   if (mine == before) {
     mine = theirs;
   } else {
@@ -41,7 +49,7 @@ void RowMerge::JoinMember(std::int32_t name, const Value& before, const Value& t
   }
 }
 
-void RowMerge::JoinFlag(std::int32_t name, bool before, bool theirs, bool& mine) {
+void RowMerge::JoinFlag(messages::TextNumber name, bool before, bool theirs, bool& mine) {
   JoinMember(name, before, theirs, mine,
              [&](bool value) { return context_.Text(value ? kTextOn : kTextOff); });
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dialogs/dialog_context.h"
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "store/formula_records.h"
 
@@ -31,7 +32,7 @@ class RowMerge {
   void Join(const store::ArgumentValues& before, const store::ArgumentValues& theirs,
             store::ArgumentValues& mine);
   // One member, named by its text, in the words that the user reads.
-  void Note(std::int32_t name, const std::string& before, const std::string& theirs,
+  void Note(messages::TextNumber name, const std::string& before, const std::string& theirs,
             const std::string& mine);
 
   // Shows what both changed, and asks whose is to stand; `row` names it. kMine when there is
@@ -40,9 +41,9 @@ class RowMerge {
 
  private:
   template <class Value, class Show>
-  void JoinMember(std::int32_t name, const Value& before, const Value& theirs, Value& mine,
+  void JoinMember(messages::TextNumber name, const Value& before, const Value& theirs, Value& mine,
                   Show show);
-  void JoinFlag(std::int32_t name, bool before, bool theirs, bool& mine);
+  void JoinFlag(messages::TextNumber name, bool before, bool theirs, bool& mine);
 
   const DialogContext& context_;
   std::string conflicts_;  // a line each

@@ -5,14 +5,15 @@
 #include <string_view>
 #include <utility>
 
+#include "messages/text_number.h"
 #include "platform/error.h"
 
 namespace dialogs {
 
 namespace {
 
-constexpr std::int32_t kChangeUses = 4260;
-constexpr std::int32_t kUnsureUses = 4261;
+constexpr messages::TextNumber kChangeUses{4260};
+constexpr messages::TextNumber kUnsureUses{4261};
 constexpr std::size_t kNamedPlaces = 3;
 
 std::string_view FileName(std::string_view path) {

@@ -11,31 +11,32 @@
 #include "editor/name_list.h"
 #include "editor/node_key.h"
 #include "editor/tools.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
 namespace {
 
-constexpr std::int32_t kAskAliases = 190;
-constexpr std::int32_t kAskArguments = 191;
-constexpr std::int32_t kAskFormula = 192;
-constexpr std::int32_t kFormulaWithArguments = 1613;
-constexpr std::int32_t kFormulaWithArgument = 1614;
-constexpr std::int32_t kFormulaAlone = 1615;
-constexpr std::int32_t kArgumentsDetail = 1616;
-constexpr std::int32_t kAliasesDetail = 1617;
-constexpr std::int32_t kInUseDetail = 1618;
-constexpr std::int32_t kReportRemedy = 1628;
-constexpr std::int32_t kMoreInUse = 1635;
-constexpr std::int32_t kDeleteThereFirst = 1636;
-constexpr std::int32_t kOneArgumentDeleted = 1637;  // the next text is of several
-constexpr std::int32_t kOneAliasDeleted = 1655;
-constexpr std::int32_t kNoArgument = 1620;
-constexpr std::int32_t kNotText = 1663;
-constexpr std::int32_t kNothingToPaste = 1664;
-constexpr std::int32_t kOnlyShown = 4386;
-constexpr std::int32_t kDeletingArguments = 1646;
-constexpr std::int32_t kDeletingAliases = 1649;
+constexpr messages::TextNumber kAskAliases{190};
+constexpr messages::TextNumber kAskArguments{191};
+constexpr messages::TextNumber kAskFormula{192};
+constexpr messages::TextNumber kFormulaWithArguments{1613};
+constexpr messages::TextNumber kFormulaWithArgument{1614};
+constexpr messages::TextNumber kFormulaAlone{1615};
+constexpr messages::TextNumber kArgumentsDetail{1616};
+constexpr messages::TextNumber kAliasesDetail{1617};
+constexpr messages::TextNumber kInUseDetail{1618};
+constexpr messages::TextNumber kReportRemedy{1628};
+constexpr messages::TextNumber kMoreInUse{1635};
+constexpr messages::TextNumber kDeleteThereFirst{1636};
+constexpr messages::TextNumber kOneArgumentDeleted{1637};  // the next text is of several
+constexpr messages::TextNumber kOneAliasDeleted{1655};
+constexpr messages::TextNumber kNoArgument{1620};
+constexpr messages::TextNumber kNotText{1663};
+constexpr messages::TextNumber kNothingToPaste{1664};
+constexpr messages::TextNumber kOnlyShown{4386};
+constexpr messages::TextNumber kDeletingArguments{1646};
+constexpr messages::TextNumber kDeletingAliases{1649};
 
 // Aliases that a message names with their uses.
 constexpr std::size_t kUsesShown = 10;
@@ -121,7 +122,7 @@ void Commands::mnuExtra(std::int16_t action) {
   if (action == kReport) ShowReport();
 }
 
-bool Commands::Confirmed(std::int32_t question, const std::string& detail) {
+bool Commands::Confirmed(messages::TextNumber question, const std::string& detail) {
   return !context_.SettingIsOn("RequestOnDelete") ||
          context_.messages.Ask(context_.Text(question), detail);
 }
@@ -130,7 +131,7 @@ void Commands::Say(const std::string& text) const {
   if (!text.empty()) context_.studio->ShowWarnings({{text}});
 }
 
-std::string Commands::Deleted(std::int32_t text_of_one, std::size_t count) const {
+std::string Commands::Deleted(messages::TextNumber text_of_one, std::size_t count) const {
   if (count == 1) return context_.Text(text_of_one);
   return context_.texts.Text(text_of_one + 1, {{"<Count>", std::to_string(count)}});
 }
@@ -165,9 +166,9 @@ void Commands::DeleteFormula(std::int32_t id) {
   store::Operations& operations = context_.operations;
   const store::FormulaRecord formula = operations.FindFormula(id).value();
   const std::size_t arguments = operations.ArgumentsOf(id).size();
-  const std::int32_t detail = arguments == 0   ? kFormulaAlone
-                              : arguments == 1 ? kFormulaWithArgument
-                                               : kFormulaWithArguments;
+  const messages::TextNumber detail = arguments == 0   ? kFormulaAlone
+                                      : arguments == 1 ? kFormulaWithArgument
+                                                       : kFormulaWithArguments;
   if (!Confirmed(kAskFormula,
                  context_.texts.Text(detail, {{"<Name>", formula.name},
                                               {"<Class>", formula.prog_id},
@@ -196,7 +197,7 @@ void Commands::DeleteFormula(std::int32_t id) {
 void Commands::ShowCode(std::int32_t id) {
   const store::FormulaRecord formula = context_.operations.FindFormula(id).value();
   if (context_.ShowFunction(formula.prog_id, formula.name)) return;
-  constexpr std::int32_t kNoCode = 1629;
+  constexpr messages::TextNumber kNoCode{1629};
   context_.messages.Warn(
       context_.texts.Text(kNoCode, {{"<Name>", formula.name}, {"<Class>", formula.prog_id}}));
 }

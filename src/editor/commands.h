@@ -13,6 +13,7 @@
 #include "editor/list_commands.h"
 #include "editor/status_counters.h"
 #include "forms/grid.h"
+#include "messages/text_number.h"
 #include "store/formula_records.h"
 
 namespace editor {
@@ -82,10 +83,10 @@ class Commands {
   void PasteCell(forms::Grid& grid);
   // In the studio's status line.
   void Say(const std::string& text) const;
-  std::string Deleted(std::int32_t text_of_one, std::size_t count) const;
+  std::string Deleted(messages::TextNumber text_of_one, std::size_t count) const;
   void ShowStatistics();
   void ShowReport();
-  bool Confirmed(std::int32_t question, const std::string& detail);
+  bool Confirmed(messages::TextNumber question, const std::string& detail);
 
   EditorContext& context_;
   EditorView& view_;

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "messages/text_number.h"
 #include "platform/error.h"
 #include "platform/text.h"
 
@@ -43,7 +44,7 @@ EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
 }
 
 forms::TextLookup EditorContext::Lookup() const {
-  return [this](std::int32_t number) { return Text(number); };
+  return [this](messages::TextNumber number) { return Text(number); };
 }
 
 bool EditorContext::SettingIsOn(std::string_view key) const {

@@ -12,6 +12,7 @@
 #include "dialogs/message_boxes.h"
 #include "editor/editor_host.h"
 #include "editor/editor_rows.h"
+#include "messages/text_number.h"
 #include "platform/ado.h"
 #include "platform/vbide.h"
 #include "settings/init.h"
@@ -51,7 +52,7 @@ class EditorContext : private codegen::CodeWindowCaller {
   dialogs::FDummyVarOCX items;
   const dialogs::DialogContext dialog_context;
 
-  std::string Text(std::int32_t number) const { return texts.Text(number); }
+  std::string Text(messages::TextNumber number) const { return texts.Text(number); }
   forms::TextLookup Lookup() const;
   // A switch that is not set at all is on.
   bool SettingIsOn(std::string_view key) const;

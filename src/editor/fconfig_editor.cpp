@@ -4,6 +4,7 @@
 #include <string>
 
 #include "editor/frmtabgrid.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
@@ -12,7 +13,7 @@ namespace {
 // German in every language, on purpose.
 constexpr const char* kInitialisationFailed = "Initialisierung Konfigurationsdialog fehlgegangen";
 constexpr const char* kStorageFailed = "Zurückschreiben von Konfigurationsdialog fehlgegangen";
-constexpr std::int32_t kSettingsNotWritten = 1627;
+constexpr messages::TextNumber kSettingsNotWritten{1627};
 
 bool IsTrue(const platform::Variant& value) {
   const bool* on = value.Get<bool>();

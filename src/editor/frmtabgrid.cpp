@@ -14,21 +14,22 @@
 #include "editor/node_key.h"
 #include "editor/note_columns.h"
 #include "editor/tools.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
 namespace {
 
-constexpr std::int32_t kProductCaption = 180;
-constexpr std::int32_t kFormulaCaption = 181;
-constexpr std::int32_t kAliasCaption = 182;
-constexpr std::int32_t kNoArguments = 1620;
-constexpr std::int32_t kNoFormulaSelected = 1621;
-constexpr std::int32_t kNoAliases = 1622;
-constexpr std::int32_t kNothingFound = 1623;
-constexpr std::int32_t kArguments = 1633;
-constexpr std::int32_t kAliases = 1634;
-constexpr std::int32_t kMissing = 4385;
+constexpr messages::TextNumber kProductCaption{180};
+constexpr messages::TextNumber kFormulaCaption{181};
+constexpr messages::TextNumber kAliasCaption{182};
+constexpr messages::TextNumber kNoArguments{1620};
+constexpr messages::TextNumber kNoFormulaSelected{1621};
+constexpr messages::TextNumber kNoAliases{1622};
+constexpr messages::TextNumber kNothingFound{1623};
+constexpr messages::TextNumber kArguments{1633};
+constexpr messages::TextNumber kAliases{1634};
+constexpr messages::TextNumber kMissing{4385};
 
 constexpr double kMinimumWidth = 4500;
 constexpr double kMinimumHeight = 3000;
@@ -163,8 +164,8 @@ void frmtabgrid::InitializeGrid(forms::Grid& grid, std::string_view orders_key) 
 }
 
 void frmtabgrid::InitializeGrids() {
-  constexpr std::int32_t kArgumentHeaders = 110;
-  constexpr std::int32_t kAliasHeaders = 101;
+  constexpr messages::TextNumber kArgumentHeaders{110};
+  constexpr messages::TextNumber kAliasHeaders{101};
   for (std::int32_t column = 0; column < 3; ++column) {
     tdbP.ColumnAt(static_cast<std::size_t>(column)).SetCaption(Text(kArgumentHeaders + column));
   }

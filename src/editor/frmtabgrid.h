@@ -20,6 +20,7 @@
 #include "forms/grid.h"
 #include "forms/menu_control.h"
 #include "forms/status_bar.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
@@ -125,7 +126,7 @@ class frmtabgrid : public forms::Form,
   void WireEvents();
   void InitializeGrids();
   void InitializeGrid(forms::Grid& grid, std::string_view orders_key);
-  std::string Text(std::int32_t number) const { return context_.Text(number); }
+  std::string Text(messages::TextNumber number) const { return context_.Text(number); }
 
   struct Position {
     std::int32_t left = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/frmtabgrid.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 
 namespace editor {
@@ -16,7 +17,7 @@ constexpr double kFindHeight = 330;
 constexpr double kFindLabelWidth = 1200;
 constexpr double kFindMargin = 60;
 
-constexpr std::int32_t kSettingsNotWritten = 1627;
+constexpr messages::TextNumber kSettingsNotWritten{1627};
 
 }  // namespace
 

@@ -7,16 +7,18 @@
 #include "dialogs/outcome.h"
 #include "dialogs/row_merge.h"
 #include "editor/tools.h"
+#include "messages/text_number.h"
 #include "store/operation_texts.h"
 
 namespace editor {
 
 namespace {
 
-constexpr std::int32_t kDataErrorText = 407;
-constexpr std::int32_t kUnknownAlias = 1619;
-constexpr std::int32_t kRowGone = 1626;
-constexpr std::int32_t kItemCaption = 401, kAliasCaption = 402;
+constexpr messages::TextNumber kDataErrorText{407};
+constexpr messages::TextNumber kUnknownAlias{1619};
+constexpr messages::TextNumber kRowGone{1626};
+constexpr messages::TextNumber kItemCaption{401};
+constexpr messages::TextNumber kAliasCaption{402};
 
 // Number of the errors that the data layer below a grid reports.
 constexpr std::int32_t kDataError = 32;
@@ -151,7 +153,7 @@ void GridEditing::Fail(std::int32_t number, const messages::Message& prompt,
 
 void GridEditing::FailUnlessDone(const store::OperationResult& result) {
   if (result.success()) return;
-  const std::int32_t text = result.message.number();
+  const messages::TextNumber text = result.message.number();
   if (text == store::kTextAliasTaken || text == store::kTextArgumentExists) {
     Fail(platform::kErrErrorsOccurred, messages::Message::Verbatim(kDuplicateName),
          dialogs::Explanation(result));

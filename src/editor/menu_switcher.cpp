@@ -5,14 +5,16 @@
 
 #include "editor/node_key.h"
 #include "editor/tools.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
 namespace {
 
-constexpr int kSelectArguments = 1630;
-constexpr int kSelectAliases = 1631;
-constexpr int kNoCurrentAlias = 1632;
+constexpr messages::TextNumber kNoReason = messages::kNoText;
+constexpr messages::TextNumber kSelectArguments{1630};
+constexpr messages::TextNumber kSelectAliases{1631};
+constexpr messages::TextNumber kNoCurrentAlias{1632};
 
 bool IsMenuBarTool(const forms::MenuControl& menu, const forms::Tool& tool) {
   for (const forms::Tool* in_bar : menu.FindBand(kMainBand)->Tools()) {
@@ -30,30 +32,30 @@ std::vector<ToolState> ToolStates(const MenuContext& context) {
   const bool arguments_selected = context.selected_arguments > 0;
   const bool aliases_selected = context.selected_aliases > 0;
   return {
-      {"mnuFunctions", formulas, 0},
-      {"mnuParameters", formula, 0},
-      {"mnuAliases", aliases, 0},
-      {"mnuOptions", true, 0},
-      {"mnuFunctionDescriptor", context.toolbar_flag && formulas, 0},
-      {"mnuFunctionNew", formulas && !formula, 0},
-      {"mnuFunctionEdit", formula, 0},
-      {"mnuFunctionDelete", formula, 0},
-      {"mnuFunctionShowCode", formula, 0},
-      {"mnuFunctionDuplicate", formula, 0},
-      {"mnuFunctionCopy", formula, 0},
-      {"mnuFunctionPaste", formulas, 0},
-      {"mnuParameterDescriptor", context.toolbar_flag && formulas, 0},
-      {"mnuParameterNew", formula, 0},
-      {"mnuParameterEdit", formula, 0},
-      {"mnuParameterDelete", formula && arguments_selected, formula ? kSelectArguments : 0},
-      {"mnuAliasDescriptor", context.toolbar_flag && aliases, 0},
-      {"mnuAliasNew", aliases, 0},
-      {"mnuAliasEdit", aliases && context.current_alias, aliases ? kNoCurrentAlias : 0},
-      {"mnuAliasDelete", aliases && aliases_selected, aliases ? kSelectAliases : 0},
-      {"mnuOptionActualize", true, 0},
-      {"mnuOptionStatistik", true, 0},
-      {"mnuOptionOption", true, 0},
-      {"mnuOptionReport", true, 0},
+      {"mnuFunctions", formulas},
+      {"mnuParameters", formula},
+      {"mnuAliases", aliases},
+      {"mnuOptions", true},
+      {"mnuFunctionDescriptor", context.toolbar_flag && formulas},
+      {"mnuFunctionNew", formulas && !formula},
+      {"mnuFunctionEdit", formula},
+      {"mnuFunctionDelete", formula},
+      {"mnuFunctionShowCode", formula},
+      {"mnuFunctionDuplicate", formula},
+      {"mnuFunctionCopy", formula},
+      {"mnuFunctionPaste", formulas},
+      {"mnuParameterDescriptor", context.toolbar_flag && formulas},
+      {"mnuParameterNew", formula},
+      {"mnuParameterEdit", formula},
+      {"mnuParameterDelete", formula && arguments_selected, formula ? kSelectArguments : kNoReason},
+      {"mnuAliasDescriptor", context.toolbar_flag && aliases},
+      {"mnuAliasNew", aliases},
+      {"mnuAliasEdit", aliases && context.current_alias, aliases ? kNoCurrentAlias : kNoReason},
+      {"mnuAliasDelete", aliases && aliases_selected, aliases ? kSelectAliases : kNoReason},
+      {"mnuOptionActualize", true},
+      {"mnuOptionStatistik", true},
+      {"mnuOptionOption", true},
+      {"mnuOptionReport", true},
   };
 }
 
@@ -65,7 +67,8 @@ void ApplyToolStates(forms::MenuControl& menu, const std::vector<ToolState>& sta
     tool->SetVisible(state.shown);
     if (IsMenuBarTool(menu, *tool)) continue;
     tool->SetEnabled(state.shown);
-    tool->SetDisabledReason(state.shown || state.reason == 0 ? std::string() : text(state.reason));
+    tool->SetDisabledReason(state.shown || state.reason == kNoReason ? std::string()
+                                                                     : text(state.reason));
   }
 }
 

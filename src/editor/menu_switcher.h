@@ -8,6 +8,7 @@
 
 #include "forms/form.h"
 #include "forms/menu_control.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
@@ -24,7 +25,7 @@ struct MenuContext {
 struct ToolState {
   const char* name;
   bool shown;
-  int reason;
+  messages::TextNumber reason{};
 };
 
 // The states of all tools but those that show the editor.

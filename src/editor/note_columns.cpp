@@ -3,25 +3,30 @@
 
 #include <span>
 
+#include "messages/text_number.h"
+
 namespace editor {
 
 namespace {
 
+using Text = messages::TextNumber;
+
 struct NoteColumn {
   const char* field;
-  std::int32_t caption;
+  Text caption;
   double width;  // twips
   forms::ColumnKind kind = forms::ColumnKind::kText;
 };
 
 // In the order of the cells that ArgumentRows appends.
-constexpr NoteColumn kArgumentNotes[] = {
-    {"ArgumentItem", 4380, 2100}, {"ItemType", 4381, 1050}, {"ItemComment", 4382, 1500}};
+constexpr NoteColumn kArgumentNotes[] = {{"ArgumentItem", Text{4380}, 2100},
+                                         {"ItemType", Text{4381}, 1050},
+                                         {"ItemComment", Text{4382}, 1500}};
 // In the order of the cells that AliasNoteRows appends.
-constexpr NoteColumn kAliasNotes[] = {{"ItemType", 4381, 1200},
-                                      {"Uses", 4383, 1800, forms::ColumnKind::kNumber},
-                                      {"Catalogue", 4384, 1350},
-                                      {"ItemComment", 4382, 2700}};
+constexpr NoteColumn kAliasNotes[] = {{"ItemType", Text{4381}, 1200},
+                                      {"Uses", Text{4383}, 1800, forms::ColumnKind::kNumber},
+                                      {"Catalogue", Text{4384}, 1350},
+                                      {"ItemComment", Text{4382}, 2700}};
 
 // The last one takes what room is left.
 void Add(forms::Grid& grid, std::span<const NoteColumn> notes, const forms::TextLookup& text) {

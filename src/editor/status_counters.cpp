@@ -4,13 +4,14 @@
 #include <limits>
 #include <string>
 
+#include "messages/text_number.h"
 #include "platform/error.h"
 
 namespace editor {
 
 namespace {
 
-constexpr std::int32_t kFirstLabel = 200;
+constexpr messages::TextNumber kFirstLabel{200};
 constexpr std::size_t kPanels = 4;
 constexpr std::int32_t kErrOverflow = 6;
 

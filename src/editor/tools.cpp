@@ -13,7 +13,9 @@ namespace editor {
 namespace {
 
 using forms::ToolKind;
+using Text = messages::TextNumber;
 
+constexpr Text kNone = messages::kNoText;
 constexpr ToolKey kNoKey;
 constexpr ToolKey kNewKey{"F8", forms::kKeyF8, 0};
 constexpr ToolKey kEditKey{"F9", forms::kKeyF9, 0};
@@ -36,44 +38,46 @@ constexpr auto kEdits = &Commands::mnuEdit;
 
 // Every tool once.
 constexpr ToolRow kTools[] = {
-    {"mnuFunctionDescriptor", 140, ToolKind::kLabel},
-    {"mnuFunctionNew", 141, kCommand, kNewKey, "new", 1640, kFunction, kNew},
-    {"mnuFunctionEdit", 142, kCommand, kEditKey, "edit", 1641, kFunction, kEdit},
-    {"mnuFunctionDelete", 143, kCommand, kDeleteKey, "delete", 1642, kFunction, kDelete},
-    {"mnuFunctionShowCode", 144, kCommand, kNoKey, "code", 1643, kFunction, kShowCode},
-    {"mnuFunctionDuplicate", 4160, kCommand, kNoKey, "", 4161, kFunction, kDuplicate},
-    {"mnuFunctionCopy", 1661, kCommand, kCopyKey, "", 0, kFunction, kCopy},
-    {"mnuFunctionPaste", 1662, kCommand, kPasteKey, "", 0, kFunction, kPaste},
-    {"mnuShowEditorSep", 0, ToolKind::kSeparator},
-    {kShowEditorTool, 170, kCommand, kEditorKey},
-    {"mnuParameterDescriptor", 150, ToolKind::kLabel},
-    {"mnuParameterNew", 151, kCommand, kNewKey, "new", 1644, kParameter, kNew},
-    {"mnuParameterEdit", 152, kCommand, kEditKey, "edit", 1645, kParameter, kEdit},
-    {"mnuParameterDelete", 153, kCommand, kDeleteKey, "delete", 1646, kParameter, kDelete},
-    {"mnuAliasDescriptor", 131, ToolKind::kLabel},
-    {"mnuAliasNew", 132, kCommand, kNewKey, "new", 1647, kAlias, kNew},
-    {"mnuAliasEdit", 133, kCommand, kEditKey, "edit", 1648, kAlias, kEdit},
-    {"mnuAliasDelete", 134, kCommand, kDeleteKey, "delete", 1649, kAlias, kDelete},
-    {"mnuGridSep", 0, ToolKind::kSeparator},
-    {"Edit", 1660, kCommand, kCellKey, "", 0, kGrid, kEditCell},
-    {"Copy", 1661, kCommand, kCopyKey, "", 0, kGrid, kCopyRows},
-    {"Paste", 1662, kCommand, kPasteKey, "", 0, kGrid, kPasteCell},
-    {"mnuOptionActualize", 162, kCommand, kNoKey, "refresh", 0, kExtra, kRefresh},
-    {"mnuOptionsSep0", 0, ToolKind::kSeparator},
-    {"mnuOptionStatistik", 161, kCommand, kNoKey, "statistics", 0, kExtra, kStatistics},
-    {"mnuOptionReport", 165, kCommand, kNoKey, "report", 0, kExtra, kReport},
-    {"mnuOptionSep1", 0, ToolKind::kSeparator},
-    {"mnuOptionOption", 163, kCommand, kNoKey, "options", 0, kExtra, kOptions},
-    {kUndoTool, 3801, kCommand, kUndoKey, "", 0, kEdits, kUndo},
-    {kRedoTool, 3802, kCommand, kRedoKey, "", 0, kEdits, kRedo},
-    {kEditTool, 3800, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kEditBand},
-    {"mnuFunctions", 121, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kFunctionBand},
-    {"mnuParameters", 150, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kParameterBand},
-    {"mnuAliases", 131, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kAliasBand},
-    {"mnuOptions", 160, ToolKind::kSubmenu, kNoKey, "", 0, nullptr, 0, kOptionBand},
-    {"mnuShowEditorHelper", 170, ToolKind::kLabel},
-    {"tbrSep0", 0, ToolKind::kSeparator},
-    {"tbrSep1", 0, ToolKind::kSeparator},
+    {"mnuFunctionDescriptor", Text{140}, ToolKind::kLabel},
+    {"mnuFunctionNew", Text{141}, kCommand, kNewKey, "new", Text{1640}, kFunction, kNew},
+    {"mnuFunctionEdit", Text{142}, kCommand, kEditKey, "edit", Text{1641}, kFunction, kEdit},
+    {"mnuFunctionDelete", Text{143}, kCommand, kDeleteKey, "delete", Text{1642}, kFunction,
+     kDelete},
+    {"mnuFunctionShowCode", Text{144}, kCommand, kNoKey, "code", Text{1643}, kFunction, kShowCode},
+    {"mnuFunctionDuplicate", Text{4160}, kCommand, kNoKey, "", Text{4161}, kFunction, kDuplicate},
+    {"mnuFunctionCopy", Text{1661}, kCommand, kCopyKey, "", kNone, kFunction, kCopy},
+    {"mnuFunctionPaste", Text{1662}, kCommand, kPasteKey, "", kNone, kFunction, kPaste},
+    {"mnuShowEditorSep", kNone, ToolKind::kSeparator},
+    {kShowEditorTool, Text{170}, kCommand, kEditorKey},
+    {"mnuParameterDescriptor", Text{150}, ToolKind::kLabel},
+    {"mnuParameterNew", Text{151}, kCommand, kNewKey, "new", Text{1644}, kParameter, kNew},
+    {"mnuParameterEdit", Text{152}, kCommand, kEditKey, "edit", Text{1645}, kParameter, kEdit},
+    {"mnuParameterDelete", Text{153}, kCommand, kDeleteKey, "delete", Text{1646}, kParameter,
+     kDelete},
+    {"mnuAliasDescriptor", Text{131}, ToolKind::kLabel},
+    {"mnuAliasNew", Text{132}, kCommand, kNewKey, "new", Text{1647}, kAlias, kNew},
+    {"mnuAliasEdit", Text{133}, kCommand, kEditKey, "edit", Text{1648}, kAlias, kEdit},
+    {"mnuAliasDelete", Text{134}, kCommand, kDeleteKey, "delete", Text{1649}, kAlias, kDelete},
+    {"mnuGridSep", kNone, ToolKind::kSeparator},
+    {"Edit", Text{1660}, kCommand, kCellKey, "", kNone, kGrid, kEditCell},
+    {"Copy", Text{1661}, kCommand, kCopyKey, "", kNone, kGrid, kCopyRows},
+    {"Paste", Text{1662}, kCommand, kPasteKey, "", kNone, kGrid, kPasteCell},
+    {"mnuOptionActualize", Text{162}, kCommand, kNoKey, "refresh", kNone, kExtra, kRefresh},
+    {"mnuOptionsSep0", kNone, ToolKind::kSeparator},
+    {"mnuOptionStatistik", Text{161}, kCommand, kNoKey, "statistics", kNone, kExtra, kStatistics},
+    {"mnuOptionReport", Text{165}, kCommand, kNoKey, "report", kNone, kExtra, kReport},
+    {"mnuOptionSep1", kNone, ToolKind::kSeparator},
+    {"mnuOptionOption", Text{163}, kCommand, kNoKey, "options", kNone, kExtra, kOptions},
+    {kUndoTool, Text{3801}, kCommand, kUndoKey, "", kNone, kEdits, kUndo},
+    {kRedoTool, Text{3802}, kCommand, kRedoKey, "", kNone, kEdits, kRedo},
+    {kEditTool, Text{3800}, ToolKind::kSubmenu, kNoKey, "", kNone, nullptr, 0, kEditBand},
+    {"mnuFunctions", Text{121}, ToolKind::kSubmenu, kNoKey, "", kNone, nullptr, 0, kFunctionBand},
+    {"mnuParameters", Text{150}, ToolKind::kSubmenu, kNoKey, "", kNone, nullptr, 0, kParameterBand},
+    {"mnuAliases", Text{131}, ToolKind::kSubmenu, kNoKey, "", kNone, nullptr, 0, kAliasBand},
+    {"mnuOptions", Text{160}, ToolKind::kSubmenu, kNoKey, "", kNone, nullptr, 0, kOptionBand},
+    {"mnuShowEditorHelper", Text{170}, ToolKind::kLabel},
+    {"tbrSep0", kNone, ToolKind::kSeparator},
+    {"tbrSep1", kNone, ToolKind::kSeparator},
 };
 
 struct BandRow {
@@ -135,8 +139,8 @@ void BuildBands(forms::MenuControl& menu, const forms::TextLookup& text) {
       forms::Tool& tool = band.AddTool(name, row.kind);
       if (shown_again) continue;
       tool.SetShortcut(row.key.text).SetIcon(row.icon).SetSubBand(row.sub_band);
-      if (row.caption != 0) tool.SetTag(std::to_string(row.caption));
-      if (row.tip != 0) tool.SetToolTip(text(row.tip));
+      if (row.caption != kNone) tool.SetTag(std::to_string(ToInt(row.caption)));
+      if (row.tip != kNone) tool.SetToolTip(text(row.tip));
     }
   }
   ShowUndoTools(menu, false);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "forms/menu_control.h"
+#include "messages/text_number.h"
 
 namespace editor {
 
@@ -38,14 +39,14 @@ struct ToolKey {
   std::int16_t shift = 0;
 };
 
-// Everything that is known of a tool. Texts are numbers of the text table, 0 for none.
+// Everything that is known of a tool. kNoText stands for none.
 struct ToolRow {
   const char* name;
-  std::int32_t caption = 0;
+  messages::TextNumber caption{};
   forms::ToolKind kind = forms::ToolKind::kCommand;
   ToolKey key{};
   const char* icon = "";
-  std::int32_t tip = 0;
+  messages::TextNumber tip{};
   void (Commands::*command)(std::int16_t) = nullptr;
   std::int16_t action = 0;
   const char* sub_band = "";

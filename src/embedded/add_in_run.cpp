@@ -22,6 +22,7 @@
 #include "embedded/window_system.h"
 #include "files/account.h"
 #include "files/file_system.h"
+#include "messages/text_number.h"
 #include "project/history_setting.h"
 #include "project/item_file.h"
 #include "project/provider_setting.h"
@@ -32,8 +33,8 @@ namespace embedded {
 
 namespace {
 
-constexpr std::int32_t kRunsAlready = 4003;
-constexpr std::int32_t kFault = 4004;
+constexpr messages::TextNumber kRunsAlready{4003};
+constexpr messages::TextNumber kFault{4004};
 
 // The item catalogue that stands in for the studio's item browser.
 std::string ItemsPath(const std::string& database) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "messages/text_number.h"
 #include "platform/text.h"
 
 namespace exchange {
@@ -16,7 +17,7 @@ bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 }  // namespace
 
-void JsonText::Refuse(std::int32_t text) {
+void JsonText::Refuse(messages::TextNumber text) {
   throw FormatError(Here(), {{at_ < text_.size() ? text : kTextJsonEnd}});
 }
 

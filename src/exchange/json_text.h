@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "exchange/place.h"
+#include "messages/text_number.h"
 
 namespace exchange {
 
@@ -49,7 +50,7 @@ class JsonText {
   void TakeWord(std::string_view word);
   void Unescape(std::size_t& to);
   char32_t TakeUnit();
-  [[noreturn]] void Refuse(std::int32_t text);
+  [[noreturn]] void Refuse(messages::TextNumber text);
 
   std::string& text_;
   std::size_t at_ = 0;

@@ -6,6 +6,7 @@
 
 #include "exchange/cell_values.h"
 #include "exchange/series_columns.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 
 namespace exchange {
@@ -69,7 +70,7 @@ void TableReader::Refuse(Member member, const messages::Message& reason) const {
   throw LineProblem{{PlaceOf(member), reason}};
 }
 
-void TableReader::Refuse(Member member, std::int32_t text) const {
+void TableReader::Refuse(Member member, messages::TextNumber text) const {
   Refuse(member, {{text}, {{"<Text>", Text(member)}}});
 }
 

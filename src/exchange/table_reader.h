@@ -8,6 +8,7 @@
 #include "exchange/contents.h"
 #include "exchange/delimited_text.h"
 #include "exchange/table_header.h"
+#include "messages/text_number.h"
 
 namespace exchange {
 
@@ -34,7 +35,7 @@ class TableReader {
   FormulaRow& FormulaRowOf(std::string_view name, std::string_view prog_id);
 
   [[noreturn]] void Refuse(Member member, const messages::Message& reason) const;
-  [[noreturn]] void Refuse(Member member, std::int32_t text) const;
+  [[noreturn]] void Refuse(Member member, messages::TextNumber text) const;
   // Values of a member; nothing when the cell is empty. Raise a problem for what is none.
   std::optional<bool> Truth(Member member) const;
   std::optional<std::int32_t> WholeNumber(Member member) const;

@@ -7,9 +7,9 @@ namespace {
 using messages::Message;
 using messages::Pattern;
 
-constexpr Pattern kFailure{0, "<What>. <Remedy>"};
-constexpr Pattern kFailureWithCause{0, "<What>: <Cause>. <Remedy>"};
-constexpr Pattern kCausedBy{0, "<What>: <Cause>"};
+constexpr Pattern kFailure{messages::kNoText, "<What>. <Remedy>"};
+constexpr Pattern kFailureWithCause{messages::kNoText, "<What>: <Cause>. <Remedy>"};
+constexpr Pattern kCausedBy{messages::kNoText, "<What>: <Cause>"};
 
 // With the separators of every system; empty for a bare name.
 std::string FolderOf(const std::string& path) {

@@ -3,6 +3,7 @@
 
 #include <charconv>
 
+#include "messages/text_number.h"
 #include "platform/text.h"
 
 namespace forms {
@@ -12,13 +13,13 @@ namespace {
 using platform::EqualsIgnoringCase;
 using platform::Variant;
 
-std::optional<std::int32_t> TextNumberOfTag(std::string_view tag) {
+std::optional<messages::TextNumber> TextNumberOfTag(std::string_view tag) {
   if (tag.size() < 2 || tag[0] != 'C') return std::nullopt;
   std::int32_t number = 0;
   auto end = tag.data() + tag.size();
   auto result = std::from_chars(tag.data() + 1, end, number);
   if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
-  return number;
+  return messages::TextNumber{number};
 }
 
 void LocaliseCaption(Control& control, const TextLookup& text) {

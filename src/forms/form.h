@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "forms/control.h"
+#include "messages/text_number.h"
 
 namespace forms {
 
@@ -86,7 +87,7 @@ class Form : public Container {
 };
 
 // Looks up a text by its number.
-using TextLookup = std::function<std::string(std::int32_t)>;
+using TextLookup = std::function<std::string(messages::TextNumber)>;
 
 // Replaces the caption of the form and of every control on it whose tag is "C" and a number by
 // the text of that number. The menu tools' captions are MenuControl::LocaliseTools.

@@ -42,7 +42,7 @@ Tool* MenuControl::FindTool(std::string_view name) const {
 void MenuControl::LocaliseTools(const TextLookup& text) {
   for (const auto& tool : tools_) {
     if (!tool->Tag().empty()) {
-      tool->SetCaption(text(platform::Variant(tool->Tag()).ToLong()));
+      tool->SetCaption(text(messages::TextNumber{platform::Variant(tool->Tag()).ToLong()}));
     }
   }
 }

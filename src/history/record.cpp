@@ -150,8 +150,8 @@ class LineReader {
 // --- Titles: number, how many values, each with its name and a text or a message ---
 
 void Write(const messages::Message& message, LineWriter& out) {
-  out.Number(message.number());
-  if (message.number() == 0) return out.Text(message.English());
+  out.Number(ToInt(message.number()));
+  if (message.number() == messages::kNoText) return out.Text(message.English());
   out.Number(message.values().size());
   for (const messages::Message::Value& value : message.values()) {
     out.Text(value.name);
@@ -165,8 +165,8 @@ void Write(const messages::Message& message, LineWriter& out) {
 }
 
 messages::Message ReadMessage(LineReader& in, int depth = 0) {
-  const auto number = in.Take<std::int32_t>();
-  if (number == 0) return messages::Message::Verbatim(in.Text());
+  const messages::TextNumber number{in.Take<std::int32_t>()};
+  if (number == messages::kNoText) return messages::Message::Verbatim(in.Text());
   std::vector<messages::Message::Value> values;
   for (auto count = in.Take<std::size_t>(); count > 0 && in.ok(); --count) {
     const std::string name = in.Text();

@@ -37,7 +37,7 @@ Recorder::Recorder(files::FileSystem& system, const std::string& database_path,
 
 void Recorder::Tell(const messages::Message& problem) {
   const std::string text =
-      std::to_string(problem.number()) + problem.Text("<Path>") + problem.Text("<Cause>");
+      std::to_string(ToInt(problem.number())) + problem.Text("<Path>") + problem.Text("<Cause>");
   if (std::ranges::count(told_, text) > 0) return;
   told_.push_back(text);
   problems_.push_back(problem);

@@ -6,7 +6,7 @@ namespace {
 
 using messages::Message;
 
-constexpr messages::Pattern kPlaceAndCause{0, "<Place>: <Cause>"};
+constexpr messages::Pattern kPlaceAndCause{messages::kNoText, "<Place>: <Cause>"};
 
 Message PlaceOf(const std::string& path, Place place) {
   if (place.page == kNoPage) return Message::Verbatim(path);

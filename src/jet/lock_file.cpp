@@ -11,7 +11,7 @@
 namespace jet {
 namespace {
 
-constexpr messages::Pattern kPlaceAndAccount{0, "<Computer> (<Account>)"};
+constexpr messages::Pattern kPlaceAndAccount{messages::kNoText, "<Computer> (<Account>)"};
 
 messages::Message UserOf(files::RandomAccessFile& file, int user) {
   std::array<std::byte, kUserRecordSize> record{};

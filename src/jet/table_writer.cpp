@@ -16,8 +16,8 @@
 namespace jet {
 namespace {
 
-constexpr messages::Pattern kTableAndCause{0, "<Table>: <Cause>"};
-constexpr messages::Pattern kColumnAndFault{0, "<Column>: <Fault>."};
+constexpr messages::Pattern kTableAndCause{messages::kNoText, "<Table>: <Cause>"};
+constexpr messages::Pattern kColumnAndFault{messages::kNoText, "<Column>: <Fault>."};
 
 messages::Message CannotHold(const Column& column, const messages::Message& fault) {
   const messages::Message refusal(message::kColumnCannotHold, {{"<Column>", column.name}});

@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kMaxFindings = 5000;
 constexpr std::uint64_t kProgressStep = 256;
 constexpr std::uint16_t kGeneralLegacy = 0x0409;
-constexpr messages::Pattern kPlaceAndFault{0, "<Place>: <Fault>"};
+constexpr messages::Pattern kPlaceAndFault{messages::kNoText, "<Place>: <Fault>"};
 
 messages::Message RowName(RowId id) {
   return {message::kPageRow, {{"<Page>", id.page}, {"<Row>", id.slot}}};

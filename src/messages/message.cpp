@@ -21,9 +21,9 @@ struct Message::Data {
 
 namespace {
 
-constexpr Pattern kVerbatim{0, "<Words>"};
-constexpr Pattern kJoined{0, "<First> <Second>"};
-constexpr Pattern kLines{0, "<First>\n<Second>"};
+constexpr Pattern kVerbatim{messages::kNoText, "<Words>"};
+constexpr Pattern kJoined{messages::kNoText, "<First> <Second>"};
+constexpr Pattern kLines{messages::kNoText, "<First>\n<Second>"};
 
 Message Together(const Pattern& pattern, const Message& first, const Message& second) {
   if (first.empty()) return second;
@@ -53,7 +53,7 @@ Message Message::Verbatim(std::string_view words) {
   return words.empty() ? Message() : Message(kVerbatim, {{"<Words>", words}});
 }
 
-std::int32_t Message::number() const { return data_ ? data_->pattern.number : 0; }
+TextNumber Message::number() const { return data_ ? data_->pattern.number : kNoText; }
 
 std::span<const Message::Value> Message::values() const {
   return data_ ? std::span<const Value>(data_->values) : std::span<const Value>();

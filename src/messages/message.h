@@ -15,12 +15,14 @@
 #include <utility>
 #include <vector>
 
+#include "messages/text_number.h"
+
 namespace messages {
 
 // One text of a layer, defined once, in the list of that layer ("<layer>/messages.def"). <Name>
 // stands for a value. The views are of literals.
 struct Pattern {
-  std::int32_t number = 0;        // of the text table; 0: the same in every language
+  TextNumber number = kNoText;
   std::string_view english = {};  // empty: only the text table has it
   friend bool operator==(const Pattern&, const Pattern&) = default;
 };
@@ -42,8 +44,8 @@ class Message {
   static Message Verbatim(std::string_view words);
 
   bool empty() const { return data_ == nullptr; }
-  // 0 when empty, verbatim, or the same in every language.
-  std::int32_t number() const;
+  // kNoText when empty, verbatim, or the same in every language.
+  TextNumber number() const;
   // What stands for its placeholders, in the order in which it was given.
   std::span<const Value> values() const;
   // The text or the message under the placeholder, angle brackets included; empty when there is

@@ -89,8 +89,8 @@ class Description {
   std::string text_;
 };
 
-[[noreturn]] void Raise(FlowText text) {
-  throw platform::Error(platform::ErrorKind::kRefused, text,
+[[noreturn]] void Raise(messages::TextNumber text) {
+  throw platform::Error(platform::ErrorKind::kRefused, ToInt(text),
                         messages::Message(messages::Pattern{text}));
 }
 

@@ -38,7 +38,7 @@ std::string DataFlowTable(const DataFlow& flow, const texts::TextTable& texts,
   }
   if (rows.empty()) return "<p class=\"none\">" + EscapeHtml(texts.Text(kFlowNone)) + "</p>\n";
   std::string html = "<table>\n<thead><tr>";
-  for (const FlowText head : {kFlowItem, kFlowWrittenBy, kFlowReadBy}) {
+  for (const messages::TextNumber head : {kFlowItem, kFlowWrittenBy, kFlowReadBy}) {
     html += "<th scope=\"col\">" + EscapeHtml(texts.Text(head)) + "</th>";
   }
   return html + "</tr></thead>\n<tbody>\n" + rows + "</tbody>\n</table>\n";

@@ -49,7 +49,7 @@ std::string StudioProjectName(const files::FileSystem& system, const std::string
 
 namespace {
 
-constexpr messages::Pattern kAtPath{0, "<Path>: <Problem>"};
+constexpr messages::Pattern kAtPath{messages::kNoText, "<Path>: <Problem>"};
 
 void OpenDatabase(recordset::JetConnection& connection, const std::string& path, bool read_only) {
   connection.Open(store::ProjectConnectionString(

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "codegen/data_type.h"
+#include "messages/text_number.h"
 #include "project/data_flow.h"
 #include "project/data_flow_table.h"
 #include "project/flow_texts.h"
@@ -18,37 +19,35 @@ namespace project {
 
 namespace {
 
-enum ReportText : int {
-  kTitle = 1700,
-  kContents,
-  kFormulasOf,
-  kNoClass,
-  kCallType,
-  kScanTime,
-  kState,
-  kEnabled,
-  kDisabled,
-  kComment,
-  kArguments,
-  kNoArguments,
-  kAlias,
-  kItem,
-  kDirection,
-  kIn,
-  kOut,
-  kInOut,
-  kNeither,
-  kNoCode,
-  kAliases,
-  kType,
-  kUses,
-  kUnused,
-  kNoneUnused,
-  kFormulas,
-  kNoFormulas,
-  kLanguage,
-  kNoAliases,
-};
+constexpr messages::TextNumber kTitle{1700};
+constexpr messages::TextNumber kContents{1701};
+constexpr messages::TextNumber kFormulasOf{1702};
+constexpr messages::TextNumber kNoClass{1703};
+constexpr messages::TextNumber kCallType{1704};
+constexpr messages::TextNumber kScanTime{1705};
+constexpr messages::TextNumber kState{1706};
+constexpr messages::TextNumber kEnabled{1707};
+constexpr messages::TextNumber kDisabled{1708};
+constexpr messages::TextNumber kComment{1709};
+constexpr messages::TextNumber kArguments{1710};
+constexpr messages::TextNumber kNoArguments{1711};
+constexpr messages::TextNumber kAlias{1712};
+constexpr messages::TextNumber kItem{1713};
+constexpr messages::TextNumber kDirection{1714};
+constexpr messages::TextNumber kIn{1715};
+constexpr messages::TextNumber kOut{1716};
+constexpr messages::TextNumber kInOut{1717};
+constexpr messages::TextNumber kNeither{1718};
+constexpr messages::TextNumber kNoCode{1719};
+constexpr messages::TextNumber kAliases{1720};
+constexpr messages::TextNumber kType{1721};
+constexpr messages::TextNumber kUses{1722};
+constexpr messages::TextNumber kUnused{1723};
+constexpr messages::TextNumber kNoneUnused{1724};
+constexpr messages::TextNumber kFormulas{1725};
+constexpr messages::TextNumber kNoFormulas{1726};
+constexpr messages::TextNumber kLanguage{1727};
+constexpr messages::TextNumber kNoAliases{1728};
 
 constexpr std::int32_t kVariant = 12;  // type of an item that nobody knows
 
@@ -89,7 +88,7 @@ class Report {
   }
 
  private:
-  std::string Text(int number) const { return EscapeHtml(texts_.Text(number)); }
+  std::string Text(messages::TextNumber number) const { return EscapeHtml(texts_.Text(number)); }
 
   // An alias or item, which may be broken where its parts meet.
   static std::string Name(std::string_view name) {
@@ -193,13 +192,14 @@ class Report {
     html_ += "</article>\n";
   }
 
-  void AddTerm(int name, const std::string& value) {
+  void AddTerm(messages::TextNumber name, const std::string& value) {
     html_ += "<dt>" + Text(name) + "</dt><dd>" + value + "</dd>\n";
   }
 
-  void AddHead(const char* table, std::initializer_list<int> names) {
+  void AddHead(const char* table, std::initializer_list<messages::TextNumber> names) {
     html_ += "<table class=\"" + std::string(table) + "\">\n<thead><tr>";
-    for (const int name : names) html_ += "<th scope=\"col\">" + Text(name) + "</th>";
+    for (const messages::TextNumber name : names)
+      html_ += "<th scope=\"col\">" + Text(name) + "</th>";
     html_ += "</tr></thead>\n<tbody>\n";
   }
 
@@ -210,10 +210,10 @@ class Report {
     }
     AddHead("arguments", {kAlias, kItem, kDirection});
     for (const store::ArgumentRecord& argument : formula.arguments) {
-      const int direction = argument.in && argument.out ? kInOut
-                            : argument.in               ? kIn
-                            : argument.out              ? kOut
-                                                        : kNeither;
+      const messages::TextNumber direction = argument.in && argument.out ? kInOut
+                                             : argument.in               ? kIn
+                                             : argument.out              ? kOut
+                                                                         : kNeither;
       html_ += "<tr><td>" + Link('a', argument.alias_id, Name(argument.vb_alias)) + "</td><td>" +
                Name(argument.item_id) + "</td><td>" + Text(direction) + "</td></tr>\n";
     }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kListed = 5;
 
-int TextOf(ItemCatalogue::Problem::Kind kind) {
+messages::TextNumber TextOf(ItemCatalogue::Problem::Kind kind) {
   using Kind = ItemCatalogue::Problem::Kind;
   switch (kind) {
     case Kind::kNoName:

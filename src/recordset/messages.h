@@ -9,7 +9,8 @@
 namespace recordset {
 
 namespace message {
-#define MESSAGE(name, number, english) inline constexpr messages::Pattern name{number, english};
+#define MESSAGE(name, number, english) \
+  inline constexpr messages::Pattern name{messages::TextNumber{number}, english};
 #include "recordset/messages.def"
 #undef MESSAGE
 }  // namespace message

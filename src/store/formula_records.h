@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "messages/text_number.h"
+
 namespace store {
 
 // FormulaCallType: TvbfFormulas.Type.
@@ -23,7 +25,7 @@ enum FormulaCallType : std::int32_t {
 };
 inline constexpr std::int32_t kCallTypes = 8;
 // Number of the text that names call type 0; the others follow.
-inline constexpr std::int32_t kFirstCallTypeText = 320;
+inline constexpr messages::TextNumber kFirstCallTypeText{320};
 
 // Milliseconds that a text names, a whole number from 0 on; nothing when it names none.
 std::optional<std::int32_t> ParseScanTime(std::string_view text);

@@ -8,6 +8,7 @@
 
 #include "codegen/refused.h"
 #include "codegen/vb_formula_code.h"
+#include "messages/text_number.h"
 #include "store/operation_texts.h"
 
 namespace store {
@@ -48,11 +49,11 @@ void OperationContext::Progress(std::size_t done, std::size_t total) {
   }
 }
 
-void OperationContext::Warn(std::int32_t text, Values values) {
+void OperationContext::Warn(messages::TextNumber text, Values values) {
   warnings_.push_back(messages::Message({text}, values));
 }
 
-void OperationContext::Refuse(std::int32_t text, Values values, messages::Message detail) {
+void OperationContext::Refuse(messages::TextNumber text, Values values, messages::Message detail) {
   throw OperationRefusal(Outcome::kRefused, messages::Message({text}, values), std::move(detail));
 }
 
@@ -77,7 +78,7 @@ void OperationContext::ShowNotUndone(OperationResult& result) {
   }
 }
 
-OperationResult OperationContext::Answer(std::int32_t failure_text,
+OperationResult OperationContext::Answer(messages::TextNumber failure_text,
                                          const std::function<void(OperationResult&)>& steps) {
   if (depth_ == 0) warnings_.clear();
   OperationResult result = Answered(failure_text, steps);
@@ -85,7 +86,7 @@ OperationResult OperationContext::Answer(std::int32_t failure_text,
   return result;
 }
 
-OperationResult OperationContext::Answered(std::int32_t failure_text,
+OperationResult OperationContext::Answered(messages::TextNumber failure_text,
                                            const std::function<void(OperationResult&)>& steps) {
   OperationResult result;
   const auto fail = [&](Outcome outcome, const std::exception& cause) {
@@ -136,7 +137,8 @@ void OperationContext::Look(const OperationOptions& options, const std::function
   steps();
 }
 
-OperationResult OperationContext::Run(const OperationOptions& options, std::int32_t failure_text,
+OperationResult OperationContext::Run(const OperationOptions& options,
+                                      messages::TextNumber failure_text,
                                       const std::function<void(OperationResult&)>& steps) {
   if (depth_ > 0) return RunPart(failure_text, steps);
   Begin(options);
@@ -163,7 +165,7 @@ OperationResult OperationContext::Run(const OperationOptions& options, std::int3
 }
 
 // The code follows at the end of the whole, so that only rows have to be put back.
-OperationResult OperationContext::RunPart(std::int32_t failure_text,
+OperationResult OperationContext::RunPart(messages::TextNumber failure_text,
                                           const std::function<void(OperationResult&)>& steps) {
   const PartStart start = {
       touched_.formulas.size(),     touched_.arguments.size(), touched_.aliases.size(),

@@ -41,10 +41,10 @@ class OperationContext {
 
   // The answer to `steps`, which look something up. A failure that is not refused by a step is
   // answered with `failure_text`, its cause as the detail.
-  OperationResult Answer(std::int32_t failure_text,
+  OperationResult Answer(messages::TextNumber failure_text,
                          const std::function<void(OperationResult&)>& steps);
   // The same as one unit of work over rows and code, or as a part of the one that runs.
-  OperationResult Run(const OperationOptions& options, std::int32_t failure_text,
+  OperationResult Run(const OperationOptions& options, messages::TextNumber failure_text,
                       const std::function<void(OperationResult&)>& steps);
 
   // Names the operation that runs, for the history.
@@ -63,8 +63,8 @@ class OperationContext {
   // Of the operation that runs; its parts are not told apart.
   void Progress(std::size_t done, std::size_t total);
   using Values = std::initializer_list<messages::Message::Value>;
-  void Warn(std::int32_t text, Values values);
-  [[noreturn]] static void Refuse(std::int32_t text, Values values = {},
+  void Warn(messages::TextNumber text, Values values);
+  [[noreturn]] static void Refuse(messages::TextNumber text, Values values = {},
                                   messages::Message detail = {});
 
   ProjectRows& rows() { return rows_; }
@@ -78,10 +78,10 @@ class OperationContext {
         rows;
   };
 
-  OperationResult RunPart(std::int32_t failure_text,
+  OperationResult RunPart(messages::TextNumber failure_text,
                           const std::function<void(OperationResult&)>& steps);
   void PutPartBack(const PartStart& start);
-  OperationResult Answered(std::int32_t failure_text,
+  OperationResult Answered(messages::TextNumber failure_text,
                            const std::function<void(OperationResult&)>& steps);
   void Begin(const OperationOptions& options);
   void RunUnit(const std::function<void(OperationResult&)>& steps, OperationResult& result);

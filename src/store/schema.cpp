@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "messages/text_number.h"
 #include "platform/text.h"
 #include "store/operation_texts.h"
 
@@ -13,8 +14,8 @@ namespace {
 using platform::Connection;
 using platform::DataType;
 
-constexpr std::int32_t kTextSize = 255;      // characters
-constexpr std::int32_t kTextMissing = 1800;  // what the database lacks, and the remedy
+constexpr std::int32_t kTextSize = 255;             // characters
+constexpr messages::TextNumber kTextMissing{1800};  // what the database lacks, and the remedy
 
 Connection::ColumnInfo Id() { return {"ID", DataType::kInteger, 0, true}; }
 Connection::ColumnInfo Number(const char* name) { return {name, DataType::kInteger, 0, false}; }

@@ -8,6 +8,7 @@
 #include "codegen/data_type.h"
 #include "dialogs/list_texts.h"
 #include "forms/list_search.h"
+#include "messages/text_number.h"
 #include "platform/text.h"
 #include "studio/window_texts.h"
 
@@ -15,7 +16,9 @@ namespace studio {
 
 namespace {
 
-constexpr std::int32_t kAliasCaption = 102;
+constexpr messages::TextNumber kOk{10};
+constexpr messages::TextNumber kCancel{11};
+constexpr messages::TextNumber kAliasCaption{102};
 constexpr double kAliasWidth = 2400;
 constexpr double kNameWidth = 4200, kTypeWidth = 1300, kCommentWidth = 3600;
 constexpr std::size_t kAllItems = static_cast<std::size_t>(-1);
@@ -88,11 +91,11 @@ ItemChooser::ItemChooser(platform::Toolkit& toolkit, const texts::TextTable& tex
   lvwItems.on_current_row = [this] { cmdOk.SetEnabled(!Choice().empty()); };
   txtSearch.on_change = [this] { OnSearch(); };
   txtSearch.on_key_down = [this](forms::KeyEvent& event) { OnSearchKey(event); };
-  cmdOk.SetCaption(texts.Text(10));
+  cmdOk.SetCaption(texts.Text(kOk));
   cmdOk.SetDefault(true);
   cmdOk.SetDisabledReason(texts.Text(kTextChooseItemReason));
   cmdOk.on_click = [this] { Close(true); };
-  cmdCancel.SetCaption(texts.Text(11));
+  cmdCancel.SetCaption(texts.Text(kCancel));
   cmdCancel.SetCancel(true);
   cmdCancel.on_click = [this] { Close(false); };
   on_query_unload = [this](bool& cancel, forms::CloseReason reason) {

@@ -10,6 +10,7 @@
 #include "files/file_system.h"
 #include "history/recorder.h"
 #include "history/undo.h"
+#include "messages/text_number.h"
 #include "platform/studio.h"
 #include "platform/unit_of_work.h"
 #include "texts/text_table.h"
@@ -52,7 +53,7 @@ class UndoSteps {
   Outcome Run(bool undo, std::optional<std::uint64_t> number = std::nullopt);
 
  private:
-  std::string Text(int number) const { return parts_.texts.Text(number); }
+  std::string Text(messages::TextNumber number) const { return parts_.texts.Text(number); }
   Outcome Tell(bool undo, const history::Reverted& reverted, editor::frmtabgrid& editor) const;
 
   Parts parts_;

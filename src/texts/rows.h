@@ -7,6 +7,8 @@
 #include <span>
 #include <string_view>
 
+#include "messages/text_number.h"
+
 namespace texts {
 
 // Marks a slot that was left out in the middle of a row; it is looked up as empty text.
@@ -14,17 +16,21 @@ inline constexpr const char* kOmitted = nullptr;
 
 // One text. CR LF marks a line break, <Name> a placeholder, & a mnemonic in captions.
 struct Row {
-  std::int32_t number;
+  constexpr Row(std::int32_t text, const char* in_german, const char* in_english = kOmitted,
+                const char* in_third_slot = nullptr)
+      : number{text}, german(in_german), english(in_english), third(in_third_slot) {}
+
+  messages::TextNumber number;
   const char* german;
-  const char* english = kOmitted;
-  const char* third = nullptr;  // slot 2, where a row has one
+  const char* english;
+  const char* third;  // slot 2, where a row has one
 };
 
 // The rows of an area and the numbers that it may use.
 struct Area {
   std::string_view name;
-  std::int32_t first;
-  std::int32_t last;
+  messages::TextNumber first;
+  messages::TextNumber last;
   std::span<const Row> rows;
 };
 

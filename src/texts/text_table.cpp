@@ -11,8 +11,10 @@ namespace texts {
 
 namespace {
 
-std::string NotFound(std::int32_t number) {
-  return "Resource " + std::to_string(number) + " not found";
+using messages::TextNumber;
+
+std::string NotFound(TextNumber number) {
+  return "Resource " + std::to_string(ToInt(number)) + " not found";
 }
 
 }  // namespace
@@ -27,42 +29,42 @@ Language ChooseLanguage(platform::SettingsService& settings) {
 
 std::span<const Area> Areas() {
   static const auto kAreas = std::to_array<Area>({
-      {"shared", 10, 999, SharedRows()},
-      {"store", 1000, 1099, StoreRows()},
-      {"codegen", 1100, 1199, CodegenRows()},
-      {"cli", 1200, 1399, CliRows()},
-      {"workbench", 1400, 1499, WorkbenchRows()},
-      {"desktop", 1500, 1599, DesktopRows()},
-      {"dialogs", 1600, 1699, DialogRows()},
-      {"help", 1700, 1799, HelpRows()},
-      {"engine", 1800, 1899, EngineRows()},
-      {"check", 3000, 3299, CheckRows()},
-      {"messages of files", 2000, 2199, FileMessageRows()},
-      {"messages of databases", 2200, 2599, DatabaseMessageRows()},
-      {"messages of recordsets", 2600, 2799, RecordsetMessageRows()},
-      {"messages of sources", 2800, 2899, SourceMessageRows()},
-      {"history", 3300, 3399, HistoryRows()},
-      {"exchange", 3400, 3599, ExchangeRows()},
-      {"code", 3600, 3799, CodeRows()},
-      {"window", 3800, 3899, WindowRows()},
-      {"search", 3900, 3999, SearchRows()},
-      {"com", 4000, 4099, ComRows()},
-      {"lists", 4100, 4199, ListRows()},
-      {"panes", 4200, 4299, PaneRows()},
-      {"plant", 4300, 4399, PlantRows()},
-      {"conflict", 4400, 4449, ConflictRows()},
-      {"messages of the provider", 4450, 4474, ProviderRows()},
-      {"studio", 4475, 4499, StudioRows()},
-      {"coding", 4650, 4749, CodingRows()},
-      {"notice", 4850, 4899, NoticeRows()},
-      {"many", 4750, 4849, ManyRows()},
-      {"frame", 4500, 4649, FrameRows()},
+      {"shared", TextNumber{10}, TextNumber{999}, SharedRows()},
+      {"store", TextNumber{1000}, TextNumber{1099}, StoreRows()},
+      {"codegen", TextNumber{1100}, TextNumber{1199}, CodegenRows()},
+      {"cli", TextNumber{1200}, TextNumber{1399}, CliRows()},
+      {"workbench", TextNumber{1400}, TextNumber{1499}, WorkbenchRows()},
+      {"desktop", TextNumber{1500}, TextNumber{1599}, DesktopRows()},
+      {"dialogs", TextNumber{1600}, TextNumber{1699}, DialogRows()},
+      {"help", TextNumber{1700}, TextNumber{1799}, HelpRows()},
+      {"engine", TextNumber{1800}, TextNumber{1899}, EngineRows()},
+      {"check", TextNumber{3000}, TextNumber{3299}, CheckRows()},
+      {"messages of files", TextNumber{2000}, TextNumber{2199}, FileMessageRows()},
+      {"messages of databases", TextNumber{2200}, TextNumber{2599}, DatabaseMessageRows()},
+      {"messages of recordsets", TextNumber{2600}, TextNumber{2799}, RecordsetMessageRows()},
+      {"messages of sources", TextNumber{2800}, TextNumber{2899}, SourceMessageRows()},
+      {"history", TextNumber{3300}, TextNumber{3399}, HistoryRows()},
+      {"exchange", TextNumber{3400}, TextNumber{3599}, ExchangeRows()},
+      {"code", TextNumber{3600}, TextNumber{3799}, CodeRows()},
+      {"window", TextNumber{3800}, TextNumber{3899}, WindowRows()},
+      {"search", TextNumber{3900}, TextNumber{3999}, SearchRows()},
+      {"com", TextNumber{4000}, TextNumber{4099}, ComRows()},
+      {"lists", TextNumber{4100}, TextNumber{4199}, ListRows()},
+      {"panes", TextNumber{4200}, TextNumber{4299}, PaneRows()},
+      {"plant", TextNumber{4300}, TextNumber{4399}, PlantRows()},
+      {"conflict", TextNumber{4400}, TextNumber{4449}, ConflictRows()},
+      {"messages of the provider", TextNumber{4450}, TextNumber{4474}, ProviderRows()},
+      {"studio", TextNumber{4475}, TextNumber{4499}, StudioRows()},
+      {"coding", TextNumber{4650}, TextNumber{4749}, CodingRows()},
+      {"notice", TextNumber{4850}, TextNumber{4899}, NoticeRows()},
+      {"many", TextNumber{4750}, TextNumber{4849}, ManyRows()},
+      {"frame", TextNumber{4500}, TextNumber{4649}, FrameRows()},
   });
   return kAreas;
 }
 
 TextTable::TextTable(Language language) : language_(language) {
-  auto add = [this](std::int32_t key, const char* text) {
+  auto add = [this](TextNumber key, const char* text) {
     slots_.emplace(key, text == kOmitted ? std::string_view() : std::string_view(text));
   };
   for (const Area& area : Areas()) {
@@ -74,18 +76,20 @@ TextTable::TextTable(Language language) : language_(language) {
   }
 }
 
-std::string TextTable::Text(std::int32_t number) const {
+std::string TextTable::Text(TextNumber number) const {
   // Numbers come from tags, so that any number must do.
-  std::int64_t key = std::int64_t{number} + (language_ == Language::kEnglish ? kSlotDistance : 0);
+  const std::int64_t key =
+      std::int64_t{ToInt(number)} + (language_ == Language::kEnglish ? kSlotDistance : 0);
   if (key != static_cast<std::int32_t>(key)) return NotFound(number);
-  auto found = slots_.find(static_cast<std::int32_t>(key));
+  auto found = slots_.find(TextNumber{static_cast<std::int32_t>(key)});
   return found == slots_.end() ? NotFound(number) : std::string(found->second);
 }
 
 std::string TextTable::Sentence(const messages::Message& message) const {
   return message.Sentence([this](const messages::Pattern& pattern) {
     const bool is_ours = pattern.english.empty();
-    const bool stays = !is_ours && (pattern.number == 0 || language_ == Language::kEnglish);
+    const bool stays =
+        !is_ours && (pattern.number == messages::kNoText || language_ == Language::kEnglish);
     if (stays || (!is_ours && !slots_.contains(pattern.number)))
       return std::string(pattern.english);
     return Text(pattern.number);
@@ -96,7 +100,7 @@ std::string TextTable::Sentence(const std::exception& error) const {
   return Sentence(messages::MessageOf(error));
 }
 
-std::string TextTable::Text(std::int32_t number,
+std::string TextTable::Text(TextNumber number,
                             std::initializer_list<Replacement> replacements) const {
   std::string pattern = Text(number);
   std::string_view rest = pattern;

@@ -47,9 +47,10 @@ class TextTable {
   Language GetLanguage() const { return language_; }
 
   // The text in the language of the table, or "Resource <number> not found".
-  std::string Text(std::int32_t number) const;
+  std::string Text(messages::TextNumber number) const;
   // The same with placeholders replaced in one pass: a value may hold what looks like one.
-  std::string Text(std::int32_t number, std::initializer_list<Replacement> replacements) const;
+  std::string Text(messages::TextNumber number,
+                   std::initializer_list<Replacement> replacements) const;
 
   // The sentence of a message. What the table lacks is said in the words of its layer.
   std::string Sentence(const messages::Message& message) const;
@@ -58,7 +59,8 @@ class TextTable {
 
  private:
   Language language_;
-  std::unordered_map<std::int32_t, std::string_view> slots_;  // by number + slot * kSlotDistance
+  std::unordered_map<messages::TextNumber, std::string_view>
+      slots_;  // by number + slot * kSlotDistance
 };
 
 }  // namespace texts

@@ -10,14 +10,15 @@
 
 #include <utility>
 
+#include "messages/text_number.h"
 #include "wx/convert.h"
 
 namespace wx {
 
 namespace {
 
-constexpr std::int32_t kCancel = 11;
-constexpr std::int32_t kDoneOfTotal = 1493;
+constexpr messages::TextNumber kCancel{11};
+constexpr messages::TextNumber kDoneOfTotal{1493};
 constexpr long kUpdateMs = 50;
 constexpr int kSteps = 1000;  // of the gauge
 constexpr int kWidth = 360;

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 #include "wx/convert.h"
 #include "wx/native.h"
@@ -20,7 +21,7 @@ namespace {
 
 using forms::Property;
 
-constexpr std::int32_t kFilterText = 1490;
+constexpr messages::TextNumber kFilterText{1490};
 constexpr int kDrag = 6;  // pixels at 100 % that the mouse moves before it drags
 
 }  // namespace

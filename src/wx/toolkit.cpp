@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+#include "messages/text_number.h"
 #include "texts/text_table.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
@@ -24,14 +25,14 @@ using platform::MessageResult;
 
 constexpr long kProgressDelayMs = 1000;
 
-constexpr std::int32_t kOk = 10;
-constexpr std::int32_t kCancel = 11;
-constexpr std::int32_t kApplicationTitle = 180;
-constexpr std::int32_t kControlKey = 1494;
-constexpr std::int32_t kShiftKey = 1495;
-constexpr std::int32_t kDeleteKey = 1496;
-constexpr std::int32_t kYes = 1491;
-constexpr std::int32_t kNo = 1492;
+constexpr messages::TextNumber kOk{10};
+constexpr messages::TextNumber kCancel{11};
+constexpr messages::TextNumber kApplicationTitle{180};
+constexpr messages::TextNumber kControlKey{1494};
+constexpr messages::TextNumber kShiftKey{1495};
+constexpr messages::TextNumber kDeleteKey{1496};
+constexpr messages::TextNumber kYes{1491};
+constexpr messages::TextNumber kNo{1492};
 
 long IconStyle(MessageIcon icon) {
   switch (icon) {

@@ -103,8 +103,8 @@ TEST_P(Mnemonics, OfTheMenusDoNotClash) {
       if (band->Name() != bench.Window().abr.MenuBar()) continue;
       // The workbench's menus stand in the same bar.
       const texts::TextTable texts(GetParam());
-      for (const int menu : {studio::kTextMenuProject, studio::kTextMenuHelp})
-        letters.Add(std::to_string(menu), texts.Text(menu));
+      for (const messages::TextNumber menu : {studio::kTextMenuProject, studio::kTextMenuHelp})
+        letters.Add(std::to_string(ToInt(menu)), texts.Text(menu));
     }
   }
 }
@@ -112,14 +112,15 @@ TEST_P(Mnemonics, OfTheMenusDoNotClash) {
 TEST_P(Mnemonics, OfTheWorkbenchMenusAreThereAndDoNotClash) {
   using namespace studio;
   const texts::TextTable texts(GetParam());
-  const std::vector<int> menus[] = {{kTextMenuNew, kTextMenuOpen, kTextMenuRecent,
-                                     kTextMenuSaveCode, kTextMenuBackups, kTextMenuQuit},
-                                    {kTextMenuContents, kTextMenuAbout}};
+  const std::vector<messages::TextNumber> menus[] = {
+      {kTextMenuNew, kTextMenuOpen, kTextMenuRecent, kTextMenuSaveCode, kTextMenuBackups,
+       kTextMenuQuit},
+      {kTextMenuContents, kTextMenuAbout}};
   for (const auto& menu : menus) {
     Letters letters;
-    for (const int item : menu) {
+    for (const messages::TextNumber item : menu) {
       EXPECT_NE(Mnemonic(texts.Text(item)), "") << texts.Text(item);
-      letters.Add(std::to_string(item), texts.Text(item));
+      letters.Add(std::to_string(ToInt(item)), texts.Text(item));
     }
   }
 }

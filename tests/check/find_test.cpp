@@ -125,8 +125,8 @@ TEST(Rules, HaveCodesOfTheirOwnAndTextsInBothLanguages) {
     EXPECT_EQ(FindRule(rule->code), rule);
     for (const auto language : {texts::Language::kGerman, texts::Language::kEnglish}) {
       const texts::TextTable table(language);
-      for (const std::int32_t number : {rule->text, rule->text + 1}) {
-        EXPECT_EQ(table.Text(number).find("not found"), std::string::npos) << number;
+      for (const messages::TextNumber number : {rule->text, rule->text + 1}) {
+        EXPECT_EQ(table.Text(number).find("not found"), std::string::npos) << ToInt(number);
       }
     }
   }

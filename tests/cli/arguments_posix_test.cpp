@@ -70,7 +70,7 @@ TEST(Arguments, WhatIsWrongIsNamed) {
   const CommandSpec& edit = *FindCommand("formula edit");
   struct Case {
     Words words;
-    int text;
+    messages::TextNumber text;
     std::string word;
   };
   const Case cases[] = {

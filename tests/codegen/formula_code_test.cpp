@@ -336,7 +336,7 @@ TEST(FormulaCodeTest, ChangesExactlyWhatIsMeant) {
       EXPECT_EQ(text, c.after);
       std::vector<std::int32_t> warnings;
       for (const messages::Message& warning : fixture.generator.TakeWarnings()) {
-        warnings.push_back(warning.number());
+        warnings.push_back(ToInt(warning.number()));
         const std::string said = support::Sentence(warning);
         EXPECT_EQ(said.find("not found"), std::string::npos) << said;
       }
@@ -407,7 +407,7 @@ TEST(FormulaCodeTest, WarnsNearTheLimitsOfVisualBasic) {
   EXPECT_EQ(
       support::Sentence(warnings[0]),
       "CPump.cls:2 has 1011 characters; Visual Basic accepts 1023 at most. Shorten the line.");
-  EXPECT_EQ(warnings[1].number(), 1107);
+  EXPECT_EQ(ToInt(warnings[1].number()), 1107);
 }
 
 TEST(FormulaCodeTest, HeaderEndsBelowSwitchedOffCode) {

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "messages/text_number.h"
 #include "tests/dialogs/dialog_bench.h"
 
 namespace dialogs {
@@ -276,9 +277,10 @@ TEST_P(DialogFlows, AliasIsRefusedUntilItConforms) {
   const std::string malformed =
       In("Der Alias ist nicht entsprechend den Visual Basic Namenskonventionen gewählt!!!",
          "The Alias does not meet the Visual Basic naming conventions!!!");
-  const std::string taken = context.texts.Text(
-      1010, {{"<Name>", "LEVEL"}, {"<Item>", "Tank1.Level"}, {"<Free>", "LEVEL1"}});
-  const std::string lines = context.texts.Text(1651);
+  const std::string taken =
+      context.texts.Text(messages::TextNumber{1010},
+                         {{"<Name>", "LEVEL"}, {"<Item>", "Tank1.Level"}, {"<Free>", "LEVEL1"}});
+  const std::string lines = context.texts.Text(messages::TextNumber{1651});
   struct Case {
     const char* item;
     const char* alias;
@@ -464,7 +466,8 @@ TEST_P(DialogFlows, ScanTimeIsANumberOfMilliseconds) {
       EXPECT_TRUE(dialog.Visible());
       EXPECT_TRUE(dialog.txtScanTime.Invalid());
     }
-    EXPECT_THAT(bench.toolkit.TakePrompts(), testing::Each(context.texts.Text(1650)));
+    EXPECT_THAT(bench.toolkit.TakePrompts(),
+                testing::Each(context.texts.Text(messages::TextNumber{1650})));
     dialog.cmbType.SetListIndex(0);
     EXPECT_FALSE(dialog.txtScanTime.Invalid()) << "is not used";
     dialog.cmbType.SetListIndex(7);
@@ -622,9 +625,11 @@ TEST_P(DialogFlows, DialogsSayWhenTheDatabaseFails) {
   EXPECT_FALSE(EditFormula(context, formula));
   EXPECT_EQ(AddArgument(context, formula), 0);
   EXPECT_FALSE(EditArgument(context, argument));
-  EXPECT_THAT(bench.toolkit.TakePrompts(),
-              ElementsAre(context.Text(551), context.Text(340), context.Text(340),
-                          context.Text(550), context.Text(550)));
+  EXPECT_THAT(
+      bench.toolkit.TakePrompts(),
+      ElementsAre(context.Text(messages::TextNumber{551}), context.Text(messages::TextNumber{340}),
+                  context.Text(messages::TextNumber{340}), context.Text(messages::TextNumber{550}),
+                  context.Text(messages::TextNumber{550})));
 }
 
 TEST_P(DialogFlows, ChoiceOfAliasSearchesNamesAndItems) {

@@ -11,11 +11,11 @@
 namespace editor {
 namespace {
 
-std::string TextNumber(std::int32_t number) { return std::to_string(number); }
+std::string NumberAsText(messages::TextNumber number) { return std::to_string(ToInt(number)); }
 
 struct Menu : forms::Form {
   forms::MenuControl abr{this, "abr"};
-  Menu() : Form("window") { BuildBands(abr, TextNumber); }
+  Menu() : Form("window") { BuildBands(abr, NumberAsText); }
 };
 
 // The tools that are both visible and enabled, those that always are left out.
@@ -82,7 +82,7 @@ TEST(MenuSwitcher, ShowsWhatAppliesToTheNode) {
   };
   Menu menu;
   for (const Case& c : cases) {
-    ApplyToolStates(menu.abr, ToolStates(c.context), TextNumber);
+    ApplyToolStates(menu.abr, ToolStates(c.context), NumberAsText);
     ShowEditorTools(menu.abr, c.context.toolbar_flag);
     EXPECT_EQ(ShownTools(menu.abr), c.shown) << c.context.key << " " << c.context.toolbar_flag;
   }
@@ -91,7 +91,7 @@ TEST(MenuSwitcher, ShowsWhatAppliesToTheNode) {
 TEST(MenuSwitcher, SaysWhyACommandDoesNotApply) {
   Menu menu;
   const auto reason = [&](const MenuContext& context, const char* tool) {
-    ApplyToolStates(menu.abr, ToolStates(context), TextNumber);
+    ApplyToolStates(menu.abr, ToolStates(context), NumberAsText);
     return menu.abr.FindTool(tool)->DisabledReason();
   };
   EXPECT_EQ(reason({"FORF12", false, 0, 0, false}, "mnuParameterDelete"), "1630");

@@ -27,7 +27,7 @@ struct Window : forms::Form {
 TEST(StatusCounters, AddResetSetAndGet) {
   Window window;
   StatusCounters counters(window.sb);
-  const auto text = [](std::int32_t number) { return std::to_string(number) + ":"; };
+  const auto text = [](messages::TextNumber number) { return std::to_string(ToInt(number)) + ":"; };
   const auto update = [&](CounterMode mode, Counts counts) {
     counters.Update(mode, counts, text);
     return counts;

@@ -107,9 +107,9 @@ TEST(ListReader, UnderstandsTablesOfEachKind) {
   }
 }
 
-std::string Problem(int line, int column, TextNumber text) {
+std::string Problem(int line, int column, messages::TextNumber text) {
   return "problem " + std::to_string(line) + ":" + std::to_string(column) + " " +
-         std::to_string(text) + "\n";
+         std::to_string(ToInt(text)) + "\n";
 }
 
 // Other lines are read all the same.
@@ -149,7 +149,7 @@ TEST(ListReader, NamesLinesThatSayNothing) {
 struct Refusal {
   const char* name;
   std::string bytes;
-  TextNumber text;
+  messages::TextNumber text;
   Place place;
 };
 

@@ -36,8 +36,8 @@ inline std::string ToText(const exchange::Contents& contents) {
     text += row.all_arguments ? " all\n" : "\n";
   }
   for (const exchange::Problem& problem : contents.problems) {
-    text +=
-        "problem " + ToText(problem.place) + " " + std::to_string(problem.reason.number()) + "\n";
+    text += "problem " + ToText(problem.place) + " " +
+            std::to_string(ToInt(problem.reason.number())) + "\n";
   }
   for (const std::string& name : contents.ignored) text += "ignored " + name + "\n";
   return text;

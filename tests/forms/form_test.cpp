@@ -115,7 +115,8 @@ TEST(Captions, AreReplacedWhereTheTagNamesAText) {
   form.cmdOk.SetCaption("as designed");
   form.chkFlag0.SetTag("Cx");
   form.chkFlag1.SetTag("C12x");
-  LocaliseCaptions(form, [](std::int32_t number) { return "text " + std::to_string(number); });
+  LocaliseCaptions(
+      form, [](messages::TextNumber number) { return "text " + std::to_string(ToInt(number)); });
   EXPECT_EQ(form.Caption(), "text 301");
   EXPECT_EQ(form.lblName.Caption(), "text 302");
   EXPECT_EQ(form.cmdOk.Caption(), "as designed");
@@ -217,7 +218,8 @@ TEST(Menu, SharesToolsBetweenBandsAndLocalisesThem) {
   tools.AddTool("sep", ToolKind::kSeparator);
   int changes = 0;
   auto subscription = menu.Observe([&](Property) { ++changes; });
-  menu.LocaliseTools([](std::int32_t number) { return "text " + std::to_string(number); });
+  menu.LocaliseTools(
+      [](messages::TextNumber number) { return "text " + std::to_string(ToInt(number)); });
   EXPECT_EQ(tools.Tools()[0]->Caption(), "text 141");
   EXPECT_EQ(tools.Tools()[1]->Caption(), "");
   EXPECT_EQ(changes, 1);

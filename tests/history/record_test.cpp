@@ -43,7 +43,9 @@ Record Sample(std::uint64_t number = 0) {
   record.time = 1795336255;
   record.who = "me@\there\\";
   record.program = "ovformula";
-  record.title = {{3322}, {{"<Title>", messages::Message({3301}, {{"<Name>", "a\nb"}})}}};
+  record.title = {
+      {messages::TextNumber{3322}},
+      {{"<Title>", messages::Message({messages::TextNumber{3301}}, {{"<Name>", "a\nb"}})}}};
   record.rows = {{"T", 1, Row{{"ID", "i1"}, {"Name", "ta"}}, Row{{"ID", "i1"}, {"Name", "tb"}}},
                  {"T", 2, {}, Row{{"ID", "i2"}, {"Note", Cell("t\0", 2)}}},
                  {"T", 3, Row{{"ID", "i3"}}, {}}};

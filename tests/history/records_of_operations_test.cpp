@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What leaves a record, and what stands in it.
+#include "messages/text_number.h"
 #include "tests/history/plant.h"
 
 namespace history {
@@ -22,7 +23,7 @@ class RecordsOfOperations : public testing::Test {
 };
 
 TEST_F(RecordsOfOperations, SeveralAsOneLeaveOneWithoutWhatWasRefused) {
-  constexpr messages::Pattern kAddAliases{3302};
+  constexpr messages::Pattern kAddAliases{messages::TextNumber{3302}};
   const auto result = operations().AsOne({kAddAliases, {{"<Count>", 2}}}, [&] {
     program_->AddAlias("Tank1.Level", "Level");
     const store::AliasValues two[] = {{"Tank1.Pump", "Pump"}, {"Tank2.Level", "Level"}};

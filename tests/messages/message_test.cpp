@@ -8,9 +8,9 @@
 namespace messages {
 namespace {
 
-constexpr Pattern kCannot{2012, "<Path> cannot be read"};
-constexpr Pattern kFailure{0, "<What>: <Cause>. <Remedy>"};
-constexpr Pattern kUnknown{9999, "Something <New> happened"};
+constexpr Pattern kCannot{TextNumber{2012}, "<Path> cannot be read"};
+constexpr Pattern kFailure{messages::kNoText, "<What>: <Cause>. <Remedy>"};
+constexpr Pattern kUnknown{TextNumber{9999}, "Something <New> happened"};
 
 TEST(Message, SaysItselfInBothLanguages) {
   const texts::TextTable german(texts::Language::kGerman);
@@ -37,15 +37,16 @@ TEST(Message, SaysItselfInBothLanguages) {
       {Message(kCannot, {{"<Path>", "A\r\nB"}}), "A  B cannot be read",
        "A  B lässt sich nicht lesen"},
       {Message::Verbatim("one\ntwo"), "one\ntwo", "one\ntwo"},
-      {Message({10}), "", "OK"},
+      {Message({TextNumber{10}}), "", "OK"},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(c.message.English(), c.english);
     EXPECT_EQ(german.Sentence(c.message), c.german);
   }
-  EXPECT_EQ(english.Sentence(Message({551})), "Data Storage  of Arguments Dialog failed");
-  EXPECT_EQ(english.Sentence(Message({407})), "Resource 407 not found");
-  EXPECT_EQ(cannot.number(), 2012);
+  EXPECT_EQ(english.Sentence(Message({TextNumber{551}})),
+            "Data Storage  of Arguments Dialog failed");
+  EXPECT_EQ(english.Sentence(Message({TextNumber{407}})), "Resource 407 not found");
+  EXPECT_EQ(ToInt(cannot.number()), 2012);
   EXPECT_EQ(cannot.Text("<Path>"), "/a<Path>/<Cause>");
 }
 

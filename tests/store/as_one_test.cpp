@@ -7,7 +7,7 @@
 namespace store {
 namespace {
 
-constexpr messages::Pattern kTitle{0, "Import <File>"};
+constexpr messages::Pattern kTitle{messages::kNoText, "Import <File>"};
 
 class AsOne : public testing::Test {
  protected:

@@ -147,7 +147,7 @@ TEST_F(CodeUsesTest, RefusesWhatWouldMeanSomethingElse) {
     const std::string before = project_.Code("CPump") + project_.Code("CTank");
     const OperationResult result = operations().EditAlias(1, {"Tank1.Level", "Height"}, WithUses());
     EXPECT_EQ(result.outcome, Outcome::kRefused) << test.body;
-    EXPECT_EQ(result.message.number(), test.text) << support::ToText(result);
+    EXPECT_EQ(ToInt(result.message.number()), test.text) << support::ToText(result);
     EXPECT_EQ(support::Sentence(result.message).find(test.place), 0u) << support::ToText(result);
     EXPECT_EQ(project_.Code("CPump") + project_.Code("CTank"), before);
     EXPECT_EQ(operations().FindAlias(1)->vb_alias, "Level");
@@ -158,7 +158,7 @@ TEST_F(CodeUsesTest, RefusesANameThatTheClassDeclares) {
   Write("CPump", "Fill", "  Level = 1\r\n");
   project_.PutCode("CPump", "Public Height As Long\r\n" + project_.Code("CPump"));
   const OperationResult result = operations().EditAlias(1, {"Tank1.Level", "Height"}, WithUses());
-  EXPECT_EQ(result.message.number(), 3606) << support::ToText(result);
+  EXPECT_EQ(ToInt(result.message.number()), 3606) << support::ToText(result);
   EXPECT_EQ(support::Sentence(result.message).find("CPump.cls:1 "), 0u) << support::ToText(result);
 }
 
@@ -215,14 +215,14 @@ TEST_F(CodeUsesTest, FindsAndReplacesAsOneOperation) {
   EXPECT_EQ(operations().FindInCode("Leve", {true, true}).places.size(), 0u);
   EXPECT_EQ(operations().FindInCode("", {}).places.size(), 0u);
   const std::vector<codegen::CodePlace> some(found.places.begin() + 3, found.places.begin() + 6);
-  EXPECT_EQ(operations().ReplaceInCode(some, "a\r\nb").message.number(), 3603);
-  EXPECT_EQ(operations().ReplaceInCode(some, std::string(1000, 'x')).message.number(), 3611);
+  EXPECT_EQ(ToInt(operations().ReplaceInCode(some, "a\r\nb").message.number()), 3603);
+  EXPECT_EQ(ToInt(operations().ReplaceInCode(some, std::string(1000, 'x')).message.number()), 3611);
   Do(operations().ReplaceInCode(some, "h"));
   EXPECT_NE(project_.Code("CPump").find("  x = \"Gr\xFC\xDF"
                                         "e\" & h: h = 1 'h\r\n"),
             std::string::npos)
       << project_.Code("CPump");
-  EXPECT_EQ(operations().ReplaceInCode(some, "h").message.number(), 3604)
+  EXPECT_EQ(ToInt(operations().ReplaceInCode(some, "h").message.number()), 3604)
       << "the line is another now";
 }
 

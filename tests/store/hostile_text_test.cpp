@@ -169,7 +169,7 @@ TEST_P(HostileTextTest, AddsNoStatement) {
       arguments.push_back(added.id());
       if (!named) {
         ASSERT_EQ(added.warnings.size(), 1u);
-        EXPECT_EQ(added.warnings[0].number(), 1109);
+        EXPECT_EQ(ToInt(added.warnings[0].number()), 1109);
       }
       if (named) Merge(expected, {"Public " + name + " as Variant"});
       EXPECT_EQ(Statements(project.Code("CPump")), expected) << project.Code("CPump");

@@ -143,7 +143,7 @@ TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
   for (const auto& c : kCases) {
     const OperationResult result = c.operation();
     EXPECT_EQ(result.outcome, Outcome::kRefused) << c.what;
-    EXPECT_EQ((c.text == 1012 ? result.detail : result.message).number(), c.text)
+    EXPECT_EQ(ToInt((c.text == 1012 ? result.detail : result.message).number()), c.text)
         << c.what << ": " << support::ToText(result);
     EXPECT_NE(support::ToText(result).find(c.detail), std::string::npos)
         << c.what << ": " << support::ToText(result);
@@ -157,8 +157,8 @@ TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
 TEST_F(OperationsTest, CallTypeSixForbidsInAndOut) {
   Do(Edit(2, [](auto& v) { v.type = 6; }));
   const ArgumentValues both[] = {{2, true, true}};
-  EXPECT_EQ(operations().AddArguments(2, both).message.number(), 552);
-  EXPECT_EQ(operations().EditArgument(3, {1, true, true}).message.number(), 552);
+  EXPECT_EQ(ToInt(operations().AddArguments(2, both).message.number()), 552);
+  EXPECT_EQ(ToInt(operations().EditArgument(3, {1, true, true}).message.number()), 552);
   Do(operations().EditArgument(3, {1, true, false}));
 }
 
@@ -235,7 +235,7 @@ TEST_F(OperationsTest, SharedDeclarationStaysUntilItsLastUse) {
   const std::string declaration = "Public Level as Double 'Tank1.Level\r\n";
   Do(operations().DeleteArguments(Ids{1}));
   EXPECT_NE(project_.Code("CPump").find(declaration), std::string::npos);
-  EXPECT_EQ(operations().DeleteAliases(Ids{1}).detail.number(), 1012);
+  EXPECT_EQ(ToInt(operations().DeleteAliases(Ids{1}).detail.number()), 1012);
   Do(operations().DeleteFormulas(Ids{2}));
   EXPECT_EQ(project_.Code("CPump").find(declaration), std::string::npos);
   Do(operations().DeleteAliases(Ids{1}));
@@ -252,7 +252,7 @@ TEST_F(OperationsTest, AnItemThatNobodyKnowsKeepsItsType) {
         << project_.Code(cls);
     std::string said;
     for (const messages::Message& w : result.warnings)
-      said += w.number() == 1113 ? support::Sentence(w) : "";
+      said += ToInt(w.number()) == 1113 ? support::Sentence(w) : "";
     EXPECT_EQ(said.empty(), *warning == 0) << said;
     EXPECT_NE(said.find(warning), std::string::npos) << said;
   };
@@ -351,9 +351,9 @@ TEST_F(OperationsTest, WhatIsDeclaredIsFoundAgain) {
   const ArgumentValues values[] = {{added.id(), true, false}};
   const OperationResult used = Do(operations().AddArguments(1, values));
   ASSERT_EQ(added.warnings.size(), 1u);
-  EXPECT_EQ(added.warnings[0].number(), 1128);
+  EXPECT_EQ(ToInt(added.warnings[0].number()), 1128);
   ASSERT_EQ(used.warnings.size(), 1u);
-  EXPECT_EQ(used.warnings[0].number(), 1109);
+  EXPECT_EQ(ToInt(used.warnings[0].number()), 1109);
   Do(operations().DeleteArguments(used.ids));
   EXPECT_EQ(project_.Code("CPump"), before);
 }
@@ -448,15 +448,15 @@ TEST_F(OperationsTest, HintsSayWhyAValidNameMayNotDo) {
                 {"Next", 451, 0}, {"a b", 451, 0}, {" ", 450, 0}};
   for (const auto& c : kCases) {
     const OperationResult result = operations().CheckAlias({"item", c.name});
-    EXPECT_EQ(result.message.number(), c.refused) << c.name;
-    EXPECT_EQ(result.warnings.empty() ? 0 : result.warnings[0].number(), c.hint) << c.name;
+    EXPECT_EQ(ToInt(result.message.number()), c.refused) << c.name;
+    EXPECT_EQ(result.warnings.empty() ? 0 : ToInt(result.warnings[0].number()), c.hint) << c.name;
     const AliasValues values[] = {{"item", c.name}};
     const OperationResult added = operations().AddAliases(values);
-    EXPECT_EQ(added.message.number(), c.refused) << c.name;
-    EXPECT_EQ(added.warnings.empty() ? 0 : added.warnings[0].number(), c.hint) << c.name;
+    EXPECT_EQ(ToInt(added.message.number()), c.refused) << c.name;
+    EXPECT_EQ(added.warnings.empty() ? 0 : ToInt(added.warnings[0].number()), c.hint) << c.name;
   }
   EXPECT_TRUE(operations().CheckAlias({"item", "LEVEL"}, 1).success()) << "its own name";
-  EXPECT_EQ(operations().CheckFormulaName("Next").message.number(), 1007);
+  EXPECT_EQ(ToInt(operations().CheckFormulaName("Next").message.number()), 1007);
   EXPECT_TRUE(operations().CheckFormulaName("FillTank").success());
 }
 
@@ -485,9 +485,9 @@ TEST_F(OperationsTest, RefusesNamesOfTypesAndElements) {
   const std::int32_t manual = project_.AddAlias("Tank1.Manual", "Manual");
   const std::int32_t formula = Do(operations().AddFormula({"Mix", "PumpServer.CTank"})).id();
   const ArgumentValues values[] = {{manual, true, false}};
-  EXPECT_EQ(operations().AddArguments(formula, values).message.number(), 1016);
+  EXPECT_EQ(ToInt(operations().AddArguments(formula, values).message.number()), 1016);
   const auto refused = operations().AddFormula({"emode", "PumpServer.CTank"});
-  EXPECT_EQ(refused.message.number(), 1105);
+  EXPECT_EQ(ToInt(refused.message.number()), 1105);
   EXPECT_NE(support::ToText(refused).find("a type or an enumeration"), std::string::npos)
       << support::ToText(refused);
 }
@@ -501,7 +501,7 @@ TEST_F(OperationsTest, MovesOntoASubOnlyIfItCanBeAFormula) {
                                                            {"Private Sub FillTank()", 1115}};
   for (const auto& [declaration, text] : kRefused) {
     const std::string before = project_.Code("CPump");
-    EXPECT_EQ(move(declaration).message.number(), text);
+    EXPECT_EQ(ToInt(move(declaration).message.number()), text);
     EXPECT_EQ(Formula(1).prog_id, kClass);
     EXPECT_EQ(project_.Code("CPump"), before);
     EXPECT_EQ(project_.Code("CTank"), std::string(declaration) + "\r\nEnd Sub\r\n");
@@ -513,14 +513,14 @@ TEST_F(OperationsTest, AbsentCodeIsAWarningAndNoProjectARefusal) {
   project_.PutCode("CPump", "Option Explicit\r\n");
   const OperationResult result = Do(Edit(1, [](auto& v) { v.comment = "c", v.name = "Fill"; }));
   ASSERT_EQ(result.warnings.size(), 1u) << support::ToText(result);
-  EXPECT_EQ(result.warnings[0].number(), 1102);
+  EXPECT_EQ(ToInt(result.warnings[0].number()), 1102);
   EXPECT_EQ(Do(operations().DeleteFormulas(Ids{2})).warnings.size(), 1u);
 
   project_.open->Use(nullptr);
   const std::string before = State();
-  EXPECT_EQ(Edit(1, [](auto& v) { v.name = "Other"; }).message.number(), 1004);
-  EXPECT_EQ(operations().DeleteFormulas(Ids{1}).message.number(), 1004);
-  EXPECT_EQ(operations().EditAlias(1, {"x", "Other"}).message.number(), 1004);
+  EXPECT_EQ(ToInt(Edit(1, [](auto& v) { v.name = "Other"; }).message.number()), 1004);
+  EXPECT_EQ(ToInt(operations().DeleteFormulas(Ids{1}).message.number()), 1004);
+  EXPECT_EQ(ToInt(operations().EditAlias(1, {"x", "Other"}).message.number()), 1004);
   EXPECT_EQ(State(), before);
   Do(Edit(1, [](auto& v) { v.comment = "needs no code"; }));
   EditFormulaOptions rows_only;
@@ -597,7 +597,7 @@ TEST_F(OperationsTest, ManyObjectsAreOneUnit) {
 
   // One that cannot be done undoes all.
   aliases = {{"a", "Fresh"}, {"b", "Fresh"}};
-  EXPECT_EQ(operations().AddAliases(aliases).message.number(), 1010);
+  EXPECT_EQ(ToInt(operations().AddAliases(aliases).message.number()), 1010);
   EXPECT_FALSE(operations().FindAliasByName("Fresh"));
 }
 
@@ -621,7 +621,7 @@ TEST_F(OperationsTest, AStoredClassThatIsGoneCanBeLeft) {
       1, [](auto& v) { v.prog_id = "Gone.CPump"; }, rows_only));
   const OperationResult result = Do(Edit(1, [](auto& v) { v.prog_id = "PumpServer.CTank"; }));
   ASSERT_FALSE(result.warnings.empty());
-  EXPECT_EQ(result.warnings[0].number(), 1100);
+  EXPECT_EQ(ToInt(result.warnings[0].number()), 1100);
   EXPECT_NE(project_.Code("CTank").find("Public Sub FillTank()"), std::string::npos);
 }
 

@@ -39,12 +39,12 @@ std::multiset<std::string> Placeholders(const std::string& text) {
 
 TEST(LayerMessages, HaveEachItsGermanRow) {
   for (const Layer& layer : Layers()) {
-    std::map<std::int32_t, std::string> german;
+    std::map<messages::TextNumber, std::string> german;
     for (const Row& row : layer.rows) german.emplace(row.number, row.german);
     EXPECT_GT(layer.messages.size(), 5u);
     for (const messages::Pattern& pattern : layer.messages) {
       const std::string english(pattern.english);
-      SCOPED_TRACE(std::to_string(pattern.number) + " " + english);
+      SCOPED_TRACE(std::to_string(ToInt(pattern.number)) + " " + english);
       const auto row = german.find(pattern.number);
       ASSERT_NE(row, german.end()) << "no German row, or two messages of this number";
       EXPECT_FALSE(english.empty());
@@ -53,7 +53,7 @@ TEST(LayerMessages, HaveEachItsGermanRow) {
       german.erase(row);
     }
     for (const auto& [number, text] : german)
-      ADD_FAILURE() << number << " has no message: " << text;
+      ADD_FAILURE() << ToInt(number) << " has no message: " << text;
   }
 }
 

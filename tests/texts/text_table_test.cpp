@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "texts/text_table.h"
+#include "messages/text_number.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,8 @@
 
 namespace texts {
 namespace {
+
+using messages::TextNumber;
 
 TEST(Language, OnlyAmericanEnglishIsEnglish) {
   for (std::int32_t lcid : {1031, 2057, 1036, 0, -1, 9}) {
@@ -49,16 +52,16 @@ TEST(TextTable, LooksUpByNumberAndLanguage) {
   const TextTable german(Language::kGerman);
   const TextTable english(Language::kEnglish);
   for (const Case& c : cases) {
-    EXPECT_EQ(german.Text(c.number), c.german) << c.number;
-    EXPECT_EQ(english.Text(c.number), c.english) << c.number;
+    EXPECT_EQ(german.Text(TextNumber{c.number}), c.german) << c.number;
+    EXPECT_EQ(english.Text(TextNumber{c.number}), c.english) << c.number;
   }
 }
 
 TEST(TextTable, ReplacesPlaceholdersOnce) {
   const TextTable english(Language::kEnglish);
-  EXPECT_EQ(english.Text(601, {{"<Name>", "<Name><Name>"}}),
+  EXPECT_EQ(english.Text(TextNumber{601}, {{"<Name>", "<Name><Name>"}}),
             "'OrvanaStudio Formula '<Name><Name>'\r\n");
-  EXPECT_EQ(english.Text(10, {{"", "x"}, {"<Name>", "y"}}), "OK");
+  EXPECT_EQ(english.Text(TextNumber{10}, {{"", "x"}, {"<Name>", "y"}}), "OK");
 }
 
 std::multiset<std::string> Placeholders(const std::string& text) {
@@ -73,19 +76,19 @@ bool HasMnemonic(std::string_view text) {
 }
 
 TEST(Rows, AreCompleteInBothLanguages) {
-  std::set<std::int32_t> seen;
+  std::set<TextNumber> seen;
   for (const Area& area : Areas()) {
     for (const Row& row : area.rows) {
-      SCOPED_TRACE(std::string(area.name) + " " + std::to_string(row.number));
+      SCOPED_TRACE(std::string(area.name) + " " + std::to_string(ToInt(row.number)));
       EXPECT_TRUE(seen.insert(row.number).second) << "number used twice";
       EXPECT_GE(row.number, area.first);
       EXPECT_LE(row.number, area.last);
       ASSERT_TRUE(row.german && *row.german) << "no German text";
-      if (row.number == 192) continue;                     // its second slot is left out
+      if (row.number == TextNumber{192}) continue;         // its second slot is left out
       if (area.name.starts_with("messages of")) continue;  // the layer has the English one
       ASSERT_TRUE(row.english && *row.english) << "no English text";
       EXPECT_EQ(Placeholders(row.german), Placeholders(row.english));
-      if (row.number >= 1000) {
+      if (row.number >= TextNumber{1000}) {
         EXPECT_EQ(HasMnemonic(row.german), HasMnemonic(row.english)) << "mnemonic in one language";
       }
     }

@@ -2,6 +2,7 @@
 // Mouse and keys in the tables: what is done is done to the row that was meant.
 #include <gtest/gtest.h>
 
+#include "messages/text_number.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
 #include "tests/window/said.h"
@@ -97,19 +98,19 @@ TEST_F(RowsTest, DeletingTellsOnceWhatIsUsed) {
   plant.Delete(3);
   Input({MoveTo(2) + "click 1", "key ctrl+Delete sleep 0.8 key alt+y"});
   EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two"}));
-  EXPECT_EQ(program.Status(), texts.Text(1655));
+  EXPECT_EQ(program.Status(), texts.Text(messages::TextNumber{1655}));
 }
 
 // A key that has nothing to act on says so.
 TEST_F(RowsTest, NothingIsDoneWithoutAWord) {
   Input({"key --delay 60 Home Down Down", "key F9"});
-  EXPECT_EQ(program.Status(), texts.Text(3851));
+  EXPECT_EQ(program.Status(), texts.Text(messages::TextNumber{3851}));
   Input({"key alt+F6"});
   plant.Delete(1);
   plant.Delete(2);
   plant.Delete(3);
   Input({"key alt+F6 key --delay 60 Home Down Down Down sleep 0.3", "key alt+F6 key F9"});
-  EXPECT_EQ(program.Status(), texts.Text(1620));
+  EXPECT_EQ(program.Status(), texts.Text(messages::TextNumber{1620}));
   // The table says that F8 adds one: from the tree, too.
   Input({"key alt+F6 key F8 sleep 0.8", "type --delay 40 Two", "key Return"});
   EXPECT_EQ(plant.Rows("TvbfParams", {"AliasID"}), Lines{"2"});

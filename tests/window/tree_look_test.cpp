@@ -55,8 +55,8 @@ class TreeLookTest : public ::testing::Test {
       names.push_back(Tree().Tree()->Find(key)->text);
     return names;
   }
-  void Choose(int entry) {
-    program.window().ProcessCommand(entry);
+  void Choose(messages::TextNumber entry) {
+    program.window().ProcessCommand(ToInt(entry));
     display::Pump(100);
   }
   // Rows of the table of formulas.

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "desktop/history_pane.h"
-#include "desktop/undo_texts.h"
 #include "project/project.h"
+#include "studio/undo_texts.h"
 #include "tests/window/desktop_program.h"
 #include "tests/window/rows_of.h"
 #include "tests/window/said.h"
@@ -54,10 +54,12 @@ class Undo : public ::testing::Test {
  protected:
   Undo() { EXPECT_TRUE(program.Open()); }
 
-  wxMenuItem& Entry(int number) { return *program.window().GetMenuBar()->FindItem(number); }
-  std::string UndoEntry() { return Label(desktop::kTextUndoLast); }
-  std::string RedoEntry() { return Label(desktop::kTextRedoLast); }
-  std::string Label(int number) {
+  wxMenuItem& Entry(messages::TextNumber number) {
+    return *program.window().GetMenuBar()->FindItem(ToInt(number));
+  }
+  std::string UndoEntry() { return Label(studio::kTextUndoLast); }
+  std::string RedoEntry() { return Label(studio::kTextRedoLast); }
+  std::string Label(messages::TextNumber number) {
     const wxMenuItem& item = Entry(number);
     return (item.IsEnabled() ? "" : "(" + item.GetHelp().utf8_string() + ") ") +
            item.GetItemLabelText().utf8_string();

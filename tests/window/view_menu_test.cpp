@@ -29,8 +29,8 @@ struct Panes {
   desktop::CodeEditor& code;
 };
 
-bool Checked(const DesktopProgram& program, int entry) {
-  return program.window().GetMenuBar()->FindItem(entry)->IsChecked();
+bool Checked(const DesktopProgram& program, messages::TextNumber entry) {
+  return program.window().GetMenuBar()->FindItem(ToInt(entry))->IsChecked();
 }
 
 TEST(ViewMenu, PanesGoAndComeBack) {
