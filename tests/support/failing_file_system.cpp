@@ -46,17 +46,14 @@ struct FailingFileSystem::Counter {
   std::uint64_t bytes_written = 0;
 };
 
-class FailingFileSystem::OpenFile final : public RandomAccessFile {
+class FailingFileSystem::OpenFile final : public ForwardingFile {
  public:
   OpenFile(std::unique_ptr<RandomAccessFile> inner, std::shared_ptr<Counter> counter)
-      : inner_(std::move(inner)), counter_(std::move(counter)) {}
-
-  const std::string& path() const override { return inner_->path(); }
-  bool read_only() const override { return inner_->read_only(); }
+      : ForwardingFile(std::move(inner)), counter_(std::move(counter)) {}
 
   std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
     counter_->Check(Operation::kRead, path());
-    return inner_->ReadAt(offset, out);
+    return ForwardingFile::ReadAt(offset, out);
   }
 
   void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
@@ -64,49 +61,40 @@ class FailingFileSystem::OpenFile final : public RandomAccessFile {
         counter_->fired && counter_->fault && counter_->fault->length == Fault::Length::kCrash;
     if (counter_->Fires(Operation::kWrite)) {
       if (counter_->fault->short_writes && !was_crashed) {
-        inner_->WriteAt(offset, data.first(counter_->ShortSize(offset, data.size())));
+        ForwardingFile::WriteAt(offset, data.first(counter_->ShortSize(offset, data.size())));
       }
       counter_->Fail(path());
     }
-    inner_->WriteAt(offset, data);
+    ForwardingFile::WriteAt(offset, data);
     counter_->bytes_written += data.size();
   }
 
-  std::uint64_t Size() override { return inner_->Size(); }
-
   void Truncate(std::uint64_t size) override {
     counter_->Check(Operation::kTruncate, path());
-    inner_->Truncate(size);
+    ForwardingFile::Truncate(size);
   }
 
   void Sync() override {
     counter_->Check(Operation::kSync, path());
-    inner_->Sync();
+    ForwardingFile::Sync();
   }
-
-  FileStamp Stamp() override { return inner_->Stamp(); }
 
   bool TryLock(std::uint64_t offset, std::uint64_t length, LockMode mode) override {
     counter_->Check(Operation::kLock, path());
-    return inner_->TryLock(offset, length, mode);
-  }
-
-  void Unlock(std::uint64_t offset, std::uint64_t length) override {
-    inner_->Unlock(offset, length);
+    return ForwardingFile::TryLock(offset, length, mode);
   }
 
   bool IsLockedByOthers(std::uint64_t offset, std::uint64_t length) override {
     counter_->Check(Operation::kLock, path());
-    return inner_->IsLockedByOthers(offset, length);
+    return ForwardingFile::IsLockedByOthers(offset, length);
   }
 
  private:
-  std::unique_ptr<RandomAccessFile> inner_;
   std::shared_ptr<Counter> counter_;
 };
 
 FailingFileSystem::FailingFileSystem(FileSystem& inner)
-    : inner_(inner), counter_(std::make_shared<Counter>()) {}
+    : ForwardingFileSystem(inner), counter_(std::make_shared<Counter>()) {}
 
 FailingFileSystem::~FailingFileSystem() = default;
 
@@ -124,75 +112,47 @@ std::unique_ptr<RandomAccessFile> FailingFileSystem::OpenLike(const std::string&
                                                               OpenMode mode,
                                                               const std::string& like) {
   counter_->Check(Operation::kOpen, path);
-  return std::make_unique<OpenFile>(inner_.OpenLike(path, mode, like), counter_);
-}
-
-bool FailingFileSystem::Exists(const std::string& path) { return inner_.Exists(path); }
-
-bool FailingFileSystem::IsLink(const std::string& path) { return inner_.IsLink(path); }
-
-std::uint64_t FailingFileSystem::NameCount(const std::string& path) {
-  return inner_.NameCount(path);
-}
-
-bool FailingFileSystem::IsDirectory(const std::string& path) { return inner_.IsDirectory(path); }
-
-std::optional<FileStamp> FailingFileSystem::Stamp(const std::string& path) {
-  return inner_.Stamp(path);
+  return std::make_unique<OpenFile>(ForwardingFileSystem::OpenLike(path, mode, like), counter_);
 }
 
 std::vector<DirectoryEntry> FailingFileSystem::List(const std::string& folder) {
   counter_->Check(Operation::kList, folder);
-  return inner_.List(folder);
+  return ForwardingFileSystem::List(folder);
 }
 
 void FailingFileSystem::Rename(const std::string& from, const std::string& to) {
   counter_->Check(Operation::kRename, from);
-  inner_.Rename(from, to);
+  ForwardingFileSystem::Rename(from, to);
 }
 
 void FailingFileSystem::RenameNew(const std::string& from, const std::string& to) {
   counter_->Check(Operation::kRename, from);
-  inner_.RenameNew(from, to);
+  ForwardingFileSystem::RenameNew(from, to);
 }
 
 bool FailingFileSystem::Exchange(const std::string& one, const std::string& other) {
   counter_->Check(Operation::kRename, one);
-  return inner_.Exchange(one, other);
+  return ForwardingFileSystem::Exchange(one, other);
 }
 
 void FailingFileSystem::Remove(const std::string& path) {
   counter_->Check(Operation::kRemove, path);
-  inner_.Remove(path);
+  ForwardingFileSystem::Remove(path);
 }
 
 void FailingFileSystem::CreateDirectories(const std::string& folder) {
   counter_->Check(Operation::kCreateDirectories, folder);
-  inner_.CreateDirectories(folder);
+  ForwardingFileSystem::CreateDirectories(folder);
 }
 
 void FailingFileSystem::SyncDirectory(const std::string& folder) {
   counter_->Check(Operation::kSyncDirectory, folder);
-  inner_.SyncDirectory(folder);
+  ForwardingFileSystem::SyncDirectory(folder);
 }
-
-std::string FailingFileSystem::Canonical(const std::string& path) { return inner_.Canonical(path); }
-
-bool FailingFileSystem::IsWritable(const std::string& path) { return inner_.IsWritable(path); }
 
 void FailingFileSystem::CopyAttributes(const std::string& from, const std::string& to) {
   counter_->Check(Operation::kCopyAttributes, to);
-  inner_.CopyAttributes(from, to);
-}
-
-std::string FailingFileSystem::Join(std::string_view folder, std::string_view name) const {
-  return inner_.Join(folder, name);
-}
-
-std::string FailingFileSystem::Folder(std::string_view path) const { return inner_.Folder(path); }
-
-std::string FailingFileSystem::FileName(std::string_view path) const {
-  return inner_.FileName(path);
+  ForwardingFileSystem::CopyAttributes(from, to);
 }
 
 }  // namespace files

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "files/file_system.h"
+#include "tests/support/forwarding_file_system.h"
 
 namespace files {
 
@@ -44,7 +44,7 @@ struct Fault {
 };
 
 // Forwards to another file system until an armed fault fires. Files that it opened fail too.
-class FailingFileSystem final : public FileSystem {
+class FailingFileSystem final : public ForwardingFileSystem {
  public:
   explicit FailingFileSystem(FileSystem& inner);
   ~FailingFileSystem() override;
@@ -59,11 +59,6 @@ class FailingFileSystem final : public FileSystem {
 
   std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
                                              const std::string& like) override;
-  bool Exists(const std::string& path) override;
-  bool IsLink(const std::string& path) override;
-  std::uint64_t NameCount(const std::string& path) override;
-  bool IsDirectory(const std::string& path) override;
-  std::optional<FileStamp> Stamp(const std::string& path) override;
   std::vector<DirectoryEntry> List(const std::string& folder) override;
   void Rename(const std::string& from, const std::string& to) override;
   void RenameNew(const std::string& from, const std::string& to) override;
@@ -71,19 +66,12 @@ class FailingFileSystem final : public FileSystem {
   void Remove(const std::string& path) override;
   void CreateDirectories(const std::string& folder) override;
   void SyncDirectory(const std::string& folder) override;
-  std::string Canonical(const std::string& path) override;
-  bool IsWritable(const std::string& path) override;
   void CopyAttributes(const std::string& from, const std::string& to) override;
-
-  std::string Join(std::string_view folder, std::string_view name) const override;
-  std::string Folder(std::string_view path) const override;
-  std::string FileName(std::string_view path) const override;
 
  private:
   struct Counter;
   class OpenFile;
 
-  FileSystem& inner_;
   std::shared_ptr<Counter> counter_;
 };
 

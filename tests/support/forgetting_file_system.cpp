@@ -48,19 +48,13 @@ struct ForgettingFileSystem::Log {
   std::map<Identity, Contents> files;
 };
 
-class ForgettingFileSystem::OpenFile final : public RandomAccessFile {
+class ForgettingFileSystem::OpenFile final : public ForwardingFile {
  public:
   OpenFile(std::unique_ptr<RandomAccessFile> now, std::shared_ptr<Log> log)
-      : now_(std::move(now)), log_(std::move(log)), identity_(now_->Stamp().identity) {}
-
-  const std::string& path() const override { return now_->path(); }
-  bool read_only() const override { return now_->read_only(); }
-  std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
-    return now_->ReadAt(offset, out);
-  }
+      : ForwardingFile(std::move(now)), log_(std::move(log)), identity_(Stamp().identity) {}
 
   void WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
-    now_->WriteAt(offset, data);
+    ForwardingFile::WriteAt(offset, data);
     while (!data.empty()) {
       const std::uint64_t count = std::min(kSector - offset % kSector, std::uint64_t{data.size()});
       Change change;
@@ -72,40 +66,29 @@ class ForgettingFileSystem::OpenFile final : public RandomAccessFile {
     }
   }
 
-  std::uint64_t Size() override { return now_->Size(); }
-
   void Truncate(std::uint64_t size) override {
-    now_->Truncate(size);
+    ForwardingFile::Truncate(size);
     Change change;
     change.size = size;
     contents().pending.push_back(change);
   }
 
   void Sync() override {
-    now_->Sync();
+    ForwardingFile::Sync();
     for (const Change& change : contents().pending) change.Apply(contents().on_medium);
     contents().pending.clear();
-    contents().modified_ns = now_->Stamp().modified_ns;
-  }
-
-  FileStamp Stamp() override { return now_->Stamp(); }
-  bool TryLock(std::uint64_t offset, std::uint64_t length, LockMode mode) override {
-    return now_->TryLock(offset, length, mode);
-  }
-  void Unlock(std::uint64_t offset, std::uint64_t length) override { now_->Unlock(offset, length); }
-  bool IsLockedByOthers(std::uint64_t offset, std::uint64_t length) override {
-    return now_->IsLockedByOthers(offset, length);
+    contents().modified_ns = Stamp().modified_ns;
   }
 
  private:
   Contents& contents() { return log_->files[identity_]; }
 
-  std::unique_ptr<RandomAccessFile> now_;
   std::shared_ptr<Log> log_;
   Identity identity_;
 };
 
-ForgettingFileSystem::ForgettingFileSystem() : log_(std::make_shared<Log>()) {}
+ForgettingFileSystem::ForgettingFileSystem()
+    : ForwardingFileSystem(now_), log_(std::make_shared<Log>()) {}
 
 ForgettingFileSystem::~ForgettingFileSystem() = default;
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "files/memory_file_system.h"
+#include "tests/support/forwarding_file_system.h"
 
 namespace files {
 
@@ -17,7 +18,7 @@ namespace files {
 // everything at once, as in memory. After a power cut, of the writes to a file since its last
 // Sync any sectors of 512 bytes may be there, in any order, and any of its changes of size; of
 // the names in a folder any changes since its last SyncDirectory, a rename whole or not at all.
-class ForgettingFileSystem final : public FileSystem {
+class ForgettingFileSystem final : public ForwardingFileSystem {
  public:
   ForgettingFileSystem();
   ~ForgettingFileSystem() override;
@@ -31,29 +32,11 @@ class ForgettingFileSystem final : public FileSystem {
 
   std::unique_ptr<RandomAccessFile> OpenLike(const std::string& path, OpenMode mode,
                                              const std::string& like) override;
-  bool Exists(const std::string& path) override { return now_.Exists(path); }
-  bool IsLink(const std::string& path) override { return now_.IsLink(path); }
-  std::uint64_t NameCount(const std::string& path) override { return now_.NameCount(path); }
-  bool IsDirectory(const std::string& path) override { return now_.IsDirectory(path); }
-  std::optional<FileStamp> Stamp(const std::string& path) override { return now_.Stamp(path); }
-  std::vector<DirectoryEntry> List(const std::string& folder) override { return now_.List(folder); }
   void Rename(const std::string& from, const std::string& to) override;
   void RenameNew(const std::string& from, const std::string& to) override;
   bool Exchange(const std::string& one, const std::string& other) override;
   void Remove(const std::string& path) override;
-  void CreateDirectories(const std::string& folder) override { now_.CreateDirectories(folder); }
   void SyncDirectory(const std::string& folder) override;
-  std::string Canonical(const std::string& path) override { return now_.Canonical(path); }
-  bool IsWritable(const std::string& path) override { return now_.IsWritable(path); }
-  void CopyAttributes(const std::string& from, const std::string& to) override {
-    now_.CopyAttributes(from, to);
-  }
-
-  std::string Join(std::string_view folder, std::string_view name) const override {
-    return now_.Join(folder, name);
-  }
-  std::string Folder(std::string_view path) const override { return now_.Folder(path); }
-  std::string FileName(std::string_view path) const override { return now_.FileName(path); }
 
  private:
   class OpenFile;
