@@ -31,7 +31,8 @@ constexpr int kRuns = 5;          // of the program, each with all its measureme
 constexpr int kRounds = 5;        // of each key
 constexpr double kPatience = 60;  // seconds
 constexpr const char* kOverview = "overview of formulas";
-constexpr double kTwoFrames = 32;  // milliseconds
+constexpr const char* kOpened = "project open";  // the window is there already
+constexpr double kTwoFrames = 32;                // milliseconds
 
 std::int64_t Nanoseconds() {
   return std::chrono::steady_clock::now().time_since_epoch() / std::chrono::nanoseconds(1);
@@ -60,7 +61,10 @@ class MeasuredApp : public wxApp {
         texts::Language::kEnglish);
     window_ = &program_->window();
     window_->CallAfter([this] {
+      const Stopwatch opening;
       window_->OpenProject(folder_ + "/Plant.ovs");
+      Settle();
+      Print(kOpened, 1e3 * opening.Seconds());
       window_->CallAfter([this] { Measure(); });
     });
     return true;
@@ -94,6 +98,11 @@ class MeasuredApp : public wxApp {
     Yield(true);
   }
   wxDataViewCtrl& Grid() { return *ShownGrid(*window_->EditorHost()); }
+  // Where the table draws itself, a window within it has the keyboard.
+  bool GridHasKeyboard() {
+    wxWindow* focused = wxWindow::FindFocus();
+    return focused == &Grid() || Grid().IsDescendant(focused);
+  }
   unsigned Rows() {
     return dynamic_cast<wxDataViewVirtualListModel*>(Grid().GetModel())->GetCount();
   }
@@ -156,7 +165,7 @@ class MeasuredApp : public wxApp {
     MeasureNodes();
     Do([this] { Press(WXK_HOME); }, [] { return true; });
     Do([this] { Press(WXK_DOWN); }, [this] { return Rows() > 50; });  // the aliases
-    Do([this] { Press(WXK_F6, wxMOD_ALT); }, [this] { return Grid().HasFocus(); });
+    Do([this] { Press(WXK_F6, wxMOD_ALT); }, [this] { return GridHasKeyboard(); });
     const unsigned last = Rows() - 1;
     const auto go = [this](int key, unsigned row) {
       Do([&] { Press(key); }, [&] { return Current() == row; });
@@ -201,8 +210,7 @@ class MeasuredApp : public wxApp {
     };
     const auto open = [=, this] {
       clear();
-      Do([this] { Press('F', wxMOD_CONTROL); },
-         [this] { return wxWindow::FindFocus() != &Grid(); });
+      Do([this] { Press('F', wxMOD_CONTROL); }, [this] { return !GridHasKeyboard(); });
     };
     const auto fewer = [this, all] { return Rows() < all; };
     Time(
@@ -292,7 +300,7 @@ int Compare() {
              1);
   PrintHeading("100,000 aliases", "100");
   for (const std::string& name : many.order) {
-    if (name == "window up" || name == kOverview) continue;
+    if (name == "window up" || name == kOpened || name == kOverview) continue;
     PrintRatio(name, many.Figure(name), few.Figure(name), "ms", 2);
   }
   return 0;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "files/windows_handle.h"
@@ -10,6 +11,14 @@ namespace {
 std::uint64_t Join(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
 DWORD Low(std::uint64_t value) { return static_cast<DWORD>(value); }
 DWORD High(std::uint64_t value) { return static_cast<DWORD>(value >> 32); }
+
+// Since 1970-01-01 UTC.
+std::int64_t Nanoseconds(const FILETIME& time) {
+  // File times count 100 ns since 1601-01-01.
+  constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
+  return (static_cast<std::int64_t>(Join(time.dwHighDateTime, time.dwLowDateTime)) - kUnixEpoch) *
+         100;
+}
 
 OVERLAPPED At(std::uint64_t offset) {
   OVERLAPPED place = {};
@@ -78,7 +87,15 @@ class WindowsFile final : public RandomAccessFile {
     if (!::FlushFileBuffers(handle_.get())) RaiseLast(path_, message::kCannotReachMedium);
   }
 
-  FileStamp Stamp() override { return StampOfHandle(handle_.get(), path_); }
+  // Which file it is does not change and costs most to find out; databases ask before each reading.
+  FileStamp Stamp() override {
+    if (!identity_) identity_ = StampOfHandle(handle_.get(), path_).identity;
+    FILETIME written;
+    if (!::GetFileTime(handle_.get(), nullptr, nullptr, &written)) {
+      RaiseLast(path_, message::kCannotBeExamined);
+    }
+    return {Size(), Nanoseconds(written), *identity_};
+  }
 
   // The system adds locks of one handle instead of replacing them. What is held in the range is
   // given up first, and taken again when the new lock cannot be had.
@@ -203,6 +220,7 @@ class WindowsFile final : public RandomAccessFile {
   std::string path_;
   bool read_only_;
   std::vector<Held> held_;  // none overlaps another
+  std::optional<std::uint64_t> identity_;
 };
 
 }  // namespace
@@ -214,12 +232,8 @@ std::unique_ptr<RandomAccessFile> MakeFile(Handle handle, std::string path, bool
 FileStamp StampOfHandle(HANDLE handle, const std::string& path) {
   BY_HANDLE_FILE_INFORMATION info;
   if (!::GetFileInformationByHandle(handle, &info)) RaiseLast(path, message::kCannotBeExamined);
-  // File times count 100 ns since 1601-01-01.
-  constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
   constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;  // keeps equal numbers of two media apart
-  const auto ticks = static_cast<std::int64_t>(
-      Join(info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime));
-  return {Join(info.nFileSizeHigh, info.nFileSizeLow), (ticks - kUnixEpoch) * 100,
+  return {Join(info.nFileSizeHigh, info.nFileSizeLow), Nanoseconds(info.ftLastWriteTime),
           Join(info.nFileIndexHigh, info.nFileIndexLow) + kSpread * info.dwVolumeSerialNumber};
 }
 

@@ -100,9 +100,11 @@ const Row* RowView::SourceRow(std::size_t index) const {
   return offset < found->second.size() ? &found->second[offset] : nullptr;
 }
 
+// Each cell that is drawn asks: a source may look into its file to count its rows.
 const Row* RowView::RowAt(std::size_t position) const {
-  if (position >= RowCount()) return nullptr;
-  return SourceRow(Arranged() ? shown_[position] : position);
+  if (!source_) return nullptr;
+  if (!Arranged()) return SourceRow(position);
+  return position < shown_.size() ? SourceRow(shown_[position]) : nullptr;
 }
 
 std::int64_t RowView::IdAt(std::size_t position) const {

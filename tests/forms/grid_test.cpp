@@ -17,7 +17,10 @@ using platform::Variant;
 class CountingRows : public RowSource {
  public:
   explicit CountingRows(std::size_t count) : count_(count) {}
-  std::size_t RowCount() override { return count_; }
+  std::size_t RowCount() override {
+    ++counted_;
+    return count_;
+  }
   std::vector<Row> Rows(std::size_t first, std::size_t count) override {
     std::vector<Row> rows;
     for (std::size_t i = first; i < count_ && i < first + count; ++i) {
@@ -34,10 +37,12 @@ class CountingRows : public RowSource {
   static std::int64_t Id(std::size_t index) { return static_cast<std::int64_t>(index) + 1000; }
   std::size_t delivered() const { return delivered_; }
   std::size_t looked_up() const { return looked_up_; }
+  std::size_t counted() const { return counted_; }
   void SetCount(std::size_t count) { count_ = count; }
 
  private:
   std::size_t count_;
+  std::size_t counted_ = 0;
   std::size_t looked_up_ = 0;
   std::size_t delivered_ = 0;
 };
@@ -287,10 +292,12 @@ TEST_F(GridTest, ReadsOnlyTheBlocksThatAreSeen) {
   auto many = std::make_shared<CountingRows>(100000);
   grid.SetRowSource(many);
   EXPECT_EQ(grid.RowCount(), 100000u);
+  const std::size_t counted = many->counted();
   for (std::size_t i = 0; i < 40; ++i) {
     EXPECT_EQ(grid.Cell(70000 + i, 0), Variant("Tank" + std::to_string(70000 + i) + ".Level"));
   }
   EXPECT_LE(many->delivered(), 512u);
+  EXPECT_EQ(many->counted(), counted) << "counting may read a file";
   EXPECT_TRUE(grid.SetCurrentId(CountingRows::Id(99999)));
   EXPECT_EQ(grid.CurrentPosition(), 99999u);
   EXPECT_EQ(grid.Cell(100000, 0), Variant());
