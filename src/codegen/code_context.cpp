@@ -6,6 +6,7 @@
 
 #include "codegen/source_line.h"
 #include "codegen/sub_lines.h"
+#include "platform/prog_id.h"
 
 namespace codegen {
 
@@ -18,12 +19,12 @@ std::string Place::File() const { return FileNameOf(*component); }
 
 Place Locate(const CodeContext& context, std::string_view prog_id) {
   Place place{std::string(prog_id), nullptr};
-  const std::size_t point = prog_id.find('.');
-  if (!context.vbe || point == std::string_view::npos) return place;
-  const std::string_view rest = prog_id.substr(point + 1);
-  const auto project = context.vbe->FindProject(prog_id.substr(0, point));
+  const platform::ProgId named(prog_id);
+  if (!context.vbe || named.project().empty()) return place;
+  const auto project = context.vbe->FindProject(named.project());
   if (!project) return place;
-  place.component = project->FindComponent(rest.substr(0, rest.find('.')));
+  const std::string_view name = named.class_name();
+  place.component = project->FindComponent(name.substr(0, name.find('.')));
   if (place.component) place.module = place.component->Module();
   if (place.module) place.module->RequireSource();
   return place;

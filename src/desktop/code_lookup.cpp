@@ -3,6 +3,7 @@
 
 #include "editor/node_key.h"
 #include "platform/error.h"
+#include "platform/prog_id.h"
 #include "studio/window_texts.h"
 
 namespace desktop {
@@ -21,12 +22,10 @@ void CodeLookup::FindNode(const std::string& key) {
   if (!editor || !editor::IsFormulaKey(key) || id <= 0) return;
   const auto formula = editor->operations().FindFormula(id);
   if (!formula) return;
-  const auto point = formula->prog_id.find('.');
-  const bool named = point != std::string::npos;
+  const platform::ProgId named(formula->prog_id);
   const auto project =
-      named ? project_.vb()->FindProject(formula->prog_id.substr(0, point)) : nullptr;
-  const auto component =
-      project ? project->FindComponent(formula->prog_id.substr(point + 1)) : nullptr;
+      named.project().empty() ? nullptr : project_.vb()->FindProject(named.project());
+  const auto component = project ? project->FindComponent(named.class_name()) : nullptr;
   if (!component || !component->Module()) {
     return pane_.ShowReason(
         texts_.Text(studio::kTextClassNotFound, {{"<Class>", formula->prog_id}}));

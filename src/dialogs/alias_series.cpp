@@ -14,7 +14,7 @@ constexpr std::size_t kShown = 3;
 
 }  // namespace
 
-std::string NamesInShort(std::size_t count, const std::function<std::string(std::size_t)>& name) {
+std::string EndsOfSeries(std::size_t count, const std::function<std::string(std::size_t)>& name) {
   std::string names;
   for (std::size_t i = 0; i < count; ++i) {
     if (i == kShown && count > kShown + 1) {
@@ -61,7 +61,7 @@ void AliasSeries::Plan(const store::AliasValues& values) {
 
 std::string AliasSeries::Text() const {
   const std::vector<exchange::PlannedAlias>& aliases = plan_.aliases();
-  const std::string names = NamesInShort(aliases.size(), [&](std::size_t i) {
+  const std::string names = EndsOfSeries(aliases.size(), [&](std::size_t i) {
     return std::string(aliases[i].alias) + " (" + std::string(aliases[i].item) + ")";
   });
   return context_.texts.Text(kTextAliasesOfSeries,

@@ -43,6 +43,6 @@ class AliasSeries {
 };
 
 // The first ones and the last one of many names.
-std::string NamesInShort(std::size_t count, const std::function<std::string(std::size_t)>& name);
+std::string EndsOfSeries(std::size_t count, const std::function<std::string(std::size_t)>& name);
 
 }  // namespace dialogs

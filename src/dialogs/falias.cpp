@@ -3,6 +3,7 @@
 
 #include "dialogs/alias_rules.h"
 #include "messages/text_number.h"
+#include "store/rules.h"
 
 namespace dialogs {
 
@@ -11,8 +12,6 @@ namespace {
 constexpr messages::TextNumber kDataType{1607};
 constexpr messages::TextNumber kChooseItemTip{1608};
 constexpr const char* kAnyItem = "Item";  // where only the alias is judged
-
-bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string::npos; }
 
 }  // namespace
 
@@ -76,7 +75,7 @@ void FAlias::OnItem() {
   const std::string& item = txtItemname.Text();
   std::string hint;
   bool invalid = false;
-  if (!IsBlank(item)) {
+  if (!store::IsBlank(item)) {
     const auto refusal = RefuseAlias(context(), Values(), alias_id_);
     invalid = refusal && refusal->field == FieldRefusal::Field::kItem;
     hint = invalid
@@ -91,7 +90,7 @@ void FAlias::OnItem() {
 // Follows the item until the user writes an alias of their own.
 void FAlias::Propose() try {
   const std::string& item = txtItemname.Text();
-  proposed_ = IsBlank(item) ? "" : context().operations.ProposeAlias(item, alias_id_);
+  proposed_ = store::IsBlank(item) ? "" : context().operations.ProposeAlias(item, alias_id_);
   txtVBAlias.SetText(proposed_);
 } catch (const platform::Error& error) {
   context().messages.Warn(error);
@@ -102,7 +101,7 @@ void FAlias::OnAlias() {
   const std::string& text = txtVBAlias.Text();
   std::string hint;
   bool invalid = false;
-  if (!IsBlank(text)) {
+  if (!store::IsBlank(text)) {
     const store::OperationResult check =
         context().operations.CheckAlias({kAnyItem, text}, alias_id_);
     messages::Message said = check.detail.empty() ? check.message : check.detail;
@@ -112,13 +111,13 @@ void FAlias::OnAlias() {
   }
   ShowHint(lblVBAliasHint, hint);
   txtVBAlias.SetInvalid(invalid);
-  uses_.Follow(!stored_.empty() && !IsBlank(text) && text != stored_);
+  uses_.Follow(!stored_.empty() && !store::IsBlank(text) && text != stored_);
 }
 
 void FAlias::OnChooseItem() {
   if (!context().studio) return;
   const auto item = context().studio->ChooseItem(txtItemname.Text());
-  if (!item || IsBlank(*item)) return;
+  if (!item || store::IsBlank(*item)) return;
   txtItemname.SetText(*item);
   Propose();
 }

@@ -86,7 +86,7 @@ void FParameter::OnSeries() {
         series_.push_back(alias->id);
       }
       const std::string names =
-          NamesInShort(series.size(), [&](std::size_t i) { return series.At(i); });
+          EndsOfSeries(series.size(), [&](std::size_t i) { return series.At(i); });
       ShowHint(lblSeriesHint, context().texts.Text(kTextArgumentsOfSeries,
                                                    {{"<Count>", std::to_string(series.size())},
                                                     {"<Names>", names}}));

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "editor/argument_rows.h"
+#include "editor/grid_columns.h"
 #include "platform/error.h"
 
 namespace editor {

@@ -9,14 +9,6 @@
 
 namespace editor {
 
-// Columns of the argument grid.
-inline constexpr std::size_t kAliasIdColumn = 0;
-inline constexpr std::size_t kInColumn = 1;
-inline constexpr std::size_t kOutColumn = 2;
-// Columns of the alias grid.
-inline constexpr std::size_t kItemIdColumn = 0;
-inline constexpr std::size_t kVBAliasColumn = 1;
-
 // The arguments of one formula, by the names of their aliases. An index finds them, so they are
 // read at once: their number is that of one procedure's arguments, not of the table's rows.
 class ArgumentRows : public forms::MemoryRows {

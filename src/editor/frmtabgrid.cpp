@@ -10,6 +10,7 @@
 #include "dialogs/dialog_form.h"
 #include "editor/drag_kinds.h"
 #include "editor/fconfig_editor.h"
+#include "editor/grid_columns.h"
 #include "editor/menu_switcher.h"
 #include "editor/node_key.h"
 #include "editor/note_columns.h"

@@ -6,6 +6,7 @@
 #include "dialogs/argument_dialogs.h"
 #include "dialogs/outcome.h"
 #include "dialogs/row_merge.h"
+#include "editor/grid_columns.h"
 #include "editor/tools.h"
 #include "messages/text_number.h"
 #include "store/operation_texts.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "embedded/add_in_run.h"
 
-#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -42,11 +41,6 @@ std::string ItemsPath(const std::string& database) {
   return system.Join(system.Folder(database), "items.csv");
 }
 
-std::int64_t SecondsNow() {
-  const auto now = std::chrono::system_clock::now().time_since_epoch();
-  return std::chrono::duration_cast<std::chrono::seconds>(now).count();
-}
-
 // Everything that the add-in is made of, in the order in which it is needed.
 class Parts {
  public:
@@ -66,7 +60,7 @@ class Parts {
         database_({.path = path_,
                    .connection_string = store::ProjectConnectionString(path_),
                    .provider = project::ProviderOf(settings_),
-                   .author = {files::AccountAtComputer(), "OVFormulaEditor", SecondsNow},
+                   .author = {files::AccountAtComputer(), "OVFormulaEditor"},
                    .with_history = project::KeepsHistory(settings_),
                    .log = [this](const auto& said) { com::AddToHostLog(texts_.Sentence(said)); }},
                   environment_.get()),

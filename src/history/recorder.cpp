@@ -2,6 +2,7 @@
 #include "history/recorder.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "files/carried_append.h"
@@ -24,6 +25,11 @@ std::string Resolved(files::FileSystem& system, const std::string& database_path
 }
 
 }  // namespace
+
+std::int64_t SecondsNow() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::seconds>(now).count();
+}
 
 Recorder::Recorder(files::FileSystem& system, const std::string& database_path,
                    const files::JournalledUnitOfWork& unit,

@@ -19,11 +19,14 @@
 
 namespace history {
 
+// The computer's clock, in seconds since 1970-01-01 UTC.
+std::int64_t SecondsNow();
+
 // Who makes the records, and when.
 struct Author {
-  std::string who;                    // account@computer
-  std::string program;                // "ovformula"
-  std::function<std::int64_t()> now;  // seconds since 1970-01-01 UTC
+  std::string who;      // account@computer
+  std::string program;  // "ovformula"
+  std::function<std::int64_t()> now = SecondsNow;
 };
 
 // Keeps what every unit of work changes: takes part in it behind all others, sees the rows that its

@@ -2,7 +2,6 @@
 #include "project/project.h"
 
 #include <algorithm>
-#include <chrono>
 
 #include "files/account.h"
 #include "files/replace_file.h"
@@ -98,11 +97,6 @@ std::shared_ptr<vbfiles::Environment> OpenVisualBasic(files::FileSystem& system,
   return environment;
 }
 
-std::int64_t SecondsNow() {
-  const auto now = std::chrono::system_clock::now().time_since_epoch();
-  return std::chrono::duration_cast<std::chrono::seconds>(now).count();
-}
-
 }  // namespace
 
 Project::Project(files::FileSystem& system, const std::string& path, const ProjectOptions& options,
@@ -118,7 +112,7 @@ Project::Project(files::FileSystem& system, const std::string& path, const Proje
       unit_(system, path_, reach_),
       foreign_changes_(system, path_),
       history_(system, path_, unit_, [this] { return database_.database(); },
-               {files::AccountAtComputer(), options.program, SecondsNow}),
+               {files::AccountAtComputer(), options.program}),
       code_(texts, &items_, components_.get()) {
   unit_.Enlist(database_);
   if (options.with_code) {

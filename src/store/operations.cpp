@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "codegen/identifier.h"
+#include "platform/prog_id.h"
 #include "platform/text.h"
 #include "store/operation_context.h"
 #include "store/operation_texts.h"
@@ -74,11 +75,11 @@ ClassList Operations::Classes() {
 }
 
 bool Operations::IsFormulaClass(std::string_view prog_id) {
-  const std::size_t point = prog_id.find('.');
-  if (!context_->parts().vbe || point == std::string_view::npos) return false;
-  const auto project = context_->parts().vbe->FindProject(prog_id.substr(0, point));
+  const platform::ProgId named(prog_id);
+  if (!context_->parts().vbe || named.project().empty()) return false;
+  const auto project = context_->parts().vbe->FindProject(named.project());
   if (!project || project->Type() != platform::ProjectType::kActiveXDll) return false;
-  const auto component = project->FindComponent(prog_id.substr(point + 1));
+  const auto component = project->FindComponent(named.class_name());
   if (!component || component->Type() != platform::ComponentType::kClassModule) return false;
   if (CanHoldFormulas(*project, *component)) return true;
   // A class that cannot be read says so here; any other just does not fit.

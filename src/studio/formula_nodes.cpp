@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "editor/node_key.h"
 #include "store/project_rows.h"
@@ -20,15 +22,13 @@ std::int32_t FormulaOf(const store::RowChange& change) {
   return id == change.members.end() ? 0 : id->second.ToLong();
 }
 
-bool Has(platform::AddIn& studio, const std::string& key) {
-  return std::ranges::count(studio.ChildKeys(editor::kFormulasKey, 1), key) > 0;
-}
-
 }  // namespace
 
 void FollowFormulas(editor::frmtabgrid& editor, platform::AddIn& studio,
                     const std::vector<store::RowChange>& rows) {
   std::string selected = editor.CurrentKey();
+  const std::vector<std::string> keys = studio.ChildKeys(editor::kFormulasKey, 1);
+  std::unordered_set<std::string> shown(keys.begin(), keys.end());
   for (const store::RowChange& row : rows) {
     const std::int32_t id = FormulaOf(row);
     if (id == 0) continue;
@@ -38,7 +38,8 @@ void FollowFormulas(editor::frmtabgrid& editor, platform::AddIn& studio,
       if (selected == key) selected = editor::Neighbour(studio, key);
       if (selected != editor.CurrentKey()) studio.SelectNode(selected);
       studio.RemoveNode(key);
-    } else if (Has(studio, key)) {
+      shown.erase(key);
+    } else if (!shown.insert(key).second) {
       studio.SetNodeText(key, formula->name);
     } else {
       studio.AddNode(editor::kFormulasKey, formula->name, key, "", editor::KeyIcon(key),

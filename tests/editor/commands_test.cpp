@@ -7,6 +7,7 @@
 #include "dialogs/falias.h"
 #include "dialogs/ffunction.h"
 #include "dialogs/fparameter.h"
+#include "editor/grid_columns.h"
 #include "tests/support/editor_bench.h"
 
 namespace editor {

@@ -5,6 +5,7 @@
 
 #include "dialogs/fchoose_alias.h"
 #include "dialogs/fparameter.h"
+#include "editor/grid_columns.h"
 #include "tests/support/editor_bench.h"
 
 namespace editor {

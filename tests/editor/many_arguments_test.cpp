@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/farguments.h"
+#include "editor/grid_columns.h"
 #include "tests/support/editor_bench.h"
 
 namespace editor {
