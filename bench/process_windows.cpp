@@ -4,6 +4,8 @@
 // Needs the types of the header above.
 #include <psapi.h>
 
+#include <algorithm>
+
 #include "bench/process.h"
 #include "bench/report.h"
 
@@ -26,16 +28,20 @@ ProcessResult RunProcess(const std::vector<std::string>& command, const std::str
                                      nullptr, &start, &started);
   ::CloseHandle(start.hStdOutput);
   if (!done) return {};
-  ::WaitForSingleObject(started.hProcess, INFINITE);
   ProcessResult result;
+  // A process that has ended no longer tells under Wine.
+  constexpr DWORD kMilliseconds = 20;
+  do {
+    PROCESS_MEMORY_COUNTERS counters = {};
+    counters.cb = sizeof counters;
+    ::GetProcessMemoryInfo(started.hProcess, &counters, sizeof counters);
+    const double peak = static_cast<double>(counters.PeakWorkingSetSize) / (1024 * 1024);
+    result.peak_mib = std::max(result.peak_mib, peak);
+  } while (::WaitForSingleObject(started.hProcess, kMilliseconds) == WAIT_TIMEOUT);
   result.seconds = watch.Seconds();
   DWORD code = 0;
   ::GetExitCodeProcess(started.hProcess, &code);
   result.exit_code = static_cast<int>(code);
-  PROCESS_MEMORY_COUNTERS counters = {};
-  counters.cb = sizeof counters;
-  ::GetProcessMemoryInfo(started.hProcess, &counters, sizeof counters);
-  result.peak_mib = static_cast<double>(counters.PeakWorkingSetSize) / (1024 * 1024);
   ::CloseHandle(started.hThread);
   ::CloseHandle(started.hProcess);
   return result;
