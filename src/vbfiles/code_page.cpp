@@ -15,6 +15,7 @@ namespace vbfiles {
 namespace {
 
 constexpr std::int32_t kErrInvalidCall = 5;
+constexpr char kEndOfFile = 0x1A;
 constexpr char32_t kPassedThrough = 0xF700;
 constexpr int kDoubleBytePages[] = {932, 936, 949, 950};
 
@@ -74,7 +75,7 @@ std::string CodePage::ToUtf8(std::string_view bytes) const {
 }
 
 bool CodePage::Append(std::string& bytes, char32_t character) const {
-  if (character == 0 || character == 0x1A) return false;
+  if (character == 0 || character == kEndOfFile) return false;
   if (character < 0x80 || number_ == kUtf8) {
     platform::AppendCodePoint(bytes, character);
     return true;
@@ -85,9 +86,15 @@ bool CodePage::Append(std::string& bytes, char32_t character) const {
   return true;
 }
 
+std::size_t CodePage::PlainLength(std::string_view text) {
+  const auto* end = std::ranges::find_if(text, [](char c) { return c <= 0 || c == kEndOfFile; });
+  return static_cast<std::size_t>(end - text.begin());
+}
+
 std::string CodePage::NameFromUtf8(std::string_view name) const {
-  std::string bytes;
-  for (std::size_t position = 0; position < name.size();) {
+  const std::size_t plain = PlainLength(name);
+  std::string bytes(name.substr(0, plain));
+  for (std::size_t position = plain; position < name.size();) {
     if (!Append(bytes, platform::NextCodePoint(name, position))) return "";
   }
   return bytes;

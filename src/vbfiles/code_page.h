@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -29,6 +30,8 @@ class CodePage {
   // Appends the character in this page; false, nothing appended, when the page lacks it. U+0000
   // and the end-of-file mark U+001A are lacking: no source line can hold them.
   bool Append(std::string& bytes, char32_t character) const;
+  // How many bytes at the beginning of UTF-8 text are characters that every page has as they are.
+  static std::size_t PlainLength(std::string_view text);
   // The bytes of a name; "" when the page lacks one of its characters.
   std::string NameFromUtf8(std::string_view name) const;
 

@@ -40,8 +40,9 @@ messages::Message PlaceOf(const LinePlace& place) {
 
 std::string EncodeLine(std::string_view text, const LinePlace& place, const CodePage& page,
                        std::size_t comment_start, std::string& lacking) {
-  std::string bytes;
-  for (std::size_t position = 0; position < text.size();) {
+  const std::size_t plain = CodePage::PlainLength(text);
+  std::string bytes(text.substr(0, plain));
+  for (std::size_t position = plain; position < text.size();) {
     const std::size_t begin = position;
     const char32_t character = platform::NextCodePoint(text, position);
     if (page.Append(bytes, character)) continue;
