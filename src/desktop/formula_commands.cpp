@@ -9,6 +9,7 @@
 
 #include "desktop/crash_log.h"
 #include "desktop/overview_texts.h"
+#include "dialogs/fscan_time.h"
 #include "dialogs/many_texts.h"
 #include "dialogs/outcome.h"
 #include "editor/name_list.h"
@@ -27,6 +28,7 @@ constexpr std::int16_t kKeyF5 = forms::kKeyF1 + 4;
 constexpr messages::Pattern kEnablingMany{kTextEnablingMany};
 constexpr messages::Pattern kDisablingMany{kTextDisablingMany};
 constexpr messages::Pattern kSettingCallType{kTextSettingCallType};
+constexpr messages::Pattern kSettingScanTime{dialogs::kTextChangingScanTime};
 constexpr messages::Pattern kMovingMany{kTextMovingMany};
 constexpr messages::Pattern kCancelled{store::kTextCancelled};
 constexpr messages::Pattern kRefusedAt{kTextRefusedAt};
@@ -148,6 +150,7 @@ void FormulaCommands::ShowMenu() {
         [this, type] { SetCallType(type); });
   }
   menu.AppendSubMenu(types, wx::ToWx(Text(kTextSetCallType)))->Enable(any);
+  add(menu, label(dialogs::kTextScanTimeMenu, ""), any, [this] { SetScanTime(); });
   auto* classes = new wxMenu;
   for (const store::ClassEntry& entry : editor->operations().Classes().classes)
     add(*classes, wx::ToLabel(entry.prog_id), any,
@@ -230,6 +233,28 @@ void FormulaCommands::SetCallType(std::int32_t type) {
   const auto count = own_.overview.Selected().size();
   ChangeMany(RequireSelected(), {kSettingCallType, {{"<Count>", count}}},
              [type](store::FormulaValues& values) { values.type = type; });
+}
+
+void FormulaCommands::SetScanTime() {
+  const std::vector<std::int32_t> ids = RequireSelected();
+  std::vector<store::FormulaRecord> formulas;
+  for (const std::int32_t id : ids) {
+    const store::FormulaRecord& record = own_.overview.Find(id)->record;
+    if (record.type == store::kAsynchronous) formulas.push_back(record);
+  }
+  if (ids.empty()) return;
+  if (formulas.empty()) {
+    return own_.messages.Status(
+        own_.parts.texts.Text(dialogs::kTextOnlyAsynchronous,
+                              {{"<Count>", "0"}, {"<Total>", std::to_string(ids.size())}}));
+  }
+  dialogs::FScanTime dialog(Editor()->dialog_context(), formulas, ids.size());
+  if (!dialog.Run()) return;
+  const std::int32_t scan_time = dialog.ScanTime();
+  ChangeMany(ids, {kSettingScanTime, {{"<Count>", formulas.size()}}},
+             [scan_time](store::FormulaValues& values) {
+               if (values.type == store::kAsynchronous) values.scan_time = scan_time;
+             });
 }
 
 void FormulaCommands::Move(const std::vector<std::int32_t>& ids, const std::string& prog_id) {

@@ -60,6 +60,8 @@ class FormulaCommands {
   void Toggle();
   void Enable(bool enabled);
   void SetCallType(std::int32_t type);
+  // Asks for one scan time for those of the selected formulas that have one.
+  void SetScanTime();
   // Changes those of the formulas that differ then, as one operation of that title.
   void ChangeMany(std::vector<std::int32_t> ids, const messages::Message& title,
                   const Change& change, bool with_code = false);

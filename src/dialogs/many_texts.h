@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The texts of series in dialogs, and of rows that are dragged, by the numbers of the text table
-// (texts/many_rows.cpp).
+// The texts of series in dialogs, of rows that are dragged, and of scan times, by the numbers of
+// the text table (texts/many_rows.cpp).
 #pragma once
 
 #include <cstdint>
@@ -23,5 +23,12 @@ inline constexpr messages::TextNumber kTextAddArgumentsTitle{4771};
 // Clipboard.
 inline constexpr messages::TextNumber kTextCopyFormulas{4780};
 inline constexpr messages::TextNumber kTextPasteFormulas{4781};
+
+// The scan time of several formulas.
+inline constexpr messages::TextNumber kTextScanTimeMenu{4790};
+inline constexpr messages::TextNumber kTextScanTimeOfOne{4791};
+inline constexpr messages::TextNumber kTextScanTimeOfMany{4792};
+inline constexpr messages::TextNumber kTextOnlyAsynchronous{4794};
+inline constexpr messages::TextNumber kTextChangingScanTime{4795};
 
 }  // namespace dialogs

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Texts of many at once in the window: series in dialogs, drag and drop.
+// Texts of many at once in the window: series in dialogs, drag and drop, clipboard,
+// scan time.
 #include "texts/rows.h"
 
 namespace texts {
@@ -23,6 +24,15 @@ constexpr Row kRows[] = {
     // Clipboard.
     {4780, "Formeln k&opieren", "Cop&y Formulas"},
     {4781, "Formeln ein&fügen...", "&Paste Formulas..."},
+
+    // The scan time of several formulas.
+    {4790, "Abtast&zeit...", "&Scan Time..."},
+    {4791, "Abtastzeit von <Name>", "Scan Time of <Name>"},
+    {4792, "Abtastzeit von <Count> Formeln", "Scan Time of <Count> Formulas"},
+    {4793, "&Abtastzeit (ms)", "&Scan time (ms)"},
+    {4794, "Nur asynchrone Formeln haben eine Abtastzeit: <Count> von <Total> ausgewählten.",
+     "Only asynchronous formulas have a scan time: <Count> of <Total> selected."},
+    {4795, "Abtastzeit von <Count> Formeln ändern", "Change the scan time of <Count> formulas"},
 };
 
 }  // namespace

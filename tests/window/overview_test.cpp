@@ -139,6 +139,24 @@ TEST_F(Overview, ChangesSeveralAtOnce) {
   EXPECT_EQ(plant.Formulas(), before);
 }
 
+// Only asynchronous formulas take it; the others stay, and one undo takes it back.
+TEST_F(Overview, SetsTheScanTimeOfSeveral) {
+  const auto times = [&] { return plant.Rows("TvbfFormulas", {"Name", "ScanTime"}); };
+  const Lines before = times();
+  Said said;
+  Input({"key ctrl+a", "key shift+F10 sleep 0.4 key s sleep 0.8", "type 1,5",
+         "sleep 0.2 key Return sleep 0.6 key Return sleep 0.4", "key ctrl+a type 250",
+         "sleep 0.2 key Return sleep 0.8"});
+  ASSERT_EQ(said.texts.size(), 2u) << "no whole number is refused";
+  EXPECT_EQ(times(), (Lines{"Fill10|0", "Fill2|0", "Drain|250", "Alarm|0", "Watch|250"}));
+  EXPECT_EQ(program.Status(), "2 formulas changed.");
+  Input({"key ctrl+z sleep 0.6"});
+  EXPECT_EQ(program.Status(), "Undone: Change the scan time of 2 formulas");
+  EXPECT_EQ(times(), before);
+  Input({"key --delay 60 Home Down", "key shift+F10 sleep 0.4 key s sleep 0.5"});
+  EXPECT_EQ(program.Status(), "Only asynchronous formulas have a scan time: 0 of 1 selected.");
+}
+
 TEST_F(Overview, MovesSeveralToAClassWithTheirCode) {
   Said said;
   Input({"key --delay 60 Home", "key --delay 60 shift+Down",
