@@ -107,6 +107,10 @@ void ProjectTree::ShowTree(studio::StudioTree* tree, FormulaFacts* facts) {
   arrangement_.Arrange(look_, filter_);
   ShowSource(&arrangement_);
   tree->observers.added = [this](const StudioNode& node) { OnAdded(node); };
+  // Groups are found only while all above them is there.
+  tree->observers.removing = [this](const StudioNode& node) {
+    if (!arrangement_.IsFormula(node) || arrangement_.IsAloneInGroup(node)) RememberGroups();
+  };
   tree->observers.removed = [this](const StudioNode& node, std::size_t index) {
     OnRemoved(node, index);
   };
@@ -140,7 +144,6 @@ void ProjectTree::OnRemoved(const StudioNode& node, std::size_t index) {
     on_formulas();
   } else {
     if (IsExpanded(node.parent, index)) open_.push_back(node.key);
-    RememberGroups();
     NodeRemoved(node.parent, index);
     const StudioNode* folder = tree_->Find(editor::kFormulasKey);
     if (folder && (folder == &node || folder->parent == &node)) arrangement_.Clear();
@@ -182,12 +185,12 @@ void ProjectTree::Settle() {
       if (facts_) facts_->Read(editor::KeyNumber(key));
       arrangement_.Put(*formula);
     }
-    OpenGroups(arrangement_.Filtered());
     SelectAgain();
     silent_ = false;
     on_formulas();
   }
   OpenAgain();
+  if (!keys.empty()) OpenGroups(arrangement_.Filtered());
 }
 
 void ProjectTree::SelectAgain() {

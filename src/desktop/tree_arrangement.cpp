@@ -213,6 +213,11 @@ bool TreeArrangement::IsGroup(const StudioNode& node) const {
   return node.key == editor::kFormulasKey && &node != Folder();
 }
 
+bool TreeArrangement::IsAloneInGroup(const StudioNode& formula) const {
+  const auto found = group_of_.find(&formula);
+  return Grouped() && found != group_of_.end() && found->second->formulas.size() == 1;
+}
+
 std::vector<const StudioNode*> TreeArrangement::GroupNodes() const {
   std::vector<const StudioNode*> nodes;
   if (!Grouped()) return nodes;

@@ -65,6 +65,8 @@ class TreeArrangement : public wx::TreeSource {
   // Keys of the formulas in the order in which they are shown.
   std::vector<std::string> FormulaKeys() const;
   bool IsGroup(const studio::StudioNode& node) const;
+  // Whether the formula's group goes when it does.
+  bool IsAloneInGroup(const studio::StudioNode& formula) const;
   // The node of a group; null when there is none.
   const studio::StudioNode* FindGroup(const std::string& info) const;
   std::vector<const studio::StudioNode*> GroupNodes() const;

@@ -32,6 +32,7 @@ bool StudioTree::Add(std::string_view parent, StudioNode node) {
 void StudioTree::Remove(std::string_view key) {
   StudioNode* node = Get(key);
   if (!node) return;
+  if (observers.removing) observers.removing(*node);
   std::vector<StudioNode*>& siblings = node->parent ? node->parent->children : top_;
   const auto place = std::find(siblings.begin(), siblings.end(), node);
   const auto index = static_cast<std::size_t>(place - siblings.begin());

@@ -21,11 +21,12 @@ struct StudioNode {
 };
 
 // The studio's project tree: nodes by key, in the order in which they were added. Whoever shows
-// the tree sets the observers; they are called after the change.
+// the tree sets the observers; they are called after the change, but for `removing`.
 class StudioTree {
  public:
   struct Observers {
     std::function<void(const StudioNode&)> added;
+    std::function<void(const StudioNode&)> removing;  // it and all below it are still there
     // It is no longer below its parent, where `index` was its place; with all below it.
     std::function<void(const StudioNode&, std::size_t index)> removed;
     std::function<void(const StudioNode&)> changed;  // its text, or what it stands for
