@@ -3,6 +3,7 @@
 // formulas.
 #include <gtest/gtest.h>
 
+#include "desktop/project_tree.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
 #include "wx/convert.h"
@@ -96,6 +97,63 @@ TEST_F(PasteTest, FormulasAreCopiedAndPastedInTheTree) {
   EXPECT_EQ(Arguments().back(), "2|3|1|True|False");
   EXPECT_NE(plant.Code("CTank").find("Public Sub Drain()\r\n' here"), std::string::npos)
       << plant.Code("CTank");
+}
+
+// A second project with classes of its own.
+class PasteElsewhereTest : public PasteTest {
+ protected:
+  static constexpr const char* kOther = "/other/Other.ovs";
+
+  PasteElsewhereTest() {
+    support::SamplePlant empty;
+    plant.system.Put(kOther, empty.system.Get(support::kPlantDatabase));
+    for (const std::string file : {"PumpServer.vbp", "CHelper.cls", "CPump.cls", "CTank.cls"})
+      plant.system.Put("/other/" + file, empty.system.Get("/plant/" + file));
+    const texts::TextTable texts(texts::Language::kEnglish);
+    project::Project project(plant.system, support::kPlantDatabase, {}, texts);
+    const store::AliasValues aliases[] = {
+        {"Tank1.Level", "Level"}, {"=1+1;\"A\"", "Quoted"}, {"Tank1.Zufluß", "Zufluss"}};
+    EXPECT_TRUE(project.operations().AddAliases(aliases).success());
+    const store::ArgumentValues arguments[] = {{1, true, false}, {2, false, true}};
+    EXPECT_TRUE(project.operations().AddArguments(2, arguments).success());
+  }
+  void OpenOther() {
+    ASSERT_TRUE(program.Open(kOther));
+    window_tests::FindChild<desktop::ProjectTree>(program.window())->SetFocus();
+  }
+  Lines InOther(const std::string& table, const std::vector<std::string>& fields) {
+    support::SamplePlant other;
+    other.system.Put(support::kPlantDatabase, plant.system.Get(kOther));
+    return other.Rows(table, fields);
+  }
+};
+
+TEST_F(PasteElsewhereTest, AliasesComeAsTheyWere) {
+  ASSERT_TRUE(program.Open());
+  Input({"key --delay 60 Home Down", "key F6 sleep 0.3", "key ctrl+a key ctrl+c sleep 0.3"});
+  OpenOther();
+  Input({"key --delay 60 Home Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Return sleep 0.8"});
+  EXPECT_EQ(InOther("TvbfAlias", {"ItemID", "VBAlias"}),
+            plant.Rows("TvbfAlias", {"ItemID", "VBAlias"}));
+  EXPECT_EQ(program.Rows(), 3);
+}
+
+TEST_F(PasteElsewhereTest, FormulasOfTheOverviewComeWithArgumentsAndCode) {
+  ASSERT_TRUE(program.Open());
+  Input({"key --delay 60 Home Down Down", "key F6 sleep 0.3", "key ctrl+a key ctrl+c sleep 0.5"});
+  OpenOther();
+  Input({"key --delay 60 Home Down Down", "key F6 sleep 0.3", "key ctrl+v sleep 1",
+         "key Return sleep 1"});
+  EXPECT_EQ(InOther("TvbfFormulas", {"Name", "ProgID"}),
+            (Lines{"Fill|PumpServer.CPump", "Other|PumpServer.CPump"}));
+  EXPECT_EQ(InOther("TvbfAlias", {"ItemID", "VBAlias"}),
+            (Lines{"Tank1.Level|Level", "=1+1;\"A\"|Quoted"}))
+      << "those that they use";
+  EXPECT_EQ(InOther("TvbfParams", {"ParentID", "AliasID", "In", "Out"}),
+            (Lines{"2|1|True|False", "2|2|False|True"}));
+  EXPECT_NE(plant.system.Get("/other/CPump.cls").find("Public Sub Other()"), std::string::npos);
+  EXPECT_EQ(program.FormulaNodes(), (Lines{"Fill", "Other"}));
 }
 
 TEST_F(PasteTest, LeftPreviewChangesNothing) {
