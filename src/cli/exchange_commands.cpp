@@ -171,7 +171,7 @@ void WriteRefused(Invocation& invocation, const std::vector<ImportPlan::Line>& r
 
 int RunImport(Invocation& invocation) {
   const exchange::ImportOptions options = OptionsFor(invocation);
-  const auto skip = invocation.Option("--skip-refused");
+  const auto skip = invocation.OutputFileOption("--skip-refused");
   std::optional<RefusedFile> refused_file;
   if (skip) refused_file.emplace(invocation, *skip);
   std::string bytes = ReadGiven(invocation);

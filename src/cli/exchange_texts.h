@@ -30,5 +30,6 @@ inline constexpr messages::TextNumber kTextIgnoredColumns{3534};
 inline constexpr messages::TextNumber kTextRefusedLines{3535};
 inline constexpr messages::TextNumber kTextRefusedCopies{3536};
 inline constexpr messages::TextNumber kTextNoPair{3537};
+inline constexpr messages::TextNumber kTextNoFileName{3538};
 
 }  // namespace cli

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "cli/invocation.h"
 
+#include <algorithm>
 #include <charconv>
 #include <iterator>
 #include <sstream>
 
+#include "cli/exchange_texts.h"
+#include "cli/parser.h"
 #include "files/real_file_system.h"
 
 namespace cli {
@@ -73,6 +76,16 @@ std::optional<std::int32_t> Invocation::NumberOption(std::string_view option) co
     throw UsageError(Text(kTextBadNumber, {{"<Option>", option}, {"<Word>", *text}}));
   }
   return value;
+}
+
+std::optional<std::string> Invocation::OutputFileOption(std::string_view option) const {
+  const auto file = Option(option);
+  const auto is_option = [&](const OptionSpec& known) { return file == known.name; };
+  if (std::ranges::any_of(command_.options, is_option) ||
+      std::ranges::any_of(CommonOptions(), is_option)) {
+    throw UsageError(Text(kTextNoFileName, {{"<Option>", option}, {"<Word>", *file}}));
+  }
+  return file;
 }
 
 void Invocation::Exclude(std::string_view first, std::string_view second) const {

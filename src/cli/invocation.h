@@ -78,6 +78,9 @@ class Invocation {
   // Last value of an option; nothing when it was not given.
   std::optional<std::string> Option(std::string_view option) const;
   std::vector<std::string> Options(std::string_view option) const;
+  // The same for a file that is written: raises UsageError for a word that is an option of the
+  // command, for then the file was forgotten.
+  std::optional<std::string> OutputFileOption(std::string_view option) const;
   // A whole number; raises UsageError for anything else.
   std::optional<std::int32_t> NumberOption(std::string_view option) const;
   // Raises UsageError when both are given.

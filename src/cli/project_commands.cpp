@@ -87,7 +87,7 @@ int RunReport(Invocation& invocation) {
   OpenedProject session(invocation, Use::kCode);
   project::Project& project = session.project();
   Console& console = invocation.console();
-  const auto output = invocation.Option("--output");
+  const auto output = invocation.OutputFileOption("--output");
   if (output) CheckOutput(invocation, project, *output);
   Progress progress(invocation);
   const auto show = [&](std::size_t done, std::size_t total) {
