@@ -28,6 +28,7 @@ inline constexpr messages::TextNumber kTextJsonDepth{3415};
 inline constexpr messages::TextNumber kTextJsonNoProject{3416};
 inline constexpr messages::TextNumber kTextJsonType{3417};
 inline constexpr messages::TextNumber kTextSeparator{3418};
+inline constexpr messages::TextNumber kTextNoItemColumn{3419};
 
 // What is wrong with a line.
 inline constexpr messages::TextNumber kTextControlCharacter{3430};

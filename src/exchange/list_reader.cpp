@@ -28,6 +28,7 @@ void ReadLines(DelimitedText& table, Contents& contents) {
 
 void ReadTable(std::string& text, Contents& contents) {
   const char named = TakeSeparatorLine(text);
+  TakeTitleLines(text);
   const char separator = named != '\0' ? named : FindSeparator(text);
   DelimitedText table(text, separator);
   Record record;

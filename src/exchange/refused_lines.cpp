@@ -33,6 +33,7 @@ void AppendRecord(std::string& text, const Record& record, std::size_t columns, 
 
 std::string WriteTable(std::string text, const Reasons& reasons, const std::string& reason_name) {
   const char named = TakeSeparatorLine(text);
+  TakeTitleLines(text);
   const char separator = named != '\0' ? named : FindSeparator(text);
   DelimitedText table(text, separator);
   std::string written = "\xEF\xBB\xBF";

@@ -12,6 +12,9 @@ namespace {
 
 using enum Member;
 
+// More than that is no header.
+constexpr std::size_t kLongestHeader = std::size_t{1} << 16;
+
 // Names as MemberOf compares them. The first of a member is the one that is written.
 constexpr std::pair<std::string_view, Member> kNames[] = {
     {"itemid", kItem},
@@ -111,16 +114,41 @@ std::optional<TableKind> KindOf(const TableHeader& header) {
   return signal ? TableKind::kSignals : TableKind::kFormulas;
 }
 
-std::size_t KnownNames(std::string line, char separator) {
-  DelimitedText text(line, separator);
+// The cells of one line; none of a line that is no record of its own.
+Record RecordOf(std::string& line, char separator) {
   Record record;
   try {
-    if (!text.Next(record)) return 0;
+    DelimitedText(line, separator).Next(record);
   } catch (const FormatError&) {
-    return 0;
+    record.cells.clear();
   }
+  return record;
+}
+
+std::size_t KnownNames(std::string line, char separator) {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(RecordOf(line, separator).cells,
+                            [](const Cell& cell) { return MemberOf(cell.text).has_value(); }));
+}
+
+std::size_t FilledCells(std::string line, char separator) {
   return static_cast<std::size_t>(std::ranges::count_if(
-      record.cells, [](const Cell& cell) { return MemberOf(cell.text).has_value(); }));
+      RecordOf(line, separator).cells, [](const Cell& cell) { return !cell.text.empty(); }));
+}
+
+bool IsHeader(std::string line, char separator) {
+  try {
+    return ReadHeader(RecordOf(line, separator), separator).has_value();
+  } catch (const FormatError&) {
+    return true;  // whoever reads it says what is wrong
+  }
+}
+
+// Begin of what follows the line that begins at `begin`.
+std::size_t EndOfLine(std::string_view text, std::size_t begin) {
+  const std::size_t end = text.find_first_of("\r\n", begin);
+  if (end == std::string_view::npos) return text.size();
+  return end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
 }
 
 }  // namespace
@@ -150,6 +178,9 @@ std::optional<TableHeader> ReadHeader(const Record& record, char separator) {
   const std::optional<TableKind> kind = KindOf(header);
   if (!kind) return std::nullopt;
   header.kind = *kind;
+  if (*kind == TableKind::kFormulas && (header.Column(kIn) || header.Column(kOut))) {
+    throw FormatError({record.line, 0}, {{kTextNoItemColumn}});
+  }
   for (std::size_t i = 0; i < members.size(); ++i) {
     if (members[i] && IsUsed(*kind, *members[i])) continue;
     if (members[i]) header.column[static_cast<std::size_t>(*members[i])].reset();
@@ -161,8 +192,7 @@ std::optional<TableHeader> ReadHeader(const Record& record, char separator) {
 char FindSeparator(std::string_view text) {
   const std::size_t begin = std::min(text.find_first_not_of("\r\n"), text.size());
   const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
-  // More than that is no header.
-  const std::string line(text.substr(begin, std::min<std::size_t>(end - begin, 1 << 16)));
+  const std::string line(text.substr(begin, std::min(end - begin, kLongestHeader)));
   char best = ',';
   std::size_t most = 0;
   for (const char separator : {',', ';', '\t'}) {
@@ -172,6 +202,34 @@ char FindSeparator(std::string_view text) {
     best = separator;
   }
   return best;
+}
+
+void TakeTitleLines(std::string& text) {
+  constexpr int kMostLines = 20;
+  struct Title {
+    std::size_t begin, length;
+  };
+  std::vector<Title> titles;
+  std::size_t begin = 0;
+  for (int i = 0; i < kMostLines && begin < text.size(); ++i) {
+    const std::size_t next = EndOfLine(text, begin);
+    const std::size_t end = std::min(text.find_first_of("\r\n", begin), next);
+    const std::string line = text.substr(begin, std::min(end - begin, kLongestHeader));
+    const char separator = FindSeparator(line);
+    if (IsHeader(line, separator)) {
+      const std::size_t columns = FilledCells(line, separator);
+      const bool all_shorter = std::ranges::all_of(titles, [&](const Title& title) {
+        return FilledCells(text.substr(title.begin, title.length), separator) < columns;
+      });
+      if (!all_shorter) return;
+      for (auto title = titles.rbegin(); title != titles.rend(); ++title) {
+        text.erase(title->begin, title->length);
+      }
+      return;
+    }
+    titles.push_back({begin, end - begin});
+    begin = next;
+  }
 }
 
 }  // namespace exchange

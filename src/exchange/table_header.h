@@ -52,10 +52,15 @@ struct TableHeader {
 };
 
 // What a header of these names says; nothing when it names neither an item, an alias nor a
-// formula. Raises FormatError for a member that two columns claim.
+// formula. Raises FormatError for a member that two columns claim, and for inputs and outputs of
+// formulas without a column of what they are.
 std::optional<TableHeader> ReadHeader(const Record& record, char separator);
 
 // The separator by which the first line that is not blank names most members.
 char FindSeparator(std::string_view text);
+
+// Takes the text off lines that stand above a header, as spreadsheets have titles: each of fewer
+// cells than the header. The lines themselves stay: those behind keep their numbers.
+void TakeTitleLines(std::string& text);
 
 }  // namespace exchange

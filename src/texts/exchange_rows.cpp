@@ -28,10 +28,10 @@ std::span<const Row> ExchangeRows() {
       {3409, "Die Zelle ist länger als <Most> Bytes.", "The cell is longer than <Most> bytes."},
       {3410, "Die Liste ist leer.", "The list is empty."},
       {3411,
-       "Keine dieser Spalten ist bekannt: <Names>. Nötig ist eine Kopfzeile mit Item und Alias, "
-       "oder mit Name und Klasse einer Formel.",
-       "None of these columns is known: <Names>. A header with Item and Alias is needed, or with "
-       "the Name and Class of a formula."},
+       "Keine dieser Spalten ist bekannt: <Names>. Nötig ist eine Kopfzeile mit Item (oder "
+       "Signal, Variable, Tag), oder mit Name und Klasse einer Formel.",
+       "None of these columns is known: <Names>. A header with Item (or Signal, Variable, Tag) is "
+       "needed, or with the Name and Class of a formula."},
       {3412, "<Name> und <Other> meinen dasselbe. Benennen Sie eine der Spalten um.",
        "<Name> and <Other> mean the same. Give one of the columns another name."},
       {3413, "Das ist an dieser Stelle kein JSON.", "This is not JSON at this place."},
@@ -49,6 +49,11 @@ std::span<const Row> ExchangeRows() {
        "it (with the table's separator); if the character belongs to the item, end the item with a "
        "tab."},
 
+      {3419,
+       "Formeln und ihre Ein- oder Ausgänge sind genannt, aber keine Items. Nennen Sie deren "
+       "Spalte Item, Signal, Variable oder Tag.",
+       "Formulas and their inputs or outputs are named, but no items. Call their column Item, "
+       "Signal, Variable or Tag."},
       {3430, "Das Steuerzeichen <Code> kann hier nicht stehen.",
        "The control character <Code> cannot stand here."},
       {3431,
@@ -158,6 +163,11 @@ std::span<const Row> ExchangeRows() {
        "<Name> cannot be copied like this; nothing was changed."},
       {3537, "--replace <Word>: Es wird ALT=NEU gebraucht.",
        "--replace <Word>: OLD=NEW is needed."},
+      {3538,
+       "Auf <Option> folgt kein Dateiname, sondern die Option <Word>. Schreiben Sie <Option> "
+       "DATEI; eine Datei, die so heißt, ist ./<Word>.",
+       "<Option> is followed by no file name but by the option <Word>. Write <Option> FILE; a file "
+       "that is called so is ./<Word>."},
   });
   return kRows;
 }

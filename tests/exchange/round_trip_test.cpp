@@ -189,6 +189,11 @@ TEST(RefusedLines, AreWrittenAsTheyStoodAndCanBeReadAgain) {
        "Zeile.\r\n"
        "T.5;;Dim;extra;Die Zeile hat mehr Zellen als die Kopfzeile, die 3 hat. Steht das "
        "Trennzeichen in einem Text, gehört er in Anführungszeichen.\r\n"},
+      {"table below a title", "Signale;\r\nItem;Alias\r\nT.1;1st\r\n",
+       "\xEF\xBB\xBFItem;Alias;Grund\r\n"
+       "T.1;1st;\"Der Alias ist nicht entsprechend den Visual Basic Namenskonventionen "
+       "gewählt!!! 1st beginnt mit einer Ziffer; Visual Basic verlangt einen Buchstaben. Gültig "
+       "wäre A1st.\"\r\n"},
       {"JSON",
        "{\"aliases\": [{\"ItemID\": \"\\u0041\", \"VBAlias\": \"1\"},\n {\"ItemID\": \"ok\", "
        "\"VBAlias\": \"Ok\"}, {\"ItemID\": 5, \"x\": [{}]}],\n \"formulas\": []}",
