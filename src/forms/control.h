@@ -41,7 +41,6 @@ class Control : public Observable, public PropertyObject {
 
   const std::string& Name() const { return name_; }
   std::optional<std::int32_t> Index() const { return index_; }
-  Container* GetContainer() const { return container_; }
   // The form that the control is on; null while there is none.
   Form* GetForm();
 

@@ -17,7 +17,6 @@ class EntryCursor {
   // Stands before the first entry. The tree must outlive the cursor.
   explicit EntryCursor(const IndexTree& tree) : tree_(&tree) {}
 
-  void ToBegin() { state_ = State::kBegin; }
   void ToEnd() { state_ = State::kEnd; }
   // Moves to the first entry that is not below `target` (kFirst), or that is above all entries
   // which begin with it (kPast). False when there is none; the cursor is then at the end.
