@@ -12,6 +12,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -119,7 +120,11 @@ class DesktopProgram {
   desktop::MainWindow& window() const { return *window_; }
   desktop::DesktopState& state() { return program_.state(); }
   // The grid of the editor that is in front.
-  wxDataViewCtrl& Grid() { return *ShownGrid(*window_->EditorHost()); }
+  wxDataViewCtrl& Grid() {
+    wxDataViewCtrl* grid = ShownGrid(*window_->EditorHost());
+    if (!grid) throw std::logic_error("the editor shows no grid");
+    return *grid;
+  }
   int Rows() {
     return static_cast<int>(
         dynamic_cast<wxDataViewVirtualListModel*>(Grid().GetModel())->GetCount());
