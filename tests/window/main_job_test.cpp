@@ -141,7 +141,8 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
     Input({"key --delay 80 Down Down"});
     AddFormula("Fill");
     Input({"key alt+e sleep 0.3 key --delay 80 Up Return sleep 0.8 key alt+s key Return"});
-    EXPECT_NE(settings().find("sb.Visible=False"), std::string::npos) << settings();
+    // Keys that came too late for the dialog may have done anything, to the grid, too.
+    ASSERT_NE(settings().find("sb.Visible=False"), std::string::npos) << settings();
     wxDataViewCtrl& grid = program.Grid();
     window_tests::Wait::For([&] { return grid.GetColumn(0)->GetWidth() > 0; });
     width = grid.GetColumn(0)->GetWidth();
