@@ -69,7 +69,7 @@ class Parts {
             texts_, database_, [this] { return add_in_->EditorWindow(); }, *studio_) {
     if (active_) {
       throw platform::Error(platform::ErrorKind::kRefused, platform::kErrObjectOpen,
-                            messages::Message::Verbatim(texts_.Text(kRunsAlready)));
+                            messages::Message({kRunsAlready, {}}));
     }
     if (given.studio.Has(com::names::kComponentList)) {
       components_.emplace(given.studio.Object(com::names::kComponentList));
@@ -209,10 +209,24 @@ class Run final : public platform::COV4Extensibility {
   std::shared_ptr<Parts> parts_;
 };
 
+// Nothing leaves an event: the studio's user is told what keeps the add-in from running, and the
+// log.
+void Tell(const com::LateBound& studio, const std::exception& failure) {
+  com::HostSettings settings(files::RealFileSystem());
+  const std::string sentence = texts::TextTable(texts::ChooseLanguage(settings)).Sentence(failure);
+  com::AddToHostLog(sentence);
+  com::HostAddIn(studio, {MakePicture, [](const std::string&) {}}).ShowError(sentence);
+}
+
 }  // namespace
 
 std::unique_ptr<platform::COV4Extensibility> MakeAddIn(const com::ConnectObject::Given& given) {
-  return std::make_unique<Run>(given);
+  try {
+    return std::make_unique<Run>(given);
+  } catch (const std::exception& failure) {
+    Tell(given.studio, failure);
+    throw;
+  }
 }
 
 }  // namespace embedded

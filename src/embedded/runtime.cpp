@@ -16,6 +16,8 @@
 
 #include "com/module.h"
 #include "com/ole.h"
+#include "platform/ado.h"
+#include "platform/error.h"
 #include "wx/application.h"
 
 namespace embedded {
@@ -25,6 +27,7 @@ namespace {
 constexpr UINT kWake = WM_APP + 1;
 constexpr UINT_PTR kTasks = 1, kIdle = 2;  // timers
 constexpr wchar_t kWindowClass[] = L"OVFormulaEditor.Loop";
+constexpr messages::TextNumber kNoDisplay{4005};
 
 int handlers = 0;  // that are running
 
@@ -34,6 +37,13 @@ HINSTANCE ThisModule() {
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
       kWindowClass, &module);
   return module;
+}
+
+// Whether windows can be seen: the toolkit takes that for granted.
+bool HasDisplay() {
+  const HWND window = ::CreateWindowExW(0, kWindowClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr,
+                                        nullptr, ThisModule(), nullptr);
+  return window && ::DestroyWindow(window);
 }
 
 class App final : public wxApp {
@@ -138,6 +148,11 @@ class Runtime::Host {
     ::RegisterClassExW(&description);
     window_ = ::CreateWindowExW(0, kWindowClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 ThisModule(), nullptr);
+    if (!HasDisplay()) {
+      RemoveWindow();
+      throw platform::Error(platform::ErrorKind::kRefused, platform::kErrUnspecified,
+                            messages::Message({kNoDisplay, {}}));
+    }
     wxDisableAsserts();  // the host's user can do nothing about a finding of the library
     wxSetInstance(ThisModule());
     auto* app = new App;

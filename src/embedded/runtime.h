@@ -13,7 +13,8 @@ namespace embedded {
 // for our windows are taken from that loop before the host sees them.
 class Runtime {
  public:
-  // Starts it, or joins. Raises std::runtime_error when it cannot be started.
+  // Starts it, or joins. Raises platform::Error where there is no display, and
+  // std::runtime_error when it cannot be started.
   static std::shared_ptr<Runtime> Use();
   ~Runtime();
   Runtime(const Runtime&) = delete;

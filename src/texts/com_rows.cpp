@@ -20,6 +20,11 @@ std::span<const Row> ComRows() {
        "The formula editor works on a project in this program already. Close that one first."},
       {4004, "Ein Fehler im Formeleditor. Die Daten sind unverändert.",
        "A fault in the formula editor. The data is unchanged."},
+      {4005,
+       "Der Formeleditor kann hier keine Fenster öffnen: Das Programm läuft ohne Bildschirm. "
+       "Starten Sie es in einer Sitzung mit Bildschirm.",
+       "The formula editor can open no windows here: the program runs without a display. Start it "
+       "in a session with a display."},
   });
   return kRows;
 }

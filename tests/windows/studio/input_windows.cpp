@@ -88,6 +88,12 @@ void CheckEditor(Driver& driver) {
   const HWND dialog = driver.Await(L"Argument");
   Demand(!IsWindowEnabled(studio.window()) && !IsWindowEnabled(editor),
          "a dialog leaves a window enabled");
+  const HWND alias = driver.Focus();
+  driver.Press('S', Driver::kAlt);
+  driver.AwaitTrue("field of a letter", [&] {
+    const HWND focus = driver.Focus();
+    return focus != alias && Driver::ClassOf(focus) == L"Edit";
+  });
   driver.Press(VK_ESCAPE);
   driver.AwaitGone(dialog);
   driver.Await(L"FillTank");
