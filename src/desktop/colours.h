@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The colours of our own, for the light and the dark look. Text is at least 4.5 : 1 against what
-// it stands on.
+// The colours of our own, for the light and the dark look; dark papers have the grey of the
+// system's dark tables. Text is at least 4.5 : 1 against what it stands on.
 #pragma once
 
 namespace desktop {
@@ -20,8 +20,8 @@ struct CodePalette {
 
 inline constexpr CodePalette kLightCode = {"#1c2733", "#ffffff", "#f0f2f4", "#5a626b", "#0b4f9e",
                                            "#8a3324", "#7a5400", "#c9dff2", "#b4bcc4", "#c05a3c"};
-inline constexpr CodePalette kDarkCode = {"#e3e8ed", "#1b2026", "#262c33", "#a3adb7", "#74b9ea",
-                                          "#e0a08f", "#c8b06a", "#28405a", "#55606b", "#e0805f"};
+inline constexpr CodePalette kDarkCode = {"#e3e8ed", "#2d2d2d", "#353535", "#a3adb7", "#74b9ea",
+                                          "#e0a08f", "#c8b06a", "#28405a", "#7a848e", "#e0805f"};
 
 // Of the help's pages; text and paper are the system's.
 struct HelpPalette {
@@ -30,7 +30,7 @@ struct HelpPalette {
 };
 
 inline constexpr HelpPalette kLightHelp = {"#1b66c9", "#eef1f5"};
-inline constexpr HelpPalette kDarkHelp = {"#6cb2ff", "#2b3038"};
+inline constexpr HelpPalette kDarkHelp = {"#6cb2ff", "#3a3a3a"};
 
 // Of lines that are compared; text and paper are the system's.
 struct ChangePalette {
@@ -58,7 +58,7 @@ struct FlowPalette {
 
 inline constexpr FlowPalette kLightFlow = {"#1c2733", "#ffffff", "#54616e", "#8a3324", "#dcebf7",
                                            "#0b5a8f", "#f4f6f8", "#ffffff", "#54616e", "#fbe3dd"};
-inline constexpr FlowPalette kDarkFlow = {"#e3e8ed", "#1b2026", "#a3adb7", "#e0a08f", "#1d3a52",
-                                          "#74b9ea", "#262c33", "#22282f", "#a3adb7", "#4a2a23"};
+inline constexpr FlowPalette kDarkFlow = {"#e3e8ed", "#2d2d2d", "#a3adb7", "#e0a08f", "#1d3a52",
+                                          "#74b9ea", "#383838", "#333333", "#a3adb7", "#4a2a23"};
 
 }  // namespace desktop

@@ -10,6 +10,7 @@
 #include <map>
 #include <regex>
 #include <string>
+#include <utility>
 
 #include "desktop/colours.h"
 #include "project/report_style.h"
@@ -55,6 +56,22 @@ TEST(Contrast, OfTheCodeIsEnough) {
       ExpectReadable(text, code.paper);
       ExpectReadable(text, code.selection);
     }
+  }
+}
+
+TEST(Contrast, OfTheDataFlowIsEnough) {
+  for (const desktop::FlowPalette& flow : {desktop::kLightFlow, desktop::kDarkFlow}) {
+    for (const char* fill : {flow.paper, flow.formula, flow.disabled, flow.item, flow.contested})
+      ExpectReadable(flow.ink, fill);
+    for (const char* line : {flow.read, flow.write, flow.formula_frame, flow.item_frame})
+      ExpectReadable(line, flow.paper);
+  }
+}
+
+TEST(Contrast, OfComparedLinesIsEnough) {
+  for (const auto& [lines, paper] : {std::pair{desktop::kLightChange, desktop::kLightCode.paper},
+                                     std::pair{desktop::kDarkChange, desktop::kDarkCode.paper}}) {
+    for (const char* text : {lines.removed, lines.added, lines.place}) ExpectReadable(text, paper);
   }
 }
 
