@@ -61,9 +61,7 @@ CodeEditor::CodeEditor(wxWindow* parent, const texts::TextTable& texts)
 void CodeEditor::ApplyColours() {
   const bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
   const CodePalette& palette = dark ? kDarkCode : kLightCode;
-  wxFont font(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
-                  .Family(wxFONTFAMILY_TELETYPE));
-  StyleSetFont(wxSTC_STYLE_DEFAULT, font);
+  StyleSetFont(wxSTC_STYLE_DEFAULT, font_);
   StyleSetForeground(wxSTC_STYLE_DEFAULT, wxColour(palette.ink));
   StyleSetBackground(wxSTC_STYLE_DEFAULT, wxColour(palette.paper));
   StyleClearAll();
@@ -84,6 +82,18 @@ void CodeEditor::ApplyColours() {
   folds_.SetColours(palette);
   SetSelBackground(true, wxColour(palette.selection));
   SetCaretForeground(wxColour(palette.ink));
+}
+
+wxFont CodeEditor::StandardFont() {
+  return wxFont(wxFontInfo(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize())
+                    .Family(wxFONTFAMILY_TELETYPE));
+}
+
+void CodeEditor::ShowFont(const wxFont& font) {
+  font_ = font.IsOk() ? font : StandardFont();
+  ApplyColours();
+  ShowLineNumbers(line_numbers_);
+  FitScrollWidth();
 }
 
 // From the logical line in which the colours end to the line of that place.

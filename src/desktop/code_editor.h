@@ -39,6 +39,9 @@ class CodeEditor : public wxStyledTextCtrl {
   };
   Place Caret();
   void ShowLineNumbers(bool show);
+  // A font that is not valid stands for the system's of equal widths.
+  void ShowFont(const wxFont& font);
+  static wxFont StandardFont();
 
   struct FindOptions {
     bool whole_word = false;
@@ -87,6 +90,7 @@ class CodeEditor : public wxStyledTextCtrl {
   void FitScrollWidth();
 
   const texts::TextTable& texts_;
+  wxFont font_ = StandardFont();
   bool changing_ = false;
   bool line_numbers_ = false;
   ProcedureFolds folds_;

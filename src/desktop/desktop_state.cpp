@@ -50,6 +50,8 @@ DesktopState::DesktopState(project::FileSettingsService& settings, files::FileSy
   const int kept_look = Number("Look", 0);
   look = kept_look == 1 || kept_look == 2 ? kept_look : 0;
   with_backups = Number("Backups", 1) != 0;
+  table_font = settings.ReadIni(file_, kSection, "TableFont", "");
+  code_font = settings.ReadIni(file_, kSection, "CodeFont", "");
   project = settings.ReadIni(file_, kSection, "Project", "");
   node = settings.ReadIni(file_, kSection, "Node", "");
   told_crash_log = settings.ReadIni(file_, kSection, "ToldCrashLog", "");
@@ -92,6 +94,8 @@ bool DesktopState::Save() {
       {"TreeOrder", std::to_string(window.tree_order)},
       {"Look", std::to_string(look)},
       {"Backups", with_backups ? "1" : "0"},
+      {"TableFont", table_font},
+      {"CodeFont", code_font},
       {"Project", project},
       {"Node", node},
       {"ToldCrashLog", told_crash_log},

@@ -37,6 +37,9 @@ class DesktopState {
   bool save_when_leaving = false;
   int look = 0;  // as wx::Look counts them
   bool with_backups = true;
+  // As the toolkit describes fonts; "" for the system's.
+  std::string table_font;
+  std::string code_font;
 
   // How the user wants a project, named by its canonical path, to be read.
   ReadingOptions OptionsOf(const std::string& path) const;

@@ -47,6 +47,10 @@ inline constexpr messages::TextNumber kTextKeepBackups{4612};
 inline constexpr messages::TextNumber kTextAtNextStart{4613};
 inline constexpr messages::TextNumber kTextChangedAtNextStart{4614};
 
+inline constexpr messages::TextNumber kTextTableFont{4930};
+inline constexpr messages::TextNumber kTextCodeFont{4931};
+inline constexpr messages::TextNumber kTextStandardFonts{4932};
+
 inline constexpr messages::TextNumber kTextMenuKeyboard{4570};
 inline constexpr messages::TextNumber kTextKeyboard{4571};
 inline constexpr messages::TextNumber kTextKeyMenu{4572};

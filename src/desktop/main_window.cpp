@@ -9,6 +9,7 @@
 
 #include "desktop/about.h"
 #include "desktop/code_conflict.h"
+#include "desktop/code_editor.h"
 #include "desktop/crash_log.h"
 #include "desktop/flow_texts.h"
 #include "desktop/frame_texts.h"
@@ -17,6 +18,8 @@
 #include "desktop/search_texts.h"
 #include "desktop/workbench_options.h"
 #include "dialogs/list_texts.h"
+#include "dialogs/title_texts.h"
+#include "editor/fconfig_editor.h"
 #include "editor/node_key.h"
 #include "editor/tools.h"
 #include "files/replace_file.h"
@@ -28,6 +31,7 @@
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
+#include "wx/table_font.h"
 
 namespace desktop {
 
@@ -68,6 +72,7 @@ MainWindow::MainWindow(const Parts& parts, const wxRect& place)
   SetMinSize(LeastSize());
   SetIcons(ProgramIcons());
   ConnectPanes();
+  ShowFonts();
   AddTools();
   ConnectTree();
   ShowRecent();
@@ -125,10 +130,7 @@ void MainWindow::ConnectPanes() {
   panes_.welcome().on_new = [this] { AskNew(); };
   panes_.welcome().on_recent = [this](const std::string& path) { OpenProject(path); };
   panes_.messages().Serve(log_);
-  view_menu_.on_options = [this] {
-    if (WorkbenchOptions(this, parts_.texts, parts_.settings, parts_.state).Ask())
-      messages_.Status(Text(kTextChangedAtNextStart));
-  };
+  view_menu_.on_options = [this] { AskOptions(); };
   status_.on_open = [this] { panes_.messages().ShowNewest(); };
   code_.on_status = [this](const std::string& text) { messages_.Status(text); };
   code_.on_failure = [this](const std::string& message, const std::string& detail) {
@@ -143,6 +145,22 @@ void MainWindow::ConnectPanes() {
     event.Skip();
     if (!place_.Arranged()) CallAfter([this] { panes_.RestoreCodeSize(); });
   });
+}
+
+void MainWindow::AskOptions() {
+  const auto answer = WorkbenchOptions(this, parts_.texts, parts_.settings, parts_.state).Ask();
+  if (!answer) return;
+  editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
+  // The program's font is in sight where a project had chosen another one.
+  if (answer->table_font && editor && editor->GetFont() != forms::Font())
+    editor::UseFont(*editor, forms::Font());
+  if (answer->table_font || answer->code_font) ShowFonts();
+  if (answer->next_start) messages_.Status(Text(kTextChangedAtNextStart));
+}
+
+void MainWindow::ShowFonts() {
+  wx::SetTableFont(wx::KeptFont(parts_.state.table_font));
+  code_.editor().ShowFont(wx::KeptFont(parts_.state.code_font));
 }
 
 void MainWindow::AddTools() {

@@ -69,6 +69,8 @@ class MainWindow : public wxFrame {
   MainMenu::Commands MenuCommands();
   BackupKeeper::Dependencies BackupDependencies();
   void ConnectPanes();
+  void AskOptions();
+  void ShowFonts();
   void AddTools();
   void ConnectTree();
   void ConnectStudio();

@@ -6,6 +6,7 @@
 
 #include "wx/convert.h"
 #include "wx/native.h"
+#include "wx/table_font.h"
 
 namespace desktop {
 
@@ -30,6 +31,8 @@ PlaceTable::PlaceTable(wxWindow* parent, const std::string& name,
   AssociateModel(model_.get());
   wx::SetAccessibleName(*this, wx::ToWx(name));
   wx::LeaveOutScrollbarWithoutRoom(*this);
+  SetFont(wx::TableFont());
+  table_font_ = wx::ObserveTableFont([this] { SetFont(wx::TableFont()); });
   for (const Column& column : columns) {
     const int width = column.width == 0 ? wxCOL_WIDTH_DEFAULT : column.width * GetCharWidth();
     AppendTextColumn(wx::ToWx(column.title), GetColumnCount(), wxDATAVIEW_CELL_INERT, width,

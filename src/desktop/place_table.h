@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/observable.h"
+
 namespace desktop {
 
 // Places that can be gone to, by double click or Enter, and looked at by selecting them: a row of
@@ -41,6 +43,7 @@ class PlaceTable : public wxDataViewCtrl {
 
   std::vector<Row> rows_;
   wxObjectDataPtr<Model> model_;
+  forms::Subscription table_font_;
 };
 
 }  // namespace desktop

@@ -4,15 +4,19 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
+#include <wx/fontpicker.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "desktop/code_editor.h"
 #include "desktop/frame_texts.h"
 #include "messages/text_number.h"
 #include "project/history_setting.h"
 #include "project/language.h"
 #include "wx/convert.h"
 #include "wx/native.h"
+#include "wx/table_font.h"
 
 namespace desktop {
 
@@ -22,6 +26,22 @@ constexpr int kGap = 8;  // pixels at 100 %
 constexpr messages::TextNumber kOk{10};
 constexpr messages::TextNumber kCancel{11};
 constexpr texts::Language kLanguages[] = {texts::Language::kGerman, texts::Language::kEnglish};
+
+wxFont StandardTableFont() { return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT); }
+
+// The font as it is kept, or the standard one.
+wxFont FontOf(const std::string& kept, const wxFont& standard) {
+  const wxFont font = wx::KeptFont(kept);
+  return font.IsOk() ? font : standard;
+}
+
+// Keeps what was picked; the standard font as none. True when it is another one than before.
+bool KeepFont(const wxFontPickerCtrl& picker, const wxFont& standard, std::string& kept) {
+  const wxFont& font = picker.GetSelectedFont();
+  if (font == FontOf(kept, standard)) return false;
+  kept = font == standard ? "" : wx::FromWx(font.GetNativeFontInfoDesc());
+  return true;
+}
 
 }  // namespace
 
@@ -51,6 +71,15 @@ WorkbenchOptions::WorkbenchOptions(wxWindow* parent, const texts::TextTable& tex
     look_->Disable();
     look_->SetToolTip(Text(kTextOnlyLight));
   }
+  table_font_ = AddFont(*grid, kTextTableFont, FontOf(state.table_font, StandardTableFont()));
+  code_font_ = AddFont(*grid, kTextCodeFont, FontOf(state.code_font, CodeEditor::StandardFont()));
+  auto* standard = new wxButton(this, wxID_ANY, Text(kTextStandardFonts));
+  standard->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    table_font_->SetSelectedFont(StandardTableFont());
+    code_font_->SetSelectedFont(CodeEditor::StandardFont());
+  });
+  grid->AddSpacer(0);
+  grid->Add(standard, wxSizerFlags().Right());
   unsaved_ = AddChoice(*grid, kTextUnsavedCode, unsaved, state.save_when_leaving ? 1 : 0);
   auto* all = new wxBoxSizer(wxVERTICAL);
   SetSizer(all);
@@ -86,6 +115,16 @@ wxChoice* WorkbenchOptions::AddChoice(wxSizer& grid, messages::TextNumber label,
   return choice;
 }
 
+wxFontPickerCtrl* WorkbenchOptions::AddFont(wxSizer& grid, messages::TextNumber label, const wxFont& font) {
+  wxStaticText* name = wx::NewLabel(this);
+  name->SetLabel(Text(label));
+  auto* picker = new wxFontPickerCtrl(this, wxID_ANY, font);
+  wx::SetAccessibleName(*picker->GetPickerCtrl(), wxControl::RemoveMnemonics(Text(label)));
+  grid.Add(name, wxSizerFlags().CentreVertical());
+  grid.Add(picker, wxSizerFlags().Expand());
+  return picker;
+}
+
 wxCheckBox* WorkbenchOptions::AddCheck(messages::TextNumber label, bool checked) {
   auto* check = new wxCheckBox(this, wxID_ANY, Text(label));
   check->SetValue(checked);
@@ -93,9 +132,12 @@ wxCheckBox* WorkbenchOptions::AddCheck(messages::TextNumber label, bool checked)
   return check;
 }
 
-bool WorkbenchOptions::Ask() { return ShowModal() == wxID_OK && Store(); }
+std::optional<WorkbenchOptions::Answer> WorkbenchOptions::Ask() {
+  if (ShowModal() != wxID_OK) return std::nullopt;
+  return Store();
+}
 
-bool WorkbenchOptions::Store() {
+WorkbenchOptions::Answer WorkbenchOptions::Store() {
   bool later = false;
   const auto keep = [&](bool changed, std::string_view value, std::string_view now) {
     if (changed) later |= settings_.WriteRegistry(texts::kLanguageKey, value, now);
@@ -111,8 +153,10 @@ bool WorkbenchOptions::Store() {
   }
   later |= backups_->GetValue() != state_.with_backups;
   state_.with_backups = backups_->GetValue();
+  const bool other_tables = KeepFont(*table_font_, StandardTableFont(), state_.table_font);
+  const bool other_code = KeepFont(*code_font_, CodeEditor::StandardFont(), state_.code_font);
   state_.Save();
-  return later;
+  return {later, other_tables, other_code};
 }
 
 }  // namespace desktop

@@ -14,6 +14,7 @@ namespace {
 constexpr const char* kInitialisationFailed = "Initialisierung Konfigurationsdialog fehlgegangen";
 constexpr const char* kStorageFailed = "Zurückschreiben von Konfigurationsdialog fehlgegangen";
 constexpr messages::TextNumber kSettingsNotWritten{1627};
+constexpr const char* kFontOwners[] = {"Me", "tdbP", "tdbA"};
 
 bool IsTrue(const platform::Variant& value) {
   const bool* on = value.Get<bool>();
@@ -22,16 +23,16 @@ bool IsTrue(const platform::Variant& value) {
 
 // What the options change is kept at once, the rest of the layout when the window closes: a
 // switched-off "save on exit" could never be kept otherwise.
-bool WriteOptions(settings::CInit& inits) {
+bool WriteSetting(settings::CInit& inits, const std::string& key) {
+  return inits.WriteToIni(key, inits.ReadAValueFromCInits(key));
+}
+
+bool WriteFonts(settings::CInit& inits) {
   bool written = true;
-  const auto write = [&](const std::string& key) {
-    written &= inits.WriteToIni(key, inits.ReadAValueFromCInits(key));
-  };
-  for (const char* key : {"SaveOnExit", "RequestOnDelete", "sb.Visible"}) write(key);
-  for (const char* owner : {"Me", "tdbP", "tdbA"}) {
+  for (const char* owner : kFontOwners) {
     for (const char* member :
          {"Name", "Size", "Underline", "Strikethrough", "Italic", "Charset", "Weight"}) {
-      write(std::string(owner) + ".Font." + member);
+      written &= WriteSetting(inits, std::string(owner) + ".Font." + member);
     }
   }
   return written;
@@ -72,21 +73,31 @@ void LoadOptions(const frmtabgrid& window, FConfigEditor& dialog) {
     dialog.chkDelQuestion.SetChecked(true);
   }
   if (window.sb.Visible()) dialog.chkShowStatusBar.SetChecked(true);
+  // The workbench counts in a row of its own.
+  dialog.chkShowStatusBar.SetVisible(!window.context().services.in_workbench);
+}
+
+bool UseFont(frmtabgrid& window, const forms::Font& font) {
+  window.SetFont(font);
+  CopyFont(window, window.tdbP);
+  CopyFont(window, window.tdbA);
+  for (const char* owner : kFontOwners) window.inits.GetInitFromControl(window, owner);
+  return WriteFonts(window.inits);
 }
 
 bool StoreOptions(frmtabgrid& window, const FConfigEditor& dialog) {
-  CopyFont(dialog.txtEditorFont, window);
-  CopyFont(window, window.tdbP);
-  CopyFont(window, window.tdbA);
-  window.inits.GetInitFromControl(window, "tdbA");
-  window.inits.GetInitFromControl(window, "tdbP");
+  bool written = UseFont(window, dialog.txtEditorFont.GetFont());
   window.inits.WriteAValueToCInits("SaveOnExit", dialog.chkSaveOnExit.Checked());
   window.inits.WriteAValueToCInits("RequestOnDelete", dialog.chkDelQuestion.Checked());
-  window.sb.SetVisible(dialog.chkShowStatusBar.Checked());
-  window.inits.GetInitFromControl(window, "sb");
+  if (dialog.chkShowStatusBar.Visible()) {
+    window.sb.SetVisible(dialog.chkShowStatusBar.Checked());
+    window.inits.GetInitFromControl(window, "sb");
+  }
   window.inits.GetInitFromControl(window, "Me");
   window.ApplyChangedSettings();
-  return WriteOptions(window.inits);
+  for (const char* key : {"SaveOnExit", "RequestOnDelete", "sb.Visible"})
+    written &= WriteSetting(window.inits, key);
+  return written;
 }
 
 bool OpenOptions(frmtabgrid& window, const OptionsSteps& steps) {

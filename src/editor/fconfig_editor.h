@@ -37,6 +37,10 @@ struct OptionsSteps {
 // Shows the options of the window; whether they were confirmed and stored.
 bool OpenOptions(frmtabgrid& window, const OptionsSteps& steps = {});
 
+// The window and its tables have that font from now on, also the next time. False when the settings
+// file cannot be written.
+bool UseFont(frmtabgrid& window, const forms::Font& font);
+
 // Copies name, size, character set, italic, strikethrough, underline and weight.
 void CopyFont(const forms::Control& source, forms::Control& target);
 

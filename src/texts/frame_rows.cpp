@@ -86,8 +86,8 @@ std::span<const Row> FrameRows() {
       {4611, "&Verlauf führen, damit sich alles rückgängig machen lässt",
        "Keep a &history, so that everything can be undone"},
       {4612, "Jeden Tag eine Sicherung an&legen", "Make a &backup every day"},
-      {4613, "Alles außer dem ungespeicherten Code ändert sich beim nächsten Start.",
-       "Everything but the unsaved code changes at the next start."},
+      {4613, "Sprache, Aussehen, Verlauf und Sicherungen ändern sich beim nächsten Start.",
+       "Language, appearance, history and backups change at the next start."},
       {4614, "Gespeichert. Die Änderung zeigt sich beim nächsten Start.",
        "Saved. The next start shows the change."},
   });

@@ -14,6 +14,7 @@
 #include "wx/convert.h"
 #include "wx/native.h"
 #include "wx/row_drag.h"
+#include "wx/table_font.h"
 
 namespace wx {
 
@@ -50,15 +51,22 @@ RowsView::RowsView(forms::RowView& rows, wxWindow* parent, const ViewContext& co
 }
 
 void RowsView::Start() {
-  list_->SetFont(ToWx(rows_.GetFont()));
+  ShowFont();
+  table_font_ = ObserveTableFont([this] { ShowFont(); });
   SetAccessibleName(*list_, ToWx(rows_.AccessibleName()));
   BuildColumns();
   Bind();
   ShowRows();
 }
 
+void RowsView::ShowFont() {
+  const forms::Font& font = rows_.GetFont();
+  list_->SetFont(font == forms::Font() ? TableFont() : ToWx(font));
+}
+
 void RowsView::Detach() {
   ControlView::Detach();
+  table_font_ = {};
   native_.ForgetColumns();
   native_.SetEmptyText({});
   cells_->Detach();
@@ -281,7 +289,7 @@ void RowsView::Show(Property property) {
       ShowEmptyText();
       break;
     case Property::kFont:
-      list_->SetFont(ToWx(rows_.GetFont()));
+      ShowFont();
       break;
     case Property::kColumns:
       // Settings change many columns in a row: they are built once, afterwards.

@@ -61,6 +61,7 @@ class RowsView : public ControlView {
   void TakeSelection();
   std::int64_t IdOf(const wxDataViewItem& item) const;
   void ShowSelection();
+  void ShowFont();
   void ShowRows();
   void RebuildColumns();
   void ShowEmptyText();
@@ -84,6 +85,7 @@ class RowsView : public ControlView {
     wxPoint at;         // on the screen
     bool kept = false;  // from the native list
   };
+  forms::Subscription table_font_;
   std::optional<Press> press_;
   bool syncing_ = false;  // the native list is being brought up to the model
   bool columns_pending_ = false;

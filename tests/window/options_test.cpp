@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The options of the program, which are there without a project, too.
 #include <gtest/gtest.h>
+#include <wx/settings.h>
+
+#include <utility>
 
 #include "tests/window/desktop_program.h"
+#include "wx/convert.h"
 
 namespace {
 
@@ -24,6 +28,32 @@ TEST(WorkbenchOptions, AreKeptForTheNextStart) {
   EXPECT_NE(kept.find("History=0"), std::string::npos) << kept;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
   EXPECT_FALSE(program.state().with_backups);
+}
+
+// Fonts are kept, and what is chosen is in sight at once.
+TEST(WorkbenchOptions, FontsOfTablesAndCode) {
+  support::SamplePlant plant;
+  {
+    DesktopProgram program{plant.system, texts::Language::kEnglish};
+    wxFont font = *wxNORMAL_FONT;
+    font.SetPointSize(17);
+    program.state().table_font = wx::FromWx(font.GetNativeFontInfoDesc());
+    font.SetPointSize(23);
+    program.state().code_font = wx::FromWx(font.GetNativeFontInfoDesc());
+  }
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+  ASSERT_TRUE(program.Open());
+  Input({"key --delay 60 Home Down sleep 0.3"});
+  const auto shown = [&] {
+    return std::pair{program.Grid().GetFont().GetPointSize(),
+                     program.Code().StyleGetFont(wxSTC_STYLE_DEFAULT).GetPointSize()};
+  };
+  EXPECT_EQ(shown(), (std::pair{17, 23}));
+  program.Choose("Program Options...");
+  Input({"sleep 1.6", "key alt+d", "key alt+h", "key alt+h", "key Return sleep 0.5"});
+  const int standard = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize();
+  EXPECT_EQ(shown(), (std::pair{standard, standard}));
+  EXPECT_EQ(program.state().table_font + program.state().code_font, "");
 }
 
 }  // namespace

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Texts of the window's look: fonts and titles.
+#include <array>
+
+#include "texts/rows.h"
+
+namespace texts {
+
+std::span<const Row> LookRows() {
+  static constexpr auto kRows = std::to_array<Row>({
+      // Fonts, in the options of the program.
+      {4930, "Schrift der &Tabellen:", "Font of &tables:"},
+      {4931, "Schrift des &Codes:", "Font of &code:"},
+      {4932, "Stan&dardschriften", "&Default Fonts"},
+      // Titles of dialogs and of the window.
+      {4940, "Neue Formel", "New Formula"},
+      {4941, "Formel <Name>", "Formula <Name>"},
+      {4942, "Neues Argument", "New Argument"},
+      {4943, "Argument <Name>", "Argument <Name>"},
+      {4944, "Neuer Alias", "New Alias"},
+      {4945, "Alias <Name>", "Alias <Name>"},
+      {4946, "Aliase", "Aliases"},
+      {4947, "Formeln", "Formulas"},
+      {4948, "&Neuer Alias...", "&New Alias..."},
+  });
+  return kRows;
+}
+
+}  // namespace texts
