@@ -32,11 +32,11 @@ struct ColumnLook {
 
 // In the order of OverviewRows::Column.
 constexpr ColumnLook kColumns[] = {
-    {"Name", kTextFormulaName, 2550, forms::ColumnKind::kText},
-    {"ProgID", kTextClass, 2550, forms::ColumnKind::kText},
-    {"Type", kTextCallType, 2775, forms::ColumnKind::kText},
+    {"Name", kTextFormulaName, 2400, forms::ColumnKind::kText},
+    {"ProgID", kTextClass, 2325, forms::ColumnKind::kText},
+    {"Type", kTextCallType, 2550, forms::ColumnKind::kText},
     {"ScanTime", kTextScanTime, 2025, forms::ColumnKind::kNumber},
-    {"Enabled", kTextEnabled, 1050, forms::ColumnKind::kCheckBox},
+    {"Enabled", kTextEnabled, 900, forms::ColumnKind::kCheckBox},
     {"Arguments", kTextArgumentCount, 1425, forms::ColumnKind::kNumber},
     {"Comment", kTextFormulaComment, 3000, forms::ColumnKind::kText},
 };

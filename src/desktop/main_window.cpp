@@ -388,13 +388,22 @@ void MainWindow::LookAtStatus() {
     status_.Look(&editor->operations(), parts_.files.Stamp(project_->path()));
 }
 
-// The project's file and what the editor's window shows of it. At the root the window keeps the
-// caption that it had.
+// What is selected, the project's file, the program.
 void MainWindow::ShowTitle() {
-  const editor::frmtabgrid* editor = session_ ? session_->add_in().EditorWindow() : nullptr;
-  const bool root = tree_.SelectedKey() == editor::kRootKey;
-  const std::string shown = editor && !root ? editor->Caption() : Text(studio::kTextProduct);
-  SetTitle(wx::ToWx(editor ? parts_.files.FileName(project_->path()) + " – " + shown : shown));
+  std::string title = Text(studio::kTextProduct);
+  if (session_ && session_->add_in().EditorWindow()) {
+    title = parts_.files.FileName(project_->path()) + " – " + title;
+    const std::string shown = NameOfNode(tree_.SelectedKey());
+    if (!shown.empty()) title = shown + " – " + title;
+  }
+  SetTitle(wx::ToWx(title));
+}
+
+std::string MainWindow::NameOfNode(const std::string& key) const {
+  if (editor::KeyKind(key) == editor::kAliasKind) return Text(dialogs::kTextAliasesTitle);
+  if (key == editor::kFormulasKey) return Text(dialogs::kTextFormulasTitle);
+  const studio::StudioNode* node = editor::IsFormulaKey(key) ? tree_.Tree()->Find(key) : nullptr;
+  return node ? parts_.texts.Text(dialogs::kTextFormulaTitle, {{"<Name>", node->text}}) : "";
 }
 
 void MainWindow::SelectNode(const studio::StudioNode& node) {

@@ -35,7 +35,8 @@ struct DialogContext {
   platform::AddIn* studio = nullptr;
   platform::Help* help = nullptr;
   forms::Form* owner = nullptr;
-  bool offers_uses = false;  // a new name offers to change its uses in procedures
+  bool offers_uses = false;   // a new name offers to change its uses in procedures
+  bool in_workbench = false;  // titles say what the dialogs do, missing aliases can be made in them
   std::shared_ptr<Choices> choices = std::make_shared<Choices>();
 
   std::string Text(messages::TextNumber number) const { return texts.Text(number); }

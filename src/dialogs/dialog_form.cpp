@@ -30,6 +30,12 @@ bool DialogForm::Run() {
   return !cancelled_;
 }
 
+void DialogForm::SayWhat(messages::TextNumber title, std::string_view name) {
+  if (!context_.in_workbench) return;
+  SetTag("");
+  SetCaption(context_.texts.Text(title, {{"<Name>", std::string(name)}}));
+}
+
 void DialogForm::WireButtons(forms::Button& ok, forms::Button& cancel, forms::Button& help) {
   ok.SetTag("C10");
   ok.SetDefault(true);

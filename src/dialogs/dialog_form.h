@@ -32,6 +32,8 @@ class DialogForm : public forms::Form {
   bool Cancelled() const { return cancelled_; }
 
  protected:
+  // In the workbench the title says what the dialog does; in the studio it is the form's own.
+  void SayWhat(messages::TextNumber title, std::string_view name = {});
   // Called by the constructor of each dialog, which declares its buttons last: the order of
   // declaration is the tab order.
   void WireButtons(forms::Button& ok, forms::Button& cancel, forms::Button& help);

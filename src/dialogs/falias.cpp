@@ -2,6 +2,7 @@
 #include "dialogs/falias.h"
 
 #include "dialogs/alias_rules.h"
+#include "dialogs/title_texts.h"
 #include "messages/text_number.h"
 #include "store/rules.h"
 
@@ -21,6 +22,7 @@ FAlias::FAlias(const DialogContext& context, std::int32_t alias_id)
       uses_(context, chkWithUses, lblWithUsesHint,
             [this] { return this->context().operations.CodeUsesOfAlias(alias_id_); }) {
   SetCaption("VBAlias");
+  SayWhat(kTextNewAliasTitle);
   lblItemName.SetTag("C401");
   lblVBAlias.SetTag("C402");
   cmdChooseItemname.SetCaption("...");
@@ -41,6 +43,7 @@ FAlias::FAlias(const DialogContext& context, std::int32_t alias_id)
 
 void FAlias::Load(const store::AliasValues& values) {
   stored_ = values.vb_alias;
+  SayWhat(kTextAliasTitle, values.vb_alias);
   txtItemname.SetText(values.item_id);
   txtVBAlias.SetText(values.vb_alias);
 }

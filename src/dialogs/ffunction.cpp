@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/ffunction.h"
 
+#include "dialogs/title_texts.h"
 #include "messages/text_number.h"
 #include "platform/text.h"
 
@@ -21,6 +22,7 @@ FFunction::FFunction(const DialogContext& context)
       uses_(context, chkWithUses, lblWithUsesHint,
             [this] { return this->context().operations.CodeUsesOfFormula(stored_->id); }) {
   SetTag("C301");
+  SayWhat(kTextNewFormulaTitle);
   lblName.SetTag("C302");
   lblProgID.SetTag("C303");
   lblType.SetTag("C304");
@@ -64,6 +66,7 @@ void FFunction::SetClasses(const store::ClassList& classes) {
 
 void FFunction::Load(const store::FormulaRecord& record) {
   stored_ = record;
+  SayWhat(kTextFormulaTitle, record.name);
   txtName.SetText(record.name);
   ChooseClass(record.prog_id);
   cmbType.SetListIndex(cmbType.FindData(record.type));

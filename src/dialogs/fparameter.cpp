@@ -2,7 +2,9 @@
 #include "dialogs/fparameter.h"
 
 #include "dialogs/alias_series.h"
+#include "dialogs/argument_dialogs.h"
 #include "dialogs/many_texts.h"
+#include "dialogs/title_texts.h"
 #include "exchange/series.h"
 #include "messages/error.h"
 
@@ -22,11 +24,16 @@ FParameter::FParameter(const DialogContext& context)
       uses_(context, chkWithUses, lblWithUsesHint,
             [this] { return this->context().operations.CodeUsesOfArgument(argument_id_); }) {
   SetTag("C500");
+  SayWhat(kTextNewArgumentTitle);
   lblVBAlias.SetTag("C501");
   chkIn.SetTag("C502");
   chkOut.SetTag("C503");
   lblVBAliasHint.SetHint(true);
   cmbVBAlias.SetLayout({.min_chars = 40});
+  cmdNewAlias.SetCaption(Text(kTextMakeAlias));
+  cmdNewAlias.SetLayout({.same_row = true});
+  cmdNewAlias.SetVisible(context.in_workbench);
+  cmdNewAlias.on_click = [this] { MakeAlias(); };
   cmdOk.SetDisabledReason(Text(kChooseAlias));
   cmdOk.SetEnabled(false);
   SetResizable(true);
@@ -53,6 +60,7 @@ bool FParameter::Load(const store::ArgumentValues& values, std::int32_t argument
   cmbVBAlias.SetListIndex(cmbVBAlias.FindData(values.alias_id));
   chkIn.SetChecked(values.in);
   chkOut.SetChecked(values.out);
+  SayWhat(kTextArgumentTitle, cmbVBAlias.Text());
   return cmbVBAlias.ListIndex() != -1;
 }
 
@@ -99,6 +107,15 @@ void FParameter::OnSeries() {
   txtSeries.SetInvalid(!problem.empty());
   cmdOk.SetDisabledReason(problem.empty() ? Text(kChooseAlias) : problem);
   cmdOk.SetEnabled(txtSeries.Text().empty() ? cmbVBAlias.ListIndex() != -1 : problem.empty());
+}
+
+void FParameter::MakeAlias() {
+  const std::int32_t id = AddAlias(context());
+  if (id == 0) return;
+  context().aliases->Requery();
+  cmbVBAlias.SetSource(std::make_shared<AliasList>(context().aliases));
+  cmbVBAlias.SetListIndex(cmbVBAlias.FindData(id));
+  OnAlias();
 }
 
 void FParameter::OnFlag(forms::CheckBox& clicked) {

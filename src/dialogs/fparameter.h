@@ -31,6 +31,7 @@ class FParameter : public DialogForm {
   forms::Frame fraParameter{this, "fraParameter"};
   forms::Label lblVBAlias{&fraParameter, "lblVBAlias"};
   forms::ComboBox cmbVBAlias{&fraParameter, "cmbVBAlias"};
+  forms::Button cmdNewAlias{&fraParameter, "cmdNewAlias"};
   forms::Label lblVBAliasHint{&fraParameter, "lblVBAliasHint"};
   forms::CheckBox chkWithUses{&fraParameter, "chkWithUses"};
   forms::Label lblWithUsesHint{&fraParameter, "lblWithUsesHint"};
@@ -46,6 +47,7 @@ class FParameter : public DialogForm {
  private:
   void OnFlag(forms::CheckBox& clicked);
   void OnAlias();
+  void MakeAlias();
   void OnSeries();
 
   UsesOffer uses_;

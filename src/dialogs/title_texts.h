@@ -3,18 +3,18 @@
 // (texts/look_rows.cpp).
 #pragma once
 
+#include "messages/text_number.h"
+
 namespace dialogs {
 
-enum TitleText : int {
-  kTextNewFormulaTitle = 4940,
-  kTextFormulaTitle,
-  kTextNewArgumentTitle,
-  kTextArgumentTitle,
-  kTextNewAliasTitle,
-  kTextAliasTitle,
-  kTextAliasesTitle,
-  kTextFormulasTitle,
-  kTextMakeAlias,
-};
+inline constexpr messages::TextNumber kTextNewFormulaTitle{4940};
+inline constexpr messages::TextNumber kTextFormulaTitle{4941};
+inline constexpr messages::TextNumber kTextNewArgumentTitle{4942};
+inline constexpr messages::TextNumber kTextArgumentTitle{4943};
+inline constexpr messages::TextNumber kTextNewAliasTitle{4944};
+inline constexpr messages::TextNumber kTextAliasTitle{4945};
+inline constexpr messages::TextNumber kTextAliasesTitle{4946};
+inline constexpr messages::TextNumber kTextFormulasTitle{4947};
+inline constexpr messages::TextNumber kTextMakeAlias{4948};
 
 }  // namespace dialogs

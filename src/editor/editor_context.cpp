@@ -38,7 +38,8 @@ EditorContext::EditorContext(EditorHost& its_host, const Services& its_services,
                      studio.get(),
                      &services.help,
                      &owner,
-                     services.offers_uses} {
+                     services.offers_uses,
+                     services.in_workbench} {
   code.Initialize(project.connection, project.vbe, project.name);
   dialog_context.choices->move_with_code = KeptMoveWithCode();
 }

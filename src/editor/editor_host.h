@@ -30,7 +30,10 @@ struct Services {
   dialogs::ItemNotes* notes = nullptr;
   bool moves_take_code = false;  // of formulas to another class, until the user chooses otherwise
   bool offers_uses = false;      // a new name offers to change its uses in procedures
-  UndoEntries* undo = nullptr;   // null: the editor's menu offers none
+  // The window around counts what the project holds, dialogs say in their titles what they do, and
+  // the keys of all tables are the same.
+  bool in_workbench = false;
+  UndoEntries* undo = nullptr;  // null: the editor's menu offers none
 };
 
 // What the editor window asks of the add-in that owns it.

@@ -142,8 +142,16 @@ void frmtabgrid::OnLoad() {
   forms::LocaliseCaptions(*this, context_.Lookup());
   counters_.ShowLabels(context_.Lookup());
   inits.LoadDefaultInit(settings::kEditorSettings);
+  if (context_.services.notes) {
+    AddNoteWidths(tdbP, inits);
+    AddNoteWidths(tdbA, inits);
+  }
   inits.LoadInits(context_.SettingsFile());
-  inits.SetInitToControl(*this, "sb");
+  if (context_.services.in_workbench) {
+    sb.SetVisible(false);
+  } else {
+    inits.SetInitToControl(*this, "sb");
+  }
   inits.SetInitToMotherObject(*this);
   ShowEditorTools(abr, toolbar_flag_);
   InitializeGrids();
@@ -153,13 +161,14 @@ void frmtabgrid::OnLoad() {
 
 void frmtabgrid::InitializeGrid(forms::Grid& grid, std::string_view orders_key) {
   std::vector<double> widths;
-  const std::size_t own = OwnColumns(grid);
-  for (std::size_t i = 0; i < own; ++i) widths.push_back(grid.ColumnAt(i).Width());
+  const std::size_t own = OwnColumns(grid), count = grid.ColumnCount();
+  for (std::size_t i = 0; i < count; ++i) widths.push_back(grid.ColumnAt(i).Width());
   inits.SetInitToControl(*this, grid.Name());
-  for (std::size_t i = 0; i < own; ++i) {
+  for (std::size_t i = 0; i < count; ++i) {
     forms::Column& column = grid.ColumnAt(i);
     const bool sized = std::abs(column.Width() - widths[i]) > kWidthPrecision;
-    column.SetFills(column.Kind() != forms::ColumnKind::kCheckBox && !sized);
+    const bool fills = i < own ? column.Kind() != forms::ColumnKind::kCheckBox : column.Fills();
+    column.SetFills(fills && !sized);
   }
   ApplyColumnOrder(grid, inits.ReadAValueFromCInits(orders_key).ToText());
 }

@@ -69,7 +69,10 @@ void GridEditing::Wire(forms::Grid& grid, const GridKind& kind) {
 // --- Keys and mouse ---
 
 void GridEditing::OnKey(forms::Grid& grid, const GridKind& kind, forms::KeyEvent& event) {
-  const ToolRow* tool = FindToolOfKey(kind.band, event.key_code, event.shift);
+  const bool deletes =
+      context_.services.in_workbench && event.key_code == forms::kKeyDelete && event.shift == 0;
+  const ToolRow* tool =
+      FindToolOfKey(kind.band, event.key_code, deletes ? forms::kControl : event.shift);
   if (!tool && context_.services.undo) tool = FindToolOfKey(kEditBand, event.key_code, event.shift);
   if (tool) {
     event.handled = true;

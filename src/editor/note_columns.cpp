@@ -2,6 +2,7 @@
 #include "editor/note_columns.h"
 
 #include <span>
+#include <string>
 
 #include "messages/text_number.h"
 
@@ -48,6 +49,16 @@ void AddArgumentNotes(forms::Grid& arguments, const forms::TextLookup& text) {
 
 void AddAliasNotes(forms::Grid& aliases, const forms::TextLookup& text) {
   Add(aliases, kAliasNotes, text);
+}
+
+void AddNoteWidths(const forms::Grid& grid, settings::CInit& inits) {
+  const std::string split = std::to_string(grid.SplitCount() - 1);
+  for (std::size_t i = OwnColumns(grid); i < grid.ColumnCount(); ++i) {
+    const forms::Column& column = grid.ColumnAt(i);
+    inits.WriteAValueToCInits(
+        grid.Name() + ".Splits(" + split + ").Columns(\"" + column.DataField() + "\").Width",
+        column.Width());
+  }
 }
 
 std::size_t OwnColumns(const forms::Grid& grid) {

@@ -66,7 +66,7 @@ AddInSession::AddInSession(project::Project& project, const Dependencies& depend
   add_in_ = std::make_unique<addin::Connect>(
       editor::Services{dependencies.toolkit, dependencies.window_system, dependencies.settings,
                        dependencies.help, *reports_, project.unit(), &project.items(),
-                       project.components(), nullptr, &notes_, true, true});
+                       project.components(), nullptr, &notes_, true, true, true});
 }
 
 AddInSession::~AddInSession() { Stop(); }

@@ -25,6 +25,47 @@ class DialogFlows : public testing::TestWithParam<texts::Language> {
   }
 };
 
+TEST_P(DialogFlows, TitlesOfTheWorkbenchSayWhatIsDone) {
+  bench.context->in_workbench = true;
+  bench.In<FFunction>([&](FFunction& dialog) {
+    EXPECT_EQ(dialog.Caption(), In("Neue Formel", "New Formula"));
+    dialog.ChooseClass("PumpServer.CPump");
+    dialog.cmdOk.Click();
+  });
+  const AddedFormula formula = AddFormula(context);
+  bench.In<FFunction>([&](FFunction& dialog) {
+    EXPECT_EQ(dialog.Caption(), In("Formel Formel1", "Formula Formula1"));
+    dialog.cmdCancel.Click();
+  });
+  EditFormula(context, formula.id);
+
+  // An argument of an alias that is made on the way.
+  bench.In<FParameter>([&](FParameter& dialog) {
+    EXPECT_EQ(dialog.Caption(), In("Neues Argument", "New Argument"));
+    bench.In<FAlias>([&](FAlias& alias) {
+      EXPECT_EQ(alias.Caption(), In("Neuer Alias", "New Alias"));
+      alias.txtItemname.SetText("Tank1.Level");
+      alias.cmdOk.Click();
+    });
+    ASSERT_TRUE(dialog.cmdNewAlias.Visible());
+    dialog.cmdNewAlias.Click();
+    EXPECT_EQ(dialog.cmbVBAlias.Text(), "Tank1_Level");
+    dialog.cmdOk.Click();
+  });
+  const std::int32_t argument = AddArgument(context, formula.id);
+  EXPECT_THAT(bench.Arguments(), ElementsAre("1|1|1|False|False"));
+  bench.In<FParameter>([&](FParameter& dialog) {
+    EXPECT_EQ(dialog.Caption(), "Argument Tank1_Level");
+    dialog.cmdCancel.Click();
+  });
+  EditArgument(context, argument);
+  bench.In<FAlias>([&](FAlias& dialog) {
+    EXPECT_EQ(dialog.Caption(), "Alias Tank1_Level");
+    dialog.cmdCancel.Click();
+  });
+  EditAlias(context, 1);
+}
+
 TEST_P(DialogFlows, MainJob) {
   const std::string proposed = In("Formel1", "Formula1");
   bench.In<FFunction>([&](FFunction& dialog) {

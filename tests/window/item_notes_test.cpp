@@ -61,4 +61,27 @@ TEST_F(ItemNotes, StandBesideAliasesAndArguments) {
   EXPECT_EQ(Shown(), (Lines{"One|1|0|Plant.One|Double|upper level", "Gone|0|1|Plant.Gone||"}));
 }
 
+TEST(NoteColumns, KeepTheirWidths) {
+  PlantWithItems plant;
+  const auto width = [](DesktopProgram& program) {
+    EXPECT_TRUE(program.Open());
+    Input({"key --delay 60 Home Down sleep 0.3"});
+    window_tests::Wait::For([&] { return program.Grid().GetColumn(2)->GetWidth() > 0; });
+    return program.Grid().GetColumn(2)->GetWidth();
+  };
+  int wanted = 0;
+  {
+    DesktopProgram program{plant.system, texts::Language::kEnglish};
+    wanted = width(program) + 50;
+    int right = 0;
+    for (unsigned column = 0; column < 3; ++column)
+      right += program.Grid().GetColumn(column)->GetWidth();
+    display::Drag(program.Grid(), {right, 10}, {right + 50, 10});
+    EXPECT_NEAR(program.Grid().GetColumn(2)->GetWidth(), wanted, 4);
+    wanted = program.Grid().GetColumn(2)->GetWidth();
+  }
+  DesktopProgram program{plant.system, texts::Language::kEnglish};
+  EXPECT_EQ(width(program), wanted);
+}
+
 }  // namespace

@@ -96,7 +96,7 @@ TEST_F(RowsTest, DeletingTellsOnceWhatIsUsed) {
          "key ctrl+Delete sleep 0.8 key alt+y sleep 0.8 key Return"});
   EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two", "3|Three"}));
   plant.Delete(3);
-  Input({MoveTo(2) + "click 1", "key ctrl+Delete sleep 0.8 key alt+y"});
+  Input({MoveTo(2) + "click 1", "key Delete sleep 0.8 key alt+y"});
   EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two"}));
   EXPECT_EQ(program.Status(), texts.Text(messages::TextNumber{1655}));
 }
