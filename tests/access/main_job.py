@@ -15,10 +15,11 @@ from bus import (Desk, active, expect, fail, find, focus, gone, press, wait, wal
 
 WORDS = {
     "en": dict(tree="Project tree", formulas="Formulas", folder="Formula Definition",
-               aliases="Alias Identifier", formula="Formula Definition", name="Name",
+               aliases="Alias Identifier", formula="New Formula", name="Name",
                prog_id="Class Name", call="Call Formula", scan="Scan Time", comment="Comment",
-               enabled="Definition enabled", arguments="Arguments", argument="Argument",
-               alias_table="Aliases", alias="VBAlias", item="Item Name", into="Input Value",
+               enabled="Definition enabled", arguments="Arguments", argument="New Argument",
+               alias_table="Aliases", new_alias="New Alias", alias="VBAlias", item="Item Name",
+               into="Input Value",
                out="Return Value", ok="OK", cancel="Cancel", help="Help", contents="Contents",
                search="Search", page="Page", code="Code", project="Project", extras="Extras",
                formula_page="Dialog Formula Definition", tree_page="The Project Tree",
@@ -26,10 +27,11 @@ WORDS = {
                code_page="What Happens in the Code", field_menu=("Cut", "Copy", "Paste"),
                other="de"),
     "de": dict(tree="Projektbaum", formulas="Formeln", folder="Formeldefinitionen",
-               aliases="Aliasbezeichner", formula="Formeldefinition", name="Name",
+               aliases="Aliasbezeichner", formula="Neue Formel", name="Name",
                prog_id="Klassenname", call="Formelaufruf", scan="Abtastzeit", comment="Kommentar",
-               enabled="Definition aktiv", arguments="Argumente", argument="Argument",
-               alias_table="Aliase", alias="VBAlias", item="Itemname", into="Übergabeparameter",
+               enabled="Definition aktiv", arguments="Argumente", argument="Neues Argument",
+               alias_table="Aliase", new_alias="Neuer Alias", alias="VBAlias", item="Itemname",
+               into="Übergabeparameter",
                out="Rückgabewert", ok="OK", cancel="Abbrechen", help="Hilfe", contents="Inhalt",
                search="Suchen", page="Seite", code="Code", project="Projekt", extras="Extras",
                formula_page="Dialog Formeldefinition", tree_page="Der Projektbaum",
@@ -166,11 +168,11 @@ def do_job(w):
     select_node(w, w["aliases"])
     expect("table cell", "Tank1.Level", wait("aliases", lambda: find("table", w["alias_table"])))
     press("alt+F6", "F8")
-    dialog = window(w["alias"])
+    dialog = window(w["new_alias"])
     expect("text", w["item"], dialog)
     expect("text", w["alias"], dialog)
     press("Escape")
-    gone(w["alias"])
+    gone(w["new_alias"])
 
 
 main()

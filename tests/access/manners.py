@@ -61,13 +61,13 @@ def main():
     # A change; a backup is made before it.
     focus(expect("tree table", "Project tree"))
     press("F9")
-    dialog = window("Formula Definition")
+    dialog = window("Formula Old")
     wait("dialog with the keyboard", lambda: dialog.getState().contains(pyatspi.STATE_ACTIVE))
     focus(expect("text", "Name", dialog))
     press("ctrl+a")
     write("Changed")
     press("Return")
-    gone("Formula Definition")
+    gone("Formula Old")
     wait("new name in the tree", lambda: selected("Changed"))
     if len(backups(desk)) != 1:
         fail("no backup was made before the change")
