@@ -9,8 +9,8 @@ namespace texts {
 std::span<const Row> LookRows() {
   static constexpr auto kRows = std::to_array<Row>({
       // Fonts, in the options of the program.
-      {4930, "Schrift der &Tabellen:", "Font of &tables:"},
-      {4931, "Schrift des &Codes:", "Font of &code:"},
+      {4930, "Schrift der &Tabellen:", "&Table font:"},
+      {4931, "Schrift des &Codes:", "&Code font:"},
       {4932, "Stan&dardschriften", "&Default Fonts"},
       // Titles of dialogs and of the window.
       {4940, "Neue Formel", "New Formula"},

@@ -21,8 +21,8 @@ constexpr Row kRows[] = {
      "<Name> was changed by somebody else meanwhile, too."},
     {4861, "<Member>: gespeichert ist „<Theirs>“, Sie haben „<Mine>“ eingegeben.",
      "<Member>: \"<Theirs>\" is stored, you entered \"<Mine>\"."},
-    {4862, "&Gespeichertes übernehmen", "&Take What Is Stored"},
-    {4863, "Mit meinem &überschreiben", "&Overwrite with Mine"},
+    {4862, "&Gespeicherten Stand übernehmen", "&Take the Stored Version"},
+    {4863, "Mit meinem Stand &überschreiben", "&Overwrite with Mine"},
     {4864, "ja", "yes"},
     {4865, "nein", "no"},
 };

@@ -87,7 +87,7 @@ TEST_F(CodeHelpTest, SaysWhatANameIs) {
   EXPECT_EQ(code().on_describe(level), "Tank1.Level, Double\nLevel in m\nFill: input value");
   const int helper = code().FindText(0, code().GetLength(), "Helper");
   EXPECT_EQ(code().on_describe(helper), "");
-  EXPECT_EQ(code().on_describe(level - 6), "Levle is declared nowhere.");
+  EXPECT_EQ(code().on_describe(level - 6), "Levle is not declared anywhere.");
   code().GotoPos(level);
   Input({"key ctrl+i sleep 0.3"});
   EXPECT_TRUE(code().CallTipActive());
