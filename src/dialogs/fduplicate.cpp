@@ -95,18 +95,21 @@ void FDuplicate::Plan() {
   cmdOk.SetEnabled(state.empty());
 }
 
+// What changes stands before what is there already.
 std::string FDuplicate::Preview() const {
   const exchange::ImportPlan& plan = copies_->plan;
-  std::string text;
+  std::string changed, unchanged;
   for (std::size_t i = 0; i < plan.LineCount(); ++i) {
     const exchange::ImportPlan::Line line = plan.LineAt(i);
+    std::string& text = line.action == exchange::RowAction::kUnchanged ? unchanged : changed;
     text += Text(kTextNew + static_cast<std::int32_t>(line.action)) + "  " + line.name;
     if (!line.detail.empty()) text += "  (" + line.detail + ")";
     text += '\n';
   }
   const auto first = std::ranges::find(plan.formulas(), exchange::RowAction::kNew,
                                        &exchange::PlannedFormula::action);
-  if (first != plan.formulas().end()) text += '\n' + std::string(first->code);
+  if (first != plan.formulas().end()) changed += '\n' + std::string(first->code);
+  std::string text = changed + (unchanged.empty() ? "" : "\n") + unchanged;
   std::erase(text, '\r');
   return text;
 }

@@ -31,6 +31,9 @@ constexpr messages::TextNumber kMoreInUse{1635};
 constexpr messages::TextNumber kDeleteThereFirst{1636};
 constexpr messages::TextNumber kOneArgumentDeleted{1637};  // the next text is of several
 constexpr messages::TextNumber kOneAliasDeleted{1655};
+constexpr messages::TextNumber kOneFormula{4530};
+constexpr messages::TextNumber kOneArgument{4532};
+constexpr messages::TextNumber kOneAlias{4534};
 constexpr messages::TextNumber kNoArgument{1620};
 constexpr messages::TextNumber kNotText{1663};
 constexpr messages::TextNumber kNothingToPaste{1664};
@@ -53,6 +56,11 @@ std::vector<std::int32_t> SelectedIdsOf(const forms::Grid& grid) {
   std::vector<std::int32_t> ids;
   for (const std::int64_t id : grid.SelectedIds()) ids.push_back(static_cast<std::int32_t>(id));
   return ids;
+}
+
+// What comes next is about that row alone.
+void GoTo(forms::Grid& grid, std::int64_t id) {
+  if (grid.SetCurrentId(id)) grid.SetSelection({id});
 }
 
 }  // namespace
@@ -131,7 +139,7 @@ void Commands::Say(const std::string& text) const {
   if (!text.empty()) context_.studio->ShowWarnings({{text}});
 }
 
-std::string Commands::Deleted(messages::TextNumber text_of_one, std::size_t count) const {
+std::string Commands::Counted(messages::TextNumber text_of_one, std::int64_t count) const {
   if (count == 1) return context_.Text(text_of_one);
   return context_.texts.Text(text_of_one + 1, {{"<Count>", std::to_string(count)}});
 }
@@ -209,7 +217,7 @@ void Commands::NewArgument() {
       dialogs::AddArgument(context_.dialog_context, KeyNumber(view_.CurrentKey()));
   if (id == 0) return;
   view_.Reload();
-  arguments_.SetCurrentId(id);
+  GoTo(arguments_, id);
 }
 
 void Commands::EditArgument() {
@@ -238,7 +246,7 @@ void Commands::DeleteArguments() {
       [&](const auto& options) { return operations.DeleteArguments(ids, options); });
   if (!result.success()) dialogs::WarnFailure(context_.dialog_context, result);
   view_.Reload();
-  if (result.success()) Say(Deleted(kOneArgumentDeleted, ids.size()));
+  if (result.success()) Say(Counted(kOneArgumentDeleted, std::ssize(ids)));
 }
 
 // --- Aliases ---
@@ -247,7 +255,7 @@ void Commands::NewAlias() {
   const std::int32_t id = dialogs::AddAlias(context_.dialog_context);
   if (id == 0) return;
   view_.Reload();
-  aliases_.SetCurrentId(id);
+  GoTo(aliases_, id);
 }
 
 void Commands::EditAlias() {
@@ -275,7 +283,7 @@ void Commands::DeleteAliases() {
         [&](const auto& options) { return operations.DeleteAliases(uses->unused, options); });
     view_.Reload();
     if (!result.success()) return dialogs::WarnFailure(context_.dialog_context, result);
-    done = Deleted(kOneAliasDeleted, uses->unused.size());
+    done = Counted(kOneAliasDeleted, std::ssize(uses->unused));
   }
   if (uses->used.empty()) return Say(done);
   context_.messages.Warn(kAliasInUse, DescribeUses(uses->used) + (done.empty() ? "" : "\n" + done));
@@ -355,6 +363,9 @@ void Commands::ShowStatistics() {
   const store::Statistics statistics = context_.operations.Count();
   Counts counts{statistics.aliases, statistics.formulas, statistics.arguments};
   counters_.Update(CounterMode::kSet, counts, context_.Lookup());
+  if (!context_.services.in_workbench) return;
+  Say(Counted(kOneFormula, counts.formulas) + "  ·  " + Counted(kOneArgument, counts.arguments) +
+      "  ·  " + Counted(kOneAlias, counts.aliases));
 }
 
 void Commands::ShowReport() {

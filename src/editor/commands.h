@@ -83,7 +83,7 @@ class Commands {
   void PasteCell(forms::Grid& grid);
   // In the studio's status line.
   void Say(const std::string& text) const;
-  std::string Deleted(messages::TextNumber text_of_one, std::size_t count) const;
+  std::string Counted(messages::TextNumber text_of_one, std::int64_t count) const;
   void ShowStatistics();
   void ShowReport();
   bool Confirmed(messages::TextNumber question, const std::string& detail);

@@ -101,6 +101,14 @@ TEST_F(RowsTest, DeletingTellsOnceWhatIsUsed) {
   EXPECT_EQ(program.Status(), texts.Text(messages::TextNumber{1655}));
 }
 
+// What comes next is about the new row, not about the one that was selected before.
+TEST_F(RowsTest, ANewRowIsTheOneThatIsSelected) {
+  Input({"key --delay 60 Home Down Down Down sleep 0.3", "key alt+F6 key Home sleep 0.3",
+         "key F8 sleep 1", "type --delay 40 Four", "key Return sleep 0.8", "key Delete sleep 0.8",
+         "key alt+y sleep 0.8"});
+  EXPECT_EQ(plant.Rows("TvbfParams", {"AliasID"}), (Lines{"1", "2", "3"}));
+}
+
 // A key that has nothing to act on says so.
 TEST_F(RowsTest, NothingIsDoneWithoutAWord) {
   Input({"key --delay 60 Home Down Down", "key F9"});

@@ -40,6 +40,9 @@ TEST(StatusRow, CountsAndRemembersWhatWasSaid) {
   };
   Input({"sleep 1"});
   EXPECT_EQ(counts(), "1 formula  ·  0 arguments  ·  2 aliases");
+  program.Choose("Statistics");
+  Input({"sleep 0.5"});
+  EXPECT_EQ(program.Status(), counts());
   Input({"key --delay 60 Home Down sleep 0.3", "key alt+F6 sleep 0.3", "key ctrl+a",
          "key ctrl+Delete sleep 0.6", "key alt+y sleep 1.2"});
   EXPECT_EQ(counts(), "1 formula  ·  0 arguments  ·  0 aliases");
