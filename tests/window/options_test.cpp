@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The options of the program, which are there without a project, too.
 #include <gtest/gtest.h>
+#include <wx/modalhook.h>
 #include <wx/settings.h>
 
 #include <utility>
@@ -30,6 +31,25 @@ TEST(WorkbenchOptions, AreKeptForTheNextStart) {
   EXPECT_FALSE(program.state().with_backups);
 }
 
+// Presses "Default Fonts" and OK in the dialog that opens.
+class TakesDefaultFonts : public wxModalDialogHook {
+ public:
+  TakesDefaultFonts() { Register(); }
+  ~TakesDefaultFonts() override { Unregister(); }
+
+ private:
+  int Enter(wxDialog* dialog) override {
+    dialog->CallAfter([dialog] {
+      for (wxWindow* child : dialog->GetChildren()) {
+        wxCommandEvent press(wxEVT_BUTTON, child->GetId());
+        if (child->GetLabel() == "&Default Fonts") child->ProcessWindowEvent(press);
+      }
+      dialog->EndModal(wxID_OK);
+    });
+    return wxID_NONE;
+  }
+};
+
 // Fonts are kept, and what is chosen is in sight at once.
 TEST(WorkbenchOptions, FontsOfTablesAndCode) {
   support::SamplePlant plant;
@@ -50,7 +70,8 @@ TEST(WorkbenchOptions, FontsOfTablesAndCode) {
   };
   EXPECT_EQ(shown(), (std::pair{17, 23}));
   program.Choose("Program Options...");
-  Input({"sleep 1.6", "key alt+d", "key alt+h", "key alt+h", "key Return sleep 0.5"});
+  const TakesDefaultFonts user;
+  window_tests::Wait::For([&] { return program.state().code_font.empty(); });
   const int standard = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize();
   EXPECT_EQ(shown(), (std::pair{standard, standard}));
   EXPECT_EQ(program.state().table_font + program.state().code_font, "");

@@ -52,7 +52,7 @@ TEST(StatusRow, CountsAndRemembersWhatWasSaid) {
   Input({"key ctrl+shift+l sleep 0.4"});
   EXPECT_TRUE(pane.IsShownOnScreen());
   EXPECT_EQ(FindChild<wxTextCtrl>(pane)->GetValue(), "2 aliases deleted.");
-  Input({"key Down sleep 0.3"});
+  Input({"key --delay 60 Down Down sleep 0.3"});
   EXPECT_TRUE(FindChild<wxTextCtrl>(pane)->GetValue().StartsWith("Opened: "));
   Input({"key Escape sleep 0.3"});
   EXPECT_FALSE(pane.IsShown());
