@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/program.h"
 
+#include "desktop/link_colour.h"
 #include "project/history_setting.h"
 #include "project/language.h"
+#include "wx/link_colour.h"
 #include "wx/native.h"
 
 namespace desktop {
@@ -27,6 +29,7 @@ Program::Program(files::FileSystem& files, const project::UserFolders& folders,
   options.state_folder = folders.state;
   options.with_history = project::KeepsHistory(settings_);
   wx::SetLook(static_cast<wx::Look>(state_.look));
+  wx::SetLinkColour(LinkColour());
   window_ =
       new MainWindow({files, toolkit_, window_system_, help_, settings_, texts_, state_, options});
   wx::LayOutBeforeShow(*window_);

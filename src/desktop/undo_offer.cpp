@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/undo_offer.h"
 
-#include <wx/settings.h>
 #include <wx/statusbr.h>
 
 #include <algorithm>
 
-#include "desktop/colours.h"
 #include "desktop/crash_log.h"
+#include "desktop/link_colour.h"
 #include "desktop/pane_texts.h"
 #include "wx/convert.h"
 
@@ -53,8 +52,7 @@ void UndoOffer::Show(const wxString& said) {
                                        "undo:", wxDefaultPosition, wxDefaultSize,
                                        wxHL_ALIGN_LEFT | wxBORDER_NONE);
     link_->SetCanFocus(false);  // the keyboard stays where the user works
-    const bool dark = wxSystemSettings::GetAppearance().IsDark();
-    const wxColour ink((dark ? kDarkHelp : kLightHelp).link);
+    const wxColour ink = LinkColour();
     link_->SetNormalColour(ink);
     link_->SetVisitedColour(ink);
     link_->SetHoverColour(ink);

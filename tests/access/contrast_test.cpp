@@ -77,11 +77,11 @@ TEST(Contrast, OfComparedLinesIsEnough) {
 
 TEST(Contrast, OfTheHelpIsEnough) {
   // The papers and inks of the desktops' usual themes.
-  for (const char* paper : {"#ffffff", "#fcfcfc", desktop::kLightHelp.shade}) {
+  for (const char* paper : {"#ffffff", "#fcfcfc", "#f6f5f4", desktop::kLightHelp.shade}) {
     ExpectReadable(desktop::kLightHelp.link, paper);
     ExpectReadable("#2e3436", paper);
   }
-  for (const char* paper : {"#1e1e1e", "#2d2d2d", desktop::kDarkHelp.shade}) {
+  for (const char* paper : {"#1e1e1e", "#2d2d2d", "#353535", desktop::kDarkHelp.shade}) {
     ExpectReadable(desktop::kDarkHelp.link, paper);
     ExpectReadable("#ffffff", paper);
   }
