@@ -31,7 +31,6 @@ FParameter::FParameter(const DialogContext& context)
   lblVBAliasHint.SetHint(true);
   cmbVBAlias.SetLayout({.min_chars = 40});
   cmdNewAlias.SetCaption(Text(kTextMakeAlias));
-  cmdNewAlias.SetLayout({.same_row = true});
   cmdNewAlias.SetVisible(context.in_workbench);
   cmdNewAlias.on_click = [this] { MakeAlias(); };
   cmdOk.SetDisabledReason(Text(kChooseAlias));

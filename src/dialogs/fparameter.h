@@ -31,7 +31,6 @@ class FParameter : public DialogForm {
   forms::Frame fraParameter{this, "fraParameter"};
   forms::Label lblVBAlias{&fraParameter, "lblVBAlias"};
   forms::ComboBox cmbVBAlias{&fraParameter, "cmbVBAlias"};
-  forms::Button cmdNewAlias{&fraParameter, "cmdNewAlias"};
   forms::Label lblVBAliasHint{&fraParameter, "lblVBAliasHint"};
   forms::CheckBox chkWithUses{&fraParameter, "chkWithUses"};
   forms::Label lblWithUsesHint{&fraParameter, "lblWithUsesHint"};
@@ -40,6 +39,7 @@ class FParameter : public DialogForm {
   forms::Label lblSeries{&fraParameter, "lblSeries"};
   forms::TextBox txtSeries{&fraParameter, "txtSeries"};
   forms::Label lblSeriesHint{&fraParameter, "lblSeriesHint"};
+  forms::Button cmdNewAlias{this, "cmdNewAlias"};
   forms::Button cmdOk{this, "cmdOk"};
   forms::Button cmdCancel{this, "cmdCancel"};
   forms::Button cmdHelp{this, "cmdHelp"};

@@ -79,12 +79,12 @@ TEST(StandardError, StaysEmptyInTheMainJob) {
   const std::vector<std::string> escape = {"key Escape"};
   const Step steps[] = {
       {{"key --delay 80 Home Down", "key F8"},
-       "VBAlias",
+       "New Alias",
        {"type --delay 40 Tank1.Level", "key --delay 80 Tab Tab", "type --delay 40 Level",
         "key Return"}},
-      {{"key F6", "key F9"}, "VBAlias", escape},
+      {{"key F6", "key F9"}, "Alias Level", escape},
       {{"key alt+F6", "key --delay 80 Home Down Down", "key F8"},
-       "Formula Definition",
+       "New Formula",
        {"type --delay 40 Fill", "key --delay 80 Tab Down Return"}},
       {{"key F8"}, "Argument", {"type --delay 40 Level", "key Return"}},
       {{"key shift+F8"}, "Add Arguments", escape},
