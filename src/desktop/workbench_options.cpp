@@ -115,7 +115,8 @@ wxChoice* WorkbenchOptions::AddChoice(wxSizer& grid, messages::TextNumber label,
   return choice;
 }
 
-wxFontPickerCtrl* WorkbenchOptions::AddFont(wxSizer& grid, messages::TextNumber label, const wxFont& font) {
+wxFontPickerCtrl* WorkbenchOptions::AddFont(wxSizer& grid, messages::TextNumber label,
+                                            const wxFont& font) {
   wxStaticText* name = wx::NewLabel(this);
   name->SetLabel(Text(label));
   auto* picker = new wxFontPickerCtrl(this, wxID_ANY, font);
