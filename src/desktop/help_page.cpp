@@ -15,8 +15,20 @@ namespace desktop {
 namespace {
 
 constexpr const char* kPictureFolder = "help/";
+constexpr std::string_view kDarkPicture = "-dark.png";  // ends the name of one for the dark look
 
 wxString Colour(const wxColour& colour) { return colour.GetAsString(wxC2S_HTML_SYNTAX); }
+
+// A picture without one for the dark look stays.
+void UseDarkPictures(wxString& page) {
+  for (const handbook::EmbeddedFile& file : handbook::EmbeddedFiles()) {
+    if (!file.name.ends_with(kDarkPicture)) continue;
+    const wxString dark = kPictureFolder + wx::ToWx(file.name);
+    wxString light = dark;
+    light.Replace(wx::ToWx(kDarkPicture), ".png");
+    page.Replace(light, dark);
+  }
+}
 
 }  // namespace
 
@@ -50,6 +62,7 @@ wxString HelpPage(std::string_view html) {
                "<table width=\"100%\" cellpadding=\"8\" bgcolor=\"" + shade + "\"><tr><td><pre>");
   page.Replace("</pre>", "</pre></td></tr></table>");
   page.Replace("src=\"../", wxString("src=\"memory:") + kPictureFolder);
+  if (dark) UseDarkPictures(page);
   return page;
 }
 
