@@ -12,7 +12,7 @@
 
 #include "files/change_journal.h"
 #include "files/recovery.h"
-#include "support/failing_file_system.h"
+#include "tests/support/failing_file_system.h"
 
 namespace {
 

@@ -78,10 +78,16 @@ class Parts {
       items_.emplace(given.studio.Object(com::names::kItems));
     }
     store::ADOFRO::SetConnectionFactory([this] { return database_.Connect(); });
-    add_in_.emplace(editor::Services{
-        toolkit_, window_system_, settings_, help_, objects_, database_.unit(),
-        items_ ? static_cast<platform::OVItems*>(&*items_) : &items_file_,
-        components_ ? &*components_ : nullptr, nullptr, nullptr, true, false, &undo_});
+    platform::OVItems* items = items_ ? static_cast<platform::OVItems*>(&*items_) : &items_file_;
+    add_in_.emplace(editor::Services{.toolkit = toolkit_,
+                                     .window_system = window_system_,
+                                     .settings = settings_,
+                                     .help = help_,
+                                     .objects = objects_,
+                                     .unit = database_.unit(),
+                                     .items = items,
+                                     .components = components_ ? &*components_ : nullptr,
+                                     .undo = &undo_});
     active_ = this;
     runtime_->on_exception = [this] { TellOfException(); };
   }

@@ -63,10 +63,19 @@ AddInSession::AddInSession(project::Project& project, const Dependencies& depend
       notes_(project.items()),
       reports_(std::make_unique<Reports>(*this)),
       studio_(std::make_shared<Studio>(project.name())) {
-  add_in_ = std::make_unique<addin::Connect>(
-      editor::Services{dependencies.toolkit, dependencies.window_system, dependencies.settings,
-                       dependencies.help, *reports_, project.unit(), &project.items(),
-                       project.components(), nullptr, &notes_, true, true, true});
+  add_in_ =
+      std::make_unique<addin::Connect>(editor::Services{.toolkit = dependencies.toolkit,
+                                                        .window_system = dependencies.window_system,
+                                                        .settings = dependencies.settings,
+                                                        .help = dependencies.help,
+                                                        .objects = *reports_,
+                                                        .unit = project.unit(),
+                                                        .items = &project.items(),
+                                                        .components = project.components(),
+                                                        .notes = &notes_,
+                                                        .moves_take_code = true,
+                                                        .offers_uses = true,
+                                                        .in_workbench = true});
 }
 
 AddInSession::~AddInSession() { Stop(); }
