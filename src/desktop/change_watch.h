@@ -7,11 +7,8 @@
 
 #include "check/finding.h"
 #include "desktop/notice_bar.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
-#include "project/project.h"
+#include "desktop/project_context.h"
 #include "project/seen_files.h"
-#include "studio/add_in_session.h"
 
 namespace desktop {
 
@@ -19,11 +16,7 @@ namespace desktop {
 // it they are told.
 class ChangeWatch {
  public:
-  struct Dependencies {
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    project::Project& opened;
-    studio::AddInSession& session;
+  struct Dependencies : ProjectContext {
     NoticeBar& notices;
     std::function<void()> check;  // the whole project, with its findings shown
   };

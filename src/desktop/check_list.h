@@ -9,10 +9,7 @@
 #include "check/repair.h"
 #include "desktop/check_pane.h"
 #include "desktop/code_lookup.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
-#include "project/project.h"
-#include "studio/add_in_session.h"
+#include "desktop/project_context.h"
 
 namespace desktop {
 
@@ -20,11 +17,7 @@ namespace desktop {
 class CheckList {
  public:
   // All of it outlives this object.
-  struct Dependencies {
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    project::Project& opened;
-    studio::AddInSession& session;
+  struct Dependencies : ProjectContext {
     CodeLookup& lookup;
     CheckPane& pane;
   };

@@ -14,10 +14,7 @@
 #include "codegen/project_code.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_pane.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
-#include "project/project.h"
-#include "studio/add_in_session.h"
+#include "desktop/project_context.h"
 
 namespace desktop {
 
@@ -26,11 +23,7 @@ namespace desktop {
 class CodeAssistant {
  public:
   // All of it outlives this object.
-  struct Dependencies {
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    project::Project& opened;
-    studio::AddInSession& session;
+  struct Dependencies : ProjectContext {
     CodeLookup& lookup;
     CodePane& code;
   };

@@ -8,12 +8,9 @@
 #include "codegen/code_places.h"
 #include "desktop/code_lookup.h"
 #include "desktop/code_pane.h"
+#include "desktop/project_context.h"
 #include "desktop/search_pane.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
 #include "messages/text_number.h"
-#include "project/project.h"
-#include "studio/add_in_session.h"
 
 namespace desktop {
 
@@ -21,11 +18,7 @@ namespace desktop {
 class CodeSearch {
  public:
   // All of it outlives this object.
-  struct Dependencies {
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    project::Project& opened;
-    studio::AddInSession& session;
+  struct Dependencies : ProjectContext {
     CodeLookup& lookup;
     CodePane& code;
     SearchPane& pane;

@@ -8,12 +8,9 @@
 #include <vector>
 
 #include "desktop/flow_pane.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
+#include "desktop/project_context.h"
 #include "project/data_flow.h"
 #include "project/data_flow_picture.h"
-#include "project/project.h"
-#include "studio/add_in_session.h"
 
 namespace desktop {
 
@@ -22,11 +19,7 @@ namespace desktop {
 class FlowChart {
  public:
   // All of it outlives this object.
-  struct Dependencies {
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    project::Project& opened;
-    studio::AddInSession& session;
+  struct Dependencies : ProjectContext {
     FlowPane& pane;
   };
 

@@ -8,11 +8,9 @@
 
 #include "desktop/formula_overview.h"
 #include "desktop/formula_strip.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
+#include "desktop/project_context.h"
 #include "messages/message.h"
 #include "store/operations.h"
-#include "studio/add_in_session.h"
 
 namespace desktop {
 
@@ -21,10 +19,7 @@ namespace desktop {
 class FormulaCommands {
  public:
   // All of it outlives this object.
-  struct Dependencies {
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    studio::AddInSession& session;
+  struct Dependencies : ProjectContext {
     FormulaOverview& overview;
     FormulaStrip& strip;
     std::function<void(const std::string& key)> select_node;

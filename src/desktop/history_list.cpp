@@ -25,9 +25,8 @@ std::string LocalTime(std::int64_t seconds) {
 
 }  // namespace
 
-HistoryList::HistoryList(const WindowParts& parts, const WindowMessages& messages,
-                         project::Project& opened, ProjectUndo& undo, HistoryPane& pane)
-    : parts_(parts), messages_(messages), project_(opened), undo_(undo), pane_(pane) {
+HistoryList::HistoryList(const ProjectContext& own, ProjectUndo& undo, HistoryPane& pane)
+    : own_(own), undo_(undo), pane_(pane) {
   pane_.on_select = [this] { ShowSelected(); };
   pane_.on_revert = [this] { Revert(); };
 }
@@ -41,12 +40,14 @@ void HistoryList::Open() {
   pane_.Open();
   Read();
   pane_.TakeKeyboard();
-  if (!project_.history().on()) return messages_.Status(parts_.Text(studio::kTextHistoryIsOff));
-  if (entries_.empty()) messages_.Status(parts_.Text(studio::kTextNothingToUndo));
+  if (!own_.opened.history().on())
+    return own_.messages.Status(own_.parts.Text(studio::kTextHistoryIsOff));
+  if (entries_.empty()) own_.messages.Status(own_.parts.Text(studio::kTextNothingToUndo));
 }
 
 void HistoryList::Look() {
-  if (pane_.IsShown() && parts_.files.Stamp(project_.history().file().path()) != seen_) Read();
+  if (pane_.IsShown() && own_.parts.files.Stamp(own_.opened.history().file().path()) != seen_)
+    Read();
 }
 
 // What was selected stays so; otherwise the newest operation is.
@@ -55,19 +56,19 @@ void HistoryList::Read() {
   const std::optional<std::size_t> row = pane_.Selected();
   const std::uint64_t number = row && *row < entries_.size() ? entries_[*row].record.number : 0;
   const bool at_top = !row || *row == 0;
-  seen_ = parts_.files.Stamp(project_.history().file().path());
+  seen_ = own_.parts.files.Stamp(own_.opened.history().file().path());
   history::Entries found;
   try {
-    found = history::NewestEntries(project_.history().file(), history::kMostRecords);
+    found = history::NewestEntries(own_.opened.history().file(), history::kMostRecords);
   } catch (const files::Error& error) {
-    messages_.Status(parts_.texts.Sentence(error));
+    own_.messages.Status(own_.parts.texts.Sentence(error));
   }
   entries_ = std::move(found.entries);
   std::vector<PlaceTable::Row> rows;
   for (const history::Entry& entry : entries_) {
     const history::Record& record = entry.record;
-    rows.push_back({LocalTime(record.time), parts_.texts.Sentence(record.title), record.who,
-                    entry.undone ? parts_.Text(kTextIsUndone) : "", record.program});
+    rows.push_back({LocalTime(record.time), own_.parts.texts.Sentence(record.title), record.who,
+                    entry.undone ? own_.parts.Text(kTextIsUndone) : "", record.program});
   }
   const auto same = std::ranges::find(
       entries_, number, [](const history::Entry& entry) { return entry.record.number; });
@@ -76,14 +77,14 @@ void HistoryList::Read() {
                        stays ? static_cast<std::size_t>(same - entries_.begin()) : 0);
   ShowSelected();
   if (found.whole) return;
-  messages_.Status(parts_.texts.Sentence(
-      {history::message::kDamaged, {{"<Path>", project_.history().file().path()}}}));
+  own_.messages.Status(own_.parts.texts.Sentence(
+      {history::message::kDamaged, {{"<Path>", own_.opened.history().file().path()}}}));
 }
 
 void HistoryList::ShowSelected() {
   const std::optional<std::size_t> row = pane_.Selected();
   if (!row || *row >= entries_.size()) {
-    pane_.ShowChange(entries_.empty() ? parts_.Text(kTextHistoryIsEmpty) : std::string());
+    pane_.ShowChange(entries_.empty() ? own_.parts.Text(kTextHistoryIsEmpty) : std::string());
     return pane_.ShowOffer(HistoryPane::Offer::kNothing);
   }
   const history::Entry& entry = entries_[*row];
@@ -93,15 +94,15 @@ void HistoryList::ShowSelected() {
 
 std::string HistoryList::ChangeOf(std::uint64_t number) {
   try {
-    const auto entry = history::FindEntry(project_.history().file(), number);
+    const auto entry = history::FindEntry(own_.opened.history().file(), number);
     if (!entry) return {};
     return project::RowsText(entry->record) +
-           project::DiffText(entry->record,
-                             [this](const history::ChangedFile& file, const std::string& bytes) {
-                               return project_.vb()->ToUtf8(project_.history().PathOf(file), bytes);
-                             });
+           project::DiffText(
+               entry->record, [this](const history::ChangedFile& file, const std::string& bytes) {
+                 return own_.opened.vb()->ToUtf8(own_.opened.history().PathOf(file), bytes);
+               });
   } catch (const files::Error& error) {
-    return parts_.texts.Sentence(error);
+    return own_.parts.texts.Sentence(error);
   }
 }
 

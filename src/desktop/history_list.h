@@ -6,12 +6,10 @@
 #include <vector>
 
 #include "desktop/history_pane.h"
+#include "desktop/project_context.h"
 #include "desktop/project_undo.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
 #include "files/file_system.h"
 #include "history/entries.h"
-#include "project/project.h"
 
 namespace desktop {
 
@@ -20,8 +18,7 @@ namespace desktop {
 class HistoryList {
  public:
   // All of it outlives this object.
-  HistoryList(const WindowParts& parts, const WindowMessages& messages, project::Project& opened,
-              ProjectUndo& undo, HistoryPane& pane);
+  HistoryList(const ProjectContext& own, ProjectUndo& undo, HistoryPane& pane);
   // The pane closes.
   ~HistoryList();
   HistoryList(const HistoryList&) = delete;
@@ -37,9 +34,7 @@ class HistoryList {
   std::string ChangeOf(std::uint64_t number);
   void Revert();
 
-  const WindowParts& parts_;
-  const WindowMessages& messages_;
-  project::Project& project_;
+  const ProjectContext own_;
   ProjectUndo& undo_;
   HistoryPane& pane_;
   std::vector<history::Entry> entries_;   // that the pane shows

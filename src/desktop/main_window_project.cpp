@@ -140,38 +140,35 @@ void MainWindow::StartSession(const std::string& path, const project::ProjectOpt
 }
 
 void MainWindow::EquipSession() {
+  const ProjectContext context{parts_, messages_, *project_, *session_};
   lookup_ = std::make_unique<CodeLookup>(*project_, *session_, code_, parts_.texts);
-  search_ = std::make_unique<CodeSearch>(CodeSearch::Dependencies{
-      parts_, messages_, *project_, *session_, *lookup_, code_, panes_.search()});
-  assistant_ = std::make_unique<CodeAssistant>(
-      CodeAssistant::Dependencies{parts_, messages_, *project_, *session_, *lookup_, code_});
-  watch_ = std::make_unique<ChangeWatch>(ChangeWatch::Dependencies{
-      parts_, messages_, *project_, *session_, panes_.notices(), [this] { check_->Check(); }});
-  undo_ = std::make_unique<ProjectUndo>(parts_, messages_, *project_, *session_);
+  search_ = std::make_unique<CodeSearch>(
+      CodeSearch::Dependencies{context, *lookup_, code_, panes_.search()});
+  assistant_ =
+      std::make_unique<CodeAssistant>(CodeAssistant::Dependencies{context, *lookup_, code_});
+  watch_ = std::make_unique<ChangeWatch>(
+      ChangeWatch::Dependencies{context, panes_.notices(), [this] { check_->Check(); }});
+  undo_ = std::make_unique<ProjectUndo>(context);
   undo_->on_done = [this] { FollowChange(); };
   undo_menu_.Serve(undo_.get());
   undo_offer_.Serve(project_.get(), undo_.get());
-  history_ = std::make_unique<HistoryList>(parts_, messages_, *project_, *undo_, panes_.history());
-  check_ = std::make_unique<CheckList>(
-      CheckList::Dependencies{parts_, messages_, *project_, *session_, *lookup_, panes_.check()});
+  history_ = std::make_unique<HistoryList>(context, *undo_, panes_.history());
+  check_ = std::make_unique<CheckList>(CheckList::Dependencies{context, *lookup_, panes_.check()});
   check_->on_checked = [this] { watch_->OnChecked(); };
   check_->on_repaired = [this] { FollowChange(); };
-  flow_ = std::make_unique<FlowChart>(
-      FlowChart::Dependencies{parts_, messages_, *project_, *session_, panes_.flow()});
-  formulas_ = std::make_unique<FormulaCommands>(
-      FormulaCommands::Dependencies{parts_, messages_, *session_, panes_.overview(), panes_.strip(),
-                                    [this](const std::string& key) { GoToNode(key); },
-                                    [this] {
-                                      code_.Refresh();
-                                      undo_menu_.Update();
-                                    }});
+  flow_ = std::make_unique<FlowChart>(FlowChart::Dependencies{context, panes_.flow()});
+  formulas_ = std::make_unique<FormulaCommands>(FormulaCommands::Dependencies{
+      context, panes_.overview(), panes_.strip(), [this](const std::string& key) { GoToNode(key); },
+      [this] {
+        code_.Refresh();
+        undo_menu_.Update();
+      }});
   dropping_ = std::make_unique<RowDropping>(
       tree_, *session_, [this](const std::vector<std::int32_t>& ids, const std::string& prog_id) {
         formulas_->Move(ids, prog_id);
       });
   names_ = std::make_unique<NameSearch>(
-      NameSearch::Dependencies{*this, parts_, messages_, *project_, *session_,
-                               [this](const std::string& key) { GoToNode(key); },
+      NameSearch::Dependencies{context, *this, [this](const std::string& key) { GoToNode(key); },
                                [this](const std::string& prog_id) {
                                  GoToNode(kFormulas);
                                  panes_.overview().ShowClass(prog_id);

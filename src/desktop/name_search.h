@@ -5,10 +5,7 @@
 #include <string>
 
 #include "desktop/name_index.h"
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
-#include "project/project.h"
-#include "studio/add_in_session.h"
+#include "desktop/project_context.h"
 
 class wxWindow;
 
@@ -18,12 +15,8 @@ namespace desktop {
 class NameSearch {
  public:
   // All of it outlives this object.
-  struct Dependencies {
+  struct Dependencies : ProjectContext {
     wxWindow& window;
-    const WindowParts& parts;
-    const WindowMessages& messages;
-    project::Project& opened;
-    studio::AddInSession& session;
     std::function<void(const std::string& key)> select_node;
     std::function<void(const std::string& prog_id)> show_class;
   };

@@ -4,23 +4,21 @@
 
 namespace desktop {
 
-ProjectUndo::ProjectUndo(const WindowParts& parts, const WindowMessages& messages,
-                         project::Project& opened, studio::AddInSession& session)
-    : parts_(parts),
-      messages_(messages),
-      project_(opened),
-      steps_({parts.files, parts.texts, opened.unit(), [&opened] { return &opened.history(); },
-              [&session] { return session.add_in().EditorWindow(); },
-              [&opened](editor::frmtabgrid& editor) {
-                return opened.MakeUndoRedo(editor.operations(), editor.cVBF.context());
+ProjectUndo::ProjectUndo(const ProjectContext& own)
+    : own_(own),
+      steps_({own.parts.files, own.parts.texts, own.opened.unit(),
+              [own] { return &own.opened.history(); },
+              [own] { return own.session.add_in().EditorWindow(); },
+              [own](editor::frmtabgrid& editor) {
+                return own.opened.MakeUndoRedo(editor.operations(), editor.cVBF.context());
               },
-              [&session]() -> platform::AddIn& { return session.studio(); }}) {}
+              [own]() -> platform::AddIn& { return own.session.studio(); }}) {}
 
 bool ProjectUndo::Look() {
   if (!steps_.Look()) return false;
-  for (const messages::Message& problem : project_.history().TakeProblems())
-    messages_.Warn(parts_.Text(studio::kTextHistory), parts_.texts.Sentence(problem));
-  if (!steps_.problem().empty()) messages_.Status(steps_.problem());
+  for (const messages::Message& problem : own_.opened.history().TakeProblems())
+    own_.messages.Warn(own_.parts.Text(studio::kTextHistory), own_.parts.texts.Sentence(problem));
+  if (!steps_.problem().empty()) own_.messages.Status(steps_.problem());
   return true;
 }
 
@@ -30,12 +28,12 @@ void ProjectUndo::Run(bool undo, std::optional<std::uint64_t> number) {
     case studio::UndoSteps::End::kNothing:
       return;
     case studio::UndoSteps::End::kRefused:
-      return messages_.Warn(outcome.text, outcome.detail);
+      return own_.messages.Warn(outcome.text, outcome.detail);
     case studio::UndoSteps::End::kUnreadable:
-      return messages_.Fail(outcome.text, outcome.detail);
+      return own_.messages.Fail(outcome.text, outcome.detail);
     case studio::UndoSteps::End::kDone:
       if (on_done) on_done();
-      messages_.Status(outcome.text);
+      own_.messages.Status(outcome.text);
   }
 }
 

@@ -5,10 +5,7 @@
 #include <functional>
 #include <optional>
 
-#include "desktop/window_messages.h"
-#include "desktop/window_parts.h"
-#include "project/project.h"
-#include "studio/add_in_session.h"
+#include "desktop/project_context.h"
 #include "studio/undo_steps.h"
 
 namespace desktop {
@@ -17,8 +14,7 @@ namespace desktop {
 class ProjectUndo {
  public:
   // All of it outlives this object.
-  ProjectUndo(const WindowParts& parts, const WindowMessages& messages, project::Project& opened,
-              studio::AddInSession& session);
+  explicit ProjectUndo(const ProjectContext& own);
 
   // Reads the end of the history when that is another one than at the last call. True then.
   bool Look();
@@ -33,9 +29,7 @@ class ProjectUndo {
  private:
   void Run(bool undo, std::optional<std::uint64_t> number);
 
-  const WindowParts& parts_;
-  const WindowMessages& messages_;
-  project::Project& project_;
+  const ProjectContext own_;
   studio::UndoSteps steps_;
 };
 
