@@ -9,8 +9,8 @@
 
 #include "desktop/change_view.h"
 #include "desktop/check_pane.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/rows_of.h"
 
 namespace {
@@ -21,27 +21,14 @@ using window_tests::Input;
 
 // The formula Fill with the argument Level, whose declaration is gone and whose header lists
 // another name; below it an unused alias of the same item.
-struct DamagedPlant : support::SamplePlant {
+struct DamagedPlant : window_tests::Plant {
   DamagedPlant() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    store::Operations& operations = project.operations();
-    const std::vector<store::AliasValues> aliases = {{"Tank1.Level", "Level"},
-                                                     {"Tank1.Level", "Height"}};
-    const std::vector<store::ArgumentValues> arguments = {{1, true, false}};
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
-    std::string text = system.Get(support::ClassPath("CPump"));
-    for (const auto& [from, to] :
-         {std::pair<std::string, std::string>("Public Level as Variant 'Tank1.Level\r\n", ""),
-          {"'\tLevel\r\n", "'\tOther\r\n"},
-          {"Public Sub Fill()\r\n", "Public Sub Fill()\r\n  Level = 1\r\n"}}) {
-      const std::size_t place = text.find(from);
-      EXPECT_NE(place, std::string::npos) << from << " in\n" << text;
-      text.replace(place, from.size(), to);
-    }
-    system.Put(support::ClassPath("CPump"), text);
+    AddFormulas({{"Fill", "PumpServer.CPump"}});
+    AddAliases({{"Tank1.Level", "Level"}, {"Tank1.Level", "Height"}});
+    AddArguments(1, {{1, true}});
+    Replace("CPump", "Public Level as Variant 'Tank1.Level\r\n", "");
+    Replace("CPump", "'\tLevel\r\n", "'\tOther\r\n");
+    Replace("CPump", "Public Sub Fill()\r\n", "Public Sub Fill()\r\n  Level = 1\r\n");
   }
 };
 

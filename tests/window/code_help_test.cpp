@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/find_bar.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 
 namespace {
 
@@ -17,21 +17,15 @@ using window_tests::Wait;
 constexpr int kUnknown = 8;  // the indicator
 
 // The formula Fill with the argument Level and a body; a procedure of the class's own behind it.
-struct PlantWithBody : support::SamplePlant {
+struct PlantWithBody : window_tests::Plant {
   PlantWithBody() {
     system.Put("/plant/items.csv", "item,type,comment\nTank1.Level,Double,Level in m\n");
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    store::Operations& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
-    EXPECT_TRUE(
-        operations.AddAliases(std::vector<store::AliasValues>{{"Tank1.Level", "Level"}}).success());
-    EXPECT_TRUE(
-        operations.AddArguments(1, std::vector<store::ArgumentValues>{{1, true, false}}).success());
-    const std::string path = support::ClassPath("CPump"), head = "Public Sub Fill()\r\n";
-    std::string code = system.Get(path);
-    code.insert(code.find(head) + head.size(), "  Levle = Level + 1\r\n");
-    system.Put(path, code + "Private Sub Helper()\r\n  Level = 2\r\nEnd Sub\r\n");
+    AddFormulas({{"Fill", "PumpServer.CPump"}});
+    AddAliases({{"Tank1.Level", "Level"}});
+    AddArguments(1, {{1, true}});
+    Replace("CPump", "Public Sub Fill()\r\n", "Public Sub Fill()\r\n  Levle = Level + 1\r\n");
+    const std::string path = support::ClassPath("CPump");
+    system.Put(path, system.Get(path) + "Private Sub Helper()\r\n  Level = 2\r\nEnd Sub\r\n");
   }
 };
 

@@ -3,8 +3,8 @@
 // the class meanwhile.
 #include <gtest/gtest.h>
 
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/said.h"
 #include "wx/convert.h"
 
@@ -15,13 +15,9 @@ using window_tests::Input;
 using window_tests::Wait;
 
 // The sample project with the formulas Drain of CTank and Fill of CPump.
-struct PlantWithFormulas : support::SamplePlant {
-  PlantWithFormulas() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    for (const auto& [name, prog_id] :
-         {std::pair("Drain", "PumpServer.CTank"), std::pair("Fill", "PumpServer.CPump")})
-      EXPECT_TRUE(project.operations().AddFormula({name, prog_id, 0, 0, true, ""}).success());
+struct PlantWithTwoFormulas : window_tests::Plant {
+  PlantWithTwoFormulas() {
+    AddFormulas({{"Drain", "PumpServer.CTank"}, {"Fill", "PumpServer.CPump"}});
   }
 };
 
@@ -46,7 +42,7 @@ class CodePaneTest : public ::testing::Test {
     return plant.Code("CPump").find(text) != std::string::npos;
   }
 
-  PlantWithFormulas plant;
+  PlantWithTwoFormulas plant;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
 };
 

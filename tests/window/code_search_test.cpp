@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/search_pane.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/rows_of.h"
 
 namespace {
@@ -18,17 +18,11 @@ using window_tests::Wait;
 constexpr const char* kLevelLine = "    Level = Level + 1 'the tank's level";
 
 // Formula Fill of CPump, which writes its argument Level and calls Helper of CTank.
-struct PlantWithBodies : support::SamplePlant {
+struct PlantWithBodies : window_tests::Plant {
   PlantWithBodies() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    store::Operations& operations = project.operations();
-    const std::vector<store::AliasValues> aliases = {{"Tank1.Level", "Level"},
-                                                     {"Tank1.Limit", "Limit"}};
-    const std::vector<store::ArgumentValues> arguments = {{1}, {2}};
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
+    AddFormulas({{"Fill", "PumpServer.CPump"}});
+    AddAliases({{"Tank1.Level", "Level"}, {"Tank1.Limit", "Limit"}});
+    AddArguments(1, {{1}, {2}});
     Replace("CPump", "Public Sub Fill()\r\n\r\n",
             "Public Sub Fill()\r\n" + std::string(kLevelLine) + "\r\n    Drain 3\r\n");
     Replace("CPump", "End Sub\r\n",
@@ -36,13 +30,6 @@ struct PlantWithBodies : support::SamplePlant {
             "End Sub\r\n");
     system.Put(support::ClassPath("CTank"),
                system.Get(support::ClassPath("CTank")) + "'a level of its own\r\n");
-  }
-
-  void Replace(const std::string& name, const std::string& from, const std::string& to) {
-    std::string text = system.Get(support::ClassPath(name));
-    const std::size_t place = text.find(from);
-    EXPECT_NE(place, std::string::npos) << from << " in\n" << text;
-    system.Put(support::ClassPath(name), text.replace(place, from.size(), to));
   }
 };
 

@@ -5,8 +5,8 @@
 #include "desktop/formula_overview.h"
 #include "desktop/frame_texts.h"
 #include "desktop/project_tree.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/said.h"
 
 namespace {
@@ -19,14 +19,8 @@ using Lines = std::vector<std::string>;
 class DragTest : public ::testing::Test {
  protected:
   DragTest() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(plant.system, support::kPlantDatabase, {}, texts);
-    const store::AliasValues aliases[] = {{"Tank1.Level", "Level"}, {"Tank1.Pump", "Pump"}};
-    EXPECT_TRUE(project.operations().AddAliases(aliases).success());
-    for (const char* name : {"Fill", "Other"}) {
-      EXPECT_TRUE(
-          project.operations().AddFormula({name, "PumpServer.CPump", 0, 0, true, ""}).success());
-    }
+    plant.AddAliases({{"Tank1.Level", "Level"}, {"Tank1.Pump", "Pump"}});
+    plant.AddFormulas({{"Fill", "PumpServer.CPump"}, {"Other", "PumpServer.CPump"}});
   }
   Lines Arguments() { return plant.Rows("TvbfParams", {"ID", "ParentID", "AliasID", "In", "Out"}); }
 
@@ -55,7 +49,7 @@ class DragTest : public ::testing::Test {
            At(to) + "sleep 0.3 mouseup 1 sleep 1";
   }
 
-  support::SamplePlant plant;
+  window_tests::Plant plant;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
 };
 
@@ -83,14 +77,8 @@ TEST_F(DragTest, FormulasWithCtrlOntoTheirFolderAreDuplicated) {
 class DragToClassTest : public DragTest {
  protected:
   DragToClassTest() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    {
-      project::Project project(plant.system, support::kPlantDatabase, {}, texts);
-      EXPECT_TRUE(
-          project.operations().AddFormula({"Drain", "PumpServer.CTank", 0, 0, true, ""}).success());
-      const store::ArgumentValues argument = {1, true, false};
-      EXPECT_TRUE(project.operations().AddArguments(1, {&argument, 1}).success());
-    }
+    plant.AddFormulas({{"Drain", "PumpServer.CTank"}});
+    plant.AddArguments(1, {{1, true}});
     EXPECT_TRUE(program.Open());
     program.window().ProcessCommand(ToInt(desktop::kTextTreeByClass));
     auto& tree = *window_tests::FindChild<desktop::ProjectTree>(program.window());

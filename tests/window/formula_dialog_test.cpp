@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/search_pane.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 
 namespace {
 
@@ -14,20 +14,12 @@ using window_tests::Input;
 using Lines = std::vector<std::string>;
 
 // The formula Fill of CPump, whose code uses its argument One.
-struct PlantWithCode : support::SamplePlant {
+struct PlantWithCode : window_tests::Plant {
   PlantWithCode() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
-    const std::vector<store::AliasValues> aliases = {{"Plant.One", "One"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    const std::vector<store::ArgumentValues> arguments = {{1, false, true}};
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
-    const std::string path = support::ClassPath("CPump");
-    std::string code = system.Get(path);
-    code.insert(code.find(kHead) + std::string_view(kHead).size(), kBody);
-    system.Put(path, code);
+    AddFormulas({{"Fill", "PumpServer.CPump"}});
+    AddAliases({{"Plant.One", "One"}});
+    AddArguments(1, {{1, false, true}});
+    Replace("CPump", kHead, kHead + std::string(kBody));
   }
   bool Has(const char* module, const std::string& text) {
     return Code(module).find(text) != std::string::npos;

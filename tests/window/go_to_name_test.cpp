@@ -6,8 +6,8 @@
 
 #include "desktop/formula_overview.h"
 #include "desktop/formula_strip.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 
 namespace {
 
@@ -16,20 +16,13 @@ using window_tests::FindChild;
 using window_tests::Input;
 using Lines = std::vector<std::string>;
 
-struct PlantWithNames : support::SamplePlant {
+struct PlantWithNames : window_tests::Plant {
   PlantWithNames() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 2, 0, true, ""}).success());
-    EXPECT_TRUE(
-        operations.AddFormula({"Drain", "PumpServer.CTank", 7, 500, false, "at night"}).success());
-    const std::vector<store::AliasValues> aliases = {
-        {"Plant.One", "One"}, {"Plant.Two", "Two"}, {"Plant.Three", "Three"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    system.Put(project.items().path(),
-               "item,type,comment\nPlant.Two,Double,\nPlant.Valve,Boolean,"
-               "inlet\n");
+    AddFormulas({{"Fill", "PumpServer.CPump", 2},
+                 {"Drain", "PumpServer.CTank", 7, 500, false, "at night"}});
+    AddAliases({{"Plant.One", "One"}, {"Plant.Two", "Two"}, {"Plant.Three", "Three"}});
+    system.Put("/plant/items.csv",
+               "item,type,comment\nPlant.Two,Double,\nPlant.Valve,Boolean,inlet\n");
   }
 };
 

@@ -3,8 +3,8 @@
 // uses, and what the catalogue lacks.
 #include <gtest/gtest.h>
 
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 
 namespace {
 
@@ -12,22 +12,14 @@ using window_tests::DesktopProgram;
 using window_tests::Input;
 using Lines = std::vector<std::string>;
 
-struct PlantWithItems : support::SamplePlant {
+struct PlantWithItems : window_tests::Plant {
   PlantWithItems() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    system.Put(project.items().path(),
+    system.Put("/plant/items.csv",
                "item,type,comment\nPlant.One,Double,upper level\nPlant.Two,Boolean,\n");
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 2, 0, true, ""}).success());
-    EXPECT_TRUE(operations.AddFormula({"Drain", "PumpServer.CPump", 2, 0, true, ""}).success());
-    const std::vector<store::AliasValues> aliases = {
-        {"Plant.One", "One"}, {"Plant.Two", "Two"}, {"Plant.Gone", "Gone"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    const std::vector<store::ArgumentValues> arguments = {{1, true}, {3, false, true}};
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
-    const std::vector<store::ArgumentValues> one = {{1, true}};
-    EXPECT_TRUE(operations.AddArguments(2, one).success());
+    AddFormulas({{"Fill", "PumpServer.CPump", 2}, {"Drain", "PumpServer.CPump", 2}});
+    AddAliases({{"Plant.One", "One"}, {"Plant.Two", "Two"}, {"Plant.Gone", "Gone"}});
+    AddArguments(1, {{1, true}, {3, false, true}});
+    AddArguments(2, {{1, true}});
   }
 };
 

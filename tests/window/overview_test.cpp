@@ -6,8 +6,8 @@
 #include <wx/stattext.h>
 
 #include "desktop/formula_overview.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/said.h"
 
 namespace {
@@ -19,29 +19,13 @@ using window_tests::Said;
 using window_tests::ShownGrid;
 using Lines = std::vector<std::string>;
 
-// Five formulas in two classes; Fill10 has two arguments, one of which is input and output.
-struct PlantWithFormulas : support::SamplePlant {
-  PlantWithFormulas() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    const store::FormulaValues formulas[] = {
-        {"Fill10", "PumpServer.CPump", 2, 0, true, "upper tank"},
-        {"Fill2", "PumpServer.CPump", 2, 0, true, ""},
-        {"Drain", "PumpServer.CTank", 7, 500, true, "night shift"},
-        {"Alarm", "PumpServer.CTank", 6, 0, false, ""},
-        {"Watch", "PumpServer.CPump", 7, 2500, true, ""},
-    };
-    for (const store::FormulaValues& formula : formulas)
-      EXPECT_TRUE(operations.AddFormula(formula).success());
-    const std::vector<store::AliasValues> aliases = {{"T.One", "One"}, {"T.Two", "Two"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    const std::vector<store::ArgumentValues> arguments = {{1, true, true}, {2, true}};
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
-    std::string code = system.Get(support::ClassPath("CPump"));
-    const std::string head = "Public Sub Fill10()\r\n";
-    code.insert(code.find(head) + head.size(), "  Two = One\r\n");
-    system.Put(support::ClassPath("CPump"), code);
+// Five formulas; Fill10 has two arguments, one of which is input and output.
+struct PlantWithFiveFormulas : window_tests::PlantWithFormulas {
+  PlantWithFiveFormulas() {
+    AddFormulas({{"Watch", "PumpServer.CPump", 7, 2500}});
+    AddAliases({{"T.One", "One"}, {"T.Two", "Two"}});
+    AddArguments(1, {{1, true, true}, {2, true}});
+    Replace("CPump", "Public Sub Fill10()\r\n", "Public Sub Fill10()\r\n  Two = One\r\n");
   }
   Lines Formulas() { return Rows("TvbfFormulas", {"Name", "ProgID", "Type", "Enabled"}); }
 };
@@ -74,7 +58,7 @@ class Overview : public ::testing::Test {
   }
   std::string Count() { return FindChild<wxStaticText>(Panel())->GetLabel().utf8_string(); }
 
-  PlantWithFormulas plant;
+  PlantWithFiveFormulas plant;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
 };
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/project_tree.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "wx/convert.h"
 
 namespace {
@@ -16,18 +16,11 @@ using Lines = std::vector<std::string>;
 
 class PasteTest : public ::testing::Test {
  protected:
-  PasteTest() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(plant.system, support::kPlantDatabase, {}, texts);
-    for (const char* name : {"Fill", "Other"}) {
-      EXPECT_TRUE(
-          project.operations().AddFormula({name, "PumpServer.CPump", 0, 0, true, ""}).success());
-    }
-  }
+  PasteTest() { plant.AddFormulas({{"Fill", "PumpServer.CPump"}, {"Other", "PumpServer.CPump"}}); }
   Lines Aliases() { return plant.Rows("TvbfAlias", {"ID", "ItemID", "VBAlias"}); }
   Lines Arguments() { return plant.Rows("TvbfParams", {"ID", "ParentID", "AliasID", "In", "Out"}); }
 
-  support::SamplePlant plant;
+  window_tests::Plant plant;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
 };
 
@@ -109,13 +102,9 @@ class PasteElsewhereTest : public PasteTest {
     plant.system.Put(kOther, empty.system.Get(support::kPlantDatabase));
     for (const std::string file : {"PumpServer.vbp", "CHelper.cls", "CPump.cls", "CTank.cls"})
       plant.system.Put("/other/" + file, empty.system.Get("/plant/" + file));
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(plant.system, support::kPlantDatabase, {}, texts);
-    const store::AliasValues aliases[] = {
-        {"Tank1.Level", "Level"}, {"=1+1;\"A\"", "Quoted"}, {"Tank1.Zufluß", "Zufluss"}};
-    EXPECT_TRUE(project.operations().AddAliases(aliases).success());
-    const store::ArgumentValues arguments[] = {{1, true, false}, {2, false, true}};
-    EXPECT_TRUE(project.operations().AddArguments(2, arguments).success());
+    plant.AddAliases(
+        {{"Tank1.Level", "Level"}, {"=1+1;\"A\"", "Quoted"}, {"Tank1.Zufluß", "Zufluss"}});
+    plant.AddArguments(2, {{1, true}, {2, false, true}});
   }
   void OpenOther() {
     ASSERT_TRUE(program.Open(kOther));

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "messages/text_number.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/said.h"
 #include "wx/convert.h"
 
@@ -15,27 +15,22 @@ using window_tests::Input;
 using Lines = std::vector<std::string>;
 
 // Four aliases, the first three of which are arguments of the formula Fill.
-struct PlantWithRows : support::SamplePlant {
+struct PlantWithRows : window_tests::Plant {
   PlantWithRows() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 0, 0, true, ""}).success());
-    const std::vector<store::AliasValues> aliases = {{"Plant.One", "One"},
-                                                     {"Plant.Two", "Two"},
-                                                     {"Plant.Three", "Three"},
-                                                     {"Plant.Four", "Four"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    const std::vector<store::ArgumentValues> arguments = {{1}, {2}, {3}};
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
+    AddFormulas({{"Fill", "PumpServer.CPump"}});
+    AddAliases({{"Plant.One", "One"},
+                {"Plant.Two", "Two"},
+                {"Plant.Three", "Three"},
+                {"Plant.Four", "Four"}});
+    AddArguments(1, {{1}, {2}, {3}});
   }
   Lines Aliases() { return Rows("TvbfAlias", {"ID", "VBAlias"}); }
   // An argument, by somebody else.
   void Delete(std::int32_t argument) {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
     const std::vector<std::int32_t> ids = {argument};
-    EXPECT_TRUE(project.operations().DeleteArguments(ids).success());
+    Change([&](store::Operations& operations) {
+      EXPECT_TRUE(operations.DeleteArguments(ids).success());
+    });
   }
   Lines Arguments() { return Rows("TvbfParams", {"ID", "AliasID", "In"}); }
 };

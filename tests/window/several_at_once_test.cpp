@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "desktop/key_list.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/said.h"
 
 namespace {
@@ -16,16 +16,11 @@ using window_tests::DesktopProgram;
 using window_tests::Input;
 using Lines = std::vector<std::string>;
 
-struct PlantWithItems : support::SamplePlant {
+struct PlantWithItems : window_tests::Plant {
   PlantWithItems() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 2, 0, true, ""}).success());
-    const std::vector<store::AliasValues> aliases = {{"T.One", "One"}, {"T.Two", "Two"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    const std::vector<store::ArgumentValues> arguments = {{1, true, false}};
-    EXPECT_TRUE(operations.AddArguments(1, arguments).success());
+    AddFormulas({{"Fill", "PumpServer.CPump", 2}});
+    AddAliases({{"T.One", "One"}, {"T.Two", "Two"}});
+    AddArguments(1, {{1, true}});
     system.Put("/plant/items.csv",
                "item,type,comment\nT.One,Double,\nT.Three,Double,third\nT-Three,Long,\n");
   }

@@ -6,8 +6,8 @@
 
 #include "desktop/message_pane.h"
 #include "desktop/project_tree.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 
 namespace {
 
@@ -15,14 +15,10 @@ using window_tests::DesktopProgram;
 using window_tests::FindChild;
 using window_tests::Input;
 
-struct PlantWithAliases : support::SamplePlant {
+struct PlantWithAliases : window_tests::Plant {
   PlantWithAliases() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 2, 0, true, ""}).success());
-    const std::vector<store::AliasValues> aliases = {{"T.One", "One"}, {"T.Two", "Two"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
+    AddFormulas({{"Fill", "PumpServer.CPump", 2}});
+    AddAliases({{"T.One", "One"}, {"T.Two", "Two"}});
   }
 };
 

@@ -8,8 +8,8 @@
 #include "desktop/formula_overview.h"
 #include "desktop/frame_texts.h"
 #include "desktop/tree_pane.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 #include "tests/window/said.h"
 
 namespace {
@@ -20,23 +20,11 @@ using window_tests::Input;
 using window_tests::Said;
 using Lines = std::vector<std::string>;
 
-struct PlantWithFormulas : support::SamplePlant {
-  PlantWithFormulas() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    const store::FormulaValues formulas[] = {
-        {"Fill10", "PumpServer.CPump", 2, 0, true, "upper tank"},
-        {"Fill2", "PumpServer.CPump", 2, 0, true, ""},
-        {"Drain", "PumpServer.CTank", 7, 500, true, "night shift"},
-        {"Alarm", "PumpServer.CTank", 6, 0, false, ""},
-    };
-    for (const store::FormulaValues& formula : formulas)
-      EXPECT_TRUE(operations.AddFormula(formula).success());
-    const std::vector<store::AliasValues> aliases = {{"Plant.Level", "Level"}};
-    EXPECT_TRUE(operations.AddAliases(aliases).success());
-    const std::vector<store::ArgumentValues> arguments = {{1, true, false}};
-    EXPECT_TRUE(operations.AddArguments(2, arguments).success());
+// Level is an argument of Fill2.
+struct PlantWithLevel : window_tests::PlantWithFormulas {
+  PlantWithLevel() {
+    AddAliases({{"Plant.Level", "Level"}});
+    AddArguments(2, {{1, true}});
   }
 };
 
@@ -51,8 +39,9 @@ class TreeLookTest : public ::testing::Test {
   // The names of the formulas as they stand in the tree, from top to bottom.
   Lines Shown() {
     Lines names;
-    for (const std::string& key : Tree().ShownFormulas())
-      names.push_back(Tree().Tree()->Find(key)->text);
+    std::vector<std::string> keys = Tree().KeysBelow("FORF0");
+    keys.resize(Tree().FormulasShown());
+    for (const std::string& key : keys) names.push_back(Tree().Tree()->Find(key)->text);
     return names;
   }
   void Choose(messages::TextNumber entry) {
@@ -67,7 +56,7 @@ class TreeLookTest : public ::testing::Test {
   }
   std::string Selected() { return Tree().Tree()->Find(Tree().SelectedKey())->text; }
 
-  PlantWithFormulas plant;
+  PlantWithLevel plant;
   DesktopProgram program{plant.system, texts::Language::kEnglish};
 };
 

@@ -4,8 +4,8 @@
 #include <wx/menu.h>
 
 #include "desktop/overview_texts.h"
-#include "project/project.h"
 #include "tests/window/desktop_program.h"
+#include "tests/window/plant.h"
 
 namespace {
 
@@ -13,13 +13,8 @@ using window_tests::DesktopProgram;
 using window_tests::FindChild;
 using window_tests::Input;
 
-struct PlantWithCode : support::SamplePlant {
-  PlantWithCode() {
-    const texts::TextTable texts(texts::Language::kEnglish);
-    project::Project project(system, support::kPlantDatabase, {}, texts);
-    auto& operations = project.operations();
-    EXPECT_TRUE(operations.AddFormula({"Fill", "PumpServer.CPump", 2, 0, true, ""}).success());
-  }
+struct PlantWithCode : window_tests::Plant {
+  PlantWithCode() { AddFormulas({{"Fill", "PumpServer.CPump", 2}}); }
 };
 
 struct Panes {
