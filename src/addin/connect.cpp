@@ -74,7 +74,6 @@ std::int32_t Connect::Initialize(std::string_view ov4_project_name, std::string_
                                  std::shared_ptr<platform::Object> ov4_add_in,
                                  std::shared_ptr<platform::Object> ov4_any) {
   return Event([&] {
-    database_path_ = ov4_project_name;
     studio_project_name_ = ov4_project_name;
     host_add_in_ = std::dynamic_pointer_cast<platform::AddIn>(ov4_add_in);
     ide_ = std::dynamic_pointer_cast<platform::VBE>(ov4_any);

@@ -71,8 +71,6 @@ class Connect : public platform::COV4Extensibility, public editor::EditorHost {
   // --- Accessors ---
   std::shared_ptr<platform::AddIn> HostAddIn() const override { return host_add_in_; }
   platform::WindowHandle HostWindow() const override { return host_window_; }
-  // The project database; the name of the studio project until it is resolved.
-  const std::string& DatabasePath() const { return database_path_; }
   const std::string& StudioProjectName() const { return studio_project_name_; }
   bool Initialised() const { return initialised_; }
   // Null until first opened.

@@ -36,7 +36,6 @@ class ProjectTree : public wx::NativeTree {
   // Keys of the nodes below one, in the order in which they are shown; behind them those that a
   // filter hides.
   std::vector<std::string> KeysBelow(const std::string& key) const;
-  std::vector<std::string> ShownFormulas() const { return arrangement_.FormulaKeys(); }
 
   void SetLook(const TreeLook& look);
   const TreeLook& Look() const { return look_; }

@@ -107,8 +107,6 @@ class frmtabgrid : public forms::Form,
   dialogs::MessageBoxes& messages() { return context_.messages; }
   bool SettingIsOn(std::string_view key) const { return context_.SettingIsOn(key); }
   void AliasesChanged();
-  // True while a grid is being reloaded by program.
-  bool RefreshingGrid() const { return refreshing_grid_; }
   // Positions everything in the client area.
   void abr_Resize(double width, double height);
   // Column order, status bar and splitters after the settings changed.
@@ -147,7 +145,7 @@ class frmtabgrid : public forms::Form,
   std::string told_problem_;
   bool toolbar_flag_ = false;
   bool aliases_seen_ = false;
-  bool refreshing_grid_ = false;
+  bool refreshing_grid_ = false;  // a grid is being reloaded by program
   bool hooked_ = false;
   Position position_;  // while there is no native window, or it is not in its normal state
 };

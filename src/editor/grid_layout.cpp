@@ -74,7 +74,6 @@ SplitterDrag::SplitterDrag(forms::Splitter& splitter, forms::Grid& grid)
         property == forms::Property::kColumns || property == forms::Property::kBounds;
     if (sized && grid_.ColumnCount() > 0) FollowColumns();
   });
-  splitter_.SetMousePointer("COLUMNSHIFT");
   splitter_.on_mouse_down = [this](const forms::MouseEvent& event) {
     if (event.button == forms::kLeftButton) dragging_ = true;
   };

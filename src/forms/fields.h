@@ -113,16 +113,9 @@ class Splitter : public Control {
  public:
   using Control::Control;
 
-  // Name of the pointer shown over the splitter.
-  const std::string& MousePointer() const { return mouse_pointer_; }
-  void SetMousePointer(std::string_view name) { mouse_pointer_ = name; }
-
   std::function<void(const MouseEvent&)> on_mouse_down;
   std::function<void(const MouseEvent&)> on_mouse_move;
   std::function<void(const MouseEvent&)> on_mouse_up;
-
- private:
-  std::string mouse_pointer_;
 };
 
 }  // namespace forms

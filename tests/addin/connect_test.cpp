@@ -37,7 +37,7 @@ TEST(Connect, StartResolvesTheDatabase) {
                                "D:\\Projects\\Plant");
     bench.settings.SetRegistry("SOFTWARE\\Meridax GmbH", "Common", "C:\\Common");
     bench.Start(c.name);
-    EXPECT_EQ(bench.add_in->DatabasePath(), c.path);
+    EXPECT_EQ(Connect::DatabasePathOf(bench.settings, c.name), c.path);
     EXPECT_EQ(bench.add_in->StudioProjectName(), c.name);
     EXPECT_EQ(bench.studio->Find("FOR0") != nullptr, c.root);
     EXPECT_EQ(bench.add_in->HostWindow(), c.root ? 100 : 0);
