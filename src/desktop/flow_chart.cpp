@@ -14,6 +14,7 @@
 #include "editor/node_key.h"
 #include "files/replace_file.h"
 #include "platform/error.h"
+#include "project/call_type.h"
 #include "project/data_flow_layout.h"
 #include "project/data_flow_table.h"
 #include "project/flow_texts.h"

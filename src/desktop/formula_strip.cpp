@@ -5,6 +5,7 @@
 #include <wx/sizer.h>
 
 #include "desktop/overview_texts.h"
+#include "project/call_type.h"
 #include "wx/convert.h"
 
 namespace desktop {
@@ -42,18 +43,10 @@ wxHyperlinkCtrl* FormulaStrip::MakeLink(const char* control, bool fills) {
   return link;
 }
 
-std::string FormulaStrip::CallOf(const store::FormulaRecord& formula) const {
-  const bool known = formula.type >= 0 && formula.type < store::kCallTypes;
-  const std::string type =
-      known ? Text(store::kFirstCallTypeText + formula.type) : std::to_string(formula.type);
-  if (formula.type != store::kAsynchronous) return type;
-  return texts_.Text(kTextAsynchronousEvery,
-                     {{"<Type>", type}, {"<Time>", std::to_string(formula.scan_time)}});
-}
-
 void FormulaStrip::ShowFormula(const store::FormulaRecord& formula) {
   ShowText(*prog_id_, texts_.Text(kTextStripClass, {{"<Class>", formula.prog_id}}));
-  ShowText(*call_, texts_.Text(kTextStripCall, {{"<Type>", CallOf(formula)}}));
+  ShowText(*call_,
+           texts_.Text(kTextStripCall, {{"<Type>", project::CallTypeText(formula, texts_)}}));
   ShowText(*state_, Text(formula.enabled ? kTextStripEnabled : kTextStripDisabled));
   ShowText(*comment_, formula.comment.empty()
                           ? Text(kTextStripNoComment)

@@ -28,7 +28,6 @@ class FormulaStrip : public wxPanel {
 
  private:
   wxHyperlinkCtrl* MakeLink(const char* control, bool fills);
-  std::string CallOf(const store::FormulaRecord& formula) const;
   std::string Text(messages::TextNumber number) const { return texts_.Text(number); }
 
   const texts::TextTable& texts_;

@@ -5,6 +5,8 @@
 #include <set>
 #include <utility>
 
+#include "store/rules.h"
+
 namespace desktop {
 
 OverviewRows::OverviewRows(const texts::TextTable& texts) {
@@ -57,7 +59,7 @@ std::vector<forms::Row> OverviewRows::Rows(std::size_t first, std::size_t count)
 
 forms::Row OverviewRows::RowOf(const OverviewFormula& formula) const {
   const store::FormulaRecord& record = formula.record;
-  const bool known = record.type >= 0 && record.type < store::kCallTypes;
+  const bool known = store::IsCallType(record.type);
   forms::Row row{record.id, {}};
   row.cells.resize(kComment + 1);
   row.cells[kName] = record.name;

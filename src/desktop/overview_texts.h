@@ -62,7 +62,6 @@ inline constexpr messages::TextNumber kTextStripEnabled{4352};
 inline constexpr messages::TextNumber kTextStripDisabled{4353};
 inline constexpr messages::TextNumber kTextStripComment{4354};
 inline constexpr messages::TextNumber kTextStripNoComment{4355};
-inline constexpr messages::TextNumber kTextAsynchronousEvery{4356};
 inline constexpr messages::TextNumber kTextEditField{4357};
 
 // What is seen of the window.

@@ -9,7 +9,7 @@
 #include "editor/node_key.h"
 #include "forms/row_order.h"
 #include "platform/text.h"
-#include "store/formula_records.h"
+#include "store/rules.h"
 
 namespace desktop {
 
@@ -23,8 +23,6 @@ constexpr const char* kDisabled = "Disabled";         // behind the name of a pi
 constexpr const char* kNothingKnown = "?";
 
 const StudioNode* ToNode(wx::TreeSource::Node node) { return static_cast<const StudioNode*>(node); }
-
-bool KnownType(std::int32_t type) { return type >= 0 && type < store::kCallTypes; }
 
 std::string PictureOfType(std::int32_t type) { return kCallTypePicture + std::to_string(type); }
 
@@ -92,10 +90,10 @@ std::unique_ptr<TreeArrangement::Group> TreeArrangement::NewGroup(const StudioNo
   }
   group->type = facts ? facts->type : -1;
   node.info = std::to_string(group->type);
-  node.text = KnownType(group->type)
+  node.text = store::IsCallType(group->type)
                   ? texts_.Text(store::kFirstCallTypeText + group->type)
                   : texts_.Text(kTextUnknownCallType, {{"<Type>", facts ? node.info : "?"}});
-  if (KnownType(group->type)) node.icon = PictureOfType(group->type);
+  if (store::IsCallType(group->type)) node.icon = PictureOfType(group->type);
   return group;
 }
 
@@ -284,7 +282,7 @@ std::string TreeArrangement::TextOf(Node node) const {
 std::string TreeArrangement::PictureOf(Node node) const {
   const StudioNode& shown = *ToNode(node);
   const store::FormulaRecord* facts = group_of_.contains(&shown) ? FactsOf(shown) : nullptr;
-  if (!facts || !KnownType(facts->type)) return shown.icon;
+  if (!facts || !store::IsCallType(facts->type)) return shown.icon;
   return PictureOfType(facts->type) + (facts->enabled ? "" : kDisabled);
 }
 

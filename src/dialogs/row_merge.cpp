@@ -2,6 +2,7 @@
 #include "dialogs/row_merge.h"
 
 #include "messages/text_number.h"
+#include "store/rules.h"
 
 namespace dialogs {
 
@@ -58,8 +59,10 @@ void RowMerge::Join(const store::FormulaValues& before, const store::FormulaValu
                     store::FormulaValues& mine) {
   JoinMember(kName, before.name, theirs.name, mine.name, AsItIs);
   JoinMember(kClass, before.prog_id, theirs.prog_id, mine.prog_id, AsItIs);
-  JoinMember(kType, before.type, theirs.type, mine.type,
-             [&](std::int32_t type) { return context_.Text(store::kFirstCallTypeText + type); });
+  JoinMember(kType, before.type, theirs.type, mine.type, [&](std::int32_t type) {
+    return store::IsCallType(type) ? context_.Text(store::kFirstCallTypeText + type)
+                                   : std::to_string(type);
+  });
   JoinMember(kScanTime, before.scan_time, theirs.scan_time, mine.scan_time,
              [](std::int32_t time) { return std::to_string(time); });
   JoinFlag(kEnabled, before.enabled, theirs.enabled, mine.enabled);

@@ -5,7 +5,7 @@
 #include <charconv>
 
 #include "platform/text.h"
-#include "store/formula_records.h"
+#include "store/rules.h"
 #include "texts/text_table.h"
 
 namespace exchange {
@@ -108,7 +108,7 @@ std::optional<std::int32_t> ParseWholeNumber(std::string_view text) {
 
 std::optional<std::int32_t> ParseCallType(std::string_view text) {
   if (const auto number = ParseWholeNumber(text)) {
-    return *number >= 0 && *number < store::kCallTypes ? number : std::nullopt;
+    return store::IsCallType(*number) ? number : std::nullopt;
   }
   for (const auto language : {texts::Language::kEnglish, texts::Language::kGerman}) {
     static const texts::TextTable kTables[] = {texts::TextTable(texts::Language::kGerman),

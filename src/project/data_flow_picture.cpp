@@ -4,6 +4,7 @@
 #include <charconv>
 #include <chrono>
 
+#include "project/call_type.h"
 #include "project/data_flow_table.h"
 #include "project/filter_program.h"
 #include "project/flow_texts.h"

@@ -6,12 +6,6 @@
 
 namespace project {
 
-std::string CallTypeText(const store::FormulaRecord& formula, const texts::TextTable& texts) {
-  std::string text = texts.Text(store::kFirstCallTypeText + formula.type);
-  if (formula.type != store::kAsynchronous) return text;
-  return text + ", " + texts.Text(kFlowScanTime, {{"<Time>", std::to_string(formula.scan_time)}});
-}
-
 std::string WritersText(const DataFlow::Item& item, const texts::TextTable& texts) {
   return texts.Text(kFlowWriters, {{"<Count>", std::to_string(item.writers)}});
 }

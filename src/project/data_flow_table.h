@@ -10,8 +10,6 @@
 
 namespace project {
 
-// "asynchronous, 500 ms".
-std::string CallTypeText(const store::FormulaRecord& formula, const texts::TextTable& texts);
 // "3 formulas write it".
 std::string WritersText(const DataFlow::Item& item, const texts::TextTable& texts);
 

@@ -9,6 +9,7 @@
 
 #include "codegen/data_type.h"
 #include "messages/text_number.h"
+#include "project/call_type.h"
 #include "project/data_flow.h"
 #include "project/data_flow_table.h"
 #include "project/flow_texts.h"
@@ -181,7 +182,7 @@ class Report {
     const store::FormulaRecord& record = formula.record;
     html_ += "<article" + std::string(record.enabled ? "" : " class=\"off\"") + ">\n<h3 id=\"f" +
              std::to_string(record.id) + "\">" + EscapeHtml(record.name) + "</h3>\n<dl>\n";
-    AddTerm(kCallType, Text(store::kFirstCallTypeText + record.type));
+    AddTerm(kCallType, CallTypeName(record.type, texts_));
     if (record.type == store::kAsynchronous)
       AddTerm(kScanTime, std::to_string(record.scan_time) + " ms");
     AddTerm(kState, Text(record.enabled ? kEnabled : kDisabled));

@@ -71,7 +71,6 @@ std::span<const Row> PlantRows() {
       {4353, "Nicht aktiv", "Not enabled"},
       {4354, "Kommentar: <Text>", "Comment: <Text>"},
       {4355, "Kein Kommentar", "No comment"},
-      {4356, "<Type>, alle <Time> ms", "<Type>, every <Time> ms"},
       {4357, "Im Dialog ändern", "Change in the dialog"},
       // Going to a name.
       {4360, "Gehe zu", "Go to"},

@@ -4,11 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "project/html.h"
 #include "tests/support/formula_project.h"
+#include "tests/support/memory_database.h"
 
 namespace project {
 namespace {
@@ -82,6 +84,18 @@ TEST(Report, ShowsTheProjectWithEveryTextEscaped) {
               HasSubstr("<tr><td>Valve</td><td><a href=\"#f1\">Fill</a> (by its argument)</td>"
                         "<td></td></tr>"));
   EXPECT_THAT(html, Not(HasSubstr("<script")));
+}
+
+TEST(Report, ACallTypeThatDoesNotExistIsItsNumber) {
+  support::FormulaProject project;
+  Fill(project);
+  const auto row =
+      support::MemoryDatabase::Open(*project.open->connection, "SELECT * FROM TvbfFormulas", {});
+  for (const std::int32_t type : {-1, 20, std::numeric_limits<std::int32_t>::max()}) {
+    row->Fields("Type").SetValue(type);
+    row->Update();
+    EXPECT_THAT(MakeReportOf(project), HasSubstr("<dd>" + std::to_string(type) + "</dd>"));
+  }
 }
 
 TEST(Report, IsTheSameBytesForTheSameProject) {
