@@ -6,6 +6,7 @@
 #include <wx/frame.h>
 
 #include "tests/wx/display.h"
+#include "wx/native.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ class ProjectTreeTest : public ::testing::Test {
     for (int i = 0; i < 300; ++i) Add("formulas", "f" + std::to_string(i));
     tree->on_select_node = [this](const auto& node) { selected.push_back(node.key); };
     tree->ShowTree(&model);
+    wx::LayOutBeforeShow(*frame);
     frame->Show();
     EXPECT_TRUE(display::WaitFor([this] { return frame->IsActive(); }));
     tree->SetFocus();
