@@ -6,6 +6,7 @@
 
 #include "wx/convert.h"
 #include "wx/native.h"
+#include "wx/native_list.h"
 #include "wx/table_font.h"
 
 namespace desktop {
@@ -66,7 +67,7 @@ void PlaceTable::SelectRow(std::size_t row) {
   UnselectAll();
   SetCurrentItem(item);
   Select(item);
-  EnsureVisible(item);
+  wx::ScrollToRow(*this, static_cast<unsigned>(row));
 }
 
 }  // namespace desktop

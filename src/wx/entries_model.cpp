@@ -2,6 +2,7 @@
 #include "wx/entries_model.h"
 
 #include "wx/convert.h"
+#include "wx/native_list.h"
 
 namespace wx {
 
@@ -22,7 +23,7 @@ void MarkEntry(wxDataViewCtrl& list, EntriesModel& model, std::int32_t index) {
   if (index < 0 || index >= static_cast<std::int32_t>(model.GetCount())) return;
   wxDataViewItem item = model.GetItem(static_cast<unsigned>(index));
   list.Select(item);
-  list.EnsureVisible(item);
+  ScrollToRow(list, static_cast<unsigned>(index));
 }
 
 }  // namespace wx

@@ -44,6 +44,12 @@ void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& i
   });
 }
 
+void ScrollToRow(wxDataViewCtrl& list, unsigned row) {
+  GtkTreePath* path = gtk_tree_path_new_from_indices(static_cast<int>(row), -1);
+  gtk_tree_view_scroll_to_cell(GTK_TREE_VIEW(list.GtkGetTreeView()), path, nullptr, FALSE, 0, 0);
+  gtk_tree_path_free(path);
+}
+
 struct NativeList::State {
   struct Watched {
     State* state;

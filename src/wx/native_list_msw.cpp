@@ -93,6 +93,10 @@ void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& i
   });
 }
 
+void ScrollToRow(wxDataViewCtrl& list, unsigned row) {
+  list.EnsureVisible(static_cast<wxDataViewVirtualListModel*>(list.GetModel())->GetItem(row));
+}
+
 struct NativeList::State {
   wxDataViewCtrl* list = nullptr;
   wxWeakRef<wxWindow> top;

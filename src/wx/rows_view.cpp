@@ -208,7 +208,7 @@ void RowsView::ShowCurrent() {
   syncing_ = true;
   wxDataViewItem item = cells_->GetItem(static_cast<unsigned>(*position));
   list_->SetCurrentItem(item);
-  list_->EnsureVisible(item);
+  ScrollToRow(*list_, static_cast<unsigned>(*position));
   if (rows_.SelectedCount() == 0 || !rows_.MultiSelect()) {
     list_->Select(item);  // the native list shows it so anyway
     rows_.SetSelection({rows_.IdAt(*position)});

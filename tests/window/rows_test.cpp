@@ -17,7 +17,7 @@ using Lines = std::vector<std::string>;
 // Four aliases, the first three of which are arguments of the formula Fill.
 struct PlantWithRows : window_tests::Plant {
   PlantWithRows() {
-    AddFormulas({{"Fill", "PumpServer.CPump"}});
+    AddFormulas({{"Fill", "PumpServer.CPump"}, {"Drain", "PumpServer.CPump"}});
     AddAliases({{"Plant.One", "One"},
                 {"Plant.Two", "Two"},
                 {"Plant.Three", "Three"},
@@ -69,6 +69,14 @@ TEST_F(RowsTest, EditIsAboutTheRowUnderTheMouse) {
   Input({MoveTo(2) + "click 3", "sleep 0.3 key --delay 80 Down Down Return sleep 0.8",
          "key --delay 80 Tab space Return"});
   EXPECT_EQ(plant.Arguments(), (Lines{"1|1|False", "2|2|False", "3|3|True"}));
+}
+
+// The row that the first table scrolls to is gone when the program is idle.
+TEST_F(RowsTest, TablesWithoutRowsComeRightAfterOthers) {
+  auto* tree = window_tests::FindChild<desktop::ProjectTree>(program.window());
+  for (const char* node : {"FORF1", "FORF2"}) tree->SelectKey(node);
+  window_tests::Wait::For([] { return true; });
+  EXPECT_EQ(program.Rows(), 0);
 }
 
 // What the context menu offers for cells and rows.
