@@ -2,6 +2,7 @@
 #include <gtk/gtk.h>
 
 #include <cstdlib>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -31,6 +32,17 @@ class Handler {
   GObject* object_;
   gulong id_;
 };
+
+// The head of a column that begins to be dragged is laid out in a single pixel, which has no room
+// for borders; the toolkit would complain of it.
+void TakeBordersFromDraggedHeads() {
+  GtkCssProvider* style = gtk_css_provider_new();
+  gtk_css_provider_load_from_data(
+      style, "treeview button.dnd { margin: 0; border-width: 0; padding: 0; }", -1, nullptr);
+  gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(style),
+                                            GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  g_object_unref(style);
+}
 
 }  // namespace
 
@@ -190,6 +202,8 @@ struct NativeList::State {
 };
 
 NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>()) {
+  static std::once_flag styled;
+  std::call_once(styled, TakeBordersFromDraggedHeads);
   state_->list = &list;
   state_->tree = GTK_TREE_VIEW(list.GtkGetTreeView());
   gtk_tree_view_set_enable_search(state_->tree, FALSE);  // typing belongs to the cells

@@ -93,10 +93,8 @@ class TestApp : public wxApp {
  public:
   bool OnInit() override {
     wx::OnDiagnostic([](const std::string& report) {
-      // There is no session bus, and the head of a column that is dragged is a line on its way.
-      for (const char* known : {"bus", "(node button, owner GtkButton)"})
-        if (report.find(known) != std::string::npos) return;
-      ADD_FAILURE() << report;
+      const bool no_session_bus = report.find("bus") != std::string::npos;
+      if (!no_session_bus) ADD_FAILURE() << report;
     });
     return true;
   }
