@@ -47,10 +47,18 @@ class Repairing {
     return true;
   }
 
-  // Those that cannot be adopted are added to `left`.
+  // Those that cannot be adopted are added to `left`. A file that cannot be read ends it all: half
+  // of what a header tells would be lost with the header.
   OperationResult Run(std::set<const Finding*>& left) {
     for (const Finding* finding : adopted_) {
-      if (!Adopt(*finding->subject)) left.insert(finding);
+      OperationResult formula = AddFormula(*finding->subject);
+      if (formula.outcome == store::Outcome::kRefused) {
+        left.insert(finding);
+        continue;
+      }
+      if (!formula.success()) return formula;
+      OperationResult arguments = AddArguments(formula.id(), *finding->subject);
+      if (!arguments.success()) return arguments;
     }
     return operations_.Mend(mending_);
   }
@@ -70,18 +78,19 @@ class Repairing {
 
   // Makes the formula that the procedure's header tells of. It does not run until somebody enables
   // it: call type and direction of the arguments are known to nobody.
-  bool Adopt(const Subject& subject) {
+  OperationResult AddFormula(const Subject& subject) {
     store::FormulaValues values{subject.formula, subject.prog_id};
     values.enabled = false;
-    const OperationResult formula = operations_.AddFormula(values);
-    if (!formula.success()) return false;
+    return operations_.AddFormula(values);
+  }
+  OperationResult AddArguments(std::int32_t formula_id, const Subject& subject) {
     std::vector<store::ArgumentValues> arguments;
     std::set<std::int32_t> known;
     for (const std::string& name : subject.aliases) {
       const auto alias = operations_.FindAliasByName(name);
       if (alias && known.insert(alias->id).second) arguments.push_back({alias->id, true, false});
     }
-    return arguments.empty() || operations_.AddArguments(formula.id(), arguments).success();
+    return arguments.empty() ? OperationResult() : operations_.AddArguments(formula_id, arguments);
   }
 
   Operations& operations_;

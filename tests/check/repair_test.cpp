@@ -98,7 +98,7 @@ TEST(Repair, IsDoneOrNotWhenFilesFailOrTheProgramIsKilled) {
   for (const auto length : {files::Fault::Length::kOnce, files::Fault::Length::kLasting,
                             files::Fault::Length::kCrash}) {
     int tried = 0;
-    for (int n = 5;; n += std::getenv("OV_LONG") ? 1 : 17, ++tried) {
+    for (int n = 5;; n += std::getenv("OV_LONG") ? 1 : 5, ++tried) {
       SCOPED_TRACE("step " + std::to_string(n));
       files::MemoryFileSystem memory;
       support::Restore(memory, start);
@@ -112,6 +112,11 @@ TEST(Repair, IsDoneOrNotWhenFilesFailOrTheProgramIsKilled) {
         success = RepairOver(failing).success();
       } catch (const std::exception&) {
         // The project could not even be opened.
+      }
+      // A class that cannot be looked at is left and told; the next repair finds just that.
+      if (success && StateOf(memory) != after) {
+        EXPECT_TRUE(RepairOver(memory).success());
+        EXPECT_EQ(StateOf(memory), after);
       }
       const std::string state = StateOf(memory);
       EXPECT_TRUE(state == after || (state == before && !success)) << state;
