@@ -19,8 +19,18 @@ constexpr const char* kExtension = ".history";
 constexpr std::size_t kHead = 32;
 // Of some hundred operations.
 constexpr std::uint64_t kLeastRoom = std::uint64_t{1} << 16;
+constexpr std::uint64_t kBlock = std::uint64_t{1} << 16;
 
 std::uint64_t RoundedUp(std::uint64_t size) { return (size + 4095) / 4096 * 4096; }
+
+// A part of what was to be appended would be taken for damage.
+void CutQuietly(RandomAccessFile& file, std::uint64_t size) noexcept {
+  try {
+    file.Truncate(size);
+  } catch (const Error&) {
+    // Then it is.
+  }
+}
 
 }  // namespace
 
@@ -52,30 +62,41 @@ std::uint64_t CarriedAppend::HashOfHead(RandomAccessFile& file) const {
   return Hash64(std::span(head).first(file.ReadAt(0, head)));
 }
 
-std::vector<std::byte> CarriedAppend::ReadCarried(std::uint64_t size) const {
-  // A damaged or forged header may promise what no memory holds.
-  if (size > journal_.Size()) return {};
-  std::vector<std::byte> bytes(size);
-  bytes.resize(journal_.ReadAt(journal::kHeaderSize, bytes));
-  return bytes;
+bool CarriedAppend::ForEachBlock(
+    std::uint64_t begin, std::uint64_t end,
+    const std::function<void(std::uint64_t, std::span<const std::byte>)>& visit) {
+  std::vector<std::byte> block(std::min<std::uint64_t>(kBlock, end - begin));
+  while (begin < end) {
+    const std::span<std::byte> part = std::span(block).first(
+        static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), end - begin)));
+    if (journal_.ReadAt(journal::kHeaderSize + begin, part) != part.size()) return false;
+    visit(begin, part);
+    begin += part.size();
+  }
+  return true;
 }
 
 void CarriedAppend::Settle() {
-  if (carried_.size_after == 0) return;
-  const std::vector<std::byte> bytes = ReadCarried(carried_.size_after);
+  const std::uint64_t carried = carried_.size_after;
+  if (carried == 0) return;
+  Hasher64 hash;
+  const bool is_whole = ForEachBlock(0, carried, [&](auto, auto block) { hash.Add(block); });
   // Overwritten by a commit that was never finished, which had the file synced before.
-  if (bytes.size() != carried_.size_after || Hash64(bytes) != carried_.hash_after) return;
+  if (!is_whole || hash.Value() != carried_.hash_after) return;
   auto file = Open(OpenMode::kReadWrite);
   if (!file && carried_.offset == 0) {
     file = system_.OpenLike(path_, OpenMode::kCreateNew, database_);
   }
   if (!file) return;
   const std::uint64_t size = file->Size();
-  if (size < carried_.offset || size > carried_.offset + bytes.size()) return;
+  if (size < carried_.offset || size > carried_.offset + carried) return;
   if (carried_.offset > 0 && HashOfHead(*file) != carried_.head) return;
-  std::vector<std::byte> now(bytes.size());
-  now.resize(file->ReadAt(carried_.offset, now));
-  if (now != bytes) file->WriteAt(carried_.offset, bytes);
+  std::vector<std::byte> now;
+  ForEachBlock(0, carried, [&](std::uint64_t begin, std::span<const std::byte> block) {
+    now.resize(block.size());
+    now.resize(file->ReadAt(carried_.offset + begin, now));
+    if (!std::ranges::equal(now, block)) file->WriteAt(carried_.offset + begin, block);
+  });
 }
 
 void CarriedAppend::Sync() {
@@ -87,37 +108,74 @@ void CarriedAppend::Sync() {
   if (carried_.offset == 0) system_.SyncDirectory(system_.Folder(path_));
 }
 
+void CarriedAppend::ClearRoom() {
+  Sync();
+  carried_ = {};
+}
+
+journal::Carried CarriedAppend::Alone(std::uint64_t offset, std::uint64_t size,
+                                      std::uint64_t hash) {
+  const auto file = offset > 0 ? Open(OpenMode::kRead) : nullptr;
+  journal::Carried alone;
+  alone.room = std::max(kLeastRoom, RoundedUp(size));
+  alone.offset = offset;
+  alone.size_after = size;
+  alone.hash_before = Hash64({});
+  alone.hash_after = hash;
+  alone.head = file ? HashOfHead(*file) : 0;
+  return alone;
+}
+
+std::optional<journal::Carried> CarriedAppend::TakeIn(const FileAppend& appended) {
+  std::optional<journal::GatheringWriter> writer;
+  Hasher64 hash;
+  std::uint64_t size = 0;
+  const auto write = [&](std::string_view bytes) {
+    const auto piece = std::as_bytes(std::span(bytes));
+    writer->Write(journal::kHeaderSize + size, piece);
+    hash.Add(piece);
+    size += piece.size();
+  };
+  appended.write([&](std::string_view piece) {
+    if (writer) return write(piece);
+    kept_ += piece;
+    if (kept_.size() <= kLeastRoom) return;
+    ClearRoom();
+    writer.emplace(journal_);
+    write(kept_);
+    kept_ = {};
+  });
+  if (!writer) return std::nullopt;
+  writer->Flush();
+  return Alone(appended.offset, size, hash.Value());
+}
+
 journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
-  journal::Carried next = carried_;
-  next.size_before = carried_.size_after;
-  next.hash_before = carried_.hash_after;
-  if (!appended) return next;
+  kept_ = {};
+  next_ = carried_;
+  next_.size_before = carried_.size_after;
+  next_.hash_before = carried_.hash_after;
+  if (!appended) return next_;
   if (!settled) Settle();
+  if (const auto many = TakeIn(*appended)) return next_ = *many;
+  const auto added = std::as_bytes(std::span(kept_));
   const auto file = Open(OpenMode::kRead);
-  const std::uint64_t head = file && appended->offset > 0 ? HashOfHead(*file) : 0;
-  const std::uint64_t size = appended->bytes.size();
-  const bool follows = next.size_before > 0 && appended->offset == next.offset + next.size_before &&
-                       (next.offset == 0 || next.head == head) &&
-                       next.size_before + size <= next.room;
-  std::vector<std::byte> bytes;
-  if (follows) bytes = ReadCarried(next.size_before);
-  if (bytes.empty() || bytes.size() != next.size_before) {
-    Sync();
-    next = {};
-    next.offset = appended->offset;
-    next.head = head;
-    next.room = std::max(kLeastRoom, RoundedUp(size));
-    next.hash_before = Hash64({});
+  const bool follows = next_.size_before > 0 &&
+                       appended->offset == next_.offset + next_.size_before &&
+                       (next_.offset == 0 || (file && next_.head == HashOfHead(*file))) &&
+                       next_.size_before + added.size() <= next_.room;
+  Hasher64 hash;
+  const bool is_whole =
+      follows && ForEachBlock(0, next_.size_before, [&](auto, auto block) { hash.Add(block); });
+  // What is carried was overwritten by a commit that failed.
+  if (!is_whole || hash.Value() != next_.hash_before) {
+    ClearRoom();
+    return next_ = Alone(appended->offset, added.size(), Hash64(added));
   }
-  next.size_after = next.size_before + size;
-  const auto added = std::as_bytes(std::span(appended->bytes));
-  if (next.size_before == 0) {  // a large one is not copied
-    next.hash_after = Hash64(added);
-    return next;
-  }
-  bytes.insert(bytes.end(), added.begin(), added.end());
-  next.hash_after = Hash64(bytes);
-  return next;
+  hash.Add(added);
+  next_.size_after = next_.size_before + added.size();
+  next_.hash_after = hash.Value();
+  return next_;
 }
 
 void CarriedAppend::Write(const FileAppend& appended) {
@@ -126,7 +184,15 @@ void CarriedAppend::Write(const FileAppend& appended) {
     file = system_.OpenLike(path_, OpenMode::kCreateNew, database_);
   }
   if (!file || file->Size() != appended.offset) return;  // somebody else put another there
-  file->WriteAt(appended.offset, std::as_bytes(std::span(appended.bytes)));
+  try {
+    if (!kept_.empty()) return file->WriteAt(appended.offset, std::as_bytes(std::span(kept_)));
+    ForEachBlock(next_.size_before, next_.size_after, [&](std::uint64_t begin, auto block) {
+      file->WriteAt(next_.offset + begin, block);
+    });
+  } catch (const Error&) {
+    CutQuietly(*file, appended.offset);
+    throw;
+  }
 }
 
 }  // namespace files

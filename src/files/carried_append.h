@@ -9,8 +9,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files/change_set.h"
@@ -34,22 +38,37 @@ class CarriedAppend {
   void Sync();
 
   // What the next journal carries, when `appended` (null: nothing) is to follow. `settled`: the
-  // file has what is carried by now. Raises files::Error when room has to be made and cannot be.
+  // file has what is carried by now. Raises files::Error when room has to be made and cannot be,
+  // and what `appended` raises.
   journal::Carried Next(const FileAppend* appended, bool settled);
+  // Of the bytes that the next journal carries those that are to be written there yet: a few of
+  // them are kept until then, many stand in the journal as they came.
+  std::string_view kept() const { return kept_; }
   // Puts the bytes behind the end of the file once their commit is done. Raises files::Error.
   void Write(const FileAppend& appended);
 
  private:
   std::unique_ptr<RandomAccessFile> Open(OpenMode mode);
   std::uint64_t HashOfHead(RandomAccessFile& file) const;
-  // The first bytes of what the journal carries; fewer when it is damaged.
-  std::vector<std::byte> ReadCarried(std::uint64_t size) const;
+  // Calls `visit` with the journal's carried bytes from `begin` to `end`, block by block. False
+  // when there are fewer.
+  bool ForEachBlock(std::uint64_t begin, std::uint64_t end,
+                    const std::function<void(std::uint64_t, std::span<const std::byte>)>& visit);
+  // Makes the whole room free: what it has is on the medium.
+  void ClearRoom();
+  // The next journal's when it carries nothing else.
+  journal::Carried Alone(std::uint64_t offset, std::uint64_t size, std::uint64_t hash);
+  // Takes all that is appended, a few bytes into kept_, many into the journal. What is carried
+  // then; nothing as long as it is kept.
+  std::optional<journal::Carried> TakeIn(const FileAppend& appended);
 
   FileSystem& system_;
   std::string database_;
   std::string path_;
   RandomAccessFile& journal_;
   journal::Carried carried_;
+  journal::Carried next_;
+  std::string kept_;
 };
 
 }  // namespace files

@@ -51,14 +51,15 @@ class CommitRun {
  public:
   CommitRun(FileSystem& system, JournalFile& journal, const std::string& database,
             const Reach& reach, const ChangeSet& changes, std::uint64_t salt,
-            const journal::Carried& carried)
+            const journal::Carried& carried, std::string_view appended)
       : system_(system),
         journal_(journal),
         database_(database),
         reach_(reach),
         changes_(changes),
         salt_(salt),
-        carried_(carried) {}
+        carried_(carried),
+        appended_(appended) {}
 
   void Run() {
     assert(journal_.locked());  // 1
@@ -156,9 +157,8 @@ class CommitRun {
   }
 
   void WriteJournal() {
-    const bool appends = carried_.size_after > carried_.size_before;
     journal::Writer writer(journal_.file(), salt_, system_.Stamp(database_).value_or(FileStamp()),
-                           carried_, appends ? changes_.append->bytes : std::string_view());
+                           carried_, appended_);
     writer.AddDatabase(database_);
     for (RangeSource* source : changes_.ranges) AddRanges(*source, writer);
     for (const WholeFile& file : files_) {
@@ -315,6 +315,7 @@ class CommitRun {
   const ChangeSet& changes_;
   std::uint64_t salt_;
   journal::Carried carried_;
+  std::string_view appended_;
   std::vector<WholeFile> files_;
   std::vector<TemporaryFile> staged_;
   std::set<std::string> moved_;
@@ -405,13 +406,13 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   journal::Carried carried;
   try {
     carried = carrier.Next(append, appended_ && left.header.salt == last_salt_);
-  } catch (const Error& error) {
-    append->on_failure(error);
+  } catch (const std::exception& error) {
+    if (append) append->on_failure(error);
     append = nullptr;
     carried = carrier.Next(nullptr, false);
   }
   last_salt_ = RandomNumber();
-  CommitRun run(system_, *journal_, database, reach_, changes, last_salt_, carried);
+  CommitRun run(system_, *journal_, database, reach_, changes, last_salt_, carried, carrier.kept());
   try {
     run.Run();
   } catch (...) {

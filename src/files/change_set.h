@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files/contents.h"
@@ -57,8 +58,11 @@ struct FileChange {
 // Bytes behind the end of the file beside the database that only grows (carried_append.h). They
 // follow a change that is made: that they cannot be written is told and changes nothing else.
 struct FileAppend {
+  using Sink = std::function<void(std::string_view)>;
   std::uint64_t offset = 0;  // size of the file now; 0: there is none
-  std::string bytes;
+  // Hands the bytes to the sink, in pieces of any size. Called once, before a file is changed; that
+  // it raises something is a failure, too.
+  std::function<void(const Sink&)> write;
   std::function<void(const std::exception&)> on_failure;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/hash.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -33,25 +34,45 @@ std::uint64_t MergeLane(std::uint64_t hash, std::uint64_t lane) {
 }  // namespace
 
 std::uint64_t Hash64(std::span<const std::byte> data, std::uint64_t seed) {
-  constexpr std::size_t kStripe = 32;
-  const std::byte* at = data.data();
-  std::size_t left = data.size();
-  std::uint64_t hash = seed + kPrime5;
-  if (left >= kStripe) {
-    std::uint64_t lane1 = seed + kPrime1 + kPrime2;
-    std::uint64_t lane2 = seed + kPrime2;
-    std::uint64_t lane3 = seed;
-    std::uint64_t lane4 = seed - kPrime1;
-    for (; left >= kStripe; left -= kStripe, at += kStripe) {
-      lane1 = Round(lane1, ReadWord<std::uint64_t>(at));
-      lane2 = Round(lane2, ReadWord<std::uint64_t>(at + 8));
-      lane3 = Round(lane3, ReadWord<std::uint64_t>(at + 16));
-      lane4 = Round(lane4, ReadWord<std::uint64_t>(at + 24));
-    }
-    hash = std::rotl(lane1, 1) + std::rotl(lane2, 7) + std::rotl(lane3, 12) + std::rotl(lane4, 18);
-    for (const std::uint64_t lane : {lane1, lane2, lane3, lane4}) hash = MergeLane(hash, lane);
+  Hasher64 hasher(seed);
+  hasher.Add(data);
+  return hasher.Value();
+}
+
+Hasher64::Hasher64(std::uint64_t seed)
+    : seed_(seed), lanes_{seed + kPrime1 + kPrime2, seed + kPrime2, seed, seed - kPrime1} {}
+
+void Hasher64::Mix(const std::byte* stripe) {
+  for (std::size_t i = 0; i < lanes_.size(); ++i) {
+    lanes_[i] = Round(lanes_[i], ReadWord<std::uint64_t>(stripe + 8 * i));
   }
-  hash += data.size();
+}
+
+void Hasher64::Add(std::span<const std::byte> piece) {
+  if (piece.empty()) return;
+  const std::size_t begun = size_ % kStripe;
+  size_ += piece.size();
+  if (begun > 0) {
+    const std::size_t taken = std::min(kStripe - begun, piece.size());
+    std::memcpy(rest_.data() + begun, piece.data(), taken);
+    piece = piece.subspan(taken);
+    if (begun + taken < kStripe) return;
+    Mix(rest_.data());
+  }
+  for (; piece.size() >= kStripe; piece = piece.subspan(kStripe)) Mix(piece.data());
+  if (!piece.empty()) std::memcpy(rest_.data(), piece.data(), piece.size());
+}
+
+std::uint64_t Hasher64::Value() const {
+  std::uint64_t hash = seed_ + kPrime5;
+  if (size_ >= kStripe) {
+    hash = std::rotl(lanes_[0], 1) + std::rotl(lanes_[1], 7) + std::rotl(lanes_[2], 12) +
+           std::rotl(lanes_[3], 18);
+    for (const std::uint64_t lane : lanes_) hash = MergeLane(hash, lane);
+  }
+  hash += size_;
+  const std::byte* at = rest_.data();
+  std::size_t left = size_ % kStripe;
   for (; left >= 8; left -= 8, at += 8) {
     hash = std::rotl(hash ^ Round(0, ReadWord<std::uint64_t>(at)), 27) * kPrime1 + kPrime4;
   }

@@ -154,16 +154,17 @@ std::optional<Ends> HistoryFile::ReadEnds() {
   return Ends{reader.end(), last.number, last.hash, reader.base().number + 1};
 }
 
-std::string HistoryFile::Appended(const Ends& ends, Record& record, const RowSource& rows) {
-  record.number = ends.last_number + 1;
-  std::string bytes = ends.size == 0 ? Header(ends.last_number, ends.last_hash) : std::string();
-  const std::size_t begin = bytes.size();
-  AppendLine(record, rows, bytes);
-  const std::string_view line = std::string_view(bytes).substr(begin);
-  const std::string trailer = '\t' + Hex(record.number) + ' ' + Hex(line.size()) + ' ' +
-                              Hex(HashOf(line, ends.last_hash)) + '\n';
-  bytes += trailer;
-  return bytes;
+void HistoryFile::Write(const Ends& ends, const Record& record, const RowSource& rows,
+                        const std::function<void(std::string_view)>& sink) {
+  if (ends.size == 0) sink(Header(ends.last_number, ends.last_hash));
+  files::Hasher64 hash(ends.last_hash);
+  std::uint64_t length = 0;
+  WriteLine(record, rows, [&](std::string_view piece) {
+    hash.Add(std::as_bytes(std::span(piece)));
+    length += piece.size();
+    sink(piece);
+  });
+  sink('\t' + Hex(record.number) + ' ' + Hex(length) + ' ' + Hex(hash.Value()) + '\n');
 }
 
 std::string HistoryFile::SetAside() {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "files/file_system.h"
 #include "history/record.h"
@@ -35,8 +36,10 @@ class HistoryFile {
   // Reads the first and the last bytes. Nothing when the file is none of ours or its end is
   // damaged. Raises files::Error.
   std::optional<Ends> ReadEnds();
-  // The bytes that append the record, whose number is set, with these rows. `ends` as they are.
-  static std::string Appended(const Ends& ends, Record& record, const RowSource& rows);
+  // Hands the bytes that append the record with these rows to `sink`, in pieces. `ends` as they
+  // are; the record has the number behind the last.
+  static void Write(const Ends& ends, const Record& record, const RowSource& rows,
+                    const std::function<void(std::string_view)>& sink);
 
   // Gives the file another name. Raises files::Error. Returns that name.
   std::string SetAside();

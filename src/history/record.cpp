@@ -11,8 +11,8 @@ namespace history {
 namespace {
 
 constexpr std::string_view kHex = "0123456789abcdef";
-constexpr int kDeepest = 4;  // messages in a title
-constexpr std::size_t kRowsToJudge = 1000;
+constexpr int kDeepest = 4;                           // messages in a title
+constexpr std::size_t kPiece = std::size_t{1} << 15;  // of a line, in bytes
 
 // --- Cells ---
 
@@ -355,12 +355,19 @@ std::optional<jet::Value> FromCell(const Cell& cell, std::string& room) {
 
 std::string ToLine(const Record& record) {
   std::string line;
-  AppendLine(record, ListedRows(record.rows), line);
+  WriteLine(record, ListedRows(record.rows), [&](std::string_view piece) { line += piece; });
   return line;
 }
 
-void AppendLine(const Record& record, const RowSource& rows, std::string& text) {
-  LineWriter out(text);
+void WriteLine(const Record& record, const RowSource& rows,
+               const std::function<void(std::string_view)>& sink) {
+  std::string piece;
+  LineWriter out(piece);
+  const auto hand_over = [&](std::size_t least) {
+    if (piece.size() < least) return;
+    sink(piece);
+    piece.clear();
+  };
   out.Number(record.number);
   out.Number(record.time);
   out.Text(std::string(1, static_cast<char>(record.kind)));
@@ -368,16 +375,15 @@ void AppendLine(const Record& record, const RowSource& rows, std::string& text) 
   out.Text(record.who);
   out.Text(record.program);
   Write(record.title, out);
-  const std::size_t begin = text.size();
-  std::size_t written = 0;
   rows.ForEach([&](const ChangedRow& row) {
     Write(row, out);
-    // Room for all at once, by the first ones: a text that grows is there twice.
-    if (++written == kRowsToJudge) {
-      text.reserve(text.size() + (text.size() - begin) / written * rows.size() / 8 * 9);
-    }
+    hand_over(kPiece);
   });
-  for (const ChangedFile& file : record.files) Write(file, out);
+  for (const ChangedFile& file : record.files) {
+    Write(file, out);
+    hand_over(kPiece);
+  }
+  hand_over(1);
 }
 
 std::optional<Record> FromLine(std::string_view line) {

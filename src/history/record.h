@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -95,10 +96,11 @@ struct Record {
   std::vector<ChangedFile> files;
 };
 
-// The record as one line without its end, and back. Nothing for what is no record. AppendLine takes
-// `rows` in place of the record's own.
+// The record as one line without its end, and back. Nothing for what is no record. WriteLine takes
+// `rows` in place of the record's own and hands the line to `sink` in pieces.
 std::string ToLine(const Record& record);
-void AppendLine(const Record& record, const RowSource& rows, std::string& text);
+void WriteLine(const Record& record, const RowSource& rows,
+               const std::function<void(std::string_view)>& sink);
 std::optional<Record> FromLine(std::string_view line);
 
 }  // namespace history

@@ -10,7 +10,6 @@
 #include "files/file_identity.h"
 #include "history/line_ranges.h"
 #include "history/messages.h"
-#include "history/row_changes.h"
 
 namespace history {
 namespace {
@@ -63,9 +62,11 @@ void Recorder::Collect(files::ChangeSet& changes) {
   try {
     jet::Database* const database = database_();
     static const std::vector<jet::LoggedRow> kNone;
-    const RowChanges rows(database ? database->row_log() : kNone);
-    Record record = MakeRecord(changes, rows.size());
-    if (rows.size() > 0 || !record.files.empty()) Append(std::move(record), rows, changes);
+    auto rows = std::make_shared<const RowChanges>(database ? database->row_log() : kNone);
+    Record record = MakeRecord(changes, rows->size());
+    if (rows->size() > 0 || !record.files.empty()) {
+      Append(std::move(rows), std::move(record), changes);
+    }
   } catch (const std::exception& error) {
     Tell({message::kNotKept, {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});
   }
@@ -123,7 +124,9 @@ std::string Recorder::PathOf(const ChangedFile& file) const {
   return is_whole ? file.path : system_.Join(folder_, file.path);
 }
 
-void Recorder::Append(Record record, const RowSource& rows, files::ChangeSet& changes) {
+// The rows are read while the commit writes the record: the transaction is open until it is done.
+void Recorder::Append(std::shared_ptr<const RowChanges> rows, Record record,
+                      files::ChangeSet& changes) {
   const std::string& path = file_.path();
   if (!system_.IsWritable(path) && system_.Exists(path)) {
     return Tell({message::kIsReadOnly, {{"<Path>", path}}});
@@ -135,10 +138,14 @@ void Recorder::Append(Record record, const RowSource& rows, files::ChangeSet& ch
   }
   if (file_.Shorten(*ends)) ends = file_.ReadEnds();
   if (!ends) return;
-  std::string bytes = HistoryFile::Appended(*ends, record, rows);
+  record.number = ends->last_number + 1;
   if (record.kind == Kind::kOperation) appended_ = Done{record.number, record.title};
   changes.append = files::FileAppend{
-      ends->size, std::move(bytes), [this](const std::exception& error) {
+      ends->size,
+      [ends = *ends, record = std::move(record), rows = std::move(rows)](const auto& sink) {
+        HistoryFile::Write(ends, record, *rows, sink);
+      },
+      [this](const std::exception& error) {
         appended_.reset();
         Tell({message::kNotKept,
               {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "history/history_file.h"
 #include "history/open_code.h"
 #include "history/record.h"
+#include "history/row_changes.h"
 #include "jet/database.h"
 #include "messages/message.h"
 
@@ -80,7 +82,7 @@ class Recorder final : public files::Participant {
  private:
   // Without its rows.
   Record MakeRecord(const files::ChangeSet& changes, std::size_t row_count) const;
-  void Append(Record record, const RowSource& rows, files::ChangeSet& changes);
+  void Append(std::shared_ptr<const RowChanges> rows, Record record, files::ChangeSet& changes);
   messages::Message TitleOf(const Record& record, std::size_t row_count) const;
   std::string Shown(const std::string& path) const;
   void Forget() noexcept;

@@ -12,23 +12,37 @@ namespace {
 
 using enum files::Operation;
 
-// Each operation adds one row.
-std::size_t RowsIn(Program& program) {
-  const store::Statistics count = program.operations().Count();
-  return static_cast<std::size_t>(count.formulas + count.arguments + count.aliases);
+// Of an operation whose record does not fit into the room for some hundred.
+constexpr std::size_t kMany = 220;
+
+std::vector<store::AliasValues> ManyAliases() {
+  std::vector<store::AliasValues> values;
+  for (std::size_t i = 0; i < kMany; ++i) {
+    const std::string name = "Many" + std::to_string(i);
+    values.push_back({name + std::string(240, '.'), name});
+  }
+  return values;
 }
 
-void Check(files::MemoryFileSystem& medium) {
+// Each operation adds one row, or kMany at once.
+std::size_t OperationsIn(Program& program) {
+  const store::Statistics count = program.operations().Count();
+  const auto rows = static_cast<std::size_t>(count.formulas + count.arguments + count.aliases);
+  return rows >= kMany ? rows - kMany + 1 : rows;
+}
+
+void Check(files::MemoryFileSystem& medium, std::size_t unrecorded = 0) {
   Program program(medium);
   const std::vector<std::string> titles = program.Titles();
-  ASSERT_EQ(titles.size(), RowsIn(program)) << testing::PrintToString(titles);
+  const std::size_t operations = OperationsIn(program);
+  ASSERT_LE(titles.size(), operations) << testing::PrintToString(titles);
+  ASSERT_GE(titles.size() + unrecorded, operations) << testing::PrintToString(titles);
   const bool declared =
       medium.Get(support::ClassPath("CPump")).find("Public Level") != std::string::npos;
-  EXPECT_EQ(declared, titles.size() >= 3);
-  const std::size_t rows = RowsIn(program);
+  EXPECT_EQ(declared, program.operations().Count().arguments > 0);
   const store::OperationResult undone = program.Undo();
   EXPECT_TRUE(undone.success()) << support::ToText(undone);
-  EXPECT_EQ(RowsIn(program), rows - 1);
+  EXPECT_EQ(OperationsIn(program), operations - 1);
   EXPECT_TRUE(program.Redo().success());
 }
 
@@ -50,6 +64,7 @@ TEST(Crash, LeavesHistoryAndProjectInStep) {
       system.Arm({writing, n, files::Fault::Length::kCrash});
       const store::ArgumentValues values[] = {{alias, true, false}};
       if (program.operations().AddArguments(formula, values).success()) {
+        program.operations().AddAliases(ManyAliases());
         const store::AliasValues other[] = {{"Tank2.Level", "Other"}};
         program.operations().AddAliases(other);
       }
@@ -60,14 +75,18 @@ TEST(Crash, LeavesHistoryAndProjectInStep) {
   }
 }
 
-// A failure that does not kill the program puts all back, or leaves it all done.
+// A failure that does not kill the program puts all back, or leaves it all done; what comes next is
+// recorded as if nothing had been. A record alone may be missing where the medium was full.
 TEST(Failure, LeavesHistoryAndProjectInStep) {
+  std::mt19937 random(7);
+  files::MemoryFileSystem plant;
+  PutPlant(plant);
   for (const auto length : {files::Fault::Length::kOnce, files::Fault::Length::kLasting}) {
     for (int n = 1;; ++n) {
       SCOPED_TRACE(n);
-      files::MemoryFileSystem medium;
-      PutPlant(medium);
-      files::FailingFileSystem system(medium);
+      files::ForgettingFileSystem disk;
+      for (const auto& [path, contents] : plant.Snapshot()) disk.Put(path, contents);
+      files::FailingFileSystem system(disk);
       {
         Program program(system);
         const std::int32_t alias = program.AddAlias("Tank1.Level", "Level");
@@ -75,9 +94,12 @@ TEST(Failure, LeavesHistoryAndProjectInStep) {
         system.Arm({{kWrite, kSync, kRename}, n, length, files::ErrorKind::kFull});
         const store::ArgumentValues values[] = {{alias, true, false}};
         program.operations().AddArguments(formula, values);
+        program.operations().AddAliases(ManyAliases());
         system.Disarm();
+        program.AddAlias("Tank2.Level", "Other");
+        Check(*disk.AfterPowerCut(random), 2);
       }
-      Check(medium);
+      Check(disk.now(), 2);
       if (!system.fired() || testing::Test::HasFailure()) break;
     }
   }

@@ -89,9 +89,12 @@ TEST(HistoryFile, GoesBackInItsRecordsAndStaysBounded) {
     const auto ends = file.ReadEnds();
     ASSERT_TRUE(ends);
     file.Shorten(*ends);
-    Record record = Sample();
     const Ends now = file.ReadEnds().value();
-    const std::string bytes = HistoryFile::Appended(now, record, ListedRows(record.rows));
+    Record record = Sample();
+    record.number = now.last_number + 1;
+    std::string bytes;
+    HistoryFile::Write(now, record, ListedRows(record.rows),
+                       [&](std::string_view piece) { bytes += piece; });
     system.Open(kHistory, files::OpenMode::kCreateOrOpen)
         ->WriteAt(now.size, std::as_bytes(std::span(bytes)));
   };
