@@ -60,9 +60,10 @@ void AliasSeries::Plan(const store::AliasValues& values) {
 }
 
 std::string AliasSeries::Text() const {
-  const std::vector<exchange::PlannedAlias>& aliases = plan_.aliases();
+  const exchange::PlannedAliases& aliases = plan_.aliases();
   const std::string names = EndsOfSeries(aliases.size(), [&](std::size_t i) {
-    return std::string(aliases[i].alias) + " (" + std::string(aliases[i].item) + ")";
+    const exchange::PlannedAlias alias = aliases[i];
+    return std::string(alias.alias) + " (" + std::string(alias.item) + ")";
   });
   return context_.texts.Text(kTextAliasesOfSeries,
                              {{"<Count>", std::to_string(aliases.size())}, {"<Names>", names}});
@@ -71,7 +72,7 @@ std::string AliasSeries::Text() const {
 store::OperationResult AliasSeries::Add(const store::OperationOptions& options) {
   store::OperationResult result = exchange::Import(
       plan_, context_.operations, {{exchange::kTextSeriesTitle}, {{"<Name>", name_}}}, options);
-  if (result.success()) result.ids = {plan_.aliases().front().id};
+  if (result.success()) result.ids = {plan_.aliases()[0].id};
   return result;
 }
 

@@ -23,6 +23,7 @@ struct AliasRow {
   std::string_view item;
   std::string_view alias;  // empty: to be proposed from the item
   Place place;
+  friend bool operator==(const AliasRow&, const AliasRow&) = default;
 };
 
 struct ArgumentRow {

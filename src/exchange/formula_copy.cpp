@@ -121,7 +121,7 @@ class Copier {
     for (const store::ArgumentRecord& argument : source_.arguments) {
       if (argument.vb_alias.empty()) continue;
       names.emplace_back(argument.vb_alias,
-                         std::string(copy_.plan.aliases()[rows[n++].alias_row].alias));
+                         std::string(copy_.plan.aliases().NameOf(rows[n++].alias_row)));
     }
     copy_.plan.SetCode(index, ReplacedInCode(source_.code, names, replacements_[index]));
   }

@@ -166,7 +166,7 @@ PlannedArgument ImportPlanner::PlanArgument(const PlannedFormula& formula, const
     Refuse(planned, {{kTextRepeats}, {{"<Line>", before->place.line}}});
     return planned;
   }
-  const PlannedAlias& used = plan_.aliases_[*alias];
+  const PlannedAlias used = plan_.aliases_[*alias];
   const auto old = used.id == 0
                        ? existing.end()
                        : std::ranges::find(existing, used.id, &store::ArgumentRecord::alias_id);
@@ -203,7 +203,7 @@ std::optional<std::uint32_t> ImportPlanner::ExistingAlias(std::string_view name,
   planned.alias = plan_.Keep(existing->vb_alias);
   planned.item = plan_.Keep(existing->item_id);
   planned.listed = false;
-  plan_.aliases_.push_back(std::move(planned));
+  plan_.aliases_.Add(planned);
   const auto number = static_cast<std::uint32_t>(plan_.aliases_.size() - 1);
   rows_by_alias_.Add(number);
   return number;
@@ -225,7 +225,7 @@ std::optional<std::uint32_t> ImportPlanner::AliasOf(const ArgumentRow& row,
     }
     if (!number) number = CreateAlias(row, reason);
   }
-  const PlannedAlias& alias = plan_.aliases_[*number];
+  const PlannedAlias alias = plan_.aliases_[*number];
   if (alias.action != RowAction::kRefused) return number;
   const bool same_line = row.place.line != 0 && alias.place.line == row.place.line;
   if (same_line && row.alias_row != ArgumentRow::kNoRow) return std::nullopt;

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "exchange/contents.h"
@@ -38,7 +40,7 @@ struct ImportOptions {
   std::function<void(std::size_t done, std::size_t total)> progress = {};
 };
 
-enum class RowAction { kNew, kChanged, kUnchanged, kRefused };
+enum class RowAction : std::uint8_t { kNew, kChanged, kUnchanged, kRefused };
 
 struct PlannedAlias {
   RowAction action = RowAction::kUnchanged;
@@ -48,6 +50,44 @@ struct PlannedAlias {
   messages::Message reason;  // of a refusal, or what else is to be known
   Place place;
   bool listed = true;  // a row of the list, or created; otherwise arguments use it
+};
+
+// The aliases of a plan in little room: most are as their line has them, and few have a reason.
+class PlannedAliases {
+ public:
+  PlannedAliases() = default;
+  // `list`: the lines that the first of the aliases stand in. They must outlive this.
+  explicit PlannedAliases(std::span<const AliasRow> list) : list_(list) {
+    lines_.reserve(list.size());
+  }
+
+  std::size_t size() const { return lines_.size(); }
+  PlannedAlias operator[](std::size_t number) const;
+  RowAction ActionOf(std::size_t number) const { return lines_[number].action; }
+  bool IsListed(std::size_t number) const { return lines_[number].listed; }
+  const Place& PlaceOf(std::size_t number) const { return RowOf(number).place; }
+  std::int32_t IdOf(std::size_t number) const { return lines_[number].id; }
+  std::string_view NameOf(std::size_t number) const { return RowOf(number).alias; }
+  // Its number is one more than that of the last.
+  void Add(const PlannedAlias& alias);
+  void SetId(std::size_t number, std::int32_t id) { lines_[number].id = id; }
+
+ private:
+  struct Line {
+    std::int32_t id = 0;
+    std::uint32_t own = ArgumentRow::kNoRow;  // its row in own_; none: that of the list
+    RowAction action = RowAction::kUnchanged;
+    bool listed = true;
+  };
+  const AliasRow& RowOf(std::size_t number) const {
+    const std::uint32_t own = lines_[number].own;
+    return own == ArgumentRow::kNoRow ? list_[number] : own_[own];
+  }
+
+  std::span<const AliasRow> list_;
+  std::vector<Line> lines_;
+  std::vector<AliasRow> own_;
+  std::unordered_map<std::size_t, messages::Message> reasons_;
 };
 
 struct PlannedArgument {
@@ -86,7 +126,7 @@ class ImportPlan {
 
   // One line of the preview.
   struct Line {
-    enum class Kind { kAlias, kFormula, kArgument, kUnknown };
+    enum class Kind : std::uint8_t { kAlias, kFormula, kArgument, kUnknown };
     RowAction action = RowAction::kRefused;
     Kind kind = Kind::kUnknown;
     Place place;
@@ -103,7 +143,7 @@ class ImportPlan {
   // Whether rows of formulas come or change; their arguments do not count.
   bool ChangesFormulas() const;
 
-  const std::vector<PlannedAlias>& aliases() const { return aliases_; }
+  const PlannedAliases& aliases() const { return aliases_; }
   const std::vector<PlannedFormula>& formulas() const { return formulas_; }
   // The procedure that a formula is to have.
   void SetCode(std::size_t formula, std::string code) {
@@ -120,12 +160,12 @@ class ImportPlan {
     Line::Kind kind;
     std::uint32_t number;
     std::uint32_t argument;
-    Place place;
   };
+  const Place& PlaceOf(const Entry& entry) const;
   void PutInOrder();
   std::string_view Keep(std::string text) { return kept_.emplace_back(std::move(text)); }
 
-  std::vector<PlannedAlias> aliases_;
+  PlannedAliases aliases_;
   std::vector<PlannedFormula> formulas_;
   std::vector<Problem> problems_;
   std::vector<Entry> order_;

@@ -28,12 +28,12 @@ ImportPlanner::ImportPlanner(const Contents& contents, store::Operations& operat
         const std::string_view given = number < contents_.aliases.size()
                                            ? contents_.aliases[number].alias
                                            : std::string_view();
-        return given.empty() ? plan_.aliases_[number].alias : given;
+        return given.empty() ? plan_.aliases_.NameOf(number) : given;
       }) {}
 
 ImportPlan ImportPlanner::Plan() {
   plan_.problems_ = contents_.problems;
-  plan_.aliases_.reserve(contents_.aliases.size());
+  plan_.aliases_ = PlannedAliases(contents_.aliases);
   if (contents_.aliases.size() >= kLongList) ReadAliases();
   for (const AliasRow& row : contents_.aliases) {
     PlanAlias(row);
@@ -102,7 +102,7 @@ void ImportPlanner::PlanAlias(const AliasRow& row) {
   }
   const std::string_view name = row.alias.empty() ? planned.alias : row.alias;
   const bool is_new = !name.empty() && !rows_by_alias_.Find(name);
-  plan_.aliases_.push_back(std::move(planned));
+  plan_.aliases_.Add(planned);
   if (is_new) rows_by_alias_.Add(static_cast<std::uint32_t>(plan_.aliases_.size() - 1));
 }
 
@@ -117,7 +117,7 @@ void ImportPlanner::PlanUnnamed(PlannedAlias& planned) {
     }
   } else if (const auto row = rows_by_alias_.Find(name);
              row && plan_.aliases_[*row].item == planned.item) {
-    return Refuse(planned, {{kTextRepeats}, {{"<Line>", plan_.aliases_[*row].place.line}}});
+    return Refuse(planned, {{kTextRepeats}, {{"<Line>", plan_.aliases_.PlaceOf(*row).line}}});
   }
   planned.alias = Propose(planned.item);
   CheckNew(planned);
@@ -135,7 +135,7 @@ void ImportPlanner::PlanNamed(PlannedAlias& planned) {
 bool ImportPlanner::IsRepeated(PlannedAlias& planned) {
   const auto row = rows_by_alias_.Find(planned.alias);
   if (!row) return false;
-  const PlannedAlias& other = plan_.aliases_[*row];
+  const PlannedAlias other = plan_.aliases_[*row];
   Refuse(planned, {{other.item == planned.item ? kTextRepeats : kTextContradicts},
                    {{"<Line>", other.place.line}, {"<Item>", other.item}}});
   return true;

@@ -10,7 +10,7 @@ namespace exchange {
 namespace {
 
 // Aliases that are added at once; each time the pages that change are kept for going back.
-constexpr std::size_t kBatch = 20000;
+constexpr std::size_t kBatch = 4000;
 
 // Ends an import.
 struct Stopped {
@@ -50,26 +50,30 @@ void ImportRun::Advance(std::size_t rows) {
 
 void ImportRun::AddAliases() {
   std::vector<store::AliasValues> values;
-  std::vector<PlannedAlias*> added;
+  std::vector<std::size_t> added;
   const auto add = [&] {
     const store::OperationResult result = Require(operations_.AddAliases(values));
-    for (std::size_t i = 0; i < added.size(); ++i) added[i]->id = result.ids[i];
+    for (std::size_t i = 0; i < added.size(); ++i) {
+      plan_.aliases_.SetId(added[i], result.ids[i]);
+    }
     Advance(added.size());
     values.clear();
     added.clear();
   };
-  for (PlannedAlias& alias : plan_.aliases_) {
-    if (alias.action != RowAction::kNew) continue;
+  for (std::size_t i = 0; i < plan_.aliases_.size(); ++i) {
+    if (plan_.aliases_.ActionOf(i) != RowAction::kNew) continue;
+    const PlannedAlias alias = plan_.aliases_[i];
     values.push_back({std::string(alias.item), std::string(alias.alias)});
-    added.push_back(&alias);
+    added.push_back(i);
     if (values.size() == kBatch) add();
   }
   if (!values.empty()) add();
 }
 
 void ImportRun::ChangeAliases() {
-  for (const PlannedAlias& alias : plan_.aliases_) {
-    if (alias.action != RowAction::kChanged) continue;
+  for (std::size_t i = 0; i < plan_.aliases_.size(); ++i) {
+    if (plan_.aliases_.ActionOf(i) != RowAction::kChanged) continue;
+    const PlannedAlias alias = plan_.aliases_[i];
     Require(operations_.EditAlias(alias.id, {std::string(alias.item), std::string(alias.alias)}));
     Advance(1);
   }
@@ -105,7 +109,7 @@ void ImportRun::BringArguments(const PlannedFormula& formula) {
   std::vector<store::ArgumentValues> added;
   for (const PlannedArgument& argument : formula.arguments) {
     if (argument.action != RowAction::kNew && argument.action != RowAction::kChanged) continue;
-    const store::ArgumentValues values = {plan_.aliases_[argument.alias].id, argument.in,
+    const store::ArgumentValues values = {plan_.aliases_.IdOf(argument.alias), argument.in,
                                           argument.out};
     if (argument.action == RowAction::kNew) {
       added.push_back(values);

@@ -24,6 +24,7 @@ void ReadLines(DelimitedText& table, Contents& contents) {
   contents.ignored = contents.header->ignored;
   TableReader reader(*contents.header, contents);
   for (Record record; table.Next(record);) reader.Read(record);
+  contents.aliases.shrink_to_fit();
 }
 
 void ReadTable(std::string& text, Contents& contents) {
