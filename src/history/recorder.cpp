@@ -61,7 +61,7 @@ void Recorder::Collect(files::ChangeSet& changes) {
   if (!on_ || changes.empty()) return;
   try {
     jet::Database* const database = database_();
-    static const std::vector<jet::LoggedRow> kNone;
+    static const jet::RowLog kNone;
     auto rows = std::make_shared<const RowChanges>(database ? database->row_log() : kNone);
     Record record = MakeRecord(changes, rows->size());
     if (rows->size() > 0 || !record.files.empty()) {

@@ -56,16 +56,17 @@ Row ImageOf(const jet::Table& table, const Values& values) {
 
 }  // namespace
 
-RowChanges::RowChanges(const std::vector<jet::LoggedRow>& log) : log_(log) { FindRows(); }
+RowChanges::RowChanges(const jet::RowLog& log) : log_(log) { FindRows(); }
 
 // What is added and deleted again is known by what the deletion found, so the log is gone through
 // from its end: another row may stand in its place by now.
 void RowChanges::FindRows() {
   using jet::RowEdit;
   Numbers numbers;
+  rows_.reserve(log_.size());
   std::map<std::pair<const jet::Table*, jet::RowId>, std::int32_t> deleted;
   for (std::size_t i = log_.size(); i-- > 0;) {
-    const jet::LoggedRow& logged = log_[i];
+    const jet::LoggedRow logged = log_[i];
     const std::pair<const jet::Table*, jet::RowId> place(logged.table, logged.id);
     std::optional<std::int32_t> id;
     const auto gone = logged.edit == RowEdit::kAdded ? deleted.find(place) : deleted.end();
@@ -80,7 +81,7 @@ void RowChanges::FindRows() {
     const auto entry = static_cast<std::uint32_t>(i);
     rows_.push_back({*id, entry, entry});
   }
-  const auto table = [this](const Ends& row) { return log_[row.first].table; };
+  const auto table = [this](const Ends& row) { return log_.TableOf(row.first); };
   std::ranges::sort(rows_, {},
                     [&](const Ends& row) { return std::tuple(table(row), row.id, row.first); });
   std::size_t count = 0;
@@ -105,8 +106,8 @@ void RowChanges::FindRows() {
 }
 
 ChangedRow RowChanges::RowOf(const Ends& row) const {
-  const jet::LoggedRow& first = log_[row.first];
-  const jet::LoggedRow& last = log_[row.last];
+  const jet::LoggedRow first = log_[row.first];
+  const jet::LoggedRow last = log_[row.last];
   ChangedRow changed{first.table->name(), row.id, {}, {}};
   if (first.before) changed.before = ImageOf(*first.table, *first.before);
   jet::RowBuffer now;

@@ -15,7 +15,7 @@ namespace history {
 // is never held as a whole. Only while the transaction is open. Raises jet::Error.
 class RowChanges final : public RowSource {
  public:
-  explicit RowChanges(const std::vector<jet::LoggedRow>& log);
+  explicit RowChanges(const jet::RowLog& log);
 
   std::size_t size() const override { return rows_.size(); }
   void ForEach(const Visitor& visit) const override;
@@ -30,7 +30,7 @@ class RowChanges final : public RowSource {
   void FindRows();
   ChangedRow RowOf(const Ends& row) const;
 
-  const std::vector<jet::LoggedRow>& log_;
+  const jet::RowLog& log_;
   std::vector<Ends> rows_;
 };
 

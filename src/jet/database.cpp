@@ -180,7 +180,7 @@ void Database::Commit() { session_->Commit(); }
 void Database::Rollback() noexcept { session_->Rollback(); }
 bool Database::InTransaction() const { return session_->InTransaction(); }
 void Database::KeepRowLog() { session_->row_log().kept = true; }
-const std::vector<LoggedRow>& Database::row_log() const { return session_->row_log().rows(); }
+const RowLog& Database::row_log() const { return session_->row_log(); }
 std::uint64_t Database::Generation() {
   const ReadLock lock(*session_);
   return session_->generation();

@@ -163,7 +163,7 @@ class Database final : public files::Participant {
   // From now on the rows that transactions change are kept, until the next outermost one begins.
   void KeepRowLog();
   // What the open transaction, or the last, changed in the rows.
-  const std::vector<LoggedRow>& row_log() const;
+  const RowLog& row_log() const;
 
   // Rises when rows may have changed by others: what was read before may be out of date.
   std::uint64_t Generation();

@@ -56,30 +56,67 @@ struct LoggedRow {
   RowEdit edit = RowEdit::kAdded;
   RowId id;  // of a row that is deleted another may get it
   Table* table = nullptr;
-  std::unique_ptr<RowImage> before;  // all columns; null: it was added
+  const RowImage* before = nullptr;  // all columns; null: it was added
 };
 
 // The rows that the open transaction changed, in order. What a savepoint takes back is taken out.
+// Of a row that was added it keeps eight bytes.
 class RowLog {
  public:
   void Begin() {
-    if (marks_.empty()) rows_.clear();
+    if (marks_.empty()) Cut(0);
     marks_.push_back(rows_.size());
   }
   void Commit() { marks_.pop_back(); }
   void Rollback() {
-    rows_.resize(marks_.back());
+    Cut(marks_.back());
     marks_.pop_back();
   }
 
-  void Add(LoggedRow row) { rows_.push_back(std::move(row)); }
+  // `before`: null for a row that was added.
+  void Add(RowEdit edit, RowId id, Table* table, std::unique_ptr<RowImage> before) {
+    if (before) images_.push_back({rows_.size(), std::move(before)});
+    rows_.push_back({id.Reference(), NumberOf(table), edit});
+  }
   // Of the transaction that is open, or was the last.
-  const std::vector<LoggedRow>& rows() const { return rows_; }
+  std::size_t size() const { return rows_.size(); }
+  LoggedRow operator[](std::size_t i) const {
+    const Entry& entry = rows_[i];
+    LoggedRow row{entry.edit, RowId::FromReference(entry.row), tables_[entry.table], nullptr};
+    if (entry.edit == RowEdit::kAdded) return row;
+    const auto image = std::ranges::lower_bound(images_, i, {}, &Image::row);
+    if (image != images_.end() && image->row == i) row.before = image->image.get();
+    return row;
+  }
+  Table* TableOf(std::size_t i) const { return tables_[rows_[i].table]; }
 
   bool kept = false;  // nothing is added otherwise
 
  private:
-  std::vector<LoggedRow> rows_;
+  struct Entry {
+    std::uint32_t row;  // RowId::Reference
+    std::uint16_t table;
+    RowEdit edit;
+  };
+  struct Image {
+    std::size_t row;
+    std::unique_ptr<RowImage> image;
+  };
+
+  void Cut(std::size_t size) {
+    rows_.resize(size);
+    while (!images_.empty() && images_.back().row >= size) images_.pop_back();
+  }
+  std::uint16_t NumberOf(Table* table) {
+    const auto known = std::ranges::find(tables_, table);
+    if (known != tables_.end()) return static_cast<std::uint16_t>(known - tables_.begin());
+    tables_.push_back(table);
+    return static_cast<std::uint16_t>(tables_.size() - 1);
+  }
+
+  std::vector<Entry> rows_;
+  std::vector<Image> images_;   // of the rows that have one, in order
+  std::vector<Table*> tables_;  // of which rows were changed at any time
   std::vector<std::size_t> marks_;
 };
 

@@ -120,7 +120,7 @@ std::unique_ptr<RowImage> Table::ReadForLog(RowId id) {
 
 void Table::Log(RowEdit edit, RowId id, std::unique_ptr<RowImage> before) {
   RowLog& log = state_->session().row_log();
-  if (log.kept) log.Add({edit, id, this, std::move(before)});
+  if (log.kept) log.Add(edit, id, this, std::move(before));
 }
 
 }  // namespace jet
