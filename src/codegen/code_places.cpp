@@ -79,6 +79,7 @@ NameAt FindName(const Program& program, std::int32_t module, std::int32_t line,
 std::vector<vbcode::Use> DeclarationsOf(const Program& program,
                                         const std::vector<std::int32_t>& declarations) {
   std::vector<vbcode::Use> places;
+  places.reserve(declarations.size());
   for (const std::int32_t one : declarations) {
     places.push_back(UseAt(program, program.PlaceOf(one).module, program.declaration(one).place));
   }

@@ -64,6 +64,7 @@ std::size_t AddArguments(const DialogContext& context, std::int32_t formula_id,
   FChooseAlias dialog(context, std::move(several));
   for (auto ids = dialog.ChooseSeveral(); !ids.empty(); ids = dialog.ChooseSeveral()) {
     std::vector<store::ArgumentValues> values;
+    values.reserve(ids.size());
     for (const std::int32_t id : ids)
       values.push_back({id, dialog.chkIn.Checked(), dialog.chkOut.Checked()});
     const store::OperationResult result =

@@ -19,7 +19,7 @@ namespace exchange {
 inline constexpr std::size_t kMaxText = 255;  // characters of a text field
 
 template <class Planned>
-void Refuse(Planned& planned, messages::Message reason) {
+void Refuse(Planned& planned, messages::Message&& reason) {
   planned.action = RowAction::kRefused;
   planned.reason = std::move(reason);
 }

@@ -15,6 +15,7 @@ namespace exchange {
 struct Place {
   std::uint32_t line = 0;
   std::uint32_t column = 0;
+  // NOLINTNEXTLINE(modernize-use-nullptr): it takes the comparison's own 0 for a pointer.
   friend auto operator<=>(const Place&, const Place&) = default;
 };
 

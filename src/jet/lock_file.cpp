@@ -22,8 +22,8 @@ messages::Message UserOf(files::RandomAccessFile& file, int user) {
   };
   const std::string computer = field(0);
   const std::string account = field(kUserNameSize);
-  const messages::Message place = computer.empty() ? messages::Message(message::kUnknownComputer)
-                                                   : messages::Message::Verbatim(computer);
+  messages::Message place = computer.empty() ? messages::Message(message::kUnknownComputer)
+                                             : messages::Message::Verbatim(computer);
   if (account.empty()) return place;
   return {kPlaceAndAccount, {{"<Computer>", place}, {"<Account>", account}}};
 }

@@ -114,8 +114,8 @@ void Table::Delete(RowId id) {
 // Null when nothing is kept, or when there is no such row: the change fails then.
 std::unique_ptr<RowImage> Table::ReadForLog(RowId id) {
   RowBuffer row;
-  const bool is_kept = state_->session().row_log().kept;
-  return is_kept && Read(id, row) ? std::make_unique<RowImage>(row) : nullptr;
+  if (!state_->session().row_log().kept || !Read(id, row)) return nullptr;
+  return std::make_unique<RowImage>(row);
 }
 
 void Table::Log(RowEdit edit, RowId id, std::unique_ptr<RowImage> before) {

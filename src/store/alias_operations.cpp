@@ -21,6 +21,7 @@ constexpr const char* kAliasInUse =
 
 std::string NamesOf(const std::vector<FormulaRecord>& formulas) {
   std::vector<std::string> names;
+  names.reserve(formulas.size());
   for (const FormulaRecord& f : formulas) names.push_back(f.prog_id + "." + f.name);
   return codegen::NamesInShort(names);
 }

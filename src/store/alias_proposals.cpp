@@ -8,7 +8,7 @@ namespace store {
 
 std::string AliasProposals::Propose(std::string_view item) {
   const std::string name = codegen::CleanIdentifier(item);
-  const std::string proposed = codegen::FirstFreeName(
+  std::string proposed = codegen::FirstFreeName(
       name,
       [this](const std::string& candidate) {
         return taken_.contains(platform::FoldCase(candidate)) ||

@@ -248,9 +248,9 @@ std::int32_t ProjectRows::Add(std::string_view table, Values values) {
   std::vector<Variant> contents;
   fields.reserve(values.size());
   contents.reserve(values.size());
-  for (auto& [field, value] : values) {
-    fields.push_back(std::move(field));
-    contents.push_back(std::move(value));
+  for (auto& value : values) {
+    fields.push_back(std::move(value.first));
+    contents.push_back(std::move(value.second));
   }
   OpenTable& opened = TableToAddTo(table);
   PendingEdit edit(*opened.rows);

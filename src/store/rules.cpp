@@ -15,7 +15,7 @@ bool IsOneLine(std::string_view item) {
 }
 
 IdentifierHint JudgeAlias(std::string_view name) {
-  const IdentifierHint hint = codegen::CheckIdentifier(name);
+  IdentifierHint hint = codegen::CheckIdentifier(name);
   if (!hint) return {};
   const bool is_clean = codegen::CleanIdentifier(name) == name;
   const bool too_long = codegen::CharacterCount(name) > codegen::kMaxIdentifierLength;

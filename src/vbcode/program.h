@@ -139,6 +139,7 @@ class Program {
     std::int32_t owner = 0;
     NameId name = kNoName;
     std::int32_t declaration = kNone;
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the comparison's own 0 for a pointer.
     friend auto operator<=>(const MemberKey&, const MemberKey&) = default;
   };
 
