@@ -169,7 +169,7 @@ void HistoryFile::Write(const Ends& ends, const Record& record, const RowSource&
 
 std::string HistoryFile::SetAside() {
   for (int i = 1;; ++i) {
-    const std::string name = path_ + ".damaged" + (i == 1 ? "" : "-" + std::to_string(i));
+    std::string name = path_ + ".damaged" + (i == 1 ? "" : "-" + std::to_string(i));
     try {
       system_.RenameNew(path_, name);
       return name;

@@ -247,6 +247,13 @@ bool HasRow(jet::Database& database, std::string_view table, std::string_view co
   return database.HasTable(table) && FindRow(database.OpenTable(table), column, id).has_value();
 }
 
+// Whether an argument names the alias or the formula of the row.
+bool IsUsed(jet::Database& database, const ChangedRow& row) {
+  if (row.table == kAliases) return HasRow(database, kArguments, "AliasID", row.id);
+  if (row.table == kFormulas) return HasRow(database, kArguments, "ParentID", row.id);
+  return false;
+}
+
 }  // namespace
 
 Obstacles CheckRows(jet::Database& database, const Record& record) {
@@ -335,11 +342,7 @@ Obstacles CheckReferences(jet::Database& database, const Record& record) {
       const bool whole = alias && formula && HasRow(database, kAliases, kIdColumn, *alias) &&
                          HasRow(database, kFormulas, kIdColumn, *formula);
       if (!whole) say(message::kArgumentAlone, row);
-    } else if (!row.before && row.table == kAliases &&
-               HasRow(database, kArguments, "AliasID", row.id)) {
-      say(message::kStillUsed, row);
-    } else if (!row.before && row.table == kFormulas &&
-               HasRow(database, kArguments, "ParentID", row.id)) {
+    } else if (!row.before && IsUsed(database, row)) {
       say(message::kStillUsed, row);
     }
   }
