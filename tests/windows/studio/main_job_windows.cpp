@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <filesystem>
+#include <iterator>
+#include <string_view>
 
 #include "com/value.h"
 #include "tests/windows/studio/driver_windows.h"
@@ -48,9 +50,41 @@ class Job {
   fs::path steps_;
 };
 
+// Whether an entry of the window's menus whose text begins so is grey.
+bool IsGrey(HMENU menu, const std::wstring& text) {
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    wchar_t caption[100] = L"";
+    GetMenuStringW(menu, static_cast<UINT>(i), caption, static_cast<int>(std::size(caption)),
+                   MF_BYPOSITION);
+    if (std::wstring_view(caption).starts_with(text)) {
+      return GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_GRAYED;
+    }
+    const HMENU nested = GetSubMenu(menu, i);
+    if (nested && IsGrey(nested, text)) return true;
+  }
+  return false;
+}
+
+// A database provider keeps no history: the entries are grey, the keys say why.
+void CheckNoUndo(Driver& driver, HWND editor) {
+  Studio& studio = driver.studio();
+  driver.Press('D', Driver::kAlt);
+  driver.AwaitTrue("the menu", [&] { return driver.HasMenuOpen(); });
+  const HMENU menu = GetMenu(editor);
+  const bool grey = IsGrey(menu, L"&Undo") && IsGrey(menu, L"&Redo");
+  driver.Press({VK_ESCAPE, VK_ESCAPE});
+  Demand(grey, "undo is offered with a provider");
+  driver.Press('Z', Driver::kControl);
+  driver.AwaitTrue("why there is no undo", [&] {
+    return Driver::TextOf(studio.window()).find(L"keeps no history") != std::wstring::npos;
+  });
+  Demand(!studio.object().Has(L"FORF1"), "undone with a provider");
+  Say("undo is grey and says why");
+}
+
 }  // namespace
 
-void MainJob(const Files& files, const std::wstring& steps) {
+void MainJob(const Files& files, const std::wstring& steps, bool provider) {
   Studio studio(files);
   studio.Load();
   studio.Initialize();
@@ -100,6 +134,7 @@ void MainJob(const Files& files, const std::wstring& steps) {
     driver.Press(VK_F6, Driver::kAlt);
     driver.AwaitTrue("the editor", [&] { return driver.Active() == editor; });
     driver.Settle();
+    if (provider) return CheckNoUndo(driver, editor);
     driver.Press('Z', Driver::kControl);
     driver.AwaitTrue("the formula again", [&] { return studio.object().Has(L"FORF1"); });
     job.Keep("6_undo");

@@ -8,6 +8,7 @@
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp bad        behaves badly in every way it knows
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp job STEPS  the main job by mouse and keys; copies
 //                                                          of the project's folder go into STEPS
+//   studio_host MODULE DATABASE.ovs PROJECT.vbp job STEPS provider  the same, but no undo
 //   studio_host MODULE DATABASE.ovs PROJECT.vbp input      keys and dialogs in its message loop
 // Says what it found on standard output; the last line is "ended well" when all was well.
 #include <cstdlib>
@@ -29,7 +30,8 @@ void UntilClosed(const Files& files) {
   studio.Save();
 }
 
-void RunMode(const Files& files, const std::wstring& mode, const std::wstring& value) {
+void RunMode(const Files& files, const std::wstring& mode, const std::wstring& value,
+             const std::wstring& provider) {
   if (mode == L"rounds") {
     Rounds(files, value.empty() ? 100 : std::stoi(value));
   } else if (mode == L"opening") {
@@ -37,7 +39,7 @@ void RunMode(const Files& files, const std::wstring& mode, const std::wstring& v
   } else if (mode == L"bad") {
     BehaveBadly(files);
   } else if (mode == L"job") {
-    MainJob(files, value);
+    MainJob(files, value, !provider.empty());
   } else if (mode == L"input") {
     Input(files);
   } else {
@@ -55,7 +57,7 @@ int wmain(int argc, wchar_t** argv) {
   int outcome = EXIT_SUCCESS;
   try {
     studio_host::RunMode({argv[1], argv[2], argv[3]}, argc > 4 ? argv[4] : L"",
-                         argc > 5 ? argv[5] : L"");
+                         argc > 5 ? argv[5] : L"", argc > 6 ? argv[6] : L"");
     studio_host::Say("ended well");
   } catch (const std::exception& error) {
     studio_host::Say(std::string("FAILED: ") + error.what());

@@ -14,8 +14,8 @@ void MeasureOpening(const Files& files);
 // an end inside a call, none at all, and windows that are gone before it.
 void BehaveBadly(const Files& files);
 // The main job by mouse and keys. After each step a copy of the project's folder is put into
-// `steps`, under the step's name.
-void MainJob(const Files& files, const std::wstring& steps);
+// `steps`, under the step's name. With a provider, undo is refused in the end, not done.
+void MainJob(const Files& files, const std::wstring& steps, bool provider);
 // Keys, dialogs and message boxes in the studio's message loop.
 void Input(const Files& files);
 
