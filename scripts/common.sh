@@ -4,6 +4,7 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 jobs=${JOBS:-$(nproc)}
+apt_tries=(-o Acquire::Retries=5)
 
 say() { printf '\n== %s\n' "$*" >&2; }
 
@@ -33,21 +34,22 @@ install_packages() {
     }
     as_root=(sudo)
   fi
-  "${as_root[@]}" apt-get update -q >&2
+  "${as_root[@]}" apt-get "${apt_tries[@]}" update -q >&2
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
+    apt-get "${apt_tries[@]}" install -y -q --no-install-recommends "${missing[@]}" >&2
 }
 
 # configure_and_build PRESET [cmake -D options...]
 configure_and_build() { configure_and_build_target "$1" all "${@:2}"; }
 
-# configure_and_build_target PRESET TARGET [cmake -D options...]
+# configure_and_build_target PRESET "TARGET..." [cmake -D options...]
 configure_and_build_target() {
-  local preset=$1 target=$2
+  local preset=$1 targets
+  read -ra targets <<< "$2"
   shift 2
   say "Building: $preset"
   cmake --preset "$preset" "$@" >&2
-  cmake --build --preset "$preset" --target "$target" -j "$jobs" >&2
+  cmake --build --preset "$preset" --target "${targets[@]}" -j "$jobs" >&2
 }
 
 # What only tests and benchmarks need is left out of a first build of the programs; a build that
