@@ -44,16 +44,6 @@ wxString Licences() {
 
 }  // namespace
 
-wxIconBundle ProgramIcons() {
-  wxIconBundle icons;
-  for (const int size : {16, 32, 48, 64, 128}) {
-    wxIcon icon;
-    icon.CopyFromBitmap(wx::Picture("program", size).GetBitmap(wxSize(size, size)));
-    icons.AddIcon(icon);
-  }
-  return icons;
-}
-
 void ShowAboutBox(wxWindow* parent, const texts::TextTable& texts) {
   const auto text = [&](messages::TextNumber number) { return wx::ToLabel(texts.Text(number)); };
   wxDialog dialog(parent, wxID_ANY, wx::ToWx(texts.Text(studio::kTextAboutTitle)),

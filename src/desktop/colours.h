@@ -23,15 +23,6 @@ inline constexpr CodePalette kLightCode = {"#1c2733", "#ffffff", "#f0f2f4", "#5a
 inline constexpr CodePalette kDarkCode = {"#e3e8ed", "#2d2d2d", "#353535", "#a3adb7", "#74b9ea",
                                           "#e0a08f", "#c8b06a", "#28405a", "#7a848e", "#e0805f"};
 
-// Of the help's pages; text and paper are the system's.
-struct HelpPalette {
-  const char* link;
-  const char* shade;  // behind headings of tables and code
-};
-
-inline constexpr HelpPalette kLightHelp = {"#1b66c9", "#eef1f5"};
-inline constexpr HelpPalette kDarkHelp = {"#6cb2ff", "#3a3a3a"};
-
 // Of lines that are compared; text and paper are the system's.
 struct ChangePalette {
   const char* removed;

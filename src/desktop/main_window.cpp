@@ -31,6 +31,7 @@
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
+#include "wx/pictures.h"
 #include "wx/table_font.h"
 
 namespace desktop {
@@ -70,7 +71,7 @@ MainWindow::MainWindow(const Parts& parts, const wxRect& place)
       place_(*this, parts.state.window, place),
       backups_(BackupDependencies()) {
   SetMinSize(LeastSize());
-  SetIcons(ProgramIcons());
+  SetIcons(wx::ProgramIcons());
   ConnectPanes();
   ShowFonts();
   AddTools();

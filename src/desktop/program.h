@@ -8,8 +8,8 @@
 
 #include "desktop/desktop_state.h"
 #include "desktop/desktop_toolkit.h"
-#include "desktop/help_viewer.h"
 #include "desktop/main_window.h"
+#include "helpwindow/help_viewer.h"
 #include "project/file_settings_service.h"
 #include "project/user_folders.h"
 #include "texts/text_table.h"
@@ -37,7 +37,7 @@ class Program {
   texts::TextTable texts_;
   DesktopToolkit toolkit_;
   wx::WindowSystem window_system_;
-  HelpViewer help_;
+  helpwindow::HelpViewer help_;
   DesktopState state_;
   wxWeakRef<MainWindow> window_;
 };

@@ -3,7 +3,7 @@
 
 #include "com/ole.h"
 #include "com/value.h"
-#include "desktop/help_viewer.h"
+#include "helpwindow/help_viewer.h"
 
 namespace embedded {
 
@@ -52,7 +52,7 @@ bool Help::ShowFile(platform::WindowHandle owner, std::int32_t topic) {
 
 void Help::ShowTopic(platform::WindowHandle owner, std::int32_t topic) {
   if (ShowFile(owner, topic)) return;
-  if (!own_) own_ = std::make_unique<desktop::HelpViewer>(texts_);
+  if (!own_) own_ = std::make_unique<helpwindow::HelpViewer>(texts_);
   own_->ShowTopic(0, topic);
 }
 

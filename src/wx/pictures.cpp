@@ -129,4 +129,14 @@ wxBitmapBundle Picture(std::string_view name, int size) {
   return wxBitmapBundle::FromSVG(Svg(body).c_str(), wxSize(size, size));
 }
 
+wxIconBundle ProgramIcons() {
+  wxIconBundle icons;
+  for (const int size : {16, 32, 48, 64, 128}) {
+    wxIcon icon;
+    icon.CopyFromBitmap(Picture("program", size).GetBitmap(wxSize(size, size)));
+    icons.AddIcon(icon);
+  }
+  return icons;
+}
+
 }  // namespace wx

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "desktop/colours.h"
+#include "helpwindow/help_colours.h"
 #include "project/report_style.h"
 
 namespace {
@@ -77,12 +78,12 @@ TEST(Contrast, OfComparedLinesIsEnough) {
 
 TEST(Contrast, OfTheHelpIsEnough) {
   // The papers and inks of the desktops' usual themes.
-  for (const char* paper : {"#ffffff", "#fcfcfc", "#f6f5f4", desktop::kLightHelp.shade}) {
-    ExpectReadable(desktop::kLightHelp.link, paper);
+  for (const char* paper : {"#ffffff", "#fcfcfc", "#f6f5f4", helpwindow::kLightHelp.shade}) {
+    ExpectReadable(helpwindow::kLightHelp.link, paper);
     ExpectReadable("#2e3436", paper);
   }
-  for (const char* paper : {"#1e1e1e", "#2d2d2d", "#353535", desktop::kDarkHelp.shade}) {
-    ExpectReadable(desktop::kDarkHelp.link, paper);
+  for (const char* paper : {"#1e1e1e", "#2d2d2d", "#353535", helpwindow::kDarkHelp.shade}) {
+    ExpectReadable(helpwindow::kDarkHelp.link, paper);
     ExpectReadable("#ffffff", paper);
   }
 }

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "desktop/help_frame.h"
+#include "helpwindow/help_frame.h"
 #include "project/project.h"
 #include "tests/window/desktop_program.h"
 #include "tests/window/said.h"
@@ -93,7 +93,7 @@ class HelpReader : public wxTimer {
  private:
   void Notify() override {
     for (wxWindow* window : wxTopLevelWindows) {
-      auto* help = dynamic_cast<desktop::HelpFrame*>(window);
+      auto* help = dynamic_cast<helpwindow::HelpFrame*>(window);
       if (!help || !help->IsActive()) continue;
       page = FindChild<wxHtmlWindow>(*help)->ToText().utf8_string();
       help->Close();

@@ -18,7 +18,7 @@ class wxListBox;
 class wxSearchCtrl;
 class wxWindow;
 
-namespace desktop {
+namespace helpwindow {
 
 // The window of the help: contents and index beside the page, the search above it.
 class HelpFrame : public wxFrame {
@@ -70,4 +70,4 @@ class HelpFrame : public wxFrame {
   bool marking_ = false;     // the contents follow the page, not the user
 };
 
-}  // namespace desktop
+}  // namespace helpwindow

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace desktop {
+namespace helpwindow {
 
 // Makes the pictures of the help known to HTML windows; does nothing the second time.
 void ProvideHelpPictures();
@@ -18,4 +18,4 @@ wxString HelpPage(std::string_view html);
 // A page from its body.
 std::string HelpDocument(std::string_view body);
 
-}  // namespace desktop
+}  // namespace helpwindow

@@ -7,12 +7,12 @@
 
 #include <wx/weakref.h>
 
-#include "desktop/help_frame.h"
 #include "handbook/book.h"
+#include "helpwindow/help_frame.h"
 #include "platform/help.h"
 #include "texts/text_table.h"
 
-namespace desktop {
+namespace helpwindow {
 
 // Shows the built-in help in a window of its own, which stays usable while a dialog is open.
 class HelpViewer : public platform::Help {
@@ -31,4 +31,4 @@ class HelpViewer : public platform::Help {
   wxWeakRef<HelpFrame> frame_;  // null while the window is closed
 };
 
-}  // namespace desktop
+}  // namespace helpwindow

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/help_viewer.h"
+#include "helpwindow/help_viewer.h"
 
 #include "wx/application.h"
 #include "wx/native.h"
 
-namespace desktop {
+namespace helpwindow {
 
 HelpViewer::HelpViewer(const texts::TextTable& texts) : texts_(texts), book_(texts.GetLanguage()) {}
 
@@ -19,4 +19,4 @@ void HelpViewer::ShowTopic(platform::WindowHandle, std::int32_t topic) {
   frame_->Raise();
 }
 
-}  // namespace desktop
+}  // namespace helpwindow

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/help_page.h"
+#include "helpwindow/help_page.h"
 
 #include <wx/filesys.h>
 #include <wx/fs_mem.h>
 #include <wx/image.h>
 #include <wx/settings.h>
 
-#include "desktop/colours.h"
 #include "handbook/embedded_file.h"
+#include "helpwindow/help_colours.h"
 #include "wx/convert.h"
 
-namespace desktop {
+namespace helpwindow {
 
 namespace {
 
@@ -70,4 +70,4 @@ std::string HelpDocument(std::string_view body) {
   return "<html><body>" + std::string(body) + "</body></html>";
 }
 
-}  // namespace desktop
+}  // namespace helpwindow

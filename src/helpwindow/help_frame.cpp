@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/help_frame.h"
+#include "helpwindow/help_frame.h"
 
 #include <wx/accel.h>
 #include <wx/bmpbuttn.h>
@@ -15,15 +15,14 @@
 #include <functional>
 #include <utility>
 
-#include "desktop/about.h"
-#include "desktop/help_page.h"
 #include "handbook/page_text.h"
+#include "helpwindow/help_page.h"
 #include "messages/text_number.h"
 #include "wx/convert.h"
 #include "wx/native.h"
 #include "wx/pictures.h"
 
-namespace desktop {
+namespace helpwindow {
 
 namespace {
 
@@ -47,7 +46,7 @@ constexpr int kLeastList = 100;
 HelpFrame::HelpFrame(wxWindow* parent, const handbook::Book& book, const texts::TextTable& texts)
     : wxFrame(parent, wxID_ANY, wx::ToWx(texts.Text(kTextTitle))), book_(book), texts_(texts) {
   ProvideHelpPictures();
-  SetIcons(ProgramIcons());
+  SetIcons(wx::ProgramIcons());
   auto* whole = new wxPanel(this);
   auto* panes = new wxSplitterWindow(whole, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                      wxSP_LIVE_UPDATE | wxSP_NOBORDER);
@@ -263,4 +262,4 @@ std::string HelpFrame::Results(const std::string& query) const {
   return HelpDocument(body);
 }
 
-}  // namespace desktop
+}  // namespace helpwindow
