@@ -28,7 +28,9 @@ class Session;
 struct OpenOptions {
   bool read_only = false;
   std::size_t cache_pages = 2048;  // unchanged pages kept in memory, 4 KiB each
-  int wait_ms = 5000;              // how long to wait for another process's transaction
+  // Pages that a transaction changed and keeps in memory; more go to a file without a name.
+  std::size_t changed_pages = 1024;
+  int wait_ms = 5000;  // how long to wait for another process's transaction
   // Files that an interrupted change of the database may have concerned besides it.
   files::Reach reach = {};
   // What others see in the .ldb file: name of this computer and of the account.

@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 
+#include "files/error.h"
+#include "files/messages.h"
 #include "jet/error.h"
 
 namespace jet {
@@ -13,8 +16,13 @@ constexpr std::size_t kReadAhead = 16;  // pages
 
 }  // namespace
 
-Pager::Pager(files::RandomAccessFile& file, std::size_t cache_pages)
-    : file_(file), cache_pages_(std::max<std::size_t>(cache_pages, 16)) {
+Pager::Pager(files::RandomAccessFile& file, std::size_t cache_pages, std::size_t changed_pages,
+             OpenScratch open_scratch)
+    : file_(file),
+      cache_pages_(std::max<std::size_t>(cache_pages, 16)),
+      changed_pages_(std::max<std::size_t>(changed_pages, 2)),
+      open_scratch_(std::move(open_scratch)),
+      put_out_at_(changed_pages_) {
   DropCache();
 }
 
@@ -36,6 +44,8 @@ PageFrame* Pager::Load(PageNumber page) {
   if (page >= page_count_) {
     ThrowDamaged(path(), {page, -1}, message::kEndsBeforePage);
   }
+  const auto slot = slots_.find(page);
+  if (slot != slots_.end()) return LoadStored(page, slot->second);
   PageFrame* frame = AddFrame(page);
   std::size_t size = 0;
   try {
@@ -49,6 +59,71 @@ PageFrame* Pager::Load(PageNumber page) {
     ThrowDamaged(path(), {page, -1}, message::kEndsWithinPage);
   }
   return frame;
+}
+
+void Pager::ReadStored(std::uint32_t slot, std::byte* out) {
+  if (scratch_->ReadAt(std::uint64_t{slot} * kPageSize, {out, kPageSize}) != kPageSize) {
+    files::Raise(files::ErrorKind::kIo, scratch_->path(), files::message::kCannotBeRead,
+                 files::message::kCutMeanwhile);
+  }
+}
+
+PageFrame* Pager::LoadStored(PageNumber page, std::uint32_t slot) {
+  PutOut();
+  PageFrame* frame = AddFrame(page);
+  try {
+    ReadStored(slot, frame->data);
+  } catch (...) {
+    Drop(frame);
+    throw;
+  }
+  MakeDirty(frame);
+  frame->saved_at = 1;
+  frame->stored = true;
+  return frame;
+}
+
+// Goes round as Evict does, some pages at a time.
+void Pager::PutOut() {
+  if (!open_scratch_ || !can_store_ || dirty_.size() < put_out_at_) return;
+  const std::size_t wanted = changed_pages_ - changed_pages_ / 8 - 1;
+  for (std::size_t step = 2 * dirty_.size(); step > 0 && dirty_.size() > wanted; --step) {
+    if (changed_hand_ >= dirty_.size()) changed_hand_ = 0;
+    PageFrame* frame = dirty_[changed_hand_].get();
+    const bool may_go = frame->pins == 0 && frame->saved_at == 1 && !frame->referenced;
+    if (may_go) {
+      if (!Store(*frame)) return;
+      Drop(frame);
+    } else {
+      frame->referenced = false;
+      ++changed_hand_;
+    }
+  }
+  // Where few can go the next look comes later, so that a long nested level does not look in vain
+  // for every page.
+  put_out_at_ = std::max(changed_pages_, 2 * dirty_.size());
+  if (dirty_.size() <= wanted) put_out_at_ = changed_pages_;
+}
+
+// A medium that is full or that nobody may write costs memory, not the transaction.
+bool Pager::Store(PageFrame& frame) noexcept {
+  if (frame.stored) return true;
+  try {
+    if (!scratch_) scratch_ = open_scratch_();
+    const auto next = static_cast<std::uint32_t>(slots_.size());
+    const std::uint32_t slot = slots_.try_emplace(frame.page, next).first->second;
+    scratch_->WriteAt(std::uint64_t{slot} * kPageSize, {frame.data, kPageSize});
+    frame.stored = true;
+  } catch (const std::exception&) {
+    can_store_ = false;
+  }
+  return frame.stored;
+}
+
+void Pager::ForgetStored() noexcept {
+  slots_.clear();
+  scratch_.reset();
+  can_store_ = true;
 }
 
 // Who reads pages in rising order is going to read more of them.
@@ -87,7 +162,7 @@ void Pager::Evict() {
   for (std::size_t step = 0; step < 2 * clean_.size(); ++step) {
     if (hand_ >= clean_.size()) hand_ = 0;
     PageFrame* frame = clean_[hand_].get();
-    if (frame->pins == 0 && !frame->referenced) {
+    if (frame->pins == 0 && frame->saved_at == 1 && !frame->referenced) {
       Drop(frame);
       return;
     }
@@ -138,13 +213,16 @@ void Pager::MakeClean(PageFrame* frame) {
   std::unique_ptr<PageFrame> taken = TakeOut(dirty_, frame);
   frame->position = clean_.size();
   frame->dirty = false;
+  frame->stored = false;
   frame->saved_at = 0;
   clean_.push_back(std::move(taken));
 }
 
 PageFrame* Pager::Touch(PageNumber page) {
+  PutOut();
   PageRef pin = Read(page);
   PageFrame* frame = frame_of_page_[page];
+  frame->stored = false;
   if (frame->saved_at == level_) return frame;
   if (level_ > 1) {
     Image image{page, frame->saved_at, nullptr};
@@ -165,6 +243,7 @@ PageEdit Pager::Append() {
     throw Error(ErrorKind::kTooLarge, path(), {}, message::kDatabaseFull,
                 message::kDeleteAndCompact);
   }
+  PutOut();
   const PageNumber page = page_count_;
   if (frame_of_page_.size() <= page) frame_of_page_.resize(page + 1, nullptr);
   PageFrame* frame = AddFrame(page);
@@ -186,7 +265,9 @@ void Pager::Commit() {
   Level done = std::move(levels_.back());
   levels_.pop_back();
   --level_;
+  put_out_at_ = changed_pages_;
   if (level_ == 0) {
+    ForgetStored();
     while (!dirty_.empty()) MakeClean(dirty_.back().get());
     file_pages_ = page_count_;
     ahead_count_ = 0;
@@ -208,7 +289,9 @@ void Pager::Rollback() noexcept {
   Level undone = std::move(levels_.back());
   levels_.pop_back();
   --level_;
+  put_out_at_ = changed_pages_;
   if (level_ == 0) {
+    ForgetStored();
     while (!dirty_.empty()) Drop(dirty_.back().get());
   }
   for (Image& image : undone.images) {
@@ -231,24 +314,29 @@ std::uint64_t Pager::SizeBefore() { return file_.Size(); }
 std::uint64_t Pager::SizeAfter() { return std::uint64_t{page_count_} * kPageSize; }
 
 void Pager::ForEachRange(const std::function<void(const Range&)>& visit) {
-  std::vector<const PageFrame*> pages;
-  pages.reserve(dirty_.size());
-  for (const auto& frame : dirty_) pages.push_back(frame.get());
-  std::sort(pages.begin(), pages.end(),
-            [](const PageFrame* a, const PageFrame* b) { return a->page < b->page; });
-  std::vector<std::byte> before(kPageSize);
-  for (const PageFrame* frame : pages) {
-    const std::uint64_t offset = std::uint64_t{frame->page} * kPageSize;
-    if (frame->page >= file_pages_) {
-      visit({offset, {}, {frame->data, kPageSize}});
+  std::vector<PageNumber> pages;
+  pages.reserve(dirty_.size() + slots_.size());
+  for (const auto& frame : dirty_) {
+    if (!slots_.contains(frame->page)) pages.push_back(frame->page);
+  }
+  for (const auto& [page, slot] : slots_) pages.push_back(page);
+  std::sort(pages.begin(), pages.end());
+  std::vector<std::byte> before(kPageSize), stored(kPageSize);
+  for (const PageNumber page : pages) {
+    const PageFrame* frame = frame_of_page_[page];
+    if (!frame) ReadStored(slots_.at(page), stored.data());
+    const std::byte* after = frame ? frame->data : stored.data();
+    const std::uint64_t offset = std::uint64_t{page} * kPageSize;
+    if (page >= file_pages_) {
+      visit({offset, {}, {after, kPageSize}});
       continue;
     }
     const std::size_t known = file_.ReadAt(offset, {before.data(), kPageSize});
     std::size_t begin = 0, end = known;
-    while (begin < end && before[begin] == frame->data[begin]) ++begin;
-    while (end > begin && before[end - 1] == frame->data[end - 1]) --end;
+    while (begin < end && before[begin] == after[begin]) ++begin;
+    while (end > begin && before[end - 1] == after[end - 1]) --end;
     if (begin < end) {
-      visit({offset + begin, {&before[begin], end - begin}, {frame->data + begin, end - begin}});
+      visit({offset + begin, {&before[begin], end - begin}, {after + begin, end - begin}});
     }
   }
 }

@@ -4,9 +4,11 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -22,6 +24,7 @@ struct PageFrame {
   std::uint32_t pins = 0;
   bool dirty = false;
   bool referenced = false;     // used since the replacement hand last passed
+  bool stored = false;         // the scratch file has the same bytes
   std::uint32_t saved_at = 0;  // innermost transaction level that can return to its own state
   std::size_t position = 0;    // in the pager's list of clean or of dirty frames
   std::unique_ptr<std::byte[]> storage;
@@ -68,14 +71,22 @@ class PageEdit : public PageRef {
 
 // The pages of one database file: a cache of bounded size, and the transaction over it.
 //
-// 1. Nothing is written to the file before the commit; a page that changed stays in memory until
-//    then, so a rollback only forgets. 2. The state before comes from the file itself, which
-//    nobody changes while the write lock is held. 3. Inside a transaction nested levels keep
-//    images of the pages they change first.
+// 1. Nothing is written to the file before the commit, so a rollback only forgets; a page that
+//    changed stays in memory until then, or in a scratch file when there are many. 2. The state
+//    before comes from the file itself, which nobody changes while the write lock is held.
+//    3. Inside a transaction nested levels keep images of the pages they change first. 4. Only the
+//    outermost level's pages go to the scratch file: what a nested level may have to put back is in
+//    memory.
 class Pager final : public files::RangeSource {
  public:
-  // `file` must outlive the pager. At most `cache_pages` unchanged pages are kept.
-  Pager(files::RandomAccessFile& file, std::size_t cache_pages);
+  // Opens an empty file that goes when it is closed.
+  using OpenScratch = std::function<std::unique_ptr<files::RandomAccessFile>()>;
+
+  // `file` must outlive the pager. At most `cache_pages` unchanged pages are kept. Of more than
+  // `changed_pages` some are moved to a scratch file, as long as there is room for that; without
+  // `open_scratch` all stay.
+  Pager(files::RandomAccessFile& file, std::size_t cache_pages, std::size_t changed_pages = 0,
+        OpenScratch open_scratch = {});
   ~Pager() override;
 
   const std::string& path() const { return file_.path(); }
@@ -97,7 +108,10 @@ class Pager final : public files::RangeSource {
     assert(level_ > 0);
     if (page < frame_of_page_.size()) {
       PageFrame* frame = frame_of_page_[page];
-      if (frame && frame->dirty && frame->saved_at == level_) return PageEdit(frame);
+      if (frame && frame->dirty && frame->saved_at == level_ && !frame->stored) {
+        frame->referenced = true;
+        return PageEdit(frame);
+      }
     }
     return PageEdit(Touch(page));
   }
@@ -115,7 +129,7 @@ class Pager final : public files::RangeSource {
   void Begin();
   void Commit();
   void Rollback() noexcept;
-  bool HasChanges() const { return !dirty_.empty(); }
+  bool HasChanges() const { return !dirty_.empty() || !slots_.empty(); }
 
   // Forgets all unchanged pages, because the file changed. Not in a transaction.
   void DropCache();
@@ -144,6 +158,11 @@ class Pager final : public files::RangeSource {
 
   PageFrame* Load(PageNumber page);  // reads a page that is not in memory
   std::size_t ReadFile(PageNumber page, std::byte* out);
+  PageFrame* LoadStored(PageNumber page, std::uint32_t slot);
+  void ReadStored(std::uint32_t slot, std::byte* out);
+  void PutOut();  // moves pages to the scratch file when too many have changed
+  bool Store(PageFrame& frame) noexcept;
+  void ForgetStored() noexcept;
   PageFrame* Touch(PageNumber page);  // makes a page changeable at the current level
   PageFrame* AddFrame(PageNumber page);
   void Evict();
@@ -164,6 +183,14 @@ class Pager final : public files::RangeSource {
   std::vector<std::unique_ptr<PageFrame>> dirty_;
   std::vector<std::unique_ptr<PageFrame>> orphans_;  // dropped while somebody held them
   std::size_t hand_ = 0;                             // of the replacement, in clean_
+  std::size_t changed_pages_;
+  OpenScratch open_scratch_;
+  std::unique_ptr<files::RandomAccessFile> scratch_;  // of the open transaction
+  bool can_store_ = true;                             // no failure of the scratch file yet
+  std::size_t put_out_at_ = 0;                        // so many frames in dirty_
+  std::size_t changed_hand_ = 0;                      // of putting out, in dirty_
+  // Places in the scratch file. A page that has one and no frame is what stands there.
+  std::unordered_map<PageNumber, std::uint32_t> slots_;
   // Pages read in advance, because those before them were asked for one after the other.
   std::vector<std::byte> ahead_;
   PageNumber ahead_begin_ = 0;

@@ -43,7 +43,8 @@ TableSpec Spec() {
 class Model {
  public:
   explicit Model(unsigned seed) : random_(seed) {
-    database_ = Database::Create(system_, kPath);
+    options_.changed_pages = seed % 2 == 0 ? 2 : 1024;
+    database_ = Database::Create(system_, kPath, options_);
     database_->CreateTable(Spec());
   }
 
@@ -192,12 +193,13 @@ class Model {
 
   void Reopen() {
     database_.reset();
-    database_ = Database::Open(system_, kPath);
+    database_ = Database::Open(system_, kPath, options_);
     EXPECT_EQ(database_->read_only_reason().English(), "");
   }
 
   std::mt19937 random_;
   files::MemoryFileSystem system_;
+  OpenOptions options_;
   std::unique_ptr<Database> database_;
   std::map<RowId, Row> rows_;
 };

@@ -46,6 +46,42 @@ const support::Work insert_threes("insert-threes", [](const Arguments& arguments
   }
 });
 
+// Inserts without an end in one transaction, far more than it keeps in memory, and tells so.
+const support::Work insert_much("insert-much", [](const Arguments& arguments) -> int {
+  OpenOptions options;
+  options.changed_pages = 16;
+  const auto database = Database::Open(files::RealFileSystem(), arguments[0], options);
+  const Transaction transaction(*database);
+  for (int i = 0;; ++i) {
+    AddItem(database->OpenTable("Items"), std::to_string(i), std::string(200, 'n'));
+    if (i % 500 == 499) support::Tell();
+  }
+});
+
+std::vector<std::string> TemporaryFiles(const TemporaryFolder& folder) {
+  std::vector<std::string> names;
+  for (const files::DirectoryEntry& entry : files::RealFileSystem().List(folder.path())) {
+    if (entry.name.ends_with(".tmp")) names.push_back(entry.name);
+  }
+  return names;
+}
+
+// Neither while it works nor when it is killed is there a file of what it had no room for.
+TEST(Processes, KilledInALargeTransactionLeavesNothing) {
+  TemporaryFolder folder;
+  const std::string path = folder / "plant.ovs";
+  CreateItems(path);
+  ChildProcess child("insert-much", {path});
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(child.Hear());
+  EXPECT_EQ(TemporaryFiles(folder), std::vector<std::string>());
+  child.Kill();
+  child.Wait();
+  EXPECT_EQ(TemporaryFiles(folder), std::vector<std::string>());
+  const auto database = Database::Open(files::RealFileSystem(), path);
+  EXPECT_EQ(Items(*database).size(), 0u);
+  EXPECT_EQ(Faults(*database), "");
+}
+
 TEST(Processes, TwoThatInsertLoseNothing) {
   TemporaryFolder folder;
   const std::string path = folder / "plant.ovs";

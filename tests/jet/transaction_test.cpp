@@ -17,9 +17,11 @@ using Rows = std::vector<std::string>;
 
 constexpr const char* kPath = "/plant.ovs";
 
-OpenOptions Impatient() {
+// Some of the pages that a transaction changes have no room in memory.
+OpenOptions Impatient(std::size_t changed_pages = 32) {
   OpenOptions options;
   options.wait_ms = 0;
+  options.changed_pages = changed_pages;
   return options;
 }
 
@@ -74,6 +76,59 @@ TEST(Transactions, RollbackLeavesEveryByte) {
   database->Rollback();
   EXPECT_EQ(Items(*database), rows);
   EXPECT_EQ(system.Get(kPath), before);
+}
+
+std::vector<std::string> Names(const files::MemoryFileSystem& system) {
+  std::vector<std::string> names;
+  for (const auto& [path, contents] : system.Snapshot()) names.push_back(path);
+  return names;
+}
+
+// Pages that have no room in memory go to a file that nobody sees, are put back by inner and outer
+// rollbacks, and come back for the commit. A medium that is full takes none of them.
+TEST(Transactions, OutgrowMemory) {
+  const Rows after = After();
+  const std::string start = StartFile();
+  bool fired = true;
+  for (int n = 0; fired; ++n) {
+    SCOPED_TRACE(n);
+    files::MemoryFileSystem system;
+    system.Put(kPath, start);
+    files::FailingFileSystem failing(system);
+    const auto database = Database::Open(failing, kPath, Impatient(2));
+    const Rows before = Items(*database);
+    const std::vector<std::string> names = Names(system);
+    database->Begin();
+    files::Fault full;
+    full.kinds = {files::Operation::kOpen, files::Operation::kWrite};
+    full.n = n;
+    full.length = files::Fault::Length::kLasting;
+    full.error = files::ErrorKind::kFull;
+    if (n > 0) failing.Arm(full);
+    AddItem(database->OpenTable("Items"), "Outer", std::string(9000, 'o'));
+    const Rows outer = Items(*database);
+    database->Begin();
+    ChangeMuch(*database);
+    database->Rollback();
+    EXPECT_EQ(Items(*database), outer);
+    ChangeMuch(*database);
+    fired = n == 0 || failing.fired();
+    EXPECT_TRUE(fired || n > 10);
+    EXPECT_EQ(Names(system), names);
+    failing.Disarm();
+    if (n % 2 == 0) {
+      database->Rollback();
+      EXPECT_EQ(Items(*database), before);
+      ChangeMuch(*database);
+      EXPECT_EQ(Items(*database), after);
+    } else {
+      database->Commit();
+      EXPECT_EQ(Items(*database).size(), after.size() + 1);
+    }
+    EXPECT_EQ(Faults(*database), "");
+    EXPECT_EQ(Items(*Database::Open(system, kPath, Impatient())), Items(*database));
+    if (HasFailure()) return;
+  }
 }
 
 // The n-th operation fails, for n = 1, 2, ... until none did: what is there afterwards is exactly
