@@ -43,6 +43,7 @@ double Microseconds(const std::function<void()>& call) {
 // Median of the calls in microseconds; each call gets the number of its round.
 double MedianOf(int rounds, const std::function<void(int round)>& call) {
   std::vector<double> times;
+  times.reserve(static_cast<std::size_t>(rounds));
   for (int i = 0; i < rounds; ++i) times.push_back(Microseconds([&] { call(i); }));
   return bench::Median(std::move(times));
 }

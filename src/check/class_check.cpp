@@ -15,7 +15,6 @@
 namespace check {
 
 using codegen::Difference;
-using messages::Message;
 using platform::FoldCase;
 using store::FormulaRecord;
 

@@ -18,8 +18,7 @@ namespace {
 // behind it. A note begins with a blank or has blanks in it.
 std::string ItemShown(const codegen::VariableLine& line) {
   if (line.comment.size() < 2) return {};
-  const std::string item(codegen::TrimBlanks(std::string_view(line.comment).substr(1)));
-  return item;
+  return std::string(codegen::TrimBlanks(std::string_view(line.comment).substr(1)));
 }
 
 bool LooksLikeItem(const codegen::VariableLine& line) {
@@ -47,13 +46,12 @@ void ClassCheck::CheckDeclaration(const platform::Member& member, const std::str
   if (line && wanted && wanted->type_kept && !line->type.empty()) wanted->type = line->type;
   if (line && wanted && codegen::Says(*line, *wanted)) return;
   const std::string item = line ? ItemShown(*line) : std::string();
-  const bool by_formula = used && used->by_formula;
   const Alias* alias = used ? used->alias : context_.rows.FindAlias(member.name);
   const bool shows_item = alias && line && codegen::ShowsText(line->comment, alias->item_id);
   const bool ours = !item.empty() && (shows_item || context_.rows.IsItem(item) ||
                                       (context_.parts.has_item && context_.parts.has_item(item)) ||
                                       (used && LooksLikeItem(*line)));
-  if (by_formula && !ours) {
+  if (alias && used && used->by_formula && !ours) {
     return context_.findings.Add(AtLine(rule::kOwnDeclaration, member.code_location, *alias));
   }
   if (!ours || (used && !wanted)) return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "check/class_rules.h"
 
+#include <cassert>
 #include <map>
 #include <utility>
 
@@ -66,6 +67,7 @@ void CheckClasses(const Rows& rows, const Modules& modules, const Parts& parts, 
     const Modules::Module* module = modules.Find(formulas.prog_id);
     if (module ? !module->is_wanted : !modules.AreAll()) continue;
     if (!formulas.formulas.empty() && !IsThere(formulas, module, findings)) continue;
+    assert(module);  // one without formulas is here because of its module
     ClassCheck(formulas.prog_id, formulas.formulas, *module, modules.program().module(module->code),
                {rows, parts, findings})
         .Run();

@@ -14,7 +14,6 @@
 namespace check {
 namespace {
 
-using store::ArgumentRecord;
 using store::OperationResult;
 using store::Operations;
 

@@ -163,6 +163,7 @@ class RefusedFile {
 void WriteRefused(Invocation& invocation, const std::vector<ImportPlan::Line>& refused,
                   std::string bytes, RefusedFile& file) {
   std::vector<exchange::RefusedLine> lines;
+  lines.reserve(refused.size());
   for (const ImportPlan::Line& line : refused) {
     lines.push_back({line.place, invocation.texts().Sentence(line.reason)});
   }
@@ -175,7 +176,8 @@ int RunImport(Invocation& invocation) {
   std::optional<RefusedFile> refused_file;
   if (skip) refused_file.emplace(invocation, *skip);
   std::string bytes = ReadGiven(invocation);
-  const exchange::Contents contents = ReadGivenList(invocation, skip ? bytes : std::move(bytes));
+  std::string original = skip ? bytes : std::string();
+  const exchange::Contents contents = ReadGivenList(invocation, std::move(bytes));
   OpenedProject session(invocation, Use::kChange);
   ImportPlan plan = exchange::PlanImport(contents, session.operations(), options);
   if (!contents.ignored.empty()) {
@@ -194,7 +196,7 @@ int RunImport(Invocation& invocation) {
                                                  {{"<Count>", std::to_string(refused.size())}}));
   }
   if (!refused.empty() && !session.dry_run()) {
-    WriteRefused(invocation, refused, std::move(bytes), *refused_file);
+    WriteRefused(invocation, refused, std::move(original), *refused_file);
   }
   session.Report(
       exchange::Import(plan, session.operations(),
