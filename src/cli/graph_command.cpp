@@ -88,8 +88,8 @@ std::string Picture(Invocation& invocation, const DataFlow& flow) {
                                                  {{"<Count>", std::to_string(flow.edges.size())}}));
   }
   try {
-    const std::string svg = project::LayOut(project::DescribeForGraphviz(flow, invocation.texts()),
-                                            [&] { return !invocation.Interrupted(); });
+    std::string svg = project::LayOut(project::DescribeForGraphviz(flow, invocation.texts()),
+                                      [&] { return !invocation.Interrupted(); });
     if (invocation.Interrupted()) throw InterruptedError();
     return svg;
   } catch (const platform::Error& error) {

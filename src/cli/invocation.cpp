@@ -79,7 +79,7 @@ std::optional<std::int32_t> Invocation::NumberOption(std::string_view option) co
 }
 
 std::optional<std::string> Invocation::OutputFileOption(std::string_view option) const {
-  const auto file = Option(option);
+  auto file = Option(option);
   const auto is_option = [&](const OptionSpec& known) { return file == known.name; };
   if (std::ranges::any_of(command_.options, is_option) ||
       std::ranges::any_of(CommonOptions(), is_option)) {
