@@ -19,12 +19,19 @@ std::string NamesOf(const Record& record) {
   return names;
 }
 
+// How many records the text can have; of one that has hardly anything but line ends, fewer.
+std::size_t CountRecords(std::string_view text) {
+  constexpr std::size_t kShortest = 16;
+  const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n'));
+  return std::min(lines, text.size() / kShortest);
+}
+
 // A table from its first record on.
-void ReadLines(DelimitedText& table, Contents& contents) {
+void ReadLines(DelimitedText& table, std::string_view text, Contents& contents) {
   contents.ignored = contents.header->ignored;
+  if (contents.header->kind == TableKind::kAliases) contents.aliases.reserve(CountRecords(text));
   TableReader reader(*contents.header, contents);
   for (Record record; table.Next(record);) reader.Read(record);
-  contents.aliases.shrink_to_fit();
 }
 
 void ReadTable(std::string& text, Contents& contents) {
@@ -38,7 +45,7 @@ void ReadTable(std::string& text, Contents& contents) {
   if (!contents.header) {
     throw FormatError({record.line, 0}, {{kTextNoKnownColumn}, {{"<Names>", NamesOf(record)}}});
   }
-  ReadLines(table, contents);
+  ReadLines(table, text, contents);
 }
 
 // Whether the text is a table of aliases; then its lines are read.

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "files/replace_file.h"
+#include "files/scratch_file.h"
 #include "link.h"
 #include "project_change.h"
 #include "temporary_folder.h"
@@ -80,6 +81,21 @@ TEST(RealFileSystem, MakesFilesLikeAnother) {
       for (const char* name : {"one", "two", "three", "four"}) system.Remove(folder / name);
     }
   }
+}
+
+TEST(ScratchFile, HasNoName) {
+  const TemporaryFolder folder;
+  FileSystem& system = RealFileSystem();
+  ReplaceFile(system, folder / "plant.ovs", "rows");
+  const auto scratch = OpenScratchFile(system, folder / "plant.ovs");
+  EXPECT_EQ(system.List(folder.path()).size(), 1u);
+  const std::string words = "pages";
+  scratch->WriteAt(4096, std::as_bytes(std::span(words)));
+  std::string read(words.size(), ' ');
+  EXPECT_EQ(scratch->ReadAt(4096, std::as_writable_bytes(std::span(read))), words.size());
+  EXPECT_EQ(read, words);
+  EXPECT_EQ(KindRaised([&] { OpenScratchFile(system, folder / "gone/plant.ovs"); }),
+            ErrorKind::kNotFound);
 }
 
 TEST(RealFileSystem, RefusesWhatIsNoRegularFile) {
