@@ -162,7 +162,7 @@ void Pager::Evict() {
   for (std::size_t step = 0; step < 2 * clean_.size(); ++step) {
     if (hand_ >= clean_.size()) hand_ = 0;
     PageFrame* frame = clean_[hand_].get();
-    if (frame->pins == 0 && frame->saved_at == 1 && !frame->referenced) {
+    if (frame->pins == 0 && !frame->referenced) {
       Drop(frame);
       return;
     }
