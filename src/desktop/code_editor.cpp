@@ -302,6 +302,18 @@ void CodeEditor::ChangeText(std::string_view text) {
   changing_ = false;
 }
 
+void CodeEditor::TakeOver(std::string_view stored, std::string_view text) {
+  const int above = VisibleFromDocLine(GetCurrentLine()) - GetFirstVisibleLine();
+  const bool in_sight = above >= 0 && above < LinesOnScreen();
+  ChangeText(text);
+  const int anchor = GetAnchor(), caret = GetCurrentPos();
+  if (text != stored) ChangeText(stored);
+  EmptyUndoBuffer();
+  if (text != stored) ChangeText(text);
+  SetSelection(anchor, caret);
+  if (in_sight) SetFirstVisibleLine(VisibleFromDocLine(GetCurrentLine()) - above);
+}
+
 void CodeEditor::ShowLineNumbers(bool show) {
   line_numbers_ = show;
   const wxString widest(L'9', std::max<std::size_t>(4, std::to_string(GetLineCount()).size() + 1));
@@ -321,6 +333,13 @@ void CodeEditor::ScrollTo(std::int32_t line) {
   EnsureVisible(line - 1);
   GotoLine(line - 1);
   SetFirstVisibleLine(VisibleFromDocLine(line - 1));
+}
+
+void CodeEditor::ShowProcedure(std::int32_t line, std::int32_t declaration) {
+  ScrollTo(line);
+  int body = declaration;  // counted from 0: the line behind it
+  while (body < GetLineCount() && GetLineText(body - 1).EndsWith(" _")) ++body;
+  GotoLine(body);
 }
 
 void CodeEditor::SelectLines(const platform::CodeSelection& selection) {

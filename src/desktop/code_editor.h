@@ -25,11 +25,16 @@ class CodeEditor : public wxStyledTextCtrl {
   void ShowText(std::string_view text);
   // Edits the lines that differ, so that the caret stays and the user can take it back.
   void ChangeText(std::string_view text);
+  // Shows what others stored, `text` being that with what the user has typed: their lines cannot be
+  // undone here, and the user's are one step. Caret and lines in sight stay.
+  void TakeOver(std::string_view stored, std::string_view text);
   // True while this program changes the text.
   bool Changing() const { return changing_; }
 
   // Line and columns from 1.
   void ScrollTo(std::int32_t line);
+  // Shows a procedure from its first line on, with the caret behind its declaration.
+  void ShowProcedure(std::int32_t line, std::int32_t declaration);
   void SelectLines(const platform::CodeSelection& selection);
   // Selects characters of a line, in the middle of what is in sight.
   void SelectPlace(std::int32_t line, std::int32_t column, std::int32_t length);

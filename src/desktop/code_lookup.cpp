@@ -34,7 +34,10 @@ void CodeLookup::FindNode(const std::string& key) {
   if (!pane_.ShowModule(component, project_.unit()) || !pane_.Readable()) return;
   const auto member = component->Module()->FindMember(formula->name);
   if (member && member->type == platform::MemberType::kMethod) {
-    pane_.ScrollTo(component->Module()->ProcStartLine(formula->name, platform::ProcKind::kProc));
+    platform::CodeModule& module = *component->Module();
+    constexpr auto kProc = platform::ProcKind::kProc;
+    pane_.ShowProcedure(module.ProcStartLine(formula->name, kProc),
+                        module.ProcBodyLine(formula->name, kProc));
   }
 }
 

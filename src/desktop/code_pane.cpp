@@ -140,6 +140,7 @@ bool CodePane::TakeKeyboard() {
   if (!IsShown()) return false;
   if (!editor_->IsEnabled()) return false;
   editor_->SetFocus();
+  editor_->EnsureCaretVisible();
   return true;
 }
 
@@ -155,6 +156,10 @@ void CodePane::ShowName() {
 }
 
 void CodePane::ScrollTo(std::int32_t line) { editor_->ScrollTo(line); }
+
+void CodePane::ShowProcedure(std::int32_t line, std::int32_t declaration) {
+  editor_->ShowProcedure(line, declaration);
+}
 
 void CodePane::SelectLines(const platform::CodeSelection& selection) {
   on_place();
@@ -276,7 +281,7 @@ void CodePane::TakeOver() {
   const auto merged = document_->Merge(editor_->Text());
   conflict_ = !merged;
   if (conflict_) return;
-  editor_->ChangeText(*merged);
+  editor_->TakeOver(document_->text(), *merged);
   if (*merged == document_->text()) {
     editor_->SetSavePoint();
     DropCopy();

@@ -48,6 +48,8 @@ class CodePane : public wxPanel {
 
   // Line and columns from 1.
   void ScrollTo(std::int32_t line);
+  // Shows a procedure from its first line on, with the caret behind its declaration.
+  void ShowProcedure(std::int32_t line, std::int32_t declaration);
   void SelectLines(const platform::CodeSelection& selection);
   // Selects a place of the module as it is saved; its line is found again where unsaved changes
   // moved it.

@@ -119,6 +119,26 @@ TEST_F(CodePaneTest, FindsInTheCode) {
   EXPECT_EQ(program.Code().Text(), code) << "nothing of it was typed into the code";
 }
 
+// Rows and code stay in step: what an operation wrote is not undone in the editor alone.
+TEST_F(CodePaneTest, UndoesWhatWasTypedAndNothingElse) {
+  program.GoToCode();
+  Input({"type --delay 40 \"'body\"", "key ctrl+s"});
+  EXPECT_TRUE(Shown("Public Sub Fill()\n'body\nEnd Sub")) << program.Code().Text();
+  Write("mine");
+  Input({"key Escape key F9 sleep 0.8", "type --delay 40 FillTank", "key Return"});
+  Wait::For([&] { return Shown("Sub FillTank()"); });
+  const std::string with_mine = program.Code().Text();
+  program.GoToCode();
+  Input({"key --delay 60 ctrl+z ctrl+z ctrl+z sleep 0.2"});
+  EXPECT_TRUE(Shown("Public Sub FillTank()\n'body\nEnd Sub")) << program.Code().Text();
+  EXPECT_FALSE(Shown("'mine") || program.Code().GetModify()) << program.Code().Text();
+  Input({"key ctrl+y sleep 0.2"});
+  EXPECT_EQ(program.Code().Text(), with_mine);
+  EXPECT_TRUE(program.Code().GetModify());
+  Input({"key ctrl+s"});
+  EXPECT_TRUE(Saved("'mine") && Saved("Sub FillTank()"));
+}
+
 TEST_F(CodePaneTest, KeepsWhatOperationsAndOthersDoBesideIt) {
   Write("mine");
   Input({"key Escape key F9 sleep 0.8", "type --delay 40 FillTank", "key Return"});
