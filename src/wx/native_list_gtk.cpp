@@ -34,11 +34,15 @@ class Handler {
 };
 
 // The head of a column that begins to be dragged is laid out in a single pixel, which has no room
-// for borders; the toolkit would complain of it.
-void TakeBordersFromDraggedHeads() {
+// for borders; the toolkit would complain of it. The cell with the keyboard is to be seen in a
+// selected row, too.
+void StyleLists() {
   GtkCssProvider* style = gtk_css_provider_new();
   gtk_css_provider_load_from_data(
-      style, "treeview button.dnd { margin: 0; border-width: 0; padding: 0; }", -1, nullptr);
+      style,
+      "treeview button.dnd { margin: 0; border-width: 0; padding: 0; }"
+      "treeview.view.cells:selected { outline: 1px solid currentColor; outline-offset: 0; }",
+      -1, nullptr);
   gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(style),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(style);
@@ -90,6 +94,8 @@ struct NativeList::State {
   std::unique_ptr<Handler> draw;
   std::unique_ptr<Handler> press;
   std::unique_ptr<Handler> order;
+  std::unique_ptr<Handler> place;
+  bool has_room = false;
   GtkEntry* entry = nullptr;
   bool escaped = false;
 
@@ -182,6 +188,19 @@ struct NativeList::State {
     int width = gtk_tree_view_column_get_fixed_width(GTK_TREE_VIEW_COLUMN(column));
     if (width > 0) static_cast<Width*>(data)->on_width(width);
   }
+  // A row that was to be in sight before there was room for one is scrolled to as if it did not
+  // fit: the first row would stay hidden above.
+  static void OnPlace(GtkWidget*, GdkRectangle* place, gpointer data) {
+    auto& state = *static_cast<State*>(data);
+    const bool had_room = std::exchange(state.has_room, place->height > kTextMargin);
+    if (had_room || !state.has_room) return;
+    gtk_adjustment_set_value(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(state.tree)), 0);
+    GtkTreePath* path = nullptr;
+    gtk_tree_view_get_cursor(state.tree, &path, nullptr);
+    if (!path) return;
+    gtk_tree_view_scroll_to_cell(state.tree, path, nullptr, FALSE, 0, 0);
+    gtk_tree_path_free(path);
+  }
   static gboolean OnDraw(GtkWidget* widget, cairo_t* cairo, gpointer data) {
     auto* state = static_cast<State*>(data);
     if (state->empty_text.empty()) return FALSE;
@@ -203,14 +222,17 @@ struct NativeList::State {
 
 NativeList::NativeList(wxDataViewCtrl& list) : state_(std::make_unique<State>()) {
   static std::once_flag styled;
-  std::call_once(styled, TakeBordersFromDraggedHeads);
+  std::call_once(styled, StyleLists);
   state_->list = &list;
   state_->tree = GTK_TREE_VIEW(list.GtkGetTreeView());
+  gtk_style_context_add_class(gtk_widget_get_style_context(GTK_WIDGET(state_->tree)), "cells");
   gtk_tree_view_set_enable_search(state_->tree, FALSE);  // typing belongs to the cells
   state_->press = std::make_unique<Handler>(state_->tree, "button-press-event",
                                             G_CALLBACK(State::OnPress), state_.get());
   state_->order = std::make_unique<Handler>(state_->tree, "columns-changed",
                                             G_CALLBACK(State::OnColumns), state_.get());
+  state_->place = std::make_unique<Handler>(
+      state_->tree, "size-allocate", G_CALLBACK(State::OnPlace), state_.get(), G_CONNECT_AFTER);
   state_->draw = std::make_unique<Handler>(state_->tree, "draw", G_CALLBACK(State::OnDraw),
                                            state_.get(), G_CONNECT_AFTER);
 }
@@ -339,6 +361,14 @@ void NativeList::AddCellButton(wxDataViewColumn& column, const wxBitmapBundle& p
   g_object_set(renderer, "pixbuf", bitmap.GetPixbuf(), nullptr);
   gtk_tree_view_column_pack_end(native, renderer, FALSE);
   gtk_cell_layout_reorder(GTK_CELL_LAYOUT(native), renderer, 0);  // the end of the end
+  // The keyboard is at the whole cell, not at its picture.
+  GtkCellArea* area = gtk_cell_layout_get_area(GTK_CELL_LAYOUT(native));
+  GList* renderers = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(native));
+  for (GList* other = renderers; other; other = other->next) {
+    if (other->data == renderer) continue;
+    gtk_cell_area_add_focus_sibling(area, GTK_CELL_RENDERER(other->data), renderer);
+  }
+  g_list_free(renderers);
   state_->buttons.push_back({native, renderer});
 }
 

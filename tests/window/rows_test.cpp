@@ -71,6 +71,25 @@ TEST_F(RowsTest, EditIsAboutTheRowUnderTheMouse) {
   EXPECT_EQ(plant.Arguments(), (Lines{"1|1|False", "2|2|False", "3|3|True"}));
 }
 
+// Its rows are there before it has room for one, at the start of the program, too.
+TEST(RowsInSight, BeginWithTheFirst) {
+  window_tests::Plant plant;
+  std::vector<store::AliasValues> aliases;
+  for (int i = 0; i < 60; ++i) {
+    const std::string number = std::to_string(i);
+    aliases.push_back({"Plant." + number, "Plant_" + number});
+  }
+  plant.AddAliases(aliases);
+  for (const bool again : {false, true}) {
+    DesktopProgram program(plant.system, texts::Language::kEnglish);
+    ASSERT_TRUE(program.Open());
+    if (!again) Input({"key --delay 60 Home Down"});
+    auto* model = dynamic_cast<wxDataViewVirtualListModel*>(program.Grid().GetModel());
+    EXPECT_EQ(program.Rows(), 60);
+    EXPECT_EQ(model->GetRow(program.Grid().GetTopItem()), 0u) << (again ? "again" : "at first");
+  }
+}
+
 // The row that the first table scrolls to is gone when the program is idle.
 TEST_F(RowsTest, TablesWithoutRowsComeRightAfterOthers) {
   auto* tree = window_tests::FindChild<desktop::ProjectTree>(program.window());
@@ -127,7 +146,7 @@ TEST_F(RowsTest, NothingIsDoneWithoutAWord) {
   EXPECT_EQ(plant.Rows("TvbfParams", {"AliasID"}), Lines{"2"});
 }
 
-// Letters typed in the list of "Choose Alias" open no search beside its own, which Ctrl+F is for.
+// Letters typed in the list of "Choose alias" open no search beside its own, which Ctrl+F is for.
 TEST_F(RowsTest, TheListOfAliasesHasOneSearch) {
   Input({"key --delay 60 Home Down Down Down"});
   window_tests::Said said;
