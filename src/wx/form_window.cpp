@@ -82,8 +82,10 @@ void FormWindow::CreateWindow(wxWindow* parent, wxWindow* host) {
     host->SetSizer(sizer);
   } else if (form_.GetFormLayout() == forms::FormLayout::kFlow) {
     long style = wxDEFAULT_DIALOG_STYLE | (form_.Resizable() ? wxRESIZE_BORDER : 0);
-    window_ = area_ = top_ = dialog_ =
-        new wxDialog(parent, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, style);
+    // In the middle of the whole window, not of one of its panes; in the studio that is not ours.
+    wxWindow* whole = wxGetTopLevelParent(parent);
+    window_ = area_ = top_ = dialog_ = new wxDialog(whole ? whole : parent, wxID_ANY, title,
+                                                    wxDefaultPosition, wxDefaultSize, style);
   } else {
     window_ = top_ = new wxFrame(parent, wxID_ANY, title);
     area_ = new wxPanel(window_);
