@@ -36,7 +36,7 @@ constexpr ColumnLook kColumns[] = {
     {"ProgID", kTextClass, 2325, forms::ColumnKind::kText},
     {"Type", kTextCallType, 2550, forms::ColumnKind::kText},
     {"ScanTime", kTextScanTime, 2025, forms::ColumnKind::kNumber},
-    {"Enabled", kTextEnabled, 900, forms::ColumnKind::kCheckBox},
+    {"Enabled", kTextEnabled, 1275, forms::ColumnKind::kCheckBox},
     {"Arguments", kTextArgumentCount, 1425, forms::ColumnKind::kNumber},
     {"Comment", kTextFormulaComment, 3000, forms::ColumnKind::kText},
 };

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/undo_offer.h"
 
+#include <wx/dcclient.h>
 #include <wx/statusbr.h>
-
-#include <algorithm>
 
 #include "desktop/crash_log.h"
 #include "desktop/link_colour.h"
@@ -42,10 +41,10 @@ void UndoOffer::Look() {
     said_ = frame_.GetStatusBar()->GetStatusText();
   }
   number_ = done->number;
-  Show(said_);
+  Show();
 }
 
-void UndoOffer::Show(const wxString& said) {
+void UndoOffer::Show() {
   wxStatusBar& bar = *frame_.GetStatusBar();
   if (!link_) {
     link_ = new wxGenericHyperlinkCtrl(&bar, wxID_ANY, wx::ToWx(texts_.Text(kTextUndoLink)),
@@ -65,8 +64,13 @@ void UndoOffer::Show(const wxString& said) {
   wxRect field;
   bar.GetFieldRect(0, field);
   const wxSize size = link_->GetBestSize();
-  const int behind = field.GetLeft() + bar.GetTextExtent(said).GetWidth() + frame_.FromDIP(kGap);
-  const int left = std::min(behind, field.GetRight() - size.GetWidth());
+  const int gap = frame_.FromDIP(kGap);
+  const int room = field.GetWidth() - size.GetWidth() - 2 * gap;
+  if (bar.GetTextExtent(said_).GetWidth() > room) {  // the list of messages has all of it
+    bar.SetStatusText(wxControl::Ellipsize(said_, wxClientDC(&bar), wxELLIPSIZE_END, room));
+    said_ = bar.GetStatusText();
+  }
+  const int left = field.GetLeft() + bar.GetTextExtent(said_).GetWidth() + gap;
   const int top = field.GetTop() + (field.GetHeight() - size.GetHeight()) / 2;
   link_->SetSize(left, top, size.GetWidth(), size.GetHeight());
   link_->Show();

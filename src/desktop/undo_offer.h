@@ -24,7 +24,7 @@ class UndoOffer {
   void Look();
 
  private:
-  void Show(const wxString& said);
+  void Show();
   void Hide();
 
   wxFrame& frame_;

@@ -43,14 +43,20 @@ void Offer(FImport& dialog, const DialogContext& context, const exchange::Conten
   dialog.ShowIgnored(contents.ignored);
 }
 
-void ShowCounts(const DialogContext& context, const exchange::ImportPlan& plan) {
+// What came in, and what is to be said of it.
+void ShowCounts(const DialogContext& context, const exchange::ImportPlan& plan,
+                const std::vector<messages::Message>& warnings) {
   if (!context.studio) return;
   const exchange::ImportPlan::Counts counts = plan.Count();
-  context.studio->ShowWarnings(
-      {{context.texts.Text(kTextImported, {{"<New>", std::to_string(counts.added)},
-                                           {"<Changed>", std::to_string(counts.changed)},
-                                           {"<Unchanged>", std::to_string(counts.unchanged)},
-                                           {"<Refused>", std::to_string(counts.refused)}})}});
+  std::vector<platform::Notice> lines{
+      {context.texts.Text(kTextImported, {{"<New>", std::to_string(counts.added)},
+                                          {"<Changed>", std::to_string(counts.changed)},
+                                          {"<Unchanged>", std::to_string(counts.unchanged)},
+                                          {"<Refused>", std::to_string(counts.refused)}})}};
+  for (const messages::Message& warning : warnings) {
+    lines.push_back({context.texts.Sentence(warning)});
+  }
+  context.studio->ShowWarnings(lines);
 }
 
 }  // namespace
@@ -69,7 +75,7 @@ ListChange ImportList(const DialogContext& context, const ListToImport& list) {
           return exchange::Import(dialog.plan(), context.operations, list.title, options);
         });
     if (result.success()) {
-      if (result.warnings.empty()) ShowCounts(context, dialog.plan());
+      ShowCounts(context, dialog.plan(), result.warnings);
       return dialog.plan().ChangesFormulas() ? ListChange::kFormulas : ListChange::kRows;
     }
     WarnFailure(context, result);
