@@ -31,6 +31,7 @@
 #include "studio/window_texts.h"
 #include "wx/convert.h"
 #include "wx/menu_view.h"
+#include "wx/native.h"
 #include "wx/pictures.h"
 #include "wx/table_font.h"
 
@@ -299,7 +300,7 @@ void MainWindow::Bind() {
     } else if (event.GetKeyCode() == WXK_F8 && event.GetModifiers() == wxMOD_SHIFT) {
       AddSeveral();
     } else if (!menu_.RunShortcut(event) && !undo_menu_.RunKey(event) && !RunViewKey(event) &&
-               !MoveKeyboard(event)) {
+               !MoveKeyboard(event) && !CloseLowerPane(event)) {
       event.Skip();
     }
   });
@@ -353,6 +354,12 @@ bool MainWindow::MoveKeyboard(const wxKeyEvent& event) {
   session_->add_in().NodeKeyDown(session_->studio().project(), tree_.SelectedKey(), "", code,
                                  shift);
   return true;
+}
+
+// Escape in tree and table; text that is typed has a use for it of its own.
+bool MainWindow::CloseLowerPane(const wxKeyEvent& event) {
+  if (event.GetKeyCode() != WXK_ESCAPE || event.HasAnyModifiers()) return false;
+  return !wx::TextHasKeyboard(*this) && panes_.CloseLower();
 }
 
 void MainWindow::OnClose(wxCloseEvent& event) {

@@ -99,6 +99,7 @@ class MainWindow : public wxFrame {
   void ShowTitle();
   std::string NameOfNode(const std::string& key) const;
   bool MoveKeyboard(const wxKeyEvent& event);
+  bool CloseLowerPane(const wxKeyEvent& event);
   bool RunViewKey(const wxKeyEvent& event);
   // The tree has the keyboard, in sight again if it was not.
   void TakeTree();

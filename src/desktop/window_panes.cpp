@@ -176,23 +176,40 @@ void WindowPanes::PutCodeBeside(bool beside) {
 void WindowPanes::Connect(LowerPane& pane) {
   lower_->GetSizer()->Add(&pane, wxSizerFlags(1).Expand());
   pane.on_visible = [this, &pane] {
-    const int table = rows_->GetSashPosition();
+    int table = rows_->GetSashPosition();
     rows_->SetSashGravity(0);
     if (pane.IsShown()) {
+      if (!whole_->IsSplit()) table_alone_ = table;
       for (wxWindow* other : lower_->GetChildren()) {
         if (other != &pane) other->Hide();
       }
-      if (!whole_->IsSplit())
-        whole_->SplitHorizontally(columns_, lower_, -pane.GetBestSize().GetHeight());
+      const int height = pane.GetBestSize().GetHeight();
+      if (!whole_->IsSplit()) {
+        whole_->SplitHorizontally(columns_, lower_, -height);
+      } else if (lower_->GetSize().GetHeight() < height) {
+        whole_->SetSashPosition(-height);
+      }
       // The order of Tab was made without what was hidden then.
       lower_->MoveAfterInTabOrder(columns_);
     } else {
       whole_->Unsplit(lower_);
+      if (table == table_beside_pane_) table = table_alone_;
     }
     lower_->Layout();
     rows_->SetSashGravity(kUpperShare);
     rows_->SetSashPosition(table);
+    table_beside_pane_ = rows_->GetSashPosition();
   };
+}
+
+bool WindowPanes::CloseLower() {
+  for (wxWindow* child : lower_->GetChildren()) {
+    auto* pane = dynamic_cast<LowerPane*>(child);
+    if (!pane || !pane->IsShown()) continue;
+    pane->Close();
+    return true;
+  }
+  return false;
 }
 
 void WindowPanes::ShowStrip(bool shown) {

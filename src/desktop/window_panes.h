@@ -49,6 +49,8 @@ class WindowPanes {
   void ShowUpper(Upper upper);
   // Above the editor.
   void ShowStrip(bool shown);
+  // Closes the pane below tree, table and code; false when there is none.
+  bool CloseLower();
   bool TreeShown() const;
   bool CodeShown() const;
   bool CodeBeside() const { return place_.code_beside; }
@@ -79,6 +81,10 @@ class WindowPanes {
   // One of the lower panes is shown; closing it gives its room back.
   void Connect(LowerPane& pane);
 
+  // Height of the table before a pane was opened below, and what was left of it: it comes back with
+  // the pane's end unless its user has chosen another one.
+  int table_alone_ = 0;
+  int table_beside_pane_ = 0;
   bool project_shown_ = false;
   NoticeBar* notices_;
   wxSplitterWindow* whole_;

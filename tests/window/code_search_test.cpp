@@ -83,6 +83,22 @@ TEST_F(CodeSearchTest, ShowsUsesOfWhatIsSelectedAndGoesThere) {
   EXPECT_EQ(CaretLine(), "    Level = Level - Amount\n");
 }
 
+// The pane has room for what it shows, and goes by Escape from the table above it, too.
+TEST_F(CodeSearchTest, ThePaneComesWithRoomAndGoesByEscape) {
+  Input({"key F6 sleep 0.2 key Home key shift+F12 sleep 0.3"});
+  const auto room = [&] { return FindChild<desktop::PlaceTable>(Pane())->GetSize().GetHeight(); };
+  const int alone = room();
+  Input({"key ctrl+shift+f sleep 0.3"});
+  EXPECT_GE(room(), alone) << "the fields took it";
+  Input({"key F6 sleep 0.2 key ctrl+f sleep 0.2", "type --delay 40 Le", "key Escape"});
+  EXPECT_TRUE(Pane().IsShown()) << "the key was the filter's";
+  Input({"key F2 sleep 0.3 key Escape"});
+  EXPECT_TRUE(Pane().IsShown()) << "the key was the cell's";
+  Input({"key Escape"});
+  EXPECT_FALSE(Pane().IsShown());
+  EXPECT_TRUE(program.Grid().HasFocus());
+}
+
 TEST_F(CodeSearchTest, TheNameAtTheCaretHasUsesAndADefinition) {
   program.GoToCode();
   program.Code().GotoPos(program.Code().FindText(0, 10000, "Amount\n"));
