@@ -64,6 +64,10 @@ FDuplicate::FDuplicate(const DialogContext& context, const exchange::CopySource&
   txtName.on_change = [this] { Plan(); };
   cmbClass.on_click = [this] { Plan(); };
   txtPairs.on_change = [this] { Plan(); };
+  txtPairs.on_key_down = [this](forms::KeyEvent& key) {  // Enter alone begins a new line
+    key.handled = key.key_code == forms::kKeyReturn && key.shift == forms::kControl;
+    if (key.handled) Accept();
+  };
   Plan();
 }
 

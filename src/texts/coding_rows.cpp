@@ -41,7 +41,7 @@ std::span<const Row> CodingRows() {
       {4666, "Der Datenfluss wurde nicht zu Ende gelesen.",
        "The data flow was not read to the end."},
       {4667, "Der Datenfluss lässt sich nicht zeigen.", "The data flow cannot be shown."},
-      {4668, "Datenfluss speichern", "Save Data Flow"},
+      {4668, "Datenfluss speichern", "Save data flow"},
       {4669, "Bild (*.svg)|*.svg|Beschreibung für Graphviz (*.dot)|*.dot",
        "Picture (*.svg)|*.svg|Description for Graphviz (*.dot)|*.dot"},
       {4670, "Der Datenfluss lässt sich nicht speichern.", "The data flow cannot be saved."},

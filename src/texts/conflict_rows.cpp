@@ -7,10 +7,10 @@ namespace texts {
 namespace {
 
 constexpr Row kRows[] = {
-    {4400, "Zweimal geändert", "Changed Twice"},
+    {4400, "Zweimal geändert", "Changed twice"},
     {4401, "Zeile <Line>:", "Line <Line>:"},
     {4402, "&Kopie ablegen...", "&Keep a Copy..."},
-    {4403, "Ihren Text als Kopie ablegen", "Keep a Copy of Your Text"},
+    {4403, "Ihren Text als Kopie ablegen", "Keep a copy of your text"},
     {4404, "Textdateien (*.txt)|*.txt|Alle Dateien|*", "Text files (*.txt)|*.txt|All files|*"},
     {4405, "Ihr Text liegt in <File>; gezeigt wird der Stand der Datei.",
      "Your text is in <File>; what is shown is what the file holds."},

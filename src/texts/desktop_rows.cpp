@@ -7,7 +7,7 @@ namespace texts {
 namespace {
 
 constexpr Row kRows[] = {
-    {1500, "Item auswählen", "Choose Item"},
+    {1500, "Item auswählen", "Choose item"},
     {1501, "&Suchen:", "&Search:"},
     {1502, "Item", "Item"},
     {1503, "Typ", "Type"},
@@ -124,8 +124,8 @@ constexpr Row kRows[] = {
      "Start the program with the project's code page, for example --code-page 1251; it is "
      "remembered."},
     {1579, "Es gibt nichts zu speichern.", "There is nothing to save."},
-    {1580, "Neues Projekt", "New Project"},
-    {1581, "Projekt öffnen", "Open Project"},
+    {1580, "Neues Projekt", "New project"},
+    {1581, "Projekt öffnen", "Open project"},
     {1582, "Die Sicherung lässt sich nicht wiederherstellen.", "The backup cannot be restored."},
     {1583, "Zuletzt geöffnete Projekte", "Recent projects"},
     {1584, "Projekte, die Sie öffnen, stehen beim nächsten Mal hier.",

@@ -26,7 +26,7 @@ constexpr Row kRows[] = {
     {1608, "Item aus dem Katalog wählen", "Choose an item from the catalogue"},
     {1609, "Noch keine Aliase. Legen Sie zuerst unter „Aliasbezeichner“ mit F8 einen an.",
      "No aliases yet. Create one first, with F8 under \"Alias Identifier\"."},
-    {1610, "Alias wählen", "Choose Alias"},
+    {1610, "Alias wählen", "Choose alias"},
     {1611, "&Suchen:", "&Search:"},
     {1612, "Kein Alias und kein Item enthält „<Text>“.",
      "No alias and no item contains \"<Text>\"."},

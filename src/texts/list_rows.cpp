@@ -9,10 +9,10 @@ namespace {
 constexpr Row kRows[] = {
     {4100, "&Importieren...", "&Import..."},
     {4101, "&Exportieren...", "&Export..."},
-    {4102, "Liste importieren", "Import List"},
+    {4102, "Liste importieren", "Import list"},
     {4103, "Listen (*.csv;*.txt;*.json)|*.csv;*.txt;*.json;*.CSV;*.TXT;*.JSON|Alle Dateien (*.*)|*",
      "Lists (*.csv;*.txt;*.json)|*.csv;*.txt;*.json;*.CSV;*.TXT;*.JSON|All files (*.*)|*"},
-    {4104, "Projekt exportieren", "Export Project"},
+    {4104, "Projekt exportieren", "Export project"},
     {4105,
      "Alles (JSON, *.json)|*.json|Aliase (CSV, *.csv)|*.csv|Formeln mit Argumenten (CSV, "
      "*.csv)|*.csv",
@@ -61,12 +61,12 @@ constexpr Row kRows[] = {
      "There is nothing to do: everything is there already."},
     {4137, "Diese Spalten bleiben unbeachtet: <Names>", "These columns are ignored: <Names>"},
     {4138, "Keine solche Zeile.", "No such line."},
-    {4139, "Die Liste wird geprüft", "Checking the List"},
-    {4140, "Die Liste wird importiert", "Importing the List"},
+    {4139, "Die Liste wird geprüft", "Checking the list"},
+    {4140, "Die Liste wird importiert", "Importing the list"},
     {4141,
      "Importiert: <New> neu, <Changed> geändert, <Unchanged> unverändert, <Refused> ausgelassen.",
      "Imported: <New> new, <Changed> changed, <Unchanged> unchanged, <Refused> left out."},
-    {4142, "Ausgelassene Zeilen speichern", "Save the Lines Left Out"},
+    {4142, "Ausgelassene Zeilen speichern", "Save the lines left out"},
     {4143, "Keine Zeile ist abgelehnt.", "No line is refused."},
     {4144, "<New> neu, <Changed> geändert, <Unchanged> unverändert, <Refused> abgelehnt",
      "<New> new, <Changed> changed, <Unchanged> unchanged, <Refused> refused"},
@@ -80,7 +80,7 @@ constexpr Row kRows[] = {
     {4160, "D&uplizieren...", "Dup&licate..."},
     {4161, "Formel duplizieren, auch mit anderen Namen",
      "Duplicate the formula, also with other names"},
-    {4162, "Formel duplizieren: <Name>", "Duplicate Formula: <Name>"},
+    {4162, "Formel duplizieren: <Name>", "Duplicate formula: <Name>"},
     {4163, "&Name der Kopie:", "&Name of the copy:"},
     {4164, "durch die Ersetzungen, sonst der nächste freie",
      "by the replacements, or the next free one"},
@@ -88,18 +88,17 @@ constexpr Row kRows[] = {
     {4166, "&Ersetzen:", "&Replace:"},
     {4167,
      "In jeder Zeile ALT=NEU, in Name, Argumenten, Items, Kommentar und Code. Reihen machen "
-     "mehrere "
-     "Kopien: Tank1=Tank{2..8}",
+     "mehrere Kopien: Tank1=Tank{2..8}. Die Eingabetaste beginnt eine neue Zeile; Strg+Eingabe "
+     "dupliziert.",
      "OLD=NEW in each line, in name, arguments, items, comment and code. Series make several "
-     "copies: "
-     "Tank1=Tank{2..8}"},
+     "copies: Tank1=Tank{2..8}. Enter begins a new line; Ctrl+Enter duplicates."},
     {4168, "&Vorschau:", "&Preview:"},
     {4169, "„<Word>“: Es wird ALT=NEU gebraucht.", "\"<Word>\": OLD=NEW is needed."},
     {4170, "&Duplizieren", "&Duplicate"},
-    {4171, "Die Formel wird dupliziert", "Duplicating the Formula"},
+    {4171, "Die Formel wird dupliziert", "Duplicating the formula"},
 
     // Several arguments at once.
-    {4190, "<Count> Argumente bearbeiten", "Edit <Count> Arguments"},
+    {4190, "<Count> Argumente bearbeiten", "Edit <Count> arguments"},
     {4191, "&Übergabewert:", "&Input value:"},
     {4192, "&Rückgabewert:", "&Return value:"},
     {4193, "bei jedem lassen, wie er ist", "leave each as it is"},

@@ -15,7 +15,7 @@ constexpr Row kRows[] = {
     {4754, "<Count> Argumente: <Names>", "<Count> arguments: <Names>"},
     {4755, "Es gibt keinen Alias <Name>. Legen Sie ihn zuerst an, oder ändern Sie die Reihe.",
      "There is no alias <Name>. Add it first, or change the series."},
-    {4756, "Die Aliase werden angelegt", "Adding the Aliases"},
+    {4756, "Die Aliase werden angelegt", "Adding the aliases"},
 
     // Drag and drop.
     {4770, "Formeln nach <Class> kopieren: <Count>", "Copy formulas to <Class>: <Count>"},
@@ -27,8 +27,8 @@ constexpr Row kRows[] = {
 
     // The scan time of several formulas.
     {4790, "Abtast&zeit...", "&Scan Time..."},
-    {4791, "Abtastzeit von <Name>", "Scan Time of <Name>"},
-    {4792, "Abtastzeit von <Count> Formeln", "Scan Time of <Count> Formulas"},
+    {4791, "Abtastzeit von <Name>", "Scan time of <Name>"},
+    {4792, "Abtastzeit von <Count> Formeln", "Scan time of <Count> formulas"},
     {4793, "&Abtastzeit (ms)", "&Scan time (ms)"},
     {4794, "Nur asynchrone Formeln haben eine Abtastzeit: <Count> von <Total> ausgewählten.",
      "Only asynchronous formulas have a scan time: <Count> of <Total> selected."},

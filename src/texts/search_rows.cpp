@@ -39,7 +39,7 @@ constexpr Row kRows[] = {
     {3931, "Groß- und Kleinschreibung beachten", "Match case"},
     {3932, "Suchen", "Find"},
     {3933, "Ersetzen...", "Replace..."},
-    {3934, "Im gesamten Code ersetzen", "Replace in All Code"},
+    {3934, "Im gesamten Code ersetzen", "Replace in all code"},
     {3935, "Stellen: <Count>, in Dateien: <Files>. So ändern sich die Zeilen:",
      "Places: <Count>, in files: <Files>. The lines change like this:"},
     {3936, "&Ersetzen", "&Replace"},

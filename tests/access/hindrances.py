@@ -42,7 +42,7 @@ def keyboard_goes_round(desk):
     menus_show_their_entries()
     focus(expect("tree table", "Project tree"))
     press("ctrl+n")
-    wait("question for a new project", lambda: says("New Project"))
+    wait("question for a new project", lambda: says("New project"))
     press("Escape")
     active("Plant.ovs")
     press("ctrl+q")

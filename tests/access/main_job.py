@@ -15,10 +15,10 @@ from bus import (Desk, active, expect, fail, find, focus, gone, press, wait, wal
 
 WORDS = {
     "en": dict(tree="Project tree", formulas="Formulas", folder="Formula Definition",
-               aliases="Alias Identifier", formula="New Formula", name="Name",
+               aliases="Alias Identifier", formula="New formula", name="Name",
                prog_id="Class Name", call="Call Formula", scan="Scan Time", comment="Comment",
-               enabled="Definition enabled", arguments="Arguments", argument="New Argument",
-               alias_table="Aliases", new_alias="New Alias", alias="VBAlias", item="Item Name",
+               enabled="Definition enabled", arguments="Arguments", argument="New argument",
+               alias_table="Aliases", new_alias="New alias", alias="VBAlias", item="Item Name",
                into="Input Value",
                out="Return Value", ok="OK", cancel="Cancel", help="Help", contents="Contents",
                search="Search", page="Page", code="Code", project="Project", extras="Extras",

@@ -28,7 +28,7 @@ class DialogFlows : public testing::TestWithParam<texts::Language> {
 TEST_P(DialogFlows, TitlesOfTheWorkbenchSayWhatIsDone) {
   bench.context->in_workbench = true;
   bench.In<FFunction>([&](FFunction& dialog) {
-    EXPECT_EQ(dialog.Caption(), In("Neue Formel", "New Formula"));
+    EXPECT_EQ(dialog.Caption(), In("Neue Formel", "New formula"));
     dialog.ChooseClass("PumpServer.CPump");
     dialog.cmdOk.Click();
   });
@@ -41,9 +41,9 @@ TEST_P(DialogFlows, TitlesOfTheWorkbenchSayWhatIsDone) {
 
   // An argument of an alias that is made on the way.
   bench.In<FParameter>([&](FParameter& dialog) {
-    EXPECT_EQ(dialog.Caption(), In("Neues Argument", "New Argument"));
+    EXPECT_EQ(dialog.Caption(), In("Neues Argument", "New argument"));
     bench.In<FAlias>([&](FAlias& alias) {
-      EXPECT_EQ(alias.Caption(), In("Neuer Alias", "New Alias"));
+      EXPECT_EQ(alias.Caption(), In("Neuer Alias", "New alias"));
       alias.txtItemname.SetText("Tank1.Level");
       alias.cmdOk.Click();
     });

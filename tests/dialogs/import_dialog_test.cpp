@@ -103,7 +103,7 @@ TEST_F(ImportDialog, StoppedOrLeftItChangesNothing) {
   EXPECT_EQ(Import(list), ListChange::kNothing);
   // Stopped while it runs: the preview comes again.
   bench.toolkit.on_progress = [this](std::size_t, std::size_t) {
-    return bench.toolkit.tasks.back() != "Importing the List";
+    return bench.toolkit.tasks.back() != "Importing the list";
   };
   bench.In<FImport>([](FImport& dialog) { dialog.cmdOk.Click(); });
   bench.In<FImport>([](FImport& dialog) {

@@ -27,7 +27,7 @@ TEST(ManyArguments, AreEditedAsOne) {
   forms::Grid& grid = bench.Window().tdbP;
   grid.SetSelection({all[0], all[1]});
   bench.In<FArguments>([](FArguments& dialog) {
-    EXPECT_EQ(dialog.Caption(), "Edit 2 Arguments");
+    EXPECT_EQ(dialog.Caption(), "Edit 2 arguments");
     EXPECT_EQ(dialog.lblNames.Caption(), "Level, Pump");
     dialog.cmbOut.SetListIndex(1);
     dialog.cmdOk.Click();

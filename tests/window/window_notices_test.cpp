@@ -111,7 +111,7 @@ TEST(WindowNotices, F1InTheItemChooserIsAboutIt) {
   HelpReader help;
   Input({"key --delay 60 Home Down", "key F8 sleep 0.8", "key Tab key space sleep 0.8",
          "key F1 sleep 1.2", "key Escape sleep 0.6 key Escape"});
-  EXPECT_EQ(help.page.find("The dialog Choose Item"), help.page.find("The dialog")) << help.page;
+  EXPECT_EQ(help.page.find("The dialog Choose item"), help.page.find("The dialog")) << help.page;
   EXPECT_FALSE(help.page.empty());
 }
 
