@@ -28,6 +28,7 @@ constexpr messages::TextNumber kNoArguments{1620};
 constexpr messages::TextNumber kNoFormulaSelected{1621};
 constexpr messages::TextNumber kNoAliases{1622};
 constexpr messages::TextNumber kNothingFound{1623};
+constexpr messages::TextNumber kFound{4985};
 constexpr messages::TextNumber kArguments{1633};
 constexpr messages::TextNumber kAliases{1634};
 constexpr messages::TextNumber kMissing{4385};
@@ -65,6 +66,7 @@ frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::
   tdbA.SetAccessibleName(Text(kAliases));
   lblFind.SetVisible(false);
   txtFind.SetVisible(false);
+  lblFound.SetVisible(false);
   SetResizable(true);
   SetMinimumSize(kMinimumWidth, kMinimumHeight);
   SetHelpContextId(dialogs::kEditorHelpTopic);
@@ -232,8 +234,13 @@ void frmtabgrid::RebindGrid(forms::Grid& grid, bool other_rows) {
 }
 
 void frmtabgrid::ShowEmptyText() {
-  if (!CurrentGrid().Filter().empty()) {
-    CurrentGrid().SetEmptyText(context_.texts.Text(kNothingFound, {{"<Text>", txtFind.Text()}}));
+  forms::Grid& grid = CurrentGrid();
+  lblFound.SetVisible(!grid.Filter().empty());
+  if (!grid.Filter().empty()) {
+    lblFound.SetCaption(context_.texts.Text(
+        kFound, {{"<Count>", std::to_string(grid.RowCount())},
+                 {"<Total>", std::to_string(grid.Source() ? grid.Source()->RowCount() : 0)}}));
+    grid.SetEmptyText(context_.texts.Text(kNothingFound, {{"<Text>", txtFind.Text()}}));
     return;
   }
   tdbP.SetEmptyText(Text(IsFormulaKey(key_) ? kNoArguments : kNoFormulaSelected));
@@ -361,6 +368,7 @@ void frmtabgrid::CloseFind() {
   txtFind.SetText({});
   lblFind.SetVisible(false);
   txtFind.SetVisible(false);
+  lblFound.SetVisible(false);
   abr_Resize(ClientWidth(), ClientHeight());
 }
 

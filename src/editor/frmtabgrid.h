@@ -43,6 +43,7 @@ class frmtabgrid : public forms::Form,
   forms::Toolbar tbrfunc{this, "tbrfunc"};
   forms::Label lblFind{this, "lblFind"};
   forms::TextBox txtFind{this, "txtFind"};
+  forms::Label lblFound{this, "lblFound"};  // how many rows the search left
   forms::Grid tdbP{this, "tdbP"};
   forms::Splitter pctParamTabSplit{this, "pctParamTabSplit"};
   forms::Grid tdbA{this, "tdbA"};

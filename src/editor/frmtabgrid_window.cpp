@@ -15,6 +15,8 @@ constexpr double kToolbarHeight = 450;
 constexpr double kStatusBarHeight = 330;
 constexpr double kFindHeight = 330;
 constexpr double kFindLabelWidth = 1200;
+constexpr double kFindLabelTop = 60;  // beside the text of the field
+constexpr double kFoundWidth = 2400;
 constexpr double kFindMargin = 60;
 
 constexpr messages::TextNumber kSettingsNotWritten{1627};
@@ -26,9 +28,11 @@ void frmtabgrid::abr_Resize(double width, double height) {
   const double status = sb.Visible() ? std::max(sb.Height(), kStatusBarHeight) : 0;
   const double find = txtFind.Visible() ? kFindHeight + kFindMargin : 0;
   tbrfunc.SetBounds({0, 0, width, toolbar});
-  lblFind.SetBounds({kFindMargin, toolbar, kFindLabelWidth, kFindHeight});
-  txtFind.SetBounds({kFindMargin + kFindLabelWidth, toolbar,
-                     std::max(0.0, width - kFindLabelWidth - 2 * kFindMargin), kFindHeight});
+  const double label = toolbar + kFindLabelTop;
+  lblFind.SetBounds({kFindMargin, label, kFindLabelWidth, kFindHeight});
+  const double field = std::max(0.0, width - kFindLabelWidth - kFoundWidth - 3 * kFindMargin);
+  txtFind.SetBounds({kFindMargin + kFindLabelWidth, toolbar, field, kFindHeight});
+  lblFound.SetBounds({2 * kFindMargin + kFindLabelWidth + field, label, kFoundWidth, kFindHeight});
   sb.SetBounds({0, height - status, width, status});
   const double top = toolbar + find;
   const forms::Bounds grids{0, top, width, std::max(0.0, height - top - status)};

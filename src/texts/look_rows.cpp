@@ -22,6 +22,8 @@ std::span<const Row> LookRows() {
       {4946, "Aliase", "Aliases"},
       {4947, "Formeln", "Formulas"},
       {4948, "&Neuer Alias...", "&New Alias..."},
+      // Beside the search of a table.
+      {4985, "<Count> von <Total>", "<Count> of <Total>"},
   });
   return kRows;
 }

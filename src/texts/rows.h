@@ -55,7 +55,7 @@ std::span<const Row> ConflictRows();  // 4400 to 4449: code changed twice
 std::span<const Row> StudioRows();    // 4475 to 4499: the editor in the studio
 std::span<const Row> FrameRows();     // 4500 to 4649: the window's tree, messages and options
 
-std::span<const Row> LookRows();    // 4930 to 4969: fonts and titles of the window
+std::span<const Row> LookRows();    // 4930 to 4989: look of the window
 std::span<const Row> CodingRows();  // 4650 to 4749: data flow and writing code in the window
 std::span<const Row> NoticeRows();  // 4850 to 4899: notices in the window, rows changed twice
 

@@ -59,7 +59,7 @@ std::span<const Area> Areas() {
       {"notice", TextNumber{4850}, TextNumber{4899}, NoticeRows()},
       {"many", TextNumber{4750}, TextNumber{4849}, ManyRows()},
       {"frame", TextNumber{4500}, TextNumber{4649}, FrameRows()},
-      {"look", TextNumber{4930}, TextNumber{4969}, LookRows()},
+      {"look", TextNumber{4930}, TextNumber{4989}, LookRows()},
   });
   return kAreas;
 }

@@ -76,7 +76,8 @@ class FlowBuilder {
       if (list) {
         FlushLabel();
       } else {
-        AddCell(&pending_label_->Window(), 0, wxALIGN_CENTRE_VERTICAL);
+        const bool tall = view.Model().Layout().min_lines > 1;  // it stands beside the first line
+        AddCell(&pending_label_->Window(), 0, tall ? wxALIGN_TOP : wxALIGN_CENTRE_VERTICAL);
         pending_label_ = nullptr;
       }
     }

@@ -234,6 +234,8 @@ TEST(GridEditing, FindKeepsTheRowsThatContainTheText) {
   bench.Window().txtFind.SetText("VALVE");
   EXPECT_EQ(grid.RowCount(), 1u);
   EXPECT_EQ(grid.Cell(0, kVBAliasColumn).ToText(), "Valve");
+  EXPECT_TRUE(bench.Window().lblFound.Visible());
+  EXPECT_EQ(bench.Window().lblFound.Caption(), "1 of 3");
   bench.Window().txtFind.SetText("nothing");
   EXPECT_THAT(grid.EmptyText(), HasSubstr("nothing"));
   forms::KeyEvent escape{forms::kKeyEscape, 0};
