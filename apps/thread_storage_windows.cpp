@@ -10,6 +10,11 @@
 #include <cerrno>
 #include <cstdlib>
 
+// The run-time library's own: gives back the memory that it keeps for exceptions without memory.
+namespace __gnu_cxx {
+void __freeres();
+}
+
 namespace {
 
 struct Key {
@@ -39,6 +44,7 @@ class Keys {
       if (key.index != 0) FlsFree(key.index);
       key.index = FLS_OUT_OF_INDEXES;
     }
+    __gnu_cxx::__freeres();
   }
   Keys(const Keys&) = delete;
   Keys& operator=(const Keys&) = delete;

@@ -97,6 +97,8 @@ void Rounds(const Files& files, int count) {
   const std::uintptr_t of_the_system = static_cast<std::uintptr_t>(count);
   Demand(loaded.handles <= after.handles + kFew + of_the_system, "handles leak with the module");
   Demand(loaded.storage <= after.storage, "thread storage leaks with the module");
+  constexpr SIZE_T kMuch = 8 * 1024 * 1024;
+  Demand(loaded.memory <= after.memory + kMuch, "memory leaks with the module");
 }
 
 void MeasureOpening(const Files& files) {
