@@ -50,7 +50,7 @@ class RowsView : public ControlView {
   NativeList& Native() { return native_; }
   RowsModel& Cells() const { return *cells_; }
   // Runs a task when no event of the list is being handled.
-  void Later(std::function<void()> task) { list_->CallAfter(std::move(task)); }
+  void Later(const std::function<void()>& task) { list_->CallAfter(task); }
   void ShowCurrent();
 
  private:
