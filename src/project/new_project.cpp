@@ -23,7 +23,7 @@ std::vector<std::string> CompleteDatabase(files::FileSystem& system, const std::
   recordset::JetConnection connection(system, engine);
   connection.Open(store::ProjectConnectionString(path));
   if (dry_run) connection.BeginTrans();
-  const std::vector<std::string> added = store::CompleteSchema(connection);
+  std::vector<std::string> added = store::CompleteSchema(connection);
   if (dry_run) connection.RollbackTrans();
   connection.Close();
   return added;
