@@ -81,7 +81,8 @@ void ChangeWatch::LookForForeignChanges() {
 
 void ChangeWatch::LookForFindings() {
   editor::frmtabgrid* editor = own_.session.add_in().EditorWindow();
-  const std::vector<std::string> changed = editor ? seen_.TakeNews() : std::vector<std::string>();
+  if (!editor) return;
+  const std::vector<std::string> changed = seen_.TakeNews();
   if (changed.empty()) return;
   // A class whose file came or went concerns rows of formulas.
   check::Changed part{false, {changed.begin(), changed.end()}};

@@ -185,7 +185,7 @@ std::string CheckList::Preview(const check::Parts& parts,
   };
   const check::RepairResult result = Mend(parts, findings, dry);
   if (!TellFailure(result.operation)) return {};
-  const std::string text = project::RowsText(result.operation.rows) + code;
+  std::string text = project::RowsText(result.operation.rows) + code;
   if (text.empty()) own_.messages.Status(own_.parts.Text(kTextNothingToRepair));
   return text;
 }

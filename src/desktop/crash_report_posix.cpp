@@ -5,6 +5,7 @@
 
 #include <array>
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
 
 #include "desktop/crash_report.h"
@@ -47,7 +48,7 @@ void CatchFaults() {
   void* frame[1];
   backtrace(frame, 1);
   // A stack that ran over leaves no room for a handler.
-  static std::array<char, 64 * 1024> stack;
+  static std::array<char, std::size_t{64} * 1024> stack;
   stack_t alternative{};
   alternative.ss_sp = stack.data();
   alternative.ss_size = stack.size();
@@ -62,6 +63,7 @@ long ProcessNumber() { return getpid(); }
 
 File::File(const char* path) {
   const std::intptr_t file = open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the handle holds what the system calls a file.
   handle_ = reinterpret_cast<void*>(file);
 }
 

@@ -52,7 +52,7 @@ void FlowCanvas::BindEvents() {
   Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
-    if (!moved_) Fit();
+    if (!moved_) FitToWindow();
   });
   const auto refresh = [this](wxFocusEvent& event) {
     event.Skip();
@@ -99,7 +99,7 @@ void FlowCanvas::ShowPicture(const project::DataFlow& flow, FlowLayout layout,
         {std::move(layout.edges[i]), edge.reads && edge.writes, true, edge.writes, edge.from_code});
   }
   layout_ = std::move(layout);
-  Fit();
+  FitToWindow();
 }
 
 void FlowCanvas::ShowMessage(const std::string& message) {
@@ -138,7 +138,7 @@ const FlowCanvas::Node* FlowCanvas::NodeAt(const wxPoint& pixel) const {
 }
 
 // All of it when that can be read; otherwise around the node that it is about.
-void FlowCanvas::Fit() {
+void FlowCanvas::FitToWindow() {
   moved_ = false;
   Refresh();
   const wxSize room = GetClientSize();
@@ -229,7 +229,7 @@ void FlowCanvas::OnKey(wxKeyEvent& event) {
     case '0':
     case WXK_NUMPAD0:
     case WXK_HOME:
-      return Fit();
+      return FitToWindow();
     case WXK_TAB:
       Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
                                  : wxNavigationKeyEvent::IsForward);

@@ -73,7 +73,7 @@ class FlowCanvas : public wxWindow {
   double Scale() const;  // pixels of a point
   wxPoint2DDouble ToPixels(const project::FlowLayout::Point& point) const;
   const Node* NodeAt(const wxPoint& pixel) const;
-  void Fit();
+  void FitToWindow();
   void ZoomAt(const wxPoint& pixel, double factor);
   void Move(double x, double y);
 

@@ -112,7 +112,6 @@ int RunApp(int, char**) {
 wxString NativeParts() {
   return "libpng: PNG Reference Library License 2\n"
          "zlib: zlib licence\n"
-         "PCRE2: BSD licence\n"
          "MinGW-w64 runtime: Zope Public License 2.1, MIT licence (winpthreads)";
 }
 
