@@ -78,6 +78,7 @@ void ShowKeyList(wxWindow* parent, const std::vector<KeyRow>& keys, const texts:
                                 {texts.Text(kTextKey), 18},
                                 {texts.Text(kTextKeyCommand), 0}});
   std::vector<PlaceTable::Row> rows;
+  rows.reserve(keys.size());
   for (const KeyRow& row : keys) rows.push_back({row.menu, row.key, row.command});
   table->ShowRows(std::move(rows));
   auto* close = new wxButton(&dialog, wxID_CANCEL, text(studio::kTextClose));

@@ -65,6 +65,7 @@ bool ListExchange::KeepRefused(project::Project& project, const std::string& lis
   if (dialog.ShowModal() != wxID_OK) return false;
   const std::string path = wx::FromWx(dialog.GetPath());
   std::vector<exchange::RefusedLine> lines;
+  lines.reserve(refused.size());
   for (const auto& line : refused) {
     lines.push_back({line.place, parts_.texts.Sentence(line.reason)});
   }

@@ -18,7 +18,7 @@
 
 namespace desktop {
 
-MainMenu::MainMenu(wxFrame& frame, const texts::TextTable& texts, Commands commands)
+MainMenu::MainMenu(wxFrame& frame, const texts::TextTable& texts, const Commands& commands)
     : texts_(texts) {
   auto* bar = new wxMenuBar;
   bar->Append(ProjectMenu(commands), wx::ToWx(texts_.Text(studio::kTextMenuProject)));

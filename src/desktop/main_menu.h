@@ -31,7 +31,7 @@ class MainMenu {
   };
 
   // Gives the frame its menu bar. Both outlive this object.
-  MainMenu(wxFrame& frame, const texts::TextTable& texts, Commands commands);
+  MainMenu(wxFrame& frame, const texts::TextTable& texts, const Commands& commands);
 
   void ShowRecent(const std::vector<std::string>& paths);
   void ShowBackups(const std::vector<std::string>& names);
