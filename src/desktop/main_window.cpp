@@ -122,7 +122,7 @@ BackupKeeper::Dependencies MainWindow::BackupDependencies() {
   return {parts_,
           messages_,
           [this](const std::vector<std::string>& names) { menu_.ShowBackups(names); },
-          [this](std::function<void()> task) { CallAfter(std::move(task)); },
+          [this](const std::function<void()>& task) { CallAfter(task); },
           [this] { return CloseProject(); },
           [this](const std::string& path) { return OpenProject(path); }};
 }

@@ -271,12 +271,12 @@ std::size_t TreeArrangement::IndexOf(Node node) const {
 }
 
 std::string TreeArrangement::TextOf(Node node) const {
-  const StudioNode& shown = *ToNode(node);
-  if (Dimmed(node)) return texts_.Text(kTextDisabledFormula, {{"<Name>", shown.text}});
+  std::string text = ToNode(node)->text;
+  if (Dimmed(node)) return texts_.Text(kTextDisabledFormula, {{"<Name>", text}});
   const Group* group = Grouped() ? GroupAt(node) : nullptr;
-  if (!group) return shown.text;
+  if (!group) return text;
   return texts_.Text(kTextGroupOfFormulas,
-                     {{"<Name>", shown.text}, {"<Count>", std::to_string(group->formulas.size())}});
+                     {{"<Name>", text}, {"<Count>", std::to_string(group->formulas.size())}});
 }
 
 std::string TreeArrangement::PictureOf(Node node) const {
