@@ -53,20 +53,20 @@ class OpenedProject {
         {"add an alias",
          [=, this] {
            const store::AliasValues values[] = {{"New.Item" + number, "NewAlias" + number}};
-           const OperationResult result = operations().AddAliases(values);
+           OperationResult result = operations().AddAliases(values);
            alias_ = result.id();
            return result;
          }},
         {"add a formula",
          [=, this] {
-           const OperationResult result = operations().AddFormula({"Added" + number, first});
+           OperationResult result = operations().AddFormula({"Added" + number, first});
            formula_ = result.id();
            return result;
          }},
         {"add an argument",
          [this] {
            const store::ArgumentValues values[] = {{alias_, true, false}};
-           const OperationResult result = operations().AddArguments(formula_, values);
+           OperationResult result = operations().AddArguments(formula_, values);
            argument_ = result.id();
            return result;
          }},

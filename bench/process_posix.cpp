@@ -17,6 +17,7 @@ namespace bench {
 
 ProcessResult RunProcess(const std::vector<std::string>& command, const std::string& output) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& part : command) arguments.push_back(const_cast<char*>(part.c_str()));
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;
@@ -41,7 +42,8 @@ ProcessResult RunProcess(const std::vector<std::string>& command, const std::str
 }
 
 bool IsInstalled(const std::string& program) {
-  std::istringstream folders(getenv("PATH") ? getenv("PATH") : "");
+  const char* path = getenv("PATH");
+  std::istringstream folders(path ? path : "");
   for (std::string folder; std::getline(folders, folder, ':');) {
     if (access((folder + "/" + program).c_str(), X_OK) == 0) return true;
   }

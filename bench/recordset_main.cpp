@@ -24,8 +24,6 @@
 namespace bench {
 namespace {
 
-using platform::Variant;
-
 constexpr const char* kHeader =
     "SELECT TvbfFormulas.Name, TvbfFormulas.ProgID, TvbfAlias.VBAlias "
     "FROM (TvbfParams INNER JOIN TvbfAlias ON TvbfParams.AliasID = TvbfAlias.ID) "
@@ -324,6 +322,7 @@ double WalkGoneRowsOnce(Databases& data) {
 
 double WalkGoneRows(Databases& data) {
   std::vector<double> times;
+  times.reserve(7);
   for (int round = 0; round < 7; ++round) times.push_back(WalkGoneRowsOnce(data));
   return Median(times);
 }

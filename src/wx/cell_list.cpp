@@ -17,7 +17,7 @@ constexpr int kMinWidth = 220;
 }  // namespace
 
 CellList::CellList(wxWindow* parent, std::shared_ptr<forms::ListSource> source,
-                   std::function<void(const std::string&)> on_chosen)
+                   const std::function<void(const std::string&)>& on_chosen)
     : source_(std::move(source)),
       model_(new EntriesModel(*source_)),
       popup_(new wxPopupWindow(parent, wxBORDER_SIMPLE)),

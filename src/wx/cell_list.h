@@ -18,7 +18,7 @@ class CellList {
  public:
   // `on_chosen` is told the text of an entry that was clicked.
   CellList(wxWindow* parent, std::shared_ptr<forms::ListSource> source,
-           std::function<void(const std::string& text)> on_chosen);
+           const std::function<void(const std::string& text)>& on_chosen);
   ~CellList();
   CellList(const CellList&) = delete;
   CellList& operator=(const CellList&) = delete;

@@ -11,6 +11,7 @@
 #include <wx/textentry.h>
 
 #include <algorithm>
+#include <cassert>
 
 #include "forms/combo_box.h"
 #include "forms/fields.h"
@@ -63,6 +64,7 @@ FormWindow::~FormWindow() {
   window_->SetEvtHandlerEnabled(false);
   window_->Hide();
   // Views may still be on the stack of one of their events: they go with the widgets.
+  // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): without memory the program ends.
   auto* views = new std::vector<std::unique_ptr<ControlView>>(std::move(views_));
   wxWindow* window = window_;
   if (top_) {
@@ -303,6 +305,7 @@ void FormWindow::ApplyPlace() {
 
 wxWindow* FormWindow::FindFocusField(forms::Container& container) {
   for (forms::Control* control : container.Controls()) {
+    assert(control);
     if (auto* nested = dynamic_cast<forms::Container*>(control)) {
       if (wxWindow* found = FindFocusField(*nested)) return found;
       continue;

@@ -19,7 +19,8 @@ namespace wx {
 wxDataViewRenderer* NewTextRenderer(wxDataViewCellMode mode);
 
 // Tells which row of a list in a popup is clicked; the list does not take the keyboard by it.
-void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& item)> on_pick);
+void WatchPicks(wxDataViewCtrl& list,
+                const std::function<void(const wxDataViewItem& item)>& on_pick);
 
 // Scrolls a row of a list with a virtual model into sight. The list may lose its rows right after:
 // its own EnsureVisible would look for the row again when the program is idle.

@@ -54,7 +54,8 @@ wxDataViewRenderer* NewTextRenderer(wxDataViewCellMode mode) {
   return new wxDataViewTextRenderer("string", mode);
 }
 
-void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& item)> on_pick) {
+void WatchPicks(wxDataViewCtrl& list,
+                const std::function<void(const wxDataViewItem& item)>& on_pick) {
   list.Bind(wxEVT_LEFT_UP, [&list, on_pick](wxMouseEvent&) {
     if (const wxDataViewItem item = list.GetSelection(); item.IsOk()) on_pick(item);
   });

@@ -83,7 +83,8 @@ wxDataViewRenderer* NewTextRenderer(wxDataViewCellMode mode) {
 }
 
 // The list keeps the keyboard where it is.
-void WatchPicks(wxDataViewCtrl& list, std::function<void(const wxDataViewItem& item)> on_pick) {
+void WatchPicks(wxDataViewCtrl& list,
+                const std::function<void(const wxDataViewItem& item)>& on_pick) {
   list.GetMainWindow()->Bind(wxEVT_LEFT_DOWN, [&list, on_pick](wxMouseEvent& event) {
     wxDataViewItem item;
     wxDataViewColumn* column = nullptr;

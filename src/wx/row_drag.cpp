@@ -24,7 +24,7 @@ wxDragResult ToResult(DropEffect effect) {
 
 }  // namespace
 
-void DragRows(wxWindow& source, DraggedRows rows) {
+void DragRows(wxWindow& source, const DraggedRows& rows) {
   if (dragged || rows.ids.empty()) return;
   dragged = &rows;
   RunDrag(source);

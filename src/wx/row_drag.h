@@ -21,7 +21,7 @@ enum class DropEffect { kNone, kMove, kCopy };
 
 // Drags rows until the button is released; only while an event of the mouse is handled. What the
 // drop does is done afterwards.
-void DragRows(wxWindow& source, DraggedRows rows);
+void DragRows(wxWindow& source, const DraggedRows& rows);
 
 // The native part of DragRows: drags data of one byte in that format.
 inline constexpr const char* kRowFormat = "application/x-ovformula-rows";

@@ -109,6 +109,7 @@ platform::WindowHandle HandleOf(wxWindow* window) {
 }
 
 wxWindow* WindowOfHandle(platform::WindowHandle handle) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the handle is the window.
   auto* window = reinterpret_cast<wxWindow*>(handle);
   return window && IsAlive(window, wxTopLevelWindows) ? window : nullptr;
 }
