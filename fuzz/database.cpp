@@ -34,7 +34,7 @@ Value SampleValue(ColumnType type, int i) {
     case ColumnType::kLong:
       return Value::Integer(i % 200);
     case ColumnType::kCurrency:
-      return Value::Currency(i * 12345);
+      return Value::Currency(std::int64_t{i} * 12345);
     case ColumnType::kSingle:
     case ColumnType::kDouble:
       return Value::Real(i / 3.0);
