@@ -33,7 +33,7 @@ std::string Header(const std::string& name) {
 
 class Fixture {
  public:
-  Fixture(std::string code, bool documented)
+  Fixture(const std::string& code, bool documented)
       : environment(std::make_shared<vbfiles::Environment>(system)),
         generator(texts, &items, &components) {
     system.Put("/p/PumpServer.vbp",

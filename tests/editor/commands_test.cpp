@@ -15,7 +15,6 @@ namespace {
 
 using platform::MessageResult;
 using support::EditorBench;
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;

@@ -85,7 +85,7 @@ class FormulaCopyTest : public testing::Test {
     ImportOptions options;
     options.existing = existing;
     CopyPlan copies = PlanCopies(source, request, operations, options);
-    const std::string text = ToText(copies.plan);
+    std::string text = ToText(copies.plan);
     if (copies.plan.Count().refused > 0) return text;
     const auto result = Import(copies.plan, operations, {{kTextCopyTitle}}, {});
     EXPECT_TRUE(result.success()) << ToText(result);

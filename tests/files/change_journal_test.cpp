@@ -308,7 +308,7 @@ TEST(ChangeJournal, PutsBackItsOwnWorkAndKeepsWhatIsEditedDuringACommit) {
     for (const char* path : {"/p/a.cls", "/p/b.cls", "/p/c.cls"}) system.Put(path, "old");
     const auto file = system.Open(kDatabase, OpenMode::kReadWrite);
     TextRanges ranges(*file, {{0, "new"}}, kPage);
-    DisturbedRanges disturbed(ranges, [&] { edit(system); });
+    DisturbedRanges disturbed(ranges, [&, &change = edit] { change(system); });
     ChangeSet changes;
     changes.ranges.push_back(&disturbed);
     for (const char* path : {"/p/a.cls", "/p/b.cls", "/p/c.cls"}) {
@@ -514,7 +514,7 @@ TEST(ChangeJournal, IsFrugal) {
   EXPECT_EQ(syncs(35, {}), 3);
   EXPECT_LE(system.bytes_written(), (2 * 35 + 1) * kPage);
   EXPECT_EQ(syncs(100, {}), 3);
-  EXPECT_LE(system.bytes_written(), (2 * 100 + 1) * kPage + 100 * 96);
+  EXPECT_LE(system.bytes_written(), (2 * 100 + 1) * kPage + std::uint64_t{100} * 96);
 }
 
 TEST(ChangeJournal, TwoOfOneDatabaseTakeTurns) {
