@@ -149,6 +149,7 @@ TEST(Processes, ThatCommitAtOnceLoseNothing) {
   constexpr int kProcesses = 3;
   const int increments = Rounds(20, 500);
   std::vector<ChildProcess> children;
+  children.reserve(kProcesses);
   for (int i = 0; i < kProcesses; ++i) {
     children.emplace_back("increment-among-others",
                           Arguments{folder.path(), std::to_string(increments)});
@@ -214,6 +215,7 @@ TEST(Processes, ThatRecoverAtOnceDoNotDisturbEachOther) {
     stopped.Kill();
     stopped.Wait();
     std::vector<ChildProcess> children;
+    children.reserve(3);
     for (int i = 0; i < 3; ++i) children.emplace_back("recover", Arguments{folder.path()});
     for (ChildProcess& child : children) EXPECT_EQ(child.Wait(), 0) << "round " << round;
     EXPECT_EQ(RealFileSystem().List(folder.path()).size(), 3u);

@@ -101,7 +101,7 @@ TEST_P(Pages, LinkToPagesAndPlacesThatExist) {
 }
 
 TEST_P(Pages, ShowPicturesThatExistAreDescribedAndSmall) {
-  constexpr std::size_t kMaxBytes = 200 * 1024;
+  constexpr std::size_t kMaxBytes = std::size_t{200} * 1024;
   for (const Topic& topic : book_.topics()) {
     for (const std::string& picture : Matches(topic.html, "<img([^>]*)>")) {
       SCOPED_TRACE(std::string(topic.file) + ": " + picture);

@@ -27,7 +27,8 @@ std::vector<store::AliasValues> ManyAliases() {
 // Each operation adds one row, or kMany at once.
 std::size_t OperationsIn(Program& program) {
   const store::Statistics count = program.operations().Count();
-  const auto rows = static_cast<std::size_t>(count.formulas + count.arguments + count.aliases);
+  const int changed = count.formulas + count.arguments + count.aliases;
+  const auto rows = static_cast<std::size_t>(changed);
   return rows >= kMany ? rows - kMany + 1 : rows;
 }
 
