@@ -18,7 +18,6 @@ namespace jet {
 namespace {
 
 using testing_support::FromHex;
-using testing_support::Hex;
 using Entry = std::vector<std::byte>;
 using Page = std::array<std::byte, kPageSize>;
 

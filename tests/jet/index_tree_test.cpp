@@ -21,7 +21,6 @@
 namespace jet {
 namespace {
 
-using testing_support::FromHex;
 using Bytes = std::vector<std::byte>;
 using Item = std::pair<Bytes, RowId>;
 using Model = std::set<Item>;

@@ -48,6 +48,7 @@ TEST(Mdbtools, ReadTheSame) {
     std::mt19937 random(5);
     Transaction transaction(*database);
     std::vector<InsertResult> rows;
+    rows.reserve(2000);
     for (int i = 0; i < 2000; ++i) {
       rows.push_back(AddItem(table, "Tank" + std::to_string(i) + std::string(random() % 100, 'a'),
                              std::string(1 + random() % 3000, 'm')));

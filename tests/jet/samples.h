@@ -86,7 +86,7 @@ inline std::vector<std::string> Projects() {
 
 // Puts a copy of the file into memory, under "/" and its name, which is returned.
 inline std::string Copy(files::MemoryFileSystem& system, std::string_view name) {
-  const std::string path = "/" + std::string(name);
+  std::string path = "/" + std::string(name);
   system.Put(path, Contents(name));
   return path;
 }

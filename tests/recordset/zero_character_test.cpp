@@ -12,7 +12,7 @@ namespace {
 
 using platform::Error;
 using platform::Variant;
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 TEST(ZeroCharacter, PassesEveryWayInAndOut) {
   support::MemoryDatabase db;

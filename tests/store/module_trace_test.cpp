@@ -56,7 +56,7 @@ class ModuleTraceTest
   }
   OperationResult AddArgument(std::int32_t formula, std::int32_t alias) {
     const ArgumentValues values[] = {{alias, true, false}};
-    const OperationResult result = operations().AddArguments(formula, values);
+    OperationResult result = operations().AddArguments(formula, values);
     EXPECT_TRUE(result.success()) << support::ToText(result);
     return result;
   }
@@ -71,7 +71,7 @@ class ModuleTraceTest
     values.prog_id = prog_id;
     EditFormulaOptions options;
     options.with_code = with_code;
-    const OperationResult result = operations().EditFormula(id, values, options);
+    OperationResult result = operations().EditFormula(id, values, options);
     EXPECT_TRUE(result.success()) << support::ToText(result);
     return result;
   }

@@ -67,13 +67,14 @@ class OperationsTest : public testing::Test {
 TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
   const std::string long_name(256, 'a');
   using Call = std::function<OperationResult()>;
-  const auto add = [&](FormulaValues values) -> Call {
+  const auto add = [&](const FormulaValues& values) -> Call {
     return [=, this] { return operations().AddFormula(values); };
   };
-  const auto edit = [&](std::int32_t id, std::function<void(FormulaValues&)> change) -> Call {
+  const auto edit = [&](std::int32_t id,
+                        const std::function<void(FormulaValues&)>& change) -> Call {
     return [=, this] { return Edit(id, change); };
   };
-  const auto remove = [&](Ids ids) -> Call {
+  const auto remove = [&](const Ids& ids) -> Call {
     return [=, this] { return operations().DeleteFormulas(ids); };
   };
   const auto add_argument = [&](std::int32_t formula, ArgumentValues value) -> Call {
@@ -85,7 +86,7 @@ TEST_F(OperationsTest, RefusesWithAMessageAndChangesNothing) {
       return operations().AddAliases(values);
     };
   };
-  const auto edit_alias = [&](std::int32_t id, AliasValues values) -> Call {
+  const auto edit_alias = [&](std::int32_t id, const AliasValues& values) -> Call {
     return [=, this] { return operations().EditAlias(id, values); };
   };
   const struct {
@@ -583,6 +584,7 @@ TEST_F(OperationsTest, CancelPutsEverythingBack) {
 
 TEST_F(OperationsTest, ManyObjectsAreOneUnit) {
   std::vector<AliasValues> aliases;
+  aliases.reserve(50);
   for (int i = 0; i < 50; ++i) {
     aliases.push_back({"Item" + std::to_string(i), "Many" + std::to_string(i)});
   }

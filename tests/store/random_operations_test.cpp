@@ -273,7 +273,7 @@ class RandomOperations {
            operations().AddArguments(formula->id, {&values, 1}));
       return;
     }
-    const ArgumentRecord argument = arguments[Pick(arguments.size())];
+    const ArgumentRecord& argument = arguments[Pick(arguments.size())];
     if (Pick(2) == 0) {
       Note("exchange " + argument.vb_alias + " for " + alias->vb_alias + " of " + formula->name,
            operations().EditArgument(argument.id, values));

@@ -16,6 +16,11 @@
 namespace vbfiles {
 namespace {
 
+constexpr const char* kForm =
+    "VERSION 5.00\r\nObject = \"{831}#2.0#0\"; \"M.OCX\"\r\nBegin VB.Form f \r\n"
+    "   BeginProperty Font \r\n      Name = \"End\"\r\n   EndProperty\r\nEnd\r\n"
+    "Attribute VB_Name = \"f\"\r\n";
+
 // A file as a list of visible lines.
 struct FileModel {
   struct Line {
@@ -71,11 +76,7 @@ class Generator {
     file.header = Of<std::string>(
         {"", ClassProject::Header(), "\xEF\xBB\xBF" + ClassProject::Header(),
          "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\n",
-         "Attribute VB_Name = \"MMain\"\r\nAttribute VB_Ext_KEY = \"a\" ,\"b\"\r\n",
-         "VERSION 5.00\r\nObject = \"{831}#2.0#0\"; \"M.OCX\"\r\nBegin VB.Form f \r\n   "
-         "BeginProperty Font \r\n      Name = \"End\"\r\n   EndProperty\r\nEnd\r\nAttribute "
-         "VB_Name "
-         "= \"f\"\r\n"});
+         "Attribute VB_Name = \"MMain\"\r\nAttribute VB_Ext_KEY = \"a\" ,\"b\"\r\n", kForm});
     const std::string only = Of<std::string>({"\r\n", "\r\n", "\n", "\r", ""});
     for (std::size_t i = Below(30); i > 0; --i) {
       FileModel::Line line{Line(), only.empty() ? Of<std::string>({"\r\n", "\n", "\r"}) : only, ""};
@@ -87,7 +88,7 @@ class Generator {
     }
     // A blank line first, so that a file without header is recognised as source.
     if (file.header.empty()) file.lines.insert(file.lines.begin(), {"' source", "\r\n", ""});
-    file.unterminated = !file.lines.empty() && file.lines.back().text != "" && Below(3) == 0;
+    file.unterminated = !file.lines.empty() && !file.lines.back().text.empty() && Below(3) == 0;
     if (file.unterminated) {  // what the last line lacks is taken from the line above
       const std::size_t last = file.lines.size() - 1;
       const std::string missing = last > 0 ? file.lines[last - 1].terminator : "\r\n";

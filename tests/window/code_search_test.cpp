@@ -13,7 +13,6 @@ namespace {
 using window_tests::DesktopProgram;
 using window_tests::FindChild;
 using window_tests::Input;
-using window_tests::Wait;
 
 constexpr const char* kLevelLine = "    Level = Level + 1 'the tank's level";
 

@@ -78,8 +78,8 @@ inline void Input(const std::vector<std::string>& commands) {
 // The list of the grid that is shown, with its rows; null when there is none.
 inline wxDataViewCtrl* ShownGrid(const wxWindow& window) {
   for (wxWindow* child : window.GetChildren()) {
-    auto* list = dynamic_cast<wxDataViewCtrl*>(child);
-    if (list && list->IsShownOnScreen()) return list;
+    if (!child->IsShownOnScreen()) continue;
+    if (auto* list = dynamic_cast<wxDataViewCtrl*>(child)) return list;
     if (wxDataViewCtrl* found = ShownGrid(*child)) return found;
   }
   return nullptr;
@@ -89,8 +89,9 @@ inline wxDataViewCtrl* ShownGrid(const wxWindow& window) {
 template <class Kind>
 Kind* FindChild(const wxWindow& window) {
   for (wxWindow* child : window.GetChildren()) {
-    if (auto* found = dynamic_cast<Kind*>(child)) return found;
-    if (auto* found = FindChild<Kind>(*child)) return found;
+    wxWindow& inner = *child;
+    if (auto* found = dynamic_cast<Kind*>(&inner)) return found;
+    if (auto* found = FindChild<Kind>(inner)) return found;
   }
   return nullptr;
 }

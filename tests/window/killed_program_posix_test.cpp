@@ -30,6 +30,12 @@ constexpr const char* kFolder = "OV_TEST_FOLDER";  // of the project, for the pr
 constexpr const char* kStep = "OV_TEST_STEP";      // the change of a file that it dies at; 0: none
 constexpr const char* kCount = "steps";            // file that tells how many there are
 
+// What the environment says; empty when it says nothing.
+std::string Given(const char* name) {
+  const char* value = getenv(name);
+  return value ? value : "";
+}
+
 struct State {
   std::string database, code;
   friend bool operator==(const State&, const State&) = default;
@@ -71,9 +77,9 @@ class Killer : public wxTimer {
 
 // The program, which does what the keys say from the folder of formulas on and may die over it.
 void RunAndDie(const std::vector<std::string>& keys) {
-  ASSERT_NE(getenv(kFolder), nullptr) << "is run by the other test";
-  const std::string folder = getenv(kFolder);
-  const int step = std::atoi(getenv(kStep));
+  const std::string folder = Given(kFolder);
+  ASSERT_FALSE(folder.empty()) << "is run by the other test";
+  const int step = std::atoi(Given(kStep).c_str());
   files::FailingFileSystem system(files::RealFileSystem());
   const Killer killer(system);
   window_tests::DesktopProgram program(system, texts::Language::kEnglish, folder + "/home");
@@ -134,8 +140,8 @@ TEST_P(KilledAt, LeavesWholeFilesAndStartsAgain) {
 }
 
 TEST(KilledProgram, DISABLED_TypesCode) {
-  ASSERT_NE(getenv(kFolder), nullptr) << "is run by the other test";
-  const std::string folder = getenv(kFolder);
+  const std::string folder = Given(kFolder);
+  ASSERT_FALSE(folder.empty()) << "is run by the other test";
   window_tests::DesktopProgram program(files::RealFileSystem(), texts::Language::kEnglish,
                                        folder + "/home");
   ASSERT_TRUE(program.Open(folder + "/Plant.ovs"));

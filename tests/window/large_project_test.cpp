@@ -8,7 +8,6 @@
 namespace {
 
 using window_tests::Input;
-using window_tests::Wait;
 
 constexpr const char* kDatabase = "/big/Plant.ovs";
 constexpr int kAliases = 100000;

@@ -59,7 +59,7 @@ TEST(RenameTest, AnAliasOfTwentyBodiesIsRenamedAndTakenBack) {
   for (int i = 1; i <= kFormulas; ++i)
     EXPECT_NE(after.find(BodyOf(i, "Height")), std::string::npos) << i;
   EXPECT_EQ(plant.Rows("TvbfAlias", {"VBAlias"}), std::vector<std::string>{"Height"});
-  EXPECT_EQ(after.size(), before.size() + kFormulas * 4 + 2) << "nothing else";
+  EXPECT_EQ(after.size(), before.size() + std::size_t{kFormulas} * 4 + 2) << "nothing else";
 
   Input({"key alt+F6 key ctrl+z sleep 0.5"});
   Wait::For([&] { return plant.AllCode() != after; });

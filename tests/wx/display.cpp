@@ -57,17 +57,21 @@ class Script : public wxTimer {
 
  private:
   void Notify() override {
-    if (next_ == 0 && !HasKeyboard() && ++tries_ < kMaxTries) {
-      StartOnce(kStep);  // the window manager still has to give it the keyboard
+    if (MustWait() && ++tries_ < kMaxTries) {
+      StartOnce(kStep);
     } else if (next_ < steps_.size()) {
       StartOnce(kPause);  // a step may open a modal window: the next one runs inside it
       RunStep();
-    } else if (ModalDialog() && ++tries_ < kMaxTries) {
-      StartOnce(kStep);
     } else {
       --running_scripts;
       CloseModalDialogs();
     }
+  }
+  // Before the first step, until the window manager has given it the keyboard; after the last one,
+  // until the modal windows are closed.
+  bool MustWait() const {
+    if (next_ == 0) return !HasKeyboard();
+    return next_ >= steps_.size() && ModalDialog();
   }
   void RunStep() {
     std::size_t step = next_;
