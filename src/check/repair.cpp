@@ -38,10 +38,13 @@ class Repairing {
       adopted_.push_back(&finding);
     } else if (rule == &rule::kNoHeader || rule == &rule::kOtherHeader) {
       mending_.code.headers.push_back({subject.prog_id, subject.formula});
+    } else if (rule == &rule::kLooseDeclaration) {
+      Declare(subject, {});
+    } else if (rule == &rule::kNoDeclaration || rule == &rule::kOtherType ||
+               rule == &rule::kOtherItem) {
+      Declare(subject, subject.item);
     } else {
-      const bool loose = rule == &rule::kLooseDeclaration;
-      mending_.code.declarations.push_back(
-          {subject.prog_id, subject.alias, loose ? "" : subject.item, subject.old_item});
+      return false;
     }
     return true;
   }
@@ -63,6 +66,12 @@ class Repairing {
   }
 
  private:
+  // What the class is to declare the alias as; nothing without an item.
+  void Declare(const Subject& subject, std::string_view item) {
+    mending_.code.declarations.push_back(
+        {subject.prog_id, subject.alias, std::string(item), subject.old_item});
+  }
+
   // Of two arguments of the same formula and alias the first becomes what both are.
   void Join(std::int32_t first_id, std::int32_t second_id) {
     const auto second = operations_.FindArgument(second_id);
