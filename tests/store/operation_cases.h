@@ -63,7 +63,9 @@ inline std::vector<OperationCase> OperationCases() {
        }},
       {"ReplaceInCode", true,
        [](Operations& o) {
-         return o.ReplaceInCode(o.FindInCode("Level = 1", {}).places, "Flow = 2");
+         const codegen::FoundPlaces found = o.FindInCode("Level = 1", {});
+         if (found.unread.empty()) return o.ReplaceInCode(found.places, "Flow = 2");
+         return OperationResult{Outcome::kFileProblem, found.unread.front(), {}, {}, {}, {}};
        }},
       {"DeleteAliases", false,
        [](Operations& o) { return o.DeleteAliases(std::vector<std::int32_t>{3}); }},
