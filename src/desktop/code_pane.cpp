@@ -77,6 +77,7 @@ void CodePane::SetUpFind() {
   };
   find_->on_visible = [this] { Layout(); };
   find_->on_close = [this] { TakeKeyboard(); };
+  find_->on_find_elsewhere = [this](bool backward) { return on_find_elsewhere(backward); };
   editor_->on_status = find_->on_status;
   editor_->on_find = [this](bool with_replacement) { find_->Open(with_replacement); };
   Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {

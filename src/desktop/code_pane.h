@@ -94,6 +94,8 @@ class CodePane : public wxPanel {
   // The user asks for the definition or the uses of the name at the caret.
   std::function<void()> on_definition;
   std::function<void()> on_uses;
+  // The user goes on in what was found in all code; false when nothing was.
+  std::function<bool(bool backward)> on_find_elsewhere = [](bool) { return false; };
   // What is to become of the unsaved changes of a module.
   std::function<Answer(const std::string& module)> on_unsaved;
 

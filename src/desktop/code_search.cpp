@@ -33,7 +33,14 @@ CodeSearch::CodeSearch(const Dependencies& own) : own_(own) {
   own_.pane.on_find = [this] { Find(); };
   own_.pane.on_replace = [this] { Replace(); };
   own_.pane.on_close = [this] { own_.code.TakeKeyboard(); };
-  own_.pane.on_select = [this](std::size_t row) { LookAt(CodePlace(places_[row])); };
+  own_.pane.on_select = [this](std::size_t row) {
+    LookAt(CodePlace(places_[row]));
+    TellPosition(row);
+  };
+  own_.pane.on_move_on = [this](bool backward) {
+    if (const auto row = own_.pane.MoveOn(backward)) own_.pane.on_select(*row);
+  };
+  own_.code.on_find_elsewhere = [this](bool backward) { return GoOn(backward); };
   own_.pane.on_activate = [this](std::size_t row) {
     own_.lookup.GoTo(CodePlace(places_[row]));  // the list may change by it
   };
@@ -44,6 +51,7 @@ CodeSearch::CodeSearch(const Dependencies& own) : own_(own) {
 CodeSearch::~CodeSearch() {
   own_.pane.Close();
   own_.code.on_definition = own_.code.on_uses = [] {};
+  own_.code.on_find_elsewhere = [](bool) { return false; };
 }
 
 void CodeSearch::Try(const std::function<void()>& task) {
@@ -272,6 +280,19 @@ void CodeSearch::LookAt(const CodePlace& place) {
   const platform::VBComponent* shown = own_.code.Component();
   if (own_.code.Modified() && shown && shown->FileName() != place.file) return;
   if (own_.lookup.ShowFile(place.file)) own_.code.SelectPlace(place);
+}
+
+bool CodeSearch::GoOn(bool backward) {
+  const auto row = own_.pane.MoveOn(backward);
+  if (!row) return false;
+  if (own_.lookup.GoTo(CodePlace(places_[*row]))) TellPosition(*row);
+  return true;
+}
+
+void CodeSearch::TellPosition(std::size_t row) {
+  own_.messages.Status(own_.parts.texts.Text(
+      kTextPosition,
+      {{"<Number>", std::to_string(row + 1)}, {"<Count>", std::to_string(places_.size())}}));
 }
 
 std::vector<PlaceTable::Row> CodeSearch::Rows(std::size_t declarations) const {

@@ -55,6 +55,10 @@ class CodeSearch {
   // Shows the place, which the keyboard does not follow, unless unsaved code of another module is
   // in sight.
   void LookAt(const codegen::CodePlace& place);
+  // The keyboard is in the code and stays there, at the next place or the one before; false when
+  // there is none.
+  bool GoOn(bool backward);
+  void TellPosition(std::size_t row);
   // Carries out under the hourglass; a failure is told.
   void Try(const std::function<void()>& task);
   void TellUnread(const std::vector<messages::Message>& unread);

@@ -25,6 +25,10 @@ constexpr int kGap = 6;  // pixels at 100 %
 
 }  // namespace
 
+bool IsFindAgain(const wxKeyEvent& event) {
+  return event.GetKeyCode() == WXK_F3 && (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
+}
+
 FindBar::FindBar(wxWindow* parent, CodeEditor& editor, const texts::TextTable& texts)
     : wxPanel(parent), editor_(editor), texts_(texts) {
   const auto row = [&](wxPanel* panel, std::initializer_list<wxWindow*> rest, wxWindow* field) {
@@ -100,8 +104,8 @@ bool FindBar::HandleKey(const wxKeyEvent& event) {
   const bool enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
   if (modifiers == wxMOD_CONTROL && (key == 'F' || key == 'H')) {
     Open(key == 'H');
-  } else if (key == WXK_F3 && (plain || shift)) {
-    IsShown() ? static_cast<void>(Find(true, shift)) : Open(false);
+  } else if (IsFindAgain(event)) {
+    FindAgain(shift);
   } else if (in_field && enter && plain && replacement_->HasFocus()) {
     Replace();
   } else if (in_field && enter && (plain || shift)) {
@@ -114,6 +118,14 @@ bool FindBar::HandleKey(const wxKeyEvent& event) {
     return false;
   }
   return true;
+}
+
+void FindBar::FindAgain(bool backward) {
+  if (IsShown()) {
+    Find(true, backward);
+  } else if (!on_find_elsewhere || !on_find_elsewhere(backward)) {
+    Open(false);
+  }
 }
 
 void FindBar::Open(bool with_replacement) {

@@ -16,6 +16,9 @@ class wxTextCtrl;
 
 namespace desktop {
 
+// F3 or Shift+F3.
+bool IsFindAgain(const wxKeyEvent& event);
+
 // Finds and replaces a text in the code that is shown. Hidden until it is opened: Ctrl+F finds,
 // Ctrl+H also replaces; F3 and Enter find the next place, with Shift the one before; Escape closes.
 class FindBar : public wxPanel {
@@ -32,6 +35,8 @@ class FindBar : public wxPanel {
   std::function<void(const std::string&)> on_status;
   std::function<void()> on_visible;  // its height is another
   std::function<void()> on_close;
+  // F3 or Shift+F3 while the bar is hidden; false opens it.
+  std::function<bool(bool backward)> on_find_elsewhere;
 
  private:
   wxTextCtrl* MakeField(wxPanel& row, messages::TextNumber text);
@@ -42,6 +47,7 @@ class FindBar : public wxPanel {
   void MoveKeyboard(bool backward);
   // False when it stands nowhere, which is told.
   bool Find(bool behind, bool backward = false);
+  void FindAgain(bool backward);
   void Replace();
   void ReplaceAll();
   void Tell(const std::string& text) const;

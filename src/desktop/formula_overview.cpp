@@ -71,6 +71,7 @@ FormulaOverview::FormulaOverview(wxWindow* parent, const texts::TextTable& texts
   table.on_mouse_up = [this](const forms::MouseEvent& event) {
     if (event.button == forms::kRightButton) on_menu();
   };
+  table.on_clear_filter = [this] { LeaveFilter(); };
   table.on_key_down = [this](forms::KeyEvent& event) { OnKey(event); };
 }
 
@@ -216,11 +217,15 @@ void FormulaOverview::OnKey(forms::KeyEvent& event) {
   on_key(event);
 }
 
+void FormulaOverview::LeaveFilter() {
+  filter_->Clear();
+  TakeKeyboard();
+}
+
 void FormulaOverview::OnFilterKey(wxKeyEvent& event) {
   const int code = event.GetKeyCode();
   if (code == WXK_ESCAPE) {
-    filter_->Clear();
-    TakeKeyboard();
+    LeaveFilter();
   } else if (code == WXK_DOWN || code == WXK_RETURN || code == WXK_NUMPAD_ENTER) {
     TakeKeyboard();
   } else {

@@ -69,6 +69,7 @@ class FormulaOverview : public wxPanel {
   void ShowOnly(int prog_id, int type);
   void OnKey(forms::KeyEvent& event);
   void OnFilterKey(wxKeyEvent& event);
+  void LeaveFilter();
   void ShowCount();
   std::string Text(messages::TextNumber number) const { return texts_.Text(number); }
 

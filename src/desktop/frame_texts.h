@@ -63,5 +63,7 @@ inline constexpr messages::TextNumber kTextKeyRound{4582};
 inline constexpr messages::TextNumber kTextKeyTree{4584};
 inline constexpr messages::TextNumber kTextKeyFilter{4586};
 inline constexpr messages::TextNumber kTextKeyOrder{4588};
+inline constexpr messages::TextNumber kTextKeyFindAgain{4970};
+inline constexpr messages::TextNumber kTextKeyLeaveFilter{4973};
 
 }  // namespace desktop

@@ -23,8 +23,9 @@ constexpr int kGap = 8;  // pixels at 100 %
 constexpr int kWidth = 560, kHeight = 460;
 
 // Keys that no menu shows: the next text says what each does.
-constexpr messages::TextNumber kElsewhere[] = {kTextKeyHelp, kTextKeyRound, kTextKeyTree,
-                                               kTextKeyFilter, kTextKeyOrder};
+constexpr messages::TextNumber kElsewhere[] = {
+    kTextKeyHelp,      kTextKeyRound,       kTextKeyTree, kTextKeyFilter,
+    kTextKeyFindAgain, kTextKeyLeaveFilter, kTextKeyOrder};
 
 void Add(std::vector<KeyRow>& keys, KeyRow row) {
   const auto known = [&](const KeyRow& other) {

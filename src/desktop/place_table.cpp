@@ -63,10 +63,9 @@ std::vector<std::size_t> PlaceTable::Selected() const {
 }
 
 void PlaceTable::SelectRow(std::size_t row) {
-  const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(row));
   UnselectAll();
-  SetCurrentItem(item);
-  Select(item);
+  wx::MoveKeyboardToRow(*this, static_cast<unsigned>(row));
+  Select(model_->GetItem(static_cast<unsigned>(row)));
   wx::ScrollToRow(*this, static_cast<unsigned>(row));
 }
 

@@ -10,6 +10,7 @@
 
 #include <utility>
 
+#include "desktop/find_bar.h"
 #include "desktop/search_texts.h"
 #include "messages/text_number.h"
 #include "wx/convert.h"
@@ -42,9 +43,12 @@ SearchPane::SearchPane(wxWindow* parent, const texts::TextTable& texts)
       table_(new PlaceTable(this, texts.Text(kTextPlacesInCode), Columns(texts))) {
   table_->on_select = [this] {
     const std::vector<std::size_t> rows = table_->Selected();
-    if (!rows.empty()) on_select(rows.front());
+    if (!rows.empty()) LookAt(rows.front());
   };
-  table_->on_activate = [this](std::size_t row) { on_activate(row); };
+  table_->on_activate = [this](std::size_t row) {
+    looked_at_ = row;
+    on_activate(row);
+  };
   fields_->SetSizer(MakeFields());
   SetFields(*fields_, kGap);
   SetContent(*table_, kListHeight);
@@ -82,7 +86,26 @@ wxSizer* SearchPane::MakeFields() {
   return grid;
 }
 
+void SearchPane::LookAt(std::size_t row) {
+  looked_at_ = row;
+  on_select(row);
+}
+
+std::optional<std::size_t> SearchPane::MoveOn(bool backward) {
+  const std::size_t count = table_->Count();
+  if (!IsShown() || count == 0) return std::nullopt;
+  const std::vector<std::size_t> selected = table_->Selected();
+  const std::size_t first = selected.empty() ? 0 : selected.front();
+  looked_at_ = looked_at_ ? (*looked_at_ + (backward ? count - 1 : 1)) % count : first;
+  table_->SelectRow(*looked_at_);
+  return looked_at_;
+}
+
 bool SearchPane::HandleKey(const wxKeyEvent& event) {
+  if (IsFindAgain(event)) {
+    on_move_on(event.ShiftDown());
+    return true;
+  }
   const wxWindow* focus = FindFocus();
   const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
   const bool find = focus == wanted_ || focus == whole_word_ || focus == match_case_;
@@ -106,6 +129,7 @@ void SearchPane::OpenFields(const std::string& text) {
 
 void SearchPane::SetPlaces(const std::string& title, std::vector<PlaceTable::Row> rows) {
   SetTitle(title);
+  looked_at_.reset();
   table_->ShowRows(std::move(rows));
 }
 

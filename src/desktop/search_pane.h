@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,10 @@ class SearchPane : public LowerPane {
   void OfferPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
   void Close() override;
 
+  // Chooses the place after the one that was looked at last, or the one before it, round; the
+  // first time the one that is selected. Nothing when none is shown.
+  std::optional<std::size_t> MoveOn(bool backward);
+
   std::string Wanted() const;
   std::string Replacement() const;
   vbcode::SearchOptions Options() const;
@@ -43,10 +48,12 @@ class SearchPane : public LowerPane {
   std::function<void()> on_replace;
   std::function<void(std::size_t row)> on_select;  // by the user
   std::function<void(std::size_t row)> on_activate;
+  std::function<void(bool backward)> on_move_on;
 
  private:
   wxSizer* MakeFields();
   bool HandleKey(const wxKeyEvent& event) override;
+  void LookAt(std::size_t row);
   void ShowFields(bool shown);
   void SetPlaces(const std::string& title, std::vector<PlaceTable::Row> rows);
 
@@ -56,6 +63,7 @@ class SearchPane : public LowerPane {
   wxCheckBox* whole_word_;
   wxCheckBox* match_case_;
   PlaceTable* table_;
+  std::optional<std::size_t> looked_at_;
 };
 
 }  // namespace desktop

@@ -43,5 +43,6 @@ inline constexpr messages::TextNumber kTextCannotReplace{3939};
 inline constexpr messages::TextNumber kTextReplaced{3940};
 inline constexpr messages::TextNumber kTextNotice{3941};
 inline constexpr messages::TextNumber kTextNotices{3942};
+inline constexpr messages::TextNumber kTextPosition{4972};
 
 }  // namespace desktop

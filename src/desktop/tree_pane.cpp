@@ -37,6 +37,11 @@ TreePane::TreePane(wxWindow* parent, const texts::TextTable& texts)
   });
   filter_->Bind(wxEVT_SEARCHCTRL_CANCEL_BTN, [this](wxCommandEvent&) { ClearFilter(); });
   filter_->Bind(wxEVT_CHAR_HOOK, &TreePane::OnKey, this);
+  tree_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const bool escape = event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers();
+    if (!escape || filter_->IsEmpty()) return event.Skip();
+    ClearFilter();
+  });
   tree_->on_filter_in_the_way = [this] { ClearFilter(); };
   tree_->on_formulas = [this] { ShowCount(); };
   const int gap = FromDIP(kGap);

@@ -39,6 +39,11 @@ constexpr double kIdentifierWidth = 3000;
 constexpr double kColumnWidth = 1995;
 constexpr double kWidthPrecision = 1;  // of what is kept; the user's changes are larger
 
+// Keeps the current row, if there is one.
+void ChooseARow(forms::Grid& grid) {
+  if (!grid.CurrentId() && grid.RowCount() > 0) grid.SetCurrentId(grid.IdAt(0));
+}
+
 }  // namespace
 
 frmtabgrid::frmtabgrid(EditorHost& host, const Services& services, const texts::TextTable& texts,
@@ -109,15 +114,15 @@ void frmtabgrid::WireEvents() {
     CurrentGrid().SetFilter(txtFind.Text());
     ShowEmptyText();
   };
+  for (forms::Grid* grid : {&tdbP, &tdbA}) grid->on_clear_filter = [this] { LeaveFind(); };
   txtFind.on_key_down = [this](forms::KeyEvent& event) {
     if (event.key_code == forms::kKeyEscape) {
       event.handled = true;
-      CloseFind();
-      CurrentGrid().SetFocus();
+      LeaveFind();
     } else if (event.key_code == forms::kKeyReturn || event.key_code == forms::kKeyDown) {
       event.handled = true;
       forms::Grid& grid = CurrentGrid();
-      if (!grid.CurrentId() && grid.RowCount() > 0) grid.SetCurrentId(grid.IdAt(0));
+      ChooseARow(grid);
       grid.SetFocus();
     }
   };
@@ -228,7 +233,7 @@ void frmtabgrid::RebindGrid(forms::Grid& grid, bool other_rows) {
   } else {
     grid.Rebind();
   }
-  if (!grid.CurrentId() && grid.RowCount() > 0) grid.SetCurrentId(grid.IdAt(0));
+  ChooseARow(grid);
   refreshing_grid_ = false;
   ShowEmptyText();
 }
@@ -361,6 +366,12 @@ void frmtabgrid::ShowFind() {
     abr_Resize(ClientWidth(), ClientHeight());
   }
   txtFind.SetFocus();
+}
+
+void frmtabgrid::LeaveFind() {
+  CloseFind();
+  ChooseARow(CurrentGrid());
+  CurrentGrid().SetFocus();
 }
 
 void frmtabgrid::CloseFind() {

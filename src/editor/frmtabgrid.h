@@ -98,6 +98,8 @@ class frmtabgrid : public forms::Form,
 
   void ShowFind() override;
   void CloseFind();
+  // The same from where it is asked for: the keyboard goes to the table, to the row that it is on.
+  void LeaveFind();
 
   forms::Grid& CurrentGrid();
   // What the window works with.

@@ -89,6 +89,7 @@ class RowView : public Control {
   std::function<void()> on_selection;
   std::function<void()> on_double_click;  // on a data cell of the current row
   std::function<void(KeyEvent&)> on_key_down;
+  std::function<void()> on_clear_filter;  // Escape among rows that a filter keeps
   std::function<void(const MouseEvent&)> on_mouse_up;
 
  protected:

@@ -22,6 +22,13 @@ std::span<const Row> LookRows() {
       {4946, "Aliase", "Aliases"},
       {4947, "Formeln", "Formulas"},
       {4948, "&Neuer Alias...", "&New Alias..."},
+      // Going on in what was found.
+      {4970, "F3, Umschalt+F3", "F3, Shift+F3"},
+      {4971, "Zur nächsten oder vorigen Fundstelle im Code",
+       "Go to the next place found in the code, or to the one before"},
+      {4972, "Stelle <Number> von <Count>", "Place <Number> of <Count>"},
+      {4973, "Esc", "Esc"},
+      {4974, "Suche in Baum, Tabelle oder Code beenden", "End the search in tree, table or code"},
       // Beside the search of a table.
       {4985, "<Count> von <Total>", "<Count> of <Total>"},
   });

@@ -26,6 +26,11 @@ void WatchPicks(wxDataViewCtrl& list,
 // its own EnsureVisible would look for the row again when the program is idle.
 void ScrollToRow(wxDataViewCtrl& list, unsigned row);
 
+// Moves the keyboard of a list with a virtual model to a row, which is selected by it without an
+// event. The list's own SetCurrentItem selects and leaves the keyboard where it was, if only one
+// row can be selected.
+void MoveKeyboardToRow(wxDataViewCtrl& list, unsigned row);
+
 // Follows the editing of a column's cells in place.
 struct CellEditing {
   std::function<void(std::size_t row)> on_start;

@@ -67,6 +67,13 @@ void ScrollToRow(wxDataViewCtrl& list, unsigned row) {
   gtk_tree_path_free(path);
 }
 
+void MoveKeyboardToRow(wxDataViewCtrl& list, unsigned row) {
+  const wxEventBlocker quiet(&list, wxEVT_DATAVIEW_SELECTION_CHANGED);
+  GtkTreePath* path = gtk_tree_path_new_from_indices(static_cast<int>(row), -1);
+  gtk_tree_view_set_cursor(GTK_TREE_VIEW(list.GtkGetTreeView()), path, nullptr, FALSE);
+  gtk_tree_path_free(path);
+}
+
 struct NativeList::State {
   struct Watched {
     State* state;

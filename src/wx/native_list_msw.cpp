@@ -98,6 +98,10 @@ void ScrollToRow(wxDataViewCtrl& list, unsigned row) {
   list.EnsureVisible(static_cast<wxDataViewVirtualListModel*>(list.GetModel())->GetItem(row));
 }
 
+void MoveKeyboardToRow(wxDataViewCtrl& list, unsigned row) {
+  list.SetCurrentItem(static_cast<wxDataViewVirtualListModel*>(list.GetModel())->GetItem(row));
+}
+
 struct NativeList::State {
   wxDataViewCtrl* list = nullptr;
   wxWeakRef<wxWindow> top;

@@ -74,6 +74,10 @@ void RowsView::Detach() {
 
 void RowsView::Bind() {
   list_->GetMainWindow()->Bind(wxEVT_KEY_DOWN, &RowsView::OnKeyDown, this);
+  list_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const bool escape = event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers();
+    if (!escape || native_.Editing() || !ClearFilter()) event.Skip();
+  });
   list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { TakeSelection(); });
   list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
     TakeSelection();
@@ -115,11 +119,20 @@ void RowsView::OnKeyDown(wxKeyEvent& event) {
     OpenFilter();
   } else if (control && event.GetKeyCode() == 'C') {
     CopyRows();
-  } else if (event.GetKeyCode() == WXK_ESCAPE && filter_->IsShown()) {
-    CloseFilter();
   } else if (!OnKey(event)) {
     event.Skip();
   }
+}
+
+// Before what lies around the rows takes the key: it is their search that their user means.
+bool RowsView::ClearFilter() {
+  if (filter_->IsShown()) {
+    CloseFilter();
+    return true;
+  }
+  if (rows_.Filter().empty() || !rows_.on_clear_filter) return false;
+  rows_.on_clear_filter();
+  return true;
 }
 
 // A right click: the native list selects the row and leaves the keyboard where it was.

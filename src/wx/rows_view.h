@@ -67,6 +67,7 @@ class RowsView : public ControlView {
   void ShowEmptyText();
   void OpenFilter();
   void CloseFilter();
+  bool ClearFilter();
   void CopyRows();
   void MouseUp(std::int16_t button, wxPoint position);
   void OnMotion(wxMouseEvent& event);

@@ -123,6 +123,26 @@ TEST_F(CodeSearchTest, TheNameAtTheCaretHasUsesAndADefinition) {
   program.Code().Undo();
 }
 
+// From the list, where the keyboard stays, and from the code, as long as its own search is closed.
+TEST_F(CodeSearchTest, GoesOnFromPlaceToPlace) {
+  Input({"key ctrl+shift+f sleep 0.3", "type --delay 40 amount", "key Return sleep 0.3"});
+  ASSERT_EQ(Places().size(), 2u);
+  Input({"key F3 sleep 0.3"});
+  EXPECT_EQ(CaretLine(), "Private Sub Drain(ByVal Amount)\n");
+  EXPECT_EQ(program.Status(), "Place 1 of 2");
+  EXPECT_FALSE(program.Code().HasFocus());
+  Input({"key shift+F3 sleep 0.3"});
+  EXPECT_EQ(program.Status(), "Place 2 of 2");
+  Input({"key Return sleep 0.4"});
+  EXPECT_EQ(CaretLine(), "    Level = Level - Amount\n");
+  Input({"key F3 sleep 0.3"});
+  EXPECT_EQ(program.Status(), "Place 1 of 2");
+  EXPECT_EQ(CaretLine(), "Private Sub Drain(ByVal Amount)\n") << "round";
+  EXPECT_TRUE(program.Code().HasFocus());
+  Input({"key ctrl+f", "type --delay 40 level", "key F3 sleep 0.3"});
+  EXPECT_EQ(wxString(Selected()).Lower(), "level") << "the module's own search";
+}
+
 TEST_F(CodeSearchTest, FindsAndReplacesInAllCode) {
   Input({"key ctrl+shift+f sleep 0.3", "type --delay 40 level", "key Return sleep 0.3"});
   EXPECT_EQ(Places().back(), "|CTank.cls|2|text|'a level of its own");

@@ -76,7 +76,10 @@ TEST_F(Overview, ShowsWhatFormulasAre) {
   Input({"key ctrl+f", "type --delay 40 ill"});
   EXPECT_EQ(Shown(), (Lines{"Fill2", "Fill10"}));
   EXPECT_EQ(Count(), "2 of 5 formulas");
-  Input({"key Escape", "key --delay 60 Home Down", "key Return sleep 0.5"});
+  Input({"key Down", "key Escape"});
+  EXPECT_EQ(Shown().size(), 5u) << "from the table, too";
+  EXPECT_TRUE(Table().HasFocus());
+  Input({"key --delay 60 Home Down", "key Return sleep 0.5"});
   EXPECT_TRUE(program.Title().starts_with("Formula Drain ")) << program.Title();
   EXPECT_FALSE(Panel().IsShown());
 }

@@ -98,6 +98,22 @@ TEST_F(RowsTest, TablesWithoutRowsComeRightAfterOthers) {
   EXPECT_EQ(program.Rows(), 0);
 }
 
+// What is edited comes first; then the search goes, and the row stays.
+TEST_F(RowsTest, EscapeEndsTheSearchFromTheTable) {
+  Input({"key --delay 60 Home Down key F6 sleep 0.2 key ctrl+f", "type --delay 40 o",
+         "key --delay 60 Down Down"});
+  ASSERT_EQ(program.Rows(), 3);
+  const int found = program.CurrentRow();
+  Input({"key F2 sleep 0.4", "type --delay 40 zzz", "key Escape sleep 0.3"});
+  EXPECT_EQ(program.Rows(), 3) << "the key was the cell's";
+  Input({"key Escape sleep 0.3"});
+  EXPECT_EQ(program.Rows(), 4);
+  EXPECT_EQ(found, 1);
+  EXPECT_EQ(program.CurrentRow(), 1) << "Two, as before";
+  EXPECT_TRUE(program.Grid().HasFocus());
+  EXPECT_EQ(plant.Aliases(), (Lines{"1|One", "2|Two", "3|Three", "4|Four"}));
+}
+
 // What the context menu offers for cells and rows.
 TEST_F(RowsTest, CellsAreCopiedPastedAndEdited) {
   Input({"key --delay 60 Home Down"});

@@ -107,6 +107,9 @@ TEST_F(TreeLookTest, FindsByNameCommentAndAlias) {
   Input({"key Return sleep 0.3"});
   EXPECT_EQ(Selected(), "Fill10");
   EXPECT_TRUE(Tree().HasFocus());
+  Input({"key Escape sleep 0.3"});
+  EXPECT_EQ(Shown().size(), 4u) << "from the tree, too";
+  EXPECT_EQ(Selected(), "Fill10");
   // What goes there elsewhere is seen there.
   Tree().SelectKey("FORF4");
   EXPECT_EQ(Selected(), "Alarm");
