@@ -39,13 +39,25 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+// What parts the fields: the first of ",", ";" and a tab in the first line that has one, outside of
+// quotes. A spreadsheet takes ";" where the comma is decimal.
+char FindSeparator(std::string_view text) {
+  bool quoted = false;
+  for (const char c : text) {
+    if (c == '"') quoted = !quoted;
+    if (c == '\n') quoted = false;
+    if (!quoted && (c == ',' || c == ';' || c == '\t')) return c;
+  }
+  return ',';
+}
+
 // Takes the next field off a line. A quoted field is unquoted in place. False for a quote that
 // never closes.
-bool TakeField(char*& next, char* end, std::string_view& field) {
+bool TakeField(char*& next, char* end, char separator, std::string_view& field) {
   if (next == end || *next != '"') {
-    char* comma = std::find(next, end, ',');
-    field = Trim(std::string_view(next, static_cast<std::size_t>(comma - next)));
-    next = comma == end ? end : comma + 1;
+    char* stop = std::find(next, end, separator);
+    field = Trim(std::string_view(next, static_cast<std::size_t>(stop - next)));
+    next = stop == end ? end : stop + 1;
     return true;
   }
   char* out = next;
@@ -57,7 +69,7 @@ bool TakeField(char*& next, char* end, std::string_view& field) {
       *out++ = *next++;
     } else {
       field = std::string_view(begin, static_cast<std::size_t>(out - begin));
-      next = std::find(next + 1, end, ',');
+      next = std::find(next + 1, end, separator);
       if (next != end) ++next;
       return true;
     }
@@ -85,19 +97,20 @@ ItemCatalogue ItemCatalogue::Parse(std::string bytes) {
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
   if (!platform::IsValidUtf8(bytes)) bytes = platform::Windows1252ToUtf8(bytes);
   catalogue.text_ = std::move(bytes);
+  const char separator = FindSeparator(catalogue.text_);
   std::size_t line = 0;
   for (std::size_t begin = 0; begin < catalogue.text_.size();) {
     std::size_t end = std::min(catalogue.text_.find('\n', begin), catalogue.text_.size());
     const std::size_t next = end + 1;
     if (end > begin && catalogue.text_[end - 1] == '\r') --end;
-    catalogue.ReadLine(++line, begin, end);
+    catalogue.ReadLine(++line, begin, end, separator);
     begin = next;
   }
   catalogue.IndexNames();
   return catalogue;
 }
 
-void ItemCatalogue::ReadLine(std::size_t line, std::size_t begin, std::size_t end) {
+void ItemCatalogue::ReadLine(std::size_t line, std::size_t begin, std::size_t end, char separator) {
   const std::string_view whole(text_.data() + begin, end - begin);
   if (Trim(whole).empty()) return;
   char* next = text_.data() + begin;
@@ -106,8 +119,8 @@ void ItemCatalogue::ReadLine(std::size_t line, std::size_t begin, std::size_t en
   const std::string quoted(whole.find('"') == std::string_view::npos ? ""
                                                                      : whole.substr(0, kShown));
   std::string_view name, type, comment;
-  if (!TakeField(next, stop, name) || !TakeField(next, stop, type) ||
-      !TakeField(next, stop, comment)) {
+  if (!TakeField(next, stop, separator, name) || !TakeField(next, stop, separator, type) ||
+      !TakeField(next, stop, separator, comment)) {
     return Report(line, Problem::Kind::kOpenQuote, quoted);
   }
   if (line == 1 && platform::EqualsIgnoringCase(name, "item")) return;

@@ -10,8 +10,9 @@
 namespace project {
 
 // The process variables of a plant: an item catalogue as items.csv holds it, with the header
-// "item,type,comment". The type is a variant type code or its Visual Basic name. The text is
-// UTF-8 (a mark is allowed) or, when it is not valid UTF-8, Windows-1252.
+// "item,type,comment", or with semicolons or tabs as the first line has them. The type is a variant
+// type code or its Visual Basic name. The text is UTF-8 (a mark is allowed) or, when it is not
+// valid UTF-8, Windows-1252.
 //
 // A million items are held in less than three times the file's size: the file's text, twelve
 // bytes an item, and the folded names that are searched.
@@ -60,7 +61,7 @@ class ItemCatalogue {
     std::uint8_t type;
   };
 
-  void ReadLine(std::size_t line, std::size_t begin, std::size_t end);
+  void ReadLine(std::size_t line, std::size_t begin, std::size_t end, char separator);
   void Report(std::size_t line, Problem::Kind kind, std::string_view text);
   void IndexNames();
   std::string_view Folded(std::size_t index) const;

@@ -38,6 +38,10 @@ TEST(ItemCatalogue, ReadsWhatPeopleWriteAndSkipsWhatItCannot) {
       {"\xEF\xBB\xBFItem,Type,Comment\nFüllstand,double\n", "Füllstand|5|\n"},
       {"F\xFCllstand,3,gro\xDF\n", "Füllstand|3|groß\n"},
       {"\"a,b\"\"c\",8,\"x, y\"\nlast", "a,b\"c|8|x, y\nlast|12|\n"},
+      // As a spreadsheet writes it where the comma is decimal, and with tabs.
+      {"Item;Typ;Kommentar\r\nF\xFCll.1;Double;0,5 bis 1,5\r\n\"a;b\";Long;\"x; y\"\r\n",
+       "Füll.1|5|0,5 bis 1,5\na;b|3|x; y\n"},
+      {"\"a,b\"\t8\tx, y; z\n", "a,b|8|x, y; z\n"},
       {" spaced , LONG , kept \n\n  \n", "spaced|3|kept\n"},
       {"ok,2,\n,5,no name\nbad,Nonsense,\nbad,-1,\nopen,\"2\n",
        "ok|2|\nline 2 kind 0\nline 3 kind 1\nline 4 kind 1\nline 5 kind 2\n"},
