@@ -50,7 +50,13 @@ PlaceTable::PlaceTable(wxWindow* parent, const std::string& name,
 void PlaceTable::ShowRows(std::vector<Row> rows) {
   rows_ = std::move(rows);
   model_->Reset(static_cast<unsigned>(rows_.size()));
-  if (!rows_.empty()) SelectRow(0);
+  if (rows_.empty()) return;
+  SelectRow(0);
+  // Its pane may give it its height only now; until then the end of the row was in sight.
+  CallAfter([this] {
+    const std::vector<std::size_t> selected = Selected();
+    if (!selected.empty()) wx::ScrollToRow(*this, static_cast<unsigned>(selected.front()));
+  });
 }
 
 std::vector<std::size_t> PlaceTable::Selected() const {
@@ -63,10 +69,16 @@ std::vector<std::size_t> PlaceTable::Selected() const {
 }
 
 void PlaceTable::SelectRow(std::size_t row) {
+  const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(row));
   UnselectAll();
-  wx::MoveKeyboardToRow(*this, static_cast<unsigned>(row));
-  Select(model_->GetItem(static_cast<unsigned>(row)));
+  SetCurrentItem(item);
+  Select(item);
   wx::ScrollToRow(*this, static_cast<unsigned>(row));
+}
+
+void PlaceTable::MoveToRow(std::size_t row) {
+  SelectRow(row);
+  wx::MoveKeyboardToRow(*this, static_cast<unsigned>(row));
 }
 
 }  // namespace desktop

@@ -34,6 +34,9 @@ class PlaceTable : public wxDataViewCtrl {
   std::vector<std::size_t> Selected() const;
   // Nothing else is selected then.
   void SelectRow(std::size_t row);
+  // The same with the keyboard: Enter and the arrow keys go on from there. For a table in sight;
+  // one without its size yet would scroll the row out.
+  void MoveToRow(std::size_t row);
 
   std::function<void()> on_select;  // by the user
   std::function<void(std::size_t row)> on_activate;

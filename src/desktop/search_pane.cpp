@@ -97,7 +97,7 @@ std::optional<std::size_t> SearchPane::MoveOn(bool backward) {
   const std::vector<std::size_t> selected = table_->Selected();
   const std::size_t first = selected.empty() ? 0 : selected.front();
   looked_at_ = looked_at_ ? (*looked_at_ + (backward ? count - 1 : 1)) % count : first;
-  table_->SelectRow(*looked_at_);
+  table_->MoveToRow(*looked_at_);
   return looked_at_;
 }
 

@@ -62,8 +62,12 @@ void WatchPicks(wxDataViewCtrl& list,
 }
 
 void ScrollToRow(wxDataViewCtrl& list, unsigned row) {
+  GtkTreeView* tree = GTK_TREE_VIEW(list.GtkGetTreeView());
+  // The tree's own way counts with the height that it had, which may be none.
+  if (row == 0)
+    return gtk_adjustment_set_value(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(tree)), 0);
   GtkTreePath* path = gtk_tree_path_new_from_indices(static_cast<int>(row), -1);
-  gtk_tree_view_scroll_to_cell(GTK_TREE_VIEW(list.GtkGetTreeView()), path, nullptr, FALSE, 0, 0);
+  gtk_tree_view_scroll_to_cell(tree, path, nullptr, FALSE, 0, 0);
   gtk_tree_path_free(path);
 }
 

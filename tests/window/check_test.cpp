@@ -76,6 +76,21 @@ TEST_F(CheckTest, GoesToRowsAndLines) {
   EXPECT_GE(program.CurrentRow(), 0);
 }
 
+// The pane has its size only when the list has its rows.
+TEST(ManyFindings, BeginWithTheFirst) {
+  window_tests::Plant plant;
+  std::vector<store::AliasValues> aliases;
+  for (int i = 0; i < 30; ++i) aliases.push_back({"Tank1.Level", "Level" + std::to_string(i)});
+  plant.AddAliases(aliases);
+  DesktopProgram program(plant.system, texts::Language::kEnglish);
+  ASSERT_TRUE(program.Open());
+  Input({"key alt+e sleep 0.4 key c sleep 0.8"});
+  auto& table = *FindChild<desktop::PlaceTable>(*FindChild<desktop::CheckPane>(program.window()));
+  ASSERT_GE(table.Count(), 20u);
+  auto& model = dynamic_cast<wxDataViewVirtualListModel&>(*table.GetModel());
+  EXPECT_EQ(model.GetRow(table.GetTopItem()), 0u);
+}
+
 TEST_F(CheckTest, RepairsWhatIsSelectedAfterAPreview) {
   const std::string damaged = plant.Code("CPump");
   Input({"key alt+e sleep 0.4 key c sleep 0.8"});
