@@ -50,6 +50,7 @@ QuickOpen::QuickOpen(wxWindow* parent, const texts::TextTable& texts, const Name
   SetSizer(all);
   SetClientSize(FromDIP(wxSize(kWidth, kHeight)));
   CentreOnParent(wxHORIZONTAL);
+  SetPosition({GetPosition().x, parent->ClientToScreen(wxPoint()).y});  // below the window's menus
 }
 
 std::optional<std::size_t> QuickOpen::Ask() {

@@ -100,7 +100,7 @@ constexpr Row kRows[] = {
     {3663, "Geschrieben von", "Written by"},
     {3664, "Gelesen von", "Read by"},
     {3665, "<Count> Formeln schreiben", "<Count> formulas write"},
-    {3666, "ausgeschaltet", "disabled"},
+    {3666, "nicht aktiv", "not enabled"},
     {3667, "de", "en"},
     {3668, "Keine Formel liest oder schreibt eine Variable.",
      "No formula reads or writes a variable."},

@@ -22,8 +22,8 @@ constexpr Row kRows[] = {
     {4771, "Argumente zu <Formula> hinzufügen: <Count>", "Add arguments to <Formula>: <Count>"},
 
     // Clipboard.
-    {4780, "Formeln k&opieren", "Cop&y Formulas"},
-    {4781, "Formeln ein&fügen...", "&Paste Formulas..."},
+    {4780, "Formeln k&opieren", "Copy &Formulas"},
+    {4781, "Formeln einfü&gen...", "&Paste Formulas..."},
 
     // The scan time of several formulas.
     {4790, "Abtast&zeit...", "&Scan Time..."},

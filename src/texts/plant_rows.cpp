@@ -31,7 +31,7 @@ std::span<const Row> PlantRows() {
       {4322, "&Bearbeiten", "&Edit"},
       {4323, "&Löschen", "&Delete"},
       {4324, "&Code anzeigen", "Show &Code"},
-      {4325, "Namen &kopieren", "Copy &Name"},
+      {4325, "Namen &kopieren", "Cop&y Name"},
       {4326, "&Aktivieren", "En&able"},
       {4327, "&Deaktivieren", "D&isable"},
       {4328, "&Formelaufruf", "Call &Type"},

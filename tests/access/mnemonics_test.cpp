@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "desktop/overview_texts.h"
 #include "dialogs/falias.h"
 #include "dialogs/farguments.h"
 #include "dialogs/fchoose_alias.h"
@@ -14,6 +15,7 @@
 #include "dialogs/ffunction.h"
 #include "dialogs/fimport.h"
 #include "dialogs/fparameter.h"
+#include "dialogs/many_texts.h"
 #include "editor/fconfig_editor.h"
 #include "platform/text.h"
 #include "project/item_catalogue.h"
@@ -130,7 +132,13 @@ TEST_P(Mnemonics, OfTheWorkbenchMenusAreThereAndDoNotClash) {
   const std::vector<messages::TextNumber> menus[] = {
       {kTextMenuNew, kTextMenuOpen, kTextMenuRecent, kTextMenuSaveCode, kTextMenuBackups,
        kTextMenuQuit},
-      {kTextMenuContents, kTextMenuAbout}};
+      {kTextMenuContents, kTextMenuAbout},
+      // The context menu of the overview.
+      {desktop::kTextOpenFormula, desktop::kTextNewFormula, desktop::kTextEditFormula,
+       desktop::kTextShowCode, desktop::kTextCopyName, dialogs::kTextCopyFormulas,
+       dialogs::kTextPasteFormulas, desktop::kTextEnable, desktop::kTextDisable,
+       desktop::kTextSetCallType, dialogs::kTextScanTimeMenu, desktop::kTextMoveToClass,
+       desktop::kTextDeleteFormulas}};
   for (const auto& menu : menus) {
     Letters letters;
     for (const messages::TextNumber item : menu) {

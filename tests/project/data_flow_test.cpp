@@ -141,7 +141,7 @@ TEST_F(DataFlowTest, TheNeighbourhoodNeedsOnlyTheClassesConcerned) {
 TEST_F(DataFlowTest, IsDescribedWithCallTypesAndSeveralWriters) {
   const std::string dot = DescribeForGraphviz(Read(), project_.open->texts);
   EXPECT_THAT(dot, HasSubstr("f0 [id=\"f0\", label=\"Fill\\nPumpServer.CPump\\nbefore Cycle\""));
-  EXPECT_THAT(dot, HasSubstr("asynchronous, every 500 ms\\ndisabled\""));
+  EXPECT_THAT(dot, HasSubstr("asynchronous, every 500 ms\\nnot enabled\""));
   EXPECT_THAT(dot, HasSubstr("label=\"Tank1.Level\\nLevel\\nHeight\\n2 formulas write\""));
   EXPECT_THAT(dot, HasSubstr("  f0 -> i0 [dir=both, "));
   EXPECT_THAT(dot, HasSubstr("  i0 -> f1 [style=solid];"));

@@ -78,7 +78,7 @@ TEST(Report, ShowsTheProjectWithEveryTextEscaped) {
   EXPECT_THAT(html, HasSubstr("<li>Unused <span>Nobody&#39;s</span></li>"));
   EXPECT_THAT(html, HasSubstr("<b>Public</b> <b>Sub</b> Fill()"));
   EXPECT_THAT(html, HasSubstr("<h3>asynchronous</h3>\n<ol>\n<li><a href=\"#f1\">Fill</a> "
-                              "<span class=\"number\">PumpServer.CPump, every 250 ms, disabled"
+                              "<span class=\"number\">PumpServer.CPump, every 250 ms, not enabled"
                               "</span></li>\n</ol>"));
   EXPECT_THAT(html,
               HasSubstr("<tr><td>Valve</td><td><a href=\"#f1\">Fill</a> (by its argument)</td>"
