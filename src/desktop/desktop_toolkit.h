@@ -4,6 +4,8 @@
 #include <string>
 
 #include "desktop/crash_log.h"
+#include "studio/window_texts.h"
+#include "texts/text_table.h"
 #include "wx/toolkit.h"
 
 namespace desktop {
@@ -12,7 +14,8 @@ namespace desktop {
 // is a window of its own. What is shown is remembered as a step for the crash log.
 class DesktopToolkit final : public wx::Toolkit {
  public:
-  using wx::Toolkit::Toolkit;
+  explicit DesktopToolkit(const texts::TextTable& texts)
+      : wx::Toolkit(texts, studio::kTextProduct) {}
 
   void SetEditorHost(wxWindow* host) { host_ = host; }
 

@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/message_boxes.h"
 
-#include <utility>
-
-#include "messages/text_number.h"
 #include "texts/text_table.h"
 
 namespace dialogs {
-
-namespace {
-constexpr messages::TextNumber kApplicationTitle{180};
-}  // namespace
 
 MessageBoxes::Guard::Guard(MessageBoxes& boxes) : toolkit_(boxes.toolkit_), depth_(boxes.depth_) {
   ++*depth_;
@@ -23,8 +16,7 @@ MessageBoxes::Guard::~Guard() {
 MessageBoxes::MessageBoxes(platform::Toolkit& toolkit, const texts::TextTable& texts)
     : toolkit_(toolkit), texts_(texts) {}
 
-platform::MessageResult MessageBoxes::Show(platform::MessageBox box) {
-  if (box.title.empty()) box.title = texts_.Text(kApplicationTitle);
+platform::MessageResult MessageBoxes::Show(const platform::MessageBox& box) {
   const Guard guard(*this);
   return toolkit_.Show(box);
 }
@@ -34,7 +26,7 @@ void MessageBoxes::Warn(std::string_view prompt, std::string_view detail) {
   box.prompt = prompt;
   box.detail = detail;
   box.icon = platform::MessageIcon::kWarning;
-  Show(std::move(box));
+  Show(box);
 }
 
 void MessageBoxes::Warn(const std::exception& failure) { Warn(texts_.Sentence(failure)); }
@@ -50,7 +42,7 @@ bool MessageBoxes::Ask(std::string_view prompt, std::string_view detail) {
   box.icon = platform::MessageIcon::kQuestion;
   box.buttons = platform::MessageButtons::kYesNo;
   box.default_button = platform::MessageResult::kNo;
-  return Show(std::move(box)) == platform::MessageResult::kYes;
+  return Show(box) == platform::MessageResult::kYes;
 }
 
 void MessageBoxes::ShowHostError(platform::AddIn& studio, std::string_view text) {

@@ -23,7 +23,7 @@ class MessageBoxes {
   MessageBoxes(platform::Toolkit& toolkit, const texts::TextTable& texts);
 
   // An empty title is replaced by the application's.
-  platform::MessageResult Show(platform::MessageBox box);
+  platform::MessageResult Show(const platform::MessageBox& box);
   // An OK button only.
   void Warn(std::string_view prompt, std::string_view detail = {});
   // What a failure has to say, alone or as the detail.

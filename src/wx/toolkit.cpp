@@ -27,7 +27,6 @@ constexpr long kProgressDelayMs = 1000;
 
 constexpr messages::TextNumber kOk{10};
 constexpr messages::TextNumber kCancel{11};
-constexpr messages::TextNumber kApplicationTitle{180};
 constexpr messages::TextNumber kControlKey{1494};
 constexpr messages::TextNumber kShiftKey{1495};
 constexpr messages::TextNumber kDeleteKey{1496};
@@ -114,7 +113,8 @@ wxWindow* WindowOfHandle(platform::WindowHandle handle) {
   return window && IsAlive(window, wxTopLevelWindows) ? window : nullptr;
 }
 
-Toolkit::Toolkit(const texts::TextTable& texts) : texts_(texts) {
+Toolkit::Toolkit(const texts::TextTable& texts, messages::TextNumber title)
+    : texts_(texts), title_(title) {
   NameKey("Ctrl", ToWx(texts.Text(kControlKey)));
   NameKey("Shift", ToWx(texts.Text(kShiftKey)));
   NameKey("Del", ToWx(texts.Text(kDeleteKey)));
@@ -183,7 +183,7 @@ void Toolkit::ShowModeless(forms::Form& form) { Open(form, nullptr).ShowModeless
 platform::WindowHandle Toolkit::Handle(forms::Form& form) { return HandleOf(WindowOf(form)); }
 
 MessageResult Toolkit::Show(const platform::MessageBox& box) {
-  std::string title = box.title.empty() ? texts_.Text(kApplicationTitle) : box.title;
+  std::string title = box.title.empty() ? texts_.Text(title_) : box.title;
   const std::string& prompt = box.prompt.empty() ? box.detail : box.prompt;
   wxMessageDialog dialog(ActiveWindow(), ToWx(prompt), ToWx(title),
                          ButtonStyle(box) | IconStyle(box.icon) | wxCENTRE);

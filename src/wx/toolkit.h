@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "messages/text_number.h"
 #include "platform/toolkit.h"
 #include "wx/form_window.h"
 
@@ -14,7 +15,12 @@ namespace wx {
 // Shows forms with wxWidgets. Window handles are those of WindowOfHandle.
 class Toolkit : public platform::Toolkit {
  public:
-  explicit Toolkit(const texts::TextTable& texts);
+  // The editor window's, as the studio shows it.
+  static constexpr messages::TextNumber kEditorTitle{180};
+
+  // `title`: what message boxes are called that have no title of their own, as the windows that
+  // they come from are.
+  explicit Toolkit(const texts::TextTable& texts, messages::TextNumber title = kEditorTitle);
   ~Toolkit() override;
 
   // The studio's window: owner of the windows that have no other.
@@ -56,6 +62,7 @@ class Toolkit : public platform::Toolkit {
   wxWindow* ActiveWindow() const;
 
   const texts::TextTable& texts_;
+  const messages::TextNumber title_;
   wxWindow* main_ = nullptr;
   struct Host {
     forms::Form* form;

@@ -4,6 +4,7 @@
 #include <wx/splitter.h>
 
 #include "tests/window/desktop_program.h"
+#include "tests/window/said.h"
 
 namespace {
 
@@ -70,7 +71,11 @@ TEST_P(MainJobTest, LeavesRowsAndCode) {
   AddFormula("Old");
   Input({"key alt+F6 key ctrl+Delete sleep 0.8 key Return"});
   EXPECT_EQ(Formulas().size(), 2u);
+  window_tests::Said said;
   Input({"key ctrl+Delete sleep 0.8 key " + std::string(German() ? "alt+j" : "alt+y")});
+  EXPECT_EQ(said.captions,
+            Lines{German() ? "OrvanaStudio-Formeleditor" : "OrvanaStudio Formula Editor"})
+      << "as the window";
   EXPECT_EQ(Formulas(), (Lines{"1|FillTank|PumpServer.CTank|0|True|"}));
   EXPECT_EQ(Aliases(), (Lines{"1|Tank1.Level|Level", "2|Pump1.Run|Run"}));
 

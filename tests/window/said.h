@@ -15,16 +15,21 @@ class Said : public wxModalDialogHook {
  public:
   Said() { Register(); }
   ~Said() override { Unregister(); }
-  std::vector<std::string> texts;
+  std::vector<std::string> texts, captions;
   std::vector<wxWindow*> parents;
   std::vector<std::string> fields;
 
  private:
+  struct Caption : wxMessageDialog {
+    using wxMessageDialog::m_caption;
+  };
+
   int Enter(wxDialog* dialog) override {
     parents.push_back(dialog->GetParent());
     const auto* box = dynamic_cast<wxMessageDialog*>(dialog);
     texts.push_back(box ? (box->GetMessage() + "\n" + box->GetExtendedMessage()).utf8_string()
                         : "");
+    captions.push_back(box ? (box->*&Caption::m_caption).utf8_string() : "");
     return wxID_NONE;
   }
   void Exit(wxDialog* dialog) override {
