@@ -23,12 +23,22 @@ constexpr std::uint64_t kBlock = std::uint64_t{1} << 16;
 
 std::uint64_t RoundedUp(std::uint64_t size) { return (size + 4095) / 4096 * 4096; }
 
-// A part of what was to be appended would be taken for damage.
 void CutQuietly(RandomAccessFile& file, std::uint64_t size) noexcept {
   try {
     file.Truncate(size);
   } catch (const Error&) {
-    // Then it is.
+    // What it lacks is carried yet.
+  }
+}
+
+// A part of what was to be appended would be taken for damage.
+template <typename Action>
+void OrCut(RandomAccessFile& file, std::uint64_t size, Action write) {
+  try {
+    write();
+  } catch (const Error&) {
+    CutQuietly(file, size);
+    throw;
   }
 }
 
@@ -92,10 +102,12 @@ void CarriedAppend::Settle() {
   if (size < carried_.offset || size > carried_.offset + carried) return;
   if (carried_.offset > 0 && HashOfHead(*file) != carried_.head) return;
   std::vector<std::byte> now;
-  ForEachBlock(0, carried, [&](std::uint64_t begin, std::span<const std::byte> block) {
-    now.resize(block.size());
-    now.resize(file->ReadAt(carried_.offset + begin, now));
-    if (!std::ranges::equal(now, block)) file->WriteAt(carried_.offset + begin, block);
+  OrCut(*file, size, [&] {
+    ForEachBlock(0, carried, [&](std::uint64_t begin, std::span<const std::byte> block) {
+      now.resize(block.size());
+      now.resize(file->ReadAt(carried_.offset + begin, now));
+      if (!std::ranges::equal(now, block)) file->WriteAt(carried_.offset + begin, block);
+    });
   });
 }
 
@@ -113,12 +125,11 @@ void CarriedAppend::ClearRoom() {
   carried_ = {};
 }
 
-journal::Carried CarriedAppend::Alone(std::uint64_t offset, std::uint64_t size,
-                                      std::uint64_t hash) {
-  const auto file = offset > 0 ? Open(OpenMode::kRead) : nullptr;
+journal::Carried CarriedAppend::Alone(std::uint64_t size, std::uint64_t hash) {
+  const auto file = offset_ > 0 ? Open(OpenMode::kRead) : nullptr;
   journal::Carried alone;
   alone.room = std::max(kLeastRoom, RoundedUp(size));
-  alone.offset = offset;
+  alone.offset = offset_;
   alone.size_after = size;
   alone.hash_before = Hash64({});
   alone.hash_after = hash;
@@ -147,7 +158,7 @@ std::optional<journal::Carried> CarriedAppend::TakeIn(const FileAppend& appended
   });
   if (!writer) return std::nullopt;
   writer->Flush();
-  return Alone(appended.offset, size, hash.Value());
+  return Alone(size, hash.Value());
 }
 
 journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
@@ -157,11 +168,11 @@ journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
   next_.hash_before = carried_.hash_after;
   if (!appended) return next_;
   if (!settled) Settle();
+  offset_ = appended->offset();
   if (const auto many = TakeIn(*appended)) return next_ = *many;
   const auto added = std::as_bytes(std::span(kept_));
   const auto file = Open(OpenMode::kRead);
-  const bool follows = next_.size_before > 0 &&
-                       appended->offset == next_.offset + next_.size_before &&
+  const bool follows = next_.size_before > 0 && offset_ == next_.offset + next_.size_before &&
                        (next_.offset == 0 || (file && next_.head == HashOfHead(*file))) &&
                        next_.size_before + added.size() <= next_.room;
   Hasher64 hash;
@@ -170,7 +181,7 @@ journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
   // What is carried was overwritten by a commit that failed.
   if (!is_whole || hash.Value() != next_.hash_before) {
     ClearRoom();
-    return next_ = Alone(appended->offset, added.size(), Hash64(added));
+    return next_ = Alone(added.size(), Hash64(added));
   }
   hash.Add(added);
   next_.size_after = next_.size_before + added.size();
@@ -178,21 +189,20 @@ journal::Carried CarriedAppend::Next(const FileAppend* appended, bool settled) {
   return next_;
 }
 
-void CarriedAppend::Write(const FileAppend& appended) {
+void CarriedAppend::Write() {
   auto file = Open(OpenMode::kReadWrite);
-  if (!file && appended.offset == 0) {
+  if (!file && offset_ == 0) {
     file = system_.OpenLike(path_, OpenMode::kCreateNew, database_);
   }
-  if (!file || file->Size() != appended.offset) return;  // somebody else put another there
-  try {
-    if (!kept_.empty()) return file->WriteAt(appended.offset, std::as_bytes(std::span(kept_)));
+  if (!file || file->Size() != offset_) {
+    Raise(ErrorKind::kConflict, path_, message::kIsNotChanged, message::kChangedMeanwhile);
+  }
+  OrCut(*file, offset_, [&] {
+    if (!kept_.empty()) return file->WriteAt(offset_, std::as_bytes(std::span(kept_)));
     ForEachBlock(next_.size_before, next_.size_after, [&](std::uint64_t begin, auto block) {
       file->WriteAt(next_.offset + begin, block);
     });
-  } catch (const Error&) {
-    CutQuietly(*file, appended.offset);
-    throw;
-  }
+  });
 }
 
 }  // namespace files

@@ -45,7 +45,7 @@ class CarriedAppend {
   // them are kept until then, many stand in the journal as they came.
   std::string_view kept() const { return kept_; }
   // Puts the bytes behind the end of the file once their commit is done. Raises files::Error.
-  void Write(const FileAppend& appended);
+  void Write();
 
  private:
   std::unique_ptr<RandomAccessFile> Open(OpenMode mode);
@@ -57,7 +57,7 @@ class CarriedAppend {
   // Makes the whole room free: what it has is on the medium.
   void ClearRoom();
   // The next journal's when it carries nothing else.
-  journal::Carried Alone(std::uint64_t offset, std::uint64_t size, std::uint64_t hash);
+  journal::Carried Alone(std::uint64_t size, std::uint64_t hash);
   // Takes all that is appended, a few bytes into kept_, many into the journal. What is carried
   // then; nothing as long as it is kept.
   std::optional<journal::Carried> TakeIn(const FileAppend& appended);
@@ -68,6 +68,7 @@ class CarriedAppend {
   RandomAccessFile& journal_;
   journal::Carried carried_;
   journal::Carried next_;
+  std::uint64_t offset_ = 0;  // where what is appended belongs
   std::string kept_;
 };
 

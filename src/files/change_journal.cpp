@@ -403,9 +403,10 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   }
   CarriedAppend carrier(system_, database, journal_->file());
   const FileAppend* append = changes.append ? &*changes.append : nullptr;
+  const bool settled = std::exchange(appended_, false) && left.header.salt == last_salt_;
   journal::Carried carried;
   try {
-    carried = carrier.Next(append, appended_ && left.header.salt == last_salt_);
+    carried = carrier.Next(append, settled);
   } catch (const std::exception& error) {
     if (append) append->on_failure(error);
     append = nullptr;
@@ -426,8 +427,7 @@ void ChangeJournal::Commit(const ChangeSet& changes) {
   }
   if (!append) return;
   try {
-    appended_ = false;
-    carrier.Write(*append);
+    carrier.Write();
     appended_ = true;
   } catch (const Error& error) {
     append->on_failure(error);

@@ -59,7 +59,9 @@ struct FileChange {
 // follow a change that is made: that they cannot be written is told and changes nothing else.
 struct FileAppend {
   using Sink = std::function<void(std::string_view)>;
-  std::uint64_t offset = 0;  // size of the file now; 0: there is none
+  // The size of the file; 0: there is none. Asked once, before the bytes are, when the file has all
+  // that earlier commits appended: what it ends with decides about them.
+  std::function<std::uint64_t()> offset;
   // Hands the bytes to the sink, in pieces of any size. Called once, before a file is changed; that
   // it raises something is a failure, too.
   std::function<void(const Sink&)> write;

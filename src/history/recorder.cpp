@@ -124,32 +124,46 @@ std::string Recorder::PathOf(const ChangedFile& file) const {
   return is_whole ? file.path : system_.Join(folder_, file.path);
 }
 
-// The rows are read while the commit writes the record: the transaction is open until it is done.
+// Its number and place are known once the history has what earlier commits append, and the rows are
+// read while the commit writes the record: the transaction is open until it is done.
 void Recorder::Append(std::shared_ptr<const RowChanges> rows, Record record,
                       files::ChangeSet& changes) {
   const std::string& path = file_.path();
   if (!system_.IsWritable(path) && system_.Exists(path)) {
     return Tell({message::kIsReadOnly, {{"<Path>", path}}});
   }
-  auto ends = file_.ReadEnds();
-  if (!ends) {
-    Tell({message::kSetAside, {{"<Path>", path}, {"<Name>", file_.SetAside()}}});
-    ends.emplace();
-  }
-  if (file_.Shorten(*ends)) ends = file_.ReadEnds();
-  if (!ends) return;
-  record.number = ends->last_number + 1;
-  if (record.kind == Kind::kOperation) appended_ = Done{record.number, record.title};
+  struct Next {
+    Record record;
+    std::shared_ptr<const RowChanges> rows;
+    Ends ends;
+  };
+  const auto next = std::make_shared<Next>(std::move(record), std::move(rows), Ends());
   changes.append = files::FileAppend{
-      ends->size,
-      [ends = *ends, record = std::move(record), rows = std::move(rows)](const auto& sink) {
-        HistoryFile::Write(ends, record, *rows, sink);
+      [this, next] {
+        next->ends = EndsForNext();
+        next->record.number = next->ends.last_number + 1;
+        if (next->record.kind == Kind::kOperation) {
+          appended_ = Done{next->record.number, next->record.title};
+        }
+        return next->ends.size;
       },
+      [next](const auto& sink) { HistoryFile::Write(next->ends, next->record, *next->rows, sink); },
       [this](const std::exception& error) {
         appended_.reset();
         Tell({message::kNotKept,
               {{"<Path>", file_.path()}, {"<Cause>", messages::MessageOf(error)}}});
       }};
+}
+
+Ends Recorder::EndsForNext() {
+  const auto ends = file_.ReadEnds();
+  if (!ends) {
+    const std::string& path = file_.path();
+    Tell({message::kSetAside, {{"<Path>", path}, {"<Name>", file_.SetAside()}}});
+    return {};
+  }
+  if (!file_.Shorten(*ends)) return *ends;
+  return file_.ReadEnds().value_or(Ends());
 }
 
 }  // namespace history

@@ -83,6 +83,9 @@ class Recorder final : public files::Participant {
   // Without its rows.
   Record MakeRecord(const files::ChangeSet& changes, std::size_t row_count) const;
   void Append(std::shared_ptr<const RowChanges> rows, Record record, files::ChangeSet& changes);
+  // Of a history that another record may follow: one that is damaged makes way, a long one is
+  // shortened.
+  Ends EndsForNext();
   messages::Message TitleOf(const Record& record, std::size_t row_count) const;
   std::string Shown(const std::string& path) const;
   void Forget() noexcept;

@@ -76,8 +76,17 @@ TEST(Crash, LeavesHistoryAndProjectInStep) {
   }
 }
 
+// What the window offers to undo is the operation that the history has under that number.
+void ExpectOffered(Program& program, const std::string& title) {
+  EXPECT_EQ(program.Titles().front(), title);
+  const auto done = program.project().history().TakeDone();
+  ASSERT_TRUE(done.has_value());
+  EXPECT_EQ(done->number, NewestEntries(program.file(), 1).entries.front().record.number);
+}
+
 // A failure that does not kill the program puts all back, or leaves it all done; what comes next is
-// recorded as if nothing had been. A record alone may be missing where the medium was full.
+// recorded as if nothing had been. Records alone may be missing where the medium was full; those
+// that were there stay.
 TEST(Failure, LeavesHistoryAndProjectInStep) {
   std::mt19937 random(7);
   files::MemoryFileSystem plant;
@@ -92,15 +101,19 @@ TEST(Failure, LeavesHistoryAndProjectInStep) {
         Program program(system);
         const std::int32_t alias = program.AddAlias("Tank1.Level", "Level");
         const std::int32_t formula = program.AddFormula("Fill");
-        system.Arm({{kWrite, kSync, kRename}, n, length, files::ErrorKind::kFull});
+        system.Arm({{kWrite, kTruncate, kSync, kRename}, n, length, files::ErrorKind::kFull, true});
         const store::ArgumentValues values[] = {{alias, true, false}};
         program.operations().AddArguments(formula, values);
         program.operations().AddAliases(ManyAliases());
+        const store::AliasValues still_full[] = {{"Tank3.Level", "Third"}};
+        program.operations().AddAliases(still_full);
         system.Disarm();
         program.AddAlias("Tank2.Level", "Other");
-        Check(*disk.AfterPowerCut(random), 2);
+        ExpectOffered(program, "Add alias Other");
+        EXPECT_FALSE(disk.Exists(kHistory + std::string(".damaged")));
+        Check(*disk.AfterPowerCut(random), 3);
       }
-      Check(disk.now(), 2);
+      Check(disk.now(), 3);
       if (!system.fired() || testing::Test::HasFailure()) break;
     }
   }
