@@ -22,6 +22,9 @@ enum class OpenMode {
   kReadWrite,     // must exist
   kCreateNew,     // must not exist; opened for reading and writing
   kCreateOrOpen,  // opened for reading and writing
+  // A new file for what has no room in memory: nobody else opens it, and it goes when it is closed
+  // or its program killed. It bears the name only where the system has no files without one.
+  kScratch,
 };
 
 struct DirectoryEntry {

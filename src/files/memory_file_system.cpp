@@ -274,6 +274,10 @@ void MemoryFileSystem::RemoveTree(const std::string& folder) {
 // Everybody is one user here: there are no permissions to take from `like`.
 std::unique_ptr<RandomAccessFile> MemoryFileSystem::OpenLike(const std::string& path, OpenMode mode,
                                                              const std::string& /*like*/) {
+  if (mode == OpenMode::kScratch) {
+    CheckFolder(path, message::kCannotBeCreated);
+    return std::make_unique<OpenFile>(std::make_shared<Node>(medium_), path, false);
+  }
   if (mode != OpenMode::kRead && mode != OpenMode::kCreateNew && IsLink(path)) {
     Raise(ErrorKind::kInTheWay, path, message::kCannotBeOpened, message::kIsLink);
   }

@@ -165,6 +165,7 @@ constexpr int kCommonFlags = O_CLOEXEC | O_NONBLOCK;
 
 constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr mode_t kReadAndWrite = 0666;
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 
 bool CopyExtendedAttribute(const std::string& from, int to, const char* name) {
   const ssize_t size = ::getxattr(from.c_str(), name, nullptr, 0);
@@ -199,7 +200,6 @@ Descriptor CreateFile(const std::string& path, const std::string& like) {
   if (like.empty() || ::stat(like.c_str(), &model) < 0) {
     return OpenDescriptor(path, kFlags, kReadAndWrite);  // less the user's mask
   }
-  constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
   Descriptor fd = OpenDescriptor(path, kFlags, kOwnerOnly);
   if (fd.get() >= 0 && GiveAccess(fd.get(), model, (model.st_mode & kReadAndWrite) | kOwnerOnly)) {
     CopyExtendedAttribute(like, fd.get(), kAccessList);
@@ -218,6 +218,19 @@ Descriptor CreateOrOpen(const std::string& path, const std::string& like) {
   }
 }
 
+// A program that is killed leaves nothing: the file has no name, or no longer.
+Descriptor CreateScratch(const std::string& path, const std::string& like) {
+#ifdef O_TMPFILE
+  const std::string folder = FolderOf(path);
+  Descriptor nameless =
+      OpenDescriptor(folder.empty() ? "." : folder, O_RDWR | O_TMPFILE | O_EXCL, kOwnerOnly);
+  if (nameless.get() >= 0) return nameless;
+#endif
+  Descriptor named = CreateFile(path, like);
+  if (named.get() >= 0 && ::unlink(path.c_str()) < 0) RaiseErrno(path, message::kCannotBeRemoved);
+  return named;
+}
+
 Descriptor OpenAs(OpenMode mode, const std::string& path, const std::string& like) {
   switch (mode) {
     case OpenMode::kRead:
@@ -226,6 +239,8 @@ Descriptor OpenAs(OpenMode mode, const std::string& path, const std::string& lik
       return OpenDescriptor(path, O_RDWR | O_NOFOLLOW);
     case OpenMode::kCreateNew:
       return CreateFile(path, like);
+    case OpenMode::kScratch:
+      return CreateScratch(path, like);
     case OpenMode::kCreateOrOpen:
       break;
   }

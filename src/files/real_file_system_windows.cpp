@@ -15,6 +15,7 @@ constexpr DWORD kAnyFolder = FILE_FLAG_BACKUP_SEMANTICS;
 DWORD Disposition(OpenMode mode) {
   switch (mode) {
     case OpenMode::kCreateNew:
+    case OpenMode::kScratch:
       return CREATE_NEW;
     case OpenMode::kCreateOrOpen:
       return OPEN_ALWAYS;
@@ -90,22 +91,26 @@ void CopyStreams(const std::wstring& from, const std::wstring& to, const std::st
 std::unique_ptr<RandomAccessFile> OpenFile(const std::string& path, OpenMode mode,
                                            const std::string& like) {
   const bool read_only = mode == OpenMode::kRead;
-  const bool creates = mode == OpenMode::kCreateNew || mode == OpenMode::kCreateOrOpen;
+  const bool scratch = mode == OpenMode::kScratch;
+  const bool is_new = mode == OpenMode::kCreateNew || scratch;
+  const bool creates = is_new || mode == OpenMode::kCreateOrOpen;
   if (creates) CheckNewName(path);
-  if (!read_only && mode != OpenMode::kCreateNew && IsLink(path)) {
+  if (!read_only && !is_new && IsLink(path)) {
     Raise(ErrorKind::kInTheWay, path, message::kCannotBeOpened, message::kIsLink);
   }
   std::vector<std::byte> permissions;
   if (creates && !like.empty()) permissions = PermissionsOf(SystemPath(like));
   SECURITY_ATTRIBUTES security = {sizeof security, permissions.data(), FALSE};
   const DWORD access = read_only ? GENERIC_READ : (GENERIC_READ | GENERIC_WRITE);
+  const DWORD attributes =
+      scratch ? FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE : FILE_ATTRIBUTE_NORMAL;
   const std::wstring system_path = SystemPath(path);
   Handle handle(INVALID_HANDLE_VALUE);
   const DWORD code = Retry(
       [&]() -> DWORD {
-        handle = Handle(::CreateFileW(system_path.c_str(), access, kShareAll,
-                                      permissions.empty() ? nullptr : &security, Disposition(mode),
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+        handle = Handle(::CreateFileW(
+            system_path.c_str(), scratch ? access | DELETE : access, scratch ? 0 : kShareAll,
+            permissions.empty() ? nullptr : &security, Disposition(mode), attributes, nullptr));
         return handle.valid() ? ERROR_SUCCESS : ::GetLastError();
       },
       // A file that somebody removes while it is open refuses even to be looked at.

@@ -8,7 +8,7 @@
 #include "files/file_identity.h"
 #include "files/journal_file.h"
 #include "files/recovery.h"
-#include "files/scratch_file.h"
+#include "files/replace_file.h"
 #include "jet/bytes.h"
 #include "jet/error.h"
 
@@ -33,8 +33,12 @@ Session::Session(files::FileSystem& system, const std::string& path, const OpenO
   std::vector<std::byte> first(kPageSize);
   first.resize(file_->ReadAt(0, first));
   header_ = CheckHeader(path_, first, file_->Size());
-  pager_ = std::make_unique<Pager>(*file_, options.cache_pages, options.changed_pages,
-                                   [this] { return files::OpenScratchFile(system_, path_); });
+  // Beside the database: what is kept private or encrypted there gets into no folder for all.
+  const auto open_scratch = [this] {
+    return system_.OpenLike(files::TemporaryName(system_, path_), files::OpenMode::kScratch, path_);
+  };
+  pager_ =
+      std::make_unique<Pager>(*file_, options.cache_pages, options.changed_pages, open_scratch);
   LookForChanges();
   file_->Unlock(kCommitByte, 1);
 }

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What only Linux has of files: permissions, extended attributes, pipes.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "files/replace_file.h"
-#include "files/scratch_file.h"
 #include "link.h"
 #include "project_change.h"
 #include "temporary_folder.h"
@@ -83,18 +86,27 @@ TEST(RealFileSystem, MakesFilesLikeAnother) {
   }
 }
 
+// Not even for a moment, where the medium has such files.
 TEST(ScratchFile, HasNoName) {
   const TemporaryFolder folder;
   FileSystem& system = RealFileSystem();
-  ReplaceFile(system, folder / "plant.ovs", "rows");
-  const auto scratch = OpenScratchFile(system, folder / "plant.ovs");
-  EXPECT_EQ(system.List(folder.path()).size(), 1u);
+  const int events = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  ASSERT_GE(::inotify_add_watch(events, folder.path().c_str(), IN_CREATE), 0);
+  const auto scratch = system.OpenLike(folder / "plant.ovs.tmp", OpenMode::kScratch, "");
+  EXPECT_EQ(system.List(folder.path()).size(), 0u);
+  const int nameless = ::open(folder.path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
+  std::array<char, 4096> seen;
+  if (nameless >= 0) {
+    EXPECT_LT(::read(events, seen.data(), seen.size()), 0) << "it had a name";
+    ::close(nameless);
+  }
+  ::close(events);
   const std::string words = "pages";
   scratch->WriteAt(4096, std::as_bytes(std::span(words)));
   std::string read(words.size(), ' ');
   EXPECT_EQ(scratch->ReadAt(4096, std::as_writable_bytes(std::span(read))), words.size());
   EXPECT_EQ(read, words);
-  EXPECT_EQ(KindRaised([&] { OpenScratchFile(system, folder / "gone/plant.ovs"); }),
+  EXPECT_EQ(KindRaised([&] { system.Open(folder / "gone/a.tmp", OpenMode::kScratch); }),
             ErrorKind::kNotFound);
 }
 

@@ -104,6 +104,7 @@ void ForgettingFileSystem::Put(const std::string& path, std::string_view content
 std::unique_ptr<RandomAccessFile> ForgettingFileSystem::OpenLike(const std::string& path,
                                                                  OpenMode mode,
                                                                  const std::string& like) {
+  if (mode == OpenMode::kScratch) return now_.OpenLike(path, mode, like);  // of this program alone
   const bool existed = now_.Exists(path);
   auto file = now_.OpenLike(path, mode, like);
   if (!existed) pending_names_.push_back({{now_.Canonical(path), file->Stamp().identity}});
