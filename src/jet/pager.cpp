@@ -73,11 +73,11 @@ PageFrame* Pager::LoadStored(PageNumber page, std::uint32_t slot) {
   PageFrame* frame = AddFrame(page);
   try {
     ReadStored(slot, frame->data);
+    MakeDirty(frame);
   } catch (...) {
     Drop(frame);
     throw;
   }
-  MakeDirty(frame);
   frame->saved_at = 1;
   frame->stored = true;
   return frame;
