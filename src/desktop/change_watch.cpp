@@ -82,8 +82,10 @@ void ChangeWatch::LookForForeignChanges() {
 void ChangeWatch::LookForFindings() {
   editor::frmtabgrid* editor = own_.session.add_in().EditorWindow();
   if (!editor) return;
-  const std::vector<std::string> changed = seen_.TakeNews();
-  if (changed.empty()) return;
+  const auto news = seen_.TakeNews();
+  if (!news) return;
+  const std::vector<std::string>& changed = *news;
+  if (changed.empty()) return own_.notices.Dismiss(NoticeBar::Kind::kOutOfStep);
   // A class whose file came or went concerns rows of formulas.
   check::Changed part{false, {changed.begin(), changed.end()}};
   const auto concerns_rows = [&](const std::string& file) {

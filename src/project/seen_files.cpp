@@ -49,11 +49,11 @@ SeenFiles::Versions SeenFiles::LookNow() {
   return versions;
 }
 
-std::vector<std::string> SeenFiles::TakeNews() {
+std::optional<std::vector<std::string>> SeenFiles::TakeNews() {
   Versions now = LookNow();
   if (std::exchange(is_new_, false)) known_ = told_ = now;
   std::swap(last_, now);
-  if (last_ != now || last_ == told_) return {};
+  if (last_ != now || last_ == told_) return std::nullopt;
   told_ = last_;
   std::vector<std::string> changed;
   for (const auto& [path, version] : told_) {

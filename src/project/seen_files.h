@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,8 @@ class SeenFiles final : public files::Participant {
 
   // All that changed since it was accepted, as soon as there is something new among it that has
   // come to rest: two looks found the same. Otherwise nothing. Files that came or went have
-  // changed, too.
-  std::vector<std::string> TakeNews();
+  // changed, too. Empty when all files are again what was accepted.
+  std::optional<std::vector<std::string>> TakeNews();
   // What the last look found is known.
   void Accept() { known_ = told_; }
   // Writes the state file. Raises files::Error.

@@ -31,7 +31,8 @@ class Program {
   Paths Look() {
     Paths news;
     for (int i = 0; i < 4; ++i) {
-      for (const std::string& path : seen_.TakeNews()) news.push_back(path);
+      const auto found = seen_.TakeNews();
+      if (found) news.insert(news.end(), found->begin(), found->end());
     }
     return news;
   }
@@ -81,7 +82,7 @@ TEST(SeenFiles, TellsUntilItIsAcceptedWhateverElseHappens) {
   Program program(plant);
   program.Look();
   WriteElsewhere(plant, "CPump");
-  EXPECT_EQ(program.seen().TakeNews(), Paths()) << "somebody may still be writing";
+  EXPECT_EQ(program.seen().TakeNews(), std::nullopt) << "somebody may still be writing";
   EXPECT_EQ(program.seen().TakeNews(), Paths{ClassPath("CPump")});
   program.Write("' own");
   EXPECT_EQ(program.Look(), Paths()) << "an own change is no news";

@@ -77,6 +77,20 @@ void Exchange(support::SamplePlant& plant, const std::string& from, const std::s
 }
 
 // What other programs changed while no window was open is looked at by the next one.
+// A share that is gone for a moment, or a class that is put back as it was.
+TEST(ForeignChange, WhatIsBackAsItWasIsTalkedOfNoMore) {
+  support::SamplePlant plant;
+  AddElsewhere(plant.system, "Fill");
+  DesktopProgram program(plant.system, texts::Language::kEnglish);
+  ASSERT_TRUE(program.Open());
+  const std::string file = support::ClassPath("CPump");
+  plant.system.Rename(file, file + ".gone");
+  Wait::For([&] { return Notice(program)->IsShown(); });
+  plant.system.Rename(file + ".gone", file);
+  Wait::For([&] { return !Notice(program)->IsShown(); });
+  EXPECT_FALSE(Notice(program)->IsShown());
+}
+
 TEST(ForeignChange, OffersTheCheckWhereSomethingIsOutOfStep) {
   constexpr auto kKind = desktop::NoticeBar::Kind::kOutOfStep;
   support::SamplePlant plant;
