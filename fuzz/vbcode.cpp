@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Two modules of any content, apart by a zero byte: reading them ends, each use carries its name at
-// its place, and what was renamed is renamed back to the same text.
+// Two modules of any content in code page 1252, apart by a zero byte: reading them ends, each use
+// carries its name at its place, and what was renamed is renamed back to the same text.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -64,7 +64,8 @@ void CheckRename(const vbcode::Program& program, const std::string& name) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string input(reinterpret_cast<const char*>(data), size);
+  const std::string input =
+      platform::Windows1252ToUtf8({reinterpret_cast<const char*>(data), size});
   const std::size_t cut = input.find('\0');
   const std::string second = cut == std::string::npos ? "" : input.substr(cut + 1);
   const vbcode::Program program = Read(input.substr(0, cut), second);
