@@ -22,6 +22,7 @@ inline constexpr int kMaxUsers = 255;
 // nobody else looks.
 inline constexpr std::uint64_t kWriteByte = 0x80000000;
 inline constexpr std::uint64_t kCommitByte = 0x80000001;
+inline constexpr std::uint64_t kQueueByte = 0x80000002;
 inline constexpr std::uint64_t kOwnUserBase = 0x80000100;  // + n: user n is one of ours
 
 // Our place among the users of a database. Removes the file when the last user leaves.

@@ -17,7 +17,28 @@ namespace {
 
 constexpr std::size_t kCountersSize = 2 * kUserCount;
 constexpr auto kFirstPause = std::chrono::microseconds(200);
-constexpr auto kMaxPause = std::chrono::milliseconds(20);
+constexpr auto kMaxPause = std::chrono::milliseconds(5);
+constexpr auto kMaxGiveWay = std::chrono::milliseconds(100);
+
+// Tells other programs that this one waits.
+class PlaceInQueue {
+ public:
+  explicit PlaceInQueue(files::RandomAccessFile& file) : file_(file) {
+    file_.TryLock(kQueueByte, 1, files::LockMode::kShared);
+  }
+  ~PlaceInQueue() {
+    try {
+      file_.Unlock(kQueueByte, 1);
+    } catch (const std::exception&) {
+      // It goes with the file at the latest.
+    }
+  }
+  PlaceInQueue(const PlaceInQueue&) = delete;
+  PlaceInQueue& operator=(const PlaceInQueue&) = delete;
+
+ private:
+  files::RandomAccessFile& file_;
+};
 
 }  // namespace
 
@@ -117,6 +138,7 @@ void Session::RecoverJournal() {
 
 bool Session::Wait(std::uint64_t byte, files::LockMode mode) {
   if (file_->TryLock(byte, 1, mode)) return true;
+  const PlaceInQueue place(*file_);
   const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(options_.wait_ms);
   auto pause = std::chrono::duration_cast<std::chrono::microseconds>(kFirstPause);
   while (std::chrono::steady_clock::now() < until) {
@@ -125,6 +147,15 @@ bool Session::Wait(std::uint64_t byte, files::LockMode mode) {
     pause = std::min<std::chrono::microseconds>(2 * pause, kMaxPause);
   }
   return false;
+}
+
+// Lets those who wait go first: they would never find the moment between two transactions of a
+// program that makes one after the other.
+void Session::GiveWay() {
+  const auto until = std::chrono::steady_clock::now() + kMaxGiveWay;
+  while (file_->IsLockedByOthers(kQueueByte, 1) && std::chrono::steady_clock::now() < until) {
+    std::this_thread::sleep_for(kFirstPause);
+  }
 }
 
 void Session::BeginRead() {
@@ -178,6 +209,7 @@ void Session::Begin() {
   }
   CheckUsable();
   if (pager_->level() == 0) {
+    GiveWay();
     if (!Wait(kWriteByte, files::LockMode::kExclusive)) {
       throw Error(ErrorKind::kLocked, path_, {}, message::kChangesTooLong, message::kWaitOrClose);
     }

@@ -69,6 +69,7 @@ class Session {
   void LockForReading();
   void LockForCommit();
   bool Wait(std::uint64_t byte, files::LockMode mode);
+  void GiveWay();
   void LookForChanges();
   bool MayWrite() const { return read_only_reason_.empty(); }
   bool HasActiveJournal();

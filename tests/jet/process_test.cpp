@@ -96,6 +96,24 @@ TEST(Processes, TwoThatInsertLoseNothing) {
   EXPECT_EQ(Faults(*database), "");
 }
 
+// A program that changes something without a pause lets others in.
+TEST(Processes, AreNotShutOutByOneThatInsertsWithoutEnd) {
+  TemporaryFolder folder;
+  const std::string path = folder / "plant.ovs";
+  CreateItems(path);
+  ChildProcess child("insert-threes", {path, "Other"});
+  ASSERT_TRUE(child.Hear());
+  OpenOptions options;
+  options.wait_ms = 1000;
+  const auto database = Database::Open(files::RealFileSystem(), path, options);
+  for (int i = 0; i < (IsLong() ? 500 : 20); ++i) {
+    ASSERT_NO_THROW(AddItem(database->OpenTable("Items"), "Own" + std::to_string(i), "")) << i;
+  }
+  EXPECT_TRUE(child.Hear()) << "goes on, too";
+  child.Kill();
+  child.Wait();
+}
+
 // A program is killed at any moment. What it had been told to be committed is there.
 TEST(Processes, KilledInserterLosesNothingThatWasCommitted) {
   TemporaryFolder folder;
