@@ -17,12 +17,17 @@ bool IsDoneBehind(const Record& record) { return record.kind != Kind::kUndo; }
 // Whether it was done in front of it.
 bool IsDoneBefore(const Record& record) { return record.kind == Kind::kUndo; }
 
+Record HeadOf(const Record& record) {
+  return {record.number, record.time, record.kind, record.target, record.who, record.program,
+          record.title,  {},          {}};
+}
+
 class Walk {
  public:
   Walk(bool& undo, std::optional<std::uint64_t> number) : undo_(undo), number_(number) {}
 
-  // False when all is known.
-  bool Pass(const Record& record) {
+  // Takes what the record has. False when all is known.
+  bool Pass(Record& record) {
     const std::uint64_t operation = OperationOf(record);
     const auto [state, is_last] = last_.emplace(operation, IsDoneBehind(record));
     if (number_ && record.number == *number_ && record.kind != Kind::kOperation) {
@@ -39,7 +44,7 @@ class Walk {
     if (!wanted_ && number_ && (operation == *number_)) wanted_ = operation;
     if (wanted_ == operation) return PassWanted(record);
     if (course_.found == Course::Found::kYes) return !HasOperation();
-    passed_.push_back(record);
+    passed_.push_back(std::move(record));
     return true;
   }
 
@@ -63,13 +68,13 @@ class Walk {
     passed_.erase(last, passed_.end());
   }
 
-  bool PassWanted(const Record& record) {
+  bool PassWanted(Record& record) {
+    if (record.kind == Kind::kOperation) course_.operation = HeadOf(record);
     if (course_.found == Course::Found::kNothing) {
       const bool done = IsDoneBehind(record);
       course_.found = done == undo_ ? Course::Found::kYes : Course::Found::kAlready;
-      course_.last = record;
+      course_.last = std::move(record);
     }
-    if (record.kind == Kind::kOperation) course_.operation = record;
     return !HasOperation();
   }
 
@@ -95,14 +100,15 @@ class Walk {
 
 }  // namespace
 
-Course FindCourse(HistoryFile& file, bool& undo, std::optional<std::uint64_t> number) {
+Course FindCourse(HistoryFile& file, bool& undo, std::optional<std::uint64_t> number,
+                  Detail detail) {
   Walk walk(undo, number);
-  const bool whole = file.ForEach([&](const Record& record) { return walk.Pass(record); });
+  const bool whole = file.ForEach([&](Record& record) { return walk.Pass(record); }, detail);
   Course course = walk.Take();
   const bool complete = course.operation.number != 0;
   if (!whole && !complete) course.found = Course::Found::kDamaged;
   if (whole && course.found == Course::Found::kYes && !complete) {
-    course.operation = course.last;  // its record went with the oldest
+    course.operation = HeadOf(course.last);  // its record went with the oldest
     course.operation.number = OperationOf(course.last);
   }
   return course;

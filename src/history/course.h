@@ -16,13 +16,14 @@ namespace history {
 struct Course {
   enum class Found { kYes, kNothing, kNoEntry, kAlready, kDamaged };
   Found found = Found::kNothing;
-  Record operation;           // that of the title
+  Record operation;           // that of the title; its head
   Record last;                // what was done of it last: itself, its redoing or its undoing
   std::vector<Record> since;  // what was done behind that and still counts, the newest first
 };
 
 // For undoing (else redoing) the operation of the number, or the next one. Undoing what undid is
-// redoing. Raises files::Error.
-Course FindCourse(HistoryFile& file, bool& undo, std::optional<std::uint64_t> number);
+// redoing. Of all records as much as asked for. Raises files::Error.
+Course FindCourse(HistoryFile& file, bool& undo, std::optional<std::uint64_t> number,
+                  Detail detail = Detail::kAll);
 
 }  // namespace history

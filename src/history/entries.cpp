@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "history/entries.h"
 
+#include <utility>
+
 namespace history {
 
 // The last word on an operation counts.
@@ -15,23 +17,23 @@ Entries NewestEntries(HistoryFile& file, std::size_t limit) {
   Entries result;
   if (limit == 0) return result;
   UndoneOperations undone;
-  result.whole = file.ForEach([&](const Record& record) {
+  const auto take = [&](const Record& record) {
     undone.Pass(record);
-    Entry& entry = result.entries.emplace_back(Entry{record, undone.Has(record.number)});
-    entry.record.rows.clear();
-    entry.record.files.clear();
+    result.entries.push_back({record, undone.Has(record.number)});
     return result.entries.size() < limit;
-  });
+  };
+  result.whole = file.ForEach(take, Detail::kHead);
   return result;
 }
 
 std::optional<Entry> FindEntry(HistoryFile& file, std::uint64_t number) {
   std::optional<Entry> found;
   UndoneOperations undone;
-  file.ForEach([&](const Record& record) {
+  file.ForEach([&](Record& record) {
     undone.Pass(record);
-    if (record.number == number) found = Entry{record, undone.Has(number)};
-    return record.number > number;
+    if (record.number > number) return true;
+    if (record.number == number) found = Entry{std::move(record), undone.Has(number)};
+    return false;
   });
   return found;
 }

@@ -205,7 +205,7 @@ bool HistoryFile::Shorten(const Ends& ends) {
   return true;
 }
 
-bool HistoryFile::ForEach(const std::function<bool(const Record&)>& visit) {
+bool HistoryFile::ForEach(const std::function<bool(Record&)>& visit, Detail detail) {
   const auto file = OpenForReading(system_, path_);
   if (!file || file->Size() == 0) return true;
   BackwardReader reader(*file);
@@ -214,7 +214,7 @@ bool HistoryFile::ForEach(const std::function<bool(const Record&)>& visit) {
   std::string line;
   while (!reader.AtBegin()) {
     if (!reader.ReadRecord(line)) return false;
-    const auto record = FromLine(line);
+    auto record = FromLine(line, detail);
     if (!record) return false;
     if (!visit(*record)) return true;
   }

@@ -47,10 +47,10 @@ class HistoryFile {
   // were. Raises files::Error.
   bool Shorten(const Ends& ends);
 
-  // Visits the records, the newest first, until `visit` returns false. A record that is being
-  // written just now is left out. Returns whether all that was looked at is whole. Raises
-  // files::Error.
-  bool ForEach(const std::function<bool(const Record&)>& visit);
+  // Visits the records, the newest first, until `visit` returns false; it may take what the record
+  // has. A record that is being written just now is left out. Returns whether all that was looked
+  // at is whole. Raises files::Error.
+  bool ForEach(const std::function<bool(Record&)>& visit, Detail detail = Detail::kAll);
 
  private:
   files::FileSystem& system_;

@@ -386,7 +386,7 @@ void WriteLine(const Record& record, const RowSource& rows,
   hand_over(1);
 }
 
-std::optional<Record> FromLine(std::string_view line) {
+std::optional<Record> FromLine(std::string_view line, Detail detail) {
   LineReader in(line);
   Record record;
   record.number = in.Take<std::uint64_t>();
@@ -398,7 +398,7 @@ std::optional<Record> FromLine(std::string_view line) {
   record.who = in.Text();
   record.program = in.Text();
   record.title = ReadMessage(in);
-  ReadItems(in, record);
+  if (detail == Detail::kAll) ReadItems(in, record);
   if (!in.ok()) return std::nullopt;
   return record;
 }

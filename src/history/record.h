@@ -101,6 +101,7 @@ struct Record {
 std::string ToLine(const Record& record);
 void WriteLine(const Record& record, const RowSource& rows,
                const std::function<void(std::string_view)>& sink);
-std::optional<Record> FromLine(std::string_view line);
+enum class Detail { kAll, kHead };  // the head: without rows and files
+std::optional<Record> FromLine(std::string_view line, Detail detail = Detail::kAll);
 
 }  // namespace history

@@ -75,14 +75,14 @@ Obstacles PutRowsBackOrSay(jet::Database& database, const Record& record) {
 
 std::optional<Candidate> UndoRedo::NextUndo() {
   bool undo = true;
-  Course course = FindCourse(parts_.recorder.file(), undo, std::nullopt);
+  Course course = FindCourse(parts_.recorder.file(), undo, std::nullopt, Detail::kHead);
   if (course.found != Course::Found::kYes) return std::nullopt;
   return Candidate{course.operation.number, course.operation.title};
 }
 
 std::optional<Candidate> UndoRedo::NextRedo() {
   bool undo = false;
-  Course course = FindCourse(parts_.recorder.file(), undo, std::nullopt);
+  Course course = FindCourse(parts_.recorder.file(), undo, std::nullopt, Detail::kHead);
   if (course.found != Course::Found::kYes) return std::nullopt;
   return Candidate{course.operation.number, course.operation.title};
 }
