@@ -137,7 +137,7 @@ void Recorder::Append(std::shared_ptr<const RowChanges> rows, Record record,
     std::shared_ptr<const RowChanges> rows;
     Ends ends;
   };
-  const auto next = std::make_shared<Next>(std::move(record), std::move(rows), Ends());
+  const auto next = std::make_shared<Next>(Next{std::move(record), std::move(rows), {}});
   changes.append = files::FileAppend{
       [this, next] {
         next->ends = EndsForNext();
