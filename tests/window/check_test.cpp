@@ -80,6 +80,7 @@ TEST_F(CheckTest, GoesToRowsAndLines) {
 TEST(ManyFindings, BeginWithTheFirst) {
   window_tests::Plant plant;
   std::vector<store::AliasValues> aliases;
+  aliases.reserve(30);
   for (int i = 0; i < 30; ++i) aliases.push_back({"Tank1.Level", "Level" + std::to_string(i)});
   plant.AddAliases(aliases);
   DesktopProgram program(plant.system, texts::Language::kEnglish);

@@ -89,9 +89,9 @@ inline wxDataViewCtrl* ShownGrid(const wxWindow& window) {
 template <class Kind>
 Kind* FindChild(const wxWindow& window) {
   for (wxWindow* child : window.GetChildren()) {
-    wxWindow& inner = *child;
-    if (auto* found = dynamic_cast<Kind*>(&inner)) return found;
-    if (auto* found = FindChild<Kind>(inner)) return found;
+    if (!child) continue;
+    if (auto* found = dynamic_cast<Kind*>(child)) return found;
+    if (auto* found = FindChild<Kind>(*child)) return found;
   }
   return nullptr;
 }
