@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "files/carried_append.h"
 #include "files/hash.h"
 #include "files/replace_file.h"
 
@@ -55,7 +56,8 @@ class Inspector {
   // A path that was not resolved, or has led elsewhere since, is not the one that was written.
   bool IsOwn(const std::string& path) {
     if (IsDatabase(path)) return true;
-    if (!reach_ || !reach_(path)) return false;
+    const bool is_history = path == AppendedPath(system_, result_.database);
+    if (!is_history && !(reach_ && reach_(path))) return false;
     return !system_.Exists(system_.Folder(path)) ||
            (!system_.IsLink(path) && ResolveTarget(system_, path) == path);
   }

@@ -151,7 +151,10 @@ std::vector<std::string> Project::ChangeableFiles() {
   if (!vb_) return files;
   for (const auto& project : vb_->VBProjects()) {
     for (const auto& component : project->VBComponents()) {
-      if (component->Module()) files.push_back(component->FileName());
+      const std::string file = component->FileName();
+      if (component->Module() && system_.Exists(file) && reach_(system_.Canonical(file))) {
+        files.push_back(file);
+      }
     }
   }
   return files;
