@@ -15,6 +15,8 @@ namespace files {
 namespace {
 
 constexpr const char* kExtension = ".history";
+// Of a database, in any case.
+constexpr std::string_view kUsual = ".ovs";
 // By which a file that took the place of another is known.
 constexpr std::size_t kHead = 32;
 // Of some hundred operations.
@@ -46,9 +48,11 @@ void OrCut(RandomAccessFile& file, std::uint64_t size, Action write) {
 
 std::string AppendedPath(const FileSystem& system, const std::string& database) {
   const std::string name = system.FileName(database);
-  const auto point = name.rfind('.');
-  const std::string stem = point == std::string::npos || point == 0 ? name : name.substr(0, point);
-  return database.substr(0, database.size() - name.size()) + stem + kExtension;
+  const bool is_usual =
+      name.size() > kUsual.size() &&
+      std::ranges::equal(std::string_view(name).substr(name.size() - kUsual.size()), kUsual, {},
+                         [](char c) { return c | 0x20; });
+  return database.substr(0, database.size() - (is_usual ? kUsual.size() : 0)) + kExtension;
 }
 
 CarriedAppend::CarriedAppend(FileSystem& system, std::string database, RandomAccessFile& journal)

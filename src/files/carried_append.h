@@ -23,7 +23,8 @@
 
 namespace files {
 
-// "<name>.history" beside the resolved path of the database "<name>.<extension>".
+// "<name>.history" beside the resolved path of the database "<name>.ovs". A database that is named
+// otherwise keeps its whole name, so that no other's history is taken for its own, nor itself.
 std::string AppendedPath(const FileSystem& system, const std::string& database);
 
 // Only while the journal is locked.
