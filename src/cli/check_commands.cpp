@@ -192,7 +192,8 @@ std::vector<CommandSpec> CheckCommands() {
                       kJsonOption}),
        {"ovformula check Plant.ovs", "ovformula check Plant.ovs --severity warning --rule -DCL006",
         "ovformula check Plant.ovs --repair=HDR001,HDR002 --dry-run"},
-       RunCheck},
+       RunCheck,
+       "--repair"},
   };
 }
 

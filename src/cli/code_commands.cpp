@@ -55,7 +55,8 @@ std::vector<CommandSpec> CodeCommands() {
                     kJsonOption}),
        {"ovformula find Plant.ovs mLimits --word",
         "ovformula find Plant.ovs Hight --replace Height --dry-run"},
-       RunFind},
+       RunFind,
+       "--replace"},
       GraphCommand(),
   };
 }

@@ -44,7 +44,8 @@ struct CommandSpec {
   std::vector<ArgumentSpec> arguments;
   std::vector<OptionSpec> options;
   std::vector<std::string_view> examples;
-  int (*run)(Invocation&);  // returns an ExitCode
+  int (*run)(Invocation&);           // returns an ExitCode
+  std::string_view changes_by = {};  // the option without which it only looks, if there is one
 };
 
 // Whether a value may, and then only behind "=", be given.

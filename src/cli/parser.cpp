@@ -127,8 +127,8 @@ bool Changes(const CommandSpec& command, const Call& call) {
     return std::any_of(command.options.begin(), command.options.end(),
                        [&](const OptionSpec& option) { return option.name == name; });
   };
-  constexpr std::string_view kDryRun = "--dry-run", kRepair = "--repair";
-  if (has(kRepair) && !call.values.contains(kRepair)) return false;
+  constexpr std::string_view kDryRun = "--dry-run";
+  if (!command.changes_by.empty() && !call.values.contains(command.changes_by)) return false;
   return has(kDryRun) && !call.values.contains(kDryRun);
 }
 
