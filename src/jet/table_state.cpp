@@ -7,6 +7,7 @@
 #include "jet/data_page.h"
 #include "jet/error.h"
 #include "jet/text_codec.h"
+#include "jet/usage_map.h"
 
 namespace jet {
 namespace {
@@ -86,13 +87,15 @@ void TableState::RenewTrees() {
   }
 }
 
-// A page that was released, or still is the table's, is what a deleted row leaves. Many rows
-// may be asked for one after the other, so what the indexes name is gathered once.
+// A page that was released, or still is the table's, is what a deleted row leaves. What only looks
+// released is still among the table's pages. Many rows may be asked for one after the other, so
+// what the indexes name is gathered once.
 void TableState::CheckGone(RowId id) {
   if (id.page < pager().page_count()) {
     const PageRef page = pager().Read(id.page);
-    const std::uint8_t type = Load8(page.data());
-    if ((type & kReleasedPage) != 0 || IsDataPageOf(page.data(), page_)) return;
+    if (IsDataPageOf(page.data(), page_)) return;
+    const bool looks_released = (Load8(page.data()) & kReleasedPage) != 0;
+    if (looks_released && !UsageMap(pager(), definition_.owned_map).Contains(id.page)) return;
   }
   std::uint64_t stamp = 0;
   for (const auto& tree : trees_) stamp += tree->Stamp();

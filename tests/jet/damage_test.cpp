@@ -185,7 +185,8 @@ TEST(Damage, ARowWhosePageIsAnothersIsNotTakenForDeleted) {
     system.Put(path, bytes);
   };
   for (const RowId id : {ids.front(), ids.back()}) {
-    for (const auto& [offset, byte] : {std::pair{0, '\2'}, std::pair{4, '\3'}}) {
+    for (const auto& [offset, byte] :
+         {std::pair{0, '\2'}, std::pair{0, '\x09'}, std::pair{0, '\xFF'}, std::pair{4, '\3'}}) {
       change(id, static_cast<std::size_t>(offset), byte);
       const auto database = Database::Open(system, path);
       try {
