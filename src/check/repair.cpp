@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "messages/error.h"
 #include "messages/text_number.h"
 #include "platform/text.h"
 #include "store/operation_context.h"
@@ -107,11 +108,30 @@ class Repairing {
   std::vector<const Finding*> adopted_;
 };
 
+// Rows that a damaged file does not show look as if they had never been there, and what belongs to
+// them would be removed.
+OperationResult LookAtFile(const Parts& parts) {
+  OperationResult result;
+  try {
+    const std::size_t count = parts.count_faults ? parts.count_faults() : 0;
+    if (count == 0) return result;
+    const Finding damage(rule::kDamage, {}, {{"<Count>", count}});
+    result.outcome = store::Outcome::kRefused;
+    result.message = damage.message;
+    result.detail = damage.Remedy();
+  } catch (const messages::Error& error) {
+    result.outcome = store::Outcome::kFileProblem;
+    result.message = error.message();
+  }
+  return result;
+}
+
 }  // namespace
 
 RepairResult Repair(const Parts& parts, const std::vector<Finding>& findings,
                     const Options& options, store::OperationOptions operation) {
-  RepairResult result;
+  RepairResult result{LookAtFile(parts), {}, {}};
+  if (!result.operation.success()) return result;
   Repairing repairing(parts.operations);
   std::vector<const Finding*> taken;
   std::set<const Finding*> refused;
@@ -124,7 +144,7 @@ RepairResult Repair(const Parts& parts, const std::vector<Finding>& findings,
   };
   operation.inspect = [&] {
     if (inspect) inspect();
-    // The file itself is as it was.
+    // The file itself is as it was: without a fault.
     Parts rest = parts;
     rest.count_faults = {};
     result.left = Find(rest, again);

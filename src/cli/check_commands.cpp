@@ -137,7 +137,7 @@ std::set<const Rule*> RulesToRepair(Invocation& invocation) {
 }
 
 int Repair(Invocation& invocation, OpenedProject& session, const check::Parts& parts,
-           std::vector<Finding> findings, const check::Options& options) {
+           std::vector<Finding> findings, const check::Options& options, Progress& progress) {
   const std::set<const Rule*> rules = RulesToRepair(invocation);
   const auto all = findings;
   std::erase_if(findings, [&](const Finding& finding) {
@@ -145,6 +145,7 @@ int Repair(Invocation& invocation, OpenedProject& session, const check::Parts& p
   });
   if (findings.empty()) return Print(invocation, all);
   const check::RepairResult result = check::Repair(parts, findings, options, session.MakeOptions());
+  progress.End();
   session.Report(result.operation);
   const messages::TextNumber text = session.dry_run() ? kTextWouldBeMended : kTextMended;
   for (const Finding& finding : result.mended) {
@@ -174,7 +175,7 @@ int RunCheck(Invocation& invocation) {
   const check::Parts parts = check::PartsOf(session.project(), options.progress);
   auto findings = check::Find(parts, options);
   progress.End();
-  if (repair) return Repair(invocation, session, parts, std::move(findings), options);
+  if (repair) return Repair(invocation, session, parts, std::move(findings), options, progress);
   return Print(invocation, findings);
 }
 
