@@ -14,6 +14,7 @@
 #include "exchange/refused_lines.h"
 #include "files/file_system.h"
 #include "files/replace_file.h"
+#include "project/report_file.h"
 
 namespace cli {
 
@@ -160,6 +161,16 @@ class RefusedFile {
   bool written_ = false;
 };
 
+// Also one that is not there yet, as a history is not before the first change.
+void RefuseFileOfProject(Invocation& invocation, project::Project& project,
+                         const std::string& path) {
+  const auto own = project::FilesOfProject(project);
+  const auto place = project::LookAtReportPlace(invocation.console().files, path, own);
+  if (place != project::ReportPlace::kProject) return;
+  throw CommandError(kRefused, invocation.Text(kTextOutputOfProject,
+                                               {{"<File>", path}, {"<Option>", "--skip-refused"}}));
+}
+
 void WriteRefused(Invocation& invocation, const std::vector<ImportPlan::Line>& refused,
                   std::string bytes, RefusedFile& file) {
   std::vector<exchange::RefusedLine> lines;
@@ -179,6 +190,7 @@ int RunImport(Invocation& invocation) {
   std::string original = skip ? bytes : std::string();
   const exchange::Contents contents = ReadGivenList(invocation, std::move(bytes));
   OpenedProject session(invocation, Use::kChange);
+  if (skip) RefuseFileOfProject(invocation, session.project(), *skip);
   ImportPlan plan = exchange::PlanImport(contents, session.operations(), options);
   if (!contents.ignored.empty()) {
     std::string names;

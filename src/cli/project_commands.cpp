@@ -69,12 +69,10 @@ int RunClassList(Invocation& invocation) {
 // Before the work, and again before the file is written.
 void CheckOutput(Invocation& invocation, project::Project& project, const std::string& output) {
   files::FileSystem& files = invocation.console().files;
-  std::vector<std::string> own = project::FilesOfProject(project.path(), project.vb().get());
-  own.push_back(project.items().path());
-  own.push_back(project.history().file().path());
-  switch (project::LookAtReportPlace(files, output, own)) {
+  switch (project::LookAtReportPlace(files, output, project::FilesOfProject(project))) {
     case project::ReportPlace::kProject:
-      throw CommandError(kRefused, invocation.Text(kTextOutputOfProject, {{"<File>", output}}));
+      throw CommandError(kRefused, invocation.Text(kTextOutputOfProject,
+                                                   {{"<File>", output}, {"<Option>", "--output"}}));
     case project::ReportPlace::kOther:
       if (invocation.Has("--force")) return;
       throw CommandError(kRefused, invocation.Text(kTextOutputExists, {{"<File>", output}}));

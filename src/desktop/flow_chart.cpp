@@ -8,11 +8,11 @@
 #include <utility>
 
 #include "codegen/code_texts.h"
+#include "desktop/chosen_file.h"
 #include "desktop/crash_log.h"
 #include "desktop/flow_canvas.h"
 #include "desktop/flow_texts.h"
 #include "editor/node_key.h"
-#include "files/replace_file.h"
 #include "platform/error.h"
 #include "project/call_type.h"
 #include "project/data_flow_layout.h"
@@ -220,7 +220,7 @@ void FlowChart::Save() {
   wxFileDialog dialog(
       wxGetTopLevelParent(&own_.pane), wx::ToWx(own_.parts.Text(kTextFlowSaveTitle)),
       wx::ToWx(own_.parts.files.Folder(own_.opened.path())), wx::ToWx(subject_->name),
-      wx::ToWx(own_.parts.Text(kTextFlowFilter)), wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+      wx::ToWx(own_.parts.Text(kTextFlowFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return;
   const char* extension = dialog.GetFilterIndex() == kDotFilter ? ".dot" : ".svg";
   std::string path = wx::FromWx(dialog.GetPath());
@@ -228,8 +228,8 @@ void FlowChart::Save() {
   try {
     const wxBusyCursor busy;
     const std::string dot = project::DescribeForGraphviz(flow_, own_.parts.texts);
-    files::ReplaceFile(own_.parts.files, path,
-                       extension == std::string(".dot") ? dot : project::LayOut(dot));
+    const std::string contents = extension == std::string(".dot") ? dot : project::LayOut(dot);
+    if (!WriteChosen(own_.parts, own_.messages, own_.opened, path, contents)) return;
     own_.messages.Status(own_.parts.texts.Text(kTextFlowSaved, {{"<File>", path}}));
   } catch (const std::exception& error) {
     own_.messages.Fail(own_.parts.Text(kTextFlowCannotSave), own_.parts.texts.Sentence(error));

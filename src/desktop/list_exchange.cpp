@@ -6,15 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/chosen_file.h"
 #include "desktop/crash_log.h"
 #include "dialogs/list_texts.h"
 #include "exchange/exchange_texts.h"
 #include "exchange/export_text.h"
 #include "exchange/refused_lines.h"
-#include "files/error.h"
-#include "files/messages.h"
 #include "files/replace_file.h"
-#include "project/report_file.h"
 #include "wx/convert.h"
 
 namespace desktop {
@@ -60,8 +58,7 @@ bool ListExchange::KeepRefused(project::Project& project, const std::string& lis
                                (point == std::string::npos ? std::string() : name.substr(point));
   wxFileDialog dialog(&frame_, wx::ToWx(parts_.Text(dialogs::kTextSaveRefused)),
                       wx::ToWx(parts_.files.Folder(list_path)), wx::ToWx(proposed),
-                      wx::ToWx(parts_.Text(dialogs::kTextListFilter)),
-                      wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+                      wx::ToWx(parts_.Text(dialogs::kTextListFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return false;
   const std::string path = wx::FromWx(dialog.GetPath());
   std::vector<exchange::RefusedLine> lines;
@@ -70,9 +67,9 @@ bool ListExchange::KeepRefused(project::Project& project, const std::string& lis
     lines.push_back({line.place, parts_.texts.Sentence(line.reason)});
   }
   try {
-    Write(project, path,
-          exchange::WriteRefusedLines(bytes, lines, parts_.Text(dialogs::kTextColumnReason)));
-    return true;
+    return WriteChosen(
+        parts_, messages_, project, path,
+        exchange::WriteRefusedLines(bytes, lines, parts_.Text(dialogs::kTextColumnReason)));
   } catch (const std::exception& error) {
     messages_.Warn(parts_.texts.Text(dialogs::kTextCannotExport, {{"<File>", path}}),
                    parts_.texts.Sentence(error));
@@ -84,32 +81,21 @@ void ListExchange::Export(editor::frmtabgrid& editor, project::Project& project)
   RememberStep("export");
   wxFileDialog dialog(&frame_, wx::ToWx(parts_.Text(dialogs::kTextExportProject)),
                       wx::ToWx(parts_.files.Folder(project.path())), wx::ToWx(project.name()),
-                      wx::ToWx(parts_.Text(dialogs::kTextExportFilter)),
-                      wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+                      wx::ToWx(parts_.Text(dialogs::kTextExportFilter)), wxFD_SAVE);
   if (dialog.ShowModal() != wxID_OK) return;
-  std::string path = wx::FromWx(dialog.GetPath());
-  const int format = dialog.GetFilterIndex();
-  if (parts_.files.FileName(path).find('.') == std::string::npos) path += kExtensions[format];
+  const std::string path = wx::FromWx(dialog.GetPath());
   try {
-    WriteRows(project, editor.operations(), path, format);
+    WriteRows(project, editor.operations(), path, dialog.GetFilterIndex());
   } catch (const std::exception& error) {
     messages_.Warn(parts_.texts.Text(dialogs::kTextCannotExport, {{"<File>", path}}),
                    parts_.texts.Sentence(error));
   }
 }
 
-void ListExchange::Write(project::Project& project, const std::string& path,
-                         const std::string& text) {
-  const auto own = project::FilesOfProject(project.path(), project.vb().get());
-  if (project::LookAtReportPlace(parts_.files, path, own) == project::ReportPlace::kProject) {
-    files::Raise(files::ErrorKind::kExists, path, files::message::kCannotBeWritten,
-                 files::message::kExistsAlready);
-  }
-  files::ReplaceFile(parts_.files, path, text);
-}
-
 void ListExchange::WriteRows(project::Project& project, store::Operations& operations,
-                             const std::string& path, int format) {
+                             const std::string& chosen, int format) {
+  const bool has_extension = parts_.files.FileName(chosen).find('.') != std::string::npos;
+  const std::string path = has_extension ? chosen : chosen + kExtensions[format];
   std::string text;
   const auto take = [&](std::string_view piece) { text += piece; };
   std::size_t unreadable = 0;
@@ -120,7 +106,7 @@ void ListExchange::WriteRows(project::Project& project, store::Operations& opera
         operations,
         format == kAliases ? exchange::TableKind::kAliases : exchange::TableKind::kFormulas, take);
   }
-  Write(project, path, text);
+  if (!WriteChosen(parts_, messages_, project, path, text)) return;
   messages_.Status(
       parts_.texts.Text(unreadable == 0 ? dialogs::kTextExported : dialogs::kTextExportedWithout,
                         {{"<File>", path}, {"<Count>", std::to_string(unreadable)}}));

@@ -30,11 +30,10 @@ class ListExchange {
   bool KeepRefused(project::Project& project, const std::string& list_path,
                    const std::string& bytes,
                    const std::vector<exchange::ImportPlan::Line>& refused);
-  // Never in place of a file of the project.
-  void Write(project::Project& project, const std::string& path, const std::string& text);
-  // In the format of that place in the dialog's list.
-  void WriteRows(project::Project& project, store::Operations& operations, const std::string& path,
-                 int format);
+  // What was chosen gets an extension if it has none. In the format of that place in the dialog's
+  // list.
+  void WriteRows(project::Project& project, store::Operations& operations,
+                 const std::string& chosen, int format);
 
   wxFrame& frame_;
   const WindowParts& parts_;

@@ -539,7 +539,7 @@ void MainWindow::OfferReport(const std::string& path, const std::string& html) {
 
 // The place of a report or of nothing, never of a file of the project.
 void MainWindow::WriteReport(const std::string& path, const std::string& html) {
-  const auto own = project::FilesOfProject(project_->path(), project_->vb().get());
+  const auto own = project::FilesOfProject(*project_);
   if (project::LookAtReportPlace(parts_.files, path, own) != project::ReportPlace::kFree) {
     files::Raise(files::ErrorKind::kExists, path, files::message::kCannotBeWritten,
                  files::message::kExistsAlready);

@@ -25,10 +25,12 @@ bool IsReport(files::FileSystem& system, const std::string& path) {
 
 }  // namespace
 
-std::vector<std::string> FilesOfProject(const std::string& database_path,
-                                        vbfiles::Environment* vb) {
-  std::vector<std::string> files = {database_path, jet::LockFile::PathFor(database_path),
-                                    database_path + ".journal"};
+std::vector<std::string> FilesOfProject(Project& opened) {
+  const std::string& database = opened.path();
+  std::vector<std::string> files = {database, jet::LockFile::PathFor(database),
+                                    database + ".journal", opened.history().file().path(),
+                                    opened.items().path()};
+  const auto& vb = opened.vb();
   if (!vb) return files;
   for (const auto& project : vb->VBProjects()) {
     files.push_back(project->FileName());

@@ -5,15 +5,15 @@
 #include <vector>
 
 #include "files/file_system.h"
-#include "vbfiles/environment.h"
+#include "project/project.h"
 
 namespace project {
 
-// The database of a project, what stands beside it while it is used, and every file of its Visual
-// Basic projects. `vb` may be null. Raises platform::Error.
-std::vector<std::string> FilesOfProject(const std::string& database_path, vbfiles::Environment* vb);
+// The database of a project, what stands beside it, there or not, its item catalogue and every file
+// of its Visual Basic projects. Raises platform::Error.
+std::vector<std::string> FilesOfProject(Project& project);
 
-// What a report would replace.
+// What a report, a list or a picture would replace.
 enum class ReportPlace {
   kFree,     // nothing, or a report
   kOther,    // some other file

@@ -103,5 +103,6 @@ inline constexpr messages::TextNumber kTextReportFileFilter{3850};
 inline constexpr messages::TextNumber kTextNotOnFolder{3851};
 inline constexpr messages::TextNumber kTextLoadFile{3852};
 inline constexpr messages::TextNumber kTextOverwrite{3853};
+inline constexpr messages::TextNumber kTextReplaceFile{3854};
 
 }  // namespace studio

@@ -217,9 +217,9 @@ constexpr Row kRows[] = {
      "<File>:<Line>: the code page lacks these characters, the comment has \"?\" instead: <Text>. "
      "Name the project's code page with --code-page."},
     {1346,
-     "<File> gehört zum Projekt und bleibt unverändert. Geben Sie mit --output eine andere Datei "
+     "<File> gehört zum Projekt und bleibt unverändert. Geben Sie mit <Option> eine andere Datei "
      "an.",
-     "<File> belongs to the project and is left unchanged. Name another file with --output."},
+     "<File> belongs to the project and is left unchanged. Name another file with <Option>."},
     {1347,
      "<File> gibt es schon und ist kein Bericht. Geben Sie eine andere Datei an, oder ersetzen Sie "
      "sie mit --force.",

@@ -40,6 +40,7 @@ std::span<const Row> WindowRows() {
       {3851, "Wählen Sie dafür im Baum eine Formel.", "Select a formula in the tree for this."},
       {3852, "Stand der Datei &laden", "&Load the file"},
       {3853, "Mit meinem Text &überschreiben", "&Overwrite with my text"},
+      {3854, "<File> gibt es schon. Ersetzen?", "<File> exists already. Replace it?"},
   });
   return kRows;
 }

@@ -113,4 +113,19 @@ TEST_F(DataFlowWindowTest, ThePictureIsMovedZoomedAndClicked) {
   EXPECT_EQ(Rows().size(), 3u) << "who uses Level, and what is two steps away";
 }
 
+// The file dialog sees other files than the program, which finds a link to a class there.
+TEST_F(DataFlowWindowTest, SavesNoPictureInPlaceOfAClass) {
+  const std::string before = plant.system.Get(support::ClassPath("CPump"));
+  plant.system.CreateDirectories("/tmp");
+  plant.system.MakeLink(support::ClassPath("CPump"), "/tmp/ov-flow-test.svg");
+  const auto save_as = [&](const std::string& path) {
+    program.window().CallAfter([this] { pane().on_save(); });
+    Input({"sleep 1.2", "type --delay 20 " + path, "key Return sleep 1.2", "key Return sleep 0.8"});
+  };
+  save_as("/tmp/ov-flow-test.svg");
+  EXPECT_TRUE(plant.system.Get(support::ClassPath("CPump")) == before);
+  save_as("/tmp/ov-flow-other");
+  EXPECT_NE(plant.system.Get("/tmp/ov-flow-other.svg").find("<svg"), std::string::npos);
+}
+
 }  // namespace
