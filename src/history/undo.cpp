@@ -2,10 +2,12 @@
 #include "history/undo.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
 #include "codegen/code_sync.h"
+#include "codegen/code_texts.h"
 #include "history/course.h"
 #include "history/messages.h"
 #include "history/taking_back.h"
@@ -143,13 +145,16 @@ Reverted UndoRedo::Run(bool undo, std::optional<std::uint64_t> number,
   };
   reverted.result = parts_.operations.AsOne({}, steps, options);
   if (!reverted.result.success()) reverted.files.clear();
-  if (reverted.result.success() && !options.dry_run) FollowComponents(last);
+  if (reverted.result.success() && !options.dry_run) {
+    std::ranges::move(FollowComponents(last), std::back_inserter(reverted.result.warnings));
+  }
   return reverted;
 }
 
-// The list of components names the classes that have formulas.
-void UndoRedo::FollowComponents(const Record& record) {
-  if (!parts_.code || !parts_.code->components || !parts_.code->rows) return;
+// The list of components names the classes that have formulas. What was undone is undone, whatever
+// becomes of the list.
+std::vector<messages::Message> UndoRedo::FollowComponents(const Record& record) {
+  if (!parts_.code || !parts_.code->components || !parts_.code->rows) return {};
   std::set<std::string> classes;
   for (const ChangedRow& row : record.rows) {
     for (const auto* image : {&row.before, &row.after}) {
@@ -159,14 +164,19 @@ void UndoRedo::FollowComponents(const Record& record) {
     }
   }
   codegen::CodeSync code(*parts_.code);
-  for (const std::string& prog_id : classes) {
-    if (parts_.code->rows->HasFormulas(prog_id)) {
-      code.RegisterClass(prog_id);
-    } else {
-      code.UnregisterClass(prog_id);
+  try {
+    for (const std::string& prog_id : classes) {
+      if (parts_.code->rows->HasFormulas(prog_id)) {
+        code.RegisterClass(prog_id);
+      } else {
+        code.UnregisterClass(prog_id);
+      }
     }
+    code.CommitComponents();
+  } catch (const messages::Error& error) {
+    return {messages::Message({codegen::kTextComponentList}, {{"<Cause>", error.message()}})};
   }
-  code.CommitComponents();
+  return code.TakeWarnings();
 }
 
 }  // namespace history

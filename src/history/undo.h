@@ -55,7 +55,8 @@ class UndoRedo {
  private:
   Reverted Run(bool undo, std::optional<std::uint64_t> number,
                const store::OperationOptions& options);
-  void FollowComponents(const Record& record);
+  // Warnings.
+  std::vector<messages::Message> FollowComponents(const Record& record);
 
   Parts parts_;
 };

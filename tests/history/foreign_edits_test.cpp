@@ -166,5 +166,18 @@ TEST_F(ForeignEdits, OfOurOwnLaterOperationsAreNamed) {
   EXPECT_TRUE(program_->operations().FindAlias(other)) << "with the same ID";
 }
 
+TEST(Undo, TellsThatTheListOfComponentsCannotFollow) {
+  files::MemoryFileSystem system;
+  PutPlant(system);
+  system.Put("/state", "a file where the folder should be");
+  project::ProjectOptions options;
+  options.state_folder = "/state";
+  Program program(system, options);
+  program.AddFormula("Fill");
+  const store::OperationResult result = program.Undo();
+  EXPECT_TRUE(result.success());
+  EXPECT_EQ(result.warnings.size(), 1u);
+}
+
 }  // namespace
 }  // namespace history
