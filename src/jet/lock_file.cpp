@@ -148,9 +148,14 @@ messages::Message FindForeignUser(files::FileSystem& system, const std::string& 
                                   files::RandomAccessFile& database) {
   const std::string path = LockFile::PathFor(database_path);
   if (!system.Exists(path) || system.IsLink(path)) return {};
-  const auto file = system.Open(path, files::OpenMode::kRead);
-  if (file->Stamp().identity == database.Stamp().identity) return {};
-  return Find(*file, database);
+  try {
+    const auto file = system.Open(path, files::OpenMode::kRead);
+    if (file->Stamp().identity == database.Stamp().identity) return {};
+    return Find(*file, database);
+  } catch (const files::Error& error) {
+    if (error.kind() != files::ErrorKind::kNotFound) throw;
+    return {};  // its last user left meanwhile
+  }
 }
 
 }  // namespace jet

@@ -9,6 +9,7 @@
 #include "jet/database.h"
 #include "tests/jet/plant_tables.h"
 #include "tests/support/failing_file_system.h"
+#include "tests/support/forwarding_file_system.h"
 
 namespace jet {
 namespace {
@@ -223,6 +224,27 @@ TEST_F(Sharing, WhatHasNoPlaceOfItsOwnIsOnlyRead) {
   }
   EXPECT_THROW(Database::Create(system_, "/new.ldb"), Error);
   EXPECT_FALSE(system_.Exists("/new.ldb"));
+}
+
+// Files whose lock file's last user leaves whenever somebody else has seen it.
+class LeavingUser final : public files::ForwardingFileSystem {
+ public:
+  explicit LeavingUser(files::FileSystem& files) : ForwardingFileSystem(files), files_(files) {}
+  std::unique_ptr<files::RandomAccessFile> OpenLike(const std::string& path, files::OpenMode mode,
+                                                    const std::string& like) override {
+    if (path == kLockPath && mode == files::OpenMode::kRead) files_.Remove(path);
+    return files_.OpenLike(path, mode, like);
+  }
+
+ private:
+  files::FileSystem& files_;
+};
+
+TEST_F(Sharing, WhoLeavesMeanwhileIsInNobodysWay) {
+  system_.Put(kLockPath, "");
+  LeavingUser files(system_);
+  const auto database = Database::Open(files, kPath, options_);
+  EXPECT_TRUE(database->read_only_reason().empty());
 }
 
 TEST_F(Sharing, TheLockFileLivesAsLongAsItsUsers) {
