@@ -298,7 +298,9 @@ bool IsLink(const std::string& path) {
 
 std::uint64_t NameCount(const std::string& path) {
   struct stat info;
-  return ::stat(path.c_str(), &info) == 0 ? static_cast<std::uint64_t>(info.st_nlink) : 0;
+  if (::stat(path.c_str(), &info) < 0) return 0;
+  // The others of a folder lead to it from the folders in it.
+  return S_ISDIR(info.st_mode) ? 1 : static_cast<std::uint64_t>(info.st_nlink);
 }
 
 void RenameNew(const std::string& from, const std::string& to) {
