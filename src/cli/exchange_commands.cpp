@@ -14,6 +14,7 @@
 #include "exchange/refused_lines.h"
 #include "files/file_system.h"
 #include "files/replace_file.h"
+#include "project/made_files.h"
 #include "project/report_file.h"
 
 namespace cli {
@@ -135,30 +136,22 @@ exchange::Contents ReadGivenList(Invocation& invocation, std::string bytes) {
   }
 }
 
-// The refused lines in a file of their own, which goes again unless the import is done.
+// The refused lines in a file of their own, which goes again unless the import is done, and unless
+// it is somebody else's by then.
 class RefusedFile {
  public:
   RefusedFile(Invocation& invocation, const std::string& path)
-      : system_(invocation.console().files), path_(path) {
-    if (!system_.Stamp(path)) return;
+      : made_(invocation.console().files), path_(path) {
+    if (!invocation.console().files.Stamp(path)) return;
     throw CommandError(kRefused, invocation.Text(kTextRefusedFileExists, {{"<File>", path}}));
   }
-  ~RefusedFile() {
-    if (written_) files::RemoveQuietly(system_, path_);
-  }
-  RefusedFile(const RefusedFile&) = delete;
-  RefusedFile& operator=(const RefusedFile&) = delete;
 
-  void Write(const std::string& text) {
-    files::MakeFile(system_, path_, text);
-    written_ = true;
-  }
-  void Keep() { written_ = false; }
+  void Write(const std::string& text) { made_.Make(path_, text); }
+  void Keep() { made_.Keep(); }
 
  private:
-  files::FileSystem& system_;
+  project::MadeFiles made_;
   std::string path_;
-  bool written_ = false;
 };
 
 // Also one that is not there yet, as a history is not before the first change.
