@@ -201,6 +201,12 @@ void ModuleText::Replace(std::int32_t line, std::span<const std::string> texts) 
   if (texts.size() > 1) Insert(line, texts.first(texts.size() - 1));
 }
 
+// Of the last line itself: a carriage return in front of its line feed may end the line above.
+std::size_t ModuleText::LastTerminator() const {
+  const std::string_view last = lines_.empty() ? header_end_ : Bytes(lines_.back());
+  return last.ends_with(kCrLf) ? kCrLf.size() : std::min<std::size_t>(last.size(), 1);
+}
+
 std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept,
                                      std::string buffer) const {
   const std::string& file = *original_;
@@ -228,11 +234,7 @@ std::string ModuleText::CurrentBytes(std::vector<files::KeptRange>* kept,
   }
   copy_run();
   if (filled_in_ > 0) {
-    if (bytes.ends_with(kCrLf)) {
-      bytes.resize(bytes.size() - kCrLf.size());
-    } else if (!bytes.empty()) {
-      bytes.pop_back();
-    }
+    bytes.resize(bytes.size() - LastTerminator());
     if (kept != nullptr && !kept->empty()) {
       files::KeptRange& last = kept->back();
       last.length =

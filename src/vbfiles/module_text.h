@@ -85,6 +85,7 @@ class ModuleText final : public vbcode::SourceLines {
   std::int32_t LastOfRun(std::int32_t first, std::int32_t last) const;
   std::string_view Terminator(const Record& record) const;
   std::string_view TerminatorNear(std::int32_t line) const;
+  std::size_t LastTerminator() const;  // its length
   Record Add(std::string_view text, std::string_view terminator, std::string_view hidden);
 
   files::Contents original_;

@@ -36,10 +36,8 @@ struct FileModel {
   std::string Bytes() const {
     std::string bytes = header;
     for (const Line& line : lines) bytes += line.text + line.terminator + line.hidden;
-    if (unterminated && bytes.ends_with("\r\n")) {
-      bytes.resize(bytes.size() - 2);
-    } else if (unterminated && !bytes.empty()) {
-      bytes.pop_back();
+    if (unterminated && !lines.empty()) {
+      bytes.resize(bytes.size() - lines.back().terminator.size());
     }
     return bytes + trailer;
   }
@@ -221,6 +219,14 @@ TEST(ModuleBytes, EndsOfFiles) {
     project.Module().AddFromString("x\r\n");
     EXPECT_EQ(project.Written(), c.after);
   }
+}
+
+TEST(ModuleBytes, ALineEndThatTheFileLacksIsNoneOfTheLineAbove) {
+  // Blank lines with line ends of both kinds become neighbours and look like a pair.
+  ClassProject project("Dim a\n\r'\n\nDim b", {}, true);
+  project.Module().DeleteLines(5, 1);
+  project.Module().DeleteLines(3, 1);
+  EXPECT_EQ(project.Written(), "Dim a\n\r");
 }
 
 }  // namespace
