@@ -2,6 +2,7 @@
 // A project folder that somebody else prepared: the program writes nothing that is not the
 // project's, whichever command is run.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <span>
@@ -131,6 +132,24 @@ TEST_F(PlantedFiles, ALinkIsTheProjectThatItLeadsTo) {
                       "ovformula alias add Data.ldb Tank2 2>&1 | grep -c 'it is the database'; "
                       "cmp Plant.ovs Data.ldb"),
             "1\n");
+}
+
+// Nor does a database that a folder stands beside under the name of its history.
+TEST_F(PlantedFiles, AFolderInPlaceOfTheHistoryIsCalledSo) {
+  EXPECT_EQ(room_.Run("rm Plant.history && mkdir -p Plant.history/a/b"), "");
+  const std::string answer = room_.Run("ovformula alias add Plant.ovs Tank2");
+  EXPECT_NE(answer.find("2\tTank2\n"), std::string::npos) << answer;
+  EXPECT_NE(answer.find("it is a folder"), std::string::npos) << answer;
+}
+
+// Somebody whom only another list of accounts names, or none.
+TEST_F(PlantedFiles, AnAccountWithoutANameIsKnownByItsNumber) {
+  if (geteuid() != 0) GTEST_SKIP() << "only an administrator becomes somebody else";
+  EXPECT_EQ(room_.Run("chmod -R a+rwX . && chmod a+x .. && "
+                      "setpriv --reuid 54321 --clear-groups env -u USER -u LOGNAME "
+                      "ovformula alias add Plant.ovs Tank2 && "
+                      "ovformula history Plant.ovs --limit 1 | cut -f 3 | cut -d @ -f 1"),
+            "2\tTank2\n54321\n");
 }
 
 }  // namespace
