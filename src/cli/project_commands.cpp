@@ -163,8 +163,9 @@ int RunRecover(Invocation& invocation) {
   const std::string path = invocation.Argument("PROJECT.ovs");
   const files::Reach reach = project::ReachOf(console.files, path, OptionsOf(invocation));
   const files::RecoveryPlan plan = files::ExamineJournal(console.files, path, reach);
-  if (!choice || plan.condition == files::JournalCondition::kNone)
-    return ShowPlan(invocation, plan);
+  const bool nothing = plan.condition == files::JournalCondition::kNone;
+  if (nothing) console.files.Open(path, files::OpenMode::kRead);  // raises where there is no file
+  if (!choice || nothing) return ShowPlan(invocation, plan);
   RefuseForeignUser(console.files, path);
   files::Resolve(console.files, path, *choice, reach);
   console.out << invocation.Text(kTextRecovered) << '\n';
