@@ -116,7 +116,11 @@ class CodeSync {
                  const std::vector<std::string>& aliases);
   void RenameDeclaration(const Place& place, const SubLocation& sub, std::string_view new_name);
   void CommentOut(const Place& place, const SubLocation& sub);
-  // Refuses a sub that the server cannot call; warns unless its header names one of the formulas.
+  // Whether the class may hold #If blocks; it is read for that once.
+  bool MayHoldBlocks(const Place& place);
+  // Refuses a sub that the server cannot call. No #If block is open in front of the first line.
+  void RequireCallable(const Place& place, const SubLocation& sub, std::int32_t first_line);
+  // The same; warns unless its header names one of the formulas.
   void RequireAdoptable(const Place& place, const SubLocation& sub,
                         std::initializer_list<std::string_view> formulas);
   // Refuses a name under which no sub can be added.
@@ -142,6 +146,7 @@ class CodeSync {
   std::map<std::string, ClassWork> classes_;  // by ProgID without case
   // Of the classes asked about, by ProgID without case. No operation changes them.
   std::map<std::string, std::unordered_set<std::string>> type_names_;
+  std::map<std::string, bool> holds_blocks_;  // the same
   std::vector<LeftUse> left_uses_;
   struct ComponentChange {
     bool add = false;

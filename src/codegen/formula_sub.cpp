@@ -11,10 +11,10 @@
 
 namespace codegen {
 
-ConditionalBlocks::ConditionalBlocks(std::string_view text) {
+ConditionalBlocks::ConditionalBlocks(std::string_view text, std::int32_t first_line) {
   int depth = 0;
   bool continues = false;
-  for (std::int32_t number = 1; !text.empty(); ++number) {
+  for (std::int32_t number = first_line; !text.empty(); ++number) {
     const std::string_view line = text.substr(0, text.find("\r\n"));
     text.remove_prefix(std::min(line.size() + 2, text.size()));
     if (!continues && IsDirective(line)) {

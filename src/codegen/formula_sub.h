@@ -15,9 +15,11 @@ namespace codegen {
 // Where #If blocks are open in a module.
 class ConditionalBlocks {
  public:
-  // The module's lines from the first on, as far as it is asked about, joined by CR LF.
-  explicit ConditionalBlocks(std::string_view text);
+  // The module's lines from the first on, as far as it is asked about, joined by CR LF; or from
+  // another one on, in front of which no block is open.
+  explicit ConditionalBlocks(std::string_view text, std::int32_t first_line = 1);
 
+  bool Any() const { return !depths_.empty(); }
   // Whether a block is open in front of the line, which is numbered from 1.
   bool Hold(std::int32_t line) const;
 

@@ -34,7 +34,13 @@ bool CutsConditionalBlock(const std::vector<std::string>& lines) {
 void CodeSync::FollowFormula(const Touched::Formula& formula) {
   if (!formula.before) {
     const auto& [prog_id, name] = *formula.now;
+    const Place place = Locate(context_, prog_id);
+    const std::int32_t end = place ? place.module->CountOfLines() : 0;
     AddSub(prog_id, name, formula.code, ArgumentsOf(prog_id, name));
+    const bool is_given = place && !formula.code.empty();
+    if (const auto sub = is_given ? FindSub(*place.module, name) : std::nullopt) {
+      RequireCallable(place, *sub, end + 1);
+    }
     WorkOn(prog_id).formulas.insert(platform::FoldCase(name));  // it has its header
     return RegisterClass(prog_id);
   }
@@ -81,17 +87,30 @@ void CodeSync::WarnOfCodeLeft(const Touched::Formula& formula) {
 
 // --- Adding ---
 
-void CodeSync::RequireAdoptable(const Place& place, const SubLocation& sub,
-                                std::initializer_list<std::string_view> formulas) {
-  const std::string above_sub =
-      sub.body_line > 1 ? place.module->Lines(1, sub.body_line - 1) : std::string();
-  const ConditionalBlocks blocks(above_sub);
+bool CodeSync::MayHoldBlocks(const Place& place) {
+  const auto [known, is_new] = holds_blocks_.try_emplace(platform::FoldCase(place.prog_id), false);
+  if (is_new) {
+    known->second = ConditionalBlocks(place.module->Lines(1, place.module->CountOfLines())).Any();
+  }
+  return known->second;
+}
+
+void CodeSync::RequireCallable(const Place& place, const SubLocation& sub,
+                               std::int32_t first_line) {
+  const std::int32_t above = MayHoldBlocks(place) ? sub.body_line - first_line : 0;
+  const ConditionalBlocks blocks(above > 0 ? place.module->Lines(first_line, above) : std::string(),
+                                 first_line);
   const messages::TextNumber reason = WhyNoFormula(*place.module, sub, blocks);
   if (reason != messages::kNoText) {
     report_.Refuse(reason, {{"<File>", place.File()},
                             {"<Line>", std::to_string(sub.body_line)},
                             {"<Name>", sub.name}});
   }
+}
+
+void CodeSync::RequireAdoptable(const Place& place, const SubLocation& sub,
+                                std::initializer_list<std::string_view> formulas) {
+  RequireCallable(place, sub, 1);
   const std::vector<std::string> above = FindHeaderRegion(*place.module, sub).lines;
   const bool known = std::ranges::any_of(above, [&](const std::string& text) {
     return std::ranges::any_of(
@@ -139,6 +158,9 @@ void CodeSync::AppendSub(const Place& place, std::string_view name, std::string_
                          const std::vector<std::string>& aliases) {
   const std::int32_t end = place.module->CountOfLines();
   place.module->AddFromString(code);
+  if (code.find('#') != std::string_view::npos) {
+    holds_blocks_[platform::FoldCase(place.prog_id)] = true;
+  }
   WarnOfLimits(place);
   const std::optional<SubLocation> sub = FindSub(*place.module, name);
   if (!sub) return report_.Warn(kTextCodeWithoutSub, {{"<Name>", name}});
