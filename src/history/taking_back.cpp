@@ -6,12 +6,14 @@
 #include <iterator>
 #include <list>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 
 #include "files/error.h"
 #include "history/line_ranges.h"
 #include "history/messages.h"
+#include "messages/error.h"
 
 namespace history {
 namespace {
@@ -80,6 +82,14 @@ bool IsAsLeft(const Row& now, const Row& left) {
     const Cell* cell = CellOf(now, member.first);
     return cell && *cell == member.second;
   });
+}
+
+// Of a row that was there when the record was checked.
+jet::RowId PlaceOf(jet::Table& table, const ChangedRow& row) {
+  if (const auto place = FindRow(table, kIdColumn, row.id)) return *place;
+  throw messages::Error({message::kRowIsGone,
+                         {{"<Place>", row.table + " #" + std::to_string(row.id)},
+                          {"<Expected>", row.after ? Shown(*row.after) : std::string()}}});
 }
 
 messages::Message::Value Value(const char* name, const std::string& text) { return {name, text}; }
@@ -200,6 +210,18 @@ class FileTaker {
   std::string path_;
 };
 
+// A file that nobody is to write.
+std::optional<messages::Message> CheckProtection(files::FileSystem& system,
+                                                 const std::string& path) {
+  if (system.IsWritable(path)) return std::nullopt;
+  try {
+    files::Raise(files::ErrorKind::kReadOnly, path, files::message::kCannotBeWritten,
+                 files::message::kWriteProtected);
+  } catch (const files::Error& error) {
+    return error.message();
+  }
+}
+
 // --- What rests on what ---
 
 // Whether the change of the row concerns whoever refers to it: it came, went or got another name.
@@ -213,27 +235,6 @@ bool ConcernsOthers(const ChangedRow& row) {
   return false;
 }
 
-bool Refers(const ChangedRow& row, const char* column, std::int32_t id) {
-  const Cell wanted = "i" + std::to_string(id);
-  const auto has = [&](const std::optional<Row>& image) {
-    const Cell* cell = image ? CellOf(*image, column) : nullptr;
-    return cell && *cell == wanted;
-  };
-  return has(row.before) || has(row.after);
-}
-
-// Whether an argument refers to the other row, which changed in a way that concerns it.
-bool RestsOn(const ChangedRow& argument, const ChangedRow& other) {
-  if (argument.table != kArguments || !ConcernsOthers(other)) return false;
-  return (other.table == kAliases && Refers(argument, "AliasID", other.id)) ||
-         (other.table == kFormulas && Refers(argument, "ParentID", other.id));
-}
-
-bool AreTied(const ChangedRow& one, const ChangedRow& other) {
-  return (one.table == other.table && one.id == other.id) || RestsOn(one, other) ||
-         RestsOn(other, one);
-}
-
 std::optional<std::int32_t> NumberIn(const Row& row, const char* column) {
   const Cell* cell = CellOf(row, column);
   std::int32_t number = 0;
@@ -241,6 +242,47 @@ std::optional<std::int32_t> NumberIn(const Row& row, const char* column) {
   std::from_chars(cell->data() + 1, cell->data() + cell->size(), number);
   return number;
 }
+
+// What an argument refers to, before and after its change.
+std::vector<std::pair<std::string_view, std::int32_t>> ReferredBy(const ChangedRow& row) {
+  std::vector<std::pair<std::string_view, std::int32_t>> referred;
+  if (row.table != kArguments) return referred;
+  const auto add = [&](const std::optional<Row>& image, const char* column,
+                       std::string_view table) {
+    const Cell* cell = image ? CellOf(*image, column) : nullptr;
+    if (cell && cell->starts_with('i')) referred.emplace_back(table, *NumberIn(*image, column));
+  };
+  for (const auto* image : {&row.before, &row.after}) {
+    add(*image, "AliasID", kAliases);
+    add(*image, "ParentID", kFormulas);
+  }
+  return referred;
+}
+
+// The rows of a record, for telling quickly which others are tied to one of them: those of the same
+// ID, arguments that rest on them, and what their arguments rest on. It refers to the record.
+class Ties {
+ public:
+  explicit Ties(const Record& record) {
+    for (const ChangedRow& row : record.rows) {
+      const std::pair<std::string_view, std::int32_t> key(row.table, row.id);
+      rows_.insert(key);
+      if (ConcernsOthers(row)) concerning_.insert(key);
+      for (const auto& other : ReferredBy(row)) referred_.insert(other);
+    }
+  }
+
+  bool Has(const ChangedRow& row) const {
+    const std::pair<std::string_view, std::int32_t> key(row.table, row.id);
+    if (rows_.contains(key)) return true;
+    if (referred_.contains(key) && ConcernsOthers(row)) return true;
+    return std::ranges::any_of(ReferredBy(row),
+                               [&](const auto& other) { return concerning_.contains(other); });
+  }
+
+ private:
+  std::set<std::pair<std::string_view, std::int32_t>> rows_, concerning_, referred_;
+};
 
 bool HasRow(jet::Database& database, std::string_view table, std::string_view column,
             std::int32_t id) {
@@ -268,13 +310,13 @@ Obstacles CheckRows(jet::Database& database, const Record& record) {
 void PutRowsBack(jet::Database& database, const Record& record) {
   for (const ChangedRow& row : record.rows) {
     jet::Table& table = database.OpenTable(row.table);
-    if (!row.before) table.Delete(FindRow(table, kIdColumn, row.id).value());
+    if (!row.before) table.Delete(PlaceOf(table, row));
   }
   for (const ChangedRow& row : record.rows) {
     jet::Table& table = database.OpenTable(row.table);
     if (!row.before || !row.after) continue;
     const Values values(table, *row.before, &*row.after);
-    table.Update(FindRow(table, kIdColumn, row.id).value(), values.get());
+    table.Update(PlaceOf(table, row), values.get());
   }
   for (const ChangedRow& row : record.rows) {
     jet::Table& table = database.OpenTable(row.table);
@@ -321,10 +363,12 @@ Obstacles TakeCodeBack(files::FileSystem& system, const files::Reach& reach,
     }
     if (!reach || !reach(path)) {
       obstacles.push_back({message::kFileOutside, {{"<Path>", path}}});
-    } else if (system.Exists(path)) {
-      take(file, path, files::ReadFile(system, path), back.files);
-    } else {
+    } else if (!system.Exists(path)) {
       take(file, path, std::nullopt, back.files);
+    } else if (auto obstacle = CheckProtection(system, path)) {
+      obstacles.push_back(std::move(*obstacle));
+    } else {
+      take(file, path, files::ReadFile(system, path), back.files);
     }
   }
   return obstacles;
@@ -350,12 +394,11 @@ Obstacles CheckReferences(jet::Database& database, const Record& record) {
 }
 
 std::vector<const Record*> Dependants(const Record& record, const std::vector<Record>& since) {
+  const Ties ties(record);
   std::vector<const Record*> dependants;
   for (const Record& later : since) {
-    const bool tied = std::ranges::any_of(record.rows, [&](const ChangedRow& row) {
-      return std::ranges::any_of(later.rows,
-                                 [&](const ChangedRow& other) { return AreTied(row, other); });
-    });
+    const bool tied =
+        std::ranges::any_of(later.rows, [&](const ChangedRow& row) { return ties.Has(row); });
     if (tied) dependants.push_back(&later);
   }
   return dependants;

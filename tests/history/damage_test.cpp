@@ -99,6 +99,30 @@ TEST(ProtectedHistory, StopsNoWorkAndIsSaidOnce) {
   EXPECT_EQ(program.project().history().TakeProblems().size(), 1u);
 }
 
+// Records that contradict themselves.
+TEST(ForgedHistory, OfARowThatGoesTwiceIsRefusedWithThePlace) {
+  files::MemoryFileSystem system;
+  PutPlant(system);
+  Program program(system);
+  const std::int32_t id = program.AddAlias("Tank1.Level", "Level");
+  HistoryFile& file = program.file();
+  Record record;
+  file.ForEach([&](Record& last) {
+    record = last;
+    return false;
+  });
+  record.rows.push_back(record.rows.at(0));
+  const Ends ends = file.ReadEnds().value();
+  record.number = ends.last_number + 1;
+  std::string bytes = system.Get(kHistory);
+  HistoryFile::Write(ends, record, ListedRows(record.rows),
+                     [&](std::string_view piece) { bytes += piece; });
+  system.Put(kHistory, bytes);
+  const store::OperationResult result = program.Undo();
+  EXPECT_TRUE(Holds(result, "TvbfAlias #1 has been deleted since")) << support::ToText(result);
+  EXPECT_TRUE(program.operations().FindAlias(id));
+}
+
 TEST(NoHistory, LeavesNoFile) {
   files::MemoryFileSystem system;
   PutPlant(system);
