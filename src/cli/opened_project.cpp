@@ -198,11 +198,17 @@ void OpenedProject::ReportEdit(const store::OperationResult& result) {
   }
 }
 
+std::vector<store::FormulaRecord> OpenedProject::FormulasNamed(const std::string& name) {
+  if (formulas_.empty()) return operations().FindFormulasByName(name);
+  const auto found = formulas_.find(platform::FoldCase(name));
+  return found == formulas_.end() ? std::vector<store::FormulaRecord>() : found->second;
+}
+
 store::FormulaRecord OpenedProject::Formula(const std::string& name) {
   // A name may itself hold no point, so the last part is the procedure.
   const auto point = name.rfind('.');
   const std::string procedure = point == std::string::npos ? name : name.substr(point + 1);
-  std::vector<store::FormulaRecord> found = operations().FindFormulasByName(procedure);
+  std::vector<store::FormulaRecord> found = FormulasNamed(procedure);
   if (point != std::string::npos) {
     std::erase_if(found, [&](const auto& formula) {
       return !platform::ProgId(formula.prog_id).IsNamed(name.substr(0, point));
@@ -272,7 +278,17 @@ std::vector<std::int32_t> OpenedProject::Ids(const std::vector<Given>& names, Fi
 }
 
 std::vector<std::int32_t> OpenedProject::FormulaIds(const std::vector<Given>& names) {
-  return Ids(names, [&](const std::string& name) { return Formula(name).id; });
+  // No index leads to names of formulas: one look at all of them instead of one for each name.
+  constexpr std::size_t kFew = 4;
+  if (names.size() > kFew) {
+    operations().ForEachFormula([&](const store::FormulaRecord& formula) {
+      formulas_[platform::FoldCase(formula.name)].push_back(formula);
+    });
+  }
+  std::vector<std::int32_t> ids =
+      Ids(names, [&](const std::string& name) { return Formula(name).id; });
+  formulas_.clear();
+  return ids;
 }
 
 std::vector<std::int32_t> OpenedProject::AliasIds(const std::vector<Given>& names) {

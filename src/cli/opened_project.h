@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "cli/invocation.h"
@@ -83,6 +84,7 @@ class OpenedProject {
                                         const std::vector<Given>& aliases);
 
  private:
+  std::vector<store::FormulaRecord> FormulasNamed(const std::string& name);
   template <typename Find>
   std::vector<std::int32_t> Ids(const std::vector<Given>& names, Find find);
   store::OperationOptions BaseOptions();
@@ -94,6 +96,8 @@ class OpenedProject {
   std::unique_ptr<project::Project> project_;
   Progress progress_;
   std::string diff_;  // of the code, in a dry run
+  // By name in lower case, while a long list is looked up.
+  std::unordered_map<std::string, std::vector<store::FormulaRecord>> formulas_;
 };
 
 }  // namespace cli

@@ -91,10 +91,7 @@ class Copier {
     const bool is_copy = std::ranges::any_of(copy_.contents.formulas, [&](const auto& other) {
       return platform::EqualsIgnoringCase(other.name, name);
     });
-    return is_copy ||
-           std::ranges::any_of(operations_.FindFormulasByName(name), [&](const auto& other) {
-             return platform::ProgId(other.prog_id) == platform::ProgId(prog_id);
-           });
+    return is_copy || operations_.FindFormulaInClass(prog_id, name);
   }
 
   // An alias that another item needs gets another name: by the replacements, or by its item.

@@ -35,12 +35,7 @@ std::string ImportPlanner::ClassOf(const FormulaRow& row) const {
 }
 
 std::optional<store::FormulaRecord> ImportPlanner::FindFormula(const store::FormulaValues& values) {
-  for (store::FormulaRecord& formula : operations_.FindFormulasByName(values.name)) {
-    if (platform::ProgId(formula.prog_id) == platform::ProgId(values.prog_id)) {
-      return std::move(formula);
-    }
-  }
-  return std::nullopt;
+  return operations_.FindFormulaInClass(values.prog_id, values.name);
 }
 
 bool ImportPlanner::IsTaken(std::string_view prog_id, std::string_view name) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <span>
+#include <unordered_map>
 
 #include "files/hash.h"
 
@@ -126,88 +127,170 @@ bool IsBlank(std::string_view line) {
   return line.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
+using Lines = std::span<const std::string_view>;
+
+Lines FirstOf(Lines lines) { return lines.first(std::min(lines.size(), kLinesAround)); }
+Lines LastOf(Lines lines) { return lines.last(std::min(lines.size(), kLinesAround)); }
+
 // How much of a range's surroundings stands around a place.
 struct Likeness {
   std::size_t lines = 0;  // that are equal and where they were
   bool beside = false;    // one of them that is not blank is the next one
-  bool near = false;      // one that is not blank stands somewhere on its side
 };
 
-Likeness Compare(std::string_view contents, std::size_t begin, std::size_t end,
-                 const ChangedLines& range) {
-  Likeness likeness;
-  bool near = true;  // only blank lines so far
-  const auto compare = [&](std::string_view was, std::string_view is) {
-    if (was == is) ++likeness.lines;
-    if (near && was == is && !IsBlank(was)) likeness.beside = true;
-    near = near && was == is && IsBlank(was);
-  };
-  const auto look = [&](const auto& lines, const auto& now) {
-    likeness.near = likeness.near || std::ranges::any_of(lines, [&](std::string_view line) {
-                      return !IsBlank(line) && std::ranges::count(now, line) > 0;
-                    });
-  };
-  const auto above = LinesOf(range.above), above_now = LinesOf(Above(contents, begin));
-  for (std::size_t i = 1; i <= std::min(above.size(), above_now.size()); ++i) {
-    compare(above[above.size() - i], above_now[above_now.size() - i]);
-  }
-  look(above, above_now);
-  near = true;
-  const auto below = LinesOf(range.below), below_now = LinesOf(Below(contents, end));
-  for (std::size_t i = 0; i < std::min(below.size(), below_now.size()); ++i) {
-    compare(below[i], below_now[i]);
-  }
-  look(below, below_now);
-  // The edge of the file is a neighbour too.
-  if (range.above.empty() && begin == 0) likeness.beside = true;
-  if (range.below.empty() && end == contents.size()) likeness.beside = true;
-  return likeness;
-}
-
-// Whether the line above or below a place is the one that was there; quick to tell.
-bool MayBeBetween(std::string_view contents, std::size_t at, const ChangedLines& range) {
-  const auto ends = [](std::string_view text, std::string_view lines) {
-    return text.ends_with(lines.substr(lines.empty() ? 0 : LineBegin(lines, lines.size() - 1)));
-  };
-  const auto begins = [](std::string_view text, std::string_view lines) {
-    return text.starts_with(lines.substr(0, lines.empty() ? 0 : NextLineBegin(lines, 1)));
-  };
-  return ends(contents.substr(0, at), range.above) || begins(contents.substr(at), range.below);
-}
-
-// Where the lines that the change made stand now: their only place, if something of what stood
-// around them is near, else the one with most of that. Nothing when there is none, or two are
-// alike.
-std::optional<std::size_t> Find(std::string_view contents, const ChangedLines& range) {
-  std::optional<std::size_t> best, near;
-  std::size_t most = 0, places = 0;
-  bool tie = false;
-  const auto consider = [&](std::size_t at) {
-    const std::size_t end = at + range.after.size();
-    const Likeness likeness = Compare(contents, at, end, range);
-    ++places;
-    if (likeness.near && !IsBlank(range.after)) near = at;
-    if (!likeness.beside || likeness.lines < most) return;
-    tie = best && likeness.lines == most;
-    best = at;
-    most = likeness.lines;
-  };
-  if (range.after.empty()) {
-    for (std::size_t at = 0;; at = NextLineBegin(contents, at + 1)) {
-      if (MayBeBetween(contents, at, range)) consider(at);
-      if (at == contents.size()) break;
+// Finds where ranges stand in contents of which all lines are known.
+class RangeFinder {
+ public:
+  explicit RangeFinder(std::string_view contents) : lines_(LinesOf(contents)) {
+    begins_.reserve(lines_.size() + 1);
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+      begins_.push_back(begin);
+      begin += lines_[i].size();
+      numbers_[lines_[i]].push_back(i);
     }
-  } else {
-    const bool ends_line = range.after.ends_with('\n');
-    for (std::size_t at = 0; (at = contents.find(range.after, at)) != std::string_view::npos;
-         ++at) {
-      const bool begins = at == 0 || contents[at - 1] == '\n';
-      if (begins && (ends_line || at + range.after.size() == contents.size())) consider(at);
-    }
+    begins_.push_back(begin);
   }
-  if (places == 1 && near) return near;
-  return tie ? std::nullopt : best;
-}
+
+  // Where the lines that the change made stand now: their only place, if something of what stood
+  // around them is near, else the one with most of that. Nothing when there is none, or two are
+  // alike.
+  std::optional<std::size_t> Find(const ChangedLines& range) const {
+    const Sought sought(range);
+    // Where all of it stands nothing else has more: of equal lines that many ranges changed only
+    // one is looked at for each of them.
+    const std::vector<std::size_t> whole = WholePlaces(sought);
+    if (whole.size() > 1) return std::nullopt;
+    if (!whole.empty()) return begins_[whole.front()];
+    return FindMostAlike(sought);
+  }
+
+ private:
+  struct Sought {
+    explicit Sought(const ChangedLines& range)
+        : above(LinesOf(range.above)), after(LinesOf(range.after)), below(LinesOf(range.below)) {}
+
+    bool HasNeighbour() const {
+      const auto tells = [](std::string_view line) { return !IsBlank(line); };
+      return std::ranges::any_of(LastOf(above), tells) ||
+             std::ranges::any_of(FirstOf(below), tells);
+    }
+
+    std::vector<std::string_view> above, after, below;
+  };
+
+  const std::vector<std::size_t>& NumbersOf(std::string_view line) const {
+    static const std::vector<std::size_t> kNone;
+    const auto found = numbers_.find(line);
+    return found == numbers_.end() ? kNone : found->second;
+  }
+
+  bool StandAt(Lines lines, std::size_t number) const {
+    return number <= lines_.size() && lines.size() <= lines_.size() - number &&
+           std::ranges::equal(lines, Lines(lines_).subspan(number, lines.size()));
+  }
+
+  // Lines in front of which the range's lines stand with all that stood around them; nothing when
+  // that would not tell one place from another.
+  std::vector<std::size_t> WholePlaces(const Sought& sought) const {
+    if (!sought.HasNeighbour()) return {};
+    std::vector<std::string_view> all(LastOf(sought.above).begin(), LastOf(sought.above).end());
+    const std::size_t above = all.size();
+    all.insert(all.end(), sought.after.begin(), sought.after.end());
+    const Lines below = FirstOf(sought.below);
+    all.insert(all.end(), below.begin(), below.end());
+    const auto rarest =
+        std::ranges::min_element(all, {}, [&](auto line) { return NumbersOf(line).size(); });
+    const auto offset = static_cast<std::size_t>(rarest - all.begin());
+    std::vector<std::size_t> places;
+    for (const std::size_t number : NumbersOf(*rarest)) {
+      if (number >= offset && StandAt(all, number - offset)) {
+        places.push_back(number - offset + above);
+      }
+    }
+    return places;
+  }
+
+  std::optional<std::size_t> FindMostAlike(const Sought& sought) const {
+    std::optional<std::size_t> best, last;
+    std::size_t most = 0, places = 0;
+    bool tie = false;
+    const auto consider = [&](std::size_t number) {
+      const Likeness likeness = Compare(sought, number);
+      ++places;
+      last = number;
+      if (!likeness.beside || likeness.lines < most) return;
+      tie = best && likeness.lines == most;
+      best = number;
+      most = likeness.lines;
+    };
+    if (sought.after.empty()) {
+      for (std::size_t number = 0; number <= lines_.size(); ++number) {
+        if (MayBeBetween(sought, number)) consider(number);
+      }
+    } else {
+      for (const std::size_t number : NumbersOf(sought.after.front())) {
+        if (StandAt(sought.after, number)) consider(number);
+      }
+    }
+    const bool tells = std::ranges::any_of(sought.after, [](auto line) { return !IsBlank(line); });
+    if (places == 1 && tells && IsNear(sought, *last)) return begins_[*last];
+    return tie || !best ? std::nullopt : std::optional(begins_[*best]);
+  }
+
+  Lines AboveNow(std::size_t number) const { return LastOf(Lines(lines_).first(number)); }
+  Lines BelowNow(const Sought& sought, std::size_t number) const {
+    return FirstOf(Lines(lines_).subspan(number + sought.after.size()));
+  }
+
+  // Whether the line above or below a place is the one that was there; quick to tell.
+  bool MayBeBetween(const Sought& sought, std::size_t number) const {
+    const bool above =
+        sought.above.empty() || (number > 0 && lines_[number - 1] == sought.above.back());
+    const bool below =
+        sought.below.empty() || (number < lines_.size() && lines_[number] == sought.below.front());
+    return above || below;
+  }
+
+  Likeness Compare(const Sought& sought, std::size_t number) const {
+    Likeness likeness;
+    const Lines above = AboveNow(number), below = BelowNow(sought, number);
+    bool beside = true;  // only blank lines so far
+    const auto compare = [&](std::string_view was, std::string_view is) {
+      if (was == is) ++likeness.lines;
+      if (beside && was == is && !IsBlank(was)) likeness.beside = true;
+      beside = beside && was == is && IsBlank(was);
+    };
+    for (std::size_t i = 1; i <= std::min(sought.above.size(), above.size()); ++i) {
+      compare(sought.above[sought.above.size() - i], above[above.size() - i]);
+    }
+    beside = true;
+    for (std::size_t i = 0; i < std::min(sought.below.size(), below.size()); ++i) {
+      compare(sought.below[i], below[i]);
+    }
+    // The edge of the file is a neighbour too.
+    if (sought.above.empty() && number == 0) likeness.beside = true;
+    if (sought.below.empty() && number + sought.after.size() == lines_.size()) {
+      likeness.beside = true;
+    }
+    return likeness;
+  }
+
+  // Whether a line of the surroundings that is not blank stands somewhere on its side.
+  bool IsNear(const Sought& sought, std::size_t number) const {
+    const auto is_among = [](const std::vector<std::string_view>& was, Lines now) {
+      return std::ranges::any_of(was, [&](std::string_view line) {
+        return !IsBlank(line) && std::ranges::count(now, line) > 0;
+      });
+    };
+    return is_among(sought.above, AboveNow(number)) ||
+           is_among(sought.below, BelowNow(sought, number));
+  }
+
+  std::vector<std::string_view> lines_;
+  std::vector<std::size_t> begins_;  // of the lines, and the end
+  std::unordered_map<std::string_view, std::vector<std::size_t>> numbers_;  // of lines
+};
 
 struct Place {
   std::size_t at;
@@ -280,8 +363,9 @@ TakenBack TakeBack(std::string_view contents, const ChangedFile& file) {
   if (file.after && VersionOf(contents) == *file.after) places = PlacesByNumber(contents, file);
   if (!places) {
     places.emplace();
+    const RangeFinder finder(contents);
     for (const ChangedLines& range : file.ranges) {
-      const auto at = Find(contents, range);
+      const auto at = finder.Find(range);
       if (!at) {
         result.failed = &range;
         return result;

@@ -111,6 +111,10 @@ std::optional<FormulaRecord> Operations::FindFormula(std::int32_t id) {
 std::vector<FormulaRecord> Operations::FindFormulasByName(std::string_view name) {
   return rows().FindFormulasByName(name);
 }
+std::optional<FormulaRecord> Operations::FindFormulaInClass(std::string_view prog_id,
+                                                            std::string_view name) {
+  return rows().FindFormulaInClass(prog_id, name);
+}
 std::optional<AliasRecord> Operations::FindAlias(std::int32_t id) { return rows().FindAlias(id); }
 std::optional<AliasRecord> Operations::FindAliasByName(std::string_view vb_alias) {
   return rows().FindAliasByName(vb_alias);

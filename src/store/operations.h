@@ -173,6 +173,7 @@ class Operations {
   // --- Look-ups, in the order of ID ---
   std::optional<FormulaRecord> FindFormula(std::int32_t id);
   std::vector<FormulaRecord> FindFormulasByName(std::string_view name);
+  std::optional<FormulaRecord> FindFormulaInClass(std::string_view prog_id, std::string_view name);
   std::optional<AliasRecord> FindAlias(std::int32_t id);
   std::optional<AliasRecord> FindAliasByName(std::string_view vb_alias);
   std::optional<ArgumentRecord> FindArgument(std::int32_t id);
