@@ -129,9 +129,14 @@ std::set<const Rule*> RulesToRepair(Invocation& invocation) {
   std::set<const Rule*> rules;
   for (const std::string& codes : invocation.Options("--repair")) {
     std::istringstream words(codes);
+    bool names_one = false;
     for (std::string code; std::getline(words, code, ',');) {
-      if (!code.empty()) rules.insert(&RuleNamed(invocation, code));
+      if (code.empty()) continue;
+      rules.insert(&RuleNamed(invocation, code));
+      names_one = true;
     }
+    // Not all of them because a list of codes came out without any.
+    if (!codes.empty() && !names_one) RuleNamed(invocation, codes);
   }
   return rules;
 }
