@@ -8,6 +8,7 @@
 #include "exchange/series_columns.h"
 #include "platform/text.h"
 #include "store/alias_proposals.h"
+#include "store/project_rows.h"
 
 namespace cli {
 
@@ -22,7 +23,7 @@ int RunList(Invocation& invocation) {
     writer.Write({std::int64_t{alias.id}, alias.item_id, alias.vb_alias});
   });
   writer.Finish();
-  return kDone;
+  return session.TellMissingRows({store::kAliasTable});
 }
 
 // Aliases that are to be added, as they were given; without an alias one is to be proposed.

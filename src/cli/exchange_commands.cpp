@@ -16,6 +16,7 @@
 #include "files/replace_file.h"
 #include "project/made_files.h"
 #include "project/report_file.h"
+#include "store/project_rows.h"
 
 namespace cli {
 
@@ -53,16 +54,22 @@ int RunExport(Invocation& invocation) {
     out << text;
     if (session.Interrupted()) throw InterruptedError();
   };
+  const auto tell_gaps = [&] {
+    if (aliases) return session.TellMissingRows({store::kAliasTable});
+    // A formula lists its arguments by their aliases.
+    return session.TellMissingRows(
+        {store::kAliasTable, store::kFormulasTable, store::kArgumentsTable});
+  };
   if (!csv) {
     exchange::ExportJson(session.operations(), {whole || aliases, whole || formulas}, write);
-    return kDone;
+    return tell_gaps();
   }
   const auto kind = aliases ? exchange::TableKind::kAliases : exchange::TableKind::kFormulas;
   const std::size_t unreadable = exchange::ExportCsv(session.operations(), kind, write);
   if (unreadable > 0) {
     invocation.Warn(invocation.Text(kTextControlCells, {{"<Count>", std::to_string(unreadable)}}));
   }
-  return kDone;
+  return tell_gaps();
 }
 
 // --- What import and copy share ---

@@ -10,6 +10,7 @@
 #include "exchange/series.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
+#include "store/project_rows.h"
 
 namespace cli {
 
@@ -73,7 +74,7 @@ int RunList(Invocation& invocation) {
     writer.Write(FormulaCells(formula));
   });
   writer.Finish();
-  return kDone;
+  return session.TellMissingRows({store::kFormulasTable});
 }
 
 std::string ArgumentJson(const store::ArgumentRecord& argument) {

@@ -10,12 +10,14 @@
 
 #include "cli/commands.h"
 #include "cli/suggest.h"
+#include "jet/messages.h"
 #include "platform/prog_id.h"
 #include "platform/text.h"
 #include "project/change_text.h"
 #include "project/history_setting.h"
 #include "project/skipped_items.h"
 #include "project/user_folders.h"
+#include "store/project_rows.h"
 
 namespace cli {
 
@@ -143,6 +145,31 @@ void OpenedProject::TakeRenameOptions(store::RenameOptions& options) {
   }
   options.in_comments = invocation_.Has("--in-comments");
   options.in_literals = invocation_.Has("--in-literals");
+}
+
+int OpenedProject::TellMissingRows(std::initializer_list<std::string_view> tables) {
+  const auto count_read = [&](std::string_view table) {
+    std::int32_t count = 0;
+    const auto one_more = [&](const auto&) { ++count; };
+    if (table == store::kAliasTable) operations().ForEachAlias(one_more);
+    if (table == store::kFormulasTable) operations().ForEachFormula(one_more);
+    if (table == store::kArgumentsTable) operations().ForEachArgument(one_more);
+    return count;
+  };
+  int code = kDone;
+  for (const std::string_view table : tables) {
+    const std::int32_t counted = project_->connection()->TableRowCount(table);
+    const std::int32_t found = count_read(table);
+    if (counted <= found || project_->connection()->TableRowCount(table) != counted) continue;
+    const messages::Message gap(jet::message::kRowsMissing, {{"<Path>", project_->path()},
+                                                             {"<Table>", table},
+                                                             {"<Count>", counted},
+                                                             {"<Found>", found}});
+    invocation_.Warn(invocation_.Text(
+        kTextExportGap, {{"<Name>", table}, {"<Text>", invocation_.texts().Sentence(gap)}}));
+    code = kFile;
+  }
+  return code;
 }
 
 void OpenedProject::Report(const store::OperationResult& result) {

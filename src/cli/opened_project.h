@@ -3,9 +3,11 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -55,6 +57,10 @@ class OpenedProject {
     TakeRenameOptions(options);
     return options;
   }
+
+  // Warns of rows of these tables that their definitions count and nobody can read; the exit code
+  // of a list of them. What others change meanwhile is no gap.
+  int TellMissingRows(std::initializer_list<std::string_view> tables);
 
   // Prints warnings, the rows and code of a dry run, and raises CommandError unless it is done.
   void Report(const store::OperationResult& result);
