@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "project/made_files.h"
 
+#include "files/file_identity.h"
 #include "files/replace_file.h"
 
 namespace project {
@@ -17,18 +18,23 @@ MadeFiles::~MadeFiles() {
 }
 
 void MadeFiles::Make(const std::string& path, std::string_view contents) {
-  files::MakeFile(system_, path, contents);
-  Note(path);
+  const std::string target = files::ResolveTarget(system_, path);
+  const std::string temporary = files::TemporaryName(system_, target);
+  files::WriteTemporary(system_, temporary, target, contents);
+  try {
+    Move(temporary, path);
+  } catch (...) {
+    files::RemoveQuietly(system_, temporary);
+    throw;
+  }
 }
 
+// Under the new name somebody else's file may stand at once.
 void MadeFiles::Move(const std::string& from, const std::string& path) {
+  const auto stamp = system_.Stamp(from);
   system_.RenameNew(from, path);
-  Note(path);
+  if (stamp) made_.emplace_back(path, stamp->identity);
   system_.SyncDirectory(system_.Folder(files::ResolveTarget(system_, path)));
-}
-
-void MadeFiles::Note(const std::string& path) {
-  if (const auto stamp = system_.Stamp(path)) made_.emplace_back(path, stamp->identity);
 }
 
 std::vector<std::string> MadeFiles::Keep() {

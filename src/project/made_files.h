@@ -28,8 +28,6 @@ class MadeFiles {
   std::vector<std::string> Keep();
 
  private:
-  void Note(const std::string& path);
-
   files::FileSystem& system_;
   std::vector<std::pair<std::string, std::uint64_t>> made_;  // path and identity
 };
