@@ -31,7 +31,10 @@ std::vector<Finding> FindQuickly(const Parts& parts, const Changed& changed,
   Findings findings(options.least, options.silenced);
   {
     const Rows rows(parts.operations, parts.code.items);
-    if (changed.rows) CheckRows(rows, parts, findings);
+    if (changed.rows) {
+      CheckCounts(rows, parts, findings);
+      CheckRows(rows, parts, findings);
+    }
     const Modules modules(parts, findings, options.progress, &changed);
     CheckClasses(rows, modules, parts, findings, options.progress);
   }

@@ -32,6 +32,12 @@ void CheckProject(const Parts& parts, Findings& findings) {
   if (parts.files) CheckFiles(*parts.files, findings);
 }
 
+void CheckCounts(const Rows& rows, const Parts& parts, Findings& findings) {
+  if (rows.missing() > 0) {
+    findings.Add({rule::kDamage, Line(parts.path, 0), {{"<Count>", rows.missing()}}});
+  }
+}
+
 std::vector<Finding> FindMissing(Connection& connection) {
   std::vector<Finding> findings;
   for (const std::string& name : store::MissingFromSchema(connection)) {

@@ -20,13 +20,22 @@ const Record* Find(const std::vector<Record>& records, std::int32_t id) {
   return found != records.end() && found->id == id ? &*found : nullptr;
 }
 
+std::int32_t CountMissing(const store::Statistics& counted, const store::Statistics& found) {
+  const auto less = [](std::int32_t wanted, std::int32_t is) { return std::max(wanted - is, 0); };
+  return less(counted.formulas, found.formulas) + less(counted.arguments, found.arguments) +
+         less(counted.aliases, found.aliases);
+}
+
 }  // namespace
 
 Rows::Rows(store::Operations& operations, platform::OVItems* items) {
+  const store::Statistics counted = operations.Count();
   operations.ForEachFormula([&](const FormulaRecord& formula) { formulas_.push_back(formula); });
   operations.ForEachAlias([&](const AliasRecord& alias) { aliases_.push_back(alias); });
   operations.ForEachArgument(
       [&](const ArgumentRecord& argument) { arguments_.push_back(argument); });
+  // What others added or deleted meanwhile is not missing.
+  if (operations.Count() == counted) missing_ = CountMissing(counted, Found());
   std::ranges::sort(arguments_, {}, [](const ArgumentRecord& argument) {
     return std::tuple(argument.parent_id, argument.alias_id, argument.id);
   });
@@ -40,6 +49,11 @@ Rows::Rows(store::Operations& operations, platform::OVItems* items) {
     names_.emplace(platform::FoldCase(aliases_[i].vb_alias), i);
     items_.emplace(aliases_[i].item_id, i);
   }
+}
+
+store::Statistics Rows::Found() const {
+  const auto size = [](const auto& records) { return static_cast<std::int32_t>(records.size()); };
+  return {size(formulas_), size(arguments_), size(aliases_)};
 }
 
 const FormulaRecord* Rows::FindFormula(std::int32_t id) const { return Find(formulas_, id); }

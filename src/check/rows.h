@@ -27,6 +27,9 @@ class Rows {
   // By formula, alias and ID; name and item of the alias are not filled in.
   const std::vector<store::ArgumentRecord>& arguments() const { return arguments_; }
 
+  // How many rows the tables count and did not show.
+  std::int32_t missing() const { return missing_; }
+
   // Null when there is none.
   const store::FormulaRecord* FindFormula(std::int32_t id) const;
   const store::AliasRecord* FindAlias(std::int32_t id) const;
@@ -47,6 +50,9 @@ class Rows {
   }
 
  private:
+  store::Statistics Found() const;
+
+  std::int32_t missing_ = 0;
   std::vector<store::FormulaRecord> formulas_;
   std::vector<store::AliasRecord> aliases_;
   std::vector<store::ArgumentRecord> arguments_;

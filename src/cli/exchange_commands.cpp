@@ -55,10 +55,8 @@ int RunExport(Invocation& invocation) {
     if (session.Interrupted()) throw InterruptedError();
   };
   const auto tell_gaps = [&] {
-    if (aliases) return session.TellMissingRows({store::kAliasTable});
     // A formula lists its arguments by their aliases.
-    return session.TellMissingRows(
-        {store::kAliasTable, store::kFormulasTable, store::kArgumentsTable});
+    return aliases ? session.TellMissingRows({store::kAliasTable}) : session.TellMissingRows();
   };
   if (!csv) {
     exchange::ExportJson(session.operations(), {whole || aliases, whole || formulas}, write);

@@ -123,7 +123,7 @@ int RunGraph(Invocation& invocation) {
                                    invocation.texts());
       break;
   }
-  return kDone;
+  return session.TellMissingRows();
 }
 
 }  // namespace

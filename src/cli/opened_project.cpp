@@ -147,6 +147,10 @@ void OpenedProject::TakeRenameOptions(store::RenameOptions& options) {
   options.in_literals = invocation_.Has("--in-literals");
 }
 
+int OpenedProject::TellMissingRows() {
+  return TellMissingRows({store::kAliasTable, store::kFormulasTable, store::kArgumentsTable});
+}
+
 int OpenedProject::TellMissingRows(std::initializer_list<std::string_view> tables) {
   const auto count_read = [&](std::string_view table) {
     std::int32_t count = 0;

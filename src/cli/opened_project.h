@@ -61,6 +61,7 @@ class OpenedProject {
   // Warns of rows of these tables that their definitions count and nobody can read; the exit code
   // of a list of them. What others change meanwhile is no gap.
   int TellMissingRows(std::initializer_list<std::string_view> tables);
+  int TellMissingRows();  // of all tables
 
   // Prints warnings, the rows and code of a dry run, and raises CommandError unless it is done.
   void Report(const store::OperationResult& result);

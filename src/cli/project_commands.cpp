@@ -103,7 +103,7 @@ int RunReport(Invocation& invocation) {
   } else {
     console.out << html;
   }
-  return kDone;
+  return session.TellMissingRows();
 }
 
 std::optional<files::RecoveryChoice> ChoiceOption(Invocation& invocation) {

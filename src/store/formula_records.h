@@ -80,6 +80,8 @@ struct Statistics {
   std::int32_t formulas = 0;
   std::int32_t arguments = 0;
   std::int32_t aliases = 0;
+
+  friend bool operator==(const Statistics&, const Statistics&) = default;
 };
 
 }  // namespace store

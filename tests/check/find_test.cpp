@@ -9,7 +9,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "check/project_parts.h"
 #include "tests/check/faults.h"
+#include "tests/support/sample_plant.h"
 
 namespace check {
 namespace {
@@ -74,6 +76,25 @@ TEST(FindQuickly, LooksAtWhatChangedAlone) {
   EXPECT_EQ(Describe(FindQuickly(parts, {false, {}})), "");
   EXPECT_EQ(Describe(FindQuickly(parts, {})),
             "FRM003 TvbfFormulas #2 Type\nDCL003 CPump.cls:2\nDCL003 CTank.cls:1\n");
+}
+
+// As a failing medium leaves it: a bit in the directory of the page calls the first row deleted.
+TEST(FindQuickly, TellsOfRowsThatNobodyCanRead) {
+  support::SamplePlant plant;
+  const texts::TextTable texts(texts::Language::kEnglish);
+  {
+    project::Project project(plant.system, support::kPlantDatabase, {}, texts);
+    const store::AliasValues aliases[] = {{"Tank.Level", "Level"}, {"Tank.Pump", "Pump"}};
+    ASSERT_TRUE(project.operations().AddAliases(aliases).success());
+    EXPECT_EQ(Describe(FindQuickly(PartsOf(project), {})), "");
+  }
+  constexpr std::size_t kPage = 4096, kFirstRow = 15;
+  std::string bytes = plant.system.Get(support::kPlantDatabase);
+  const std::size_t page = bytes.find("Tank.Level") / kPage * kPage;
+  bytes[page + kFirstRow] = static_cast<char>(bytes[page + kFirstRow] | 0x80);
+  plant.system.Put(support::kPlantDatabase, bytes);
+  project::Project project(plant.system, support::kPlantDatabase, {}, texts);
+  EXPECT_EQ(Describe(FindQuickly(PartsOf(project), {})).substr(0, 6), "DBA001");
 }
 
 TEST(Find, LeavesOutWhatNobodyWantsToKnow) {
