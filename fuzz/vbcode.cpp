@@ -49,6 +49,7 @@ void CheckUses(const vbcode::Program& program, const std::string& name) {
 
 void CheckRename(const vbcode::Program& program, const std::string& name) {
   constexpr const char* kNew = "RenamedByTest";
+  if (!vbcode::FindText(program, kNew, {}).empty()) return;  // such a use would become a sure one
   const vbcode::Renaming there = vbcode::RenameMember(
       program, {{0}, name, kNew, vbcode::kNone, false, false, /*declarations=*/true});
   if (!there.refusals.empty() || there.edits.empty()) return;
