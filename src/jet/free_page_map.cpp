@@ -64,10 +64,14 @@ PageNumber FreePageMap::Acquire(PageNumber from) {
   if (MapRecord(pager_, record_, kFreeMapOwner).is_inline()) page = TakeInline(from);
   if (page == kNoPage) page = TakeReferenced(from);
   if (page >= kMaxPageCount) return kMaxPageCount;
+  RequireNear(page);
+  return page;
+}
+
+void FreePageMap::RequireNear(PageNumber page) const {
   if (page > pager_.page_count() + kWidestGap) {
     ThrowDamaged(pager_.path(), {record_.page, record_.slot}, message::kFreeMapBeyondFile);
   }
-  return page;
 }
 
 // kNoPage when the map had to be turned into references.
@@ -139,6 +143,8 @@ PageNumber FreePageMap::TakeReferenced(PageNumber from) {
 // All pages of the range are free as long as it has no bitmap; the bitmap takes the first.
 PageNumber FreePageMap::AddBitmap(std::size_t index) {
   const auto base = static_cast<PageNumber>(index * kPagesPerBitmap);
+  if (base == 0) ThrowWrongMap(pager_, base, message::kFreeButInUse);
+  RequireNear(base);
   while (pager_.page_count() < base) pager_.Append();
   if (base < pager_.page_count()) pager_.RequireUnused(base);
   PageEdit bitmap = base < pager_.page_count() ? pager_.Modify(base) : pager_.Append();

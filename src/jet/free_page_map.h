@@ -27,6 +27,8 @@ class FreePageMap {
   bool Lengthen();
   void ConvertToReferences();
   PageNumber AddBitmap(std::size_t index);
+  // Raises kDamaged for a page far behind the end of the file.
+  void RequireNear(PageNumber page) const;
 
   Pager& pager_;
   RowId record_;

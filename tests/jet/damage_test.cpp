@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <map>
 #include <random>
 #include <span>
@@ -261,6 +262,33 @@ TEST(Damage, AUsedPageThatIsMarkedFreeIsNotGivenAway) {
     }
   }
   EXPECT_GT(used, 150u);
+}
+
+// The map of a file of 128 MB and more: one whose pages are all in use, and one without a bitmap.
+TEST(Damage, AMapOfAMuchLargerFileDoesNotLengthenThisOne) {
+  files::MemoryFileSystem system;
+  const std::string path = "/items.mdb";
+  Database::Create(system, path)->CreateTable(ItemsSpec());
+  std::string bytes = system.Get(path);
+  const std::size_t record = FreeBit(bytes, 0).first - kMapHead;
+  const auto full = static_cast<std::uint32_t>(bytes.size() / kPageSize);
+  bytes += std::string("\5\1", 2) + std::string(kPageSize - 2, '\0');
+  std::memset(&bytes[record], 0, kMapHead + 64);
+  bytes[record] = kReferenceMap;
+  for (const std::uint32_t bitmap : {full, 0u}) {
+    std::memcpy(&bytes[record + 1], &bitmap, sizeof bitmap);
+    system.Put(path, bytes);
+    const auto database = Database::Open(system, path);
+    try {
+      Transaction transaction(*database);
+      for (int i = 0; i < 20; ++i) AddItem(database->OpenTable("Items"), std::string(250, 'i'), "");
+      transaction.Commit();
+      ADD_FAILURE() << bitmap;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::kDamaged);
+    }
+    EXPECT_TRUE(system.Get(path) == bytes);
+  }
 }
 
 // A definition whose values would lead reading or writing astray is refused when it is read.
