@@ -26,7 +26,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   (void)view.Find(target, jet::Bound::kPast);
   const std::size_t position = view.Find(target, jet::Bound::kFirst);
   if (!target.empty()) (void)jet::InsertEntry(page.data(), position, target);
-  while (view.Used() > 0 && jet::IndexPage::Fault(page.data()) == nullptr) {
+  // Not all: a page of thousands of long entries would take a second.
+  for (int i = 0; i < 64 && view.Used() > 0; ++i) {
+    if (jet::IndexPage::Fault(page.data()) != nullptr) break;
     jet::EraseEntry(page.data(), 0);
   }
   return 0;

@@ -63,7 +63,7 @@ PageNumber FreePageMap::Acquire(PageNumber from) {
   PageNumber page = kNoPage;
   if (MapRecord(pager_, record_, kFreeMapOwner).is_inline()) page = TakeInline(from);
   if (page == kNoPage) page = TakeReferenced(from);
-  if (page >= kMaxPageCount) return kMaxPageCount;
+  page = std::min(page, kMaxPageCount);
   RequireNear(page);
   return page;
 }

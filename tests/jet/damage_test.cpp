@@ -264,7 +264,7 @@ TEST(Damage, AUsedPageThatIsMarkedFreeIsNotGivenAway) {
   EXPECT_GT(used, 150u);
 }
 
-// The map of a file of 128 MB and more: one whose pages are all in use, and one without a bitmap.
+// Maps of larger files: of 128 MB and of the largest, all in use; and one without a bitmap.
 TEST(Damage, AMapOfAMuchLargerFileDoesNotLengthenThisOne) {
   files::MemoryFileSystem system;
   const std::string path = "/items.mdb";
@@ -275,15 +275,19 @@ TEST(Damage, AMapOfAMuchLargerFileDoesNotLengthenThisOne) {
   bytes += std::string("\5\1", 2) + std::string(kPageSize - 2, '\0');
   std::memset(&bytes[record], 0, kMapHead + 64);
   bytes[record] = kReferenceMap;
-  for (const std::uint32_t bitmap : {full, 0u}) {
-    std::memcpy(&bytes[record + 1], &bitmap, sizeof bitmap);
+  constexpr std::size_t kReferences = 17;
+  for (const auto& [bitmap, count] :
+       {std::pair{full, std::size_t{1}}, {full, kReferences}, {0u, kReferences}}) {
+    for (std::size_t i = 0; i < count; ++i) {
+      std::memcpy(&bytes[record + 1 + sizeof bitmap * i], &bitmap, sizeof bitmap);
+    }
     system.Put(path, bytes);
     const auto database = Database::Open(system, path);
     try {
       Transaction transaction(*database);
       for (int i = 0; i < 20; ++i) AddItem(database->OpenTable("Items"), std::string(250, 'i'), "");
       transaction.Commit();
-      ADD_FAILURE() << bitmap;
+      ADD_FAILURE() << bitmap << ' ' << count;
     } catch (const Error& error) {
       EXPECT_EQ(error.kind(), ErrorKind::kDamaged);
     }

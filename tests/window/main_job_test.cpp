@@ -137,6 +137,16 @@ TEST_P(MainJobTest, ComesBackAsItWasLeft) {
 }
 
 // Options and layout of the editor come back, and restarts that change nothing change nothing.
+// Of the column at a place; -1 where a slow display shows none yet.
+int WidthOf(const wxDataViewCtrl& grid, unsigned place) {
+  const wxDataViewColumn* column = grid.GetColumn(place);
+  return column ? column->GetWidth() : -1;
+}
+int ModelColumnOf(const wxDataViewCtrl& grid, unsigned place) {
+  const wxDataViewColumn* column = grid.GetColumn(place);
+  return column ? static_cast<int>(column->GetModelColumn()) : -1;
+}
+
 TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
   const auto settings = [this] { return plant.system.Get("/plant/OVEditors.ini"); };
   int width = 0;
@@ -151,16 +161,16 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
     // Keys that came too late for the dialog may have done anything, to the grid, too.
     ASSERT_NE(settings().find("RequestOnDelete=False"), std::string::npos) << settings();
     wxDataViewCtrl& grid = program.Grid();
-    window_tests::Wait::For([&] { return grid.GetColumn(0)->GetWidth() > 0; });
-    width = grid.GetColumn(0)->GetWidth();
+    window_tests::Wait::For([&] { return WidthOf(grid, 0) > 0; });
+    width = WidthOf(grid, 0);
     EXPECT_GT(width, 210) << "it takes a share of the room that there is";
     display::Drag(grid, {width, 10}, {width + 60, 10});
     width += 60;
-    EXPECT_NEAR(grid.GetColumn(0)->GetWidth(), width, 4);
-    width = grid.GetColumn(0)->GetWidth();
-    const int in = width + grid.GetColumn(1)->GetWidth() / 2;
-    display::Drag(grid, {in + grid.GetColumn(1)->GetWidth(), 10}, {in - 20, 10});
-    EXPECT_EQ(grid.GetColumn(1)->GetModelColumn(), 2u);
+    EXPECT_NEAR(WidthOf(grid, 0), width, 4);
+    width = WidthOf(grid, 0);
+    const int in = width + WidthOf(grid, 1) / 2;
+    display::Drag(grid, {in + WidthOf(grid, 1), 10}, {in - 20, 10});
+    EXPECT_EQ(ModelColumnOf(grid, 1), 2);
   }
   const std::string kept = settings();
   EXPECT_NE(kept.find("RequestOnDelete=False"), std::string::npos);
@@ -168,8 +178,8 @@ TEST_P(MainJobTest, OptionsAndColumnsAreKept) {
   for (int restart = 0; restart < 3; ++restart) {
     DesktopProgram program(plant.system, GetParam());
     ASSERT_TRUE(program.Open());
-    EXPECT_EQ(program.Grid().GetColumn(0)->GetWidth(), width) << "restart " << restart;
-    EXPECT_EQ(program.Grid().GetColumn(1)->GetModelColumn(), 2u) << "restart " << restart;
+    EXPECT_EQ(WidthOf(program.Grid(), 0), width) << "restart " << restart;
+    EXPECT_EQ(ModelColumnOf(program.Grid(), 1), 2) << "restart " << restart;
     EXPECT_EQ(settings(), kept) << "restart " << restart;
   }
   EXPECT_EQ(settings(), kept);
