@@ -145,7 +145,7 @@ TEST_F(PlantedFiles, AFolderInPlaceOfTheHistoryIsCalledSo) {
 TEST_F(PlantedFiles, AnAccountWithoutANameIsKnownByItsNumber) {
   const std::string other =
       "setpriv --reuid 54321 --clear-groups env -u USER -u LOGNAME ovformula ";
-  if (room_.Run(other + "--version >/dev/null 2>&1") != "") {
+  if (!room_.Run(other + "--version >/dev/null 2>&1").empty()) {
     GTEST_SKIP() << "only an administrator becomes somebody else, who must reach the program";
   }
   EXPECT_EQ(room_.Run("chmod -R a+rwX . && chmod a+x .. && " + other + "alias add Plant.ovs Tank2"),
