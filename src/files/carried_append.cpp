@@ -10,6 +10,7 @@
 #include "files/file_identity.h"
 #include "files/hash.h"
 #include "files/journal_file.h"
+#include "platform/text.h"
 
 namespace files {
 namespace {
@@ -48,10 +49,9 @@ void OrCut(RandomAccessFile& file, std::uint64_t size, Action write) {
 
 std::string AppendedPath(const FileSystem& system, const std::string& database) {
   const std::string name = system.FileName(database);
-  const bool is_usual =
-      name.size() > kUsual.size() &&
-      std::ranges::equal(std::string_view(name).substr(name.size() - kUsual.size()), kUsual, {},
-                         [](char c) { return c | 0x20; });
+  const bool is_usual = name.size() > kUsual.size() &&
+                        platform::EqualsIgnoringCase(
+                            std::string_view(name).substr(name.size() - kUsual.size()), kUsual);
   return database.substr(0, database.size() - (is_usual ? kUsual.size() : 0)) + kExtension;
 }
 
